@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/SampleInfo.h"
+
+namespace Kestra::Conf {
+
+/// Description of sound or of an audio encoder.
+class KESTRA_EXPORT IFormatCodecAudio : public IFormatCodec {
+public:
+    static const char* const TAG_SAMPLE_RATE;
+    static const char* const TAG_CHANNEL_LAYOUT;
+    static const char* const TAG_SAMPLE_FORMAT;
+
+    static boost::intrusive_ptr<IFormatCodecAudio> Create();
+    ~IFormatCodecAudio() override;
+
+    /// CHANNEL_LAYOUT_UNKNOWN, -1, SAMPLE_FORMAT_UNKNOWN when not set.
+    std::uint32_t GetChannelLayout() const;
+    void SetChannelLayout(std::uint32_t layout);
+    std::int32_t GetSampleRate() const;
+    void SetSampleRate(std::int32_t rate);
+    std::int32_t GetSampleFormat() const;
+    void SetSampleFormat(std::int32_t format);
+};
+
+} // namespace Kestra::Conf

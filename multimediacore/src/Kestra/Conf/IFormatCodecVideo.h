@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Kestra/Conf/FrameInfo.h"
+#include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/PixelFormat.h"
+
+namespace Kestra::Conf {
+
+/// Description of pictures or of a video encoder.
+class KESTRA_EXPORT IFormatCodecVideo : public IFormatCodec {
+public:
+    static const char* const TAG_WIDTH;
+    static const char* const TAG_HEIGHT;
+    static const char* const TAG_ASPECT_NUMERATOR;
+    static const char* const TAG_ASPECT_DENOMINATOR;
+    static const char* const TAG_FRAME_RATE;   ///< rational
+    static const char* const TAG_PIXEL_FORMAT; ///< string, as PixelFormatToString
+    static const char* const TAG_COLOUR_PRIMARIES;
+    static const char* const TAG_COLOUR_TRANSFER;
+    static const char* const TAG_COLOUR_MATRIX;
+    static const char* const TAG_COLOUR_RANGE;
+    static const char* const TAG_INTERLACED; ///< bool
+    static const char* const TAG_GOP_SECONDS; ///< double: longest distance of keyframes
+    /// Within the encode options: only the codec's proven way of variable bitrate, with a bounded peak.
+    static const char* const TAG_APPROVED_VBR_MODE_ONLY;
+
+    using Rational = boost::rational<long long>;
+
+    static boost::intrusive_ptr<IFormatCodecVideo> Create();
+    ~IFormatCodecVideo() override;
+
+    void InitByFrameAspect(std::uint32_t width, std::uint32_t height, std::uint32_t aspectNumerator,
+                           std::uint32_t aspectDenominator);
+    FrameInfo GetFrameInfo() const;
+    /// 0/1 when not set.
+    Rational GetFrameRate() const;
+    void SetFrameRate(const Rational& rate);
+    /// A denominator of 0 leaves the rate open.
+    void SetFrameRate(std::int64_t numerator, std::int64_t denominator);
+    PixelFormat GetPixelFormat() const;
+    void SetPixelFormat(PixelFormat format);
+    ColourInfo GetColour() const;
+    void SetColour(const ColourInfo& colour);
+};
+
+} // namespace Kestra::Conf

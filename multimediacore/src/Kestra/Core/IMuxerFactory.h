@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Kestra/Conf/IFormatFile.h"
+#include "Kestra/Core/IDataOutput.h"
+#include "Kestra/Proc/IMuxer.h"
+
+namespace Kestra::Core {
+
+class KESTRA_EXPORT IMuxerFactory {
+public:
+    virtual ~IMuxerFactory();
+    /// Throws ProcException (MuxerRefused) for a container that it does not know.
+    virtual boost::intrusive_ptr<Proc::IMuxer> CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
+                                                           const boost::intrusive_ptr<IDataOutput>& output) = 0;
+};
+
+} // namespace Kestra::Core

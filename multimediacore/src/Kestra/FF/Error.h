@@ -1,0 +1,28 @@
+// AVERROR codes as engine exceptions, mapped in this one place.
+#pragma once
+
+#include "Kestra/Proc/ProcException.h"
+#include <string>
+
+namespace Kestra::FF {
+
+/// The library's own words for an AVERROR code.
+std::string ErrorText(int averror);
+
+/// The named reason for an AVERROR code: ENOSPC is DiskFull, ENOMEM OutOfMemory and so on; `otherwise` when it has none.
+Proc::TranscodingError MapError(int averror, Proc::TranscodingError otherwise) noexcept;
+
+/// Throws ProcException "what: reason" with the mapped code; std::bad_alloc for ENOMEM.
+[[noreturn]] void ThrowError(int averror, Proc::TranscodingError otherwise, const std::string& what);
+
+/// Throws ProcException with that code and sentence, its place of origin and the call stack attached.
+[[noreturn]] void Fail(Proc::TranscodingError code, const std::string& sentence);
+
+/// Passes a result that is not negative through, throws for the others.
+inline int Check(int result, Proc::TranscodingError otherwise, const char* what) {
+    if (result < 0)
+        ThrowError(result, otherwise, what);
+    return result;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,78 @@
+// Kestra::Proc::IMediaSource: one media file, opened, with streams of its tracks.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "Kestra/Conf/FrameInfo.h"
+#include "Kestra/Conf/PixelFormat.h"
+#include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/Proc/IStreamAudio.h"
+#include "Kestra/Proc/IStreamVideo.h"
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Kestra::Proc {
+
+struct VideoTrackInfo {
+    int index = -1;             ///< among the container's streams
+    std::string codec;          ///< as the decoder library names it
+    Conf::FrameInfo frame;      ///< as shown: after rotation, with the display aspect
+    std::string pixelFormat;    ///< as the decoder library names it
+    Conf::ColourInfo colour;
+    boost::rational<long long> frameRate; ///< nominal; 0 when unknown
+    bool variableFrameRate = false;       ///< the container's rates disagree
+    int rotation = 0;                     ///< clockwise degrees: 0, 90, 180, 270
+    bool interlaced = false;
+    bool stillPicture = false;            ///< one frame without a length of its own
+    std::int64_t start = 0;               ///< engine time after the start of the media
+    std::int64_t duration = 0;            ///< engine time; 0 when unknown
+};
+
+struct AudioTrackInfo {
+    int index = -1;
+    std::string codec;
+    int sampleRate = 0;
+    int channels = 0;
+    std::uint32_t channelLayout = 0;
+    std::int32_t sampleFormat = Conf::SAMPLE_FORMAT_UNKNOWN;
+    std::int64_t start = 0;
+    std::int64_t duration = 0;
+};
+
+struct MediaInfo {
+    std::string container;
+    /// Engine time from the earliest start to the latest end that the container claims; counted by reading the packets where
+    /// it claims nothing.
+    std::int64_t duration = 0;
+    std::optional<VideoTrackInfo> video; ///< the main one
+    std::optional<AudioTrackInfo> audio; ///< the main one
+    int videoTracks = 0;
+    int audioTracks = 0;
+    int otherTracks = 0;
+};
+
+/// Damage that decoding concealed, or that ended a track early.
+struct DamageReport {
+    ioPath path;
+    std::int64_t time = 0; ///< engine time in the media
+    std::string what;
+};
+
+/// Thread-safe but for the streams, which keep IStream's rules. Streams open files of their own, are independent of each
+/// other and keep the source alive.
+class KESTRA_EXPORT IMediaSource : public virtual IRefCountable {
+public:
+    ~IMediaSource() override;
+    virtual const ioPath& GetPath() const = 0;
+    virtual const MediaInfo& GetInfo() const = 0;
+    /// Frames of the main video track, rotated upright, from the start of the media (the earliest start of its tracks): time 0
+    /// is the same instant in both streams. The first frame is shown from 0 when the track starts later.
+    /// Variable frame durations are kept. Throws ProcException (SourceUnreadable) when there is none.
+    virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStream() = 0;
+    /// Samples of the main audio track in their own format; silence before a late start and in gaps.
+    virtual boost::intrusive_ptr<IStreamAudio> CreateAudioStream() = 0;
+    /// What has been concealed so far by all its streams, at most a thousand entries; takes them.
+    virtual std::vector<DamageReport> TakeDamageReports() = 0;
+};
+
+} // namespace Kestra::Proc
