@@ -1,0 +1,28 @@
+# The install tree: libraries, headers, the program, resources, the CMake package and the pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(EDITOREXPORT_DATADIR "${CMAKE_INSTALL_DATADIR}/editor-export")
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/EditorExport")
+
+install(TARGETS Kestra KestraQt EditorModel EditorPreset EditorExport EditorProject ExportCore
+  EXPORT EditorExportTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS editor-export RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/EditorExport")
+install(DIRECTORY multimediacore/src/Kestra DESTINATION ${header_dir}
+  FILES_MATCHING PATTERN "*.h" PATTERN "FF" EXCLUDE PATTERN "Processor" EXCLUDE)
+install(DIRECTORY editor/src/library/ DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY apps/ExportCore DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY "${CMAKE_BINARY_DIR}/include/" DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY resources/presets DESTINATION ${EDITOREXPORT_DATADIR})
+
+install(EXPORT EditorExportTargets NAMESPACE EditorExport:: DESTINATION ${package_dir})
+configure_package_config_file(cmake/EditorExportConfig.cmake.in "${CMAKE_BINARY_DIR}/EditorExportConfig.cmake"
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/EditorExportConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${CMAKE_BINARY_DIR}/EditorExportConfig.cmake" "${CMAKE_BINARY_DIR}/EditorExportConfigVersion.cmake"
+  DESTINATION ${package_dir})
+
+configure_file(cmake/EditorExport.pc.in "${CMAKE_BINARY_DIR}/EditorExport.pc" @ONLY)
+install(FILES "${CMAKE_BINARY_DIR}/EditorExport.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
