@@ -1,0 +1,7 @@
+#include "Kestra/Base/IRefCountable.h"
+
+namespace Kestra {
+
+IRefCountable::~IRefCountable() = default;
+
+} // namespace Kestra

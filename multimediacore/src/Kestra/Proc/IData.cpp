@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IData.h"
+
+namespace Kestra::Proc {
+
+IData::~IData() = default;
+
+} // namespace Kestra::Proc

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IDataRaw.h"
+
+namespace Kestra::Proc {
+
+IDataRaw::~IDataRaw() = default;
+
+} // namespace Kestra::Proc

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IDataVideo.h"
+
+namespace Kestra::Proc {
+
+IDataVideo::~IDataVideo() = default;
+
+} // namespace Kestra::Proc

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IEncoder.h"
+
+namespace Kestra::Proc {
+
+IEncoder::~IEncoder() = default;
+
+} // namespace Kestra::Proc

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IMediaSource.h"
+
+namespace Kestra::Proc {
+
+IMediaSource::~IMediaSource() = default;
+
+} // namespace Kestra::Proc

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IProcessingEvents.h"
+
+namespace Kestra::Proc {
+
+IProcessingEvents::~IProcessingEvents() = default;
+
+} // namespace Kestra::Proc

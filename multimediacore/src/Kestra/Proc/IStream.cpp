@@ -1,0 +1,7 @@
+#include "Kestra/Proc/IStream.h"
+
+namespace Kestra::Proc {
+
+IStream::~IStream() = default;
+
+} // namespace Kestra::Proc
