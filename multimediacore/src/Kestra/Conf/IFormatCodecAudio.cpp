@@ -1,0 +1,77 @@
+#include "Kestra/Conf/IFormatCodecAudio.h"
+#include "Kestra/Base/Exception.h"
+#include "Kestra/Base/RefCountImpl.h"
+#include <limits>
+
+namespace Kestra::Conf {
+
+const char* const IFormatCodecAudio::TAG_SAMPLE_RATE = "sampleRate";
+const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT = "channelLayout";
+const char* const IFormatCodecAudio::TAG_SAMPLE_FORMAT = "sampleFormat";
+
+namespace {
+
+class FormatCodecAudio final : public RefCountImpl, public IFormatCodecAudio {
+public:
+    const Core::Property& GetProperty() const override { return tree; }
+    void SetProperty(const Core::Property& newTree) override { tree = newTree; }
+
+protected:
+    Core::Property& EditProperty() override { return tree; }
+
+private:
+    Core::Property tree;
+};
+
+template <class Integer>
+Integer Read(const Core::Property& tree, const char* tag, Integer neutral) {
+    if (!tree.ChildExists(tag))
+        return neutral;
+    const std::int64_t number = tree[tag].GetInt64();
+    if (number < std::int64_t{std::numeric_limits<Integer>::min()} ||
+        number > std::int64_t{std::numeric_limits<Integer>::max()})
+        KESTRA_THROW(
+            Exception("Audio description: " + std::string(tag) + " " + std::to_string(number) + " is out of range"));
+    return static_cast<Integer>(number);
+}
+
+void Write(Core::Property& tree, const char* tag, std::int64_t number, std::int64_t neutral) {
+    if (number == neutral)
+        tree.RemoveChild(tag);
+    else
+        tree.SetChild(tag, number);
+}
+
+} // namespace
+
+boost::intrusive_ptr<IFormatCodecAudio> IFormatCodecAudio::Create() {
+    return new FormatCodecAudio;
+}
+
+IFormatCodecAudio::~IFormatCodecAudio() = default;
+
+std::uint32_t IFormatCodecAudio::GetChannelLayout() const {
+    return Read<std::uint32_t>(GetProperty(), TAG_CHANNEL_LAYOUT, CHANNEL_LAYOUT_UNKNOWN);
+}
+
+void IFormatCodecAudio::SetChannelLayout(std::uint32_t layout) {
+    Write(EditProperty(), TAG_CHANNEL_LAYOUT, layout, CHANNEL_LAYOUT_UNKNOWN);
+}
+
+std::int32_t IFormatCodecAudio::GetSampleRate() const {
+    return Read<std::int32_t>(GetProperty(), TAG_SAMPLE_RATE, -1);
+}
+
+void IFormatCodecAudio::SetSampleRate(std::int32_t rate) {
+    Write(EditProperty(), TAG_SAMPLE_RATE, rate, -1);
+}
+
+std::int32_t IFormatCodecAudio::GetSampleFormat() const {
+    return Read<std::int32_t>(GetProperty(), TAG_SAMPLE_FORMAT, SAMPLE_FORMAT_UNKNOWN);
+}
+
+void IFormatCodecAudio::SetSampleFormat(std::int32_t format) {
+    Write(EditProperty(), TAG_SAMPLE_FORMAT, format, SAMPLE_FORMAT_UNKNOWN);
+}
+
+} // namespace Kestra::Conf

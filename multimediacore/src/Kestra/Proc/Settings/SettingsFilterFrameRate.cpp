@@ -1,0 +1,7 @@
+#include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
+
+namespace Kestra::Proc {
+
+const SettingsFilterFrameRate::Rational SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE(0, 1);
+
+} // namespace Kestra::Proc
