@@ -1,0 +1,27 @@
+// Kestra::Util::TemporaryDir: a scratch directory that goes with its owner.
+#pragma once
+
+#include "KestraQtExport.h"
+#include <QString>
+#include <QTemporaryDir>
+
+namespace Kestra::Util {
+
+/// A directory of its own under the system's directory for temporary files, readable by this user alone.
+/// Destruction removes it with its content; what cannot be removed stays, silently.
+class KESTRAQT_EXPORT TemporaryDir {
+public:
+    /// Throws Kestra::Exception with the path that was tried and the system's reason.
+    TemporaryDir();
+    ~TemporaryDir();
+    TemporaryDir(const TemporaryDir&) = delete;
+    TemporaryDir& operator=(const TemporaryDir&) = delete;
+
+    /// Absolute, with '/' as separator and none at the end.
+    QString path() const;
+
+private:
+    QTemporaryDir directory;
+};
+
+} // namespace Kestra::Util
