@@ -1,0 +1,7 @@
+#include "Composition/CompositionView.h"
+
+namespace Composition {
+
+CompositionView::~CompositionView() = default;
+
+} // namespace Composition

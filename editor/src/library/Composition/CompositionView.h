@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Composition/Details/ObjectViewBase.h"
+
+namespace Composition {
+
+/// Observes or owns compositions; empty at first.
+class EDITORMODEL_EXPORT CompositionView : protected Details::ObjectViewBase {
+public:
+    CompositionView() = default;
+    CompositionView(const CompositionView&) = default;
+    ~CompositionView() override;
+};
+
+} // namespace Composition

@@ -1,0 +1,16 @@
+#include "Composition/Details/ObjectViewBase.h"
+
+template class Message::View<Composition::Object>;
+
+namespace Composition::Details {
+
+ObjectViewBase::~ObjectViewBase() = default;
+
+void ObjectViewBase::compositionAdded(const Composition::Object*) {}
+void ObjectViewBase::compositionRemoved(const Composition::Object*) {}
+void ObjectViewBase::compositionChanged(const Composition::Object*, const Composition::Object*,
+                                        const Composition::Object*) {}
+void ObjectViewBase::compositionChanged(const Composition::Object*, const Composition::Object*) {}
+void ObjectViewBase::compositionChanged(const Composition::Object*) {}
+
+} // namespace Composition::Details

@@ -1,0 +1,7 @@
+#include "Composition/MarkerView.h"
+
+namespace Composition {
+
+MarkerView::~MarkerView() = default;
+
+} // namespace Composition

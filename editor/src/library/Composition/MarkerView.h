@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Composition/Details/MarkerViewBase.h"
+
+namespace Composition {
+
+/// Observes or owns markers; empty at first.
+class EDITORMODEL_EXPORT MarkerView : protected Details::MarkerViewBase {
+public:
+    MarkerView() = default;
+    MarkerView(const MarkerView&) = default;
+    ~MarkerView() override;
+};
+
+} // namespace Composition

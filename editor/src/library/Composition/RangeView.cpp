@@ -1,0 +1,7 @@
+#include "Composition/RangeView.h"
+
+namespace Composition {
+
+RangeView::~RangeView() = default;
+
+} // namespace Composition

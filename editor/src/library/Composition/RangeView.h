@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Composition/Details/RangeViewBase.h"
+
+namespace Composition {
+
+/// Observes or owns named ranges; empty at first.
+class EDITORMODEL_EXPORT RangeView : protected Details::RangeViewBase {
+public:
+    RangeView() = default;
+    RangeView(const RangeView&) = default;
+    ~RangeView() override;
+};
+
+} // namespace Composition

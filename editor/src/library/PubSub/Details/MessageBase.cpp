@@ -1,0 +1,7 @@
+#include "PubSub/Details/MessageBase.h"
+
+namespace PubSub::Details {
+
+MessageBase::~MessageBase() = default;
+
+} // namespace PubSub::Details

@@ -1,0 +1,7 @@
+#include "PubSub/Object.h"
+
+namespace PubSub {
+
+Object::~Object() = default;
+
+} // namespace PubSub

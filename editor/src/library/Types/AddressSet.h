@@ -1,0 +1,33 @@
+// Small ordered sets of borrowed objects, kept by address.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+namespace Types {
+
+template <class T>
+using AddressSet = std::vector<const T*>;
+
+template <class T>
+bool contains(const AddressSet<T>& set, const T* item) {
+    return std::binary_search(set.begin(), set.end(), item, std::less<const T*>());
+}
+
+/// Null and what is in the set already are left out.
+template <class T>
+void insert(AddressSet<T>& set, const T* item) {
+    const auto place = std::lower_bound(set.begin(), set.end(), item, std::less<const T*>());
+    if (item && (place == set.end() || *place != item))
+        set.insert(place, item);
+}
+
+template <class T>
+void erase(AddressSet<T>& set, const T* item) {
+    const auto place = std::lower_bound(set.begin(), set.end(), item, std::less<const T*>());
+    if (place != set.end() && *place == item)
+        set.erase(place);
+}
+
+} // namespace Types

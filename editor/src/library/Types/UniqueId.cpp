@@ -1,0 +1,11 @@
+#include "Types/UniqueId.h"
+
+#include <QUuid>
+
+namespace Types {
+
+QString nextUniqueId() {
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+} // namespace Types

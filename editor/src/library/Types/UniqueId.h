@@ -1,0 +1,11 @@
+#pragma once
+
+#include "EditorModelExport.h"
+#include <QString>
+
+namespace Types {
+
+/// A fresh id at each call, unique over processes and machines; letters, digits and '-' only, so fit for a file name.
+EDITORMODEL_EXPORT QString nextUniqueId();
+
+} // namespace Types
