@@ -21,7 +21,8 @@ public:
     virtual void Initialize() = 0;
     /// Second launching call: starts the threads.
     virtual void Start() = 0;
-    /// Asks the run to end early; onFinished follows within 0.2 s. After the end it does nothing.
+    /// Asks the run to end early; onFinished follows within 0.2 s. Unless Discard follows at once, what is queued is
+    /// written and the output completed. Before Start and after the end it does nothing.
     virtual void Stop() = 0;
     /// After Stop: gives up what is queued and closes the output without completing it.
     virtual void Discard() = 0;

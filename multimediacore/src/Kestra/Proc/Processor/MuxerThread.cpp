@@ -1,0 +1,226 @@
+#include "Kestra/Proc/Processor/MuxerThread.h"
+#include "Kestra/Proc/Processor/ThreadName.h"
+#include <utility>
+
+namespace Kestra::Proc {
+namespace {
+
+// Both together stay well below the 0.2 s in which a stop has to be answered.
+constexpr std::chrono::milliseconds DISCARD_GRACE{40};
+constexpr std::chrono::milliseconds ENCODER_PATIENCE{80};
+
+} // namespace
+
+MuxerThread::MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
+                         boost::intrusive_ptr<IMuxer> muxer)
+    : streams(streams)
+    , muxer(std::move(muxer)) {
+    for (const auto& stream : streams) {
+        encoders.push_back(std::make_unique<EncoderThread>(stream, state, [this](std::exception_ptr cause) {
+            if (state.FailEncoder(std::move(cause))) {
+                InterruptEncoders();
+            }
+        }));
+    }
+}
+
+void MuxerThread::Run() {
+    state.EnterThread();
+    SetThreadName("kestra-mux");
+    try {
+        Export();
+    } catch (...) {
+        state.FailRun(std::current_exception());
+    }
+    Conclude();
+    JoinEncoders();
+}
+
+void MuxerThread::Refuse(std::exception_ptr cause) {
+    state.FailRun(std::move(cause));
+    Conclude();
+}
+
+void MuxerThread::ResetStreams() {
+    try {
+        for (const auto& stream : streams) {
+            stream->Reset();
+        }
+    } catch (...) {
+        state.FailRun(std::current_exception());
+    }
+}
+
+void MuxerThread::Stop() {
+    if (state.RequestStop()) {
+        InterruptEncoders();
+    }
+}
+
+void MuxerThread::Discard() {
+    state.RequestDiscard();
+}
+
+void MuxerThread::Abandon() {
+    if (state.Abandon()) {
+        InterruptEncoders();
+    }
+}
+
+void MuxerThread::FinishInsideEvent() {
+    if (state.IsEnding()) {
+        InterruptEncoders();
+        AbortMuxer();
+    }
+    JoinEncoders();
+}
+
+void MuxerThread::Export() {
+    if (state.IsEnding()) {
+        return;
+    }
+    LaunchEncoders();
+    if (!state.WaitPrepared(encoders.size())) {
+        return;
+    }
+    OpenMuxer();
+    BeginProgress();
+    events.Started();
+    WritePackets(Ending::None);
+    if (state.IsEnding() && !KeepWhatIsQueued()) {
+        return;
+    }
+    FinishMuxer();
+}
+
+bool MuxerThread::KeepWhatIsQueued() {
+    if (!state.WaitWhetherKept(DISCARD_GRACE)) {
+        return false;
+    }
+    WritePackets(Ending::Stop);
+    return state.GetEnding() == Ending::Stop;
+}
+
+void MuxerThread::LaunchEncoders() {
+    int number = 0;
+    for (const auto& encoder : encoders) {
+        encoder->Start("kestra-enc" + std::to_string(number++));
+    }
+}
+
+void MuxerThread::OpenMuxer() {
+    if (muxer == nullptr) {
+        return;
+    }
+    muxerInUse = true;
+    for (const auto& encoder : encoders) {
+        muxerIndices.push_back(muxer->AddStream(encoder->GetFormat()));
+    }
+    muxer->Open();
+}
+
+void MuxerThread::BeginProgress() {
+    std::vector<std::int64_t> durations;
+    for (const auto& encoder : encoders) {
+        durations.push_back(encoder->GetDuration());
+    }
+    progress.emplace(durations, ProgressMeter::Clock::now());
+}
+
+void MuxerThread::WritePackets(Ending during) {
+    while (state.GetEnding() == during) {
+        const auto track = FindNextTrack();
+        // Asked again: an ending wakes the wait for packets and makes tracks look ended that are not.
+        if (!track || state.GetEnding() != during) {
+            return;
+        }
+        WriteFrom(*track);
+        if (during == Ending::None) {
+            ReportProgress();
+        }
+    }
+}
+
+// Waits for a packet of every track that has not ended, so that the muxer gets them in the order of time and has little
+// to hold back. The encoders do not depend on each other, so a full queue beside an empty one is no deadlock.
+std::optional<std::size_t> MuxerThread::FindNextTrack() {
+    std::optional<std::size_t> next;
+    std::int64_t earliest = 0;
+    for (std::size_t track = 0; track < encoders.size(); ++track) {
+        const auto packet = encoders[track]->GetQueue().WaitFront();
+        if (packet == nullptr) {
+            progress->End(track);
+        } else if (!next || packet->GetDecodeTime() < earliest) {
+            next = track;
+            earliest = packet->GetDecodeTime();
+        }
+    }
+    return next;
+}
+
+void MuxerThread::WriteFrom(std::size_t track) {
+    PacketQueue& queue = encoders[track]->GetQueue();
+    const auto packet = queue.WaitFront();
+    queue.PopFront();
+    // Read before the packet is handed over: what the muxer makes of its times is the muxer's affair.
+    const std::int64_t end = packet->GetTime() + packet->GetDuration();
+    if (muxer != nullptr) {
+        muxer->Write(muxerIndices[track], packet);
+    }
+    progress->Advance(track, end);
+}
+
+void MuxerThread::ReportProgress() {
+    const auto now = ProgressMeter::Clock::now();
+    if (progress->IsDue(now)) {
+        events.Progress(progress->Report(now));
+    }
+}
+
+void MuxerThread::FinishMuxer() {
+    if (muxer != nullptr) {
+        muxer->Finish();
+        muxerInUse = false;
+    }
+    if (!state.IsEnding()) {
+        events.Progress(progress->Complete(ProgressMeter::Clock::now()));
+    }
+}
+
+void MuxerThread::AbortMuxer() noexcept {
+    if (muxerInUse) {
+        muxerInUse = false;
+        muxer->Abort();
+    }
+}
+
+void MuxerThread::Conclude() {
+    if (state.IsEnding()) {
+        InterruptEncoders();
+        AbortMuxer();
+    }
+    state.WaitEncodersLeft(ENCODER_PATIENCE);
+    const std::exception_ptr error = state.Close();
+    for (const auto& encoder : encoders) {
+        encoder->GetQueue().Clear();
+    }
+    if (error) {
+        events.Failed(error);
+    } else {
+        events.Finished();
+    }
+}
+
+void MuxerThread::InterruptEncoders() noexcept {
+    for (const auto& encoder : encoders) {
+        encoder->Interrupt();
+    }
+}
+
+void MuxerThread::JoinEncoders() {
+    for (const auto& encoder : encoders) {
+        encoder->Join();
+    }
+}
+
+} // namespace Kestra::Proc

@@ -1,0 +1,69 @@
+// Kestra::Proc::MuxerThread: one run, on the thread that feeds the muxer and reports all events.
+#pragma once
+
+#include "Kestra/Proc/IMuxer.h"
+#include "Kestra/Proc/Processor/EncoderThread.h"
+#include "Kestra/Proc/Processor/EventSink.h"
+#include "Kestra/Proc/Processor/ProgressMeter.h"
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Kestra::Proc {
+
+/// Shared by the processor and the thread: it lives until the later of both lets go, since the last release of the
+/// processor may happen inside one of the run's own events.
+class MuxerThread {
+public:
+    MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams, boost::intrusive_ptr<IMuxer> muxer);
+
+    /// The body of the thread: returns when every event has been reported and every encoder's thread has ended.
+    void Run();
+    /// Instead of Run, when the run cannot be: reports `cause` on the calling thread.
+    void Refuse(std::exception_ptr cause);
+
+    /// Resets the streams; what one throws fails the run. Before Run.
+    void ResetStreams();
+    void Stop();
+    void Discard();
+    /// Ends everything without another event. Called last by the processor's user, possibly from inside an event.
+    void Abandon();
+    /// Whether the calling thread is this run's.
+    bool IsOwnThread() const noexcept { return state.IsOwnThread(); }
+    /// Does what Run has still to do but for returning; only on the thread that executes Run, inside an event.
+    void FinishInsideEvent();
+
+    EventSink& GetEvents() { return events; }
+
+private:
+    void Export();
+    /// After an ending: writes the rest if the output of a stopped run is wanted; false when it is not.
+    bool KeepWhatIsQueued();
+    void LaunchEncoders();
+    void OpenMuxer();
+    void BeginProgress();
+    /// Writes packets in the order of their decode times while the run's ending is `during`; ends with the last packet.
+    void WritePackets(Ending during);
+    std::optional<std::size_t> FindNextTrack();
+    void WriteFrom(std::size_t track);
+    void ReportProgress();
+    void FinishMuxer();
+    void AbortMuxer() noexcept;
+    void Conclude();
+    void InterruptEncoders() noexcept;
+    void JoinEncoders();
+
+    const std::vector<boost::intrusive_ptr<IStreamRaw>> streams;
+    const boost::intrusive_ptr<IMuxer> muxer;
+    RunState state;
+    EventSink events;
+    /// Never changes after construction, so that any thread may interrupt.
+    std::vector<std::unique_ptr<EncoderThread>> encoders;
+
+    // Used by the muxer's thread alone.
+    std::vector<int> muxerIndices;
+    std::optional<ProgressMeter> progress;
+    bool muxerInUse = false;
+};
+
+} // namespace Kestra::Proc

@@ -1,0 +1,80 @@
+#include "Kestra/Proc/Processor/StreamProcessor.h"
+#include "Kestra/Base/Exception.h"
+#include <stdexcept>
+#include <system_error>
+
+namespace Kestra::Proc {
+
+StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
+                                 const boost::intrusive_ptr<IMuxer>& muxer)
+    : run(std::make_shared<MuxerThread>(streams, muxer)) {}
+
+StreamProcessor::~StreamProcessor() {
+    run->GetEvents().SetReceiver(nullptr);
+    if (!thread.joinable()) {
+        return;
+    }
+    run->Abandon();
+    if (!run->IsOwnThread()) {
+        thread.join();
+        return;
+    }
+    // The last release came from the run itself, and a thread cannot wait for its own end.
+    if (thread.get_id() == std::this_thread::get_id()) {
+        run->FinishInsideEvent();
+    }
+    thread.detach();
+}
+
+void StreamProcessor::SetEventsReceiver(IProcessingEvents* events) {
+    run->GetEvents().SetReceiver(events);
+}
+
+void StreamProcessor::Initialize() {
+    if (phase != Phase::Made) {
+        KESTRA_THROW(std::logic_error("A stream processor runs once: Initialize was called a second time."));
+    }
+    phase = Phase::Initialized;
+    run->ResetStreams();
+}
+
+void StreamProcessor::Start() {
+    if (phase != Phase::Initialized) {
+        KESTRA_THROW(std::logic_error("A stream processor is started once, after Initialize."));
+    }
+    phase = Phase::Started;
+    try {
+        thread = std::thread([held = run] { held->Run(); });
+    } catch (const std::system_error&) {
+        run->Refuse(std::current_exception());
+    }
+}
+
+void StreamProcessor::Stop() {
+    if (phase == Phase::Started) {
+        run->Stop();
+    }
+}
+
+void StreamProcessor::Discard() {
+    if (phase == Phase::Started) {
+        run->Discard();
+    }
+}
+
+boost::intrusive_ptr<IStreamProcessor> CreateStreamProcessor(const std::vector<boost::intrusive_ptr<IStream>>& streams,
+                                                             const boost::intrusive_ptr<IMuxer>& muxer) {
+    std::vector<boost::intrusive_ptr<IStreamRaw>> rawStreams;
+    for (const auto& stream : streams) {
+        auto* raw = dynamic_cast<IStreamRaw*>(stream.get());
+        if (raw == nullptr) {
+            KESTRA_THROW(std::invalid_argument("A stream processor takes raw streams only: stream " +
+                                               std::to_string(rawStreams.size()) + " is " +
+                                               (stream == nullptr ? "null." : "of another kind.")));
+        }
+        rawStreams.emplace_back(raw);
+    }
+    return boost::intrusive_ptr<IStreamProcessor>(new StreamProcessor(rawStreams, muxer));
+}
+
+} // namespace Kestra::Proc
