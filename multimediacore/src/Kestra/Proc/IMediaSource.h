@@ -41,8 +41,8 @@ struct AudioTrackInfo {
 
 struct MediaInfo {
     std::string container;
-    /// Engine time from the earliest start to the latest end that the container claims; counted by reading the packets where
-    /// it claims nothing.
+    /// Engine time from the earliest start to the latest end of the main tracks, as their last packets tell it; where a header
+    /// claims more, a damage report says so.
     std::int64_t duration = 0;
     std::optional<VideoTrackInfo> video; ///< the main one
     std::optional<AudioTrackInfo> audio; ///< the main one

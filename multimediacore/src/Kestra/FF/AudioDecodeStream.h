@@ -1,0 +1,77 @@
+// Kestra::FF::AudioDecodeStream: the sound of a media file.
+#pragma once
+
+#include "Kestra/FF/Decoder.h"
+#include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/MediaSource.h"
+#include "Kestra/FF/SampleNormaliser.h"
+#include "Kestra/FF/SamplePlacement.h"
+#include <atomic>
+#include <deque>
+#include <optional>
+
+namespace Kestra::FF {
+
+/// Opens a file of its own at the first read. Seeks take effect at the next read, which begins at the very sample.
+/// Yields exactly as many samples as its duration holds.
+class AudioDecodeStream final : public Proc::IStreamAudio, public RefCountImpl {
+public:
+    explicit AudioDecodeStream(boost::intrusive_ptr<MediaSource> source);
+
+    boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override;
+    void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;
+    void Initialize(const Core::Property& settings) override;
+    Core::Property GetSettings() const override;
+    std::int64_t GetDuration() const override { return duration; }
+    std::int64_t GetPosition() const override;
+    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadAudio(); }
+    void Seek(std::int64_t time, Proc::SeekMode mode) override;
+    void Interrupt() override { interrupted = true; }
+    bool IsSeekable() const override { return true; }
+    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
+    std::string Describe() const override;
+    void PreferFormat(const Conf::IFormatCodec& format) override;
+    void Prepare() override;
+    void Reset() override;
+
+private:
+    struct Block {
+        FrameHandle frame;
+        std::int64_t place = 0; ///< by its timestamp; in samples
+    };
+
+    bool SupplyPacket(AVPacket& packet);
+    void OnDamage(std::int64_t timestamp, const std::string& reason);
+    bool DecodeBlock();
+    void LookAhead(std::size_t blocks);
+    std::int64_t PlaceOf(const AVFrame& frame);
+    std::vector<TimedBlock> Timings() const;
+    void PlaceFront();
+    boost::intrusive_ptr<Proc::IDataAudio> TakeFront();
+    boost::intrusive_ptr<Proc::IDataAudio> Silence(std::int64_t until);
+    boost::intrusive_ptr<Proc::IDataAudio> Emit(FrameHandle frame, std::int64_t from);
+    void ApplySeek();
+    bool LandBefore(std::int64_t sample, std::int64_t preroll);
+    void StartOver();
+    std::int64_t Ticks(int count);
+
+    const boost::intrusive_ptr<MediaSource> source;
+    const Proc::AudioTrackInfo track;
+    const std::int64_t duration;
+    const std::int64_t total; ///< samples
+    std::atomic<bool> interrupted{false};
+    std::unique_ptr<Demuxer> demuxer;
+    std::unique_ptr<Decoder> decoder;
+    std::unique_ptr<SampleNormaliser> normaliser;
+
+    std::deque<Block> blocks;          ///< decoded ahead, so that jitter can be told from a gap
+    std::optional<std::int64_t> front; ///< where the first of them has been placed
+    std::int64_t flow = 0;             ///< where the next block begins if it follows on
+    std::int64_t cursor = 0;           ///< the next sample to be read
+    std::optional<std::int64_t> pendingSeek;
+    bool anchored = false; ///< flow is known
+    bool drained = false;
+    bool settling = false; ///< what is decoded lies before the target of a seek
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,47 @@
+// Kestra::FF::Decoder: packets of one stream into frames. The one send and receive loop of decoding.
+#pragma once
+
+#include "Kestra/FF/Handles.h"
+#include <functional>
+#include <string>
+
+namespace Kestra::FF {
+
+/// Bound to one thread at a time.
+class Decoder {
+public:
+    /// Fills the packet with the next one of the stream; false at the end.
+    using PacketSupply = std::function<bool(AVPacket&)>;
+    /// Told of a packet that could not be decoded, with its timestamp (AV_NOPTS_VALUE when it has none) and the reason.
+    using DamageReceiver = std::function<void(std::int64_t timestamp, const std::string& reason)>;
+
+    /// Opens the stream's codec with that many threads. `path` is for messages. Throws ProcException (CodecNotFound,
+    /// SourceUnreadable).
+    Decoder(const AVStream& stream, int threads, const std::string& path);
+
+    void SetPacketSupply(PacketSupply supply) { packetSupply = std::move(supply); }
+    void SetDamageReceiver(DamageReceiver receiver) { damageReceiver = std::move(receiver); }
+
+    /// The next frame in presentation order; null after the last one has been drained.
+    FrameHandle Next();
+    /// Forgets everything taken in: to be called after the supply has moved elsewhere.
+    void Flush();
+    /// Whether pictures that no other one refers to are passed over, from the next packet on.
+    void SkipUnreferenced(bool skip);
+
+    const AVCodecContext& GetContext() const { return *context; }
+
+    /// The codec for a stream, null when there is none. VP8 and VP9 that carry alpha go to the decoder that reads it.
+    static const AVCodec* FindCodec(const AVStream& stream);
+
+private:
+    bool Feed();
+
+    CodecContextHandle context;
+    PacketHandle packet;
+    PacketSupply packetSupply;
+    DamageReceiver damageReceiver;
+    bool draining = false;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,50 @@
+// Kestra::FF::Demuxer: the packets of a media file.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "Kestra/FF/Handles.h"
+#include <atomic>
+#include <string>
+#include <vector>
+
+namespace Kestra::FF {
+
+/// Bound to one thread at a time. Only local files are read, whatever the file refers to.
+class Demuxer {
+public:
+    /// Opens the file and finds its streams. `interrupted` is borrowed for life and polled while the file is read.
+    /// Throws ProcException: SourceNotFound, SourceUnreadable.
+    Demuxer(const ioPath& path, const std::atomic<bool>& interrupted);
+
+    const ioPath& GetPath() const { return path; }
+    AVFormatContext& GetContext() { return *context; }
+    AVStream& GetStream(int index) { return *context->streams[index]; }
+    /// "mov,mp4,..." as libav names the container.
+    const char* GetFormatName() const { return context->iformat->name; }
+
+    /// Everything but these streams is passed over from the next read on.
+    void Select(const std::vector<int>& streams);
+    /// The next packet of a selected stream; false at the end of the file, and once interrupted. Throws when the file
+    /// cannot be read; a file that merely is malformed ends, and GetTrouble says why.
+    bool Read(AVPacket& packet);
+    /// Moves to a keyframe at or before `timestamp` of the stream, as far as the file's index can be trusted.
+    bool Seek(int stream, std::int64_t timestamp);
+    /// Back to the first packet, by opening the file again: the only way that is exact in every container.
+    void Rewind();
+    /// Why the last reading ended before the end of the file; empty when it did not.
+    const std::string& GetTrouble() const { return trouble; }
+
+private:
+    void Open();
+    void ApplySelection();
+
+    ioPath path;
+    const std::atomic<bool>& interrupted;
+    InputContextHandle context;
+    std::vector<int> selection;
+    bool selected = false;
+    bool untouched = true;
+    std::string trouble;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,368 @@
+#include "Kestra/FF/MediaProbe.h"
+
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/Decoder.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/PictureTags.h"
+#include "Kestra/FF/SamplePlacement.h"
+#include "Kestra/FF/TrackShape.h"
+#include <algorithm>
+#include <cstring>
+#include <tuple>
+
+extern "C" {
+#include <libavutil/intreadwrite.h>
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+namespace {
+
+// How much is read in search of the first frame of a track that starts late.
+constexpr std::size_t FIRST_FRAME_SEARCH_BYTES = std::size_t{64} << 20;
+constexpr std::int64_t NEAR_WINDOW = 3 * TIME_BASE;
+constexpr std::int64_t FAR_WINDOW = 20 * TIME_BASE;
+// A header that promises more than this beyond the last packet belongs to a file that was cut off.
+constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
+// Lengths in an edit list are rounded to the movie's clock; what is cut by less was not meant to be cut.
+constexpr std::int64_t EDIT_ROUNDING = TIME_BASE / 500;
+const boost::rational<long long> STILL_RATE(25);
+
+bool IsPicture(const AVStream& stream) {
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO &&
+           !(stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS));
+}
+
+bool IsStillFormat(const char* name) {
+    const std::string format(name);
+    return format == "image2" || (format.size() > 5 && format.compare(format.size() - 5, 5, "_pipe") == 0);
+}
+
+// Better streams compare greater.
+std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& stream) {
+    const AVCodecParameters& parameters = *stream.codecpar;
+    return {Decoder::FindCodec(stream) != nullptr, (stream.disposition & AV_DISPOSITION_DEFAULT) != 0,
+            static_cast<std::int64_t>(parameters.width) * parameters.height, parameters.bit_rate};
+}
+
+// The length in samples that every block of the codec has, or is a multiple of.
+int GrainOf(AVCodecID codec, int frameSize) {
+    switch (codec) {
+    case AV_CODEC_ID_OPUS:
+        return 120;
+    case AV_CODEC_ID_VORBIS:
+        return 64;
+    case AV_CODEC_ID_AAC:
+    case AV_CODEC_ID_MP3:
+    case AV_CODEC_ID_MP2:
+    case AV_CODEC_ID_AC3:
+    case AV_CODEC_ID_EAC3:
+    case AV_CODEC_ID_ALAC:
+    case AV_CODEC_ID_FLAC:
+        return frameSize;
+    default:
+        return 0;
+    }
+}
+
+std::string Seconds(std::int64_t time) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3f s", static_cast<double>(time) / TIME_BASE);
+    return text;
+}
+
+} // namespace
+
+MediaProbe::MediaProbe(const ioPath& path)
+    : path(path)
+    , demuxer(path, interrupted) {}
+
+void MediaProbe::Run() {
+    info.container = demuxer.GetFormatName();
+    ChooseTracks();
+    DecodeFirstFrames();
+    if (Tracks().empty())
+        Fail(TranscodingError::SourceUnreadable,
+             "Cannot read \"" + path.ToUtf8() + "\": it holds neither picture nor sound that can be decoded");
+    SettleOrigin();
+    FindEnds();
+    DescribeVideo();
+    DescribeAudio();
+    ReportShortage();
+}
+
+std::vector<MediaProbe::Track*> MediaProbe::Tracks() {
+    std::vector<Track*> tracks;
+    for (Track* track : {&video, &audio})
+        if (track->index >= 0)
+            tracks.push_back(track);
+    return tracks;
+}
+
+void MediaProbe::CountTrack(const AVStream& stream) {
+    if (IsPicture(stream))
+        ++info.videoTracks;
+    else if (stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
+        ++info.audioTracks;
+    else
+        ++info.otherTracks;
+}
+
+void MediaProbe::ChooseTracks() {
+    AVFormatContext& context = demuxer.GetContext();
+    for (unsigned index = 0; index < context.nb_streams; ++index) {
+        const AVStream& stream = *context.streams[index];
+        CountTrack(stream);
+        if (IsPicture(stream) && (video.index < 0 || PictureRank(stream) > PictureRank(*context.streams[video.index])))
+            video.index = static_cast<int>(index);
+    }
+    audio.index = std::max(-1, av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, video.index, nullptr, 0));
+}
+
+void MediaProbe::DecodeFirstFrames() {
+    std::vector<int> indices;
+    for (const Track* track : Tracks())
+        indices.push_back(track->index);
+    demuxer.Select(indices);
+    for (Track* track : Tracks())
+        DecodeFirst(*track);
+    for (Track* track : Tracks())
+        track->waiting.clear();
+}
+
+bool MediaProbe::Supply(Track& track, AVPacket& packet) {
+    while (track.waiting.empty() && bytesRead < FIRST_FRAME_SEARCH_BYTES) {
+        PacketHandle next = MakePacket();
+        if (!demuxer.Read(*next))
+            return false;
+        bytesRead += static_cast<std::size_t>(next->size);
+        Track& owner = next->stream_index == video.index ? video : audio;
+        owner.waiting.push_back(std::move(next));
+    }
+    if (track.waiting.empty())
+        return false;
+    av_packet_move_ref(&packet, track.waiting.front().get());
+    track.waiting.pop_front();
+    return true;
+}
+
+void MediaProbe::DecodeFirst(Track& track) {
+    const AVStream& stream = demuxer.GetStream(track.index);
+    try {
+        Decoder decoder(stream, 1, path.ToUtf8());
+        decoder.SetPacketSupply([this, &track](AVPacket& packet) { return Supply(track, packet); });
+        track.first = decoder.Next();
+        track.frameSize = decoder.GetContext().frame_size;
+    } catch (const Proc::ProcException& error) {
+        return Drop(track, error.what());
+    }
+    if (!track.first)
+        return Drop(track, std::string("no frame of the ") + avcodec_get_name(stream.codecpar->codec_id) +
+                               " track can be decoded");
+    const std::int64_t timestamp = track.first->best_effort_timestamp;
+    track.start = ToEngineTime(timestamp != AV_NOPTS_VALUE ? timestamp : stream.start_time, stream.time_base);
+    if (track.start == TIME_UNKNOWN)
+        track.start = 0;
+}
+
+void MediaProbe::Drop(Track& track, const std::string& reason) {
+    details.damage.push_back({path, 0, reason});
+    track.index = -1;
+    track.first.reset();
+}
+
+void MediaProbe::SettleOrigin() {
+    details.origin = INT64_MAX;
+    for (const Track* track : Tracks())
+        details.origin = std::min(details.origin, track->start);
+    if (audio.index < 0)
+        return;
+    const AVFrame& first = *audio.first;
+    details.audioGrain = GrainOf(demuxer.GetStream(audio.index).codecpar->codec_id, audio.frameSize);
+    if (details.audioGrain > 0)
+        details.audioPhase =
+            (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;
+}
+
+std::int64_t MediaProbe::ClaimedEnd(const Track& track) {
+    const AVStream& stream = demuxer.GetStream(track.index);
+    if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0) {
+        const std::int64_t start = stream.start_time != AV_NOPTS_VALUE ? stream.start_time : 0;
+        return ToEngineTime(start + stream.duration, stream.time_base);
+    }
+    const AVFormatContext& context = demuxer.GetContext();
+    if (context.duration == AV_NOPTS_VALUE || context.duration <= 0)
+        return TIME_UNKNOWN;
+    return details.origin + ToEngineTime(context.duration, {1, AV_TIME_BASE});
+}
+
+void MediaProbe::FindEnds() {
+    std::vector<Track*> unknown;
+    for (Track* track : Tracks())
+        if (!FindEndNear(*track, NEAR_WINDOW) && !FindEndNear(*track, FAR_WINDOW))
+            unknown.push_back(track);
+    if (!unknown.empty())
+        ScanToEnd(unknown);
+    for (Track* track : Tracks())
+        FinishEnd(*track);
+}
+
+bool MediaProbe::FindEndNear(Track& track, std::int64_t window) {
+    const std::int64_t claim = ClaimedEnd(track);
+    // Short files are read through: that is as fast, and counts what there really is.
+    if (claim == TIME_UNKNOWN || claim - window <= track.start)
+        return false;
+    demuxer.Select({track.index});
+    const AVRational timeBase = demuxer.GetStream(track.index).time_base;
+    if (!demuxer.Seek(track.index, FromEngineTime(claim - window, timeBase)))
+        return false;
+    ReadEnds();
+    return track.packets > 0;
+}
+
+void MediaProbe::ScanToEnd(const std::vector<Track*>& tracks) {
+    std::vector<int> indices;
+    for (const Track* track : tracks)
+        indices.push_back(track->index);
+    demuxer.Select(indices);
+    demuxer.Rewind();
+    ReadEnds();
+}
+
+void MediaProbe::ReadEnds() {
+    const PacketHandle packet = MakePacket();
+    while (demuxer.Read(*packet))
+        TakePacket(packet->stream_index == video.index ? video : audio, *packet);
+}
+
+std::int64_t MediaProbe::LengthOf(const Track& track, const AVPacket& packet) {
+    const AVStream& stream = demuxer.GetStream(track.index);
+    const std::int64_t length = packet.duration > 0 ? ToEngineTime(packet.duration, stream.time_base) : 0;
+    std::int64_t exact = 0;
+    if (track.index == video.index) {
+        const boost::rational<long long> rate = NominalRate(stream);
+        exact = rate > 0 ? FramesToTime(1, rate) : 0;
+    } else if (details.audioGrain > 0 && details.audioGrain == track.frameSize) {
+        exact = SamplesToTime(track.frameSize, track.first->sample_rate);
+    }
+    // Clocks of a millisecond round the length; the exact one is known.
+    const std::int64_t tick = ToEngineTime(1, stream.time_base);
+    return exact > 0 && (length == 0 || std::abs(length - exact) <= tick) ? exact : length;
+}
+
+void MediaProbe::TakePacket(Track& track, const AVPacket& packet) {
+    const std::int64_t timestamp = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    if (timestamp == AV_NOPTS_VALUE || (packet.flags & AV_PKT_FLAG_DISCARD))
+        return;
+    ++track.packets;
+    const AVRational timeBase = demuxer.GetStream(track.index).time_base;
+    const std::int64_t length = LengthOf(track, packet);
+    std::int64_t end = ToEngineTime(timestamp, timeBase) + length;
+    std::size_t size = 0;
+    const std::uint8_t* skip = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
+    const std::int64_t trim = skip && size >= 8 && track.first->sample_rate > 0
+                                  ? SamplesToTime(AV_RL32(skip + 4), track.first->sample_rate)
+                                  : 0;
+    end -= trim;
+    if (track.end != TIME_UNKNOWN && end <= track.end)
+        return;
+    track.end = end;
+    track.lastLength = length;
+    track.trimmed = trim > 0;
+}
+
+void MediaProbe::FinishEnd(Track& track) {
+    const AVStream& stream = demuxer.GetStream(track.index);
+    const bool isAudio = track.index == audio.index;
+    const std::int64_t shortest = isAudio ? SamplesToTime(track.first->nb_samples, track.first->sample_rate) : 1;
+    if (track.end == TIME_UNKNOWN || track.end < track.start + shortest)
+        track.end = track.start + std::max(shortest, track.lastLength);
+    if (isAudio && !track.trimmed && details.audioGrain > 0) {
+        const int rate = track.first->sample_rate;
+        const std::int64_t tolerance = TimeToSamples(ToEngineTime(1, stream.time_base), rate) + 1;
+        const std::int64_t samples = TimeToSamples(track.end - details.origin, rate);
+        track.end = details.origin +
+                    SamplesToTime(SnapToGrain(samples, details.audioPhase, details.audioGrain, tolerance), rate);
+    }
+    // An edit list may cut the last frame or block short.
+    const std::int64_t claim = ClaimedEnd(track);
+    const std::int64_t over = track.end - claim;
+    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0 && claim != TIME_UNKNOWN && claim > track.start &&
+        over > 0 && over < track.lastLength && (isAudio || over > EDIT_ROUNDING))
+        track.end = claim;
+}
+
+void MediaProbe::DescribeVideo() {
+    if (video.index < 0)
+        return;
+    AVStream& stream = demuxer.GetStream(video.index);
+    const AVFrame& first = *video.first;
+    Proc::VideoTrackInfo track;
+    track.index = video.index;
+    track.codec = avcodec_get_name(stream.codecpar->codec_id);
+    TagPicture(*video.first, stream, demuxer.GetContext());
+    const Orientation orientation = FindOrientation(stream, &first);
+    track.rotation = orientation.rotation;
+    details.flipped = orientation.flipped;
+    const bool sideways = track.rotation % 180 != 0;
+    const AVRational aspect = first.sample_aspect_ratio;
+    track.frame = sideways ? MakeFrameInfo(first.height, first.width, {aspect.den, aspect.num})
+                           : MakeFrameInfo(first.width, first.height, aspect);
+    const char* name = av_get_pix_fmt_name(static_cast<AVPixelFormat>(first.format));
+    track.pixelFormat = name ? name : "";
+    track.colour = ColourOf(first);
+    track.frameRate = NominalRate(stream);
+    track.variableFrameRate = RatesDisagree(stream);
+    track.interlaced = first.interlaced_frame != 0 || stream.codecpar->field_order > AV_FIELD_PROGRESSIVE;
+    track.stillPicture = IsStillFormat(demuxer.GetFormatName()) && video.packets <= 1;
+    if (track.stillPicture) {
+        track.frameRate = STILL_RATE;
+        video.end = video.start + FramesToTime(1, STILL_RATE);
+    }
+    track.start = video.start - details.origin;
+    track.duration = video.end - video.start;
+    info.duration = std::max(info.duration, video.end - details.origin);
+    info.video = track;
+}
+
+void MediaProbe::DescribeAudio() {
+    if (audio.index < 0)
+        return;
+    const AVFrame& first = *audio.first;
+    Proc::AudioTrackInfo track;
+    track.index = audio.index;
+    track.codec = avcodec_get_name(demuxer.GetStream(audio.index).codecpar->codec_id);
+    track.sampleRate = first.sample_rate;
+    track.channels = first.ch_layout.nb_channels;
+    track.channelLayout = FromAv(first.ch_layout);
+    track.sampleFormat = FromAv(static_cast<AVSampleFormat>(first.format));
+    if (track.sampleFormat == Conf::SAMPLE_FORMAT_UNKNOWN)
+        track.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
+    track.start = audio.start - details.origin;
+    track.duration = audio.end - audio.start;
+    info.duration = std::max(info.duration, audio.end - details.origin);
+    info.audio = track;
+}
+
+void MediaProbe::ReportShortage() {
+    const AVFormatContext& context = demuxer.GetContext();
+    std::int64_t claim = 0;
+    for (const Track* track : Tracks()) {
+        const AVStream& stream = demuxer.GetStream(track->index);
+        if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0)
+            claim = std::max(claim, ClaimedEnd(*track) - details.origin);
+    }
+    // The container's own length may be that of its subtitles.
+    if (claim == 0 && info.otherTracks == 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM &&
+        context.duration > 0)
+        claim = ToEngineTime(context.duration, {1, AV_TIME_BASE});
+    if (claim > info.duration + SHORTAGE && !(info.video && info.video->stillPicture))
+        details.damage.push_back({path, info.duration,
+                                  "The file ends at " + Seconds(info.duration) + ", but its header claims " +
+                                      Seconds(claim) + ": it is incomplete"});
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,54 @@
+#include "Kestra/FF/MediaSource.h"
+
+#include "Kestra/Base/Time.h"
+#include "Kestra/FF/AudioDecodeStream.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/MediaProbe.h"
+#include "Kestra/FF/VideoDecodeStream.h"
+#include <utility>
+
+namespace Kestra::FF {
+
+namespace {
+
+constexpr std::size_t MAX_REPORTS = 1000;
+constexpr std::int64_t SAME_DAMAGE = TIME_BASE / 10;
+
+} // namespace
+
+MediaSource::MediaSource(const ioPath& path)
+    : path(path) {
+    MediaProbe probe(path);
+    probe.Run();
+    info = probe.GetInfo();
+    details = probe.GetDetails();
+    reports = std::exchange(details.damage, {});
+}
+
+boost::intrusive_ptr<Proc::IStreamVideo> MediaSource::CreateVideoStream() {
+    if (!info.video)
+        Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no picture track");
+    return new VideoDecodeStream(this);
+}
+
+boost::intrusive_ptr<Proc::IStreamAudio> MediaSource::CreateAudioStream() {
+    if (!info.audio)
+        Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no sound track");
+    return new AudioDecodeStream(this);
+}
+
+std::vector<Proc::DamageReport> MediaSource::TakeDamageReports() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return std::exchange(reports, {});
+}
+
+void MediaSource::Report(std::int64_t time, const std::string& what) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (reports.size() >= MAX_REPORTS)
+        return;
+    if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
+        return;
+    reports.push_back({path, time, what});
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,33 @@
+// Kestra::FF::MediaSource: an opened media file.
+#pragma once
+
+#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/FF/TrackDetails.h"
+#include <mutex>
+
+namespace Kestra::FF {
+
+class MediaSource final : public Proc::IMediaSource, public RefCountImpl {
+public:
+    /// Opens and probes the file. Throws ProcException.
+    explicit MediaSource(const ioPath& path);
+
+    const ioPath& GetPath() const override { return path; }
+    const Proc::MediaInfo& GetInfo() const override { return info; }
+    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override;
+    boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override;
+    std::vector<Proc::DamageReport> TakeDamageReports() override;
+
+    const TrackDetails& GetDetails() const { return details; }
+    /// Thread-safe. Repetitions of the last report within a tenth of a second are dropped.
+    void Report(std::int64_t time, const std::string& what);
+
+private:
+    ioPath path;
+    Proc::MediaInfo info;
+    TrackDetails details;
+    std::mutex mutex;
+    std::vector<Proc::DamageReport> reports;
+};
+
+} // namespace Kestra::FF

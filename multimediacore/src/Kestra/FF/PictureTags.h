@@ -1,0 +1,12 @@
+// Tags that a decoded picture is to carry, completed from what its container says.
+#pragma once
+
+#include "Kestra/FF/Handles.h"
+
+namespace Kestra::FF {
+
+/// Fills in the shape of the pixels and the colour description where the decoder left them open, and renames the
+/// formats that mean "full range" to the plain ones with the range tagged. The pixels are not touched.
+void TagPicture(AVFrame& picture, AVStream& stream, AVFormatContext& context);
+
+} // namespace Kestra::FF

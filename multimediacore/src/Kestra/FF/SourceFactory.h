@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Kestra/Core/ISourceFactory.h"
+#include <memory>
+
+namespace Kestra::FF {
+
+class SourceFactory final : public Core::ISourceFactory {
+public:
+    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path) override;
+};
+
+std::shared_ptr<Core::ISourceFactory> MakeSourceFactory();
+
+} // namespace Kestra::FF

@@ -1,0 +1,22 @@
+// Kestra::FF::TrackDetails: what the streams of a media file need to know beyond its public description.
+#pragma once
+
+#include "Kestra/Proc/IMediaSource.h"
+
+namespace Kestra::FF {
+
+struct TrackDetails {
+    /// Engine time, on the container's own clock, of the instant that is 0 in every stream.
+    std::int64_t origin = 0;
+    /// After it has been turned, the picture is to be flipped upside down.
+    bool flipped = false;
+    /// Where, modulo the codec's frame length, blocks of samples end on the sound's own timeline: containers round
+    /// timestamps, and after a seek this tells the sample that was meant.
+    std::int64_t audioPhase = 0;
+    /// Samples that every block is a multiple of; 0 when the codec has no such number.
+    int audioGrain = 0;
+    /// Damage seen while opening.
+    std::vector<Proc::DamageReport> damage;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,99 @@
+#include "Kestra/FF/TrackShape.h"
+
+#include "Kestra/FF/Convert.h"
+#include <array>
+#include <cmath>
+#include <cstring>
+
+extern "C" {
+#include <libavutil/display.h>
+}
+
+namespace Kestra::FF {
+
+namespace {
+
+constexpr std::array<AVRational, 16> USUAL_RATES{{{24000, 1001},
+                                                  {24, 1},
+                                                  {25, 1},
+                                                  {30000, 1001},
+                                                  {30, 1},
+                                                  {48, 1},
+                                                  {50, 1},
+                                                  {60000, 1001},
+                                                  {60, 1},
+                                                  {10, 1},
+                                                  {12, 1},
+                                                  {15, 1},
+                                                  {15000, 1001},
+                                                  {100, 1},
+                                                  {120000, 1001},
+                                                  {120, 1}}};
+// Half the distance of 29.97 and 30.
+constexpr double USUAL_RATE_TOLERANCE = 0.0005;
+// Beyond, a "rate" is only the inverse of the container's clock.
+constexpr double HIGHEST_RATE = 1000;
+// A recording that misses one frame in ten still has the rate it was set to.
+constexpr double DROPPED_FRAMES = 1.12;
+constexpr double SAME_RATE = 1.005;
+
+bool IsRate(AVRational rate) {
+    return rate.num > 0 && rate.den > 0 && av_q2d(rate) <= HIGHEST_RATE;
+}
+
+boost::rational<long long> ToUsualRate(AVRational rate) {
+    for (const AVRational usual : USUAL_RATES)
+        if (std::abs(av_q2d(rate) / av_q2d(usual) - 1) < USUAL_RATE_TOLERANCE)
+            return FromAv(usual);
+    return FromAv(rate);
+}
+
+} // namespace
+
+Orientation ReadDisplayMatrix(const std::int32_t* matrix) {
+    std::array<std::int32_t, 9> copy{};
+    std::memcpy(copy.data(), matrix, sizeof copy);
+    Orientation result;
+    const double determinant = static_cast<double>(copy[0]) * copy[4] - static_cast<double>(copy[1]) * copy[3];
+    result.flipped = determinant < 0;
+    if (result.flipped)
+        av_display_matrix_flip(copy.data(), 0, 1);
+    const double angle = av_display_rotation_get(copy.data());
+    if (!std::isnan(angle))
+        result.rotation = ((static_cast<int>(std::lround(-angle / 90)) % 4 + 4) % 4) * 90;
+    return result;
+}
+
+Orientation FindOrientation(const AVStream& stream, const AVFrame* picture) {
+    constexpr std::size_t MATRIX_SIZE = 9 * sizeof(std::int32_t);
+    std::size_t size = 0;
+    const std::uint8_t* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    if (matrix && size >= MATRIX_SIZE)
+        return ReadDisplayMatrix(reinterpret_cast<const std::int32_t*>(matrix));
+    const AVFrameSideData* data = picture ? av_frame_get_side_data(picture, AV_FRAME_DATA_DISPLAYMATRIX) : nullptr;
+    if (data && data->size >= MATRIX_SIZE)
+        return ReadDisplayMatrix(reinterpret_cast<const std::int32_t*>(data->data));
+    return {};
+}
+
+boost::rational<long long> NominalRate(const AVStream& stream) {
+    const AVRational nominal = stream.r_frame_rate;
+    const AVRational average = stream.avg_frame_rate;
+    if (!IsRate(average))
+        return IsRate(nominal) ? ToUsualRate(nominal) : boost::rational<long long>(0);
+    if (!IsRate(nominal))
+        return ToUsualRate(average);
+    const double ratio = av_q2d(nominal) / av_q2d(average);
+    // Above, the nominal rate counts fields, or the ticks of a variable rate.
+    return ToUsualRate(ratio > 1 / SAME_RATE && ratio < DROPPED_FRAMES ? nominal : average);
+}
+
+bool RatesDisagree(const AVStream& stream) {
+    if (!IsRate(stream.r_frame_rate) || !IsRate(stream.avg_frame_rate))
+        return false;
+    const double ratio = av_q2d(stream.r_frame_rate) / av_q2d(stream.avg_frame_rate);
+    const bool fields = std::abs(ratio / 2 - 1) < SAME_RATE - 1 && stream.codecpar->field_order > AV_FIELD_PROGRESSIVE;
+    return !fields && std::abs(ratio - 1) > SAME_RATE - 1;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,82 @@
+// Kestra::FF::VideoDecodeStream: the pictures of a media file.
+#pragma once
+
+#include "Kestra/FF/Decoder.h"
+#include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/MediaSource.h"
+#include "Kestra/FF/PictureRotator.h"
+#include <atomic>
+#include <optional>
+
+namespace Kestra::FF {
+
+/// Opens a file of its own at the first read. Seeks take effect at the next read. Each frame keeps the time at which it
+/// begins, also the one that covers the target of a seek.
+class VideoDecodeStream final : public Proc::IStreamVideo, public RefCountImpl {
+public:
+    explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
+
+    boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
+    void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
+    void Initialize(const Core::Property& settings) override;
+    Core::Property GetSettings() const override;
+    std::int64_t GetDuration() const override { return duration; }
+    std::int64_t GetPosition() const override;
+    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadVideo(); }
+    void Seek(std::int64_t time, Proc::SeekMode mode) override;
+    void Interrupt() override { interrupted = true; }
+    bool IsSeekable() const override { return true; }
+    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
+    std::string Describe() const override;
+    void PreferFormat(const Conf::IFormatCodec& format) override;
+    void Prepare() override;
+    void Reset() override;
+
+private:
+    /// A decoded picture and where it begins in the stream.
+    struct Picture {
+        FrameHandle frame;
+        std::int64_t time = 0;
+    };
+    struct SeekTarget {
+        std::int64_t time = 0;
+        Proc::SeekMode mode = Proc::SeekMode::Exact;
+    };
+
+    bool SupplyPacket(AVPacket& packet);
+    bool PassesKeyGate(const AVPacket& packet);
+    void ChooseSkipping(const AVPacket& packet);
+    std::optional<Picture> DecodeNext();
+    std::int64_t TimeOf(const AVFrame& frame);
+    void ReportFlaws(const AVFrame& frame, std::int64_t time);
+    void OnDamage(std::int64_t timestamp, const std::string& reason);
+    void ApplySeek();
+    bool IsShortlyAhead(std::int64_t time) const;
+    void SeekBack(const SeekTarget& target, bool skipUnreferenced);
+    bool LandBefore(std::int64_t time, std::int64_t distance);
+    void StartOver();
+    void ForgetPictures();
+    void WindTo(std::int64_t time);
+    boost::intrusive_ptr<Proc::IDataVideo> Emit();
+
+    const boost::intrusive_ptr<MediaSource> source;
+    const Proc::VideoTrackInfo track;
+    const std::int64_t duration;
+    std::atomic<bool> interrupted{false};
+    std::unique_ptr<Demuxer> demuxer;
+    std::unique_ptr<Decoder> decoder;
+    std::unique_ptr<PictureRotator> rotator;
+
+    std::optional<Picture> current; ///< what the next read returns
+    std::optional<Picture> next;    ///< its successor, which tells how long it lasts
+    std::optional<SeekTarget> pendingSeek;
+    std::int64_t position = 0;
+    std::int64_t lastDecoded = -1; ///< time of the last decoded picture; times have to rise
+    bool atStart = true;           ///< no picture has been decoded since the start
+    bool awaitsKey = false;        ///< after a seek, packets before the first keyframe cannot be decoded
+    bool winding = false;          ///< pictures are decoded only to be dropped
+    std::int64_t skipBefore = -1;  ///< unreferenced pictures before this time are not even decoded
+    std::int64_t skippedUpTo = -1; ///< the latest time among packets that were offered for skipping
+};
+
+} // namespace Kestra::FF
