@@ -1,0 +1,8 @@
+#include "Export/IStreamProcessingHelper.h"
+
+namespace Export {
+
+IStreamProcessingHelper::IStreamProcessingHelper() = default;
+IStreamProcessingHelper::~IStreamProcessingHelper() = default;
+
+} // namespace Export
