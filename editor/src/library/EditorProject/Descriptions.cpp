@@ -1,0 +1,94 @@
+#include "EditorProject/Descriptions.h"
+
+#include "Kestra/Conf/SampleInfo.h"
+#include <algorithm>
+#include <numeric>
+
+namespace Project {
+namespace {
+
+using namespace Kestra;
+using Rate = boost::rational<long long>;
+
+constexpr Conf::FrameInfo DEFAULT_FRAME{1920, 1080, 16, 9};
+constexpr int DEFAULT_SAMPLE_RATE = 48000;
+const Rate DEFAULT_RATE(25);
+/// A container that knows no rate may claim its time base for one; nothing is shot or shown faster than this.
+const Rate HIGHEST_RATE(1000);
+constexpr long long LARGEST_TERM = 0xFFFFFFFFLL;
+
+bool isRate(const Rate& rate) {
+    return rate > 0 && rate <= HIGHEST_RATE && rate.numerator() <= LARGEST_TERM && rate.denominator() <= LARGEST_TERM;
+}
+
+void setFrame(Media::Video& video, const Conf::FrameInfo& frame) {
+    video.width = frame.width;
+    video.height = frame.height;
+    video.aspectNumerator = frame.aspectNumerator;
+    video.aspectDenominator = frame.aspectDenominator;
+    if (frame.aspectNumerator && frame.aspectDenominator)
+        return;
+    const std::uint32_t common = std::max(1U, std::gcd(frame.width, frame.height)); // square pixels
+    video.aspectNumerator = frame.width / common;
+    video.aspectDenominator = frame.height / common;
+}
+
+void setRate(Media::Video& video, const Rate& rate) {
+    video.frameRateNumerator = static_cast<std::uint32_t>(rate.numerator());
+    video.frameRateDenominator = static_cast<std::uint32_t>(rate.denominator());
+}
+
+std::uint32_t layoutFor(int channels) {
+    switch (channels) {
+    case 1:
+        return Conf::CHANNEL_LAYOUT_MONO;
+    case 4:
+        return Conf::CHANNEL_LAYOUT_QUAD;
+    case 6:
+        return Conf::CHANNEL_LAYOUT_5POINT1;
+    case 8:
+        return Conf::CHANNEL_LAYOUT_7POINT1;
+    default:
+        return Conf::CHANNEL_LAYOUT_STEREO;
+    }
+}
+
+} // namespace
+
+Media::Video describeVideo(const Timeline& timeline) {
+    Media::Video video;
+    setFrame(video, DEFAULT_FRAME);
+    setRate(video, DEFAULT_RATE);
+    const auto& clips = timeline.clips();
+    const auto found =
+        std::find_if(clips.begin(), clips.end(), [](const Clip& clip) { return clip.info.video.has_value(); });
+    if (found == clips.end())
+        return video;
+    const Proc::VideoTrackInfo& track = *found->info.video;
+    if (track.frame.width && track.frame.height)
+        setFrame(video, track.frame);
+    if (isRate(track.frameRate))
+        setRate(video, track.frameRate);
+    return video;
+}
+
+Media::Audio describeAudio(const Timeline& timeline) {
+    Media::Audio audio;
+    audio.sampleRate = DEFAULT_SAMPLE_RATE;
+    audio.channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
+    audio.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
+    const auto& clips = timeline.clips();
+    const auto found =
+        std::find_if(clips.begin(), clips.end(), [](const Clip& clip) { return clip.info.audio.has_value(); });
+    if (found == clips.end())
+        return audio;
+    const Proc::AudioTrackInfo& track = *found->info.audio;
+    if (track.sampleRate > 0)
+        audio.sampleRate = track.sampleRate;
+    if (track.sampleFormat != Conf::SAMPLE_FORMAT_UNKNOWN)
+        audio.sampleFormat = track.sampleFormat;
+    audio.channelLayout = track.channelLayout ? track.channelLayout : layoutFor(track.channels);
+    return audio;
+}
+
+} // namespace Project

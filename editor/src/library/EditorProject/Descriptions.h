@@ -1,0 +1,15 @@
+// The descriptions that a timeline gives its composition.
+#pragma once
+
+#include "EditorProject/Timeline.h"
+#include "Media/Audio.h"
+#include "Media/Video.h"
+
+namespace Project {
+
+/// Frame as shown and nominal rate of the first clip with a picture; 1920x1080 at 25 when there is none.
+Media::Video describeVideo(const Timeline& timeline);
+/// Rate, layout and format of the first clip with sound; 48000 Hz stereo when there is none.
+Media::Audio describeAudio(const Timeline& timeline);
+
+} // namespace Project

@@ -1,0 +1,75 @@
+// EditorProject: media files as a project of the editor, the model's owner side of an export.
+#pragma once
+
+#include "Composition/Object.h"
+#include "EditorProject/Clip.h"
+#include "EditorProject/StreamLengths.h"
+#include "EditorProjectExport.h"
+#include "KTime/KTime.h"
+#include "Media/Audio.h"
+#include "Media/Video.h"
+#include "Types/Range.h"
+#include <QObject>
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <vector>
+
+namespace Project {
+class Model;
+}
+
+/// Owns, in the sense of Message::View, the composition, the fast track and every export stream that is offered while
+/// it lives. For an offered stream it builds the engine stream over the following event-loop turns, then publishes
+/// `impl` and, last, `available`. What is to be rendered is the stream's source (the export description) over its
+/// range.
+///
+/// Lives on the thread of the model; the engine streams that it makes run wherever they are read and may outlive it.
+/// Destruction announces the removal of what it owned. Of two projects alive at once both would adopt an offered
+/// stream.
+class EDITORPROJECT_EXPORT EditorProject : public QObject {
+    Q_OBJECT
+public:
+    explicit EditorProject(QObject* parent = nullptr);
+    ~EditorProject() override;
+
+    /// Puts the files on the timeline, one after the other, each for its whole length (a still picture for 5 s);
+    /// whatever was there before is replaced. Reads each file's description, which blocks; no file stays open. Throws
+    /// Kestra::Proc::ProcException that names the file and the reason (also for an empty list), and then nothing has
+    /// changed. Streams built earlier keep what they show.
+    void open(const std::vector<Kestra::ioPath>& media);
+
+    /// Never null; the same object all the time. It has no video and no audio description before open(), and both
+    /// after.
+    Composition::Object* composition();
+    /// The composition's own description: of the first clip with a picture (1920x1080 at 25 without one), of the first
+    /// clip with sound (48000 Hz stereo without one).
+    const Media::Video& video() const;
+    const Media::Audio& audio() const;
+
+    /// To the nearest millisecond, and exactly in engine time.
+    KTime duration() const;
+    std::int64_t exactDuration() const;
+    std::vector<Project::Clip> clips() const;
+    /// Each file once.
+    std::vector<Kestra::ioPath> sourcePaths() const;
+
+    /// How long the streams are that get built for these export descriptions, null for a medium that is not exported.
+    /// An empty or inverted range is the whole composition; an end at or after duration() is its exact end.
+    /// Throws ProcException (InvalidArgument) for a range that lies outside, as building does.
+    Project::StreamLengths expectedLengths(const Types::Range& streamRange, const Media::Video* video,
+                                           const Media::Audio* audio) const;
+
+    /// Damage that decoding concealed since the last call. May be called while streams are read.
+    std::vector<Kestra::Proc::DamageReport> takeDamageReports();
+
+    /// Why the last stream that failed could not be built; null when none failed.
+    std::exception_ptr streamError() const;
+
+Q_SIGNALS:
+    /// An adopted stream cannot be built and will not become available. Comes from the event loop.
+    void streamFailed(std::exception_ptr error);
+
+private:
+    std::unique_ptr<Project::Model> model;
+};

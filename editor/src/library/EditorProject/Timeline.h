@@ -1,0 +1,32 @@
+// Project::Timeline: clips one after the other.
+#pragma once
+
+#include "EditorProject/Clip.h"
+#include <memory>
+#include <vector>
+
+namespace Project {
+
+/// Never changes once it is open, so engine streams share it across threads.
+class Timeline {
+public:
+    /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException.
+    static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media);
+
+    const std::vector<Clip>& clips() const { return allClips; }
+    /// The opened medium behind the clip of that index.
+    Kestra::Proc::IMediaSource& source(std::size_t clip) const { return *sourceOfClip[clip]; }
+    /// Each medium once, in the order of first use.
+    const std::vector<boost::intrusive_ptr<Kestra::Proc::IMediaSource>>& sources() const { return allSources; }
+    /// Engine time.
+    std::int64_t duration() const { return allClips.empty() ? 0 : allClips.back().start + allClips.back().duration; }
+
+private:
+    void append(const boost::intrusive_ptr<Kestra::Proc::IMediaSource>& media);
+
+    std::vector<Clip> allClips;
+    std::vector<boost::intrusive_ptr<Kestra::Proc::IMediaSource>> sourceOfClip;
+    std::vector<boost::intrusive_ptr<Kestra::Proc::IMediaSource>> allSources;
+};
+
+} // namespace Project
