@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Kestra/Proc/ProcessingError.h"
+#include <string>
+
+namespace Export {
+
+/// "name(number) - description" of a failure, UTF-8, for the log.
+std::string errorText(const Kestra::Proc::ProcessingError& error);
+
+} // namespace Export
