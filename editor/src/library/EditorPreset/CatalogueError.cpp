@@ -1,0 +1,26 @@
+#include "EditorPreset/CatalogueError.h"
+
+namespace EditorPreset {
+
+JsonPlace JsonPlace::at(const std::string& key) const {
+    std::string escaped;
+    for (const char letter : key) {
+        if (letter == '~')
+            escaped += "~0";
+        else if (letter == '/')
+            escaped += "~1";
+        else
+            escaped += letter;
+    }
+    return {file, pointer + "/" + escaped};
+}
+
+JsonPlace JsonPlace::at(std::size_t index) const {
+    return {file, pointer + "/" + std::to_string(index)};
+}
+
+void JsonPlace::refuse(const std::string& reason) const {
+    KESTRA_THROW(CatalogueError(file + ": " + (pointer.empty() ? std::string() : pointer + ": ") + reason));
+}
+
+} // namespace EditorPreset

@@ -1,0 +1,45 @@
+#include "EditorPreset/TreeAccess.h"
+
+namespace EditorPreset {
+
+using Kestra::Core::Property;
+
+const Property* findNode(const Property& tree, const char* tag) {
+    return tree.ChildExists(tag) ? &tree[tag] : nullptr;
+}
+
+const Property* findNode(const Property& tree, const char* section, const char* tag) {
+    const Property* const found = findNode(tree, section);
+    return found == nullptr ? nullptr : findNode(*found, tag);
+}
+
+std::string readString(const Property& tree, const char* tag) {
+    const Property* const node = findNode(tree, tag);
+    return node == nullptr ? std::string() : node->GetString();
+}
+
+std::string readString(const Property& tree, const char* section, const char* tag) {
+    const Property* const node = findNode(tree, section, tag);
+    return node == nullptr ? std::string() : node->GetString();
+}
+
+bool readFlag(const Property& tree, const char* section, const char* tag) {
+    const Property* const node = findNode(tree, section, tag);
+    return node != nullptr && node->GetBool();
+}
+
+std::int64_t readNumber(const Property& tree, const char* section, const char* tag, std::int64_t neutral) {
+    const Property* const node = findNode(tree, section, tag);
+    return node == nullptr ? neutral : node->GetInt64();
+}
+
+void writeNumber(Property& tree, const char* section, const char* tag, std::int64_t number) {
+    if (!tree.ChildExists(section))
+        return;
+    if (number == 0)
+        tree[section].RemoveChild(tag);
+    else
+        tree[section].SetChild(tag, number);
+}
+
+} // namespace EditorPreset
