@@ -81,6 +81,7 @@ private:
     class Observer;
     class Owner;
     class Enumerator;
+    class Departures;
     using Watch = Details::Lifeline::Watch;
 
     void doAdd(T* object, bool own);

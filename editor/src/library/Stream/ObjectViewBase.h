@@ -12,8 +12,8 @@ class ObjectViewBase : protected Message::View<O> {
     using Base = Message::View<O>;
 
 public:
-    ObjectViewBase() = default;
-    ObjectViewBase(const ObjectViewBase&) = default;
+    ObjectViewBase();
+    ObjectViewBase(const ObjectViewBase& other);
     ~ObjectViewBase() override;
 
 protected:
@@ -45,6 +45,11 @@ private:
     void removed(const O* object) override { streamRemoved(object); }
 };
 
+// Here and not in the class, so that the exported instantiations have them.
+template <class O>
+ObjectViewBase<O>::ObjectViewBase() = default;
+template <class O>
+ObjectViewBase<O>::ObjectViewBase(const ObjectViewBase& other) = default;
 template <class O>
 ObjectViewBase<O>::~ObjectViewBase() = default;
 template <class O>

@@ -13,8 +13,8 @@ class View : protected ObjectViewBase<Object<M, I>> {
     using O = Object<M, I>;
 
 public:
-    View() = default;
-    View(const View&) = default;
+    View();
+    View(const View& other);
     ~View() override;
 
 protected:
@@ -30,6 +30,10 @@ protected:
     virtual void isAvailable(const O* object, bool available);
 };
 
+template <class M, class I>
+View<M, I>::View() = default;
+template <class M, class I>
+View<M, I>::View(const View& other) = default;
 template <class M, class I>
 View<M, I>::~View() = default;
 

@@ -1,0 +1,122 @@
+#include "unit/message/ViewFixture.h"
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using Owning = ViewFixture;
+
+TEST_F(Owning, AppearsBeforeItIsAnnounced) {
+    owner->own(first)->number = 5;
+    EXPECT_THAT(log,
+                ElementsAre("owner added #0=5", "owner changed3 #0=5 0 #0=5", "owner changed1 #0=5", "Added #0=5"));
+    EXPECT_TRUE(owner->isOwned(first));
+    EXPECT_TRUE(owner->isObserved(first));
+    EXPECT_EQ(owner->ownedPtr(first), first);
+}
+
+TEST_F(Owning, HearsRequestsOnlyAfterItsOwnHooks) {
+    Item elsewhere(9);
+    owner->actions["added"] = [&] { observer->change(first)->number = 9; };
+    owner->own(first)->number = 5;
+    EXPECT_EQ(first->number, 5);
+    owner->actions.clear();
+    observer->change(first)->number = 9;
+    EXPECT_EQ(first->number, 9);
+}
+
+TEST_F(Owning, ChangesInPlaceAndThenTells) {
+    owner->own(first)->number = 5;
+    log.clear();
+    owner->change(first)->number = 6;
+    EXPECT_THAT(log, ElementsAre("owner changed3 #0=6 5 #0=6", "owner changed2 #0=6 5", "owner changed1 #0=6",
+                                 "Changed #0=6 5"));
+    EXPECT_EQ(first->number, 6);
+}
+
+TEST_F(Owning, LeavesTheChainsWorkingValueEmpty) {
+    owner->own(first);
+    int left = -1;
+    {
+        auto chain = owner->change(first);
+        chain->number = 6;
+        owner->actions["changed3"] = [&] { left = chain.value.number; };
+    }
+    EXPECT_EQ(left, 0);
+}
+
+TEST_F(Owning, TellsOfARemovalBeforeItsOwnHooks) {
+    ownAndObserve(first);
+    first->number = 5;
+    owner->remove(first);
+    EXPECT_THAT(log,
+                ElementsAre("observer changed3 #0=5 #0=5 0", "observer changed1 #0=5", "observer removed #0=5",
+                            "Removed #0=5", "owner changed3 #0=5 #0=5 0", "owner changed1 #0=5", "owner removed #0=5"));
+    EXPECT_FALSE(owner->isObserved(first));
+    EXPECT_FALSE(observer->isObserved(first));
+}
+
+TEST_F(Owning, ErasesTheEntryLastButHearsNoRequestsInItsHooks) {
+    ownAndObserve(first);
+    bool stillThere = false;
+    owner->actions["removed"] = [&] {
+        stillThere = owner->isOwned(first);
+        other->change(first)->number = 7;
+    };
+    owner->remove(first);
+    EXPECT_TRUE(stillThere);
+    EXPECT_EQ(first->number, 0);
+}
+
+TEST_F(Owning, HearsNoRequestsAfterARemoval) {
+    ownAndObserve(first);
+    owner->remove(first);
+    log.clear();
+    observer->change(first)->number = 7;
+    observer->remove(first);
+    EXPECT_THAT(log, ElementsAre("Change #0=0 7", "Remove #0=0"));
+}
+
+TEST_F(Owning, OfAnObjectEndsSilentlyWhenItIsForgotten) {
+    ownAndObserve(first);
+    owner->forget(first);
+    EXPECT_THAT(log, ElementsAre("owner changed3 #0=0 #0=0 0", "owner changed1 #0=0", "owner removed #0=0"));
+    EXPECT_FALSE(owner->isObserved(first));
+    log.clear();
+    observer->change(first)->number = 7;
+    observer->remove(first);
+    EXPECT_EQ(first->number, 0);
+    EXPECT_THAT(log, ElementsAre("Change #0=0 7", "Remove #0=0"));
+}
+
+TEST_F(Owning, EndsSilentlyWhenTheObjectIsObservedInstead) {
+    ownAndObserve(first);
+    owner->observe(first);
+    EXPECT_FALSE(owner->isOwned(first));
+    EXPECT_TRUE(owner->isObserved(first));
+    EXPECT_THAT(log, ElementsAre("owner added #0=0", "owner changed3 #0=0 0 #0=0", "owner changed1 #0=0"));
+    log.clear();
+    observer->change(first)->number = 7; // reaches the former owner, who may not act on it any more
+    EXPECT_THAT(log, ElementsAre("Change #0=0 7"));
+}
+
+TEST_F(Owning, IsNotAnnouncedAsEndedByTheViewsDestruction) {
+    ownAndObserve(first);
+    owner.reset();
+    EXPECT_THAT(log, IsEmpty());
+    EXPECT_TRUE(observer->isObserved(first));
+    observer->change(first)->number = 7;
+    EXPECT_EQ(first->number, 0);
+}
+
+TEST_F(Owning, IsLostToAnotherOwnersAnnouncement) {
+    owner->own(first);
+    owner->observeNew(true);
+    other->own(first);
+    EXPECT_FALSE(owner->isOwned(first));
+    EXPECT_TRUE(owner->isObserved(first));
+    EXPECT_TRUE(other->isOwned(first));
+}
+
+} // namespace

@@ -1,0 +1,158 @@
+#include "unit/message/ViewFixture.h"
+
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+using Reentrancy = ViewFixture;
+
+TEST_F(Reentrancy, AHookMayForgetTheObjectThatChanged) {
+    ownAndObserve(first);
+    other->observe(first);
+    log.clear();
+    observer->actions["changed2"] = [&] { observer->forget(first); };
+    owner->change(first)->number = 1;
+    EXPECT_FALSE(observer->isObserved(first));
+    EXPECT_THAT(log, Contains("other changed1 #0=1"));
+}
+
+TEST_F(Reentrancy, AHookMayMakeAnotherViewForget) {
+    ownAndObserve(first);
+    other->observe(first);
+    log.clear();
+    observer->actions["changed3"] = [&] { other->forget(first); };
+    owner->change(first)->number = 1;
+    EXPECT_THAT(log, Not(Contains("other changed3 #0=1 0 #0=1")));
+}
+
+TEST_F(Reentrancy, AHookMayDestroyAnotherView) {
+    ownAndObserve(first);
+    other->observe(first);
+    log.clear();
+    observer->actions["changed3"] = [&] { other.reset(); };
+    owner->change(first)->number = 1;
+    EXPECT_THAT(log, ElementsAre("owner changed3 #0=1 0 #0=1", "owner changed2 #0=1 0", "owner changed1 #0=1",
+                                 "observer changed3 #0=1 0 #0=1", "observer changed2 #0=1 0", "observer changed1 #0=1",
+                                 "Changed #0=1 0"));
+}
+
+TEST_F(Reentrancy, EveryHookMayDestroyItsOwnView) {
+    for (const char* hook : {"added", "changed3", "changed1"}) {
+        owner = make("owner");
+        observer = make("observer");
+        observer->observeNew(true);
+        observer->actions[hook] = [&] { observer.reset(); };
+        owner->own(first);
+        EXPECT_EQ(observer, nullptr) << hook;
+        EXPECT_TRUE(owner->isOwned(first));
+    }
+    for (const char* hook : {"changed3", "changed2", "changed1"}) {
+        owner = make("owner");
+        observer = make("observer");
+        ownAndObserve(first);
+        observer->actions[hook] = [&] { observer.reset(); };
+        owner->change(first)->number = 1;
+        EXPECT_EQ(observer, nullptr) << hook;
+    }
+    for (const char* hook : {"changed3", "changed1", "removed"}) {
+        owner = make("owner");
+        observer = make("observer");
+        ownAndObserve(first);
+        observer->actions[hook] = [&] { observer.reset(); };
+        owner->remove(first);
+        EXPECT_EQ(observer, nullptr) << hook;
+        EXPECT_THAT(owner->objects(), IsEmpty());
+    }
+}
+
+TEST_F(Reentrancy, AnOwnersHookMayDestroyTheOwnerAndNothingMoreIsTold) {
+    ownAndObserve(first);
+    owner->actions["changed2"] = [&] { owner.reset(); };
+    observer->change(first)->number = 1;
+    EXPECT_THAT(log, ElementsAre("owner changed3 #0=1 0 #0=1", "owner changed2 #0=1 0", "Change #0=1 1"));
+}
+
+TEST_F(Reentrancy, AnObserversHookMayDestroyTheOwnerThatRemoves) {
+    for (const bool byRequest : {false, true}) {
+        owner = make("owner");
+        observer = make("observer");
+        ownAndObserve(first);
+        observer->actions["removed"] = [&] { owner.reset(); };
+        (byRequest ? *observer : *owner).remove(first);
+        EXPECT_EQ(owner, nullptr);
+        EXPECT_FALSE(observer->isObserved(first));
+    }
+}
+
+TEST_F(Reentrancy, AHookMayRemoveTheObjectThatChanged) {
+    ownAndObserve(first);
+    other->observe(first);
+    observer->actions["changed2"] = [&] { observer->remove(first); };
+    owner->change(first)->number = 1;
+    for (const auto* view : {owner.get(), observer.get(), other.get()})
+        EXPECT_THAT(view->objects(), IsEmpty());
+}
+
+TEST_F(Reentrancy, AHookMayChangeTheObjectAgain) {
+    ownAndObserve(first);
+    observer->actions["changed2"] = [&] {
+        if (first->number == 1)
+            observer->change(first)->number = 2;
+    };
+    owner->change(first)->number = 1;
+    EXPECT_EQ(first->number, 2);
+    EXPECT_THAT(log, Contains("observer changed2 #0=2 1"));
+}
+
+TEST_F(Reentrancy, AHookMayOwnAnotherObject) {
+    observer->observeNew(true);
+    owner->actions["changed1"] = [&] {
+        if (!owner->isObserved(second))
+            owner->own(second);
+    };
+    owner->own(first);
+    EXPECT_THAT(observer->objects(), ElementsAre(first, second));
+}
+
+TEST_F(Reentrancy, AnEnumerationSkipsWhatIsRemovedDuringIt) {
+    class Remover : public PubSub::Subscriber<Message::Types::Enumerated<Item>> {
+    public:
+        explicit Remover(std::function<void()> reaction)
+            : act(std::move(reaction)) {
+            subscribeAll(typeid(Item));
+        }
+        void notify(const Message::Types::Enumerated<Item>&) override { act(); }
+        std::function<void()> act;
+    } remover([&] {
+        if (owner->isOwned(second))
+            owner->remove(second);
+    });
+    owner->own(first);
+    owner->own(second);
+    EXPECT_THAT(observer->enumerateAll(), ElementsAre(first));
+}
+
+TEST_F(Reentrancy, AHookMayDestroyAViewThatObservesAll) {
+    owner->own(first);
+    owner->own(second);
+    observer->actions["changed1"] = [&] { observer.reset(); };
+    observer->observeAll();
+    EXPECT_EQ(observer, nullptr);
+    EXPECT_THAT(log, Not(Contains("observer added #1=0")));
+}
+
+TEST_F(Reentrancy, WhatAHookRemovesIsNotObservedByTheRestOfObservingAll) {
+    owner->own(first);
+    owner->own(second);
+    observer->actions["added"] = [&] {
+        if (owner->isOwned(second))
+            owner->remove(second);
+    };
+    observer->observeAll();
+    EXPECT_THAT(observer->objects(), ElementsAre(first));
+}
+
+} // namespace
