@@ -123,7 +123,9 @@ std::int64_t GetMinBitrate(const Core::Property& audioDescription) {
 }
 
 std::int64_t GetMaxBitrate(const Core::Property& audioDescription) {
-    return AudioBitrate(audioDescription, &AudioModel::highestPerChannel);
+    const std::int64_t highest = AudioBitrate(audioDescription, &AudioModel::highestPerChannel);
+    const std::int64_t decided = ReadOpen(audioDescription, Conf::IFormatCodec::TAG_BITRATE);
+    return decided > 0 ? std::clamp(decided, GetMinBitrate(audioDescription), highest) : highest;
 }
 
 std::int64_t GetMinVideoBitrate(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) {
