@@ -104,7 +104,7 @@ bool AudioDecodeStream::SupplyPacket(AVPacket& packet) {
     if (demuxer->Read(packet))
         return true;
     if (!demuxer->GetTrouble().empty())
-        source->Report(SamplesToTime(flow, track.sampleRate), "Reading ended early: " + demuxer->GetTrouble());
+        source->Report(SamplesToTime(flow, track.sampleRate), "Reading ended early: " + demuxer->GetTrouble(), true);
     return false;
 }
 

@@ -362,7 +362,8 @@ void MediaProbe::ReportShortage() {
     if (claim > info.duration + SHORTAGE && !(info.video && info.video->stillPicture))
         details.damage.push_back({path, info.duration,
                                   "The file ends at " + Seconds(info.duration) + ", but its header claims " +
-                                      Seconds(claim) + ": it is incomplete"});
+                                      Seconds(claim) + ": it is incomplete",
+                                  true});
 }
 
 } // namespace Kestra::FF

@@ -42,13 +42,13 @@ std::vector<Proc::DamageReport> MediaSource::TakeDamageReports() {
     return std::exchange(reports, {});
 }
 
-void MediaSource::Report(std::int64_t time, const std::string& what) {
+void MediaSource::Report(std::int64_t time, const std::string& what, bool incomplete) {
     const std::lock_guard<std::mutex> lock(mutex);
     if (reports.size() >= MAX_REPORTS)
         return;
     if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
         return;
-    reports.push_back({path, time, what});
+    reports.push_back({path, time, what, incomplete});
 }
 
 } // namespace Kestra::FF

@@ -20,7 +20,7 @@ public:
 
     const TrackDetails& GetDetails() const { return details; }
     /// Thread-safe. Repetitions of the last report within a tenth of a second are dropped.
-    void Report(std::int64_t time, const std::string& what);
+    void Report(std::int64_t time, const std::string& what, bool incomplete = false);
 
 private:
     ioPath path;

@@ -125,7 +125,8 @@ bool VideoDecodeStream::SupplyPacket(AVPacket& packet) {
     do {
         if (!demuxer->Read(packet)) {
             if (!demuxer->GetTrouble().empty())
-                source->Report(std::max<std::int64_t>(lastDecoded, 0), "Reading ended early: " + demuxer->GetTrouble());
+                source->Report(std::max<std::int64_t>(lastDecoded, 0), "Reading ended early: " + demuxer->GetTrouble(),
+                               true);
             return false;
         }
     } while (!PassesKeyGate(packet));

@@ -56,6 +56,8 @@ struct DamageReport {
     ioPath path;
     std::int64_t time = 0; ///< engine time in the media
     std::string what;
+    /// What the media claims to hold beyond this time is missing: nothing was concealed there, there is nothing.
+    bool incomplete = false;
 };
 
 /// Thread-safe but for the streams, which keep IStream's rules. Streams open files of their own, are independent of each
