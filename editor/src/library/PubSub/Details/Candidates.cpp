@@ -1,42 +1,32 @@
 #include "PubSub/Details/Candidates.h"
 
-#include "PubSub/Details/Dispatcher.h"
+#include "PubSub/Details/Channel.h"
 #include "PubSub/Details/SubscriberBase.h"
 
 namespace PubSub::Details {
 
-Candidates::Candidates(Dispatcher& bus, const Channel& channel, const Object* messageObject,
-                       const std::type_index& messageObjectType)
+Candidates::Candidates(Traffic& bus, const Channel& channel, const Object* messageObject,
+                       const std::type_index& messageObjectType, const Link* ringOfObject)
     : object(messageObject)
     , objectType(messageObjectType)
     , departures(bus.departures)
-    , dispatcher(bus)
+    , traffic(bus)
     , outer(bus.innermost) {
-    if (object)
-        bus.gatherFromObject(*this, channel);
-    bus.gatherFromType(*this, channel);
+    if (ringOfObject)
+        for (const Link* link = ringOfObject->next; link != ringOfObject; link = link->next)
+            if (link->subscriber->isRegistered())
+                if (void* handler = link->subscriber->handlerOf(channel))
+                    entries.push_back({link->subscriber, handler});
+    if (const Link* ring = channel.find(objectType))
+        for (const Link* link = ring->next; link != ring; link = link->next)
+            if (link->subscriber->isRegistered() && !(object && link->subscriber->isSubscribed(object)))
+                entries.push_back({link->subscriber, link->handler});
     bus.innermost = this;
 }
 
-Candidates::~Candidates() {
-    dispatcher.innermost = outer;
-}
-
-bool Candidates::next() {
-    while (position < entries.size()) {
-        current = entries[position++];
-        if (current.subscriber && stillWanted(current))
-            return true;
-    }
-    current = {};
-    return false;
-}
-
-bool Candidates::stillWanted(const Entry& entry) const {
-    if (departures == dispatcher.departures)
-        return true;
-    return entry.subscriber->isRegistered() &&
-           (entry.subscriber->isSubscribed(objectType) || (object && entry.subscriber->isSubscribed(object)));
+bool Candidates::stillWanted(const SubscriberBase* subscriber) const {
+    return subscriber->isRegistered() &&
+           (subscriber->isSubscribed(objectType) || (object && subscriber->isSubscribed(object)));
 }
 
 void Candidates::forget(const SubscriberBase* gone) {

@@ -36,7 +36,6 @@ public:
     Channel* channel(const std::type_index& messageType);
 
 private:
-    friend class Candidates;
     friend class SubscriberBase;
 
     struct Remembered {
@@ -46,8 +45,8 @@ private:
 
     Dispatcher();
     ~Dispatcher();
-    void gatherFromObject(Candidates& candidates, const Channel& channel) const;
-    void gatherFromType(Candidates& candidates, const Channel& channel) const;
+    // Not exported, so that calls within the library are direct: every message passes here.
+    EDITORMODEL_NO_EXPORT Channel* find(const std::type_index& messageType);
     void joinTopic(const Object* object, Link& link);
     void leaveTopic(const Object* object, Link& link);
     void subscriberGone(const SubscriberBase* subscriber);
@@ -55,8 +54,7 @@ private:
     std::unordered_map<std::type_index, std::unique_ptr<Channel>> channels;
     std::array<Remembered, 64> lately; ///< saves hashing the type's whole name for every message
     std::unordered_map<const Object*, Link> topics;
-    Candidates* innermost = nullptr;
-    std::uint64_t departures = 0;
+    Traffic traffic;
 };
 
 } // namespace PubSub::Details

@@ -48,7 +48,7 @@ void SubscriberBase::subscribeAll(const std::type_index& objectType) {
 
 void SubscriberBase::unsubscribeAll(const std::type_index& objectType) {
     if (types.erase(objectType) != 0)
-        ++Dispatcher::instance().departures;
+        ++Dispatcher::instance().traffic.departures;
 }
 
 bool SubscriberBase::isSubscribed(const std::type_index& objectType) const {
@@ -61,14 +61,7 @@ void SubscriberBase::registerSelf() {
 
 void SubscriberBase::unregisterSelf() {
     registered = false;
-    ++Dispatcher::instance().departures;
-}
-
-void* SubscriberBase::handlerOf(const Channel& channel) const {
-    for (const Handled& entry : handled)
-        if (entry.channel == &channel)
-            return entry.handler;
-    return nullptr;
+    ++Dispatcher::instance().traffic.departures;
 }
 
 } // namespace PubSub::Details

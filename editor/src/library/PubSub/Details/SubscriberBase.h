@@ -49,9 +49,14 @@ protected:
     explicit SubscriberBase(std::initializer_list<Handled> handledMessages);
 
 private:
-    friend class Dispatcher;
+    friend class Candidates;
 
-    void* handlerOf(const Channel& channel) const;
+    void* handlerOf(const Channel& channel) const {
+        for (const Handled& entry : handled)
+            if (entry.channel == &channel)
+                return entry.handler;
+        return nullptr;
+    }
 
     std::vector<Handled> handled;
     std::unordered_map<const Object*, Link> objects;
