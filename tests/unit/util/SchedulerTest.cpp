@@ -1,0 +1,193 @@
+#include "Kestra/Util/Scheduler.h"
+#include "support/WaitUntil.h"
+#include <QElapsedTimer>
+#include <QThread>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+using TestSupport::turnEventLoop;
+using TestSupport::waitUntil;
+
+namespace {
+
+class Target {
+public:
+    using Scheduler = Kestra::Util::Scheduler<Target>;
+
+    explicit Target(std::int32_t state = Scheduler::ARMED, std::int32_t interval = 0)
+        : scheduler(std::make_unique<Scheduler>(this, &Target::called, state, interval)) {}
+
+    void called() {
+        ++calls;
+        thread = QThread::currentThread();
+        if (duringCall)
+            duringCall();
+    }
+
+    int calls = 0;
+    QThread* thread = nullptr;
+    std::function<void()> duringCall;
+    std::unique_ptr<Scheduler> scheduler;
+};
+
+/// Catches what a timer event lets out, where the event loop itself could not.
+class TimerCatcher : public QObject {
+public:
+    TimerCatcher() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() != QEvent::Timer)
+            return false;
+        try {
+            receiver->event(event);
+        } catch (...) {
+            caught = std::current_exception();
+        }
+        return true;
+    }
+
+    std::exception_ptr caught;
+};
+
+} // namespace
+
+TEST(Scheduler, MakesOneCallOfManyRequests) {
+    Target target;
+    for (int request = 0; request < 10; ++request)
+        target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls > 0; }));
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 1);
+}
+
+TEST(Scheduler, CallsNothingUnasked) {
+    Target target;
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, CallsTwoEventLoopPassesAfterTheRequest) {
+    Target target;
+    target.scheduler->schedule();
+    EXPECT_EQ(target.calls, 0) << "the request itself calls nothing";
+    QCoreApplication::sendPostedEvents(target.scheduler.get());
+    EXPECT_EQ(target.calls, 0) << "the posted event only starts the timer";
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 1; }));
+}
+
+TEST(Scheduler, TakesRequestsBetweenEventAndTimerAsTheSame) {
+    Target target;
+    target.scheduler->schedule();
+    QCoreApplication::sendPostedEvents(target.scheduler.get());
+    target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls > 0; }));
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 1);
+}
+
+TEST(Scheduler, StaysArmedAfterACall) {
+    Target target;
+    for (int round = 1; round <= 3; ++round) {
+        target.scheduler->schedule();
+        EXPECT_TRUE(waitUntil([&] { return target.calls == round; }));
+    }
+}
+
+TEST(Scheduler, AcceptsARequestMadeDuringTheCall) {
+    Target target;
+    target.duringCall = [&] {
+        if (target.calls == 1)
+            target.scheduler->schedule();
+    };
+    target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 2; }));
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 2);
+}
+
+TEST(Scheduler, IgnoresRequestsWhileDisarmed) {
+    Target target(0);
+    target.scheduler->schedule();
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, DropsAPendingMarkWithoutBeingArmed) {
+    Target target(Target::Scheduler::PENDING);
+    QCoreApplication::postEvent(target.scheduler.get(), new QEvent(QEvent::User));
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, IgnoresAnEventThatNobodyScheduled) {
+    Target target;
+    QCoreApplication::postEvent(target.scheduler.get(), new QEvent(QEvent::User));
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, WaitsForItsInterval) {
+    constexpr int INTERVAL = 100;
+    Target target(Target::Scheduler::ARMED, INTERVAL);
+    QElapsedTimer clock;
+    clock.start();
+    target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 1; }));
+    // A coarse timer may be early by a twentieth.
+    EXPECT_GE(clock.elapsed(), INTERVAL * 19 / 20 - 1);
+}
+
+TEST(Scheduler, CallsOnItsOwnThreadWhoeverAsks) {
+    Target target;
+    std::thread asking([&] {
+        for (int request = 0; request < 100; ++request)
+            target.scheduler->schedule();
+    });
+    asking.join();
+    EXPECT_TRUE(waitUntil([&] { return target.calls > 0; }));
+    EXPECT_EQ(target.thread, QThread::currentThread());
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 1);
+}
+
+TEST(Scheduler, DestroyedWithAPostedEventCallsNothing) {
+    Target target;
+    target.scheduler->schedule();
+    target.scheduler.reset();
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, DestroyedWithARunningTimerCallsNothing) {
+    Target target;
+    target.scheduler->schedule();
+    QCoreApplication::sendPostedEvents(target.scheduler.get());
+    target.scheduler.reset();
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 0);
+}
+
+TEST(Scheduler, MayBeDestroyedByTheCall) {
+    Target target;
+    target.duringCall = [&] { target.scheduler.reset(); };
+    target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 1; }));
+    turnEventLoop();
+}
+
+TEST(Scheduler, LetsTheCallsExceptionOutAndWorksAgain) {
+    TimerCatcher catcher;
+    Target target;
+    target.duringCall = [&] {
+        if (target.calls == 1)
+            throw std::runtime_error("from the call");
+    };
+    target.scheduler->schedule();
+    ASSERT_TRUE(waitUntil([&] { return catcher.caught != nullptr; }));
+    EXPECT_THROW(std::rethrow_exception(catcher.caught), std::runtime_error);
+    target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 2; }));
+}

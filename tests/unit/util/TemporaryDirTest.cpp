@@ -1,0 +1,85 @@
+#include "Kestra/Util/TemporaryDir.h"
+#include "Kestra/Base/Exception.h"
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <gtest/gtest.h>
+#include <memory>
+
+using Kestra::Util::TemporaryDir;
+
+namespace {
+
+/// Sends the system's temporary directory elsewhere for the time of a test.
+class TemporaryPlace {
+public:
+    explicit TemporaryPlace(const QByteArray& place)
+        : before(qgetenv("TMPDIR"))
+        , wasSet(qEnvironmentVariableIsSet("TMPDIR")) {
+        qputenv("TMPDIR", place);
+    }
+    ~TemporaryPlace() {
+        if (wasSet)
+            qputenv("TMPDIR", before);
+        else
+            qunsetenv("TMPDIR");
+    }
+
+private:
+    QByteArray before;
+    bool wasSet;
+};
+
+void makeFile(const QString& path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("content");
+}
+
+} // namespace
+
+TEST(TemporaryDir, StandsUnderTheSystemsTemporaryDirectory) {
+    const TemporaryDir directory;
+    const QFileInfo info(directory.path());
+    EXPECT_TRUE(info.isDir());
+    EXPECT_TRUE(info.isAbsolute());
+    EXPECT_EQ(info.dir().canonicalPath(), QDir(QDir::tempPath()).canonicalPath());
+}
+
+TEST(TemporaryDir, IsOpenToItsUserAlone) {
+    const TemporaryDir directory;
+    const auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+                        QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+    EXPECT_EQ(QFileInfo(directory.path()).permissions() & others, QFileDevice::Permissions());
+}
+
+TEST(TemporaryDir, IsAnotherForEachObject) {
+    const TemporaryDir first;
+    const TemporaryDir second;
+    EXPECT_NE(first.path(), second.path());
+}
+
+TEST(TemporaryDir, GoesWithItsContent) {
+    auto directory = std::make_unique<TemporaryDir>();
+    const QString path = directory->path();
+    ASSERT_TRUE(QDir(path).mkpath(QStringLiteral("below/deeper")));
+    makeFile(path + QStringLiteral("/file"));
+    makeFile(path + QStringLiteral("/below/deeper/file"));
+    directory.reset();
+    EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST(TemporaryDir, ThrowsWithPathAndReasonWhereItCannotBeMade) {
+    const TemporaryDir around;
+    const QString place = around.path() + QStringLiteral("/file");
+    makeFile(place);
+    const TemporaryPlace elsewhere(place.toUtf8());
+    try {
+        const TemporaryDir directory;
+        FAIL() << "made in what is no directory";
+    } catch (const Kestra::Exception& exception) {
+        const std::string what = exception.what();
+        EXPECT_NE(what.find(place.toStdString()), std::string::npos) << what;
+        EXPECT_NE(what.find("Not a directory"), std::string::npos) << what;
+    }
+}
