@@ -1,4 +1,5 @@
 #include "fakes/kestra/FakeProcessor.h"
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -25,14 +26,12 @@ public:
     }
 
     void SetReceiver(Proc::IProcessingEvents* newReceiver) {
-        const std::lock_guard<std::recursive_mutex> lock(deliveryMutex);
+        // Before the lock, so that no further event slips in while this thread waits for the one under way.
         receiver = newReceiver;
+        const std::lock_guard<std::recursive_mutex> lock(deliveryMutex);
     }
 
-    Proc::IProcessingEvents* GetReceiver() const {
-        const std::lock_guard<std::recursive_mutex> lock(deliveryMutex);
-        return receiver;
-    }
+    Proc::IProcessingEvents* GetReceiver() const { return receiver; }
 
     void End() {
         const std::lock_guard<std::mutex> lock(queueMutex);
@@ -66,8 +65,8 @@ private:
     // Held during the event, so that detaching waits for it; recursive, since an event may detach.
     void Deliver(const Event& event) {
         const std::lock_guard<std::recursive_mutex> lock(deliveryMutex);
-        if (receiver != nullptr) {
-            event(*receiver);
+        if (Proc::IProcessingEvents* current = receiver) {
+            event(*current);
         }
     }
 
@@ -76,8 +75,8 @@ private:
     std::deque<Event> events;
     bool ended = false;
 
-    mutable std::recursive_mutex deliveryMutex;
-    Proc::IProcessingEvents* receiver = nullptr;
+    std::recursive_mutex deliveryMutex;
+    std::atomic<Proc::IProcessingEvents*> receiver{nullptr};
 };
 
 FakeProcessor::FakeProcessor(std::shared_ptr<CallLog> callLog)

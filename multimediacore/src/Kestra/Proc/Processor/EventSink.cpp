@@ -3,30 +3,31 @@
 namespace Kestra::Proc {
 
 void EventSink::SetReceiver(IProcessingEvents* newReceiver) {
-    const std::lock_guard<std::recursive_mutex> lock(mutex);
+    // Before the lock, so that no further event slips in while this thread waits for the one under way.
     receiver = newReceiver;
+    const std::lock_guard<std::recursive_mutex> lock(mutex);
 }
 
 void EventSink::Started() {
     const std::lock_guard<std::recursive_mutex> lock(mutex);
-    if (receiver != nullptr) {
-        receiver->onStarted();
+    if (IProcessingEvents* current = receiver) {
+        current->onStarted();
     }
 }
 
 void EventSink::Progress(const ProgressReport& report) {
     const std::lock_guard<std::recursive_mutex> lock(mutex);
-    if (receiver != nullptr) {
-        receiver->onProgress(report.percent, report.position, report.duration, report.elapsedSeconds,
-                             report.remainingSeconds);
+    if (IProcessingEvents* current = receiver) {
+        current->onProgress(report.percent, report.position, report.duration, report.elapsedSeconds,
+                            report.remainingSeconds);
     }
 }
 
 void EventSink::Failed(const std::exception_ptr& error) noexcept {
     const std::lock_guard<std::recursive_mutex> lock(mutex);
     try {
-        if (receiver != nullptr) {
-            receiver->onError(error);
+        if (IProcessingEvents* current = receiver) {
+            current->onError(error);
         }
     } catch (...) {
         return;
@@ -36,8 +37,8 @@ void EventSink::Failed(const std::exception_ptr& error) noexcept {
 void EventSink::Finished() noexcept {
     const std::lock_guard<std::recursive_mutex> lock(mutex);
     try {
-        if (receiver != nullptr) {
-            receiver->onFinished();
+        if (IProcessingEvents* current = receiver) {
+            current->onFinished();
         }
     } catch (...) {
         return;

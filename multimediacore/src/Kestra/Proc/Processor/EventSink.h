@@ -3,6 +3,7 @@
 
 #include "Kestra/Proc/IProcessingEvents.h"
 #include "Kestra/Proc/Processor/ProgressReport.h"
+#include <atomic>
 #include <mutex>
 
 namespace Kestra::Proc {
@@ -22,7 +23,7 @@ public:
 
 private:
     std::recursive_mutex mutex;
-    IProcessingEvents* receiver = nullptr;
+    std::atomic<IProcessingEvents*> receiver{nullptr};
 };
 
 } // namespace Kestra::Proc

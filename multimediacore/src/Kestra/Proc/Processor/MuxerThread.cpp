@@ -211,7 +211,11 @@ void MuxerThread::Conclude() {
     }
 }
 
+// Once, however many ask for it: a second time could reach streams that the next run has reset already.
 void MuxerThread::InterruptEncoders() noexcept {
+    if (interrupted.exchange(true)) {
+        return;
+    }
     for (const auto& encoder : encoders) {
         encoder->Interrupt();
     }

@@ -5,6 +5,7 @@
 #include "Kestra/Proc/Processor/EncoderThread.h"
 #include "Kestra/Proc/Processor/EventSink.h"
 #include "Kestra/Proc/Processor/ProgressMeter.h"
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -59,6 +60,7 @@ private:
     EventSink events;
     /// Never changes after construction, so that any thread may interrupt.
     std::vector<std::unique_ptr<EncoderThread>> encoders;
+    std::atomic<bool> interrupted{false};
 
     // Used by the muxer's thread alone.
     std::vector<int> muxerIndices;

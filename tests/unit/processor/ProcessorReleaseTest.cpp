@@ -1,0 +1,152 @@
+#include "ProcessorFixture.h"
+#include <future>
+
+namespace Kestra::Proc {
+namespace {
+
+using ProcessorRelease = ProcessorFixture;
+using Events = CallLog::Calls;
+
+class ReleaseAtEvent : public ProcessorFixture, public testing::WithParamInterface<const char*> {
+protected:
+    void ReleaseInside(const char* event) {
+        const auto released = std::make_shared<Fakes::Gate>();
+        events.GetScript().At(event, [this, released, event] {
+            // The test's own thread must have left Start before the last reference may go.
+            released->Pass();
+            processor.reset();
+            log->Add(std::string("released in ") + event);
+        });
+        Launch();
+        ASSERT_TRUE(released->WaitUntilReached());
+        released->Open();
+        ASSERT_TRUE(log->WaitForCall(std::string("released in ") + event));
+    }
+};
+
+TEST_P(ReleaseAtEvent, IsTheLastEventAndLetsGoOfEverything) {
+    if (GetParam() == std::string("onError")) {
+        muxer->ThrowAt("Write 3", Failure("planned failure"));
+    }
+    ReleaseInside(GetParam());
+    ASSERT_TRUE(log->WaitForCall("~FakeEncoder", 2));
+    EXPECT_EQ(events.GetScript().GetLog()->Get().back(), GetParam());
+    const bool complete = GetParam() == std::string("onFinished");
+    EXPECT_EQ(log->Contains("Abort"), !complete);
+    EXPECT_EQ(log->Contains("muxer:Finish"), complete);
+}
+
+TEST_P(ReleaseAtEvent, HasJoinedTheEncodersAndClosedTheOutputWhenItReturns) {
+    if (GetParam() == std::string("onError")) {
+        muxer->ThrowAt("Write 3", Failure("planned failure"));
+    }
+    ReleaseInside(GetParam());
+    const Events calls = log->Get();
+    const auto released = std::find(calls.begin(), calls.end(), std::string("released in ") + GetParam());
+    for (auto call = released; call != calls.end(); ++call) {
+        EXPECT_EQ(call->find("video:"), std::string::npos) << *call;
+        EXPECT_EQ(call->find("muxer:"), std::string::npos) << *call;
+        EXPECT_NE(*call, "Abort");
+    }
+    ASSERT_TRUE(log->WaitForCall("~FakeEncoder", 2));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheRun, ReleaseAtEvent, testing::Values("onStarted", "onProgress", "onError", "onFinished"),
+                         [](const auto& testCase) { return std::string(testCase.param); });
+
+TEST_F(ProcessorRelease, BeforeTheLaunchDestroysTheEncoders) {
+    Make();
+    Release();
+    EXPECT_EQ(log->Get(), (Events{"~FakeEncoder", "~FakeEncoder"}));
+    processor.reset();
+    Make();
+    processor->Initialize();
+    Release();
+    EXPECT_EQ(log->Count("~FakeEncoder"), 4u);
+}
+
+TEST_F(ProcessorRelease, InterruptsABlockedReadAndJoinsEveryThread) {
+    const auto gate = video->BlockAt("ReadRaw 5");
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    ASSERT_TRUE(events.GetScript().GetLog()->WaitForCall("onStarted"));
+    Release();
+    EXPECT_EQ(log->Count("~FakeEncoder"), 2u);
+    EXPECT_TRUE(log->Contains("video:Interrupt"));
+    EXPECT_TRUE(log->Contains("Abort"));
+    EXPECT_EQ(events.GetMainEvents(), (Events{"onStarted"}));
+}
+
+TEST_F(ProcessorRelease, RightAfterTheStartReportsNothingMore) {
+    for (int i = 0; i < 50; ++i) {
+        Launch();
+        Release();
+        const Events soFar = events.GetScript().GetLog()->Get();
+        EXPECT_EQ(log->Count("~FakeEncoder"), static_cast<std::size_t>(2 * (i + 1)));
+        EXPECT_EQ(events.GetScript().GetLog()->Get(), soFar);
+    }
+}
+
+TEST_F(ProcessorRelease, WaitsForAnEventThatIsUnderWay) {
+    const auto gate = events.GetScript().BlockAt("onStarted");
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    auto released = std::async(std::launch::async, [this] { Release(); });
+    EXPECT_EQ(released.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    gate->Open();
+    released.get();
+    EXPECT_EQ(events.GetMainEvents(), (Events{"onStarted"}));
+}
+
+TEST_F(ProcessorRelease, WaitsForAReadThatCannotBeInterrupted) {
+    stubborn = true;
+    const auto gate = video->BlockAt("ReadRaw 5");
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    auto released = std::async(std::launch::async, [this] { Release(); });
+    EXPECT_EQ(released.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    gate->Open();
+    released.get();
+    EXPECT_EQ(log->Count("~FakeEncoder"), 2u);
+}
+
+TEST_F(ProcessorRelease, OnAnEncodersThreadNeitherHangsNorReportsAnything) {
+    const auto gate = video->BlockAt("ReadRaw 5");
+    video->At("ReadRaw 5", [&, this] {
+        gate->Pass();
+        processor.reset();
+    });
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    ASSERT_TRUE(events.GetScript().GetLog()->WaitForCall("onStarted"));
+    gate->Open();
+    ASSERT_TRUE(log->WaitForCall("~FakeEncoder", 2));
+    EXPECT_EQ(events.GetMainEvents(), (Events{"onStarted"}));
+}
+
+TEST_F(ProcessorRelease, AfterTheEndIsQuiet) {
+    RunToEnd();
+    Release();
+    EXPECT_EQ(log->Count("~FakeEncoder"), 2u);
+    EXPECT_FALSE(log->Contains("Abort"));
+    EXPECT_FALSE(log->Contains("video:Interrupt"));
+}
+
+TEST_F(ProcessorRelease, OfTheMuxerComesWithTheProcessors) {
+    RunToEnd();
+    output.reset();
+    EXPECT_FALSE(log->Contains("~FakeMuxer"));
+    Release();
+    EXPECT_TRUE(log->Contains("~FakeMuxer"));
+}
+
+TEST_F(ProcessorRelease, DetachingInsideAnEventSilencesTheRest) {
+    events.GetScript().At("onStarted", [this] { processor->SetEventsReceiver(nullptr); });
+    Launch();
+    ASSERT_TRUE(log->WaitForCall("muxer:Finish"));
+    Release();
+    EXPECT_EQ(events.GetScript().GetLog()->Get(), (Events{"onStarted"}));
+}
+
+} // namespace
+} // namespace Kestra::Proc
