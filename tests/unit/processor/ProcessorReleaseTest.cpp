@@ -77,13 +77,16 @@ TEST_F(ProcessorRelease, InterruptsABlockedReadAndJoinsEveryThread) {
     EXPECT_EQ(events.GetMainEvents(), (Events{"onStarted"}));
 }
 
-TEST_F(ProcessorRelease, RightAfterTheStartReportsNothingMore) {
-    for (int i = 0; i < 50; ++i) {
-        Launch();
+TEST_F(ProcessorRelease, RightAfterTheStartLeavesTheReceiverFreeToGo) {
+    for (std::size_t round = 1; round <= 50; ++round) {
+        // Destroyed right after the release: a late event would find a dead receiver, as sanitizers tell.
+        EventRecorder receiver;
+        Make();
+        processor->SetEventsReceiver(&receiver);
+        processor->Initialize();
+        processor->Start();
         Release();
-        const Events soFar = events.GetScript().GetLog()->Get();
-        EXPECT_EQ(log->Count("~FakeEncoder"), static_cast<std::size_t>(2 * (i + 1)));
-        EXPECT_EQ(events.GetScript().GetLog()->Get(), soFar);
+        EXPECT_EQ(log->Count("~FakeEncoder"), 2 * round);
     }
 }
 
