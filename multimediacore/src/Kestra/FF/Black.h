@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Kestra/Proc/IStreamVideo.h"
+
+namespace Kestra::FF {
+
+/// `duration` of black in the frame, rate, pixel format and colour of `format`; where the consumer prefers a pixel
+/// format or a colour, in those. All its pictures share their pixels. Without a rate it is one picture. Throws
+/// std::invalid_argument for a null format or a negative duration.
+boost::intrusive_ptr<Proc::IStreamVideo> MakeBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format,
+                                                   std::int64_t duration);
+
+} // namespace Kestra::FF

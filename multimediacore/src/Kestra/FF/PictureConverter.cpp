@@ -1,0 +1,190 @@
+#include "Kestra/FF/PictureConverter.h"
+
+#include "Kestra/FF/AlphaBlend.h"
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/EncodePicture.h"
+#include "Kestra/FF/Error.h"
+#include <string>
+#include <tuple>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+using Conf::ColourInfo;
+using Proc::TranscodingError;
+
+namespace {
+
+bool IsRgb(AVPixelFormat format) {
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
+    return descriptor && (descriptor->flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL));
+}
+
+// BT.470BG and SMPTE 170M are two names of one matrix.
+int MatrixClass(int matrix) {
+    return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
+}
+
+// The colour by which the pixels are to be read: guessed where the picture does not say.
+ColourInfo EffectiveColour(const AVFrame& picture) {
+    const auto format = static_cast<AVPixelFormat>(picture.format);
+    const bool full = picture.color_range == AVCOL_RANGE_JPEG || IsFullRangeFormat(format);
+    ColourInfo colour = CompleteColour(ColourOf(picture), picture.width, picture.height, format, full);
+    if (IsRgb(format))
+        colour.range = AVCOL_RANGE_JPEG;
+    return colour;
+}
+
+bool IsWhole(const PictureRect& part, int width, int height) {
+    return part == PictureRect{0, 0, width, height};
+}
+
+bool SameColour(const ColourInfo& a, const ColourInfo& b) {
+    return MatrixClass(a.matrix) == MatrixClass(b.matrix) && a.range == b.range;
+}
+
+void CopyTags(AVFrame& to, const AVFrame& from) {
+    Check(av_frame_copy_props(&to, &from), TranscodingError::OutOfMemory, "Copying the tags of a picture failed");
+}
+
+} // namespace
+
+bool PictureConverter::Setup::operator==(const Setup& other) const {
+    return std::tie(sourceWidth, sourceHeight, sourceFormat, width, height, format, pass.interpolation, pass.threads) ==
+               std::tie(other.sourceWidth, other.sourceHeight, other.sourceFormat, other.width, other.height,
+                        other.format, other.pass.interpolation, other.pass.threads) &&
+           SameColour(pass.before, other.pass.before) && SameColour(pass.after, other.pass.after);
+}
+
+ColourInfo PictureConverter::ResolveColour(const AVFrame& picture, AVPixelFormat format, const ColourInfo& wanted) {
+    ColourInfo colour = ColourOf(picture);
+    if (colour.primaries == AVCOL_PRI_UNSPECIFIED)
+        colour.primaries = wanted.primaries;
+    if (colour.transfer == AVCOL_TRC_UNSPECIFIED)
+        colour.transfer = wanted.transfer;
+    const bool wasRgb = IsRgb(static_cast<AVPixelFormat>(picture.format));
+    if (IsRgb(format)) {
+        colour.matrix = AVCOL_SPC_RGB;
+        colour.range = AVCOL_RANGE_JPEG;
+        return colour;
+    }
+    if (wanted.matrix != AVCOL_SPC_UNSPECIFIED && wanted.matrix != AVCOL_SPC_RGB)
+        colour.matrix = wanted.matrix;
+    else if (wasRgb || colour.matrix == AVCOL_SPC_RGB)
+        colour.matrix = CompleteColour(colour, picture.width, picture.height, format, false).matrix;
+    if (IsFullRangeFormat(format))
+        colour.range = AVCOL_RANGE_JPEG;
+    else if (wanted.range != AVCOL_RANGE_UNSPECIFIED)
+        colour.range = wanted.range;
+    else if (wasRgb)
+        colour.range = AVCOL_RANGE_MPEG;
+    else if (IsFullRangeFormat(static_cast<AVPixelFormat>(picture.format)))
+        colour.range = AVCOL_RANGE_JPEG;
+    return colour;
+}
+
+void PictureConverter::Configure(const Setup& wanted) {
+    if (context && setup == wanted)
+        return;
+    const char* const what = "This conversion of pictures is not possible";
+    context.reset(Allocated(sws_alloc_context()));
+    const auto set = [this, what](const char* name, std::int64_t value) {
+        Check(av_opt_set_int(context.get(), name, value, 0), TranscodingError::FilterFailed, what);
+    };
+    const Pass& pass = wanted.pass;
+    const bool fullBefore = pass.before.range == AVCOL_RANGE_JPEG;
+    const bool fullAfter = pass.after.range == AVCOL_RANGE_JPEG;
+    set("srcw", wanted.sourceWidth);
+    set("srch", wanted.sourceHeight);
+    set("src_format", wanted.sourceFormat);
+    set("src_range", fullBefore);
+    set("dstw", wanted.width);
+    set("dsth", wanted.height);
+    set("dst_format", wanted.format);
+    set("dst_range", fullAfter);
+    set("sws_flags", pass.interpolation | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP);
+    set("threads", pass.threads);
+    Check(sws_init_context(context.get(), nullptr, nullptr), TranscodingError::FilterFailed, what);
+    // RGB has the coefficients of the matrix that it is made from or becomes.
+    const int before = pass.before.matrix == AVCOL_SPC_RGB ? pass.after.matrix : pass.before.matrix;
+    const int after = pass.after.matrix == AVCOL_SPC_RGB ? pass.before.matrix : pass.after.matrix;
+    constexpr int UNITY = 1 << 16;
+    // Fails where neither side is YUV: then there is nothing to be set.
+    sws_setColorspaceDetails(context.get(), sws_getCoefficients(before), fullBefore, sws_getCoefficients(after),
+                             fullAfter, 0, UNITY, UNITY);
+    setup = wanted;
+}
+
+void PictureConverter::Scale(const AVFrame& from, AVFrame& to, const Pass& pass) {
+    Configure({from.width, from.height, from.format, to.width, to.height, to.format, pass});
+    Check(sws_scale_frame(context.get(), &to, &from), TranscodingError::FilterFailed, "Converting a picture failed");
+}
+
+// The rows of the two fields show two instants: they must not be mixed.
+void PictureConverter::ScaleFields(const AVFrame& from, AVFrame& to, const Pass& pass) {
+    for (const bool bottom : {false, true}) {
+        const FrameHandle fromField = MakeFieldView(from, bottom);
+        const FrameHandle toField = MakeFieldView(to, bottom);
+        Scale(*fromField, *toField, pass);
+    }
+}
+
+void PictureConverter::Fill(AVFrame& result, const AVFrame& picture, const PictureTarget& target, const Pass& pass) {
+    const auto format = static_cast<AVPixelFormat>(picture.format);
+    const PictureRect source = AlignToChroma(target.source, format, picture.width, picture.height);
+    const PictureRect place =
+        AlignToChroma(target.place, static_cast<AVPixelFormat>(result.format), target.width, target.height);
+    const FrameHandle from = MakeView(picture, source);
+    const FrameHandle to = MakeView(result, place);
+    const bool fields = picture.interlaced_frame && source.height != place.height && source.height % 4 == 0 &&
+                        place.height % 4 == 0 && source.y % 4 == 0 && place.y % 4 == 0;
+    if (fields)
+        ScaleFields(*from, *to, pass);
+    else
+        Scale(*from, *to, pass);
+    // After the scaler, which writes whole vectors and so a little over the edge.
+    FillAround(result, place);
+}
+
+FrameHandle PictureConverter::Flatten(const AVFrame& picture) {
+    const auto format = static_cast<AVPixelFormat>(picture.format);
+    if (CanBlend(format))
+        return BlendOverBlack(picture, flattened);
+    PictureTarget target;
+    target.width = picture.width;
+    target.height = picture.height;
+    target.sampleAspect = picture.sample_aspect_ratio;
+    target.format = av_pix_fmt_desc_get(format)->comp[0].depth > 8 ? AV_PIX_FMT_GBRAP16 : AV_PIX_FMT_GBRAP;
+    target.source = target.place = {0, 0, picture.width, picture.height};
+    return BlendOverBlack(*PictureConverter().Convert(picture, target), flattened);
+}
+
+FrameHandle PictureConverter::Convert(const AVFrame& picture, const PictureTarget& target) {
+    const auto own = static_cast<AVPixelFormat>(picture.format);
+    const AVPixelFormat format = target.format == AV_PIX_FMT_NONE ? own : target.format;
+    const FrameHandle flat = HasAlpha(own) && !HasAlpha(format) ? Flatten(picture) : FrameHandle();
+    const AVFrame& whole = flat ? *flat : picture;
+    const ColourInfo colour = ResolveColour(whole, format, target.colour);
+    Pass pass{EffectiveColour(whole), colour, target.interpolation, target.threads};
+    if (colour.matrix == AVCOL_SPC_UNSPECIFIED)
+        pass.after.matrix = pass.before.matrix;
+    if (colour.range == AVCOL_RANGE_UNSPECIFIED)
+        pass.after.range = pass.before.range;
+    const bool done = whole.format == format && SameColour(pass.before, pass.after) &&
+                      IsWhole(target.place, target.width, target.height) &&
+                      IsWhole(target.source, target.width, target.height) && picture.width == target.width &&
+                      picture.height == target.height;
+    FrameHandle result = done ? MakeFrameReference(whole) : pool.Get(format, target.width, target.height);
+    if (!done)
+        CopyTags(*result, whole);
+    SetColour(*result, colour);
+    result->sample_aspect_ratio = target.sampleAspect;
+    if (!done)
+        Fill(*result, whole, target, pass);
+    return result;
+}
+
+} // namespace Kestra::FF
