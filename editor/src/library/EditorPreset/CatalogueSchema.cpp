@@ -1,6 +1,11 @@
 // The validator's headers throw only with this; otherwise they abort the process.
 #define VALIJSON_USE_EXCEPTIONS 1
 
+#if defined(__GNUC__) && !defined(__clang__)
+// Inlined into this file, their output parameters look unset to the compiler.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
 #include "EditorPreset/CatalogueSchema.h"
 #include "EditorPreset/CatalogueError.h"
 #include <QFile>

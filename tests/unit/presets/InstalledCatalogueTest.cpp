@@ -1,0 +1,128 @@
+#include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/IFormatFile.h"
+#include "Kestra/Conf/PixelFormat.h"
+#include "support/CatalogueFixture.h"
+
+using TestPresets::text;
+
+namespace {
+
+QJsonObject readJson(const char* path) {
+    QFile file(text(path));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+    return QJsonDocument::fromJson(file.readAll()).object();
+}
+
+QStringList enumeration(const char* definition, const char* property) {
+    QJsonValue values = readJson(CATALOGUE_SCHEMA);
+    for (const char* const step : {"definitions", definition, "properties", property, "enum"})
+        values = values.toObject().value(text(step));
+    QStringList names;
+    for (const QJsonValue& value : values.toArray())
+        names.append(value.toString());
+    EXPECT_FALSE(names.isEmpty()) << definition << "/" << property;
+    return names;
+}
+
+} // namespace
+
+class InstalledCatalogueTest : public TestPresets::CatalogueFixture {
+protected:
+    InstalledCatalogueTest() {
+        EXPECT_TRUE(storage.loadPresets(Kestra::ioPath(INSTALLED_CATALOGUE))) << storage.lastError();
+    }
+    std::deque<Preset> everyPreset() const {
+        std::deque<Preset> all;
+        for (const QJsonValue& preset : readJson(INSTALLED_CATALOGUE)[text("presets")].toArray())
+            all.push_back(storage.preset(preset.toObject()[text("id")].toString().toStdString()));
+        return all;
+    }
+    PresetStorage storage;
+};
+
+TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
+    for (const char* const id :
+         {"mp4-h264-2160p", "mp4-h264-1080p", "mp4-h264-720p", "mp4-h264-480p", "mp4-h264-source", "mp4-mpeg4-720p",
+          "webm-vp9-1080p", "mkv-hevc-1080p", "mov-prores-1080p", "m4a-aac", "mp3", "flac", "wav"})
+        EXPECT_TRUE(storage.isPresetExists(id)) << id;
+    EXPECT_GE(storage.tags().size(), 5u);
+}
+
+TEST_F(InstalledCatalogueTest, EveryPresetStandsUnderATag) {
+    std::set<std::string> tagged;
+    for (const std::string& tag : storage.tags())
+        for (const Preset& preset : storage.presets(tag))
+            tagged.insert(preset.id());
+    for (const Preset& preset : everyPreset())
+        EXPECT_TRUE(tagged.count(preset.id())) << preset.id();
+}
+
+TEST_F(InstalledCatalogueTest, EveryPresetHasATitleAndCompleteData) {
+    for (const Preset& preset : everyPreset()) {
+        EXPECT_NE(preset.title(), preset.id());
+        EXPECT_EQ(preset.muxerData()[Kestra::Conf::IFormatFile::TAG_CONTAINER_ID].GetString(), preset.containerId());
+        if (preset.hasVideo()) {
+            EXPECT_NE(preset.videoEncoderData()[Kestra::Conf::IFormatCodec::TAG_CODEC_ID].GetString(), "none");
+            EXPECT_FALSE(preset.hasFixedResolution()) << preset.id();
+        }
+        if (preset.hasAudio()) {
+            EXPECT_NE(preset.audioEncoderData()[Kestra::Conf::IFormatCodec::TAG_CODEC_ID].GetString(), "none");
+        }
+    }
+}
+
+TEST_F(InstalledCatalogueTest, NoTwoPresetsAreTheSame) {
+    const std::deque<Preset> all = everyPreset();
+    for (std::size_t first = 0; first < all.size(); ++first)
+        for (std::size_t second = first + 1; second < all.size(); ++second)
+            EXPECT_FALSE(all[first].equalsTo(all[second])) << all[first].id() << " and " << all[second].id();
+}
+
+TEST_F(InstalledCatalogueTest, FilesForTheWebStartFast) {
+    for (const Preset& preset : everyPreset()) {
+        if (preset.containerId() == "mp4" || preset.containerId() == "mov") {
+            const auto data = preset.muxerData();
+            EXPECT_EQ(data[Kestra::Conf::IFormatFile::TAG_MUXER_OPTIONS]["movflags"].GetString(), "+faststart");
+        }
+    }
+}
+
+TEST_F(InstalledCatalogueTest, TheSchemaNamesOnlyWhatTheEngineKnows) {
+    for (const QString& name : enumeration("video", "codec"))
+        EXPECT_TRUE(Kestra::Conf::IsVideoCodec(Kestra::Conf::CodecIDFromString(name.toStdString())))
+            << name.toStdString();
+    for (const QString& name : enumeration("audio", "codec")) {
+        const auto codec = Kestra::Conf::CodecIDFromString(name.toStdString());
+        EXPECT_NE(codec, Kestra::Conf::CodecID::None) << name.toStdString();
+        EXPECT_FALSE(Kestra::Conf::IsVideoCodec(codec)) << name.toStdString();
+    }
+    for (const QString& name : enumeration("video", "pixelFormat"))
+        EXPECT_NE(Kestra::Conf::PixelFormatFromString(name.toStdString()), Kestra::Conf::PixelFormat::Unknown)
+            << name.toStdString();
+}
+
+TEST_F(InstalledCatalogueTest, EveryNameOfTheSchemaIsUnderstood) {
+    using TestPresets::edited;
+    const QJsonObject base = TestPresets::smallCatalogue();
+    std::set<int> layouts;
+    for (const QString& name : enumeration("audio", "channelLayout")) {
+        writeCatalogue(edited(base, "/presets/0/audio/channelLayout", name));
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        layouts.insert(static_cast<int>(storage.preset("small").channelLayout()));
+    }
+    EXPECT_EQ(layouts.size(), static_cast<std::size_t>(enumeration("audio", "channelLayout").size()));
+    std::set<int> modes;
+    for (const QString& name : enumeration("video", "resize")) {
+        writeCatalogue(edited(base, "/presets/0/video/resize", name));
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        modes.insert(static_cast<int>(storage.preset("small").resizerSettings().aspectMode));
+    }
+    EXPECT_EQ(modes.size(), 5u);
+    std::set<int> interpolations;
+    for (const QString& name : enumeration("video", "interpolation")) {
+        writeCatalogue(edited(base, "/presets/0/video/interpolation", name));
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        interpolations.insert(static_cast<int>(storage.preset("small").resizerSettings().interpolation));
+    }
+    EXPECT_EQ(interpolations.size(), 4u);
+}

@@ -1,0 +1,112 @@
+#include "EditorPreset/PresetStorage.h"
+#include "EditorSettings/Settings.h"
+#include "support/CatalogueFixture.h"
+
+using TestPresets::edited;
+using TestPresets::object;
+using TestPresets::smallCatalogue;
+using TestPresets::text;
+
+class PresetStorageTest : public TestPresets::CatalogueFixture {
+protected:
+    void writeOwn(const char* json) { write(Settings::userPresetFilePath(), QJsonDocument(object(json)).toJson()); }
+    static std::deque<std::string> idsOf(const PresetStorage& storage, const std::string& tag) {
+        std::deque<std::string> ids;
+        for (const Preset& preset : storage.presets(tag))
+            ids.push_back(preset.id());
+        return ids;
+    }
+    PresetStorage storage;
+};
+
+TEST_F(PresetStorageTest, IsEmptyBeforeItIsLoaded) {
+    EXPECT_TRUE(storage.tags().empty());
+    EXPECT_TRUE(storage.presets("video").empty());
+    EXPECT_FALSE(storage.isPresetExists(""));
+    EXPECT_EQ(storage.preset("large").id(), "");
+}
+
+TEST_F(PresetStorageTest, KeepsTheOrdersOfTheCatalogue) {
+    writeCatalogue(smallCatalogue());
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.lastError(), "");
+    EXPECT_EQ(storage.tags(), (std::deque<std::string>{"video", "audio"}));
+    EXPECT_EQ(idsOf(storage, "video"), (std::deque<std::string>{"small", "large", "twin"}));
+    EXPECT_EQ(storage.defaultPresetIndex("video"), 1u);
+    EXPECT_EQ(storage.defaultPresetIndex("none"), 0u);
+    EXPECT_TRUE(storage.isPresetExists("sound"));
+    EXPECT_FALSE(storage.isPresetExists("none"));
+}
+
+TEST_F(PresetStorageTest, ModifiersAreSparse) {
+    writeCatalogue(smallCatalogue());
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.qualityModifierTags("large"), (std::set<std::string>{"high", "low"}));
+    EXPECT_TRUE(storage.qualityModifierTags("small").empty());
+    EXPECT_TRUE(storage.qualityModifierTags("none").empty());
+    EXPECT_EQ(storage.qualityModifierData("large", "high").ToString(), "video/multiplier = 1.5\n");
+    EXPECT_EQ(storage.qualityModifierData("large", "none"), Kestra::Core::Property());
+    EXPECT_EQ(storage.qualityModifierData("none", "high"), Kestra::Core::Property());
+}
+
+TEST_F(PresetStorageTest, TwoPassIsRead) {
+    writeCatalogue(edited(smallCatalogue(), "/presets/0/video/twoPass", true));
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_TRUE(storage.preset("small").isVideoTwoPassEncodingEnabled());
+    EXPECT_FALSE(storage.preset("large").isVideoTwoPassEncodingEnabled());
+}
+
+TEST_F(PresetStorageTest, ARefusedCatalogueLeavesTheContentAsItWas) {
+    writeCatalogue(smallCatalogue());
+    ASSERT_TRUE(load(storage));
+    writeCatalogue(edited(smallCatalogue(), "/presets/3/audio/codec", text("h264")));
+    EXPECT_FALSE(load(storage));
+    EXPECT_NE(storage.lastError(), "");
+    EXPECT_EQ(storage.tags().size(), 2u);
+    EXPECT_EQ(storage.preset("sound").audioCodec(), Kestra::Conf::CodecID::FLAC);
+    writeCatalogue(smallCatalogue());
+    EXPECT_TRUE(load(storage));
+    EXPECT_EQ(storage.lastError(), "");
+}
+
+TEST_F(PresetStorageTest, TheUsersPresetReplacesTheInstalledOneOfItsId) {
+    writeCatalogue(smallCatalogue());
+    writeOwn("{'version': 1, 'presets': [{'id': 'large', 'container': {'id': 'mkv'}, 'video': {'codec': 'vp9'}}]}");
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.preset("large").containerId(), "mkv");
+    EXPECT_FALSE(storage.preset("large").hasAudio());
+    EXPECT_TRUE(storage.qualityModifierTags("large").empty());
+    EXPECT_EQ(idsOf(storage, "video"), (std::deque<std::string>{"small", "large", "twin"}));
+    EXPECT_EQ(storage.tags().size(), 2u);
+}
+
+TEST_F(PresetStorageTest, TheUsersNewPresetsAppearUnderATagOfTheirOwn) {
+    writeCatalogue(smallCatalogue());
+    writeOwn(
+        "{'version': 1, 'presets': [{'id': 'mine', 'container': {'id': 'wav'}, 'audio': {'codec': 'pcm_s24le'}}]}");
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.tags(), (std::deque<std::string>{"video", "audio", PresetStorage::TAG_OWN_PRESETS}));
+    EXPECT_EQ(idsOf(storage, PresetStorage::TAG_OWN_PRESETS), (std::deque<std::string>{"mine"}));
+}
+
+TEST_F(PresetStorageTest, TheUsersTagsMayNameInstalledPresets) {
+    writeCatalogue(smallCatalogue());
+    writeOwn("{'version': 1,"
+             " 'tags': [{'name': 'mine', 'default': 1, 'presets': ['sound', 'own']},"
+             "          {'name': 'audio', 'default': 0, 'presets': ['own']}],"
+             " 'presets': [{'id': 'own', 'container': {'id': 'mp3'}, 'audio': {'codec': 'mp3', 'bitrate': 128000}}]}");
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.tags(), (std::deque<std::string>{"video", "audio", "mine"}));
+    EXPECT_EQ(idsOf(storage, "mine"), (std::deque<std::string>{"sound", "own"}));
+    EXPECT_EQ(idsOf(storage, "audio"), (std::deque<std::string>{"own"}));
+    EXPECT_EQ(storage.defaultPresetIndex("mine"), 1u);
+}
+
+TEST_F(PresetStorageTest, ABrokenFileOfTheUserIsRefusedByItsName) {
+    writeCatalogue(smallCatalogue());
+    ASSERT_TRUE(load(storage));
+    write(Settings::userPresetFilePath(), "{");
+    EXPECT_FALSE(load(storage));
+    EXPECT_EQ(storage.lastError().find(Settings::userPresetFilePath().toStdString()), 0u) << storage.lastError();
+    EXPECT_TRUE(storage.isPresetExists("large"));
+}
