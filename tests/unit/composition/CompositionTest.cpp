@@ -118,6 +118,8 @@ TEST_F(CompositionView, SeesChangesOfTheDescriptions) {
         int changes = 0;
 
     private:
+        using Audios::mediaChanged;
+        using Videos::mediaChanged;
         void mediaChanged(const Media::Video*, const Media::Video*) override { ++changes; }
     } counting;
     Message::View<Media::Video> media;

@@ -49,6 +49,14 @@ TEST_F(Request, ToAddIsNotHeardAfterSwitchingOff) {
     EXPECT_FALSE(owner->isObserved(first));
 }
 
+TEST_F(Request, ToAddWhatAnotherViewOwnsAlreadyIsNotForItsOwnerButForAdopters) {
+    owner->own(first);
+    log.clear();
+    observer->add(first);
+    EXPECT_THAT(log, ElementsAre("Add #0=0 #0=0"));
+    EXPECT_THAT(observer->objects(), IsEmpty());
+}
+
 TEST_F(Request, ToAddByAViewThatAdoptsLeavesItAnObserverOfItsOwnAnnouncement) {
     observer->processAddRequests(true);
     observer->add(first);

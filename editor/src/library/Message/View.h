@@ -170,7 +170,8 @@ private:
             : adder(enclosing)
             , enumerator(enclosing)
             , view(enclosing) {}
-        void notify(const Types::Add<T>& message) override { view->notify(message); }
+        /// Only the add-request subscription adopts: asking anew for an owner of what has one changes nothing.
+        void notify(const Types::Add<T>&) override {}
         void notify(const Types::Change<T>& message) override { view->notify(message); }
         void notify(const Types::Remove<T>& message) override { view->notify(message); }
 

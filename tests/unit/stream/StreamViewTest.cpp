@@ -1,0 +1,215 @@
+#include "Stream/ExportStreams.h"
+#include "unit/stream/FakeStream.h"
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <type_traits>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using Log = std::vector<std::string>;
+
+/// One medium's types, so that every test runs for both.
+struct VideoCase {
+    using Media = ::Media::Video;
+    using Interface = Kestra::Proc::IStreamVideo;
+    using Fake = FakeStream<FakeVideoRead>;
+};
+struct AudioCase {
+    using Media = ::Media::Audio;
+    using Interface = Kestra::Proc::IStreamAudio;
+    using Fake = FakeStream<FakeAudioRead>;
+};
+
+template <class Case>
+class RecordingStreamView : public Stream::View<typename Case::Media, typename Case::Interface> {
+    using Base = Stream::View<typename Case::Media, typename Case::Interface>;
+
+public:
+    using O = Stream::Object<typename Case::Media, typename Case::Interface>;
+    using Base::streamAdd, Base::streamOwn, Base::streamChange, Base::streamRemove, Base::streamObserve,
+        Base::streamForget, Base::streamIsObserved, Base::streamIsOwned, Base::streamOwnerPointer, Base::stream,
+        Base::streams, Base::processAddRequests;
+
+    Log log;
+
+protected:
+    void streamAdded(const O*) override { log.push_back("added"); }
+    void streamRemoved(const O*) override { log.push_back("removed"); }
+    void streamChanged(const O* object, const O* before, const O* after) override {
+        log.push_back("changed3");
+        Base::streamChanged(object, before, after);
+    }
+    void streamChanged(const O*, const O*) override { log.push_back("changed2"); }
+    void streamChanged(const O*) override { log.push_back("changed1"); }
+    void sourceChanged(const O*) override { log.push_back("source"); }
+    void implChanged(const O*) override { log.push_back("impl"); }
+    void versionChanged(const O*) override { log.push_back("version"); }
+    void isUsing(const O*, bool isUsed) override { log.push_back(isUsed ? "using" : "not using"); }
+    void isAvailable(const O*, bool available) override { log.push_back(available ? "available" : "not available"); }
+};
+
+template <class Case>
+class StreamView : public ::testing::Test {
+protected:
+    using View = RecordingStreamView<Case>;
+    using Object = typename View::O;
+
+    StreamView() { model.processAddRequests(true); }
+
+    void fill(Object& object) {
+        object.source = &media;
+        object.impl = new typename Case::Fake;
+        object.version = 1;
+        object.using_ = true;
+        object.available = true;
+    }
+
+    typename Case::Media media;
+    Object object;
+    View model;
+    View user;
+};
+
+using Cases = ::testing::Types<VideoCase, AudioCase>;
+TYPED_TEST_SUITE(StreamView, Cases);
+
+TYPED_TEST(StreamView, StartsEmpty) {
+    EXPECT_EQ(this->user.stream(), nullptr);
+    EXPECT_THAT(this->user.streams(), IsEmpty());
+}
+
+TYPED_TEST(StreamView, OfAnAdoptedStreamObservesIt) {
+    {
+        auto chain = this->user.streamAdd(&this->object);
+        chain->source = &this->media;
+        chain->range = {KTime(1), KTime(2)};
+    }
+    EXPECT_TRUE(this->model.streamIsOwned(&this->object));
+    EXPECT_TRUE(this->user.streamIsObserved(&this->object));
+    EXPECT_FALSE(this->user.streamIsOwned(&this->object));
+    EXPECT_EQ(this->user.stream(), &this->object);
+    EXPECT_EQ(this->user.streamOwnerPointer(&this->object), nullptr);
+    EXPECT_EQ(this->model.streamOwnerPointer(&this->object), &this->object);
+    EXPECT_THAT(this->user.log, ElementsAre("added", "changed3", "source", "changed1"));
+}
+
+TYPED_TEST(StreamView, CallsEveryFieldHookInOrderForAFullStreamThatComes) {
+    this->fill(this->object);
+    this->user.streamObserve(&this->object);
+    EXPECT_THAT(this->user.log,
+                ElementsAre("added", "changed3", "source", "impl", "version", "using", "available", "changed1"));
+}
+
+TYPED_TEST(StreamView, CallsTheFieldHooksAndThenRemovedForAFullStreamThatLeaves) {
+    this->fill(this->object);
+    this->user.streamObserve(&this->object);
+    this->user.log.clear();
+    this->user.streamForget(&this->object);
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "source", "impl", "version", "not using", "not available",
+                                            "changed1", "removed"));
+}
+
+TYPED_TEST(StreamView, CallsNoHookOfAFieldThatWasEmptyWhenAStreamLeaves) {
+    this->object.source = &this->media;
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    this->user.log.clear();
+    this->model.streamRemove(&this->object);
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "source", "changed1", "removed"));
+}
+
+TYPED_TEST(StreamView, TellsOfTheEngineStreamAlone) {
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    this->user.log.clear();
+    this->model.streamChange(&this->object)->impl = new typename TypeParam::Fake;
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "impl", "changed2", "changed1"));
+}
+
+TYPED_TEST(StreamView, TellsOfEachFieldWithTheFlagsNewValue) {
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    const auto hookAfter = [&](auto set) {
+        this->user.log.clear();
+        set(*this->user.streamChange(&this->object));
+        return this->user.log.at(1);
+    };
+    using Object = typename RecordingStreamView<TypeParam>::O;
+    EXPECT_EQ(hookAfter([&](Object& o) { o.source = &this->media; }), "source");
+    EXPECT_EQ(hookAfter([](Object& o) { o.version = 7; }), "version");
+    EXPECT_EQ(hookAfter([](Object& o) { o.using_ = true; }), "using");
+    EXPECT_EQ(hookAfter([](Object& o) { o.using_ = false; }), "not using");
+    EXPECT_EQ(hookAfter([](Object& o) { o.available = true; }), "available");
+    EXPECT_EQ(hookAfter([](Object& o) { o.available = false; }), "not available");
+}
+
+TYPED_TEST(StreamView, CallsNoFieldHookForARangeAlone) {
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    this->user.log.clear();
+    this->user.streamChange(&this->object)->range = {KTime(5), KTime(9)};
+    EXPECT_EQ(this->object.range.end, KTime(9));
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "changed2", "changed1"));
+}
+
+TYPED_TEST(StreamView, GivesTheEngineStreamNoExtraHolderBeyondTheChange) {
+    using Object = typename RecordingStreamView<TypeParam>::O;
+    boost::intrusive_ptr<typename TypeParam::Interface> engine(new typename TypeParam::Fake);
+    this->model.streamOwn(&this->object);
+    this->model.streamChange(&this->object)->impl = engine;
+    EXPECT_EQ(engine->GetRefCount(), 2);
+    this->user.streamChange(&this->object)->version = 3; // asks with a copy
+    EXPECT_EQ(engine->GetRefCount(), 2);
+    Object copy(this->object);
+    EXPECT_EQ(engine->GetRefCount(), 3);
+    Object moved(std::move(copy));
+    EXPECT_EQ(engine->GetRefCount(), 3);
+    moved = Object();
+    EXPECT_EQ(engine->GetRefCount(), 2);
+}
+
+TYPED_TEST(StreamView, ShowsTheOldEngineStreamToHooksWhileTheOwnerChanges) {
+    class Keen : public RecordingStreamView<TypeParam> {
+    public:
+        typename TypeParam::Interface* old = nullptr;
+        std::int64_t holders = 0;
+
+    protected:
+        using O = typename RecordingStreamView<TypeParam>::O;
+        void streamChanged(const O*, const O* before, const O*) override {
+            old = before->impl.get();
+            holders = old ? old->GetRefCount() : 0;
+        }
+    } keen;
+    boost::intrusive_ptr<typename TypeParam::Interface> engine(new typename TypeParam::Fake);
+    this->object.impl = engine;
+    keen.streamOwn(&this->object);
+    keen.streamChange(&this->object)->version = 3;
+    EXPECT_EQ(keen.old, engine.get());
+    EXPECT_EQ(keen.holders, 3); // this test, the value before and the value now: moved on the way, never copied
+}
+
+TYPED_TEST(StreamView, IsDerivedFromItsGenericViewInConfidence) {
+    using O = typename RecordingStreamView<TypeParam>::O;
+    using View = Stream::View<typename TypeParam::Media, typename TypeParam::Interface>;
+    static_assert(std::is_base_of_v<Stream::ObjectViewBase<O>, View>);
+    static_assert(std::is_base_of_v<Message::View<O>, Stream::ObjectViewBase<O>>);
+    EXPECT_FALSE((std::is_convertible_v<View*, Stream::ObjectViewBase<O>*>));
+    EXPECT_FALSE((std::is_convertible_v<Stream::ObjectViewBase<O>*, Message::View<O>*>));
+}
+
+TYPED_TEST(StreamView, OfACopyObservesTheSameStreams) {
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    RecordingStreamView<TypeParam> copy(this->user);
+    copy.log.clear();
+    this->model.streamChange(&this->object)->version = 2;
+    EXPECT_THAT(copy.log, ElementsAre("changed3", "version", "changed2", "changed1"));
+}
+
+} // namespace
