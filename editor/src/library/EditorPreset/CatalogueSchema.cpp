@@ -64,6 +64,16 @@ std::string shown(const QJsonValue& value) {
     return text.size() > LONGEST_VALUE_SHOWN ? text.substr(0, LONGEST_VALUE_SHOWN) + "..." : text;
 }
 
+/// The validator's words, made plainer where they are clumsy.
+std::string reasonFrom(const std::string& description) {
+    const std::string unknownKey = "Object contains a property that could not be validated";
+    if (description.compare(0, unknownKey.size(), unknownKey) == 0)
+        return "unknown key " + description.substr(description.rfind(": ") + 2);
+    if (description == "Failed to match against any enum values.")
+        return "is none of the values that may stand here";
+    return description;
+}
+
 const valijson::ValidationResults::Error* deepest(const valijson::ValidationResults& results) {
     const valijson::ValidationResults::Error* best = nullptr;
     for (const auto& error : results) {
@@ -86,7 +96,7 @@ const valijson::ValidationResults::Error* deepest(const valijson::ValidationResu
         value = below(value, key);
     }
     const std::string text = shown(value);
-    place.refuse((text.empty() ? std::string() : text + ": ") + error->description);
+    place.refuse((text.empty() ? std::string() : text + ": ") + reasonFrom(error->description));
 }
 
 } // namespace

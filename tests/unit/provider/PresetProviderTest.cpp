@@ -1,0 +1,297 @@
+#include "Kestra/Base/Exception.h"
+#include "ProviderFixture.h"
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTranslator>
+#include <boost/exception/get_error_info.hpp>
+#include <climits>
+
+using Export::PresetProvider;
+using TestPresets::text;
+
+namespace {
+
+constexpr int ID_ROLE = 257;
+
+/// Translates every name of the presets' context to the name in brackets.
+class BracketTranslator : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* source, const char*, int) const override {
+        return qstrcmp(context, "editorPresets") == 0 ? text("[") + QString::fromUtf8(source) + text("]") : QString();
+    }
+};
+
+} // namespace
+
+class PresetProviderTest : public ProviderFixture {};
+
+TEST_F(PresetProviderTest, TheMetaObjectListsSignalsAndSlotsInOrder) {
+    const QMetaObject& meta = PresetProvider::staticMetaObject;
+    EXPECT_STREQ(meta.className(), "Export::PresetProvider");
+    const char* const signatures[] = {"tagChanged(std::string)", "presetChanged(int)", "qualityChanged()",
+                                      "selectPreset(int)", "selectPreset(std::string)"};
+    ASSERT_EQ(meta.methodCount() - meta.methodOffset(), 5);
+    for (int index = 0; index < 5; ++index) {
+        const QMetaMethod method = meta.method(meta.methodOffset() + index);
+        EXPECT_STREQ(method.methodSignature().constData(), signatures[index]);
+        EXPECT_EQ(method.methodType(), index < 3 ? QMetaMethod::Signal : QMetaMethod::Slot);
+        EXPECT_EQ(method.access(), QMetaMethod::Public);
+    }
+    EXPECT_EQ(QMetaMethod::fromSignal(&PresetProvider::tagChanged).methodIndex(), meta.methodOffset());
+    EXPECT_EQ(QMetaMethod::fromSignal(&PresetProvider::presetChanged).methodIndex(), meta.methodOffset() + 1);
+    EXPECT_EQ(QMetaMethod::fromSignal(&PresetProvider::qualityChanged).methodIndex(), meta.methodOffset() + 2);
+}
+
+TEST_F(PresetProviderTest, ACatalogueThatCannotBeLoadedThrowsWithItsOrigin) {
+    write(cataloguePath(), "{}");
+    try {
+        PresetProvider broken(nullptr);
+        FAIL() << "nothing was thrown";
+    } catch (const Kestra::Exception& exception) {
+        EXPECT_STREQ(exception.what(), "PresetStorage::loadPresets FAILED");
+        const char* const* function = boost::get_error_info<boost::throw_function>(exception);
+        const char* const* file = boost::get_error_info<boost::throw_file>(exception);
+        const int* line = boost::get_error_info<boost::throw_line>(exception);
+        ASSERT_TRUE(function && file && line);
+        EXPECT_STREQ(*function, "__cdecl Export::PresetProvider::PresetProvider(class QObject *)");
+        EXPECT_STREQ(*file, "..\\ext\\editor\\src\\library\\Export\\PresetProvider");
+        EXPECT_EQ(*line, 33);
+        const std::string* reason = boost::get_error_info<Kestra::TagDescription>(exception);
+        ASSERT_NE(reason, nullptr);
+        EXPECT_EQ(reason->find(cataloguePath().toStdString()), 0u) << *reason;
+    }
+}
+
+TEST_F(PresetProviderTest, IsEmptyUntilItIsLoaded) {
+    PresetProvider& provider = make();
+    EXPECT_EQ(provider.tags(), (Ids{"video", "audio"}));
+    EXPECT_EQ(provider.currentTag(), "");
+    EXPECT_EQ(provider.model()->rowCount(), 0);
+    EXPECT_FALSE(provider.isPresetExists());
+    EXPECT_EQ(provider.preset().id(), "");
+    EXPECT_TRUE(provider.availablePresets().empty());
+    EXPECT_EQ(provider.model()->QObject::parent(), &provider);
+}
+
+TEST_F(PresetProviderTest, LoadsTheFirstTagAndItsDefaultWhenNothingIsRemembered) {
+    make().load();
+    EXPECT_EQ(log, (Log{"tag video", "preset 1"}));
+    EXPECT_EQ(provider->currentTag(), "video");
+    EXPECT_EQ(provider->preset().id(), "large");
+    EXPECT_TRUE(provider->isPresetExists());
+    EXPECT_EQ(provider->modelIndexForCurrentPreset().row(), 1);
+}
+
+TEST_F(PresetProviderTest, ARememberedGroupThatIsNoMoreGivesTheFirstTag) {
+    Settings::setLastUsedPresetGroup("gone");
+    make().load();
+    EXPECT_EQ(log, (Log{"tag video", "preset 1"}));
+}
+
+TEST_F(PresetProviderTest, ARememberedGroupIsComparedByItsBytes) {
+    Settings::setLastUsedPresetGroup("Audio");
+    make().load();
+    EXPECT_EQ(provider->currentTag(), "video");
+}
+
+TEST_F(PresetProviderTest, RestoresTheRememberedGroupAndPreset) {
+    Settings::setLastUsedPresetGroup("video");
+    Settings::setLastUsedPresetId("small");
+    make().load();
+    EXPECT_EQ(log, (Log{"tag video", "preset 1", "preset 0"}));
+    EXPECT_EQ(provider->preset().id(), "small");
+    EXPECT_EQ(provider->modelIndexForCurrentPreset().row(), 0);
+}
+
+TEST_F(PresetProviderTest, ARememberedPresetOfAnotherTagLeavesTheDefault) {
+    Settings::setLastUsedPresetGroup("audio");
+    Settings::setLastUsedPresetId("small");
+    make().load();
+    EXPECT_EQ(log, (Log{"tag audio", "preset 0"}));
+    EXPECT_EQ(provider->preset().id(), "sound");
+}
+
+TEST_F(PresetProviderTest, LoadingAgainRestoresAgainWithoutATagSignal) {
+    Settings::setLastUsedPresetGroup("video");
+    Settings::setLastUsedPresetId("small");
+    make().load();
+    provider->selectPreset(1);
+    log.clear();
+    provider->load();
+    EXPECT_EQ(log, (Log{"preset 0"}));
+    EXPECT_EQ(provider->preset().id(), "small");
+}
+
+TEST_F(PresetProviderTest, LoadingAgainKeepsTheTagWhenNoneIsRemembered) {
+    makeLoaded().selectTag("audio");
+    log.clear();
+    provider->load();
+    EXPECT_EQ(provider->currentTag(), "audio");
+    EXPECT_EQ(log, (Log{}));
+}
+
+TEST_F(PresetProviderTest, TheModelHasARowPerPresetOfTheTag) {
+    const PresetProvider& provider = makeLoaded();
+    const auto* model = qobject_cast<const QStandardItemModel*>(provider.model());
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->columnCount(), 1);
+    EXPECT_EQ(provider.availablePresets(), (Ids{"small", "large", "twin"}));
+    for (int row = 0; row < 3; ++row) {
+        const QStandardItem* item = model->item(row);
+        EXPECT_EQ(item->data(ID_ROLE).toString().toStdString(),
+                  provider.availablePresets()[static_cast<std::size_t>(row)]);
+        EXPECT_EQ(item->flags(), QStandardItem().flags());
+        EXPECT_FALSE(item->hasChildren());
+    }
+}
+
+TEST_F(PresetProviderTest, TheModelKeepsTheRulesOfModels) {
+    PresetProvider& provider = make();
+    const QAbstractItemModelTester tester(provider.model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    provider.load();
+    provider.selectTag("audio");
+    provider.retranslate();
+    provider.selectTag("video");
+    provider.selectTag("none");
+    EXPECT_EQ(provider.model()->rowCount(), 0);
+}
+
+TEST_F(PresetProviderTest, SwitchingTheTagSelectsFirstAndSignalsTheTagLast) {
+    makeLoaded().selectTag("audio");
+    EXPECT_EQ(log, (Log{"preset 0", "tag audio"}));
+    EXPECT_EQ(provider->preset().id(), "sound");
+}
+
+TEST_F(PresetProviderTest, SwitchingBackRestoresTheRowOfThatTag) {
+    makeLoaded().selectPreset(0);
+    provider->selectTag("audio");
+    log.clear();
+    provider->selectTag("video");
+    EXPECT_EQ(log, (Log{"preset 0", "tag video"}));
+    EXPECT_EQ(provider->preset().id(), "small");
+}
+
+TEST_F(PresetProviderTest, SelectingTheCurrentTagDoesNothing) {
+    PresetProvider& provider = makeLoaded();
+    QSignalSpy resets(provider.model(), &QAbstractItemModel::modelReset);
+    provider.selectTag("video");
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(log, (Log{}));
+}
+
+TEST_F(PresetProviderTest, ATagWithoutRowsSelectsNothingAndKeepsThePreset) {
+    makeLoaded().selectTag("none");
+    EXPECT_EQ(log, (Log{"tag none"}));
+    EXPECT_EQ(provider->currentTag(), "none");
+    EXPECT_EQ(provider->preset().id(), "large");
+    EXPECT_FALSE(provider->modelIndexForCurrentPreset().isValid());
+}
+
+TEST_F(PresetProviderTest, RowsOutOfRangeAreIgnored) {
+    PresetProvider& provider = makeLoaded();
+    for (const int row : {-1, 3, 1000, INT_MIN, INT_MAX})
+        provider.selectPreset(row);
+    EXPECT_EQ(log, (Log{}));
+    EXPECT_EQ(provider.preset().id(), "large");
+}
+
+TEST_F(PresetProviderTest, AnEqualPresetOfAnotherRowChangesNothing) {
+    PresetProvider& provider = makeLoaded();
+    provider.selectPreset(2);
+    EXPECT_EQ(log, (Log{}));
+    EXPECT_EQ(provider.preset().id(), "large");
+    EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 1);
+    provider.selectPreset(std::string("twin"));
+    EXPECT_EQ(log, (Log{}));
+}
+
+TEST_F(PresetProviderTest, SelectsById) {
+    makeLoaded().selectPreset(std::string("small"));
+    EXPECT_EQ(log, (Log{"preset 0"}));
+    provider->selectPreset(std::string("sound"));
+    provider->selectPreset(std::string());
+    EXPECT_EQ(log, (Log{"preset 0"}));
+    EXPECT_EQ(provider->preset().id(), "small");
+}
+
+TEST_F(PresetProviderTest, TheSlotsAreReachedByName) {
+    PresetProvider& provider = makeLoaded();
+    ASSERT_TRUE(QMetaObject::invokeMethod(&provider, "selectPreset", Q_ARG(int, 0)));
+    ASSERT_TRUE(QMetaObject::invokeMethod(&provider, "selectPreset", Q_ARG(std::string, std::string("large"))));
+    EXPECT_EQ(log, (Log{"preset 0", "preset 1"}));
+}
+
+TEST_F(PresetProviderTest, ViewsThatReactToTheRefillCannotSelect) {
+    PresetProvider& provider = makeLoaded();
+    int calls = 0;
+    const auto meddle = [&] {
+        ++calls;
+        provider.selectPreset(0);
+        provider.selectPreset(std::string("sound"));
+    };
+    QObject::connect(provider.model(), &QAbstractItemModel::modelReset, meddle);
+    QObject::connect(provider.model(), &QAbstractItemModel::rowsInserted, meddle);
+    provider.selectTag("audio");
+    EXPECT_GE(calls, 2);
+    EXPECT_EQ(log, (Log{"preset 0", "tag audio"}));
+    EXPECT_EQ(provider.preset().id(), "sound");
+}
+
+TEST_F(PresetProviderTest, TheGuardIsLeftAfterARefill) {
+    makeLoaded().selectTag("audio");
+    provider->selectTag("video");
+    log.clear();
+    provider->selectPreset(0);
+    EXPECT_EQ(log, (Log{"preset 0"}));
+}
+
+TEST_F(PresetProviderTest, CommitBeforeASelectionWritesNothing) {
+    make().commit();
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath(text("config"))));
+}
+
+TEST_F(PresetProviderTest, CommitRemembersTagAndPreset) {
+    makeLoaded().selectPreset(0);
+    EXPECT_EQ(Settings::lastUsedPresetId(), "");
+    provider->commit();
+    EXPECT_EQ(Settings::lastUsedPresetGroup(), "video");
+    EXPECT_EQ(Settings::lastUsedPresetId(), "small");
+    make().load();
+    EXPECT_EQ(provider->preset().id(), "small");
+}
+
+TEST_F(PresetProviderTest, DestructionDoesNotCommit) {
+    makeLoaded();
+    provider.reset();
+    EXPECT_EQ(Settings::lastUsedPresetId(), "");
+}
+
+TEST_F(PresetProviderTest, TheIndexOfATagThatWasNeverFilledIsRowZero) {
+    PresetProvider& provider = makeLoaded();
+    const QModelIndex index = provider.modelIndexForCurrentPreset();
+    EXPECT_EQ(index.row(), 1);
+    provider.selectTag("audio");
+    EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 0);
+}
+
+TEST_F(PresetProviderTest, RetranslationChangesOnlyTheTexts) {
+    PresetProvider& provider = makeLoaded();
+    EXPECT_EQ(provider.model()->index(0, 0).data().toString(), text("small"));
+    EXPECT_EQ(provider.localizeTag("audio"), text("audio"));
+    BracketTranslator translator;
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    provider.retranslate();
+    EXPECT_EQ(provider.model()->index(0, 0).data().toString(), text("[small]"));
+    EXPECT_EQ(provider.model()->index(2, 0).data().toString(), text("[twin]"));
+    EXPECT_EQ(provider.localizeTag("audio"), text("[audio]"));
+    EXPECT_EQ(provider.availablePresets(), (Ids{"small", "large", "twin"}));
+    EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 1);
+    EXPECT_EQ(log, (Log{}));
+    provider.selectTag("audio");
+    EXPECT_EQ(provider.model()->index(0, 0).data().toString(), text("[sound]"));
+    QCoreApplication::removeTranslator(&translator);
+}
