@@ -8,7 +8,7 @@ enum class BitrateMode : int {
     Constant = 0,  ///< the automatic bitrate, held constant
     Automatic = 1, ///< the codec's default bitrate times the preset's multiplier, variable; Variable when it is encoded
     Variable = 2,  ///< the preset's own bitrate on average, with a bounded peak
-    Quality = 3,   ///< the preset's quality; the bitrate is a ceiling. One pass is all it needs
+    Quality = 3,   ///< the preset's quality, in one pass; the bitrate is a bound that an encoder may keep to
 };
 
 } // namespace Export
