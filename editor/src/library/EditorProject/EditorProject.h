@@ -15,17 +15,13 @@
 #include <memory>
 #include <vector>
 
-namespace Project {
-class Model;
-}
-
 /// Owns, in the sense of Message::View, the composition, the fast track and every export stream that is offered while
 /// it lives. For an offered stream it builds the engine stream over the following event-loop turns, then publishes
 /// `impl` and, last, `available`. What is to be rendered is the stream's source (the export description) over its
 /// range.
 ///
 /// Lives on the thread of the model; the engine streams that it makes run wherever they are read and may outlive it.
-/// Destruction announces the removal of what it owned. Of two projects alive at once both would adopt an offered
+/// Destruction announces that composition and fast track go. Of two projects alive at once both would adopt an offered
 /// stream.
 class EDITORPROJECT_EXPORT EditorProject : public QObject {
     Q_OBJECT
@@ -71,5 +67,6 @@ Q_SIGNALS:
     void streamFailed(std::exception_ptr error);
 
 private:
-    std::unique_ptr<Project::Model> model;
+    struct Private;
+    std::unique_ptr<Private> d;
 };

@@ -1,0 +1,58 @@
+#include "EditorProject/ClipPictures.h"
+
+#include "EditorProject/GridSampler.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Core/CoreManager.h"
+#include <algorithm>
+
+namespace Project {
+namespace {
+
+using namespace Kestra;
+using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
+
+/// A shorter run is over before a thread of its own would have helped.
+constexpr std::int64_t LEAST_FRAMES_FOR_THREAD = 24;
+constexpr std::int64_t BYTES_AHEAD = 32LL * 1024 * 1024;
+
+Core::IFilterFactory& filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+Video createBlack(const Section& section, const Conf::IFormatCodecVideo& target) {
+    const auto format = Conf::IFormatCodecVideo::Create();
+    format->SetProperty(target.GetProperty());
+    if (format->GetPixelFormat() == Conf::PixelFormat::Unknown)
+        format->SetPixelFormat(Conf::PixelFormat::YUV420P);
+    return filters().CreateBlack(format, FramesToTime(section.count, target.GetFrameRate()));
+}
+
+Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame) {
+    Proc::SettingsResizer settings;
+    settings.target = frame;
+    settings.aspectMode = Proc::AspectMode::Letterbox;
+    settings.interpolation = Proc::Interpolation::Bicubic;
+    return settings;
+}
+
+} // namespace
+
+int framesAhead(const Conf::FrameInfo& frame) {
+    const std::int64_t bytes = std::max<std::int64_t>(1, std::int64_t(frame.width) * frame.height * 3 / 2);
+    return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 2, 12));
+}
+
+Video createClipPictures(const Timeline& timeline, const Section& section, const Conf::IFormatCodecVideo& target) {
+    const Clip& clip = timeline.clips()[section.clip];
+    if (!clip.info.video)
+        return createBlack(section, target);
+    Video pictures = timeline.source(section.clip).CreateVideoStream();
+    if (section.count >= LEAST_FRAMES_FOR_THREAD)
+        pictures = filters().CreateReadAhead(pictures, framesAhead(clip.info.video->frame));
+    pictures = new GridSampler(pictures, target.GetFrameRate(), section.skip, section.count);
+    const Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
+    resized->PreferFormat(target);
+    return resized;
+}
+
+} // namespace Project

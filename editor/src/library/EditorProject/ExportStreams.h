@@ -1,0 +1,105 @@
+// Project::ExportStreams: the owner of the export streams of one medium.
+#pragma once
+
+#include "Stream/ExportStreams.h"
+#include <algorithm>
+#include <functional>
+#include <unordered_map>
+#include <utility>
+
+namespace Project {
+
+/// What is known of an adopted stream without looking at it: its user owns it, and may take it away without a word.
+template <class M>
+struct Adoption {
+    enum class Stage { Ordered, Built, Available };
+
+    std::uint64_t number = 0; ///< counts the adoptions of both media
+    const M* source = nullptr;
+    Types::Range range;
+    Stage stage = Stage::Ordered;
+};
+
+/// Adopts every stream that is offered and has it built, once more when its source or range is changed before it is
+/// taken. What its user requests (above all `using`) is applied. One thread.
+template <class M, class I>
+class ExportStreams : private Stream::View<M, I> {
+public:
+    using Object = Stream::Object<M, I>;
+    using Stage = typename Adoption<M>::Stage;
+
+    /// `ordered` is called, inside a delivery, when there is something to build. `numbers` counts adoptions.
+    ExportStreams(std::function<void()> ordered, std::uint64_t& numbers)
+        : ordered(std::move(ordered))
+        , numbers(numbers) {
+        this->processAddRequests(true);
+    }
+
+    const std::unordered_map<const Object*, Adoption<M>>& adoptions() const { return adopted; }
+
+    /// The stream that waits longest to be built or to be announced; null when none does.
+    const Object* next() const {
+        const Object* found = nullptr;
+        for (const auto& entry : adopted)
+            if (entry.second.stage != Stage::Available && (!found || entry.second.number < adopted.at(found).number))
+                found = entry.first;
+        return found;
+    }
+    Adoption<M>& adoption(const Object* stream) { return adopted.at(stream); }
+
+    /// The last thing that the caller does: a receiver may destroy everything.
+    void publishImpl(const Object* stream, boost::intrusive_ptr<I> impl) {
+        adopted.at(stream).stage = Stage::Built;
+        const auto chain = this->streamChange(stream);
+        chain->impl = std::move(impl);
+        ++chain->version;
+    }
+    /// As publishImpl().
+    void publishAvailable(const Object* stream) {
+        adopted.at(stream).stage = Stage::Available;
+        const auto chain = this->streamChange(stream);
+        chain->available = true;
+    }
+    /// The stream will not become available.
+    void giveUp(const Object* stream) { adopted.at(stream).stage = Stage::Available; }
+
+    /// Lets go of the streams that render a description which leaves the model. Nothing is published: their user goes
+    /// too.
+    void forgetSource(const M* source) {
+        for (;;) {
+            const auto found = std::find_if(adopted.begin(), adopted.end(),
+                                            [source](const auto& entry) { return entry.second.source == source; });
+            if (found == adopted.end())
+                return;
+            this->streamForget(found->first);
+        }
+    }
+
+protected:
+    void streamAdded(const Object* stream) override {
+        adopted[stream] = {++numbers, stream->source, stream->range, Stage::Ordered};
+        ordered();
+    }
+    void streamRemoved(const Object* stream) override { adopted.erase(stream); }
+    void changeRequested(Object* stream, Object* proposed) override {
+        const bool other = stream->source != proposed->source || stream->range != proposed->range;
+        if (other && !proposed->using_) {
+            proposed->impl.reset(); // shows something else than is asked for now
+            proposed->available = false;
+            Adoption<M>& record = adopted[stream];
+            record = {record.number, proposed->source, proposed->range, Stage::Ordered};
+            ordered();
+        }
+        Stream::View<M, I>::changeRequested(stream, proposed);
+    }
+
+private:
+    std::function<void()> ordered;
+    std::uint64_t& numbers;
+    std::unordered_map<const Object*, Adoption<M>> adopted;
+};
+
+using VideoStreams = ExportStreams<Media::Video, Kestra::Proc::IStreamVideo>;
+using AudioStreams = ExportStreams<Media::Audio, Kestra::Proc::IStreamAudio>;
+
+} // namespace Project

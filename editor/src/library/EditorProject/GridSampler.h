@@ -1,0 +1,46 @@
+// Project::GridSampler: picks from a clip's pictures those that a constant frame rate shows.
+#pragma once
+
+#include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include <atomic>
+#include <boost/rational.hpp>
+
+namespace Project {
+
+/// Frame n of the grid shows what the source shows at the middle of its period. Yields each source frame that is shown
+/// once, with the time from the grid's frame `first` and a duration of all the periods in which it stands: `count`
+/// periods altogether. What is not shown is not passed on, what is shown repeatedly comes once, so later filters do no
+/// work twice. Before the source's first frame that one is shown, after its last frame the last one.
+class GridSampler final : public Kestra::Proc::VideoFilterBase {
+public:
+    GridSampler(boost::intrusive_ptr<Kestra::Proc::IStreamVideo> source, const boost::rational<long long>& rate,
+                std::int64_t first, std::int64_t count);
+
+    /// Throws ProcException (SourceUnreadable) when the source has no frame at all.
+    boost::intrusive_ptr<Kestra::Proc::IDataVideo> ReadVideo() override;
+    std::int64_t GetDuration() const override;
+    std::int64_t GetPosition() const override;
+    /// Read from the start only.
+    void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
+    bool IsSeekable() const override { return false; }
+    void Interrupt() override;
+    void Reset() override;
+
+private:
+    std::int64_t MiddleOf(std::int64_t index) const;
+    bool Start();
+    void Supply(std::int64_t time);
+    std::int64_t RunLength() const;
+
+    const boost::rational<long long> rate;
+    const std::int64_t first;
+    const std::int64_t count;
+    std::atomic<bool> interrupted{false};
+    bool started = false;
+    bool ended = false;
+    std::int64_t produced = 0;
+    boost::intrusive_ptr<Kestra::Proc::IDataVideo> current;
+    boost::intrusive_ptr<Kestra::Proc::IDataVideo> next; ///< read, but shown later only
+};
+
+} // namespace Project

@@ -1,0 +1,149 @@
+#include "EditorProject/Model.h"
+
+#include "EditorProject/ClipPictures.h"
+#include "EditorProject/Descriptions.h"
+#include "EditorProject/SequenceAudio.h"
+#include "EditorProject/SequenceVideo.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Types/Time.h"
+
+namespace Project {
+
+using namespace Kestra;
+
+namespace {
+
+/// Blocks of sound; small beside pictures.
+constexpr int BLOCKS_AHEAD = 32;
+
+/// What the description leaves open is the composition's.
+Conf::FrameInfo frameOf(const Media::Video& description, const Media::Video& own) {
+    const bool known = description.width > 0 && description.height > 0;
+    const Media::Video& chosen = known ? description : own;
+    return {chosen.width, chosen.height, chosen.aspectNumerator, chosen.aspectDenominator};
+}
+
+Conf::SampleInfo soundOf(const Media::Audio& description, const Media::Audio& own) {
+    Conf::SampleInfo sound;
+    sound.Init(description.sampleFormat, description.sampleRate > 0 ? description.sampleRate : own.sampleRate,
+               description.channelLayout ? description.channelLayout : own.channelLayout);
+    return sound;
+}
+
+template <class M>
+void requireSource(const Adoption<M>& order) {
+    if (!order.source)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,
+                                         "An export stream names no media description to render"));
+}
+
+} // namespace
+
+Model::Model(std::function<void()> ordered)
+    : videos(ordered, adoptions)
+    , audios(ordered, adoptions) {
+    compositionOwn(&compositionObject);
+    fastTrackOwn(&fastTrackObject);
+}
+
+Model::~Model() {
+    fastTrackRemove(&fastTrackObject);
+    compositionRemove(&compositionObject);
+}
+
+void Model::show(std::shared_ptr<const Timeline> timeline) {
+    shown = std::move(timeline);
+    videoDescription = describeVideo(*shown);
+    audioDescription = describeAudio(*shown);
+    const auto chain = compositionChange(&compositionObject);
+    chain->setVideo(&videoDescription).setAudio(&audioDescription);
+    chain->setDuration(Types::fromAvTime(shown->duration())).setVersion(chain->version() + 1);
+}
+
+void Model::step() {
+    // Pictures first: sound is aligned to them.
+    if (videos.next())
+        step(videos);
+    else if (audios.next())
+        step(audios);
+}
+
+template <class Streams>
+void Model::step(Streams& streams) {
+    const auto* stream = streams.next();
+    if (streams.adoption(stream).stage == Streams::Stage::Built)
+        return streams.publishAvailable(stream);
+    const auto order = streams.adoption(stream);
+    streams.giveUp(stream); // unless it succeeds; one that fails is not tried again
+    streams.publishImpl(stream, build(order));
+}
+
+boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Video>& order) const {
+    requireSource(order);
+    const ExportWindow window(order.range, opened().duration(), rateOf(*order.source));
+    const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
+    const boost::intrusive_ptr<Proc::IStreamVideo> pictures(new SequenceVideo(shown, window, frame));
+    return Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(pictures, framesAhead(frame));
+}
+
+boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {
+    requireSource(order);
+    const ExportWindow window(order.range, opened().duration(), rateBeside(order));
+    const Conf::SampleInfo format = soundOf(*order.source, audioDescription);
+    const boost::intrusive_ptr<Proc::IStreamAudio> sound(new SequenceAudio(shown, window, format));
+    return Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(sound, BLOCKS_AHEAD);
+}
+
+const Timeline& Model::opened() const {
+    if (!shown)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,
+                                         "There is nothing to export: no media file has been opened"));
+    return *shown;
+}
+
+Model::Rate Model::rateOf(const Media::Video& description) const {
+    const bool known = description.frameRateNumerator > 0 && description.frameRateDenominator > 0;
+    const Media::Video& chosen = known ? description : videoDescription;
+    return Rate(chosen.frameRateNumerator, chosen.frameRateDenominator);
+}
+
+Model::Rate Model::rateBeside(const Adoption<Media::Audio>& sound) const {
+    // An export offers its pictures right before its sound.
+    for (const auto& entry : videos.adoptions()) {
+        const Adoption<Media::Video>& pictures = entry.second;
+        if (pictures.number + 1 == sound.number && pictures.range == sound.range && pictures.source)
+            return rateOf(*pictures.source);
+    }
+    return 0;
+}
+
+StreamLengths Model::lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const {
+    const ExportWindow window(range, opened().duration(), video ? rateOf(*video) : Rate(0));
+    StreamLengths lengths;
+    lengths.start = window.start();
+    lengths.end = window.end();
+    if (video) {
+        lengths.videoFrames = window.frames();
+        lengths.videoDuration = FramesToTime(lengths.videoFrames, window.rate());
+    }
+    if (audio) {
+        const int rate = soundOf(*audio, audioDescription).GetRate();
+        lengths.audioSamples = window.samples(rate);
+        lengths.audioDuration = SamplesToTime(lengths.audioSamples, rate);
+    }
+    return lengths;
+}
+
+void Model::compositionChanged(const Composition::Object* object, const Composition::Object* before) {
+    // The user of a stream takes its description out of the composition when it goes, and says nothing of the stream.
+    for (const Media::Video* description : before->exportedVideos())
+        if (!object->contains(description))
+            videos.forgetSource(description);
+    for (const Media::Audio* description : before->exportedAudios())
+        if (!object->contains(description))
+            audios.forgetSource(description);
+}
+
+} // namespace Project

@@ -1,0 +1,61 @@
+// Project::Model: the model objects of a project and their owner.
+#pragma once
+
+#include "Composition/CompositionView.h"
+#include "EditorProject/ExportStreams.h"
+#include "EditorProject/StreamLengths.h"
+#include "EditorProject/Timeline.h"
+#include "FastTrack/View.h"
+#include <exception>
+#include <functional>
+#include <memory>
+
+namespace Project {
+
+/// Owns composition, fast track and export streams on the bus. One thread.
+class Model : private Composition::CompositionView, private FastTrack::View {
+public:
+    /// `ordered` is called, from inside a delivery, when step() has something to do.
+    explicit Model(std::function<void()> ordered);
+    /// Announces that composition and fast track go. Export streams are let go in silence: they are their users' own.
+    ~Model() override;
+
+    void show(std::shared_ptr<const Timeline> timeline);
+    const std::shared_ptr<const Timeline>& timeline() const { return shown; }
+
+    Composition::Object* composition() { return &compositionObject; }
+    const Media::Video& video() const { return videoDescription; }
+    const Media::Audio& audio() const { return audioDescription; }
+
+    bool hasOrders() const { return videos.next() || audios.next(); }
+    /// Takes one step: builds a stream and publishes it, or publishes that one is available. Throws why a stream cannot
+    /// be built; that one is then given up. A receiver may destroy the model.
+    void step();
+    StreamLengths lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const;
+
+protected:
+    using CompositionView::compositionChanged;
+    void compositionChanged(const Composition::Object* object, const Composition::Object* before) override;
+
+private:
+    using Rate = boost::rational<long long>;
+
+    Rate rateOf(const Media::Video& description) const;
+    Rate rateBeside(const Adoption<Media::Audio>& sound) const;
+    boost::intrusive_ptr<Kestra::Proc::IStreamVideo> build(const Adoption<Media::Video>& order) const;
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> build(const Adoption<Media::Audio>& order) const;
+    template <class Streams>
+    void step(Streams& streams);
+    const Timeline& opened() const;
+
+    std::shared_ptr<const Timeline> shown;
+    Media::Video videoDescription;
+    Media::Audio audioDescription;
+    Composition::Object compositionObject;
+    FastTrack::Object fastTrackObject;
+    std::uint64_t adoptions = 0;
+    VideoStreams videos;
+    AudioStreams audios;
+};
+
+} // namespace Project

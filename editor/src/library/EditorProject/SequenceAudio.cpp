@@ -1,0 +1,162 @@
+#include "EditorProject/SequenceAudio.h"
+
+#include "Kestra/Base/Time.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/Filters/NotImplemented.h"
+#include "Kestra/Proc/ProcException.h"
+#include <algorithm>
+
+namespace Project {
+
+using namespace Kestra;
+
+namespace {
+
+Core::IFilterFactory& filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+} // namespace
+
+SequenceAudio::SequenceAudio(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
+                             const Conf::SampleInfo& format)
+    : timeline(std::move(timeline))
+    , sections(soundSections(*this->timeline, window, format.GetRate()))
+    , samples(window.samples(format.GetRate()))
+    , format(format) {
+    // Left open, it would change from clip to clip.
+    if (format.GetFormatRecord()->format == Conf::SAMPLE_FORMAT_UNKNOWN)
+        this->format.SetFormatRecord(Conf::SampleFmtRecord::Find(Conf::SAMPLE_FORMAT_FLTP));
+}
+
+bool SequenceAudio::HasSound(const Section& candidate) const {
+    return timeline->clips()[candidate.clip].info.audio.has_value();
+}
+
+SequenceAudio::Block SequenceAudio::ReadAudio() {
+    while (nextSample < samples && !clip.isInterrupted()) {
+        if (section && nextSample >= section->end())
+            Forget();
+        OpenClip();
+        const Block block = ReadClip();
+        if (clip.isInterrupted())
+            break;
+        if (block && block->GetSampleCount() > drop)
+            return Placed(block);
+        if (block)
+            drop -= block->GetSampleCount();
+        else
+            OpenSilence();
+    }
+    return nullptr;
+}
+
+void SequenceAudio::OpenClip() {
+    if (clip)
+        return;
+    section = &sectionAt(sections, nextSample);
+    if (!HasSound(*section))
+        return OpenSilence();
+    const std::int64_t place = section->skip + nextSample - section->first;
+    const auto sound = filters().CreateResampler(timeline->source(section->clip).CreateAudioStream(), format);
+    clip.put(sound);
+    silent = false;
+    landed = false;
+    drop = 0;
+    if (place > 0)
+        sound->Seek(SamplesToTime(place, format.GetRate()), Proc::SeekMode::Exact);
+}
+
+void SequenceAudio::OpenSilence() {
+    const std::int64_t left = section->end() - nextSample;
+    if (silent && clip)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
+                                         "Silence ended " + std::to_string(left) + " samples too early"));
+    boost::intrusive_ptr<Conf::IFormatCodecAudio> description;
+    GetAudioFormat(description);
+    clip.put(filters().CreateSilence(description, SamplesToTime(left, format.GetRate())));
+    silent = true;
+    landed = true;
+    drop = 0;
+}
+
+SequenceAudio::Block SequenceAudio::ReadClip() {
+    const Block block = clip->ReadAudio();
+    if (!block || landed)
+        return block;
+    landed = true;
+    const std::int64_t place = section->skip + nextSample - section->first;
+    drop = std::max<std::int64_t>(0, place - TimeToSamples(block->GetTime(), format.GetRate()));
+    return block;
+}
+
+SequenceAudio::Block SequenceAudio::Placed(const Block& block) {
+    const std::int64_t count = std::min(block->GetSampleCount() - drop, section->end() - nextSample);
+    const Block part = block->Slice(drop, count);
+    drop = 0;
+    const std::int64_t begin = SamplesToTime(nextSample, format.GetRate());
+    nextSample += count;
+    part->SetTime(begin);
+    part->SetDuration(SamplesToTime(nextSample, format.GetRate()) - begin);
+    if (nextSample >= samples)
+        Forget();
+    return part;
+}
+
+void SequenceAudio::Forget() {
+    clip.close();
+    section = nullptr;
+}
+
+void SequenceAudio::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& result) const {
+    result = Conf::IFormatCodecAudio::Create();
+    result->SetSampleFormat(format.GetFormatRecord()->format);
+    result->SetSampleRate(format.GetRate());
+    result->SetChannelLayout(format.GetLayoutRecord()->layout);
+}
+
+void SequenceAudio::GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& result) const {
+    GetFormatCodecBase(result);
+}
+
+void SequenceAudio::Initialize(const Core::Property&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+Core::Property SequenceAudio::GetSettings() const {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+std::int64_t SequenceAudio::GetDuration() const {
+    return SamplesToTime(samples, format.GetRate());
+}
+
+std::int64_t SequenceAudio::GetPosition() const {
+    return SamplesToTime(nextSample, format.GetRate());
+}
+
+void SequenceAudio::Seek(std::int64_t time, Proc::SeekMode) {
+    Forget();
+    const std::int64_t clamped = std::clamp<std::int64_t>(time, 0, GetDuration());
+    nextSample = std::min(TimeToSamples(clamped, format.GetRate()), samples);
+}
+
+std::string SequenceAudio::Describe() const {
+    return "sound of " + std::to_string(sections.size()) + " clips from \"" +
+           timeline->clips()[sections.front().clip].path.ToUtf8() + "\" on";
+}
+
+void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
+    const auto* audio = dynamic_cast<const Conf::IFormatCodecAudio*>(&preferred);
+    // Between clips of different formats the format must hold, so a clip that is open already decides.
+    if (audio && !clip && audio->GetSampleFormat() != Conf::SAMPLE_FORMAT_UNKNOWN)
+        format.SetFormatRecord(Conf::SampleFmtRecord::Find(audio->GetSampleFormat()));
+}
+
+void SequenceAudio::Reset() {
+    Forget();
+    clip.reset();
+    nextSample = 0;
+}
+
+} // namespace Project

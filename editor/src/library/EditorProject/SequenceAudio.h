@@ -1,0 +1,61 @@
+// Project::SequenceAudio: the sound of a timeline's window in one format.
+#pragma once
+
+#include "EditorProject/Section.h"
+#include "EditorProject/StreamSlot.h"
+#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/Proc/IStreamAudio.h"
+#include <memory>
+
+namespace Project {
+
+/// Exactly the window's number of samples: sound that ends before its clip is followed by silence, what is over is cut.
+/// One file is open at a time. Read errors of a clip name its file.
+class SequenceAudio final : public Kestra::Proc::IStreamAudio, public Kestra::RefCountImpl {
+public:
+    /// `format` has a rate and a layout; an open sample format is float until a consumer prefers one.
+    SequenceAudio(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
+                  const Kestra::Conf::SampleInfo& format);
+
+    boost::intrusive_ptr<Kestra::Proc::IDataAudio> ReadAudio() override;
+    void GetAudioFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio>& format) const override;
+    void Initialize(const Kestra::Core::Property& settings) override;
+    Kestra::Core::Property GetSettings() const override;
+    std::int64_t GetDuration() const override;
+    std::int64_t GetPosition() const override;
+    boost::intrusive_ptr<Kestra::Proc::IData> ReadData() override { return ReadAudio(); }
+    void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
+    void Interrupt() override { clip.interrupt(); }
+    bool IsSeekable() const override { return true; }
+    void GetFormatCodec(boost::intrusive_ptr<Kestra::Conf::IFormatCodec>& format) const override;
+    std::string Describe() const override;
+    void PreferFormat(const Kestra::Conf::IFormatCodec& format) override;
+    /// The format is known without: files are opened when a read reaches them.
+    void Prepare() override {}
+    void Reset() override;
+
+private:
+    using Block = boost::intrusive_ptr<Kestra::Proc::IDataAudio>;
+
+    bool HasSound(const Section& candidate) const;
+    void OpenClip();
+    void OpenSilence();
+    Block ReadClip();
+    Block Placed(const Block& block);
+    void Forget();
+
+    const std::shared_ptr<const Timeline> timeline;
+    const std::vector<Section> sections;
+    const std::int64_t samples;
+    Kestra::Conf::SampleInfo format;
+
+    StreamSlot<Kestra::Proc::IStreamAudio> clip; ///< the clip's sound, or silence in its place
+    const Section* section = nullptr;            ///< of the open clip
+    bool silent = false;
+    std::int64_t drop = 0; ///< samples of the open clip to be passed over
+    bool landed = false;   ///< the first block after opening has told where reading began
+    std::int64_t nextSample = 0;
+};
+
+} // namespace Project

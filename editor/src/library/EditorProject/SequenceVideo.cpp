@@ -1,0 +1,155 @@
+#include "EditorProject/SequenceVideo.h"
+
+#include "EditorProject/ClipPictures.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Filters/NotImplemented.h"
+#include "Kestra/Proc/ProcException.h"
+#include <algorithm>
+
+namespace Project {
+
+using namespace Kestra;
+
+SequenceVideo::SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
+                             const Conf::FrameInfo& frame)
+    : timeline(std::move(timeline))
+    , rate(window.rate())
+    , sections(pictureSections(*this->timeline, window))
+    , frames(window.frames())
+    , target(Conf::IFormatCodecVideo::Create()) {
+    target->InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
+    target->SetFrameRate(rate);
+    DescribeFirstPicture();
+}
+
+void SequenceVideo::DescribeFirstPicture() {
+    const auto found = std::find_if(sections.begin(), sections.end(), [this](const Section& candidate) {
+        return timeline->clips()[candidate.clip].info.video.has_value();
+    });
+    if (found == sections.end())
+        return;
+    const Proc::VideoTrackInfo& track = *timeline->clips()[found->clip].info.video;
+    const Conf::PixelFormat format = Conf::PixelFormatFromString(track.pixelFormat);
+    if (format != Conf::PixelFormat::Unknown && format != Conf::PixelFormat::Other)
+        target->SetPixelFormat(format);
+    target->SetColour(track.colour);
+}
+
+boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
+    if (clip.isInterrupted() || nextFrame >= frames)
+        return nullptr;
+    if (!picture && !Fetch())
+        return nullptr;
+    const boost::intrusive_ptr<Proc::IDataVideo> frame = picture->Share();
+    const std::int64_t begin = FramesToTime(nextFrame, rate);
+    frame->SetTime(begin);
+    frame->SetDuration(FramesToTime(nextFrame + 1, rate) - begin);
+    if (++nextFrame >= pictureEnd)
+        picture.reset();
+    if (nextFrame >= frames)
+        Forget();
+    return frame;
+}
+
+bool SequenceVideo::Fetch() {
+    if (section && nextFrame >= section->end())
+        Forget();
+    OpenClip();
+    picture = clip->ReadVideo();
+    if (clip.isInterrupted()) {
+        picture.reset();
+        return false;
+    }
+    if (!picture)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
+                                         "The pictures of \"" + timeline->clips()[section->clip].path.ToUtf8() +
+                                             "\" ended too early"));
+    Take(*picture);
+    return true;
+}
+
+void SequenceVideo::OpenClip() {
+    if (clip)
+        return;
+    section = &sectionAt(sections, nextFrame);
+    opened = nextFrame;
+    Section rest = *section;
+    rest.skip += nextFrame - rest.first;
+    rest.count = rest.end() - nextFrame;
+    rest.first = nextFrame;
+    clip.put(createClipPictures(*timeline, rest, *target));
+}
+
+void SequenceVideo::Take(const Proc::IDataVideo& data) {
+    const std::int64_t end = opened + TimeToFrames(data.GetTime() + data.GetDuration(), rate);
+    pictureEnd = std::clamp(end, nextFrame + 1, section->end());
+}
+
+void SequenceVideo::Forget() {
+    picture.reset();
+    clip.close();
+    section = nullptr;
+}
+
+void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
+    format = Conf::IFormatCodecVideo::Create();
+    format->SetProperty(target->GetProperty());
+}
+
+void SequenceVideo::GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
+    GetFormatCodecBase(format);
+}
+
+void SequenceVideo::Initialize(const Core::Property&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+Core::Property SequenceVideo::GetSettings() const {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+std::int64_t SequenceVideo::GetDuration() const {
+    return FramesToTime(frames, rate);
+}
+
+std::int64_t SequenceVideo::GetPosition() const {
+    return FramesToTime(nextFrame, rate);
+}
+
+void SequenceVideo::Seek(std::int64_t time, Proc::SeekMode) {
+    Forget();
+    const std::int64_t clamped = std::clamp<std::int64_t>(time, 0, GetDuration());
+    nextFrame = TimeToFrames(clamped, rate);
+    if (FramesToTime(nextFrame, rate) > clamped)
+        --nextFrame;
+}
+
+std::string SequenceVideo::Describe() const {
+    return "pictures of " + std::to_string(sections.size()) + " clips from \"" +
+           timeline->clips()[sections.front().clip].path.ToUtf8() + "\" on";
+}
+
+void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
+    const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&format);
+    if (!video)
+        return;
+    if (video->GetPixelFormat() != Conf::PixelFormat::Unknown)
+        target->SetPixelFormat(video->GetPixelFormat());
+    const Conf::ColourInfo wanted = video->GetColour();
+    Conf::ColourInfo colour = target->GetColour();
+    colour.primaries = wanted.primaries != 2 ? wanted.primaries : colour.primaries;
+    colour.transfer = wanted.transfer != 2 ? wanted.transfer : colour.transfer;
+    colour.matrix = wanted.matrix != 2 ? wanted.matrix : colour.matrix;
+    colour.range = wanted.range != 0 ? wanted.range : colour.range;
+    target->SetColour(colour);
+    if (clip)
+        clip->PreferFormat(*target);
+}
+
+void SequenceVideo::Reset() {
+    Forget();
+    clip.reset();
+    nextFrame = 0;
+}
+
+} // namespace Project

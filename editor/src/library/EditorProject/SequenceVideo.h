@@ -1,0 +1,61 @@
+// Project::SequenceVideo: the pictures of a timeline's window at a constant rate in one frame size.
+#pragma once
+
+#include "EditorProject/Section.h"
+#include "EditorProject/StreamSlot.h"
+#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/FrameInfo.h"
+#include "Kestra/Proc/IStreamVideo.h"
+#include <memory>
+
+namespace Project {
+
+/// Exactly the window's number of frames. Clips are opened when they are reached and closed when they are done, so one
+/// file is open at a time. Read errors of a clip name its file.
+class SequenceVideo final : public Kestra::Proc::IStreamVideo, public Kestra::RefCountImpl {
+public:
+    /// The window has a rate.
+    SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
+                  const Kestra::Conf::FrameInfo& frame);
+
+    boost::intrusive_ptr<Kestra::Proc::IDataVideo> ReadVideo() override;
+    void GetVideoFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format) const override;
+    void Initialize(const Kestra::Core::Property& settings) override;
+    Kestra::Core::Property GetSettings() const override;
+    std::int64_t GetDuration() const override;
+    std::int64_t GetPosition() const override;
+    boost::intrusive_ptr<Kestra::Proc::IData> ReadData() override { return ReadVideo(); }
+    void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
+    void Interrupt() override { clip.interrupt(); }
+    bool IsSeekable() const override { return true; }
+    void GetFormatCodec(boost::intrusive_ptr<Kestra::Conf::IFormatCodec>& format) const override;
+    std::string Describe() const override;
+    void PreferFormat(const Kestra::Conf::IFormatCodec& format) override;
+    /// The format is known without: files are opened when a read reaches them.
+    void Prepare() override {}
+    void Reset() override;
+
+private:
+    void DescribeFirstPicture();
+    void OpenClip();
+    bool Fetch();
+    void Take(const Kestra::Proc::IDataVideo& picture);
+    void Forget();
+
+    const std::shared_ptr<const Timeline> timeline;
+    const boost::rational<long long> rate;
+    const std::vector<Section> sections;
+    const std::int64_t frames;
+    /// What clips are brought to: frame and rate as ordered, pixel format and colour as the first picture's unless a
+    /// consumer prefers others, so that they do not change from clip to clip.
+    const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> target;
+
+    StreamSlot<Kestra::Proc::IStreamVideo> clip;
+    const Section* section = nullptr; ///< of the open clip
+    std::int64_t opened = 0;          ///< frame at which the clip was opened
+    std::int64_t nextFrame = 0;
+    boost::intrusive_ptr<Kestra::Proc::IDataVideo> picture; ///< shown up to `pictureEnd`
+    std::int64_t pictureEnd = 0;
+};
+
+} // namespace Project
