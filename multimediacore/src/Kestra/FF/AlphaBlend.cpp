@@ -1,0 +1,135 @@
+#include "Kestra/FF/AlphaBlend.h"
+
+#include "Kestra/FF/Error.h"
+#include <algorithm>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+namespace {
+
+struct Pair {
+    AVPixelFormat alpha;
+    AVPixelFormat opaque;
+};
+
+constexpr Pair PAIRS[] = {
+    {AV_PIX_FMT_BGRA, AV_PIX_FMT_BGR0},
+    {AV_PIX_FMT_RGBA, AV_PIX_FMT_RGB0},
+    {AV_PIX_FMT_ARGB, AV_PIX_FMT_0RGB},
+    {AV_PIX_FMT_ABGR, AV_PIX_FMT_0BGR},
+    {AV_PIX_FMT_YUVA420P, AV_PIX_FMT_YUV420P},
+    {AV_PIX_FMT_YUVA422P, AV_PIX_FMT_YUV422P},
+    {AV_PIX_FMT_YUVA444P, AV_PIX_FMT_YUV444P},
+    {AV_PIX_FMT_YUVA420P10, AV_PIX_FMT_YUV420P10},
+    {AV_PIX_FMT_YUVA422P10, AV_PIX_FMT_YUV422P10},
+    {AV_PIX_FMT_YUVA444P10, AV_PIX_FMT_YUV444P10},
+    {AV_PIX_FMT_YUVA422P12, AV_PIX_FMT_YUV422P12},
+    {AV_PIX_FMT_YUVA444P12, AV_PIX_FMT_YUV444P12},
+    {AV_PIX_FMT_YUVA420P16, AV_PIX_FMT_YUV420P16},
+    {AV_PIX_FMT_YUVA422P16, AV_PIX_FMT_YUV422P16},
+    {AV_PIX_FMT_YUVA444P16, AV_PIX_FMT_YUV444P16},
+    {AV_PIX_FMT_GBRAP, AV_PIX_FMT_GBRP},
+    {AV_PIX_FMT_GBRAP10, AV_PIX_FMT_GBRP10},
+    {AV_PIX_FMT_GBRAP12, AV_PIX_FMT_GBRP12},
+    {AV_PIX_FMT_GBRAP16, AV_PIX_FMT_GBRP16},
+};
+
+/// value * alpha / highest, rounded, for a distance from black that may be negative (colour differences).
+int Scaled(int distance, int alpha, int highest) {
+    const std::int64_t product = static_cast<std::int64_t>(distance) * alpha;
+    return static_cast<int>((product >= 0 ? product + highest / 2 : product - highest / 2) / highest);
+}
+
+void BlendPacked(const AVFrame& source, AVFrame& result, int alphaByte) {
+    for (int y = 0; y < source.height; ++y) {
+        const std::uint8_t* from = source.data[0] + static_cast<std::ptrdiff_t>(y) * source.linesize[0];
+        std::uint8_t* to = result.data[0] + static_cast<std::ptrdiff_t>(y) * result.linesize[0];
+        for (int x = 0; x < source.width; ++x, from += 4, to += 4)
+            for (int byte = 0; byte < 4; ++byte)
+                to[byte] = static_cast<std::uint8_t>((from[byte] * from[alphaByte] + 127) / 255);
+    }
+}
+
+template <class Sample>
+const Sample* Row(const AVFrame& frame, int plane, int y) {
+    return reinterpret_cast<const Sample*>(frame.data[plane] + static_cast<std::ptrdiff_t>(y) * frame.linesize[plane]);
+}
+
+/// The mean alpha of the pixels that share one sample of a subsampled plane.
+template <class Sample>
+int AlphaAt(const AVFrame& frame, int x, int y, int shiftX, int shiftY) {
+    if (shiftX == 0 && shiftY == 0)
+        return Row<Sample>(frame, 3, y)[x];
+    int sum = 0;
+    int count = 0;
+    const int lastX = std::min((x + 1) << shiftX, frame.width);
+    const int lastY = std::min((y + 1) << shiftY, frame.height);
+    for (int row = y << shiftY; row < lastY; ++row)
+        for (int column = x << shiftX; column < lastX; ++column, ++count)
+            sum += Row<Sample>(frame, 3, row)[column];
+    return count > 0 ? (sum + count / 2) / count : 0;
+}
+
+template <class Sample>
+void BlendPlane(const AVFrame& source, AVFrame& result, int plane, int black, const AVPixFmtDescriptor& descriptor) {
+    const bool chroma = (plane == 1 || plane == 2) && !(descriptor.flags & AV_PIX_FMT_FLAG_RGB);
+    const int shiftX = chroma ? descriptor.log2_chroma_w : 0;
+    const int shiftY = chroma ? descriptor.log2_chroma_h : 0;
+    const int highest = (1 << descriptor.comp[3].depth) - 1;
+    const int width = AV_CEIL_RSHIFT(source.width, shiftX);
+    const int height = AV_CEIL_RSHIFT(source.height, shiftY);
+    for (int y = 0; y < height; ++y) {
+        const Sample* from = Row<Sample>(source, plane, y);
+        auto* to = const_cast<Sample*>(Row<Sample>(result, plane, y));
+        for (int x = 0; x < width; ++x)
+            to[x] = static_cast<Sample>(
+                black + Scaled(from[x] - black, AlphaAt<Sample>(source, x, y, shiftX, shiftY), highest));
+    }
+}
+
+int BlackOf(int plane, const AVPixFmtDescriptor& descriptor, bool fullRange) {
+    const int depth = descriptor.comp[0].depth;
+    if (descriptor.flags & AV_PIX_FMT_FLAG_RGB)
+        return 0;
+    if (plane > 0)
+        return 1 << (depth - 1);
+    return fullRange ? 0 : 16 << (depth - 8);
+}
+
+} // namespace
+
+AVPixelFormat OpaqueFormat(AVPixelFormat format) noexcept {
+    for (const Pair& pair : PAIRS)
+        if (pair.alpha == format)
+            return pair.opaque;
+    return AV_PIX_FMT_NONE;
+}
+
+bool CanBlend(AVPixelFormat format) noexcept {
+    return OpaqueFormat(format) != AV_PIX_FMT_NONE;
+}
+
+FrameHandle BlendOverBlack(const AVFrame& picture, FramePool& pool) {
+    const auto format = static_cast<AVPixelFormat>(picture.format);
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
+    FrameHandle result = pool.Get(OpaqueFormat(format), picture.width, picture.height);
+    Check(av_frame_copy_props(result.get(), &picture), Proc::TranscodingError::FilterFailed, "properties of a picture");
+    if (!(descriptor.flags & AV_PIX_FMT_FLAG_PLANAR)) {
+        BlendPacked(picture, *result, descriptor.comp[3].offset);
+        return result;
+    }
+    for (int plane = 0; plane < 3; ++plane) {
+        const int black = BlackOf(plane, descriptor, picture.color_range == AVCOL_RANGE_JPEG);
+        if (descriptor.comp[0].depth > 8)
+            BlendPlane<std::uint16_t>(picture, *result, plane, black, descriptor);
+        else
+            BlendPlane<std::uint8_t>(picture, *result, plane, black, descriptor);
+    }
+    return result;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,131 @@
+#include "Kestra/FF/AudioEncoderChoice.h"
+
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/Error.h"
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodecAudio;
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr int DEFAULT_RATE = 48000;
+
+int NearestRate(const AVCodec& codec, int wanted) {
+    if (!codec.supported_samplerates)
+        return wanted;
+    int above = 0;
+    int below = 0;
+    for (const int* rate = codec.supported_samplerates; *rate != 0; ++rate) {
+        if (*rate >= wanted && (above == 0 || *rate < above))
+            above = *rate;
+        if (*rate<wanted&& * rate> below)
+            below = *rate;
+    }
+    return above != 0 ? above : below;
+}
+
+bool TakesLayout(const AVCodec& codec, const AVChannelLayout& wanted) {
+    for (const AVChannelLayout* known = codec.ch_layouts; known->nb_channels != 0; ++known)
+        if (av_channel_layout_compare(known, &wanted) == 0)
+            return true;
+    return false;
+}
+
+std::uint32_t NearestLayout(const AVCodec& codec, std::uint32_t wanted) {
+    const AVChannelLayout layout = ToAvLayout(wanted != 0 ? wanted : std::uint32_t{Conf::CHANNEL_LAYOUT_STEREO});
+    if (!codec.ch_layouts || TakesLayout(codec, layout))
+        return FromAv(layout);
+    const AVChannelLayout* best = nullptr;
+    for (const AVChannelLayout* known = codec.ch_layouts; known->nb_channels != 0; ++known)
+        if (known->nb_channels <= layout.nb_channels && (!best || known->nb_channels > best->nb_channels))
+            best = known;
+    return FromAv(best ? *best : codec.ch_layouts[0]);
+}
+
+/// How ill `candidate` suits samples of `wanted`: bits that are lost count most, then bits that are made up.
+int Unfitness(AVSampleFormat candidate, AVSampleFormat wanted) {
+    const auto depth = [](AVSampleFormat format) {
+        const AVSampleFormat packed = av_get_packed_sample_fmt(format);
+        if (packed == AV_SAMPLE_FMT_FLT)
+            return 25; // the bits of its mantissa
+        return packed == AV_SAMPLE_FMT_DBL ? 53 : 8 * av_get_bytes_per_sample(packed);
+    };
+    const int gain = depth(candidate) - depth(wanted);
+    return gain >= 0 ? gain : -100 * gain;
+}
+
+AVSampleFormat NearestFormat(const AVCodec& codec, AVSampleFormat wanted) {
+    if (!codec.sample_fmts)
+        return wanted;
+    AVSampleFormat best = codec.sample_fmts[0];
+    for (const AVSampleFormat* known = codec.sample_fmts; *known != AV_SAMPLE_FMT_NONE; ++known) {
+        if (*known == wanted)
+            return wanted;
+        if (Unfitness(*known, wanted) < Unfitness(best, wanted))
+            best = *known;
+    }
+    return best;
+}
+
+bool IsLossless(AVCodecID codec) {
+    return codec == AV_CODEC_ID_FLAC || codec == AV_CODEC_ID_ALAC ||
+           (codec >= AV_CODEC_ID_FIRST_AUDIO && codec < AV_CODEC_ID_ADPCM_IMA_QT);
+}
+
+[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what) {
+    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what);
+}
+
+void SetQuality(AVCodecContext& context, double quality) {
+    if (!(quality >= -10 && quality <= 1024))
+        Refuse(context, "the quality " + std::to_string(quality));
+    context.flags |= AV_CODEC_FLAG_QSCALE;
+    context.global_quality = static_cast<int>(std::lround(quality * FF_QP2LAMBDA));
+}
+
+void SetMode(AVCodecContext& context, const std::string& mode) {
+    if (context.codec_id == AV_CODEC_ID_OPUS && context.priv_data)
+        Check(av_opt_set(context.priv_data, "vbr", mode == "cbr" ? "off" : "on", 0), TranscodingError::CodecRefused,
+              "vbr");
+    if (context.codec_id == AV_CODEC_ID_MP3 && context.priv_data && (mode == "abr" || mode == "vbr"))
+        Check(av_opt_set_int(context.priv_data, "abr", 1, 0), TranscodingError::CodecRefused, "abr");
+}
+
+} // namespace
+
+EncodeSamples ChooseSamples(const IFormatCodecAudio& description, const IFormatCodecAudio& stream,
+                            const AVCodec& codec) {
+    EncodeSamples result;
+    const int rate = description.GetSampleRate() > 0 ? description.GetSampleRate() : stream.GetSampleRate();
+    result.rate = NearestRate(codec, rate > 0 ? rate : DEFAULT_RATE);
+    result.layout = NearestLayout(codec, description.GetChannelLayout() != 0 ? description.GetChannelLayout()
+                                                                             : stream.GetChannelLayout());
+    auto format = ToAv(static_cast<Conf::SampleFormats>(description.GetSampleFormat()));
+    if (format == AV_SAMPLE_FMT_NONE)
+        format = ToAv(static_cast<Conf::SampleFormats>(stream.GetSampleFormat()));
+    result.format = NearestFormat(codec, format == AV_SAMPLE_FMT_NONE ? AV_SAMPLE_FMT_FLTP : format);
+    return result;
+}
+
+void SetAudioRateControl(AVCodecContext& context, const IFormatCodecAudio& description) {
+    const std::string mode = description.GetBitrateMode();
+    if (!mode.empty() && mode != "quality" && mode != "abr" && mode != "vbr" && mode != "cbr")
+        Refuse(context, "the bitrate mode \"" + mode + "\"");
+    if (description.GetBitrate() < 0)
+        Refuse(context, "the bitrate " + std::to_string(description.GetBitrate()));
+    if (IsLossless(context.codec_id))
+        return;
+    const double quality = description.GetQuality();
+    if ((mode == "quality" || (mode.empty() && description.GetBitrate() == 0)) && quality != 0)
+        return SetQuality(context, quality);
+    if (description.GetBitrate() != 0)
+        context.bit_rate = description.GetBitrate();
+    SetMode(context, mode);
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,196 @@
+#include "Kestra/FF/AudioEncoderCore.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/FF/CodecParametersFF.h"
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/DataAudioFF.h"
+#include "Kestra/FF/DataRawFF.h"
+#include "Kestra/FF/EncoderCatalogue.h"
+#include "Kestra/FF/Error.h"
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodecAudio;
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr int READ_AHEAD = 8;
+/// Samples a packet for codecs that take any number.
+constexpr int FREE_FRAME_SIZE = 2048;
+constexpr int DEEP_BITS = 24;
+
+boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
+    auto description = IFormatCodecAudio::Create();
+    description->SetProperty(tree);
+    return description;
+}
+
+} // namespace
+
+AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
+                                   const Core::Property& description)
+    : EncoderCore(description)
+    , stream(stream)
+    , codec(FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {}
+
+boost::intrusive_ptr<IFormatCodecAudio> AudioEncoderCore::MakeDescription() const {
+    return DescriptionOf(EncoderCore::GetDescription());
+}
+
+std::string AudioEncoderCore::Describe() const {
+    return std::string(codec.name) + " on " + stream->Describe();
+}
+
+void AudioEncoderCore::AlignTo(std::int64_t start, std::int64_t end) {
+    if (IsPrepared())
+        Fail(TranscodingError::NotSupported, Describe() + " runs already and cannot be aligned any more");
+    alignStart = start;
+    alignEnd = end;
+}
+
+std::int64_t AudioEncoderCore::GetDuration() const {
+    return stream->GetDuration();
+}
+
+std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
+    const auto description = MakeDescription();
+    BuildChain(*description);
+    const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
+    return std::make_unique<EncoderLoop>(configure, GetOptions({}), codec.name);
+}
+
+void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
+    stream->Prepare();
+    boost::intrusive_ptr<IFormatCodecAudio> format;
+    stream->GetAudioFormat(format);
+    samples = ChooseSamples(description, *format, codec);
+    format->SetSampleRate(samples.rate);
+    format->SetChannelLayout(samples.layout);
+    format->SetSampleFormat(FromAv(samples.format));
+    stream->PreferFormat(*format);
+    Conf::SampleInfo target;
+    target.Init(FromAv(samples.format), samples.rate, samples.layout);
+    Core::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
+    chain = filters.CreateResampler(stream, target);
+    chain->Prepare();
+    SkipToFirst();
+    chain = filters.CreateReadAhead(chain, READ_AHEAD);
+}
+
+// Nothing is encoded that a cut would throw away: a short range of a long project costs what the range costs.
+void AudioEncoderCore::SkipToFirst() {
+    const std::int64_t duration = stream->GetDuration();
+    const std::int64_t whole = duration == TIME_UNKNOWN ? INT64_MAX : TimeToSamples(duration, samples.rate);
+    firstSample = std::min(TimeToSamples(alignStart, samples.rate), whole);
+    const bool open = alignEnd == INT64_MAX && whole == INT64_MAX;
+    const std::int64_t wanted =
+        alignEnd == INT64_MAX ? whole - firstSample : TimeToSamples(alignEnd - alignStart, samples.rate);
+    total = open ? -1 : std::min(wanted, whole - firstSample);
+    if (firstSample == 0)
+        return;
+    if (chain->IsSeekable())
+        return chain->Seek(SamplesToTime(firstSample, samples.rate), Proc::SeekMode::Exact);
+    std::int64_t ahead = firstSample;
+    while (ahead > 0) {
+        const auto block = chain->ReadAudio();
+        if (!block)
+            return;
+        const std::int64_t count = block->GetSampleCount();
+        if (count > ahead)
+            queue.Push(MakeFrameReference(FrameOf(*block->Slice(ahead, count - ahead))));
+        ahead -= std::min(ahead, count);
+    }
+}
+
+CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& description, const OptionList& options) const {
+    CodecContextHandle context = MakeCodecContext(&codec);
+    context->sample_fmt = samples.format;
+    context->sample_rate = samples.rate;
+    const AVChannelLayout layout = ToAvLayout(samples.layout);
+    Check(av_channel_layout_copy(&context->ch_layout, &layout), TranscodingError::CodecRefused, "channel layout");
+    context->time_base = {1, samples.rate};
+    context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    if (av_get_packed_sample_fmt(samples.format) == AV_SAMPLE_FMT_S32 &&
+        (codec.id == AV_CODEC_ID_FLAC || codec.id == AV_CODEC_ID_ALAC))
+        context->bits_per_raw_sample = DEEP_BITS;
+    SetAudioRateControl(*context, description);
+    options.ApplyTo(context.get(), codec.name, TranscodingError::CodecRefused);
+    return context;
+}
+
+int AudioEncoderCore::FrameSize() const {
+    return GetContext().frame_size > 0 ? GetContext().frame_size : FREE_FRAME_SIZE;
+}
+
+bool AudioEncoderCore::ReadOn() {
+    const auto block = sourceEnded ? nullptr : chain->ReadAudio();
+    sourceEnded = !block;
+    if (block)
+        queue.Push(MakeFrameReference(FrameOf(*block)));
+    return !sourceEnded;
+}
+
+FrameHandle AudioEncoderCore::NextFrame() {
+    const std::int64_t left = total >= 0 ? total - sent : INT64_MAX;
+    const std::int64_t wanted = std::min<std::int64_t>(left, FrameSize());
+    while (queue.GetCount() < wanted && ReadOn())
+        ;
+    const std::int64_t count = total >= 0 ? wanted : std::min(wanted, queue.GetCount());
+    if (count == 0)
+        return nullptr;
+    const AVChannelLayout layout = ToAvLayout(samples.layout);
+    FrameHandle frame = queue.GetCount() > 0
+                            ? queue.Take(static_cast<int>(count))
+                            : MakeSamples(samples.format, samples.rate, layout, static_cast<int>(count));
+    frame->pts = sent;
+    sent += count;
+    return frame;
+}
+
+// A packet reaches from its pts over one frame. What of it lies after the last sample is padding of the codec's.
+boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packet) {
+    if (packet->pts == AV_NOPTS_VALUE)
+        packet->pts = packet->size > 0 ? 0 : sent;
+    const int frameSize = GetContext().frame_size;
+    if (frameSize > 0 && packet->size > 0)
+        packet->duration = codec.capabilities & AV_CODEC_CAP_SMALL_LAST_FRAME
+                               ? std::min<std::int64_t>(frameSize, sent - packet->pts)
+                               : frameSize;
+    const std::int64_t end = sourceEnded || sent == total ? sent : INT64_MAX;
+    if (packet->size > 0 && packet->pts >= end)
+        return nullptr;
+    const std::int64_t over = packet->size > 0 ? std::max<std::int64_t>(packet->pts + packet->duration - end, 0) : 0;
+    packet->pts += firstSample;
+    packet->dts = packet->pts;
+    auto result = boost::intrusive_ptr<Proc::IDataRaw>(new DataRawFF(std::move(packet), {1, samples.rate}));
+    result->SetTrim(0, SamplesToTime(over, samples.rate));
+    position = std::max(position, result->GetTime() + result->GetDuration() - result->GetTrimEnd());
+    return result;
+}
+
+void AudioEncoderCore::ResetSource() {
+    chain.reset();
+    queue.Clear();
+    stream->Reset();
+    sent = 0;
+    position = 0;
+    sourceEnded = false;
+}
+
+void AudioEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
+    auto description = MakeDescription();
+    if (!IsPrepared()) {
+        format = description;
+        return;
+    }
+    description->SetSampleRate(samples.rate);
+    description->SetChannelLayout(samples.layout);
+    description->SetSampleFormat(FromAv(samples.format));
+    format = MakeAudioParameters(GetParameters(), {1, samples.rate}, description->GetProperty());
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,54 @@
+// Kestra::FF::AudioEncoderCore: packets from samples.
+#pragma once
+
+#include "Kestra/FF/AudioEncoderChoice.h"
+#include "Kestra/FF/EncoderCore.h"
+#include "Kestra/FF/SampleQueue.h"
+#include "Kestra/Proc/IStreamAudio.h"
+
+namespace Kestra::FF {
+
+/// Packets for round(duration x rate) samples. The first sample has time 0; what the codec puts before it has negative
+/// times, what it adds after the last is trimmed off the last packet.
+class AudioEncoderCore final : public EncoderCore {
+public:
+    /// Throws ProcException (CodecNotFound).
+    AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Core::Property& description);
+
+    void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override;
+    std::int64_t GetDuration() const override;
+    std::int64_t GetPosition() const override { return position; }
+    /// Encodes only [start, end), whatever the codec: the times of the packets stay those of the whole stream.
+    void AlignTo(std::int64_t start, std::int64_t end) override;
+    std::string Describe() const override;
+
+protected:
+    std::unique_ptr<EncoderLoop> Open() override;
+    FrameHandle NextFrame() override;
+    boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
+    void InterruptSource() override { stream->Interrupt(); }
+    void ResetSource() override;
+
+private:
+    boost::intrusive_ptr<Conf::IFormatCodecAudio> MakeDescription() const;
+    void BuildChain(const Conf::IFormatCodecAudio& description);
+    void SkipToFirst();
+    CodecContextHandle Configure(const Conf::IFormatCodecAudio& description, const OptionList& options) const;
+    int FrameSize() const;
+    bool ReadOn();
+
+    const boost::intrusive_ptr<Proc::IStreamAudio> stream;
+    const AVCodec& codec;
+    boost::intrusive_ptr<Proc::IStreamAudio> chain;
+    EncodeSamples samples;
+    SampleQueue queue;
+    std::int64_t alignStart = 0;
+    std::int64_t alignEnd = INT64_MAX;
+    std::int64_t firstSample = 0;
+    std::int64_t total = -1; ///< samples to be encoded; -1: as many as come
+    std::int64_t sent = 0;
+    std::int64_t position = 0;
+    bool sourceEnded = false;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,58 @@
+#include "Kestra/FF/EncoderCatalogue.h"
+
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/Error.h"
+#include <string>
+
+namespace Kestra::FF {
+
+using Conf::CodecID;
+using Proc::TranscodingError;
+
+namespace {
+
+struct Choice {
+    CodecID codec;
+    const char* encoder;
+};
+
+// In order of preference; a codec that does not stand here has the library's own encoder.
+constexpr Choice CHOICES[] = {
+    {CodecID::H264, "libx264"},  {CodecID::HEVC, "libx265"},     {CodecID::VP9, "libvpx-vp9"},
+    {CodecID::VP8, "libvpx"},    {CodecID::ProRes, "prores_ks"}, {CodecID::MPEG4, "mpeg4"},
+    {CodecID::AV1, "libsvtav1"}, {CodecID::AV1, "libaom-av1"},   {CodecID::AAC, "aac"},
+    {CodecID::Opus, "libopus"},  {CodecID::MP3, "libmp3lame"},   {CodecID::Vorbis, "libvorbis"},
+};
+
+const AVCodec* FindByID(CodecID id) {
+    for (const Choice& choice : CHOICES)
+        if (choice.codec == id)
+            if (const AVCodec* codec = avcodec_find_encoder_by_name(choice.encoder))
+                return codec;
+    return avcodec_find_encoder(ToAv(id));
+}
+
+std::string NameIn(const Conf::IFormatCodec& description) {
+    const Core::Property& tree = description.GetProperty();
+    return tree.ChildExists(Conf::IFormatCodec::TAG_CODEC_ID) ? tree[Conf::IFormatCodec::TAG_CODEC_ID].GetString() : "";
+}
+
+} // namespace
+
+const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType medium) {
+    const std::string name = NameIn(description);
+    const char* const what = medium == AVMEDIA_TYPE_VIDEO ? "video" : "audio";
+    const CodecID id = description.GetCodecID();
+    if (id == CodecID::None)
+        Fail(TranscodingError::CodecNotFound, name.empty()
+                                                  ? std::string("The encoder's description names no ") + what + " codec"
+                                                  : "There is no codec \"" + name + "\"");
+    const AVCodec* codec = FindByID(id);
+    if (!codec)
+        Fail(TranscodingError::CodecNotFound, "This installation has no encoder for the codec \"" + name + "\"");
+    if (codec->type != medium)
+        Fail(TranscodingError::CodecNotFound, "The codec \"" + name + "\" is not one for " + what);
+    return *codec;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,195 @@
+#include "Kestra/FF/MuxerFF.h"
+
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/DataRawFF.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/OptionList.h"
+#include <climits>
+#include <cstring>
+#include <numeric>
+#include <utility>
+
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr const char* WRITER = "EditorExport";
+constexpr int SKIP_SIDE_DATA_SIZE = 10;
+constexpr int SKIP_END_OFFSET = 4;
+constexpr std::int64_t USUAL_MOVIE_TIMESCALE = 90000;
+
+void SetOption(AVFormatContext& context, const char* name, const char* value) {
+    Check(av_opt_set(&context, name, value, AV_OPT_SEARCH_CHILDREN), TranscodingError::MuxerRefused, name);
+}
+
+void CopyParameters(AVStream& stream, const CodecParametersFF& source, bool isMov) {
+    Check(avcodec_parameters_copy(stream.codecpar, &source.GetParameters()), TranscodingError::MuxerRefused,
+          "parameters of a track");
+    // A tag is the container's choice. The exception is HEVC, of which some players take only the one with its
+    // parameter sets in the header alone, as the encoder makes it.
+    stream.codecpar->codec_tag = isMov && stream.codecpar->codec_id == AV_CODEC_ID_HEVC ? MKTAG('h', 'v', 'c', '1') : 0;
+    stream.time_base = source.GetTimeBase();
+    stream.sample_aspect_ratio = stream.codecpar->sample_aspect_ratio;
+    if (stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO) {
+        stream.avg_frame_rate = av_inv_q(source.GetTimeBase());
+        stream.r_frame_rate = stream.avg_frame_rate;
+    }
+}
+
+// What the encoder says of its padding is replaced by what the engine knows: it counts the cuts as well.
+void SetDiscard(AVPacket& packet, std::int64_t samples) {
+    std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, nullptr);
+    if (!data && samples == 0)
+        return;
+    if (!data)
+        data = Allocated(av_packet_new_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, SKIP_SIDE_DATA_SIZE));
+    std::memset(data, 0, SKIP_SIDE_DATA_SIZE);
+    AV_WL32(data + SKIP_END_OFFSET, static_cast<std::uint32_t>(samples));
+}
+
+} // namespace
+
+MuxerFF::MuxerFF(const Container& container, const boost::intrusive_ptr<Conf::IFormatFile>& format,
+                 const boost::intrusive_ptr<Core::IDataOutput>& output)
+    : container(container)
+    , format(format)
+    , output(output)
+    , io(std::make_unique<OutputIo>(output)) {
+    AVFormatContext* made = nullptr;
+    Check(avformat_alloc_output_context2(&made, nullptr, container.muxer, output->GetPath().ToUtf8().c_str()),
+          TranscodingError::MuxerRefused, ("This installation cannot write the container " + Name()).c_str());
+    context.reset(made);
+}
+
+std::string MuxerFF::Name() const {
+    return std::string("\"") + container.id + "\"";
+}
+
+void MuxerFF::RequireState(State wanted, const char* operation) const {
+    if (state != wanted)
+        Fail(TranscodingError::InvalidArgument, std::string("A muxer was told to ") + operation + " out of order");
+}
+
+void MuxerFF::Demand(int result, const char* what) const {
+    io->Rethrow();
+    const int error = result < 0 ? result : io->Get()->error;
+    if (error < 0)
+        ThrowError(error, TranscodingError::OutputFailed,
+                   std::string(what) + " \"" + output->GetPath().ToUtf8() + "\"");
+}
+
+int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {
+    RequireState(State::Adding, "add a track");
+    const CodecParametersFF* parameters = codec ? CodecParametersOf(*codec) : nullptr;
+    if (!parameters)
+        Fail(TranscodingError::MuxerRefused, "A track for " + Name() + " does not come from an encoder of this engine");
+    const AVCodecID id = parameters->GetParameters().codec_id;
+    if (avformat_query_codec(context->oformat, id, FF_COMPLIANCE_EXPERIMENTAL) == 0)
+        Fail(TranscodingError::MuxerRefused, "The container " + Name() + " cannot hold " + avcodec_get_name(id));
+    AVStream* stream = Allocated(avformat_new_stream(context.get(), nullptr));
+    CopyParameters(*stream, *parameters, container.isMov);
+    packetTimeBases.push_back(parameters->GetTimeBase());
+    return stream->index;
+}
+
+void MuxerFF::Open() {
+    RequireState(State::Adding, "open");
+    if (packetTimeBases.empty())
+        Fail(TranscodingError::MuxerRefused, "There is nothing to be written into " + Name() + ": no track");
+    output->Open();
+    ApplyOptions();
+    context->pb = io->Get();
+    context->flags |= AVFMT_FLAG_CUSTOM_IO;
+    const auto refuse = [this](int result) {
+        io->Rethrow();
+        if (result < 0)
+            ThrowError(result, TranscodingError::MuxerRefused,
+                       "The container " + Name() + " refuses its tracks or settings");
+    };
+    refuse(avformat_init_output(context.get(), nullptr));
+    // The library has put its own name there.
+    Check(av_dict_set(&context->metadata, "encoder", WRITER, 0), TranscodingError::OutOfMemory, "metadata");
+    refuse(avformat_write_header(context.get(), nullptr));
+    avio_flush(io->Get());
+    Demand(0, "Writing the header of");
+    state = State::Open;
+}
+
+void MuxerFF::ApplyOptions() {
+    // Negative times are what a decoder has to discard; each container says that in its own way.
+    context->avoid_negative_ts = 0;
+    context->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
+    if (container.isMov)
+        ApplyMovOptions();
+    if (std::strcmp(container.muxer, "wav") == 0)
+        SetOption(*context, "rf64", "auto");
+    const char* const tag = Conf::IFormatFile::TAG_MUXER_OPTIONS;
+    if (format->GetProperty().ChildExists(tag))
+        OptionList(format->GetProperty()[tag])
+            .ApplyTo(context.get(), "The container " + Name(), TranscodingError::MuxerRefused);
+}
+
+void MuxerFF::ApplyMovOptions() {
+    if (io->CanBeReadBack()) {
+        SetOption(*context, "movflags", "+faststart");
+        io->AllowReadingBack(*context);
+    }
+    SetOption(*context, "movie_timescale", std::to_string(MovieTimescale()).c_str());
+    SetOption(*context, "write_tmcd", "0");
+}
+
+// Lengths of tracks and edits are counted in this unit. The smallest common one of all tracks makes them exact.
+std::int64_t MuxerFF::MovieTimescale() const {
+    std::int64_t common = 1;
+    for (const AVRational& base : packetTimeBases) {
+        common = std::lcm(common, static_cast<std::int64_t>(base.den));
+        if (common > INT_MAX)
+            return USUAL_MOVIE_TIMESCALE;
+    }
+    while (common < 1000)
+        common *= 10;
+    return common;
+}
+
+PacketHandle MuxerFF::MakeOutgoing(const Proc::IDataRaw& packet, const AVStream& stream) const {
+    PacketHandle outgoing = MakePacketReference(PacketOf(packet));
+    const std::int64_t end = packet.GetTime() + packet.GetDuration() - packet.GetTrimEnd();
+    outgoing->stream_index = stream.index;
+    outgoing->pts = FromEngineTime(packet.GetTime(), stream.time_base);
+    outgoing->dts = FromEngineTime(packet.GetDecodeTime(), stream.time_base);
+    outgoing->duration = FromEngineTime(end, stream.time_base) - outgoing->pts;
+    outgoing->pos = -1;
+    if (stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
+        SetDiscard(*outgoing, TimeToSamples(packet.GetTrimEnd(), stream.codecpar->sample_rate));
+    return outgoing;
+}
+
+void MuxerFF::Write(int index, const boost::intrusive_ptr<Proc::IDataRaw>& packet) {
+    RequireState(State::Open, "write a packet");
+    if (!packet || index < 0 || index >= static_cast<int>(context->nb_streams))
+        Fail(TranscodingError::InvalidArgument, "A muxer was given no packet, or one of an unknown track");
+    const PacketHandle outgoing = MakeOutgoing(*packet, *context->streams[index]);
+    Demand(av_interleaved_write_frame(context.get(), outgoing.get()), "Writing to");
+}
+
+void MuxerFF::Finish() {
+    RequireState(State::Open, "finish");
+    Demand(av_write_trailer(context.get()), "Completing");
+    avio_flush(io->Get());
+    Demand(0, "Completing");
+    state = State::Done;
+    output->Close();
+}
+
+void MuxerFF::Abort() noexcept {
+    state = State::Done;
+    output->Abort();
+}
+
+} // namespace Kestra::FF

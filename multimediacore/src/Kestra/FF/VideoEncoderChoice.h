@@ -1,0 +1,20 @@
+// What pictures an encoder is given, from its description and the stream.
+#pragma once
+
+#include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/FF/EncodePicture.h"
+
+namespace Kestra::FF {
+
+/// Size and shape are the stream's (the description's where the stream has none), the pixel format is the description's
+/// or the nearest to the stream's that `codec` takes, the colour is the stream's, completed. Sides are made to fit the
+/// pixel format's subsampling and are never 0. Throws ProcException (CodecRefused) for a pixel format that the codec
+/// does not take.
+EncodePicture ChoosePicture(const Conf::IFormatCodecVideo& description, const Conf::IFormatCodecVideo& stream,
+                            const AVCodec& codec);
+
+/// The description's frame rate or the stream's. Throws ProcException (CodecRefused) when neither has one.
+boost::rational<long long> ChooseFrameRate(const Conf::IFormatCodecVideo& description,
+                                           const Conf::IFormatCodecVideo& stream);
+
+} // namespace Kestra::FF

@@ -1,0 +1,235 @@
+#include "Kestra/FF/VideoEncoderCore.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/FF/CodecParametersFF.h"
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/DataRawFF.h"
+#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/EncoderCatalogue.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/VideoConform.h"
+#include "Kestra/FF/VideoEncoderChoice.h"
+#include "Kestra/FF/VideoRateControl.h"
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <utility>
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodecVideo;
+using Proc::TranscodingError;
+
+namespace {
+
+/// Conformed pictures that wait for the encoder: enough to even out uneven decoding, few enough for small machines at
+/// 4K.
+constexpr int READ_AHEAD = 6;
+
+boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree) {
+    auto description = IFormatCodecVideo::Create();
+    description->SetProperty(tree);
+    return description;
+}
+
+void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& description) {
+    const char* const tag = IFormatCodecVideo::TAG_GOP_SECONDS;
+    if (!description.GetProperty().ChildExists(tag))
+        return;
+    const double seconds = description.GetProperty()[tag].GetDouble();
+    if (!(seconds > 0 && seconds < 3600))
+        Fail(TranscodingError::CodecRefused,
+             std::string(context.codec->name) + " refuses keyframes " + std::to_string(seconds) + " seconds apart");
+    const double frames = std::round(seconds * av_q2d(context.framerate));
+    context.gop_size = static_cast<int>(std::clamp(frames, 1.0, 1e6));
+}
+
+void SetProfile(AVCodecContext& context, const IFormatCodecVideo& description) {
+    const char* const tag = IFormatCodecVideo::TAG_PROFILE;
+    if (!description.GetProperty().ChildExists(tag))
+        return;
+    Core::Property profile;
+    profile.SetChild("profile", description.GetProperty()[tag].GetValue());
+    OptionList(profile).ApplyTo(&context, context.codec->name, TranscodingError::CodecRefused);
+}
+
+} // namespace
+
+VideoEncoderCore::VideoEncoderCore(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
+                                   const Core::Property& description)
+    : EncoderCore(description)
+    , stream(stream)
+    , codec(FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_VIDEO)) {}
+
+boost::intrusive_ptr<IFormatCodecVideo> VideoEncoderCore::MakeDescription() const {
+    return DescriptionOf(EncoderCore::GetDescription());
+}
+
+std::string VideoEncoderCore::Describe() const {
+    return std::string(codec.name) + " on " + stream->Describe();
+}
+
+AVRational VideoEncoderCore::TimeBase() const {
+    return av_inv_q(ToAv(rate));
+}
+
+std::int64_t VideoEncoderCore::GetDuration() const {
+    return frameCount >= 0 ? FramesToTime(frameCount, rate) : stream->GetDuration();
+}
+
+std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
+    const auto description = MakeDescription();
+    BuildChain(*description);
+    if (const auto settings = GetTwoPass())
+        log = std::make_unique<TwoPassLog>(*settings, codec);
+    const OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+    const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
+    return std::make_unique<EncoderLoop>(configure, options, codec.name);
+}
+
+void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
+    stream->Prepare();
+    boost::intrusive_ptr<IFormatCodecVideo> format;
+    stream->GetVideoFormat(format);
+    picture = ChoosePicture(description, *format, codec);
+    rate = ChooseFrameRate(description, *format);
+    FF::Describe(picture, *format);
+    stream->PreferFormat(*format);
+    const std::int64_t duration = stream->GetDuration();
+    frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
+    Core::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
+    Proc::SettingsFilterFrameRate settings;
+    settings.SetFrameRate(rate);
+    const boost::intrusive_ptr<Proc::IStreamVideo> conform =
+        new VideoConform(filters.CreateFrameRate(stream, settings), picture);
+    chain = filters.CreateReadAhead(conform, READ_AHEAD);
+    chain->Prepare();
+    if (picture.interlaced)
+        PeekFieldOrder();
+}
+
+// The order of the fields stands in the pictures alone, and the encoder has to know it before the first one.
+void VideoEncoderCore::PeekFieldOrder() {
+    peeked = chain->ReadVideo();
+    if (!peeked)
+        return;
+    const AVFrame& frame = FrameOf(*peeked);
+    picture.interlaced = frame.interlaced_frame != 0;
+    topFieldFirst = frame.top_field_first != 0;
+}
+
+CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
+    CodecContextHandle context = MakeCodecContext(&codec);
+    ConfigurePicture(*context);
+    SetKeyframeDistance(*context, description);
+    SetSpeed(*context);
+    SetRateControl(*context, description, IsApprovedVbrOnly());
+    SetProfile(*context, description);
+    options.ApplyTo(context.get(), codec.name, TranscodingError::CodecRefused);
+    if (options.Has("x265-params"))
+        KeepX265Quiet(*context);
+    if (log && log->IsFirstPass())
+        SetFastFirstPass(*context);
+    if (log)
+        log->Configure(*context);
+    return context;
+}
+
+void VideoEncoderCore::ConfigurePicture(AVCodecContext& context) const {
+    context.width = picture.width;
+    context.height = picture.height;
+    context.pix_fmt = picture.format;
+    context.sample_aspect_ratio = picture.sampleAspect;
+    context.time_base = TimeBase();
+    context.framerate = ToAv(rate);
+    context.color_primaries = static_cast<AVColorPrimaries>(picture.colour.primaries);
+    context.color_trc = static_cast<AVColorTransferCharacteristic>(picture.colour.transfer);
+    context.colorspace = static_cast<AVColorSpace>(picture.colour.matrix);
+    context.color_range = static_cast<AVColorRange>(picture.colour.range);
+    context.chroma_sample_location = AVCHROMA_LOC_LEFT;
+    context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    context.field_order = AV_FIELD_PROGRESSIVE;
+    if (picture.interlaced) {
+        context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
+        context.field_order = topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
+    }
+}
+
+bool VideoEncoderCore::IsApprovedVbrOnly() const {
+    const Core::Property& tree = EncoderCore::GetDescription();
+    const char* const options = Conf::IFormatCodec::TAG_CODEC_OPTIONS_ENCODE;
+    const char* const tag = IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY;
+    return tree.ChildExists(options) && tree[options].ChildExists(tag) && tree[options][tag].GetBool();
+}
+
+FrameHandle VideoEncoderCore::NextFrame() {
+    const bool emptyPass = log && log->IsFirstPass() && !log->IsSupported();
+    if (emptyPass || (frameCount >= 0 && framesSent >= frameCount))
+        return nullptr;
+    const auto data = peeked ? std::exchange(peeked, nullptr) : chain->ReadVideo();
+    if (!data)
+        return nullptr;
+    FrameHandle frame = MakeFrameReference(FrameOf(*data));
+    frame->pts = framesSent++;
+    frame->pkt_duration = 1;
+    // What the source's encoder chose for this picture is nothing to this one.
+    frame->pict_type = AV_PICTURE_TYPE_NONE;
+    frame->key_frame = 0;
+    frame->quality = GetContext().global_quality;
+    return frame;
+}
+
+boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::Finish(PacketHandle packet) {
+    if (log && log->IsFirstPass())
+        log->Collect(GetContext());
+    if (packet->dts == AV_NOPTS_VALUE)
+        packet->dts = packet->pts;
+    packet->duration = 1;
+    boost::intrusive_ptr<Proc::IDataRaw> result = new DataRawFF(std::move(packet), TimeBase());
+    position = std::max(position, result->GetTime() + result->GetDuration());
+    return result;
+}
+
+// Some first passes give nothing until their end. Whoever follows the run by its packets gets one without bytes a
+// frame.
+boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::AfterSend() {
+    if (!log || !log->IsFirstPass() || !log->IsSilent() || framesSent == 0)
+        return nullptr;
+    PacketHandle mark = MakePacket();
+    mark->pts = mark->dts = framesSent - 1;
+    mark->duration = 1;
+    position = FramesToTime(framesSent, rate);
+    return new DataRawFF(std::move(mark), TimeBase());
+}
+
+void VideoEncoderCore::AtEnd() {
+    if (!log || !log->IsFirstPass())
+        return;
+    if (log->IsSilent())
+        log->Collect(GetContext());
+    // x264 and x265 complete their statistics when they close, and the second pass may begin right after this.
+    CloseCodec();
+    log->Close();
+}
+
+void VideoEncoderCore::ResetSource() {
+    peeked.reset();
+    chain.reset();
+    log.reset();
+    stream->Reset();
+    framesSent = 0;
+    position = 0;
+}
+
+void VideoEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
+    auto description = MakeDescription();
+    if (!IsPrepared()) {
+        format = description;
+        return;
+    }
+    FF::Describe(picture, *description);
+    description->SetFrameRate(rate);
+    format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty());
+}
+
+} // namespace Kestra::FF

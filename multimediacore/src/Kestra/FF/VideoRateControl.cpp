@@ -1,0 +1,159 @@
+#include "Kestra/FF/VideoRateControl.h"
+
+#include "Kestra/FF/Error.h"
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <string>
+#include <thread>
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr int MOST_THREADS = 64;
+constexpr int MOST_TILE_THREADS = 16;
+
+int Processors() {
+    return std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
+}
+
+[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what) {
+    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what);
+}
+
+std::string Shown(double value) {
+    std::string text = std::to_string(value);
+    text.erase(text.find_last_not_of('0') + 1);
+    return text.back() == '.' ? text.substr(0, text.size() - 1) : text;
+}
+
+bool HasPrivateOption(const AVCodecContext& context, const char* name) {
+    return context.priv_data && av_opt_find(context.priv_data, name, nullptr, 0, 0) != nullptr;
+}
+
+void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value) {
+    if (HasPrivateOption(context, name))
+        Check(av_opt_set_int(context.priv_data, name, value, 0), TranscodingError::CodecRefused, name);
+}
+
+void SetQuality(AVCodecContext& context, double quality) {
+    if (HasPrivateOption(context, "crf")) {
+        if (av_opt_set_double(context.priv_data, "crf", quality, 0) < 0)
+            Refuse(context, "the quality " + Shown(quality));
+        return;
+    }
+    if (!(quality >= 0 && quality <= 1024))
+        Refuse(context, "the quality " + Shown(quality));
+    context.flags |= AV_CODEC_FLAG_QSCALE;
+    context.global_quality = static_cast<int>(std::lround(quality * FF_QP2LAMBDA));
+}
+
+int BufferSize(std::int64_t bits) {
+    return static_cast<int>(std::min<std::int64_t>(bits, INT_MAX));
+}
+
+bool HasNoRate(const AVCodecContext& context) {
+    return context.codec_id == AV_CODEC_ID_PRORES || context.codec_id == AV_CODEC_ID_FFV1;
+}
+
+void SetBitrate(AVCodecContext& context, std::int64_t bitrate, const std::string& mode, bool boundedPeak) {
+    if (bitrate < 0)
+        Refuse(context, "the bitrate " + std::to_string(bitrate));
+    context.bit_rate = bitrate;
+    if (mode == "cbr") {
+        context.rc_max_rate = bitrate;
+        context.rc_min_rate =
+            context.codec_id == AV_CODEC_ID_H264 || context.codec_id == AV_CODEC_ID_HEVC ? 0 : bitrate;
+        context.rc_buffer_size = BufferSize(bitrate);
+    } else if (mode == "vbr" && boundedPeak) {
+        context.rc_max_rate = bitrate + bitrate / 2;
+        context.rc_buffer_size = BufferSize(2 * context.rc_max_rate);
+    }
+}
+
+void SetX264Threads(AVCodecContext& context) {
+    context.thread_count = std::min(3 * Processors(), MOST_THREADS);
+    Dictionary parameters;
+    parameters.Set("lookahead_threads", "2");
+    Check(av_opt_set_dict_val(context.priv_data, "x264-params", *parameters.Address(), 0),
+          TranscodingError::CodecRefused, "x264-params");
+}
+
+void SetTileThreads(AVCodecContext& context) {
+    context.thread_count = std::min(Processors(), MOST_TILE_THREADS);
+    SetPrivate(context, "row-mt", 1);
+    // Tiles are at least 256 pixels wide.
+    int columns = 0;
+    while (columns < 4 && (context.width >> (columns + 1)) >= 256 && (1 << (columns + 1)) <= context.thread_count)
+        ++columns;
+    SetPrivate(context, "tile-columns", columns);
+}
+
+} // namespace
+
+void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& description, bool boundedPeak) {
+    const std::string mode = description.GetBitrateMode();
+    const double quality = description.GetQuality();
+    const std::int64_t bitrate = description.GetBitrate();
+    if (!mode.empty() && mode != "quality" && mode != "abr" && mode != "vbr" && mode != "cbr")
+        Refuse(context, "the bitrate mode \"" + mode + "\"");
+    if (HasNoRate(context))
+        return;
+    const bool byQuality = mode == "quality" || (mode.empty() && quality != 0);
+    context.bit_rate = 0;
+    if (byQuality && quality != 0)
+        SetQuality(context, quality);
+    else if (!byQuality && bitrate != 0)
+        SetBitrate(context, bitrate, mode.empty() ? "vbr" : mode, boundedPeak);
+    else if (!HasPrivateOption(context, "crf"))
+        SetQuality(context, 3);
+}
+
+void SetSpeed(AVCodecContext& context) {
+    switch (context.codec_id) {
+    case AV_CODEC_ID_H264:
+        if (HasPrivateOption(context, "x264-params"))
+            SetX264Threads(context);
+        break;
+    case AV_CODEC_ID_HEVC:
+        context.thread_count = 0;
+        if (HasPrivateOption(context, "x265-params"))
+            KeepX265Quiet(context);
+        break;
+    case AV_CODEC_ID_VP8:
+    case AV_CODEC_ID_VP9:
+        SetTileThreads(context);
+        SetPrivate(context, "cpu-used", 2);
+        break;
+    case AV_CODEC_ID_AV1:
+        if (HasPrivateOption(context, "row-mt")) {
+            SetTileThreads(context);
+            SetPrivate(context, "cpu-used", 6);
+        }
+        break;
+    default:
+        context.thread_count = std::min(Processors(), MOST_TILE_THREADS);
+        context.thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
+    }
+}
+
+void KeepX265Quiet(AVCodecContext& context) {
+    Dictionary parameters;
+    Check(av_opt_get_dict_val(context.priv_data, "x265-params", 0, parameters.Address()),
+          TranscodingError::CodecRefused, "x265-params");
+    parameters.Set("log-level", "none");
+    Check(av_opt_set_dict_val(context.priv_data, "x265-params", *parameters.Address(), 0),
+          TranscodingError::CodecRefused, "x265-params");
+}
+
+void SetFastFirstPass(AVCodecContext& context) {
+    if (HasPrivateOption(context, "fastfirstpass"))
+        SetPrivate(context, "fastfirstpass", 1);
+    else if (context.codec_id == AV_CODEC_ID_VP9 || context.codec_id == AV_CODEC_ID_VP8)
+        SetPrivate(context, "cpu-used", 4);
+}
+
+} // namespace Kestra::FF
