@@ -46,6 +46,40 @@ TEST_F(Owning, LeavesTheChainsWorkingValueEmpty) {
     EXPECT_EQ(left, 0);
 }
 
+/// Counts how often one is copied.
+struct Heavy : virtual PubSub::Object {
+    Heavy() = default;
+    Heavy(const Heavy& other)
+        : PubSub::Object(other)
+        , copies(other.copies) {
+        ++*copies;
+    }
+    Heavy(Heavy&& other)
+        : PubSub::Object(other)
+        , copies(other.copies) {}
+    Heavy& operator=(const Heavy& other) {
+        copies = other.copies;
+        ++*copies;
+        return *this;
+    }
+    Heavy& operator=(Heavy&& other) {
+        copies = other.copies;
+        return *this;
+    }
+
+    std::shared_ptr<int> copies = std::make_shared<int>(0);
+};
+
+TEST_F(Owning, CopiesTheObjectOnceForAChange) {
+    Heavy heavy;
+    const std::shared_ptr<int> copies = heavy.copies;
+    Message::View<Heavy> heavyOwner;
+    heavyOwner.own(&heavy);
+    EXPECT_EQ(*copies, 0);
+    heavyOwner.change(&heavy); // the chain's working copy; from there on everything moves
+    EXPECT_EQ(*copies, 1);
+}
+
 TEST_F(Owning, TellsOfARemovalBeforeItsOwnHooks) {
     ownAndObserve(first);
     first->number = 5;

@@ -191,7 +191,7 @@ TYPED_TEST(StreamView, ShowsTheOldEngineStreamToHooksWhileTheOwnerChanges) {
     keen.streamOwn(&this->object);
     keen.streamChange(&this->object)->version = 3;
     EXPECT_EQ(keen.old, engine.get());
-    EXPECT_EQ(keen.holders, 3); // this test, the value before and the value now: moved on the way, never copied
+    EXPECT_EQ(keen.holders, 3); // this test, the value before and the value now
 }
 
 TYPED_TEST(StreamView, IsDerivedFromItsGenericViewInConfidence) {

@@ -192,5 +192,6 @@ private:
 } // namespace Message
 
 #include "Message/Details/SetterChain.h"
+#include "Message/Details/ViewEnumeration.h"
 #include "Message/Details/ViewHandlers.h"
 #include "Message/Details/ViewOperations.h"
