@@ -1,0 +1,50 @@
+#include "Kestra/Core/CoreManager.h"
+
+#include "Kestra/FF/CodecFactory.h"
+#include "Kestra/FF/FilterFactory.h"
+#include "Kestra/FF/MuxerFactory.h"
+#include "Kestra/FF/SourceFactory.h"
+#include <utility>
+
+namespace Kestra::Core {
+
+struct CoreManager::Factories {
+    std::shared_ptr<IMuxerFactory> muxer = FF::MakeMuxerFactory();
+    std::shared_ptr<ICodecFactory> codec = FF::MakeCodecFactory();
+    std::shared_ptr<IFilterFactory> filter = FF::MakeFilterFactory();
+    std::shared_ptr<ISourceFactory> source = FF::MakeSourceFactory();
+};
+
+CoreManager::CoreManager()
+    : factories(std::make_unique<Factories>()) {}
+
+CoreManager::~CoreManager() = default;
+
+// Never destroyed: threads that still wind down while the process exits may ask for a factory.
+CoreManager& CoreManager::Instance() {
+    static CoreManager* const instance = new CoreManager;
+    return *instance;
+}
+
+IMuxerFactory& CoreManager::GetMuxerFactory() { return *factories->muxer; }
+ICodecFactory& CoreManager::GetCodecFactory() { return *factories->codec; }
+IFilterFactory& CoreManager::GetFilterFactory() { return *factories->filter; }
+ISourceFactory& CoreManager::GetSourceFactory() { return *factories->source; }
+
+void CoreManager::SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory) {
+    factories->muxer = factory ? std::move(factory) : FF::MakeMuxerFactory();
+}
+
+void CoreManager::SetCodecFactory(std::shared_ptr<ICodecFactory> factory) {
+    factories->codec = factory ? std::move(factory) : FF::MakeCodecFactory();
+}
+
+void CoreManager::SetFilterFactory(std::shared_ptr<IFilterFactory> factory) {
+    factories->filter = factory ? std::move(factory) : FF::MakeFilterFactory();
+}
+
+void CoreManager::SetSourceFactory(std::shared_ptr<ISourceFactory> factory) {
+    factories->source = factory ? std::move(factory) : FF::MakeSourceFactory();
+}
+
+} // namespace Kestra::Core
