@@ -143,6 +143,19 @@ TEST_F(ProcessorRelease, OfTheMuxerComesWithTheProcessors) {
     EXPECT_TRUE(log->Contains("~FakeMuxer"));
 }
 
+TEST_F(ProcessorRelease, DetachingWaitsForAnEventThatIsUnderWay) {
+    const auto gate = events.GetScript().BlockAt("onStarted");
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    auto detached = std::async(std::launch::async, [this] { processor->SetEventsReceiver(nullptr); });
+    EXPECT_EQ(detached.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    gate->Open();
+    detached.get();
+    ASSERT_TRUE(log->WaitForCall("muxer:Finish"));
+    Release();
+    EXPECT_EQ(events.GetScript().GetLog()->Get(), (Events{"onStarted"}));
+}
+
 TEST_F(ProcessorRelease, DetachingInsideAnEventSilencesTheRest) {
     events.GetScript().At("onStarted", [this] { processor->SetEventsReceiver(nullptr); });
     Launch();

@@ -122,14 +122,34 @@ TEST_F(ProcessorStop, BeforeTheOutputIsOpenLeavesTheMuxerUntouched) {
     EXPECT_FALSE(log->Contains("Abort"));
 }
 
-TEST_F(ProcessorStop, WithDiscardAbortsTheMuxer) {
+TEST_F(ProcessorStop, WithDiscardAbortsTheMuxerAndWritesNothingMore) {
     const auto gate = video->BlockAt("ReadRaw 5");
     Launch();
     ASSERT_TRUE(gate->WaitUntilReached());
-    ASSERT_TRUE(log->WaitForCall("muxer:Open"));
+    ASSERT_TRUE(log->WaitForCall("audio:ReadRaw 10"));
+    // The fifth packet of sound waits for the sixth picture.
+    ASSERT_TRUE(log->WaitForCall("muxer:Write 8"));
     processor->Stop();
     processor->Discard();
     ASSERT_TRUE(events.WaitForEnd());
+    EXPECT_TRUE(log->Contains("Abort"));
+    EXPECT_FALSE(log->Contains("muxer:Finish"));
+    EXPECT_EQ(output->GetWritten().size(), 9u);
+}
+
+TEST_F(ProcessorStop, WithALateDiscardStillGivesUpTheOutput) {
+    const auto gate = video->BlockAt("ReadRaw 5");
+    const auto writingWhatIsQueued = muxer->BlockAt("Write 9");
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    ASSERT_TRUE(log->WaitForCall("audio:ReadRaw 10"));
+    ASSERT_TRUE(log->WaitForCall("muxer:Write 8"));
+    processor->Stop();
+    ASSERT_TRUE(writingWhatIsQueued->WaitUntilReached());
+    processor->Discard();
+    writingWhatIsQueued->Open();
+    ASSERT_TRUE(events.WaitForEnd());
+    EXPECT_EQ(events.GetMainEvents().back(), "onFinished");
     EXPECT_TRUE(log->Contains("Abort"));
     EXPECT_FALSE(log->Contains("muxer:Finish"));
 }
@@ -176,12 +196,15 @@ TEST_F(ProcessorStop, IgnoresWhatInterruptedReadsThrow) {
     EXPECT_FALSE(events.GetError());
 }
 
-TEST_F(ProcessorStop, ReportsNoOneHundredPercent) {
+TEST_F(ProcessorStop, ReportsNoOneHundredPercentThoughTheOutputIsCompleted) {
     const auto gate = video->BlockAt("ReadRaw 5");
     Launch();
     ASSERT_TRUE(gate->WaitUntilReached());
+    ASSERT_TRUE(log->WaitForCall("muxer:Write 0"));
     processor->Stop();
     ASSERT_TRUE(events.WaitForEnd());
+    ASSERT_TRUE(log->Contains("muxer:Finish"));
+    ASSERT_FALSE(events.GetProgress().empty());
     for (const auto& progress : events.GetProgress()) {
         EXPECT_LT(progress.percent, 100);
     }

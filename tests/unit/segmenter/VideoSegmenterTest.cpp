@@ -150,6 +150,13 @@ TEST_F(VideoSegmenterSeek, IsNotUndoneByTheFirstRead) {
     EXPECT_EQ(ToPicture(segment->ReadVideo()).number, 5);
 }
 
+TEST_F(VideoSegmenterSeek, TakesTheSourceToTheWindowAgainAfterAReset) {
+    ReadAll(*segment);
+    segment->Reset();
+    ReadAll(*segment);
+    EXPECT_EQ(source->GetScript()->GetLog()->Count("Seek " + std::to_string(3 * FRAME + FRAME / 4)), 2u);
+}
+
 TEST_F(VideoSegmenterSeek, IsSparedWhenTheSourceStandsThereAlready) {
     const auto fromStart = CreateVideoSegmenter(source, 0, 5 * FRAME);
     ReadAll(*fromStart);

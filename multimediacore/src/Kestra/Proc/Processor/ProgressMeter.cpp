@@ -49,11 +49,11 @@ void ProgressMeter::UpdatePosition() {
             slowest = std::min(slowest, track.time);
         }
     }
-    std::int64_t reached = std::min(slowest, furthest);
+    // Never falls: no track goes back, and one that ends lets the others lead.
+    position = std::min(slowest, furthest);
     if (duration >= 0) {
-        reached = std::min(reached, duration);
+        position = std::min(position, duration);
     }
-    position = std::max(position, reached);
 }
 
 bool ProgressMeter::IsDue(Clock::time_point now) const {
