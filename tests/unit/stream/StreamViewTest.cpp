@@ -76,7 +76,13 @@ protected:
 };
 
 using Cases = ::testing::Types<VideoCase, AudioCase>;
-TYPED_TEST_SUITE(StreamView, Cases);
+struct CaseNames {
+    template <class Case>
+    static std::string GetName(int) {
+        return std::is_same_v<Case, VideoCase> ? "Video" : "Audio";
+    }
+};
+TYPED_TEST_SUITE(StreamView, Cases, CaseNames);
 
 TYPED_TEST(StreamView, StartsEmpty) {
     EXPECT_EQ(this->user.stream(), nullptr);
@@ -174,13 +180,13 @@ TYPED_TEST(StreamView, GivesTheEngineStreamNoExtraHolderBeyondTheChange) {
 }
 
 TYPED_TEST(StreamView, ShowsTheOldEngineStreamToHooksWhileTheOwnerChanges) {
+    using O = typename RecordingStreamView<TypeParam>::O;
     class Keen : public RecordingStreamView<TypeParam> {
     public:
         typename TypeParam::Interface* old = nullptr;
         std::int64_t holders = 0;
 
     protected:
-        using O = typename RecordingStreamView<TypeParam>::O;
         void streamChanged(const O*, const O* before, const O*) override {
             old = before->impl.get();
             holders = old ? old->GetRefCount() : 0;
