@@ -1,0 +1,20 @@
+// ExportCore::EventLoopFailures: where an application tells of what reached its event loop.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include <QObject>
+#include <exception>
+
+namespace ExportCore {
+
+class EXPORTCORE_EXPORT EventLoopFailures : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+Q_SIGNALS:
+    /// Comes from inside the event loop.
+    void caught(const std::exception_ptr& error);
+};
+
+} // namespace ExportCore

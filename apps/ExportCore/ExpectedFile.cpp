@@ -1,0 +1,89 @@
+#include "ExportCore/ExpectedFile.h"
+
+#include "ExportCore/TimeText.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Types/Time.h"
+#include <array>
+
+namespace ExportCore {
+namespace {
+
+using Kestra::Proc::CheckedFile;
+using Kestra::Proc::CheckedStream;
+
+/// Containers round times to the millisecond at worst.
+constexpr std::int64_t ROUNDING = 2 * Kestra::TICKS_PER_MILLISECOND;
+/// Sound ends on a whole packet where the container cannot tell of a cut inside; none of the codecs has longer ones.
+constexpr std::int64_t LONGEST_PACKET = 4608;
+constexpr int UNSPECIFIED = 2;
+
+[[noreturn]] void fail(const std::string& what) {
+    KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::OutputFailed,
+                                             "The finished file was checked and found wrong: " + what));
+}
+
+const CheckedStream* find(const CheckedFile& file, CheckedStream::Kind kind) {
+    const CheckedStream* found = nullptr;
+    for (const CheckedStream& stream : file.streams) {
+        if (stream.kind != kind)
+            continue;
+        if (found)
+            fail("it has more than one track of a kind");
+        found = &stream;
+    }
+    return found;
+}
+
+std::string text(std::int64_t time) {
+    return TimeText::format(Types::fromAvTime(time));
+}
+
+void requireLength(const char* what, const CheckedStream& stream, std::int64_t expected, std::int64_t tolerance) {
+    const std::int64_t length = stream.end - stream.start;
+    if (length < expected - tolerance || length > expected + tolerance)
+        fail(std::string("its ") + what + " lasts " + text(length) + " instead of " + text(expected));
+}
+
+bool carriesColour(const std::string& codec) {
+    constexpr std::array<const char*, 3> without{"mpeg4", "mjpeg", "gif"};
+    for (const char* name : without) {
+        if (codec == name)
+            return false;
+    }
+    return true;
+}
+
+void requireColour(const CheckedStream& stream) {
+    const Kestra::Conf::ColourInfo& colour = stream.colour;
+    if (!carriesColour(stream.codec))
+        return;
+    if (colour.matrix == UNSPECIFIED || colour.primaries == UNSPECIFIED || colour.transfer == UNSPECIFIED)
+        fail("it does not tell the colour of its pictures");
+}
+
+} // namespace
+
+void ExpectedFile::require(const CheckedFile& file) const {
+    const CheckedStream* video = find(file, CheckedStream::Kind::Video);
+    const CheckedStream* audio = find(file, CheckedStream::Kind::Audio);
+    if (hasVideo != (video != nullptr))
+        fail(hasVideo ? "it has no picture" : "it has a picture that was not asked for");
+    if (hasAudio != (audio != nullptr))
+        fail(hasAudio ? "it has no sound" : "it has sound that was not asked for");
+    if (video) {
+        if (video->packets != frames)
+            fail("it holds " + std::to_string(video->packets) + " pictures instead of " + std::to_string(frames));
+        const std::int64_t frame = frames > 0 ? videoDuration / frames : 0;
+        requireLength("picture", *video, videoDuration, frame + ROUNDING);
+        requireColour(*video);
+    }
+    if (audio) {
+        if (audio->sampleRate <= 0)
+            fail("its sound has no sample rate");
+        requireLength("sound", *audio, audioDuration,
+                      Kestra::SamplesToTime(LONGEST_PACKET, audio->sampleRate) + ROUNDING);
+    }
+}
+
+} // namespace ExportCore

@@ -1,0 +1,23 @@
+// ExportCore::ExpectedFile: what a finished file has to hold.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include "Kestra/Proc/FileCheck.h"
+#include <cstdint>
+
+namespace ExportCore {
+
+/// A value. Times are engine time.
+struct EXPORTCORE_EXPORT ExpectedFile {
+    bool hasVideo = false;
+    bool hasAudio = false;
+    std::int64_t frames = 0;
+    std::int64_t videoDuration = 0;
+    std::int64_t audioDuration = 0;
+
+    /// Throws Kestra::Proc::ProcException (OutputFailed) that says what the file lacks: a stream, a frame, a part of
+    /// its length, the colour of its pictures.
+    void require(const Kestra::Proc::CheckedFile& file) const;
+};
+
+} // namespace ExportCore

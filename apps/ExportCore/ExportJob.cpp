@@ -1,0 +1,189 @@
+#include "ExportCore/ExportJob.h"
+
+#include "EditorProject/EditorProject.h"
+#include "Export/PresetProvider.h"
+#include "Export/Transcoder.h"
+#include "ExportCore/FileCheckTask.h"
+#include "ExportCore/FrameSnap.h"
+#include "ExportCore/LeftoverSweep.h"
+#include "ExportCore/OutputTransaction.h"
+#include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Types/Time.h"
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace ExportCore {
+
+using Kestra::Proc::ProcessingError;
+using Kestra::Proc::TranscodingError;
+
+ExportJob::ExportJob(ExportRequest request, QObject* parent)
+    : QObject(parent)
+    , request(std::move(request))
+    , watchdog(this->request.limits) {
+    connect(&watchdog, &Watchdog::stalled, this, &ExportJob::onStalled);
+}
+
+ExportJob::~ExportJob() {
+    // The check's last step works on the transaction, the engine's threads on the private file.
+    check.reset();
+    transcoder.reset();
+}
+
+QByteArray ExportJob::privatePath() const {
+    return transaction ? transaction->privatePath() : QByteArray();
+}
+
+void ExportJob::start() {
+    clock.start();
+    QTimer::singleShot(0, this, &ExportJob::prepare);
+}
+
+void ExportJob::prepare() {
+    if (ended || concluding)
+        return;
+    try {
+        RequestCheck::inputs(request.inputs);
+        RequestCheck::ranges(request);
+        RequestCheck::output(request);
+        selectPreset();
+        openInputs();
+        beginOutput();
+        beginTranscoding();
+    } catch (const Refusal& refusal) {
+        refused = true;
+        failure = ProcessingError(TranscodingError::InvalidArgument, refusal.what());
+    } catch (...) { // its kind is read from it, whatever it is
+        setFailure(std::current_exception());
+    }
+    if (failure)
+        concludeLater();
+}
+
+void ExportJob::selectPreset() {
+    const PresetCatalogue catalogue;
+    const Preset preset = catalogue.preset(request.presetId);
+    provider = std::make_unique<Export::PresetProvider>(nullptr);
+    provider->selectTag(catalogue.tagsOf(preset.id()).front());
+    provider->selectPreset(preset.id());
+}
+
+void ExportJob::openInputs() {
+    std::vector<Kestra::ioPath> paths;
+    for (const QString& input : request.inputs)
+        paths.emplace_back(input.toStdString());
+    project = std::make_unique<EditorProject>();
+    connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
+    try {
+        project->open(paths);
+    } catch (...) {
+        const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
+        const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||
+                           error.GetCode() == TranscodingError::SourceUnreadable;
+        if (unfit)
+            KESTRA_THROW(Refusal(error.GetDescription()));
+        throw;
+    }
+    streamRange = RequestCheck::streamRange(request, project->duration());
+    collectDamage();
+}
+
+void ExportJob::beginOutput() {
+    if (failure)
+        return;
+    // The inputs may have taken long to open: what stands at the output now is what counts.
+    const OutputTarget target = RequestCheck::output(request);
+    LeftoverSweep::run(target.folder);
+    transaction =
+        std::make_unique<OutputTransaction>(target, QByteArray::fromStdString(provider->preset().containerId()));
+    Q_EMIT privatePathChanged(transaction->privatePath());
+}
+
+void ExportJob::beginTranscoding() {
+    if (failure)
+        return;
+    provider->updateResolutionPresetIfNeeded(&project->video());
+    Export::Transcoder::Data data;
+    data.composition = project->composition();
+    data.streamRange = streamRange;
+    data.exportRange = snappedExportRange();
+    data.outputPath = QString::fromUtf8(transaction->privatePath());
+    data.brandingName = request.brandingName;
+    data.presetProvider = provider.get();
+    transcoder = std::make_unique<Export::Transcoder>(nullptr);
+    connectTranscoder();
+    watchdog.expect(Watchdog::Wait::Start);
+    QString error;
+    if (!transcoder->initialize(data, error))
+        KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::InvalidArgument, error.toStdString()));
+    expect();
+}
+
+void ExportJob::connectTranscoder() {
+    using Export::Transcoder;
+    connect(transcoder.get(), &Transcoder::started, this, &ExportJob::onStarted);
+    connect(transcoder.get(), &Transcoder::progressChanged, this, &ExportJob::onProgress);
+    connect(transcoder.get(), &Transcoder::failed, this, &ExportJob::onFailed);
+    connect(transcoder.get(), &Transcoder::stopped, this, &ExportJob::concludeLater);
+}
+
+Types::Range ExportJob::snappedExportRange() const {
+    const Media::Video& video = project->video();
+    if (request.exportRange == Types::Range() || !provider->videoExists(&video))
+        return request.exportRange;
+    return FrameSnap::range(request.exportRange, provider->frameRate(&video));
+}
+
+void ExportJob::expect() {
+    const Media::Video* video = transcoder->videoNeeded() ? &transcoder->videoPreset() : nullptr;
+    const Media::Audio* audio = transcoder->audioNeeded() ? &transcoder->audioPreset() : nullptr;
+    const Project::StreamLengths lengths = project->expectedLengths(streamRange, video, audio);
+    expected.hasVideo = video != nullptr;
+    expected.hasAudio = audio != nullptr;
+    expected.frames = lengths.videoFrames;
+    expected.videoDuration = lengths.videoDuration;
+    expected.audioDuration = lengths.audioDuration;
+    const Types::Range window = snappedExportRange();
+    if (window == Types::Range())
+        return;
+    const std::int64_t start = Types::toAvTime(window.start), end = Types::toAvTime(window.end);
+    expected.videoDuration = std::min(end, lengths.videoDuration) - start;
+    expected.audioDuration = std::min(end, lengths.audioDuration) - start;
+    if (video)
+        expected.frames = Kestra::TimeToFrames(expected.videoDuration, provider->frameRate(&project->video()));
+}
+
+void ExportJob::onStarted() {
+    const bool first = !std::exchange(running, true);
+    watchdog.expect(ownStop ? Watchdog::Wait::Stop : Watchdog::Wait::Progress);
+    if (first)
+        Q_EMIT started();
+}
+
+void ExportJob::onProgress(int percent, KTime remaining) {
+    if (ownStop || failure)
+        return;
+    watchdog.expect(Watchdog::Wait::Progress);
+    ExportProgress progress;
+    progress.percent = percent;
+    progress.elapsedMs = clock.elapsed();
+    progress.remainingMs = remaining < KTime(0) ? -1 : remaining.milliseconds();
+    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
+    if (progress.elapsedMs > 0)
+        progress.speed = static_cast<double>(length) / Kestra::TICKS_PER_MILLISECOND * percent / 100.0 /
+                         static_cast<double>(progress.elapsedMs);
+    Q_EMIT progressChanged(progress);
+}
+
+void ExportJob::onFailed(const ProcessingError& error) {
+    // After a stop, whatever fails on the way out concerns nobody.
+    if (!failure && !ownStop)
+        failure = error;
+}
+
+} // namespace ExportCore

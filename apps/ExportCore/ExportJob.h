@@ -1,0 +1,108 @@
+// ExportCore::ExportJob: one export from the request to the checked file at its place.
+#pragma once
+
+#include "ExportCore/ExpectedFile.h"
+#include "ExportCore/ExportOutcome.h"
+#include "ExportCore/ExportProgress.h"
+#include "ExportCore/ExportRequest.h"
+#include "ExportCore/Watchdog.h"
+#include "ExportCoreExport.h"
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QObject>
+#include <exception>
+#include <memory>
+#include <optional>
+
+class EditorProject;
+class Preset;
+
+namespace Export {
+class PresetProvider;
+class Transcoder;
+} // namespace Export
+
+namespace Kestra::Proc {
+struct DamageReport;
+}
+
+namespace ExportCore {
+
+class FileCheckTask;
+class OutputTransaction;
+
+/// For one run: construct, connect, start(), wait for finished(). Lives on the thread of the model; every signal comes
+/// from that thread's event loop. Destruction ends a run that is under way; the output stays what it was.
+///
+/// After an outcome with the code Stalled, destruction may hang on the thread that hangs: an application that has to
+/// end then ends without it. Nothing is left behind by that.
+class EXPORTCORE_EXPORT ExportJob : public QObject {
+    Q_OBJECT
+public:
+    explicit ExportJob(ExportRequest request, QObject* parent = nullptr);
+    ~ExportJob() override;
+
+    /// Once. Returns at once.
+    void start();
+    /// Ends the run soon; the outcome is Stopped unless the run had failed or ended before.
+    void stop();
+    /// For what the event loop caught: a start of the engine that fails leaves as an exception. Ends the run.
+    void fail(const std::exception_ptr& error);
+
+    /// Where the unfinished file stands; empty while there is none.
+    QByteArray privatePath() const;
+
+Q_SIGNALS:
+    /// The private file has been made at that path, or is gone (empty).
+    void privatePathChanged(const QByteArray& path);
+    void started();
+    void progressChanged(const ExportCore::ExportProgress& progress);
+    /// Once, as the last signal.
+    void finished(const ExportCore::ExportOutcome& outcome);
+
+private:
+    void prepare();
+    void openInputs();
+    void selectPreset();
+    void beginOutput();
+    void beginTranscoding();
+    void connectTranscoder();
+    void expect();
+    Types::Range snappedExportRange() const;
+
+    void onStarted();
+    void onProgress(int percent, KTime remaining);
+    void onFailed(const Kestra::Proc::ProcessingError& error);
+    void onStalled(Watchdog::Wait wait);
+
+    void setFailure(const std::exception_ptr& error);
+    void collectDamage();
+    bool matters(const Kestra::Proc::DamageReport& report) const;
+    void concludeLater();
+    void conclude();
+    void checkFile();
+    void onChecked(const std::exception_ptr& error);
+    void commit();
+    void collectFacts();
+    void finish(ExportOutcome::Status status);
+
+    const ExportRequest request;
+    Types::Range streamRange;
+    std::unique_ptr<EditorProject> project;
+    std::unique_ptr<Export::PresetProvider> provider;
+    std::unique_ptr<OutputTransaction> transaction;
+    std::unique_ptr<Export::Transcoder> transcoder;
+    std::unique_ptr<FileCheckTask> check;
+    Watchdog watchdog;
+    QElapsedTimer clock;
+    ExpectedFile expected;
+    ExportOutcome outcome;
+    std::optional<Kestra::Proc::ProcessingError> failure;
+    bool refused = false;
+    bool ownStop = false;
+    bool running = false; ///< the engine has told that it started
+    bool concluding = false;
+    bool ended = false;
+};
+
+} // namespace ExportCore

@@ -1,0 +1,187 @@
+// How a run ends: stop, failure, stall; the check of the file and its way to its place.
+#include "ExportCore/ExportJob.h"
+
+#include "EditorProject/EditorProject.h"
+#include "Export/PresetProvider.h"
+#include "Export/Transcoder.h"
+#include "ExportCore/FileCheckTask.h"
+#include "ExportCore/OutputTransaction.h"
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimeText.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Types/Time.h"
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace ExportCore {
+
+using Kestra::Proc::ProcessingError;
+using Kestra::Proc::TranscodingError;
+
+void ExportJob::stop() {
+    if (ended || ownStop)
+        return;
+    ownStop = true;
+    if (running && !concluding) {
+        watchdog.expect(Watchdog::Wait::Stop);
+        transcoder->stop();
+        return;
+    }
+    if (check)
+        check->interrupt();
+    // A run that has not started cannot be stopped, only destroyed.
+    concludeLater();
+}
+
+void ExportJob::fail(const std::exception_ptr& error) {
+    if (ended)
+        return;
+    setFailure(error);
+    if (check)
+        check->interrupt();
+    concludeLater();
+}
+
+void ExportJob::setFailure(const std::exception_ptr& error) {
+    if (!failure && !ownStop)
+        failure = ProcessingError::MakeProcessingErrorFromException(error);
+}
+
+void ExportJob::onStalled(Watchdog::Wait wait) {
+    const auto seconds = [](std::chrono::milliseconds limit) {
+        return std::to_string(std::max<long long>(limit.count() / 1000, 1)) + " s";
+    };
+    if (wait == Watchdog::Wait::Start)
+        failure = ProcessingError(TranscodingError::Stalled,
+                                  "The export did not start within " + seconds(request.limits.start));
+    else if (wait == Watchdog::Wait::Progress)
+        failure = ProcessingError(TranscodingError::Stalled,
+                                  "The export made no progress for " + seconds(request.limits.progress));
+    else if (!failure)
+        failure = ProcessingError(TranscodingError::Stalled,
+                                  "The export did not stop within " + seconds(request.limits.stop));
+    // A thread that hangs would be waited for, so the engine is left alone from here on.
+    transcoder->disconnect(this);
+    transaction->rollback();
+    concluding = true;
+    finish(ownStop ? ExportOutcome::Status::Stopped : ExportOutcome::Status::Failed);
+}
+
+void ExportJob::concludeLater() {
+    if (std::exchange(concluding, true))
+        return;
+    watchdog.disarm();
+    // Not from inside a signal of the transcoder: it is destroyed there.
+    QTimer::singleShot(0, this, &ExportJob::conclude);
+}
+
+void ExportJob::conclude() {
+    if (ended || check)
+        return;
+    transcoder.reset();
+    if (project)
+        collectDamage();
+    if (!failure && !ownStop)
+        return checkFile();
+    if (transaction)
+        transaction->rollback();
+    finish(failure && refused ? ExportOutcome::Status::Refused
+           : failure          ? ExportOutcome::Status::Failed
+                              : ExportOutcome::Status::Stopped);
+}
+
+bool ExportJob::matters(const Kestra::Proc::DamageReport& report) const {
+    if (!report.incomplete)
+        return false;
+    // Who asks for a part that lies before what is missing misses nothing.
+    const KTime start = request.in.value_or(KTime(0));
+    for (const Project::Clip& clip : project->clips()) {
+        const KTime end = Types::fromAvTime(clip.start + clip.duration);
+        if (clip.path == report.path && start < end && (!request.out || *request.out > end))
+            return true;
+    }
+    return false;
+}
+
+void ExportJob::collectDamage() {
+    for (const Kestra::Proc::DamageReport& report : project->takeDamageReports()) {
+        const std::string sentence = '"' + report.path.ToUtf8() + "\" is damaged at " +
+                                     TimeText::format(Types::fromAvTime(report.time)) + ": " + report.what;
+        if (matters(report) && !failure && !ownStop)
+            failure = ProcessingError(TranscodingError::SourceDamaged, sentence);
+        else
+            outcome.warnings << QString::fromStdString(sentence);
+    }
+}
+
+void ExportJob::checkFile() {
+    check = std::make_unique<FileCheckTask>(Kestra::ioPath(transaction->privatePath().toStdString()), expected,
+                                            [this] { transaction->sync(); });
+    connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
+    check->start();
+}
+
+void ExportJob::onChecked(const std::exception_ptr& error) {
+    if (error)
+        setFailure(error);
+    else if (!failure && !ownStop)
+        commit();
+    if (failure || ownStop)
+        transaction->rollback();
+    finish(failure   ? ExportOutcome::Status::Failed
+           : ownStop ? ExportOutcome::Status::Stopped
+                     : ExportOutcome::Status::Done);
+}
+
+void ExportJob::commit() {
+    try {
+        if (RequestCheck::isInput(request.outputPath.toUtf8(), request.inputs))
+            KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
+                                                     "The output has become one of the inputs meanwhile"));
+        if (!transaction->commit())
+            outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
+        collectFacts();
+    } catch (...) { // told as the outcome
+        setFailure(std::current_exception());
+    }
+}
+
+void ExportJob::collectFacts() {
+    const Kestra::Proc::CheckedFile& file = check->result();
+    ExportFacts& facts = outcome.facts;
+    facts.path = request.outputPath;
+    facts.sizeBytes = file.size;
+    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
+    facts.durationMs = Types::fromAvTime(length).milliseconds();
+    for (const Kestra::Proc::CheckedStream& stream : file.streams) {
+        if (stream.kind == Kestra::Proc::CheckedStream::Kind::Video) {
+            facts.frames = stream.packets;
+            facts.width = static_cast<int>(stream.frame.width);
+            facts.height = static_cast<int>(stream.frame.height);
+            facts.videoCodec = stream.codec;
+        } else if (stream.kind == Kestra::Proc::CheckedStream::Kind::Audio) {
+            facts.audioCodec = stream.codec;
+            facts.sampleRate = stream.sampleRate;
+            facts.channels = stream.channels;
+        }
+    }
+    facts.elapsedMs = clock.elapsed();
+    if (facts.elapsedMs > 0)
+        facts.speed = static_cast<double>(facts.durationMs) / static_cast<double>(facts.elapsedMs);
+}
+
+void ExportJob::finish(ExportOutcome::Status status) {
+    if (std::exchange(ended, true))
+        return;
+    watchdog.disarm();
+    outcome.status = status;
+    if (failure)
+        outcome.error = *failure;
+    if (transaction)
+        Q_EMIT privatePathChanged(QByteArray());
+    Q_EMIT finished(outcome);
+}
+
+} // namespace ExportCore

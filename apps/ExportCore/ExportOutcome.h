@@ -1,0 +1,27 @@
+// ExportCore::ExportOutcome: how an export ended.
+#pragma once
+
+#include "ExportCore/ExportFacts.h"
+#include "Kestra/Proc/ProcessingError.h"
+#include <QMetaType>
+#include <QStringList>
+
+namespace ExportCore {
+
+struct ExportOutcome {
+    enum class Status {
+        Done,    ///< the file stands at its place and has been checked
+        Refused, ///< the request cannot be carried out; nothing was begun
+        Failed,  ///< the run ended with an error; what stood at the output stands there still
+        Stopped, ///< at the user's wish; likewise
+    };
+
+    Status status = Status::Failed;
+    Kestra::Proc::ProcessingError error; ///< when refused or failed; its code is Stalled, too, when a stopped run hangs
+    ExportFacts facts;                   ///< when done
+    QStringList warnings;                ///< damage in the inputs that was concealed, one sentence each
+};
+
+} // namespace ExportCore
+
+Q_DECLARE_METATYPE(ExportCore::ExportOutcome)

@@ -1,0 +1,17 @@
+// ExportCore::LeftoverSweep: removes what dead runs left behind.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include <QByteArray>
+
+namespace ExportCore {
+
+struct EXPORTCORE_EXPORT LeftoverSweep {
+    /// Removes the private files in the folder whose writer is dead. Whatever is in doubt stays; never fails.
+    /// Returns how many went.
+    static int run(const QByteArray& folder) noexcept;
+
+    LeftoverSweep() = delete;
+};
+
+} // namespace ExportCore

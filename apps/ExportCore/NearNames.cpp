@@ -1,0 +1,52 @@
+#include "ExportCore/NearNames.h"
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+namespace ExportCore {
+namespace {
+
+std::string lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return text;
+}
+
+} // namespace
+
+std::size_t NearNames::distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> beforeLast, last(b.size() + 1), row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j)
+        row[j] = j;
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        beforeLast = std::exchange(last, row);
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+            row[j] = std::min({replaced, last[j] + 1, row[j - 1] + 1});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+        }
+    }
+    return row[b.size()];
+}
+
+std::vector<std::string> NearNames::find(const std::string& wanted, const std::vector<std::string>& known,
+                                         std::size_t limit) {
+    const std::string low = lowered(wanted);
+    const std::size_t tolerance = std::max<std::size_t>(2, low.size() / 3);
+    std::vector<std::pair<std::size_t, std::string>> near;
+    for (const std::string& name : known) {
+        const std::size_t away = distance(low, lowered(name));
+        const bool part = low.size() >= 3 && lowered(name).find(low) != std::string::npos;
+        if (away <= tolerance || part)
+            near.emplace_back(away, name);
+    }
+    std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < std::min(limit, near.size()); ++i)
+        names.push_back(near[i].second);
+    return names;
+}
+
+} // namespace ExportCore

@@ -1,0 +1,22 @@
+// ExportCore::NearNames: what somebody may have meant.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ExportCore {
+
+struct EXPORTCORE_EXPORT NearNames {
+    /// How many letters must be put in, left out, replaced or swapped with their neighbour to make b of a.
+    static std::size_t distance(const std::string& a, const std::string& b);
+    /// The known names that are near enough to be a slip, or that hold what was asked for; the nearest first, in their
+    /// own order where they are equally near, at most `limit`.
+    static std::vector<std::string> find(const std::string& wanted, const std::vector<std::string>& known,
+                                         std::size_t limit = 3);
+
+    NearNames() = delete;
+};
+
+} // namespace ExportCore

@@ -1,0 +1,151 @@
+#include "ExportCore/OutputTransaction.h"
+
+#include "ExportCore/PrivateName.h"
+#include "Kestra/Proc/ProcException.h"
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace ExportCore {
+namespace {
+
+using Kestra::Proc::TranscodingError;
+
+TranscodingError codeOf(int error) {
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return TranscodingError::DiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return TranscodingError::OutputNotWritable;
+    default:
+        return TranscodingError::OutputFailed;
+    }
+}
+
+[[noreturn]] void fail(int error, const std::string& what) {
+    KESTRA_THROW(Kestra::Proc::ProcException(codeOf(error), what + ": " + std::strerror(error)));
+}
+
+std::string quoted(const QByteArray& path) {
+    return '"' + path.toStdString() + '"';
+}
+
+bool isSameFile(int file, const QByteArray& path) {
+    struct stat own = {}, there = {};
+    return fstat(file, &own) == 0 && lstat(path.constData(), &there) == 0 && own.st_dev == there.st_dev &&
+           own.st_ino == there.st_ino;
+}
+
+} // namespace
+
+OutputTransaction::OutputTransaction(OutputTarget target, QByteArray extension)
+    : target(std::move(target))
+    , extension(std::move(extension)) {
+    // A name that is taken, or taken away by another run's sweep before it could be locked, is not tried again.
+    constexpr int attempts = 100;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (create())
+            return;
+    }
+    fail(EEXIST, "Cannot make a file beside " + quoted(this->target.path));
+}
+
+OutputTransaction::~OutputTransaction() {
+    rollback();
+    if (file >= 0)
+        ::close(file);
+}
+
+bool OutputTransaction::create() {
+    path = target.folder + (target.folder.endsWith('/') ? "" : "/") + PrivateName::make(extension);
+    // What replaces a private file must at no time be readable by others.
+    const mode_t mode = target.existed ? 0600 : 0666;
+    file = ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (file < 0) {
+        if (errno == EEXIST)
+            return false;
+        fail(errno, "Cannot make a file beside " + quoted(target.path));
+    }
+    // A file system without locks is no reason to refuse: the process named by the file's name is then all there is.
+    const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    if (locked && isSameFile(file, path)) {
+        standing = true;
+        return true;
+    }
+    ::close(file);
+    file = -1;
+    return false;
+}
+
+void OutputTransaction::sync() const {
+    if (fsync(file) != 0)
+        fail(errno, "Cannot write " + quoted(target.path) + " to the disk");
+}
+
+bool OutputTransaction::commit() {
+    requireOwnFile();
+    if (target.existed)
+        takeOverAccess();
+    moveIntoPlace();
+    standing = false;
+    return syncFolder();
+}
+
+void OutputTransaction::rollback() noexcept {
+    if (standing && isSameFile(file, path))
+        ::unlink(path.constData());
+    standing = false;
+}
+
+void OutputTransaction::requireOwnFile() const {
+    if (!isSameFile(file, path))
+        fail(ENOENT, "The unfinished file of " + quoted(target.path) + " was removed or replaced");
+}
+
+void OutputTransaction::takeOverAccess() const {
+    // Only root may give files away; for everybody else the new file stays their own.
+    if (fchown(file, target.owner, target.group) != 0 && errno != EPERM)
+        fail(errno, "Cannot give " + quoted(target.path) + " its owner");
+    if (fchmod(file, target.mode) != 0 && errno != EPERM)
+        fail(errno, "Cannot give " + quoted(target.path) + " its permissions");
+}
+
+void OutputTransaction::moveIntoPlace() const {
+    const char* from = path.constData();
+    const char* to = target.path.constData();
+    struct stat there = {};
+    if (lstat(to, &there) == 0 && !S_ISREG(there.st_mode))
+        fail(EEXIST, "Cannot put the finished file at " + quoted(target.path));
+    if (target.replace) {
+        if (::rename(from, to) != 0)
+            fail(errno, "Cannot put the finished file at " + quoted(target.path));
+        return;
+    }
+    if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
+        return;
+    if (errno != EINVAL && errno != ENOSYS)
+        fail(errno, "Cannot put the finished file at " + quoted(target.path));
+    // Not every file system knows that kind of renaming; a second name for the file is as exclusive.
+    if (::link(from, to) != 0)
+        fail(errno, "Cannot put the finished file at " + quoted(target.path));
+    ::unlink(from);
+}
+
+bool OutputTransaction::syncFolder() const {
+    const int folder = ::open(target.folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return false;
+    const bool synced = fsync(folder) == 0 || errno == EINVAL;
+    ::close(folder);
+    return synced;
+}
+
+} // namespace ExportCore

@@ -1,0 +1,49 @@
+// ExportCore::OutputTransaction: a file that stands at its place whole or not at all.
+#pragma once
+
+#include "ExportCore/OutputTarget.h"
+#include "ExportCoreExport.h"
+#include <QByteArray>
+
+namespace ExportCore {
+
+/// The file is written under a private name in the target's folder and renamed over the target by commit(). Until then
+/// the target stays what it was; without a commit the private file goes with the transaction. The lock that is held on
+/// the private file tells other runs that its writer lives: see LeftoverSweep.
+///
+/// Failures are ProcException with the cause (disk full, not writable ...).
+class EXPORTCORE_EXPORT OutputTransaction {
+public:
+    /// Makes the private file, empty.
+    OutputTransaction(OutputTarget target, QByteArray extension);
+    ~OutputTransaction();
+
+    /// Absolute, UTF-8; what is to be written.
+    const QByteArray& privatePath() const { return path; }
+
+    /// Waits until what was written has reached the disk. The only operation that may be called on another thread.
+    void sync() const;
+    /// Puts the file at the target's place. A file that has appeared there meanwhile is replaced only when replacing
+    /// was allowed. False when the file stands there, but its folder could not be brought to the disk.
+    bool commit();
+    /// Removes the private file. After a commit it does nothing.
+    void rollback() noexcept;
+
+    OutputTransaction(const OutputTransaction&) = delete;
+    OutputTransaction& operator=(const OutputTransaction&) = delete;
+
+private:
+    bool create();
+    void takeOverAccess() const;
+    void requireOwnFile() const;
+    void moveIntoPlace() const;
+    bool syncFolder() const;
+
+    OutputTarget target;
+    QByteArray extension;
+    QByteArray path;
+    int file = -1;
+    bool standing = false; ///< the private name is ours to remove
+};
+
+} // namespace ExportCore

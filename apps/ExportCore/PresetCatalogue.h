@@ -1,0 +1,32 @@
+// ExportCore::PresetCatalogue: finding presets by their ids.
+#pragma once
+
+#include "EditorPreset/PresetStorage.h"
+#include "ExportCoreExport.h"
+#include <string>
+#include <vector>
+
+namespace ExportCore {
+
+/// A value.
+class EXPORTCORE_EXPORT PresetCatalogue {
+public:
+    /// Reads the catalogue that the settings name. Throws Refusal with file, place and reason when it is malformed.
+    PresetCatalogue();
+
+    /// Every id once, in catalogue order.
+    const std::vector<std::string>& ids() const { return known; }
+    std::vector<std::string> tags() const;
+    /// The tags that hold the preset, in catalogue order.
+    std::vector<std::string> tagsOf(const std::string& id) const;
+    /// The presets of a tag. Throws Refusal with near names for a tag that is none.
+    std::vector<std::string> idsOf(const std::string& tag) const;
+    /// Throws Refusal with near names for an id that is none.
+    Preset preset(const std::string& id) const;
+
+private:
+    PresetStorage storage;
+    std::vector<std::string> known;
+};
+
+} // namespace ExportCore

@@ -1,0 +1,7 @@
+#include "ExportCore/Refusal.h"
+
+namespace ExportCore {
+
+Refusal::~Refusal() noexcept = default;
+
+} // namespace ExportCore

@@ -1,0 +1,182 @@
+#include "ExportCore/RequestCheck.h"
+
+#include "ExportCore/Refusal.h"
+#include "ExportCore/TimeText.h"
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ExportCore {
+namespace {
+
+[[noreturn]] void refuse(const std::string& what) {
+    KESTRA_THROW(Refusal(what));
+}
+
+std::string quoted(const QByteArray& path) {
+    return '"' + path.toStdString() + '"';
+}
+
+std::optional<struct stat> stateOf(const QByteArray& path) {
+    struct stat state = {};
+    if (::stat(path.constData(), &state) != 0)
+        return std::nullopt;
+    return state;
+}
+
+bool allows(const QByteArray& path, int mode) {
+    return faccessat(AT_FDCWD, path.constData(), mode, AT_EACCESS) == 0;
+}
+
+/// Null for a regular file.
+const char* kindOf(mode_t mode) {
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return nullptr;
+    case S_IFDIR:
+        return "it is a folder";
+    case S_IFIFO:
+        return "it is a pipe";
+    case S_IFSOCK:
+        return "it is a socket";
+    default:
+        return "it is a device";
+    }
+}
+
+void checkInput(const QString& input) {
+    const QByteArray path = input.toUtf8();
+    const auto state = stateOf(path);
+    if (!state)
+        refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
+    if (const char* kind = kindOf(state->st_mode))
+        refuse("Cannot read " + quoted(path) + ": " + kind);
+    if (!allows(path, R_OK))
+        refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
+    if (state->st_size == 0)
+        refuse("Cannot read " + quoted(path) + ": it is empty");
+}
+
+QByteArray folderOf(const QByteArray& path) {
+    const int slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.left(slash);
+}
+
+/// The path with every link resolved; empty when it leads nowhere.
+QByteArray resolved(const QByteArray& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
+    return real ? QByteArray(real.get()) : QByteArray();
+}
+
+void checkFolder(const QByteArray& folder, const QByteArray& output) {
+    const auto state = stateOf(folder);
+    if (!state)
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno));
+    if (!S_ISDIR(state->st_mode))
+        refuse("Cannot write " + quoted(output) + ": " + quoted(folder) + " is not a folder");
+    if (!allows(folder, W_OK | X_OK))
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno));
+}
+
+void checkStanding(const struct stat& state, const QByteArray& output, const ExportRequest& request) {
+    if (const char* kind = kindOf(state.st_mode))
+        refuse("Cannot write " + quoted(output) + ": " + kind);
+    if (RequestCheck::isInput(output, request.inputs))
+        refuse("Cannot write " + quoted(output) + ": it is one of the inputs");
+    if (!request.overwrite)
+        refuse("Cannot write " + quoted(output) + ": it exists already and overwriting was not asked for");
+    if (!allows(output, W_OK))
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+}
+
+/// A new file's place: its folder's true path and its own name.
+QByteArray placeOfNew(const QByteArray& output) {
+    const QByteArray name = output.mid(output.lastIndexOf('/') + 1);
+    if (name.isEmpty() || name == "." || name == "..")
+        refuse("Cannot write " + quoted(output) + ": it does not name a file");
+    const QByteArray folder = resolved(folderOf(output));
+    return folder.endsWith('/') ? folder + name : folder + '/' + name;
+}
+
+} // namespace
+
+void RequestCheck::inputs(const QStringList& inputs) {
+    if (inputs.isEmpty())
+        refuse("No input was given");
+    for (const QString& input : inputs)
+        checkInput(input);
+}
+
+bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
+    const auto state = stateOf(path);
+    if (!state)
+        return false;
+    for (const QString& input : inputs) {
+        const auto source = stateOf(input.toUtf8());
+        if (source && source->st_dev == state->st_dev && source->st_ino == state->st_ino)
+            return true;
+    }
+    return false;
+}
+
+OutputTarget RequestCheck::output(const ExportRequest& request) {
+    const QByteArray output = request.outputPath.toUtf8();
+    if (output.isEmpty())
+        refuse("No output file was given");
+    OutputTarget target;
+    target.replace = request.overwrite;
+    if (const auto state = stateOf(output)) {
+        checkStanding(*state, output, request);
+        target.existed = true;
+        target.mode = state->st_mode & 07777;
+        target.owner = state->st_uid;
+        target.group = state->st_gid;
+        target.path = resolved(output);
+    } else if (errno != ENOENT) {
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+    } else {
+        struct stat link = {};
+        if (::lstat(output.constData(), &link) == 0)
+            refuse("Cannot write " + quoted(output) + ": it is a link that leads nowhere");
+        checkFolder(folderOf(output), output);
+        target.path = placeOfNew(output);
+    }
+    target.folder = folderOf(target.path);
+    checkFolder(target.folder, output);
+    return target;
+}
+
+void RequestCheck::ranges(const ExportRequest& request) {
+    if (request.in && *request.in < KTime(0))
+        refuse("The in point " + TimeText::format(*request.in) + " lies before the start");
+    if (request.out && *request.out <= request.in.value_or(KTime(0)))
+        refuse("The out point " + TimeText::format(*request.out) + " does not lie after the in point " +
+               TimeText::format(request.in.value_or(KTime(0))));
+    const Types::Range& window = request.exportRange;
+    if (window != Types::Range() && (window.start < KTime(0) || window.end <= window.start))
+        refuse("The export range from " + TimeText::format(window.start) + " to " + TimeText::format(window.end) +
+               " is empty");
+}
+
+Types::Range RequestCheck::streamRange(const ExportRequest& request, KTime duration) {
+    ranges(request);
+    const std::string outside = " lies outside the inputs, which last " + TimeText::format(duration);
+    if (request.in && *request.in >= duration)
+        refuse("The in point " + TimeText::format(*request.in) + outside);
+    if (request.out && *request.out > duration)
+        refuse("The out point " + TimeText::format(*request.out) + outside);
+    const Types::Range range{request.in.value_or(KTime(0)), request.out.value_or(duration)};
+    const KTime lasting = range.end - range.start;
+    if (request.exportRange.end > lasting)
+        refuse("The end of the export range " + TimeText::format(request.exportRange.end) +
+               " lies outside what is exported, which lasts " + TimeText::format(lasting));
+    return request.in || request.out ? range : Types::Range();
+}
+
+} // namespace ExportCore

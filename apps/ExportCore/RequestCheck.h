@@ -1,0 +1,27 @@
+// ExportCore::RequestCheck: what can be refused before anything opens.
+#pragma once
+
+#include "ExportCore/ExportRequest.h"
+#include "ExportCore/OutputTarget.h"
+#include "ExportCoreExport.h"
+
+namespace ExportCore {
+
+/// Every operation throws Refusal for what it does not accept. Nothing is opened, made or changed.
+struct EXPORTCORE_EXPORT RequestCheck {
+    /// Each a regular file that can be read and is not empty; at least one.
+    static void inputs(const QStringList& inputs);
+    /// Not one of the inputs (through links neither), and a place where a regular file can be put.
+    static OutputTarget output(const ExportRequest& request);
+    /// The points in order and the export range not inverted, as far as that is known without the inputs' length.
+    static void ranges(const ExportRequest& request);
+    /// The part of the composition to export; zero to zero, which is all of it, when no point was given. Both points
+    /// must lie inside.
+    static Types::Range streamRange(const ExportRequest& request, KTime duration);
+    /// Whether the path is, through whatever links, one of the inputs.
+    static bool isInput(const QByteArray& path, const QStringList& inputs);
+
+    RequestCheck() = delete;
+};
+
+} // namespace ExportCore

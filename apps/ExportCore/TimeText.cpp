@@ -1,0 +1,51 @@
+#include "ExportCore/TimeText.h"
+#include <cstdio>
+#include <cstdlib>
+#include <regex>
+
+namespace ExportCore {
+namespace {
+
+qint64 toNumber(const std::string& digits) {
+    return std::strtoll(digits.c_str(), nullptr, 10);
+}
+
+/// Milliseconds of the digits after the point; more than three of them are rounded.
+qint64 fractionOf(const std::string& digits) {
+    const std::string padded = digits + "0000";
+    const qint64 tenths = toNumber(padded.substr(0, 4));
+    return (tenths + 5) / 10;
+}
+
+} // namespace
+
+std::optional<KTime> TimeText::parse(const std::string& text) {
+    static const std::regex clock(R"((\d{1,7}):([0-5]\d):([0-5]\d)(?:\.(\d{1,12}))?)");
+    static const std::regex seconds(R"((\d{1,10})(?:\.(\d{1,12}))?)");
+    std::smatch parts;
+    qint64 whole = 0;
+    std::string fraction;
+    if (std::regex_match(text, parts, clock)) {
+        whole = (toNumber(parts[1]) * 60 + toNumber(parts[2])) * 60 + toNumber(parts[3]);
+        fraction = parts[4];
+    } else if (std::regex_match(text, parts, seconds)) {
+        whole = toNumber(parts[1]);
+        fraction = parts[2];
+    } else {
+        return std::nullopt;
+    }
+    if (whole > qint64(1'000'000) * 3600)
+        return std::nullopt;
+    return KTime(whole * 1000 + fractionOf(fraction));
+}
+
+std::string TimeText::format(KTime time) {
+    const qint64 count = time.milliseconds();
+    const auto magnitude = count < 0 ? 0 - static_cast<quint64>(count) : static_cast<quint64>(count);
+    char text[40];
+    std::snprintf(text, sizeof text, "%s%02llu:%02llu:%02llu.%03llu", count < 0 ? "-" : "", magnitude / 3'600'000,
+                  magnitude / 60'000 % 60, magnitude / 1000 % 60, magnitude % 1000);
+    return text;
+}
+
+} // namespace ExportCore

@@ -1,0 +1,37 @@
+// ExportCore::Watchdog: sees to it that waiting has an end.
+#pragma once
+
+#include "ExportCore/WatchdogLimits.h"
+#include "ExportCoreExport.h"
+#include <QObject>
+#include <QTimer>
+
+namespace ExportCore {
+
+/// Lives on the thread that made it. Idle until a wait begins; `stalled` ends the wait.
+class EXPORTCORE_EXPORT Watchdog : public QObject {
+    Q_OBJECT
+public:
+    enum class Wait { Start, Progress, Stop };
+    Q_ENUM(Wait)
+
+    explicit Watchdog(const WatchdogLimits& limits, QObject* parent = nullptr);
+
+    /// Begins a wait in place of the one before. For Progress, every call is a sign of life.
+    void expect(Wait wait);
+    void disarm();
+
+Q_SIGNALS:
+    void stalled(ExportCore::Watchdog::Wait wait);
+
+private:
+    void tick();
+    std::chrono::milliseconds limitOf(Wait wait) const;
+
+    const WatchdogLimits limits;
+    QTimer timer;
+    Wait waiting = Wait::Start;
+    int silentTicks = 0;
+};
+
+} // namespace ExportCore
