@@ -1,0 +1,106 @@
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimeText.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Types/Time.h"
+#include "cli/ExitCode.h"
+#include "cli/JsonText.h"
+#include "cli/ListCommands.h"
+#include <QJsonArray>
+#include <cstdio>
+
+namespace Cli {
+namespace {
+
+using Kestra::Proc::AudioTrackInfo;
+using Kestra::Proc::MediaInfo;
+using Kestra::Proc::VideoTrackInfo;
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+QString rateText(const boost::rational<long long>& rate) {
+    return rate.denominator() == 1 ? QString::number(rate.numerator())
+                                   : QString::number(rate.numerator()) + key("/") + QString::number(rate.denominator());
+}
+
+qint64 milliseconds(std::int64_t time) {
+    return Types::fromAvTime(time).milliseconds();
+}
+
+QJsonObject objectOf(const VideoTrackInfo& video) {
+    return {{key("codec"), text(video.codec)},
+            {key("width"), static_cast<int>(video.frame.width)},
+            {key("height"), static_cast<int>(video.frame.height)},
+            {key("pixelFormat"), text(video.pixelFormat)},
+            {key("frameRate"), rateText(video.frameRate)},
+            {key("variableFrameRate"), video.variableFrameRate},
+            {key("rotation"), video.rotation},
+            {key("interlaced"), video.interlaced},
+            {key("stillPicture"), video.stillPicture},
+            {key("startMs"), milliseconds(video.start)},
+            {key("durationMs"), milliseconds(video.duration)}};
+}
+
+QJsonObject objectOf(const AudioTrackInfo& audio) {
+    return {{key("codec"), text(audio.codec)},
+            {key("sampleRate"), audio.sampleRate},
+            {key("channels"), audio.channels},
+            {key("startMs"), milliseconds(audio.start)},
+            {key("durationMs"), milliseconds(audio.duration)}};
+}
+
+QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStringList& damage) {
+    QJsonObject object{{key("path"), text(path)},
+                       {key("container"), text(info.container)},
+                       {key("durationMs"), milliseconds(info.duration)}};
+    if (info.video)
+        object.insert(key("video"), objectOf(*info.video));
+    if (info.audio)
+        object.insert(key("audio"), objectOf(*info.audio));
+    if (!damage.isEmpty())
+        object.insert(key("damage"), QJsonArray::fromStringList(damage));
+    return object;
+}
+
+std::string lineOf(const std::string& path, const MediaInfo& info) {
+    QString line = text(path) + key(": ") + text(info.container) + key(", ") +
+                   text(ExportCore::TimeText::format(Types::fromAvTime(info.duration)));
+    if (const auto& video = info.video)
+        line += key(", ") + text(video->codec) + key(" %1x%2 ").arg(video->frame.width).arg(video->frame.height) +
+                text(video->pixelFormat) + key(", ") + rateText(video->frameRate) +
+                key(video->variableFrameRate ? " fps on average" : " fps");
+    if (const auto& audio = info.audio)
+        line += key(", ") + text(audio->codec) + key(" %1 Hz, %2 ").arg(audio->sampleRate).arg(audio->channels) +
+                key(audio->channels == 1 ? "channel" : "channels");
+    return line.toStdString();
+}
+
+void describe(const std::string& path, bool json, QJsonArray& media) {
+    const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path));
+    QStringList damage;
+    for (const Kestra::Proc::DamageReport& report : source->TakeDamageReports())
+        damage << text(report.what);
+    if (json)
+        return media.append(objectOf(path, source->GetInfo(), damage));
+    std::printf("%s\n", lineOf(path, source->GetInfo()).c_str());
+    for (const QString& what : damage)
+        std::fprintf(stderr, "editor-export: warning: \"%s\": %s\n", path.c_str(), qUtf8Printable(what));
+}
+
+} // namespace
+
+int describeInputs(const Options& options) {
+    QStringList inputs;
+    for (const std::string& input : options.inputs)
+        inputs << text(input);
+    ExportCore::RequestCheck::inputs(inputs);
+    QJsonArray media;
+    for (const std::string& input : options.inputs)
+        describe(input, options.json, media);
+    if (options.json)
+        std::printf("%s\n", jsonLine(QJsonObject{{key("media"), media}}).c_str());
+    return EXIT_DONE;
+}
+
+} // namespace Cli

@@ -1,0 +1,13 @@
+// What the program tells its caller.
+#pragma once
+
+namespace Cli {
+
+enum ExitCode : int {
+    EXIT_DONE = 0,
+    EXIT_EXPORT_FAILED = 1,
+    EXIT_BAD_INPUT = 2,
+    EXIT_SIGNAL_BASE = 128, ///< plus the signal's number
+};
+
+} // namespace Cli

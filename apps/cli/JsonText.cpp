@@ -1,0 +1,63 @@
+#include "cli/JsonText.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace Cli {
+namespace {
+
+using ExportCore::ExportFacts;
+using ExportCore::ExportOutcome;
+
+QString typeOf(ExportOutcome::Status status) {
+    switch (status) {
+    case ExportOutcome::Status::Done:
+        return key("done");
+    case ExportOutcome::Status::Refused:
+        return key("refused");
+    case ExportOutcome::Status::Failed:
+        return key("failed");
+    case ExportOutcome::Status::Stopped:
+        break;
+    }
+    return key("stopped");
+}
+
+void addFacts(QJsonObject& object, const ExportFacts& facts) {
+    object.insert(key("output"), facts.path);
+    object.insert(key("sizeBytes"), facts.sizeBytes);
+    object.insert(key("durationMs"), facts.durationMs);
+    object.insert(key("elapsedMs"), facts.elapsedMs);
+    object.insert(key("speed"), facts.speed);
+    if (!facts.videoCodec.empty())
+        object.insert(key("video"), QJsonObject{{key("codec"), QString::fromStdString(facts.videoCodec)},
+                                                {key("width"), facts.width},
+                                                {key("height"), facts.height},
+                                                {key("frames"), facts.frames}});
+    if (!facts.audioCodec.empty())
+        object.insert(key("audio"), QJsonObject{{key("codec"), QString::fromStdString(facts.audioCodec)},
+                                                {key("sampleRate"), facts.sampleRate},
+                                                {key("channels"), facts.channels}});
+}
+
+} // namespace
+
+std::string jsonLine(const QJsonObject& object) {
+    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+}
+
+QJsonObject outcomeObject(const ExportOutcome& outcome) {
+    QJsonObject object{{key("type"), typeOf(outcome.status)}};
+    if (outcome.status == ExportOutcome::Status::Done)
+        addFacts(object, outcome.facts);
+    if (outcome.status == ExportOutcome::Status::Refused || outcome.status == ExportOutcome::Status::Failed) {
+        object.insert(key("error"), QString::fromUtf8(Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode())));
+        object.insert(key("code"), static_cast<int>(outcome.error.GetCode()));
+        object.insert(key("message"), QString::fromStdString(outcome.error.GetDescription()));
+    }
+    if (!outcome.warnings.isEmpty())
+        object.insert(key("warnings"), QJsonArray::fromStringList(outcome.warnings));
+    return object;
+}
+
+} // namespace Cli

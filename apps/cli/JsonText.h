@@ -1,0 +1,19 @@
+// JSON as the program prints it.
+#pragma once
+
+#include "ExportCore/ExportOutcome.h"
+#include <QJsonObject>
+#include <QString>
+#include <string>
+
+namespace Cli {
+
+inline QString key(const char* text) {
+    return QString::fromUtf8(text);
+}
+/// The object on one line, UTF-8, without a line end.
+std::string jsonLine(const QJsonObject& object);
+/// "type" is "done", "refused", "failed" or "stopped".
+QJsonObject outcomeObject(const ExportCore::ExportOutcome& outcome);
+
+} // namespace Cli

@@ -1,0 +1,127 @@
+#include "cli/Options.h"
+
+#include "ExportCore/TimeText.h"
+#include "cli/ExitCode.h"
+#include <CLI/CLI.hpp>
+#include <QString>
+#include <cstdio>
+#include <map>
+
+namespace Cli {
+namespace {
+
+const char* const FOOTER =
+    "Times are HH:MM:SS.mmm or seconds. Exit codes: 0 done, 1 the export failed, 2 wrong usage or bad\n"
+    "input, 130 or 143 stopped by a signal.";
+
+/// CLI11 hands the text over and takes an error message back; empty is good.
+std::string checkTime(const std::string& text) {
+    return ExportCore::TimeText::parse(text) ? std::string()
+                                             : '"' + text + "\" is no time; write HH:MM:SS.mmm or seconds";
+}
+
+bool isUtf8(const std::string& text) {
+    return QString::fromStdString(text).toStdString() == text;
+}
+
+/// The parser and the texts that it fills.
+class Parser {
+public:
+    explicit Parser(Options& options)
+        : options(options) {
+        app.require_subcommand(1);
+        app.set_version_flag("--version", std::string("editor-export ") + EDITOREXPORT_VERSION);
+        app.add_flag("-v,--verbose", options.verbose, "Write logs to standard error");
+        app.footer(FOOTER);
+        addRender();
+        addPresets();
+        addInfo();
+    }
+
+    void parse(int argc, char** argv) {
+        app.parse(argc, argv);
+        options.command = presets->parsed() ? Options::Command::Presets
+                          : info->parsed()  ? Options::Command::Info
+                                            : Options::Command::Render;
+        options.in = ExportCore::TimeText::parse(inText);
+        options.out = ExportCore::TimeText::parse(outText);
+    }
+
+    int print(const CLI::ParseError& error) { return app.exit(error); }
+
+private:
+    void addRender() {
+        const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
+                                                          {"bar", ProgressStyle::Bar},
+                                                          {"plain", ProgressStyle::Plain},
+                                                          {"json", ProgressStyle::Json},
+                                                          {"none", ProgressStyle::None}};
+        render = app.add_subcommand("render", "Export media files, one after the other, to one file");
+        render->fallthrough();
+        render->add_option("INPUT", options.inputs, "Media files")->required();
+        render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")->required();
+        render->add_option("-o,--output", options.output, "The file to write")->required();
+        render->add_option("--in", inText, "Where to begin")->check(checkTime, "TIME");
+        render->add_option("--out", outText, "Where to end")->check(checkTime, "TIME");
+        render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
+        render->add_option("--progress", options.progress, "auto, bar, plain, json (one object a line) or none")
+            ->transform(CLI::CheckedTransformer(styles).description("STYLE"));
+    }
+
+    void addPresets() {
+        presets = app.add_subcommand("presets", "List the presets");
+        presets->fallthrough();
+        presets->add_option("--tag", options.tag, "Only those of this tag");
+        presets->add_flag("--json", options.json, "As JSON");
+    }
+
+    void addInfo() {
+        info = app.add_subcommand("info", "Say what media files hold");
+        info->fallthrough();
+        info->add_option("INPUT", options.inputs, "Media files")->required();
+        info->add_flag("--json", options.json, "As JSON");
+    }
+
+    Options& options;
+    CLI::App app{"Exports media files with the editor's presets."};
+    CLI::App* render = nullptr;
+    CLI::App* presets = nullptr;
+    CLI::App* info = nullptr;
+    std::string inText;
+    std::string outText;
+};
+
+/// One line, whatever the parser makes of it.
+void complain(std::string what) {
+    for (char& letter : what) {
+        if (letter == '\n')
+            letter = ' ';
+    }
+    std::fprintf(stderr, "editor-export: %s (see --help)\n", what.c_str());
+}
+
+} // namespace
+
+std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
+    for (int i = 1; i < argc; ++i) {
+        if (!isUtf8(argv[i])) {
+            complain("argument " + std::to_string(i) + " is not valid UTF-8");
+            exitCode = EXIT_BAD_INPUT;
+            return std::nullopt;
+        }
+    }
+    Options options;
+    Parser parser(options);
+    try {
+        parser.parse(argc, argv);
+        return options;
+    } catch (const CLI::ParseError& error) {
+        const bool asked = error.get_exit_code() == 0;
+        exitCode = asked ? parser.print(error) : EXIT_BAD_INPUT;
+        if (!asked)
+            complain(error.what());
+        return std::nullopt;
+    }
+}
+
+} // namespace Cli

@@ -1,0 +1,123 @@
+#include "cli/RenderCommand.h"
+
+#include "ExportCore/ExportJob.h"
+#include "ExportCore/TimeText.h"
+#include "cli/ExitCode.h"
+#include "cli/IProgressDisplay.h"
+#include "cli/JsonText.h"
+#include "cli/SignalStop.h"
+#include <QCoreApplication>
+#include <cstdio>
+#include <cstdlib>
+
+namespace Cli {
+namespace {
+
+using ExportCore::ExportFacts;
+using ExportCore::ExportJob;
+using ExportCore::ExportOutcome;
+using Kestra::Proc::TranscodingError;
+
+ExportCore::ExportRequest requestOf(const Options& options) {
+    ExportCore::ExportRequest request;
+    for (const std::string& input : options.inputs)
+        request.inputs << QString::fromStdString(input);
+    request.presetId = options.preset;
+    request.outputPath = QString::fromStdString(options.output);
+    request.overwrite = options.overwrite;
+    request.in = options.in;
+    request.out = options.out;
+    return request;
+}
+
+std::string factsText(const ExportFacts& facts) {
+    std::string text = facts.path.toStdString() + ": " + ExportCore::TimeText::format(KTime(facts.durationMs));
+    if (!facts.videoCodec.empty())
+        text += ", " + facts.videoCodec + ' ' + std::to_string(facts.width) + 'x' + std::to_string(facts.height) +
+                ", " + std::to_string(facts.frames) + " frames";
+    if (!facts.audioCodec.empty())
+        text += ", " + facts.audioCodec + ' ' + std::to_string(facts.sampleRate) + " Hz, " +
+                std::to_string(facts.channels) + (facts.channels == 1 ? " channel" : " channels");
+    char tail[96];
+    std::snprintf(tail, sizeof tail, ", %lld bytes, made in %.1f s (%.2fx)", static_cast<long long>(facts.sizeBytes),
+                  static_cast<double>(facts.elapsedMs) / 1000, facts.speed);
+    return text + tail;
+}
+
+void printWarnings(const ExportOutcome& outcome) {
+    constexpr int most = 20;
+    const int count = outcome.warnings.size();
+    for (int i = 0; i < std::min(count, most); ++i)
+        std::fprintf(stderr, "editor-export: warning: %s\n", qUtf8Printable(outcome.warnings[i]));
+    if (count > most)
+        std::fprintf(stderr, "editor-export: warning: and %d more of this kind\n", count - most);
+}
+
+/// A result goes to standard output; everything else was an error.
+void printOutcome(const ExportOutcome& outcome, ProgressStyle style) {
+    const bool json = style == ProgressStyle::Json;
+    if (!json)
+        printWarnings(outcome);
+    switch (outcome.status) {
+    case ExportOutcome::Status::Done:
+        std::printf("%s\n", json ? jsonLine(outcomeObject(outcome)).c_str() : factsText(outcome.facts).c_str());
+        break;
+    case ExportOutcome::Status::Refused:
+        if (!json)
+            std::fprintf(stderr, "editor-export: %s\n", outcome.error.GetDescription().c_str());
+        break;
+    case ExportOutcome::Status::Failed:
+        if (!json)
+            std::fprintf(stderr, "editor-export: the export failed (%s): %s\n",
+                         Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode()),
+                         outcome.error.GetDescription().c_str());
+        break;
+    case ExportOutcome::Status::Stopped:
+        if (!json)
+            std::fprintf(stderr, "editor-export: stopped, nothing was written\n");
+        break;
+    }
+}
+
+int exitCodeOf(const ExportOutcome& outcome, int signalNumber) {
+    switch (outcome.status) {
+    case ExportOutcome::Status::Done:
+        return EXIT_DONE;
+    case ExportOutcome::Status::Refused:
+        return EXIT_BAD_INPUT;
+    case ExportOutcome::Status::Failed:
+        return EXIT_EXPORT_FAILED;
+    case ExportOutcome::Status::Stopped:
+        break;
+    }
+    return EXIT_SIGNAL_BASE + signalNumber;
+}
+
+} // namespace
+
+int render(const Options& options, ExportCore::EventLoopFailures& failures) {
+    SignalStop signalStop;
+    const std::unique_ptr<IProgressDisplay> display = IProgressDisplay::create(options.progress);
+    ExportJob job(requestOf(options));
+    QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::fail);
+    QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
+    QObject::connect(&job, &ExportJob::privatePathChanged, &SignalStop::setUnfinishedFile);
+    QObject::connect(&job, &ExportJob::started, [&] { display->started(); });
+    QObject::connect(&job, &ExportJob::progressChanged,
+                     [&](const ExportCore::ExportProgress& progress) { display->progress(progress); });
+    QObject::connect(&job, &ExportJob::finished, [&](const ExportOutcome& outcome) {
+        display->ended(outcome);
+        printOutcome(outcome, options.progress);
+        const int code = exitCodeOf(outcome, signalStop.received());
+        if (outcome.error.GetCode() == TranscodingError::Stalled) {
+            // Something in the engine hangs, and would be waited for on the way out.
+            std::fflush(nullptr);
+            std::_Exit(code);
+        }
+        QCoreApplication::exit(code);
+    });
+    job.start();
+    return QCoreApplication::exec();
+}
+
+} // namespace Cli

@@ -1,0 +1,86 @@
+#include "cli/SignalStop.h"
+
+#include "cli/ExitCode.h"
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Cli {
+namespace {
+
+constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
+
+// What a signal handler may use: two paths, of which one is in use while the other is written.
+std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
+std::atomic<int> unfinishedInUse{-1};
+std::atomic<int> signalsSeen{0};
+std::array<int, 2> wakePipe{-1, -1};
+
+void onSignal(int number) {
+    const int savedError = errno;
+    if (signalsSeen.fetch_add(1) > 0) {
+        const int use = unfinishedInUse;
+        if (use >= 0)
+            unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());
+        _exit(EXIT_SIGNAL_BASE + number);
+    }
+    const auto byte = static_cast<unsigned char>(number);
+    // A full pipe has woken the loop already.
+    [[maybe_unused]] const ssize_t written = write(wakePipe[1], &byte, 1);
+    errno = savedError;
+}
+
+} // namespace
+
+SignalStop::SignalStop() {
+    if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        qFatal("No pipe for signals: %s", std::strerror(errno));
+    notifier = std::make_unique<QSocketNotifier>(wakePipe[0], QSocketNotifier::Read);
+    connect(notifier.get(), &QSocketNotifier::activated, this, &SignalStop::onReadable);
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int number : SIGNALS) {
+        struct sigaction before = {};
+        sigaction(number, nullptr, &before);
+        // What the caller had ignored, as nohup does, stays ignored.
+        if (before.sa_handler != SIG_IGN)
+            sigaction(number, &action, nullptr);
+    }
+}
+
+SignalStop::~SignalStop() {
+    for (const int number : SIGNALS)
+        signal(number, SIG_DFL);
+    notifier.reset();
+    for (int& end : wakePipe)
+        close(std::exchange(end, -1));
+    setUnfinishedFile(QByteArray());
+}
+
+void SignalStop::setUnfinishedFile(const QByteArray& path) {
+    if (path.isEmpty() || path.size() >= PATH_MAX) {
+        unfinishedInUse = -1;
+        return;
+    }
+    const int next = unfinishedInUse == 0 ? 1 : 0;
+    std::memcpy(unfinishedPaths[static_cast<std::size_t>(next)].data(), path.constData(),
+                static_cast<std::size_t>(path.size()) + 1);
+    unfinishedInUse = next;
+}
+
+void SignalStop::onReadable() {
+    unsigned char byte = 0;
+    while (read(wakePipe[0], &byte, 1) == 1)
+        signalNumber = byte;
+    if (signalNumber != 0)
+        Q_EMIT stopRequested();
+}
+
+} // namespace Cli

@@ -1,0 +1,34 @@
+// Cli::SignalStop: interruption from outside, gently at first.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QSocketNotifier>
+#include <memory>
+
+namespace Cli {
+
+/// While one exists, the first SIGINT, SIGTERM or SIGHUP is told as stopRequested() from the event loop; the second
+/// ends the process on the spot, whatever it is doing, after removing the unfinished file. One at a time.
+class SignalStop : public QObject {
+    Q_OBJECT
+public:
+    SignalStop();
+    ~SignalStop() override;
+
+    /// What the second signal removes; empty for nothing. A path that is too long for the system is nothing, too.
+    static void setUnfinishedFile(const QByteArray& path);
+    /// The signal that came; 0 when none did.
+    int received() const { return signalNumber; }
+
+Q_SIGNALS:
+    void stopRequested();
+
+private:
+    void onReadable();
+
+    std::unique_ptr<QSocketNotifier> notifier;
+    int signalNumber = 0;
+};
+
+} // namespace Cli

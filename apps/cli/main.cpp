@@ -1,0 +1,52 @@
+// editor-export: exports from the command line.
+#include "Export/TranscoderLogOutput.h"
+#include "ExportCore/ExportApplication.h"
+#include "Kestra/Core/Log.h"
+#include "cli/ExitCode.h"
+#include "cli/ListCommands.h"
+#include "cli/Options.h"
+#include "cli/RenderCommand.h"
+#include <QCoreApplication>
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
+    switch (options.command) {
+    case Cli::Options::Command::Presets:
+        return Cli::listPresets(options);
+    case Cli::Options::Command::Info:
+        return Cli::describeInputs(options);
+    case Cli::Options::Command::Render:
+        break;
+    }
+    return Cli::render(options, failures);
+}
+
+/// What was printed must have arrived: a full disk shows only now.
+int withOutputChecked(int code) {
+    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (!written)
+        std::fprintf(stderr, "editor-export: cannot write to standard output\n");
+    return written || code != Cli::EXIT_DONE ? code : Cli::EXIT_EXPORT_FAILED;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    int exitCode = Cli::EXIT_DONE;
+    const auto options = Cli::Options::read(argc, argv, exitCode);
+    if (!options)
+        return exitCode;
+    Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
+    Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
+                                                    : Export::TranscoderLogOutput::None);
+    ExportCore::ExportApplication<QCoreApplication> application(argc, argv);
+    try {
+        return withOutputChecked(run(*options, application.failures()));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "editor-export: %s\n", error.what());
+        return Cli::EXIT_BAD_INPUT;
+    }
+}
