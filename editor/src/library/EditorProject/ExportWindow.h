@@ -1,6 +1,7 @@
 // Project::ExportWindow: the part of a timeline that an export renders.
 #pragma once
 
+#include "EditorProjectExport.h"
 #include "Types/Range.h"
 #include <boost/rational.hpp>
 #include <cstdint>
@@ -9,7 +10,7 @@ namespace Project {
 
 /// A value. Times are engine time. With pictures the start is the nearest of their frames, counted from the start of
 /// the composition; sound begins there too, so both stay in step to the sample.
-class ExportWindow {
+class EDITORPROJECT_EXPORT ExportWindow {
 public:
     /// `duration` is the timeline's; a rate of 0 means no pictures. An empty or inverted range is the whole timeline.
     /// Throws Kestra::Proc::ProcException (InvalidArgument) when nothing of the range lies on it.

@@ -3,6 +3,7 @@
 
 #include "EditorProject/ExportWindow.h"
 #include "EditorProject/Timeline.h"
+#include "EditorProjectExport.h"
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -22,10 +23,11 @@ struct Section {
 /// Sections fill a stream without gap or overlap. A clip begins on the frame nearest to its start, and so does its
 /// sound: each clip's picture and sound are in step to the sample, and since every clip's start is rounded by itself,
 /// no drift builds up. Sound of a clip without picture, or of an export without pictures, begins at the exact start.
-std::vector<Section> pictureSections(const Timeline& timeline, const ExportWindow& window);
-std::vector<Section> soundSections(const Timeline& timeline, const ExportWindow& window, int sampleRate);
+EDITORPROJECT_EXPORT std::vector<Section> pictureSections(const Timeline& timeline, const ExportWindow& window);
+EDITORPROJECT_EXPORT std::vector<Section> soundSections(const Timeline& timeline, const ExportWindow& window,
+                                                        int sampleRate);
 
 /// The section with the given frame or sample, the last one for what lies behind.
-const Section& sectionAt(const std::vector<Section>& sections, std::int64_t position);
+EDITORPROJECT_EXPORT const Section& sectionAt(const std::vector<Section>& sections, std::int64_t position);
 
 } // namespace Project

@@ -3,6 +3,7 @@
 
 #include "EditorProject/Section.h"
 #include "EditorProject/StreamSlot.h"
+#include "EditorProjectExport.h"
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/IStreamAudio.h"
@@ -12,7 +13,7 @@ namespace Project {
 
 /// Exactly the window's number of samples: sound that ends before its clip is followed by silence, what is over is cut.
 /// One file is open at a time. Read errors of a clip name its file.
-class SequenceAudio final : public Kestra::Proc::IStreamAudio, public Kestra::RefCountImpl {
+class EDITORPROJECT_EXPORT SequenceAudio final : public Kestra::Proc::IStreamAudio, public Kestra::RefCountImpl {
 public:
     /// `format` has a rate and a layout; an open sample format is float until a consumer prefers one.
     SequenceAudio(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,

@@ -3,6 +3,7 @@
 
 #include "EditorProject/Section.h"
 #include "EditorProject/StreamSlot.h"
+#include "EditorProjectExport.h"
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/FrameInfo.h"
 #include "Kestra/Proc/IStreamVideo.h"
@@ -12,7 +13,7 @@ namespace Project {
 
 /// Exactly the window's number of frames. Clips are opened when they are reached and closed when they are done, so one
 /// file is open at a time. Read errors of a clip name its file.
-class SequenceVideo final : public Kestra::Proc::IStreamVideo, public Kestra::RefCountImpl {
+class EDITORPROJECT_EXPORT SequenceVideo final : public Kestra::Proc::IStreamVideo, public Kestra::RefCountImpl {
 public:
     /// The window has a rate.
     SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,

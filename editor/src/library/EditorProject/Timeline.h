@@ -2,13 +2,14 @@
 #pragma once
 
 #include "EditorProject/Clip.h"
+#include "EditorProjectExport.h"
 #include <memory>
 #include <vector>
 
 namespace Project {
 
 /// Never changes once it is open, so engine streams share it across threads.
-class Timeline {
+class EDITORPROJECT_EXPORT Timeline {
 public:
     /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException.
     static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media);

@@ -1,0 +1,37 @@
+// Filters over fake frames and blocks; reading ahead is the engine's own.
+#pragma once
+
+#include "Kestra/Core/IFilterFactory.h"
+#include <atomic>
+#include <memory>
+
+namespace Project::Fakes {
+
+/// Black frames have the number BLACK, silence the id SILENCE.
+inline constexpr int BLACK = -1;
+inline constexpr int SILENCE = -1;
+
+class FakeFilterFactory : public Kestra::Core::IFilterFactory {
+public:
+    /// Frames that went through resizers.
+    int scaled() const { return *scaledFrames; }
+
+    Video CreateResizer(const Video& source, const Kestra::Proc::SettingsResizer& settings) override;
+    Video CreateFrameRate(const Video& source, const Kestra::Proc::SettingsFilterFrameRate& settings) override;
+    Video CreateFrameRate(const Video& source) override;
+    Video CreateReadAhead(const Video& source, int frames) override;
+    boost::intrusive_ptr<Kestra::Proc::IConcatenation> CreateConcatenation() override;
+    Audio CreateResampler(const Audio& source, const Kestra::Conf::SampleInfo& target) override;
+    Audio CreateDurationTrimmer(const Audio& source,
+                                const Kestra::Proc::SettingsFilterDurationTrimmer& settings) override;
+    Audio CreateReadAhead(const Audio& source, int blocks) override;
+    Video CreateBlack(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format,
+                      std::int64_t duration) override;
+    Audio CreateSilence(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio>& format,
+                        std::int64_t duration) override;
+
+private:
+    std::shared_ptr<std::atomic<int>> scaledFrames = std::make_shared<std::atomic<int>>(0);
+};
+
+} // namespace Project::Fakes

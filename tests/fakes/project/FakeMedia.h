@@ -1,0 +1,103 @@
+// Media files that exist in memory only, for the timeline.
+#pragma once
+
+#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Core/ISourceFactory.h"
+#include "fakes/kestra/FakeData.h"
+#include <atomic>
+#include <map>
+#include <memory>
+
+namespace Project::Fakes {
+
+/// A medium's contents. Its frame n has the number `id` * 100000 + n, its samples carry `id` and their place.
+struct Contents {
+    int id = 0;
+    int frames = 0; ///< 0: no picture
+    boost::rational<long long> rate = 25;
+    std::int64_t samples = 0; ///< 0: no sound
+    int sampleRate = 48000;
+    bool brokenPicture = false; ///< announced, but nothing can be read
+    std::int64_t duration = 0;  ///< 0: the longer of the two
+};
+
+/// Counts streams that exist at a time; shared by everything that one factory makes.
+struct StreamCount {
+    std::atomic<int> alive{0};
+    std::atomic<int> most{0};
+    std::atomic<int> created{0};
+
+    void enter() {
+        ++created;
+        const int now = ++alive;
+        for (int seen = most; now > seen && !most.compare_exchange_weak(seen, now);) {
+        }
+    }
+    void leave() { --alive; }
+};
+
+/// A block of samples [first, first + count) of a medium's sound; id -1 is silence.
+class TaggedBlock : public Kestra::Proc::IDataAudio, public Kestra::RefCountImpl {
+public:
+    TaggedBlock(int id, std::int64_t first, std::int64_t count, int rate);
+
+    int GetId() const { return id; }
+    std::int64_t GetFirst() const { return first; }
+    std::int64_t GetTime() const override { return time; }
+    void SetTime(std::int64_t value) override { time = value; }
+    std::int64_t GetDuration() const override { return duration; }
+    void SetDuration(std::int64_t value) override { duration = value; }
+    std::size_t GetByteSize() const override { return static_cast<std::size_t>(count) * 4; }
+    std::int64_t GetSampleCount() const override { return count; }
+    int GetSampleRate() const override { return rate; }
+    boost::intrusive_ptr<IDataAudio> Slice(std::int64_t offset, std::int64_t length) const override;
+
+private:
+    int id;
+    std::int64_t first;
+    std::int64_t count;
+    int rate;
+    std::int64_t time;
+    std::int64_t duration;
+};
+
+boost::intrusive_ptr<Kestra::Proc::IStreamVideo> makePictures(const Contents& contents,
+                                                              std::shared_ptr<StreamCount> count = {});
+boost::intrusive_ptr<Kestra::Proc::IStreamAudio> makeSound(const Contents& contents,
+                                                           std::shared_ptr<StreamCount> count = {});
+
+class FakeMedia : public Kestra::Proc::IMediaSource, public Kestra::RefCountImpl {
+public:
+    FakeMedia(Kestra::ioPath path, const Contents& contents, std::shared_ptr<StreamCount> count);
+
+    const Kestra::ioPath& GetPath() const override { return path; }
+    const Kestra::Proc::MediaInfo& GetInfo() const override { return info; }
+    boost::intrusive_ptr<Kestra::Proc::IStreamVideo> CreateVideoStream() override {
+        return makePictures(contents, count);
+    }
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(contents, count); }
+    std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;
+
+private:
+    Kestra::ioPath path;
+    Contents contents;
+    Kestra::Proc::MediaInfo info;
+    std::shared_ptr<StreamCount> count;
+};
+
+/// Knows the media that a test has put in; refuses every other path as not found.
+class FakeSourceFactory : public Kestra::Core::ISourceFactory {
+public:
+    void put(const std::string& path, const Contents& contents) { media[path] = contents; }
+    int opened() const { return openings; }
+    StreamCount& streams() { return *count; }
+
+    boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path) override;
+
+private:
+    std::map<std::string, Contents> media;
+    std::shared_ptr<StreamCount> count = std::make_shared<StreamCount>();
+    int openings = 0;
+};
+
+} // namespace Project::Fakes

@@ -1,0 +1,287 @@
+#include "EditorProject/EditorProject.h"
+#include "Composition/CompositionView.h"
+#include "FastTrack/Suppressor.h"
+#include "Kestra/Proc/ProcException.h"
+#include "ProjectFixture.h"
+#include "Stream/ExportStreams.h"
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+namespace Project::Tests {
+namespace {
+
+Contents clip(int frames, std::int64_t samples) {
+    Contents contents;
+    contents.frames = frames;
+    contents.samples = samples;
+    return contents;
+}
+
+/// Uses a project over the bus as an export does: its own stream objects, offered with an export description.
+class User : private Stream::VideoView, private Stream::AudioView, private Composition::CompositionView {
+public:
+    explicit User(Composition::Object* composition) {
+        exportedVideo.width = 128;
+        exportedVideo.height = 72;
+        exportedVideo.frameRateNumerator = 25;
+        exportedVideo.frameRateDenominator = 1;
+        exportedAudio.sampleRate = 44100;
+        exportedAudio.channelLayout = Kestra::Conf::CHANNEL_LAYOUT_STEREO;
+        if (composition) {
+            compositionObserve(composition);
+            compositionChange(composition)->add(&exportedVideo);
+            compositionChange(composition)->add(&exportedAudio);
+        }
+    }
+    ~User() override {
+        if (const Composition::Object* seen = this->composition()) {
+            compositionChange(seen)->remove(&exportedVideo);
+            compositionChange(seen)->remove(&exportedAudio);
+        }
+    }
+
+    void offer(const Types::Range& range, bool video = true, bool audio = true) {
+        if (video) {
+            const auto chain = Stream::VideoView::streamAdd(&videoStream);
+            chain->source = &exportedVideo;
+            chain->range = range;
+        }
+        if (audio) {
+            const auto chain = Stream::AudioView::streamAdd(&audioStream);
+            chain->source = &exportedAudio;
+            chain->range = range;
+        }
+    }
+    void take() { Stream::VideoView::streamChange(&videoStream)->using_ = true; }
+    void changeRange(const Types::Range& range) { Stream::VideoView::streamChange(&videoStream)->range = range; }
+    void withdraw() { Stream::VideoView::streamRemove(&videoStream); }
+    bool isAdopted() const { return Stream::VideoView::streamIsObserved(&videoStream); }
+    bool seesComposition() const { return composition() != nullptr; }
+    bool ready() const { return videoStream.available && audioStream.available; }
+
+    Media::Video exportedVideo;
+    Media::Audio exportedAudio;
+    Stream::VideoObject videoStream;
+    Stream::AudioObject audioStream;
+    std::vector<std::string> events;
+    std::function<void()> onImpl;
+
+private:
+    void implChanged(const Stream::VideoObject* stream) override {
+        events.push_back(stream->available ? "impl while available" : "impl");
+        if (onImpl)
+            onImpl();
+    }
+    void isAvailable(const Stream::VideoObject* stream, bool available) override {
+        events.push_back(available && stream->impl ? "available" : "unavailable");
+    }
+};
+
+class EditorProjectTest : public ProjectFixture {
+protected:
+    /// Runs the event loop until the condition holds; false when the deadline passes first.
+    static bool until(const std::function<bool()>& condition) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!condition() && timer.elapsed() < 20000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        return condition();
+    }
+    void openTwo() { project->open(put({clip(100, 192000), clip(50, 96000)})); }
+
+    std::unique_ptr<EditorProject> project = std::make_unique<EditorProject>();
+};
+
+TEST_F(EditorProjectTest, TheCompositionHasBothDescriptionsOnceSomethingIsOpen) {
+    EXPECT_EQ(project->composition()->video(), nullptr);
+    EXPECT_EQ(project->composition()->audio(), nullptr);
+    project->open(put({clip(0, 48000)}));
+    ASSERT_NE(project->composition()->video(), nullptr);
+    ASSERT_NE(project->composition()->audio(), nullptr);
+    EXPECT_EQ(project->composition()->video(), &project->video());
+    EXPECT_EQ(project->composition()->video()->width, 1920U);
+    EXPECT_EQ(project->composition()->duration(), KTime(1000));
+    EXPECT_EQ(project->exactDuration(), Kestra::TIME_BASE);
+}
+
+TEST_F(EditorProjectTest, AFailedOpenChangesNothing) {
+    openTwo();
+    EXPECT_THROW(project->open({Kestra::ioPath("1"), Kestra::ioPath("missing")}), Kestra::Proc::ProcException);
+    EXPECT_EQ(project->clips().size(), 2U);
+    EXPECT_EQ(project->duration(), KTime(6000));
+}
+
+TEST_F(EditorProjectTest, ItTellsItsFilesOnceAndTheirDamage) {
+    auto paths = put({clip(100, 0), clip(50, 0)});
+    paths.push_back(paths.front());
+    project->open(paths);
+    EXPECT_EQ(project->clips().size(), 3U);
+    EXPECT_EQ(project->sourcePaths().size(), 2U);
+    EXPECT_EQ(project->takeDamageReports().size(), 2U);
+}
+
+TEST_F(EditorProjectTest, TheCompositionsOwnerAnswers) {
+    openTwo();
+    const std::uint64_t version = project->composition()->version();
+    User user(project->composition());
+    EXPECT_TRUE(project->composition()->contains(&user.exportedVideo));
+    EXPECT_TRUE(project->composition()->contains(&user.exportedAudio));
+    EXPECT_EQ(project->composition()->version(), version) << "exports are no content";
+    Message::View<Composition::Object> other;
+    EXPECT_EQ(other.enumerateAll().count(project->composition()), 1U);
+}
+
+TEST_F(EditorProjectTest, TheFastTrackIsSuppressedOnRequest) {
+    Message::View<FastTrack::Object> other;
+    ASSERT_EQ(other.enumerateAll().size(), 1U);
+    const FastTrack::Object* fastTrack = *other.enumerateAll().begin();
+    {
+        const FastTrack::Suppressor suppressor;
+        EXPECT_TRUE(fastTrack->isSuppressed());
+    }
+    EXPECT_FALSE(fastTrack->isSuppressed());
+}
+
+TEST_F(EditorProjectTest, AnOfferedStreamIsBuiltLaterAndAvailableComesLast) {
+    openTwo();
+    User user(project->composition());
+    user.offer({});
+    EXPECT_TRUE(user.isAdopted());
+    EXPECT_FALSE(user.videoStream.impl) << "not inside the offer";
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    EXPECT_EQ(user.events, (std::vector<std::string>{"impl", "available"}));
+    EXPECT_EQ(numbers(user.videoStream.impl, 25).size(), 150U);
+    EXPECT_EQ(total(runs(user.audioStream.impl, 44100)), 6 * 44100);
+    EXPECT_EQ(user.videoStream.version, 1U);
+}
+
+TEST_F(EditorProjectTest, PictureAndSoundOfOneExportBeginOnTheSameFrame) {
+    openTwo();
+    User user(project->composition());
+    user.offer(milliseconds(1013, 5000));
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    EXPECT_EQ(numbers(user.videoStream.impl, 25).front(), 100025);
+    EXPECT_EQ(runs(user.audioStream.impl, 44100).front(), (Stretch{1, 0, 44100, 132300}));
+    const StreamLengths lengths =
+        project->expectedLengths(milliseconds(1013, 5000), &user.exportedVideo, &user.exportedAudio);
+    EXPECT_EQ(lengths.start, Kestra::TIME_BASE);
+    EXPECT_EQ(lengths.videoFrames, 100);
+    EXPECT_EQ(lengths.audioSamples, 4 * 44100);
+    EXPECT_EQ(lengths.videoDuration, user.videoStream.impl->GetDuration());
+    EXPECT_EQ(lengths.audioDuration, user.audioStream.impl->GetDuration());
+}
+
+TEST_F(EditorProjectTest, SoundAloneBeginsOnTheMillisecond) {
+    openTwo();
+    User user(project->composition());
+    user.offer(milliseconds(1013, 5000), false, true);
+    ASSERT_TRUE(until([&] { return user.audioStream.available; }));
+    EXPECT_EQ(runs(user.audioStream.impl, 44100).front().first, 44673);
+    EXPECT_EQ(project->expectedLengths(milliseconds(1013, 5000), nullptr, &user.exportedAudio).audioDuration,
+              user.audioStream.impl->GetDuration());
+}
+
+TEST_F(EditorProjectTest, TwoExportsAtATimeDoNotMixTheirRates) {
+    openTwo();
+    User first(project->composition());
+    User second(project->composition());
+    second.exportedVideo.frameRateNumerator = 3;
+    first.offer(milliseconds(1013, 5000));
+    second.offer(milliseconds(1013, 5000));
+    ASSERT_TRUE(until([&] { return first.ready() && second.ready(); }));
+    EXPECT_EQ(runs(first.audioStream.impl, 44100).front().first, 44100);
+    EXPECT_EQ(numbers(second.videoStream.impl, 3).size(), 12U);
+    EXPECT_EQ(runs(second.audioStream.impl, 44100).front().first, 44100);
+    EXPECT_EQ(second.videoStream.impl->GetDuration(), 4 * Kestra::TIME_BASE);
+}
+
+TEST_F(EditorProjectTest, TakingAStreamIsGranted) {
+    openTwo();
+    User user(project->composition());
+    user.offer({});
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    user.take();
+    EXPECT_TRUE(user.videoStream.using_);
+    EXPECT_TRUE(user.videoStream.impl);
+    EXPECT_TRUE(user.videoStream.available);
+}
+
+TEST_F(EditorProjectTest, AStreamWhoseRangeChangesIsBuiltAnew) {
+    openTwo();
+    User user(project->composition());
+    user.offer({});
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    user.changeRange(milliseconds(0, 1000));
+    EXPECT_FALSE(user.videoStream.available);
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    EXPECT_EQ(numbers(user.videoStream.impl, 25).size(), 25U);
+}
+
+TEST_F(EditorProjectTest, WhatCannotBeBuiltIsReported) {
+    openTwo();
+    std::exception_ptr reported;
+    QObject::connect(project.get(), &EditorProject::streamFailed, [&](std::exception_ptr error) { reported = error; });
+    User user(project->composition());
+    user.offer(milliseconds(7000, 8000));
+    ASSERT_TRUE(until([&] { return reported != nullptr; }));
+    EXPECT_FALSE(user.ready());
+    EXPECT_EQ(project->streamError() != nullptr, true);
+    EXPECT_THROW(std::rethrow_exception(reported), Kestra::Proc::ProcException);
+    EXPECT_THROW(project->expectedLengths(milliseconds(7000, 8000), &user.exportedVideo, nullptr),
+                 Kestra::Proc::ProcException);
+}
+
+TEST_F(EditorProjectTest, AStreamOfferedBeforeAnythingIsOpenFails) {
+    std::exception_ptr reported;
+    QObject::connect(project.get(), &EditorProject::streamFailed, [&](std::exception_ptr error) { reported = error; });
+    User user(project->composition());
+    user.offer({});
+    EXPECT_TRUE(until([&] { return reported != nullptr; }));
+}
+
+TEST_F(EditorProjectTest, AWithdrawnStreamIsNotBuilt) {
+    openTwo();
+    User user(project->composition());
+    user.offer({});
+    user.withdraw();
+    EXPECT_FALSE(user.isAdopted());
+    ASSERT_TRUE(until([&] { return user.audioStream.available; }));
+    EXPECT_FALSE(user.videoStream.impl);
+}
+
+TEST_F(EditorProjectTest, TheUserMayGoWhileItsStreamsAreBeingBuilt) {
+    openTwo();
+    {
+        User user(project->composition());
+        user.offer({});
+    }
+    User next(project->composition());
+    next.offer({});
+    EXPECT_TRUE(until([&] { return next.ready(); }));
+    EXPECT_EQ(project->composition()->exportedVideos().size(), 1U);
+}
+
+TEST_F(EditorProjectTest, TheProjectMayGoWhileItBuilds) {
+    openTwo();
+    User user(project->composition());
+    user.offer({});
+    project.reset();
+    EXPECT_FALSE(user.seesComposition()) << "its removal is announced";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(user.videoStream.impl);
+}
+
+TEST_F(EditorProjectTest, AReceiverMayDestroyTheProject) {
+    openTwo();
+    User user(project->composition());
+    user.onImpl = [&] { project.reset(); };
+    user.offer({});
+    EXPECT_TRUE(until([&] { return project == nullptr; }));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(user.ready());
+    EXPECT_EQ(numbers(user.videoStream.impl, 25).size(), 150U) << "the engine stream outlives the project";
+}
+
+} // namespace
+} // namespace Project::Tests

@@ -1,0 +1,142 @@
+#include "ProjectFixture.h"
+#include <future>
+
+namespace Project::Tests {
+namespace {
+
+using Kestra::Proc::SeekMode;
+
+class SequenceAudioTest : public ProjectFixture {};
+
+Contents clip(int frames, std::int64_t samples, int sampleRate = 48000, const Rate& rate = 25) {
+    Contents contents;
+    contents.frames = frames;
+    contents.rate = rate;
+    contents.samples = samples;
+    contents.sampleRate = sampleRate;
+    return contents;
+}
+
+TEST_F(SequenceAudioTest, EverySampleOfEqualClipsComesOnce) {
+    const auto line = timeline({clip(25, 48000), clip(50, 96000)});
+    EXPECT_EQ(runs(sound(line, 48000, 25), 48000), (std::vector<Stretch>{{1, 0, 0, 48000}, {2, 48000, 0, 96000}}));
+}
+
+TEST_F(SequenceAudioTest, SoundThatEndsBeforeItsClipIsFollowedBySilence) {
+    const auto line = timeline({clip(50, 48000), clip(25, 0), clip(25, 48000)});
+    EXPECT_EQ(runs(sound(line, 48000, 25), 48000),
+              (std::vector<Stretch>{{1, 0, 0, 48000}, {Fakes::SILENCE, 48000, 0, 96000}, {3, 144000, 0, 48000}}));
+}
+
+TEST_F(SequenceAudioTest, SoundWithoutPicturesJoinsWithoutGap) {
+    const auto line = timeline({clip(0, 44101, 44100), clip(0, 44103, 44100), clip(0, 7, 44100)});
+    EXPECT_EQ(runs(sound(line, 44100, 25), 44100),
+              (std::vector<Stretch>{{1, 0, 0, 44101}, {2, 44101, 0, 44103}, {3, 88204, 0, 7}}));
+}
+
+TEST_F(SequenceAudioTest, SoundBeginsWithTheFirstFrameOfItsClip) {
+    // 700 samples longer than their pictures: clips begin on frames 50, 101 and 151 of 1920 samples.
+    const auto line = timeline({clip(50, 96700), clip(50, 96700), clip(50, 96700), clip(50, 96000)});
+    const std::vector<Stretch> found = runs(sound(line, 48000, 25), 48000);
+    EXPECT_EQ(found, (std::vector<Stretch>{{1, 0, 0, 96000},
+                                           {2, 96000, 0, 96700},
+                                           {Fakes::SILENCE, 192700, 0, 1220},
+                                           {3, 193920, 0, 96000},
+                                           {4, 289920, 0, 96000},
+                                           {Fakes::SILENCE, 385920, 0, 180}}));
+}
+
+TEST_F(SequenceAudioTest, AnExportWithoutPicturesKeepsTheExactStarts) {
+    const auto line = timeline({clip(50, 96700), clip(50, 96000)});
+    EXPECT_EQ(runs(sound(line, 48000, 0), 48000), (std::vector<Stretch>{{1, 0, 0, 96700}, {2, 96700, 0, 96000}}));
+}
+
+TEST_F(SequenceAudioTest, ARangeCutsToTheSampleWhereThePictureIsCut) {
+    const auto line = timeline({clip(100, 192000), clip(100, 192000)});
+    // 3.413 s is nearest to frame 85, that is 3.4 s.
+    EXPECT_EQ(runs(sound(line, 48000, 25, milliseconds(3413, 7001)), 48000),
+              (std::vector<Stretch>{{1, 0, 163200, 28800}, {2, 28800, 0, 144048}}));
+    EXPECT_EQ(runs(sound(line, 48000, 0, milliseconds(3413, 3414)), 48000), (std::vector<Stretch>{{1, 0, 163824, 48}}));
+}
+
+TEST_F(SequenceAudioTest, OddLengthsDoNotAddUpToADrift) {
+    // 1/30 s and a bit: 1470.03 samples at 44.1 kHz each.
+    Contents odd = clip(0, 1471, 44130);
+    const auto line = timeline(std::vector<Contents>(1000, odd));
+    const std::vector<Stretch> found = runs(sound(line, 44100, 0), 44100);
+    EXPECT_EQ(total(found), Kestra::TimeToSamples(line->duration(), 44100));
+    std::int64_t place = -1;
+    for (const Stretch& run : found) {
+        if (run.id == Fakes::SILENCE)
+            continue;
+        EXPECT_EQ(run.place, Kestra::TimeToSamples(line->clips()[run.id - 1].start, 44100));
+        EXPECT_GT(run.place, place);
+        place = run.place;
+    }
+    EXPECT_EQ(place, Kestra::TimeToSamples(line->clips().back().start, 44100));
+}
+
+TEST_F(SequenceAudioTest, ClipsOfAnyRateHaveTheOutputsRate) {
+    const auto line = timeline({clip(0, 44100, 44100), clip(0, 8000, 8000), clip(0, 96000, 96000)});
+    EXPECT_EQ(runs(sound(line, 48000, 0), 48000),
+              (std::vector<Stretch>{{1, 0, 0, 48000}, {2, 48000, 0, 48000}, {3, 96000, 0, 48000}}));
+}
+
+TEST_F(SequenceAudioTest, ResetReadsTheSameAgain) {
+    const Sound stream = sound(timeline({clip(50, 90000), clip(50, 96000)}), 48000, 25, milliseconds(700, 3333));
+    const std::vector<Stretch> first = runs(stream, 48000);
+    stream->Reset();
+    EXPECT_EQ(runs(stream, 48000), first);
+    stream->Reset();
+    stream->ReadAudio();
+    stream->Interrupt();
+    EXPECT_FALSE(stream->ReadAudio());
+    stream->Reset();
+    EXPECT_EQ(runs(stream, 48000), first);
+}
+
+TEST_F(SequenceAudioTest, SeekLandsOnTheSample) {
+    const Sound stream = sound(timeline({clip(50, 96000), clip(50, 96000)}), 48000, 25);
+    stream->Seek(Kestra::SamplesToTime(100001, 48000), SeekMode::Exact);
+    EXPECT_EQ(stream->GetPosition(), Kestra::SamplesToTime(100001, 48000));
+    const auto block = stream->ReadAudio();
+    EXPECT_EQ(block->GetTime(), Kestra::SamplesToTime(100001, 48000));
+    EXPECT_EQ(dynamic_cast<const Fakes::TaggedBlock&>(*block).GetFirst(), 4001);
+}
+
+TEST_F(SequenceAudioTest, APreferredSampleFormatHoldsForAllClips) {
+    const Sound stream = sound(timeline({clip(50, 96000)}), 48000, 25);
+    const auto preferred = Kestra::Conf::IFormatCodecAudio::Create();
+    preferred->SetSampleFormat(Kestra::Conf::SAMPLE_FORMAT_S32);
+    preferred->SetSampleRate(8000);
+    stream->PreferFormat(*preferred);
+    boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio> format;
+    stream->GetAudioFormat(format);
+    EXPECT_EQ(format->GetSampleFormat(), Kestra::Conf::SAMPLE_FORMAT_S32);
+    EXPECT_EQ(format->GetSampleRate(), 48000) << "the rate is as ordered";
+}
+
+TEST_F(SequenceAudioTest, PictureAndSoundOfEveryClipBeginTogether) {
+    std::vector<Contents> contents;
+    for (int i = 0; i < 60; ++i)
+        contents.push_back(clip(20 + i, (20 + i) * 1600 + i * 37, 48000, {30000, 1001}));
+    const auto line = timeline(contents);
+    for (const Rate& rate : {Rate(25), Rate(30000, 1001), Rate(24000, 1001), Rate(60)}) {
+        const Types::Range cut = milliseconds(777, 40001);
+        const ExportWindow window(cut, line->duration(), rate);
+        const std::vector<Section> seen = pictureSections(*line, window);
+        const std::vector<Section> heard = soundSections(*line, window, 48000);
+        // Within the last half frame of the range a clip may be heard that is not seen any more.
+        ASSERT_LE(heard.size() - seen.size(), 1U);
+        for (std::size_t i = 0; i < seen.size(); ++i) {
+            ASSERT_EQ(seen[i].clip, heard[i].clip);
+            EXPECT_NEAR(heard[i].first, static_cast<double>(Kestra::FramesToTime(seen[i].first, rate)) / 14700, 0.51);
+            EXPECT_NEAR(heard[i].skip, static_cast<double>(Kestra::FramesToTime(seen[i].skip, rate)) / 14700, 0.51);
+        }
+        EXPECT_EQ(seen.back().end(), window.frames());
+        EXPECT_EQ(heard.back().end(), window.samples(48000));
+    }
+}
+
+} // namespace
+} // namespace Project::Tests

@@ -1,0 +1,126 @@
+#include "EditorProject/Descriptions.h"
+#include "EditorProject/ExportWindow.h"
+#include "Kestra/Proc/ProcException.h"
+#include "ProjectFixture.h"
+
+namespace Project::Tests {
+namespace {
+
+using Kestra::TIME_BASE;
+
+class TimelineTest : public ProjectFixture {};
+
+Contents clip(int frames, std::int64_t samples, const Rate& rate = 25, int sampleRate = 48000) {
+    Contents contents;
+    contents.frames = frames;
+    contents.rate = rate;
+    contents.samples = samples;
+    contents.sampleRate = sampleRate;
+    return contents;
+}
+
+TEST_F(TimelineTest, ClipsFollowEachOtherExactly) {
+    const auto line = timeline({clip(100, 0), clip(0, 44101, 25, 44100), clip(30, 0, {30000, 1001})});
+    ASSERT_EQ(line->clips().size(), 3U);
+    EXPECT_EQ(line->clips()[1].start, 4 * TIME_BASE);
+    EXPECT_EQ(line->clips()[2].start, 4 * TIME_BASE + 44101 * 16000);
+    EXPECT_EQ(line->duration(), 4 * TIME_BASE + 44101 * 16000 + 30 * (TIME_BASE / 30000 * 1001));
+}
+
+TEST_F(TimelineTest, AFileThatIsNamedTwiceIsOpenedOnce) {
+    auto paths = put({clip(10, 0), clip(5, 0)});
+    paths.push_back(paths.front());
+    const auto line = Timeline::open(paths);
+    EXPECT_EQ(media->opened(), 2);
+    EXPECT_EQ(line->sources().size(), 2U);
+    EXPECT_EQ(&line->source(2), &line->source(0));
+}
+
+TEST_F(TimelineTest, WhatCannotBeOpenedIsNamed) {
+    try {
+        Timeline::open({Kestra::ioPath("missing.mov")});
+        FAIL();
+    } catch (const Kestra::Proc::ProcException& error) {
+        EXPECT_NE(std::string(error.what()).find("missing.mov"), std::string::npos);
+    }
+    EXPECT_THROW(Timeline::open({}), Kestra::Proc::ProcException);
+}
+
+TEST_F(TimelineTest, AFileWithoutLengthIsRefusedByName) {
+    try {
+        timeline({clip(0, 0)});
+        FAIL();
+    } catch (const Kestra::Proc::ProcException& error) {
+        EXPECT_NE(std::string(error.what()).find("\"1\""), std::string::npos);
+    }
+}
+
+TEST_F(TimelineTest, TheFirstPictureAndTheFirstSoundDescribeTheComposition) {
+    const auto line = timeline({clip(0, 44100, 25, 44100), clip(50, 0, {30000, 1001}), clip(50, 48000)});
+    const Media::Video video = describeVideo(*line);
+    EXPECT_EQ(video.width, 64U);
+    EXPECT_EQ(video.height, 36U);
+    EXPECT_EQ(video.frameRateNumerator, 30000U);
+    EXPECT_EQ(video.frameRateDenominator, 1001U);
+    EXPECT_EQ(video.aspectNumerator, 16U);
+    EXPECT_EQ(describeAudio(*line).sampleRate, 44100);
+    EXPECT_EQ(describeAudio(*line).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_S16);
+}
+
+TEST_F(TimelineTest, WithoutPictureOrSoundTheDescriptionsAreTheDefaults) {
+    const Media::Video video = describeVideo(*timeline({clip(0, 48000)}));
+    EXPECT_EQ(video.width, 1920U);
+    EXPECT_EQ(video.height, 1080U);
+    EXPECT_EQ(video.frameRateNumerator, 25U);
+    const Media::Audio audio = describeAudio(*timeline({clip(10, 0)}));
+    EXPECT_EQ(audio.sampleRate, 48000);
+    EXPECT_EQ(audio.channelLayout, Kestra::Conf::CHANNEL_LAYOUT_STEREO);
+}
+
+TEST(ExportWindow, AnEmptyOrInvertedRangeIsTheWhole) {
+    for (const Types::Range& range :
+         {Types::Range(), Types::Range{KTime(500), KTime(500)}, Types::Range{KTime(900), KTime(100)}}) {
+        const ExportWindow window(range, 10 * TIME_BASE, 25);
+        EXPECT_EQ(window.start(), 0);
+        EXPECT_EQ(window.frames(), 250);
+        EXPECT_EQ(window.samples(48000), 480000);
+    }
+}
+
+TEST(ExportWindow, TheStartMovesToTheNearestFrameForPictureAndSound) {
+    const ExportWindow window({KTime(1013), KTime(2013)}, 10 * TIME_BASE, 25);
+    EXPECT_EQ(window.firstFrame(), 25);
+    EXPECT_EQ(window.start(), TIME_BASE);
+    EXPECT_EQ(window.frames(), 25);          // 1.013 s
+    EXPECT_EQ(window.samples(48000), 48624); // 1.013 s
+    EXPECT_EQ(ExportWindow({KTime(1020), KTime(2013)}, 10 * TIME_BASE, 25).firstFrame(), 26);
+    const ExportWindow ntsc({KTime(1000), KTime(2000)}, 10 * TIME_BASE, {30000, 1001});
+    EXPECT_EQ(ntsc.firstFrame(), 30);
+    EXPECT_EQ(ntsc.start(), 30 * (TIME_BASE / 30000 * 1001));
+}
+
+TEST(ExportWindow, WithoutPicturesTheStartStaysExact) {
+    EXPECT_EQ(ExportWindow({KTime(1013), KTime(2013)}, 10 * TIME_BASE, 0).start(),
+              1013 * Kestra::TICKS_PER_MILLISECOND);
+}
+
+TEST(ExportWindow, AnEndAtTheRoundedDurationIsTheExactEnd) {
+    const std::int64_t duration = 10 * TIME_BASE + Kestra::TICKS_PER_MILLISECOND / 3;
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(10000)}, duration, 0).end(), duration);
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(99999)}, duration, 0).end(), duration);
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(9999)}, duration, 0).end(), 9999 * Kestra::TICKS_PER_MILLISECOND);
+}
+
+TEST(ExportWindow, ANegativeStartIsTheBeginning) {
+    EXPECT_EQ(ExportWindow({KTime(-700), KTime(1000)}, 10 * TIME_BASE, 25).start(), 0);
+}
+
+TEST(ExportWindow, ARangeOutsideIsRefused) {
+    using Kestra::Proc::ProcException;
+    EXPECT_THROW(ExportWindow({KTime(10000), KTime(11000)}, 10 * TIME_BASE, 25), ProcException);
+    EXPECT_THROW(ExportWindow({KTime(-900), KTime(-100)}, 10 * TIME_BASE, 25), ProcException);
+    EXPECT_THROW(ExportWindow({KTime(1000), KTime(1010)}, 10 * TIME_BASE, 25), ProcException); // no whole frame
+}
+
+} // namespace
+} // namespace Project::Tests
