@@ -29,6 +29,8 @@ public:
 
     const std::vector<Made>& GetMade() const { return made; }
     FakeProcessor& GetLast() const { return *made.back().processor; }
+    /// Lets go of the streams and muxers of the processors so far.
+    void Forget() { made.clear(); }
     CallLog& GetLog() { return *log; }
 
     boost::intrusive_ptr<Proc::IStreamProcessor> Make(const std::vector<boost::intrusive_ptr<Proc::IStream>>& streams,

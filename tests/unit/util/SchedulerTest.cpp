@@ -1,4 +1,5 @@
 #include "Kestra/Util/Scheduler.h"
+#include "support/TimerCatcher.h"
 #include "support/WaitUntil.h"
 #include <QElapsedTimer>
 #include <QThread>
@@ -8,6 +9,7 @@
 #include <stdexcept>
 #include <thread>
 
+using TestSupport::TimerCatcher;
 using TestSupport::turnEventLoop;
 using TestSupport::waitUntil;
 
@@ -31,25 +33,6 @@ public:
     QThread* thread = nullptr;
     std::function<void()> duringCall;
     std::unique_ptr<Scheduler> scheduler;
-};
-
-/// Catches what a timer event lets out, where the event loop itself could not.
-class TimerCatcher : public QObject {
-public:
-    TimerCatcher() { QCoreApplication::instance()->installEventFilter(this); }
-
-    bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (event->type() != QEvent::Timer)
-            return false;
-        try {
-            receiver->event(event);
-        } catch (...) {
-            caught = std::current_exception();
-        }
-        return true;
-    }
-
-    std::exception_ptr caught;
 };
 
 } // namespace

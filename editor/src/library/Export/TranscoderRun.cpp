@@ -29,6 +29,7 @@ void Transcoder::startProcessing(std::unique_ptr<IStreamProcessingHelper> newRun
     }
     // A runner that works on another thread is heard through queued calls, which carry registered types only.
     qRegisterMetaType<std::exception_ptr>("std::exception_ptr");
+    qRegisterMetaType<KTime>("KTime");
 
     runner = std::move(newRunner);
     // Ahead of the connections on purpose: what a runner emits inside start() is not for the editor.

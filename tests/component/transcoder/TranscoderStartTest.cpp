@@ -1,0 +1,224 @@
+#include "component/transcoder/TranscoderFixture.h"
+#include <QDir>
+#include <stdexcept>
+
+namespace {
+
+const std::string TRYING = "INFO 259 EXPORT: Trying to start";
+const std::string STARTED = "INFO 355 EXPORT: Started";
+
+} // namespace
+
+TEST_F(TranscoderTest, StartsByItselfOnceBothStreamsAreAvailable) {
+    initialize();
+    model.buildStreams(videoStream, audioStream);
+    EXPECT_EQ(logged(), std::vector<std::string>()) << "not inside the model's own call";
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), (std::vector<std::string>{TRYING, STARTED}));
+    EXPECT_EQ(calls->Get(), (CallLog::Calls{"CreateVideoEncoder", "CreateAudioEncoder", "CreateMuxer",
+                                            "CreateStreamProcessor", "SetEventsReceiver", "Initialize", "Start"}));
+}
+
+TEST_F(TranscoderTest, LogsAgainstItsOwnSourceFile) {
+    start();
+    ASSERT_EQ(log.lines.size(), 2U);
+    for (const auto& line : log.lines)
+        EXPECT_EQ(line.file, "Transcoder.cpp");
+}
+
+TEST_F(TranscoderTest, DoesNothingWhileTheVideoStreamIsNotAvailable) {
+    initialize();
+    model.audioStreams.setImpl(audioStream);
+    model.audioStreams.setAvailable(true);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), std::vector<std::string>());
+    EXPECT_FALSE(model.audioStreams.stream()->using_);
+    EXPECT_EQ(calls->Get(), CallLog::Calls());
+}
+
+TEST_F(TranscoderTest, DoesNothingWhileTheAudioStreamIsNotAvailable) {
+    initialize();
+    model.videoStreams.setImpl(videoStream);
+    model.videoStreams.setAvailable(true);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), std::vector<std::string>());
+    EXPECT_FALSE(model.videoStreams.stream()->using_);
+}
+
+TEST_F(TranscoderTest, TakesTheStreamsWhenItStarts) {
+    start();
+    EXPECT_TRUE(model.videoStreams.stream()->using_);
+    EXPECT_TRUE(model.audioStreams.stream()->using_);
+    EXPECT_EQ(model.videoStreams.stream()->impl, videoStream);
+}
+
+TEST_F(TranscoderTest, LeavesAStreamThatSomebodyElseTookAlone) {
+    initialize();
+    model.videoStreams.setAvailable(true);
+    model.audioStreams.setAvailable(true);
+    model.audioStreams.setUsing(true);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), std::vector<std::string>());
+    EXPECT_FALSE(model.videoStreams.stream()->using_);
+}
+
+TEST_F(TranscoderTest, MakesOneAttemptOfTenChangesInOneTurn) {
+    initialize();
+    // Streams that are never marked as taken show every attempt.
+    model.videoStreams.refuseChanges(true);
+    model.audioStreams.refuseChanges(true);
+    model.buildStreams(videoStream, audioStream);
+    for (std::uint64_t version = 1; version <= 10; ++version)
+        model.videoStreams.setVersion(version);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(countLogged(259), 1U);
+    model.audioStreams.setVersion(1);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(countLogged(259), 2U) << "the next change makes the next attempt";
+}
+
+TEST_F(TranscoderTest, AttemptsSilentlyAfterTheStart) {
+    start();
+    calls->Clear();
+    log.lines.clear();
+    model.videoStreams.setVersion(7);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), std::vector<std::string>());
+    EXPECT_EQ(calls->Get(), CallLog::Calls());
+}
+
+TEST_F(TranscoderTest, AttemptsSilentlyAfterTheEnd) {
+    start();
+    play({FakeProcessor::Started(), FakeProcessor::Finished()});
+    log.lines.clear();
+    model.audioStreams.setVersion(7);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), std::vector<std::string>());
+    EXPECT_EQ(processors.GetMade().size(), 1U);
+}
+
+TEST_F(TranscoderTest, StartsWithSoundAlone) {
+    start("sound");
+    EXPECT_EQ(calls->Get(), (CallLog::Calls{"CreateAudioEncoder", "CreateMuxer", "CreateStreamProcessor",
+                                            "SetEventsReceiver", "Initialize", "Start"}));
+    EXPECT_EQ(processors.GetMade().at(0).streams.size(), 1U);
+}
+
+TEST_F(TranscoderTest, StartsWithPicturesAlone) {
+    start("pictures");
+    EXPECT_EQ(calls->Count("CreateVideoEncoder"), 1U);
+    EXPECT_EQ(calls->Count("CreateAudioEncoder"), 0U);
+}
+
+TEST_F(TranscoderTest, StartsAMuxerAloneWhenNeitherStreamIsLeft) {
+    initialize();
+    model.videoStreams.remove();
+    model.audioStreams.remove();
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(logged(), (std::vector<std::string>{TRYING, STARTED}));
+    EXPECT_EQ(calls->Get(),
+              (CallLog::Calls{"CreateMuxer", "CreateStreamProcessor", "SetEventsReceiver", "Initialize", "Start"}));
+    EXPECT_TRUE(processors.GetMade().at(0).streams.empty());
+}
+
+TEST_F(TranscoderTest, RunsOnePassInTheModeThatNeverTakesTwo) {
+    initialize("two-pass");
+    changeBitrateMode(Export::BitrateMode::Quality);
+    makeReady();
+    ASSERT_EQ(processors.GetMade().size(), 1U);
+    EXPECT_NE(processors.GetMade().at(0).muxer, nullptr);
+    EXPECT_EQ(processors.GetMade().at(0).streams.size(), 2U);
+}
+
+TEST_F(TranscoderTest, RunsOnePassOverSoundAloneWhateverThePresetSays) {
+    model.videoStreams.adoptOffers(false);
+    start("two-pass");
+    EXPECT_NE(processors.GetMade().at(0).muxer, nullptr);
+    EXPECT_EQ(processors.GetMade().at(0).streams.size(), 1U);
+}
+
+TEST_F(TranscoderTest, NeverRunsTwoPassesAsOne) {
+    TestSupport::TimerCatcher catcher;
+    initialize("two-pass");
+    makeReady();
+    EXPECT_EQ(calls->Count("CreateMuxer"), 0U);
+}
+
+TEST_F(TranscoderTest, KeepsOneTemporaryDirectoryForTheRun) {
+    const auto before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    const auto directories = [this] {
+        return QDir(folder.path()).entryList({QStringLiteral("editor-export-*")}, QDir::Dirs).size();
+    };
+    start();
+    EXPECT_EQ(directories(), 1);
+    play({FakeProcessor::Finished()});
+    EXPECT_EQ(directories(), 1);
+    transcoder.reset();
+    EXPECT_EQ(directories(), 0);
+    if (before.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", before);
+}
+
+class ThrowingStart : public TranscoderTest {
+protected:
+    /// Starts; what leaves the attempt is kept, and neither failed nor stopped may have been emitted.
+    void startAndFail() {
+        initialize();
+        makeReady();
+        EXPECT_NE(catcher.caught, nullptr);
+        EXPECT_EQ(emissions, Signals());
+        EXPECT_EQ(logged(), std::vector<std::string>{TRYING});
+    }
+
+    std::exception_ptr error = std::make_exception_ptr(std::runtime_error("refused"));
+    TestSupport::TimerCatcher catcher;
+};
+
+TEST_F(ThrowingStart, LetsAVideoEncodersExceptionOut) {
+    codecs->GetScript().ThrowAt("CreateVideoEncoder", error);
+    startAndFail();
+}
+
+TEST_F(ThrowingStart, LetsAnAudioEncodersExceptionOut) {
+    codecs->GetScript().ThrowAt("CreateAudioEncoder", error);
+    startAndFail();
+}
+
+TEST_F(ThrowingStart, LetsAMuxersExceptionOut) {
+    muxers->GetScript().ThrowAt("CreateMuxer", error);
+    startAndFail();
+}
+
+TEST_F(ThrowingStart, LetsAProcessorsExceptionOutAndNeverTriesAgain) {
+    processors.ThrowNext(error);
+    startAndFail();
+    EXPECT_TRUE(model.videoStreams.stream()->using_);
+    EXPECT_TRUE(model.audioStreams.stream()->using_);
+    model.videoStreams.setVersion(3);
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(countLogged(259), 1U);
+}
+
+TEST_F(ThrowingStart, LetsAMissingTemporaryDirectoryOut) {
+    const auto before = qgetenv("TMPDIR");
+    writeOutput();
+    qputenv("TMPDIR", QFile::encodeName(outputPath()));
+    startAndFail();
+    if (before.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", before);
+    EXPECT_TRUE(QFileInfo::exists(outputPath()));
+    EXPECT_EQ(calls->Get(), CallLog::Calls());
+}
+
+TEST_F(ThrowingStart, MayBeStoppedAndDestroyedAfterwards) {
+    processors.ThrowNext(error);
+    startAndFail();
+    transcoder->stop();
+    transcoder.reset();
+    EXPECT_EQ(emissions, Signals());
+}
