@@ -133,15 +133,21 @@ public:
 private:
     void take(double level) {
         audio.peak = std::max(audio.peak, level);
-        if (level > 0.3 && audio.samples - lastLoud > audio.sampleRate / 50)
-            audio.onsets.push_back(audio.samples);
-        if (level > 0.05)
+        if (level > 0.05) {
+            // Resamplers and lossy codecs ring before they rise.
+            armed = armed || audio.samples - lastLoud > audio.sampleRate / 50;
             lastLoud = audio.samples;
+        }
+        if (level > 0.3 && armed) {
+            audio.onsets.push_back(audio.samples);
+            armed = false;
+        }
         ++audio.samples;
     }
 
     ProbedAudio& audio;
     long long lastLoud = std::numeric_limits<int>::min();
+    bool armed = false; ///< after silence, before the next onset
 };
 
 using TakeFrame = std::function<void(const AVFrame&)>;
