@@ -1,0 +1,99 @@
+#include "ExportCore/ExpectedFile.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/Proc/ProcessingError.h"
+#include <functional>
+#include <gtest/gtest.h>
+
+using ExportCore::ExpectedFile;
+using Kestra::TIME_BASE;
+using Kestra::Proc::CheckedFile;
+using Kestra::Proc::CheckedStream;
+
+namespace {
+
+class Verdict : public ::testing::Test {
+protected:
+    Verdict() {
+        expected.hasVideo = expected.hasAudio = true;
+        expected.frames = 100;
+        expected.videoDuration = expected.audioDuration = 4 * TIME_BASE;
+        CheckedStream video;
+        video.kind = CheckedStream::Kind::Video;
+        video.codec = "h264";
+        video.packets = 100;
+        video.end = 4 * TIME_BASE;
+        video.colour = {1, 1, 1, 1};
+        CheckedStream audio;
+        audio.kind = CheckedStream::Kind::Audio;
+        audio.codec = "aac";
+        audio.end = 4 * TIME_BASE;
+        audio.sampleRate = 48000;
+        file.streams = {video, audio};
+    }
+
+    CheckedStream& video() { return file.streams[0]; }
+    CheckedStream& audio() { return file.streams[1]; }
+    std::string fault() const {
+        try {
+            expected.require(file);
+            return {};
+        } catch (const std::exception& error) {
+            EXPECT_EQ(
+                Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(std::current_exception()).GetCode(),
+                Kestra::Proc::TranscodingError::OutputFailed);
+            return error.what();
+        }
+    }
+    bool blames(const char* what) const { return fault().find(what) != std::string::npos; }
+
+    ExpectedFile expected;
+    CheckedFile file;
+};
+
+TEST_F(Verdict, ARightFilePasses) {
+    EXPECT_EQ(fault(), "");
+}
+
+TEST_F(Verdict, OneFrameTooFewOrTooManyIsFound) {
+    video().packets = 99;
+    EXPECT_TRUE(blames("99 pictures instead of 100"));
+    video().packets = 101;
+    EXPECT_TRUE(blames("101 pictures instead of 100"));
+}
+
+TEST_F(Verdict, AMissingTrackIsFound) {
+    const CheckedFile whole = file;
+    file.streams = {whole.streams[0]};
+    EXPECT_TRUE(blames("no sound"));
+    file.streams = {whole.streams[1]};
+    EXPECT_TRUE(blames("no picture"));
+}
+
+TEST_F(Verdict, ATrackThatNobodyOrderedIsFound) {
+    expected.hasVideo = false;
+    EXPECT_TRUE(blames("not asked for"));
+}
+
+TEST_F(Verdict, ShortSoundIsFound) {
+    audio().end = 4 * TIME_BASE - TIME_BASE / 5;
+    EXPECT_TRUE(blames("sound lasts 00:00:03.800 instead of 00:00:04.000"));
+}
+
+TEST_F(Verdict, SoundThatEndsOnAWholePacketPasses) {
+    audio().end = 4 * TIME_BASE + Kestra::SamplesToTime(1024, 48000);
+    EXPECT_EQ(fault(), "");
+}
+
+TEST_F(Verdict, APictureTrackOfTheWrongLengthIsFound) {
+    video().end = 5 * TIME_BASE;
+    EXPECT_TRUE(blames("picture lasts"));
+}
+
+TEST_F(Verdict, MissingColourIsFoundWhereTheCodecCanTellIt) {
+    video().colour = {};
+    EXPECT_TRUE(blames("colour"));
+    video().codec = "mpeg4";
+    EXPECT_EQ(fault(), "");
+}
+
+} // namespace

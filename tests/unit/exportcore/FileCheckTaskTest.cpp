@@ -1,0 +1,88 @@
+#include "ExportCore/FileCheckTask.h"
+#include "FileHelpers.h"
+#include "Kestra/Base/Time.h"
+#include "support/FlashBeep.h"
+#include "support/WaitUntil.h"
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using ExportCore::ExpectedFile;
+using ExportCore::FileCheckTask;
+
+namespace {
+
+class FileCheck : public ::testing::Test {
+protected:
+    FileCheck() { make({}); }
+
+    void make(const std::vector<std::string>& more) {
+        TestMedia::FlashBeep media;
+        media.audioCodec = "aac";
+        media.more = {"-colorspace", "bt709", "-color_primaries", "bt709", "-color_trc", "bt709"};
+        media.more.insert(media.more.end(), more.begin(), more.end());
+        TestMedia::makeFlashBeep(path, media);
+        expected.hasVideo = expected.hasAudio = true;
+        expected.frames = 100;
+        expected.videoDuration = expected.audioDuration = 4 * Kestra::TIME_BASE;
+    }
+
+    /// Null when the file was found right.
+    std::exception_ptr check(const std::function<void()>& last = [] {}) {
+        FileCheckTask task(Kestra::ioPath(path), expected, last);
+        bool ended = false;
+        std::exception_ptr result;
+        QObject::connect(&task, &FileCheckTask::finished, [&](const std::exception_ptr& error) {
+            ended = true;
+            result = error;
+        });
+        task.start();
+        EXPECT_TRUE(TestSupport::waitUntil([&] { return ended; }));
+        return result;
+    }
+
+    TestMedia::Folder folder;
+    const std::string path = folder / "film.mp4";
+    ExpectedFile expected;
+};
+
+TEST_F(FileCheck, AWholeFilePassesAndTheLastStepIsCalled) {
+    bool called = false;
+    EXPECT_FALSE(check([&called] { called = true; }));
+    EXPECT_TRUE(called);
+}
+
+TEST_F(FileCheck, ATruncatedFileIsFound) {
+    const QByteArray whole = TestFiles::read(path);
+    TestFiles::write(path, whole.left(whole.size() * 3 / 4));
+    EXPECT_TRUE(check());
+}
+
+TEST_F(FileCheck, AFileCutOffBehindItsIndexIsFound) {
+    make({"-movflags", "+faststart"});
+    EXPECT_FALSE(check());
+    const QByteArray whole = TestFiles::read(path);
+    TestFiles::write(path, whole.left(whole.size() - 100));
+    EXPECT_TRUE(check());
+}
+
+TEST_F(FileCheck, AFileWithoutItsIndexIsFound) {
+    QByteArray whole = TestFiles::read(path);
+    whole.replace("moov", "none");
+    TestFiles::write(path, whole);
+    EXPECT_TRUE(check());
+}
+
+TEST_F(FileCheck, AnotherFrameCountIsFoundAndTheLastStepIsNotCalled) {
+    expected.frames = 101;
+    bool called = false;
+    EXPECT_TRUE(check([&called] { called = true; }));
+    EXPECT_FALSE(called);
+}
+
+TEST_F(FileCheck, WhatTheLastStepThrowsIsTheResult) {
+    const std::exception_ptr error = check([] { throw std::runtime_error("no sync"); });
+    ASSERT_TRUE(error);
+    EXPECT_THROW(std::rethrow_exception(error), std::runtime_error);
+}
+
+} // namespace

@@ -1,0 +1,43 @@
+#include "ExportCore/NearNames.h"
+#include <gmock/gmock.h>
+
+using ExportCore::NearNames;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+const std::vector<std::string> KNOWN{"mp4-h264-1080p", "mp4-h264-720p", "webm-vp9-720p", "mp3", "wav"};
+
+TEST(NearNames, DistanceCountsSlips) {
+    EXPECT_EQ(NearNames::distance("", ""), 0U);
+    EXPECT_EQ(NearNames::distance("abc", "abc"), 0U);
+    EXPECT_EQ(NearNames::distance("abc", ""), 3U);
+    EXPECT_EQ(NearNames::distance("", "abc"), 3U);
+    EXPECT_EQ(NearNames::distance("abc", "abd"), 1U);
+    EXPECT_EQ(NearNames::distance("abc", "bc"), 1U);
+    EXPECT_EQ(NearNames::distance("abc", "xabc"), 1U);
+    EXPECT_EQ(NearNames::distance("abcd", "acbd"), 1U) << "neighbours swapped";
+    EXPECT_EQ(NearNames::distance("kitten", "sitting"), 3U);
+}
+
+TEST(NearNames, ASlipFindsTheNameFirst) {
+    EXPECT_EQ(NearNames::find("mp4-h264-702p", KNOWN).front(), "mp4-h264-720p");
+    EXPECT_EQ(NearNames::find("MP4-H264-720P", KNOWN).front(), "mp4-h264-720p");
+}
+
+TEST(NearNames, APartFindsTheNamesThatHoldIt) {
+    EXPECT_THAT(NearNames::find("vp9", KNOWN), ::testing::Contains("webm-vp9-720p"));
+    EXPECT_THAT(NearNames::find("720p", KNOWN), ElementsAre("mp4-h264-720p", "webm-vp9-720p"));
+}
+
+TEST(NearNames, NothingIsNearToNonsense) {
+    EXPECT_THAT(NearNames::find("qqqqqqqqqq", KNOWN), IsEmpty());
+    EXPECT_THAT(NearNames::find("mp3", {}), IsEmpty());
+}
+
+TEST(NearNames, NoMoreThanTheLimit) {
+    EXPECT_EQ(NearNames::find("mp4-h264-", KNOWN, 1).size(), 1U);
+}
+
+} // namespace

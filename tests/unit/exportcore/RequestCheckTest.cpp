@@ -1,0 +1,251 @@
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/Refusal.h"
+#include "FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using ExportCore::ExportRequest;
+using ExportCore::OutputTarget;
+using ExportCore::Refusal;
+using ExportCore::RequestCheck;
+
+namespace {
+
+/// The sentence of the refusal; empty when nothing was refused.
+std::string refusalOf(const std::function<void()>& check) {
+    try {
+        check();
+        return {};
+    } catch (const Refusal& refusal) {
+        return refusal.what();
+    }
+}
+
+#define EXPECT_REFUSED(expression, reason)                                                                             \
+    do {                                                                                                               \
+        const std::string sentence = refusalOf([&] { expression; });                                                   \
+        EXPECT_NE(sentence.find(reason), std::string::npos) << "got: " << sentence;                                    \
+        EXPECT_EQ(sentence.find('\n'), std::string::npos);                                                             \
+    } while (false)
+
+/// Root may do everything, so permissions are tried as somebody else.
+class AsSomebody {
+public:
+    AsSomebody() {
+        if (geteuid() == 0 && seteuid(65534) != 0)
+            qFatal("Cannot become nobody");
+    }
+    ~AsSomebody() {
+        if (getuid() == 0 && seteuid(0) != 0)
+            qFatal("Cannot become root again");
+    }
+};
+
+class Request : public ::testing::Test {
+protected:
+    Request() {
+        TestFiles::write(source, "media");
+        request.inputs << QString::fromStdString(source);
+        request.outputPath = QString::fromStdString(output);
+    }
+    OutputTarget check() const { return RequestCheck::output(request); }
+
+    TestMedia::Folder folder;
+    const std::string source = folder / "source.mov";
+    const std::string output = folder / "film.mp4";
+    ExportRequest request;
+};
+
+TEST_F(Request, ANewFileInAnExistingFolderIsAccepted) {
+    const OutputTarget target = check();
+    EXPECT_FALSE(target.existed);
+    EXPECT_EQ(target.path.toStdString(), output);
+    EXPECT_EQ(target.path, target.folder + "/film.mp4");
+    EXPECT_EQ(access(output.c_str(), F_OK), -1) << "checking makes nothing";
+}
+
+TEST_F(Request, AnExistingFileNeedsTheWordThatItMayGo) {
+    TestFiles::write(output, "old");
+    EXPECT_REFUSED(check(), "exists already");
+    request.overwrite = true;
+    EXPECT_TRUE(check().existed);
+    EXPECT_TRUE(check().replace);
+}
+
+TEST_F(Request, TheInputItselfIsRefusedEvenWithOverwriting) {
+    request.overwrite = true;
+    request.outputPath = request.inputs[0];
+    EXPECT_REFUSED(check(), "it is one of the inputs");
+}
+
+TEST_F(Request, TheInputBehindASymbolicLinkIsRefused) {
+    request.overwrite = true;
+    ASSERT_EQ(symlink(source.c_str(), output.c_str()), 0);
+    EXPECT_REFUSED(check(), "it is one of the inputs");
+}
+
+TEST_F(Request, TheInputBehindAHardLinkIsRefused) {
+    request.overwrite = true;
+    ASSERT_EQ(link(source.c_str(), output.c_str()), 0);
+    EXPECT_REFUSED(check(), "it is one of the inputs");
+}
+
+TEST_F(Request, TheInputThroughAnotherFolderIsRefused) {
+    request.overwrite = true;
+    ASSERT_EQ(symlink((folder / "").c_str(), (folder / "mirror").c_str()), 0);
+    request.outputPath = QString::fromStdString(folder / "mirror/source.mov");
+    EXPECT_REFUSED(check(), "it is one of the inputs");
+}
+
+TEST_F(Request, AnInputThatIsALinkToTheOutputIsRefused) {
+    request.overwrite = true;
+    TestFiles::write(output, "media");
+    const std::string alias = folder / "alias.mp4";
+    ASSERT_EQ(symlink(output.c_str(), alias.c_str()), 0);
+    request.inputs = QStringList(QString::fromStdString(alias));
+    EXPECT_REFUSED(check(), "it is one of the inputs");
+}
+
+TEST_F(Request, WhatIsNoFileIsRefused) {
+    request.overwrite = true;
+    request.outputPath = QString::fromStdString(folder / "");
+    EXPECT_REFUSED(check(), "it is a folder");
+    ASSERT_EQ(mkfifo(output.c_str(), 0600), 0);
+    request.outputPath = QString::fromStdString(output);
+    EXPECT_REFUSED(check(), "it is a pipe");
+    request.outputPath = QStringLiteral("/dev/null");
+    EXPECT_REFUSED(check(), "it is a device");
+    request.outputPath = QStringLiteral("/dev/full");
+    EXPECT_REFUSED(check(), "it is a device");
+}
+
+TEST_F(Request, AnOutputWithoutANameIsRefused) {
+    request.outputPath = QString();
+    EXPECT_REFUSED(check(), "No output file was given");
+    request.outputPath = QString::fromStdString(folder / "missing/");
+    EXPECT_REFUSED(check(), "missing");
+}
+
+TEST_F(Request, AMissingFolderIsRefusedWithItsName) {
+    request.outputPath = QString::fromStdString(folder / "no/such/film.mp4");
+    EXPECT_REFUSED(check(), folder / "no/such");
+}
+
+TEST_F(Request, AFileInPlaceOfTheFolderIsRefused) {
+    request.outputPath = QString::fromStdString(source + "/film.mp4");
+    EXPECT_REFUSED(check(), "Not a directory");
+}
+
+TEST_F(Request, ANameThatIsTooLongIsRefused) {
+    request.outputPath = QString::fromStdString(folder / std::string(300, 'x'));
+    EXPECT_REFUSED(check(), "File name too long");
+}
+
+TEST_F(Request, ALinkThatLeadsNowhereIsRefused) {
+    ASSERT_EQ(symlink("/nowhere/at/all", output.c_str()), 0);
+    EXPECT_REFUSED(check(), "leads nowhere");
+}
+
+TEST_F(Request, ALinkToAFileIsKeptAndTheFileBehindItReplaced) {
+    const std::string real = folder / "real.mp4";
+    TestFiles::write(real, "old");
+    ASSERT_EQ(symlink(real.c_str(), output.c_str()), 0);
+    request.overwrite = true;
+    EXPECT_EQ(check().path.toStdString(), real);
+}
+
+TEST_F(Request, AReadOnlyFolderIsRefused) {
+    const std::string locked = folder / "locked";
+    ASSERT_EQ(mkdir(locked.c_str(), 0555), 0);
+    ASSERT_EQ(chmod((folder / "").c_str(), 0755), 0);
+    request.outputPath = QString::fromStdString(locked + "/film.mp4");
+    const AsSomebody somebody;
+    EXPECT_REFUSED(check(), "Permission denied");
+}
+
+TEST_F(Request, AFileThatMayNotBeWrittenIsRefused) {
+    TestFiles::write(output, "old");
+    ASSERT_EQ(chmod(output.c_str(), 0444), 0);
+    ASSERT_EQ(chmod((folder / "").c_str(), 0777), 0);
+    request.overwrite = true;
+    const AsSomebody somebody;
+    EXPECT_REFUSED(check(), "Permission denied");
+}
+
+TEST_F(Request, NamesOutsideAsciiStayWhatTheyAre) {
+    const std::string name = folder / "Фильм – été 映画.mp4";
+    request.outputPath = QString::fromStdString(name);
+    EXPECT_EQ(check().path.toStdString(), name);
+}
+
+TEST_F(Request, InputsThatAreNoFilesAreRefused) {
+    const auto inputs = [](const std::string& path) {
+        RequestCheck::inputs(QStringList(QString::fromStdString(path)));
+    };
+    EXPECT_EQ(refusalOf([&] { inputs(source); }), "");
+    EXPECT_REFUSED(RequestCheck::inputs({}), "No input");
+    EXPECT_REFUSED(inputs(folder / "missing.mov"), "No such file");
+    EXPECT_REFUSED(inputs(folder / ""), "it is a folder");
+    EXPECT_REFUSED(inputs("/dev/zero"), "it is a device");
+    TestFiles::write(folder / "empty.mov", "");
+    EXPECT_REFUSED(inputs(folder / "empty.mov"), "it is empty");
+    ASSERT_EQ(mkfifo((folder / "pipe.mov").c_str(), 0600), 0);
+    EXPECT_REFUSED(inputs(folder / "pipe.mov"), "it is a pipe");
+}
+
+TEST_F(Request, AnInputThatMayNotBeReadIsRefused) {
+    ASSERT_EQ(chmod(source.c_str(), 0), 0);
+    ASSERT_EQ(chmod((folder / "").c_str(), 0755), 0);
+    const AsSomebody somebody;
+    EXPECT_REFUSED(RequestCheck::inputs(request.inputs), "Permission denied");
+}
+
+TEST_F(Request, PointsOutOfOrderAreRefused) {
+    const auto points = [this](qint64 in, qint64 out) {
+        request.in = KTime(in);
+        request.out = KTime(out);
+        RequestCheck::ranges(request);
+    };
+    EXPECT_EQ(refusalOf([&] { points(1000, 2000); }), "");
+    EXPECT_REFUSED(points(2000, 1000), "does not lie after");
+    EXPECT_REFUSED(points(2000, 2000), "does not lie after");
+    EXPECT_REFUSED(points(-1, 2000), "before the start");
+    request.in.reset();
+    request.out = KTime(0);
+    EXPECT_REFUSED(RequestCheck::ranges(request), "does not lie after");
+}
+
+TEST_F(Request, PointsOutsideTheInputsAreRefused) {
+    const KTime length(4000);
+    request.in = KTime(4000);
+    EXPECT_REFUSED(RequestCheck::streamRange(request, length), "lies outside the inputs, which last 00:00:04.000");
+    request.in.reset();
+    request.out = KTime(4001);
+    EXPECT_REFUSED(RequestCheck::streamRange(request, length), "lies outside");
+}
+
+TEST_F(Request, WhatIsLeftOpenIsTheStartAndTheEnd) {
+    const KTime length(4000);
+    EXPECT_EQ(RequestCheck::streamRange(request, length), Types::Range());
+    request.in = KTime(1000);
+    EXPECT_EQ(RequestCheck::streamRange(request, length), (Types::Range{KTime(1000), length}));
+    request.in.reset();
+    request.out = KTime(3000);
+    EXPECT_EQ(RequestCheck::streamRange(request, length), (Types::Range{KTime(0), KTime(3000)}));
+}
+
+TEST_F(Request, TheExportRangeLiesInsideWhatIsExported) {
+    request.in = KTime(1000);
+    request.out = KTime(3000);
+    request.exportRange = {KTime(500), KTime(2000)};
+    EXPECT_EQ(refusalOf([&] { RequestCheck::streamRange(request, KTime(4000)); }), "");
+    request.exportRange.end = KTime(2001);
+    EXPECT_REFUSED(RequestCheck::streamRange(request, KTime(4000)), "lies outside what is exported");
+    request.exportRange = {KTime(500), KTime(400)};
+    EXPECT_REFUSED(RequestCheck::ranges(request), "is empty");
+}
+
+} // namespace
