@@ -4,6 +4,7 @@
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/Proc/Filters/NotImplemented.h"
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace Kestra::FF {
@@ -11,12 +12,16 @@ namespace Kestra::FF {
 namespace {
 
 constexpr std::size_t LOOK_AHEAD = 5;
-constexpr std::size_t ANCHOR_BLOCKS = 7;
+constexpr std::size_t ANCHOR_BLOCKS = 12;
 // Codecs settle over the blocks before the target: overlaps, bit reservoirs, predictors.
 constexpr std::int64_t PREROLL = 3 * TIME_BASE / 10;
+// Times within an Ogg page are counted from its ends: right ones are sure only after the next page has begun.
+constexpr std::int64_t OGG_PREROLL = 5 * TIME_BASE / 2;
 constexpr std::int64_t LEAST_PREROLL = TIME_BASE / 10;
 constexpr int PREROLL_TRIES = 3;
 constexpr int PREROLL_GROWTH = 8;
+// Samples in a tick.
+constexpr std::int64_t COARSE_CLOCK = 8;
 constexpr std::int64_t SILENCE_BLOCK = 8192;
 // An end that is missing by less is a matter of rounding.
 constexpr std::int64_t MISSING_END = TIME_BASE / 20;
@@ -116,8 +121,12 @@ void AudioDecodeStream::OnDamage(std::int64_t timestamp, const std::string& reas
                    "A block of sound could not be decoded: " + reason);
 }
 
-std::int64_t AudioDecodeStream::Ticks(int count) {
-    return TimeToSamples(ToEngineTime(count, demuxer->GetStream(track.index).time_base), track.sampleRate) + 1;
+// How far a timestamp may be off the sample that it means.
+std::int64_t AudioDecodeStream::Rounding() const {
+    const std::int64_t tick =
+        TimeToSamples(ToEngineTime(1, demuxer->GetStream(track.index).time_base), track.sampleRate) + 1;
+    // Where the clock is coarse, the times of blocks that share a packet are counted on with what is rounded already.
+    return tick < COARSE_CLOCK ? tick : std::max<std::int64_t>(tick, source->GetDetails().audioGrain / 8);
 }
 
 std::int64_t AudioDecodeStream::PlaceOf(const AVFrame& frame) {
@@ -128,7 +137,7 @@ std::int64_t AudioDecodeStream::PlaceOf(const AVFrame& frame) {
     const std::int64_t place = TimeToSamples(time - details.origin, track.sampleRate);
     // The very first block may be cut at its start; its place is where the track begins.
     const bool first = !anchored && !settling && blocks.empty();
-    return first ? place : SnapToGrain(place, details.audioPhase, details.audioGrain, Ticks(1));
+    return first ? place : SnapToGrain(place, details.audioPhase, details.audioGrain, Rounding());
 }
 
 bool AudioDecodeStream::DecodeBlock() {
@@ -160,10 +169,16 @@ std::vector<TimedBlock> AudioDecodeStream::Timings() const {
 }
 
 void AudioDecodeStream::PlaceFront() {
-    LookAhead(LOOK_AHEAD);
+    LookAhead(settling ? ANCHOR_BLOCKS : LOOK_AHEAD);
     if (blocks.empty())
         return;
-    front = anchored ? PlaceNext(Timings(), flow, track.sampleRate) : blocks.front().place;
+    if (settling) {
+        // The first timestamps after a seek can be off, so the way to the target does not follow on but listens to
+        // each.
+        front = PlaceFirst(Timings(), track.sampleRate);
+    } else {
+        front = anchored ? PlaceNext(Timings(), flow, track.sampleRate) : blocks.front().place;
+    }
     // Silence of an Opus stream need not be stored; elsewhere a gap is a loss.
     if (anchored && *front > flow && !settling && track.codec != "opus")
         source->Report(SamplesToTime(flow, track.sampleRate), "Sound is missing; silence stands in for it");
@@ -208,7 +223,8 @@ void AudioDecodeStream::ApplySeek() {
     const std::int64_t target = *pendingSeek;
     const bool ahead = anchored && target >= cursor && target - cursor < track.sampleRate;
     if (!ahead) {
-        std::int64_t preroll = TimeToSamples(PREROLL, track.sampleRate);
+        const bool ogg = std::strcmp(demuxer->GetFormatName(), "ogg") == 0;
+        std::int64_t preroll = TimeToSamples(ogg ? OGG_PREROLL : PREROLL, track.sampleRate);
         int tries = 0;
         while (!LandBefore(target, preroll) && ++tries < PREROLL_TRIES && !interrupted)
             preroll *= PREROLL_GROWTH;
@@ -249,7 +265,7 @@ bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
     LookAhead(ANCHOR_BLOCKS);
     if (blocks.empty())
         return false;
-    flow = PlaceFirst(Timings());
+    flow = PlaceFirst(Timings(), track.sampleRate);
     anchored = true;
     return flow <= sample - TimeToSamples(LEAST_PREROLL, track.sampleRate);
 }

@@ -53,7 +53,7 @@ private:
     void ApplySeek();
     bool LandBefore(std::int64_t sample, std::int64_t preroll);
     void StartOver();
-    std::int64_t Ticks(int count);
+    std::int64_t Rounding() const;
 
     const boost::intrusive_ptr<MediaSource> source;
     const Proc::AudioTrackInfo track;

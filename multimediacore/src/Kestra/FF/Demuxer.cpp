@@ -58,6 +58,9 @@ void Demuxer::Open() {
     options.Set("pattern_type", "none");
     // The prefix keeps a colon in the name from being taken for a protocol. On failure libav frees the context.
     const int opened = avformat_open_input(&raw, ("file:" + path.ToUtf8()).c_str(), nullptr, options.Address());
+    if (opened == AVERROR_INVALIDDATA)
+        Fail(TranscodingError::SourceUnreadable,
+             "Cannot read \"" + path.ToUtf8() + "\": it is not a media file, or its beginning is damaged");
     if (opened < 0)
         ThrowError(opened, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
     context.reset(raw);

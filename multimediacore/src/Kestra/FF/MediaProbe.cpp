@@ -11,7 +11,6 @@
 #include <tuple>
 
 extern "C" {
-#include <libavutil/intreadwrite.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -29,6 +28,10 @@ constexpr std::int64_t FAR_WINDOW = 20 * TIME_BASE;
 constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
 // Lengths in an edit list are rounded to the movie's clock; what is cut by less was not meant to be cut.
 constexpr std::int64_t EDIT_ROUNDING = TIME_BASE / 500;
+// Enough for every decoder to settle.
+constexpr std::size_t TAIL_PACKETS = 8;
+// How much longer than its period a last frame is believed to be.
+constexpr std::int64_t LONGEST_GUESS = TIME_BASE;
 const boost::rational<long long> STILL_RATE(25);
 
 bool IsPicture(const AVStream& stream) {
@@ -140,8 +143,14 @@ bool MediaProbe::Supply(Track& track, AVPacket& packet) {
             return false;
         bytesRead += static_cast<std::size_t>(next->size);
         Track& owner = next->stream_index == video.index ? video : audio;
+        if (owner.firstDecodeTime == TIME_UNKNOWN)
+            owner.firstDecodeTime = ToEngineTime(next->dts, demuxer.GetStream(next->stream_index).time_base);
         owner.waiting.push_back(std::move(next));
     }
+    return TakeWaiting(track, packet);
+}
+
+bool MediaProbe::TakeWaiting(Track& track, AVPacket& packet) {
     if (track.waiting.empty())
         return false;
     av_packet_move_ref(&packet, track.waiting.front().get());
@@ -241,57 +250,89 @@ void MediaProbe::ReadEnds() {
 std::int64_t MediaProbe::LengthOf(const Track& track, const AVPacket& packet) {
     const AVStream& stream = demuxer.GetStream(track.index);
     const std::int64_t length = packet.duration > 0 ? ToEngineTime(packet.duration, stream.time_base) : 0;
-    std::int64_t exact = 0;
-    if (track.index == video.index) {
-        const boost::rational<long long> rate = NominalRate(stream);
-        exact = rate > 0 ? FramesToTime(1, rate) : 0;
-    } else if (details.audioGrain > 0 && details.audioGrain == track.frameSize) {
-        exact = SamplesToTime(track.frameSize, track.first->sample_rate);
-    }
+    const boost::rational<long long> rate = track.index == video.index ? NominalRate(stream) : 0;
+    const std::int64_t exact = rate > 0 ? FramesToTime(1, rate) : 0;
     // Clocks of a millisecond round the length; the exact one is known.
     const std::int64_t tick = ToEngineTime(1, stream.time_base);
     return exact > 0 && (length == 0 || std::abs(length - exact) <= tick) ? exact : length;
 }
 
+// AVI and program streams leave presentation times out where reordering would make them differ. The picture that is
+// shown last then is as late after the last decoding time as the first one after the first.
+std::int64_t MediaProbe::TimeOf(Track& track, const AVPacket& packet) {
+    const AVRational timeBase = demuxer.GetStream(track.index).time_base;
+    const std::int64_t shown = ToEngineTime(packet.pts, timeBase);
+    track.untimed = track.untimed || shown == TIME_UNKNOWN;
+    if (!track.untimed || packet.dts == AV_NOPTS_VALUE || track.firstDecodeTime == TIME_UNKNOWN)
+        return shown;
+    const std::int64_t delay = std::max<std::int64_t>(track.start - track.firstDecodeTime, 0);
+    return std::max(shown, ToEngineTime(packet.dts, timeBase) + delay);
+}
+
 void MediaProbe::TakePacket(Track& track, const AVPacket& packet) {
-    const std::int64_t timestamp = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
-    if (timestamp == AV_NOPTS_VALUE || (packet.flags & AV_PKT_FLAG_DISCARD))
+    const std::int64_t time = TimeOf(track, packet);
+    if (time == TIME_UNKNOWN || (packet.flags & AV_PKT_FLAG_DISCARD))
         return;
     ++track.packets;
-    const AVRational timeBase = demuxer.GetStream(track.index).time_base;
+    if (track.index == audio.index)
+        KeepTail(track, packet);
     const std::int64_t length = LengthOf(track, packet);
-    std::int64_t end = ToEngineTime(timestamp, timeBase) + length;
-    std::size_t size = 0;
-    const std::uint8_t* skip = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
-    const std::int64_t trim = skip && size >= 8 && track.first->sample_rate > 0
-                                  ? SamplesToTime(AV_RL32(skip + 4), track.first->sample_rate)
-                                  : 0;
-    end -= trim;
-    if (track.end != TIME_UNKNOWN && end <= track.end)
+    if (track.end != TIME_UNKNOWN && time + length <= track.end)
         return;
-    track.end = end;
+    track.end = time + length;
     track.lastLength = length;
-    track.trimmed = trim > 0;
+    track.guessed = packet.duration <= 0;
+}
+
+void MediaProbe::KeepTail(Track& track, const AVPacket& packet) {
+    if (track.waiting.size() >= TAIL_PACKETS)
+        track.waiting.pop_front();
+    track.waiting.push_back(MakePacketReference(packet));
+}
+
+// Only the decoder knows how many samples the last blocks hold, after what is to be discarded.
+void MediaProbe::DecodeTail(Track& track) {
+    const AVStream& stream = demuxer.GetStream(track.index);
+    const int rate = track.first->sample_rate;
+    const std::int64_t begin = TimeToSamples(track.start - details.origin, rate);
+    const std::int64_t tolerance = TimeToSamples(ToEngineTime(1, stream.time_base), rate) + 1;
+    Decoder decoder(stream, 1, path.ToUtf8());
+    decoder.SetPacketSupply([&track](AVPacket& packet) { return TakeWaiting(track, packet); });
+    std::int64_t end = -1;
+    while (const FrameHandle block = decoder.Next()) {
+        const std::int64_t time = ToEngineTime(block->best_effort_timestamp, stream.time_base);
+        if (time == TIME_UNKNOWN || block->sample_rate != rate)
+            continue;
+        std::int64_t place = TimeToSamples(time - details.origin, rate);
+        // The first block may be cut at its start, and so lie off the grid.
+        if (place > begin)
+            place = SnapToGrain(place, details.audioPhase, details.audioGrain, tolerance);
+        end = std::max(end, place + block->nb_samples);
+    }
+    if (end > begin)
+        track.end = details.origin + SamplesToTime(end, rate);
 }
 
 void MediaProbe::FinishEnd(Track& track) {
-    const AVStream& stream = demuxer.GetStream(track.index);
     const bool isAudio = track.index == audio.index;
     const std::int64_t shortest = isAudio ? SamplesToTime(track.first->nb_samples, track.first->sample_rate) : 1;
     if (track.end == TIME_UNKNOWN || track.end < track.start + shortest)
         track.end = track.start + std::max(shortest, track.lastLength);
-    if (isAudio && !track.trimmed && details.audioGrain > 0) {
-        const int rate = track.first->sample_rate;
-        const std::int64_t tolerance = TimeToSamples(ToEngineTime(1, stream.time_base), rate) + 1;
-        const std::int64_t samples = TimeToSamples(track.end - details.origin, rate);
-        track.end = details.origin +
-                    SamplesToTime(SnapToGrain(samples, details.audioPhase, details.audioGrain, tolerance), rate);
-    }
-    // An edit list may cut the last frame or block short.
+    if (isAudio)
+        DecodeTail(track);
+    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0)
+        FitToEditList(track, isAudio);
+}
+
+void MediaProbe::FitToEditList(Track& track, bool isAudio) {
     const std::int64_t claim = ClaimedEnd(track);
+    if (claim == TIME_UNKNOWN || claim <= track.start)
+        return;
     const std::int64_t over = track.end - claim;
-    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0 && claim != TIME_UNKNOWN && claim > track.start &&
-        over > 0 && over < track.lastLength && (isAudio || over > EDIT_ROUNDING))
+    const bool cut = over > 0 && over < track.lastLength && (isAudio || over > EDIT_ROUNDING);
+    // Where the last frame's own length is not stored, the track's is.
+    const bool stretched = track.guessed && over < 0 && -over < LONGEST_GUESS;
+    if (cut || stretched)
         track.end = claim;
 }
 

@@ -25,11 +25,13 @@ private:
     struct Track {
         int index = -1;
         FrameHandle first;
-        std::deque<PacketHandle> waiting;
+        std::deque<PacketHandle> waiting; ///< read, not yet decoded
+        std::int64_t firstDecodeTime = TIME_UNKNOWN;
         std::int64_t start = TIME_UNKNOWN;
         std::int64_t end = TIME_UNKNOWN;
         std::int64_t lastLength = 0; ///< of the packet that ends last
-        bool trimmed = false;        ///< that packet says itself how much of it counts
+        bool untimed = false;        ///< some packets have no presentation time
+        bool guessed = false;        ///< that packet does not say how long it lasts
         std::int64_t packets = 0;
         int frameSize = 0; ///< samples of a whole block
     };
@@ -39,6 +41,9 @@ private:
     void DecodeFirstFrames();
     void DecodeFirst(Track& track);
     bool Supply(Track& track, AVPacket& packet);
+    static bool TakeWaiting(Track& track, AVPacket& packet);
+    static void KeepTail(Track& track, const AVPacket& packet);
+    void DecodeTail(Track& track);
     void Drop(Track& track, const std::string& reason);
     void SettleOrigin();
     void FindEnds();
@@ -46,8 +51,11 @@ private:
     void ScanToEnd(const std::vector<Track*>& tracks);
     void ReadEnds();
     void TakePacket(Track& track, const AVPacket& packet);
+    std::int64_t TimeOf(Track& track, const AVPacket& packet);
     std::int64_t LengthOf(const Track& track, const AVPacket& packet);
     void FinishEnd(Track& track);
+    /// An edit list may cut the last frame or block short.
+    void FitToEditList(Track& track, bool isAudio);
     void DescribeVideo();
     void DescribeAudio();
     void ReportShortage();

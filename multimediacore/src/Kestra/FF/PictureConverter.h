@@ -28,7 +28,7 @@ struct PictureTarget {
 
 /// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling.
 /// Interlaced pictures are scaled field by field.
-class PictureConverter {
+class KESTRA_EXPORT PictureConverter {
 public:
     /// The picture itself, on the same pixels, when it already is what is wanted. Times and side data stay.
     FrameHandle Convert(const AVFrame& picture, const PictureTarget& target);

@@ -44,6 +44,6 @@ struct Fitting {
     PictureRect source;
     PictureRect place;
 };
-Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
+KESTRA_EXPORT Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
 
 } // namespace Kestra::FF

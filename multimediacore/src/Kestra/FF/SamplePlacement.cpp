@@ -28,16 +28,19 @@ std::int64_t PlaceNext(const std::vector<TimedBlock>& blocks, std::int64_t flow,
     return blocks.front().place;
 }
 
-std::int64_t PlaceFirst(const std::vector<TimedBlock>& blocks) {
+std::int64_t PlaceFirst(const std::vector<TimedBlock>& blocks, int sampleRate) {
     std::vector<std::int64_t> starts;
     std::int64_t before = 0;
     for (const TimedBlock& block : blocks) {
         starts.push_back(block.place - before);
         before += block.count;
     }
-    const auto middle = starts.begin() + static_cast<std::ptrdiff_t>((starts.size() - 1) / 2);
-    std::nth_element(starts.begin(), middle, starts.end());
-    return *middle;
+    const std::int64_t own = starts.front();
+    std::sort(starts.begin(), starts.end());
+    for (std::size_t index = 0; index + 1 < starts.size(); ++index)
+        if (starts[index + 1] - starts[index] <= sampleRate / JITTER_PER_SECOND)
+            return starts[index];
+    return own;
 }
 
 std::int64_t SnapToGrain(std::int64_t place, std::int64_t phase, int grain, std::int64_t tolerance) {

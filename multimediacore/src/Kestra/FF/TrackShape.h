@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/Handles.h"
+#include "KestraExport.h"
 #include <boost/rational.hpp>
 #include <cstdint>
 
@@ -15,7 +16,7 @@ struct Orientation {
 };
 
 /// From a display matrix of nine 16.16 numbers. Angles between quarter turns are taken to the nearest one.
-Orientation ReadDisplayMatrix(const std::int32_t* matrix);
+KESTRA_EXPORT Orientation ReadDisplayMatrix(const std::int32_t* matrix);
 /// The container's orientation; where it has none, that of the decoded picture (EXIF, SEI).
 Orientation FindOrientation(const AVStream& stream, const AVFrame* picture);
 

@@ -5,6 +5,7 @@
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/Proc/Filters/NotImplemented.h"
 #include <algorithm>
+#include <cstring>
 #include <thread>
 #include <utility>
 
@@ -23,6 +24,11 @@ constexpr std::int64_t SKIP_MARGIN = TIME_BASE / 2;
 constexpr std::int64_t FIRST_STEP_BACK = TIME_BASE;
 constexpr int STEP_BACK_GROWTH = 4;
 constexpr std::int64_t BACKWARD_JUMP = TIME_BASE;
+
+// Program streams give one picture in many a time; the others are counted on from it, wrongly if reading began between.
+bool TellsTimesOnlyInOrder(const char* container) {
+    return std::strcmp(container, "mpeg") == 0;
+}
 
 int DecoderThreads() {
     return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 2, 3);
@@ -116,8 +122,11 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::Emit() {
 }
 
 bool VideoDecodeStream::PassesKeyGate(const AVPacket& packet) {
-    if (awaitsKey && (packet.flags & AV_PKT_FLAG_KEY))
-        awaitsKey = false;
+    if (!awaitsKey || !(packet.flags & AV_PKT_FLAG_KEY))
+        return !awaitsKey;
+    awaitsKey = keysToPass > 0;
+    if (awaitsKey)
+        --keysToPass;
     return !awaitsKey;
 }
 
@@ -243,16 +252,43 @@ bool VideoDecodeStream::LandBefore(std::int64_t time, std::int64_t distance) {
         StartOver();
         return true;
     }
-    const AVRational timeBase = demuxer->GetStream(track.index).time_base;
-    const std::int64_t timestamp = FromEngineTime(time - distance + source->GetDetails().origin, timeBase);
     ForgetPictures();
-    if (!demuxer->Seek(track.index, timestamp))
-        return false;
+    keysToPass = 0;
+    if (TellsTimesOnlyInOrder(demuxer->GetFormatName())) {
+        if (!LandByReading(time - distance))
+            return false;
+    } else {
+        const AVRational timeBase = demuxer->GetStream(track.index).time_base;
+        if (!demuxer->Seek(track.index, FromEngineTime(time - distance + source->GetDetails().origin, timeBase)))
+            return false;
+    }
     decoder->Flush();
     atStart = false;
     awaitsKey = true;
     current = DecodeNext();
     return current && current->time <= time;
+}
+
+void VideoDecodeStream::ListKeyframes() {
+    const AVRational timeBase = demuxer->GetStream(track.index).time_base;
+    const PacketHandle packet = MakePacket();
+    demuxer->Rewind();
+    while (demuxer->Read(*packet)) {
+        const std::int64_t timestamp = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
+        if (packet->flags & AV_PKT_FLAG_KEY)
+            keyTimes.push_back(ToEngineTime(timestamp, timeBase) - source->GetDetails().origin);
+    }
+}
+
+bool VideoDecodeStream::LandByReading(std::int64_t time) {
+    if (keyTimes.empty())
+        ListKeyframes();
+    const auto later = std::upper_bound(keyTimes.begin(), keyTimes.end(), time);
+    if (later == keyTimes.begin())
+        return false;
+    keysToPass = static_cast<std::size_t>(later - keyTimes.begin()) - 1;
+    demuxer->Rewind();
+    return true;
 }
 
 void VideoDecodeStream::WindTo(std::int64_t time) {

@@ -54,6 +54,8 @@ private:
     bool IsShortlyAhead(std::int64_t time) const;
     void SeekBack(const SeekTarget& target, bool skipUnreferenced);
     bool LandBefore(std::int64_t time, std::int64_t distance);
+    bool LandByReading(std::int64_t time);
+    void ListKeyframes();
     void StartOver();
     void ForgetPictures();
     void WindTo(std::int64_t time);
@@ -74,6 +76,9 @@ private:
     std::int64_t lastDecoded = -1; ///< time of the last decoded picture; times have to rise
     bool atStart = true;           ///< no picture has been decoded since the start
     bool awaitsKey = false;        ///< after a seek, packets before the first keyframe cannot be decoded
+    std::size_t keysToPass = 0;    ///< while awaiting: keyframes that are passed over too
+    /// Times of all keyframes, in the order of the file; only for containers that cannot be sought in.
+    std::vector<std::int64_t> keyTimes;
     bool winding = false;          ///< pictures are decoded only to be dropped
     std::int64_t skipBefore = -1;  ///< unreferenced pictures before this time are not even decoded
     std::int64_t skippedUpTo = -1; ///< the latest time among packets that were offered for skipping
