@@ -24,7 +24,7 @@ namespace {
 
 /// Conformed pictures that wait for the encoder: enough to even out uneven decoding, few enough for small machines at
 /// 4K.
-constexpr int READ_AHEAD = 6;
+constexpr int READ_AHEAD = 2;
 
 boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecVideo::Create();
