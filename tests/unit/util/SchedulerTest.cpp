@@ -35,7 +35,29 @@ public:
     std::unique_ptr<Scheduler> scheduler;
 };
 
+/// Counts the events that a scheduler is sent for its requests.
+class RequestCounter : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        requests += event->type() == 1000 ? 1 : 0;
+        return false;
+    }
+
+    int requests = 0;
+};
+
 } // namespace
+
+TEST(Scheduler, PostsOneEventForManyRequests) {
+    RequestCounter counter;
+    Target target;
+    target.scheduler->installEventFilter(&counter);
+    for (int request = 0; request < 10; ++request)
+        target.scheduler->schedule();
+    EXPECT_TRUE(waitUntil([&] { return target.calls > 0; }));
+    turnEventLoop();
+    EXPECT_EQ(counter.requests, 1);
+}
 
 TEST(Scheduler, MakesOneCallOfManyRequests) {
     Target target;
