@@ -78,11 +78,18 @@ void forLuma(const AVFrame& frame, Use use) {
     }
 }
 
-double meanLuma(const AVFrame& frame) {
+double middleLuma(const AVFrame& frame) {
     double sum = 0;
-    forLuma(frame, [&sum](int, int, int value) { sum += value; });
+    long long count = 0;
+    forLuma(frame, [&](int x, int y, int value) {
+        if (std::abs(2 * x + 1 - frame.width) > frame.width / 4 ||
+            std::abs(2 * y + 1 - frame.height) > frame.height / 4)
+            return;
+        sum += value;
+        ++count;
+    });
     const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
-    return sum / bitsAbove8(*descriptor) / (static_cast<double>(frame.width) * frame.height);
+    return sum / bitsAbove8(*descriptor) / static_cast<double>(std::max(1LL, count));
 }
 
 /// The sample as a number of which 1 is full scale.
@@ -287,7 +294,7 @@ ProbedMedia probe(const std::string& path) {
     media.decodeErrors = reader.read(
         [&](const AVFrame& frame) {
             const double time = seconds(frame.best_effort_timestamp, reader.videoStream().time_base);
-            media.video->frames.push_back({time, meanLuma(frame), frame.key_frame != 0});
+            media.video->frames.push_back({time, middleLuma(frame), frame.key_frame != 0});
         },
         [&](const AVFrame& frame) {
             onsets.take(frame, seconds(frame.best_effort_timestamp, reader.audioStream().time_base));

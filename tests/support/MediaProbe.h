@@ -11,7 +11,7 @@ namespace TestMedia {
 
 struct ProbedFrame {
     double time = 0; ///< seconds on the container's clock
-    double luma = 0; ///< mean of the first plane, in 8-bit steps
+    double luma = 0; ///< mean of the picture's middle, which bars do not reach, in 8-bit steps
     bool keyframe = false;
 };
 
