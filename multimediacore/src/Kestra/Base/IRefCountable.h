@@ -7,7 +7,8 @@
 
 namespace Kestra {
 
-/// Held through boost::intrusive_ptr; the last release destroys the object. The count is thread-safe, the object need not be.
+/// Held through boost::intrusive_ptr; the last release destroys the object. The count is thread-safe, the object need
+/// not be.
 class KESTRA_EXPORT IRefCountable {
 public:
     IRefCountable() = default;
@@ -21,7 +22,11 @@ public:
     virtual void Release() const noexcept = 0;
 };
 
-inline void intrusive_ptr_add_ref(const IRefCountable* object) noexcept { object->AddRef(); }
-inline void intrusive_ptr_release(const IRefCountable* object) noexcept { object->Release(); }
+inline void intrusive_ptr_add_ref(const IRefCountable* object) noexcept {
+    object->AddRef();
+}
+inline void intrusive_ptr_release(const IRefCountable* object) noexcept {
+    object->Release();
+}
 
 } // namespace Kestra

@@ -10,7 +10,8 @@ namespace Kestra {
 class ioPath {
 public:
     ioPath() = default;
-    explicit ioPath(std::string utf8) : bytes(std::move(utf8)) {}
+    explicit ioPath(std::string utf8)
+        : bytes(std::move(utf8)) {}
 
     const std::string& ToUtf8() const { return bytes; }
     bool IsEmpty() const { return bytes.empty(); }

@@ -5,8 +5,8 @@
 
 namespace Kestra::Conf {
 
-/// Width and height in pixels; the aspect is that of the whole frame as it is to be shown (16:9), 0:0 when unknown, which
-/// means square pixels.
+/// Width and height in pixels; the aspect is that of the whole frame as it is to be shown (16:9), 0:0 when unknown,
+/// which means square pixels.
 struct FrameInfo {
     std::uint32_t width = 0;
     std::uint32_t height = 0;

@@ -26,10 +26,18 @@ CoreManager& CoreManager::Instance() {
     return *instance;
 }
 
-IMuxerFactory& CoreManager::GetMuxerFactory() { return *factories->muxer; }
-ICodecFactory& CoreManager::GetCodecFactory() { return *factories->codec; }
-IFilterFactory& CoreManager::GetFilterFactory() { return *factories->filter; }
-ISourceFactory& CoreManager::GetSourceFactory() { return *factories->source; }
+IMuxerFactory& CoreManager::GetMuxerFactory() {
+    return *factories->muxer;
+}
+ICodecFactory& CoreManager::GetCodecFactory() {
+    return *factories->codec;
+}
+IFilterFactory& CoreManager::GetFilterFactory() {
+    return *factories->filter;
+}
+ISourceFactory& CoreManager::GetSourceFactory() {
+    return *factories->source;
+}
 
 void CoreManager::SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory) {
     factories->muxer = factory ? std::move(factory) : FF::MakeMuxerFactory();

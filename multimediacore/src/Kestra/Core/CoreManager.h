@@ -9,8 +9,8 @@
 
 namespace Kestra::Core {
 
-/// The one global of the engine. The getters are thread-safe; a factory set in place of the engine's own (by tests) must be
-/// set while nothing runs, and null puts the engine's own back.
+/// The one global of the engine. The getters are thread-safe; a factory set in place of the engine's own (by tests)
+/// must be set while nothing runs, and null puts the engine's own back.
 class KESTRA_EXPORT CoreManager {
 public:
     static CoreManager& Instance();

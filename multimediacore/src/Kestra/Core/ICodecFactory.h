@@ -7,16 +7,16 @@
 
 namespace Kestra::Core {
 
-/// `properties` is an encoder description tree (Conf::IFormatCodec's tags). What it leaves open is taken from the stream.
-/// The codec itself opens later, in the encoder's Prepare. Throws ProcException (CodecNotFound) for an unknown codec,
-/// std::invalid_argument for a null stream.
+/// `properties` is an encoder description tree (Conf::IFormatCodec's tags). What it leaves open is taken from the
+/// stream. The codec itself opens later, in the encoder's Prepare. Throws ProcException (CodecNotFound) for an unknown
+/// codec, std::invalid_argument for a null stream.
 class KESTRA_EXPORT ICodecFactory {
 public:
     virtual ~ICodecFactory();
-    virtual boost::intrusive_ptr<Proc::IEncoder> CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
-                                                                    const Property& properties) = 0;
-    virtual boost::intrusive_ptr<Proc::IEncoder> CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
-                                                                    const Property& properties) = 0;
+    virtual boost::intrusive_ptr<Proc::IEncoder>
+    CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream, const Property& properties) = 0;
+    virtual boost::intrusive_ptr<Proc::IEncoder>
+    CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Property& properties) = 0;
 };
 
 } // namespace Kestra::Core

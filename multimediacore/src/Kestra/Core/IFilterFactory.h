@@ -17,8 +17,8 @@ public:
     using Audio = boost::intrusive_ptr<Proc::IStreamAudio>;
 
     virtual ~IFilterFactory();
-    /// Pictures of any size, shape and pixel format in the frame that the settings give; those that have it already pass
-    /// untouched. Keeps the pixel format unless the consumer prefers another.
+    /// Pictures of any size, shape and pixel format in the frame that the settings give; those that have it already
+    /// pass untouched. Keeps the pixel format unless the consumer prefers another.
     virtual Video CreateResizer(const Video& source, const Proc::SettingsResizer& settings) = 0;
     /// A constant frame rate: frame n shows what the source shows at the middle of its period; frame count =
     /// round(duration x rate). Repeated frames share their pixels.
@@ -29,8 +29,8 @@ public:
     virtual Video CreateReadAhead(const Video& source, int frames) = 0;
     /// Streams one after the other.
     virtual boost::intrusive_ptr<Proc::IConcatenation> CreateConcatenation() = 0;
-    /// Another sample format, rate or channel layout; sample-exact: round(duration x rate) samples in all. What the target
-    /// leaves open stays.
+    /// Another sample format, rate or channel layout; sample-exact: round(duration x rate) samples in all. What the
+    /// target leaves open stays.
     virtual Audio CreateResampler(const Audio& source, const Conf::SampleInfo& target) = 0;
     virtual Audio CreateDurationTrimmer(const Audio& source, const Proc::SettingsFilterDurationTrimmer& settings) = 0;
     virtual Audio CreateReadAhead(const Audio& source, int blocks) = 0;

@@ -10,8 +10,8 @@
 
 namespace Kestra::Core {
 
-/// A value type; copies are independent. A node has a name, at most one value and any number of children in insertion order,
-/// at most one of each name. Not thread-safe for writing.
+/// A value type; copies are independent. A node has a name, at most one value and any number of children in insertion
+/// order, at most one of each name. Not thread-safe for writing.
 class KESTRA_EXPORT Property {
 public:
     using Rational = boost::rational<long long>;
@@ -42,7 +42,8 @@ public:
     const Value& GetValue() const { return value; }
     void SetValue(Value newValue) { value = std::move(newValue); }
     bool HasValue() const { return !std::holds_alternative<std::monostate>(value); }
-    /// Numbers convert between each other where nothing is lost; everything else throws Kestra::Exception naming the node.
+    /// Numbers convert between each other where nothing is lost; everything else throws Kestra::Exception naming the
+    /// node.
     bool GetBool() const;
     std::int64_t GetInt64() const;
     double GetDouble() const;

@@ -5,7 +5,8 @@
 
 namespace Kestra::Core {
 
-/// Deletes a regular file; a symbolic link is not followed and, like a folder or a device, not deleted. False when nothing was.
+/// Deletes a regular file; a symbolic link is not followed and, like a folder or a device, not deleted. False when
+/// nothing was.
 KESTRA_EXPORT bool RemoveFile(const ioPath& path) noexcept;
 
 } // namespace Kestra::Core

@@ -17,17 +17,17 @@ using Conf::SampleFormats;
 namespace {
 
 constexpr std::array<std::pair<PixelFormat, AVPixelFormat>, 23> PIXEL_FORMATS{{
-    {PixelFormat::YUV420P, AV_PIX_FMT_YUV420P},         {PixelFormat::YUV422P, AV_PIX_FMT_YUV422P},
-    {PixelFormat::YUV444P, AV_PIX_FMT_YUV444P},         {PixelFormat::NV12, AV_PIX_FMT_NV12},
-    {PixelFormat::YUVJ420P, AV_PIX_FMT_YUVJ420P},       {PixelFormat::YUV420P10, AV_PIX_FMT_YUV420P10},
-    {PixelFormat::YUV422P10, AV_PIX_FMT_YUV422P10},     {PixelFormat::YUV444P10, AV_PIX_FMT_YUV444P10},
-    {PixelFormat::P010, AV_PIX_FMT_P010},               {PixelFormat::YUV420P12, AV_PIX_FMT_YUV420P12},
-    {PixelFormat::YUV422P12, AV_PIX_FMT_YUV422P12},     {PixelFormat::YUV444P12, AV_PIX_FMT_YUV444P12},
-    {PixelFormat::GRAY8, AV_PIX_FMT_GRAY8},             {PixelFormat::GRAY10, AV_PIX_FMT_GRAY10},
-    {PixelFormat::RGB24, AV_PIX_FMT_RGB24},             {PixelFormat::BGR24, AV_PIX_FMT_BGR24},
-    {PixelFormat::GBRP, AV_PIX_FMT_GBRP},               {PixelFormat::GBRP10, AV_PIX_FMT_GBRP10},
-    {PixelFormat::YUVA420P, AV_PIX_FMT_YUVA420P},       {PixelFormat::YUVA422P, AV_PIX_FMT_YUVA422P},
-    {PixelFormat::YUVA444P, AV_PIX_FMT_YUVA444P},       {PixelFormat::BGRA, AV_PIX_FMT_BGRA},
+    {PixelFormat::YUV420P, AV_PIX_FMT_YUV420P},     {PixelFormat::YUV422P, AV_PIX_FMT_YUV422P},
+    {PixelFormat::YUV444P, AV_PIX_FMT_YUV444P},     {PixelFormat::NV12, AV_PIX_FMT_NV12},
+    {PixelFormat::YUVJ420P, AV_PIX_FMT_YUVJ420P},   {PixelFormat::YUV420P10, AV_PIX_FMT_YUV420P10},
+    {PixelFormat::YUV422P10, AV_PIX_FMT_YUV422P10}, {PixelFormat::YUV444P10, AV_PIX_FMT_YUV444P10},
+    {PixelFormat::P010, AV_PIX_FMT_P010},           {PixelFormat::YUV420P12, AV_PIX_FMT_YUV420P12},
+    {PixelFormat::YUV422P12, AV_PIX_FMT_YUV422P12}, {PixelFormat::YUV444P12, AV_PIX_FMT_YUV444P12},
+    {PixelFormat::GRAY8, AV_PIX_FMT_GRAY8},         {PixelFormat::GRAY10, AV_PIX_FMT_GRAY10},
+    {PixelFormat::RGB24, AV_PIX_FMT_RGB24},         {PixelFormat::BGR24, AV_PIX_FMT_BGR24},
+    {PixelFormat::GBRP, AV_PIX_FMT_GBRP},           {PixelFormat::GBRP10, AV_PIX_FMT_GBRP10},
+    {PixelFormat::YUVA420P, AV_PIX_FMT_YUVA420P},   {PixelFormat::YUVA422P, AV_PIX_FMT_YUVA422P},
+    {PixelFormat::YUVA444P, AV_PIX_FMT_YUVA444P},   {PixelFormat::BGRA, AV_PIX_FMT_BGRA},
     {PixelFormat::RGBA, AV_PIX_FMT_RGBA},
 }};
 
@@ -35,16 +35,26 @@ constexpr std::array<std::pair<PixelFormat, AVPixelFormat>, 23> PIXEL_FORMATS{{
 constexpr int SAMPLE_FORMAT_COUNT = 10;
 
 constexpr std::array<std::pair<CodecID, AVCodecID>, 20> CODECS{{
-    {CodecID::H264, AV_CODEC_ID_H264},           {CodecID::HEVC, AV_CODEC_ID_HEVC},
-    {CodecID::VP9, AV_CODEC_ID_VP9},             {CodecID::ProRes, AV_CODEC_ID_PRORES},
-    {CodecID::MPEG4, AV_CODEC_ID_MPEG4},         {CodecID::AV1, AV_CODEC_ID_AV1},
-    {CodecID::VP8, AV_CODEC_ID_VP8},             {CodecID::MPEG2, AV_CODEC_ID_MPEG2VIDEO},
-    {CodecID::FFV1, AV_CODEC_ID_FFV1},           {CodecID::DNxHD, AV_CODEC_ID_DNXHD},
-    {CodecID::MJPEG, AV_CODEC_ID_MJPEG},         {CodecID::AAC, AV_CODEC_ID_AAC},
-    {CodecID::Opus, AV_CODEC_ID_OPUS},           {CodecID::MP3, AV_CODEC_ID_MP3},
-    {CodecID::FLAC, AV_CODEC_ID_FLAC},           {CodecID::PCM_S16LE, AV_CODEC_ID_PCM_S16LE},
-    {CodecID::PCM_S24LE, AV_CODEC_ID_PCM_S24LE}, {CodecID::Vorbis, AV_CODEC_ID_VORBIS},
-    {CodecID::AC3, AV_CODEC_ID_AC3},             {CodecID::ALAC, AV_CODEC_ID_ALAC},
+    {CodecID::H264, AV_CODEC_ID_H264},
+    {CodecID::HEVC, AV_CODEC_ID_HEVC},
+    {CodecID::VP9, AV_CODEC_ID_VP9},
+    {CodecID::ProRes, AV_CODEC_ID_PRORES},
+    {CodecID::MPEG4, AV_CODEC_ID_MPEG4},
+    {CodecID::AV1, AV_CODEC_ID_AV1},
+    {CodecID::VP8, AV_CODEC_ID_VP8},
+    {CodecID::MPEG2, AV_CODEC_ID_MPEG2VIDEO},
+    {CodecID::FFV1, AV_CODEC_ID_FFV1},
+    {CodecID::DNxHD, AV_CODEC_ID_DNXHD},
+    {CodecID::MJPEG, AV_CODEC_ID_MJPEG},
+    {CodecID::AAC, AV_CODEC_ID_AAC},
+    {CodecID::Opus, AV_CODEC_ID_OPUS},
+    {CodecID::MP3, AV_CODEC_ID_MP3},
+    {CodecID::FLAC, AV_CODEC_ID_FLAC},
+    {CodecID::PCM_S16LE, AV_CODEC_ID_PCM_S16LE},
+    {CodecID::PCM_S24LE, AV_CODEC_ID_PCM_S24LE},
+    {CodecID::Vorbis, AV_CODEC_ID_VORBIS},
+    {CodecID::AC3, AV_CODEC_ID_AC3},
+    {CodecID::ALAC, AV_CODEC_ID_ALAC},
 }};
 
 } // namespace
@@ -110,8 +120,9 @@ std::uint32_t FromAv(const AVChannelLayout& layout) noexcept {
         return layout.u.mask <= UINT32_MAX ? static_cast<std::uint32_t>(layout.u.mask) : 0;
     AVChannelLayout usual = {};
     av_channel_layout_default(&usual, layout.nb_channels);
-    return usual.order == AV_CHANNEL_ORDER_NATIVE && usual.u.mask <= UINT32_MAX ? static_cast<std::uint32_t>(usual.u.mask)
-                                                                                : 0;
+    return usual.order == AV_CHANNEL_ORDER_NATIVE && usual.u.mask <= UINT32_MAX
+               ? static_cast<std::uint32_t>(usual.u.mask)
+               : 0;
 }
 
 AVCodecID ToAv(CodecID id) noexcept {

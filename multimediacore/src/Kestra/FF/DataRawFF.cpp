@@ -25,7 +25,9 @@ void DataRawFF::SetTrim(std::int64_t start, std::int64_t end) {
     trimEnd = end;
 }
 
-boost::intrusive_ptr<Proc::IDataRaw> DataRawFF::Share() const { return new DataRawFF(*this); }
+boost::intrusive_ptr<Proc::IDataRaw> DataRawFF::Share() const {
+    return new DataRawFF(*this);
+}
 
 const AVPacket& PacketOf(const Proc::IDataRaw& data) {
     const auto* own = dynamic_cast<const DataRawFF*>(&data);

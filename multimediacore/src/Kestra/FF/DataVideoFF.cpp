@@ -22,7 +22,9 @@ Conf::FrameInfo DataVideoFF::GetFrameInfo() const {
     return MakeFrameInfo(frame->width, frame->height, frame->sample_aspect_ratio);
 }
 
-Conf::PixelFormat DataVideoFF::GetPixelFormat() const { return FromAv(static_cast<AVPixelFormat>(frame->format)); }
+Conf::PixelFormat DataVideoFF::GetPixelFormat() const {
+    return FromAv(static_cast<AVPixelFormat>(frame->format));
+}
 
 boost::intrusive_ptr<Proc::IDataVideo> DataVideoFF::Share() const {
     return new DataVideoFF(MakeFrameReference(*frame), time, duration);

@@ -9,7 +9,8 @@ namespace Kestra::FF {
 /// The library's own words for an AVERROR code.
 std::string ErrorText(int averror);
 
-/// The named reason for an AVERROR code: ENOSPC is DiskFull, ENOMEM OutOfMemory and so on; `otherwise` when it has none.
+/// The named reason for an AVERROR code: ENOSPC is DiskFull, ENOMEM OutOfMemory and so on; `otherwise` when it has
+/// none.
 Proc::TranscodingError MapError(int averror, Proc::TranscodingError otherwise) noexcept;
 
 /// Throws ProcException "what: reason" with the mapped code; std::bad_alloc for ENOMEM.

@@ -79,12 +79,16 @@ template <class T>
     return object;
 }
 
-[[nodiscard]] inline FrameHandle MakeFrame() { return FrameHandle(Allocated(av_frame_alloc())); }
+[[nodiscard]] inline FrameHandle MakeFrame() {
+    return FrameHandle(Allocated(av_frame_alloc()));
+}
 /// A new reference to the same data and side data.
 [[nodiscard]] inline FrameHandle MakeFrameReference(const AVFrame& frame) {
     return FrameHandle(Allocated(av_frame_clone(&frame)));
 }
-[[nodiscard]] inline PacketHandle MakePacket() { return PacketHandle(Allocated(av_packet_alloc())); }
+[[nodiscard]] inline PacketHandle MakePacket() {
+    return PacketHandle(Allocated(av_packet_alloc()));
+}
 [[nodiscard]] inline PacketHandle MakePacketReference(const AVPacket& packet) {
     return PacketHandle(Allocated(av_packet_clone(&packet)));
 }

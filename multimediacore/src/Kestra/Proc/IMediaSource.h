@@ -14,18 +14,18 @@
 namespace Kestra::Proc {
 
 struct VideoTrackInfo {
-    int index = -1;             ///< among the container's streams
-    std::string codec;          ///< as the decoder library names it
-    Conf::FrameInfo frame;      ///< as shown: after rotation, with the display aspect
-    std::string pixelFormat;    ///< as the decoder library names it
+    int index = -1;          ///< among the container's streams
+    std::string codec;       ///< as the decoder library names it
+    Conf::FrameInfo frame;   ///< as shown: after rotation, with the display aspect
+    std::string pixelFormat; ///< as the decoder library names it
     Conf::ColourInfo colour;
     boost::rational<long long> frameRate; ///< nominal; 0 when unknown
     bool variableFrameRate = false;       ///< the container's rates disagree
     int rotation = 0;                     ///< clockwise degrees: 0, 90, 180, 270
     bool interlaced = false;
-    bool stillPicture = false;            ///< one frame without a length of its own
-    std::int64_t start = 0;               ///< engine time after the start of the media
-    std::int64_t duration = 0;            ///< engine time; 0 when unknown
+    bool stillPicture = false; ///< one frame without a length of its own
+    std::int64_t start = 0;    ///< engine time after the start of the media
+    std::int64_t duration = 0; ///< engine time; 0 when unknown
 };
 
 struct AudioTrackInfo {
@@ -41,8 +41,8 @@ struct AudioTrackInfo {
 
 struct MediaInfo {
     std::string container;
-    /// Engine time from the earliest start to the latest end of the main tracks, as their last packets tell it; where a header
-    /// claims more, a damage report says so.
+    /// Engine time from the earliest start to the latest end of the main tracks, as their last packets tell it; where a
+    /// header claims more, a damage report says so.
     std::int64_t duration = 0;
     std::optional<VideoTrackInfo> video; ///< the main one
     std::optional<AudioTrackInfo> audio; ///< the main one
@@ -60,15 +60,15 @@ struct DamageReport {
     bool incomplete = false;
 };
 
-/// Thread-safe but for the streams, which keep IStream's rules. Streams open files of their own, are independent of each
-/// other and keep the source alive.
+/// Thread-safe but for the streams, which keep IStream's rules. Streams open files of their own, are independent of
+/// each other and keep the source alive.
 class KESTRA_EXPORT IMediaSource : public virtual IRefCountable {
 public:
     ~IMediaSource() override;
     virtual const ioPath& GetPath() const = 0;
     virtual const MediaInfo& GetInfo() const = 0;
-    /// Frames of the main video track, rotated upright, from the start of the media (the earliest start of its tracks): time 0
-    /// is the same instant in both streams. The first frame is shown from 0 when the track starts later.
+    /// Frames of the main video track, rotated upright, from the start of the media (the earliest start of its tracks):
+    /// time 0 is the same instant in both streams. The first frame is shown from 0 when the track starts later.
     /// Variable frame durations are kept. Throws ProcException (SourceUnreadable) when there is none.
     virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStream() = 0;
     /// Samples of the main audio track in their own format; silence before a late start and in gaps.

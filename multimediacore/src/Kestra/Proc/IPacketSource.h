@@ -7,8 +7,8 @@
 
 namespace Kestra::Proc {
 
-/// Same threading and time rules as IStream. A source never refers to the raw stream in front of it, so that routing one
-/// raw stream onto another cannot close a cycle of references.
+/// Same threading and time rules as IStream. A source never refers to the raw stream in front of it, so that routing
+/// one raw stream onto another cannot close a cycle of references.
 class KESTRA_EXPORT IPacketSource : public virtual IRefCountable {
 public:
     ~IPacketSource() override;
@@ -19,8 +19,8 @@ public:
     virtual void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const = 0;
     virtual std::int64_t GetDuration() const = 0;
     virtual std::int64_t GetPosition() const = 0;
-    /// Tells a maker of packets that only [start, end) will be kept, before the first read. One whose packets cannot carry
-    /// a trim (FLAC) begins and ends its packets on these times; every other may ignore it.
+    /// Tells a maker of packets that only [start, end) will be kept, before the first read. One whose packets cannot
+    /// carry a trim (FLAC) begins and ends its packets on these times; every other may ignore it.
     virtual void AlignTo(std::int64_t start, std::int64_t end) = 0;
     virtual void Interrupt() = 0;
     virtual void Reset() = 0;

@@ -7,9 +7,9 @@
 
 namespace Kestra::Proc {
 
-/// Order of a run: onStarted once, onProgress any number of times, then exactly one of onError and onFinished. A run that
-/// fails or is stopped before its output is open ends without the first two.
-/// The order of the operations is part of the binary interface.
+/// Order of a run: onStarted once, onProgress any number of times, then exactly one of onError and onFinished. A run
+/// that fails or is stopped before its output is open ends without the first two. The order of the operations is part
+/// of the binary interface.
 class KESTRA_EXPORT IProcessingEvents {
 public:
     virtual ~IProcessingEvents();

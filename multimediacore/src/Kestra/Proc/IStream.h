@@ -14,9 +14,9 @@ enum class SeekMode : int {
     Keyframe = 1, ///< the next read may return the nearest earlier keyframe
 };
 
-/// One consumer at a time: all operations but Interrupt are called on one thread at a time, which may change between calls.
-/// Time is engine time from the start of the stream, which is 0. Errors are thrown as ProcException; there is no silent gap.
-/// The order of the operations is part of the binary interface.
+/// One consumer at a time: all operations but Interrupt are called on one thread at a time, which may change between
+/// calls. Time is engine time from the start of the stream, which is 0. Errors are thrown as ProcException; there is no
+/// silent gap. The order of the operations is part of the binary interface.
 class KESTRA_EXPORT IStream : public virtual IRefCountable {
 public:
     ~IStream() override;
@@ -42,7 +42,8 @@ public:
     /// A consumer's wish, passed upstream before the first read: it will convert to `format`, so a stream that converts
     /// anyway should deliver that (pixel format, colour, sample format). Never an obligation.
     virtual void PreferFormat(const Conf::IFormatCodec& format) = 0;
-    /// Opens what the first read needs (files, codecs), so that GetFormatCodec is complete. Called on the reading thread.
+    /// Opens what the first read needs (files, codecs), so that GetFormatCodec is complete. Called on the reading
+    /// thread.
     virtual void Prepare() = 0;
     /// Back to the start, fresh: what an earlier reader left behind, an Interrupt included, is gone.
     virtual void Reset() = 0;

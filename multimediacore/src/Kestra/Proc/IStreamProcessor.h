@@ -8,9 +8,9 @@
 
 namespace Kestra::Proc {
 
-/// One run: SetEventsReceiver, Initialize, Start, then events. All operations are called on one thread and return at once;
-/// they throw only for misuse. What goes wrong in the run is onError. The last release detaches the receiver, interrupts
-/// the run and joins every thread, so no event comes after it.
+/// One run: SetEventsReceiver, Initialize, Start, then events. All operations are called on one thread and return at
+/// once; they throw only for misuse. What goes wrong in the run is onError. The last release detaches the receiver,
+/// interrupts the run and joins every thread, so no event comes after it.
 class KESTRA_EXPORT IStreamProcessor : public virtual IRefCountable {
 public:
     ~IStreamProcessor() override;
