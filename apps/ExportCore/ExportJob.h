@@ -84,6 +84,7 @@ private:
     void onChecked(const std::exception_ptr& error);
     void commit();
     void collectFacts();
+    std::string inUsersWords(const std::string& sentence) const;
     void finish(ExportOutcome::Status status);
 
     const ExportRequest request;

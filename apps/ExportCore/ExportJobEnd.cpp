@@ -172,13 +172,21 @@ void ExportJob::collectFacts() {
         facts.speed = static_cast<double>(facts.durationMs) / static_cast<double>(facts.elapsedMs);
 }
 
+std::string ExportJob::inUsersWords(const std::string& sentence) const {
+    // The engine knows the private file only; the user knows the output only.
+    QString text = QString::fromStdString(sentence);
+    if (transaction)
+        text.replace(QString::fromUtf8(transaction->privatePath()), request.outputPath);
+    return text.simplified().toStdString();
+}
+
 void ExportJob::finish(ExportOutcome::Status status) {
     if (std::exchange(ended, true))
         return;
     watchdog.disarm();
     outcome.status = status;
     if (failure)
-        outcome.error = *failure;
+        outcome.error = ProcessingError(failure->GetCode(), inUsersWords(failure->GetDescription()));
     if (transaction)
         Q_EMIT privatePathChanged(QByteArray());
     Q_EMIT finished(outcome);

@@ -7,6 +7,7 @@
 #include "cli/Options.h"
 #include "cli/RenderCommand.h"
 #include <QCoreApplication>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 
@@ -24,6 +25,12 @@ int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
     return Cli::render(options, failures);
 }
 
+/// Failing writes are to be told as such, not to end the process with a half-written file behind it.
+void turnSignalsIntoErrors() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
 /// What was printed must have arrived: a full disk shows only now.
 int withOutputChecked(int code) {
     const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
@@ -35,6 +42,7 @@ int withOutputChecked(int code) {
 } // namespace
 
 int main(int argc, char** argv) {
+    turnSignalsIntoErrors();
     int exitCode = Cli::EXIT_DONE;
     const auto options = Cli::Options::read(argc, argv, exitCode);
     if (!options)
