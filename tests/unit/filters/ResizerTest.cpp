@@ -4,6 +4,7 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataVideoFF.h"
 #include "fakes/kestra/FakeStreamVideo.h"
+#include <cmath>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -205,6 +206,26 @@ TEST(Resizer, TellsTheFormatThatItsPicturesHave) {
     EXPECT_EQ(format->GetFrameInfo().height, picture->GetFrameInfo().height);
     EXPECT_EQ(format->GetColour().matrix, FF::FrameOf(*picture).colorspace);
     EXPECT_EQ(format->GetColour().range, FF::FrameOf(*picture).color_range);
+}
+
+TEST(PictureConverter, BlendsEveryValueWithEveryAlphaExactly) {
+    FrameHandle picture = makePicture(AV_PIX_FMT_YUVA444P, 256, 256, {0, 0, 0, 0});
+    for (int y = 0; y < 256; ++y)
+        for (int x = 0; x < 256; ++x)
+            for (int plane = 0; plane < 4; ++plane)
+                picture->data[plane][y * picture->linesize[plane] + x] = static_cast<std::uint8_t>(plane == 3 ? y : x);
+    FF::PictureTarget wanted;
+    wanted.width = wanted.height = 256;
+    wanted.source = wanted.place = {0, 0, 256, 256};
+    wanted.format = AV_PIX_FMT_YUV444P;
+    const FrameHandle result = FF::PictureConverter().Convert(*picture, wanted);
+    for (int alpha = 0; alpha < 256; ++alpha)
+        for (int value = 0; value < 256; ++value) {
+            ASSERT_EQ(result->data[0][alpha * result->linesize[0] + value],
+                      std::lround(16 + (value - 16) * alpha / 255.0));
+            ASSERT_EQ(result->data[1][alpha * result->linesize[1] + value],
+                      std::lround(128 + (value - 128) * alpha / 255.0));
+        }
 }
 
 TEST(PictureConverter, ScalesFieldsOfInterlacedPicturesApart) {
