@@ -1,5 +1,5 @@
 #include "ExportCore/FileCheckTask.h"
-#include "FileHelpers.h"
+#include "support/FileHelpers.h"
 #include "Kestra/Base/Time.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"

@@ -1,6 +1,6 @@
 #include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/OutputTransaction.h"
-#include "FileHelpers.h"
+#include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "ExportCore/OutputTransaction.h"
-#include "FileHelpers.h"
+#include "support/FileHelpers.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "support/FlashBeep.h"
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/Refusal.h"
-#include "FileHelpers.h"
+#include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,0 +1,113 @@
+#include "Program.h"
+#include "support/FlashBeep.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using TestCli::Result;
+using TestCli::run;
+
+namespace {
+
+QJsonObject objectOf(const Result& result) {
+    return QJsonDocument::fromJson(result.output.toUtf8()).object();
+}
+
+TEST(Commands, VersionAndHelpGoToStandardOutput) {
+    const Result version = run({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral("^editor-export \\d+\\.\\d+\\.\\d+\n$")).match(version.output).hasMatch());
+    const Result help = run({"--help"});
+    EXPECT_EQ(help.code, 0);
+    for (const char* word : {"render", "presets", "info", "--version"})
+        EXPECT_TRUE(help.output.contains(QString::fromUtf8(word))) << word;
+    const Result renderHelp = run({"render", "--help"});
+    for (const char* word : {"--preset", "--output", "--in", "--out", "--overwrite", "--progress"})
+        EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(word))) << word;
+    EXPECT_TRUE(version.errors.isEmpty() && help.errors.isEmpty() && renderHelp.errors.isEmpty());
+}
+
+class WrongUsage : public ::testing::TestWithParam<std::vector<std::string>> {};
+
+TEST_P(WrongUsage, IsToldInOneLineWithCodeTwo) {
+    const Result result = run(GetParam());
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.errorLines().size(), 1) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.startsWith(QStringLiteral("editor-export: ")));
+    EXPECT_TRUE(result.output.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, WrongUsage,
+    ::testing::Values(std::vector<std::string>{}, std::vector<std::string>{"transmogrify"},
+                      std::vector<std::string>{"--nonsense"}, std::vector<std::string>{"render"},
+                      std::vector<std::string>{"render", "a.mp4"},
+                      std::vector<std::string>{"render", "-p", "x", "-o", "y"},
+                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--in", "1:30"},
+                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--out=-5"},
+                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--progress", "loud"},
+                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--nonsense"},
+                      std::vector<std::string>{"presets", "--tag", "nonsense"}, std::vector<std::string>{"info"}));
+
+TEST(Commands, PresetsTellIdTagsAndCodecsAsJson) {
+    const Result result = run({"presets", "--json"});
+    EXPECT_EQ(result.code, 0);
+    const QJsonArray presets = objectOf(result).value(QStringLiteral("presets")).toArray();
+    ASSERT_FALSE(presets.isEmpty());
+    QSet<QString> ids;
+    for (const QJsonValue& value : presets) {
+        const QJsonObject preset = value.toObject();
+        for (const char* key : {"id", "tags", "container", "video", "audio", "twoPass"})
+            EXPECT_TRUE(preset.contains(QString::fromUtf8(key))) << key;
+        EXPECT_FALSE(preset.value(QStringLiteral("tags")).toArray().isEmpty());
+        ids << preset.value(QStringLiteral("id")).toString();
+    }
+    EXPECT_EQ(ids.size(), presets.size());
+    EXPECT_TRUE(ids.contains(QStringLiteral("mp4-h264-720p")));
+}
+
+TEST(Commands, PresetsOfATagAreThoseOfTheTag) {
+    const Result result = run({"presets", "--tag", "audio", "--json"});
+    for (const QJsonValue& value : objectOf(result).value(QStringLiteral("presets")).toArray()) {
+        EXPECT_TRUE(value.toObject().value(QStringLiteral("tags")).toArray().contains(QStringLiteral("audio")));
+        EXPECT_TRUE(value.toObject().value(QStringLiteral("video")).isNull());
+    }
+    EXPECT_GE(run({"presets", "--tag", "audio"}).output.count(QLatin1Char('\n')), 4);
+}
+
+TEST(Commands, AnUnknownTagHasNearNames) {
+    EXPECT_TRUE(run({"presets", "--tag", "audoi"}).errors.contains(QStringLiteral("did you mean audio?")));
+}
+
+TEST(Commands, InfoTellsWhatMediaHold) {
+    const TestMedia::Folder folder;
+    const std::string path = folder / "clip.mov";
+    TestMedia::FlashBeep media;
+    media.rate = {30000, 1001};
+    media.frames = 60;
+    TestMedia::makeFlashBeep(path, media);
+    const Result text = run({"info", path});
+    EXPECT_EQ(text.code, 0);
+    EXPECT_TRUE(
+        text.output.contains(QStringLiteral("h264 320x180 yuv420p, 30000/1001 fps, pcm_s16le 48000 Hz, 2 channels")))
+        << text.output.toStdString();
+    const QJsonObject json =
+        objectOf(run({"info", path, "--json"})).value(QStringLiteral("media")).toArray()[0].toObject();
+    EXPECT_EQ(json.value(QStringLiteral("video")).toObject().value(QStringLiteral("frameRate")).toString(),
+              QStringLiteral("30000/1001"));
+    EXPECT_EQ(json.value(QStringLiteral("audio")).toObject().value(QStringLiteral("sampleRate")).toInt(), 48000);
+    EXPECT_EQ(json.value(QStringLiteral("durationMs")).toInt(), 2002);
+}
+
+TEST(Commands, InfoOnWhatIsNoMediaIsBadInput) {
+    const TestMedia::Folder folder;
+    const Result result = run({"info", folder / "missing.mov"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("missing.mov")));
+    EXPECT_EQ(result.errorLines().size(), 1);
+}
+
+} // namespace
