@@ -1,6 +1,7 @@
 #include "Kestra/FF/AudioEncoderCore.h"
 
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/FF/AudioSettling.h"
 #include "Kestra/FF/CodecParametersFF.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
@@ -60,7 +61,14 @@ std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
     const auto description = MakeDescription();
     BuildChain(*description);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, GetOptions({}), codec.name);
+    auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec.name);
+    const AVCodecContext& context = opened->GetContext();
+    if (codec.id == AV_CODEC_ID_VORBIS)
+        vorbis.reset(Allocated(av_vorbis_parse_init(context.extradata, context.extradata_size)));
+    ChooseWindow(context);
+    SkipToFirst();
+    chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
+    return opened;
 }
 
 void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
@@ -74,22 +82,37 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
     stream->PreferFormat(*format);
     Conf::SampleInfo target;
     target.Init(FromAv(samples.format), samples.rate, samples.layout);
-    Core::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
-    chain = filters.CreateResampler(stream, target);
+    chain = Core::CoreManager::Instance().GetFilterFactory().CreateResampler(stream, target);
     chain->Prepare();
-    SkipToFirst();
-    chain = filters.CreateReadAhead(chain, READ_AHEAD);
+}
+
+// Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins at the
+// cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
+std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
+    if (codec.id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
+        return 0;
+    CodecParametersHandle parameters = MakeCodecParameters();
+    Check(avcodec_parameters_from_context(parameters.get(), &context), TranscodingError::EncodeFailed,
+          "The encoder's parameters");
+    return (SettlingSamples(*parameters) + context.frame_size - 1) / context.frame_size * context.frame_size;
 }
 
 // Nothing is encoded that a cut would throw away: a short range of a long project costs what the range costs.
-void AudioEncoderCore::SkipToFirst() {
+void AudioEncoderCore::ChooseWindow(const AVCodecContext& context) {
     const std::int64_t duration = stream->GetDuration();
     const std::int64_t whole = duration == TIME_UNKNOWN ? INT64_MAX : TimeToSamples(duration, samples.rate);
-    firstSample = std::min(TimeToSamples(alignStart, samples.rate), whole);
-    const bool open = alignEnd == INT64_MAX && whole == INT64_MAX;
-    const std::int64_t wanted =
-        alignEnd == INT64_MAX ? whole - firstSample : TimeToSamples(alignEnd - alignStart, samples.rate);
-    total = open ? -1 : std::min(wanted, whole - firstSample);
+    const bool cut = alignEnd != INT64_MAX;
+    const std::int64_t around = cut ? Surroundings(context) : 0;
+    const std::int64_t start = std::min(TimeToSamples(alignStart, samples.rate), whole);
+    const std::int64_t ahead = context.frame_size > 0 ? std::min(around, start / context.frame_size * context.frame_size) : 0;
+    firstSample = start - ahead;
+    if (!cut)
+        total = whole == INT64_MAX ? -1 : whole;
+    else
+        total = std::min(ahead + TimeToSamples(alignEnd - alignStart, samples.rate) + around, whole - firstSample);
+}
+
+void AudioEncoderCore::SkipToFirst() {
     if (firstSample == 0)
         return;
     if (chain->IsSeekable())
@@ -151,19 +174,26 @@ FrameHandle AudioEncoderCore::NextFrame() {
     return frame;
 }
 
-// A packet reaches from its pts over one frame. What of it lies after the last sample is padding of the codec's.
+// What a decoder makes of this packet. Encoders of fixed frames give the last one only what was asked of it.
+std::int64_t AudioEncoderCore::DecodedLength(const AVPacket& packet) {
+    if (packet.size == 0)
+        return 0;
+    if (vorbis)
+        return std::max(av_vorbis_parse_frame(vorbis.get(), packet.data, packet.size), 0);
+    const int frameSize = GetContext().frame_size;
+    return frameSize == 0 || codec.id == AV_CODEC_ID_FLAC || codec.id == AV_CODEC_ID_ALAC ? packet.duration : frameSize;
+}
+
 boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packet) {
     if (packet->pts == AV_NOPTS_VALUE)
-        packet->pts = packet->size > 0 ? 0 : sent;
-    const int frameSize = GetContext().frame_size;
-    if (frameSize > 0 && packet->size > 0)
-        packet->duration = codec.capabilities & AV_CODEC_CAP_SMALL_LAST_FRAME
-                               ? std::min<std::int64_t>(frameSize, sent - packet->pts)
-                               : frameSize;
-    const std::int64_t end = sourceEnded || sent == total ? sent : INT64_MAX;
-    if (packet->size > 0 && packet->pts >= end)
+        packet->pts = sent;
+    const std::int64_t length = DecodedLength(*packet);
+    const std::int64_t end = packet->pts + length;
+    const bool complete = sourceEnded || sent == total;
+    if (complete && packet->size > 0 && packet->pts >= sent)
         return nullptr;
-    const std::int64_t over = packet->size > 0 ? std::max<std::int64_t>(packet->pts + packet->duration - end, 0) : 0;
+    const std::int64_t over = complete && packet->size > 0 ? std::max<std::int64_t>(end - sent, 0) : 0;
+    packet->duration = length;
     packet->pts += firstSample;
     packet->dts = packet->pts;
     auto result = boost::intrusive_ptr<Proc::IDataRaw>(new DataRawFF(std::move(packet), {1, samples.rate}));

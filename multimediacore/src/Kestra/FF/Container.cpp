@@ -5,9 +5,10 @@ namespace Kestra::FF {
 namespace {
 
 constexpr Container CONTAINERS[] = {
-    {"mp4", "mp4", true},    {"mov", "mov", true},       {"m4a", "ipod", true},      {"m4v", "mp4", true},
-    {"webm", "webm", false}, {"mkv", "matroska", false}, {"mka", "matroska", false}, {"mp3", "mp3", false},
-    {"flac", "flac", false}, {"wav", "wav", false},      {"ogg", "ogg", false},      {"opus", "opus", false},
+    {"mp4", "mp4", true, false},      {"mov", "mov", true, false},   {"m4a", "ipod", true, false},
+    {"m4v", "mp4", true, false},      {"webm", "webm", false, true}, {"mkv", "matroska", false, true},
+    {"mka", "matroska", false, true}, {"mp3", "mp3", false, false},  {"flac", "flac", false, false},
+    {"wav", "wav", false, false},     {"ogg", "ogg", false, false},  {"opus", "opus", false, false},
 };
 
 } // namespace

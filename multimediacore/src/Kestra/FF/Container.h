@@ -8,7 +8,8 @@ namespace Kestra::FF {
 struct Container {
     const char* id;
     const char* muxer;
-    bool isMov; ///< of the MP4 and QuickTime family
+    bool isMov;      ///< of the MP4 and QuickTime family
+    bool isMatroska; ///< of the Matroska and WebM family
 };
 
 /// Null for an id that is none.

@@ -16,6 +16,8 @@ struct Choice {
     const char* encoder;
 };
 
+constexpr int SMALLEST_SVT_SIDE = 64;
+
 // In order of preference; a codec that does not stand here has the library's own encoder.
 constexpr Choice CHOICES[] = {
     {CodecID::H264, "libx264"},  {CodecID::HEVC, "libx265"},     {CodecID::VP9, "libvpx-vp9"},
@@ -53,6 +55,13 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
     if (codec->type != medium)
         Fail(TranscodingError::CodecNotFound, "The codec \"" + name + "\" is not one for " + what);
     return *codec;
+}
+
+const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
+    if (std::string(codec.name) != "libsvtav1" || (width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE))
+        return codec;
+    const AVCodec* other = avcodec_find_encoder_by_name("libaom-av1");
+    return other ? *other : codec;
 }
 
 } // namespace Kestra::FF

@@ -10,4 +10,7 @@ namespace Kestra::FF {
 /// the codec: unknown, of the other medium, or without an encoder in this installation.
 const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType medium);
 
+/// `codec`, or another encoder of the same codec where this one does not take pictures so small.
+const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
+
 } // namespace Kestra::FF

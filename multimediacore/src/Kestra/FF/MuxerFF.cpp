@@ -4,6 +4,7 @@
 #include "Kestra/FF/DataRawFF.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/OptionList.h"
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <numeric>
@@ -43,14 +44,15 @@ void CopyParameters(AVStream& stream, const CodecParametersFF& source, bool isMo
 }
 
 // What the encoder says of its padding is replaced by what the engine knows: it counts the cuts as well.
-void SetDiscard(AVPacket& packet, std::int64_t samples) {
+void SetSkip(AVPacket& packet, std::int64_t atStart, std::int64_t atEnd) {
     std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, nullptr);
-    if (!data && samples == 0)
+    if (!data && atStart == 0 && atEnd == 0)
         return;
     if (!data)
         data = Allocated(av_packet_new_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, SKIP_SIDE_DATA_SIZE));
     std::memset(data, 0, SKIP_SIDE_DATA_SIZE);
-    AV_WL32(data + SKIP_END_OFFSET, static_cast<std::uint32_t>(samples));
+    AV_WL32(data, static_cast<std::uint32_t>(atStart));
+    AV_WL32(data + SKIP_END_OFFSET, static_cast<std::uint32_t>(atEnd));
 }
 
 } // namespace
@@ -114,7 +116,8 @@ void MuxerFF::Open() {
     };
     refuse(avformat_init_output(context.get(), nullptr));
     // The library has put its own name there.
-    Check(av_dict_set(&context->metadata, "encoder", WRITER, 0), TranscodingError::OutOfMemory, "metadata");
+    for (const char* tag : {"encoder", "encoding_tool"})
+        Check(av_dict_set(&context->metadata, tag, WRITER, 0), TranscodingError::OutOfMemory, "metadata");
     refuse(avformat_write_header(context.get(), nullptr));
     avio_flush(io->Get());
     Demand(0, "Writing the header of");
@@ -157,16 +160,30 @@ std::int64_t MuxerFF::MovieTimescale() const {
     return common;
 }
 
+// Matroska counts the time of a track with a codec delay from where its decoder begins, the others from time 0.
+std::int64_t MuxerFF::TimeOffset(const AVStream& stream) const {
+    const AVCodecParameters& parameters = *stream.codecpar;
+    return container.isMatroska && parameters.codec_id == AV_CODEC_ID_OPUS
+               ? SamplesToTime(parameters.initial_padding, parameters.sample_rate)
+               : 0;
+}
+
 PacketHandle MuxerFF::MakeOutgoing(const Proc::IDataRaw& packet, const AVStream& stream) const {
     PacketHandle outgoing = MakePacketReference(PacketOf(packet));
+    const AVCodecParameters& parameters = *stream.codecpar;
+    const std::int64_t offset = TimeOffset(stream);
     const std::int64_t end = packet.GetTime() + packet.GetDuration() - packet.GetTrimEnd();
     outgoing->stream_index = stream.index;
-    outgoing->pts = FromEngineTime(packet.GetTime(), stream.time_base);
-    outgoing->dts = FromEngineTime(packet.GetDecodeTime(), stream.time_base);
-    outgoing->duration = FromEngineTime(end, stream.time_base) - outgoing->pts;
+    outgoing->pts = FromEngineTime(packet.GetTime() + offset, stream.time_base);
+    outgoing->dts = FromEngineTime(packet.GetDecodeTime() + offset, stream.time_base);
+    // Without the offset: a file is as long as what is shown of it.
+    outgoing->duration = std::max<std::int64_t>(FromEngineTime(end, stream.time_base) - outgoing->pts, 0);
     outgoing->pos = -1;
-    if (stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
-        SetDiscard(*outgoing, TimeToSamples(packet.GetTrimEnd(), stream.codecpar->sample_rate));
+    if (parameters.codec_type == AVMEDIA_TYPE_AUDIO) {
+        const bool first = stream.nb_frames == 0;
+        SetSkip(*outgoing, first ? parameters.initial_padding : 0,
+                TimeToSamples(packet.GetTrimEnd(), parameters.sample_rate));
+    }
     return outgoing;
 }
 

@@ -31,6 +31,7 @@ private:
     void ApplyOptions();
     void ApplyMovOptions();
     std::int64_t MovieTimescale() const;
+    std::int64_t TimeOffset(const AVStream& stream) const;
     PacketHandle MakeOutgoing(const Proc::IDataRaw& packet, const AVStream& stream) const;
     /// Throws the output's own failure first, then the library's.
     void Demand(int result, const char* what) const;

@@ -1,5 +1,6 @@
 #include "Kestra/FF/PacketSegment.h"
 
+#include "Kestra/FF/AudioSettling.h"
 #include "Kestra/FF/CodecParametersFF.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataRawFF.h"
@@ -21,24 +22,6 @@ namespace {
 constexpr int OPUS_RATE = 48000;
 constexpr int OPUS_PRE_SKIP_OFFSET = 10;
 constexpr int OPUS_HEADER_SIZE = 19;
-
-/// A transform overlaps its neighbour, MP3 also borrows bits of earlier packets, Opus asks for 80 ms. More than three
-/// packets of MP3 would not fit the field in which its container says how much to skip.
-std::int64_t SettlingSamples(const AVCodecParameters& parameters) {
-    switch (parameters.codec_id) {
-    case AV_CODEC_ID_OPUS:
-        return parameters.sample_rate * std::int64_t{80} / 1000;
-    case AV_CODEC_ID_MP3:
-        return std::int64_t{3} * 1152;
-    case AV_CODEC_ID_VORBIS:
-        return 4096;
-    case AV_CODEC_ID_FLAC:
-    case AV_CODEC_ID_ALAC:
-        return 0;
-    default:
-        return av_get_bits_per_sample(parameters.codec_id) > 0 ? 0 : 2 * std::max(parameters.frame_size, 1024);
-    }
-}
 
 void PatchOpusHeader(AVCodecParameters& parameters) {
     if (parameters.codec_id != AV_CODEC_ID_OPUS || parameters.extradata_size < OPUS_HEADER_SIZE)

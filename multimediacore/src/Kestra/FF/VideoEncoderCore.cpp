@@ -59,14 +59,14 @@ VideoEncoderCore::VideoEncoderCore(const boost::intrusive_ptr<Proc::IStreamVideo
                                    const Core::Property& description)
     : EncoderCore(description)
     , stream(stream)
-    , codec(FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_VIDEO)) {}
+    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_VIDEO)) {}
 
 boost::intrusive_ptr<IFormatCodecVideo> VideoEncoderCore::MakeDescription() const {
     return DescriptionOf(EncoderCore::GetDescription());
 }
 
 std::string VideoEncoderCore::Describe() const {
-    return std::string(codec.name) + " on " + stream->Describe();
+    return std::string(codec->name) + " on " + stream->Describe();
 }
 
 AVRational VideoEncoderCore::TimeBase() const {
@@ -81,17 +81,18 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     const auto description = MakeDescription();
     BuildChain(*description);
     if (const auto settings = GetTwoPass())
-        log = std::make_unique<TwoPassLog>(*settings, codec);
+        log = std::make_unique<TwoPassLog>(*settings, *codec);
     const OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec.name);
+    return std::make_unique<EncoderLoop>(configure, options, codec->name);
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     stream->Prepare();
     boost::intrusive_ptr<IFormatCodecVideo> format;
     stream->GetVideoFormat(format);
-    picture = ChoosePicture(description, *format, codec);
+    picture = ChoosePicture(description, *format, *codec);
+    codec = &EncoderForSize(*codec, picture.width, picture.height);
     rate = ChooseFrameRate(description, *format);
     FF::Describe(picture, *format);
     stream->PreferFormat(*format);
@@ -119,13 +120,13 @@ void VideoEncoderCore::PeekFieldOrder() {
 }
 
 CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
-    CodecContextHandle context = MakeCodecContext(&codec);
+    CodecContextHandle context = MakeCodecContext(codec);
     ConfigurePicture(*context);
     SetKeyframeDistance(*context, description);
     SetSpeed(*context);
     SetRateControl(*context, description, IsApprovedVbrOnly());
     SetProfile(*context, description);
-    options.ApplyTo(context.get(), codec.name, TranscodingError::CodecRefused);
+    options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     if (options.Has("x265-params"))
         KeepX265Quiet(*context);
     if (log && log->IsFirstPass())

@@ -42,7 +42,7 @@ private:
     AVRational TimeBase() const;
 
     const boost::intrusive_ptr<Proc::IStreamVideo> stream;
-    const AVCodec& codec;
+    const AVCodec* codec;
     boost::intrusive_ptr<Proc::IStreamVideo> chain;
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
