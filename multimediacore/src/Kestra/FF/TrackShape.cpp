@@ -36,16 +36,30 @@ constexpr double HIGHEST_RATE = 1000;
 // A recording that misses one frame in ten still has the rate it was set to.
 constexpr double DROPPED_FRAMES = 1.12;
 constexpr double SAME_RATE = 1.005;
+// A usual rate on which a few of many frames stand (a screen that seldom changes) is still the grid they stand on.
+constexpr double SPARSE_FRAMES = 8;
 
 bool IsRate(AVRational rate) {
     return rate.num > 0 && rate.den > 0 && av_q2d(rate) <= HIGHEST_RATE;
 }
 
-boost::rational<long long> ToUsualRate(AVRational rate) {
-    for (const AVRational usual : USUAL_RATES)
+const AVRational* FindUsualRate(AVRational rate) {
+    for (const AVRational& usual : USUAL_RATES)
         if (std::abs(av_q2d(rate) / av_q2d(usual) - 1) < USUAL_RATE_TOLERANCE)
-            return FromAv(usual);
-    return FromAv(rate);
+            return &usual;
+    return nullptr;
+}
+
+boost::rational<long long> ToUsualRate(AVRational rate) {
+    const AVRational* usual = FindUsualRate(rate);
+    return FromAv(usual ? *usual : rate);
+}
+
+/// Whether frames at a variable rate stand on the grid of the nominal one. A whole multiple of the average counts
+/// fields, or ticks.
+bool IsSparseGrid(AVRational nominal, double ratio) {
+    const bool multiple = std::abs(ratio / std::round(ratio) - 1) < SAME_RATE - 1;
+    return FindUsualRate(nominal) && ratio > 1 && ratio < SPARSE_FRAMES && !multiple;
 }
 
 } // namespace
@@ -84,8 +98,9 @@ boost::rational<long long> NominalRate(const AVStream& stream) {
     if (!IsRate(nominal))
         return ToUsualRate(average);
     const double ratio = av_q2d(nominal) / av_q2d(average);
-    // Above, the nominal rate counts fields, or the ticks of a variable rate.
-    return ToUsualRate(ratio > 1 / SAME_RATE && ratio < DROPPED_FRAMES ? nominal : average);
+    // Otherwise the nominal rate counts fields, or the ticks of a variable rate.
+    const bool meant = (ratio > 1 / SAME_RATE && ratio < DROPPED_FRAMES) || IsSparseGrid(nominal, ratio);
+    return ToUsualRate(meant ? nominal : average);
 }
 
 bool RatesDisagree(const AVStream& stream) {
