@@ -62,7 +62,9 @@ boost::intrusive_ptr<Proc::IDataVideo> SyntheticVideo::ReadVideo() {
 
 void SyntheticVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = Conf::IFormatCodecVideo::Create();
-    format->InitByFrameAspect(static_cast<std::uint32_t>(shape.width), static_cast<std::uint32_t>(shape.height), 0, 0);
+    format->InitByFrameAspect(static_cast<std::uint32_t>(shape.width), static_cast<std::uint32_t>(shape.height),
+                              static_cast<std::uint32_t>(shape.aspect.num),
+                              static_cast<std::uint32_t>(shape.aspect.den));
     format->SetFrameRate(shape.rate);
     const char* const name = av_get_pix_fmt_name(shape.format);
     format->SetPixelFormat(Conf::PixelFormatFromString(name ? name : ""));

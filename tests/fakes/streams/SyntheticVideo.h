@@ -19,7 +19,8 @@ struct VideoShape {
     std::function<void(AVFrame& frame, int index)> paint;
     /// Engine time of frame `index`; null: constant rate.
     std::function<std::int64_t(int index)> timeOf;
-    bool tagFrames = true; ///< whether each frame carries the colour, or the stream's format alone
+    AVRational aspect = {0, 0}; ///< of the whole frame
+    bool tagFrames = true;      ///< whether each frame carries the colour, or the stream's format alone
 };
 
 class SyntheticVideo final : public Kestra::Proc::IStreamVideo, public Kestra::RefCountImpl {

@@ -67,7 +67,7 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::SendNext() {
     if (interrupted)
         return nullptr;
     loop->Send(frame.get());
-    return AfterSend();
+    return frame ? AfterSend() : nullptr;
 }
 
 void EncoderCore::Interrupt() {

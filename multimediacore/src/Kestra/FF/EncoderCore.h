@@ -45,7 +45,7 @@ protected:
     virtual FrameHandle NextFrame() = 0;
     /// The packet as it leaves; null drops it.
     virtual boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) = 0;
-    /// Called after each frame that was sent, the end included: a packet to hand out instead of an encoder's, or null.
+    /// Called after each frame that was sent: a packet to hand out instead of an encoder's, or null.
     virtual boost::intrusive_ptr<Proc::IDataRaw> AfterSend() { return nullptr; }
     /// Called once when the last packet has gone.
     virtual void AtEnd() {}

@@ -49,6 +49,10 @@ OptionList::OptionList(const Core::Property& tree, const std::vector<std::string
     }
 }
 
+void OptionList::AddFirst(const std::string& name, const Core::Property& value) {
+    options.insert(options.begin(), {name, TextOf(value)});
+}
+
 bool OptionList::Has(const std::string& name) const {
     return std::any_of(options.begin(), options.end(), [&name](const Option& option) { return option.name == name; });
 }

@@ -21,6 +21,8 @@ public:
     /// `apart` are no options.
     explicit OptionList(const Core::Property& tree, const std::vector<std::string>& apart = {});
 
+    /// Before the others.
+    void AddFirst(const std::string& name, const Core::Property& value);
     bool Has(const std::string& name) const;
     const std::vector<Option>& Get() const { return options; }
     OptionList Without(std::size_t index) const;

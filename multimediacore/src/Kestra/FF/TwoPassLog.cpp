@@ -14,7 +14,9 @@ TwoPassLog::Kind TwoPassLog::KindOf(const AVCodec& codec) {
         return Kind::X264;
     if (std::strcmp(codec.name, "libx265") == 0)
         return Kind::X265;
-    for (const char* name : {"libvpx", "libvpx-vp9", "libaom-av1", "mpeg4", "mpeg2video"})
+    // MPEG-4 and MPEG-2 are left out on purpose: when the bitrate of a second pass is too low for its statistics, that
+    // encoder library frees its tables twice, which ends the process.
+    for (const char* name : {"libvpx", "libvpx-vp9", "libaom-av1"})
         if (std::strcmp(codec.name, name) == 0)
             return Kind::Statistics;
     return Kind::None;
@@ -23,14 +25,16 @@ TwoPassLog::Kind TwoPassLog::KindOf(const AVCodec& codec) {
 TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCodec& codec)
     : path(settings.GetLogFile())
     , firstPass(settings.firstPass)
-    , kind(KindOf(codec))
-    , codecId(codec.id) {
-    if (kind != Kind::Statistics)
+    , kind(KindOf(codec)) {
+    if (kind == Kind::None)
         return;
     file.reset(std::fopen(path.c_str(), firstPass ? "wbe" : "rbe"));
     if (!file)
         ThrowFileError("cannot be opened");
-    if (!firstPass)
+    // The others open it themselves; they would not say what is wrong with it.
+    if (kind != Kind::Statistics)
+        file.reset();
+    else if (!firstPass)
         Read();
 }
 
@@ -50,7 +54,7 @@ void TwoPassLog::Read() {
 }
 
 bool TwoPassLog::IsSilent() const {
-    return codecId == AV_CODEC_ID_VP8 || codecId == AV_CODEC_ID_VP9 || codecId == AV_CODEC_ID_AV1;
+    return kind == Kind::Statistics;
 }
 
 void TwoPassLog::Configure(AVCodecContext& context) const {
@@ -75,9 +79,7 @@ void TwoPassLog::Configure(AVCodecContext& context) const {
 }
 
 void TwoPassLog::Collect(const AVCodecContext& context) {
-    if (!file || !context.stats_out)
-        return;
-    if (std::fputs(context.stats_out, file.get()) < 0)
+    if (file && context.stats_out && std::fputs(context.stats_out, file.get()) < 0)
         ThrowFileError("cannot be written");
 }
 

@@ -22,7 +22,7 @@ public:
     /// Whether the first pass gives statistics alone and no packets.
     bool IsSilent() const;
     void Configure(AVCodecContext& context) const;
-    /// First pass, after each packet and at the end: takes over what the encoder has to say.
+    /// First pass, at its end: takes over what the encoder has to say.
     void Collect(const AVCodecContext& context);
     /// First pass: everything has been written. Throws ProcException when it could not be.
     void Close();
@@ -40,7 +40,6 @@ private:
     const std::string path;
     const bool firstPass;
     const Kind kind;
-    const AVCodecID codecId;
     std::string statistics;
     std::unique_ptr<std::FILE, FileCloser> file;
 };

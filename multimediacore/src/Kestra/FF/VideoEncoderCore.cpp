@@ -44,15 +44,6 @@ void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& descr
     context.gop_size = static_cast<int>(std::clamp(frames, 1.0, 1e6));
 }
 
-void SetProfile(AVCodecContext& context, const IFormatCodecVideo& description) {
-    const char* const tag = IFormatCodecVideo::TAG_PROFILE;
-    if (!description.GetProperty().ChildExists(tag))
-        return;
-    Core::Property profile;
-    profile.SetChild("profile", description.GetProperty()[tag].GetValue());
-    OptionList(profile).ApplyTo(&context, context.codec->name, TranscodingError::CodecRefused);
-}
-
 } // namespace
 
 VideoEncoderCore::VideoEncoderCore(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
@@ -82,7 +73,9 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     BuildChain(*description);
     if (const auto settings = GetTwoPass())
         log = std::make_unique<TwoPassLog>(*settings, *codec);
-    const OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+    OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+    if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
+        options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
     return std::make_unique<EncoderLoop>(configure, options, codec->name);
 }
@@ -125,7 +118,6 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     SetKeyframeDistance(*context, description);
     SetSpeed(*context);
     SetRateControl(*context, description, IsApprovedVbrOnly());
-    SetProfile(*context, description);
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     if (options.Has("x265-params"))
         KeepX265Quiet(*context);
@@ -181,8 +173,6 @@ FrameHandle VideoEncoderCore::NextFrame() {
 }
 
 boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::Finish(PacketHandle packet) {
-    if (log && log->IsFirstPass())
-        log->Collect(GetContext());
     if (packet->dts == AV_NOPTS_VALUE)
         packet->dts = packet->pts;
     packet->duration = 1;
@@ -194,7 +184,7 @@ boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::Finish(PacketHandle packe
 // Some first passes give nothing until their end. Whoever follows the run by its packets gets one without bytes a
 // frame.
 boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::AfterSend() {
-    if (!log || !log->IsFirstPass() || !log->IsSilent() || framesSent == 0)
+    if (!log || !log->IsFirstPass() || !log->IsSilent())
         return nullptr;
     PacketHandle mark = MakePacket();
     mark->pts = mark->dts = framesSent - 1;
@@ -206,8 +196,7 @@ boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::AfterSend() {
 void VideoEncoderCore::AtEnd() {
     if (!log || !log->IsFirstPass())
         return;
-    if (log->IsSilent())
-        log->Collect(GetContext());
+    log->Collect(GetContext());
     // x264 and x265 complete their statistics when they close, and the second pass may begin right after this.
     CloseCodec();
     log->Close();

@@ -63,6 +63,10 @@ void SetBitrate(AVCodecContext& context, std::int64_t bitrate, const std::string
     if (bitrate < 0)
         Refuse(context, "the bitrate " + std::to_string(bitrate));
     context.bit_rate = bitrate;
+    // The library's own encoders allow themselves four megabits of drift, whatever the bitrate is.
+    if (context.codec_id == AV_CODEC_ID_MPEG4 || context.codec_id == AV_CODEC_ID_MPEG2VIDEO)
+        context.bit_rate_tolerance = BufferSize(std::max<std::int64_t>(
+            bitrate / 2, std::llround(2.0 * static_cast<double>(bitrate) * av_q2d(context.time_base))));
     if (mode == "cbr") {
         context.rc_max_rate = bitrate;
         context.rc_min_rate =

@@ -1,0 +1,206 @@
+// Counts, places and formats of audio encoders, and the filters before them.
+#include "EncodeFixture.h"
+#include "Kestra/Core/CoreManager.h"
+#include <cmath>
+
+using namespace Fakes;
+using namespace EncodeTest;
+using namespace Kestra;
+
+namespace {
+
+constexpr double PI = 3.14159265358979;
+
+double Tone(std::int64_t index, int rate, double frequency) {
+    return 0.5 * std::sin(2 * PI * frequency * static_cast<double>(index) / rate);
+}
+
+std::vector<std::vector<float>> Drain(Proc::IStreamAudio& stream) {
+    stream.Prepare();
+    std::vector<std::vector<float>> samples;
+    std::int64_t place = 0;
+    int rate = 0;
+    while (const auto block = stream.ReadAudio()) {
+        const AVFrame& frame = FF::FrameOf(*block);
+        rate = frame.sample_rate;
+        EXPECT_EQ(block->GetTime(), SamplesToTime(place, rate));
+        EXPECT_EQ(frame.format, AV_SAMPLE_FMT_FLTP);
+        samples.resize(static_cast<std::size_t>(frame.ch_layout.nb_channels));
+        for (std::size_t channel = 0; channel < samples.size(); ++channel) {
+            const auto* from = reinterpret_cast<const float*>(frame.extended_data[channel]);
+            samples[channel].insert(samples[channel].end(), from, from + frame.nb_samples);
+        }
+        place += frame.nb_samples;
+    }
+    return samples;
+}
+
+Core::IFilterFactory& Filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+Conf::SampleInfo Target(int rate, std::uint32_t layout) {
+    Conf::SampleInfo target;
+    target.Init(Conf::SAMPLE_FORMAT_FLTP, rate, layout);
+    return target;
+}
+
+} // namespace
+
+TEST(Resampler, GivesAsManySamplesAsTheLengthHas) {
+    for (const auto& [from, to] : {std::pair{44100, 48000}, std::pair{48000, 44100}, std::pair{22050, 48000},
+                                   std::pair{96000, 44100}, std::pair{48000, 48000}}) {
+        AudioShape shape;
+        shape.rate = from;
+        shape.samples = from * 2 + 77;
+        const auto samples = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(to, 0)));
+        EXPECT_EQ(static_cast<std::int64_t>(samples.at(0).size()), MulDivRound(shape.samples, to, from));
+    }
+}
+
+TEST(Resampler, KeepsSoundInItsPlace) {
+    AudioShape shape;
+    shape.rate = 44100;
+    shape.samples = 44100;
+    shape.wave = [](int, std::int64_t index) { return Tone(index, 44100, 700); };
+    const auto samples = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, 0)));
+    for (std::size_t index = 200; index < 47800; ++index)
+        ASSERT_NEAR(samples.at(0).at(index), Tone(static_cast<std::int64_t>(index), 48000, 700), 0.002) << index;
+}
+
+TEST(Resampler, SeeksToTheSampleThatItWouldHaveGivenThere) {
+    AudioShape shape;
+    shape.rate = 44100;
+    shape.samples = 44100 * 5;
+    shape.wave = [](int, std::int64_t index) { return Tone(index * index / 100000, 44100, 50); };
+    const auto whole = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, 0)));
+    const auto sought = Filters().CreateResampler(MakeAudio(shape), Target(48000, 0));
+    sought->Prepare();
+    const std::int64_t place = 151234;
+    sought->Seek(SamplesToTime(place, 48000), Proc::SeekMode::Exact);
+    const auto block = sought->ReadAudio();
+    ASSERT_TRUE(block);
+    EXPECT_EQ(block->GetTime(), SamplesToTime(place, 48000));
+    const auto* samples = reinterpret_cast<const float*>(FF::FrameOf(*block).extended_data[0]);
+    for (std::int64_t index = 0; index < block->GetSampleCount(); ++index)
+        ASSERT_NEAR(samples[index], whole.at(0).at(static_cast<std::size_t>(place + index)), 1e-5);
+}
+
+TEST(Resampler, MixesSurroundDownWithoutClippingOrLosingTheCentre) {
+    AudioShape shape;
+    shape.layout = Conf::CHANNEL_LAYOUT_5POINT1;
+    // Only the centre speaks.
+    shape.wave = [](int channel, std::int64_t index) { return channel == 2 ? Tone(index, 48000, 440) : 0.0; };
+    const auto samples =
+        Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, Conf::CHANNEL_LAYOUT_STEREO)));
+    ASSERT_EQ(samples.size(), 2U);
+    const double left = samples[0][10027] / Tone(10027, 48000, 440);
+    const double right = samples[1][10027] / Tone(10027, 48000, 440);
+    EXPECT_NEAR(left, right, 1e-4);
+    EXPECT_NEAR(left, std::sqrt(0.5) / (1 + 2 * std::sqrt(0.5)), 0.01);
+
+    shape.wave = [](int channel, std::int64_t) { return channel == 3 ? 0.0 : 1.0; };
+    const auto loud = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, Conf::CHANNEL_LAYOUT_STEREO)));
+    EXPECT_LE(loud[0][10000], 1.0001F);
+}
+
+TEST(DurationTrimmer, CutsWhatIsOverAndFillsWhatIsMissing) {
+    AudioShape shape;
+    shape.samples = 10000;
+    shape.wave = [](int, std::int64_t) { return 0.5; };
+    for (const std::int64_t wanted : {std::int64_t{7777}, std::int64_t{10000}, std::int64_t{23456}}) {
+        Proc::SettingsFilterDurationTrimmer settings;
+        settings.SetDuration(SamplesToTime(wanted, 48000));
+        const auto samples = Drain(*Filters().CreateDurationTrimmer(MakeAudio(shape), settings));
+        ASSERT_EQ(static_cast<std::int64_t>(samples.at(0).size()), wanted);
+        EXPECT_EQ(samples[0].back(), wanted > 10000 ? 0.0F : 0.5F);
+        EXPECT_EQ(samples[0].front(), 0.5F);
+    }
+}
+
+TEST(Silence, HasTheLengthAndFormatOrdered) {
+    auto format = Conf::IFormatCodecAudio::Create();
+    format->SetSampleRate(44100);
+    format->SetChannelLayout(Conf::CHANNEL_LAYOUT_MONO);
+    format->SetSampleFormat(Conf::SAMPLE_FORMAT_FLTP);
+    const auto samples = Drain(*Filters().CreateSilence(format, SamplesToTime(12345, 44100)));
+    ASSERT_EQ(samples.size(), 1U);
+    EXPECT_EQ(samples[0].size(), 12345U);
+    for (const float sample : samples[0])
+        ASSERT_EQ(sample, 0.0F);
+}
+
+namespace {
+
+class AudioCodecs : public testing::TestWithParam<const char*> {};
+
+} // namespace
+
+TEST_P(AudioCodecs, GiveExactlyTheSamplesOfTheStream) {
+    AudioShape shape;
+    shape.samples = 40961;
+    const auto encoder = AudioEncoder(MakeAudio(shape), Description(GetParam()));
+    const auto packets = ReadAll(*encoder);
+    std::int64_t end = 0;
+    for (const auto& packet : packets)
+        if (packet->GetSize() > 0)
+            end = packet->GetTime() + packet->GetDuration() - packet->GetTrimEnd();
+    EXPECT_EQ(end, SamplesToTime(40961, 48000));
+    EXPECT_LE(packets.front()->GetTime(), 0);
+    EXPECT_EQ(encoder->GetPosition(), end);
+    EXPECT_EQ(encoder->GetDuration(), end);
+}
+
+TEST_P(AudioCodecs, TakeWhatTheyDoNotSupportInTheNearestForm) {
+    AudioShape shape;
+    shape.rate = 44100;
+    shape.samples = 44100;
+    shape.layout = Conf::CHANNEL_LAYOUT_7POINT1;
+    shape.format = Conf::SAMPLE_FORMAT_S16;
+    const auto encoder = AudioEncoder(MakeAudio(shape), Description(GetParam()));
+    EXPECT_GT(ReadAll(*encoder).size(), 1U);
+    boost::intrusive_ptr<Conf::IFormatCodec> format;
+    encoder->GetFormatCodec(format);
+    const auto* sound = dynamic_cast<const Conf::IFormatCodecAudio*>(format.get());
+    ASSERT_NE(sound, nullptr);
+    EXPECT_EQ(sound->GetSampleRate(), std::string(GetParam()) == "opus" ? 48000 : 44100);
+}
+
+TEST_P(AudioCodecs, EncodeAnEmptyStreamToNoSound) {
+    AudioShape shape;
+    shape.samples = 0;
+    for (const auto& packet : ReadAll(*AudioEncoder(MakeAudio(shape), Description(GetParam()))))
+        EXPECT_EQ(packet->GetSize(), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Encoders, AudioCodecs,
+                         testing::Values("aac", "opus", "mp3", "flac", "pcm_s16le", "pcm_s24le", "vorbis", "alac",
+                                         "ac3"));
+
+TEST(AudioEncoder, TakesAStreamOfUnknownLengthToItsEnd) {
+    AudioShape shape;
+    shape.samples = 30000;
+    shape.durationKnown = false;
+    const auto packets = ReadAll(*AudioEncoder(MakeAudio(shape), Description("pcm_s16le")));
+    EXPECT_EQ(packets.back()->GetTime() + packets.back()->GetDuration(), SamplesToTime(30000, 48000));
+}
+
+TEST(AudioEncoder, RefusesAnUnknownOptionByName) {
+    auto description = Description("aac");
+    Options(description).SetChild("aac_codr", std::string("twoloop"));
+    const auto failure = Failure([&] { AudioEncoder(MakeAudio({}), description)->Prepare(); });
+    EXPECT_EQ(failure.GetCode(), Proc::TranscodingError::CodecRefused);
+    EXPECT_NE(failure.GetDescription().find("aac_codr"), std::string::npos) << failure.GetDescription();
+}
+
+TEST(AudioEncoder, KeepsChannelsApart) {
+    const ScratchFolder folder;
+    AudioShape shape;
+    shape.layout = Conf::CHANNEL_LAYOUT_5POINT1;
+    shape.wave = [](int channel, std::int64_t) { return 0.1 * (channel + 1); };
+    WriteFile(folder.File("out.wav"), "wav", {AudioEncoder(MakeAudio(shape), Description("pcm_s24le"))});
+    const DecodedFile file = Decode(folder.File("out.wav"));
+    ASSERT_EQ(file.Audio().samples.size(), 6U);
+    for (std::size_t channel = 0; channel < 6; ++channel)
+        EXPECT_NEAR(file.Audio().samples[channel].at(20000), 0.1 * static_cast<double>(channel + 1), 1e-4);
+}

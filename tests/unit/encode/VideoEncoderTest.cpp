@@ -1,0 +1,295 @@
+// Counts, times and settings of video encoders.
+#include "EncodeFixture.h"
+#include <fstream>
+
+using namespace Fakes;
+using namespace EncodeTest;
+using namespace Kestra;
+using Conf::IFormatCodec;
+using Conf::IFormatCodecVideo;
+using Proc::TranscodingError;
+
+TEST(VideoEncoder, MakesAsManyFramesAsDurationTimesRate) {
+    for (const boost::rational<long long> rate :
+         {boost::rational<long long>(24), boost::rational<long long>(30000, 1001), boost::rational<long long>(50),
+          boost::rational<long long>(12)}) {
+        VideoShape shape;
+        shape.frames = 33; // of 25 a second
+        auto description = Description("mpeg4");
+        description.SetChild(IFormatCodecVideo::TAG_FRAME_RATE, rate);
+        const auto encoder = VideoEncoder(MakeVideo(shape), description);
+        const auto packets = ReadAll(*encoder);
+        const std::int64_t expected = TimeToFrames(FramesToTime(33, 25), rate);
+        EXPECT_EQ(static_cast<std::int64_t>(packets.size()), expected) << rate;
+        EXPECT_EQ(encoder->GetDuration(), FramesToTime(expected, rate));
+        EXPECT_EQ(encoder->GetPosition(), FramesToTime(expected, rate));
+    }
+}
+
+TEST(VideoEncoder, EvensOutFramesOfVariableLength) {
+    const ScratchFolder folder;
+    VideoShape shape;
+    shape.frames = 20;
+    shape.timeOf = [](int index) { return (index * 10 + index % 3) * TIME_BASE / 100; };
+    auto description = Description("h264");
+    description.SetChild(IFormatCodecVideo::TAG_FRAME_RATE, boost::rational<long long>(30));
+    WriteFile(folder.File("out.mp4"), "mp4", {VideoEncoder(MakeVideo(shape), description)});
+    const DecodedFile file = Decode(folder.File("out.mp4"));
+    const auto& pictures = file.Video().pictures;
+    ASSERT_EQ(pictures.size(), 61U); // 2.02 s
+    const std::int64_t step = pictures[1]->pts - pictures[0]->pts;
+    for (std::size_t index = 0; index < pictures.size(); ++index)
+        EXPECT_EQ(pictures[index]->pts, static_cast<std::int64_t>(index) * step);
+    EXPECT_EQ(av_cmp_q(file.Video().frameRate, {30, 1}), 0);
+}
+
+TEST(VideoEncoder, TellsTheStreamWhatItWants) {
+    const auto pictures = MakeVideo({});
+    const auto encoder = VideoEncoder(pictures, Description("h264"));
+    encoder->Prepare();
+    EXPECT_GE(pictures->GetPreferences(), 1);
+}
+
+TEST(VideoEncoder, PutsKeyframesNoFartherApartThanOrdered) {
+    VideoShape shape;
+    shape.frames = 100;
+    auto description = Description("h264");
+    description.SetChild(IFormatCodecVideo::TAG_GOP_SECONDS, 0.4);
+    std::int64_t last = 0;
+    for (const auto& packet : ReadAll(*VideoEncoder(MakeVideo(shape), description))) {
+        if (packet->IsKeyframe())
+            last = packet->GetTime();
+        EXPECT_LT(packet->GetTime() - last, FramesToTime(10, 25));
+    }
+}
+
+TEST(VideoEncoder, RefusesAnUnknownOptionByName) {
+    auto description = Description("h264");
+    Options(description).SetChild("prest", std::string("fast"));
+    const auto failure = Failure([&] { VideoEncoder(MakeVideo({}), description)->Prepare(); });
+    EXPECT_EQ(failure.GetCode(), TranscodingError::CodecRefused);
+    EXPECT_NE(failure.GetDescription().find("\"prest\""), std::string::npos) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find("\"fast\""), std::string::npos) << failure.GetDescription();
+}
+
+TEST(VideoEncoder, RefusesAValueThatOnlyTheCodecKnowsToBeWrong) {
+    auto description = Description("h264");
+    Options(description).SetChild("preset", std::string("sluggish"));
+    Options(description).SetChild("tune", std::string("film"));
+    const auto failure = Failure([&] { VideoEncoder(MakeVideo({}), description)->Prepare(); });
+    EXPECT_EQ(failure.GetCode(), TranscodingError::CodecRefused);
+    EXPECT_NE(failure.GetDescription().find("\"preset\""), std::string::npos) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find("\"sluggish\""), std::string::npos) << failure.GetDescription();
+}
+
+TEST(VideoEncoder, RefusesWhatItCannotDoByName) {
+    const auto refusal = [](const char* tag, const Core::Property::Value& value) {
+        auto description = Description("h264");
+        description.SetChild(tag, value);
+        return Failure([&] { VideoEncoder(MakeVideo({}), description)->Prepare(); });
+    };
+    const auto format = refusal(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string("yuva420p"));
+    EXPECT_EQ(format.GetCode(), TranscodingError::CodecRefused);
+    EXPECT_NE(format.GetDescription().find("yuva420p"), std::string::npos) << format.GetDescription();
+    const auto mode = refusal(IFormatCodec::TAG_BITRATE_MODE, std::string("sometimes"));
+    EXPECT_EQ(mode.GetCode(), TranscodingError::CodecRefused);
+    EXPECT_NE(mode.GetDescription().find("sometimes"), std::string::npos) << mode.GetDescription();
+    const auto profile = refusal(IFormatCodec::TAG_PROFILE, std::string("highest"));
+    EXPECT_EQ(profile.GetCode(), TranscodingError::CodecRefused);
+    EXPECT_NE(profile.GetDescription().find("highest"), std::string::npos) << profile.GetDescription();
+}
+
+TEST(CodecFactory, NamesACodecThatIsNone) {
+    const auto failure = Failure([] { VideoEncoder(MakeVideo({}), Description("h265x")); });
+    EXPECT_EQ(failure.GetCode(), TranscodingError::CodecNotFound);
+    EXPECT_NE(failure.GetDescription().find("h265x"), std::string::npos);
+    EXPECT_EQ(Failure([] { VideoEncoder(MakeVideo({}), Description("aac")); }).GetCode(),
+              TranscodingError::CodecNotFound);
+    EXPECT_EQ(Failure([] { AudioEncoder(MakeAudio({}), Description("h264")); }).GetCode(),
+              TranscodingError::CodecNotFound);
+    EXPECT_THROW(VideoEncoder(nullptr, Description("h264")), std::invalid_argument);
+}
+
+TEST(VideoEncoder, LeavesTheMarkOfTheOptionTreeToItself) {
+    auto description = Description("h264");
+    Options(description).SetChild(IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY, true);
+    description.SetChild(IFormatCodec::TAG_BITRATE, std::int64_t{500000});
+    description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string("vbr"));
+    EXPECT_EQ(ReadAll(*VideoEncoder(MakeVideo({}), description)).size(), 25U);
+}
+
+namespace {
+
+/// A little noise, new in each picture: it takes bits, and more of them the better it is shown.
+VideoShape Noise(int frames) {
+    VideoShape shape;
+    shape.width = 160;
+    shape.height = 128;
+    shape.frames = frames;
+    shape.paint = [](AVFrame& frame, int index) {
+        std::uint32_t state = static_cast<std::uint32_t>(index) * 2654435761U + 1;
+        for (int plane = 0; plane < 3; ++plane)
+            for (int at = 0; at < frame.linesize[plane] * (plane ? 64 : 128); ++at) {
+                state = state * 1664525U + 1013904223U;
+                frame.data[plane][at] = static_cast<std::uint8_t>(112 + (state >> 27));
+            }
+    };
+    return shape;
+}
+
+double BitsPerSecond(const std::vector<boost::intrusive_ptr<Proc::IDataRaw>>& packets, double seconds) {
+    std::size_t bytes = 0;
+    for (const auto& packet : packets)
+        bytes += packet->GetSize();
+    return static_cast<double>(bytes) * 8 / seconds;
+}
+
+Core::Property Rated(const char* codec, const char* mode, std::int64_t bitrate) {
+    auto description = Description(codec);
+    description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string(mode));
+    description.SetChild(IFormatCodec::TAG_BITRATE, bitrate);
+    return description;
+}
+
+} // namespace
+
+TEST(RateControl, MeetsTheBitrate) {
+    for (const char* codec : {"h264", "vp9", "mpeg4"})
+        for (const char* mode : {"vbr", "cbr", "abr"}) {
+            const auto packets = ReadAll(*VideoEncoder(MakeVideo(Noise(100)), Rated(codec, mode, 600000)));
+            EXPECT_NEAR(BitsPerSecond(packets, 4), 600000, 180000) << codec << ' ' << mode;
+        }
+}
+
+TEST(RateControl, SpendsMoreOnMoreQuality) {
+    const auto bytes = [](const char* codec, double quality) {
+        auto description = Description(codec);
+        description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string("quality"));
+        description.SetChild(IFormatCodec::TAG_QUALITY, quality);
+        return BitsPerSecond(ReadAll(*VideoEncoder(MakeVideo(Noise(10)), description)), 0.4);
+    };
+    EXPECT_GT(bytes("h264", 18), 1.5 * bytes("h264", 32));
+    EXPECT_GT(bytes("hevc", 18), 1.5 * bytes("hevc", 32));
+    EXPECT_GT(bytes("vp9", 20), 1.5 * bytes("vp9", 50));
+    EXPECT_GT(bytes("mpeg4", 3), 1.5 * bytes("mpeg4", 12));
+}
+
+TEST(TwoPass, SettingsSurviveTheWayThroughAProperty) {
+    Proc::SettingsTwoPassEncoding settings;
+    settings.SetLogFile("/somewhere/a log");
+    settings.firstPass = true;
+    const auto encoder = VideoEncoder(MakeVideo({}), Description("h264"));
+    encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
+    const Core::Property given = encoder->GetSettings();
+    const Core::Property& tree = given[IFormatCodec::TAG_TWO_PASS];
+    EXPECT_EQ(tree[IFormatCodec::TAG_TWO_PASS_LOG_FILE].GetString(), "/somewhere/a log");
+    EXPECT_TRUE(tree[IFormatCodec::TAG_TWO_PASS_FIRST].GetBool());
+    EXPECT_EQ(given[IFormatCodec::TAG_CODEC_ID].GetString(), "h264");
+}
+
+TEST(TwoPass, SettingsComeTooLateAfterPrepare) {
+    const auto encoder = VideoEncoder(MakeVideo({}), Description("h264"));
+    encoder->Prepare();
+    EXPECT_EQ(Failure([&] { encoder->Initialize(Proc::IEncoder::Settings2Property({})); }).GetCode(),
+              TranscodingError::NotSupported);
+}
+
+namespace {
+
+class TwoPasses : public testing::TestWithParam<const char*> {};
+
+} // namespace
+
+TEST_P(TwoPasses, HitTheBitrateOverALogWithAColonInItsName) {
+    const ScratchFolder folder;
+    Proc::SettingsTwoPassEncoding settings;
+    settings.SetLogFile(folder.File("pass:1 of 2.log"));
+    const auto stream = MakeVideo(Noise(75));
+    const auto run = [&](bool first) {
+        settings.firstPass = first;
+        const auto encoder = VideoEncoder(stream, Rated(GetParam(), "vbr", 500000));
+        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
+        encoder->Reset();
+        auto packets = ReadAll(*encoder);
+        EXPECT_EQ(encoder->GetPosition(), FramesToTime(75, 25)) << "first pass: " << first;
+        return packets;
+    };
+    const auto firstPackets = run(true);
+    EXPECT_EQ(firstPackets.size(), 75U);
+    std::ifstream log(settings.GetLogFile());
+    EXPECT_TRUE(log && log.peek() != std::ifstream::traits_type::eof()) << "no statistics were written";
+    const auto packets = run(false);
+    EXPECT_EQ(packets.size(), 75U);
+    EXPECT_NEAR(BitsPerSecond(packets, 3), 500000, 80000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Encoders, TwoPasses, testing::Values("h264", "hevc", "vp9"));
+
+TEST(TwoPass, IsAnEmptyFirstPassForACodecWithoutPasses) {
+    Proc::SettingsTwoPassEncoding settings;
+    settings.SetLogFile("/nowhere/pass.log");
+    const auto stream = MakeVideo({});
+    for (const bool first : {true, false}) {
+        settings.firstPass = first;
+        const auto encoder = VideoEncoder(stream, Rated("mpeg4", "vbr", 500000));
+        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
+        encoder->Reset();
+        EXPECT_EQ(ReadAll(*encoder).size(), first ? 0U : 25U);
+    }
+}
+
+TEST(TwoPass, NamesALogThatIsMissingInTheSecond) {
+    for (const char* codec : {"vp9", "h264", "hevc"}) {
+        Proc::SettingsTwoPassEncoding settings;
+        settings.SetLogFile("/nowhere/pass.log");
+        const auto encoder = VideoEncoder(MakeVideo({}), Rated(codec, "vbr", 500000));
+        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
+        const auto failure = Failure([&] { encoder->Prepare(); });
+        EXPECT_NE(failure.GetCode(), TranscodingError::None) << codec;
+        EXPECT_NE(failure.GetDescription().find("/nowhere/pass.log"), std::string::npos) << failure.GetDescription();
+    }
+}
+
+TEST(VideoEncoder, StartsAfreshAfterReset) {
+    const auto encoder = VideoEncoder(MakeVideo({}), Description("h264"));
+    encoder->Prepare();
+    EXPECT_TRUE(encoder->ReadRaw());
+    encoder->Reset();
+    EXPECT_EQ(encoder->GetPosition(), 0);
+    const auto packets = ReadAll(*encoder);
+    EXPECT_EQ(packets.size(), 25U);
+    EXPECT_FALSE(encoder->ReadRaw());
+}
+
+TEST(VideoEncoder, GivesNothingAfterAnInterrupt) {
+    VideoShape shape;
+    shape.frames = 1000;
+    const auto encoder = VideoEncoder(MakeVideo(shape), Description("mpeg4"));
+    encoder->Prepare();
+    EXPECT_TRUE(encoder->ReadRaw());
+    encoder->Interrupt();
+    EXPECT_FALSE(encoder->ReadRaw());
+    encoder->Reset();
+    EXPECT_TRUE(encoder->ReadRaw());
+}
+
+TEST(VideoEncoder, KeepsFieldsOfInterlacedPictures) {
+    const ScratchFolder folder;
+    VideoShape shape;
+    shape.width = 720;
+    shape.height = 576;
+    shape.frames = 6;
+    shape.paint = [](AVFrame& frame, int index) {
+        for (int plane = 0; plane < 3; ++plane)
+            for (int at = 0; at < frame.linesize[plane] * (plane ? 288 : 576); ++at)
+                frame.data[plane][at] = static_cast<std::uint8_t>(plane ? 128 : 60 + index * 10);
+        frame.interlaced_frame = 1;
+        frame.top_field_first = 1;
+    };
+    auto description = Description("h264");
+    description.SetChild(IFormatCodecVideo::TAG_INTERLACED, true);
+    WriteFile(folder.File("out.mp4"), "mp4", {VideoEncoder(MakeVideo(shape), description)});
+    const DecodedFile file = Decode(folder.File("out.mp4"));
+    EXPECT_EQ(file.Video().pictures.at(0)->interlaced_frame, 1);
+    EXPECT_EQ(file.Video().pictures.at(0)->top_field_first, 1);
+}
