@@ -1,0 +1,30 @@
+#include "Exported.h"
+
+#include "ExportCore/ExportJob.h"
+#include "support/WaitUntil.h"
+#include <gtest/gtest.h>
+
+namespace TestExport {
+
+ExportCore::ExportOutcome run(const ExportCore::ExportRequest& request) {
+    ExportCore::ExportJob job(request);
+    ExportCore::ExportOutcome outcome;
+    bool ended = false;
+    QObject::connect(&job, &ExportCore::ExportJob::finished, [&](const ExportCore::ExportOutcome& result) {
+        outcome = result;
+        ended = true;
+    });
+    job.start();
+    EXPECT_TRUE(TestSupport::waitUntil([&ended] { return ended; }, 300'000));
+    return outcome;
+}
+
+ExportCore::ExportRequest requestOf(const std::string& input, const char* preset, const std::string& output) {
+    ExportCore::ExportRequest request;
+    request.inputs << QString::fromStdString(input);
+    request.presetId = preset;
+    request.outputPath = QString::fromStdString(output);
+    return request;
+}
+
+} // namespace TestExport

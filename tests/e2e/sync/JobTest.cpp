@@ -1,0 +1,185 @@
+// The life of one export in a process that goes on.
+#include "ExportCore/ExportJob.h"
+#include "Exported.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/WaitUntil.h"
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using ExportCore::ExportJob;
+using ExportCore::ExportOutcome;
+using ExportCore::ExportProgress;
+using ExportCore::ExportRequest;
+using Kestra::Proc::TranscodingError;
+using TestSupport::waitUntil;
+using Status = ExportOutcome::Status;
+
+namespace {
+
+class Job : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        media = new TestMedia::Folder;
+        TestMedia::FlashBeep flashBeep;
+        flashBeep.width = 1280;
+        flashBeep.height = 720;
+        flashBeep.frames = 250;
+        TestMedia::makeFlashBeep(*media / "clip.mov", flashBeep);
+    }
+    static void TearDownTestSuite() { delete media; }
+
+    Job() { TestFiles::write(output, "old"); }
+
+    ExportRequest request() const {
+        ExportRequest result = TestExport::requestOf(*media / "clip.mov", "mp4-h264-720p", output);
+        result.overwrite = true;
+        return result;
+    }
+    void make(const ExportRequest& what) {
+        job = std::make_unique<ExportJob>(what);
+        QObject::connect(job.get(), &ExportJob::started, [this] { ++startCount; });
+        QObject::connect(job.get(), &ExportJob::progressChanged,
+                         [this](const ExportProgress& now) { progress.push_back(now); });
+        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
+            outcome = result;
+            ++finishCount;
+        });
+    }
+    bool waitForEnd() {
+        const bool ended = waitUntil([this] { return finishCount > 0; }, 60'000);
+        TestSupport::turnEventLoop();
+        EXPECT_EQ(finishCount, 1);
+        return ended;
+    }
+    void expectUntouched() const {
+        EXPECT_EQ(TestFiles::read(output), "old");
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+    }
+
+    static TestMedia::Folder* media;
+    const TestMedia::Folder place;
+    const std::string output = place / "film.mp4";
+    std::unique_ptr<ExportJob> job;
+    ExportOutcome outcome;
+    std::vector<ExportProgress> progress;
+    int startCount = 0;
+    int finishCount = 0;
+};
+
+TestMedia::Folder* Job::media = nullptr;
+
+TEST_F(Job, TellsStartThenProgressThenItsEndOnce) {
+    make(request());
+    job->start();
+    EXPECT_EQ(finishCount, 0) << "everything comes from the event loop";
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(startCount, 1);
+    ASSERT_FALSE(progress.empty());
+    for (std::size_t i = 1; i < progress.size(); ++i)
+        EXPECT_GE(progress[i].percent, progress[i - 1].percent);
+    EXPECT_EQ(outcome.facts.frames, 250);
+    EXPECT_EQ(outcome.facts.durationMs, 10'000);
+    EXPECT_EQ(outcome.facts.sizeBytes, TestFiles::read(output).size());
+    EXPECT_EQ(outcome.facts.videoCodec, "h264");
+    EXPECT_EQ(outcome.facts.audioCodec, "aac");
+}
+
+TEST_F(Job, TwoJobsOneAfterTheOtherBothSucceed) {
+    for (int run = 0; run < 2; ++run) {
+        const ExportOutcome result = TestExport::run(request());
+        EXPECT_EQ(result.status, Status::Done) << result.error.GetDescription();
+    }
+}
+
+TEST_F(Job, AStopDuringTheRunLeavesTheOldFile) {
+    make(request());
+    job->start();
+    ASSERT_TRUE(waitUntil([this] { return !progress.empty(); }));
+    job->stop();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Stopped);
+    expectUntouched();
+}
+
+TEST_F(Job, AStopAtAnyTurnOfTheEventLoopIsAStop) {
+    for (int turns = 0; turns < 8; ++turns) {
+        finishCount = 0;
+        make(request());
+        job->start();
+        TestSupport::turnEventLoop(turns);
+        job->stop();
+        job->stop();
+        ASSERT_TRUE(waitForEnd()) << turns;
+        EXPECT_EQ(outcome.status, Status::Stopped) << turns;
+        expectUntouched();
+    }
+}
+
+TEST_F(Job, AStopAfterTheEndDoesNothing) {
+    make(request());
+    job->start();
+    ASSERT_TRUE(waitForEnd());
+    job->stop();
+    TestSupport::turnEventLoop();
+    EXPECT_EQ(finishCount, 1);
+    EXPECT_EQ(TestFiles::read(output).size(), outcome.facts.sizeBytes);
+}
+
+TEST_F(Job, DestructionDuringTheRunLeavesTheOldFile) {
+    make(request());
+    job->start();
+    ASSERT_TRUE(waitUntil([this] { return !progress.empty(); }));
+    job.reset();
+    EXPECT_EQ(finishCount, 0);
+    expectUntouched();
+}
+
+TEST_F(Job, WhatTheEventLoopCaughtIsTheRunsFailure) {
+    make(request());
+    job->start();
+    ASSERT_TRUE(waitUntil([this] { return startCount > 0; }));
+    job->fail(std::make_exception_ptr(std::runtime_error("out of the loop")));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "out of the loop");
+    expectUntouched();
+}
+
+TEST_F(Job, ARefusalBeginsNothing) {
+    ExportRequest wrong = request();
+    wrong.in = KTime(10'000);
+    make(wrong);
+    job->start();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Refused);
+    EXPECT_EQ(startCount, 0);
+    expectUntouched();
+}
+
+TEST_F(Job, APartThatEndsBeforeTheDamageCanBeExported) {
+    const std::string whole = place / "whole.mkv", half = *media / "half.mkv";
+    TestMedia::makeFlashBeep(whole, {});
+    const QByteArray content = TestFiles::read(whole);
+    TestFiles::write(half, content.left(content.size() / 2));
+    QFile::remove(QString::fromStdString(whole));
+    ExportRequest damaged = request();
+    damaged.inputs = QStringList(QString::fromStdString(half));
+    make(damaged);
+    job->start();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetCode(), TranscodingError::SourceDamaged);
+    expectUntouched();
+
+    finishCount = 0;
+    damaged.out = KTime(1000);
+    make(damaged);
+    job->start();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_FALSE(outcome.warnings.isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,54 @@
+// Media that real people have, where a folder of them is at hand.
+#include "Exported.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using ExportCore::ExportOutcome;
+
+namespace {
+
+const QSet<QString> AUDIO_ONLY{QStringLiteral("36_opus-5.1.mka")};
+/// Claims far more than it holds.
+const QSet<QString> DAMAGED{QStringLiteral("40_fixture2.mkv")};
+
+QStringList files() {
+    QStringList names =
+        TestFiles::namesIn(EDITOREXPORT_REAL_MEDIA).filter(QRegularExpression(QStringLiteral("^\\d+_")));
+    return names;
+}
+
+TEST(RealMedia, EveryFileExportsRightAndTheDamagedOneIsToldAsSuch) {
+    if (files().isEmpty())
+        GTEST_SKIP() << "no folder " << EDITOREXPORT_REAL_MEDIA;
+    const TestMedia::Folder place;
+    for (const QString& name : files()) {
+        SCOPED_TRACE(name.toStdString());
+        const bool audioOnly = AUDIO_ONLY.contains(name);
+        const std::string output = place / name.toStdString() + (audioOnly ? ".m4a" : ".mp4");
+        const ExportOutcome outcome =
+            TestExport::run(TestExport::requestOf(std::string(EDITOREXPORT_REAL_MEDIA) + "/" + name.toStdString(),
+                                                  audioOnly ? "m4a-aac" : "mp4-h264-720p", output));
+        if (DAMAGED.contains(name)) {
+            EXPECT_EQ(outcome.status, ExportOutcome::Status::Failed);
+            EXPECT_EQ(outcome.error.GetCode(), Kestra::Proc::TranscodingError::SourceDamaged);
+            EXPECT_FALSE(QFile::exists(QString::fromStdString(output)));
+            continue;
+        }
+        ASSERT_EQ(outcome.status, ExportOutcome::Status::Done) << outcome.error.GetDescription();
+        const TestMedia::ProbedMedia media = TestMedia::probe(output);
+        EXPECT_EQ(media.decodeErrors, 0);
+        EXPECT_EQ(media.video.has_value(), !audioOnly);
+        ASSERT_TRUE(media.audio);
+        EXPECT_EQ(media.audio->gaps, 0);
+        EXPECT_NEAR(media.duration, static_cast<double>(outcome.facts.durationMs) / 1000, 0.05);
+        if (media.video) {
+            EXPECT_EQ(static_cast<qint64>(media.video->frames.size()), outcome.facts.frames);
+        }
+    }
+}
+
+} // namespace
