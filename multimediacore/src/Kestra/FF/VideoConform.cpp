@@ -2,11 +2,30 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include <algorithm>
+#include <thread>
 #include <utility>
 
 namespace Kestra::FF {
 
 namespace {
+
+/// Pictures from this many pixels on are worth several threads.
+constexpr int LARGE_PICTURE = 1920 * 1080;
+constexpr int MOST_THREADS = 8;
+
+PictureTarget TargetFor(const EncodePicture& picture) {
+    PictureTarget target;
+    target.width = picture.width;
+    target.height = picture.height;
+    target.sampleAspect = picture.sampleAspect;
+    target.format = PlainFormat(picture.format);
+    target.colour = picture.colour;
+    target.place = {0, 0, picture.width, picture.height};
+    if (picture.width * picture.height >= LARGE_PICTURE)
+        target.threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 1, MOST_THREADS);
+    return target;
+}
 
 bool SamePixels(const AVFrame& a, const AVFrame& b) {
     return a.data[0] == b.data[0] && a.data[1] == b.data[1] && a.format == b.format && a.width == b.width &&
@@ -18,7 +37,7 @@ bool SamePixels(const AVFrame& a, const AVFrame& b) {
 VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncodePicture& picture)
     : VideoFilterBase(source, "conform")
     , picture(picture)
-    , conformer(picture) {}
+    , target(TargetFor(picture)) {}
 
 boost::intrusive_ptr<Proc::IDataVideo> VideoConform::ReadVideo() {
     const auto data = source->ReadVideo();
@@ -26,10 +45,28 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoConform::ReadVideo() {
         return nullptr;
     const AVFrame& frame = FrameOf(*data);
     if (!lastSource || !SamePixels(frame, *lastSource)) {
-        lastResult = conformer.Convert(frame);
+        lastResult = Conform(frame);
         lastSource = MakeFrameReference(frame);
     }
     return new DataVideoFF(MakeFrameReference(*lastResult), data->GetTime(), data->GetDuration());
+}
+
+FrameHandle VideoConform::Conform(const AVFrame& frame) {
+    FrameHandle source = MakeFrameReference(frame);
+    source->format = PlainFormat(static_cast<AVPixelFormat>(frame.format));
+    if (IsFullRangeFormat(static_cast<AVPixelFormat>(frame.format)))
+        source->color_range = AVCOL_RANGE_JPEG;
+    // A picture that says nothing of its colour is taken for one of the stream that it came in.
+    if (source->colorspace == AVCOL_SPC_UNSPECIFIED && picture.colour.matrix != AVCOL_SPC_RGB)
+        source->colorspace = static_cast<AVColorSpace>(picture.colour.matrix);
+    target.source = {0, 0, frame.width, frame.height};
+    FrameHandle result = converter.Convert(*source, target);
+    result->format = picture.format;
+    SetColour(*result, picture.colour);
+    const bool keepsFields = picture.interlaced && frame.height == picture.height;
+    result->interlaced_frame = keepsFields ? frame.interlaced_frame : 0;
+    result->top_field_first = keepsFields ? frame.top_field_first : 0;
+    return result;
 }
 
 void VideoConform::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {

@@ -1,7 +1,8 @@
 // Kestra::FF::VideoConform: the last stage before a video encoder.
 #pragma once
 
-#include "Kestra/FF/PictureConformer.h"
+#include "Kestra/FF/EncodePicture.h"
+#include "Kestra/FF/PictureConverter.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 
 namespace Kestra::FF {
@@ -16,8 +17,11 @@ public:
     void Reset() override;
 
 private:
+    FrameHandle Conform(const AVFrame& frame);
+
     const EncodePicture picture;
-    PictureConformer conformer;
+    PictureTarget target;
+    PictureConverter converter;
     /// The last picture and what became of it; holding the picture keeps its memory from being used again.
     FrameHandle lastSource;
     FrameHandle lastResult;
