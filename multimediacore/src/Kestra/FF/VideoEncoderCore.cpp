@@ -164,6 +164,8 @@ FrameHandle VideoEncoderCore::NextFrame() {
         return nullptr;
     FrameHandle frame = MakeFrameReference(FrameOf(*data));
     frame->pts = framesSent++;
+    // A decoder's mark; the wrapper of x265 keeps a copy of each, and loses those of frames that a stop leaves behind.
+    frame->reordered_opaque = 0;
     frame->pkt_duration = 1;
     // What the source's encoder chose for this picture is nothing to this one.
     frame->pict_type = AV_PICTURE_TYPE_NONE;
