@@ -4,6 +4,7 @@
 #include "fakes/streams/SyntheticAudio.h"
 #include "fakes/streams/SyntheticVideo.h"
 #include <cmath>
+#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace Fakes;
@@ -116,16 +117,56 @@ INSTANTIATE_TEST_SUITE_P(Export, SoundFiles,
                                          SoundFile{"m4a", "aac", 1024}, SoundFile{"mkv", "opus", 0},
                                          SoundFile{"mkv", "mp3", 2}, SoundFile{"mp4", "flac", 0}));
 
+namespace {
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::uint32_t NumberAt(const std::string& bytes, std::size_t at) {
+    std::uint32_t number = 0;
+    for (std::size_t index = 0; index < 4; ++index)
+        number = number << 8 | static_cast<std::uint8_t>(bytes.at(at + index));
+    return number;
+}
+
+} // namespace
+
 TEST(Muxer, PutsTheIndexBeforeTheMediaInMp4) {
     const ScratchFolder folder;
     const std::string path = folder.File("out.mp4");
     WriteFile(path, "mp4", {VideoEncoder(MakeVideo({}), Description("h264"))});
-    std::string bytes(1 << 20, '\0');
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    ASSERT_NE(file, nullptr);
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
-    std::fclose(file);
+    const std::string bytes = ReadFile(path);
+    ASSERT_NE(bytes.find("moov"), std::string::npos);
     EXPECT_LT(bytes.find("moov"), bytes.find("mdat"));
+}
+
+TEST(Muxer, CountsTheLengthOfAMovieExactly) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("out.mp4");
+    VideoShape pictures;
+    pictures.rate = {30000, 1001};
+    pictures.frames = 47;
+    WriteFile(path, "mp4", {VideoEncoder(MakeVideo(pictures), Description("h264"))});
+    const std::string bytes = ReadFile(path);
+    const std::size_t header = bytes.find("mvhd");
+    ASSERT_NE(header, std::string::npos);
+    const std::uint64_t timescale = NumberAt(bytes, header + 16);
+    const std::uint64_t duration = NumberAt(bytes, header + 20);
+    EXPECT_EQ(duration * 30000, std::uint64_t{47} * 1001 * timescale);
+}
+
+TEST(Muxer, KeepsTheTagOfAProResProfile) {
+    const ScratchFolder folder;
+    const std::pair<const char*, std::uint32_t> profiles[] = {{"proxy", MKTAG('a', 'p', 'c', 'o')},
+                                                              {"hq", MKTAG('a', 'p', 'c', 'h')}};
+    for (const auto& [profile, tag] : profiles) {
+        auto description = Description("prores");
+        description.SetChild(Kestra::Conf::IFormatCodec::TAG_PROFILE, std::string(profile));
+        WriteFile(folder.File("out.mov"), "mov", {VideoEncoder(MakeVideo({}), description)});
+        EXPECT_EQ(Decode(folder.File("out.mov")).Video().parameters->codec_tag, tag) << profile;
+    }
 }
 
 TEST(Muxer, TagsHevcSoThatItsHeaderIsTheContainers) {

@@ -127,6 +127,14 @@ TEST(DataOutput, NamesAFolderThatIsNotThere) {
     EXPECT_NE(failure.GetDescription().find("none/out.mp4"), std::string::npos);
 }
 
+TEST(DataOutput, RefusesAPipeThatNobodyReads) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("pipe");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const auto failure = Failure([&] { Core::DataOutputFF::Create(ioPath(path))->Open(); });
+    EXPECT_EQ(failure.GetCode(), TranscodingError::OutputNotWritable);
+}
+
 TEST(DataOutput, FailsOnADeviceWithoutRoom) {
     const auto output = Core::DataOutputFF::Create(ioPath("/dev/full"));
     const auto failure = Failure([&] {

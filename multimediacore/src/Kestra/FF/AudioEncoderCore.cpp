@@ -54,7 +54,10 @@ void AudioEncoderCore::AlignTo(std::int64_t start, std::int64_t end) {
 }
 
 std::int64_t AudioEncoderCore::GetDuration() const {
-    return stream->GetDuration();
+    const std::int64_t duration = stream->GetDuration();
+    if (!IsPrepared() || duration == TIME_UNKNOWN)
+        return duration;
+    return SamplesToTime(TimeToSamples(duration, samples.rate), samples.rate);
 }
 
 std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
@@ -86,8 +89,8 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
     chain->Prepare();
 }
 
-// Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins at the
-// cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
+// Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins
+// at the cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
 std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
     if (codec.id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
         return 0;
@@ -104,7 +107,8 @@ void AudioEncoderCore::ChooseWindow(const AVCodecContext& context) {
     const bool cut = alignEnd != INT64_MAX;
     const std::int64_t around = cut ? Surroundings(context) : 0;
     const std::int64_t start = std::min(TimeToSamples(alignStart, samples.rate), whole);
-    const std::int64_t ahead = context.frame_size > 0 ? std::min(around, start / context.frame_size * context.frame_size) : 0;
+    const std::int64_t ahead =
+        context.frame_size > 0 ? std::min(around, start / context.frame_size * context.frame_size) : 0;
     firstSample = start - ahead;
     if (!cut)
         total = whole == INT64_MAX ? -1 : whole;

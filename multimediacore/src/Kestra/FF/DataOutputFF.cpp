@@ -36,6 +36,7 @@ TranscodingError CodeOf(int error) {
     case EISDIR:
     case ELOOP:
     case ENAMETOOLONG:
+    case ENXIO:
     case ETXTBSY:
     case EBUSY:
         return TranscodingError::OutputNotWritable;
@@ -94,7 +95,8 @@ void FileOutput::RequireOpen() const {
 void FileOutput::Open() {
     CloseQuietly();
     failure = nullptr;
-    file = ::open(path.ToUtf8().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    // A pipe without a reader is then refused at once; it would otherwise be waited for. For files it means nothing.
+    file = ::open(path.ToUtf8().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
     if (file < 0)
         Throw(errno, "cannot be created");
     buffer.reserve(BUFFER_SIZE);

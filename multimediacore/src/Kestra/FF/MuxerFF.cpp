@@ -29,12 +29,20 @@ void SetOption(AVFormatContext& context, const char* name, const char* value) {
     Check(av_opt_set(&context, name, value, AV_OPT_SEARCH_CHILDREN), TranscodingError::MuxerRefused, name);
 }
 
-void CopyParameters(AVStream& stream, const CodecParametersFF& source, bool isMov) {
+// The encoder's tag tells ProRes profiles apart; it stays where the container knows it. HEVC gets the one by which its
+// parameter sets stand in the header alone, as the encoder makes it: some players take no other.
+std::uint32_t ChooseTag(const AVCodecParameters& parameters, const AVOutputFormat& container, bool isMov) {
+    if (isMov && parameters.codec_id == AV_CODEC_ID_HEVC)
+        return MKTAG('h', 'v', 'c', '1');
+    const bool known = container.codec_tag && parameters.codec_tag != 0 &&
+                       av_codec_get_id(container.codec_tag, parameters.codec_tag) == parameters.codec_id;
+    return known ? parameters.codec_tag : 0;
+}
+
+void CopyParameters(AVStream& stream, const CodecParametersFF& source, const AVOutputFormat& container, bool isMov) {
     Check(avcodec_parameters_copy(stream.codecpar, &source.GetParameters()), TranscodingError::MuxerRefused,
           "parameters of a track");
-    // A tag is the container's choice. The exception is HEVC, of which some players take only the one with its
-    // parameter sets in the header alone, as the encoder makes it.
-    stream.codecpar->codec_tag = isMov && stream.codecpar->codec_id == AV_CODEC_ID_HEVC ? MKTAG('h', 'v', 'c', '1') : 0;
+    stream.codecpar->codec_tag = ChooseTag(*stream.codecpar, container, isMov);
     stream.time_base = source.GetTimeBase();
     stream.sample_aspect_ratio = stream.codecpar->sample_aspect_ratio;
     if (stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO) {
@@ -95,7 +103,7 @@ int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {
     if (avformat_query_codec(context->oformat, id, FF_COMPLIANCE_EXPERIMENTAL) == 0)
         Fail(TranscodingError::MuxerRefused, "The container " + Name() + " cannot hold " + avcodec_get_name(id));
     AVStream* stream = Allocated(avformat_new_stream(context.get(), nullptr));
-    CopyParameters(*stream, *parameters, container.isMov);
+    CopyParameters(*stream, *parameters, *context->oformat, container.isMov);
     packetTimeBases.push_back(parameters->GetTimeBase());
     return stream->index;
 }
