@@ -24,5 +24,7 @@ write_basic_package_version_file("${CMAKE_BINARY_DIR}/EditorExportConfigVersion.
 install(FILES "${CMAKE_BINARY_DIR}/EditorExportConfig.cmake" "${CMAKE_BINARY_DIR}/EditorExportConfigVersion.cmake"
   DESTINATION ${package_dir})
 
+# The tree may be moved: the file finds its prefix from its own place.
+file(RELATIVE_PATH EDITOREXPORT_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 configure_file(cmake/EditorExport.pc.in "${CMAKE_BINARY_DIR}/EditorExport.pc" @ONLY)
 install(FILES "${CMAKE_BINARY_DIR}/EditorExport.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
