@@ -1,7 +1,9 @@
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Kestra::Conf;
 using Kestra::Core::Property;
@@ -45,6 +47,8 @@ TEST(IFormatCodecVideo, NeutralValuesTakeTheNodeAway) {
     format->SetBitrate(0);
     format->SetFrameRate(25, 1);
     format->SetFrameRate(25, 0);
+    format->SetFrameRate(25, 1);
+    format->SetFrameRate(std::numeric_limits<std::int64_t>::min(), -1);
     format->SetBitrateMode("vbr");
     format->SetBitrateMode("");
     EXPECT_TRUE(format->GetProperty().GetChildren().empty()) << format->GetProperty().ToString();

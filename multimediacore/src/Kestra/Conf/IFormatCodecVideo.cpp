@@ -97,7 +97,7 @@ void IFormatCodecVideo::SetFrameRate(const Rational& rate) {
 }
 
 void IFormatCodecVideo::SetFrameRate(std::int64_t numerator, std::int64_t denominator) {
-    SetFrameRate(denominator == 0 ? Rational(0) : Rational(numerator, denominator));
+    SetFrameRate(denominator <= 0 ? Rational(0) : Rational(numerator, denominator));
 }
 
 PixelFormat IFormatCodecVideo::GetPixelFormat() const {

@@ -35,7 +35,7 @@ public:
     /// 0/1 when not set.
     Rational GetFrameRate() const;
     void SetFrameRate(const Rational& rate);
-    /// A denominator of 0 leaves the rate open.
+    /// A denominator of 0 or less leaves the rate open.
     void SetFrameRate(std::int64_t numerator, std::int64_t denominator);
     PixelFormat GetPixelFormat() const;
     void SetPixelFormat(PixelFormat format);
