@@ -64,9 +64,9 @@ void ShareAlpha(const AVFrame& frame, int y, int shiftX, int shiftY, std::vector
         // Whole groups of four, the usual case, in a loop that becomes vectors.
         const Sample* above = Row<Sample>(frame, 3, firstY);
         const Sample* below = Row<Sample>(frame, 3, firstY + 1);
-        for (; x < frame.width / 2; ++x)
-            row[static_cast<std::size_t>(x)] = static_cast<Sample>(
-                (std::uint32_t{above[2 * x]} + above[2 * x + 1] + below[2 * x] + below[2 * x + 1] + 2) / 4);
+        for (; x < frame.width / 2; ++x, above += 2, below += 2)
+            row[static_cast<std::size_t>(x)] =
+                static_cast<Sample>((std::uint32_t{above[0]} + above[1] + below[0] + below[1] + 2) / 4);
     }
     for (; x < static_cast<int>(row.size()); ++x) {
         const int firstX = x << shiftX;
@@ -75,7 +75,7 @@ void ShareAlpha(const AVFrame& frame, int y, int shiftX, int shiftY, std::vector
         for (int line = firstY; line < lastY; ++line)
             for (int column = firstX; column < lastX; ++column)
                 sum += Row<Sample>(frame, 3, line)[column];
-        const auto count = static_cast<std::uint32_t>((lastY - firstY) * (lastX - firstX));
+        const auto count = static_cast<std::uint32_t>(std::max(1, (lastY - firstY) * (lastX - firstX)));
         row[static_cast<std::size_t>(x)] = static_cast<Sample>((sum + count / 2) / count);
     }
 }

@@ -234,6 +234,7 @@ bool MediaProbe::FindEndNear(Track& track, std::int64_t window) {
 
 void MediaProbe::ScanToEnd(const std::vector<Track*>& tracks) {
     std::vector<int> indices;
+    indices.reserve(tracks.size());
     for (const Track* track : tracks)
         indices.push_back(track->index);
     demuxer.Select(indices);

@@ -46,6 +46,16 @@ bool SameColour(const ColourInfo& a, const ColourInfo& b) {
     return MatrixClass(a.matrix) == MatrixClass(b.matrix) && a.range == b.range;
 }
 
+int ResolveRange(int tagged, AVPixelFormat from, AVPixelFormat to, int wanted) {
+    if (IsFullRangeFormat(to))
+        return AVCOL_RANGE_JPEG;
+    if (wanted != AVCOL_RANGE_UNSPECIFIED)
+        return wanted;
+    if (IsRgb(from))
+        return AVCOL_RANGE_MPEG;
+    return IsFullRangeFormat(from) ? static_cast<int>(AVCOL_RANGE_JPEG) : tagged;
+}
+
 void CopyTags(AVFrame& to, const AVFrame& from) {
     Check(av_frame_copy_props(&to, &from), TranscodingError::OutOfMemory, "Copying the tags of a picture failed");
 }
@@ -75,14 +85,7 @@ ColourInfo PictureConverter::ResolveColour(const AVFrame& picture, AVPixelFormat
         colour.matrix = wanted.matrix;
     else if (wasRgb || colour.matrix == AVCOL_SPC_RGB)
         colour.matrix = CompleteColour(colour, picture.width, picture.height, format, false).matrix;
-    if (IsFullRangeFormat(format))
-        colour.range = AVCOL_RANGE_JPEG;
-    else if (wanted.range != AVCOL_RANGE_UNSPECIFIED)
-        colour.range = wanted.range;
-    else if (wasRgb)
-        colour.range = AVCOL_RANGE_MPEG;
-    else if (IsFullRangeFormat(static_cast<AVPixelFormat>(picture.format)))
-        colour.range = AVCOL_RANGE_JPEG;
+    colour.range = ResolveRange(colour.range, static_cast<AVPixelFormat>(picture.format), format, wanted.range);
     return colour;
 }
 
