@@ -50,7 +50,7 @@ Video createClipPictures(const Timeline& timeline, const Section& section, const
     if (section.count >= LEAST_FRAMES_FOR_THREAD)
         pictures = filters().CreateReadAhead(pictures, framesAhead(clip.info.video->frame));
     pictures = new GridSampler(pictures, target.GetFrameRate(), section.skip, section.count);
-    const Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
+    Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
     resized->PreferFormat(target);
     return resized;
 }

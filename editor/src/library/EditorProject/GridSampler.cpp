@@ -24,7 +24,7 @@ boost::intrusive_ptr<Proc::IDataVideo> GridSampler::ReadVideo() {
         return nullptr; // what looks like the source's end is none
     const std::int64_t run = RunLength();
     const std::int64_t begin = FramesToTime(produced, rate);
-    const boost::intrusive_ptr<Proc::IDataVideo> picture = current->Share();
+    boost::intrusive_ptr<Proc::IDataVideo> picture = current->Share();
     picture->SetTime(begin);
     picture->SetDuration(FramesToTime(produced + run, rate) - begin);
     produced += run;

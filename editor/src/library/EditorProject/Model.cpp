@@ -43,7 +43,7 @@ void requireSource(const Adoption<M>& order) {
 
 Model::Model(std::function<void()> ordered)
     : videos(ordered, adoptions)
-    , audios(ordered, adoptions) {
+    , audios(std::move(ordered), adoptions) {
     compositionOwn(&compositionObject);
     fastTrackOwn(&fastTrackObject);
 }

@@ -52,7 +52,7 @@ SequenceAudio::Block SequenceAudio::ReadAudio() {
 }
 
 void SequenceAudio::OpenClip() {
-    if (clip)
+    if (section && clip)
         return;
     section = &sectionAt(sections, nextSample);
     if (!HasSound(*section))
@@ -81,7 +81,7 @@ void SequenceAudio::OpenSilence() {
 }
 
 SequenceAudio::Block SequenceAudio::ReadClip() {
-    const Block block = clip->ReadAudio();
+    Block block = clip->ReadAudio();
     if (!block || landed)
         return block;
     landed = true;
@@ -92,7 +92,7 @@ SequenceAudio::Block SequenceAudio::ReadClip() {
 
 SequenceAudio::Block SequenceAudio::Placed(const Block& block) {
     const std::int64_t count = std::min(block->GetSampleCount() - drop, section->end() - nextSample);
-    const Block part = block->Slice(drop, count);
+    Block part = block->Slice(drop, count);
     drop = 0;
     const std::int64_t begin = SamplesToTime(nextSample, format.GetRate());
     nextSample += count;

@@ -40,7 +40,7 @@ boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
         return nullptr;
     if (!picture && !Fetch())
         return nullptr;
-    const boost::intrusive_ptr<Proc::IDataVideo> frame = picture->Share();
+    boost::intrusive_ptr<Proc::IDataVideo> frame = picture->Share();
     const std::int64_t begin = FramesToTime(nextFrame, rate);
     frame->SetTime(begin);
     frame->SetDuration(FramesToTime(nextFrame + 1, rate) - begin);
