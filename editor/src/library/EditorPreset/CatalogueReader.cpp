@@ -20,7 +20,7 @@ constexpr const char* KEY_PRESETS = "presets";
 constexpr const char* KEY_NAME = "name";
 constexpr const char* KEY_DEFAULT = "default";
 /// Far above any catalogue; keeps a wrong path from filling the memory.
-constexpr qint64 LARGEST_FILE = 4 * 1024 * 1024;
+constexpr qint64 LARGEST_FILE = qint64{4} * 1024 * 1024;
 
 QLatin1String key(const char* name) {
     return QLatin1String(name);

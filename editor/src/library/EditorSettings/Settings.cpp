@@ -48,7 +48,7 @@ QString libraryFolder() {
 QString findUpwards(const QString& folder, const QString& relative) {
     QDir place(folder);
     do {
-        const QString candidate = place.filePath(relative);
+        QString candidate = place.filePath(relative);
         if (QFileInfo(candidate).isFile())
             return candidate;
     } while (place.cdUp());
@@ -63,12 +63,12 @@ constexpr const char* KEY_ID = "export/lastUsedPresetId";
 } // namespace
 
 QString Settings::presetFilePath() {
-    const QString chosen = qEnvironmentVariable("EDITOR_EXPORT_PRESETS");
+    QString chosen = qEnvironmentVariable("EDITOR_EXPORT_PRESETS");
     if (!chosen.isEmpty())
         return chosen;
     const QString folder = libraryFolder();
     for (const char* const place : {INSTALLED_CATALOGUE, SOURCE_TREE_CATALOGUE}) {
-        const QString found = folder.isEmpty() ? QString() : findUpwards(folder, literal(place));
+        QString found = folder.isEmpty() ? QString() : findUpwards(folder, literal(place));
         if (!found.isEmpty())
             return found;
     }

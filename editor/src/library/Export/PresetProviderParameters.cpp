@@ -58,7 +58,7 @@ boost::intrusive_ptr<IFormatCodecVideo> PresetProvider::formatCodec(const Media:
     const Kestra::Conf::CodecID codec = chosen.videoCodec();
     const boost::rational<long long> rate = chosen.frameRate();
     const FrameInfo out = outputFrame(*video, chosen);
-    const boost::intrusive_ptr<IFormatCodecVideo> format = IFormatCodecVideo::Create();
+    boost::intrusive_ptr<IFormatCodecVideo> format = IFormatCodecVideo::Create();
     format->InitByFrameAspect(out.width, out.height, out.aspectNumerator, out.aspectDenominator);
     format->SetCodecID(codec);
     if (rate != SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE)
@@ -76,7 +76,7 @@ boost::intrusive_ptr<IFormatCodecAudio> PresetProvider::formatCodec(const Media:
     const Preset chosen = preset();
     const Kestra::Conf::CodecID codec = chosen.audioCodec();
     const SampleInfo merged = sampleInfoPre(audio);
-    const boost::intrusive_ptr<IFormatCodecAudio> format = IFormatCodecAudio::Create();
+    boost::intrusive_ptr<IFormatCodecAudio> format = IFormatCodecAudio::Create();
     // Layout and rate as the preset stores them, open ones included; only the sample format is the merged one.
     format->SetChannelLayout(chosen.channelLayout());
     format->SetSampleRate(static_cast<int>(chosen.sampleRate()));
