@@ -51,7 +51,7 @@ bool Transcoder::initialize(Data data, QString& error) {
     }
 
     outputPath = Kestra::ioPath(data.outputPath.toUtf8().toStdString());
-    brandingName = data.brandingName;
+    brandingName = std::move(data.brandingName);
     presetProvider = data.presetProvider;
     exportRange = data.exportRange;
     scheduler = std::make_unique<Kestra::Util::Scheduler<Transcoder>>(this, &Transcoder::tryToStart,
