@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Message/View.h"
+#include <type_traits>
 
 namespace Message {
 
@@ -20,7 +21,7 @@ public:
         , target(&value)
         , value(changed ? *changed : T()) {}
     /// The other chain has no effect any more.
-    SetterChain(SetterChain&& other);
+    SetterChain(SetterChain&& other) noexcept(std::is_nothrow_move_constructible_v<T>);
     SetterChain(const SetterChain&) = delete;
     SetterChain& operator=(const SetterChain&) = delete;
     ~SetterChain();
@@ -37,7 +38,7 @@ public:
 };
 
 template <class T>
-View<T>::SetterChain::SetterChain(SetterChain&& other)
+View<T>::SetterChain::SetterChain(SetterChain&& other) noexcept(std::is_nothrow_move_constructible_v<T>)
     : view(other.view)
     , commit(other.commit)
     , own(other.own)
