@@ -5,6 +5,7 @@
 #include <QProcessEnvironment>
 #include <QTextCodec>
 #include <csignal>
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace TestCli {
@@ -80,6 +81,10 @@ Result Program::finish() {
     errors += process.readAllStandardError();
     result.errors = QString::fromUtf8(errors);
     result.output = QString::fromUtf8(process.readAllStandardOutput());
+    // Also where the exit code is lost: to a second signal, or under another program.
+    EXPECT_FALSE(result.errors.contains(QLatin1String("Sanitizer: ")) ||
+                 result.errors.contains(QLatin1String("runtime error: ")))
+        << result.errors.toStdString();
     return result;
 }
 
