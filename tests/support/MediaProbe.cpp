@@ -283,7 +283,7 @@ ProbedMedia probe(const std::string& path) {
     Reader reader(path);
     ProbedMedia media;
     media.container = reader.container().iformat->name;
-    media.duration = seconds(reader.container().duration, AV_TIME_BASE_Q);
+    media.duration = seconds(reader.container().duration, AVRational{1, AV_TIME_BASE});
     media.streams = static_cast<int>(reader.container().nb_streams);
     if (reader.hasVideo())
         media.video = describeVideo(reader.videoStream());
