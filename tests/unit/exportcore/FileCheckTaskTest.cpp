@@ -1,6 +1,6 @@
 #include "ExportCore/FileCheckTask.h"
-#include "support/FileHelpers.h"
 #include "Kestra/Base/Time.h"
+#include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ExportCore/OutputTransaction.h"
-#include "support/FileHelpers.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -22,8 +22,8 @@ public:
     void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
-    /// Encodes only [start, end) and what a decoder needs around it, one packet beginning at `start`, whatever the codec.
-    /// The times of the packets stay those of the whole stream.
+    /// Encodes only [start, end) and what a decoder needs around it, one packet beginning at `start`, whatever the
+    /// codec. The times of the packets stay those of the whole stream.
     void AlignTo(std::int64_t start, std::int64_t end) override;
     std::string Describe() const override;
 
