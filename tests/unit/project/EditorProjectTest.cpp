@@ -68,6 +68,8 @@ public:
     std::function<void()> onImpl;
 
 private:
+    using Stream::AudioView::implChanged;
+    using Stream::AudioView::isAvailable;
     void implChanged(const Stream::VideoObject* stream) override {
         events.push_back(stream->available ? "impl while available" : "impl");
         if (onImpl)
