@@ -2,34 +2,16 @@
 #pragma once
 
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
-#include "Kestra/Proc/Filters/ReadAheadQueue.h"
+#include "Kestra/Proc/Filters/ReadAheadBase.h"
 
 namespace Kestra::Proc {
 
-/// The thread starts with the first read. What the source throws is thrown by the read that would have returned the
-/// missing block. Seek waits for the read that is under way; Reset, Interrupt and the destructor interrupt it.
-class KESTRA_EXPORT ReadAheadAudio final : public AudioFilterBase {
+class KESTRA_EXPORT ReadAheadAudio final : public ReadAheadBase<AudioFilterBase> {
 public:
     ReadAheadAudio(const boost::intrusive_ptr<IStreamAudio>& source, int blocks);
-    ~ReadAheadAudio() override;
 
     boost::intrusive_ptr<IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;
-    std::int64_t GetDuration() const override;
-    std::int64_t GetPosition() const override;
-    void Seek(std::int64_t time, SeekMode mode) override;
-    void Interrupt() override;
-    void Prepare() override;
-    void Reset() override;
-
-private:
-    void Start();
-
-    ReadAheadQueue queue;
-    /// Once the thread runs, the source is its own; these are what it said before.
-    boost::intrusive_ptr<Conf::IFormatCodecAudio> format;
-    std::int64_t duration = 0;
-    std::int64_t position = 0;
 };
 
 } // namespace Kestra::Proc
