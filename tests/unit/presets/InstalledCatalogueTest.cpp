@@ -2,6 +2,9 @@
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "support/CatalogueFixture.h"
+#include <algorithm>
+#include <set>
+#include <vector>
 
 using TestPresets::text;
 
@@ -36,6 +39,31 @@ protected:
         for (const QJsonValue& preset : readJson(INSTALLED_CATALOGUE)[text("presets")].toArray())
             all.push_back(storage.preset(preset.toObject()[text("id")].toString().toStdString()));
         return all;
+    }
+    Preset modified(const Preset& preset, const std::string& modifier) const {
+        Preset result = preset;
+        result.applyQualityModifier(storage.qualityModifierData(preset.id(), modifier));
+        return result;
+    }
+    /// A number that grows with the bits that the preset's picture takes.
+    static double cost(const Preset& preset) {
+        static const std::vector<std::string> formats{"yuv420p", "yuv422p10", "yuv444p10"};
+        static const std::vector<std::string> profiles{"proxy", "lt", "standard", "hq"};
+        const auto rank = [&preset](const std::vector<std::string>& names, const char* tag) {
+            const std::string name = preset.property()["video"][tag].GetString();
+            const auto found = std::find(names.begin(), names.end(), name);
+            EXPECT_NE(found, names.end()) << preset.id() << ": " << name;
+            return static_cast<double>(found - names.begin());
+        };
+        if (preset.videoCodec() == Kestra::Conf::CodecID::FFV1)
+            return rank(formats, "pixelFormat");
+        if (preset.videoCodec() == Kestra::Conf::CodecID::ProRes)
+            return rank(profiles, "profile");
+        const bool byQuality = preset.videoBitrateMode() == Export::BitrateMode::Quality;
+        const bool byBitrate = preset.videoBitrateMode() == Export::BitrateMode::Variable;
+        return byQuality   ? -preset.videoQuality()
+               : byBitrate ? static_cast<double>(preset.videoBitrateBps())
+                           : preset.videoBitrateMultiplier();
     }
     PresetStorage storage;
 };
@@ -76,6 +104,46 @@ TEST_F(InstalledCatalogueTest, NoTwoPresetsAreTheSame) {
     for (std::size_t first = 0; first < all.size(); ++first)
         for (std::size_t second = first + 1; second < all.size(); ++second)
             EXPECT_FALSE(all[first].equalsTo(all[second])) << all[first].id() << " and " << all[second].id();
+}
+
+TEST_F(InstalledCatalogueTest, EveryVideoPresetComesInThreeQualitiesAtLeast) {
+    for (const Preset& preset : everyPreset()) {
+        const std::set<std::string> names = storage.qualityModifierTags(preset.id());
+        if (!preset.hasVideo())
+            continue;
+        for (const char* const name : {"high", "medium", "low"})
+            EXPECT_EQ(names.count(name), 1u) << preset.id() << " has no " << name;
+        EXPECT_GT(cost(modified(preset, "high")), cost(modified(preset, "medium"))) << preset.id();
+        EXPECT_GT(cost(modified(preset, "medium")), cost(modified(preset, "low"))) << preset.id();
+    }
+}
+
+TEST_F(InstalledCatalogueTest, QualitiesOfAPresetGiveDifferentFilesOfOneKind) {
+    for (const Preset& preset : everyPreset()) {
+        const std::set<std::string> names = storage.qualityModifierTags(preset.id());
+        for (const std::string& name : names) {
+            const Preset one = modified(preset, name);
+            EXPECT_EQ(one.muxerData(), preset.muxerData()) << preset.id() << " " << name;
+            EXPECT_EQ(one.videoCodec(), preset.videoCodec()) << preset.id() << " " << name;
+            EXPECT_EQ(one.width(), preset.width()) << preset.id() << " " << name;
+            EXPECT_EQ(one.videoBitrateMode(), preset.videoBitrateMode()) << preset.id() << " " << name;
+            EXPECT_EQ(one.isVideoTwoPassEncodingEnabled(), preset.isVideoTwoPassEncodingEnabled()) << preset.id();
+            for (const std::string& other : names)
+                EXPECT_EQ(one.affectsAs(modified(preset, other)), name == other) << name << " and " << other;
+        }
+    }
+}
+
+TEST_F(InstalledCatalogueTest, APresetAsItIsCorrespondsToOneOfItsQualities) {
+    for (const Preset& preset : everyPreset()) {
+        const std::set<std::string> names = storage.qualityModifierTags(preset.id());
+        const auto same = std::count_if(names.begin(), names.end(), [&](const std::string& name) {
+            return modified(preset, name).affectsAs(preset);
+        });
+        // Without loss there is nothing in between: its qualities are formats, and on its own it keeps the source's.
+        const bool ownFormat = preset.videoCodec() == Kestra::Conf::CodecID::FFV1;
+        EXPECT_EQ(same, names.empty() || ownFormat ? 0 : 1) << preset.id();
+    }
 }
 
 TEST_F(InstalledCatalogueTest, FilesForTheWebStartFast) {
