@@ -2,6 +2,7 @@
 
 #include "Export/MakeStreamProcessor.h"
 #include "Export/RunProgress.h"
+#include "Export/TwoPass.h"
 #include "Kestra/Proc/IProcessingEvents.h"
 #include "Kestra/Util/FunctorExecutionForwarder.h"
 #include <chrono>
@@ -131,11 +132,14 @@ std::unique_ptr<IStreamProcessingHelper> createStreamProcessingHelper(int passMo
                                                                       const EncoderFactory& videoEncoderFactory,
                                                                       const EncoderFactory& audioEncoderFactory,
                                                                       const MuxerFactory& muxerFactory,
-                                                                      const QString&) {
+                                                                      const QString& temporaryDirectory) {
     switch (passMode) {
     case 0:
         return std::make_unique<MultiPassStreamProcessingHelper>(
             singlePass(videoEncoderFactory, audioEncoderFactory, muxerFactory));
+    case 1:
+        return std::make_unique<MultiPassStreamProcessingHelper>(
+            makeTwoPasses(videoEncoderFactory, audioEncoderFactory, muxerFactory, temporaryDirectory));
     default:
         return nullptr;
     }

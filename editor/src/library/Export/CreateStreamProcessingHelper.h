@@ -8,9 +8,10 @@
 
 namespace Export {
 
-/// The runner of an export: one pass over video and audio into the muxer for `passMode` 0, null for a mode that there
-/// is none for. The runner keeps copies of the factories and calls them on this thread, once a pass.
-/// `temporaryDirectory` is borrowed as a path: it must stand until the run has ended.
+/// The runner of an export: for `passMode` 0 one pass over video and audio into the muxer, for 1 a pass of the video
+/// encoder alone before it, which leaves its statistics in a file under `temporaryDirectory`; null for any other mode.
+/// The runner keeps copies of the factories and calls them on this thread, those of audio and muxer in the last pass
+/// only. `temporaryDirectory` is borrowed as a path: it must stand until the run has ended, and its owner removes it.
 EDITOREXPORT_EXPORT std::unique_ptr<IStreamProcessingHelper>
 createStreamProcessingHelper(int passMode, const EncoderFactory& videoEncoderFactory,
                              const EncoderFactory& audioEncoderFactory, const MuxerFactory& muxerFactory,
