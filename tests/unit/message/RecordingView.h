@@ -46,6 +46,11 @@ public:
         , names(itemNames)
         , log(target) {}
     RecordingView(const RecordingView&) = default;
+    RecordingView(std::string viewName, const RecordingView& other)
+        : View(other)
+        , name(std::move(viewName))
+        , names(other.names)
+        , log(other.log) {}
 
     std::map<std::string, std::function<void()>> actions;
 
