@@ -15,6 +15,11 @@ QJsonValue codecOf(bool exists, Kestra::Conf::CodecID codec) {
     return exists ? QJsonValue(key(Kestra::Conf::CodecIDToString(codec))) : QJsonValue();
 }
 
+/// By quality there is nothing to spread over two passes: the setting waits there for another bitrate mode.
+bool runsTwoPasses(const Preset& preset) {
+    return preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+}
+
 QJsonObject objectOf(const Preset& preset, const PresetCatalogue& catalogue) {
     QJsonArray tags;
     for (const std::string& tag : catalogue.tagsOf(preset.id()))
@@ -25,7 +30,7 @@ QJsonObject objectOf(const Preset& preset, const PresetCatalogue& catalogue) {
             {key("container"), QString::fromStdString(preset.containerId())},
             {key("video"), codecOf(preset.hasVideo(), preset.videoCodec())},
             {key("audio"), codecOf(preset.hasAudio(), preset.audioCodec())},
-            {key("twoPass"), preset.isVideoTwoPassEncodingEnabled()}};
+            {key("twoPass"), runsTwoPasses(preset)}};
 }
 
 std::string lineOf(const Preset& preset, const PresetCatalogue& catalogue) {

@@ -69,6 +69,15 @@ TEST(Commands, PresetsTellIdTagsAndCodecsAsJson) {
     EXPECT_TRUE(ids.contains(QStringLiteral("mp4-h264-720p")));
 }
 
+TEST(Commands, PresetsTellWhichRunTwoPasses) {
+    const QJsonArray presets = objectOf(run({"presets", "--json"})).value(QStringLiteral("presets")).toArray();
+    for (const QJsonValue& value : presets) {
+        const QString id = value.toObject().value(QStringLiteral("id")).toString();
+        EXPECT_EQ(value.toObject().value(QStringLiteral("twoPass")).toBool(), id.endsWith(QStringLiteral("-2pass")))
+            << id.toStdString();
+    }
+}
+
 TEST(Commands, PresetsOfATagAreThoseOfTheTag) {
     const Result result = run({"presets", "--tag", "audio", "--json"});
     for (const QJsonValue& value : objectOf(result).value(QStringLiteral("presets")).toArray()) {

@@ -146,6 +146,25 @@ TEST_F(InstalledCatalogueTest, APresetAsItIsCorrespondsToOneOfItsQualities) {
     }
 }
 
+TEST_F(InstalledCatalogueTest, TheIdTellsWhetherAPresetRunsTwoPasses) {
+    for (const Preset& preset : everyPreset()) {
+        const bool runsTwo =
+            preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+        const std::string& id = preset.id();
+        const bool saysTwo = id.size() > 6 && id.compare(id.size() - 6, 6, "-2pass") == 0;
+        EXPECT_EQ(runsTwo, saysTwo) << id;
+    }
+}
+
+TEST_F(InstalledCatalogueTest, TwoPassesAreEnabledInPresetsOfEveryBitrateMode) {
+    std::set<Export::BitrateMode> modes;
+    for (const Preset& preset : everyPreset())
+        if (preset.isVideoTwoPassEncodingEnabled())
+            modes.insert(preset.videoBitrateMode());
+    using Mode = Export::BitrateMode;
+    EXPECT_EQ(modes, (std::set<Mode>{Mode::Constant, Mode::Automatic, Mode::Variable, Mode::Quality}));
+}
+
 TEST_F(InstalledCatalogueTest, FilesForTheWebStartFast) {
     for (const Preset& preset : everyPreset()) {
         if (preset.containerId() == "mp4" || preset.containerId() == "mov") {

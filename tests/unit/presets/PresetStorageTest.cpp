@@ -56,6 +56,17 @@ TEST_F(PresetStorageTest, TwoPassIsRead) {
     EXPECT_FALSE(storage.preset("large").isVideoTwoPassEncodingEnabled());
 }
 
+TEST_F(PresetStorageTest, TwoPassMayBeEnabledInEveryBitrateMode) {
+    for (const char* const mode : {"constant", "automatic", "variable", "quality"}) {
+        QJsonObject catalogue = edited(smallCatalogue(), "/presets/0/video/twoPass", true);
+        catalogue = edited(catalogue, "/presets/0/video/bitrateMode", text(mode));
+        catalogue = edited(catalogue, "/presets/0/video/bitrate", 2'000'000);
+        writeCatalogue(edited(catalogue, "/presets/0/video/quality", 20));
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        EXPECT_TRUE(storage.preset("small").isVideoTwoPassEncodingEnabled()) << mode;
+    }
+}
+
 TEST_F(PresetStorageTest, ARefusedCatalogueLeavesTheContentAsItWas) {
     writeCatalogue(smallCatalogue());
     ASSERT_TRUE(load(storage));

@@ -71,8 +71,6 @@ void checkBitrateMode(const Preset& preset, const JsonPlace& place) {
     if (mode == Export::BitrateMode::Quality && preset.videoQuality() == 0.0 &&
         !hasQualityByProfile(preset.videoCodec()))
         place.refuse("the bitrate mode \"quality\" needs a quality");
-    if (mode == Export::BitrateMode::Quality && preset.isVideoTwoPassEncodingEnabled())
-        place.at(TAG_TWO_PASS).refuse("the bitrate mode \"quality\" is never encoded in two passes");
 }
 
 void checkSide(int side, int limit, const char* tag, const JsonPlace& place) {
