@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/Proc/IStreamAudio.h"
+#include <atomic>
 #include <functional>
 
 namespace Fakes {
@@ -39,14 +40,14 @@ public:
     void Prepare() override {}
     void Reset() override;
 
-    /// Samples handed out since it was made.
+    /// Samples handed out since it was made. Thread-safe.
     std::int64_t GetSamplesRead() const { return samplesRead; }
 
 private:
     const AudioShape shape;
     std::int64_t next = 0;
-    std::int64_t samplesRead = 0;
-    bool interrupted = false;
+    std::atomic<std::int64_t> samplesRead{0};
+    std::atomic<bool> interrupted{false};
 };
 
 boost::intrusive_ptr<SyntheticAudio> MakeAudio(AudioShape shape);

@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/DataVideoFF.h"
 #include "Kestra/Proc/IStreamVideo.h"
+#include <atomic>
 #include <boost/rational.hpp>
 #include <functional>
 
@@ -51,7 +52,7 @@ private:
     const VideoShape shape;
     int next = 0;
     int preferences = 0;
-    bool interrupted = false;
+    std::atomic<bool> interrupted{false};
 };
 
 boost::intrusive_ptr<SyntheticVideo> MakeVideo(VideoShape shape);
