@@ -20,9 +20,8 @@ FileCheckTask::~FileCheckTask() {
 
 void FileCheckTask::start() {
     worker = std::thread([this] {
-        const std::exception_ptr error = run();
-        QMetaObject::invokeMethod(
-            this, [this, error] { Q_EMIT finished(error); }, Qt::QueuedConnection);
+        std::exception_ptr error = run();
+        forwarder.Forward([this, error = std::move(error)] { Q_EMIT finished(error); });
     });
 }
 

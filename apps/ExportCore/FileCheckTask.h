@@ -4,6 +4,7 @@
 #include "ExportCore/ExpectedFile.h"
 #include "ExportCoreExport.h"
 #include "Kestra/Base/ioPath.h"
+#include "Kestra/Util/FunctorExecutionForwarder.h"
 #include <QObject>
 #include <atomic>
 #include <exception>
@@ -40,6 +41,7 @@ private:
     const std::function<void()> last;
     std::atomic<bool> interrupted{false};
     Kestra::Proc::CheckedFile file;
+    Kestra::Util::FunctorExecutionForwarder forwarder;
     std::thread worker;
 };
 
