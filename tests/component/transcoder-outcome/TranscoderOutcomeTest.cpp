@@ -1,21 +1,7 @@
-#include "Export/PresetProvider.h"
-#include "Export/Transcoder.h"
 #include "Kestra/Proc/ProcException.h"
-#include "component/transcoder-outcome/FakeRunner.h"
-#include "fakes/editor/FakeModel.h"
-#include "fakes/editor/TestCatalogue.h"
-#include "support/LogCapture.h"
-#include "support/WaitUntil.h"
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QThread>
-#include <gtest/gtest.h>
-#include <memory>
+#include "component/transcoder-outcome/OutcomeFixture.h"
 #include <stdexcept>
 #include <thread>
-
-using Signals = std::vector<std::string>;
 
 namespace {
 
@@ -25,62 +11,6 @@ std::exception_ptr refused() {
 }
 
 } // namespace
-
-class Outcome : public ::testing::Test {
-protected:
-    Outcome() {
-        using Export::Transcoder;
-        presets.load();
-        QObject::connect(&transcoder, &Transcoder::started, [this] { note("started"); });
-        QObject::connect(&transcoder, &Transcoder::stopped, [this] { note("stopped"); });
-        QObject::connect(&transcoder, &Transcoder::progressChanged, [this] { note("progress"); });
-        QObject::connect(&transcoder, &Transcoder::failed, [this](const Kestra::Proc::ProcessingError& failure) {
-            error = failure;
-            note("failed");
-        });
-    }
-
-    void note(const char* emitted) {
-        emissions.emplace_back(emitted);
-        threads.push_back(QThread::currentThread());
-    }
-
-    /// Brings the transcoder to its runner, with a file at the output path.
-    void start(const char* preset = "av") {
-        presets.selectPreset(std::string(preset));
-        Export::Transcoder::Data data;
-        data.composition = &model.composition;
-        data.outputPath = output();
-        data.presetProvider = &presets;
-        QString refusal;
-        ASSERT_TRUE(transcoder.initialize(data, refusal));
-        model.buildStreams(nullptr, nullptr);
-        ASSERT_TRUE(TestSupport::waitUntil([] { return FakeRunner::current() != nullptr; }));
-        ASSERT_EQ(FakeRunner::current()->starts, 1);
-        QFile file(output());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        log.lines.clear();
-    }
-
-    FakeRunner& runner() { return *FakeRunner::current(); }
-    QString output() const { return folder.filePath(QStringLiteral("output.mp4")); }
-    std::vector<int> tags() const {
-        std::vector<int> found;
-        for (const auto& line : log.lines)
-            found.push_back(line.tag);
-        return found;
-    }
-
-    QTemporaryDir folder;
-    TestSupport::LogCapture log;
-    EditorFakes::TestCatalogue catalogue;
-    Export::PresetProvider presets{nullptr};
-    EditorFakes::FakeModel model;
-    Signals emissions;
-    std::vector<QThread*> threads;
-    Kestra::Proc::ProcessingError error;
-    Export::Transcoder transcoder{nullptr};
-};
 
 TEST_F(Outcome, AStartFailureIsReportedAndKeepsTheFile) {
     start();
@@ -163,43 +93,60 @@ TEST_F(Outcome, SignalsOfARunnerOnAnotherThreadArriveOnTheTranscodersInOrder) {
 
 TEST_F(Outcome, StopReachesTheRunner) {
     start();
-    transcoder.stop();
+    transcoder->stop();
     EXPECT_EQ(runner().stops, 1);
     EXPECT_EQ(emissions, Signals());
 }
 
-TEST_F(Outcome, TheRunnerGetsTheScratchDirectory) {
+TEST_F(Outcome, ARunStartAndItsProgressAreForwarded) {
+    std::vector<std::pair<int, KTime>> heard;
+    QObject::connect(transcoder.get(), &Export::Transcoder::progressChanged,
+                     [&](int percent, KTime remaining) { heard.emplace_back(percent, remaining); });
     start();
-    EXPECT_TRUE(QFileInfo(runner().temporaryDirectory).isDir());
+    Q_EMIT runner().started();
+    Q_EMIT runner().progressChanged(37, KTime(-1));
+    Q_EMIT runner().started();
+    EXPECT_EQ(emissions, (Signals{"started", "progress", "started"})) << "as often as the runner says so";
+    EXPECT_EQ(heard, (std::vector<std::pair<int, KTime>>{{37, KTime(-1)}}));
+    EXPECT_TRUE(log.lines.empty());
 }
 
-TEST_F(Outcome, OnePassIsAskedForWithoutTheTwoPassSetting) {
+TEST_F(Outcome, AnEndIsLoggedAndKeepsTheFile) {
+    start();
+    Q_EMIT runner().stopped();
+    EXPECT_EQ(emissions, Signals{"stopped"});
+    EXPECT_EQ(tags(), std::vector<int>{368});
+    EXPECT_TRUE(QFileInfo::exists(output()));
+    EXPECT_NE(FakeRunner::current(), nullptr) << "the runner stays until the transcoder goes";
+}
+
+TEST_F(Outcome, TheErrorTextIsNameNumberAndDescriptionInUtf8) {
+    using Kestra::Proc::TranscodingError;
+    start();
+    for (const auto code : {TranscodingError::OutOfMemory, TranscodingError::OutputFailed, TranscodingError::Unknown}) {
+        log.lines.clear();
+        Q_EMIT runner().processingFailed(
+            std::make_exception_ptr(Kestra::Proc::ProcException(code, "\xc3\xa4 %3 50%1")));
+        const std::string expected = std::string(Kestra::Proc::TranscodingErrorToString(code)) + '(' +
+                                     std::to_string(static_cast<int>(code)) + ") - \xc3\xa4 %3 50%1";
+        EXPECT_EQ(log.lines.at(0).text, "EXPORT process: errInfo: " + expected);
+    }
+}
+
+TEST_F(Outcome, AFailureIsLoggedWithThePresetThatIsSelectedThen) {
     start("av");
-    EXPECT_EQ(runner().passMode, 0);
+    presets.selectPreset(std::string("fixed"));
+    Q_EMIT runner().startFailed(refused());
+    EXPECT_EQ(log.lines.at(1).text + '\n', "EXPORT start: presetInfo:\n" + presets.preset().formattedPresetInfo());
+    EXPECT_NE(log.lines.at(1).text.find("id = fixed"), std::string::npos);
 }
 
-TEST_F(Outcome, TwoPassesAreAskedForWithTheTwoPassSettingInTheAutomaticMode) {
-    start("two-pass");
-    EXPECT_EQ(runner().passMode, 1);
-}
-
-TEST_F(Outcome, OnePassIsAskedForInTheModeThatNeverTakesTwo) {
-    presets.selectPreset(std::string("two-pass"));
-    Preset edited = presets.preset();
-    edited.setVideoBitrateMode(Export::BitrateMode::Quality);
-    ASSERT_TRUE(presets.updatePreset(nullptr, edited));
-    Export::Transcoder::Data data;
-    data.composition = &model.composition;
-    data.presetProvider = &presets;
-    QString refusal;
-    ASSERT_TRUE(transcoder.initialize(data, refusal));
-    model.buildStreams(nullptr, nullptr);
-    ASSERT_TRUE(TestSupport::waitUntil([] { return FakeRunner::current() != nullptr; }));
-    EXPECT_EQ(runner().passMode, 0);
-}
-
-TEST_F(Outcome, OnePassIsAskedForWhenOnlySoundIsLeft) {
-    model.videoStreams.adoptOffers(false);
-    start("two-pass");
-    EXPECT_EQ(runner().passMode, 0);
+TEST_F(Outcome, AFailureIsLoggedBeforeItIsTold) {
+    std::vector<std::size_t> linesWhenTold;
+    QObject::connect(transcoder.get(), &Export::Transcoder::failed, [&] { linesWhenTold.push_back(log.lines.size()); });
+    start();
+    Q_EMIT runner().startFailed(refused());
+    log.lines.clear();
+    Q_EMIT runner().processingFailed(refused());
+    EXPECT_EQ(linesWhenTold, (std::vector<std::size_t>{3, 3}));
 }
