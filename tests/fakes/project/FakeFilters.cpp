@@ -36,15 +36,21 @@ private:
 
 } // namespace
 
-FakeFilterFactory::Video FakeFilterFactory::CreateResizer(const Video& source, const Proc::SettingsResizer& settings) {
+FakeFilterFactory::Video FakeFilterFactory::CreateResizer(const Video& source, const Proc::SettingsResizer& settings,
+                                                          const std::string&) {
     return new FakeResizer(source, settings.target, scaledFrames);
 }
 
-FakeFilterFactory::Video FakeFilterFactory::CreateFrameRate(const Video&, const Proc::SettingsFilterFrameRate&) {
+FakeFilterFactory::Video FakeFilterFactory::CreateFrameRate(const Video&, const Proc::SettingsFilterFrameRate&,
+                                                            const std::string&) {
     KESTRA_NOT_IMPLEMENTED();
 }
 
-FakeFilterFactory::Video FakeFilterFactory::CreateFrameRate(const Video&) {
+FakeFilterFactory::Video FakeFilterFactory::CreateFrameRate(const Video&, const std::string&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+boost::intrusive_ptr<Proc::IEffectHost> FakeFilterFactory::CreateEffectHost(const Video&, const std::string&) {
     KESTRA_NOT_IMPLEMENTED();
 }
 
@@ -52,7 +58,7 @@ FakeFilterFactory::Video FakeFilterFactory::CreateReadAhead(const Video& source,
     return new Proc::ReadAheadVideo(source, frames);
 }
 
-boost::intrusive_ptr<Proc::IConcatenation> FakeFilterFactory::CreateConcatenation() {
+boost::intrusive_ptr<Proc::IConcatenation> FakeFilterFactory::CreateConcatenation(const std::string&) {
     KESTRA_NOT_IMPLEMENTED();
 }
 
@@ -65,8 +71,8 @@ FakeFilterFactory::Audio FakeFilterFactory::CreateResampler(const Audio& source,
     return makeSound(contents);
 }
 
-FakeFilterFactory::Audio FakeFilterFactory::CreateDurationTrimmer(const Audio&,
-                                                                  const Proc::SettingsFilterDurationTrimmer&) {
+FakeFilterFactory::Audio
+FakeFilterFactory::CreateDurationTrimmer(const Audio&, const Proc::SettingsFilterDurationTrimmer&, const std::string&) {
     KESTRA_NOT_IMPLEMENTED();
 }
 

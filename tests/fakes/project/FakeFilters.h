@@ -16,14 +16,18 @@ public:
     /// Frames that went through resizers.
     int scaled() const { return *scaledFrames; }
 
-    Video CreateResizer(const Video& source, const Kestra::Proc::SettingsResizer& settings) override;
-    Video CreateFrameRate(const Video& source, const Kestra::Proc::SettingsFilterFrameRate& settings) override;
-    Video CreateFrameRate(const Video& source) override;
+    Video CreateResizer(const Video& source, const Kestra::Proc::SettingsResizer& settings,
+                        const std::string& implName) override;
+    Video CreateFrameRate(const Video& source, const Kestra::Proc::SettingsFilterFrameRate& settings,
+                          const std::string& implName) override;
+    Video CreateFrameRate(const Video& source, const std::string& implName) override;
+    boost::intrusive_ptr<Kestra::Proc::IEffectHost> CreateEffectHost(const Video& source,
+                                                                     const std::string& implName) override;
     Video CreateReadAhead(const Video& source, int frames) override;
-    boost::intrusive_ptr<Kestra::Proc::IConcatenation> CreateConcatenation() override;
+    boost::intrusive_ptr<Kestra::Proc::IConcatenation> CreateConcatenation(const std::string& implName) override;
     Audio CreateResampler(const Audio& source, const Kestra::Conf::SampleInfo& target) override;
-    Audio CreateDurationTrimmer(const Audio& source,
-                                const Kestra::Proc::SettingsFilterDurationTrimmer& settings) override;
+    Audio CreateDurationTrimmer(const Audio& source, const Kestra::Proc::SettingsFilterDurationTrimmer& settings,
+                                const std::string& implName) override;
     Audio CreateReadAhead(const Audio& source, int blocks) override;
     Video CreateBlack(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format,
                       std::int64_t duration) override;

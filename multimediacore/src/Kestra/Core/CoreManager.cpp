@@ -1,6 +1,8 @@
 #include "Kestra/Core/CoreManager.h"
 
 #include "Kestra/FF/CodecFactory.h"
+#include "Kestra/FF/DataVideoFFFactory.h"
+#include "Kestra/FF/EffectFactory.h"
 #include "Kestra/FF/FilterFactory.h"
 #include "Kestra/FF/MuxerFactory.h"
 #include "Kestra/FF/SourceFactory.h"
@@ -13,6 +15,8 @@ struct CoreManager::Factories {
     std::shared_ptr<ICodecFactory> codec = FF::MakeCodecFactory();
     std::shared_ptr<IFilterFactory> filter = FF::MakeFilterFactory();
     std::shared_ptr<ISourceFactory> source = FF::MakeSourceFactory();
+    std::shared_ptr<IEffectFactory> effect = FF::MakeEffectFactory();
+    std::shared_ptr<IDataVideoFFFactory> dataVideo = FF::MakeDataVideoFFFactory();
 };
 
 CoreManager::CoreManager()
@@ -38,6 +42,12 @@ IFilterFactory& CoreManager::GetFilterFactory() {
 ISourceFactory& CoreManager::GetSourceFactory() {
     return *factories->source;
 }
+IEffectFactory& CoreManager::GetEffectFactory() {
+    return *factories->effect;
+}
+IDataVideoFFFactory& CoreManager::GetDataVideoFFFactory() {
+    return *factories->dataVideo;
+}
 
 void CoreManager::SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory) {
     factories->muxer = factory ? std::move(factory) : FF::MakeMuxerFactory();
@@ -53,6 +63,14 @@ void CoreManager::SetFilterFactory(std::shared_ptr<IFilterFactory> factory) {
 
 void CoreManager::SetSourceFactory(std::shared_ptr<ISourceFactory> factory) {
     factories->source = factory ? std::move(factory) : FF::MakeSourceFactory();
+}
+
+void CoreManager::SetEffectFactory(std::shared_ptr<IEffectFactory> factory) {
+    factories->effect = factory ? std::move(factory) : FF::MakeEffectFactory();
+}
+
+void CoreManager::SetDataVideoFFFactory(std::shared_ptr<IDataVideoFFFactory> factory) {
+    factories->dataVideo = factory ? std::move(factory) : FF::MakeDataVideoFFFactory();
 }
 
 } // namespace Kestra::Core

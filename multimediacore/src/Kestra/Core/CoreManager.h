@@ -2,6 +2,8 @@
 #pragma once
 
 #include "Kestra/Core/ICodecFactory.h"
+#include "Kestra/Core/IDataVideoFFFactory.h"
+#include "Kestra/Core/IEffectFactory.h"
 #include "Kestra/Core/IFilterFactory.h"
 #include "Kestra/Core/IMuxerFactory.h"
 #include "Kestra/Core/ISourceFactory.h"
@@ -19,11 +21,15 @@ public:
     ICodecFactory& GetCodecFactory();
     IFilterFactory& GetFilterFactory();
     ISourceFactory& GetSourceFactory();
+    IEffectFactory& GetEffectFactory();
+    IDataVideoFFFactory& GetDataVideoFFFactory();
 
     void SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory);
     void SetCodecFactory(std::shared_ptr<ICodecFactory> factory);
     void SetFilterFactory(std::shared_ptr<IFilterFactory> factory);
     void SetSourceFactory(std::shared_ptr<ISourceFactory> factory);
+    void SetEffectFactory(std::shared_ptr<IEffectFactory> factory);
+    void SetDataVideoFFFactory(std::shared_ptr<IDataVideoFFFactory> factory);
 
     CoreManager(const CoreManager&) = delete;
     CoreManager& operator=(const CoreManager&) = delete;

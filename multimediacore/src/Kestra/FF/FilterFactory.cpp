@@ -1,36 +1,49 @@
 #include "Kestra/FF/FilterFactory.h"
 
 #include "Kestra/FF/Black.h"
+#include "Kestra/FF/Implementation.h"
 #include "Kestra/FF/ResamplerFF.h"
 #include "Kestra/FF/Resizer.h"
 #include "Kestra/Proc/Filters/Concatenation.h"
-#include "Kestra/Proc/Filters/FrameDurations.h"
+#include "Kestra/Proc/Filters/EffectHost.h"
 #include "Kestra/Proc/Filters/FrameRate.h"
+#include "Kestra/Proc/Filters/PreferredFrameRate.h"
 #include "Kestra/Proc/Filters/ReadAheadAudio.h"
 #include "Kestra/Proc/Filters/ReadAheadVideo.h"
 
 namespace Kestra::FF {
 
-FilterFactory::Video FilterFactory::CreateResizer(const Video& source, const Proc::SettingsResizer& settings) {
+FilterFactory::Video FilterFactory::CreateResizer(const Video& source, const Proc::SettingsResizer& settings,
+                                                  const std::string& implName) {
+    RequireImplementation("resizer", implName);
     return MakeResizer(source, settings);
 }
 
-FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source,
-                                                    const Proc::SettingsFilterFrameRate& settings) {
+FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source, const Proc::SettingsFilterFrameRate& settings,
+                                                    const std::string& implName) {
     if (settings.GetFrameRate() == Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE)
-        return CreateFrameRate(source);
+        return CreateFrameRate(source, implName);
+    RequireImplementation("frame rate filter", implName);
     return new Proc::FrameRate(source, settings.GetFrameRate());
 }
 
-FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source) {
-    return new Proc::FrameDurations(source);
+FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source, const std::string& implName) {
+    RequireImplementation("frame rate filter", implName);
+    return new Proc::PreferredFrameRate(source);
+}
+
+boost::intrusive_ptr<Proc::IEffectHost> FilterFactory::CreateEffectHost(const Video& source,
+                                                                        const std::string& implName) {
+    RequireImplementation("effect host", implName);
+    return new Proc::EffectHost(source);
 }
 
 FilterFactory::Video FilterFactory::CreateReadAhead(const Video& source, int frames) {
     return new Proc::ReadAheadVideo(source, frames);
 }
 
-boost::intrusive_ptr<Proc::IConcatenation> FilterFactory::CreateConcatenation() {
+boost::intrusive_ptr<Proc::IConcatenation> FilterFactory::CreateConcatenation(const std::string& implName) {
+    RequireImplementation("concatenation", implName);
     return new Proc::Concatenation;
 }
 
@@ -39,7 +52,9 @@ FilterFactory::Audio FilterFactory::CreateResampler(const Audio& source, const C
 }
 
 FilterFactory::Audio FilterFactory::CreateDurationTrimmer(const Audio& source,
-                                                          const Proc::SettingsFilterDurationTrimmer& settings) {
+                                                          const Proc::SettingsFilterDurationTrimmer& settings,
+                                                          const std::string& implName) {
+    RequireImplementation("duration trimmer", implName);
     return MakeDurationTrimmer(source, settings.GetDuration());
 }
 

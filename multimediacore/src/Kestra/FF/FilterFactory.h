@@ -7,13 +7,17 @@ namespace Kestra::FF {
 
 class FilterFactory final : public Core::IFilterFactory {
 public:
-    Video CreateResizer(const Video& source, const Proc::SettingsResizer& settings) override;
-    Video CreateFrameRate(const Video& source, const Proc::SettingsFilterFrameRate& settings) override;
-    Video CreateFrameRate(const Video& source) override;
+    Video CreateResizer(const Video& source, const Proc::SettingsResizer& settings,
+                        const std::string& implName) override;
+    Video CreateFrameRate(const Video& source, const Proc::SettingsFilterFrameRate& settings,
+                          const std::string& implName) override;
+    Video CreateFrameRate(const Video& source, const std::string& implName) override;
+    boost::intrusive_ptr<Proc::IEffectHost> CreateEffectHost(const Video& source, const std::string& implName) override;
     Video CreateReadAhead(const Video& source, int frames) override;
-    boost::intrusive_ptr<Proc::IConcatenation> CreateConcatenation() override;
+    boost::intrusive_ptr<Proc::IConcatenation> CreateConcatenation(const std::string& implName) override;
     Audio CreateResampler(const Audio& source, const Conf::SampleInfo& target) override;
-    Audio CreateDurationTrimmer(const Audio& source, const Proc::SettingsFilterDurationTrimmer& settings) override;
+    Audio CreateDurationTrimmer(const Audio& source, const Proc::SettingsFilterDurationTrimmer& settings,
+                                const std::string& implName) override;
     Audio CreateReadAhead(const Audio& source, int blocks) override;
     Video CreateBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format, std::int64_t duration) override;
     Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format, std::int64_t duration) override;

@@ -88,6 +88,7 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     codec = &EncoderForSize(*codec, picture.width, picture.height);
     rate = ChooseFrameRate(description, *format);
     FF::Describe(picture, *format);
+    format->SetFrameRate(rate);
     stream->PreferFormat(*format);
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);

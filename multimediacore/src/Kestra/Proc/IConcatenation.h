@@ -4,7 +4,7 @@
 
 namespace Kestra::Proc {
 
-/// Video streams one after the other. Its format is the first stream's.
+/// Video streams one after the other. Its format is the first stream's, and the others are told to prefer it.
 class KESTRA_EXPORT IConcatenation : public IStreamVideo {
 public:
     ~IConcatenation() override;

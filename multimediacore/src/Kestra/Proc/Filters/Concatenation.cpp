@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <boost/throw_exception.hpp>
 #include <stdexcept>
+#include <utility>
 
 namespace Kestra::Proc {
 
@@ -16,6 +17,11 @@ void Concatenation::Append(const boost::intrusive_ptr<IStreamVideo>& stream) {
     if (begun)
         BOOST_THROW_EXCEPTION(FilterException(TranscodingError::InvalidArgument,
                                               "Streams are appended before the first read, not after it"));
+    if (!parts.empty()) {
+        boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
+        GetVideoFormat(format);
+        stream->PreferFormat(*format);
+    }
     const std::int64_t start = GetDuration();
     parts.push_back({stream, start, start + stream->GetDuration()});
 }
@@ -57,7 +63,13 @@ void Concatenation::PreferFormat(const Conf::IFormatCodec& format) {
 
 void Concatenation::Prepare() {
     if (!parts.empty())
-        parts.front().stream->Prepare();
+        PreparePart(parts.front());
+}
+
+// Each part when it is reached: what a part opens is not open beside all the others.
+void Concatenation::PreparePart(Part& part) {
+    if (!std::exchange(part.prepared, true))
+        part.stream->Prepare();
 }
 
 void Concatenation::Interrupt() {
@@ -74,7 +86,8 @@ void Concatenation::Enter(std::size_t index) {
 }
 
 boost::intrusive_ptr<IDataVideo> Concatenation::ReadPart() {
-    const Part& part = parts[current];
+    Part& part = parts[current];
+    PreparePart(part);
     auto frame = ahead ? std::move(ahead) : part.stream->ReadVideo();
     const std::int64_t length = part.end - part.start;
     if (!frame || frame->GetTime() >= length)
@@ -111,8 +124,10 @@ void Concatenation::Seek(std::int64_t time, SeekMode mode) {
 }
 
 void Concatenation::Reset() {
-    for (const Part& part : parts)
+    for (Part& part : parts) {
         part.stream->Reset();
+        part.prepared = false;
+    }
     current = 0;
     position = 0;
     begun = false;

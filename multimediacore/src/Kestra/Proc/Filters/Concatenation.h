@@ -33,9 +33,11 @@ private:
         boost::intrusive_ptr<IStreamVideo> stream;
         std::int64_t start = 0;
         std::int64_t end = 0;
+        bool prepared = false;
     };
 
     boost::intrusive_ptr<IDataVideo> ReadPart();
+    void PreparePart(Part& part);
     void Enter(std::size_t index);
 
     std::vector<Part> parts;

@@ -1,0 +1,22 @@
+// Kestra::Core::IDataVideoFFFactory: pictures from pixels that lie elsewhere.
+#pragma once
+
+#include "Kestra/Proc/IDataVideo.h"
+#include <cstddef>
+#include <functional>
+
+namespace Kestra::Core {
+
+class KESTRA_EXPORT IDataVideoFFFactory {
+public:
+    /// Writes rows from the top on; `stride` bytes lie between the beginnings of two.
+    using Writer = std::function<void(std::uint8_t* pixels, std::ptrdiff_t stride)>;
+
+    virtual ~IDataVideoFFFactory();
+    /// A picture at time 0 that lasts for no time yet, its pixels written by `write` within the call. Throws
+    /// std::invalid_argument for a format of more than one plane or without pixels, or a frame without them.
+    virtual boost::intrusive_ptr<Proc::IDataVideo> CreateDataVideo(const Conf::FrameInfo& frame,
+                                                                   Conf::PixelFormat format, const Writer& write) = 0;
+};
+
+} // namespace Kestra::Core

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Kestra/Core/IEffectFactory.h"
+#include <memory>
+
+namespace Kestra::FF {
+
+class EffectFactory final : public Core::IEffectFactory {
+public:
+    Effect CreateColorspaceConverter(const Proc::SettingsColorspaceConverter& settings,
+                                     const std::string& implName) override;
+    Effect CreateEffect(const std::string& settingsClassId, const Proc::TimeToProgress& progress,
+                        const std::string& implName) override;
+};
+
+std::shared_ptr<Core::IEffectFactory> MakeEffectFactory();
+
+} // namespace Kestra::FF

@@ -1,0 +1,7 @@
+#include "Kestra/Proc/ImplNames.h"
+
+namespace Kestra::Proc {
+
+const char* const ImplNames::DEFAULT = "default";
+
+} // namespace Kestra::Proc

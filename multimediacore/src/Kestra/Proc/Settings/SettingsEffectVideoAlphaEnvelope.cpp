@@ -1,0 +1,7 @@
+#include "Kestra/Proc/Settings/SettingsEffectVideoAlphaEnvelope.h"
+
+namespace Kestra::Proc {
+
+const char* const SettingsEffectVideoAlphaEnvelope::CLASS_ID = "effect.video.alpha-envelope";
+
+} // namespace Kestra::Proc

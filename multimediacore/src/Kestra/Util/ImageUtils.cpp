@@ -1,0 +1,49 @@
+#include "Kestra/Util/ImageUtils.h"
+
+#include <QImage>
+#include <QtEndian>
+#include <algorithm>
+#include <boost/throw_exception.hpp>
+#include <cstring>
+#include <stdexcept>
+
+namespace Kestra::Util {
+
+namespace {
+
+// Qt's 32-bit pixels are numbers, the engine's are bytes in this order.
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "BGRA in memory is ARGB32 on little-endian machines only");
+
+constexpr int BYTES_A_PIXEL = 4;
+/// Rows are converted a few at a time: a large picture does not exist once more in another format.
+constexpr int BAND = 64;
+
+void writePixels(const QImage& image, std::uint8_t* pixels, std::ptrdiff_t stride) {
+    const auto rowBytes = static_cast<std::size_t>(image.width()) * BYTES_A_PIXEL;
+    for (int top = 0; top < image.height(); top += BAND) {
+        const int rows = std::min(BAND, image.height() - top);
+        const QImage band = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
+        if (band.isNull())
+            BOOST_THROW_EXCEPTION(std::bad_alloc());
+        for (int row = 0; row < rows; ++row)
+            std::memcpy(pixels + (top + row) * stride, band.constScanLine(row), rowBytes);
+    }
+}
+
+} // namespace
+
+boost::intrusive_ptr<Proc::IDataVideo> ImageUtils::PixmapToFrame(const QPixmap& pixmap,
+                                                                 Core::IDataVideoFFFactory& factory) {
+    if (pixmap.isNull())
+        BOOST_THROW_EXCEPTION(std::invalid_argument("A null pixmap cannot become a frame"));
+    const QImage image = pixmap.toImage();
+    if (image.isNull())
+        BOOST_THROW_EXCEPTION(std::bad_alloc());
+    const Conf::FrameInfo frame{static_cast<std::uint32_t>(image.width()), static_cast<std::uint32_t>(image.height()),
+                                0, 0};
+    return factory.CreateDataVideo(
+        frame, Conf::PixelFormat::BGRA,
+        [&image](std::uint8_t* pixels, std::ptrdiff_t stride) { writePixels(image, pixels, stride); });
+}
+
+} // namespace Kestra::Util
