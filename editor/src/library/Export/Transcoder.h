@@ -49,6 +49,7 @@ public:
         Types::Range exportRange;
         /// Written from the start of the processing on; deleted when the processing fails.
         QString outputPath;
+        /// Names the outro that is appended to the export; none is where the application has no such picture.
         QString brandingName;
         /// Borrowed until the transcoder is destroyed; a preset must be selected.
         PresetProvider* presetProvider = nullptr;
@@ -103,6 +104,9 @@ private:
     void tryToStart();
     bool streamsAreReady() const;
     void takeStreams();
+    bool addBranding(boost::intrusive_ptr<Kestra::Proc::IStreamVideo>& video,
+                     boost::intrusive_ptr<Kestra::Proc::IStreamAudio>& audio);
+    void reportBrandingFailure(const std::exception& exception);
     Preset adjustedPreset() const;
     MuxerFactory makeMuxerFactory(const Preset& preset) const;
     EncoderFactory makeAudioEncoderFactory(const Preset& preset,

@@ -16,6 +16,9 @@ struct Line {
 };
 
 inline constexpr Line TRYING_TO_START{259, Severity::Info, "EXPORT: Trying to start"};
+inline constexpr Line PREPARE_ERROR{293, Severity::Error, "EXPORT prepare stream: errInfo: "};
+inline constexpr Line PREPARE_DETAILS{
+    294, Severity::Error, "EXPORT prepare stream: Exception has been caught while starting export. Details:\n"};
 inline constexpr Line STARTED{355, Severity::Info, "EXPORT: Started"};
 inline constexpr Line STOPPED{368, Severity::Info, "EXPORT: Stopped"};
 inline constexpr Line START_ERROR{377, Severity::Error, "EXPORT start: errInfo: "};

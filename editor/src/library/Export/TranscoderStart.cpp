@@ -1,9 +1,11 @@
 // The start attempt and the factories that it hands to the runner.
 #include "Export/Transcoder.h"
 
+#include "Branding/BrandingController.h"
 #include "EditorPreset/Preset.h"
 #include "Export/CreateStreamProcessingHelper.h"
 #include "Export/PresetProvider.h"
+#include "Export/TranscoderErrorText.h"
 #include "Export/TranscoderLog.h"
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Core/CoreManager.h"
@@ -11,6 +13,9 @@
 #include "Kestra/Proc/Segmenter.h"
 #include "Kestra/Util/TemporaryDir.h"
 #include "Types/Time.h"
+#include <QPixmap>
+#include <QPointer>
+#include <boost/exception/diagnostic_information.hpp>
 
 namespace Export {
 
@@ -18,6 +23,7 @@ namespace {
 
 constexpr int SINGLE_PASS = 0;
 constexpr int TWO_PASSES = 1;
+constexpr QLatin1Char BLANK(' ');
 
 int passMode(const Preset& preset, bool audioOnly) {
     const bool twoPasses =
@@ -37,10 +43,13 @@ void Transcoder::tryToStart() {
     }
     TranscoderLog::write(TranscoderLog::TRYING_TO_START);
     takeStreams();
-    const auto videoStream = videoStreamObject.impl;
-    const auto audioStream = audioStreamObject.impl;
+    auto videoStream = videoStreamObject.impl;
+    auto audioStream = audioStreamObject.impl;
     const bool audioOnly = audioNeeded() && !videoNeeded();
     tempDir = std::make_unique<Kestra::Util::TemporaryDir>();
+    if (!addBranding(videoStream, audioStream)) {
+        return;
+    }
 
     const Preset preset = adjustedPreset();
     const MuxerFactory muxerFactory = makeMuxerFactory(preset);
@@ -72,6 +81,33 @@ void Transcoder::takeStreams() {
     }
     if (audioNeeded()) {
         AudioView::streamChange(&audioStreamObject)->using_ = true;
+    }
+}
+
+/// False when it failed, which has been reported then: this object may be gone. Only this step of an attempt is
+/// guarded; whatever else is thrown on the way leaves through the event loop.
+bool Transcoder::addBranding(boost::intrusive_ptr<Kestra::Proc::IStreamVideo>& video,
+                             boost::intrusive_ptr<Kestra::Proc::IStreamAudio>& audio) {
+    try {
+        BrandingController branding;
+        branding.setBranding(QPixmap(QStringLiteral(":/BrandingOutro/%1/outro.png").arg(brandingName, 0, BLANK)));
+        video = branding.addBranding(video);
+        audio = branding.addBranding(audio);
+        return true;
+    } catch (const std::exception& exception) {
+        reportBrandingFailure(exception);
+        return false;
+    }
+}
+
+void Transcoder::reportBrandingFailure(const std::exception& exception) {
+    const auto error = Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(std::current_exception());
+    TranscoderLog::write(TranscoderLog::PREPARE_ERROR, errorText(error));
+    TranscoderLog::write(TranscoderLog::PREPARE_DETAILS, boost::diagnostic_information(exception));
+    const QPointer<Transcoder> self(this);
+    Q_EMIT failed(error);
+    if (self) {
+        Q_EMIT stopped();
     }
 }
 
