@@ -181,4 +181,126 @@ TEST(FastTrackView, SeesSuppressionAsInactivity) {
     EXPECT_THAT(view.log, ElementsAre("inactive", "active"));
 }
 
+TEST_F(FastTrackSuppressor, AsksAndIsAnsweredBeforeItsConstructorReturns) {
+    class Spy : public PubSub::Subscriber<Message::Types::Change<FastTrack::Object>,
+                                          Message::Types::Changed<FastTrack::Object>> {
+    public:
+        Log log;
+        void notify(const Message::Types::Change<FastTrack::Object>& message) override {
+            log.push_back(message.value->isSuppressed() ? "asks to suppress" : "asks to let go");
+        }
+        void notify(const Message::Types::Changed<FastTrack::Object>& message) override {
+            log.push_back(message.object->isSuppressed() ? "suppressed" : "let go");
+        }
+    } spy;
+    owner.forget(track);
+    spy.subscribe(track); // ahead of the owner, so that a request comes before its answer
+    Owner later;
+    later.own(track);
+    {
+        const FastTrack::Suppressor suppressor;
+        EXPECT_THAT(spy.log, ElementsAre("asks to suppress", "suppressed"));
+    }
+    EXPECT_THAT(spy.log, ElementsAre("asks to suppress", "suppressed", "asks to let go", "let go"));
+}
+
+/// Shows what a suppressor holds.
+class OpenSuppressor : public FastTrack::Suppressor {
+public:
+    using FastTrack::Suppressor::fastTracks, FastTrack::Suppressor::fastTrackIsOwned;
+    Log log;
+
+private:
+    void isActive(const FastTrack::Object*, bool on) override { log.push_back(on ? "active" : "inactive"); }
+};
+
+TEST_F(FastTrackSuppressor, ObservesWhatIsThereAndWhatComesLater) {
+    const OpenSuppressor suppressor;
+    EXPECT_THAT(suppressor.fastTracks(), ElementsAre(track));
+    EXPECT_FALSE(suppressor.fastTrackIsOwned(track));
+    owner.own(lower);
+    EXPECT_THAT(suppressor.fastTracks(), ElementsAre(lower, track));
+}
+
+TEST_F(FastTrackSuppressor, HearsOfChangesLikeEveryObserver) {
+    const OpenSuppressor first;
+    const OpenSuppressor second;
+    owner.change(track)->unsuppress(&first).unsuppress(&second);
+    EXPECT_THAT(first.log, ElementsAre("active"));
+    EXPECT_THAT(second.log, ElementsAre("active"));
+}
+
+TEST_F(FastTrackSuppressor, SuppressesOnlyTheFirstOfTwo) {
+    owner.own(lower);
+    const FastTrack::Suppressor suppressor;
+    EXPECT_TRUE(lower->isSuppressedBy(&suppressor));
+    EXPECT_FALSE(track->isSuppressed());
+}
+
+TEST_F(FastTrackSuppressor, AddsNothingToAView) {
+    EXPECT_EQ(sizeof(FastTrack::Suppressor), sizeof(FastTrack::View));
+    EXPECT_EQ(sizeof(FastTrack::View), sizeof(Message::View<FastTrack::Object>));
+    EXPECT_TRUE((std::is_base_of_v<FastTrack::View, FastTrack::Suppressor>));
+    EXPECT_TRUE((std::is_base_of_v<FastTrack::Details::ObjectViewBase, FastTrack::View>));
+    EXPECT_FALSE((std::is_convertible_v<FastTrack::Suppressor*, FastTrack::View*>));
+    EXPECT_FALSE((std::is_convertible_v<FastTrack::View*, FastTrack::Details::ObjectViewBase*>));
+    EXPECT_FALSE((std::is_convertible_v<FastTrack::Details::ObjectViewBase*, Message::View<FastTrack::Object>*>));
+}
+
+TEST_F(FastTrackSuppressor, GivesItsRequestUpWhereTheOwnerRefuses) {
+    class Refusing : public Message::View<FastTrack::Object> {
+        void changeRequested(FastTrack::Object*, FastTrack::Object*) override {}
+    } refusing;
+    owner.forget(track);
+    refusing.own(track);
+    const FastTrack::Suppressor suppressor;
+    EXPECT_FALSE(track->isSuppressed());
+    EXPECT_TRUE(track->active());
+}
+
+TEST(FastTrackView, CallsTheGenericHooksByItsOwnNames) {
+    class Named : public FastTrack::View {
+    public:
+        using FastTrack::View::fastTrackObserve;
+        Log log;
+
+    private:
+        void fastTrackAdded(const FastTrack::Object*) override { log.push_back("added"); }
+        void fastTrackRemoved(const FastTrack::Object*) override { log.push_back("removed"); }
+        void fastTrackChanged(const FastTrack::Object* object, const FastTrack::Object* before,
+                              const FastTrack::Object* after) override {
+            log.push_back("changed3");
+            FastTrack::View::fastTrackChanged(object, before, after);
+        }
+        void fastTrackChanged(const FastTrack::Object*, const FastTrack::Object*) override {
+            log.push_back("changed2");
+        }
+        void fastTrackChanged(const FastTrack::Object*) override { log.push_back("changed1"); }
+        void progressChanged(const FastTrack::Object*) override { log.push_back("progress"); }
+    } view;
+    Owner owner;
+    FastTrack::Object object;
+    owner.own(&object);
+    view.fastTrackObserve(&object);
+    owner.change(&object)->progress = 5;
+    owner.remove(&object);
+    EXPECT_THAT(view.log, ElementsAre("added", "changed3", "changed1", "changed3", "progress", "changed2", "changed1",
+                                      "changed3", "progress", "changed1", "removed"));
+}
+
+TEST(FastTrackView, TellsOfEachPropertyAloneWithItsNewValue) {
+    Owner owner;
+    FastTrack::Object object;
+    owner.own(&object);
+    RecordingView view;
+    view.fastTrackObserve(&object);
+    owner.change(&object)->progress = 5;
+    owner.change(&object)->enabled = true;
+    owner.change(&object)->setActive(true);
+    owner.change(&object)->setFreezed(true);
+    owner.change(&object)->cacheFolder = QStringLiteral("/cache");
+    owner.change(&object)->complete = true;
+    EXPECT_THAT(view.log, ElementsAre("progress", "enabled", "active", "freezed", "folder", "complete"));
+}
+
 } // namespace

@@ -1,4 +1,5 @@
 #include "unit/message/ViewFixture.h"
+#include <algorithm>
 
 namespace {
 
@@ -158,6 +159,131 @@ TEST_F(Observing, IsWhatACopyOfAViewDoes) {
     other->own(third);
     EXPECT_TRUE(curious.isObserved(third));
     EXPECT_FALSE(copy.isObserved(third));
+}
+
+TEST_F(Observing, BeginsBeforeItsHooks) {
+    owner->own(first);
+    log.clear();
+    bool there = false;
+    observer->actions["added"] = [&] {
+        there = observer->isObserved(first);
+        owner->change(first)->number = 6;
+    };
+    observer->observe(first);
+    EXPECT_TRUE(there);
+    EXPECT_THAT(log, ::testing::Contains("observer changed2 #0=6 0"));
+}
+
+TEST_F(Observing, BeginsBeforeItsHooksForANewObject) {
+    bool there = false;
+    observer->observeNew(true);
+    observer->actions["added"] = [&] {
+        there = observer->isObserved(first);
+        owner->change(first)->number = 6;
+    };
+    owner->own(first);
+    EXPECT_TRUE(there);
+    EXPECT_THAT(log, ::testing::Contains("observer changed2 #0=6 0"));
+}
+
+TEST_F(Observing, TwiceRunsTheHooksTwiceButHearsEachChangeOnce) {
+    ownAndObserve(first);
+    observer->observe(first);
+    EXPECT_THAT(log, ElementsAre("observer added #0=0", "observer changed3 #0=0 0 #0=0", "observer changed1 #0=0"));
+    log.clear();
+    owner->change(first)->number = 6;
+    EXPECT_EQ(std::count(log.begin(), log.end(), "observer changed1 #0=6"), 1);
+    observer->forget(first);
+    log.clear();
+    owner->change(first)->number = 7;
+    EXPECT_EQ(std::count(log.begin(), log.end(), "observer changed1 #0=7"), 0);
+}
+
+TEST_F(Observing, OfANewObjectThatIsHeardForItselfTooBeginsTwice) {
+    observer->add(first); // nobody adopts, but the observer listens from now on
+    observer->observeNew(true);
+    log.clear();
+    owner->own(first);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "observer added #0=0"), 2);
+    EXPECT_THAT(observer->objects(), ElementsAre(first));
+}
+
+TEST_F(Observing, OfAllHearsOfNewObjectsBeforeItsFirstHook) {
+    owner->own(first);
+    observer->actions["added"] = [&] {
+        if (!owner->isOwned(second))
+            owner->own(second);
+    };
+    observer->observeAll();
+    EXPECT_THAT(observer->objects(), ElementsAre(first, second));
+}
+
+TEST_F(Observing, SeesAChangeWithoutTouchingTheTable) {
+    owner->own(first);
+    observer->observe(first);
+    const PubSub::Publisher<Message::Types::Changed<Item>> publisher;
+    other->own(first);
+    other->add(first); // from now on it hears of its own object too
+    log.clear();
+    const Item before(4);
+    publisher.publish(Message::Types::Changed<Item>(first, &before));
+    EXPECT_THAT(log, ElementsAre("observer changed3 #0=0 4 #0=0", "observer changed2 #0=0 4", "observer changed1 #0=0",
+                                 "other changed3 #0=0 4 #0=0", "other changed2 #0=0 4", "other changed1 #0=0",
+                                 "Changed #0=0 4"));
+    EXPECT_TRUE(other->isOwned(first));
+    EXPECT_FALSE(observer->isOwned(first));
+}
+
+TEST_F(Observing, AsksNobodyForNothing) {
+    EXPECT_FALSE(observer->isObserved(nullptr));
+    EXPECT_FALSE(observer->isOwned(nullptr));
+    EXPECT_EQ(observer->ownedPtr(nullptr), nullptr);
+    EXPECT_EQ(observer->ownerPointer(nullptr), nullptr);
+}
+
+TEST_F(Observing, CoversAHundredThousandObjects) {
+    std::vector<Item> many(100'000);
+    class Counting : public Message::View<Item> {
+    public:
+        int appearances = 0;
+        int changes = 0;
+
+    private:
+        void added(const Item*) override { ++appearances; }
+        void changed(const Item*, const Item*) override { ++changes; }
+    };
+    Message::View<Item> manyOwner;
+    for (Item& item : many)
+        manyOwner.own(&item);
+    Counting counting;
+    counting.observeAll();
+    EXPECT_EQ(counting.appearances, 100'000);
+    for (const Item& item : many)
+        counting.change(&item)->number = 1;
+    EXPECT_EQ(counting.changes, 100'000);
+    EXPECT_EQ(counting.objects().size(), many.size());
+    for (const Item& item : many)
+        manyOwner.remove(&item);
+    EXPECT_EQ(counting.object(), nullptr);
+}
+
+TEST_F(Observing, EndsInAnyOrderOfDestruction) {
+    for (int order = 0; order < 6; ++order) {
+        auto item = std::make_unique<Item>();
+        auto its = std::make_unique<Message::View<Item>>();
+        auto watcher = std::make_unique<Message::View<Item>>();
+        its->own(item.get());
+        watcher->observe(item.get());
+        const std::array<std::function<void()>, 3> ends{[&] { item.reset(); }, [&] { its.reset(); },
+                                                        [&] { watcher.reset(); }};
+        std::array<int, 3> turns{0, 1, 2};
+        for (int step = 0; step < order; ++step)
+            std::next_permutation(turns.begin(), turns.end());
+        log.clear();
+        for (int turn : turns)
+            ends[turn]();
+        EXPECT_THAT(log, IsEmpty());
+    }
 }
 
 } // namespace

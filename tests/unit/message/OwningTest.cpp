@@ -1,4 +1,5 @@
 #include "unit/message/ViewFixture.h"
+#include <algorithm>
 
 namespace {
 
@@ -151,6 +152,52 @@ TEST_F(Owning, IsLostToAnotherOwnersAnnouncement) {
     EXPECT_FALSE(owner->isOwned(first));
     EXPECT_TRUE(owner->isObserved(first));
     EXPECT_TRUE(other->isOwned(first));
+}
+
+TEST_F(Owning, KeepsHearingRequestsForAnObjectThatItOnlyObservesNow) {
+    owner->own(first);
+    owner->observe(first);
+    owner->actions["added"] = [&] { observer->change(first)->number = 9; };
+    owner->own(first); // owned from the first hook on, and heard all the time
+    EXPECT_EQ(first->number, 9);
+}
+
+TEST_F(Owning, HearsRequestsThatAnswerItsAnnouncement) {
+    observer->observeNew(true);
+    observer->actions["added"] = [&] { observer->change(first)->number = 9; };
+    owner->own(first);
+    EXPECT_EQ(first->number, 9);
+}
+
+TEST_F(Owning, TwiceRunsTheHooksAndTellsTwice) {
+    owner->own(first);
+    const Log once = log;
+    log.clear();
+    owner->own(first);
+    EXPECT_EQ(log, once);
+    log.clear();
+    observer->change(first)->number = 1;
+    EXPECT_EQ(std::count(log.begin(), log.end(), "owner changed1 #0=1"), 1);
+}
+
+TEST_F(Owning, IsSharedByTwoViewsThatBothTakeTheObject) {
+    owner->own(first);
+    other->own(first);
+    EXPECT_TRUE(owner->isOwned(first));
+    EXPECT_TRUE(other->isOwned(first));
+    EXPECT_THAT(observer->enumerateAll(), ElementsAre(first));
+    log.clear();
+    observer->change(first)->number = 1;
+    EXPECT_EQ(std::count(log.begin(), log.end(), "owner changed2 #0=1 0"), 1);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "other changed2 #0=1 1"), 1);
+}
+
+TEST_F(Owning, ShowsTheChangeInPlaceToItsHooks) {
+    owner->own(first)->number = 5;
+    int seen = -1;
+    owner->actions["changed3"] = [&] { seen = first->number; };
+    owner->change(first)->number = 6;
+    EXPECT_EQ(seen, 6);
 }
 
 } // namespace

@@ -13,8 +13,11 @@ class Strict : public RecordingView {
 public:
     using RecordingView::RecordingView;
     std::function<bool(Item*, Item*)> judge; ///< may edit the proposal; false refuses
+    std::vector<const Item*> refused;
 
 private:
+    void addRequested(Item* item) override { refused.push_back(item); }
+    void removeRequested(Item* item) override { refused.push_back(item); }
     void changeRequested(Item* item, Item* proposed) override {
         if (judge(item, proposed))
             View::changeRequested(item, proposed);
@@ -242,6 +245,97 @@ TEST_F(Request, PassesWhatAHookThrowsToTheCaller) {
     EXPECT_TRUE(owner->isOwned(first));
     owner->remove(first);
     EXPECT_THAT(owner->objects(), IsEmpty());
+}
+
+TEST_F(Request, ToAddOrToRemoveMayBeRefused) {
+    Strict strict("strict", names, log);
+    strict.processAddRequests(true);
+    strict.own(second);
+    log.clear();
+    observer->add(first);
+    observer->remove(second);
+    EXPECT_THAT(strict.refused, ElementsAre(first, second));
+    EXPECT_THAT(strict.objects(), ElementsAre(second));
+    EXPECT_THAT(log, ElementsAre("Add #0=0 #0=0", "Remove #1=0"));
+}
+
+TEST_F(Request, ToRemoveReachesNoAdopterAndNoObserver) {
+    other->processAddRequests(true);
+    other->observeNew(true);
+    observer->observe(first);
+    log.clear();
+    observer->remove(first);
+    EXPECT_THAT(log, ElementsAre("Remove #0=0"));
+    EXPECT_TRUE(observer->isObserved(first));
+}
+
+TEST_F(Request, ToChangeHandsTheOwnerACopyOfTheProposal) {
+    Strict strict("strict", names, log);
+    const Item* proposal = nullptr;
+    strict.own(first);
+    strict.judge = [&](Item* item, Item* proposed) {
+        EXPECT_EQ(item, first);
+        EXPECT_EQ(proposed->number, 8);
+        proposal = proposed;
+        proposed->number = 3;
+        return true;
+    };
+    auto chain = std::make_unique<Message::View<Item>::SetterChain>(observer->change(first));
+    (*chain)->number = 8;
+    const Item* working = &chain->value;
+    int left = -1;
+    strict.actions["changed1"] = [&] { left = working->number; };
+    chain.reset();
+    EXPECT_NE(proposal, working);
+    EXPECT_EQ(left, 8);
+    EXPECT_EQ(first->number, 3);
+}
+
+TEST_F(Request, ToChangeLeavesTheOldStateInTheOwnersProposal) {
+    class Curious : public Message::View<Item> {
+    public:
+        int left = -1;
+
+    private:
+        void changeRequested(Item* item, Item* proposed) override {
+            View::changeRequested(item, proposed);
+            left = proposed->number;
+        }
+    } curious;
+    curious.own(first)->number = 5;
+    observer->change(first)->number = 8;
+    EXPECT_EQ(curious.left, 5);
+}
+
+/// Counts how many of them there are.
+struct Counted : virtual PubSub::Object {
+    Counted() { ++count; }
+    Counted(const Counted& other)
+        : PubSub::Object(other) {
+        ++count;
+    }
+    Counted& operator=(const Counted&) = default;
+    ~Counted() override { --count; }
+    static inline int count = 0;
+};
+
+TEST_F(Request, DestroysItsTemporaryValuesWhenAHookThrows) {
+    class Failing : public Message::View<Counted> {
+        void changed(const Counted*, const Counted*, const Counted*) override { throw std::runtime_error("no"); }
+    };
+    Counted counted;
+    Counted proposed;
+    Failing observing;
+    EXPECT_THROW(observing.observe(&counted), std::runtime_error);
+    EXPECT_THROW(observing.forget(&counted), std::runtime_error);
+
+    class FailingLater : public Message::View<Counted> {
+        void changed(const Counted*, const Counted*) override { throw std::runtime_error("no"); }
+    } owning;
+    owning.own(&counted);
+    const PubSub::Publisher<Message::Types::Change<Counted>> requester;
+    EXPECT_THROW(requester.publish(Message::Types::Change<Counted>(&counted, &proposed)), std::runtime_error);
+    EXPECT_EQ(Counted::count, 2);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "unit/message/RecordingView.h"
+#include <algorithm>
 #include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "Stream/ExportStreams.h"
 #include "unit/stream/FakeStream.h"
 #include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -216,6 +217,129 @@ TYPED_TEST(StreamView, OfACopyObservesTheSameStreams) {
     copy.log.clear();
     this->model.streamChange(&this->object)->version = 2;
     EXPECT_THAT(copy.log, ElementsAre("changed3", "version", "changed2", "changed1"));
+}
+
+TYPED_TEST(StreamView, HearsOfNothingByDefault) {
+    RecordingStreamView<TypeParam> plain;
+    this->model.streamOwn(&this->object);
+    EXPECT_EQ(plain.stream(), nullptr);
+    this->model.streamRemove(&this->object);
+    this->model.processAddRequests(false);
+    this->user.streamAdd(&this->object);
+    EXPECT_FALSE(plain.streamIsOwned(&this->object));
+    EXPECT_THAT(plain.log, IsEmpty());
+}
+
+TYPED_TEST(StreamView, CallsTheGenericOperationsByTheirStreamNames) {
+    using Object = typename RecordingStreamView<TypeParam>::O;
+    std::array<Object, 2> objects;
+    this->model.streamOwn(&objects[1])->version = 1;
+    this->model.streamOwn(&objects[0])->version = 1;
+    EXPECT_EQ(this->model.stream(), &objects[0]);
+    EXPECT_THAT(this->model.streams(), ElementsAre(&objects[0], &objects[1]));
+    EXPECT_TRUE(this->model.streamIsOwned(&objects[1]));
+    this->user.streamObserve(&objects[1]);
+    EXPECT_TRUE(this->user.streamIsObserved(&objects[1]));
+    EXPECT_FALSE(this->user.streamIsOwned(&objects[1]));
+    EXPECT_EQ(this->user.streamOwnerPointer(&objects[1]), nullptr);
+    EXPECT_EQ(this->user.streamOwnerPointer(&objects[0]), &objects[0]);
+    this->user.streamChange(&objects[1])->version = 2;
+    EXPECT_EQ(objects[1].version, 2u);
+    this->user.streamForget(&objects[1]);
+    EXPECT_FALSE(this->user.streamIsObserved(&objects[1]));
+    this->user.streamRemove(&objects[1]);
+    EXPECT_THAT(this->model.streams(), ElementsAre(&objects[0]));
+}
+
+TYPED_TEST(StreamView, TellsItsUserOfEveryLaterChangeByTheModel) {
+    this->user.streamAdd(&this->object)->source = &this->media;
+    this->user.log.clear();
+    this->model.streamChange(&this->object)->impl = new typename TypeParam::Fake;
+    this->model.streamChange(&this->object)->version = 4;
+    this->model.streamChange(&this->object)->available = true;
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "impl", "changed2", "changed1", "changed3", "version",
+                                            "changed2", "changed1", "changed3", "available", "changed2", "changed1"));
+}
+
+TYPED_TEST(StreamView, LosesTheFieldHooksToAnOverrideThatKeepsThemForItself) {
+    using O = typename RecordingStreamView<TypeParam>::O;
+    class Silent : public RecordingStreamView<TypeParam> {
+        void streamChanged(const O*, const O*, const O*) override { this->log.push_back("silent"); }
+    } silent;
+    this->fill(this->object);
+    silent.streamObserve(&this->object);
+    EXPECT_THAT(silent.log, ElementsAre("added", "silent", "changed1"));
+}
+
+TYPED_TEST(StreamView, InheritsTheRequestHooksUnchanged) {
+    using O = typename RecordingStreamView<TypeParam>::O;
+    class Refusing : public RecordingStreamView<TypeParam> {
+        void addRequested(O*) override { this->log.push_back("add requested"); }
+        void changeRequested(O*, O*) override { this->log.push_back("change requested"); }
+        void removeRequested(O*) override { this->log.push_back("remove requested"); }
+    } refusing;
+    this->model.processAddRequests(false);
+    refusing.processAddRequests(true);
+    this->user.streamAdd(&this->object);
+    EXPECT_THAT(refusing.log, ElementsAre("add requested"));
+    EXPECT_FALSE(refusing.streamIsObserved(&this->object));
+    refusing.streamOwn(&this->object);
+    refusing.log.clear();
+    this->user.streamChange(&this->object)->version = 4;
+    this->user.streamRemove(&this->object);
+    EXPECT_THAT(refusing.log, ElementsAre("change requested", "remove requested"));
+    EXPECT_EQ(this->object.version, 0u);
+}
+
+TYPED_TEST(StreamView, ComparesEngineStreamsByAddress) {
+    this->object.impl = new typename TypeParam::Fake;
+    this->model.streamOwn(&this->object);
+    this->user.streamObserve(&this->object);
+    this->user.log.clear();
+    this->model.streamChange(&this->object)->impl = this->object.impl;
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "changed2", "changed1"));
+    this->user.log.clear();
+    this->model.streamChange(&this->object)->impl = new typename TypeParam::Fake;
+    EXPECT_THAT(this->user.log, ElementsAre("changed3", "impl", "changed2", "changed1"));
+}
+
+TYPED_TEST(StreamView, PassesItsHooksTheObjectsThatChanged) {
+    using O = typename RecordingStreamView<TypeParam>::O;
+    class Exact : public Stream::View<typename TypeParam::Media, typename TypeParam::Interface> {
+    public:
+        using Base = Stream::View<typename TypeParam::Media, typename TypeParam::Interface>;
+        using Base::streamObserve;
+        std::vector<const O*> objects;
+        std::vector<std::uint64_t> versions;
+
+    private:
+        void streamAdded(const O* o) override { objects.push_back(o); }
+        void streamRemoved(const O* o) override { objects.push_back(o); }
+        void streamChanged(const O* o, const O* before, const O* after) override {
+            objects.push_back(o);
+            versions.push_back(before->version);
+            versions.push_back(after->version);
+            Base::streamChanged(o, before, after);
+        }
+        void streamChanged(const O* o, const O* before) override {
+            objects.push_back(o);
+            versions.push_back(before->version);
+        }
+        void streamChanged(const O* o) override { objects.push_back(o); }
+        void sourceChanged(const O* o) override { objects.push_back(o); }
+        void implChanged(const O* o) override { objects.push_back(o); }
+        void versionChanged(const O* o) override { objects.push_back(o); }
+        void isUsing(const O* o, bool) override { objects.push_back(o); }
+        void isAvailable(const O* o, bool) override { objects.push_back(o); }
+    } exact;
+    this->fill(this->object);
+    this->model.streamOwn(&this->object);
+    exact.streamObserve(&this->object);
+    this->model.streamChange(&this->object)->version = 2;
+    this->model.streamRemove(&this->object);
+    EXPECT_THAT(exact.versions, ElementsAre(0, 1, 1, 2, 1, 2, 0));
+    EXPECT_EQ(exact.objects.size(), 8u + 4u + 8u);
+    EXPECT_THAT(exact.objects, ::testing::Each(&this->object));
 }
 
 } // namespace

@@ -60,7 +60,7 @@ public:
     virtual ~View();
 
 protected:
-    // The order is part of the binary interface. The first six do nothing here.
+    // The order is part of the binary interface. The first five do nothing here.
     virtual void added(const T* object);
     /// Whole values. After: the object, but the empty value when it leaves. Before: the empty value when it comes, the
     /// object when it leaves.
