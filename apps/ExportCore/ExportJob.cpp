@@ -6,6 +6,7 @@
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
 #include "ExportCore/LeftoverSweep.h"
+#include "ExportCore/OutroPictures.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
@@ -51,8 +52,10 @@ void ExportJob::prepare() {
         RequestCheck::inputs(request.inputs);
         RequestCheck::ranges(request);
         RequestCheck::output(request);
+        OutroPictures::require(request.brandingName);
         selectPreset();
         openInputs();
+        editPreset();
         beginOutput();
         beginTranscoding();
     } catch (const Refusal& refusal) {
@@ -71,6 +74,7 @@ void ExportJob::selectPreset() {
     provider = std::make_unique<Export::PresetProvider>(nullptr);
     provider->selectTag(catalogue.tagsOf(preset.id()).front());
     provider->selectPreset(preset.id());
+    presetEdit = RequestCheck::presetEdit(request, *provider);
 }
 
 void ExportJob::openInputs() {
@@ -89,8 +93,13 @@ void ExportJob::openInputs() {
             KESTRA_THROW(Refusal(error.GetDescription()));
         throw;
     }
-    streamRange = RequestCheck::streamRange(request, project->duration());
+    streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
     collectDamage();
+}
+
+void ExportJob::editPreset() {
+    if (!failure)
+        presetEdit.apply(*provider, project->video(), project->audio());
 }
 
 void ExportJob::beginOutput() {
@@ -107,7 +116,6 @@ void ExportJob::beginOutput() {
 void ExportJob::beginTranscoding() {
     if (failure)
         return;
-    provider->updateResolutionPresetIfNeeded(&project->video());
     Export::Transcoder::Data data;
     data.composition = project->composition();
     data.streamRange = streamRange;
@@ -148,13 +156,27 @@ void ExportJob::expect() {
     expected.frames = lengths.videoFrames;
     expected.videoDuration = lengths.videoDuration;
     expected.audioDuration = lengths.audioDuration;
+    expectOutro();
     const Types::Range window = snappedExportRange();
     if (window == Types::Range())
         return;
     const std::int64_t start = Types::toAvTime(window.start), end = Types::toAvTime(window.end);
-    expected.videoDuration = std::min(end, lengths.videoDuration) - start;
-    expected.audioDuration = std::min(end, lengths.audioDuration) - start;
-    if (video)
+    expected.videoDuration = std::min(end, expected.videoDuration) - start;
+    expected.audioDuration = std::min(end, expected.audioDuration) - start;
+    countFrames();
+}
+
+void ExportJob::expectOutro() {
+    const std::int64_t outro = Types::toAvTime(OutroPictures::length(request.brandingName));
+    if (outro == 0)
+        return;
+    expected.videoDuration += expected.hasVideo ? outro : 0;
+    expected.audioDuration += expected.hasAudio ? outro : 0;
+    countFrames();
+}
+
+void ExportJob::countFrames() {
+    if (expected.hasVideo)
         expected.frames = Kestra::TimeToFrames(expected.videoDuration, provider->frameRate(&project->video()));
 }
 

@@ -5,6 +5,7 @@
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/PresetEdit.h"
 #include "ExportCore/Watchdog.h"
 #include "ExportCoreExport.h"
 #include <QByteArray>
@@ -64,10 +65,13 @@ private:
     void prepare();
     void openInputs();
     void selectPreset();
+    void editPreset();
     void beginOutput();
     void beginTranscoding();
     void connectTranscoder();
     void expect();
+    void expectOutro();
+    void countFrames();
     Types::Range snappedExportRange() const;
 
     void onStarted();
@@ -88,6 +92,7 @@ private:
     void finish(ExportOutcome::Status status);
 
     const ExportRequest request;
+    PresetEdit presetEdit;
     Types::Range streamRange;
     std::unique_ptr<EditorProject> project;
     std::unique_ptr<Export::PresetProvider> provider;

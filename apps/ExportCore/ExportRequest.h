@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ExportCore {
 
@@ -15,15 +16,19 @@ namespace ExportCore {
 struct ExportRequest {
     QStringList inputs;
     std::string presetId;
+    /// Name of one of the preset's quality modifiers; the preset as it is without one.
+    std::optional<std::string> quality;
+    /// KEY=VALUE each, see PresetSettings; they count more than the quality.
+    std::vector<std::string> settings;
     QString outputPath;
     /// Whether a file that stands at outputPath may be replaced.
     bool overwrite = false;
     /// The part of the inputs to export; what is left open is their start and their end.
     std::optional<KTime> in;
     std::optional<KTime> out;
-    /// A window on the finished streams, snapped to frames; zero to zero is none.
+    /// A window on the finished streams, the outro included, snapped to frames; zero to zero is none.
     Types::Range exportRange;
-    /// Names the outro; empty for none.
+    /// Names the outro (see OutroPictures); empty for none.
     QString brandingName;
     WatchdogLimits limits;
 };

@@ -49,4 +49,12 @@ std::vector<std::string> NearNames::find(const std::string& wanted, const std::v
     return names;
 }
 
+std::string NearNames::question(const std::string& wanted, const std::vector<std::string>& known) {
+    const std::vector<std::string> near = find(wanted, known);
+    std::string text;
+    for (std::size_t i = 0; i < near.size(); ++i)
+        text += (i == 0 ? "; did you mean " : i + 1 < near.size() ? ", " : " or ") + near[i];
+    return near.empty() ? text : text + '?';
+}
+
 } // namespace ExportCore

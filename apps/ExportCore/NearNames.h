@@ -16,6 +16,9 @@ struct EXPORTCORE_EXPORT NearNames {
     static std::vector<std::string> find(const std::string& wanted, const std::vector<std::string>& known,
                                          std::size_t limit = 3);
 
+    /// "; did you mean a, b or c?" with those names; empty when none is near.
+    static std::string question(const std::string& wanted, const std::vector<std::string>& known);
+
     NearNames() = delete;
 };
 

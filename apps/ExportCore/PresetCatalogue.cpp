@@ -9,11 +9,7 @@ namespace ExportCore {
 namespace {
 
 [[noreturn]] void refuseUnknown(const char* what, const std::string& name, const std::vector<std::string>& known) {
-    std::string sentence = std::string("There is no ") + what + " \"" + name + '"';
-    const std::vector<std::string> near = NearNames::find(name, known);
-    for (std::size_t i = 0; i < near.size(); ++i)
-        sentence += (i == 0 ? "; did you mean " : i + 1 < near.size() ? ", " : " or ") + near[i];
-    KESTRA_THROW(Refusal(near.empty() ? sentence : sentence + '?'));
+    KESTRA_THROW(Refusal(std::string("There is no ") + what + " \"" + name + '"' + NearNames::question(name, known)));
 }
 
 } // namespace
@@ -52,6 +48,10 @@ std::vector<std::string> PresetCatalogue::idsOf(const std::string& tag) const {
     for (const Preset& preset : storage.presets(tag))
         result.push_back(preset.id());
     return result;
+}
+
+std::set<std::string> PresetCatalogue::qualitiesOf(const std::string& id) const {
+    return storage.qualityModifierTags(id);
 }
 
 Preset PresetCatalogue::preset(const std::string& id) const {

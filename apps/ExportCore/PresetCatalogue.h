@@ -3,6 +3,7 @@
 
 #include "EditorPreset/PresetStorage.h"
 #include "ExportCoreExport.h"
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ public:
     std::vector<std::string> tagsOf(const std::string& id) const;
     /// The presets of a tag. Throws Refusal with near names for a tag that is none.
     std::vector<std::string> idsOf(const std::string& tag) const;
+    /// Names of a preset's quality modifiers, sorted.
+    std::set<std::string> qualitiesOf(const std::string& id) const;
     /// Throws Refusal with near names for an id that is none.
     Preset preset(const std::string& id) const;
 

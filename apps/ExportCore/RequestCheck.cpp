@@ -1,5 +1,7 @@
 #include "ExportCore/RequestCheck.h"
 
+#include "Export/PresetProvider.h"
+#include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <optional>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -104,6 +107,21 @@ QByteArray placeOfNew(const QByteArray& output) {
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
 }
 
+void requireQuality(const std::string& name, const Export::PresetProvider& provider) {
+    const std::set<std::string> known = provider.qualityModifiers();
+    if (known.count(name) != 0)
+        return;
+    const std::string preset = "The preset \"" + provider.preset().id() + '"';
+    if (known.empty())
+        refuse(preset + " has no qualities to choose from, so none is \"" + name + '"');
+    std::string names;
+    for (const std::string& quality : known)
+        names += (names.empty() ? "" : ", ") + quality;
+    const std::string question = NearNames::question(name, {known.begin(), known.end()});
+    refuse(preset + " has no quality \"" + name + '"' + (question.empty() ? "; it has " : question + " It has ") +
+           names);
+}
+
 } // namespace
 
 void RequestCheck::inputs(const QStringList& inputs) {
@@ -152,6 +170,17 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     return target;
 }
 
+PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::PresetProvider& provider) {
+    PresetEdit edit;
+    if (request.quality) {
+        edit.modifier = *request.quality;
+        requireQuality(edit.modifier, provider);
+    }
+    edit.settings = PresetSettings::parse(request.settings);
+    edit.settings.requireFit(provider.preset());
+    return edit;
+}
+
 void RequestCheck::ranges(const ExportRequest& request) {
     if (request.in && *request.in < KTime(0))
         refuse("The in point " + TimeText::format(*request.in) + " lies before the start");
@@ -164,7 +193,7 @@ void RequestCheck::ranges(const ExportRequest& request) {
                " is empty");
 }
 
-Types::Range RequestCheck::streamRange(const ExportRequest& request, KTime duration) {
+Types::Range RequestCheck::streamRange(const ExportRequest& request, KTime duration, KTime outro) {
     ranges(request);
     const std::string outside = " lies outside the inputs, which last " + TimeText::format(duration);
     if (request.in && *request.in >= duration)
@@ -172,7 +201,7 @@ Types::Range RequestCheck::streamRange(const ExportRequest& request, KTime durat
     if (request.out && *request.out > duration)
         refuse("The out point " + TimeText::format(*request.out) + outside);
     const Types::Range range{request.in.value_or(KTime(0)), request.out.value_or(duration)};
-    const KTime lasting = range.end - range.start;
+    const KTime lasting = range.end - range.start + outro;
     if (request.exportRange.end > lasting)
         refuse("The end of the export range " + TimeText::format(request.exportRange.end) +
                " lies outside what is exported, which lasts " + TimeText::format(lasting));

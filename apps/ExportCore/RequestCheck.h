@@ -3,6 +3,7 @@
 
 #include "ExportCore/ExportRequest.h"
 #include "ExportCore/OutputTarget.h"
+#include "ExportCore/PresetEdit.h"
 #include "ExportCoreExport.h"
 
 namespace ExportCore {
@@ -13,11 +14,14 @@ struct EXPORTCORE_EXPORT RequestCheck {
     static void inputs(const QStringList& inputs);
     /// Not one of the inputs (through links neither), and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
+    /// What the request wants changed in the preset that the provider has selected: a quality that the preset has, and
+    /// settings that read well and fit it.
+    static PresetEdit presetEdit(const ExportRequest& request, const Export::PresetProvider& provider);
     /// The points in order and the export range not inverted, as far as that is known without the inputs' length.
     static void ranges(const ExportRequest& request);
     /// The part of the composition to export; zero to zero, which is all of it, when no point was given. Both points
-    /// must lie inside.
-    static Types::Range streamRange(const ExportRequest& request, KTime duration);
+    /// must lie inside. The export range may reach into an outro of `outro` behind that part.
+    static Types::Range streamRange(const ExportRequest& request, KTime duration, KTime outro = KTime(0));
     /// Whether the path is, through whatever links, one of the inputs.
     static bool isInput(const QByteArray& path, const QStringList& inputs);
 

@@ -24,22 +24,29 @@ QJsonObject objectOf(const Preset& preset, const PresetCatalogue& catalogue) {
     QJsonArray tags;
     for (const std::string& tag : catalogue.tagsOf(preset.id()))
         tags.append(QString::fromStdString(tag));
+    QJsonArray qualities;
+    for (const std::string& quality : catalogue.qualitiesOf(preset.id()))
+        qualities.append(QString::fromStdString(quality));
     return {{key("id"), QString::fromStdString(preset.id())},
             {key("title"), QString::fromStdString(preset.title())},
             {key("tags"), tags},
             {key("container"), QString::fromStdString(preset.containerId())},
             {key("video"), codecOf(preset.hasVideo(), preset.videoCodec())},
             {key("audio"), codecOf(preset.hasAudio(), preset.audioCodec())},
-            {key("twoPass"), runsTwoPasses(preset)}};
+            {key("twoPass"), runsTwoPasses(preset)},
+            {key("quality"), qualities}};
 }
 
 std::string lineOf(const Preset& preset, const PresetCatalogue& catalogue) {
     std::string tags;
     for (const std::string& tag : catalogue.tagsOf(preset.id()))
         tags += (tags.empty() ? "" : ", ") + tag;
+    std::string qualities;
+    for (const std::string& quality : catalogue.qualitiesOf(preset.id()))
+        qualities += (qualities.empty() ? ", quality " : "|") + quality;
     char head[64];
     std::snprintf(head, sizeof head, "%-20s ", preset.id().c_str());
-    return (preset.id().size() < 20 ? head : preset.id() + ' ') + preset.title() + " [" + tags + ']';
+    return (preset.id().size() < 20 ? head : preset.id() + ' ') + preset.title() + " [" + tags + ']' + qualities;
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "cli/Options.h"
 
+#include "ExportCore/PresetSettings.h"
 #include "ExportCore/TimeText.h"
 #include "cli/ExitCode.h"
 #include <CLI/CLI.hpp>
 #include <QString>
+#include <algorithm>
 #include <cstdio>
 #include <map>
 
@@ -22,6 +24,16 @@ std::string checkTime(const std::string& text) {
 
 bool isUtf8(const std::string& text) {
     return QString::fromStdString(text).toStdString() == text;
+}
+
+std::string settingsText() {
+    std::string text = "Settings (--set KEY=VALUE):\n";
+    for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys()) {
+        std::string head = std::string("  ") + key.name + '=' + key.value;
+        head.resize(std::max<std::size_t>(head.size() + 1, 24), ' ');
+        text += head + key.meaning + '\n';
+    }
+    return text;
 }
 
 /// The parser and the texts that it fills.
@@ -61,8 +73,15 @@ private:
         render->add_option("INPUT", options.inputs, "Media files")->required();
         render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")->required();
         render->add_option("-o,--output", options.output, "The file to write")->required();
+        render->add_option("--quality", options.quality, "One of the preset's qualities (see presets)")
+            ->type_name("NAME");
+        render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once")
+            ->type_name("KEY=VALUE")
+            ->allow_extra_args(false);
+        render->footer(settingsText());
         render->add_option("--in", inText, "Where to begin")->check(checkTime, "TIME");
         render->add_option("--out", outText, "Where to end")->check(checkTime, "TIME");
+        render->add_option("--branding", options.branding, "Append this outro (demo); none by default")->type_name("NAME");
         render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
         render->add_option("--progress", options.progress, "auto, bar, plain, json (one object a line) or none")
             ->transform(CLI::CheckedTransformer(styles).description("STYLE"));

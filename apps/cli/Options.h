@@ -21,8 +21,11 @@ struct Options {
     std::vector<std::string> inputs;
     std::string preset;
     std::string output;
+    std::optional<std::string> quality;
+    std::vector<std::string> settings;
     std::optional<KTime> in;
     std::optional<KTime> out;
+    std::string branding; ///< empty: none
     bool overwrite = false;
     ProgressStyle progress = ProgressStyle::Automatic;
 

@@ -23,10 +23,13 @@ ExportCore::ExportRequest requestOf(const Options& options) {
     for (const std::string& input : options.inputs)
         request.inputs << QString::fromStdString(input);
     request.presetId = options.preset;
+    request.quality = options.quality;
+    request.settings = options.settings;
     request.outputPath = QString::fromStdString(options.output);
     request.overwrite = options.overwrite;
     request.in = options.in;
     request.out = options.out;
+    request.brandingName = QString::fromStdString(options.branding);
     return request;
 }
 

@@ -125,6 +125,13 @@ bool Preset::hasFixedResolution() const {
     return readFlag(tree, TAG_VIDEO, TAG_FIXED_RESOLUTION);
 }
 
+void Preset::setFixedResolution(bool fixed) {
+    writeValue(tree, TAG_VIDEO, TAG_FIXED_RESOLUTION, fixed);
+    const std::string mode = readString(tree, TAG_VIDEO, TAG_RESIZE);
+    if (fixed && (mode == "fitInside" || mode == "keepSize"))
+        tree[TAG_VIDEO].RemoveChild(TAG_RESIZE);
+}
+
 Kestra::Proc::SettingsResizer Preset::resizerSettings() const {
     Kestra::Proc::SettingsResizer settings;
     settings.target.width = static_cast<std::uint32_t>(width());
@@ -148,6 +155,10 @@ Kestra::Proc::SettingsResizer Preset::resizerSettings() const {
 Preset::Rational Preset::frameRate() const {
     const Property* const node = findNode(tree, TAG_VIDEO, TAG_FRAME_RATE);
     return node == nullptr ? Kestra::Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE : node->GetRational();
+}
+
+void Preset::setFrameRate(const Rational& rate) {
+    writeValue(tree, TAG_VIDEO, TAG_FRAME_RATE, rate);
 }
 
 std::int64_t Preset::videoBitrateBps() const {
@@ -192,6 +203,10 @@ double Preset::videoQuality() const {
     return node == nullptr ? 0.0 : node->GetDouble();
 }
 
+void Preset::setVideoQuality(double quality) {
+    writeValue(tree, TAG_VIDEO, TAG_QUALITY, quality);
+}
+
 bool Preset::isVideoTwoPassEncodingEnabled() const {
     return readFlag(tree, TAG_VIDEO, TAG_TWO_PASS);
 }
@@ -213,6 +228,19 @@ std::uint32_t Preset::channelLayout() const {
     return Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN;
 }
 
+void Preset::setChannelLayout(std::uint32_t layout) {
+    if (layout == Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN)
+        writeValue(tree, TAG_AUDIO, TAG_CHANNEL_LAYOUT, std::string(VALUE_SOURCE));
+    for (const LayoutName& entry : LAYOUTS) {
+        if (layout == entry.layout)
+            writeValue(tree, TAG_AUDIO, TAG_CHANNEL_LAYOUT, std::string(entry.name));
+    }
+}
+
 std::uint32_t Preset::sampleRate() const {
     return static_cast<std::uint32_t>(readNumber(tree, TAG_AUDIO, TAG_SAMPLE_RATE, 0));
+}
+
+void Preset::setSampleRate(std::uint32_t samplesPerSecond) {
+    writeNumber(tree, TAG_AUDIO, TAG_SAMPLE_RATE, samplesPerSecond);
 }

@@ -12,7 +12,7 @@
 
 /// A value over a property tree whose nodes are named as in the catalogue; copies are independent. A
 /// default-constructed preset has no id, no video and no audio, and its getters answer the neutral values that they
-/// state.
+/// state. A setter changes a stream that is there and makes none.
 class EDITORPRESET_EXPORT Preset {
 public:
     using Rational = boost::rational<long long>;
@@ -42,9 +42,12 @@ public:
     int maxHeight() const;
     /// True when every source must come out in exactly width() x height().
     bool hasFixedResolution() const;
+    /// A way of resizing that does not fill the size gives way to one that does.
+    void setFixedResolution(bool fixed);
     Kestra::Proc::SettingsResizer resizerSettings() const;
     /// SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE for the source's own.
     Rational frameRate() const;
+    void setFrameRate(const Rational& rate);
 
     /// bit/s; 0 when the preset leaves it open.
     std::int64_t videoBitrateBps() const;
@@ -57,6 +60,7 @@ public:
     double videoBitrateMultiplier() const;
     /// In the codec's own scale; 0 when the preset gives none.
     double videoQuality() const;
+    void setVideoQuality(double quality);
     bool isVideoTwoPassEncodingEnabled() const;
 
     /// bit/s; 0 for codecs that know none and when the preset leaves it open.
@@ -64,8 +68,10 @@ public:
     void setAudioBitrateBps(std::int64_t bitsPerSecond);
     /// Kestra::Conf::ChannelLayout; 0 is the source's.
     std::uint32_t channelLayout() const;
+    void setChannelLayout(std::uint32_t layout);
     /// Samples a second; 0 is the source's.
     std::uint32_t sampleRate() const;
+    void setSampleRate(std::uint32_t samplesPerSecond);
 
     /// A description for IFormatFile: container and muxer options.
     Kestra::Core::Property muxerData() const;

@@ -1,4 +1,5 @@
 #include "EditorPreset/TreeAccess.h"
+#include <utility>
 
 namespace EditorPreset {
 
@@ -33,13 +34,16 @@ std::int64_t readNumber(const Property& tree, const char* section, const char* t
     return node == nullptr ? neutral : node->GetInt64();
 }
 
+void writeValue(Property& tree, const char* section, const char* tag, Property::Value value) {
+    if (tree.ChildExists(section))
+        tree[section].SetChild(tag, std::move(value));
+}
+
 void writeNumber(Property& tree, const char* section, const char* tag, std::int64_t number) {
-    if (!tree.ChildExists(section))
-        return;
-    if (number == 0)
+    if (number != 0)
+        writeValue(tree, section, tag, number);
+    else if (tree.ChildExists(section))
         tree[section].RemoveChild(tag);
-    else
-        tree[section].SetChild(tag, number);
 }
 
 } // namespace EditorPreset

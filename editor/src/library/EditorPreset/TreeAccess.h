@@ -17,7 +17,11 @@ std::string readString(const Kestra::Core::Property& tree, const char* section, 
 bool readFlag(const Kestra::Core::Property& tree, const char* section, const char* tag);
 std::int64_t readNumber(const Kestra::Core::Property& tree, const char* section, const char* tag, std::int64_t neutral);
 
-/// 0 takes the node away. Without the section nothing is written: a stream does not come to be by a number.
+/// Without the section nothing is written: a stream does not come to be by a value.
+void writeValue(Kestra::Core::Property& tree, const char* section, const char* tag,
+                Kestra::Core::Property::Value value);
+
+/// The same; 0 takes the node away.
 void writeNumber(Kestra::Core::Property& tree, const char* section, const char* tag, std::int64_t number);
 
 } // namespace EditorPreset

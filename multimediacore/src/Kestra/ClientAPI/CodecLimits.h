@@ -1,0 +1,38 @@
+// What an encoder can be asked for without giving something else.
+#pragma once
+
+#include "Kestra/Conf/CodecID.h"
+#include "KestraExport.h"
+#include <boost/rational.hpp>
+#include <cstdint>
+#include <vector>
+
+namespace Kestra::ClientAPI {
+
+/// Constant quality on the codec's own scale, on which lower is better; 0 to 0 where there is no such scale.
+struct QualityRange {
+    int best = 0;
+    int worst = 0;
+    bool fractions = false; ///< whether there is anything between two whole numbers
+};
+
+/// All of a codec without limits of its own: empty lists stand for codecs that are none of the medium.
+struct KESTRA_EXPORT CodecLimits {
+    static QualityRange VideoQuality(Conf::CodecID codec);
+    /// Whether bits can be asked for: not where a profile or the absence of loss decides about them.
+    static bool HasBitrate(Conf::CodecID codec);
+    /// The smallest side of a picture, in pixels.
+    static int SmallestSide(Conf::CodecID codec);
+    static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);
+
+    /// The usual sample rates that the codec stores as they are, rising.
+    static std::vector<int> SampleRates(Conf::CodecID codec);
+    /// Those of mono, stereo, quad, 5.0, 5.1 and 7.1 that it stores with the same speakers; Conf::ChannelLayout.
+    static std::vector<std::uint32_t> ChannelLayouts(Conf::CodecID codec);
+    /// The steps in bit/s, rising, where a codec knows no others; empty where every bitrate can be asked for.
+    static std::vector<std::int64_t> AudioBitrateSteps(Conf::CodecID codec, int sampleRate);
+
+    CodecLimits() = delete;
+};
+
+} // namespace Kestra::ClientAPI
