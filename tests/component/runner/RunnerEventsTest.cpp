@@ -108,6 +108,22 @@ TEST_F(Runner, EndsWhenTheEngineFinishesAfterAnError) {
     EXPECT_EQ(emissions, (Signals{"processingFailed broken", "stopped"}));
 }
 
+TEST_F(Runner, TellsOfEveryEndThatTheEngineReports) {
+    runner->start();
+    play({FakeProcessor::Finished(), FakeProcessor::Finished()});
+    EXPECT_EQ(emissions, (Signals{"stopped", "stopped"}));
+    EXPECT_EQ(processors.GetMade().size(), 1U) << "no further pass begins";
+}
+
+TEST_F(Runner, AsksTheProcessorToEndAsOftenAsItIsStopped) {
+    processors.Prepare([](FakeProcessor& made) { made.PlayOnStop({}); });
+    runner->start();
+    processors.GetLog().Clear();
+    runner->stop();
+    runner->stop();
+    EXPECT_EQ(calls(), (CallLog::Calls{"Stop", "Discard", "Stop", "Discard"}));
+}
+
 TEST_F(Runner, HoldsTheProcessorAfterTheEnd) {
     runner->start();
     play({FakeProcessor::Finished()});

@@ -111,6 +111,34 @@ TEST_F(Factories, MarkTheVideoEncodersOptionsAndChangeNothingElse) {
                     .GetBool());
 }
 
+TEST_F(Factories, MakeTheVideoEncodersOptionsWhereThePresetHasNone) {
+    initialize("av");
+    // Every container for pictures gives its encoder an option; a user's preset may name any other.
+    auto tree = presets.preset().property();
+    tree["container"].SetChild("id", std::string("wav"));
+    ASSERT_TRUE(presets.updatePreset(nullptr, Preset(tree)));
+    Kestra::Core::Property expected = adjusted().videoEncoderData();
+    ASSERT_FALSE(expected.ChildExists(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE));
+    expected.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE)
+        .SetChild(IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY, true);
+    makeReady();
+    EXPECT_EQ(video().properties, expected);
+}
+
+TEST_F(Factories, TakeTheBitrateForThePicturesThatTheCompositionHasAtTheStart) {
+    initialize();
+    const auto before = presets.bitrate(&model.video).maximum;
+    Media::Video slow = model.video;
+    slow.frameRateNumerator = 5;
+    model.setCompositionVideo(&slow);
+    const auto after = presets.bitrate(&slow).maximum;
+    ASSERT_LT(after, before);
+    makeReady();
+    EXPECT_EQ(video().properties[IFormatCodec::TAG_BITRATE].GetInt64(), after);
+    transcoder.reset();
+    model.setCompositionVideo(&model.video);
+}
+
 TEST_F(Factories, AskForBitratesWithoutADescriptionWhenNoneIsObserved) {
     initialize("fixed");
     model.setCompositionVideo(nullptr);

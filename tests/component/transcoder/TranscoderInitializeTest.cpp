@@ -117,6 +117,55 @@ TEST_F(TranscoderTest, OffersItsStreamsToTheModel) {
     EXPECT_TRUE(transcoder->audioNeeded());
 }
 
+TEST_F(TranscoderTest, TakesTheFieldsOfARequestInTheirOrder) {
+    const Export::Transcoder::Data data{&model.composition,         {KTime(1), KTime(2)},    {KTime(3), KTime(4)},
+                                        QStringLiteral("film.mp4"), QStringLiteral("house"), &presets};
+    EXPECT_EQ(data.composition, &model.composition);
+    EXPECT_EQ(data.streamRange, (Types::Range{KTime(1), KTime(2)}));
+    EXPECT_EQ(data.exportRange, (Types::Range{KTime(3), KTime(4)}));
+    EXPECT_EQ(data.outputPath, QStringLiteral("film.mp4"));
+    EXPECT_EQ(data.brandingName, QStringLiteral("house"));
+    EXPECT_EQ(data.presetProvider, &presets);
+}
+
+TEST_F(TranscoderTest, DescribesNothingBeforeItIsInitialized) {
+    EXPECT_EQ(transcoder->videoPreset(), Media::Video());
+    EXPECT_EQ(transcoder->audioPreset(), Media::Audio());
+}
+
+TEST_F(TranscoderTest, MarksItsPicturesAsAnExportsBeforeTheCompositionIsAsked) {
+    std::vector<bool> marked;
+    bus.onMessage = [&](const std::string& message) {
+        if (message == "bus Change composition: 1 video and 0 audio exports")
+            marked.push_back(transcoder->videoPreset().exported);
+    };
+    initialize();
+    bus.onMessage = nullptr;
+    EXPECT_EQ(marked, std::vector<bool>{true});
+}
+
+TEST_F(TranscoderTest, AsksForPicturesThenForSoundEachDescriptionAheadOfItsStream) {
+    std::vector<std::string> requests;
+    bus.onMessage = [&](const std::string& message) {
+        if (message.find("Change composition") != std::string::npos || message.find(" Add ") != std::string::npos)
+            requests.push_back(message);
+    };
+    initialize();
+    bus.onMessage = nullptr;
+    const std::string state = "+source -using -impl -available 1000..11000 ms";
+    EXPECT_EQ(requests, (std::vector<std::string>{
+                            "bus Change composition: 1 video and 0 audio exports", "bus Add video stream: " + state,
+                            "bus Change composition: 1 video and 1 audio exports", "bus Add audio stream: " + state}));
+}
+
+TEST_F(TranscoderTest, HasTheFastTracksGuardForItsOnlyChild) {
+    ASSERT_EQ(transcoder->children().size(), 1);
+    initialize();
+    EXPECT_EQ(transcoder->children().size(), 1) << "the scheduler is no child";
+    delete transcoder->children().first();
+    EXPECT_FALSE(model.fastTrack.isSuppressed());
+}
+
 TEST_F(TranscoderTest, NeedsNothingBeforeItIsInitialized) {
     EXPECT_FALSE(transcoder->videoNeeded());
     EXPECT_FALSE(transcoder->audioNeeded());

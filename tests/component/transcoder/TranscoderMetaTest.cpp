@@ -29,6 +29,10 @@ TEST_F(TranscoderTest, HasItsFourSignalsInOrderAndNothingElse) {
     EXPECT_EQ(meta().propertyCount(), QObject::staticMetaObject.propertyCount());
 }
 
+TEST_F(TranscoderTest, LeavesTheArgumentOfFailedUnnamed) {
+    EXPECT_EQ(meta().method(meta().methodOffset() + 3).parameterNames(), QList<QByteArray>{""});
+}
+
 TEST_F(TranscoderTest, NamesTheArgumentsOfProgress) {
     EXPECT_EQ(meta().method(meta().methodOffset() + 1).parameterNames(), (QList<QByteArray>{"percent", "remaining"}));
 }
@@ -53,6 +57,7 @@ TEST_F(TranscoderTest, CastsToNothingElse) {
                              "Composition::CompositionView", "Media::View<Media::Video>",
                              "Message::View<Composition::Object>", "FastTrack::Suppressor", ""})
         EXPECT_EQ(transcoder->qt_metacast(name), nullptr) << name;
+    EXPECT_EQ(transcoder->qt_metacast(nullptr), nullptr);
 }
 
 TEST_F(TranscoderTest, CastsToItsOwnBases) {
