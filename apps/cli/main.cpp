@@ -7,6 +7,7 @@
 #include "cli/Options.h"
 #include "cli/RenderCommand.h"
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <csignal>
 #include <cstdio>
 #include <exception>
@@ -39,6 +40,22 @@ int withOutputChecked(int code) {
     return written || code != Cli::EXIT_DONE ? code : Cli::EXIT_EXPORT_FAILED;
 }
 
+/// `Application` is what the event loop runs in.
+template <class Application>
+int runIn(int argc, char** argv, const Cli::Options& options) {
+    ExportCore::ExportApplication<Application> application(argc, argv);
+    return withOutputChecked(run(options, application.failures()));
+}
+
+/// An outro's picture is one of the user interface's, which takes time to start; other runs do without.
+int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
+    if (options.branding.empty())
+        return runIn<QCoreApplication>(argc, argv, options);
+    // No window is shown, so there need be no display, whatever the environment says.
+    qputenv("QT_QPA_PLATFORM", "minimal");
+    return runIn<QGuiApplication>(argc, argv, options);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -50,9 +67,8 @@ int main(int argc, char** argv) {
     Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
                                                     : Export::TranscoderLogOutput::None);
-    ExportCore::ExportApplication<QCoreApplication> application(argc, argv);
     try {
-        return withOutputChecked(run(*options, application.failures()));
+        return runWithWhatItNeeds(argc, argv, *options);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "editor-export: %s\n", error.what());
         return Cli::EXIT_BAD_INPUT;
