@@ -2,7 +2,6 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
@@ -113,18 +112,6 @@ void SequenceAudio::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>
     result->SetSampleFormat(format.GetFormatRecord()->format);
     result->SetSampleRate(format.GetRate());
     result->SetChannelLayout(format.GetLayoutRecord()->layout);
-}
-
-void SequenceAudio::GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& result) const {
-    GetFormatCodecBase(result);
-}
-
-void SequenceAudio::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property SequenceAudio::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
 }
 
 std::int64_t SequenceAudio::GetDuration() const {

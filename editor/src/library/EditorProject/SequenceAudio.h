@@ -4,16 +4,15 @@
 #include "EditorProject/Section.h"
 #include "EditorProject/StreamSlot.h"
 #include "EditorProjectExport.h"
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/SampleInfo.h"
-#include "Kestra/Proc/IStreamAudio.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <memory>
 
 namespace Project {
 
 /// Exactly the window's number of samples: sound that ends before its clip is followed by silence, what is over is cut.
-/// One file is open at a time. Read errors of a clip name its file.
-class EDITORPROJECT_EXPORT SequenceAudio final : public Kestra::Proc::IStreamAudio, public Kestra::RefCountImpl {
+/// One file is open at a time, and none before a read reaches it. Read errors of a clip name its file.
+class EDITORPROJECT_EXPORT SequenceAudio final : public Kestra::Proc::StreamBase<Kestra::Proc::IStreamAudio> {
 public:
     /// `format` has a rate and a layout; an open sample format is float until a consumer prefers one.
     SequenceAudio(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
@@ -21,19 +20,12 @@ public:
 
     boost::intrusive_ptr<Kestra::Proc::IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio>& format) const override;
-    void Initialize(const Kestra::Core::Property& settings) override;
-    Kestra::Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override;
-    boost::intrusive_ptr<Kestra::Proc::IData> ReadData() override { return ReadAudio(); }
     void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
     void Interrupt() override { clip.interrupt(); }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Kestra::Conf::IFormatCodec>& format) const override;
     std::string Describe() const override;
     void PreferFormat(const Kestra::Conf::IFormatCodec& format) override;
-    /// The format is known without: files are opened when a read reaches them.
-    void Prepare() override {}
     void Reset() override;
 
 private:

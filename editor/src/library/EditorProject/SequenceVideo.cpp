@@ -2,7 +2,6 @@
 
 #include "EditorProject/ClipPictures.h"
 #include "Kestra/Base/Time.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
@@ -94,18 +93,6 @@ void SequenceVideo::Forget() {
 void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target->GetProperty());
-}
-
-void SequenceVideo::GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
-    GetFormatCodecBase(format);
-}
-
-void SequenceVideo::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property SequenceVideo::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
 }
 
 std::int64_t SequenceVideo::GetDuration() const {

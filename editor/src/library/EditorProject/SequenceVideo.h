@@ -4,16 +4,15 @@
 #include "EditorProject/Section.h"
 #include "EditorProject/StreamSlot.h"
 #include "EditorProjectExport.h"
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/FrameInfo.h"
-#include "Kestra/Proc/IStreamVideo.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <memory>
 
 namespace Project {
 
-/// Exactly the window's number of frames. Clips are opened when they are reached and closed when they are done, so one
-/// file is open at a time. Read errors of a clip name its file.
-class EDITORPROJECT_EXPORT SequenceVideo final : public Kestra::Proc::IStreamVideo, public Kestra::RefCountImpl {
+/// Exactly the window's number of frames. Clips are opened when a read reaches them and closed when they are done, so
+/// one file is open at a time. Read errors of a clip name its file.
+class EDITORPROJECT_EXPORT SequenceVideo final : public Kestra::Proc::StreamBase<Kestra::Proc::IStreamVideo> {
 public:
     /// The window has a rate.
     SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
@@ -21,19 +20,12 @@ public:
 
     boost::intrusive_ptr<Kestra::Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format) const override;
-    void Initialize(const Kestra::Core::Property& settings) override;
-    Kestra::Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override;
-    boost::intrusive_ptr<Kestra::Proc::IData> ReadData() override { return ReadVideo(); }
     void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
     void Interrupt() override { clip.interrupt(); }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Kestra::Conf::IFormatCodec>& format) const override;
     std::string Describe() const override;
     void PreferFormat(const Kestra::Conf::IFormatCodec& format) override;
-    /// The format is known without: files are opened when a read reaches them.
-    void Prepare() override {}
     void Reset() override;
 
 private:

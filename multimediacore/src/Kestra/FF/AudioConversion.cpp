@@ -27,10 +27,9 @@ AVChannelLayout KnownLayout(const AVChannelLayout& layout) {
 
 AudioConversion::AudioConversion(boost::intrusive_ptr<Proc::IStreamAudio> source, const Conf::SampleInfo& target,
                                  std::optional<std::int64_t> length, std::string name)
-    : source(std::move(source))
+    : AudioFilterBase(std::move(source), std::move(name))
     , target(target)
-    , length(length)
-    , name(std::move(name)) {}
+    , length(length) {}
 
 void AudioConversion::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const {
     source->GetAudioFormat(format);
@@ -40,14 +39,6 @@ void AudioConversion::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudi
         format->SetChannelLayout(target.GetLayoutRecord()->layout);
     if (target.GetFormatRecord()->format != Conf::SAMPLE_FORMAT_UNKNOWN)
         format->SetSampleFormat(target.GetFormatRecord()->format);
-}
-
-void AudioConversion::Initialize(const Core::Property&) {
-    Fail(TranscodingError::NotSupported, "The " + name + " has no settings to be initialized with");
-}
-
-Core::Property AudioConversion::GetSettings() const {
-    return Core::Property();
 }
 
 std::int64_t AudioConversion::GetDuration() const {

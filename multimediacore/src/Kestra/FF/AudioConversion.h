@@ -1,34 +1,25 @@
 // Kestra::FF::AudioConversion: sound in another format and of an exact length.
 #pragma once
 
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/FF/SampleQueue.h"
-#include "Kestra/Proc/IStreamAudio.h"
+#include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include <optional>
 
 namespace Kestra::FF {
 
 /// Both the resampler and the trimmer: what the target leaves open stays as the source has it; the length is the
 /// source's or the given one. Blocks that are right already pass untouched.
-class AudioConversion final : public Proc::IStreamAudio, public RefCountImpl {
+class AudioConversion final : public Proc::AudioFilterBase {
 public:
     AudioConversion(boost::intrusive_ptr<Proc::IStreamAudio> source, const Conf::SampleInfo& target,
                     std::optional<std::int64_t> length, std::string name);
 
     boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;
-    void Initialize(const Core::Property& settings) override;
-    Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override;
-    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadAudio(); }
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
-    void Interrupt() override { source->Interrupt(); }
-    bool IsSeekable() const override { return source->IsSeekable(); }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
-    std::string Describe() const override { return name + " of " + source->Describe(); }
-    void PreferFormat(const Conf::IFormatCodec& format) override { source->PreferFormat(format); }
     void Prepare() override;
     void Reset() override;
 
@@ -50,10 +41,8 @@ private:
     std::int64_t AlignedSeek(std::int64_t time);
     FrameHandle TakeBlock();
 
-    const boost::intrusive_ptr<Proc::IStreamAudio> source;
     const Conf::SampleInfo target;
     const std::optional<std::int64_t> length;
-    const std::string name;
 
     Shape output;
     SwrContextHandle converter;

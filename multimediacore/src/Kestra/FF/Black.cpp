@@ -1,11 +1,10 @@
 #include "Kestra/FF/Black.h"
 
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
 #include "Kestra/FF/FramePool.h"
 #include "Kestra/FF/PictureGeometry.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <algorithm>
 #include <atomic>
 #include <boost/throw_exception.hpp>
@@ -17,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t SMALLEST_SIDE = 2;
 
-class Black final : public Proc::IStreamVideo, public RefCountImpl {
+class Black final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     Black(const Conf::IFormatCodecVideo& wanted, std::int64_t duration)
         : format(Conf::IFormatCodecVideo::Create())
@@ -27,18 +26,12 @@ public:
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& result) const override;
-    void Initialize(const Core::Property&) override { KESTRA_NOT_IMPLEMENTED(); }
-    Core::Property GetSettings() const override { KESTRA_NOT_IMPLEMENTED(); }
     std::int64_t GetDuration() const override { return duration; }
     std::int64_t GetPosition() const override { return std::min(duration, TimeOf(index)); }
-    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadVideo(); }
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
     void Interrupt() override { interrupted = true; }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& result) const override { GetFormatCodecBase(result); }
     std::string Describe() const override { return "black"; }
     void PreferFormat(const Conf::IFormatCodec& preferred) override;
-    void Prepare() override {}
     void Reset() override;
 
 private:

@@ -2,7 +2,6 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
-#include "Kestra/FF/Error.h"
 #include "Kestra/FF/ResamplerFF.h"
 #include "Kestra/FF/SampleQueue.h"
 #include <algorithm>
@@ -45,14 +44,6 @@ void SilenceFF::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& fo
     format->SetSampleRate(block->sample_rate);
     format->SetChannelLayout(FromAv(block->ch_layout));
     format->SetSampleFormat(FromAv(static_cast<AVSampleFormat>(block->format)));
-}
-
-void SilenceFF::Initialize(const Core::Property&) {
-    Fail(Proc::TranscodingError::NotSupported, "Silence has no settings to be initialized with");
-}
-
-Core::Property SilenceFF::GetSettings() const {
-    return Core::Property();
 }
 
 std::int64_t SilenceFF::GetPosition() const {

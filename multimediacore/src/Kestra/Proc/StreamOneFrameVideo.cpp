@@ -1,6 +1,5 @@
 #include "Kestra/Proc/StreamOneFrameVideo.h"
 
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <utility>
@@ -28,14 +27,6 @@ void StreamOneFrameVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodec
     format = Conf::IFormatCodecVideo::Create();
     format->InitByFrameAspect(info.width, info.height, info.aspectNumerator, info.aspectDenominator);
     format->SetPixelFormat(frame->GetPixelFormat());
-}
-
-void StreamOneFrameVideo::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property StreamOneFrameVideo::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
 }
 
 void StreamOneFrameVideo::Seek(std::int64_t, SeekMode) {

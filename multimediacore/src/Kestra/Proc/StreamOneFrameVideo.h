@@ -1,33 +1,25 @@
 // Kestra::Proc::StreamOneFrameVideo: one picture as a stream.
 #pragma once
 
-#include "Kestra/Base/RefCountImpl.h"
-#include "Kestra/Proc/IStreamVideo.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
 
 namespace Kestra::Proc {
 
 /// Gives its picture once, with the times that it was made with, and then null. It has no frame rate of its own, and a
 /// seek to whatever time rewinds it: there is one picture for every time.
-class KESTRA_EXPORT StreamOneFrameVideo final : public IStreamVideo, public RefCountImpl {
+class KESTRA_EXPORT StreamOneFrameVideo final : public StreamBase<IStreamVideo> {
 public:
     /// Throws std::invalid_argument for null.
     static boost::intrusive_ptr<StreamOneFrameVideo> Create(const boost::intrusive_ptr<IDataVideo>& frame);
 
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
-    void Initialize(const Core::Property& settings) override;
-    Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override { return frame->GetDuration(); }
     std::int64_t GetPosition() const override { return read ? frame->GetDuration() : 0; }
-    boost::intrusive_ptr<IData> ReadData() override { return ReadVideo(); }
     void Seek(std::int64_t time, SeekMode mode) override;
     void Interrupt() override { interrupted = true; }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
     std::string Describe() const override { return "one picture"; }
-    void PreferFormat(const Conf::IFormatCodec&) override {}
-    void Prepare() override {}
     void Reset() override;
 
 private:

@@ -1,6 +1,5 @@
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Base/Time.h"
-#include "Kestra/Proc/ProcException.h"
+#include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Kestra/Proc/Segmenter.h"
 #include <algorithm>
 #include <stdexcept>
@@ -8,43 +7,13 @@
 namespace Kestra::Proc {
 namespace {
 
-/// A video filter that hands everything on to its source. What a filter does differently, it overrides.
-class ForwardingVideo : public IStreamVideo, public RefCountImpl {
-public:
-    explicit ForwardingVideo(const boost::intrusive_ptr<IStreamVideo>& source)
-        : source(source) {}
-
-    void Initialize(const Core::Property& settings) override { source->Initialize(settings); }
-    Core::Property GetSettings() const override { return source->GetSettings(); }
-    std::int64_t GetDuration() const override { return source->GetDuration(); }
-    std::int64_t GetPosition() const override { return source->GetPosition(); }
-    boost::intrusive_ptr<IData> ReadData() override { return ReadVideo(); }
-    boost::intrusive_ptr<IDataVideo> ReadVideo() override { return source->ReadVideo(); }
-    void Seek(std::int64_t time, SeekMode mode) override { source->Seek(time, mode); }
-    void Interrupt() override { source->Interrupt(); }
-    bool IsSeekable() const override { return source->IsSeekable(); }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
-    void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override {
-        source->GetVideoFormat(format);
-    }
-    std::string Describe() const override { return source->Describe(); }
-    void PreferFormat(const Conf::IFormatCodec& format) override { source->PreferFormat(format); }
-    void Prepare() override { source->Prepare(); }
-    void Reset() override { source->Reset(); }
-
-protected:
-    const boost::intrusive_ptr<IStreamVideo> source;
-};
-
-class VideoSegmenter : public ForwardingVideo {
+class VideoSegmenter final : public VideoFilterBase {
 public:
     VideoSegmenter(const boost::intrusive_ptr<IStreamVideo>& source, std::int64_t start, std::int64_t end)
-        : ForwardingVideo(source)
+        : VideoFilterBase(source, "segment")
         , start(start)
         , end(end) {}
 
-    void Initialize(const Core::Property&) override { ThrowNoSettings(); }
-    Core::Property GetSettings() const override { ThrowNoSettings(); }
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
@@ -53,7 +22,6 @@ public:
     void Reset() override;
 
 private:
-    [[noreturn]] static void ThrowNoSettings();
     void GoToStart();
     boost::intrusive_ptr<IDataVideo> ReadFromStart();
     void CutToWindow(IDataVideo& frame) const;
@@ -64,10 +32,6 @@ private:
     /// Whether the source stands where the next read begins.
     bool positioned = false;
 };
-
-void VideoSegmenter::ThrowNoSettings() {
-    KESTRA_THROW(FilterException("A segment of a stream has no settings.") << TagCallStack(GetCallStack()));
-}
 
 std::int64_t VideoSegmenter::GetDuration() const {
     const std::int64_t whole = source->GetDuration();

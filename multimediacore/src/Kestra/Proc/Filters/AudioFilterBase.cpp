@@ -12,8 +12,4 @@ void AudioFilterBase::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudi
     source->GetAudioFormat(format);
 }
 
-boost::intrusive_ptr<IData> AudioFilterBase::ReadData() {
-    return ReadAudio();
-}
-
 } // namespace Kestra::Proc

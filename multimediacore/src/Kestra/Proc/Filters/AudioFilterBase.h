@@ -15,7 +15,6 @@ public:
 
     boost::intrusive_ptr<IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;
-    boost::intrusive_ptr<IData> ReadData() override;
 };
 
 } // namespace Kestra::Proc

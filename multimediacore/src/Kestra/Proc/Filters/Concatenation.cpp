@@ -1,7 +1,6 @@
 #include "Kestra/Proc/Filters/Concatenation.h"
 
 #include "Kestra/Base/Time.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include <algorithm>
 #include <boost/throw_exception.hpp>
 #include <stdexcept>
@@ -24,14 +23,6 @@ void Concatenation::Append(const boost::intrusive_ptr<IStreamVideo>& stream) {
     }
     const std::int64_t start = GetDuration();
     parts.push_back({stream, start, start + stream->GetDuration()});
-}
-
-void Concatenation::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property Concatenation::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
 }
 
 std::int64_t Concatenation::GetDuration() const {

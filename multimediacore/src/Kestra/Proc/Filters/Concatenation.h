@@ -1,7 +1,7 @@
 // Kestra::Proc::Concatenation: video streams one after the other.
 #pragma once
 
-#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include "Kestra/Proc/IConcatenation.h"
 #include <atomic>
 #include <vector>
@@ -9,21 +9,17 @@
 namespace Kestra::Proc {
 
 /// A part fills exactly its duration: its last picture is stretched or cut to the seam.
-class KESTRA_EXPORT Concatenation final : public IConcatenation, public RefCountImpl {
+class KESTRA_EXPORT Concatenation final : public StreamBase<IConcatenation> {
 public:
     void Append(const boost::intrusive_ptr<IStreamVideo>& stream) override;
 
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
-    void Initialize(const Core::Property& settings) override;
-    Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
-    boost::intrusive_ptr<IData> ReadData() override { return ReadVideo(); }
     void Seek(std::int64_t time, SeekMode mode) override;
     void Interrupt() override;
     bool IsSeekable() const override;
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
     std::string Describe() const override;
     void PreferFormat(const Conf::IFormatCodec& format) override;
     void Prepare() override;

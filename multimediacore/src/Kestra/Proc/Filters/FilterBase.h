@@ -1,9 +1,7 @@
 // Kestra::Proc::FilterBase: what filters over sound and over pictures have in common.
 #pragma once
 
-#include "Kestra/Base/RefCountImpl.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
-#include "Kestra/Proc/IStream.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <string>
@@ -12,10 +10,9 @@
 namespace Kestra::Proc {
 
 /// Forwards the operations of IStream to its source, which it holds; a filter overrides what it changes. Stream is
-/// IStreamAudio or IStreamVideo. Initialize and GetSettings throw FilterException: filters take their settings when
-/// they are made.
+/// IStreamAudio or IStreamVideo. Filters take their settings when they are made.
 template <class Stream>
-class KESTRA_EXPORT FilterBase : public Stream, public RefCountImpl {
+class KESTRA_EXPORT FilterBase : public StreamBase<Stream> {
 public:
     /// `name` is for messages. Throws std::invalid_argument for a null source.
     FilterBase(boost::intrusive_ptr<Stream> source, std::string name)
@@ -25,16 +22,11 @@ public:
             BOOST_THROW_EXCEPTION(std::invalid_argument("The filter \"" + this->name + "\" was given no source"));
     }
 
-    void Initialize(const Core::Property&) override { KESTRA_NOT_IMPLEMENTED(); }
-    Core::Property GetSettings() const override { KESTRA_NOT_IMPLEMENTED(); }
     std::int64_t GetDuration() const override { return source->GetDuration(); }
     std::int64_t GetPosition() const override { return source->GetPosition(); }
     void Seek(std::int64_t time, SeekMode mode) override { source->Seek(time, mode); }
     void Interrupt() override { source->Interrupt(); }
     bool IsSeekable() const override { return source->IsSeekable(); }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override {
-        this->GetFormatCodecBase(format);
-    }
     std::string Describe() const override { return name + " of " + source->Describe(); }
     void PreferFormat(const Conf::IFormatCodec& format) override { source->PreferFormat(format); }
     void Prepare() override { source->Prepare(); }

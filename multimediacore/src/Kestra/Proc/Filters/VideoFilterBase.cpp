@@ -12,8 +12,4 @@ void VideoFilterBase::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVide
     source->GetVideoFormat(format);
 }
 
-boost::intrusive_ptr<IData> VideoFilterBase::ReadData() {
-    return ReadVideo();
-}
-
 } // namespace Kestra::Proc

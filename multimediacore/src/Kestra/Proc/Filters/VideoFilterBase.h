@@ -15,7 +15,6 @@ public:
 
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
-    boost::intrusive_ptr<IData> ReadData() override;
 };
 
 } // namespace Kestra::Proc
