@@ -1,6 +1,6 @@
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Base/Exception.h"
-#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/FormatCodecTree.h"
 #include <limits>
 
 namespace Kestra::Conf {
@@ -10,18 +10,6 @@ const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT = "channelLayout";
 const char* const IFormatCodecAudio::TAG_SAMPLE_FORMAT = "sampleFormat";
 
 namespace {
-
-class FormatCodecAudio final : public RefCountImpl, public IFormatCodecAudio {
-public:
-    const Core::Property& GetProperty() const override { return tree; }
-    void SetProperty(const Core::Property& newTree) override { tree = newTree; }
-
-protected:
-    Core::Property& EditProperty() override { return tree; }
-
-private:
-    Core::Property tree;
-};
 
 template <class Integer>
 Integer Read(const Core::Property& tree, const char* tag, Integer neutral) {
@@ -45,7 +33,7 @@ void Write(Core::Property& tree, const char* tag, std::int64_t number, std::int6
 } // namespace
 
 boost::intrusive_ptr<IFormatCodecAudio> IFormatCodecAudio::Create() {
-    return new FormatCodecAudio;
+    return new FormatCodecTree<IFormatCodecAudio>;
 }
 
 IFormatCodecAudio::~IFormatCodecAudio() = default;

@@ -1,6 +1,6 @@
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Base/Exception.h"
-#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/FormatCodecTree.h"
 #include <limits>
 #include <utility>
 
@@ -21,18 +21,6 @@ const char* const IFormatCodecVideo::TAG_GOP_SECONDS = "gopSeconds";
 const char* const IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY = "approvedVbrModeOnly";
 
 namespace {
-
-class FormatCodecVideo final : public RefCountImpl, public IFormatCodecVideo {
-public:
-    const Core::Property& GetProperty() const override { return tree; }
-    void SetProperty(const Core::Property& newTree) override { tree = newTree; }
-
-protected:
-    Core::Property& EditProperty() override { return tree; }
-
-private:
-    Core::Property tree;
-};
 
 std::uint32_t ReadUint32(const Core::Property& tree, const char* tag) {
     if (!tree.ChildExists(tag))
@@ -64,7 +52,7 @@ void WriteColour(Core::Property& tree, const char* tag, int code, int neutral) {
 } // namespace
 
 boost::intrusive_ptr<IFormatCodecVideo> IFormatCodecVideo::Create() {
-    return new FormatCodecVideo;
+    return new FormatCodecTree<IFormatCodecVideo>;
 }
 
 IFormatCodecVideo::~IFormatCodecVideo() = default;

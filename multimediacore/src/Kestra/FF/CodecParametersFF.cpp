@@ -1,26 +1,17 @@
 #include "Kestra/FF/CodecParametersFF.h"
 
-#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/FormatCodecTree.h"
 
 namespace Kestra::FF {
 
 namespace {
 
-template <class Base>
-class Parameters final : public Base, public CodecParametersFF, public RefCountImpl {
+template <class Description>
+class Parameters final : public Conf::FormatCodecTree<Description>, public CodecParametersFF {
 public:
     Parameters(const AVCodecParameters& source, AVRational timeBase, const Core::Property& description)
-        : CodecParametersFF(source, timeBase)
-        , tree(description) {}
-
-    const Core::Property& GetProperty() const override { return tree; }
-    void SetProperty(const Core::Property& newTree) override { tree = newTree; }
-
-protected:
-    Core::Property& EditProperty() override { return tree; }
-
-private:
-    Core::Property tree;
+        : Conf::FormatCodecTree<Description>(description)
+        , CodecParametersFF(source, timeBase) {}
 };
 
 } // namespace
