@@ -44,8 +44,8 @@ protected:
     Recording user;
 };
 
-using Types = ::testing::Types<Stream::VideoObject, Stream::AudioObject, FastTrack::Object, Composition::Object,
-                               Composition::Marker, Composition::Range, Media::Video, Media::Audio>;
+using ModelTypes = ::testing::Types<Stream::VideoObject, Stream::AudioObject, FastTrack::Object, Composition::Object,
+                                    Composition::Marker, Composition::Range, Media::Video, Media::Audio>;
 struct TypeNames {
     template <class T>
     static std::string GetName(int index) {
@@ -54,7 +54,7 @@ struct TypeNames {
         return NAMES[index];
     }
 };
-TYPED_TEST_SUITE(ModelObject, Types, TypeNames);
+TYPED_TEST_SUITE(ModelObject, ModelTypes, TypeNames);
 
 TYPED_TEST(ModelObject, IsAValueThatTheBusKnows) {
     EXPECT_TRUE(std::is_default_constructible_v<TypeParam>);
