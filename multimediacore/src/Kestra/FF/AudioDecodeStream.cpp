@@ -66,6 +66,7 @@ void AudioDecodeStream::Prepare() {
         return;
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted);
     file->Select({track.index});
+    file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8());
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });

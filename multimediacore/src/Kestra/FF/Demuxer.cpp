@@ -40,6 +40,11 @@ bool IsTextFormat(const char* name) {
     return std::any_of(names.begin(), names.end(), [name](const char* text) { return std::strcmp(name, text) == 0; });
 }
 
+// Whether reading may begin at any packet: transport streams are made for it.
+bool StartsAnywhere(const char* name) {
+    return std::strcmp(name, "mpegts") == 0;
+}
+
 } // namespace
 
 Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted)
@@ -71,6 +76,8 @@ void Demuxer::Open() {
         ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
     untouched = true;
     trouble.clear();
+    readFrom = 0;
+    lastPosition.clear();
     ApplySelection();
 }
 
@@ -105,16 +112,42 @@ bool Demuxer::Read(AVPacket& packet) {
             return false;
         }
         // Streams that come up while reading are unknown to the selection.
-        if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end())
+        if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end()) {
+            ShiftTimes(packet);
             return true;
+        }
     }
     return false;
+}
+
+void Demuxer::ShiftTimes(AVPacket& packet) {
+    if (!clock)
+        return;
+    std::int64_t& position = lastPosition.try_emplace(packet.stream_index, readFrom).first->second;
+    if (packet.pos >= 0)
+        position = packet.pos;
+    const std::int64_t shift = clock->ShiftAt(packet.stream_index, position);
+    for (std::int64_t* time : {&packet.pts, &packet.dts})
+        if (*time != AV_NOPTS_VALUE)
+            *time += shift;
 }
 
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
+    if (clock)
+        return SeekToEntry(stream, timestamp);
     return av_seek_frame(context.get(), stream, timestamp, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+// Searching by time leads nowhere where time restarts.
+bool Demuxer::SeekToEntry(int stream, std::int64_t timestamp) {
+    const auto position = clock->FindEntry(stream, timestamp);
+    if (!position || !StartsAnywhere(GetFormatName()))
+        return false;
+    readFrom = *position;
+    lastPosition.clear();
+    return av_seek_frame(context.get(), -1, readFrom, AVSEEK_FLAG_BYTE) >= 0;
 }
 
 void Demuxer::Rewind() {

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Kestra/Base/ioPath.h"
+#include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/Handles.h"
 #include <atomic>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,6 +27,8 @@ public:
 
     /// Everything but these streams is passed over from the next read on.
     void Select(const std::vector<int>& streams);
+    /// Packets and seeks are on the joined clock from the next read on; null for the file's own.
+    void SetClock(std::shared_ptr<const ClockMap> map) { clock = std::move(map); }
     /// The next packet of a selected stream; false at the end of the file, and once interrupted. Throws when the file
     /// cannot be read; a file that merely is malformed ends, and GetTrouble says why.
     bool Read(AVPacket& packet);
@@ -37,6 +42,8 @@ public:
 private:
     void Open();
     void ApplySelection();
+    void ShiftTimes(AVPacket& packet);
+    bool SeekToEntry(int stream, std::int64_t timestamp);
 
     ioPath path;
     const std::atomic<bool>& interrupted;
@@ -44,6 +51,9 @@ private:
     std::vector<int> selection;
     bool selected = false;
     bool untouched = true;
+    std::shared_ptr<const ClockMap> clock;
+    std::int64_t readFrom = 0;                ///< where reading began; in bytes
+    std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one
     std::string trouble;
 };
 

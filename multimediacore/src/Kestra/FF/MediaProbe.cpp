@@ -1,5 +1,6 @@
 #include "Kestra/FF/MediaProbe.h"
 
+#include "Kestra/FF/ClockScan.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Error.h"
@@ -91,6 +92,7 @@ void MediaProbe::Run() {
         Fail(TranscodingError::SourceUnreadable,
              "Cannot read \"" + path.ToUtf8() + "\": it holds neither picture nor sound that can be decoded");
     SettleOrigin();
+    JoinClocks();
     FindEnds();
     DescribeVideo();
     DescribeAudio();
@@ -196,6 +198,24 @@ void MediaProbe::SettleOrigin() {
             (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;
 }
 
+void MediaProbe::JoinClocks() {
+    if (!ClockScan::IsNeeded(demuxer))
+        return;
+    std::vector<int> indices;
+    for (const Track* track : Tracks())
+        indices.push_back(track->index);
+    ClockScan scan(demuxer, indices);
+    scan.Run();
+    if (scan.GetJoints().empty())
+        return;
+    details.clock = std::make_shared<ClockMap>(scan.GetMap());
+    demuxer.SetClock(details.clock);
+    for (const ClockScan::Joint& joint : scan.GetJoints())
+        details.damage.push_back(
+            {path, joint.time - details.origin,
+             "Timestamps jump by " + Seconds(joint.jump) + "; what follows was joined on without a gap"});
+}
+
 std::int64_t MediaProbe::ClaimedEnd(const Track& track) {
     const AVStream& stream = demuxer.GetStream(track.index);
     if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0) {
@@ -211,7 +231,7 @@ std::int64_t MediaProbe::ClaimedEnd(const Track& track) {
 void MediaProbe::FindEnds() {
     std::vector<Track*> unknown;
     for (Track* track : Tracks())
-        if (!FindEndNear(*track, NEAR_WINDOW) && !FindEndNear(*track, FAR_WINDOW))
+        if (details.clock || (!FindEndNear(*track, NEAR_WINDOW) && !FindEndNear(*track, FAR_WINDOW)))
             unknown.push_back(track);
     if (!unknown.empty())
         ScanToEnd(unknown);
@@ -272,6 +292,8 @@ std::int64_t MediaProbe::TimeOf(Track& track, const AVPacket& packet) {
 
 void MediaProbe::TakePacket(Track& track, const AVPacket& packet) {
     const std::int64_t time = TimeOf(track, packet);
+    if (time == TIME_UNKNOWN && track.index == video.index && track.end != TIME_UNKNOWN)
+        track.end += LengthOf(track, packet);
     if (time == TIME_UNKNOWN || (packet.flags & AV_PKT_FLAG_DISCARD))
         return;
     ++track.packets;
@@ -390,6 +412,9 @@ void MediaProbe::DescribeAudio() {
 }
 
 void MediaProbe::ReportShortage() {
+    // What such a file claims is the distance of timestamps on different clocks.
+    if (details.clock)
+        return;
     const AVFormatContext& context = demuxer.GetContext();
     std::int64_t claim = 0;
     for (const Track* track : Tracks()) {

@@ -46,6 +46,8 @@ private:
     void DecodeTail(Track& track);
     void Drop(Track& track, const std::string& reason);
     void SettleOrigin();
+    /// Of recordings that were put behind each other, the parts are joined.
+    void JoinClocks();
     void FindEnds();
     bool FindEndNear(Track& track, std::int64_t window);
     void ScanToEnd(const std::vector<Track*>& tracks);

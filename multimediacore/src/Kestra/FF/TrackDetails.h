@@ -1,7 +1,9 @@
 // Kestra::FF::TrackDetails: what the streams of a media file need to know beyond its public description.
 #pragma once
 
+#include "Kestra/FF/ClockMap.h"
 #include "Kestra/Proc/IMediaSource.h"
+#include <memory>
 
 namespace Kestra::FF {
 
@@ -15,6 +17,8 @@ struct TrackDetails {
     std::int64_t audioPhase = 0;
     /// Samples that every block is a multiple of; 0 when the codec has no such number.
     int audioGrain = 0;
+    /// How the file's timestamps are joined; null when they go on from start to end.
+    std::shared_ptr<const ClockMap> clock;
     /// Damage seen while opening.
     std::vector<Proc::DamageReport> damage;
 };

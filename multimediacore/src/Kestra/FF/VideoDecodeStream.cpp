@@ -81,6 +81,7 @@ void VideoDecodeStream::Prepare() {
         return;
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted);
     file->Select({track.index});
+    file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8());
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
@@ -169,13 +170,19 @@ void VideoDecodeStream::ReportFlaws(const AVFrame& frame, std::int64_t time) {
 
 std::int64_t VideoDecodeStream::TimeOf(const AVFrame& frame) {
     const std::int64_t timestamp = ToEngineTime(frame.best_effort_timestamp, demuxer->GetStream(track.index).time_base);
-    if (timestamp != TIME_UNKNOWN)
-        return timestamp - source->GetDetails().origin;
+    const std::int64_t time = timestamp == TIME_UNKNOWN ? TIME_UNKNOWN : timestamp - source->GetDetails().origin;
+    // The guess at the time of the last pictures of a joined part is made from packets of the next.
+    const bool wrong = source->GetDetails().clock && frame.pts == AV_NOPTS_VALUE && time <= lastDecoded;
+    if (time != TIME_UNKNOWN && !wrong)
+        return time;
     return lastDecoded < 0 ? 0 : lastDecoded + (track.frameRate > 0 ? FramesToTime(1, track.frameRate) : 1);
 }
 
 std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
     while (FrameHandle frame = decoder->Next()) {
+        // After a seek, a picture without a time cannot be counted on from another.
+        if (!atStart && lastDecoded < 0 && frame->best_effort_timestamp == AV_NOPTS_VALUE)
+            continue;
         const std::int64_t time = TimeOf(*frame);
         // Two pictures at one time: the second would replace the first before it was shown.
         if (!atStart && time <= lastDecoded) {
