@@ -8,6 +8,7 @@
 #include "cli/RenderCommand.h"
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <csignal>
 #include <cstdio>
 #include <exception>
@@ -40,20 +41,24 @@ int withOutputChecked(int code) {
     return written || code != Cli::EXIT_DONE ? code : Cli::EXIT_EXPORT_FAILED;
 }
 
-/// `Application` is what the event loop runs in.
 template <class Application>
-int runIn(int argc, char** argv, const Cli::Options& options) {
-    ExportCore::ExportApplication<Application> application(argc, argv);
+int runIn(ExportCore::ExportApplication<Application>& application, const Cli::Options& options) {
     return withOutputChecked(run(options, application.failures()));
 }
 
 /// An outro's picture is one of the user interface's, which takes time to start; other runs do without.
 int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
-    if (options.branding.empty())
-        return runIn<QCoreApplication>(argc, argv, options);
-    // No window is shown, so there need be no display, whatever the environment says.
+    if (options.branding.empty()) {
+        ExportCore::ExportApplication<QCoreApplication> application(argc, argv);
+        return runIn(application, options);
+    }
+    // No window is shown, so there need be no display, whatever the environment says; nor does it concern anybody when
+    // the environment lacks what desktop sessions have, which Qt warns of as it starts.
     qputenv("QT_QPA_PLATFORM", "minimal");
-    return runIn<QGuiApplication>(argc, argv, options);
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    ExportCore::ExportApplication<QGuiApplication> application(argc, argv);
+    QLoggingCategory::setFilterRules(QString());
+    return runIn(application, options);
 }
 
 } // namespace

@@ -1,0 +1,72 @@
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+
+namespace {
+
+class Branding : public ::testing::Test {
+protected:
+    Branding() {
+        TestMedia::FlashBeep media;
+        media.frames = 25;
+        TestMedia::makeFlashBeep(clip, media);
+    }
+    /// As on a machine without a display and without a session.
+    static Result run(const std::vector<std::string>& arguments) {
+        Program program(arguments);
+        program.setEnvironment("QT_QPA_PLATFORM", "xcb");
+        program.setEnvironment("DISPLAY", "");
+        program.setEnvironment("XDG_RUNTIME_DIR", "");
+        return program.run();
+    }
+
+    const TestMedia::Folder place;
+    const std::string clip = place / "clip.mov";
+    const std::string output = place / "out.mp4";
+};
+
+TEST_F(Branding, IsNoneByDefault) {
+    const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--progress", "none"});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(TestMedia::probe(output).video->frames.size(), 25U);
+}
+
+TEST_F(Branding, AppendsTheOutroWithoutADisplay) {
+    const Result result =
+        run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "demo", "--progress", "none"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_TRUE(result.errors.isEmpty()) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.contains(QStringLiteral(": 00:00:06.000, h264 320x180, 150 frames")))
+        << result.output.toStdString();
+    const TestMedia::ProbedMedia media = TestMedia::probe(output);
+    EXPECT_EQ(media.video->frames.size(), 150U);
+    EXPECT_EQ(media.decodeErrors, 0);
+}
+
+TEST_F(Branding, LengthensSoundAlone) {
+    const std::string sound = place / "out.flac";
+    const Result result = run({"render", clip, "-p", "flac", "-o", sound, "--branding", "demo", "--progress", "none"});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(TestMedia::probe(sound).audio->samples, 6 * 48000);
+}
+
+TEST_F(Branding, OfAnUnknownNameIsWrongUsage) {
+    const Result result =
+        run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "damo", "--progress", "none"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.errors.trimmed(), QStringLiteral("editor-export: There is no outro \"damo\"; there are: demo"));
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("clip.mov")));
+}
+
+TEST_F(Branding, WithoutANameIsWrongUsage) {
+    const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.errorLines().size(), 1);
+}
+
+} // namespace
