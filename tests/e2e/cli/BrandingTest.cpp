@@ -9,9 +9,9 @@ using TestCli::Result;
 
 namespace {
 
-class Branding : public ::testing::Test {
+class CliBranding : public ::testing::Test {
 protected:
-    Branding() {
+    CliBranding() {
         TestMedia::FlashBeep media;
         media.frames = 25;
         TestMedia::makeFlashBeep(clip, media);
@@ -30,13 +30,13 @@ protected:
     const std::string output = place / "out.mp4";
 };
 
-TEST_F(Branding, IsNoneByDefault) {
+TEST_F(CliBranding, IsNoneByDefault) {
     const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--progress", "none"});
     EXPECT_EQ(result.code, 0) << result.errors.toStdString();
     EXPECT_EQ(TestMedia::probe(output).video->frames.size(), 25U);
 }
 
-TEST_F(Branding, AppendsTheOutroWithoutADisplay) {
+TEST_F(CliBranding, AppendsTheOutroWithoutADisplay) {
     const Result result =
         run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "demo", "--progress", "none"});
     EXPECT_EQ(result.code, 0);
@@ -48,14 +48,14 @@ TEST_F(Branding, AppendsTheOutroWithoutADisplay) {
     EXPECT_EQ(media.decodeErrors, 0);
 }
 
-TEST_F(Branding, LengthensSoundAlone) {
+TEST_F(CliBranding, LengthensSoundAlone) {
     const std::string sound = place / "out.flac";
     const Result result = run({"render", clip, "-p", "flac", "-o", sound, "--branding", "demo", "--progress", "none"});
     EXPECT_EQ(result.code, 0) << result.errors.toStdString();
     EXPECT_EQ(TestMedia::probe(sound).audio->samples, 6 * 48000);
 }
 
-TEST_F(Branding, OfAnUnknownNameIsWrongUsage) {
+TEST_F(CliBranding, OfAnUnknownNameIsWrongUsage) {
     const Result result =
         run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "damo", "--progress", "none"});
     EXPECT_EQ(result.code, 2);
@@ -63,7 +63,7 @@ TEST_F(Branding, OfAnUnknownNameIsWrongUsage) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("clip.mov")));
 }
 
-TEST_F(Branding, WithoutANameIsWrongUsage) {
+TEST_F(CliBranding, WithoutANameIsWrongUsage) {
     const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding"});
     EXPECT_EQ(result.code, 2);
     EXPECT_EQ(result.errorLines().size(), 1);
