@@ -1,6 +1,5 @@
+#include "support/HookSlot.h"
 #include "unit/message/ViewFixture.h"
-#include <cstdint>
-#include <cstring>
 #include <type_traits>
 
 namespace {
@@ -65,26 +64,18 @@ TEST(Messages, AreExchangedAboutAnyTypeThatCanBeCopied) {
     EXPECT_EQ(owner.object(), nullptr);
 }
 
-/// The number of a hook's place in the table of virtual functions, counted behind the two places of the destructor.
-template <class Method>
-std::size_t slot(Method method) {
-    std::array<std::uintptr_t, 2> parts{};
-    static_assert(sizeof(method) == sizeof(parts));
-    std::memcpy(parts.data(), &method, sizeof(parts));
-    return (parts[0] - 1) / sizeof(void*) - 1;
-}
-
 TEST(Messages, LeadToHooksOfAFixedBinaryOrder) {
     struct Probe : Message::View<Item> {
         static void check() {
-            EXPECT_EQ(slot(&Probe::added), 1u);
-            EXPECT_EQ(slot(static_cast<void (Probe::*)(const Item*, const Item*, const Item*)>(&Probe::changed)), 2u);
-            EXPECT_EQ(slot(static_cast<void (Probe::*)(const Item*, const Item*)>(&Probe::changed)), 3u);
-            EXPECT_EQ(slot(static_cast<void (Probe::*)(const Item*)>(&Probe::changed)), 4u);
-            EXPECT_EQ(slot(&Probe::removed), 5u);
-            EXPECT_EQ(slot(&Probe::addRequested), 6u);
-            EXPECT_EQ(slot(&Probe::changeRequested), 7u);
-            EXPECT_EQ(slot(&Probe::removeRequested), 8u);
+            EXPECT_EQ(hookSlot(&Probe::added), 1u);
+            EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const Item*, const Item*, const Item*)>(&Probe::changed)),
+                      2u);
+            EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const Item*, const Item*)>(&Probe::changed)), 3u);
+            EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const Item*)>(&Probe::changed)), 4u);
+            EXPECT_EQ(hookSlot(&Probe::removed), 5u);
+            EXPECT_EQ(hookSlot(&Probe::addRequested), 6u);
+            EXPECT_EQ(hookSlot(&Probe::changeRequested), 7u);
+            EXPECT_EQ(hookSlot(&Probe::removeRequested), 8u);
         }
     };
     Probe::check();

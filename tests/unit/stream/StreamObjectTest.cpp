@@ -1,7 +1,8 @@
 #include "Stream/ExportStreams.h"
+#include "support/HookSlot.h"
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cstdint>
 #include <functional>
 #include <gtest/gtest.h>
 #include <type_traits>
@@ -38,31 +39,22 @@ TYPED_TEST(StreamObject, HoldsItsFieldsInAFixedOrder) {
     EXPECT_TRUE((std::is_same_v<decltype(object.version), std::uint64_t>));
 }
 
-/// The number of a hook's place in the table of virtual functions, counted behind the two places of the destructor.
-template <class Method>
-std::size_t slot(Method method) {
-    std::array<std::uintptr_t, 2> parts{};
-    static_assert(sizeof(method) == sizeof(parts));
-    std::memcpy(parts.data(), &method, sizeof(parts));
-    return (parts[0] - 1) / sizeof(void*) - 1;
-}
-
 template <class View, class O>
 struct Probe : View {
     static void check() {
-        EXPECT_EQ(slot(&Probe::addRequested), 6u);
-        EXPECT_EQ(slot(&Probe::changeRequested), 7u);
-        EXPECT_EQ(slot(&Probe::removeRequested), 8u);
-        EXPECT_EQ(slot(&Probe::streamAdded), 9u);
-        EXPECT_EQ(slot(&Probe::streamRemoved), 10u);
-        EXPECT_EQ(slot(static_cast<void (Probe::*)(const O*, const O*, const O*)>(&Probe::streamChanged)), 11u);
-        EXPECT_EQ(slot(static_cast<void (Probe::*)(const O*, const O*)>(&Probe::streamChanged)), 12u);
-        EXPECT_EQ(slot(static_cast<void (Probe::*)(const O*)>(&Probe::streamChanged)), 13u);
-        EXPECT_EQ(slot(&Probe::sourceChanged), 14u);
-        EXPECT_EQ(slot(&Probe::implChanged), 15u);
-        EXPECT_EQ(slot(&Probe::versionChanged), 16u);
-        EXPECT_EQ(slot(&Probe::isUsing), 17u);
-        EXPECT_EQ(slot(&Probe::isAvailable), 18u);
+        EXPECT_EQ(hookSlot(&Probe::addRequested), 6u);
+        EXPECT_EQ(hookSlot(&Probe::changeRequested), 7u);
+        EXPECT_EQ(hookSlot(&Probe::removeRequested), 8u);
+        EXPECT_EQ(hookSlot(&Probe::streamAdded), 9u);
+        EXPECT_EQ(hookSlot(&Probe::streamRemoved), 10u);
+        EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const O*, const O*, const O*)>(&Probe::streamChanged)), 11u);
+        EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const O*, const O*)>(&Probe::streamChanged)), 12u);
+        EXPECT_EQ(hookSlot(static_cast<void (Probe::*)(const O*)>(&Probe::streamChanged)), 13u);
+        EXPECT_EQ(hookSlot(&Probe::sourceChanged), 14u);
+        EXPECT_EQ(hookSlot(&Probe::implChanged), 15u);
+        EXPECT_EQ(hookSlot(&Probe::versionChanged), 16u);
+        EXPECT_EQ(hookSlot(&Probe::isUsing), 17u);
+        EXPECT_EQ(hookSlot(&Probe::isAvailable), 18u);
     }
 };
 
