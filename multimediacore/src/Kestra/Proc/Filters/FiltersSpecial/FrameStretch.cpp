@@ -33,7 +33,7 @@ FrameStretch::FrameStretch(const boost::intrusive_ptr<IStreamVideo>& source, std
 boost::intrusive_ptr<IDataVideo> FrameStretch::ReadVideo() {
     if (position == duration)
         return nullptr;
-    const boost::intrusive_ptr<IDataVideo> frame = source->ReadVideo();
+    boost::intrusive_ptr<IDataVideo> frame = source->ReadVideo();
     if (frame) {
         frame->SetTime(position);
         frame->SetDuration(duration - position);
