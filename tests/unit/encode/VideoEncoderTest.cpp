@@ -1,6 +1,5 @@
 // Counts, times and settings of video encoders.
-#include "EncodeFixture.h"
-#include <fstream>
+#include "RatedEncoding.h"
 
 using namespace Fakes;
 using namespace EncodeTest;
@@ -118,41 +117,6 @@ TEST(VideoEncoder, LeavesTheMarkOfTheOptionTreeToItself) {
     EXPECT_EQ(ReadAll(*VideoEncoder(MakeVideo({}), description)).size(), 25U);
 }
 
-namespace {
-
-/// A little noise, new in each picture: it takes bits, and more of them the better it is shown.
-VideoShape Noise(int frames) {
-    VideoShape shape;
-    shape.width = 160;
-    shape.height = 128;
-    shape.frames = frames;
-    shape.paint = [](AVFrame& frame, int index) {
-        std::uint32_t state = static_cast<std::uint32_t>(index) * 2654435761U + 1;
-        for (int plane = 0; plane < 3; ++plane)
-            for (int at = 0; at < frame.linesize[plane] * (plane ? 64 : 128); ++at) {
-                state = state * 1664525U + 1013904223U;
-                frame.data[plane][at] = static_cast<std::uint8_t>(112 + (state >> 27));
-            }
-    };
-    return shape;
-}
-
-double BitsPerSecond(const std::vector<boost::intrusive_ptr<Proc::IDataRaw>>& packets, double seconds) {
-    std::size_t bytes = 0;
-    for (const auto& packet : packets)
-        bytes += packet->GetSize();
-    return static_cast<double>(bytes) * 8 / seconds;
-}
-
-Core::Property Rated(const char* codec, const char* mode, std::int64_t bitrate) {
-    auto description = Description(codec);
-    description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string(mode));
-    description.SetChild(IFormatCodec::TAG_BITRATE, bitrate);
-    return description;
-}
-
-} // namespace
-
 TEST(RateControl, MeetsTheBitrate) {
     for (const char* codec : {"h264", "vp9", "mpeg4"})
         for (const char* mode : {"vbr", "cbr", "abr"}) {
@@ -172,82 +136,6 @@ TEST(RateControl, SpendsMoreOnMoreQuality) {
     EXPECT_GT(bytes("hevc", 18), 1.5 * bytes("hevc", 32));
     EXPECT_GT(bytes("vp9", 20), 1.5 * bytes("vp9", 50));
     EXPECT_GT(bytes("mpeg4", 3), 1.5 * bytes("mpeg4", 12));
-}
-
-TEST(TwoPass, SettingsSurviveTheWayThroughAProperty) {
-    Proc::SettingsTwoPassEncoding settings;
-    settings.SetLogFile("/somewhere/a log");
-    settings.firstPass = true;
-    const auto encoder = VideoEncoder(MakeVideo({}), Description("h264"));
-    encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
-    const Core::Property given = encoder->GetSettings();
-    const Core::Property& tree = given[IFormatCodec::TAG_TWO_PASS];
-    EXPECT_EQ(tree[IFormatCodec::TAG_TWO_PASS_LOG_FILE].GetString(), "/somewhere/a log");
-    EXPECT_TRUE(tree[IFormatCodec::TAG_TWO_PASS_FIRST].GetBool());
-    EXPECT_EQ(given[IFormatCodec::TAG_CODEC_ID].GetString(), "h264");
-}
-
-TEST(TwoPass, SettingsComeTooLateAfterPrepare) {
-    const auto encoder = VideoEncoder(MakeVideo({}), Description("h264"));
-    encoder->Prepare();
-    EXPECT_EQ(Failure([&] { encoder->Initialize(Proc::IEncoder::Settings2Property({})); }).GetCode(),
-              TranscodingError::NotSupported);
-}
-
-namespace {
-
-class TwoPasses : public testing::TestWithParam<const char*> {};
-
-} // namespace
-
-TEST_P(TwoPasses, HitTheBitrateOverALogWithAColonInItsName) {
-    const ScratchFolder folder;
-    Proc::SettingsTwoPassEncoding settings;
-    settings.SetLogFile(folder.File("pass:1 of 2.log"));
-    const auto stream = MakeVideo(Noise(75));
-    const auto run = [&](bool first) {
-        settings.firstPass = first;
-        const auto encoder = VideoEncoder(stream, Rated(GetParam(), "vbr", 500000));
-        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
-        encoder->Reset();
-        auto packets = ReadAll(*encoder);
-        EXPECT_EQ(encoder->GetPosition(), FramesToTime(75, 25)) << "first pass: " << first;
-        return packets;
-    };
-    const auto firstPackets = run(true);
-    EXPECT_EQ(firstPackets.size(), 75U);
-    std::ifstream log(settings.GetLogFile());
-    EXPECT_TRUE(log && log.peek() != std::ifstream::traits_type::eof()) << "no statistics were written";
-    const auto packets = run(false);
-    EXPECT_EQ(packets.size(), 75U);
-    EXPECT_NEAR(BitsPerSecond(packets, 3), 500000, 80000);
-}
-
-INSTANTIATE_TEST_SUITE_P(Encoders, TwoPasses, testing::Values("h264", "hevc", "vp9"));
-
-TEST(TwoPass, IsAnEmptyFirstPassForACodecWithoutPasses) {
-    Proc::SettingsTwoPassEncoding settings;
-    settings.SetLogFile("/nowhere/pass.log");
-    const auto stream = MakeVideo({});
-    for (const bool first : {true, false}) {
-        settings.firstPass = first;
-        const auto encoder = VideoEncoder(stream, Rated("mpeg4", "vbr", 500000));
-        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
-        encoder->Reset();
-        EXPECT_EQ(ReadAll(*encoder).size(), first ? 0U : 25U);
-    }
-}
-
-TEST(TwoPass, NamesALogThatIsMissingInTheSecond) {
-    for (const char* codec : {"vp9", "h264", "hevc"}) {
-        Proc::SettingsTwoPassEncoding settings;
-        settings.SetLogFile("/nowhere/pass.log");
-        const auto encoder = VideoEncoder(MakeVideo({}), Rated(codec, "vbr", 500000));
-        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
-        const auto failure = Failure([&] { encoder->Prepare(); });
-        EXPECT_NE(failure.GetCode(), TranscodingError::None) << codec;
-        EXPECT_NE(failure.GetDescription().find("/nowhere/pass.log"), std::string::npos) << failure.GetDescription();
-    }
 }
 
 TEST(VideoEncoder, StartsAfreshAfterReset) {

@@ -34,6 +34,12 @@ const AVCodec* FindByID(CodecID id) {
     return avcodec_find_encoder(ToAv(id));
 }
 
+const AVCodec& InPlaceOfSvt(const AVCodec& codec) {
+    const AVCodec* other =
+        std::string(codec.name) == "libsvtav1" ? avcodec_find_encoder_by_name("libaom-av1") : nullptr;
+    return other ? *other : codec;
+}
+
 std::string NameIn(const Conf::IFormatCodec& description) {
     const Core::Property& tree = description.GetProperty();
     return tree.ChildExists(Conf::IFormatCodec::TAG_CODEC_ID) ? tree[Conf::IFormatCodec::TAG_CODEC_ID].GetString() : "";
@@ -58,10 +64,11 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
 }
 
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
-    if (std::string(codec.name) != "libsvtav1" || (width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE))
-        return codec;
-    const AVCodec* other = avcodec_find_encoder_by_name("libaom-av1");
-    return other ? *other : codec;
+    return width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE ? codec : InPlaceOfSvt(codec);
+}
+
+const AVCodec& EncoderForTwoPasses(const AVCodec& codec) {
+    return InPlaceOfSvt(codec);
 }
 
 } // namespace Kestra::FF

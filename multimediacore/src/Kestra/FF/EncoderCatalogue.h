@@ -13,4 +13,7 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
 /// `codec`, or another encoder of the same codec where this one does not take pictures so small.
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
 
+/// `codec`, or another encoder of the same codec where this one has no passes.
+const AVCodec& EncoderForTwoPasses(const AVCodec& codec);
+
 } // namespace Kestra::FF

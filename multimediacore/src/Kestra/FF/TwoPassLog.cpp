@@ -1,24 +1,54 @@
 #include "Kestra/FF/TwoPassLog.h"
 
 #include "Kestra/FF/Error.h"
-#include <array>
-#include <cerrno>
+#include "Kestra/FF/TwoPassSeal.h"
+#include "Kestra/FF/VideoRateControl.h"
 #include <cstring>
+#include <fstream>
+#include <initializer_list>
+#include <utility>
+
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
 
 namespace Kestra::FF {
 
 using Proc::TranscodingError;
 
+namespace {
+
+bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
+    for (const char* other : names)
+        if (std::strcmp(name, other) == 0)
+            return true;
+    return false;
+}
+
+/// What the encoder says of the picture in a packet.
+std::optional<PicturePlan::Picture> PictureOf(const AVPacket& packet) {
+    std::size_t size = 0;
+    const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_QUALITY_STATS, &size);
+    if (!data || size < 5)
+        return std::nullopt;
+    PicturePlan::Picture picture;
+    picture.type = av_get_picture_type_char(static_cast<AVPictureType>(data[4]));
+    picture.lambda = static_cast<int>(AV_RL32(data));
+    picture.bits = std::int64_t{packet.size} * 8;
+    return picture;
+}
+
+} // namespace
+
 TwoPassLog::Kind TwoPassLog::KindOf(const AVCodec& codec) {
-    if (std::strcmp(codec.name, "libx264") == 0)
+    if (IsOneOf(codec.name, {"libx264"}))
         return Kind::X264;
-    if (std::strcmp(codec.name, "libx265") == 0)
+    if (IsOneOf(codec.name, {"libx265"}))
         return Kind::X265;
-    // MPEG-4 and MPEG-2 are left out on purpose: when the bitrate of a second pass is too low for its statistics, that
-    // encoder library frees its tables twice, which ends the process.
-    for (const char* name : {"libvpx", "libvpx-vp9", "libaom-av1"})
-        if (std::strcmp(codec.name, name) == 0)
-            return Kind::Statistics;
+    if (IsOneOf(codec.name, {"libvpx", "libvpx-vp9", "libaom-av1"}))
+        return Kind::Handover;
+    if (IsOneOf(codec.name, {"mpeg4", "mpeg2video", "mjpeg"}))
+        return Kind::Pictures;
     return Kind::None;
 }
 
@@ -28,66 +58,115 @@ TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCo
     , kind(KindOf(codec)) {
     if (kind == Kind::None)
         return;
-    file.reset(std::fopen(path.c_str(), firstPass ? "wbe" : "rbe"));
-    if (!file)
-        ThrowFileError("cannot be opened");
-    // The others open it themselves; they would not say what is wrong with it.
-    if (kind != Kind::Statistics)
-        file.reset();
-    else if (!firstPass)
+    if (!firstPass) {
         Read();
-}
-
-void TwoPassLog::ThrowFileError(const char* what) const {
-    ThrowError(AVERROR(errno), firstPass ? TranscodingError::OutputNotWritable : TranscodingError::SourceUnreadable,
-               "The log of the first pass \"" + path + "\" " + what);
+        return;
+    }
+    TwoPassSeal::Break(path);
+    file.emplace(path, StatisticsFile::Mode::Write);
+    // These open it themselves, but would not say what is wrong with it.
+    if (kind == Kind::X264 || kind == Kind::X265)
+        file.reset();
 }
 
 void TwoPassLog::Read() {
-    std::array<char, 65536> part;
-    std::size_t size = 0;
-    while ((size = std::fread(part.data(), 1, part.size(), file.get())) > 0)
-        statistics.append(part.data(), size);
-    if (std::ferror(file.get()))
-        ThrowFileError("cannot be read");
-    file.reset();
+    pictures = TwoPassSeal::Verify(path);
+    // No encoder takes statistics of nothing.
+    if (pictures == 0)
+        kind = Kind::None;
+    if (kind == Kind::Handover || kind == Kind::Pictures)
+        StatisticsFile(path, StatisticsFile::Mode::Read).ReadAll([this](const char* bytes, std::size_t size) {
+            statistics.append(bytes, size);
+        });
 }
 
-bool TwoPassLog::IsSilent() const {
-    return kind == Kind::Statistics;
-}
-
-void TwoPassLog::Configure(AVCodecContext& context) const {
-    if (kind == Kind::X265) {
-        // The path goes in as a value of its own: in one string of options a colon would end it.
-        Dictionary parameters;
-        Check(av_opt_get_dict_val(context.priv_data, "x265-params", 0, parameters.Address()),
-              TranscodingError::CodecRefused, "x265-params");
-        parameters.Set("pass", firstPass ? "1" : "2");
-        parameters.Set("stats", path.c_str());
-        Check(av_opt_set_dict_val(context.priv_data, "x265-params", *parameters.Address(), 0),
-              TranscodingError::CodecRefused, "x265-params");
-        return;
-    }
+void TwoPassLog::Configure(AVCodecContext& context) {
     if (kind == Kind::None)
         return;
+    if (kind == Kind::X265)
+        return ConfigureX265(context);
+    if (kind == Kind::Pictures)
+        return ConfigurePictures(context);
     context.flags |= firstPass ? AV_CODEC_FLAG_PASS1 : AV_CODEC_FLAG_PASS2;
     if (kind == Kind::X264)
         Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
     else if (!firstPass)
-        context.stats_in = const_cast<char*>(statistics.c_str());
+        context.stats_in = statistics.data();
+    // A rate that is as low as it is high makes libvpx forget its statistics.
+    if (kind == Kind::Handover)
+        context.rc_min_rate = 0;
+}
+
+void TwoPassLog::ConfigureX265(AVCodecContext& context) const {
+    SetX265Parameter(context, "pass", firstPass ? "1" : "2");
+    SetX265Parameter(context, "stats", path.c_str());
+}
+
+void TwoPassLog::ConfigurePictures(AVCodecContext& context) {
+    if (firstPass)
+        return;
+    auto found = PicturePlan::Parse(statistics, pictures);
+    if (!found)
+        Fail(TranscodingError::SourceDamaged, "The statistics of the first pass \"" + path + "\" are damaged");
+    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    plan.emplace(std::move(*found), static_cast<double>(context.bit_rate) * seconds,
+                 PicturePlan::Bounds{context.qmin * FF_QP2LAMBDA, context.qmax * FF_QP2LAMBDA});
+    context.flags |= AV_CODEC_FLAG_QSCALE;
+}
+
+void TwoPassLog::Guide(AVFrame& frame) {
+    if (kind == Kind::None)
+        return;
+    if (firstPass) {
+        ++pictures;
+        return;
+    }
+    if (frame.pts >= pictures)
+        Fail(TranscodingError::EncodeFailed, "The second pass has more than the " + std::to_string(pictures) +
+                                                 " pictures of the first, whose log is \"" + path + '"');
+    if (!plan)
+        return;
+    frame.quality = plan->LambdaFor(frame.pts);
+    if (plan->IsKeyframe(frame.pts))
+        frame.pict_type = AV_PICTURE_TYPE_I;
+}
+
+void TwoPassLog::Note(const AVPacket& packet) {
+    if (plan)
+        plan->Took(packet.pts, std::int64_t{packet.size} * 8);
+    if (kind != Kind::Pictures || !firstPass)
+        return;
+    const auto picture = PictureOf(packet);
+    if (!picture)
+        Fail(TranscodingError::EncodeFailed, "The encoder gives no statistics for \"" + path + '"');
+    file->Write(PicturePlan::Line(packet.pts, *picture));
 }
 
 void TwoPassLog::Collect(const AVCodecContext& context) {
-    if (file && context.stats_out && std::fputs(context.stats_out, file.get()) < 0)
-        ThrowFileError("cannot be written");
+    if (kind == Kind::Handover && context.stats_out)
+        file->Write(context.stats_out);
 }
 
-void TwoPassLog::Close() {
-    if (!file)
+void TwoPassLog::Complete() {
+    if (kind == Kind::None)
         return;
-    if (std::fclose(file.release()) != 0)
-        ThrowFileError("cannot be completed");
+    if (file)
+        file->Close();
+    if (kind == Kind::X264 || kind == Kind::X265)
+        CountPictures();
+    TwoPassSeal::Set(path, pictures);
+}
+
+/// These do not look whether what they write arrives.
+void TwoPassLog::CountPictures() const {
+    std::ifstream lines(path);
+    std::int64_t found = 0;
+    for (std::string line; std::getline(lines, line);)
+        found += line.compare(0, 3, "in:") == 0 && line.back() == ';' ? 1 : 0;
+    if (found != pictures)
+        Fail(TranscodingError::OutputNotWritable, "The log of the first pass \"" + path +
+                                                      "\" could not be written: " + std::to_string(found) + " of " +
+                                                      std::to_string(pictures) + " pictures stand in it");
 }
 
 } // namespace Kestra::FF

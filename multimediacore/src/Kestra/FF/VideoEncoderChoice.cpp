@@ -31,10 +31,11 @@ bool IsDeliveryCodec(const AVCodec& codec) {
 }
 
 AVPixelFormat NearestFormat(const AVCodec& codec, AVPixelFormat source) {
-    if (IsDeliveryCodec(codec))
-        for (const AVPixelFormat usual : {AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUVJ420P})
-            if (Takes(codec, usual))
-                return usual;
+    // It names the other one too, and then refuses it.
+    if (codec.id == AV_CODEC_ID_MJPEG)
+        return AV_PIX_FMT_YUVJ420P;
+    if (IsDeliveryCodec(codec) && Takes(codec, AV_PIX_FMT_YUV420P))
+        return AV_PIX_FMT_YUV420P;
     const AVPixelFormat plain = source == AV_PIX_FMT_NONE ? AV_PIX_FMT_YUV420P : PlainFormat(source);
     return codec.pix_fmts ? avcodec_find_best_pix_fmt_of_list(codec.pix_fmts, plain, 0, nullptr) : plain;
 }

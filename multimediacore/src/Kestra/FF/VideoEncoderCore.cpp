@@ -70,14 +70,21 @@ std::int64_t VideoEncoderCore::GetDuration() const {
 
 std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     const auto description = MakeDescription();
+    const auto twoPass = GetTwoPass();
+    if (twoPass)
+        codec = &EncoderForTwoPasses(*codec);
     BuildChain(*description);
-    if (const auto settings = GetTwoPass())
-        log = std::make_unique<TwoPassLog>(*settings, *codec);
+    if (twoPass)
+        log = std::make_unique<TwoPassLog>(*twoPass, *codec);
     OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec->name);
+    std::string name = codec->name;
+    // x264 refuses bitrates here that it takes in a single pass, and gives no reason.
+    if (log && !log->IsFirstPass())
+        name += " in its second pass at " + std::to_string(description->GetBitrate()) + " bit/s";
+    return std::make_unique<EncoderLoop>(configure, options, name);
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
@@ -172,6 +179,8 @@ FrameHandle VideoEncoderCore::NextFrame() {
     frame->pict_type = AV_PICTURE_TYPE_NONE;
     frame->key_frame = 0;
     frame->quality = GetContext().global_quality;
+    if (log)
+        log->Guide(*frame);
     return frame;
 }
 
@@ -179,6 +188,8 @@ boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::Finish(PacketHandle packe
     if (packet->dts == AV_NOPTS_VALUE)
         packet->dts = packet->pts;
     packet->duration = 1;
+    if (log)
+        log->Note(*packet);
     boost::intrusive_ptr<Proc::IDataRaw> result = new DataRawFF(std::move(packet), TimeBase());
     position = std::max(position, result->GetTime() + result->GetDuration());
     return result;
@@ -202,7 +213,7 @@ void VideoEncoderCore::AtEnd() {
     log->Collect(GetContext());
     // x264 and x265 complete their statistics when they close, and the second pass may begin right after this.
     CloseCodec();
-    log->Close();
+    log->Complete();
 }
 
 void VideoEncoderCore::ResetSource() {

@@ -144,20 +144,32 @@ void SetSpeed(AVCodecContext& context) {
     }
 }
 
-void KeepX265Quiet(AVCodecContext& context) {
+void SetX265Parameter(AVCodecContext& context, const char* name, const char* value) {
     Dictionary parameters;
     Check(av_opt_get_dict_val(context.priv_data, "x265-params", 0, parameters.Address()),
           TranscodingError::CodecRefused, "x265-params");
-    parameters.Set("log-level", "none");
+    parameters.Set(name, value);
     Check(av_opt_set_dict_val(context.priv_data, "x265-params", *parameters.Address(), 0),
           TranscodingError::CodecRefused, "x265-params");
 }
 
+void KeepX265Quiet(AVCodecContext& context) {
+    SetX265Parameter(context, "log-level", "none");
+}
+
 void SetFastFirstPass(AVCodecContext& context) {
-    if (HasPrivateOption(context, "fastfirstpass"))
+    if (HasPrivateOption(context, "fastfirstpass")) {
         SetPrivate(context, "fastfirstpass", 1);
-    else if (context.codec_id == AV_CODEC_ID_VP9 || context.codec_id == AV_CODEC_ID_VP8)
-        SetPrivate(context, "cpu-used", 4);
+    } else if (HasPrivateOption(context, "x265-params")) {
+        SetX265Parameter(context, "slow-firstpass", "0");
+    } else if (context.codec_id == AV_CODEC_ID_VP9 || context.codec_id == AV_CODEC_ID_VP8) {
+        std::int64_t speed = 0;
+        if (av_opt_get_int(context.priv_data, "cpu-used", 0, &speed) >= 0)
+            SetPrivate(context, "cpu-used", std::max<std::int64_t>(speed, 4));
+    } else {
+        context.trellis = 0;
+        context.mb_decision = FF_MB_DECISION_SIMPLE;
+    }
 }
 
 } // namespace Kestra::FF

@@ -16,6 +16,9 @@ void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& desc
 /// and two for its lookahead, which together gain about a tenth over its own choice.
 void SetSpeed(AVCodecContext& context);
 
+/// Adds to the parameters that x265 has, or replaces one of them. The value goes in as it is, colons included.
+void SetX265Parameter(AVCodecContext& context, const char* name, const char* value);
+
 /// x265 writes to the terminal unless told otherwise; adds that to the parameters that it has.
 void KeepX265Quiet(AVCodecContext& context);
 
