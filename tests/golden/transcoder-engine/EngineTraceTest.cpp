@@ -147,7 +147,7 @@ protected:
         const std::pair<const char*, const char*> replacements[] = {
             {R"(/[^ \n"]*/film\.mp4)", "<folder>/film.mp4"},
             {R"([^ \n]*/[^ \n]*\.(cpp|h)(:|\()\d+\)?: Throw in function [^\n]*)", "<place>"},
-            {R"(\n\[Kestra::TagCallStackName\*\][^\n]*(\n *\d+#[^\n]*)*)", ""},
+            {R"(\n\[Kestra::TagCallStackName\*\][^\n]*(\n *\d+#[^\n]*)*(\n(?=\n))?)", ""},
         };
         for (const auto& replacement : replacements)
             text = std::regex_replace(text, std::regex(replacement.first), replacement.second);
