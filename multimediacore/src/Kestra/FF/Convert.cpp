@@ -153,10 +153,11 @@ Conf::FrameInfo MakeFrameInfo(int width, int height, AVRational sampleAspect) {
     info.width = static_cast<std::uint32_t>(width);
     info.height = static_cast<std::uint32_t>(height);
     if (sampleAspect.num > 0 && sampleAspect.den > 0 && sampleAspect.num != sampleAspect.den) {
-        const boost::rational<long long> aspect(static_cast<long long>(width) * sampleAspect.num,
-                                                static_cast<long long>(height) * sampleAspect.den);
-        info.aspectNumerator = static_cast<std::uint32_t>(aspect.numerator());
-        info.aspectDenominator = static_cast<std::uint32_t>(aspect.denominator());
+        AVRational aspect = {1, 1};
+        av_reduce(&aspect.num, &aspect.den, static_cast<std::int64_t>(width) * sampleAspect.num,
+                  static_cast<std::int64_t>(height) * sampleAspect.den, INT_MAX);
+        info.aspectNumerator = static_cast<std::uint32_t>(aspect.num);
+        info.aspectDenominator = static_cast<std::uint32_t>(aspect.den);
     }
     return info;
 }
