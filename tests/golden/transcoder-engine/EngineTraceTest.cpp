@@ -218,7 +218,7 @@ TEST_F(EngineTrace, OfAStoppedExportIsAsKept) {
 
 TEST_F(EngineTrace, OfAnExportThatFailsOnItsWayIsAsKept) {
     {
-        const FileSizeLimit limit(8 * 1024);
+        const FileSizeLimit limit(8'192);
         run("av");
     }
     endExport();
