@@ -102,6 +102,25 @@ TEST_F(CompositionView, TellsOfItsFourPartsInOrder) {
                                       "exports", "content"));
 }
 
+TEST_F(CompositionView, TellsOfEachPartAlone) {
+    Media::Video exportedVideo;
+    Media::Audio exportedAudio;
+    view.compositionObserve(&composition);
+    const auto hooksAfter = [&](auto set) {
+        view.log.clear();
+        set(*owner.change(&composition));
+        return view.log;
+    };
+    using Object = Composition::Object;
+    EXPECT_THAT(hooksAfter([&](Object& o) { o.add(&exportedVideo); }), ElementsAre("exports"));
+    EXPECT_THAT(hooksAfter([&](Object& o) { o.add(&exportedAudio); }), ElementsAre("exports"));
+    EXPECT_THAT(hooksAfter([](Object& o) { o.setDuration(KTime(10)); }), ElementsAre("content"));
+    EXPECT_THAT(hooksAfter([](Object& o) { o.setVersion(2); }), ElementsAre("content"));
+    EXPECT_THAT(hooksAfter([](Object& o) { o.setVideo(nullptr); }), ElementsAre("video removed", "no video"));
+    EXPECT_THAT(hooksAfter([](Object& o) { o.setAudio(nullptr); }), ElementsAre("audio removed", "no audio"));
+    EXPECT_THAT(hooksAfter([](Object&) {}), IsEmpty());
+}
+
 TEST_F(CompositionView, DoesNotForgetADescriptionTwice) {
     Message::View<Media::Video> media;
     media.own(&video);

@@ -69,6 +69,7 @@ TEST_F(FastTrackSuppressor, IsKnownByItsAddressBesideOthers) {
     auto two = std::make_unique<FastTrack::Suppressor>();
     EXPECT_TRUE(track->isSuppressedBy(one.get()));
     EXPECT_TRUE(track->isSuppressedBy(two.get()));
+    EXPECT_FALSE(track->active());
     const FastTrack::Suppressor* gone = one.get();
     one.reset();
     EXPECT_FALSE(track->isSuppressedBy(gone));

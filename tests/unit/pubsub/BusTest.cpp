@@ -242,6 +242,20 @@ TEST_F(Bus, DoesNotCallASubscriberThatADeliveryUnsubscribed) {
     EXPECT_THAT(log, ElementsAre("a lit"));
 }
 
+TEST_F(Bus, NoticesEachWayToLeaveDuringADelivery) {
+    a.subscribe(&lamp);
+    b.subscribe(&lamp);
+    c.subscribeAll(typeid(Lamp));
+    a.onLit = [&] { b.unsubscribe(&lamp); };
+    light(&lamp);
+    EXPECT_THAT(log, ElementsAre("a lit", "c lit"));
+    log.clear();
+    b.subscribe(&lamp);
+    a.onLit = [&] { c.unsubscribeAll(typeid(Lamp)); };
+    light(&lamp);
+    EXPECT_THAT(log, ElementsAre("a lit", "b lit"));
+}
+
 TEST_F(Bus, DoesNotCallASubscriberThatADeliveryTookOffTheBus) {
     a.subscribe(&lamp);
     b.subscribe(&lamp);

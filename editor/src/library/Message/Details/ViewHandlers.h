@@ -3,7 +3,6 @@
 
 #include "Message/View.h"
 #include <utility>
-#include <vector>
 
 namespace Message {
 
@@ -51,13 +50,9 @@ void View<T>::notify(const Types::Removed<T>& message) {
 
 template <class T>
 void View<T>::notify(const Types::Enumerate<T>&) {
-    // A copy, as those who hear the answers may change the table.
-    std::vector<T*> mine;
-    for (const auto& entry : table)
-        if (entry.second)
-            mine.push_back(entry.second);
     const Watch alive(lifeline);
-    for (T* object : mine)
+    // Over a copy, as those who hear the answers may change the table.
+    for (const T* object : objects())
         if (alive && isOwned(object))
             owner.enumerator.publish(Types::Enumerated<T>(object));
 }
