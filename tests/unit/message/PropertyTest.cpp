@@ -29,10 +29,18 @@ private:
     void place(int index, std::unique_ptr<RecordingView> view) {
         for (int hook = 0; hook < HOOKS; ++hook)
             view->actions[nameOf(Hook(hook))] = [this, index, hook] {
+                log.push_back("  table " + tableText(index));
                 if (const auto operation = reactions.take(index, Hook(hook)))
                     run(*operation);
             };
         views[index] = std::move(view);
+    }
+
+    std::string tableText(int index) const {
+        std::string text;
+        for (const Item& item : items)
+            text += !views[index]->isObserved(&item) ? '-' : views[index]->isOwned(&item) ? 'O' : 'o';
+        return text;
     }
 
     void run(const Operation& operation) {
@@ -145,13 +153,26 @@ rc::Gen<Reaction> anyReaction() {
                         });
 }
 
+/// What a hook does is mostly about what is going on.
+Step related(Step step) {
+    for (Reaction& reaction : step.reactions) {
+        Operation& inner = reaction.operation;
+        if (inner.value % 3 != 0)
+            inner.item = step.operation.item;
+        if (inner.value % 5 < 2)
+            reaction.view = step.operation.view;
+        if (inner.value % 7 < 3)
+            inner.view = step.operation.view;
+    }
+    return step;
+}
+
 rc::Gen<Step> anyStep(int reactions) {
-    return rc::gen::map(
-        rc::gen::pair(anyOperation(),
-                      rc::gen::resize(reactions, rc::gen::container<std::vector<Reaction>>(anyReaction()))),
-        [](const std::pair<Operation, std::vector<Reaction>>& parts) {
-            return Step{parts.first, parts.second};
-        });
+    const auto some = rc::gen::resize(reactions, rc::gen::container<std::vector<Reaction>>(anyReaction()));
+    return rc::gen::map(rc::gen::pair(anyOperation(), some),
+                        [](const std::pair<Operation, std::vector<Reaction>>& parts) {
+                            return related({parts.first, parts.second});
+                        });
 }
 
 /// Rounds within one case: a hundred short histories find more than a few long ones.

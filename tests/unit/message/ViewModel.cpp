@@ -22,6 +22,13 @@ std::uint64_t nobody(const ViewModel::State&) {
 
 } // namespace
 
+std::string ViewModel::State::tableText() const {
+    std::string text;
+    for (int item = 0; item < ITEMS; ++item)
+        text += table.count(item) == 0 ? '-' : owns(item) ? 'O' : 'o';
+    return text;
+}
+
 ViewModel::ViewModel() {
     for (int index = 0; index < VIEWS; ++index) {
         views[index] = std::make_shared<State>(index);
@@ -239,6 +246,7 @@ bool ViewModel::disappear(const View& view, int item) {
 
 bool ViewModel::hook(const View& view, Hook which, const std::string& arguments) {
     log.push_back(std::to_string(view->index) + " " + nameOf(which) + " " + arguments);
+    log.push_back("  table " + view->tableText());
     if (const auto operation = reactions.take(view->index, which)) {
         ++reentered[static_cast<std::size_t>(operation->kind)];
         run(*operation);

@@ -22,6 +22,8 @@ public:
             const auto found = table.find(item);
             return found != table.end() && found->second;
         }
+        /// A letter for each item: O owned, o observed, - neither.
+        std::string tableText() const;
 
         int index;
         bool alive = true;
