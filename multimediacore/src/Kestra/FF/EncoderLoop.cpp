@@ -1,6 +1,7 @@
 #include "Kestra/FF/EncoderLoop.h"
 
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/LogWatch.h"
 #include <utility>
 
 namespace Kestra::FF {
@@ -9,37 +10,47 @@ using Proc::TranscodingError;
 
 namespace {
 
-int TryToOpen(const EncoderLoop::Configure& configure, const OptionList& options, CodecContextHandle& context) {
+struct Opening {
+    int result = 0;
+    std::string reason; ///< when it failed
+};
+
+// x264, x265 and SVT-AV1 take parameters of their own as one option. One that they do not know is logged and left out.
+Opening TryToOpen(const EncoderLoop::Configure& configure, const OptionList& options, CodecContextHandle& context) {
     context = configure(options);
-    return avcodec_open2(context.get(), context->codec, nullptr);
+    const LogWatch log;
+    const int result = avcodec_open2(context.get(), context->codec, nullptr);
+    if (result < 0)
+        return {result, ErrorText(result)};
+    const std::string complaint = log.Find({"Error parsing option", "Unknown option", "Invalid value for"});
+    return {complaint.empty() ? 0 : AVERROR(EINVAL), complaint};
 }
 
 // A codec says no to its settings as a whole. The option without which it opens is the one at fault.
 [[noreturn]] void ThrowCulprit(const EncoderLoop::Configure& configure, const OptionList& options,
-                               const std::string& name, int refusal) {
+                               const std::string& name, const Opening& refusal) {
     std::string all;
     for (std::size_t index = 0; index < options.Get().size(); ++index) {
         const OptionList::Option& option = options.Get()[index];
         CodecContextHandle context;
-        if (TryToOpen(configure, options.Without(index), context) >= 0)
+        if (TryToOpen(configure, options.Without(index), context).result >= 0)
             Fail(TranscodingError::CodecRefused, name + " refuses the value \"" + option.value +
-                                                     "\" for its option \"" + option.name +
-                                                     "\": " + ErrorText(refusal));
+                                                     "\" for its option \"" + option.name + "\": " + refusal.reason);
         all += (all.empty() ? "" : ", ") + option.name + " = " + option.value;
     }
-    ThrowError(refusal, TranscodingError::CodecRefused,
-               name + " refuses its settings" + (all.empty() ? std::string() : " (" + all + ")"));
+    Fail(MapError(refusal.result, TranscodingError::CodecRefused),
+         name + " refuses its settings" + (all.empty() ? std::string() : " (" + all + ")") + ": " + refusal.reason);
 }
 
 } // namespace
 
 EncoderLoop::EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName)
     : name(encoderName) {
-    const int result = TryToOpen(configure, options, context);
-    if (result == AVERROR(ENOMEM))
+    const Opening opening = TryToOpen(configure, options, context);
+    if (opening.result == AVERROR(ENOMEM))
         throw std::bad_alloc();
-    if (result < 0)
-        ThrowCulprit(configure, options, name, result);
+    if (opening.result < 0)
+        ThrowCulprit(configure, options, name, opening);
 }
 
 EncoderLoop::Step EncoderLoop::Receive(PacketHandle& packet) {

@@ -1,0 +1,25 @@
+// Kestra::FF::LogWatch: what libav complains of on this thread.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Kestra::FF {
+
+/// While one exists, warnings and errors that libav logs on the thread that made it are kept, whatever the log level
+/// is; they are logged as ever. For what a library only mentions where it should fail. One at a time on a thread.
+class LogWatch {
+public:
+    LogWatch();
+    ~LogWatch();
+    LogWatch(const LogWatch&) = delete;
+    LogWatch& operator=(const LogWatch&) = delete;
+
+    /// The first line that begins with one of `openings`; empty when there is none.
+    std::string Find(const std::vector<std::string>& openings) const;
+
+private:
+    std::vector<std::string> lines;
+};
+
+} // namespace Kestra::FF
