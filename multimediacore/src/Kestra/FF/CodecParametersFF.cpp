@@ -9,16 +9,18 @@ namespace {
 template <class Description>
 class Parameters final : public Conf::FormatCodecTree<Description>, public CodecParametersFF {
 public:
-    Parameters(const AVCodecParameters& source, AVRational timeBase, const Core::Property& description)
+    Parameters(const AVCodecParameters& source, AVRational timeBase, const Core::Property& description,
+               const HdrMetadata& hdr = HdrMetadata())
         : Conf::FormatCodecTree<Description>(description)
-        , CodecParametersFF(source, timeBase) {}
+        , CodecParametersFF(source, timeBase, hdr) {}
 };
 
 } // namespace
 
-CodecParametersFF::CodecParametersFF(const AVCodecParameters& source, AVRational timeBase)
+CodecParametersFF::CodecParametersFF(const AVCodecParameters& source, AVRational timeBase, const HdrMetadata& hdr)
     : parameters(CopyCodecParameters(source))
-    , timeBase(timeBase) {}
+    , timeBase(timeBase)
+    , hdr(hdr) {}
 
 CodecParametersFF::~CodecParametersFF() = default;
 
@@ -30,8 +32,9 @@ CodecParametersHandle CopyCodecParameters(const AVCodecParameters& source) {
 }
 
 boost::intrusive_ptr<Conf::IFormatCodec> MakeVideoParameters(const AVCodecParameters& parameters, AVRational timeBase,
-                                                             const Core::Property& description) {
-    return new Parameters<Conf::IFormatCodecVideo>(parameters, timeBase, description);
+                                                             const Core::Property& description,
+                                                             const HdrMetadata& hdr) {
+    return new Parameters<Conf::IFormatCodecVideo>(parameters, timeBase, description, hdr);
 }
 
 boost::intrusive_ptr<Conf::IFormatCodec> MakeAudioParameters(const AVCodecParameters& parameters, AVRational timeBase,

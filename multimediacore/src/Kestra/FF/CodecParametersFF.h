@@ -4,6 +4,7 @@
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/FF/Handles.h"
+#include "Kestra/FF/HdrMetadata.h"
 
 namespace Kestra::FF {
 
@@ -16,13 +17,16 @@ public:
     const AVCodecParameters& GetParameters() const { return *parameters; }
     /// That of the encoder: one frame for pictures, one sample for sound.
     AVRational GetTimeBase() const { return timeBase; }
+    /// Empty for sound.
+    const HdrMetadata& GetHdrMetadata() const { return hdr; }
 
 protected:
-    CodecParametersFF(const AVCodecParameters& source, AVRational timeBase);
+    CodecParametersFF(const AVCodecParameters& source, AVRational timeBase, const HdrMetadata& hdr);
 
 private:
     CodecParametersHandle parameters;
     AVRational timeBase;
+    HdrMetadata hdr;
 };
 
 /// A copy.
@@ -31,7 +35,8 @@ CodecParametersHandle CopyCodecParameters(const AVCodecParameters& source);
 /// Descriptions of packets with these parameters; `description` is what else is told of them. The result is the
 /// caller's.
 boost::intrusive_ptr<Conf::IFormatCodec> MakeVideoParameters(const AVCodecParameters& parameters, AVRational timeBase,
-                                                             const Core::Property& description);
+                                                             const Core::Property& description,
+                                                             const HdrMetadata& hdr = HdrMetadata());
 boost::intrusive_ptr<Conf::IFormatCodec> MakeAudioParameters(const AVCodecParameters& parameters, AVRational timeBase,
                                                              const Core::Property& description);
 

@@ -48,6 +48,7 @@ void CopyParameters(AVStream& stream, const CodecParametersFF& source, const AVO
     if (stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO) {
         stream.avg_frame_rate = av_inv_q(source.GetTimeBase());
         stream.r_frame_rate = stream.avg_frame_rate;
+        SetHdrMetadata(stream, source.GetHdrMetadata());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "Kestra/FF/PictureTags.h"
 
 #include "Kestra/FF/EncodePicture.h"
+#include "Kestra/FF/HdrMetadata.h"
 
 namespace Kestra::FF {
 
@@ -16,6 +17,8 @@ void TagPicture(AVFrame& picture, AVStream& stream, AVFormatContext& context) {
     if (picture.color_range == AVCOL_RANGE_UNSPECIFIED)
         picture.color_range = parameters.color_range;
     const auto format = static_cast<AVPixelFormat>(picture.format);
+    if (CarriesHdr(picture.color_trc, format))
+        AddHdrMetadata(picture, stream);
     if (IsFullRangeFormat(format)) {
         picture.format = PlainFormat(format);
         picture.color_range = AVCOL_RANGE_JPEG;

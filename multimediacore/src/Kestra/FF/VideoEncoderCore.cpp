@@ -106,17 +106,20 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
         new VideoConform(filters.CreateFrameRate(stream, settings), picture);
     chain = filters.CreateReadAhead(conform, READ_AHEAD);
     chain->Prepare();
-    if (picture.interlaced)
-        PeekFieldOrder();
+    if (picture.interlaced || CarriesHdr(picture.colour.transfer, picture.format))
+        Peek();
 }
 
-// The order of the fields stands in the pictures alone, and the encoder has to know it before the first one.
-void VideoEncoderCore::PeekFieldOrder() {
+// The order of the fields and the display of grading stand in the pictures alone, and the encoder has to know them
+// before the first one.
+void VideoEncoderCore::Peek() {
     peeked = chain->ReadVideo();
     if (!peeked)
         return;
     const AVFrame& frame = FrameOf(*peeked);
-    picture.interlaced = frame.interlaced_frame != 0;
+    if (CarriesHdr(picture.colour.transfer, picture.format))
+        hdr = HdrMetadataOf(frame);
+    picture.interlaced = picture.interlaced && frame.interlaced_frame != 0;
     topFieldFirst = frame.top_field_first != 0;
 }
 
@@ -127,6 +130,7 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     SetSpeed(*context);
     SetRateControl(*context, description, IsApprovedVbrOnly());
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
+    SetHdrMetadata(*context, hdr);
     if (options.Has("x265-params"))
         KeepX265Quiet(*context);
     if (log && log->IsFirstPass())
@@ -233,7 +237,7 @@ void VideoEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& forma
     }
     FF::Describe(picture, *description);
     description->SetFrameRate(rate);
-    format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty());
+    format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty(), hdr);
 }
 
 } // namespace Kestra::FF

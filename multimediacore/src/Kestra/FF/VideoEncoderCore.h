@@ -4,6 +4,7 @@
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/EncoderCore.h"
+#include "Kestra/FF/HdrMetadata.h"
 #include "Kestra/FF/TwoPassLog.h"
 #include "Kestra/Proc/IStreamVideo.h"
 #include <boost/rational.hpp>
@@ -35,7 +36,7 @@ protected:
 private:
     boost::intrusive_ptr<Conf::IFormatCodecVideo> MakeDescription() const;
     void BuildChain(const Conf::IFormatCodecVideo& description);
-    void PeekFieldOrder();
+    void Peek();
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
     void ConfigurePicture(AVCodecContext& context) const;
     bool IsApprovedVbrOnly() const;
@@ -47,6 +48,7 @@ private:
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
     EncodePicture picture;
+    HdrMetadata hdr;
     boost::rational<long long> rate{0};
     std::int64_t frameCount = -1; ///< -1: as many as come
     std::int64_t framesSent = 0;
