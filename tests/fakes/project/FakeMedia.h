@@ -92,7 +92,8 @@ public:
     int opened() const { return openings; }
     StreamCount& streams() { return *count; }
 
-    boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path) override;
+    boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path,
+                                                               const std::atomic<bool>* interrupted) override;
 
 private:
     std::map<std::string, Contents> media;

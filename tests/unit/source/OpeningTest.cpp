@@ -79,5 +79,14 @@ TEST_F(Opening, TakesNamesWithColonsAndSigns) {
     }
 }
 
+TEST_F(Opening, EndsWhenItIsInterrupted) {
+    const std::string path = make("a.mkv", join(pictures("25", 10), {"-c:v", "ffv1"}));
+    std::atomic<bool> interrupted{false};
+    auto& factory = Kestra::Core::CoreManager::Instance().GetSourceFactory();
+    EXPECT_TRUE(factory.OpenMedia(ioPath(path), &interrupted));
+    interrupted = true;
+    EXPECT_THROW(factory.OpenMedia(ioPath(path), &interrupted), Kestra::Proc::ProcException);
+}
+
 } // namespace
 } // namespace TestMedia

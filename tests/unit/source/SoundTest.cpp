@@ -98,8 +98,9 @@ TEST_P(LosslessSound, IsFoundToTheSampleByASeek) {
 INSTANTIATE_TEST_SUITE_P(Codings, LosslessSound,
                          testing::Values(Coding{"a.wav", {}}, Coding{"a.wav", {}, 44100}, Coding{"a.flac", {}},
                                          Coding{"a.flac", {}, 44100}, Coding{"a.mov", {"-c:a", "pcm_s16le"}},
-                                         Coding{"b.mkv", {"-c:a", "flac"}}, Coding{"a.m4a", {"-c:a", "alac"}, 44100},
-                                         Coding{"a.aiff", {}}),
+                                         Coding{"b.mkv", {"-c:a", "flac"}}, Coding{"c.mkv", {"-c:a", "pcm_s16le"}},
+                                         Coding{"d.mkv", {"-c:a", "pcm_s16le"}, 44100},
+                                         Coding{"a.m4a", {"-c:a", "alac"}, 44100}, Coding{"a.aiff", {}}),
                          nameOf);
 
 class LossySound : public SourceTest, public testing::WithParamInterface<Coding> {

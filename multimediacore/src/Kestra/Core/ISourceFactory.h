@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Kestra/Proc/IMediaSource.h"
+#include <atomic>
 
 namespace Kestra::Core {
 
@@ -8,8 +9,11 @@ class KESTRA_EXPORT ISourceFactory {
 public:
     virtual ~ISourceFactory();
     /// Opens a media file and reads what it holds. Throws ProcException: SourceNotFound, SourceUnreadable (a folder,
-    /// empty, not media, neither picture nor sound), each naming the path and the reason.
-    virtual boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path) = 0;
+    /// empty, not media, neither picture nor sound), each naming the path and the reason. Ends early, with
+    /// SourceUnreadable, when `interrupted` turns true: any thread or signal handler may set it. It is borrowed for
+    /// the call; null for an opening that is never interrupted.
+    virtual boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
+                                                               const std::atomic<bool>* interrupted = nullptr) = 0;
 };
 
 } // namespace Kestra::Core

@@ -126,6 +126,8 @@ void AudioDecodeStream::OnDamage(std::int64_t timestamp, const std::string& reas
 std::int64_t AudioDecodeStream::Rounding() const {
     const std::int64_t tick =
         TimeToSamples(ToEngineTime(1, demuxer->GetStream(track.index).time_base), track.sampleRate) + 1;
+    if (source->GetDetails().grainOfContainer)
+        return tick / 2 + 1;
     // Where the clock is coarse, the times of blocks that share a packet are counted on with what is rounded already.
     return tick < COARSE_CLOCK ? tick : std::max<std::int64_t>(tick, source->GetDetails().audioGrain / 8);
 }
@@ -138,7 +140,8 @@ std::int64_t AudioDecodeStream::PlaceOf(const AVFrame& frame) {
     const std::int64_t place = TimeToSamples(time - details.origin, track.sampleRate);
     // The very first block may be cut at its start; its place is where the track begins.
     const bool first = !anchored && !settling && blocks.empty();
-    return first ? place : SnapToGrain(place, details.audioPhase, details.audioGrain, Rounding());
+    const bool offGrid = details.grainOfContainer && frame.nb_samples > details.audioGrain;
+    return first || offGrid ? place : SnapToGrain(place, details.audioPhase, details.audioGrain, Rounding());
 }
 
 bool AudioDecodeStream::DecodeBlock() {

@@ -6,6 +6,7 @@
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"
+#include "Kestra/FF/SoundGrain.h"
 #include "Kestra/FF/TrackShape.h"
 #include <algorithm>
 #include <cstring>
@@ -52,26 +53,6 @@ std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& s
             static_cast<std::int64_t>(parameters.width) * parameters.height, parameters.bit_rate};
 }
 
-// The length in samples that every block of the codec has, or is a multiple of.
-int GrainOf(AVCodecID codec, int frameSize) {
-    switch (codec) {
-    case AV_CODEC_ID_OPUS:
-        return 120;
-    case AV_CODEC_ID_VORBIS:
-        return 64;
-    case AV_CODEC_ID_AAC:
-    case AV_CODEC_ID_MP3:
-    case AV_CODEC_ID_MP2:
-    case AV_CODEC_ID_AC3:
-    case AV_CODEC_ID_EAC3:
-    case AV_CODEC_ID_ALAC:
-    case AV_CODEC_ID_FLAC:
-        return frameSize;
-    default:
-        return 0;
-    }
-}
-
 std::string Seconds(std::int64_t time) {
     char text[32];
     std::snprintf(text, sizeof text, "%.3f s", static_cast<double>(time) / TIME_BASE);
@@ -80,23 +61,36 @@ std::string Seconds(std::int64_t time) {
 
 } // namespace
 
-MediaProbe::MediaProbe(const ioPath& path)
+MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted)
     : path(path)
+    , interrupted(interrupted)
     , demuxer(path, interrupted) {}
 
 void MediaProbe::Run() {
     info.container = demuxer.GetFormatName();
     ChooseTracks();
     DecodeFirstFrames();
-    if (Tracks().empty())
-        Fail(TranscodingError::SourceUnreadable,
-             "Cannot read \"" + path.ToUtf8() + "\": it holds neither picture nor sound that can be decoded");
+    RequireTracks();
     SettleOrigin();
     JoinClocks();
     FindEnds();
+    // What was read until then says nothing of the file.
+    if (interrupted)
+        Fail(TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" was interrupted");
     DescribeVideo();
     DescribeAudio();
     ReportShortage();
+}
+
+void MediaProbe::RequireTracks() const {
+    if (video.index >= 0 || audio.index >= 0)
+        return;
+    std::string reasons;
+    for (const Proc::DamageReport& report : details.damage)
+        reasons += (reasons.empty() ? " (" : ", ") + report.what;
+    Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() +
+                                                 "\": it holds neither picture nor sound that can be decoded" +
+                                                 reasons + (reasons.empty() ? "" : ")"));
 }
 
 std::vector<MediaProbe::Track*> MediaProbe::Tracks() {
@@ -192,7 +186,9 @@ void MediaProbe::SettleOrigin() {
     if (audio.index < 0)
         return;
     const AVFrame& first = *audio.first;
-    details.audioGrain = GrainOf(demuxer.GetStream(audio.index).codecpar->codec_id, audio.frameSize);
+    const SoundGrain grain = FindSoundGrain(demuxer.GetStream(audio.index), audio.frameSize, first.nb_samples);
+    details.audioGrain = grain.samples;
+    details.grainOfContainer = grain.ofContainer;
     if (details.audioGrain > 0)
         details.audioPhase =
             (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;

@@ -12,9 +12,10 @@ namespace Kestra::FF {
 /// what reading will yield and not what a header claims.
 class MediaProbe {
 public:
-    explicit MediaProbe(const ioPath& path);
+    /// `interrupted` is borrowed for life.
+    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted);
 
-    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor sound.
+    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor sound, or when interrupted.
     void Run();
 
     const Proc::MediaInfo& GetInfo() const { return info; }
@@ -36,6 +37,7 @@ private:
         int frameSize = 0; ///< samples of a whole block
     };
 
+    void RequireTracks() const;
     void ChooseTracks();
     void CountTrack(const AVStream& stream);
     void DecodeFirstFrames();
@@ -65,7 +67,7 @@ private:
     std::vector<Track*> Tracks();
 
     ioPath path;
-    std::atomic<bool> interrupted{false};
+    const std::atomic<bool>& interrupted;
     Demuxer demuxer;
     Track video;
     Track audio;

@@ -16,9 +16,10 @@ constexpr std::int64_t SAME_DAMAGE = TIME_BASE / 10;
 
 } // namespace
 
-MediaSource::MediaSource(const ioPath& path)
+MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted)
     : path(path) {
-    MediaProbe probe(path);
+    static const std::atomic<bool> never{false};
+    MediaProbe probe(path, interrupted ? *interrupted : never);
     probe.Run();
     info = probe.GetInfo();
     details = probe.GetDetails();

@@ -3,14 +3,15 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/FF/TrackDetails.h"
+#include <atomic>
 #include <mutex>
 
 namespace Kestra::FF {
 
 class MediaSource final : public Proc::IMediaSource, public RefCountImpl {
 public:
-    /// Opens and probes the file. Throws ProcException.
-    explicit MediaSource(const ioPath& path);
+    /// Opens and probes the file. Throws ProcException, also when `interrupted`, unless null, turns true meanwhile.
+    explicit MediaSource(const ioPath& path, const std::atomic<bool>* interrupted = nullptr);
 
     const ioPath& GetPath() const override { return path; }
     const Proc::MediaInfo& GetInfo() const override { return info; }

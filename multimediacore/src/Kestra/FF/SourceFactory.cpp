@@ -4,8 +4,9 @@
 
 namespace Kestra::FF {
 
-boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenMedia(const ioPath& path) {
-    return new MediaSource(path);
+boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenMedia(const ioPath& path,
+                                                                  const std::atomic<bool>* interrupted) {
+    return new MediaSource(path, interrupted);
 }
 
 std::shared_ptr<Core::ISourceFactory> MakeSourceFactory() {

@@ -7,7 +7,8 @@ namespace Kestra::FF {
 
 class SourceFactory final : public Core::ISourceFactory {
 public:
-    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path) override;
+    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
+                                                       const std::atomic<bool>* interrupted = nullptr) override;
 };
 
 std::shared_ptr<Core::ISourceFactory> MakeSourceFactory();

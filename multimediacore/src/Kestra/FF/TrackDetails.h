@@ -17,6 +17,8 @@ struct TrackDetails {
     std::int64_t audioPhase = 0;
     /// Samples that every block is a multiple of; 0 when the codec has no such number.
     int audioGrain = 0;
+    /// The grain is the habit of the container's writer: a longer block is none of that kind.
+    bool grainOfContainer = false;
     /// How the file's timestamps are joined; null when they go on from start to end.
     std::shared_ptr<const ClockMap> clock;
     /// Damage seen while opening.
