@@ -42,8 +42,8 @@ EditorProject::EditorProject(QObject* parent)
 
 EditorProject::~EditorProject() = default;
 
-void EditorProject::open(const std::vector<Kestra::ioPath>& media) {
-    d->model.show(Project::Timeline::open(media));
+void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted) {
+    d->model.show(Project::Timeline::open(media, interrupted));
 }
 
 Composition::Object* EditorProject::composition() {

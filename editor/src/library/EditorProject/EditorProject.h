@@ -10,6 +10,7 @@
 #include "Media/Video.h"
 #include "Types/Range.h"
 #include <QObject>
+#include <atomic>
 #include <cstdint>
 #include <exception>
 #include <memory>
@@ -32,8 +33,9 @@ public:
     /// Puts the files on the timeline, one after the other, each for its whole length (a still picture for 5 s);
     /// whatever was there before is replaced. Reads each file's description, which blocks; no file stays open. Throws
     /// Kestra::Proc::ProcException that names the file and the reason (also for an empty list), and then nothing has
-    /// changed. Streams built earlier keep what they show.
-    void open(const std::vector<Kestra::ioPath>& media);
+    /// changed. Streams built earlier keep what they show. `interrupted`, borrowed for the call unless null, makes it
+    /// throw early when a signal handler or another thread sets it.
+    void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr);
 
     /// Never null; the same object all the time. It has no video and no audio description before open(), and both
     /// after.

@@ -3,6 +3,7 @@
 
 #include "EditorProject/Clip.h"
 #include "EditorProjectExport.h"
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -11,8 +12,10 @@ namespace Project {
 /// Never changes once it is open, so engine streams share it across threads.
 class EDITORPROJECT_EXPORT Timeline {
 public:
-    /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException.
-    static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media);
+    /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException, also
+    /// when `interrupted`, unless null, turns true meanwhile.
+    static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media,
+                                                const std::atomic<bool>* interrupted = nullptr);
 
     const std::vector<Clip>& clips() const { return allClips; }
     /// The opened medium behind the clip of that index.
