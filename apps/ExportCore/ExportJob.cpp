@@ -6,8 +6,8 @@
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
 #include "ExportCore/LeftoverSweep.h"
-#include "ExportCore/OutroPictures.h"
 #include "ExportCore/OutputTransaction.h"
+#include "ExportCore/OutroPictures.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
@@ -64,8 +64,14 @@ void ExportJob::prepare() {
     } catch (...) { // its kind is read from it, whatever it is
         setFailure(std::current_exception());
     }
-    if (failure)
-        concludeLater();
+    if (!failure)
+        return;
+    // An opening that was interrupted fails, but it was the user's stop.
+    if (request.interrupted && *request.interrupted) {
+        failure.reset();
+        ownStop = true;
+    }
+    concludeLater();
 }
 
 void ExportJob::selectPreset() {
@@ -84,7 +90,7 @@ void ExportJob::openInputs() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
     try {
-        project->open(paths);
+        project->open(paths, request.interrupted);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||

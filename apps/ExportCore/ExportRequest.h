@@ -6,6 +6,7 @@
 #include "Types/Range.h"
 #include <QString>
 #include <QStringList>
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,9 @@ struct ExportRequest {
     /// Names the outro (see OutroPictures); empty for none.
     QString brandingName;
     WatchdogLimits limits;
+    /// While inputs are opened, the event loop does not run and stop() cannot be called: what is set here, by a signal
+    /// handler or another thread, ends that like stop(). Has to outlive the job; null for none.
+    const std::atomic<bool>* interrupted = nullptr;
 };
 
 } // namespace ExportCore

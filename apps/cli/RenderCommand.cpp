@@ -101,7 +101,9 @@ int exitCodeOf(const ExportOutcome& outcome, int signalNumber) {
 int render(const Options& options, ExportCore::EventLoopFailures& failures) {
     SignalStop signalStop;
     const std::unique_ptr<IProgressDisplay> display = IProgressDisplay::create(options.progress);
-    ExportJob job(requestOf(options));
+    ExportCore::ExportRequest request = requestOf(options);
+    request.interrupted = &SignalStop::requested();
+    ExportJob job(std::move(request));
     QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::fail);
     QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
     QObject::connect(&job, &ExportJob::privatePathChanged, &SignalStop::setUnfinishedFile);
@@ -111,7 +113,7 @@ int render(const Options& options, ExportCore::EventLoopFailures& failures) {
     QObject::connect(&job, &ExportJob::finished, [&](const ExportOutcome& outcome) {
         display->ended(outcome);
         printOutcome(outcome, options.progress);
-        const int code = exitCodeOf(outcome, signalStop.received());
+        const int code = exitCodeOf(outcome, SignalStop::received());
         if (outcome.error.GetCode() == TranscodingError::Stalled) {
             // Something in the engine hangs, and would be waited for on the way out.
             std::fflush(nullptr);

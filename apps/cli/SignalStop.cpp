@@ -19,6 +19,8 @@ constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
 std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
 std::atomic<int> unfinishedInUse{-1};
 std::atomic<int> signalsSeen{0};
+std::atomic<int> firstSignal{0};
+std::atomic<bool> stopWanted{false};
 std::array<int, 2> wakePipe{-1, -1};
 
 void onSignal(int number) {
@@ -29,6 +31,8 @@ void onSignal(int number) {
             unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());
         _exit(EXIT_SIGNAL_BASE + number);
     }
+    firstSignal = number;
+    stopWanted = true;
     const auto byte = static_cast<unsigned char>(number);
     // A full pipe has woken the loop already.
     [[maybe_unused]] const ssize_t written = write(wakePipe[1], &byte, 1);
@@ -77,10 +81,19 @@ void SignalStop::setUnfinishedFile(const QByteArray& path) {
 
 void SignalStop::onReadable() {
     unsigned char byte = 0;
+    bool woken = false;
     while (read(wakePipe[0], &byte, 1) == 1)
-        signalNumber = byte;
-    if (signalNumber != 0)
+        woken = true;
+    if (woken)
         Q_EMIT stopRequested();
+}
+
+int SignalStop::received() {
+    return firstSignal;
+}
+
+const std::atomic<bool>& SignalStop::requested() {
+    return stopWanted;
 }
 
 } // namespace Cli

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QSocketNotifier>
+#include <atomic>
 #include <memory>
 
 namespace Cli {
@@ -19,7 +20,9 @@ public:
     /// What the second signal removes; empty for nothing. A path that is too long for the system is nothing, too.
     static void setUnfinishedFile(const QByteArray& path);
     /// The signal that came; 0 when none did.
-    int received() const { return signalNumber; }
+    static int received();
+    /// Turns true with the first signal, without an event loop. Lives as long as the program.
+    static const std::atomic<bool>& requested();
 
 Q_SIGNALS:
     void stopRequested();
@@ -28,7 +31,6 @@ private:
     void onReadable();
 
     std::unique_ptr<QSocketNotifier> notifier;
-    int signalNumber = 0;
 };
 
 } // namespace Cli
