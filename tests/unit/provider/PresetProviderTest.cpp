@@ -149,6 +149,59 @@ TEST_F(PresetProviderTest, TheModelHasARowPerPresetOfTheTag) {
     }
 }
 
+TEST_F(PresetProviderTest, TheModelHasNoHeaders) {
+    const auto* model = qobject_cast<const QStandardItemModel*>(makeLoaded().model());
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->horizontalHeaderItem(0), nullptr);
+    EXPECT_EQ(model->verticalHeaderItem(0), nullptr);
+}
+
+TEST_F(PresetProviderTest, RowsAreLookedUpByTheirIdAndNeverByTheirText) {
+    PresetProvider& provider = makeLoaded();
+    ASSERT_TRUE(provider.model()->setData(provider.model()->index(2, 0), text("small")));
+    ASSERT_TRUE(provider.model()->setData(provider.model()->index(0, 0), text("large")));
+    EXPECT_EQ(provider.availablePresets(), (Ids{"small", "large", "twin"}));
+    provider.selectPreset(std::string("small"));
+    EXPECT_EQ(log, (Log{"preset 0"}));
+    EXPECT_EQ(provider.preset().id(), "small");
+    provider.retranslate();
+    EXPECT_EQ(provider.model()->index(0, 0).data().toString(), text("small"));
+}
+
+TEST_F(PresetProviderTest, AFillResetsTheModelAndThenAppendsRowByRow) {
+    PresetProvider& provider = makeLoaded();
+    provider.selectTag("audio");
+    log.clear();
+    QObject::connect(provider.model(), &QAbstractItemModel::modelReset,
+                     [&] { log.push_back("reset to " + std::to_string(provider.model()->rowCount())); });
+    QObject::connect(provider.model(), &QAbstractItemModel::rowsInserted,
+                     [this](const QModelIndex&, int first, int last) {
+                         log.push_back("rows " + std::to_string(first) + " to " + std::to_string(last));
+                     });
+    provider.selectTag("video");
+    EXPECT_EQ(log, (Log{"reset to 0", "rows 0 to 0", "rows 1 to 1", "rows 2 to 2", "preset 1", "tag video"}));
+}
+
+TEST_F(PresetProviderTest, TheTagOfALoadIsToldBeforeTheModelIsFilled) {
+    PresetProvider& provider = make();
+    int rows = -1;
+    QObject::connect(&provider, &PresetProvider::tagChanged, [&] { rows = provider.model()->rowCount(); });
+    provider.load();
+    EXPECT_EQ(rows, 0);
+}
+
+TEST_F(PresetProviderTest, ASwitchIsToldWhenEverythingIsInPlace) {
+    PresetProvider& provider = makeLoaded();
+    QObject::connect(&provider, &PresetProvider::presetChanged, [&] {
+        log.push_back(provider.currentTag() + " " + provider.preset().id() + " " +
+                      std::to_string(provider.modelIndexForCurrentPreset().row()));
+    });
+    QObject::connect(&provider, &PresetProvider::tagChanged,
+                     [&] { log.push_back(std::to_string(provider.model()->rowCount()) + " rows"); });
+    provider.selectTag("audio");
+    EXPECT_EQ(log, (Log{"preset 0", "audio sound 0", "tag audio", "1 rows"}));
+}
+
 TEST_F(PresetProviderTest, TheModelKeepsTheRulesOfModels) {
     PresetProvider& provider = make();
     const QAbstractItemModelTester tester(provider.model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -207,6 +260,37 @@ TEST_F(PresetProviderTest, AnEqualPresetOfAnotherRowChangesNothing) {
     EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 1);
     provider.selectPreset(std::string("twin"));
     EXPECT_EQ(log, (Log{}));
+}
+
+TEST_F(PresetProviderTest, SelectingTheSelectedRowAgainChangesNothing) {
+    makeLoaded().selectPreset(1);
+    provider->selectPreset(std::string("large"));
+    EXPECT_EQ(log, (Log{}));
+}
+
+TEST_F(PresetProviderTest, SelectingTheSelectedRowAgainDropsItsEdits) {
+    PresetProvider& provider = makeLoaded();
+    Preset edited = provider.preset();
+    edited.setAudioBitrateBps(64'000);
+    ASSERT_TRUE(provider.updatePreset(nullptr, edited));
+    log.clear();
+    provider.selectPreset(1);
+    EXPECT_EQ(log, (Log{"preset 1"}));
+    EXPECT_EQ(provider.preset().audioBitrateBps(), 192'000);
+}
+
+TEST_F(PresetProviderTest, AnEqualPresetOfAnotherTagLeavesBothTagsRows) {
+    QJsonObject catalogue = TestPresets::smallCatalogue();
+    catalogue = TestPresets::edited(catalogue, "/tags/1/presets", QJsonArray{text("sound"), text("twin")});
+    writeCatalogue(TestPresets::edited(catalogue, "/tags/1/default", 1));
+    makeLoaded().selectTag("audio");
+    // The twin of what is selected: the row is the tag's default all the same, and the id stays the old one.
+    EXPECT_EQ(log, (Log{"tag audio"}));
+    EXPECT_EQ(provider->preset().id(), "large");
+    EXPECT_EQ(provider->modelIndexForCurrentPreset().row(), 1);
+    provider->commit();
+    EXPECT_EQ(Settings::lastUsedPresetGroup(), "audio");
+    EXPECT_EQ(Settings::lastUsedPresetId(), "large");
 }
 
 TEST_F(PresetProviderTest, SelectsById) {
@@ -278,6 +362,21 @@ TEST_F(PresetProviderTest, TheIndexOfATagThatWasNeverFilledIsRowZero) {
     EXPECT_EQ(index.row(), 1);
     provider.selectTag("audio");
     EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 0);
+}
+
+TEST_F(PresetProviderTest, RetranslationTouchesRowByRowAndResetsNothing) {
+    PresetProvider& provider = makeLoaded();
+    QSignalSpy resets(provider.model(), &QAbstractItemModel::modelReset);
+    QSignalSpy removals(provider.model(), &QAbstractItemModel::rowsRemoved);
+    BracketTranslator translator;
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    Log touched;
+    QObject::connect(provider.model(), &QAbstractItemModel::dataChanged,
+                     [&](const QModelIndex& index) { touched.push_back(std::to_string(index.row())); });
+    provider.retranslate();
+    QCoreApplication::removeTranslator(&translator);
+    EXPECT_EQ(touched, (Log{"0", "1", "2"}));
+    EXPECT_EQ(resets.count() + removals.count(), 0);
 }
 
 TEST_F(PresetProviderTest, RetranslationChangesOnlyTheTexts) {

@@ -293,3 +293,33 @@ TEST_F(StreamParametersTest, UpdatingReplacesThePresetAndSignalsTheRow) {
     EXPECT_EQ(provider.preset().audioBitrateBps(), 64'000);
     EXPECT_EQ(provider.originalPreset().audioBitrateBps(), 192'000);
 }
+
+TEST_F(StreamParametersTest, AnUpdateIsToldWhenThePresetIsInPlace) {
+    PresetProvider& provider = makeSelected("large");
+    std::int64_t seen = 0;
+    QObject::connect(&provider, &PresetProvider::presetChanged, [&] { seen = provider.preset().audioBitrateBps(); });
+    Preset edited = provider.preset();
+    edited.setAudioBitrateBps(64'000);
+    ASSERT_TRUE(provider.updatePreset(nullptr, edited));
+    EXPECT_EQ(seen, 64'000);
+    EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 1);
+}
+
+TEST_F(StreamParametersTest, TheAutomaticBitrateAsksTheSelectedPresetForVideo) {
+    const Media::Video source = video(640, 360, 25);
+    PresetStorage storage;
+    ASSERT_TRUE(load(storage));
+    EXPECT_EQ(makeSelected("sound").autoBitrate(&source, storage.preset("large")), BitrateRange());
+}
+
+TEST_F(StreamParametersTest, LimitsAreThoseOfTheSelectedPreset) {
+    const Media::Video source = video(4000, 3000);
+    PresetProvider& provider = makeSelected("small");
+    provider.updateResolutionPresetIfNeeded(&source);
+    EXPECT_EQ(provider.preset().width(), 480);
+    EXPECT_EQ(provider.preset().height(), 360);
+    const Media::Video wide = video(1280, 100);
+    provider.updateResolutionPresetIfNeeded(&wide);
+    EXPECT_EQ(provider.preset().width(), 640);
+    EXPECT_EQ(provider.preset().height(), 50);
+}
