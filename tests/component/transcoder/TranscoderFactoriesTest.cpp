@@ -77,6 +77,15 @@ TEST_F(Factories, FixTheVideoBitrateThatTheProviderGives) {
     EXPECT_EQ(video().properties[IFormatCodec::TAG_BITRATE].GetInt64(), bitrate);
 }
 
+TEST_F(Factories, FixTheGreatestBitrateOfARange) {
+    initialize("fixed");
+    changeBitrateMode(Export::BitrateMode::Quality);
+    const auto range = presets.bitrate(&model.video);
+    ASSERT_LT(range.minimum, range.maximum);
+    makeReady();
+    EXPECT_EQ(video().properties[IFormatCodec::TAG_BITRATE].GetInt64(), range.maximum);
+}
+
 TEST_F(Factories, FixTheAudioBitrateThatTheProviderGives) {
     start();
     const auto bitrate = presets.bitrate(&model.audio).maximum;
