@@ -32,6 +32,8 @@ protected:
         tree["video"].SetChild("quality", 21.0);
         tree["audio"].SetChild("codec", std::string("aac"));
         tree["audio"].SetChild("bitrate", std::int64_t{96'000});
+        tree["audio"].SetChild("channelLayout", std::string("stereo"));
+        tree["audio"].SetChild("sampleRate", std::int64_t{48'000});
         return Preset(tree);
     }
 
