@@ -211,4 +211,16 @@ TEST_F(OutroExport, TakesPicturesOfEverySizeAndKind) {
     }
 }
 
+// A gigabyte once it is a pixmap; as a file of one bit a pixel it is quickly made.
+TEST_F(OutroExport, TakesAVeryLargePicture) {
+    const QByteArray white = "P4\n16000 16000\n" + QByteArray(16000 / 8 * 16000, '\0');
+    const OutroResource huge({{QStringLiteral("huge"), white}});
+    TestMedia::FlashBeep media;
+    media.frames = 5;
+    const DecodedFile file = exported(TestExport::requestOf(clip(media), "mkv-ffv1-flac", place / "out.mkv"), "huge");
+    ASSERT_EQ(file.Video().pictures.size(), 130U);
+    EXPECT_NEAR(lumaAt(*file.Video().pictures[70], 160, 90), 235, 2);
+    EXPECT_EQ(lumaAt(*file.Video().pictures[70], 10, 90), 16);
+}
+
 } // namespace

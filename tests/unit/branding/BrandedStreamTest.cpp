@@ -124,6 +124,26 @@ TEST(BrandedVideo, KeepsThePicturesOwnAlpha) {
     EXPECT_NEAR(pixel[3], 128, 1);
 }
 
+// Over black, each pixel of an edge has to show as much of the colour as it covers.
+TEST(BrandedVideo, ScalesTransparentEdgesWithoutADarkFringe) {
+    QImage image(80, 45, QImage::Format_ARGB32);
+    image.fill(qRgba(0, 0, 0, 0));
+    for (int y = 0; y < 45; ++y)
+        for (int x = 40; x < 80; ++x)
+            image.setPixel(x, y, qRgba(255, 255, 255, 255));
+    const Video stream = branded(Fakes::MakeVideo(shapeOf(5)), QPixmap::fromImage(image));
+    const Frame frame = frameAt(*stream, FramesToTime(5, 25) + 2 * TIME_BASE);
+    int between = 0;
+    for (int x = 70; x < 90; ++x) {
+        const auto pixel = pixelAt(frame, x, 45);
+        if (pixel[3] < 12 || pixel[3] > 243)
+            continue;
+        ++between;
+        EXPECT_GE(pixel[1], 240) << "column " << x << ", alpha " << pixel[3];
+    }
+    EXPECT_GT(between, 0);
+}
+
 /// The part of a row or column of the outro's middle frame that is not black.
 struct Extent {
     int first = -1;

@@ -1,6 +1,7 @@
 #include "Kestra/FF/PictureConverter.h"
 
 #include "Kestra/FF/AlphaBlend.h"
+#include "Kestra/FF/AlphaWeight.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/Error.h"
@@ -152,6 +153,15 @@ void PictureConverter::Fill(AVFrame& result, const AVFrame& picture, const Pictu
     FillAround(result, place);
 }
 
+void PictureConverter::FillWeighted(AVFrame& result, const AVFrame& picture, const PictureTarget& target,
+                                    const Pass& pass) {
+    const bool scaled = target.source.width != target.place.width || target.source.height != target.place.height;
+    if (!scaled || result.format != picture.format || !NeedsAlphaWeight(picture))
+        return Fill(result, picture, target, pass);
+    Fill(result, *WeightByAlpha(picture, flattened), target, pass);
+    RemoveAlphaWeight(result);
+}
+
 FrameHandle PictureConverter::Flatten(const AVFrame& picture) {
     const auto format = static_cast<AVPixelFormat>(picture.format);
     if (CanBlend(format))
@@ -186,7 +196,7 @@ FrameHandle PictureConverter::Convert(const AVFrame& picture, const PictureTarge
     SetColour(*result, colour);
     result->sample_aspect_ratio = target.sampleAspect;
     if (!done)
-        Fill(*result, whole, target, pass);
+        FillWeighted(*result, whole, target, pass);
     return result;
 }
 

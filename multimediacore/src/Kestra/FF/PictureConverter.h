@@ -26,7 +26,8 @@ struct PictureTarget {
     int threads = 1;
 };
 
-/// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling.
+/// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling;
+/// where it is kept in the picture's own format, scaling weights colour by it.
 /// Interlaced pictures are scaled field by field.
 class KESTRA_EXPORT PictureConverter {
 public:
@@ -54,6 +55,7 @@ private:
 
     FrameHandle Flatten(const AVFrame& picture);
     void Configure(const Setup& wanted);
+    void FillWeighted(AVFrame& result, const AVFrame& picture, const PictureTarget& target, const Pass& pass);
     void Fill(AVFrame& result, const AVFrame& picture, const PictureTarget& target, const Pass& pass);
     void Scale(const AVFrame& from, AVFrame& to, const Pass& pass);
     void ScaleFields(const AVFrame& from, AVFrame& to, const Pass& pass);
