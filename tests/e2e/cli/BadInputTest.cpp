@@ -148,6 +148,62 @@ TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--out", "4.001"}), 2, {"00:00:04.001", "outside"});
 }
 
+class BadSettings : public BadInput {
+protected:
+    void expectSettingRefused(const std::string& preset, const std::string& setting,
+                              const std::vector<std::string>& words) const {
+        expectRefused(
+            {"render", clip, "-p", preset, "-o", output, "--overwrite", "--progress", "none", "--set", setting}, 2,
+            words);
+    }
+};
+
+TEST_F(BadSettings, AnUnknownQualityWithTheKnownOnes) {
+    expectRefused(command(clip, {"--quality", "hgih"}), 2,
+                  {"mp4-h264-720p", "\"hgih\"", "did you mean high?", "high, low, medium"});
+    expectRefused(command(clip, {"--quality", ""}), 2, {"no quality \"\"", "high, low, medium"});
+    expectRefused({"render", clip, "-p", "flac", "-o", output, "--overwrite", "--quality", "high"}, 2,
+                  {"\"flac\" has no qualities"});
+}
+
+TEST_F(BadSettings, AnUnknownKeyWithNearNames) {
+    expectSettingRefused("mp4-h264-720p", "bitrat=1M", {"\"bitrat\"", "did you mean bitrate", "audio-bitrate"});
+    expectSettingRefused("mp4-h264-720p", "crf=20", {"\"crf\"", "the settings are size"});
+    expectSettingRefused("mp4-h264-720p", "bitrate", {"\"bitrate\" is no setting", "KEY=VALUE"});
+}
+
+TEST_F(BadSettings, AValueThatDoesNotParse) {
+    for (const char* const setting :
+         {"size=big", "size=1280", "width=-640", "frame-rate=29.97", "frame-rate=25/0", "bitrate=fast", "bitrate=-1",
+          "quality=nan", "sample-rate=0x10", "channels=3", "audio-bitrate="})
+        expectSettingRefused("mp4-h264-720p", setting, {"Cannot set", "write "});
+}
+
+TEST_F(BadSettings, AValueOutsideTheLimits) {
+    for (const char* const setting :
+         {"size=0x0", "size=1281x720", "size=1282x722", "width=99999999999999999999", "height=722", "frame-rate=0",
+          "frame-rate=301", "bitrate=0", "bitrate=100", "bitrate=1G", "bitrate=999M", "bitrate=99999999999999999999M",
+          "quality=0", "quality=52", "sample-rate=0", "sample-rate=48001", "audio-bitrate=1", "audio-bitrate=600k"})
+        expectSettingRefused("mp4-h264-720p", setting, {"Cannot set"});
+    expectSettingRefused("mp4-h264-720p", "bitrate=100", {"h264 at 320x180 takes", "bit/s"});
+}
+
+TEST_F(BadSettings, AKeyThatDoesNotApplyToThePreset) {
+    for (const char* const setting :
+         {"size=320x180", "width=320", "height=180", "frame-rate=25", "bitrate=1M", "quality=20"})
+        expectSettingRefused("mp3", setting, {"\"mp3\" has no picture"});
+    expectSettingRefused("flac", "audio-bitrate=500k", {"flac"});
+    expectSettingRefused("mov-prores-1080p", "bitrate=50M", {"prores"});
+    expectSettingRefused("mkv-ffv1-flac", "quality=1", {"ffv1"});
+    expectSettingRefused("mp4-h264-1080p-2pass", "quality=20", {"two passes"});
+}
+
+TEST_F(BadSettings, SettingsThatExcludeEachOther) {
+    expectRefused(command(clip, {"--set", "bitrate=1M", "--set", "quality=20"}), 2, {"bitrate", "quality"});
+    expectRefused(command(clip, {"--set", "width=320", "--set", "width=160"}), 2, {"width", "twice"});
+    expectRefused(command(clip, {"--set", "size=320x180", "--set", "width=160"}), 2, {"size", "width"});
+}
+
 class BadCatalogue : public BadInput {
 protected:
     /// The shipped catalogue with one text replaced.

@@ -1,5 +1,6 @@
 #include "Program.h"
 #include "support/FlashBeep.h"
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -76,6 +77,26 @@ TEST(Commands, PresetsTellWhichRunTwoPasses) {
         EXPECT_EQ(value.toObject().value(QStringLiteral("twoPass")).toBool(), id.endsWith(QStringLiteral("-2pass")))
             << id.toStdString();
     }
+}
+
+TEST(Commands, PresetsTellTheirQualities) {
+    const QJsonArray presets = objectOf(run({"presets", "--json"})).value(QStringLiteral("presets")).toArray();
+    QHash<QString, QJsonArray> qualities;
+    for (const QJsonValue& value : presets)
+        qualities.insert(value.toObject().value(QStringLiteral("id")).toString(),
+                         value.toObject().value(QStringLiteral("quality")).toArray());
+    EXPECT_EQ(qualities.value(QStringLiteral("mp4-h264-720p")),
+              (QJsonArray{QStringLiteral("high"), QStringLiteral("low"), QStringLiteral("medium")}));
+    EXPECT_TRUE(qualities.value(QStringLiteral("flac")).isEmpty());
+    EXPECT_TRUE(run({"presets"}).output.contains(QStringLiteral("720p [mp4, web], quality high|low|medium\n")));
+}
+
+TEST(Commands, HelpListsEverySetting) {
+    const Result help = run({"render", "--help"});
+    for (const char* word :
+         {"--quality NAME", "--set KEY=VALUE", "size=WxH", "width=PIXELS", "height=PIXELS", "frame-rate=RATE",
+          "bitrate=BITS", "quality=NUMBER", "sample-rate=HZ", "channels=LAYOUT", "audio-bitrate=BITS"})
+        EXPECT_TRUE(help.output.contains(QString::fromUtf8(word))) << word;
 }
 
 TEST(Commands, PresetsOfATagAreThoseOfTheTag) {

@@ -91,6 +91,46 @@ TEST_F(PresetTest, SettersOfAMissingStreamDoNotMakeOne) {
     EXPECT_TRUE(sound.equalsTo(preset("sound")));
 }
 
+TEST_F(PresetTest, WhatIsSetIsReadBack) {
+    Preset large = preset("large");
+    large.setFrameRate(Preset::Rational(30000, 1001));
+    large.setVideoQuality(22.5);
+    large.setFixedResolution(true);
+    large.setSampleRate(32000);
+    EXPECT_EQ(large.frameRate(), Preset::Rational(30000, 1001));
+    EXPECT_EQ(large.videoQuality(), 22.5);
+    EXPECT_TRUE(large.hasFixedResolution());
+    EXPECT_EQ(large.sampleRate(), 32000u);
+    for (const std::uint32_t layout : {Kestra::Conf::CHANNEL_LAYOUT_MONO, Kestra::Conf::CHANNEL_LAYOUT_5POINT1,
+                                       Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN}) {
+        large.setChannelLayout(layout);
+        EXPECT_EQ(large.channelLayout(), layout);
+    }
+    Preset none;
+    none.setFrameRate(25);
+    none.setChannelLayout(Kestra::Conf::CHANNEL_LAYOUT_MONO);
+    none.setFixedResolution(true);
+    EXPECT_TRUE(none.equalsTo(Preset()));
+    EXPECT_FALSE(none.hasVideo() || none.hasAudio());
+}
+
+TEST_F(PresetTest, AFixedResolutionIsFilled) {
+    for (const char* const mode : {"fitInside", "keepSize"}) {
+        Property modifier;
+        modifier["video"].SetChild("resize", std::string(mode));
+        Preset large = preset("large");
+        large.applyQualityModifier(modifier);
+        large.setFixedResolution(true);
+        EXPECT_EQ(large.resizerSettings().aspectMode, Kestra::Proc::AspectMode::Letterbox) << mode;
+    }
+    Property modifier;
+    modifier["video"].SetChild("resize", std::string("crop"));
+    Preset large = preset("large");
+    large.applyQualityModifier(modifier);
+    large.setFixedResolution(true);
+    EXPECT_EQ(large.resizerSettings().aspectMode, Kestra::Proc::AspectMode::Crop);
+}
+
 TEST_F(PresetTest, ZeroOpensAValueAgain) {
     Preset large = preset("large");
     large.setVideoBitrateBps(5'000'000'000);
@@ -195,6 +235,11 @@ TEST_F(PresetTest, EveryEditMakesAPresetUnequal) {
         [](Preset& edited) { edited.setVideoBitrateBps(1); },
         [](Preset& edited) { edited.setAudioBitrateBps(1); },
         [](Preset& edited) { edited.setVideoBitrateMode(BitrateMode::Constant); },
+        [](Preset& edited) { edited.setFixedResolution(true); },
+        [](Preset& edited) { edited.setFrameRate(24); },
+        [](Preset& edited) { edited.setVideoQuality(22); },
+        [](Preset& edited) { edited.setSampleRate(32000); },
+        [](Preset& edited) { edited.setChannelLayout(Kestra::Conf::CHANNEL_LAYOUT_MONO); },
     };
     for (std::size_t index = 0; index < edits.size(); ++index) {
         Preset edited = large;
