@@ -91,13 +91,6 @@ TEST_F(Outcome, SignalsOfARunnerOnAnotherThreadArriveOnTheTranscodersInOrder) {
         EXPECT_EQ(thread, QThread::currentThread());
 }
 
-TEST_F(Outcome, StopReachesTheRunner) {
-    start();
-    transcoder->stop();
-    EXPECT_EQ(runner().stops, 1);
-    EXPECT_EQ(emissions, Signals());
-}
-
 TEST_F(Outcome, ARunStartAndItsProgressAreForwarded) {
     std::vector<std::pair<int, KTime>> heard;
     QObject::connect(transcoder.get(), &Export::Transcoder::progressChanged,
