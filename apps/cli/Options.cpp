@@ -1,5 +1,6 @@
 #include "cli/Options.h"
 
+#include "ExportCore/NearNames.h"
 #include "ExportCore/PresetSettings.h"
 #include "ExportCore/TimeText.h"
 #include "cli/ExitCode.h"
@@ -60,6 +61,7 @@ public:
     }
 
     int print(const CLI::ParseError& error) { return app.exit(error); }
+    std::string help() const { return app.help(); }
 
 private:
     void addRender() {
@@ -81,7 +83,8 @@ private:
         render->footer(settingsText());
         render->add_option("--in", inText, "Where to begin")->check(checkTime, "TIME");
         render->add_option("--out", outText, "Where to end")->check(checkTime, "TIME");
-        render->add_option("--branding", options.branding, "Append this outro (demo); none by default")->type_name("NAME");
+        render->add_option("--branding", options.branding, "Append this outro (demo); none by default")
+            ->type_name("NAME");
         render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
         render->add_option("--progress", options.progress, "auto, bar, plain, json (one object a line) or none")
             ->transform(CLI::CheckedTransformer(styles).description("STYLE"));
@@ -110,6 +113,16 @@ private:
     std::string outText;
 };
 
+/// What was given in place of a command; empty when nothing was.
+std::string unknownCommand(int argc, char** argv, const std::vector<std::string>& known) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word.empty() || word.front() != '-')
+            return std::find(known.begin(), known.end(), word) == known.end() ? word : std::string();
+    }
+    return {};
+}
+
 /// One line, whatever the parser makes of it.
 void complain(std::string what) {
     for (char& letter : what) {
@@ -131,6 +144,17 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
     }
     Options options;
     Parser parser(options);
+    if (argc <= 1) {
+        std::fputs(parser.help().c_str(), stderr);
+        exitCode = EXIT_BAD_INPUT;
+        return std::nullopt;
+    }
+    const std::vector<std::string> commands{"render", "presets", "info"};
+    if (const std::string word = unknownCommand(argc, argv, commands); !word.empty()) {
+        complain("there is no command \"" + word + '"' + ExportCore::NearNames::question(word, commands));
+        exitCode = EXIT_BAD_INPUT;
+        return std::nullopt;
+    }
     try {
         parser.parse(argc, argv);
         return options;

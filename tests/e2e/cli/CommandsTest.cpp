@@ -43,15 +43,29 @@ TEST_P(WrongUsage, IsToldInOneLineWithCodeTwo) {
 
 INSTANTIATE_TEST_SUITE_P(
     Commands, WrongUsage,
-    ::testing::Values(std::vector<std::string>{}, std::vector<std::string>{"transmogrify"},
-                      std::vector<std::string>{"--nonsense"}, std::vector<std::string>{"render"},
-                      std::vector<std::string>{"render", "a.mp4"},
+    ::testing::Values(std::vector<std::string>{"transmogrify"}, std::vector<std::string>{"--nonsense"},
+                      std::vector<std::string>{"render"}, std::vector<std::string>{"render", "a.mp4"},
                       std::vector<std::string>{"render", "-p", "x", "-o", "y"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--in", "1:30"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--out=-5"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--progress", "loud"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--nonsense"},
                       std::vector<std::string>{"presets", "--tag", "nonsense"}, std::vector<std::string>{"info"}));
+
+TEST(Commands, NoneShowsTheHelp) {
+    const Result result = run({});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.output.isEmpty());
+    for (const char* word : {"render", "presets", "info"})
+        EXPECT_TRUE(result.errors.contains(QString::fromUtf8(word))) << word;
+}
+
+TEST(Commands, AnUnknownOneIsNamedWithWhatMayBeMeant) {
+    EXPECT_TRUE(run({"frob"}).errors.startsWith(QStringLiteral("editor-export: there is no command \"frob\"")));
+    const Result near = run({"-v", "rendr", "a.mp4"});
+    EXPECT_EQ(near.code, 2);
+    EXPECT_TRUE(near.errors.contains(QStringLiteral("\"rendr\"; did you mean render?"))) << near.errors.toStdString();
+}
 
 TEST(Commands, PresetsTellIdTagsAndCodecsAsJson) {
     const Result result = run({"presets", "--json"});
