@@ -19,7 +19,6 @@ namespace {
 using Whole = boost::multiprecision::int512_t;
 
 constexpr KTime UNKNOWN{-1};
-constexpr std::int64_t LOWEST = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t HIGHEST = std::numeric_limits<std::int64_t>::max();
 
 template <class T>

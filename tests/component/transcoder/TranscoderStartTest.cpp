@@ -1,5 +1,6 @@
 #include "component/transcoder/TranscoderFixture.h"
 #include <QDir>
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -235,6 +236,17 @@ TEST_F(ThrowingStart, LetsAMissingTemporaryDirectoryOut) {
     EXPECT_EQ(logged(), std::vector<std::string>{TRYING});
     EXPECT_TRUE(QFileInfo::exists(outputPath()));
     EXPECT_EQ(calls->Get(), CallLog::Calls());
+}
+
+TEST_F(ThrowingStart, LetsTheMissingPicturesOfTwoPassesOut) {
+    initialize("two-pass");
+    model.videoStreams.remove();
+    model.audioStreams.remove();
+    TestSupport::turnEventLoop();
+    ASSERT_NE(catcher.caught, nullptr);
+    EXPECT_THROW(std::rethrow_exception(catcher.caught), std::bad_function_call);
+    EXPECT_EQ(emissions, Signals());
+    EXPECT_EQ(logged(), std::vector<std::string>{TRYING});
 }
 
 TEST_F(ThrowingStart, MayBeStoppedAndDestroyedAfterwards) {
