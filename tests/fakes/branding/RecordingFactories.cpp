@@ -198,7 +198,8 @@ void RecordingFactories::Call(const std::string& name, const std::string& implNa
         std::rethrow_exception(failure->second);
 }
 
-RecordingFactories::Installed::Installed(const std::shared_ptr<RecordingFactories>& record) {
+RecordingFactories::Installed::Installed(const std::shared_ptr<RecordingFactories>& record)
+    : record(record) {
     auto& core = Core::CoreManager::Instance();
     core.SetFilterFactory(std::make_shared<RecordingFilters>(record));
     core.SetEffectFactory(std::make_shared<RecordingEffects>(record));
@@ -210,6 +211,11 @@ RecordingFactories::Installed::~Installed() {
     core.SetFilterFactory(nullptr);
     core.SetEffectFactory(nullptr);
     core.SetDataVideoFFFactory(nullptr);
+    record->resizerSource.reset();
+    record->trimmerSource.reset();
+    record->trimmed.reset();
+    record->appended.clear();
+    record->concatenation.reset();
 }
 
 } // namespace Kestra::Fakes

@@ -36,13 +36,17 @@ public:
     /// Writes the call down, or throws what was ordered.
     void Call(const std::string& name, const std::string& implName);
 
-    /// Puts them in place of the engine's until it is destroyed.
+    /// Puts them in place of the engine's until it is destroyed; then lets go of the streams that are kept here, which
+    /// hold the record themselves.
     class Installed {
     public:
         explicit Installed(const std::shared_ptr<RecordingFactories>& record);
         ~Installed();
         Installed(const Installed&) = delete;
         Installed& operator=(const Installed&) = delete;
+
+    private:
+        const std::shared_ptr<RecordingFactories> record;
     };
 };
 
