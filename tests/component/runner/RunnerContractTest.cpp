@@ -1,5 +1,6 @@
 #include "Export/IStreamProcessingHelper.h"
 #include "component/runner/RunnerFixture.h"
+#include "support/HookSlot.h"
 #include <QMetaMethod>
 
 namespace {
@@ -31,6 +32,14 @@ TEST(RunnerContract, NamesTheArgumentsOfProgressAlone) {
     EXPECT_EQ(meta.method(offset + 1).parameterNames(), (QList<QByteArray>{"percent", "remaining"}));
     EXPECT_EQ(meta.method(offset + 3).parameterNames(), QList<QByteArray>{""});
     EXPECT_EQ(meta.method(offset + 4).parameterNames(), QList<QByteArray>{""});
+}
+
+TEST(RunnerContract, HasStartAndThenStopBehindTheOperationsOfItsBase) {
+    struct Base : QObject {
+        static std::size_t lastSlot() { return hookSlot(&Base::disconnectNotify); }
+    };
+    EXPECT_EQ(hookSlot(&Export::IStreamProcessingHelper::start), Base::lastSlot() + 1);
+    EXPECT_EQ(hookSlot(&Export::IStreamProcessingHelper::stop), Base::lastSlot() + 2);
 }
 
 TEST_F(Runner, HasNoParent) {

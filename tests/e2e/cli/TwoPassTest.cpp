@@ -1,0 +1,78 @@
+// Exports in two passes, as people run them.
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <csignal>
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+
+namespace {
+
+class TwoPassProgram : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = new TestMedia::Folder;
+        TestMedia::FlashBeep media;
+        media.width = 640;
+        media.height = 360;
+        media.frames = 500;
+        TestMedia::makeFlashBeep(*folder / "clip.mov", media);
+    }
+    static void TearDownTestSuite() { delete folder; }
+
+    TwoPassProgram()
+        : program({"render", *folder / "clip.mov", "-p", "mp4-h264-1080p-2pass", "-o", output, "--progress", "json"}) {
+        program.setEnvironment("TMPDIR", scratch / "");
+    }
+    static QList<int> percents(const Result& result) {
+        QList<int> all;
+        for (const QJsonObject& event : TestCli::jsonLines(result.errors))
+            if (event.value(QStringLiteral("type")).toString() == QStringLiteral("progress"))
+                all << event.value(QStringLiteral("percent")).toInt(-1);
+        return all;
+    }
+    void expectNothingLeft() const {
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+        EXPECT_EQ(TestFiles::namesIn(scratch / ""), QStringList());
+    }
+
+    static TestMedia::Folder* folder;
+    const TestMedia::Folder place, scratch;
+    const std::string output = place / "film.mp4";
+    Program program;
+};
+
+TestMedia::Folder* TwoPassProgram::folder = nullptr;
+
+TEST_F(TwoPassProgram, TellsOneStartAndProgressThatNeverFalls) {
+    const Result result = program.run();
+    ASSERT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.errors.count(QStringLiteral("\"started\"")), 1);
+    const QList<int> all = percents(result);
+    ASSERT_FALSE(all.isEmpty());
+    EXPECT_TRUE(std::is_sorted(all.begin(), all.end()));
+    EXPECT_LT(all.first(), 50);
+    EXPECT_EQ(all.last(), 100);
+    EXPECT_EQ(TestFiles::namesIn(scratch / ""), QStringList());
+    const QList<QJsonObject> results = TestCli::jsonLines(result.output);
+    ASSERT_EQ(results.size(), 1);
+    EXPECT_EQ(results[0].value(QStringLiteral("video")).toObject().value(QStringLiteral("frames")).toInt(), 500);
+}
+
+TEST_F(TwoPassProgram, StopsAtAnyTimeOfBothPassesAndLeavesNothing) {
+    for (const char* const at : {"\"started\"", "\"percent\":1", "\"percent\":6"}) {
+        Program running(
+            {"render", *folder / "clip.mov", "-p", "mp4-h264-1080p-2pass", "-o", output, "--progress", "json"});
+        running.setEnvironment("TMPDIR", scratch / "");
+        running.start();
+        ASSERT_TRUE(running.waitForError(QString::fromUtf8(at)));
+        running.signal(SIGTERM);
+        const Result result = running.finish();
+        EXPECT_EQ(result.code, 128 + SIGTERM);
+        expectNothingLeft();
+    }
+}
+
+} // namespace

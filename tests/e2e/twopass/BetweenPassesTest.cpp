@@ -1,0 +1,154 @@
+// What becomes of an export when the engine hangs or fails from one pass to the next.
+#include "ExportCore/ExportJob.h"
+#include "Exported.h"
+#include "Kestra/Core/CoreManager.h"
+#include "fakes/kestra/FakeFactories.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/WaitUntil.h"
+#include <atomic>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using ExportCore::ExportJob;
+using ExportCore::ExportOutcome;
+using ExportCore::ExportRequest;
+using Kestra::Core::CoreManager;
+using Kestra::Fakes::FakeCodecFactory;
+using Kestra::Fakes::FakeMuxerFactory;
+using Kestra::Fakes::Gate;
+using Kestra::Fakes::Script;
+using Kestra::Proc::TranscodingError;
+using TestSupport::waitUntil;
+using Status = ExportOutcome::Status;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The encoders' calls happen on the engine's threads, the factories' on this one.
+class BetweenPasses : public ::testing::Test {
+protected:
+    BetweenPasses() {
+        TestFiles::write(output, "old");
+        TestMedia::makeFlashBeep(media / "clip.mov", {});
+        codecs->UseEncoderScript(encoders);
+        CoreManager::Instance().SetCodecFactory(codecs);
+        CoreManager::Instance().SetMuxerFactory(muxers);
+    }
+    ~BetweenPasses() override {
+        gate.Open();
+        job.reset();
+        CoreManager::Instance().SetCodecFactory(nullptr);
+        CoreManager::Instance().SetMuxerFactory(nullptr);
+    }
+
+    void start(const ExportCore::WatchdogLimits& limits) {
+        ExportRequest request = TestExport::requestOf(media / "clip.mov", "mp4-h264-1080p-2pass", output);
+        request.overwrite = true;
+        request.limits = limits;
+        job = std::make_unique<ExportJob>(request);
+        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
+            outcome = result;
+            ended = true;
+        });
+        job->start();
+    }
+    /// As an application's event loop does: what a handler throws becomes the run's failure.
+    bool waitForEnd() {
+        while (!ended) {
+            try {
+                return waitUntil([this] { return ended; });
+            } catch (...) {
+                job->fail(std::current_exception());
+            }
+        }
+        return true;
+    }
+    void expectUntouched() const {
+        EXPECT_EQ(TestFiles::read(output), "old");
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+    }
+    /// In the second pass three encoders have been made: video, and then video and audio.
+    void atSecondPrepare(const std::function<void()>& action) {
+        encoders->At("Prepare", [this, action] {
+            if (++prepared == 2)
+                action();
+        });
+    }
+
+    const TestMedia::Folder media, place;
+    const std::string output = place / "film.mp4";
+    const std::shared_ptr<Script> encoders = std::make_shared<Script>();
+    const std::shared_ptr<FakeCodecFactory> codecs = std::make_shared<FakeCodecFactory>();
+    const std::shared_ptr<FakeMuxerFactory> muxers = std::make_shared<FakeMuxerFactory>();
+    std::atomic<int> prepared{0};
+    Gate gate;
+    std::unique_ptr<ExportJob> job;
+    ExportOutcome outcome;
+    bool ended = false;
+};
+
+TEST_F(BetweenPasses, AnEncoderThatHangsBeforeTheSecondPassBeginsIsAStall) {
+    atSecondPrepare([this] { gate.Pass(); });
+    start({1h, 500ms, 1h});
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(codecs->GetMade().size(), 3U);
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
+    EXPECT_NE(outcome.error.GetDescription().find("no progress"), std::string::npos) << outcome.error.GetDescription();
+    expectUntouched();
+}
+
+TEST_F(BetweenPasses, AStopWhileTheSecondPassPreparesIsAStop) {
+    atSecondPrepare([this] { gate.Pass(); });
+    start({1h, 1h, 10s});
+    ASSERT_TRUE(waitUntil([this] { return prepared >= 2; }));
+    job->stop();
+    gate.Open();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Stopped);
+    expectUntouched();
+}
+
+TEST_F(BetweenPasses, AnEncoderThatCannotBeMadeForTheSecondPassFailsTheRun) {
+    int made = 0;
+    codecs->GetScript().At("CreateVideoEncoder", [&] {
+        if (++made == 2)
+            throw std::runtime_error("no second encoder");
+    });
+    start({});
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "no second encoder");
+    expectUntouched();
+}
+
+TEST_F(BetweenPasses, AMuxerThatCannotBeMadeForTheSecondPassFailsTheRun) {
+    muxers->GetScript().ThrowAt("CreateMuxer", std::make_exception_ptr(std::runtime_error("no muxer")));
+    start({});
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "no muxer");
+    expectUntouched();
+}
+
+TEST_F(BetweenPasses, AnEncoderThatFailsInTheFirstPassEndsTheRunThere) {
+    encoders->ThrowAt("ReadRaw 5", std::make_exception_ptr(std::runtime_error("the first pass broke")));
+    start({});
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "the first pass broke");
+    EXPECT_EQ(codecs->GetMade().size(), 1U);
+    expectUntouched();
+}
+
+TEST_F(BetweenPasses, AnEncoderThatFailsInTheSecondPassFailsTheRun) {
+    atSecondPrepare([] { throw std::runtime_error("the second pass broke"); });
+    start({});
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "the second pass broke");
+    expectUntouched();
+}
+
+} // namespace
