@@ -274,6 +274,43 @@ TEST(EffectHost, DescribesWhatItsEffectsMake) {
     EXPECT_EQ(video.GetColour().range, 2);
 }
 
+TEST(ColorspaceConverter, WishesForItsOwnFormatAndNoOtherColour) {
+    const auto wish = Conf::IFormatCodecVideo::Create();
+    wish->SetPixelFormat(PixelFormat::YUV420P);
+    wish->SetColour({1, 1, 1, 1});
+    wish->SetFrameRate(30);
+    converter(PixelFormat::BGRA, true)->ChangePreference(*wish);
+    EXPECT_EQ(wish->GetPixelFormat(), PixelFormat::BGRA);
+    EXPECT_EQ(wish->GetColour(), (Conf::ColourInfo{1, 1, 2, 0}));
+    EXPECT_EQ(wish->GetFrameRate(), boost::rational<long long>(30)) << "not its concern";
+}
+
+TEST(AlphaEnvelope, WishesForAFormatWithAlpha) {
+    const auto wish = Conf::IFormatCodecVideo::Create();
+    wish->SetPixelFormat(PixelFormat::YUV420P);
+    constant(1)->ChangePreference(*wish);
+    EXPECT_EQ(wish->GetPixelFormat(), PixelFormat::BGRA);
+    wish->SetPixelFormat(PixelFormat::YUVA444P);
+    constant(1)->ChangePreference(*wish);
+    EXPECT_EQ(wish->GetPixelFormat(), PixelFormat::YUVA444P);
+}
+
+TEST(EffectHost, TellsItsSourceWhatItsEffectsNeed) {
+    const Video still16 = Proc::StreamOneFrameVideo::Create(still({10, 20, 30, 40}, 16, 16));
+    Proc::SettingsResizer settings;
+    settings.target = {8, 8, 0, 0};
+    const Video resized = core().GetFilterFactory().CreateResizer(still16, settings);
+    const auto host = core().GetFilterFactory().CreateEffectHost(resized);
+    host->AddEffect(constant(0.5));
+    const auto wish = Conf::IFormatCodecVideo::Create();
+    wish->SetPixelFormat(PixelFormat::YUV420P);
+    host->PreferFormat(*wish);
+    boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
+    resized->GetVideoFormat(format);
+    EXPECT_EQ(format->GetPixelFormat(), PixelFormat::BGRA);
+    EXPECT_EQ(lastPixel(*host->ReadVideo())[3], 20);
+}
+
 TEST(EffectHost, TakesEffectsBeforeTheFirstReadOnly) {
     const auto host = core().GetFilterFactory().CreateEffectHost(Video(new FakeStreamVideo(2)));
     EXPECT_THROW(host->AddEffect(nullptr), std::invalid_argument);
