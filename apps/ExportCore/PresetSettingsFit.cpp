@@ -79,6 +79,7 @@ void requireSampleRate(int rate, const Preset& preset) {
     if (std::find(rates.begin(), rates.end(), rate) != rates.end())
         return;
     std::vector<std::string> names;
+    names.reserve(rates.size());
     for (const int known : rates)
         names.push_back(std::to_string(known));
     refuse("sample-rate", std::string(CodecIDToString(preset.audioCodec())) + " does not take " + std::to_string(rate) +
@@ -90,6 +91,7 @@ void requireLayout(std::uint32_t layout, const Preset& preset) {
     if (std::find(layouts.begin(), layouts.end(), layout) != layouts.end())
         return;
     std::vector<std::string> names;
+    names.reserve(layouts.size());
     for (const std::uint32_t known : layouts)
         names.emplace_back(Kestra::Conf::LayoutRecord::Find(known)->name);
     refuse("channels", std::string(CodecIDToString(preset.audioCodec())) + " does not take " +
