@@ -34,10 +34,10 @@ bool NeedsAlphaWeight(const AVFrame& picture) noexcept {
         return false;
     const int alphaByte = AlphaByte(picture);
     for (int y = 0; y < picture.height; ++y) {
-        const std::uint8_t* row = RowOf(picture, y) + alphaByte;
+        const std::uint8_t* alpha = RowOf(picture, y) + alphaByte;
         int least = OPAQUE;
-        for (int x = 0; x < picture.width; ++x)
-            least = std::min<int>(least, row[CHANNELS * x]);
+        for (int x = 0; x < picture.width; ++x, alpha += CHANNELS)
+            least = std::min<int>(least, *alpha);
         if (least < OPAQUE)
             return true;
     }
