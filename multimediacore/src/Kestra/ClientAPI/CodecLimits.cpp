@@ -9,7 +9,7 @@ namespace {
 using Conf::CodecID;
 using Rate = boost::rational<long long>;
 
-/// The time base of MPEG-4 Part 2 is a 16-bit number.
+/// The time base of MPEG-4 Visual is a 16-bit number.
 constexpr long long HIGHEST_MPEG4_TIME_BASE = 65535;
 constexpr int SMALLEST_HEVC_SIDE = 16;
 
