@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <malloc.h>
 
 namespace {
 
@@ -31,6 +32,12 @@ int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
 void turnSignalsIntoErrors() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// By default every thread has a heap of its own and keeps what is freed there. Pictures come from pools, so little is
+/// allocated, and one heap for all is as fast and some megabytes smaller.
+void keepMemorySmall() {
+    mallopt(M_ARENA_MAX, 1);
 }
 
 /// What was printed must have arrived: a full disk shows only now.
@@ -64,6 +71,7 @@ int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    keepMemorySmall();
     turnSignalsIntoErrors();
     int exitCode = Cli::EXIT_DONE;
     const auto options = Cli::Options::read(argc, argv, exitCode);

@@ -13,7 +13,7 @@ using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
 
 /// A shorter run is over before a thread of its own would have helped.
 constexpr std::int64_t LEAST_FRAMES_FOR_THREAD = 24;
-constexpr std::int64_t BYTES_AHEAD = 8LL * 1024 * 1024;
+constexpr std::int64_t BYTES_AHEAD = 4LL * 1024 * 1024;
 
 Core::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
@@ -39,7 +39,7 @@ Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame) {
 
 int framesAhead(const Conf::FrameInfo& frame) {
     const std::int64_t bytes = std::max<std::int64_t>(1, std::int64_t(frame.width) * frame.height * 3 / 2);
-    return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 2, 8));
+    return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 1, 8));
 }
 
 Video createClipPictures(const Timeline& timeline, const Section& section, const Conf::IFormatCodecVideo& target) {

@@ -15,6 +15,10 @@
 #include <cmath>
 #include <utility>
 
+extern "C" {
+#include <libavutil/imgutils.h>
+}
+
 namespace Kestra::FF {
 
 using Conf::IFormatCodecVideo;
@@ -22,9 +26,12 @@ using Proc::TranscodingError;
 
 namespace {
 
-/// Conformed pictures that wait for the encoder: enough to even out uneven decoding, few enough for small machines at
-/// 4K.
-constexpr int READ_AHEAD = 2;
+/// Conformed pictures that wait for the encoder, to even out uneven decoding. Of large ones, which fill memory and take
+/// long to encode anyway, one is enough.
+int PicturesAhead(const EncodePicture& picture) {
+    constexpr int LARGE = 4 << 20;
+    return av_image_get_buffer_size(picture.format, picture.width, picture.height, 1) > LARGE ? 1 : 2;
+}
 
 boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecVideo::Create();
@@ -104,7 +111,7 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     settings.SetFrameRate(rate);
     const boost::intrusive_ptr<Proc::IStreamVideo> conform =
         new VideoConform(filters.CreateFrameRate(stream, settings), picture);
-    chain = filters.CreateReadAhead(conform, READ_AHEAD);
+    chain = filters.CreateReadAhead(conform, PicturesAhead(picture));
     chain->Prepare();
     if (picture.interlaced || CarriesHdr(picture.colour.transfer, picture.format))
         Peek();
@@ -127,7 +134,7 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     CodecContextHandle context = MakeCodecContext(codec);
     ConfigurePicture(*context);
     SetKeyframeDistance(*context, description);
-    SetSpeed(*context);
+    SetSpeed(*context, options);
     SetRateControl(*context, description, IsApprovedVbrOnly());
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     SetHdrMetadata(*context, hdr);

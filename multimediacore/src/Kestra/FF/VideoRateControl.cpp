@@ -78,8 +78,17 @@ void SetBitrate(AVCodecContext& context, std::int64_t bitrate, const std::string
     }
 }
 
-void SetX264Threads(AVCodecContext& context) {
-    context.thread_count = std::min(3 * Processors(), MOST_THREADS);
+bool LooksAhead(const OptionList& options) {
+    const auto& all = options.Get();
+    return std::none_of(all.begin(), all.end(), [](const OptionList::Option& option) {
+        return option.name == "preset" && (option.value == "ultrafast" || option.value == "superfast");
+    });
+}
+
+void SetX264Threads(AVCodecContext& context, bool looksAhead) {
+    context.thread_count = std::min(looksAhead ? 3 * Processors() : Processors() + 1, MOST_THREADS);
+    if (!looksAhead)
+        return;
     Dictionary parameters;
     parameters.Set("lookahead_threads", "2");
     Check(av_opt_set_dict_val(context.priv_data, "x264-params", *parameters.Address(), 0),
@@ -116,11 +125,11 @@ void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& desc
         SetQuality(context, 3);
 }
 
-void SetSpeed(AVCodecContext& context) {
+void SetSpeed(AVCodecContext& context, const OptionList& options) {
     switch (context.codec_id) {
     case AV_CODEC_ID_H264:
         if (HasPrivateOption(context, "x264-params"))
-            SetX264Threads(context);
+            SetX264Threads(context, LooksAhead(options));
         break;
     case AV_CODEC_ID_HEVC:
         context.thread_count = 0;

@@ -3,6 +3,7 @@
 
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/FF/Handles.h"
+#include "Kestra/FF/OptionList.h"
 
 namespace Kestra::FF {
 
@@ -13,8 +14,10 @@ namespace Kestra::FF {
 void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& description, bool boundedPeak);
 
 /// Threads and the encoder's own speed settings, by the number of processors. x264 gets three frame threads a processor
-/// and two for its lookahead, which together gain about a tenth over its own choice.
-void SetSpeed(AVCodecContext& context);
+/// and two for its lookahead, which together gain about a tenth over its own choice; presets that do not look ahead
+/// gain nothing and get one thread more than there are processors, since each holds pictures. `options` are only looked
+/// at.
+void SetSpeed(AVCodecContext& context, const OptionList& options);
 
 /// Adds to the parameters that x265 has, or replaces one of them. The value goes in as it is, colons included.
 void SetX265Parameter(AVCodecContext& context, const char* name, const char* value);
