@@ -42,7 +42,7 @@ std::string Encode(const Fakes::ScratchFolder& folder, const char* codec, const 
                    int transfer) {
     auto description = Fakes::Description(codec);
     description.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string(format));
-    const std::string path = folder.File(std::string("out.") + container);
+    std::string path = folder.File(std::string("out.") + container);
     Fakes::WriteFile(path, container, {Fakes::VideoEncoder(Fakes::MakeVideo(Graded(transfer)), description)});
     return path;
 }

@@ -129,7 +129,7 @@ TEST_F(JoinedClocks, AreJoinedWhereTimeJumpsAhead) {
     const std::string later = makePart("later.ts", join(h264, {"-output_ts_offset", "300"}));
     const auto source = open(concatenate("all.ts", {part, later}));
     EXPECT_EQ(numbersOf(*source), partsInARow(2));
-    EXPECT_EQ(source->GetInfo().video->duration, FramesToTime(2 * PART_FRAMES, Rate(25)));
+    EXPECT_EQ(source->GetInfo().video->duration, FramesToTime(std::int64_t{2} * PART_FRAMES, Rate(25)));
     const auto reports = source->TakeDamageReports();
     ASSERT_EQ(reports.size(), 1U);
     EXPECT_NE(reports[0].what.find("Timestamps jump by 296.9"), std::string::npos) << reports[0].what;
