@@ -65,7 +65,7 @@ std::optional<boost::rational<long long>> SettingText::ratio(const std::string& 
     const auto above = wholeNumber(text.substr(0, line));
     const auto below = line == std::string::npos ? std::int64_t{1} : wholeNumber(text.substr(line + 1));
     constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    if (!above || !below || *below == 0 || *above > largest || *below > largest)
+    if (!above || !below || *below < 1 || *above > largest || *below > largest)
         return std::nullopt;
     return boost::rational<long long>(*above, *below);
 }
