@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QTimer>
+#include <memory>
 
 namespace TestSupport {
 
@@ -23,9 +24,10 @@ bool waitUntil(Condition condition, int deadlineMilliseconds = 20'000) {
 /// Runs everything that is due now, and what that makes due, as far as `turns` goes: posted events, then zero timers.
 inline void turnEventLoop(int turns = 6) {
     for (int turn = 0; turn < turns; ++turn) {
-        bool ended = false;
-        QTimer::singleShot(0, [&ended] { ended = true; });
-        waitUntil([&ended] { return ended; });
+        // Shared, as the call outlives this one when an exception leaves the event loop.
+        const auto ended = std::make_shared<bool>(false);
+        QTimer::singleShot(0, [ended] { *ended = true; });
+        waitUntil([&ended] { return *ended; });
     }
 }
 

@@ -9,12 +9,12 @@
 #include "support/MediaProbe.h"
 #include "support/WaitUntil.h"
 #include <QFile>
+#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
-#include <regex>
 #include <sstream>
 #include <sys/resource.h>
 
@@ -141,17 +141,17 @@ protected:
 
     /// Without what depends on where and by what compiler it was built, and where it ran.
     std::string trace() const {
-        std::string text;
+        QString text;
         for (const auto& line : lines)
-            text += line + '\n';
+            text += QString::fromStdString(line) + QLatin1Char('\n');
         const std::pair<const char*, const char*> replacements[] = {
             {R"(/[^ \n"]*/film\.mp4)", "<folder>/film.mp4"},
             {R"([^ \n]*/[^ \n]*\.(cpp|h)(:|\()\d+\)?: Throw in function [^\n]*)", "<place>"},
             {R"(\n\[Kestra::TagCallStackName\*\][^\n]*(\n *\d+#[^\n]*)*(\n(?=\n))?)", ""},
         };
         for (const auto& replacement : replacements)
-            text = std::regex_replace(text, std::regex(replacement.first), replacement.second);
-        return text;
+            text.replace(QRegularExpression(QLatin1String(replacement.first)), QLatin1String(replacement.second));
+        return text.toStdString();
     }
     std::string kept(const std::string& name) const {
         return TestSupport::keptText(std::string(GOLDEN_FOLDER) + '/' + name, trace());
