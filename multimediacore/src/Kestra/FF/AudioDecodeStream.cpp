@@ -2,7 +2,6 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -35,20 +34,9 @@ AudioDecodeStream::AudioDecodeStream(boost::intrusive_ptr<MediaSource> source)
     , total(TimeToSamples(duration, track.sampleRate))
     , pendingSeek(0) {}
 
-void AudioDecodeStream::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property AudioDecodeStream::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
 std::string AudioDecodeStream::Describe() const {
     return source->GetPath().ToUtf8();
 }
-
-// A decoder delivers what the file holds.
-void AudioDecodeStream::PreferFormat(const Conf::IFormatCodec&) {}
 
 std::int64_t AudioDecodeStream::GetPosition() const {
     return std::min(duration, SamplesToTime(pendingSeek.value_or(cursor), track.sampleRate));

@@ -6,31 +6,26 @@
 #include "Kestra/FF/MediaSource.h"
 #include "Kestra/FF/SampleNormaliser.h"
 #include "Kestra/FF/SamplePlacement.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
 #include <deque>
 #include <optional>
 
 namespace Kestra::FF {
 
-/// Opens a file of its own at the first read. Seeks take effect at the next read, which begins at the very sample.
-/// Yields exactly as many samples as its duration holds.
-class AudioDecodeStream final : public Proc::IStreamAudio, public RefCountImpl {
+/// Delivers what the file holds. Opens a file of its own at the first read. Seeks take effect at the next read, which
+/// begins at the very sample. Yields exactly as many samples as its duration holds.
+class AudioDecodeStream final : public Proc::StreamBase<Proc::IStreamAudio> {
 public:
     explicit AudioDecodeStream(boost::intrusive_ptr<MediaSource> source);
 
     boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;
-    void Initialize(const Core::Property& settings) override;
-    Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override { return duration; }
     std::int64_t GetPosition() const override;
-    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadAudio(); }
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
     void Interrupt() override { interrupted = true; }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
     std::string Describe() const override;
-    void PreferFormat(const Conf::IFormatCodec& format) override;
     void Prepare() override;
     void Reset() override;
 

@@ -3,7 +3,6 @@
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
 #include "Kestra/FF/PictureTags.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include <algorithm>
 #include <cstring>
 #include <thread>
@@ -42,14 +41,6 @@ VideoDecodeStream::VideoDecodeStream(boost::intrusive_ptr<MediaSource> source)
     , duration(track.start + track.duration)
     , pendingSeek(SeekTarget{}) {}
 
-void VideoDecodeStream::Initialize(const Core::Property&) {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
-Core::Property VideoDecodeStream::GetSettings() const {
-    KESTRA_NOT_IMPLEMENTED();
-}
-
 std::int64_t VideoDecodeStream::GetPosition() const {
     return pendingSeek ? pendingSeek->time : position;
 }
@@ -57,9 +48,6 @@ std::int64_t VideoDecodeStream::GetPosition() const {
 std::string VideoDecodeStream::Describe() const {
     return source->GetPath().ToUtf8();
 }
-
-// A decoder delivers what the file holds.
-void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec&) {}
 
 void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = Conf::IFormatCodecVideo::Create();

@@ -5,30 +5,25 @@
 #include "Kestra/FF/Demuxer.h"
 #include "Kestra/FF/MediaSource.h"
 #include "Kestra/FF/PictureRotator.h"
+#include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
 #include <optional>
 
 namespace Kestra::FF {
 
-/// Opens a file of its own at the first read. Seeks take effect at the next read. Each frame keeps the time at which it
-/// begins, also the one that covers the target of a seek.
-class VideoDecodeStream final : public Proc::IStreamVideo, public RefCountImpl {
+/// Delivers what the file holds. Opens a file of its own at the first read. Seeks take effect at the next read. Each
+/// frame keeps the time at which it begins, also the one that covers the target of a seek.
+class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
-    void Initialize(const Core::Property& settings) override;
-    Core::Property GetSettings() const override;
     std::int64_t GetDuration() const override { return duration; }
     std::int64_t GetPosition() const override;
-    boost::intrusive_ptr<Proc::IData> ReadData() override { return ReadVideo(); }
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
     void Interrupt() override { interrupted = true; }
-    bool IsSeekable() const override { return true; }
-    void GetFormatCodec(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override { GetFormatCodecBase(format); }
     std::string Describe() const override;
-    void PreferFormat(const Conf::IFormatCodec& format) override;
     void Prepare() override;
     void Reset() override;
 
