@@ -23,7 +23,7 @@ protected:
 
     void make(int passMode = 0) {
         runner = Export::createStreamProcessingHelper(passMode, videoFactory(), audioFactory(), muxerFactory(),
-                                                      QStringLiteral("/nowhere"));
+                                                      QStringLiteral("/dev/null/nowhere"));
         if (runner)
             listen(*runner);
     }

@@ -107,7 +107,7 @@ TEST(TwoPass, SettingsComeTooLateAfterPrepare) {
 
 TEST(TwoPass, IsAnEmptyFirstPassForACodecWithoutPasses) {
     Passes passes("ffv1");
-    passes.log = "/nowhere/pass.log";
+    passes.log = passes.folder.File("nowhere/pass.log");
     EXPECT_EQ(passes.Run(true).size(), 0U);
     EXPECT_EQ(passes.Run(false).size(), 12U);
 }
@@ -186,18 +186,18 @@ TEST_P(TwoPassFiles, RunTheFirstAgainOverTheSameLog) {
 
 TEST_P(TwoPassFiles, NameALogThatIsMissing) {
     Passes passes(GetParam());
-    passes.log = "/nowhere/pass.log";
+    passes.log = passes.folder.File("nowhere/pass.log");
     const auto failure = Failure([&] { passes.Make(false)->Prepare(); });
     EXPECT_EQ(failure.GetCode(), TranscodingError::SourceUnreadable);
-    EXPECT_NE(failure.GetDescription().find("/nowhere/pass.log"), std::string::npos) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find(passes.log), std::string::npos) << failure.GetDescription();
 }
 
 TEST_P(TwoPassFiles, NameADirectoryThatIsMissing) {
     Passes passes(GetParam());
-    passes.log = "/nowhere/pass.log";
+    passes.log = passes.folder.File("nowhere/pass.log");
     const auto failure = Failure([&] { passes.Make(true)->Prepare(); });
     EXPECT_EQ(failure.GetCode(), TranscodingError::OutputNotWritable);
-    EXPECT_NE(failure.GetDescription().find("/nowhere/pass.log"), std::string::npos) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find(passes.log), std::string::npos) << failure.GetDescription();
 }
 
 TEST_P(TwoPassFiles, NameEveryFileThatIsDamagedOrMissing) {
