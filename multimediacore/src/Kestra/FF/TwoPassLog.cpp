@@ -3,6 +3,8 @@
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/TwoPassSeal.h"
 #include "Kestra/FF/VideoRateControl.h"
+#include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <initializer_list>
@@ -23,6 +25,12 @@ bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
         if (std::strcmp(name, other) == 0)
             return true;
     return false;
+}
+
+/// The number behind `label` in a line of statistics; 0 where there is none.
+std::int64_t NumberAfter(const std::string& line, const char* label) {
+    const std::size_t at = line.find(label);
+    return at == std::string::npos ? 0 : std::strtoll(line.c_str() + at + std::strlen(label), nullptr, 10);
 }
 
 /// What the encoder says of the picture in a packet.
@@ -89,12 +97,29 @@ void TwoPassLog::Configure(AVCodecContext& context) {
         return ConfigurePictures(context);
     context.flags |= firstPass ? AV_CODEC_FLAG_PASS1 : AV_CODEC_FLAG_PASS2;
     if (kind == Kind::X264)
-        Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
+        ConfigureX264(context);
     else if (!firstPass)
         context.stats_in = statistics.data();
     // A rate that is as low as it is high makes libvpx forget its statistics.
     if (kind == Kind::Handover)
         context.rc_min_rate = 0;
+}
+
+void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
+    Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
+    if (firstPass)
+        return;
+    // Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.
+    std::int64_t needed = 0;
+    std::ifstream lines(path);
+    for (std::string line; std::getline(lines, line);)
+        needed += NumberAfter(line, " misc:");
+    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    const auto lowest = static_cast<std::int64_t>(std::ceil(static_cast<double>(needed) / seconds / 1000)) * 1000;
+    if (context.bit_rate / 1000 * 1000 < lowest)
+        Fail(TranscodingError::CodecRefused, "libx264 cannot meet " + std::to_string(context.bit_rate) +
+                                                 " bit/s in two passes: these pictures take at least " +
+                                                 std::to_string(lowest) + " bit/s");
 }
 
 void TwoPassLog::ConfigureX265(AVCodecContext& context) const {

@@ -41,6 +41,7 @@ private:
 
     static Kind KindOf(const AVCodec& codec);
     void Read();
+    void ConfigureX264(AVCodecContext& context) const;
     void ConfigureX265(AVCodecContext& context) const;
     void ConfigurePictures(AVCodecContext& context);
     void CountPictures() const;

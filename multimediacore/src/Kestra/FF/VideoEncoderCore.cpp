@@ -87,11 +87,7 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    std::string name = codec->name;
-    // x264 refuses bitrates here that it takes in a single pass, and gives no reason.
-    if (log && !log->IsFirstPass())
-        name += " in its second pass at " + std::to_string(description->GetBitrate()) + " bit/s";
-    return std::make_unique<EncoderLoop>(configure, options, name);
+    return std::make_unique<EncoderLoop>(configure, options, codec->name);
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
