@@ -303,35 +303,40 @@ TYPED_TEST(StreamView, ComparesEngineStreamsByAddress) {
     EXPECT_THAT(this->user.log, ElementsAre("changed3", "impl", "changed2", "changed1"));
 }
 
-TYPED_TEST(StreamView, PassesItsHooksTheObjectsThatChanged) {
-    using O = typename RecordingStreamView<TypeParam>::O;
-    class Exact : public Stream::View<typename TypeParam::Media, typename TypeParam::Interface> {
-    public:
-        using Base = Stream::View<typename TypeParam::Media, typename TypeParam::Interface>;
-        using Base::streamObserve;
-        std::vector<const O*> objects;
-        std::vector<std::uint64_t> versions;
+/// Keeps what its hooks are called with.
+template <class Case>
+class ExactStreamView : public Stream::View<typename Case::Media, typename Case::Interface> {
+    using Base = Stream::View<typename Case::Media, typename Case::Interface>;
+    using O = Stream::Object<typename Case::Media, typename Case::Interface>;
 
-    private:
-        void streamAdded(const O* o) override { objects.push_back(o); }
-        void streamRemoved(const O* o) override { objects.push_back(o); }
-        void streamChanged(const O* o, const O* before, const O* after) override {
-            objects.push_back(o);
-            versions.push_back(before->version);
-            versions.push_back(after->version);
-            Base::streamChanged(o, before, after);
-        }
-        void streamChanged(const O* o, const O* before) override {
-            objects.push_back(o);
-            versions.push_back(before->version);
-        }
-        void streamChanged(const O* o) override { objects.push_back(o); }
-        void sourceChanged(const O* o) override { objects.push_back(o); }
-        void implChanged(const O* o) override { objects.push_back(o); }
-        void versionChanged(const O* o) override { objects.push_back(o); }
-        void isUsing(const O* o, bool) override { objects.push_back(o); }
-        void isAvailable(const O* o, bool) override { objects.push_back(o); }
-    } exact;
+public:
+    using Base::streamObserve;
+    std::vector<const O*> objects;
+    std::vector<std::uint64_t> versions;
+
+private:
+    void streamAdded(const O* o) override { objects.push_back(o); }
+    void streamRemoved(const O* o) override { objects.push_back(o); }
+    void streamChanged(const O* o, const O* before, const O* after) override {
+        objects.push_back(o);
+        versions.push_back(before->version);
+        versions.push_back(after->version);
+        Base::streamChanged(o, before, after);
+    }
+    void streamChanged(const O* o, const O* before) override {
+        objects.push_back(o);
+        versions.push_back(before->version);
+    }
+    void streamChanged(const O* o) override { objects.push_back(o); }
+    void sourceChanged(const O* o) override { objects.push_back(o); }
+    void implChanged(const O* o) override { objects.push_back(o); }
+    void versionChanged(const O* o) override { objects.push_back(o); }
+    void isUsing(const O* o, bool) override { objects.push_back(o); }
+    void isAvailable(const O* o, bool) override { objects.push_back(o); }
+};
+
+TYPED_TEST(StreamView, PassesItsHooksTheObjectsThatChanged) {
+    ExactStreamView<TypeParam> exact;
     this->fill(this->object);
     this->model.streamOwn(&this->object);
     exact.streamObserve(&this->object);
