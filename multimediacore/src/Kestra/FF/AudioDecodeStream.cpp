@@ -52,7 +52,7 @@ void AudioDecodeStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAu
 void AudioDecodeStream::Prepare() {
     if (decoder)
         return;
-    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted);
+    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().streams);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8());

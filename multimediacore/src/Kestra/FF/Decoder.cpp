@@ -94,4 +94,9 @@ void Decoder::SkipUnreferenced(bool skip) {
     context->skip_frame = skip ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
 }
 
+void Decoder::SkipPixels() {
+    context->skip_loop_filter = AVDISCARD_ALL;
+    context->skip_idct = AVDISCARD_ALL;
+}
+
 } // namespace Kestra::FF

@@ -28,6 +28,8 @@ public:
     void Flush();
     /// Whether pictures that no other one refers to are passed over, from the next packet on.
     void SkipUnreferenced(bool skip);
+    /// From now on frames come with all that is told about them, but what their pixels show is of no account.
+    void SkipPixels();
 
     const AVCodecContext& GetContext() const { return *context; }
 

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
+#include <utility>
 
 namespace Kestra::FF {
 
@@ -47,9 +48,10 @@ bool StartsAnywhere(const char* name) {
 
 } // namespace
 
-Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted)
+Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, std::shared_ptr<const KnownStreams> known)
     : path(path)
-    , interrupted(interrupted) {
+    , interrupted(interrupted)
+    , known(std::move(known)) {
     RequireRegularFile(path);
     Open();
 }
@@ -71,14 +73,22 @@ void Demuxer::Open() {
     context.reset(raw);
     if (IsTextFormat(GetFormatName()))
         Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": it is not a media file");
-    const int found = avformat_find_stream_info(raw, nullptr);
-    if (found < 0)
-        ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
+    FindStreams();
     untouched = true;
     trouble.clear();
     readFrom = 0;
     lastPosition.clear();
     ApplySelection();
+}
+
+// Decodes as much as it takes, some pictures of many codecs.
+void Demuxer::FindStreams() {
+    if (known && known->DescribeAgain(*context))
+        return;
+    const int found = avformat_find_stream_info(context.get(), nullptr);
+    if (found < 0)
+        ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
+    known = KnownStreams::Of(*context);
 }
 
 void Demuxer::Select(const std::vector<int>& streams) {

@@ -4,6 +4,8 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/Handles.h"
+#include "Kestra/FF/KnownStreams.h"
+#include "KestraExport.h"
 #include <atomic>
 #include <map>
 #include <memory>
@@ -13,15 +15,18 @@
 namespace Kestra::FF {
 
 /// Bound to one thread at a time. Only local files are read, whatever the file refers to.
-class Demuxer {
+class KESTRA_EXPORT Demuxer {
 public:
-    /// Opens the file and finds its streams. `interrupted` is borrowed for life and polled while the file is read.
-    /// Throws ProcException: SourceNotFound, SourceUnreadable.
-    Demuxer(const ioPath& path, const std::atomic<bool>& interrupted);
+    /// Opens the file and finds its streams, unless they are `known`, which may be null. `interrupted` is borrowed for
+    /// life and polled while the file is read. Throws ProcException: SourceNotFound, SourceUnreadable.
+    Demuxer(const ioPath& path, const std::atomic<bool>& interrupted,
+            std::shared_ptr<const KnownStreams> known = nullptr);
 
     const ioPath& GetPath() const { return path; }
     AVFormatContext& GetContext() { return *context; }
     AVStream& GetStream(int index) { return *context->streams[index]; }
+    /// For whoever opens the same file again; null where that has to find the streams itself.
+    const std::shared_ptr<const KnownStreams>& GetKnownStreams() const { return known; }
     /// "mov,mp4,..." as libav names the container.
     const char* GetFormatName() const { return context->iformat->name; }
 
@@ -41,6 +46,7 @@ public:
 
 private:
     void Open();
+    void FindStreams();
     void ApplySelection();
     void ShiftTimes(AVPacket& packet);
     bool SeekToEntry(int stream, std::int64_t timestamp);
@@ -51,6 +57,7 @@ private:
     std::vector<int> selection;
     bool selected = false;
     bool untouched = true;
+    std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one

@@ -4,6 +4,7 @@
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/FirstFrames.h"
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"
 #include "Kestra/FF/SoundGrain.h"
@@ -22,8 +23,6 @@ using Proc::TranscodingError;
 
 namespace {
 
-// How much is read in search of the first frame of a track that starts late.
-constexpr std::size_t FIRST_FRAME_SEARCH_BYTES = std::size_t{64} << 20;
 constexpr std::int64_t NEAR_WINDOW = 3 * TIME_BASE;
 constexpr std::int64_t FAR_WINDOW = 20 * TIME_BASE;
 // A header that promises more than this beyond the last packet belongs to a file that was cut off.
@@ -68,6 +67,7 @@ MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted)
 
 void MediaProbe::Run() {
     info.container = demuxer.GetFormatName();
+    details.streams = demuxer.GetKnownStreams();
     ChooseTracks();
     DecodeFirstFrames();
     RequireTracks();
@@ -126,51 +126,14 @@ void MediaProbe::DecodeFirstFrames() {
     for (const Track* track : Tracks())
         indices.push_back(track->index);
     demuxer.Select(indices);
-    for (Track* track : Tracks())
-        DecodeFirst(*track);
-    for (Track* track : Tracks())
+    FirstFrames frames(demuxer, video, audio);
+    for (Track* track : Tracks()) {
+        const std::string trouble = frames.Decode(*track);
+        if (!trouble.empty())
+            Drop(*track, trouble);
+    }
+    for (Track* track : {&video, &audio})
         track->waiting.clear();
-}
-
-bool MediaProbe::Supply(Track& track, AVPacket& packet) {
-    while (track.waiting.empty() && bytesRead < FIRST_FRAME_SEARCH_BYTES) {
-        PacketHandle next = MakePacket();
-        if (!demuxer.Read(*next))
-            return false;
-        bytesRead += static_cast<std::size_t>(next->size);
-        Track& owner = next->stream_index == video.index ? video : audio;
-        if (owner.firstDecodeTime == TIME_UNKNOWN)
-            owner.firstDecodeTime = ToEngineTime(next->dts, demuxer.GetStream(next->stream_index).time_base);
-        owner.waiting.push_back(std::move(next));
-    }
-    return TakeWaiting(track, packet);
-}
-
-bool MediaProbe::TakeWaiting(Track& track, AVPacket& packet) {
-    if (track.waiting.empty())
-        return false;
-    av_packet_move_ref(&packet, track.waiting.front().get());
-    track.waiting.pop_front();
-    return true;
-}
-
-void MediaProbe::DecodeFirst(Track& track) {
-    const AVStream& stream = demuxer.GetStream(track.index);
-    try {
-        Decoder decoder(stream, 1, path.ToUtf8());
-        decoder.SetPacketSupply([this, &track](AVPacket& packet) { return Supply(track, packet); });
-        track.first = decoder.Next();
-        track.frameSize = decoder.GetContext().frame_size;
-    } catch (const Proc::ProcException& error) {
-        return Drop(track, error.what());
-    }
-    if (!track.first)
-        return Drop(track, std::string("no frame of the ") + avcodec_get_name(stream.codecpar->codec_id) +
-                               " track can be decoded");
-    const std::int64_t timestamp = track.first->best_effort_timestamp;
-    track.start = ToEngineTime(timestamp != AV_NOPTS_VALUE ? timestamp : stream.start_time, stream.time_base);
-    if (track.start == TIME_UNKNOWN)
-        track.start = 0;
 }
 
 void MediaProbe::Drop(Track& track, const std::string& reason) {
@@ -316,7 +279,7 @@ void MediaProbe::DecodeTail(Track& track) {
     const std::int64_t begin = TimeToSamples(track.start - details.origin, rate);
     const std::int64_t tolerance = TimeToSamples(ToEngineTime(1, stream.time_base), rate) + 1;
     Decoder decoder(stream, 1, path.ToUtf8());
-    decoder.SetPacketSupply([&track](AVPacket& packet) { return TakeWaiting(track, packet); });
+    decoder.SetPacketSupply([&track](AVPacket& packet) { return track.TakeWaiting(packet); });
     std::int64_t end = -1;
     while (const FrameHandle block = decoder.Next()) {
         const std::int64_t time = ToEngineTime(block->best_effort_timestamp, stream.time_base);

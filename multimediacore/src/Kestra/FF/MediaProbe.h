@@ -1,10 +1,9 @@
 // Kestra::FF::MediaProbe: finds out what a media file holds.
 #pragma once
 
-#include "Kestra/Base/Time.h"
 #include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/ProbedTrack.h"
 #include "Kestra/FF/TrackDetails.h"
-#include <deque>
 
 namespace Kestra::FF {
 
@@ -22,28 +21,12 @@ public:
     const TrackDetails& GetDetails() const { return details; }
 
 private:
-    /// Times are engine time on the container's own clock.
-    struct Track {
-        int index = -1;
-        FrameHandle first;
-        std::deque<PacketHandle> waiting; ///< read, not yet decoded
-        std::int64_t firstDecodeTime = TIME_UNKNOWN;
-        std::int64_t start = TIME_UNKNOWN;
-        std::int64_t end = TIME_UNKNOWN;
-        std::int64_t lastLength = 0; ///< of the packet that ends last
-        bool untimed = false;        ///< some packets have no presentation time
-        bool guessed = false;        ///< that packet does not say how long it lasts
-        std::int64_t packets = 0;
-        int frameSize = 0; ///< samples of a whole block
-    };
+    using Track = ProbedTrack;
 
     void RequireTracks() const;
     void ChooseTracks();
     void CountTrack(const AVStream& stream);
     void DecodeFirstFrames();
-    void DecodeFirst(Track& track);
-    bool Supply(Track& track, AVPacket& packet);
-    static bool TakeWaiting(Track& track, AVPacket& packet);
     static void KeepTail(Track& track, const AVPacket& packet);
     void DecodeTail(Track& track);
     void Drop(Track& track, const std::string& reason);
@@ -71,7 +54,6 @@ private:
     Demuxer demuxer;
     Track video;
     Track audio;
-    std::size_t bytesRead = 0;
     Proc::MediaInfo info;
     TrackDetails details;
 };

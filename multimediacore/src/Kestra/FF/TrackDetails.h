@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/ClockMap.h"
+#include "Kestra/FF/KnownStreams.h"
 #include "Kestra/Proc/IMediaSource.h"
 #include <memory>
 
@@ -19,6 +20,8 @@ struct TrackDetails {
     int audioGrain = 0;
     /// The grain is the habit of the container's writer: a longer block is none of that kind.
     bool grainOfContainer = false;
+    /// Saves the streams of the file from being found again; null where that does not work.
+    std::shared_ptr<const KnownStreams> streams;
     /// How the file's timestamps are joined; null when they go on from start to end.
     std::shared_ptr<const ClockMap> clock;
     /// Damage seen while opening.

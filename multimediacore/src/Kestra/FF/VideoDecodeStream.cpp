@@ -30,7 +30,7 @@ bool TellsTimesOnlyInOrder(const char* container) {
 }
 
 int DecoderThreads() {
-    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 2, 3);
+    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) + 1, 2, 3);
 }
 
 } // namespace
@@ -67,7 +67,7 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
 void VideoDecodeStream::Prepare() {
     if (decoder)
         return;
-    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted);
+    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().streams);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8());
