@@ -86,7 +86,7 @@ bool LooksAhead(const OptionList& options) {
 }
 
 void SetX264Threads(AVCodecContext& context, bool looksAhead) {
-    context.thread_count = std::min(looksAhead ? 3 * Processors() : Processors() + 1, MOST_THREADS);
+    context.thread_count = std::min(looksAhead ? 2 * Processors() : Processors() + 1, MOST_THREADS);
     if (!looksAhead)
         return;
     Dictionary parameters;
