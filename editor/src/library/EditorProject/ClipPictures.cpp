@@ -35,12 +35,13 @@ Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame) {
     return settings;
 }
 
-} // namespace
-
+/// How many frames of that size are read ahead: bounded by memory.
 int framesAhead(const Conf::FrameInfo& frame) {
     const std::int64_t bytes = std::max<std::int64_t>(1, std::int64_t(frame.width) * frame.height * 3 / 2);
     return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 1, 8));
 }
+
+} // namespace
 
 Video createClipPictures(const Timeline& timeline, const Section& section, const Conf::IFormatCodecVideo& target) {
     const Clip& clip = timeline.clips()[section.clip];

@@ -13,7 +13,4 @@ namespace Project {
 boost::intrusive_ptr<Kestra::Proc::IStreamVideo> createClipPictures(const Timeline& timeline, const Section& section,
                                                                     const Kestra::Conf::IFormatCodecVideo& target);
 
-/// How many frames of that size are read ahead: bounded by memory.
-int framesAhead(const Kestra::Conf::FrameInfo& frame);
-
 } // namespace Project

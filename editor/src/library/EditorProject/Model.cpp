@@ -1,11 +1,9 @@
 #include "EditorProject/Model.h"
 
-#include "EditorProject/ClipPictures.h"
 #include "EditorProject/Descriptions.h"
 #include "EditorProject/SequenceAudio.h"
 #include "EditorProject/SequenceVideo.h"
 #include "Kestra/Base/Time.h"
-#include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 
@@ -14,9 +12,6 @@ namespace Project {
 using namespace Kestra;
 
 namespace {
-
-/// Blocks of sound; small beside pictures.
-constexpr int BLOCKS_AHEAD = 32;
 
 /// What the description leaves open is the composition's.
 Conf::FrameInfo frameOf(const Media::Video& description, const Media::Video& own) {
@@ -84,16 +79,14 @@ boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Vide
     requireSource(order);
     const ExportWindow window(order.range, opened().duration(), rateOf(*order.source));
     const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
-    const boost::intrusive_ptr<Proc::IStreamVideo> pictures(new SequenceVideo(shown, window, frame));
-    return Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(pictures, framesAhead(frame));
+    return new SequenceVideo(shown, window, frame);
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {
     requireSource(order);
     const ExportWindow window(order.range, opened().duration(), rateBeside(order));
     const Conf::SampleInfo format = soundOf(*order.source, audioDescription);
-    const boost::intrusive_ptr<Proc::IStreamAudio> sound(new SequenceAudio(shown, window, format));
-    return Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(sound, BLOCKS_AHEAD);
+    return new SequenceAudio(shown, window, format);
 }
 
 const Timeline& Model::opened() const {
