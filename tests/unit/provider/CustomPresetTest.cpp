@@ -167,6 +167,43 @@ TEST_F(QualityModifierTest, ACarriedBitrateIsWhatAModifierOverrides) {
     EXPECT_EQ(provider.findQualityModifier(nullptr), "fixed");
 }
 
+TEST_F(QualityModifierTest, TheModeOfTheSelectedPresetTellsWhetherItsBitrateIsCarried) {
+    PresetProvider& provider = makeWith("{'by-quality': {'video': {'bitrateMode': 'quality'}}}", "variable");
+    Preset edited = provider.preset();
+    edited.setVideoBitrateMode(BitrateMode::Quality);
+    edited.setVideoBitrateBps(7'000'000);
+    ASSERT_TRUE(provider.updatePreset(nullptr, edited));
+    EXPECT_EQ(provider.findQualityModifier(nullptr), "by-quality");
+
+    PresetProvider& other = makeWith("{'by-bitrate': {'video': {'bitrateMode': 'variable'}}}", "quality");
+    edited = other.preset();
+    edited.setVideoBitrateMode(BitrateMode::Variable);
+    edited.setVideoBitrateBps(7'000'000);
+    ASSERT_TRUE(other.updatePreset(nullptr, edited));
+    EXPECT_EQ(other.findQualityModifier(nullptr), "");
+}
+
+TEST_F(QualityModifierTest, CandidatesKeepWithinTheLimitsOfTheSelectedPreset) {
+    const Media::Video source = video(1920, 1080);
+    PresetProvider& provider = makeWith("{'same': {}}");
+    Kestra::Core::Property limits;
+    limits["video"].SetChild("maxWidth", std::int64_t{1280});
+    limits["video"].SetChild("maxHeight", std::int64_t{720});
+    Preset edited = provider.preset();
+    edited.applyQualityModifier(limits);
+    ASSERT_TRUE(provider.updatePreset(&source, edited));
+    provider.updateResolutionPresetIfNeeded(&source);
+    ASSERT_EQ(provider.preset().width(), 1280);
+    EXPECT_EQ(provider.findQualityModifier(&source), "same");
+}
+
+TEST_F(QualityModifierTest, CandidatesKeepTheirSizeWhereThatOfTheSelectedPresetIsFixed) {
+    const Media::Video source = video(1280, 720);
+    PresetProvider& provider = makeWith("{'fixed': {'video': {'fixedResolution': true}}}");
+    ASSERT_TRUE(provider.updatePreset(&source, provider.modifiedPreset("fixed")));
+    EXPECT_EQ(provider.findQualityModifier(&source), "fixed");
+}
+
 TEST_F(QualityModifierTest, InModeTwoCandidatesStartFromTheCataloguesBitrate) {
     PresetProvider& provider = makeWith("{'same': {}}", "variable");
     EXPECT_EQ(provider.findQualityModifier(nullptr), "same");

@@ -16,12 +16,13 @@ namespace {
 
 constexpr int ID_ROLE = 257;
 
-/// Translates every name of the presets' context to the name in brackets.
+/// Translates every name of the presets' context, without a comment and a number, to the name in brackets.
 class BracketTranslator : public QTranslator {
 public:
     bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* source, const char*, int) const override {
-        return qstrcmp(context, "editorPresets") == 0 ? text("[") + QString::fromUtf8(source) + text("]") : QString();
+    QString translate(const char* context, const char* source, const char* comment, int number) const override {
+        const bool asked = qstrcmp(context, "editorPresets") == 0 && comment == nullptr && number == -1;
+        return asked ? text("[") + QString::fromUtf8(source) + text("]") : QString();
     }
 };
 
@@ -174,12 +175,12 @@ TEST_F(PresetProviderTest, AFillResetsTheModelAndThenAppendsRowByRow) {
     log.clear();
     QObject::connect(provider.model(), &QAbstractItemModel::modelReset,
                      [&] { log.push_back("reset to " + std::to_string(provider.model()->rowCount())); });
-    QObject::connect(provider.model(), &QAbstractItemModel::rowsInserted,
-                     [this](const QModelIndex&, int first, int last) {
-                         log.push_back("rows " + std::to_string(first) + " to " + std::to_string(last));
-                     });
+    QObject::connect(provider.model(), &QAbstractItemModel::rowsInserted, [&](const QModelIndex&, int first, int last) {
+        const QString id = provider.model()->index(last, 0).data(ID_ROLE).toString();
+        log.push_back(std::to_string(first) + " to " + std::to_string(last) + " " + id.toStdString());
+    });
     provider.selectTag("video");
-    EXPECT_EQ(log, (Log{"reset to 0", "rows 0 to 0", "rows 1 to 1", "rows 2 to 2", "preset 1", "tag video"}));
+    EXPECT_EQ(log, (Log{"reset to 0", "0 to 0 small", "1 to 1 large", "2 to 2 twin", "preset 1", "tag video"}));
 }
 
 TEST_F(PresetProviderTest, TheTagOfALoadIsToldBeforeTheModelIsFilled) {
@@ -356,12 +357,22 @@ TEST_F(PresetProviderTest, DestructionDoesNotCommit) {
     EXPECT_EQ(Settings::lastUsedPresetId(), "");
 }
 
-TEST_F(PresetProviderTest, TheIndexOfATagThatWasNeverFilledIsRowZero) {
+TEST_F(PresetProviderTest, TheIndexIsThatOfTheTagsRememberedRow) {
     PresetProvider& provider = makeLoaded();
-    const QModelIndex index = provider.modelIndexForCurrentPreset();
-    EXPECT_EQ(index.row(), 1);
+    EXPECT_EQ(provider.modelIndexForCurrentPreset(), provider.model()->index(1, 0));
     provider.selectTag("audio");
-    EXPECT_EQ(provider.modelIndexForCurrentPreset().row(), 0);
+    EXPECT_EQ(provider.modelIndexForCurrentPreset(), provider.model()->index(0, 0));
+}
+
+TEST_F(PresetProviderTest, TheIndexOfATagThatWasNeverFilledIsRowZero) {
+    PresetProvider& provider = make();
+    EXPECT_FALSE(provider.modelIndexForCurrentPreset().isValid());
+    auto* const model = qobject_cast<QStandardItemModel*>(provider.model());
+    ASSERT_NE(model, nullptr);
+    // Rows of somebody else: nothing is remembered yet that could name one of them.
+    model->appendRow(new QStandardItem);
+    model->appendRow(new QStandardItem);
+    EXPECT_EQ(provider.modelIndexForCurrentPreset(), model->index(0, 0));
 }
 
 TEST_F(PresetProviderTest, RetranslationTouchesRowByRowAndResetsNothing) {

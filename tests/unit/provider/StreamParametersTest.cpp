@@ -116,8 +116,8 @@ TEST_F(StreamParametersTest, TheSampleInfoIsThatOfTheDescription) {
 
 TEST_F(StreamParametersTest, ApplyingAPresetRewritesTheVideoRecord) {
     Media::Video source = video(1440, 1080);
-    source.aspectNumerator = 16;
-    source.aspectDenominator = 9;
+    source.aspectNumerator = 32;
+    source.aspectDenominator = 18;
     source.exported = true;
     const Media::Video applied = makeSelected("small").applyPreset(&source);
     EXPECT_EQ(applied.width, 640u);
@@ -133,6 +133,36 @@ TEST_F(StreamParametersTest, ApplyingAPresetRewritesTheAudioRecord) {
     EXPECT_EQ(applied.channelLayout, std::uint32_t{Kestra::Conf::CHANNEL_LAYOUT_STEREO});
     EXPECT_EQ(applied.sampleRate, 48000);
     EXPECT_EQ(applied.sampleFormat, Kestra::Conf::SAMPLE_FORMAT_S16);
+}
+
+TEST_F(StreamParametersTest, WhatThePresetLeavesOpenIsOpenInTheAudioRecord) {
+    const Media::Audio source = audio(Kestra::Conf::CHANNEL_LAYOUT_5POINT1, 96000, Kestra::Conf::SAMPLE_FORMAT_S32);
+    const PresetProvider& provider = makeSelected("sound");
+    EXPECT_EQ(provider.applyPreset(&source), audio(0, 0, Kestra::Conf::SAMPLE_FORMAT_S32));
+    EXPECT_EQ(provider.sampleInfo(&source).GetRate(), 0);
+    EXPECT_EQ(provider.sampleInfo(&source).GetLayoutRecord()->channels, 0);
+}
+
+TEST_F(StreamParametersTest, EverythingFollowsTheEditsOfTheSelectedPreset) {
+    const Media::Video source = video(1280, 720, 50);
+    const Media::Audio sound = audio(3, 48000, 8);
+    PresetProvider& provider = makeSelected("small");
+    Preset edited = provider.preset();
+    edited.setWidth(320);
+    edited.setHeight(180);
+    edited.setVideoBitrateBps(700'000);
+    edited.setVideoQuality(23);
+    edited.setAudioBitrateBps(64'000);
+    edited.setSampleRate(32'000);
+    ASSERT_TRUE(provider.updatePreset(&source, edited));
+    const auto pictures = provider.formatCodec(&source, nullptr);
+    EXPECT_EQ(pictures->GetFrameInfo(), (FrameInfo{320, 180, 16, 9}));
+    EXPECT_EQ(pictures->GetQuality(), 23.0);
+    EXPECT_EQ(provider.frameInfo(&source, nullptr), pictures->GetFrameInfo());
+    EXPECT_EQ(provider.bitrate(&source), (BitrateRange{700'000, 700'000}));
+    EXPECT_EQ(provider.applyPreset(&source).width, 320u);
+    EXPECT_EQ(provider.bitrate(&sound).maximum, 64'000);
+    EXPECT_EQ(provider.applyPreset(&sound).sampleRate, 32'000);
 }
 
 TEST_F(StreamParametersTest, WithoutAStreamOrAPresetRecordsStayNeutralOrUnchanged) {
@@ -188,14 +218,16 @@ TEST_F(StreamParametersTest, OtherModesAreTheDefaultTimesTheMultiplierTruncated)
 }
 
 TEST_F(StreamParametersTest, TheAutomaticBitrateIsThatOfThePresetAskedForInEveryMode) {
-    const Media::Video source = video(640, 360, 25);
+    const Media::Video source = video(1920, 1080, 25);
     const PresetProvider& provider = makeSelected("large");
-    Preset asked = provider.preset();
+    Preset asked = provider.modifiedPreset("high");
+    asked.setWidth(640);
+    asked.setHeight(360);
     asked.setVideoBitrateMode(BitrateMode::Variable);
     asked.setVideoBitrateBps(1);
     const auto format = provider.formatCodec(&source, &asked);
     const std::int64_t expected =
-        truncated(static_cast<double>(Kestra::ClientAPI::GetDefaultVideoBitrate(format)) * 0.75);
+        truncated(static_cast<double>(Kestra::ClientAPI::GetDefaultVideoBitrate(format)) * 1.5);
     EXPECT_EQ(provider.autoBitrate(&source, asked), (BitrateRange{expected, expected}));
     EXPECT_EQ(provider.autoBitrate(nullptr, asked), BitrateRange());
 }
