@@ -21,7 +21,7 @@ QStringList enumeration(const char* definition, const char* property) {
     for (const char* const step : {"definitions", definition, "properties", property, "enum"})
         values = values.toObject().value(text(step));
     QStringList names;
-    for (const QJsonValue& value : values.toArray())
+    for (const auto& value : values.toArray())
         names.append(value.toString());
     EXPECT_FALSE(names.isEmpty()) << definition << "/" << property;
     return names;
@@ -36,7 +36,7 @@ protected:
     }
     std::deque<Preset> everyPreset() const {
         std::deque<Preset> all;
-        for (const QJsonValue& preset : readJson(INSTALLED_CATALOGUE)[text("presets")].toArray())
+        for (const auto& preset : readJson(INSTALLED_CATALOGUE)[text("presets")].toArray())
             all.push_back(storage.preset(preset.toObject()[text("id")].toString().toStdString()));
         return all;
     }
@@ -69,11 +69,49 @@ protected:
 };
 
 TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
-    for (const char* const id :
-         {"mp4-h264-2160p", "mp4-h264-1080p", "mp4-h264-720p", "mp4-h264-480p", "mp4-h264-source", "mp4-mpeg4-720p",
-          "webm-vp9-1080p", "mkv-hevc-1080p", "mov-prores-1080p", "m4a-aac", "mp3", "flac", "wav"})
+    for (const char* const id : {"mp4-h264-2160p",
+                                 "mp4-h264-1440p",
+                                 "mp4-h264-1080p",
+                                 "mp4-h264-720p",
+                                 "mp4-h264-480p",
+                                 "mp4-h264-source",
+                                 "mp4-hevc-1080p",
+                                 "mp4-mpeg4-720p",
+                                 "webm-vp9-2160p",
+                                 "webm-vp9-1080p",
+                                 "webm-vp9-720p",
+                                 "mkv-hevc-2160p",
+                                 "mkv-hevc-1080p",
+                                 "mkv-ffv1-flac",
+                                 "mov-prores-2160p",
+                                 "mov-prores-1080p",
+                                 "m4a-aac",
+                                 "mp3",
+                                 "flac",
+                                 "wav"})
+        EXPECT_TRUE(storage.isPresetExists(id)) << id;
+    for (const char* const id : {"mp4-h264-1080p-2pass", "mp4-h264-1080p-6mbps-2pass", "mp4-h264-1080p-constant-2pass",
+                                 "mp4-hevc-1080p-2pass", "mp4-mpeg4-720p-2pass", "webm-vp9-1080p-2pass"})
         EXPECT_TRUE(storage.isPresetExists(id)) << id;
     EXPECT_GE(storage.tags().size(), 5u);
+}
+
+TEST_F(InstalledCatalogueTest, TheIdTellsContainerCodecAndSize) {
+    for (const Preset& preset : everyPreset()) {
+        const QStringList parts = QString::fromStdString(preset.id()).split(QLatin1Char('-'));
+        const auto codec = preset.hasVideo() ? preset.videoCodec() : preset.audioCodec();
+        const QString size = parts.value(2);
+        const int lines = size.endsWith(QLatin1Char('p')) ? size.chopped(1).toInt() : 0;
+        EXPECT_EQ(parts.at(0).toStdString(), preset.containerId());
+        EXPECT_EQ(parts.value(1, text(Kestra::Conf::CodecIDToString(codec))),
+                  text(Kestra::Conf::CodecIDToString(codec)));
+        EXPECT_EQ(preset.height(), lines) << preset.id();
+        EXPECT_EQ(preset.width(), 2 * qRound(lines * 8 / 9.0)) << preset.id();
+        if (lines != 0) {
+            EXPECT_EQ(preset.maxHeight(), preset.height()) << preset.id();
+            EXPECT_EQ(preset.maxWidth(), preset.width()) << preset.id();
+        }
+    }
 }
 
 TEST_F(InstalledCatalogueTest, EveryPresetStandsUnderATag) {
