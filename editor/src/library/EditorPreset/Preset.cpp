@@ -180,8 +180,8 @@ Export::BitrateMode Preset::videoBitrateMode() const {
 
 void Preset::setVideoBitrateMode(Export::BitrateMode mode) {
     for (const ModeName& entry : MODES) {
-        if (mode == entry.mode && hasVideo())
-            tree[TAG_VIDEO].SetChild(TAG_BITRATE_MODE, std::string(entry.catalogueName));
+        if (mode == entry.mode)
+            writeValue(tree, TAG_VIDEO, TAG_BITRATE_MODE, std::string(entry.catalogueName));
     }
 }
 

@@ -19,8 +19,9 @@ const Catalogue::Tag* findTag(const Catalogue& catalogue, const std::string& nam
 Catalogue readEverything(const QString& path) {
     Catalogue catalogue = EditorPreset::readCatalogue(path);
     const QString own = Settings::userPresetFilePath();
-    return QFileInfo::exists(own) ? EditorPreset::readOverlay(own, catalogue, PresetStorage::TAG_OWN_PRESETS)
-                                  : catalogue;
+    if (QFileInfo::exists(own))
+        return EditorPreset::readOverlay(own, catalogue, PresetStorage::TAG_OWN_PRESETS);
+    return catalogue;
 }
 
 } // namespace
