@@ -1,4 +1,6 @@
 #include "ExportCore/NearNames.h"
+
+#include "ExportCore/NameList.h"
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -51,10 +53,7 @@ std::vector<std::string> NearNames::find(const std::string& wanted, const std::v
 
 std::string NearNames::question(const std::string& wanted, const std::vector<std::string>& known) {
     const std::vector<std::string> near = find(wanted, known);
-    std::string text;
-    for (std::size_t i = 0; i < near.size(); ++i)
-        text += (i == 0 ? "; did you mean " : i + 1 < near.size() ? ", " : " or ") + near[i];
-    return near.empty() ? text : text + '?';
+    return near.empty() ? std::string() : "; did you mean " + NameList::joined(near, " or ") + '?';
 }
 
 } // namespace ExportCore

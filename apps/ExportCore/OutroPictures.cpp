@@ -1,6 +1,7 @@
 #include "ExportCore/OutroPictures.h"
 
 #include "Branding/OutroLength.h"
+#include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include <QDir>
 #include <QFileInfo>
@@ -20,10 +21,7 @@ QString pathOf(const QString& name) {
 }
 
 std::string listed(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : ", ") + name;
-    return text.empty() ? "there are none" : "there are: " + text;
+    return names.empty() ? "there are none" : "there are: " + NameList::joined(names);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ExportCore/PresetEdit.h"
 
 #include "Export/PresetProvider.h"
+#include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
@@ -91,10 +92,11 @@ void requireVideoBitrate(std::int64_t bitrate, const Export::PresetProvider& pro
 void requireStep(std::int64_t bitrate, const std::vector<std::int64_t>& steps, const std::string& subject) {
     if (steps.empty() || std::find(steps.begin(), steps.end(), bitrate) != steps.end())
         return;
-    std::string all;
+    std::vector<std::string> all;
+    all.reserve(steps.size());
     for (const std::int64_t step : steps)
-        all += (all.empty() ? "" : ", ") + std::to_string(step);
-    refuse("audio-bitrate to " + std::to_string(bitrate), subject + " takes " + all + " bit/s");
+        all.push_back(std::to_string(step));
+    refuse("audio-bitrate to " + std::to_string(bitrate), subject + " takes " + NameList::joined(all) + " bit/s");
 }
 
 void requireAudioBitrate(std::int64_t bitrate, const Export::PresetProvider& provider, const Media::Audio& audio) {

@@ -1,5 +1,6 @@
 #include "ExportCore/PresetSettings.h"
 
+#include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SettingText.h"
@@ -50,12 +51,10 @@ void requireKnown(const std::string& key) {
         names.emplace_back(known.name);
     if (std::find(names.begin(), names.end(), key) != names.end())
         return;
-    std::string all;
-    for (const std::string& name : names)
-        all += (all.empty() ? "" : ", ") + name;
     const std::string question = NearNames::question(key, names);
     KESTRA_THROW(Refusal("There is no setting \"" + key + '"' +
-                         (question.empty() ? "; the settings are " : question + " The settings are ") + all));
+                         (question.empty() ? "; the settings are " : question + " The settings are ") +
+                         NameList::joined(names)));
 }
 
 int sideOf(const std::string& text, const Entry& entry) {

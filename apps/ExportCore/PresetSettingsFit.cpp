@@ -2,9 +2,11 @@
 #include "ExportCore/PresetSettings.h"
 
 #include "EditorPreset/Preset.h"
+#include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/SampleInfo.h"
+#include <QString>
 #include <algorithm>
 #include <cmath>
 
@@ -20,13 +22,6 @@ using Kestra::Conf::CodecIDToString;
 
 std::string quoted(const Preset& preset) {
     return "the preset \"" + preset.id() + '"';
-}
-
-std::string listed(const std::vector<std::string>& names) {
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        text += (i == 0 ? "" : i + 1 < names.size() ? ", " : " and ") + names[i];
-    return text;
 }
 
 const PresetSettings::Key& keyNamed(const std::string& name) {
@@ -64,14 +59,15 @@ void requireFrameRate(const boost::rational<long long>& rate, const Preset& pres
 void requireQuality(double quality, const Preset& preset) {
     const auto range = CodecLimits::VideoQuality(preset.videoCodec());
     const std::string codec = CodecIDToString(preset.videoCodec());
+    const std::string what = "quality to " + QString::number(quality).toStdString();
     if (range.worst == 0)
         refuse("quality", codec + " has no scale of qualities");
     if (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality)
         refuse("quality", quoted(preset) + " encodes in two passes, which aim at a bitrate");
     if (quality < range.best || quality > range.worst)
-        refuse("that quality", codec + " takes " + std::to_string(range.best) + " to " + std::to_string(range.worst));
+        refuse(what, codec + " takes " + std::to_string(range.best) + " to " + std::to_string(range.worst));
     if (!range.fractions && std::trunc(quality) != quality)
-        refuse("that quality", codec + " takes whole numbers");
+        refuse(what, codec + " takes whole numbers");
 }
 
 void requireSampleRate(int rate, const Preset& preset) {
@@ -83,7 +79,7 @@ void requireSampleRate(int rate, const Preset& preset) {
     for (const int known : rates)
         names.push_back(std::to_string(known));
     refuse("sample-rate", std::string(CodecIDToString(preset.audioCodec())) + " does not take " + std::to_string(rate) +
-                              ", only " + listed(names));
+                              ", only " + NameList::joined(names, " and "));
 }
 
 void requireLayout(std::uint32_t layout, const Preset& preset) {
@@ -95,7 +91,8 @@ void requireLayout(std::uint32_t layout, const Preset& preset) {
     for (const std::uint32_t known : layouts)
         names.emplace_back(Kestra::Conf::LayoutRecord::Find(known)->name);
     refuse("channels", std::string(CodecIDToString(preset.audioCodec())) + " does not take " +
-                           Kestra::Conf::LayoutRecord::Find(layout)->name + ", only " + listed(names));
+                           Kestra::Conf::LayoutRecord::Find(layout)->name + ", only " +
+                           NameList::joined(names, " and "));
 }
 
 void requireBitrate(const char* key, Kestra::Conf::CodecID codec) {

@@ -1,6 +1,7 @@
 #include "ExportCore/RequestCheck.h"
 
 #include "Export/PresetProvider.h"
+#include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
@@ -114,12 +115,10 @@ void requireQuality(const std::string& name, const Export::PresetProvider& provi
     const std::string preset = "The preset \"" + provider.preset().id() + '"';
     if (known.empty())
         refuse(preset + " has no qualities to choose from, so none is \"" + name + '"');
-    std::string names;
-    for (const std::string& quality : known)
-        names += (names.empty() ? "" : ", ") + quality;
-    const std::string question = NearNames::question(name, {known.begin(), known.end()});
+    const std::vector<std::string> names(known.begin(), known.end());
+    const std::string question = NearNames::question(name, names);
     refuse(preset + " has no quality \"" + name + '"' + (question.empty() ? "; it has " : question + " It has ") +
-           names);
+           NameList::joined(names));
 }
 
 } // namespace
