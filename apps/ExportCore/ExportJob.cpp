@@ -156,7 +156,7 @@ Types::Range ExportJob::snappedExportRange() const {
 void ExportJob::expect() {
     const Media::Video* video = transcoder->videoNeeded() ? &transcoder->videoPreset() : nullptr;
     const Media::Audio* audio = transcoder->audioNeeded() ? &transcoder->audioPreset() : nullptr;
-    const Project::StreamLengths lengths = project->expectedLengths(streamRange, video, audio);
+    const Project::StreamLengths lengths = lengthsOf(video, audio);
     expected.hasVideo = video != nullptr;
     expected.hasAudio = audio != nullptr;
     expected.frames = lengths.videoFrames;
@@ -170,6 +170,15 @@ void ExportJob::expect() {
     expected.videoDuration = std::min(end, expected.videoDuration) - start;
     expected.audioDuration = std::min(end, expected.audioDuration) - start;
     countFrames();
+}
+
+Project::StreamLengths ExportJob::lengthsOf(const Media::Video* video, const Media::Audio* audio) const {
+    try {
+        return project->expectedLengths(streamRange, video, audio);
+    } catch (const Kestra::Proc::ProcException& error) {
+        // Only with the preset is it known how long a frame is; a range that holds none is refused all the same.
+        KESTRA_THROW(Refusal(error.what()));
+    }
 }
 
 void ExportJob::expectOutro() {

@@ -1,6 +1,7 @@
 // ExportCore::ExportJob: one export from the request to the checked file at its place.
 #pragma once
 
+#include "EditorProject/StreamLengths.h"
 #include "ExportCore/ExpectedFile.h"
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
@@ -70,6 +71,7 @@ private:
     void beginTranscoding();
     void connectTranscoder();
     void expect();
+    Project::StreamLengths lengthsOf(const Media::Video* video, const Media::Audio* audio) const;
     void expectOutro();
     void countFrames();
     Types::Range snappedExportRange() const;

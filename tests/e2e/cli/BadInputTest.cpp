@@ -146,6 +146,7 @@ TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "2", "--out", "2"}), 2, {"does not lie after"});
     expectRefused(command(clip, {"--in", "4"}), 2, {"00:00:04.000", "outside"});
     expectRefused(command(clip, {"--out", "4.001"}), 2, {"00:00:04.001", "outside"});
+    expectRefused(command(clip, {"--in", "2", "--out", "2.001"}), 2, {"2000 to 2001 ms", "shorter than one frame"});
 }
 
 class BadSettings : public BadInput {
@@ -186,6 +187,7 @@ TEST_F(BadSettings, AValueOutsideTheLimits) {
           "quality=0", "quality=52", "sample-rate=0", "sample-rate=48001", "audio-bitrate=1", "audio-bitrate=600k"})
         expectSettingRefused("mp4-h264-720p", setting, {"Cannot set"});
     expectSettingRefused("mp4-h264-720p", "bitrate=100", {"h264 at 320x180 takes", "bit/s"});
+    expectSettingRefused("mp4-h264-720p", "quality=51.5", {"Cannot set quality to 51.5: h264 takes 1 to 51"});
 }
 
 TEST_F(BadSettings, AKeyThatDoesNotApplyToThePreset) {
