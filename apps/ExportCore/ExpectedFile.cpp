@@ -39,10 +39,18 @@ std::string text(std::int64_t time) {
     return TimeText::format(Types::fromAvTime(time));
 }
 
-void requireLength(const char* what, const CheckedStream& stream, std::int64_t expected, std::int64_t tolerance) {
+void requireLength(const char* what, const CheckedStream& stream, std::int64_t expected, std::int64_t shorter,
+                   std::int64_t longer) {
     const std::int64_t length = stream.end - stream.start;
-    if (length < expected - tolerance || length > expected + tolerance)
+    if (length < expected - shorter || length > expected + longer)
         fail(std::string("its ") + what + " lasts " + text(length) + " instead of " + text(expected));
+}
+
+void requireStep(const CheckedStream& video, const CheckedStream& audio) {
+    const std::int64_t late = audio.start - video.start;
+    // What an encoder puts in front to settle is not always marked as such.
+    if (late > ROUNDING || late < -Kestra::SamplesToTime(LONGEST_PACKET, audio.sampleRate) - ROUNDING)
+        fail("its picture begins at " + text(video.start) + " and its sound at " + text(audio.start));
 }
 
 bool carriesColour(const std::string& codec) {
@@ -75,15 +83,17 @@ void ExpectedFile::require(const CheckedFile& file) const {
         if (video->packets != frames)
             fail("it holds " + std::to_string(video->packets) + " pictures instead of " + std::to_string(frames));
         const std::int64_t frame = frames > 0 ? videoDuration / frames : 0;
-        requireLength("picture", *video, videoDuration, frame + ROUNDING);
+        requireLength("picture", *video, videoDuration, frame + ROUNDING, frame + ROUNDING);
         requireColour(*video);
     }
     if (audio) {
         if (audio->sampleRate <= 0)
             fail("its sound has no sample rate");
-        requireLength("sound", *audio, audioDuration,
+        requireLength("sound", *audio, audioDuration, ROUNDING,
                       Kestra::SamplesToTime(LONGEST_PACKET, audio->sampleRate) + ROUNDING);
     }
+    if (video && audio)
+        requireStep(*video, *audio);
 }
 
 } // namespace ExportCore

@@ -16,7 +16,7 @@ struct EXPORTCORE_EXPORT ExpectedFile {
     std::int64_t audioDuration = 0;
 
     /// Throws Kestra::Proc::ProcException (OutputFailed) that says what the file lacks: a stream, a frame, a part of
-    /// its length, the colour of its pictures.
+    /// its length, the common start of picture and sound, the colour of its pictures.
     void require(const Kestra::Proc::CheckedFile& file) const;
 };
 

@@ -79,6 +79,27 @@ TEST_F(Verdict, ShortSoundIsFound) {
     EXPECT_TRUE(blames("sound lasts 00:00:03.800 instead of 00:00:04.000"));
 }
 
+TEST_F(Verdict, SoundThatIsALittleShortIsFound) {
+    audio().end = 4 * TIME_BASE - TIME_BASE / 100;
+    EXPECT_TRUE(blames("sound lasts 00:00:03.990 instead of 00:00:04.000"));
+}
+
+TEST_F(Verdict, SoundThatBeginsApartFromThePictureIsFound) {
+    audio().start += TIME_BASE / 50;
+    audio().end += TIME_BASE / 50;
+    EXPECT_TRUE(blames("picture begins at 00:00:00.000 and its sound at 00:00:00.020"));
+    video().start = TIME_BASE / 50;
+    video().end += TIME_BASE / 50;
+    EXPECT_EQ(fault(), "") << "both together";
+    audio().start = -Kestra::SamplesToTime(312, 48000);
+    video().start = 0;
+    video().end = audio().end = 4 * TIME_BASE;
+    EXPECT_EQ(fault(), "") << "an encoder's samples in front";
+    audio().start = -TIME_BASE / 5;
+    audio().end = 4 * TIME_BASE - TIME_BASE / 5;
+    EXPECT_TRUE(blames("sound at -00:00:00.200")) << fault();
+}
+
 TEST_F(Verdict, SoundThatEndsOnAWholePacketPasses) {
     audio().end = 4 * TIME_BASE + Kestra::SamplesToTime(1024, 48000);
     EXPECT_EQ(fault(), "");
