@@ -1,14 +1,17 @@
+#include "ExportCore/NameList.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "Kestra/Conf/CodecID.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
 #include <QJsonArray>
+#include <algorithm>
 #include <cstdio>
 
 namespace Cli {
 namespace {
 
+using ExportCore::NameList;
 using ExportCore::PresetCatalogue;
 
 QJsonValue codecOf(bool exists, Kestra::Conf::CodecID codec) {
@@ -37,23 +40,29 @@ QJsonObject objectOf(const Preset& preset, const PresetCatalogue& catalogue) {
             {key("quality"), qualities}};
 }
 
-std::string lineOf(const Preset& preset, const PresetCatalogue& catalogue) {
-    std::string tags;
-    for (const std::string& tag : catalogue.tagsOf(preset.id()))
-        tags += (tags.empty() ? "" : ", ") + tag;
-    std::string qualities;
-    for (const std::string& quality : catalogue.qualitiesOf(preset.id()))
-        qualities += (qualities.empty() ? ", quality " : "|") + quality;
-    char head[64];
-    std::snprintf(head, sizeof head, "%-20s ", preset.id().c_str());
-    return (preset.id().size() < 20 ? head : preset.id() + ' ') + preset.title() + " [" + tags + ']' + qualities;
+std::string lineOf(const Preset& preset, const PresetCatalogue& catalogue, std::size_t width) {
+    std::string head = preset.id();
+    head.resize(std::max(width, head.size()), ' ');
+    const std::set<std::string> qualities = catalogue.qualitiesOf(preset.id());
+    const std::string quality = qualities.empty()
+                                    ? std::string()
+                                    : ", quality " + NameList::joined({qualities.begin(), qualities.end()}, "|", "|");
+    return head + ' ' + preset.title() + " [" + NameList::joined(catalogue.tagsOf(preset.id())) + ']' + quality;
+}
+
+void printLines(const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
+    std::size_t width = 0;
+    for (const std::string& id : ids)
+        width = std::max(width, id.size());
+    for (const std::string& id : ids)
+        std::printf("%s\n", lineOf(catalogue.preset(id), catalogue, width).c_str());
 }
 
 } // namespace
 
 int listPresets(const Options& options) {
     const PresetCatalogue catalogue;
-    const std::vector<std::string> ids = options.tag.empty() ? catalogue.ids() : catalogue.idsOf(options.tag);
+    const std::vector<std::string> ids = options.tag ? catalogue.idsOf(*options.tag) : catalogue.ids();
     if (options.json) {
         QJsonArray presets;
         for (const std::string& id : ids)
@@ -61,8 +70,7 @@ int listPresets(const Options& options) {
         std::printf("%s\n", jsonLine(QJsonObject{{key("presets"), presets}}).c_str());
         return EXIT_DONE;
     }
-    for (const std::string& id : ids)
-        std::printf("%s\n", lineOf(catalogue.preset(id), catalogue).c_str());
+    printLines(ids, catalogue);
     return EXIT_DONE;
 }
 

@@ -13,11 +13,24 @@
 namespace Cli {
 namespace {
 
-const char* const FOOTER =
-    "Times are HH:MM:SS.mmm or seconds. Exit codes: 0 done, 1 the export failed, 2 wrong usage or bad\n"
-    "input, 130 or 143 stopped by a signal.";
+const char* const EXIT_CODES =
+    "Exit codes: 0 done, 1 the export failed, 2 wrong usage or bad input, 130 or 143 stopped by a signal.";
 
-/// CLI11 hands the text over and takes an error message back; empty is good.
+const std::map<std::string, ProgressStyle>& progressStyles() {
+    static const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
+                                                             {"bar", ProgressStyle::Bar},
+                                                             {"plain", ProgressStyle::Plain},
+                                                             {"json", ProgressStyle::Json},
+                                                             {"none", ProgressStyle::None}};
+    return styles;
+}
+
+/// CLI11 hands a check the text and takes an error message back; empty is good.
+std::string checkProgress(const std::string& text) {
+    return progressStyles().count(text) != 0 ? std::string()
+                                             : '"' + text + "\" is none of auto, bar, plain, json, none";
+}
+
 std::string checkTime(const std::string& text) {
     return ExportCore::TimeText::parse(text) ? std::string()
                                              : '"' + text + "\" is no time; write HH:MM:SS.mmm or seconds";
@@ -28,13 +41,13 @@ bool isUtf8(const std::string& text) {
 }
 
 std::string settingsText() {
-    std::string text = "Settings (--set KEY=VALUE):\n";
+    std::string text = "Times are HH:MM:SS.mmm or seconds.\n\nSettings (--set KEY=VALUE):\n";
     for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys()) {
         std::string head = std::string("  ") + key.name + '=' + key.value;
         head.resize(std::max<std::size_t>(head.size() + 1, 24), ' ');
         text += head + key.meaning + '\n';
     }
-    return text;
+    return text + '\n' + EXIT_CODES;
 }
 
 /// The parser and the texts that it fills.
@@ -45,7 +58,7 @@ public:
         app.require_subcommand(1);
         app.set_version_flag("--version", std::string("editor-export ") + EDITOREXPORT_VERSION);
         app.add_flag("-v,--verbose", options.verbose, "Write logs to standard error");
-        app.footer(FOOTER);
+        app.footer(EXIT_CODES);
         addRender();
         addPresets();
         addInfo();
@@ -58,6 +71,7 @@ public:
                                             : Options::Command::Render;
         options.in = ExportCore::TimeText::parse(inText);
         options.out = ExportCore::TimeText::parse(outText);
+        options.progress = progressStyles().at(progressText);
     }
 
     int print(const CLI::ParseError& error) { return app.exit(error); }
@@ -65,52 +79,60 @@ public:
 
 private:
     void addRender() {
-        const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
-                                                          {"bar", ProgressStyle::Bar},
-                                                          {"plain", ProgressStyle::Plain},
-                                                          {"json", ProgressStyle::Json},
-                                                          {"none", ProgressStyle::None}};
         render = app.add_subcommand("render", "Export media files, one after the other, to one file");
         render->fallthrough();
-        render->add_option("INPUT", options.inputs, "Media files")->required();
-        render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")->required();
-        render->add_option("-o,--output", options.output, "The file to write")->required();
+        addInputs(*render);
+        render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")
+            ->required()
+            ->type_name("ID");
+        render->add_option("-o,--output", options.output, "The file to write")->required()->type_name("FILE");
+        addChanges();
+        render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
+        render->add_option("--progress", progressText, "auto, bar, plain, json (one object a line) or none")
+            ->type_name("STYLE")
+            ->check(checkProgress);
+        render->footer(settingsText());
+    }
+
+    /// What makes the file other than preset and inputs do.
+    void addChanges() {
         render->add_option("--quality", options.quality, "One of the preset's qualities (see presets)")
             ->type_name("NAME");
         render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once")
             ->type_name("KEY=VALUE")
             ->allow_extra_args(false);
-        render->footer(settingsText());
-        render->add_option("--in", inText, "Where to begin")->check(checkTime, "TIME");
-        render->add_option("--out", outText, "Where to end")->check(checkTime, "TIME");
+        render->add_option("--in", inText, "Where to begin")->type_name("TIME")->check(checkTime);
+        render->add_option("--out", outText, "Where to end")->type_name("TIME")->check(checkTime);
         render->add_option("--branding", options.branding, "Append this outro (demo); none by default")
             ->type_name("NAME");
-        render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
-        render->add_option("--progress", options.progress, "auto, bar, plain, json (one object a line) or none")
-            ->transform(CLI::CheckedTransformer(styles).description("STYLE"));
+    }
+
+    void addInputs(CLI::App& command) {
+        command.add_option("INPUT", options.inputs, "Media files")->required()->type_name("");
     }
 
     void addPresets() {
         presets = app.add_subcommand("presets", "List the presets");
         presets->fallthrough();
-        presets->add_option("--tag", options.tag, "Only those of this tag");
+        presets->add_option("--tag", options.tag, "Only those of this tag")->type_name("NAME");
         presets->add_flag("--json", options.json, "As JSON");
     }
 
     void addInfo() {
         info = app.add_subcommand("info", "Say what media files hold");
         info->fallthrough();
-        info->add_option("INPUT", options.inputs, "Media files")->required();
+        addInputs(*info);
         info->add_flag("--json", options.json, "As JSON");
     }
 
     Options& options;
-    CLI::App app{"Exports media files with the editor's presets."};
+    CLI::App app{"Exports media files with the editor's presets.", "editor-export"};
     CLI::App* render = nullptr;
     CLI::App* presets = nullptr;
     CLI::App* info = nullptr;
     std::string inText;
     std::string outText;
+    std::string progressText = "auto";
 };
 
 /// What was given in place of a command; empty when nothing was.
@@ -121,6 +143,16 @@ std::string unknownCommand(int argc, char** argv, const std::vector<std::string>
             return std::find(known.begin(), known.end(), word) == known.end() ? word : std::string();
     }
     return {};
+}
+
+/// The parser counts arguments aloud; people want to know what is wrong with theirs.
+std::string reasonOf(const CLI::ParseError& error) {
+    std::string text = error.what();
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos || !dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        return text;
+    return text.substr(0, colon) +
+           (text.find("At Most 1") != std::string::npos ? " can be given only once" : " needs a value");
 }
 
 /// One line, whatever the parser makes of it.
@@ -162,7 +194,7 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
         const bool asked = error.get_exit_code() == 0;
         exitCode = asked ? parser.print(error) : EXIT_BAD_INPUT;
         if (!asked)
-            complain(error.what());
+            complain(reasonOf(error));
         return std::nullopt;
     }
 }

@@ -29,7 +29,7 @@ struct Options {
     bool overwrite = false;
     ProgressStyle progress = ProgressStyle::Automatic;
 
-    std::string tag;
+    std::optional<std::string> tag;
 
     /// Reads the command line. Nothing when the program has to end at once, with `exitCode`: help or the version was
     /// asked for and has been printed, or the usage was wrong and one line on standard error says how.

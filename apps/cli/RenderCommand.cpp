@@ -37,7 +37,7 @@ std::string factsText(const ExportFacts& facts) {
     std::string text = facts.path.toStdString() + ": " + ExportCore::TimeText::format(KTime(facts.durationMs));
     if (!facts.videoCodec.empty())
         text += ", " + facts.videoCodec + ' ' + std::to_string(facts.width) + 'x' + std::to_string(facts.height) +
-                ", " + std::to_string(facts.frames) + " frames";
+                ", " + std::to_string(facts.frames) + (facts.frames == 1 ? " frame" : " frames");
     if (!facts.audioCodec.empty())
         text += ", " + facts.audioCodec + ' ' + std::to_string(facts.sampleRate) + " Hz, " +
                 std::to_string(facts.channels) + (facts.channels == 1 ? " channel" : " channels");

@@ -28,6 +28,9 @@ TEST(Commands, VersionAndHelpGoToStandardOutput) {
     const Result renderHelp = run({"render", "--help"});
     for (const char* word : {"--preset", "--output", "--in", "--out", "--overwrite", "--progress"})
         EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(word))) << word;
+    for (const char* line : {"Usage: editor-export render [OPTIONS] INPUT...\n", "--in TIME ", "--progress STYLE ",
+                             "Times are HH:MM:SS.mmm or seconds.\n", "Exit codes: 0 done, "})
+        EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(line))) << renderHelp.output.toStdString();
     EXPECT_TRUE(version.errors.isEmpty() && help.errors.isEmpty() && renderHelp.errors.isEmpty());
 }
 
@@ -51,6 +54,21 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--progress", "loud"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--nonsense"},
                       std::vector<std::string>{"presets", "--tag", "nonsense"}, std::vector<std::string>{"info"}));
+
+TEST(Commands, WrongUsageIsToldInWordsOfThePeopleWhoUseIt) {
+    const std::vector<std::string> render{"render", "a", "-p", "x", "-o", "y"};
+    const auto complaint = [&render](const std::vector<std::string>& more) {
+        std::vector<std::string> arguments = render;
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return run(arguments).errors.toStdString();
+    };
+    EXPECT_EQ(complaint({"--progress", "3"}),
+              "editor-export: --progress: \"3\" is none of auto, bar, plain, json, none (see --help)\n");
+    EXPECT_EQ(complaint({"-o", "z"}), "editor-export: --output can be given only once (see --help)\n");
+    EXPECT_EQ(complaint({"--set"}), "editor-export: --set needs a value (see --help)\n");
+    EXPECT_EQ(complaint({"--in", "1:30"}),
+              "editor-export: --in: \"1:30\" is no time; write HH:MM:SS.mmm or seconds (see --help)\n");
+}
 
 TEST(Commands, NoneShowsTheHelp) {
     const Result result = run({});
@@ -122,8 +140,17 @@ TEST(Commands, PresetsOfATagAreThoseOfTheTag) {
     EXPECT_GE(run({"presets", "--tag", "audio"}).output.count(QLatin1Char('\n')), 4);
 }
 
+TEST(Commands, PresetsStandInColumns) {
+    QSet<int> columns;
+    for (const QString& line :
+         run({"presets", "--tag", "two-pass"}).output.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        columns << QRegularExpression(QStringLiteral(" +\\K[A-Z]")).match(line).capturedStart();
+    EXPECT_EQ(columns.size(), 1);
+}
+
 TEST(Commands, AnUnknownTagHasNearNames) {
     EXPECT_TRUE(run({"presets", "--tag", "audoi"}).errors.contains(QStringLiteral("did you mean audio?")));
+    EXPECT_EQ(run({"presets", "--tag", ""}).code, 2);
 }
 
 TEST(Commands, InfoTellsWhatMediaHold) {

@@ -1,0 +1,41 @@
+#include "cli/ProgressText.h"
+#include <gtest/gtest.h>
+
+using Cli::progressText;
+using ExportCore::ExportProgress;
+
+namespace {
+
+std::string leftText(qint64 milliseconds) {
+    ExportProgress progress;
+    progress.remainingMs = milliseconds;
+    return progressText(progress);
+}
+
+TEST(ProgressText, TellsPercentSpeedAndTimeLeft) {
+    ExportProgress progress;
+    progress.percent = 37;
+    progress.elapsedMs = 25'000;
+    progress.remainingMs = 42'000;
+    progress.speed = 1.754;
+    EXPECT_EQ(progressText(progress), "37 %, 1.75x, 0:42 left");
+}
+
+TEST(ProgressText, LeavesOutWhatIsNotKnown) {
+    EXPECT_EQ(progressText(ExportProgress()), "0 %");
+}
+
+TEST(ProgressText, RoundsTheTimeLeftUpToSeconds) {
+    EXPECT_EQ(leftText(0), "0 %, 0:00 left");
+    EXPECT_EQ(leftText(1), "0 %, 0:01 left");
+    EXPECT_EQ(leftText(59'000), "0 %, 0:59 left");
+    EXPECT_EQ(leftText(59'001), "0 %, 1:00 left");
+}
+
+TEST(ProgressText, WritesHoursWhereThereAreAny) {
+    EXPECT_EQ(leftText(3'599'000), "0 %, 59:59 left");
+    EXPECT_EQ(leftText(3'600'000), "0 %, 1:00:00 left");
+    EXPECT_EQ(leftText(36'125'000), "0 %, 10:02:05 left");
+}
+
+} // namespace
