@@ -2,6 +2,9 @@
 #include "Program.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
+#include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -59,6 +62,26 @@ TEST_F(TwoPassProgram, TellsOneStartAndProgressThatNeverFalls) {
     const QList<QJsonObject> results = TestCli::jsonLines(result.output);
     ASSERT_EQ(results.size(), 1);
     EXPECT_EQ(results[0].value(QStringLiteral("video")).toObject().value(QStringLiteral("frames")).toInt(), 500);
+}
+
+TEST_F(TwoPassProgram, WithAnOutroAndACutIsRightToTheFrameAndInStep) {
+    Program cut({"render", *folder / "clip.mov", "-p", "mp4-h264-1080p-2pass", "-o", output, "--in", "2.5", "--out",
+                 "5.5", "--branding", "demo", "--progress", "json"});
+    const Result result = cut.run();
+    ASSERT_EQ(result.code, 0) << result.errors.toStdString();
+    const QList<int> all = percents(result);
+    ASSERT_FALSE(all.isEmpty());
+    EXPECT_TRUE(std::is_sorted(all.begin(), all.end()));
+    EXPECT_EQ(all.last(), 100);
+    const TestMedia::ProbedMedia media = TestMedia::probe(output);
+    ASSERT_TRUE(media.video && media.audio);
+    EXPECT_EQ(media.video->frames.size(), (3U + 5) * 25);
+    EXPECT_NEAR(media.duration, 8, 0.03);
+    EXPECT_EQ(media.decodeErrors, 0);
+    const std::vector<double> offsets = media.offsets();
+    EXPECT_EQ(offsets.size(), 3U);
+    for (const double offset : offsets)
+        EXPECT_LE(std::abs(offset), 0.001) << "sound minus picture";
 }
 
 TEST_F(TwoPassProgram, StopsAtAnyTimeOfBothPassesAndLeavesNothing) {

@@ -115,7 +115,7 @@ protected:
         const std::vector<double> offsets = media.offsets();
         EXPECT_EQ(offsets.size(), flashes);
         for (const double offset : offsets)
-            EXPECT_LT(std::abs(offset), 0.03);
+            EXPECT_LE(std::abs(offset), 0.001) << "sound minus picture";
         EXPECT_EQ(media.decodeErrors, 0);
     }
 
