@@ -74,7 +74,7 @@ TEST_F(StreamParametersTest, TheMarkOfTheSourcesRateYieldsTheSourcesRate) {
 }
 
 TEST_F(StreamParametersTest, ThePresetsOwnRateWins) {
-    const Media::Video source = video(1280, 720, 50);
+    const Media::Video source = video(1280, 720, 60000, 1001);
     const PresetProvider& provider = makeSelected("small");
     EXPECT_EQ(provider.frameRate(&source), Rate(25));
     EXPECT_EQ(provider.applyPreset(&source).frameRateNumerator, 25u);
