@@ -1,4 +1,5 @@
 #include "component/transcoder/TranscoderFixture.h"
+#include <stdexcept>
 
 namespace {
 
@@ -132,6 +133,25 @@ TEST_F(TranscoderTest, GoesWithItsParent) {
     EXPECT_TRUE(model.fastTrack.isSuppressed());
     parent.reset();
     EXPECT_FALSE(model.fastTrack.isSuppressed());
+}
+
+TEST_F(TranscoderTest, LeavesTheSuppressionAloneWhileItsRunStartsAndFails) {
+    const Messages messages(bus);
+    start();
+    play({FakeProcessor::Started(), FakeProcessor::Error(std::make_exception_ptr(std::runtime_error("no room")))});
+    EXPECT_EQ(emissions, (Signals{"started", "failed", "stopped"}));
+    EXPECT_TRUE(messages.of("bus Change fast track").empty());
+    EXPECT_TRUE(model.fastTrack.isSuppressed());
+}
+
+TEST_F(TranscoderTest, LeavesTheSuppressionAloneWhileItsRunIsStopped) {
+    const Messages messages(bus);
+    start();
+    transcoder->stop();
+    play({});
+    EXPECT_EQ(emissions, Signals{"stopped"});
+    EXPECT_TRUE(messages.of("bus Change fast track").empty());
+    EXPECT_TRUE(model.fastTrack.isSuppressed());
 }
 
 TEST_F(TranscoderTest, TwoAtOnceSuppressTheFastTrackEachForItself) {

@@ -76,9 +76,9 @@ TEST_F(Branding, BuildsTheOutroInOrder) {
 }
 
 TEST_F(Branding, AsksTheVideoForItsFormatFirst) {
-    controller.addBranding(Video(video));
-    ASSERT_FALSE(video->GetLog().Get().empty());
-    EXPECT_EQ(video->GetLog().Get().front(), "GetVideoFormat");
+    record->failures = {{"CreateDataVideo", std::make_exception_ptr(std::runtime_error("no picture"))}};
+    EXPECT_THROW(controller.addBranding(Video(video)), std::runtime_error);
+    EXPECT_EQ(video->GetLog().Get(), CallLog::Calls{"GetVideoFormat"}) << "ahead of the picture";
 }
 
 TEST_F(Branding, AppendsTheOutroBehindTheVideo) {

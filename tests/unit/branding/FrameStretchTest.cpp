@@ -3,6 +3,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/branding/RecordingVideo.h"
+#include "support/HookSlot.h"
 #include <boost/exception/get_error_info.hpp>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -39,6 +40,23 @@ TEST_F(Stretch, HasTheBasesThatTheEngineExpects) {
     static_assert(std::is_base_of_v<RefCountImpl, FrameStretch>);
     const boost::intrusive_ptr<Proc::IStream> stream = stretch;
     EXPECT_EQ(static_cast<IRefCountable*>(stream.get()), static_cast<IRefCountable*>(stretch.get()));
+}
+
+TEST_F(Stretch, KeepsTheBinaryOrderOfItsInterfaces) {
+    using Proc::IStream;
+    using Proc::IStreamVideo;
+    EXPECT_EQ(hookSlot(&IRefCountable::AddRef), 1U);
+    EXPECT_EQ(hookSlot(&IRefCountable::GetRefCount), 2U);
+    EXPECT_EQ(hookSlot(&IRefCountable::Release), 3U);
+    const std::size_t first = hookSlot(&IStream::Initialize);
+    const std::size_t following[] = {
+        hookSlot(&IStream::GetSettings),  hookSlot(&IStream::GetDuration),    hookSlot(&IStream::GetPosition),
+        hookSlot(&IStream::ReadData),     hookSlot(&IStream::Seek),           hookSlot(&IStream::Interrupt),
+        hookSlot(&IStream::IsSeekable),   hookSlot(&IStream::GetFormatCodec), hookSlot(&IStream::Describe),
+        hookSlot(&IStream::PreferFormat), hookSlot(&IStream::Prepare),        hookSlot(&IStream::Reset)};
+    for (std::size_t place = 0; place < std::size(following); ++place)
+        EXPECT_EQ(following[place], first + 1 + place);
+    EXPECT_EQ(hookSlot(&IStreamVideo::GetVideoFormat), hookSlot(&IStreamVideo::ReadVideo) + 1);
 }
 
 TEST_F(Stretch, BeginsAtZeroAndLastsAsLongAsItWasTold) {

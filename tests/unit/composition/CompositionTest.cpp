@@ -1,4 +1,6 @@
 #include "Composition/View.h"
+#include "support/Perishable.h"
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -20,18 +22,24 @@ public:
     const Media::Video* video() const { return Videos::media(); }
     const Media::Audio* audio() const { return Audios::media(); }
     Log log;
+    std::function<void(const std::string&)> onHook; ///< may destroy the view
 
 private:
-    void videoChanged(const Composition::Object*) override { log.push_back(video() ? "video" : "no video"); }
-    void audioChanged(const Composition::Object*) override { log.push_back(audio() ? "audio" : "no audio"); }
-    void exportsChanged(const Composition::Object*) override { log.push_back("exports"); }
-    void contentChanged(const Composition::Object*) override { log.push_back("content"); }
-    void mediaAdded(const Media::Video*) override { log.push_back("video added"); }
-    void mediaRemoved(const Media::Video*) override { log.push_back("video removed"); }
-    void mediaAdded(const Media::Audio*) override { log.push_back("audio added"); }
-    void mediaRemoved(const Media::Audio*) override { log.push_back("audio removed"); }
-    void markerAdded(const Composition::Marker* marker) override { log.push_back(marker->name.toStdString()); }
-    void rangeAdded(const Composition::Range* range) override { log.push_back(range->name.toStdString()); }
+    void videoChanged(const Composition::Object*) override { note(video() ? "video" : "no video"); }
+    void audioChanged(const Composition::Object*) override { note(audio() ? "audio" : "no audio"); }
+    void exportsChanged(const Composition::Object*) override { note("exports"); }
+    void contentChanged(const Composition::Object*) override { note("content"); }
+    void mediaAdded(const Media::Video*) override { note("video added"); }
+    void mediaRemoved(const Media::Video*) override { note("video removed"); }
+    void mediaAdded(const Media::Audio*) override { note("audio added"); }
+    void mediaRemoved(const Media::Audio*) override { note("audio removed"); }
+    void markerAdded(const Composition::Marker* marker) override { note(marker->name.toStdString()); }
+    void rangeAdded(const Composition::Range* range) override { note(range->name.toStdString()); }
+    void note(const std::string& hook) {
+        log.push_back(hook);
+        if (const auto action = onHook) // a copy: it may destroy the view
+            action(hook);
+    }
 };
 
 class CompositionView : public ::testing::Test {
@@ -100,6 +108,28 @@ TEST_F(CompositionView, TellsOfItsFourPartsInOrder) {
     }
     EXPECT_THAT(view.log, ElementsAre("video removed", "video added", "video", "audio removed", "audio added", "audio",
                                       "exports", "content"));
+}
+
+TEST_F(CompositionView, MayBeDestroyedByEachHookOnTheWay) {
+    Media::Video otherVideo;
+    Media::Audio otherAudio;
+    Log until;
+    for (const char* last :
+         {"video removed", "video added", "video", "audio removed", "audio added", "audio", "exports", "content"}) {
+        until.push_back(last);
+        Log called;
+        TestSupport::Perishable<RecordingView> doomed;
+        owner.change(&composition)->setVideo(&video).setAudio(&audio).remove(&otherVideo).setVersion(1);
+        doomed->compositionObserve(&composition);
+        doomed->onHook = [&](const std::string& hook) {
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        owner.change(&composition)->setVideo(&otherVideo).setAudio(&otherAudio).add(&otherVideo).setVersion(2);
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
 }
 
 TEST_F(CompositionView, TellsOfEachPartAlone) {

@@ -1,5 +1,6 @@
-// The views of compositions, markers, ranges and media descriptions: the generic view in other words.
+// The views of compositions, markers, ranges, the fast track and media descriptions: the generic view in other words.
 #include "Composition/View.h"
+#include "FastTrack/View.h"
 #include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -85,6 +86,30 @@ private:
     void rangeChanged(const Object*) override { log.push_back("changed1"); }
 };
 
+struct FastTracks : FastTrack::View {
+    using Object = FastTrack::Object;
+    Log log;
+    const Object* first() const { return fastTrack(); }
+    std::set<const Object*> all() const { return fastTracks(); }
+    void add(Object* object) { fastTrackAdd(object); }
+    void own(Object* object) { fastTrackOwn(object); }
+    void change(const Object* object) { fastTrackChange(object); }
+    void remove(const Object* object) { fastTrackRemove(object); }
+    void observe(const Object* object) { fastTrackObserve(object); }
+    void forget(const Object* object) { fastTrackForget(object); }
+    bool isObserved(const Object* object) const { return fastTrackIsObserved(object); }
+    bool isOwned(const Object* object) const { return fastTrackIsOwned(object); }
+    Object* ownerPointer(const Object* object) const { return fastTrackOwnerPointer(object); }
+    void adopt() { processAddRequests(true); }
+
+private:
+    void fastTrackAdded(const Object*) override { log.push_back("added"); }
+    void fastTrackRemoved(const Object*) override { log.push_back("removed"); }
+    void fastTrackChanged(const Object*, const Object*, const Object*) override { log.push_back("changed3"); }
+    void fastTrackChanged(const Object*, const Object*) override { log.push_back("changed2"); }
+    void fastTrackChanged(const Object*) override { log.push_back("changed1"); }
+};
+
 template <class M>
 struct Medias : Media::View<M> {
     using Object = M;
@@ -120,11 +145,11 @@ protected:
     View user;
 };
 
-using Views = ::testing::Types<Compositions, Markers, Ranges, Medias<Media::Video>, Medias<Media::Audio>>;
+using Views = ::testing::Types<Compositions, Markers, Ranges, FastTracks, Medias<Media::Video>, Medias<Media::Audio>>;
 struct ViewNames {
     template <class View>
     static std::string GetName(int index) {
-        static const char* const NAMES[] = {"Composition", "Marker", "Range", "Video", "Audio"};
+        static const char* const NAMES[] = {"Composition", "Marker", "Range", "FastTrack", "Video", "Audio"};
         return NAMES[index];
     }
 };
@@ -135,6 +160,7 @@ TYPED_TEST(RenamedView, CallsTheGenericHooksByItsOwnNames) {
     this->user.observe(this->object);
     this->user.change(this->object);
     this->user.remove(this->object);
+    EXPECT_FALSE(this->model.isOwned(this->object));
     EXPECT_THAT(this->user.log, ElementsAre("added", "changed3", "changed1", "changed3", "changed2", "changed1",
                                             "changed3", "changed1", "removed"));
 }
@@ -151,6 +177,7 @@ TYPED_TEST(RenamedView, CallsTheGenericOperationsByItsOwnNames) {
     EXPECT_EQ(this->user.ownerPointer(this->object), nullptr);
     this->user.forget(this->lower);
     EXPECT_FALSE(this->user.isObserved(this->lower));
+    EXPECT_TRUE(this->model.isOwned(this->lower)) << "forgotten, not removed";
     EXPECT_TRUE(this->user.isObserved(this->object));
 }
 

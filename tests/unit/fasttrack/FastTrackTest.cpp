@@ -1,5 +1,7 @@
 #include "FastTrack/Suppressor.h"
+#include "support/Perishable.h"
 #include <array>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -29,15 +31,30 @@ class RecordingView : public FastTrack::View {
 public:
     using FastTrack::View::fastTrackObserve, FastTrack::View::fastTrackChange;
     Log log;
+    std::function<void(const std::string&)> onHook; ///< may destroy the view
 
 private:
-    void progressChanged(const FastTrack::Object*) override { log.push_back("progress"); }
-    void isEnabled(const FastTrack::Object*, bool on) override { log.push_back(on ? "enabled" : "disabled"); }
-    void isActive(const FastTrack::Object*, bool on) override { log.push_back(on ? "active" : "inactive"); }
-    void isFreezed(const FastTrack::Object*, bool on) override { log.push_back(on ? "freezed" : "thawed"); }
-    void cacheFolderChanged(const FastTrack::Object*) override { log.push_back("folder"); }
-    void isComplete(const FastTrack::Object*, bool on) override { log.push_back(on ? "complete" : "incomplete"); }
+    void progressChanged(const FastTrack::Object*) override { note("progress"); }
+    void isEnabled(const FastTrack::Object*, bool on) override { note(on ? "enabled" : "disabled"); }
+    void isActive(const FastTrack::Object*, bool on) override { note(on ? "active" : "inactive"); }
+    void isFreezed(const FastTrack::Object*, bool on) override { note(on ? "freezed" : "thawed"); }
+    void cacheFolderChanged(const FastTrack::Object*) override { note("folder"); }
+    void isComplete(const FastTrack::Object*, bool on) override { note(on ? "complete" : "incomplete"); }
+    void note(const std::string& hook) {
+        log.push_back(hook);
+        if (const auto action = onHook) // a copy: it may destroy the view
+            action(hook);
+    }
 };
+
+/// Differs from a fresh one in every property.
+void fill(FastTrack::Object& object) {
+    object.progress = 100;
+    object.enabled = true;
+    object.setActive(true).setFreezed(true);
+    object.cacheFolder = QStringLiteral("/cache");
+    object.complete = true;
+}
 
 class FastTrackSuppressor : public ::testing::Test {
 protected:
@@ -145,18 +162,30 @@ TEST(FastTrackView, TellsPropertyByPropertyInAFixedOrder) {
     RecordingView view;
     view.fastTrackObserve(&object);
     EXPECT_THAT(view.log, IsEmpty());
-    {
-        auto chain = view.fastTrackChange(&object);
-        chain->complete = true;
-        chain->cacheFolder = QStringLiteral("/cache");
-        chain->setFreezed(true).setActive(true);
-        chain->enabled = true;
-        chain->progress = 100;
-    }
+    fill(*view.fastTrackChange(&object));
     EXPECT_THAT(view.log, ElementsAre("progress", "enabled", "active", "freezed", "folder", "complete"));
     view.log.clear();
     owner.remove(&object);
     EXPECT_THAT(view.log, ElementsAre("progress", "disabled", "inactive", "thawed", "folder", "incomplete"));
+}
+
+TEST(FastTrackView, MayBeDestroyedByEachOfItsPropertyHooks) {
+    FastTrack::Object object;
+    fill(object);
+    Log until;
+    for (const char* last : {"progress", "enabled", "active", "freezed", "folder", "complete"}) {
+        until.push_back(last);
+        Log called;
+        TestSupport::Perishable<RecordingView> doomed;
+        doomed->onHook = [&](const std::string& hook) {
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        doomed->fastTrackObserve(&object);
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
 }
 
 TEST(FastTrackView, TellsOfOnePropertyAlone) {

@@ -18,7 +18,6 @@ TEST_F(Owning, AppearsBeforeItIsAnnounced) {
 }
 
 TEST_F(Owning, HearsRequestsOnlyAfterItsOwnHooks) {
-    Item elsewhere(9);
     owner->actions["added"] = [&] { observer->change(first)->number = 9; };
     owner->own(first)->number = 5;
     EXPECT_EQ(first->number, 5);

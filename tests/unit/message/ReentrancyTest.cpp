@@ -1,3 +1,4 @@
+#include "support/Perishable.h"
 #include "unit/message/ViewFixture.h"
 
 namespace {
@@ -84,6 +85,28 @@ TEST_F(Reentrancy, AnObserversHookMayDestroyTheOwnerThatRemoves) {
         (byRequest ? *observer : *owner).remove(first);
         EXPECT_EQ(owner, nullptr);
         EXPECT_FALSE(observer->isObserved(first));
+    }
+}
+
+TEST_F(Reentrancy, AnOwnerMayDestroyItsObjectWhenItIsRemoved) {
+    class Keeper : public Message::View<Item> {
+    public:
+        TestSupport::Perishable<Item> kept;
+
+    private:
+        void removed(const Item*) override { kept.perish(); }
+    };
+    spy.unregisterSelf(); // it hears of a request last and would look into the object
+    for (const bool byRequest : {false, true}) {
+        Keeper keeper;
+        const Item* const item = keeper.kept.get();
+        keeper.own(keeper.kept.get());
+        observer->observe(item);
+        Message::View<Item>& asking = byRequest ? *observer : static_cast<Message::View<Item>&>(keeper);
+        asking.remove(item);
+        EXPECT_EQ(keeper.kept.get(), nullptr);
+        EXPECT_THAT(keeper.objects(), IsEmpty());
+        EXPECT_THAT(observer->objects(), IsEmpty());
     }
 }
 

@@ -117,6 +117,13 @@ TEST_F(ExportedViews, HaveTheHooksAndTypesOfTheStreamViews) {
 TEST_F(ExportedViews, ComeWithTheModulesClasses) {
     for (const char* name : {"typeinfo for Export::Transcoder", "typeinfo for Export::PresetProvider"})
         EXPECT_THAT(names, HasSubstr(name));
+    for (const char* operation :
+         {"BrandingController()", "BrandingController(BrandingController const&)",
+          "BrandingController(BrandingController&&)", "operator=(BrandingController const&)",
+          "operator=(BrandingController&&)", "~BrandingController()", "setBranding(QPixmap const&)",
+          "addBranding(boost::intrusive_ptr<Kestra::Proc::IStreamVideo> const&)",
+          "addBranding(boost::intrusive_ptr<Kestra::Proc::IStreamAudio> const&)"})
+        EXPECT_THAT(names, HasSubstr(std::string(" BrandingController::") + operation + '\n'));
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "Stream/ExportStreams.h"
+#include "support/Perishable.h"
 #include "unit/stream/FakeStream.h"
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -37,21 +39,29 @@ public:
         Base::streams, Base::processAddRequests;
 
     Log log;
+    std::function<void(const std::string&)> onHook; ///< may destroy the view
 
 protected:
-    void streamAdded(const O*) override { log.push_back("added"); }
-    void streamRemoved(const O*) override { log.push_back("removed"); }
+    void streamAdded(const O*) override { note("added"); }
+    void streamRemoved(const O*) override { note("removed"); }
     void streamChanged(const O* object, const O* before, const O* after) override {
-        log.push_back("changed3");
+        note("changed3");
         Base::streamChanged(object, before, after);
     }
-    void streamChanged(const O*, const O*) override { log.push_back("changed2"); }
-    void streamChanged(const O*) override { log.push_back("changed1"); }
-    void sourceChanged(const O*) override { log.push_back("source"); }
-    void implChanged(const O*) override { log.push_back("impl"); }
-    void versionChanged(const O*) override { log.push_back("version"); }
-    void isUsing(const O*, bool isUsed) override { log.push_back(isUsed ? "using" : "not using"); }
-    void isAvailable(const O*, bool available) override { log.push_back(available ? "available" : "not available"); }
+    void streamChanged(const O*, const O*) override { note("changed2"); }
+    void streamChanged(const O*) override { note("changed1"); }
+    void sourceChanged(const O*) override { note("source"); }
+    void implChanged(const O*) override { note("impl"); }
+    void versionChanged(const O*) override { note("version"); }
+    void isUsing(const O*, bool isUsed) override { note(isUsed ? "using" : "not using"); }
+    void isAvailable(const O*, bool available) override { note(available ? "available" : "not available"); }
+
+private:
+    void note(const std::string& hook) {
+        log.push_back(hook);
+        if (const auto action = onHook) // a copy: it may destroy the view
+            action(hook);
+    }
 };
 
 template <class Case>
@@ -247,6 +257,7 @@ TYPED_TEST(StreamView, CallsTheGenericOperationsByTheirStreamNames) {
     EXPECT_EQ(objects[1].version, 2u);
     this->user.streamForget(&objects[1]);
     EXPECT_FALSE(this->user.streamIsObserved(&objects[1]));
+    EXPECT_TRUE(this->model.streamIsOwned(&objects[1]));
     this->user.streamRemove(&objects[1]);
     EXPECT_THAT(this->model.streams(), ElementsAre(&objects[0]));
 }
@@ -269,6 +280,26 @@ TYPED_TEST(StreamView, LosesTheFieldHooksToAnOverrideThatKeepsThemForItself) {
     this->fill(this->object);
     silent.streamObserve(&this->object);
     EXPECT_THAT(silent.log, ElementsAre("added", "silent", "changed1"));
+}
+
+TYPED_TEST(StreamView, MayBeDestroyedByEachOfItsFieldHooks) {
+    this->fill(this->object);
+    Log until;
+    for (const char* last : {"source", "impl", "version", "using", "available"}) {
+        until.push_back(last);
+        Log called;
+        TestSupport::Perishable<RecordingStreamView<TypeParam>> doomed;
+        doomed->onHook = [&](const std::string& hook) {
+            if (hook == "added" || hook == "changed3")
+                return;
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        doomed->streamObserve(&this->object);
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
 }
 
 TYPED_TEST(StreamView, InheritsTheRequestHooksUnchanged) {

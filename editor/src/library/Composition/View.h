@@ -35,8 +35,8 @@ protected:
     virtual void contentChanged(const Object* composition);
 
 private:
-    void followVideo(const Media::Video* before, const Media::Video* after);
-    void followAudio(const Media::Audio* before, const Media::Audio* after);
+    template <class M>
+    void follow(const M* before, const M* after);
 };
 
 } // namespace Composition

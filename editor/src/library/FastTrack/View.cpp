@@ -5,17 +5,18 @@ namespace FastTrack {
 View::~View() = default;
 
 void View::fastTrackChanged(const Object* object, const Object* before, const Object* after) {
+    const auto alive = watch();
     if (before->progress != after->progress)
         progressChanged(object);
-    if (before->enabled != after->enabled)
+    if (alive && before->enabled != after->enabled)
         isEnabled(object, after->enabled);
-    if (before->active() != after->active())
+    if (alive && before->active() != after->active())
         isActive(object, after->active());
-    if (before->freezed() != after->freezed())
+    if (alive && before->freezed() != after->freezed())
         isFreezed(object, after->freezed());
-    if (before->cacheFolder != after->cacheFolder)
+    if (alive && before->cacheFolder != after->cacheFolder)
         cacheFolderChanged(object);
-    if (before->complete != after->complete)
+    if (alive && before->complete != after->complete)
         isComplete(object, after->complete);
 }
 

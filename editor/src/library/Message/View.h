@@ -14,8 +14,8 @@ namespace Message {
 /// A view owns objects (it alone changes them and tells everyone) or observes objects that another view owns (it is
 /// told, and asks the owner for changes). T derives virtually from PubSub::Object; its default value is the empty
 /// value, which stands for the state before an object came and after it left. Objects are borrowed: they must outlive
-/// their time in any view but for its destructor, which does not look into them. One thread. Hooks may call the view,
-/// and may destroy it.
+/// their time in any view but for its destructor, which does not look into them, and the removed() of their owner,
+/// which may destroy them. One thread. Hooks may call the view, and may destroy it.
 template <class T>
 class View {
 public:
@@ -77,12 +77,14 @@ protected:
     virtual void changeRequested(T* object, T* proposed);
     virtual void removeRequested(T* object);
 
+    /// For derived views that call several hooks in turn: tells whether the view outlived the last one.
+    Details::Lifeline::Watch watch() { return Details::Lifeline::Watch(lifeline); }
+
 private:
     class Observer;
     class Owner;
     class Enumerator;
     class Departures;
-    using Watch = Details::Lifeline::Watch;
 
     void doAdd(T* object, bool own);
     void doChange(const T* object, T* value);

@@ -39,15 +39,16 @@ View<M, I>::~View() = default;
 
 template <class M, class I>
 void View<M, I>::streamChanged(const O* object, const O* before, const O* after) {
+    const auto alive = this->watch();
     if (before->source != after->source)
         sourceChanged(object);
-    if (before->impl != after->impl)
+    if (alive && before->impl != after->impl)
         implChanged(object);
-    if (before->version != after->version)
+    if (alive && before->version != after->version)
         versionChanged(object);
-    if (before->using_ != after->using_)
+    if (alive && before->using_ != after->using_)
         isUsing(object, after->using_);
-    if (before->available != after->available)
+    if (alive && before->available != after->available)
         isAvailable(object, after->available);
 }
 

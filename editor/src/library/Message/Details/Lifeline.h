@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EditorModelExport.h"
+
 namespace Message::Details {
 
 /// Held by an object whose callbacks may destroy it; a Watch on the stack then tells.
@@ -7,11 +9,7 @@ class Lifeline {
 public:
     class Watch {
     public:
-        explicit Watch(Lifeline& line)
-            : lifeline(&line)
-            , outer(line.innermost) {
-            line.innermost = this;
-        }
+        EDITORMODEL_EXPORT explicit Watch(Lifeline& line);
         Watch(const Watch&) = delete;
         Watch& operator=(const Watch&) = delete;
         ~Watch() {

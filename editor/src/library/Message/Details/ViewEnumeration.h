@@ -41,7 +41,7 @@ private:
 
 template <class T>
 void View<T>::observeAll() {
-    const Watch alive(lifeline);
+    const auto alive = watch();
     observeNew(true);
     std::set<const T*> waiting = enumerateAll();
     const Departures departures(waiting);

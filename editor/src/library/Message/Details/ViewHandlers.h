@@ -50,7 +50,7 @@ void View<T>::notify(const Types::Removed<T>& message) {
 
 template <class T>
 void View<T>::notify(const Types::Enumerate<T>&) {
-    const Watch alive(lifeline);
+    const auto alive = watch();
     // Over a copy, as those who hear the answers may change the table.
     for (const T* object : objects())
         if (alive && isOwned(object))
@@ -83,18 +83,19 @@ void View<T>::changeRequested(T* object, T* proposed) {
 
 template <class T>
 void View<T>::removeRequested(T* object) {
-    const Watch alive(lifeline);
+    const auto alive = watch();
+    const PubSub::Object* const topic = object; // found through the object, which removed() may destroy
     owner.publish(Types::Removed<T>(object));
     if (!alive || !disappeared(object))
         return;
     // Erased before it is unsubscribed; a removal by the owner itself does the reverse.
     table.erase(object);
-    owner.unsubscribe(object);
+    owner.unsubscribe(topic);
 }
 
 template <class T>
 bool View<T>::appeared(const T* object) {
-    const Watch alive(lifeline);
+    const auto alive = watch();
     added(object);
     if (!alive)
         return false;
@@ -108,7 +109,7 @@ bool View<T>::appeared(const T* object) {
 
 template <class T>
 bool View<T>::altered(const T* object, const T* before) {
-    const Watch alive(lifeline);
+    const auto alive = watch();
     changed(object, before, object);
     if (!alive)
         return false;
@@ -121,7 +122,7 @@ bool View<T>::altered(const T* object, const T* before) {
 
 template <class T>
 bool View<T>::disappeared(const T* object) {
-    const Watch alive(lifeline);
+    const auto alive = watch();
     const T empty{};
     changed(object, object, &empty);
     if (!alive)

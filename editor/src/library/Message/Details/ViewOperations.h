@@ -171,7 +171,7 @@ void View<T>::doRemove(const T* object) {
     T* mine = owned(object);
     if (!mine)
         return observer.publish(Types::Remove<T>(object));
-    const Watch alive(lifeline);
+    const auto alive = watch();
     // Observers are told while the object is still intact and in the table.
     owner.publish(Types::Removed<T>(mine));
     if (!alive)

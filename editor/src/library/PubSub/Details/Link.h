@@ -12,8 +12,6 @@ struct Link {
     Link& operator=(const Link&) = delete;
     ~Link() { leave(); }
 
-    bool alone() const { return next == this; }
-
     void joinBefore(Link& head) {
         previous = head.previous;
         next = &head;
