@@ -62,6 +62,19 @@ public:
         return names;
     }
 
+    /// How a first pass fails when no file may grow beyond so many bytes.
+    Proc::ProcessingError FirstWithRoomFor(std::size_t bytes) const {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit tight = before;
+        tight.rlim_cur = bytes;
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+        const auto failure = Failure([this] { Run(true); });
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+        return failure;
+    }
+
     const ScratchFolder folder;
     const std::string codec;
     const boost::intrusive_ptr<Proc::IStreamVideo> stream;
@@ -251,17 +264,24 @@ TEST_P(TwoPassFiles, RefuseMorePicturesThanTheFirstHad) {
 }
 
 TEST_P(TwoPassFiles, TellOfADiskThatIsFull) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const Passes passes(GetParam(), Noise(60));
-    rlimit tight = before;
-    tight.rlim_cur = 100;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const auto failure = Failure([&] { passes.Run(true); });
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto failure = passes.FirstWithRoomFor(100);
     EXPECT_NE(failure.GetCode(), TranscodingError::None);
     EXPECT_NE(passes.Second().GetCode(), TranscodingError::None) << "there is no second pass over half a log";
+}
+
+// A short log is written when the encoder closes, and the encoder does not look whether all of it arrives.
+TEST(TwoPass, TellsOfADiskThatIsFullAtTheEnd) {
+    for (const char* codec : {"h264", "hevc"}) {
+        const Passes whole(codec);
+        whole.Run(true);
+        const Passes passes(codec);
+        const auto failure = passes.FirstWithRoomFor(Content(whole.log).size() - 200);
+        EXPECT_EQ(failure.GetCode(), TranscodingError::OutputNotWritable);
+        EXPECT_NE(failure.GetDescription().find(passes.log), std::string::npos) << failure.GetDescription();
+        EXPECT_NE(failure.GetDescription().find(" of 12 pictures"), std::string::npos) << failure.GetDescription();
+        EXPECT_NE(passes.Second().GetCode(), TranscodingError::None) << codec;
+    }
 }
 
 TEST(TwoPass, OfAV1HitsTheBitrateOfPicturesThatMove) {
