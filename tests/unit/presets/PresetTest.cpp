@@ -6,6 +6,7 @@
 #include "Kestra/Conf/SampleInfo.h"
 #include "support/CatalogueFixture.h"
 #include <functional>
+#include <utility>
 #include <vector>
 
 using Export::BitrateMode;
@@ -247,6 +248,47 @@ TEST_F(PresetTest, EveryEditMakesAPresetUnequal) {
         EXPECT_FALSE(edited.equalsTo(large)) << index;
         EXPECT_FALSE(large.equalsTo(edited)) << index;
     }
+}
+
+TEST_F(PresetTest, EveryValueOfThePictureMakesAPresetUnequal) {
+    const std::vector<std::pair<const char*, Property::Value>> values = {
+        {"resize", std::string("crop")},
+        {"interpolation", std::string("lanczos")},
+        {"maxWidth", std::int64_t{1280}},
+        {"maxHeight", std::int64_t{720}},
+        {"multiplier", 2.0},
+        {"twoPass", true},
+        {"gopSeconds", 1.0},
+    };
+    for (const auto& [tag, value] : values) {
+        Property modifier;
+        modifier["video"].SetChild(tag, value);
+        Preset edited = preset("small");
+        edited.applyQualityModifier(modifier);
+        EXPECT_FALSE(edited.equalsTo(preset("small"))) << tag;
+    }
+}
+
+TEST_F(PresetTest, TwoPassesCountForTheFileOnlyWhereTheModeTakesThem) {
+    Property modifier;
+    modifier["video"].SetChild("twoPass", true);
+    Preset once = preset("large");
+    Preset twice = once;
+    twice.applyQualityModifier(modifier);
+    EXPECT_FALSE(twice.affectsAs(once));
+    once.setVideoBitrateMode(BitrateMode::Quality);
+    twice.setVideoBitrateMode(BitrateMode::Quality);
+    EXPECT_TRUE(twice.affectsAs(once));
+    EXPECT_FALSE(twice.equalsTo(once));
+}
+
+TEST_F(PresetTest, AudioEncoderDataHasTheOptionsOfThePresetAndOfItsContainer) {
+    const QJsonObject options = TestPresets::object("{'cutoff': 18000}");
+    writeCatalogue(TestPresets::edited(TestPresets::smallCatalogue(), "/presets/1/audio/options", options));
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    const Property data = preset("large").audioEncoderData();
+    EXPECT_EQ(data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE]["cutoff"].GetString(), "18000");
+    EXPECT_EQ(data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE]["flags"].GetString(), "+global_header");
 }
 
 TEST_F(PresetTest, AffectsAsLooksPastWhatTheModeLeavesUnused) {
