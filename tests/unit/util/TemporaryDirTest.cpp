@@ -1,8 +1,9 @@
 #include "Kestra/Util/TemporaryDir.h"
-#include "Kestra/Base/Exception.h"
+#include "Kestra/Proc/ProcException.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <boost/exception/get_error_info.hpp>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -77,8 +78,11 @@ TEST(TemporaryDir, ThrowsWithPathAndReasonWhereItCannotBeMade) {
     try {
         const TemporaryDir directory;
         FAIL() << "made in what is no directory";
-    } catch (const Kestra::Exception& exception) {
+    } catch (const Kestra::Proc::ProcException& exception) {
         const std::string what = exception.what();
+        const int* const code = boost::get_error_info<Kestra::TagErrorCode>(exception);
+        ASSERT_TRUE(code);
+        EXPECT_EQ(*code, static_cast<int>(Kestra::Proc::TranscodingError::OutputNotWritable));
         EXPECT_NE(what.find(place.toStdString()), std::string::npos) << what;
         EXPECT_NE(what.find("Not a directory"), std::string::npos) << what;
     }

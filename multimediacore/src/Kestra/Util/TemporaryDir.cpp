@@ -1,6 +1,6 @@
 #include "Kestra/Util/TemporaryDir.h"
 
-#include "Kestra/Base/Exception.h"
+#include "Kestra/Proc/ProcException.h"
 #include <QDir>
 
 namespace Kestra::Util {
@@ -16,8 +16,9 @@ QString pathTemplate() {
 TemporaryDir::TemporaryDir()
     : directory(pathTemplate()) {
     if (!directory.isValid()) {
-        KESTRA_THROW(Exception("cannot create a temporary directory " + pathTemplate().toStdString() + ": " +
-                               directory.errorString().toStdString()));
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::OutputNotWritable,
+                                         "cannot create a temporary directory " + pathTemplate().toStdString() + ": " +
+                                             directory.errorString().toStdString()));
     }
 }
 

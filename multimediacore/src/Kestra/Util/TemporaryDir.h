@@ -11,7 +11,7 @@ namespace Kestra::Util {
 /// Destruction removes it with its content; what cannot be removed stays, silently.
 class KESTRAQT_EXPORT TemporaryDir {
 public:
-    /// Throws Kestra::Exception with the path that was tried and the system's reason.
+    /// Throws ProcException (OutputNotWritable) with the path that was tried and the system's reason.
     TemporaryDir();
     ~TemporaryDir();
     TemporaryDir(const TemporaryDir&) = delete;
