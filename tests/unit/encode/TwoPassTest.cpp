@@ -266,7 +266,9 @@ TEST_P(TwoPassFiles, RefuseMorePicturesThanTheFirstHad) {
 TEST_P(TwoPassFiles, TellOfADiskThatIsFull) {
     const Passes passes(GetParam(), Noise(60));
     const auto failure = passes.FirstWithRoomFor(100);
-    EXPECT_NE(failure.GetCode(), TranscodingError::None);
+    EXPECT_EQ(failure.GetCode(), TranscodingError::DiskFull);
+    EXPECT_NE(failure.GetDescription().find(passes.log), std::string::npos) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find("File too large"), std::string::npos) << failure.GetDescription();
     EXPECT_NE(passes.Second().GetCode(), TranscodingError::None) << "there is no second pass over half a log";
 }
 

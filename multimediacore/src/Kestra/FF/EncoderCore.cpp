@@ -46,7 +46,7 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     Prepare();
     while (!ended && !interrupted) {
         PacketHandle packet;
-        const EncoderLoop::Step step = loop->Receive(packet);
+        const EncoderLoop::Step step = Receive(packet);
         ended = step == EncoderLoop::Step::End;
         if (ended)
             AtEnd();
@@ -61,12 +61,30 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     return nullptr;
 }
 
+EncoderLoop::Step EncoderCore::Receive(PacketHandle& packet) {
+    try {
+        return loop->Receive(packet);
+    } catch (const Proc::ProcException&) {
+        ExplainFailure();
+        throw;
+    }
+}
+
+void EncoderCore::Send(const AVFrame* frame) {
+    try {
+        loop->Send(frame);
+    } catch (const Proc::ProcException&) {
+        ExplainFailure();
+        throw;
+    }
+}
+
 boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::SendNext() {
     const FrameHandle frame = NextFrame();
     // An interrupted source ends early as well; that is not the end to flush at.
     if (interrupted)
         return nullptr;
-    loop->Send(frame.get());
+    Send(frame.get());
     return frame ? AfterSend() : nullptr;
 }
 

@@ -47,12 +47,16 @@ protected:
     virtual boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) = 0;
     /// Called after each frame that was sent: a packet to hand out instead of an encoder's, or null.
     virtual boost::intrusive_ptr<Proc::IDataRaw> AfterSend() { return nullptr; }
+    /// Called when the codec has failed, before that is told: throws where a better reason than the codec's is known.
+    virtual void ExplainFailure() const {}
     /// Called once when the last packet has gone.
     virtual void AtEnd() {}
     virtual void InterruptSource() = 0;
     virtual void ResetSource() = 0;
 
 private:
+    EncoderLoop::Step Receive(PacketHandle& packet);
+    void Send(const AVFrame* frame);
     boost::intrusive_ptr<Proc::IDataRaw> SendNext();
 
     Core::Property description;

@@ -16,7 +16,9 @@ using Proc::TranscodingError;
 StatisticsFile::StatisticsFile(const std::string& path, Mode mode)
     : path(path)
     , mode(mode)
-    , file(std::fopen(path.c_str(), mode == Mode::Write ? "wbe" : "rbe")) {
+    , file(std::fopen(path.c_str(), mode == Mode::Read    ? "rbe"
+                                    : mode == Mode::Write ? "wbe"
+                                                          : "abe")) {
     if (!file)
         Throw("cannot be opened");
 }
@@ -28,7 +30,7 @@ bool StatisticsFile::Exists(const std::string& path) {
 
 void StatisticsFile::Throw(const char* what) const {
     ThrowError(AVERROR(errno),
-               mode == Mode::Write ? TranscodingError::OutputNotWritable : TranscodingError::SourceUnreadable,
+               mode == Mode::Read ? TranscodingError::SourceUnreadable : TranscodingError::OutputNotWritable,
                "The log of the first pass \"" + path + "\" " + what);
 }
 

@@ -13,7 +13,7 @@ namespace Kestra::FF {
 /// SourceUnreadable for one that is read.
 class StatisticsFile {
 public:
-    enum class Mode { Read, Write };
+    enum class Mode { Read, Write, Append };
 
     /// An empty file in the mode Write.
     StatisticsFile(const std::string& path, Mode mode);

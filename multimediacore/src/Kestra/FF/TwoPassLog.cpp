@@ -182,6 +182,16 @@ void TwoPassLog::Complete() {
     TwoPassSeal::Set(path, pictures);
 }
 
+void TwoPassLog::ExplainFailure() const {
+    if (!firstPass || (kind != Kind::X264 && kind != Kind::X265))
+        return;
+    // More than the last block of the file may have room for.
+    constexpr std::size_t TRIAL_BYTES = 65536;
+    StatisticsFile trial(path, StatisticsFile::Mode::Append);
+    trial.Write(std::string(TRIAL_BYTES, '\n'));
+    trial.Close();
+}
+
 /// These do not look whether what they write arrives.
 void TwoPassLog::CountPictures() const {
     std::ifstream lines(path);

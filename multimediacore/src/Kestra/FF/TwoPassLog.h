@@ -33,6 +33,9 @@ public:
     void Note(const AVPacket& packet);
     /// First pass, after the last packet: takes over what the encoder has to say.
     void Collect(const AVCodecContext& context);
+    /// First pass, when the codec has failed: throws when that is because its log cannot be written, which x264 and
+    /// x265 do not say. The log is of no use after this.
+    void ExplainFailure() const;
     /// First pass, when the codec has been closed: everything has been written.
     void Complete();
 

@@ -214,6 +214,11 @@ boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::AfterSend() {
     return new DataRawFF(std::move(mark), TimeBase());
 }
 
+void VideoEncoderCore::ExplainFailure() const {
+    if (log)
+        log->ExplainFailure();
+}
+
 void VideoEncoderCore::AtEnd() {
     if (!log || !log->IsFirstPass())
         return;

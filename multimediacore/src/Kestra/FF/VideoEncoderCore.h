@@ -29,6 +29,7 @@ protected:
     FrameHandle NextFrame() override;
     boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
     boost::intrusive_ptr<Proc::IDataRaw> AfterSend() override;
+    void ExplainFailure() const override;
     void AtEnd() override;
     void InterruptSource() override { stream->Interrupt(); }
     void ResetSource() override;
