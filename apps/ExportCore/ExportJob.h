@@ -83,6 +83,7 @@ private:
 
     void setFailure(const std::exception_ptr& error);
     void collectDamage();
+    void collectNotes();
     bool matters(const Kestra::Proc::DamageReport& report) const;
     void concludeLater();
     void conclude();

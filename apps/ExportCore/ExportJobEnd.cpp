@@ -81,8 +81,10 @@ void ExportJob::conclude() {
     if (ended || check)
         return;
     transcoder.reset();
-    if (project)
+    if (project) {
         collectDamage();
+        collectNotes();
+    }
     if (!failure && !ownStop)
         return checkFile();
     if (transaction)
@@ -114,6 +116,11 @@ void ExportJob::collectDamage() {
         else
             outcome.warnings << QString::fromStdString(sentence);
     }
+}
+
+void ExportJob::collectNotes() {
+    for (const Kestra::Proc::SourceNote& note : project->takeNotes())
+        outcome.notes << QString::fromStdString('"' + note.path.ToUtf8() + "\": " + note.what);
 }
 
 void ExportJob::checkFile() {

@@ -50,7 +50,8 @@ QJsonObject objectOf(const AudioTrackInfo& audio) {
             {key("durationMs"), milliseconds(audio.duration)}};
 }
 
-QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStringList& damage) {
+QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStringList& damage,
+                     const QStringList& notes) {
     QJsonObject object{{key("path"), text(path)},
                        {key("container"), text(info.container)},
                        {key("durationMs"), milliseconds(info.duration)}};
@@ -60,6 +61,8 @@ QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStri
         object.insert(key("audio"), objectOf(*info.audio));
     if (!damage.isEmpty())
         object.insert(key("damage"), QJsonArray::fromStringList(damage));
+    if (!notes.isEmpty())
+        object.insert(key("notes"), QJsonArray::fromStringList(notes));
     return object;
 }
 
@@ -78,14 +81,18 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
 
 void describe(const std::string& path, bool json, QJsonArray& media) {
     const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path));
-    QStringList damage;
+    QStringList damage, notes;
     for (const Kestra::Proc::DamageReport& report : source->TakeDamageReports())
         damage << text(report.what);
+    for (const Kestra::Proc::SourceNote& note : source->TakeNotes())
+        notes << text(note.what);
     if (json)
-        return media.append(objectOf(path, source->GetInfo(), damage));
+        return media.append(objectOf(path, source->GetInfo(), damage, notes));
     std::printf("%s\n", lineOf(path, source->GetInfo()).c_str());
     for (const QString& what : damage)
         std::fprintf(stderr, "editor-export: warning: \"%s\": %s\n", path.c_str(), qUtf8Printable(what));
+    for (const QString& what : notes)
+        std::fprintf(stderr, "editor-export: note: \"%s\": %s\n", path.c_str(), qUtf8Printable(what));
 }
 
 } // namespace

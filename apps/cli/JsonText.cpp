@@ -57,6 +57,8 @@ QJsonObject outcomeObject(const ExportOutcome& outcome) {
     }
     if (!outcome.warnings.isEmpty())
         object.insert(key("warnings"), QJsonArray::fromStringList(outcome.warnings));
+    if (!outcome.notes.isEmpty())
+        object.insert(key("notes"), QJsonArray::fromStringList(outcome.notes));
     return object;
 }
 

@@ -47,20 +47,21 @@ std::string factsText(const ExportFacts& facts) {
     return text + tail;
 }
 
-void printWarnings(const ExportOutcome& outcome) {
+void printLines(const char* kind, const QStringList& lines) {
     constexpr int most = 20;
-    const int count = outcome.warnings.size();
-    for (int i = 0; i < std::min(count, most); ++i)
-        std::fprintf(stderr, "editor-export: warning: %s\n", qUtf8Printable(outcome.warnings[i]));
-    if (count > most)
-        std::fprintf(stderr, "editor-export: warning: and %d more of this kind\n", count - most);
+    for (int i = 0; i < std::min(lines.size(), most); ++i)
+        std::fprintf(stderr, "editor-export: %s: %s\n", kind, qUtf8Printable(lines[i]));
+    if (lines.size() > most)
+        std::fprintf(stderr, "editor-export: %s: and %d more of this kind\n", kind, lines.size() - most);
 }
 
 /// A result goes to standard output; everything else was an error.
 void printOutcome(const ExportOutcome& outcome, ProgressStyle style) {
     const bool json = style == ProgressStyle::Json;
-    if (!json)
-        printWarnings(outcome);
+    if (!json) {
+        printLines("warning", outcome.warnings);
+        printLines("note", outcome.notes);
+    }
     switch (outcome.status) {
     case ExportOutcome::Status::Done:
         std::printf("%s\n", json ? jsonLine(outcomeObject(outcome)).c_str() : factsText(outcome.facts).c_str());

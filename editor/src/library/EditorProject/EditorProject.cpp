@@ -92,6 +92,15 @@ std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {
     return reports;
 }
 
+std::vector<Kestra::Proc::SourceNote> EditorProject::takeNotes() {
+    std::vector<Kestra::Proc::SourceNote> notes;
+    if (d->model.timeline())
+        for (const auto& source : d->model.timeline()->sources())
+            for (Kestra::Proc::SourceNote& note : source->TakeNotes())
+                notes.push_back(std::move(note));
+    return notes;
+}
+
 std::exception_ptr EditorProject::streamError() const {
     return d->error;
 }

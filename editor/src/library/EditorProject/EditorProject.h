@@ -60,6 +60,9 @@ public:
 
     /// Damage that decoding concealed since the last call. May be called while streams are read.
     std::vector<Kestra::Proc::DamageReport> takeDamageReports();
+    /// What was noted about the material since the last call, each thing once a file. May be called while streams are
+    /// read.
+    std::vector<Kestra::Proc::SourceNote> takeNotes();
 
     /// Why the last stream that failed could not be built; null when none failed.
     std::exception_ptr streamError() const;

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/MediaProbe.h"
 #include "Kestra/FF/VideoDecodeStream.h"
+#include <algorithm>
 #include <utility>
 
 namespace Kestra::FF {
@@ -24,6 +25,7 @@ MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupte
     info = probe.GetInfo();
     details = probe.GetDetails();
     reports = std::exchange(details.damage, {});
+    notes = std::exchange(details.notes, {});
 }
 
 boost::intrusive_ptr<Proc::IStreamVideo> MediaSource::CreateVideoStream() {
@@ -50,6 +52,20 @@ void MediaSource::Report(std::int64_t time, const std::string& what, bool incomp
     if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
         return;
     reports.push_back({path, time, what, incomplete});
+}
+
+std::vector<Proc::SourceNote> MediaSource::TakeNotes() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    std::vector<Proc::SourceNote> taken;
+    for (; notesTaken < notes.size(); ++notesTaken)
+        taken.push_back({path, notes[notesTaken]});
+    return taken;
+}
+
+void MediaSource::Note(const std::string& what) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (notes.size() < MAX_REPORTS && std::find(notes.begin(), notes.end(), what) == notes.end())
+        notes.push_back(what);
 }
 
 } // namespace Kestra::FF

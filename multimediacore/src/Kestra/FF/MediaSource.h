@@ -18,10 +18,13 @@ public:
     boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override;
     boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override;
     std::vector<Proc::DamageReport> TakeDamageReports() override;
+    std::vector<Proc::SourceNote> TakeNotes() override;
 
     const TrackDetails& GetDetails() const { return details; }
     /// Thread-safe. Repetitions of the last report within a tenth of a second are dropped.
     void Report(std::int64_t time, const std::string& what, bool incomplete = false);
+    /// Thread-safe. A phrase that has been noted before is dropped.
+    void Note(const std::string& what);
 
 private:
     ioPath path;
@@ -29,6 +32,8 @@ private:
     TrackDetails details;
     std::mutex mutex;
     std::vector<Proc::DamageReport> reports;
+    std::vector<std::string> notes; ///< all that there ever were
+    std::size_t notesTaken = 0;
 };
 
 } // namespace Kestra::FF

@@ -26,6 +26,8 @@ struct TrackDetails {
     std::shared_ptr<const ClockMap> clock;
     /// Damage seen while opening.
     std::vector<Proc::DamageReport> damage;
+    /// Peculiarities seen while opening, each once: SourceNote::what.
+    std::vector<std::string> notes;
 };
 
 } // namespace Kestra::FF

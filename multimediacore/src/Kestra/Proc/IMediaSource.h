@@ -60,6 +60,13 @@ struct DamageReport {
     bool incomplete = false;
 };
 
+/// What a source's streams did to its material because it had to be done, or a peculiarity of it that is no damage.
+struct SourceNote {
+    ioPath path;
+    /// A phrase that goes on after the file's name and a colon: "interlaced, deinterlaced to 25 frames a second".
+    std::string what;
+};
+
 /// Thread-safe but for the streams, which keep IStream's rules. Streams open files of their own, are independent of
 /// each other and keep the source alive.
 class KESTRA_EXPORT IMediaSource : public virtual IRefCountable {
@@ -75,6 +82,8 @@ public:
     virtual boost::intrusive_ptr<IStreamAudio> CreateAudioStream() = 0;
     /// What has been concealed so far by all its streams, at most a thousand entries; takes them.
     virtual std::vector<DamageReport> TakeDamageReports() = 0;
+    /// What opening it and its streams have noted so far, each phrase once in the source's life; takes them.
+    virtual std::vector<SourceNote> TakeNotes() = 0;
 };
 
 } // namespace Kestra::Proc
