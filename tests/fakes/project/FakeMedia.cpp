@@ -151,6 +151,10 @@ FakeMedia::FakeMedia(ioPath path, const Contents& contents, std::shared_ptr<Stre
     }
 }
 
+std::vector<Proc::SourceNote> FakeMedia::TakeNotes() {
+    return {{path, "invented"}};
+}
+
 std::vector<Proc::DamageReport> FakeMedia::TakeDamageReports() {
     Proc::DamageReport report;
     report.path = path;

@@ -77,6 +77,7 @@ public:
     }
     boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(contents, count); }
     std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;
+    std::vector<Kestra::Proc::SourceNote> TakeNotes() override;
 
 private:
     Kestra::ioPath path;

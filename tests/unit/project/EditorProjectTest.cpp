@@ -114,13 +114,17 @@ TEST_F(EditorProjectTest, AFailedOpenChangesNothing) {
     EXPECT_EQ(project->duration(), KTime(6000));
 }
 
-TEST_F(EditorProjectTest, ItTellsItsFilesOnceAndTheirDamage) {
+TEST_F(EditorProjectTest, ItTellsItsFilesOnceTheirDamageAndTheirNotes) {
     auto paths = put({clip(100, 0), clip(50, 0)});
     paths.push_back(paths.front());
     project->open(paths);
     EXPECT_EQ(project->clips().size(), 3U);
     EXPECT_EQ(project->sourcePaths().size(), 2U);
     EXPECT_EQ(project->takeDamageReports().size(), 2U);
+    const auto notes = project->takeNotes();
+    ASSERT_EQ(notes.size(), 2U);
+    EXPECT_NE(notes.front().path.ToUtf8(), notes.back().path.ToUtf8());
+    EXPECT_EQ(notes.front().what, "invented");
 }
 
 TEST_F(EditorProjectTest, TheCompositionsOwnerAnswers) {
