@@ -1,8 +1,9 @@
 // Kestra::FF::PictureRotator: brings pictures upright.
 #pragma once
 
-#include "Kestra/FF/Handles.h"
+#include "Kestra/FF/FilterGraph.h"
 #include "Kestra/FF/TrackShape.h"
+#include <optional>
 
 namespace Kestra::FF {
 
@@ -18,16 +19,9 @@ public:
     static AVPixelFormat OutputFormat(AVPixelFormat picture, Orientation orientation);
 
 private:
-    void Configure(const AVFrame& picture);
-    bool Fits(const AVFrame& picture) const;
-
     Orientation orientation;
-    FilterGraphHandle graph;
-    AVFilterContext* input = nullptr;  ///< owned by the graph
-    AVFilterContext* output = nullptr; ///< owned by the graph
-    int width = 0;
-    int height = 0;
-    int format = -1;
+    std::optional<FilterGraph> graph;
+    int format = -1; ///< of the pictures that the graph is for
 };
 
 } // namespace Kestra::FF
