@@ -86,22 +86,96 @@ TEST(Resampler, SeeksToTheSampleThatItWouldHaveGivenThere) {
         ASSERT_NEAR(samples[index], whole.at(0).at(static_cast<std::size_t>(place + index)), 1e-5);
 }
 
-TEST(Resampler, MixesSurroundDownWithoutClippingOrLosingTheCentre) {
+namespace {
+
+constexpr std::uint32_t STEREO = Conf::CHANNEL_LAYOUT_STEREO;
+constexpr std::uint32_t MONO = Conf::CHANNEL_LAYOUT_MONO;
+
+/// A second in which one channel of `layout` speaks at `loudness`, mixed into `target`.
+std::vector<std::vector<float>> MixOf(std::uint32_t layout, int speaking, double loudness, std::uint32_t target,
+                                      std::int32_t format = Conf::SAMPLE_FORMAT_FLTP) {
+    AudioShape shape;
+    shape.layout = layout;
+    shape.samples = 48000;
+    shape.wave = [=](int channel, std::int64_t index) {
+        return speaking < 0 || channel == speaking ? 2 * loudness * Tone(index, 48000, 440) : 0.0;
+    };
+    Conf::SampleInfo samples;
+    samples.Init(format, 48000, target);
+    return Drain(*Filters().CreateResampler(Filters().CreateResampler(MakeAudio(shape), samples), Target(48000, 0)));
+}
+
+double LevelOf(const std::vector<float>& samples) {
+    double sum = 0;
+    for (std::size_t index = 4800; index < samples.size() - 4800; ++index)
+        sum += static_cast<double>(samples[index]) * samples[index];
+    return std::sqrt(2 * sum / static_cast<double>(samples.size() - 9600));
+}
+
+struct Share {
+    std::uint32_t from;
+    int speaking;
+    std::uint32_t to;
+    double left;
+    double right;
+};
+
+} // namespace
+
+TEST(Resampler, MixesChannelsWithTheirUsualShares) {
+    const double half = std::sqrt(0.5); // of the power
+    for (const Share& share :
+         {Share{Conf::CHANNEL_LAYOUT_5POINT1, 0, STEREO, 1, 0},
+          Share{Conf::CHANNEL_LAYOUT_5POINT1, 2, STEREO, half, half},
+          Share{Conf::CHANNEL_LAYOUT_5POINT1, 3, STEREO, 0, 0}, Share{Conf::CHANNEL_LAYOUT_5POINT1, 4, STEREO, half, 0},
+          Share{Conf::CHANNEL_LAYOUT_7POINT1, 1, STEREO, 0, 1}, Share{Conf::CHANNEL_LAYOUT_7POINT1, 5, STEREO, 0, half},
+          Share{Conf::CHANNEL_LAYOUT_7POINT1, 6, STEREO, half, 0}, Share{STEREO, 0, MONO, half, half},
+          Share{MONO, 0, STEREO, half, half}}) {
+        for (const std::int32_t format : {Conf::SAMPLE_FORMAT_FLTP, Conf::SAMPLE_FORMAT_S16}) {
+            const auto mixed = MixOf(share.from, share.speaking, 0.3, share.to, format);
+            EXPECT_NEAR(LevelOf(mixed.front()) / 0.3, share.left, 0.001) << share.from << ' ' << share.speaking;
+            EXPECT_NEAR(LevelOf(mixed.back()) / 0.3, share.right, 0.001) << share.from << ' ' << share.speaking;
+            EXPECT_EQ(mixed.front().size(), 48000U);
+        }
+    }
+}
+
+TEST(Resampler, LeavesAMixWithoutPeaksToTheSampleWhatItIs) {
+    const auto mixed = MixOf(Conf::CHANNEL_LAYOUT_5POINT1, 2, 0.9, STEREO);
+    for (std::size_t index = 0; index < 48000; ++index)
+        ASSERT_NEAR(mixed[0][index], 1.8 * std::sqrt(0.5) * Tone(static_cast<std::int64_t>(index), 48000, 440), 1e-6);
+}
+
+TEST(Resampler, LimitsPeaksOfAMixInsteadOfClippingThem) {
+    const auto loud = MixOf(Conf::CHANNEL_LAYOUT_5POINT1, -1, 0.7, STEREO);
+    ASSERT_EQ(loud[0].size(), 48000U);
+    float peak = 0;
+    std::size_t flat = 0;
+    for (std::size_t index = 4800; index < 43200; ++index) {
+        peak = std::max(peak, std::abs(loud[0][index]));
+        flat += std::abs(loud[0][index]) > 0.999F;
+    }
+    EXPECT_LE(peak, 1.0F);
+    EXPECT_GT(peak, 0.9F);
+    // A clipped tone of 1.69 is at full scale for 60 % of the time, a limited one for less than a tenth.
+    EXPECT_LT(flat, 3840U);
+}
+
+TEST(Resampler, MixesAfterASeekWhatItMixesWithoutOne) {
     AudioShape shape;
     shape.layout = Conf::CHANNEL_LAYOUT_5POINT1;
-    // Only the centre speaks.
-    shape.wave = [](int channel, std::int64_t index) { return channel == 2 ? Tone(index, 48000, 440) : 0.0; };
-    const auto samples =
-        Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, Conf::CHANNEL_LAYOUT_STEREO)));
-    ASSERT_EQ(samples.size(), 2U);
-    const double left = samples[0][10027] / Tone(10027, 48000, 440);
-    const double right = samples[1][10027] / Tone(10027, 48000, 440);
-    EXPECT_NEAR(left, right, 1e-4);
-    EXPECT_NEAR(left, std::sqrt(0.5) / (1 + 2 * std::sqrt(0.5)), 0.01);
-
-    shape.wave = [](int channel, std::int64_t) { return channel == 3 ? 0.0 : 1.0; };
-    const auto loud = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, Conf::CHANNEL_LAYOUT_STEREO)));
-    EXPECT_LE(loud[0][10000], 1.0001F);
+    shape.samples = 48000 * 4;
+    shape.wave = [](int, std::int64_t index) { return index % 48000 < 4800 ? 1.9 * Tone(index, 48000, 300) : 0.0; };
+    const auto whole = Drain(*Filters().CreateResampler(MakeAudio(shape), Target(48000, STEREO)));
+    const auto sought = Filters().CreateResampler(MakeAudio(shape), Target(48000, STEREO));
+    sought->Prepare();
+    sought->Seek(SamplesToTime(120007, 48000), Proc::SeekMode::Exact);
+    const auto block = sought->ReadAudio();
+    ASSERT_TRUE(block);
+    EXPECT_EQ(block->GetTime(), SamplesToTime(120007, 48000));
+    const auto* samples = reinterpret_cast<const float*>(FF::FrameOf(*block).extended_data[0]);
+    for (std::int64_t index = 0; index < block->GetSampleCount(); ++index)
+        ASSERT_NEAR(samples[index], whole.at(0).at(static_cast<std::size_t>(120007 + index)), 1e-4) << index;
 }
 
 TEST(DurationTrimmer, CutsWhatIsOverAndFillsWhatIsMissing) {

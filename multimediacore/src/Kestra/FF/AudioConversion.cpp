@@ -3,6 +3,7 @@
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/MixDown.h"
 #include <algorithm>
 #include <utility>
 
@@ -21,6 +22,12 @@ AVChannelLayout KnownLayout(const AVChannelLayout& layout) {
     if (layout.order == AV_CHANNEL_ORDER_UNSPEC)
         av_channel_layout_default(&result, layout.nb_channels);
     return result;
+}
+
+// Without its automatic gain, nothing but peaks changes: look-ahead and release in milliseconds.
+std::string LimiterFor(AVSampleFormat format) {
+    return std::string("alimiter=limit=1:level=0:latency=1:attack=5:release=50,aformat=sample_fmts=") +
+           av_get_sample_fmt_name(format);
 }
 
 } // namespace
@@ -73,7 +80,7 @@ void AudioConversion::Settle() {
 void AudioConversion::Reset() {
     source->Reset();
     output = Shape();
-    converter.reset();
+    ForgetConverter();
     queue.Clear();
     position = 0;
     dropBefore = 0;
@@ -143,13 +150,19 @@ void AudioConversion::StartConverter(const AVFrame& block) {
     Check(av_channel_layout_copy(&converterInput->ch_layout, &block.ch_layout), TranscodingError::FilterFailed,
           "channel layout");
     AVChannelLayout input = KnownLayout(block.ch_layout);
+    const bool exceeds = LoudestMix(input, output.layout) > 1;
+    const AVSampleFormat format = exceeds ? AV_SAMPLE_FMT_FLTP : output.format;
     SwrContext* context = nullptr;
-    Check(swr_alloc_set_opts2(&context, &output.layout, output.format, output.rate, &input,
+    Check(swr_alloc_set_opts2(&context, &output.layout, format, output.rate, &input,
                               static_cast<AVSampleFormat>(block.format), block.sample_rate, 0, nullptr),
           TranscodingError::FilterFailed, "the resampler's settings");
     converter.reset(context);
-    // A downmix in floating point would otherwise exceed full scale and be clipped by the encoder.
-    Check(av_opt_set_double(context, "rematrix_maxval", 1.0, 0), TranscodingError::FilterFailed, "rematrix_maxval");
+    if (exceeds) {
+        // In whole numbers libswresample would lower everything to what the loudest possible mix needs.
+        Check(av_opt_set_sample_fmt(context, "internal_sample_fmt", format, 0), TranscodingError::FilterFailed,
+              "the mixer's format");
+        limiter.emplace(LimiterFor(output.format), "Limiting the peaks of mixed channels failed");
+    }
     Check(swr_init(context), TranscodingError::FilterFailed, "the resampler does not start");
 }
 
@@ -158,27 +171,52 @@ void AudioConversion::Convert(const AVFrame& block) {
         StartConverter(block);
     const int room = Check(swr_get_out_samples(converter.get(), block.nb_samples), TranscodingError::FilterFailed,
                            "the resampler's delay");
-    FrameHandle result = MakeSamples(output.format, output.rate, output.layout, std::max(room, 1));
+    FrameHandle result = MakeSamples(ConverterFormat(), output.rate, output.layout, std::max(room, 1));
     const int made = Check(swr_convert(converter.get(), result->extended_data, result->nb_samples,
                                        const_cast<const std::uint8_t**>(block.extended_data), block.nb_samples),
                            TranscodingError::FilterFailed, "resampling");
     result->nb_samples = made;
-    queue.Push(std::move(result));
+    Store(std::move(result));
+}
+
+AVSampleFormat AudioConversion::ConverterFormat() const {
+    return limiter ? AV_SAMPLE_FMT_FLTP : output.format;
+}
+
+void AudioConversion::Store(FrameHandle converted) {
+    if (!limiter || converted->nb_samples == 0)
+        return queue.Push(std::move(converted));
+    limiter->Send(*converted);
+    TakeLimited();
+}
+
+void AudioConversion::TakeLimited() {
+    while (FrameHandle block = limiter->Receive())
+        queue.Push(std::move(block));
 }
 
 void AudioConversion::DrainConverter() {
     if (!converter)
         return;
     for (;;) {
-        FrameHandle result = MakeSamples(output.format, output.rate, output.layout, BLOCK);
+        FrameHandle result = MakeSamples(ConverterFormat(), output.rate, output.layout, BLOCK);
         const int made = Check(swr_convert(converter.get(), result->extended_data, BLOCK, nullptr, 0),
                                TranscodingError::FilterFailed, "the end of resampling");
         result->nb_samples = made;
-        queue.Push(std::move(result));
+        Store(std::move(result));
         if (made < BLOCK)
             break;
     }
+    if (limiter) {
+        limiter->Finish();
+        TakeLimited();
+    }
+    ForgetConverter();
+}
+
+void AudioConversion::ForgetConverter() {
     converter.reset();
+    limiter.reset();
 }
 
 // Input and output samples coincide at whole seconds; from there on, what the converter makes after a seek is sample
@@ -193,7 +231,7 @@ void AudioConversion::Seek(std::int64_t time, Proc::SeekMode) {
     Settle();
     const std::int64_t last = total >= 0 ? total : INT64_MAX;
     const std::int64_t wanted = std::clamp<std::int64_t>(TimeToSamples(time, output.rate), 0, last);
-    converter.reset();
+    ForgetConverter();
     queue.Clear();
     sourceEnded = false;
     dropBefore = AlignedSeek(SamplesToTime(wanted, output.rate));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/FF/FilterGraph.h"
 #include "Kestra/FF/SampleQueue.h"
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include <optional>
@@ -9,7 +10,8 @@
 namespace Kestra::FF {
 
 /// Both the resampler and the trimmer: what the target leaves open stays as the source has it; the length is the
-/// source's or the given one. Blocks that are right already pass untouched.
+/// source's or the given one. Blocks that are right already pass untouched. Channels are mixed with the coefficients of
+/// ITU-R BS.775 and keep their level; peaks that exceed full scale together are limited, and only they.
 class AudioConversion final : public Proc::AudioFilterBase {
 public:
     AudioConversion(boost::intrusive_ptr<Proc::IStreamAudio> source, const Conf::SampleInfo& target,
@@ -36,6 +38,10 @@ private:
     void Convert(const AVFrame& block);
     void StartConverter(const AVFrame& block);
     void DrainConverter();
+    void ForgetConverter();
+    AVSampleFormat ConverterFormat() const;
+    void Store(FrameHandle converted);
+    void TakeLimited();
     bool FitsOutput(const AVFrame& block) const;
     bool FitsConverter(const AVFrame& block) const;
     std::int64_t AlignedSeek(std::int64_t time);
@@ -46,7 +52,8 @@ private:
 
     Shape output;
     SwrContextHandle converter;
-    FrameHandle converterInput; ///< shape of what the converter is set up for
+    FrameHandle converterInput;         ///< shape of what the converter is set up for
+    std::optional<FilterGraph> limiter; ///< behind the converter, where its mix can exceed full scale
     SampleQueue queue;
     std::int64_t position = 0;   ///< samples handed out
     std::int64_t total = -1;     ///< samples in all; -1: as many as come
