@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Error.h"
+#include <algorithm>
 #include <utility>
 
 namespace Kestra::FF {
@@ -103,6 +104,9 @@ void FirstFrames::Keep(PacketHandle packet) {
             continue;
         if (track->firstDecodeTime == TIME_UNKNOWN)
             track->firstDecodeTime = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);
+        const std::int64_t shown = ToEngineTime(packet->pts, demuxer.GetStream(track->index).time_base);
+        if (shown != TIME_UNKNOWN && !(packet->flags & AV_PKT_FLAG_DISCARD))
+            track->firstShown = track->firstShown == TIME_UNKNOWN ? shown : std::min(track->firstShown, shown);
         track->waiting.push_back(std::move(packet));
         return;
     }

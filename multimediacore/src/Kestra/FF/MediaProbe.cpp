@@ -31,6 +31,8 @@ constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
 constexpr std::int64_t EDIT_ROUNDING = TIME_BASE / 500;
 // Enough for every decoder to settle.
 constexpr std::size_t TAIL_PACKETS = 8;
+// Pictures that lead an open group may be lost at the start of any recording; what is held for longer looks frozen.
+constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
 // How much longer than its period a last frame is believed to be.
 constexpr std::int64_t LONGEST_GUESS = TIME_BASE;
 const boost::rational<long long> STILL_RATE(25);
@@ -146,6 +148,7 @@ void MediaProbe::SettleOrigin() {
     details.origin = INT64_MAX;
     for (const Track* track : Tracks())
         details.origin = std::min(details.origin, track->start);
+    SkipUndecodableLead();
     if (audio.index < 0)
         return;
     const AVFrame& first = *audio.first;
@@ -155,6 +158,17 @@ void MediaProbe::SettleOrigin() {
     if (details.audioGrain > 0)
         details.audioPhase =
             (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;
+}
+
+// A recording that was cut out of a longer one need not begin with a keyframe. It begins where it can be shown.
+void MediaProbe::SkipUndecodableLead() {
+    if (video.index < 0 || video.firstShown == TIME_UNKNOWN || video.start - video.firstShown <= LONGEST_LEAD)
+        return;
+    const std::int64_t begin = std::min(details.origin, video.firstShown);
+    // Sound that begins with the pictures that can be shown, or later, had nothing cut off.
+    details.origin = video.start;
+    details.notes.push_back("begins without a keyframe: what lies before the first picture that can be decoded, " +
+                            Seconds(video.start - begin) + ", is left out");
 }
 
 void MediaProbe::JoinClocks() {
@@ -185,6 +199,22 @@ std::int64_t MediaProbe::ClaimedEnd(const Track& track) {
     if (context.duration == AV_NOPTS_VALUE || context.duration <= 0)
         return TIME_UNKNOWN;
     return details.origin + ToEngineTime(context.duration, {1, AV_TIME_BASE});
+}
+
+// The length of a track that an edit list cuts out of the middle is counted in different ways by different files. The
+// table of samples tells what there is.
+std::int64_t MediaProbe::PromisedEnd(const Track& track) {
+    AVStream& stream = demuxer.GetStream(track.index);
+    const std::int64_t claim = ClaimedEnd(track);
+    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) != 0 || stream.nb_frames <= 0)
+        return claim;
+    for (int index = avformat_index_get_entries_count(&stream) - 1; index >= 0; --index) {
+        const AVIndexEntry& entry = *avformat_index_get_entry(&stream, index);
+        const std::int64_t listed = ToEngineTime(entry.timestamp, stream.time_base);
+        if (!(entry.flags & AVINDEX_DISCARD_FRAME))
+            return listed + SHORTAGE < claim ? listed : claim;
+    }
+    return claim;
 }
 
 void MediaProbe::FindEnds() {
@@ -364,8 +394,8 @@ void MediaProbe::DescribeAudio() {
     track.sampleFormat = FromAv(static_cast<AVSampleFormat>(first.format));
     if (track.sampleFormat == Conf::SAMPLE_FORMAT_UNKNOWN)
         track.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
-    track.start = audio.start - details.origin;
-    track.duration = audio.end - audio.start;
+    track.start = std::max<std::int64_t>(audio.start - details.origin, 0);
+    track.duration = std::max<std::int64_t>(audio.end - details.origin - track.start, 0);
     info.duration = std::max(info.duration, audio.end - details.origin);
     info.audio = track;
 }
@@ -379,7 +409,7 @@ void MediaProbe::ReportShortage() {
     for (const Track* track : Tracks()) {
         const AVStream& stream = demuxer.GetStream(track->index);
         if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0)
-            claim = std::max(claim, ClaimedEnd(*track) - details.origin);
+            claim = std::max(claim, PromisedEnd(*track) - details.origin);
     }
     // The container's own length may be that of its subtitles.
     if (claim == 0 && info.otherTracks == 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM &&

@@ -31,6 +31,7 @@ private:
     void DecodeTail(Track& track);
     void Drop(Track& track, const std::string& reason);
     void SettleOrigin();
+    void SkipUndecodableLead();
     /// Of recordings that were put behind each other, the parts are joined.
     void JoinClocks();
     void FindEnds();
@@ -47,6 +48,8 @@ private:
     void DescribeAudio();
     void ReportShortage();
     std::int64_t ClaimedEnd(const Track& track);
+    /// The claim, but no more than the file's table of samples holds.
+    std::int64_t PromisedEnd(const Track& track);
     std::vector<Track*> Tracks();
 
     ioPath path;
