@@ -8,7 +8,7 @@
 #include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
-#include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/PresetSelection.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
 #include "Kestra/Base/Time.h"
@@ -75,12 +75,12 @@ void ExportJob::prepare() {
 }
 
 void ExportJob::selectPreset() {
-    const PresetCatalogue catalogue;
-    const Preset preset = catalogue.preset(request.presetId);
-    provider = std::make_unique<Export::PresetProvider>(nullptr);
-    provider->selectTag(catalogue.tagsOf(preset.id()).front());
-    provider->selectPreset(preset.id());
+    provider = PresetSelection::makeProvider();
+    if (const std::string warning = provider->catalogueWarning(); !warning.empty())
+        outcome.warnings << QString::fromStdString(warning);
+    PresetSelection::select(*provider, request.presetId);
     presetEdit = RequestCheck::presetEdit(request, *provider);
+    RequestCheck::outputName(request, provider->preset());
 }
 
 void ExportJob::openInputs() {

@@ -19,7 +19,7 @@ struct ExportOutcome {
     Status status = Status::Failed;
     Kestra::Proc::ProcessingError error; ///< when refused or failed; its code is Stalled, too, when a stopped run hangs
     ExportFacts facts;                   ///< when done
-    QStringList warnings;                ///< damage in the inputs that was concealed, one sentence each
+    QStringList warnings;                ///< what the user should know of inputs and presets, one sentence each
     QStringList notes; ///< what was done to the material, or left out, beyond the order; one line each
 };
 

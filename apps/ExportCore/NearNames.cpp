@@ -1,6 +1,7 @@
 #include "ExportCore/NearNames.h"
 
 #include "ExportCore/NameList.h"
+#include "ExportCore/Refusal.h"
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -54,6 +55,10 @@ std::vector<std::string> NearNames::find(const std::string& wanted, const std::v
 std::string NearNames::question(const std::string& wanted, const std::vector<std::string>& known) {
     const std::vector<std::string> near = find(wanted, known);
     return near.empty() ? std::string() : "; did you mean " + NameList::joined(near, " or ") + '?';
+}
+
+void NearNames::refuseUnknown(const char* what, const std::string& name, const std::vector<std::string>& known) {
+    KESTRA_THROW(Refusal(std::string("There is no ") + what + " \"" + name + '"' + question(name, known)));
 }
 
 } // namespace ExportCore

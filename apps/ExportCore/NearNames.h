@@ -19,6 +19,10 @@ struct EXPORTCORE_EXPORT NearNames {
     /// "; did you mean a, b or c?" with those names; empty when none is near.
     static std::string question(const std::string& wanted, const std::vector<std::string>& known);
 
+    /// Throws Refusal: There is no `what` "name", with that question.
+    [[noreturn]] static void refuseUnknown(const char* what, const std::string& name,
+                                           const std::vector<std::string>& known);
+
     NearNames() = delete;
 };
 

@@ -3,6 +3,7 @@
 
 #include "EditorPreset/PresetStorage.h"
 #include "ExportCoreExport.h"
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ class EXPORTCORE_EXPORT PresetCatalogue {
 public:
     /// Reads the catalogue that the settings name. Throws Refusal with file, place and reason when it is malformed.
     PresetCatalogue();
+    /// Why the user's own presets are left out; empty when they are not, or when there are none.
+    const std::string& warning() const { return storage.warning(); }
 
     /// Every id once, in catalogue order.
     const std::vector<std::string>& ids() const { return known; }
@@ -30,6 +33,8 @@ public:
 private:
     PresetStorage storage;
     std::vector<std::string> known;
+    std::map<std::string, std::vector<std::string>> tagsById;
+    std::map<std::string, std::vector<std::string>> idsByTag;
 };
 
 } // namespace ExportCore

@@ -3,8 +3,11 @@
 #include "Export/PresetProvider.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -15,9 +18,12 @@
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace ExportCore {
 namespace {
+
+using Kestra::ClientAPI::ContainerLimits;
 
 [[noreturn]] void refuse(const std::string& what) {
     KESTRA_THROW(Refusal(what));
@@ -108,6 +114,35 @@ QByteArray placeOfNew(const QByteArray& output) {
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
 }
 
+/// In lower case, without the dot; empty where the name has none. A dot in front hides a file, it begins no extension.
+std::string extensionOf(const QByteArray& path) {
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    const int dot = name.lastIndexOf('.');
+    return dot <= 0 ? std::string() : name.mid(dot + 1).toLower().toStdString();
+}
+
+bool isCalled(const Preset& preset, const std::string& extension) {
+    const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
+    return std::find(usual.begin(), usual.end(), extension) != usual.end();
+}
+
+/// Those of the same media and size first.
+std::vector<std::string> presetsFor(const std::string& extension, const Preset& like) {
+    std::vector<std::pair<int, std::string>> fitting;
+    const PresetCatalogue catalogue;
+    for (const std::string& id : catalogue.ids()) {
+        const Preset preset = catalogue.preset(id);
+        if (isCalled(preset, extension))
+            fitting.emplace_back(
+                (preset.hasVideo() == like.hasVideo() ? 0 : 2) + (preset.maxHeight() == like.maxHeight() ? 0 : 1), id);
+    }
+    std::stable_sort(fitting.begin(), fitting.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<std::string> ids;
+    for (std::size_t i = 0; i < std::min<std::size_t>(fitting.size(), 3); ++i)
+        ids.push_back(fitting[i].second);
+    return ids;
+}
+
 void requireQuality(const std::string& name, const Export::PresetProvider& provider) {
     const std::set<std::string> known = provider.qualityModifiers();
     if (known.count(name) != 0)
@@ -146,6 +181,9 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     const QByteArray output = request.outputPath.toUtf8();
     if (output.isEmpty())
         refuse("No output file was given");
+    if (output == "-")
+        refuse("Cannot write \"-\": standard output is no place for an export, which is a file that is checked when it "
+               "is complete");
     OutputTarget target;
     target.replace = request.overwrite;
     if (const auto state = stateOf(output)) {
@@ -167,6 +205,18 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     target.folder = folderOf(target.path);
     checkFolder(target.folder, output);
     return target;
+}
+
+void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {
+    const QByteArray output = request.outputPath.toUtf8();
+    const std::string extension = extensionOf(output);
+    if (!ContainerLimits::IsKnownExtension(extension) || isCalled(preset, extension))
+        return;
+    const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
+    const std::vector<std::string> fitting = presetsFor(extension, preset);
+    refuse("Cannot write " + quoted(output) + ": the preset \"" + preset.id() + "\" writes ." +
+           NameList::joined(usual, " or .", ", .") + ", not ." + extension +
+           (fitting.empty() ? "; no preset writes that" : "; presets that do: " + NameList::joined(fitting, " or ")));
 }
 
 PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::PresetProvider& provider) {

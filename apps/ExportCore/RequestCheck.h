@@ -6,14 +6,19 @@
 #include "ExportCore/PresetEdit.h"
 #include "ExportCoreExport.h"
 
+class Preset;
+
 namespace ExportCore {
 
 /// Every operation throws Refusal for what it does not accept. Nothing is opened, made or changed.
 struct EXPORTCORE_EXPORT RequestCheck {
     /// Each a regular file that can be read and is not empty; at least one.
     static void inputs(const QStringList& inputs);
-    /// Not one of the inputs (through links neither), and a place where a regular file can be put.
+    /// Not one of the inputs (through links neither), not standard output, and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
+    /// The output's name promises no other kind of file than the preset writes. A name without extension, or with one
+    /// that stands for nothing, promises none.
+    static void outputName(const ExportRequest& request, const Preset& preset);
     /// What the request wants changed in the preset that the provider has selected: a quality that the preset has, and
     /// settings that read well and fit it.
     static PresetEdit presetEdit(const ExportRequest& request, const Export::PresetProvider& provider);

@@ -62,12 +62,17 @@ void printLines(const std::vector<std::string>& ids, const PresetCatalogue& cata
 
 int listPresets(const Options& options) {
     const PresetCatalogue catalogue;
+    if (!catalogue.warning().empty() && !options.json)
+        std::fprintf(stderr, "editor-export: warning: %s\n", catalogue.warning().c_str());
     const std::vector<std::string> ids = options.tag ? catalogue.idsOf(*options.tag) : catalogue.ids();
     if (options.json) {
         QJsonArray presets;
         for (const std::string& id : ids)
             presets.append(objectOf(catalogue.preset(id), catalogue));
-        std::printf("%s\n", jsonLine(QJsonObject{{key("presets"), presets}}).c_str());
+        QJsonObject list{{key("presets"), presets}};
+        if (!catalogue.warning().empty())
+            list.insert(key("warnings"), QJsonArray{QString::fromStdString(catalogue.warning())});
+        std::printf("%s\n", jsonLine(list).c_str());
         return EXIT_DONE;
     }
     printLines(ids, catalogue);

@@ -1,4 +1,5 @@
 #include "ExportCore/RequestCheck.h"
+#include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
@@ -246,6 +247,43 @@ TEST_F(Request, TheExportRangeLiesInsideWhatIsExported) {
     EXPECT_REFUSED(RequestCheck::streamRange(request, KTime(4000)), "lies outside what is exported");
     request.exportRange = {KTime(500), KTime(400)};
     EXPECT_REFUSED(RequestCheck::ranges(request), "is empty");
+}
+
+TEST_F(Request, StandardOutputIsNoPlaceForAnExport) {
+    request.outputPath = QStringLiteral("-");
+    EXPECT_REFUSED(check(), "Cannot write \"-\": standard output is no place");
+    request.outputPath = QStringLiteral("./-");
+    EXPECT_NO_THROW(check()) << "a file may be called so";
+}
+
+class OutputName : public Request {
+protected:
+    std::string refusalFor(const char* preset, const std::string& name) {
+        request.outputPath = QString::fromStdString(folder / name);
+        return refusalOf([&] { RequestCheck::outputName(request, ExportCore::PresetCatalogue().preset(preset)); });
+    }
+};
+
+TEST_F(OutputName, OfAnotherKindIsRefusedWithThePresetsThatFit) {
+    EXPECT_EQ(refusalFor("mp4-h264-1080p", "film.webm"),
+              "Cannot write \"" + folder / "film.webm" +
+                  "\": the preset \"mp4-h264-1080p\" writes .mp4 or .m4v, not .webm; presets that do: "
+                  "webm-vp9-1080p, webm-vp9-1080p-2pass or webm-vp9-720p");
+    EXPECT_NE(refusalFor("mp3", "x.wav").find("the preset \"mp3\" writes .mp3, not .wav; presets that do: wav"),
+              std::string::npos);
+    EXPECT_NE(refusalFor("mp3", "x.MP4").find("not .mp4; presets that do: "), std::string::npos);
+    EXPECT_NE(refusalFor("mp4-h264-720p", "film.avi").find("not .avi; no preset writes that"), std::string::npos);
+    EXPECT_NE(refusalFor("mp4-h264-720p", "film.m4a").find("not .m4a; presets that do: m4a-aac"), std::string::npos);
+}
+
+TEST_F(OutputName, OfItsOwnKindOrOfNoneIsAccepted) {
+    for (const char* const name : {"film.mp4", "film.m4v", "FILM.MP4", "film", "film.", "film.v2", "2024.11.22", ".mp3",
+                                   "of.webm/film", "film.webm.part"})
+        EXPECT_EQ(refusalFor("mp4-h264-720p", name), "") << name;
+    EXPECT_EQ(refusalFor("mkv-ffv1-flac", "film.mkv"), "");
+    EXPECT_EQ(refusalFor("mov-prores-1080p", "film.qt"), "");
+    EXPECT_EQ(refusalFor("m4a-aac", "x.m4a"), "");
+    EXPECT_EQ(refusalFor("wav", "x.wave"), "");
 }
 
 } // namespace

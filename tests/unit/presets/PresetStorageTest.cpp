@@ -113,11 +113,31 @@ TEST_F(PresetStorageTest, TheUsersTagsMayNameInstalledPresets) {
     EXPECT_EQ(storage.defaultPresetIndex("mine"), 1u);
 }
 
-TEST_F(PresetStorageTest, ABrokenFileOfTheUserIsRefusedByItsName) {
+TEST_F(PresetStorageTest, ABrokenFileOfTheUserIsLeftOutAndNamed) {
     writeCatalogue(smallCatalogue());
     ASSERT_TRUE(load(storage));
-    write(Settings::userPresetFilePath(), "{");
-    EXPECT_FALSE(load(storage));
-    EXPECT_EQ(storage.lastError().find(Settings::userPresetFilePath().toStdString()), 0u) << storage.lastError();
-    EXPECT_TRUE(storage.isPresetExists("large"));
+    EXPECT_EQ(storage.warning(), "");
+    const std::string start = "Your own presets are left out: " + Settings::userPresetFilePath().toStdString() + ": ";
+    for (const char* const broken :
+         {"{", "{\"version\": 1, \"presets\": [{\"id\": \"mine\", \"container\": {\"id\": \"avi\"}}]}"}) {
+        write(Settings::userPresetFilePath(), broken);
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        EXPECT_EQ(storage.warning().find(start), 0u) << storage.warning();
+        EXPECT_EQ(storage.tags(), (std::deque<std::string>{"video", "audio"}));
+        EXPECT_TRUE(storage.isPresetExists("large"));
+        EXPECT_FALSE(storage.isPresetExists("mine"));
+    }
+    EXPECT_NE(storage.warning().find("/presets/0/container/id"), std::string::npos) << storage.warning();
+    ASSERT_TRUE(QFile::remove(Settings::userPresetFilePath()));
+    ASSERT_TRUE(load(storage));
+    EXPECT_EQ(storage.warning(), "");
+}
+
+TEST_F(PresetStorageTest, TheUsersModifiersAreThoseOfTheirPreset) {
+    writeCatalogue(smallCatalogue());
+    writeOwn("{'version': 1, 'presets': [{'id': 'large', 'container': {'id': 'mkv'}, 'video': {'codec': 'vp9'},"
+             " 'qualityModifiers': {'tiny': {'video': {'multiplier': 0.125}}}}]}");
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.qualityModifierTags("large"), std::set<std::string>{"tiny"});
+    EXPECT_EQ(storage.qualityModifierData("large", "tiny").ToString(), "video/multiplier = 0.125\n");
 }

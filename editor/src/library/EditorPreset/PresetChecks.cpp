@@ -1,62 +1,30 @@
 #include "EditorPreset/PresetChecks.h"
 #include "EditorPreset/PresetTags.h"
-#include <algorithm>
-#include <vector>
+#include "Kestra/ClientAPI/ContainerLimits.h"
 
 namespace EditorPreset {
 
 namespace {
 
+using Kestra::ClientAPI::ContainerLimits;
 using Kestra::Conf::CodecID;
 
-struct Container {
-    const char* id;
-    std::vector<CodecID> video;
-    std::vector<CodecID> audio;
-};
-
-/// The pairs that players and editors really read, not all that a muxer would write.
-const std::vector<Container>& containers() {
-    static const std::vector<Container> table = {
-        {"mp4",
-         {CodecID::H264, CodecID::HEVC, CodecID::AV1, CodecID::VP9, CodecID::MPEG4, CodecID::MPEG2},
-         {CodecID::AAC, CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC}},
-        {"mov",
-         {CodecID::H264, CodecID::HEVC, CodecID::ProRes, CodecID::DNxHD, CodecID::MJPEG, CodecID::MPEG4},
-         {CodecID::AAC, CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3}},
-        {"webm", {CodecID::VP9, CodecID::VP8, CodecID::AV1}, {CodecID::Opus, CodecID::Vorbis}},
-        {"mkv",
-         {CodecID::H264, CodecID::HEVC, CodecID::VP9, CodecID::AV1, CodecID::VP8, CodecID::MPEG4, CodecID::MPEG2,
-          CodecID::FFV1, CodecID::MJPEG, CodecID::ProRes},
-         {CodecID::AAC, CodecID::Opus, CodecID::MP3, CodecID::FLAC, CodecID::PCM_S16LE, CodecID::PCM_S24LE,
-          CodecID::Vorbis, CodecID::AC3, CodecID::ALAC}},
-        {"m4a", {}, {CodecID::AAC, CodecID::ALAC}},
-        {"mp3", {}, {CodecID::MP3}},
-        {"flac", {}, {CodecID::FLAC}},
-        {"wav", {}, {CodecID::PCM_S16LE, CodecID::PCM_S24LE}},
-    };
-    return table;
-}
-
-void checkCodec(const std::string& container, const std::vector<CodecID>& allowed, CodecID codec,
-                const JsonPlace& place) {
-    if (std::find(allowed.begin(), allowed.end(), codec) == allowed.end())
+void checkCodec(const std::string& container, CodecID codec, const JsonPlace& place) {
+    if (!ContainerLimits::Holds(container, codec))
         place.at(TAG_CODEC).refuse("the container \"" + container + "\" does not hold \"" +
                                    Kestra::Conf::CodecIDToString(codec) + "\"");
 }
 
 void checkStreams(const Preset& preset, const JsonPlace& place) {
+    const std::string container = preset.containerId();
     if (!preset.hasVideo() && !preset.hasAudio())
         place.refuse("has neither video nor audio");
-    const auto found = std::find_if(containers().begin(), containers().end(), [&preset](const Container& container) {
-        return preset.containerId() == container.id;
-    });
-    if (found == containers().end())
-        place.at(TAG_CONTAINER).refuse("unknown container \"" + preset.containerId() + "\"");
+    if (!ContainerLimits::IsContainer(container))
+        place.at(TAG_CONTAINER).refuse("unknown container \"" + container + "\"");
     if (preset.hasVideo())
-        checkCodec(found->id, found->video, preset.videoCodec(), place.at(TAG_VIDEO));
+        checkCodec(container, preset.videoCodec(), place.at(TAG_VIDEO));
     if (preset.hasAudio())
-        checkCodec(found->id, found->audio, preset.audioCodec(), place.at(TAG_AUDIO));
+        checkCodec(container, preset.audioCodec(), place.at(TAG_AUDIO));
 }
 
 /// Codecs whose quality is their profile, so that the mode needs no number.

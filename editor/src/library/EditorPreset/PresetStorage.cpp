@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QString>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -16,12 +17,17 @@ const Catalogue::Tag* findTag(const Catalogue& catalogue, const std::string& nam
     return found == catalogue.tags.end() ? nullptr : &*found;
 }
 
-Catalogue readEverything(const QString& path) {
-    Catalogue catalogue = EditorPreset::readCatalogue(path);
+/// Lays the user's own presets over the installed ones. Returns why they were left out; empty when they were not.
+std::string overlayOwn(Catalogue& catalogue) {
     const QString own = Settings::userPresetFilePath();
-    if (QFileInfo::exists(own))
-        return EditorPreset::readOverlay(own, catalogue, PresetStorage::TAG_OWN_PRESETS);
-    return catalogue;
+    if (!QFileInfo::exists(own))
+        return {};
+    try {
+        catalogue = EditorPreset::readOverlay(own, catalogue, PresetStorage::TAG_OWN_PRESETS);
+        return {};
+    } catch (const Kestra::Exception& refusal) {
+        return std::string("Your own presets are left out: ") + refusal.what();
+    }
 }
 
 } // namespace
@@ -30,7 +36,9 @@ const char* const PresetStorage::TAG_OWN_PRESETS = "own-presets";
 
 bool PresetStorage::loadPresets(const Kestra::ioPath& path) {
     try {
-        catalogue = readEverything(QString::fromStdString(path.ToUtf8()));
+        Catalogue read = EditorPreset::readCatalogue(QString::fromStdString(path.ToUtf8()));
+        ownError = overlayOwn(read);
+        catalogue = std::move(read);
     } catch (const Kestra::Exception& refusal) {
         error = refusal.what();
         return false;

@@ -17,11 +17,16 @@ public:
 
     /// Replaces the content by that of the catalogue file, overlaid by the user's own presets
     /// (Settings::userPresetFilePath) where that file exists: by id for presets, by name for tags. Returns false when
-    /// either cannot be read or is not a valid catalogue; the content is then what it was before, and lastError() says
-    /// why. Does not throw but for lack of memory.
+    /// the catalogue cannot be read or is not a valid one; the content is then what it was before, and lastError() says
+    /// why. Own presets that are not valid are left out, all of them, and warning() says why. Does not throw but for
+    /// lack of memory.
     bool loadPresets(const Kestra::ioPath& path);
     /// "file: /json/pointer: reason" of the last loadPresets; empty after a success.
     const std::string& lastError() const { return error; }
+
+    /// Why the last successful loadPresets left out the user's own presets, a sentence with "file: /json/pointer:
+    /// reason"; empty when it did not.
+    const std::string& warning() const { return ownError; }
 
     /// In catalogue order.
     std::deque<std::string> tags() const;
@@ -41,4 +46,5 @@ public:
 private:
     EditorPreset::Catalogue catalogue;
     std::string error;
+    std::string ownError;
 };

@@ -37,6 +37,9 @@ public:
     explicit PresetProvider(QObject* parent);
     ~PresetProvider() override;
 
+    /// Why the user's own presets are left out of the catalogue, with file and place; empty when they are not.
+    std::string catalogueWarning() const { return storage.warning(); }
+
     /// Restores the last used tag and preset and fills the model; the first tag and its default preset where nothing
     /// was remembered or is no more.
     void load();
