@@ -24,8 +24,35 @@ TEST(SamplePlacement, OneWrongTimestampIsJitter) {
     EXPECT_EQ(PlaceNext({{11024, 1024}, {11024, 1024}, {12048, 1024}}, 10000, RATE), 10000);
 }
 
-TEST(SamplePlacement, AJumpOfHalfASecondIsNoJitter) {
-    EXPECT_EQ(PlaceNext({{40000, 1024}, {11024, 1024}}, 10000, RATE), 40000);
+TEST(SamplePlacement, OneTimestampThatIsFarOffIsNoGap) {
+    EXPECT_EQ(PlaceNext({{40000, 1024}, {11024, 1024}, {12048, 1024}}, 10000, RATE), 10000);
+    EXPECT_EQ(PlaceNext({{40000, 1024}, {41024, 1024}, {42048, 1024}}, 10000, RATE), 40000);
+}
+
+TEST(SamplePlacement, WhatComesAfterAGapDoesNotMoveWhatComesBeforeIt) {
+    EXPECT_EQ(PlaceNext({{10700, 1024}, {16024, 1024}, {17048, 1024}}, 10000, RATE), 10000);
+}
+
+TEST(SamplePlacement, JitterIsNoGap) {
+    const std::vector<TimedBlock> blocks{{10900, 1024}, {11900, 1024}, {12900, 1024}, {13000, 1024}, {14100, 1024}};
+    EXPECT_EQ(PlaceNext(blocks, 10000, RATE), 10900);
+    EXPECT_EQ(PlaceNext(blocks, 10000, RATE, {0, 300}), 10000);
+}
+
+TEST(SamplePlacement, AGapIsFoundInJitterWithItsMeanLength) {
+    EXPECT_EQ(
+        PlaceNext({{15300, 1024}, {15724, 1024}, {17048, 1024}, {18372, 1024}, {18796, 1024}}, 10000, RATE, {0, 600}),
+        15000);
+}
+
+TEST(SamplePlacement, ADriftThatIsKnownIsNoGap) {
+    const std::vector<TimedBlock> blocks{{10700, 1024}, {11724, 1024}, {12748, 1024}};
+    EXPECT_EQ(PlaceNext(blocks, 10000, RATE), 10700);
+    EXPECT_EQ(PlaceNext(blocks, 10000, RATE, {500, 0}), 10000);
+}
+
+TEST(SamplePlacement, TheFirstOfJitteryBlocksIsPutWhereAllOfThemMean) {
+    EXPECT_EQ(PlaceFirstOfJittery({{1300, 1024}, {1724, 1024}, {3048, 1024}, {4372, 1024}, {4796, 1024}}), 1000);
 }
 
 TEST(SamplePlacement, TheFirstBlockIsPutWhereTwoAgreeEarliest) {

@@ -2,7 +2,9 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
+#include "Kestra/FF/Wording.h"
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -10,8 +12,12 @@ namespace Kestra::FF {
 
 namespace {
 
-constexpr std::size_t LOOK_AHEAD = 5;
+// In time, not in blocks: those of Vorbis can last 3 ms.
+constexpr std::int64_t LOOK_AHEADS_PER_SECOND = 2;
 constexpr std::size_t ANCHOR_BLOCKS = 12;
+constexpr std::int64_t ANCHORS_PER_SECOND = 4;
+// Where timestamps jitter, an anchor has to average many.
+constexpr std::int64_t JITTERY_ANCHOR_SECONDS = 2;
 // Codecs settle over the blocks before the target: overlaps, bit reservoirs, predictors.
 constexpr std::int64_t PREROLL = 3 * TIME_BASE / 10;
 // Times within an Ogg page are counted from its ends: right ones are sure only after the next page has begun.
@@ -24,6 +30,17 @@ constexpr std::int64_t COARSE_CLOCK = 8;
 constexpr std::int64_t SILENCE_BLOCK = 8192;
 // An end that is missing by less is a matter of rounding.
 constexpr std::int64_t MISSING_END = TIME_BASE / 20;
+// A gap so near to damage comes of it.
+constexpr std::int64_t DAMAGE_REACH = TIME_BASE;
+constexpr int MAX_GAPS_TOLD = 20;
+// Opus need not store silence; it then has a packet every 0.4 s.
+constexpr std::int64_t UNSTORED_SILENCE = TIME_BASE / 2;
+
+std::string ShapeText(int rate, const AVChannelLayout& layout) {
+    std::array<char, 128> name{};
+    av_channel_layout_describe(&layout, name.data(), name.size());
+    return std::to_string(rate) + " Hz, " + name.data();
+}
 
 } // namespace
 
@@ -61,6 +78,7 @@ void AudioDecodeStream::Prepare() {
     AVChannelLayout layout = ToAvLayout(track.channelLayout, track.channels);
     normaliser = std::make_unique<SampleNormaliser>(ToAv(static_cast<Conf::SampleFormats>(track.sampleFormat)),
                                                     track.sampleRate, layout);
+    drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
     demuxer = std::move(file);
 }
 
@@ -70,7 +88,7 @@ void AudioDecodeStream::Seek(std::int64_t time, Proc::SeekMode) {
 
 void AudioDecodeStream::Reset() {
     interrupted = false;
-    blocks.clear();
+    ForgetBlocks();
     anchored = false;
     pendingSeek = 0;
 }
@@ -95,19 +113,27 @@ boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::ReadAudio() {
 }
 
 bool AudioDecodeStream::SupplyPacket(AVPacket& packet) {
-    if (demuxer->Read(packet))
+    if (demuxer->Read(packet)) {
+        if (packet.flags & AV_PKT_FLAG_CORRUPT)
+            lastDamage = TimeOf(packet.pts);
         return true;
+    }
     if (!demuxer->GetTrouble().empty())
         source->Report(SamplesToTime(flow, track.sampleRate), "Reading ended early: " + demuxer->GetTrouble(), true);
     return false;
 }
 
+// In the stream; where decoding is when there is no timestamp.
+std::int64_t AudioDecodeStream::TimeOf(std::int64_t timestamp) const {
+    const std::int64_t time = ToEngineTime(timestamp, demuxer->GetStream(track.index).time_base);
+    return time == TIME_UNKNOWN ? SamplesToTime(EndOfBlocks(), track.sampleRate) : time - source->GetDetails().origin;
+}
+
 void AudioDecodeStream::OnDamage(std::int64_t timestamp, const std::string& reason) {
     if (settling)
         return;
-    const std::int64_t time = ToEngineTime(timestamp, demuxer->GetStream(track.index).time_base);
-    source->Report(time == TIME_UNKNOWN ? SamplesToTime(flow, track.sampleRate) : time - source->GetDetails().origin,
-                   "A block of sound could not be decoded: " + reason);
+    lastDamage = TimeOf(timestamp);
+    source->Report(lastDamage, "A block of sound could not be decoded: " + reason);
 }
 
 // How far a timestamp may be off the sample that it means.
@@ -123,12 +149,13 @@ std::int64_t AudioDecodeStream::Rounding() const {
 std::int64_t AudioDecodeStream::PlaceOf(const AVFrame& frame) {
     const std::int64_t time = ToEngineTime(frame.best_effort_timestamp, demuxer->GetStream(track.index).time_base);
     if (time == TIME_UNKNOWN)
-        return blocks.empty() ? flow : blocks.back().place + blocks.back().frame->nb_samples;
+        return EndOfBlocks() + normaliser->GetDelay();
     const TrackDetails& details = source->GetDetails();
     const std::int64_t place = TimeToSamples(time - details.origin, track.sampleRate);
     // The very first block may be cut at its start; its place is where the track begins.
     const bool first = !anchored && !settling && blocks.empty();
-    const bool offGrid = details.grainOfContainer && frame.nb_samples > details.audioGrain;
+    const bool offGrid =
+        frame.sample_rate != track.sampleRate || (details.grainOfContainer && frame.nb_samples > details.audioGrain);
     return first || offGrid ? place : SnapToGrain(place, details.audioPhase, details.audioGrain, Rounding());
 }
 
@@ -136,46 +163,121 @@ bool AudioDecodeStream::DecodeBlock() {
     FrameHandle frame = decoder->Next();
     if (!frame) {
         drained = true;
+        Keep(normaliser->Drain(), EndOfBlocks());
         return false;
     }
     if (frame->nb_samples <= 0)
         return true;
-    Block block;
-    block.place = PlaceOf(*frame);
-    block.frame = normaliser->Normalise(std::move(frame));
-    if (block.frame->nb_samples > 0)
-        blocks.push_back(std::move(block));
+    if (!normaliser->HasShape(*frame))
+        TellChange(*frame);
+    const std::int64_t place = PlaceOf(*frame);
+    for (SampleNormaliser::Piece& piece : normaliser->Normalise(std::move(frame)))
+        Keep(std::move(piece.samples), piece.isRest ? EndOfBlocks() : place - piece.early);
     return true;
 }
 
-void AudioDecodeStream::LookAhead(std::size_t count) {
-    while (!drained && blocks.size() < count && !interrupted)
+void AudioDecodeStream::Keep(FrameHandle samples, std::int64_t place) {
+    if (!samples || samples->nb_samples <= 0)
+        return;
+    decodedAhead += samples->nb_samples;
+    blocks.push_back({std::move(samples), place});
+}
+
+void AudioDecodeStream::ForgetBlocks() {
+    blocks.clear();
+    decodedAhead = 0;
+    front.reset();
+    if (normaliser)
+        normaliser->Reset();
+    if (drift)
+        drift->Settle();
+}
+
+std::int64_t AudioDecodeStream::EndOfBlocks() const {
+    return blocks.empty() ? flow : blocks.back().place + blocks.back().frame->nb_samples;
+}
+
+void AudioDecodeStream::LookAhead(std::size_t count, std::int64_t samples) {
+    while (!drained && (blocks.size() < count || decodedAhead < samples) && !interrupted)
         DecodeBlock();
+}
+
+void AudioDecodeStream::LookAheadToAnchor() {
+    const bool jittery = source->GetDetails().audioJitter > 0;
+    LookAhead(ANCHOR_BLOCKS,
+              jittery ? JITTERY_ANCHOR_SECONDS * track.sampleRate : track.sampleRate / ANCHORS_PER_SECOND);
 }
 
 std::vector<TimedBlock> AudioDecodeStream::Timings() const {
     std::vector<TimedBlock> timings;
+    timings.reserve(blocks.size());
     for (const Block& block : blocks)
         timings.push_back({block.place, block.frame->nb_samples});
     return timings;
 }
 
+std::int64_t AudioDecodeStream::AnchorPlace() const {
+    return source->GetDetails().audioJitter > 0 ? PlaceFirstOfJittery(Timings())
+                                                : PlaceFirst(Timings(), track.sampleRate);
+}
+
+std::int64_t AudioDecodeStream::NextPlace() {
+    const TimestampHabit habit = drift->GetHabit();
+    const std::int64_t deviation = std::abs(blocks.front().place - flow - habit.drift);
+    if (deviation <= GapTolerance(habit.jitter, track.sampleRate))
+        return flow;
+    LookAhead(1, track.sampleRate / LOOK_AHEADS_PER_SECOND);
+    return PlaceNext(Timings(), flow, track.sampleRate, habit);
+}
+
 void AudioDecodeStream::PlaceFront() {
-    LookAhead(settling ? ANCHOR_BLOCKS : LOOK_AHEAD);
+    if (settling)
+        LookAheadToAnchor();
+    else
+        LookAhead(1, 0);
     if (blocks.empty())
         return;
-    if (settling) {
-        // The first timestamps after a seek can be off, so the way to the target does not follow on but listens to
-        // each.
-        front = PlaceFirst(Timings(), track.sampleRate);
-    } else {
-        front = anchored ? PlaceNext(Timings(), flow, track.sampleRate) : blocks.front().place;
-    }
-    // Silence of an Opus stream need not be stored; elsewhere a gap is a loss.
-    if (anchored && *front > flow && !settling && track.codec != "opus")
-        source->Report(SamplesToTime(flow, track.sampleRate), "Sound is missing; silence stands in for it");
+    // The first timestamps after a seek can be off, so the way to the target does not follow on but listens to each.
+    if (settling)
+        front = AnchorPlace();
+    else
+        front = anchored ? NextPlace() : TimeToSamples(track.start, track.sampleRate);
+    if (anchored && !settling && *front == flow)
+        FollowDrift();
+    else
+        drift->Settle();
+    if (anchored && *front > flow && !settling)
+        TellGap(*front - flow);
     anchored = true;
     flow = *front + blocks.front().frame->nb_samples;
+}
+
+// The block at the front follows on; what its timestamp says otherwise is averaged, and corrected over many samples.
+void AudioDecodeStream::FollowDrift() {
+    drift->Take(blocks.front().place - flow, blocks.front().frame->nb_samples);
+    const std::int64_t correction = drift->IsDue() ? drift->Correct() : 0;
+    if (correction == 0)
+        return;
+    normaliser->Stretch(correction, drift->Distance());
+    source->Note("the timestamps of its sound drift away from its samples; it is stretched to follow them");
+}
+
+void AudioDecodeStream::TellGap(std::int64_t length) {
+    const std::int64_t begin = SamplesToTime(flow, track.sampleRate);
+    const std::int64_t duration = SamplesToTime(length, track.sampleRate);
+    if (lastDamage != TIME_UNKNOWN && begin - DAMAGE_REACH < lastDamage && lastDamage < begin + duration + DAMAGE_REACH)
+        return source->Report(begin, "Sound is missing; silence stands in for it");
+    if ((track.codec == "opus" && duration < UNSTORED_SILENCE) || gapsTold > MAX_GAPS_TOLD)
+        return;
+    source->Note(gapsTold++ < MAX_GAPS_TOLD
+                     ? "its sound has a gap of " + Seconds(duration) + " at " + Seconds(begin) + ", filled with silence"
+                     : "its sound has more gaps, all filled with silence");
+}
+
+void AudioDecodeStream::TellChange(const AVFrame& frame) {
+    const AVChannelLayout layout = ToAvLayout(track.channelLayout, track.channels);
+    source->Note("its sound changes to " + ShapeText(frame.sample_rate, frame.ch_layout) +
+                 " on the way; it is converted to " + ShapeText(track.sampleRate, layout) + ", as it begins");
 }
 
 boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::Silence(std::int64_t until) {
@@ -189,6 +291,7 @@ boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::Silence(std::int64_t u
 boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::TakeFront() {
     FrameHandle frame = std::move(blocks.front().frame);
     blocks.pop_front();
+    decodedAhead -= frame->nb_samples;
     const std::int64_t from = cursor - *front;
     front.reset();
     if (from >= frame->nb_samples)
@@ -229,8 +332,7 @@ void AudioDecodeStream::ApplySeek() {
 }
 
 void AudioDecodeStream::StartOver() {
-    blocks.clear();
-    front.reset();
+    ForgetBlocks();
     demuxer->Rewind();
     decoder->Flush();
     anchored = false;
@@ -249,15 +351,14 @@ bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
     if (!demuxer->Seek(track.index, FromEngineTime(time, demuxer->GetStream(track.index).time_base)))
         return false;
     decoder->Flush();
-    blocks.clear();
-    front.reset();
+    ForgetBlocks();
     drained = false;
     anchored = false;
     settling = true;
-    LookAhead(ANCHOR_BLOCKS);
+    LookAheadToAnchor();
     if (blocks.empty())
         return false;
-    flow = PlaceFirst(Timings(), track.sampleRate);
+    flow = AnchorPlace();
     anchored = true;
     return flow <= sample - TimeToSamples(LEAST_PREROLL, track.sampleRate);
 }

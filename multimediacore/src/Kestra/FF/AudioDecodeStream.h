@@ -1,11 +1,12 @@
 // Kestra::FF::AudioDecodeStream: the sound of a media file.
 #pragma once
 
+#include "Kestra/Base/Time.h"
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Demuxer.h"
 #include "Kestra/FF/MediaSource.h"
 #include "Kestra/FF/SampleNormaliser.h"
-#include "Kestra/FF/SamplePlacement.h"
+#include "Kestra/FF/SoundDrift.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
 #include <deque>
@@ -14,7 +15,8 @@
 namespace Kestra::FF {
 
 /// Delivers what the file holds. Opens a file of its own at the first read. Seeks take effect at the next read, which
-/// begins at the very sample. Yields exactly as many samples as its duration holds.
+/// begins at the very sample. Yields exactly as many samples as its duration holds. Samples follow each other whatever
+/// small differences their timestamps show; only a gap that lasts becomes silence.
 class AudioDecodeStream final : public Proc::StreamBase<Proc::IStreamAudio> {
 public:
     explicit AudioDecodeStream(boost::intrusive_ptr<MediaSource> source);
@@ -36,12 +38,22 @@ private:
     };
 
     bool SupplyPacket(AVPacket& packet);
+    std::int64_t TimeOf(std::int64_t timestamp) const;
     void OnDamage(std::int64_t timestamp, const std::string& reason);
     bool DecodeBlock();
-    void LookAhead(std::size_t blocks);
+    void Keep(FrameHandle samples, std::int64_t place);
+    void ForgetBlocks();
+    void LookAhead(std::size_t blocks, std::int64_t samples);
+    void LookAheadToAnchor();
     std::int64_t PlaceOf(const AVFrame& frame);
+    std::int64_t EndOfBlocks() const;
     std::vector<TimedBlock> Timings() const;
+    std::int64_t AnchorPlace() const;
+    std::int64_t NextPlace();
     void PlaceFront();
+    void FollowDrift();
+    void TellGap(std::int64_t length);
+    void TellChange(const AVFrame& frame);
     boost::intrusive_ptr<Proc::IDataAudio> TakeFront();
     boost::intrusive_ptr<Proc::IDataAudio> Silence(std::int64_t until);
     boost::intrusive_ptr<Proc::IDataAudio> Emit(FrameHandle frame, std::int64_t from);
@@ -59,11 +71,16 @@ private:
     std::unique_ptr<Decoder> decoder;
     std::unique_ptr<SampleNormaliser> normaliser;
 
+    std::unique_ptr<SoundDrift> drift;
+
     std::deque<Block> blocks;          ///< decoded ahead, so that jitter can be told from a gap
+    std::int64_t decodedAhead = 0;     ///< samples in them
     std::optional<std::int64_t> front; ///< where the first of them has been placed
     std::int64_t flow = 0;             ///< where the next block begins if it follows on
     std::int64_t cursor = 0;           ///< the next sample to be read
     std::optional<std::int64_t> pendingSeek;
+    std::int64_t lastDamage = TIME_UNKNOWN; ///< where the file was last found damaged; engine time
+    int gapsTold = 0;
     bool anchored = false; ///< flow is known
     bool drained = false;
     bool settling = false; ///< what is decoded lies before the target of a seek

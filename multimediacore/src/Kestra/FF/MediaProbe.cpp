@@ -9,6 +9,7 @@
 #include "Kestra/FF/SamplePlacement.h"
 #include "Kestra/FF/SoundGrain.h"
 #include "Kestra/FF/TrackShape.h"
+#include "Kestra/FF/Wording.h"
 #include <algorithm>
 #include <cstring>
 #include <tuple>
@@ -52,12 +53,6 @@ std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& s
     const AVCodecParameters& parameters = *stream.codecpar;
     return {Decoder::FindCodec(stream) != nullptr, (stream.disposition & AV_DISPOSITION_DEFAULT) != 0,
             static_cast<std::int64_t>(parameters.width) * parameters.height, parameters.bit_rate};
-}
-
-std::string Seconds(std::int64_t time) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.3f s", static_cast<double>(time) / TIME_BASE);
-    return text;
 }
 
 } // namespace
@@ -224,8 +219,10 @@ void MediaProbe::FindEnds() {
             unknown.push_back(track);
     if (!unknown.empty())
         ScanToEnd(unknown);
+    SteadySound();
     for (Track* track : Tracks())
-        FinishEnd(*track);
+        if (track != &audio || details.audioJitter == 0)
+            FinishEnd(*track);
 }
 
 bool MediaProbe::FindEndNear(Track& track, std::int64_t window) {
@@ -237,6 +234,8 @@ bool MediaProbe::FindEndNear(Track& track, std::int64_t window) {
     const AVRational timeBase = demuxer.GetStream(track.index).time_base;
     if (!demuxer.Seek(track.index, FromEngineTime(claim - window, timeBase)))
         return false;
+    if (&track == &audio)
+        BeginLevels(false);
     ReadEnds();
     return track.packets > 0;
 }
@@ -248,7 +247,15 @@ void MediaProbe::ScanToEnd(const std::vector<Track*>& tracks) {
         indices.push_back(track->index);
     demuxer.Select(indices);
     demuxer.Rewind();
+    if (std::find(tracks.begin(), tracks.end(), &audio) != tracks.end())
+        BeginLevels(true);
     ReadEnds();
+}
+
+void MediaProbe::BeginLevels(bool ofAll) {
+    levelsOfAll = ofAll;
+    levels.Clear();
+    packetSamples = std::make_unique<PacketSamples>(demuxer.GetStream(audio.index));
 }
 
 void MediaProbe::ReadEnds() {
@@ -283,6 +290,8 @@ void MediaProbe::TakePacket(Track& track, const AVPacket& packet) {
     const std::int64_t time = TimeOf(track, packet);
     if (time == TIME_UNKNOWN && track.index == video.index && track.end != TIME_UNKNOWN)
         track.end += LengthOf(track, packet);
+    if (track.index == audio.index && !(packet.flags & AV_PKT_FLAG_DISCARD))
+        levels.Take(time, packetSamples->LengthOf(packet));
     if (time == TIME_UNKNOWN || (packet.flags & AV_PKT_FLAG_DISCARD))
         return;
     ++track.packets;
@@ -323,6 +332,27 @@ void MediaProbe::DecodeTail(Track& track) {
     }
     if (end > begin)
         track.end = details.origin + SamplesToTime(end, rate);
+}
+
+void MediaProbe::SteadySound() {
+    if (audio.index < 0 || !levels.AreJittery())
+        return;
+    // Rare enough to be read through: then not one sample is taken for jitter.
+    if (!levelsOfAll)
+        ScanToEnd({&audio});
+    const std::int64_t end = levels.GetEnd();
+    if (audio.waiting.empty() || end <= audio.start)
+        return;
+    details.audioJitter = std::max<std::int64_t>(TimeToSamples(levels.GetJitter(), audio.first->sample_rate), 1);
+    audio.start += levels.GetStartCorrection();
+    // What is skipped of the first packet is known to the sample, where a coarse clock rounds it.
+    const std::int64_t skipped =
+        levels.GetFirstLength() - SamplesToTime(audio.first->nb_samples, audio.first->sample_rate);
+    const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(audio.index).time_base);
+    if (std::abs(levels.GetStart() + skipped - audio.start) <= tick)
+        audio.start = levels.GetStart() + skipped;
+    audio.end = end - packetSamples->PaddingOf(*audio.waiting.back());
+    SettleOrigin();
 }
 
 void MediaProbe::FinishEnd(Track& track) {

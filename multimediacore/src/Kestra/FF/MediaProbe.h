@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/PacketSamples.h"
 #include "Kestra/FF/ProbedTrack.h"
+#include "Kestra/FF/SoundLevels.h"
 #include "Kestra/FF/TrackDetails.h"
+#include <memory>
 
 namespace Kestra::FF {
 
@@ -37,10 +40,13 @@ private:
     void FindEnds();
     bool FindEndNear(Track& track, std::int64_t window);
     void ScanToEnd(const std::vector<Track*>& tracks);
+    void BeginLevels(bool ofAll);
     void ReadEnds();
     void TakePacket(Track& track, const AVPacket& packet);
     std::int64_t TimeOf(Track& track, const AVPacket& packet);
     std::int64_t LengthOf(const Track& track, const AVPacket& packet);
+    /// Where timestamps of the sound jitter, its samples tell where it begins and ends.
+    void SteadySound();
     void FinishEnd(Track& track);
     /// An edit list may cut the last frame or block short.
     void FitToEditList(Track& track, bool isAudio);
@@ -57,6 +63,9 @@ private:
     Demuxer demuxer;
     Track video;
     Track audio;
+    std::unique_ptr<PacketSamples> packetSamples;
+    SoundLevels levels;
+    bool levelsOfAll = false; ///< of the whole file, not only of its end
     Proc::MediaInfo info;
     TrackDetails details;
 };

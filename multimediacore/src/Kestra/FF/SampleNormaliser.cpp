@@ -1,16 +1,45 @@
 #include "Kestra/FF/SampleNormaliser.h"
 
+#include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/Error.h"
+#include <algorithm>
+#include <utility>
 
 namespace Kestra::FF {
 
 using Proc::TranscodingError;
 
+namespace {
+
+const char* const FAILURE = "Converting sound that changed its format failed";
+
+int Checked(int result) {
+    return Check(result, TranscodingError::FilterFailed, FAILURE);
+}
+
+bool SameLayout(const AVChannelLayout& a, const AVChannelLayout& b) {
+    return av_channel_layout_compare(&a, &b) == 0;
+}
+
+// Without its first samples.
+FrameHandle Cut(FrameHandle block, std::int64_t samples) {
+    if (samples == 0)
+        return block;
+    if (samples == block->nb_samples) {
+        block->nb_samples = 0;
+        return block;
+    }
+    const std::int64_t count = block->nb_samples - samples;
+    const DataAudioFF whole(std::move(block), 0);
+    return MakeFrameReference(FrameOf(*whole.Slice(samples, count)));
+}
+
+} // namespace
+
 SampleNormaliser::SampleNormaliser(AVSampleFormat format, int sampleRate, const AVChannelLayout& layout)
     : format(format)
     , sampleRate(sampleRate) {
-    Check(av_channel_layout_copy(&this->layout, &layout), TranscodingError::FilterFailed,
-          "Copying a channel layout failed");
+    Checked(av_channel_layout_copy(&this->layout, &layout));
 }
 
 SampleNormaliser::~SampleNormaliser() {
@@ -22,8 +51,7 @@ FrameHandle SampleNormaliser::MakeBlock(int samples) const {
     block->format = format;
     block->sample_rate = sampleRate;
     block->nb_samples = samples;
-    Check(av_channel_layout_copy(&block->ch_layout, &layout), TranscodingError::FilterFailed,
-          "Copying a channel layout failed");
+    Checked(av_channel_layout_copy(&block->ch_layout, &layout));
     Check(av_frame_get_buffer(block.get(), 0), TranscodingError::OutOfMemory, "Allocating samples failed");
     return block;
 }
@@ -34,26 +62,101 @@ FrameHandle SampleNormaliser::MakeSilence(int samples) const {
     return block;
 }
 
-FrameHandle SampleNormaliser::Normalise(FrameHandle block) {
+bool SampleNormaliser::HasShape(const AVFrame& block) const {
+    const bool unnamed = block.ch_layout.order == AV_CHANNEL_ORDER_UNSPEC;
+    return block.sample_rate == sampleRate &&
+           (unnamed ? block.ch_layout.nb_channels == layout.nb_channels : SameLayout(block.ch_layout, layout));
+}
+
+bool SampleNormaliser::Fits(const AVFrame& block) const {
+    return block.format == format && HasShape(block);
+}
+
+bool SampleNormaliser::FitsConverter(const AVFrame& block) const {
+    return converter && block.format == shape->format && block.sample_rate == shape->sample_rate &&
+           SameLayout(block.ch_layout, shape->ch_layout);
+}
+
+std::vector<SampleNormaliser::Piece> SampleNormaliser::Normalise(FrameHandle block) {
     if (block->ch_layout.order == AV_CHANNEL_ORDER_UNSPEC)
         av_channel_layout_default(&block->ch_layout, block->ch_layout.nb_channels);
-    if (block->format == format && block->sample_rate == sampleRate &&
-        av_channel_layout_compare(&block->ch_layout, &layout) == 0)
-        return block;
-    const char* const what = "Converting sound that changed its format failed";
+    std::vector<Piece> pieces;
+    if (converter && !FitsConverter(*block))
+        if (FrameHandle rest = Drain())
+            pieces.push_back({std::move(rest), 0, true});
+    if (!converter && stretch == 0 && Fits(*block)) {
+        previous = MakeFrameReference(*block);
+        pieces.push_back({std::move(block), 0, false});
+        return pieces;
+    }
+    if (!converter)
+        Start(*block);
+    if (stretch != 0)
+        Checked(swr_set_compensation(converter.get(), static_cast<int>(std::exchange(stretch, 0)),
+                                     static_cast<int>(stretchDistance)));
+    const std::int64_t early = GetDelay();
+    pieces.push_back({Convert(block.get()), early, false});
+    return pieces;
+}
+
+void SampleNormaliser::Start(const AVFrame& block) {
+    shape = MakeFrameReference(block);
     SwrContext* raw = nullptr;
-    Check(swr_alloc_set_opts2(&raw, &layout, format, sampleRate, &block->ch_layout,
-                              static_cast<AVSampleFormat>(block->format), block->sample_rate, 0, nullptr),
-          TranscodingError::FilterFailed, what);
+    Checked(swr_alloc_set_opts2(&raw, &layout, format, sampleRate, &shape->ch_layout,
+                                static_cast<AVSampleFormat>(block.format), block.sample_rate, 0, nullptr));
     converter.reset(raw);
-    Check(swr_init(raw), TranscodingError::FilterFailed, what);
-    FrameHandle converted = MakeBlock(swr_get_out_samples(raw, block->nb_samples));
-    const int count = Check(swr_convert(raw, converted->extended_data, converted->nb_samples,
-                                        const_cast<const std::uint8_t**>(block->extended_data), block->nb_samples),
-                            TranscodingError::FilterFailed, what);
-    converted->nb_samples = count;
-    converted->best_effort_timestamp = block->best_effort_timestamp;
-    return converted;
+    Checked(av_opt_set_int(raw, "flags", SWR_FLAG_RESAMPLE, 0));
+    // Whole numbers would be mixed down more quietly than floating point.
+    if (!SameLayout(block.ch_layout, layout))
+        Checked(av_opt_set_sample_fmt(raw, "internal_sample_fmt", AV_SAMPLE_FMT_FLTP, 0));
+    Checked(swr_init(raw));
+    Prime();
+}
+
+// A resampler mirrors what it does not know. Where it begins in the midst of sound, it hears what came before.
+void SampleNormaliser::Prime() {
+    if (!previous || !FitsConverter(*previous))
+        return;
+    surplus = previous->nb_samples;
+    Convert(previous.get());
+    previous.reset();
+}
+
+// Null drains.
+FrameHandle SampleNormaliser::Convert(const AVFrame* block) {
+    const int given = block ? block->nb_samples : 0;
+    FrameHandle converted = MakeBlock(std::max(Checked(swr_get_out_samples(converter.get(), given)), 1));
+    const auto* const* data = block ? const_cast<const std::uint8_t* const*>(block->extended_data) : nullptr;
+    converted->nb_samples = Checked(swr_convert(converter.get(), converted->extended_data, converted->nb_samples,
+                                                const_cast<const std::uint8_t**>(data), given));
+    const std::int64_t dropped = std::min<std::int64_t>(surplus, converted->nb_samples);
+    surplus -= dropped;
+    return Cut(std::move(converted), dropped);
+}
+
+FrameHandle SampleNormaliser::Drain() {
+    if (!converter)
+        return {};
+    FrameHandle rest = Convert(nullptr);
+    Reset();
+    return rest->nb_samples > 0 ? std::move(rest) : FrameHandle();
+}
+
+std::int64_t SampleNormaliser::GetDelay() const {
+    return converter ? std::max<std::int64_t>(swr_get_delay(converter.get(), sampleRate) - surplus, 0) : 0;
+}
+
+void SampleNormaliser::Stretch(std::int64_t samples, std::int64_t distance) {
+    stretch = samples;
+    stretchDistance = distance;
+}
+
+void SampleNormaliser::Reset() {
+    converter.reset();
+    shape.reset();
+    previous.reset();
+    surplus = 0;
+    stretch = 0;
 }
 
 } // namespace Kestra::FF

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "Kestra/FF/Handles.h"
+#include <cstdint>
+#include <vector>
 
 namespace Kestra::FF {
 
-/// Bound to one thread at a time.
+/// Blocks that have the format pass untouched. Others go through one resampler for as long as they have the same shape,
+/// so that they touch; the last of their samples come when a block of another shape follows, or at the end. Bound to
+/// one thread at a time.
 class SampleNormaliser {
 public:
     SampleNormaliser(AVSampleFormat format, int sampleRate, const AVChannelLayout& layout);
@@ -13,18 +17,46 @@ public:
     SampleNormaliser(const SampleNormaliser&) = delete;
     SampleNormaliser& operator=(const SampleNormaliser&) = delete;
 
-    /// The block itself when it has the format, else a converted one.
-    FrameHandle Normalise(FrameHandle block);
+    struct Piece {
+        FrameHandle samples;
+        /// By how much it begins before the block that was given, in samples.
+        std::int64_t early = 0;
+        /// It is what was left of the blocks before.
+        bool isRest = false;
+    };
+
+    /// `block` in the format.
+    std::vector<Piece> Normalise(FrameHandle block);
+    /// What is left at the end; null when nothing is.
+    FrameHandle Drain();
+    /// How many samples of the format are still to come of blocks that were given.
+    std::int64_t GetDelay() const;
+    /// From the next block on, the following `distance` samples become `samples` more, or fewer when negative.
+    void Stretch(std::int64_t samples, std::int64_t distance);
+    /// Forgets what came before.
+    void Reset();
     /// Silence in the format.
     FrameHandle MakeSilence(int samples) const;
+    /// Whether it has the rate and the channels of the format.
+    bool HasShape(const AVFrame& block) const;
 
 private:
     FrameHandle MakeBlock(int samples) const;
+    bool Fits(const AVFrame& block) const;
+    bool FitsConverter(const AVFrame& block) const;
+    void Start(const AVFrame& block);
+    void Prime();
+    FrameHandle Convert(const AVFrame* block);
 
     AVSampleFormat format;
     int sampleRate;
     AVChannelLayout layout = {};
     SwrContextHandle converter;
+    FrameHandle shape;        ///< a block of those that the converter takes
+    FrameHandle previous;     ///< the last block that passed untouched
+    std::int64_t surplus = 0; ///< samples to be dropped: they have been given already
+    std::int64_t stretch = 0;
+    std::int64_t stretchDistance = 0;
 };
 
 } // namespace Kestra::FF

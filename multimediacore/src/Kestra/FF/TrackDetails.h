@@ -20,6 +20,9 @@ struct TrackDetails {
     int audioGrain = 0;
     /// The grain is the habit of the container's writer: a longer block is none of that kind.
     bool grainOfContainer = false;
+    /// By how many samples a timestamp of the sound differs from the one before beyond what lies between them, on
+    /// average; 0 where they do not jitter.
+    std::int64_t audioJitter = 0;
     /// Saves the streams of the file from being found again; null where that does not work.
     std::shared_ptr<const KnownStreams> streams;
     /// How the file's timestamps are joined; null when they go on from start to end.

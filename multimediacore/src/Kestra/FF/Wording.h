@@ -1,0 +1,12 @@
+// How messages write numbers: the same in every locale.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace Kestra::FF {
+
+/// Engine time as "1.250 s", to the millisecond.
+std::string Seconds(std::int64_t time);
+
+} // namespace Kestra::FF
