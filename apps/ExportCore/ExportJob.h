@@ -84,7 +84,10 @@ private:
     void setFailure(const std::exception_ptr& error);
     void collectDamage();
     void collectNotes();
-    bool matters(const Kestra::Proc::DamageReport& report) const;
+    /// Where in the composition begins what is missing, when the request asks for it.
+    std::optional<KTime> missingFrom(const Kestra::Proc::DamageReport& report) const;
+    /// How a request that misses something from then on could ask for what is there.
+    std::string wayOut(KTime missing) const;
     void concludeLater();
     void conclude();
     void checkFile();

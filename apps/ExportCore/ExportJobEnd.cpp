@@ -94,25 +94,33 @@ void ExportJob::conclude() {
                               : ExportOutcome::Status::Stopped);
 }
 
-bool ExportJob::matters(const Kestra::Proc::DamageReport& report) const {
+std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& report) const {
     if (!report.incomplete)
-        return false;
+        return {};
     // Who asks for a part that lies before what is missing misses nothing.
     const KTime start = request.in.value_or(KTime(0));
     for (const Project::Clip& clip : project->clips()) {
-        const KTime end = Types::fromAvTime(clip.start + clip.duration);
-        if (clip.path == report.path && start < end && (!request.out || *request.out > end))
-            return true;
+        const KTime end = Types::fromAvTime(clip.start + std::min(report.time, clip.duration));
+        if (clip.path == report.path && start < Types::fromAvTime(clip.start + clip.duration) &&
+            (!request.out || *request.out > end))
+            return end;
     }
-    return false;
+    return {};
+}
+
+std::string ExportJob::wayOut(KTime missing) const {
+    if (missing <= request.in.value_or(KTime(0)))
+        return {};
+    return "; what comes before can be exported with --out " + TimeText::format(missing);
 }
 
 void ExportJob::collectDamage() {
     for (const Kestra::Proc::DamageReport& report : project->takeDamageReports()) {
         const std::string sentence = '"' + report.path.ToUtf8() + "\" is damaged at " +
                                      TimeText::format(Types::fromAvTime(report.time)) + ": " + report.what;
-        if (matters(report) && !failure && !ownStop)
-            failure = ProcessingError(TranscodingError::SourceDamaged, sentence);
+        const std::optional<KTime> missing = missingFrom(report);
+        if (missing && !failure && !ownStop)
+            failure = ProcessingError(TranscodingError::SourceDamaged, sentence + wayOut(*missing));
         else
             outcome.warnings << QString::fromStdString(sentence);
     }

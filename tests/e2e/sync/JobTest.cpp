@@ -1,5 +1,6 @@
 // The life of one export in a process that goes on.
 #include "ExportCore/ExportJob.h"
+#include "ExportCore/TimeText.h"
 #include "Exported.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
@@ -173,13 +174,22 @@ TEST_F(Job, APartThatEndsBeforeTheDamageCanBeExported) {
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::SourceDamaged);
     expectUntouched();
 
-    finishCount = 0;
-    damaged.out = KTime(1000);
-    make(damaged);
-    job->start();
-    ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
-    EXPECT_FALSE(outcome.warnings.isEmpty());
+    const std::string words = "--out ", sentence = outcome.error.GetDescription();
+    const std::size_t found = sentence.find(words);
+    ASSERT_NE(found, std::string::npos) << sentence;
+    const std::optional<KTime> wayOut = ExportCore::TimeText::parse(sentence.substr(found + words.size()));
+    ASSERT_TRUE(wayOut) << sentence;
+    EXPECT_GT(*wayOut, KTime(1000));
+    for (const KTime end : {*wayOut, KTime(1000)}) {
+        finishCount = 0;
+        damaged.out = end;
+        make(damaged);
+        job->start();
+        ASSERT_TRUE(waitForEnd());
+        EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_FALSE(outcome.warnings.isEmpty());
+        EXPECT_NEAR(static_cast<double>(outcome.facts.durationMs), static_cast<double>(end.milliseconds()), 40);
+    }
 }
 
 } // namespace
