@@ -90,7 +90,7 @@ void ExportJob::openInputs() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
     try {
-        project->open(paths, request.interrupted);
+        project->open(paths, request.interrupted, request.mediaLimits);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||

@@ -3,6 +3,7 @@
 
 #include "ExportCore/WatchdogLimits.h"
 #include "KTime/KTime.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include "Types/Range.h"
 #include <QString>
 #include <QStringList>
@@ -32,6 +33,8 @@ struct ExportRequest {
     /// Names the outro (see OutroPictures); empty for none.
     QString brandingName;
     WatchdogLimits limits;
+    /// What the inputs may claim of themselves; who claims more is refused.
+    Kestra::Proc::MediaLimits mediaLimits;
     /// While inputs are opened, the event loop does not run and stop() cannot be called: what is set here, by a signal
     /// handler or another thread, ends that like stop(). Has to outlive the job; null for none.
     const std::atomic<bool>* interrupted = nullptr;

@@ -79,14 +79,15 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
     return line.toStdString();
 }
 
-void describe(const std::string& path, bool json, QJsonArray& media) {
-    const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path));
+void describe(const std::string& path, const Options& options, QJsonArray& media) {
+    const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(
+        Kestra::ioPath(path), nullptr, options.mediaLimits);
     QStringList damage, notes;
     for (const Kestra::Proc::DamageReport& report : source->TakeDamageReports())
         damage << text(report.what);
     for (const Kestra::Proc::SourceNote& note : source->TakeNotes())
         notes << text(note.what);
-    if (json)
+    if (options.json)
         return media.append(objectOf(path, source->GetInfo(), damage, notes));
     std::printf("%s\n", lineOf(path, source->GetInfo()).c_str());
     for (const QString& what : damage)
@@ -104,7 +105,7 @@ int describeInputs(const Options& options) {
     ExportCore::RequestCheck::inputs(inputs);
     QJsonArray media;
     for (const std::string& input : options.inputs)
-        describe(input, options.json, media);
+        describe(input, options, media);
     if (options.json)
         std::printf("%s\n", jsonLine(QJsonObject{{key("media"), media}}).c_str());
     return EXIT_DONE;

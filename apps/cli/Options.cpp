@@ -72,6 +72,7 @@ public:
         options.in = ExportCore::TimeText::parse(inText);
         options.out = ExportCore::TimeText::parse(outText);
         options.progress = progressStyles().at(progressText);
+        options.mediaLimits.pictureBytes = pictureMebibytes << 20;
     }
 
     int print(const CLI::ParseError& error) { return app.exit(error); }
@@ -109,6 +110,15 @@ private:
 
     void addInputs(CLI::App& command) {
         command.add_option("INPUT", options.inputs, "Media files")->required()->type_name("");
+        command
+            .add_option("--max-picture", pictureMebibytes, "How large a picture of an input may be in memory, in MiB")
+            ->type_name("MIB")
+            ->check(CLI::Range(1, 1'000'000))
+            ->capture_default_str();
+        command.add_option("--max-tracks", options.mediaLimits.tracks, "How many tracks an input may have")
+            ->type_name("N")
+            ->check(CLI::Range(1, 1'000'000))
+            ->capture_default_str();
     }
 
     void addPresets() {
@@ -133,6 +143,7 @@ private:
     std::string inText;
     std::string outText;
     std::string progressText = "auto";
+    std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };
 
 /// What was given in place of a command; empty when nothing was.

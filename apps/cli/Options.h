@@ -2,6 +2,7 @@
 #pragma once
 
 #include "KTime/KTime.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,6 +28,7 @@ struct Options {
     std::optional<KTime> out;
     std::string branding; ///< empty: none
     bool overwrite = false;
+    Kestra::Proc::MediaLimits mediaLimits;
     ProgressStyle progress = ProgressStyle::Automatic;
 
     std::optional<std::string> tag;

@@ -30,6 +30,7 @@ ExportCore::ExportRequest requestOf(const Options& options) {
     request.in = options.in;
     request.out = options.out;
     request.brandingName = QString::fromStdString(options.branding);
+    request.mediaLimits = options.mediaLimits;
     return request;
 }
 

@@ -1,6 +1,7 @@
 // editor-export: exports from the command line.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
+#include "Kestra/Core/LargestAllocation.h"
 #include "Kestra/Core/Log.h"
 #include "cli/ExitCode.h"
 #include "cli/ListCommands.h"
@@ -78,6 +79,7 @@ int main(int argc, char** argv) {
     if (!options)
         return exitCode;
     Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
+    Kestra::Core::SetLargestAllocation(options->mediaLimits);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
                                                     : Export::TranscoderLogOutput::None);
     try {

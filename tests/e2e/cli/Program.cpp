@@ -1,6 +1,8 @@
 #include "Program.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QProcessEnvironment>
 #include <QTextCodec>
@@ -67,6 +69,19 @@ bool Program::waitForError(const QString& text) {
         errors += process.readAllStandardError();
     }
     return true;
+}
+
+bool Program::waitUntilOpen(const QString& path) {
+    const QDir files(QStringLiteral("/proc/%1/fd").arg(process.processId()));
+    const QDeadlineTimer deadline(DEADLINE);
+    for (;;) {
+        for (const QFileInfo& file : files.entryInfoList(QDir::Files | QDir::System))
+            if (file.symLinkTarget() == path)
+                return true;
+        if (process.state() == QProcess::NotRunning || deadline.hasExpired())
+            return false;
+        process.waitForReadyRead(10);
+    }
 }
 
 void Program::signal(int number) const {

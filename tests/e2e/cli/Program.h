@@ -36,6 +36,8 @@ public:
     void start();
     /// Waits until a line on standard error contains the text; false when the program ended before.
     bool waitForError(const QString& text);
+    /// Waits until the program has the file open; false when it ended before.
+    bool waitUntilOpen(const QString& path);
     void signal(int number) const;
     Result finish();
     Result run() {

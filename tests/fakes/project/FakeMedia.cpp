@@ -161,7 +161,8 @@ std::vector<Proc::DamageReport> FakeMedia::TakeDamageReports() {
     return {report};
 }
 
-boost::intrusive_ptr<Proc::IMediaSource> FakeSourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>*) {
+boost::intrusive_ptr<Proc::IMediaSource> FakeSourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>*,
+                                                                      const Proc::MediaLimits&) {
     const auto found = media.find(path.ToUtf8());
     if (found == media.end())
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceNotFound, path.ToUtf8() + ": no such file"));

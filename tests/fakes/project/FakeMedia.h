@@ -94,7 +94,8 @@ public:
     StreamCount& streams() { return *count; }
 
     boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path,
-                                                               const std::atomic<bool>* interrupted) override;
+                                                               const std::atomic<bool>* interrupted,
+                                                               const Kestra::Proc::MediaLimits& limits) override;
 
 private:
     std::map<std::string, Contents> media;

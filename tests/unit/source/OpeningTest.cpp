@@ -70,6 +70,55 @@ TEST_F(Opening, OfAPlaylistDoesNotOpenWhatItNames) {
     EXPECT_EQ(refusal(path).GetCode(), TranscodingError::SourceUnreadable);
 }
 
+/// Puts `entry` in place of the last `old` bytes of the box that is found by the path, whose boxes grow by that much.
+std::string replaced(std::string file, const std::vector<std::string>& path, std::size_t old,
+                     const std::string& entry) {
+    const auto numberAt = [&file](std::size_t at) {
+        std::size_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            value = value << 8 | static_cast<unsigned char>(file[at + i]);
+        return value;
+    };
+    std::size_t begin = 0, end = file.size();
+    for (const std::string& name : path) {
+        while (file.compare(begin + 4, 4, name) != 0)
+            begin += numberAt(begin);
+        end = begin + numberAt(begin);
+        const std::size_t length = numberAt(begin) + entry.size() - old;
+        for (std::size_t i = 0; i < 4; ++i)
+            file[begin + i] = static_cast<char>(length >> (24 - 8 * i));
+        begin += 8;
+    }
+    return file.replace(end - old, old, entry);
+}
+
+TEST_F(Opening, OfAFilmWhoseSamplesStandInAnotherFileIsRefused) {
+    const std::string film = make("a.mov", {"-f", "lavfi", "-i", "color=s=64x64:d=1"});
+    std::ifstream stream(film, std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+    // An alias in place of the word that the samples stand in this file.
+    std::string alias("\0\0\0\xb8"
+                      "alis\0\0\0\0",
+                      12);
+    alias += std::string(10, '\0') + '\4' + "disk" + std::string(23, '\0') + std::string(12, '\0') + '\5' + "b.mov" +
+             std::string(58, '\0') + std::string(16, '\0') + std::string("\0\1\0\1", 4) + std::string(16, '\0');
+    alias += std::string("\0\2\0\x0e", 4) + "disk:dir:b.mov" + std::string("\xff\xff\0\0", 4);
+    alias[3] = static_cast<char>(alias.size());
+    const std::string named = replaced(whole, {"moov", "trak", "mdia", "minf", "dinf", "dref"}, 12, alias);
+    std::ofstream(folder / "b.mov", std::ios::binary) << whole;
+    expectRefused(write("c.mov", named), TranscodingError::SourceUnreadable, "stand in another file");
+}
+
+TEST_F(Opening, OfMoreThanTheLimitsAllowIsRefused) {
+    const std::string film = make("a.mkv", {"-f", "lavfi", "-i", "color=s=640x480:d=1", "-c:v", "ffv1"});
+    auto& factory = Kestra::Core::CoreManager::Instance().GetSourceFactory();
+    Kestra::Proc::MediaLimits limits;
+    limits.pictureBytes = 640 * 480 * 3 / 2;
+    EXPECT_TRUE(factory.OpenMedia(ioPath(film), nullptr, limits));
+    --limits.pictureBytes;
+    EXPECT_THROW(factory.OpenMedia(ioPath(film), nullptr, limits), Kestra::Proc::ProcException);
+}
+
 TEST_F(Opening, TakesNamesWithColonsAndSigns) {
     for (const char* name : {"http:a.mp4", "50%d.mp4", "\xC3\xA4 b'\".mp4"}) {
         const std::string plain = make("plain.mp4", {"-f", "lavfi", "-i", "color=s=64x64:d=1"});

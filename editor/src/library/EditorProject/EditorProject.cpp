@@ -42,8 +42,9 @@ EditorProject::EditorProject(QObject* parent)
 
 EditorProject::~EditorProject() = default;
 
-void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted) {
-    d->model.show(Project::Timeline::open(media, interrupted));
+void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted,
+                         const Kestra::Proc::MediaLimits& limits) {
+    d->model.show(Project::Timeline::open(media, interrupted, limits));
 }
 
 Composition::Object* EditorProject::composition() {

@@ -6,6 +6,7 @@
 #include "EditorProject/StreamLengths.h"
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
 #include "Types/Range.h"
@@ -34,8 +35,9 @@ public:
     /// whatever was there before is replaced. Reads each file's description, which blocks; no file stays open. Throws
     /// Kestra::Proc::ProcException that names the file and the reason (also for an empty list), and then nothing has
     /// changed. Streams built earlier keep what they show. `interrupted`, borrowed for the call unless null, makes it
-    /// throw early when a signal handler or another thread sets it.
-    void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr);
+    /// throw early when a signal handler or another thread sets it. Files that claim more than `limits` are refused.
+    void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr,
+              const Kestra::Proc::MediaLimits& limits = {});
 
     /// Never null; the same object all the time. It has no video and no audio description before open(), and both
     /// after.

@@ -28,7 +28,8 @@ std::int64_t durationOf(const Kestra::Proc::IMediaSource& media) {
 } // namespace
 
 std::shared_ptr<const Timeline> Timeline::open(const std::vector<Kestra::ioPath>& media,
-                                               const std::atomic<bool>* interrupted) {
+                                               const std::atomic<bool>* interrupted,
+                                               const Kestra::Proc::MediaLimits& limits) {
     if (media.empty())
         KESTRA_THROW(ProcException(TranscodingError::InvalidArgument, "No media file was given to open"));
     auto timeline = std::make_shared<Timeline>();
@@ -36,7 +37,7 @@ std::shared_ptr<const Timeline> Timeline::open(const std::vector<Kestra::ioPath>
     for (const Kestra::ioPath& path : media) {
         boost::intrusive_ptr<Kestra::Proc::IMediaSource>& source = opened[path.ToUtf8()];
         if (!source) {
-            source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(path, interrupted);
+            source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(path, interrupted, limits);
             timeline->allSources.push_back(source);
         }
         timeline->append(source);

@@ -3,6 +3,7 @@
 
 #include "EditorProject/Clip.h"
 #include "EditorProjectExport.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include <atomic>
 #include <memory>
 #include <vector>
@@ -15,7 +16,8 @@ public:
     /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException, also
     /// when `interrupted`, unless null, turns true meanwhile.
     static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media,
-                                                const std::atomic<bool>* interrupted = nullptr);
+                                                const std::atomic<bool>* interrupted = nullptr,
+                                                const Kestra::Proc::MediaLimits& limits = {});
 
     const std::vector<Clip>& clips() const { return allClips; }
     /// The opened medium behind the clip of that index.

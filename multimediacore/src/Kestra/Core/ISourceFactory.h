@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Kestra/Proc/IMediaSource.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include <atomic>
 
 namespace Kestra::Core {
@@ -11,9 +12,11 @@ public:
     /// Opens a media file and reads what it holds. Throws ProcException: SourceNotFound, SourceUnreadable (a folder,
     /// empty, not media, neither picture nor sound), each naming the path and the reason. Ends early, with
     /// SourceUnreadable, when `interrupted` turns true: any thread or signal handler may set it. It is borrowed for
-    /// the call; null for an opening that is never interrupted.
+    /// the call; null for an opening that is never interrupted. What the file claims beyond `limits`, here or while it
+    /// is read, makes it unreadable.
     virtual boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
-                                                               const std::atomic<bool>* interrupted = nullptr) = 0;
+                                                               const std::atomic<bool>* interrupted = nullptr,
+                                                               const Proc::MediaLimits& limits = {}) = 0;
 };
 
 } // namespace Kestra::Core

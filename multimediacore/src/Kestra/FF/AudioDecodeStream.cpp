@@ -69,10 +69,12 @@ void AudioDecodeStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAu
 void AudioDecodeStream::Prepare() {
     if (decoder)
         return;
-    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().streams);
+    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
+                                          source->GetDetails().streams);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
-    decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8());
+    decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8(),
+                                        source->GetDetails().limits);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
     AVChannelLayout layout = ToAvLayout(track.channelLayout, track.channels);

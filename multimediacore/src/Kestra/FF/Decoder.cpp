@@ -1,7 +1,10 @@
 #include "Kestra/FF/Decoder.h"
 
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/StreamClaims.h"
+#include <cerrno>
 #include <cstring>
+#include <mutex>
 
 namespace Kestra::FF {
 
@@ -17,7 +20,28 @@ bool CarriesAlpha(const AVStream& stream) {
     return mode && std::strcmp(mode->value, "1") == 0;
 }
 
+// Up to the version that takes it for granted, libav has to be told that callbacks may come from any thread.
+void AllowThreads(AVCodecContext& context) {
+#if FF_API_THREAD_SAFE_CALLBACKS
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+    context.thread_safe_callbacks = 1;
+#pragma GCC diagnostic pop
+#else
+    static_cast<void>(context);
+#endif
+}
+
 } // namespace
+
+struct Decoder::Bound {
+    explicit Bound(const Proc::MediaLimits& limits)
+        : limits(limits) {}
+
+    const Proc::MediaLimits limits;
+    std::mutex mutex;
+    std::string excess;
+};
 
 const AVCodec* Decoder::FindCodec(const AVStream& stream) {
     const AVCodecID id = stream.codecpar->codec_id;
@@ -29,8 +53,9 @@ const AVCodec* Decoder::FindCodec(const AVStream& stream) {
     return codec ? codec : avcodec_find_decoder(id);
 }
 
-Decoder::Decoder(const AVStream& stream, int threads, const std::string& path)
-    : packet(MakePacket()) {
+Decoder::Decoder(const AVStream& stream, int threads, const std::string& path, const Proc::MediaLimits& limits)
+    : bound(std::make_unique<Bound>(limits))
+    , packet(MakePacket()) {
     const AVCodec* codec = FindCodec(stream);
     if (!codec)
         Fail(TranscodingError::CodecNotFound,
@@ -41,10 +66,31 @@ Decoder::Decoder(const AVStream& stream, int threads, const std::string& path)
     context->pkt_timebase = stream.time_base;
     context->thread_count = threads;
     context->thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
+    context->opaque = bound.get();
+    context->get_buffer2 = GetBuffer;
+    AllowThreads(*context);
     const int opened = avcodec_open2(context.get(), codec, nullptr);
     if (opened < 0)
         ThrowError(opened, TranscodingError::SourceUnreadable,
                    "Cannot decode \"" + path + "\": the " + codec->name + " decoder refused the stream");
+}
+
+Decoder::~Decoder() = default;
+
+// Called on decoding threads, before a frame takes its memory.
+int Decoder::GetBuffer(AVCodecContext* context, AVFrame* frame, int flags) {
+    auto& bound = *static_cast<Bound*>(context->opaque);
+    if (FrameBytes(*frame) <= bound.limits.pictureBytes)
+        return avcodec_default_get_buffer2(context, frame, flags);
+    const std::lock_guard<std::mutex> lock(bound.mutex);
+    if (bound.excess.empty())
+        bound.excess = ExcessOf(*frame, bound.limits);
+    return AVERROR(ERANGE);
+}
+
+std::string Decoder::GetExcess() const {
+    const std::lock_guard<std::mutex> lock(bound->mutex);
+    return bound->excess;
 }
 
 bool Decoder::Feed() {

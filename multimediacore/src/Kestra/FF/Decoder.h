@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/Handles.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include <functional>
 #include <string>
 
@@ -16,8 +17,9 @@ public:
     using DamageReceiver = std::function<void(std::int64_t timestamp, const std::string& reason)>;
 
     /// Opens the stream's codec with that many threads. `path` is for messages. Throws ProcException (CodecNotFound,
-    /// SourceUnreadable).
-    Decoder(const AVStream& stream, int threads, const std::string& path);
+    /// SourceUnreadable). Frames that take more than `limits` allow cannot be decoded.
+    Decoder(const AVStream& stream, int threads, const std::string& path, const Proc::MediaLimits& limits);
+    ~Decoder();
 
     void SetPacketSupply(PacketSupply supply) { packetSupply = std::move(supply); }
     void SetDamageReceiver(DamageReceiver receiver) { damageReceiver = std::move(receiver); }
@@ -32,13 +34,19 @@ public:
     void SkipPixels();
 
     const AVCodecContext& GetContext() const { return *context; }
+    /// The first frame that took more than the limits allow, in words that go on after the file's name; empty when
+    /// there was none.
+    std::string GetExcess() const;
 
     /// The codec for a stream, null when there is none. VP8 and VP9 that carry alpha go to the decoder that reads it.
     static const AVCodec* FindCodec(const AVStream& stream);
 
 private:
     bool Feed();
+    static int GetBuffer(AVCodecContext* context, AVFrame* frame, int flags);
 
+    struct Bound;
+    std::unique_ptr<Bound> bound; ///< at one place: decoding threads look there
     CodecContextHandle context;
     PacketHandle packet;
     PacketSupply packetSupply;

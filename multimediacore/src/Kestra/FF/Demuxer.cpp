@@ -1,11 +1,11 @@
 #include "Kestra/FF/Demuxer.h"
 
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/PngTexts.h"
+#include "Kestra/FF/StreamClaims.h"
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
-#include <sys/stat.h>
 #include <utility>
 
 namespace Kestra::FF {
@@ -14,33 +14,6 @@ using Proc::TranscodingError;
 
 namespace {
 
-int OnPoll(void* flag) {
-    return static_cast<const std::atomic<bool>*>(flag)->load(std::memory_order_relaxed) ? 1 : 0;
-}
-
-void RequireRegularFile(const ioPath& path) {
-    struct stat state = {};
-    if (path.IsEmpty())
-        Fail(TranscodingError::SourceNotFound, "No media file was named");
-    if (stat(path.ToUtf8().c_str(), &state) != 0) {
-        const bool missing = errno == ENOENT || errno == ENOTDIR;
-        Fail(missing ? TranscodingError::SourceNotFound : TranscodingError::SourceUnreadable,
-             "Cannot open \"" + path.ToUtf8() + "\": " + std::strerror(errno));
-    }
-    const char* reason = S_ISDIR(state.st_mode)    ? "it is a folder"
-                         : !S_ISREG(state.st_mode) ? "it is not a regular file"
-                         : state.st_size == 0      ? "it is empty"
-                                                   : nullptr;
-    if (reason)
-        Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": " + reason);
-}
-
-// libav draws text files as pictures of terminals; nobody who opens one means that.
-bool IsTextFormat(const char* name) {
-    constexpr std::array<const char*, 5> names{"tty", "bin", "xbin", "adf", "idf"};
-    return std::any_of(names.begin(), names.end(), [name](const char* text) { return std::strcmp(name, text) == 0; });
-}
-
 // Whether reading may begin at any packet: transport streams are made for it.
 bool StartsAnywhere(const char* name) {
     return std::strcmp(name, "mpegts") == 0;
@@ -48,31 +21,19 @@ bool StartsAnywhere(const char* name) {
 
 } // namespace
 
-Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, std::shared_ptr<const KnownStreams> known)
+Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
+                 std::shared_ptr<const KnownStreams> known)
     : path(path)
     , interrupted(interrupted)
+    , limits(limits)
+    , file(path, interrupted, limits)
     , known(std::move(known)) {
-    RequireRegularFile(path);
     Open();
 }
 
 void Demuxer::Open() {
-    AVFormatContext* raw = Allocated(avformat_alloc_context());
-    raw->interrupt_callback = {OnPoll, const_cast<std::atomic<bool>*>(&interrupted)};
-    Dictionary options;
-    options.Set("protocol_whitelist", "file");
-    // A "%d" in the name of a picture is part of the name.
-    options.Set("pattern_type", "none");
-    // The prefix keeps a colon in the name from being taken for a protocol. On failure libav frees the context.
-    const int opened = avformat_open_input(&raw, ("file:" + path.ToUtf8()).c_str(), nullptr, options.Address());
-    if (opened == AVERROR_INVALIDDATA)
-        Fail(TranscodingError::SourceUnreadable,
-             "Cannot read \"" + path.ToUtf8() + "\": it is not a media file, or its beginning is damaged");
-    if (opened < 0)
-        ThrowError(opened, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
-    context.reset(raw);
-    if (IsTextFormat(GetFormatName()))
-        Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": it is not a media file");
+    context.reset();
+    context = file.Open();
     FindStreams();
     untouched = true;
     trouble.clear();
@@ -85,10 +46,35 @@ void Demuxer::Open() {
 void Demuxer::FindStreams() {
     if (known && known->DescribeAgain(*context))
         return;
-    const int found = avformat_find_stream_info(context.get(), nullptr);
+    RequireWithinLimits();
+    for (unsigned index = 0; index < context->nb_streams; ++index)
+        DropPngTexts(*context->streams[index]->codecpar);
+    file.Allow(LongestSearch());
+    const int found = AnalyseStreams(*context, limits);
+    if (found == AVERROR(ENOMEM))
+        Fail(TranscodingError::OutOfMemory,
+             "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is");
     if (found < 0)
         ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
+    RequireWithinLimits();
     known = KnownStreams::Of(*context);
+}
+
+// How far a packet may be away. Elementary streams have no sizes to go by: what stands between two starts is all one
+// packet to them. Elsewhere one is no larger than a picture.
+std::int64_t Demuxer::LongestSearch() const {
+    constexpr std::int64_t elementary = std::int64_t{64} << 20;
+    const bool sized = (context->iformat->flags & AVFMT_GENERIC_INDEX) == 0 || IsPictureFormat(GetFormatName()) ||
+                       std::strcmp(GetFormatName(), "yuv4mpegpipe") == 0;
+    return sized ? limits.pictureBytes : elementary;
+}
+
+void Demuxer::RequireWithinLimits() const {
+    for (unsigned index = 0; index < context->nb_streams; ++index) {
+        const std::string excess = ExcessOf(*context->streams[index], limits);
+        if (!excess.empty())
+            Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": " + excess);
+    }
 }
 
 void Demuxer::Select(const std::vector<int>& streams) {
@@ -108,10 +94,14 @@ bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
     while (!interrupted.load(std::memory_order_relaxed)) {
         av_packet_unref(&packet);
+        // Between the packets of one track of many, any number of the others' may stand.
+        file.Allow(context->nb_streams == 1 ? LongestSearch() : INT64_MAX / 2);
         const int result = av_read_frame(context.get(), &packet);
         if (result == AVERROR(EAGAIN))
             continue;
-        if (result == AVERROR_EXIT)
+        if (result < 0 && file.IsUsedUp())
+            trouble = "nothing that can be read stands in the next " + std::to_string(LongestSearch() >> 20) + " MiB";
+        if (result == AVERROR_EXIT || !trouble.empty())
             return false;
         if (result < 0) {
             const int cause = context->pb ? context->pb->error : 0;
@@ -123,6 +113,7 @@ bool Demuxer::Read(AVPacket& packet) {
         }
         // Streams that come up while reading are unknown to the selection.
         if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end()) {
+            DropPngTexts(GetStream(packet.stream_index).codecpar->codec_id, packet);
             ShiftTimes(packet);
             return true;
         }

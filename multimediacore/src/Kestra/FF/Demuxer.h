@@ -5,6 +5,7 @@
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/Handles.h"
 #include "Kestra/FF/KnownStreams.h"
+#include "Kestra/FF/SourceFile.h"
 #include "KestraExport.h"
 #include <atomic>
 #include <map>
@@ -18,11 +19,13 @@ namespace Kestra::FF {
 class KESTRA_EXPORT Demuxer {
 public:
     /// Opens the file and finds its streams, unless they are `known`, which may be null. `interrupted` is borrowed for
-    /// life and polled while the file is read. Throws ProcException: SourceNotFound, SourceUnreadable.
-    Demuxer(const ioPath& path, const std::atomic<bool>& interrupted,
+    /// life and polled while the file is read. Throws ProcException: SourceNotFound, SourceUnreadable, also for what
+    /// claims more than `limits` allow.
+    Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits = {},
             std::shared_ptr<const KnownStreams> known = nullptr);
 
     const ioPath& GetPath() const { return path; }
+    const Proc::MediaLimits& GetLimits() const { return limits; }
     AVFormatContext& GetContext() { return *context; }
     AVStream& GetStream(int index) { return *context->streams[index]; }
     /// For whoever opens the same file again; null where that has to find the streams itself.
@@ -47,13 +50,17 @@ public:
 private:
     void Open();
     void FindStreams();
+    void RequireWithinLimits() const;
+    std::int64_t LongestSearch() const;
     void ApplySelection();
     void ShiftTimes(AVPacket& packet);
     bool SeekToEntry(int stream, std::int64_t timestamp);
 
     ioPath path;
     const std::atomic<bool>& interrupted;
-    InputContextHandle context;
+    Proc::MediaLimits limits;
+    SourceFile file;
+    InputContextHandle context; ///< reads the file, so it goes before that
     std::vector<int> selection;
     bool selected = false;
     bool untouched = true;

@@ -27,14 +27,19 @@ FirstFrames::FirstFrames(Demuxer& demuxer, ProbedTrack& video, ProbedTrack& audi
 
 std::string FirstFrames::Decode(ProbedTrack& track) {
     const AVStream& stream = demuxer.GetStream(track.index);
+    std::string excess;
     try {
-        Decoder decoder(stream, 1, demuxer.GetPath().ToUtf8());
+        Decoder decoder(stream, 1, demuxer.GetPath().ToUtf8(), demuxer.GetLimits());
         decoder.SkipPixels();
         track.first = DecodeWith(decoder, track);
         track.frameSize = decoder.GetContext().frame_size;
+        if (!track.first)
+            excess = decoder.GetExcess();
     } catch (const Proc::ProcException& error) {
         return error.what();
     }
+    if (!excess.empty())
+        Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + demuxer.GetPath().ToUtf8() + "\": " + excess);
     if (!track.first)
         return std::string("no frame of the ") + avcodec_get_name(stream.codecpar->codec_id) + " track can be decoded";
     const std::int64_t timestamp = track.first->best_effort_timestamp;

@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
+#include <utility>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -41,11 +42,11 @@ void OnLog(void* object, int level, const char* format, va_list arguments) {
 LogWatch::LogWatch() {
     static std::once_flag installed;
     std::call_once(installed, [] { av_log_set_callback(&OnLog); });
-    kept = &lines;
+    before = std::exchange(kept, &lines);
 }
 
 LogWatch::~LogWatch() {
-    kept = nullptr;
+    kept = before;
 }
 
 std::string LogWatch::Find(const std::vector<std::string>& openings) const {

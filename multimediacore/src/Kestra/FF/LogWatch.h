@@ -7,7 +7,8 @@
 namespace Kestra::FF {
 
 /// While one exists, warnings and errors that libav logs on the thread that made it are kept, whatever the log level
-/// is; they are logged as ever. For what a library only mentions where it should fail. One at a time on a thread.
+/// is; they are logged as ever. For what a library only mentions where it should fail. While another one exists on that
+/// thread, the outer one keeps nothing.
 class LogWatch {
 public:
     LogWatch();
@@ -20,6 +21,7 @@ public:
 
 private:
     std::vector<std::string> lines;
+    std::vector<std::string>* before = nullptr; ///< that of the outer one
 };
 
 } // namespace Kestra::FF

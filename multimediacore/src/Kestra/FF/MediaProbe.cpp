@@ -8,6 +8,7 @@
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"
 #include "Kestra/FF/SoundGrain.h"
+#include "Kestra/FF/StreamClaims.h"
 #include "Kestra/FF/TrackShape.h"
 #include "Kestra/FF/Wording.h"
 #include <algorithm>
@@ -43,11 +44,6 @@ bool IsPicture(const AVStream& stream) {
            !(stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS));
 }
 
-bool IsStillFormat(const char* name) {
-    const std::string format(name);
-    return format == "image2" || (format.size() > 5 && format.compare(format.size() - 5, 5, "_pipe") == 0);
-}
-
 // Better streams compare greater.
 std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
@@ -57,10 +53,12 @@ std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& s
 
 } // namespace
 
-MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted)
+MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits)
     : path(path)
     , interrupted(interrupted)
-    , demuxer(path, interrupted) {}
+    , demuxer(path, interrupted, limits) {
+    details.limits = limits;
+}
 
 void MediaProbe::Run() {
     info.container = demuxer.GetFormatName();
@@ -317,7 +315,7 @@ void MediaProbe::DecodeTail(Track& track) {
     const int rate = track.first->sample_rate;
     const std::int64_t begin = TimeToSamples(track.start - details.origin, rate);
     const std::int64_t tolerance = TimeToSamples(ToEngineTime(1, stream.time_base), rate) + 1;
-    Decoder decoder(stream, 1, path.ToUtf8());
+    Decoder decoder(stream, 1, path.ToUtf8(), demuxer.GetLimits());
     decoder.SetPacketSupply([&track](AVPacket& packet) { return track.TakeWaiting(packet); });
     std::int64_t end = -1;
     while (const FrameHandle block = decoder.Next()) {
@@ -400,7 +398,7 @@ void MediaProbe::DescribeVideo() {
     track.frameRate = NominalRate(stream);
     track.variableFrameRate = RatesDisagree(stream);
     track.interlaced = first.interlaced_frame != 0 || stream.codecpar->field_order > AV_FIELD_PROGRESSIVE;
-    track.stillPicture = IsStillFormat(demuxer.GetFormatName()) && video.packets <= 1;
+    track.stillPicture = IsPictureFormat(demuxer.GetFormatName()) && video.packets <= 1;
     if (track.stillPicture) {
         track.frameRate = STILL_RATE;
         video.end = video.start + FramesToTime(1, STILL_RATE);

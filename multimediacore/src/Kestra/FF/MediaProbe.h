@@ -15,7 +15,7 @@ namespace Kestra::FF {
 class MediaProbe {
 public:
     /// `interrupted` is borrowed for life.
-    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted);
+    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
 
     /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor sound, or when interrupted.
     void Run();

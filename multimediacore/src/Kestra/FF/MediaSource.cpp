@@ -17,10 +17,10 @@ constexpr std::int64_t SAME_DAMAGE = TIME_BASE / 10;
 
 } // namespace
 
-MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted)
+MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits)
     : path(path) {
     static const std::atomic<bool> never{false};
-    MediaProbe probe(path, interrupted ? *interrupted : never);
+    MediaProbe probe(path, interrupted ? *interrupted : never, limits);
     probe.Run();
     info = probe.GetInfo();
     details = probe.GetDetails();

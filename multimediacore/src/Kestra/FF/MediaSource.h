@@ -11,7 +11,7 @@ namespace Kestra::FF {
 class MediaSource final : public Proc::IMediaSource, public RefCountImpl {
 public:
     /// Opens and probes the file. Throws ProcException, also when `interrupted`, unless null, turns true meanwhile.
-    explicit MediaSource(const ioPath& path, const std::atomic<bool>* interrupted = nullptr);
+    MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits);
 
     const ioPath& GetPath() const override { return path; }
     const Proc::MediaInfo& GetInfo() const override { return info; }

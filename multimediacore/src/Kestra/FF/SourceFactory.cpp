@@ -4,9 +4,9 @@
 
 namespace Kestra::FF {
 
-boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenMedia(const ioPath& path,
-                                                                  const std::atomic<bool>* interrupted) {
-    return new MediaSource(path, interrupted);
+boost::intrusive_ptr<Proc::IMediaSource>
+SourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits) {
+    return new MediaSource(path, interrupted, limits);
 }
 
 std::shared_ptr<Core::ISourceFactory> MakeSourceFactory() {

@@ -4,6 +4,7 @@
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/KnownStreams.h"
 #include "Kestra/Proc/IMediaSource.h"
+#include "Kestra/Proc/MediaLimits.h"
 #include <memory>
 
 namespace Kestra::FF {
@@ -27,6 +28,8 @@ struct TrackDetails {
     std::shared_ptr<const KnownStreams> streams;
     /// How the file's timestamps are joined; null when they go on from start to end.
     std::shared_ptr<const ClockMap> clock;
+    /// What the file may claim, whenever it is opened.
+    Proc::MediaLimits limits;
     /// Damage seen while opening.
     std::vector<Proc::DamageReport> damage;
     /// Peculiarities seen while opening, each once: SourceNote::what.

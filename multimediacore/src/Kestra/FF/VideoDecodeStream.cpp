@@ -67,10 +67,12 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
 void VideoDecodeStream::Prepare() {
     if (decoder)
         return;
-    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().streams);
+    auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
+                                          source->GetDetails().streams);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
-    decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8());
+    decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8(),
+                                        source->GetDetails().limits);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
     if (track.rotation != 0 || source->GetDetails().flipped)

@@ -1,0 +1,58 @@
+// Kestra::FF::SourceFile: a media file as libav gets it, itself and nothing else.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "Kestra/FF/Handles.h"
+#include "Kestra/Proc/MediaLimits.h"
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace Kestra::FF {
+
+class LogWatch;
+
+/// The one place where input files are opened. Whatever a file names besides itself stays closed, whichever part of
+/// libav asks for it, and a file of a kind that is not known to hold its media itself is not read beyond the beginning
+/// that tells its kind.
+class SourceFile {
+public:
+    /// `interrupted` is borrowed for life and polled by every read.
+    SourceFile(ioPath path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
+    SourceFile(const SourceFile&) = delete;
+    SourceFile& operator=(const SourceFile&) = delete;
+
+    /// The file's context with its header read; the one of the call before must be gone. Throws ProcException:
+    /// SourceNotFound, SourceUnreadable, OutOfMemory.
+    InputContextHandle Open();
+
+    /// From here on that many bytes are read and then no more, as if the reading had been interrupted. A search that
+    /// finds nothing so has an end, and what it collects on its way a bound.
+    void Allow(std::int64_t bytes);
+    /// Whether what was allowed has been used up.
+    bool IsUsedUp() const { return io && io->bytes_read >= allowedUntil; }
+
+private:
+    void OpenIo();
+    const AVInputFormat& FindFormat();
+    InputContextHandle ReadHeader(const AVInputFormat& format);
+    [[noreturn]] void FailOpening(int error, const LogWatch& log) const;
+    [[noreturn]] void Refuse(const std::string& reason) const;
+    static int OnPoll(void* self);
+    static int OnOpen(AVFormatContext* context, AVIOContext** io, const char* url, int flags, AVDictionary** options);
+
+    struct IoCloser {
+        void operator()(AVIOContext* context) const noexcept { avio_closep(&context); }
+    };
+
+    ioPath path;
+    std::string url;
+    const std::atomic<bool>& interrupted;
+    Proc::MediaLimits limits;
+    std::unique_ptr<AVIOContext, IoCloser> io;
+    std::int64_t allowedUntil = INT64_MAX; ///< of the bytes that `io` has read
+    bool namesOthers = false;              ///< something asked for another file
+};
+
+} // namespace Kestra::FF
