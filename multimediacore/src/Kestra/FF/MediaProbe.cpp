@@ -27,8 +27,6 @@ namespace {
 
 constexpr std::int64_t NEAR_WINDOW = 3 * TIME_BASE;
 constexpr std::int64_t FAR_WINDOW = 20 * TIME_BASE;
-// A header that promises more than this beyond the last packet belongs to a file that was cut off.
-constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
 // Lengths in an edit list are rounded to the movie's clock; what is cut by less was not meant to be cut.
 constexpr std::int64_t EDIT_ROUNDING = TIME_BASE / 500;
 // Enough for every decoder to settle.
@@ -250,12 +248,6 @@ void MediaProbe::ScanToEnd(const std::vector<Track*>& tracks) {
     ReadEnds();
 }
 
-void MediaProbe::BeginLevels(bool ofAll) {
-    levelsOfAll = ofAll;
-    levels.Clear();
-    packetSamples = std::make_unique<PacketSamples>(demuxer.GetStream(audio.index));
-}
-
 void MediaProbe::ReadEnds() {
     const PacketHandle packet = MakePacket();
     while (demuxer.Read(*packet))
@@ -332,27 +324,6 @@ void MediaProbe::DecodeTail(Track& track) {
         track.end = details.origin + SamplesToTime(end, rate);
 }
 
-void MediaProbe::SteadySound() {
-    if (audio.index < 0 || !levels.AreJittery())
-        return;
-    // Rare enough to be read through: then not one sample is taken for jitter.
-    if (!levelsOfAll)
-        ScanToEnd({&audio});
-    const std::int64_t end = levels.GetEnd();
-    if (audio.waiting.empty() || end <= audio.start)
-        return;
-    details.audioJitter = std::max<std::int64_t>(TimeToSamples(levels.GetJitter(), audio.first->sample_rate), 1);
-    audio.start += levels.GetStartCorrection();
-    // What is skipped of the first packet is known to the sample, where a coarse clock rounds it.
-    const std::int64_t skipped =
-        levels.GetFirstLength() - SamplesToTime(audio.first->nb_samples, audio.first->sample_rate);
-    const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(audio.index).time_base);
-    if (std::abs(levels.GetStart() + skipped - audio.start) <= tick)
-        audio.start = levels.GetStart() + skipped;
-    audio.end = end - packetSamples->PaddingOf(*audio.waiting.back());
-    SettleOrigin();
-}
-
 void MediaProbe::FinishEnd(Track& track) {
     const bool isAudio = track.index == audio.index;
     const std::int64_t shortest = isAudio ? SamplesToTime(track.first->nb_samples, track.first->sample_rate) : 1;
@@ -426,28 +397,6 @@ void MediaProbe::DescribeAudio() {
     track.duration = std::max<std::int64_t>(audio.end - details.origin - track.start, 0);
     info.duration = std::max(info.duration, audio.end - details.origin);
     info.audio = track;
-}
-
-void MediaProbe::ReportShortage() {
-    // What such a file claims is the distance of timestamps on different clocks.
-    if (details.clock)
-        return;
-    const AVFormatContext& context = demuxer.GetContext();
-    std::int64_t claim = 0;
-    for (const Track* track : Tracks()) {
-        const AVStream& stream = demuxer.GetStream(track->index);
-        if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0)
-            claim = std::max(claim, PromisedEnd(*track) - details.origin);
-    }
-    // The container's own length may be that of its subtitles.
-    if (claim == 0 && info.otherTracks == 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM &&
-        context.duration > 0)
-        claim = ToEngineTime(context.duration, {1, AV_TIME_BASE});
-    if (claim > info.duration + SHORTAGE && !(info.video && info.video->stillPicture))
-        details.damage.push_back({path, info.duration,
-                                  "The file ends at " + Seconds(info.duration) + ", but its header claims " +
-                                      Seconds(claim) + ": it is incomplete",
-                                  true});
 }
 
 } // namespace Kestra::FF

@@ -25,6 +25,8 @@ public:
 
 private:
     using Track = ProbedTrack;
+    /// A header that promises more than this beyond the last packet belongs to a file that was cut off.
+    static constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
 
     void RequireTracks() const;
     void ChooseTracks();
@@ -52,6 +54,8 @@ private:
     void FitToEditList(Track& track, bool isAudio);
     void DescribeVideo();
     void DescribeAudio();
+    /// 0 where the file claims none.
+    std::int64_t ClaimedLength();
     void ReportShortage();
     std::int64_t ClaimedEnd(const Track& track);
     /// The claim, but no more than the file's table of samples holds.

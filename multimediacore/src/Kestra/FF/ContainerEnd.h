@@ -1,0 +1,24 @@
+// What the structure of a media file says of where the file should end.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "KestraExport.h"
+#include <cstdint>
+#include <string>
+
+namespace Kestra::FF {
+
+struct ContainerEnd {
+    std::int64_t missing = 0; ///< bytes that are announced and not there; 0 where none are, or none can tell
+    /// Pictures or sound lie there, not only an index or a description.
+    bool ofMedia = false;
+    /// The container marks its end, and this one has no such mark.
+    bool unmarked = false;
+};
+
+/// Reads some bytes of the file. `format` is libavformat's name of the container. WAV, RF64, W64, AIFF, CAF, AU, AVI,
+/// MP4, Matroska and Ogg can tell; raw streams, transport and program streams and FLV cannot. A file that cannot be
+/// read says nothing.
+KESTRA_EXPORT ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format);
+
+} // namespace Kestra::FF

@@ -1,0 +1,129 @@
+// Files that end before their container does.
+#include "unit/source/SourceFixture.h"
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+namespace TestMedia {
+namespace {
+
+struct Kind {
+    std::string file;
+    std::vector<std::string> arguments;
+    bool pictures = false;
+};
+
+void PrintTo(const Kind& kind, std::ostream* out) {
+    *out << kind.file;
+}
+
+std::string nameOf(const testing::TestParamInfo<Kind>& kind) {
+    std::string name = kind.param.file;
+    std::replace(name.begin(), name.end(), '.', '_');
+    return name;
+}
+
+class CutOff : public SourceTest {
+protected:
+    std::string makeKind(const Kind& kind) {
+        const std::vector<std::string> sound{"-f", "lavfi", "-i", noise(48000, 5)};
+        const std::vector<std::string> picture{"-f", "lavfi", "-i", "testsrc2=s=160x120:r=25:d=5"};
+        return make(kind.file, join(kind.pictures ? join(sound, picture) : sound, kind.arguments));
+    }
+    static void cut(const std::string& path, double part) {
+        std::filesystem::resize_file(path, static_cast<std::uintmax_t>(std::filesystem::file_size(path) * part));
+    }
+    static bool isIncomplete(const std::vector<Kestra::Proc::DamageReport>& reports) {
+        return std::any_of(reports.begin(), reports.end(), [](const auto& report) { return report.incomplete; });
+    }
+};
+
+class CutOffThatTells : public CutOff, public testing::WithParamInterface<Kind> {};
+
+TEST_P(CutOffThatTells, IsIncompleteFromItsRealEndOn) {
+    const std::string whole = makeKind(GetParam());
+    const std::string path = folder / ("cut-" + GetParam().file);
+    for (const double part : {0.31, 0.6, 0.95}) {
+        std::filesystem::copy_file(whole, path, std::filesystem::copy_options::overwrite_existing);
+        cut(path, part);
+        const auto source = open(path);
+        const auto reports = source->TakeDamageReports();
+        ASSERT_TRUE(isIncomplete(reports)) << part;
+        EXPECT_EQ(reports.front().time, source->GetInfo().duration) << part;
+        EXPECT_LT(source->GetInfo().duration, 5 * TIME_BASE) << part;
+    }
+}
+
+TEST_P(CutOffThatTells, IsNotSaidOfTheWholeFile) {
+    const auto source = open(makeKind(GetParam()));
+    EXPECT_TRUE(source->TakeDamageReports().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, CutOffThatTells,
+    testing::Values(Kind{"a.wav", {}}, Kind{"rf64.wav", {"-rf64", "always"}}, Kind{"a.w64", {}}, Kind{"a.aiff", {}},
+                    Kind{"a.au", {}}, Kind{"a.caf", {"-c:a", "pcm_s16be"}}, Kind{"a.flac", {}},
+                    Kind{"a.mp3", {"-c:a", "libmp3lame"}},
+                    Kind{"a.ogg", {"-c:a", "libvorbis", "-page_duration", "200000"}},
+                    Kind{"a.opus", {"-c:a", "libopus"}}, Kind{"a.mka", {"-c:a", "aac"}},
+                    Kind{"a.webm", {"-c:a", "libopus"}}, Kind{"a.m4a", {"-c:a", "aac", "-movflags", "+faststart"}},
+                    Kind{"fragmented.mp4",
+                         {"-c:v", "mpeg4", "-c:a", "aac", "-movflags", "frag_keyframe+empty_moov", "-g", "5"},
+                         true},
+                    Kind{"a.avi", {"-c:v", "mpeg4", "-c:a", "libmp3lame"}, true}),
+    nameOf);
+
+TEST_F(CutOff, WhereNothingTellsTheEndIsTakenAsItIs) {
+    for (const Kind& kind : {Kind{"a.aac", {"-c:a", "aac"}}, Kind{"a.ac3", {"-c:a", "ac3"}},
+                             Kind{"a.ts", {"-c:a", "mp2"}}, Kind{"a.mpg", {"-c:a", "mp2"}}}) {
+        const std::string path = makeKind(kind);
+        cut(path, 0.6);
+        const auto source = open(path);
+        EXPECT_FALSE(isIncomplete(source->TakeDamageReports())) << kind.file;
+        EXPECT_NEAR(static_cast<double>(source->GetInfo().duration) / TIME_BASE, 3, 0.2) << kind.file;
+    }
+}
+
+TEST_F(CutOff, AfterTheMediaIsAWarningOnly) {
+    const std::string path = makeKind({"a.mkv", {"-c:a", "flac"}});
+    // The index is its last element.
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) - 3);
+    const auto reports = open(path)->TakeDamageReports();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_FALSE(reports[0].incomplete);
+    EXPECT_NE(reports[0].what.find("3 bytes are missing"), std::string::npos) << reports[0].what;
+}
+
+TEST_F(CutOff, AtTheLastPageIsAWarning) {
+    const std::string path = makeKind({"a.ogg", {"-c:a", "libvorbis", "-page_duration", "200000"}});
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    const std::string whole = text.str();
+    const std::size_t last = whole.rfind("OggS");
+    ASSERT_NE(last, std::string::npos);
+    std::filesystem::resize_file(path, last);
+    const auto reports = open(path)->TakeDamageReports();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_FALSE(reports[0].incomplete);
+    EXPECT_NE(reports[0].what.find("no last page"), std::string::npos) << reports[0].what;
+}
+
+TEST_F(CutOff, IsNotSaidOfASizeThatWasNotKnownWhenTheFileWasBegun) {
+    for (const auto& [kind, codec] : {std::pair{"wav", "pcm_s16le"}, std::pair{"au", "pcm_s16be"},
+                                      std::pair{"webm", "libopus"}, std::pair{"matroska", "pcm_s16le"}}) {
+        // What is written into a pipe cannot be corrected at the end.
+        const std::string path = folder / "streamed";
+        const std::string command = std::string("ffmpeg -v error -f lavfi -i sine=r=48000:d=1 -c:a ") + codec + " -f " +
+                                    kind + " - > '" + path + "'";
+        ASSERT_EQ(std::system(command.c_str()), 0) << kind;
+        const auto source = open(path);
+        EXPECT_TRUE(source->TakeDamageReports().empty()) << kind;
+        EXPECT_GE(source->GetInfo().duration, TIME_BASE) << kind;
+    }
+}
+
+} // namespace
+} // namespace TestMedia
