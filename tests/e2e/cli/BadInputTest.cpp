@@ -149,6 +149,12 @@ TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "2", "--out", "2.001"}), 2, {"2000 to 2001 ms", "shorter than one frame"});
 }
 
+TEST_F(BadInput, SoundShorterThanAFrameForPictures) {
+    const std::string sound = sources / "short.wav";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=r=48000:d=0.01", sound});
+    expectRefused(command(sound), 2, {"lasts 10 ms", "shorter than one frame"});
+}
+
 class BadSettings : public BadInput {
 protected:
     void expectSettingRefused(const std::string& preset, const std::string& setting,

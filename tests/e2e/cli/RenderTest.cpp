@@ -42,6 +42,17 @@ TEST_F(Render, MakesARightFileAndPrintsItsFacts) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
 }
 
+TEST_F(Render, AFewSamplesOfSoundMakeAWholeFile) {
+    for (const int samples : {1, 47, 480}) {
+        const std::string input = place / "short.wav", output = place / "short.mp3";
+        const std::string cut = "atrim=end_sample=" + std::to_string(samples);
+        TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=r=48000", "-af", cut, input});
+        const Result result = run({"render", input, "-p", "mp3", "-o", output, "--overwrite", "--progress", "none"});
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        EXPECT_EQ(TestMedia::probe(output).audio->samples, samples);
+    }
+}
+
 TEST_F(Render, NamesOutsideAsciiWorkInEveryLocale) {
     const std::string input = place / "Улица – été.mov", output = place / "映画 100%d.mp4";
     TestFiles::write(input, TestFiles::read(clip));

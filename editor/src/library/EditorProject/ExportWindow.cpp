@@ -14,6 +14,14 @@ namespace {
                                                  std::to_string(range.end.count()) + " ms " + reason));
 }
 
+[[noreturn]] void refuseLength(std::int64_t duration) {
+    const auto milliseconds = Types::fromAvTime(duration).count();
+    const std::string length = milliseconds > 0 ? std::to_string(milliseconds) + " ms" : "less than a millisecond";
+    KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
+                                             "What is to be exported lasts " + length +
+                                                 ", which is shorter than one frame of picture"));
+}
+
 } // namespace
 
 ExportWindow::ExportWindow(const Types::Range& range, std::int64_t duration, const boost::rational<long long>& rate)
@@ -28,7 +36,10 @@ ExportWindow::ExportWindow(const Types::Range& range, std::int64_t duration, con
             refuse(range, "lies outside the project");
     }
     snapToFrames();
-    if (from >= to || (frameRate > 0 && frames() == 0))
+    const bool nothing = from >= to || (frameRate > 0 && frames() == 0);
+    if (nothing && range.end <= range.start)
+        refuseLength(duration);
+    if (nothing)
         refuse(range, "is shorter than one frame");
 }
 

@@ -23,6 +23,7 @@ constexpr int READ_AHEAD = 8;
 /// Samples a packet for codecs that take any number.
 constexpr int FREE_FRAME_SIZE = 2048;
 constexpr int DEEP_BITS = 24;
+constexpr int LEAST_MP3_PACKETS = 2;
 
 boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecAudio::Create();
@@ -194,8 +195,11 @@ boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packe
     const std::int64_t length = DecodedLength(*packet);
     const std::int64_t end = packet->pts + length;
     const bool complete = sourceEnded || sent == total;
-    if (complete && packet->size > 0 && packet->pts >= sent)
+    // A file with a single packet of MP3 is not taken for one by its readers.
+    const bool wanted = codec.id == AV_CODEC_ID_MP3 && packets < LEAST_MP3_PACKETS;
+    if (complete && packet->size > 0 && packet->pts >= sent && !wanted)
         return nullptr;
+    ++packets;
     const std::int64_t over = complete && packet->size > 0 ? std::max<std::int64_t>(end - sent, 0) : 0;
     packet->duration = length;
     packet->pts += firstSample;
@@ -211,6 +215,7 @@ void AudioEncoderCore::ResetSource() {
     queue.Clear();
     stream->Reset();
     sent = 0;
+    packets = 0;
     position = 0;
     sourceEnded = false;
 }

@@ -59,6 +59,7 @@ private:
     std::int64_t alignStart = 0;
     std::int64_t alignEnd = INT64_MAX;
     std::int64_t firstSample = 0;
+    int packets = 0;         ///< given
     std::int64_t total = -1; ///< samples to be encoded; -1: as many as come
     std::int64_t sent = 0;
     std::int64_t position = 0;
