@@ -1,6 +1,7 @@
 // What pictures of high dynamic range tell of the display that they were graded on.
 #include "Kestra/FF/HdrMetadata.h"
 #include "unit/encode/EncodeFixture.h"
+#include <algorithm>
 
 namespace EncodeTest {
 namespace {
@@ -12,7 +13,16 @@ constexpr int BT2020 = 9;
 constexpr int PQ = 16;
 constexpr int BT709 = 1;
 
+/// Grey of 203 cd/m2 in PQ.
+void PaintWhite(AVFrame& frame) {
+    for (int plane = 0; plane < 3; ++plane)
+        for (int row = 0; row < (plane ? frame.height / 2 : frame.height); ++row)
+            std::fill_n(reinterpret_cast<std::uint16_t*>(frame.data[plane] + row * frame.linesize[plane]),
+                        plane ? frame.width / 2 : frame.width, static_cast<std::uint16_t>(plane ? 512 : 573));
+}
+
 void Grade(AVFrame& frame, int) {
+    PaintWhite(frame);
     AVMasteringDisplayMetadata& display = *av_mastering_display_metadata_create_side_data(&frame);
     constexpr int places[3][2] = {{35400, 14600}, {8500, 39850}, {6550, 2300}};
     for (int colour = 0; colour < 3; ++colour)
@@ -39,9 +49,10 @@ Fakes::VideoShape Graded(int transfer) {
 }
 
 std::string Encode(const Fakes::ScratchFolder& folder, const char* codec, const char* container, const char* format,
-                   int transfer) {
+                   int transfer, const char* range = IFormatCodecVideo::DYNAMIC_RANGE_SOURCE) {
     auto description = Fakes::Description(codec);
     description.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string(format));
+    description.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE, std::string(range));
     std::string path = folder.File(std::string("out.") + container);
     Fakes::WriteFile(path, container, {Fakes::VideoEncoder(Fakes::MakeVideo(Graded(transfer)), description)});
     return path;
@@ -83,18 +94,35 @@ TEST(Hdr, IsToldByTheStreamOfHevc) {
     ExpectTold(Kestra::FF::HdrMetadataOf(*file.Video().pictures.front()), "hevc");
 }
 
-TEST(Hdr, IsNotToldOfEightBitsNorOfAnOrdinaryTransfer) {
+TEST(Hdr, IsNotToldOfAnOrdinaryTransfer) {
     const Fakes::ScratchFolder folder;
-    EXPECT_TRUE(ToldByContainer(Encode(folder, "h264", "mkv", "yuv420p", PQ)).IsEmpty());
     EXPECT_TRUE(ToldByContainer(Encode(folder, "hevc", "mkv", "yuv420p10", BT709)).IsEmpty());
 }
 
-TEST(Hdr, KeepsItsTagsInEightBits) {
+/// The file's first picture is grey of the light that the source's had: 58 % of PQ, which is reference white.
+void ExpectStandardWhite(const std::string& path) {
+    const auto file = Fakes::Decode(path);
+    EXPECT_EQ(file.Video().parameters->color_trc, 6);
+    EXPECT_EQ(file.Video().parameters->color_primaries, 6);
+    EXPECT_EQ(file.Video().parameters->color_space, 6);
+    const AVFrame& picture = *file.Video().pictures.front();
+    const bool deep = picture.format != AV_PIX_FMT_YUV420P;
+    const int luma = deep ? reinterpret_cast<const std::uint16_t*>(picture.data[0])[64] / 4 : picture.data[0][64];
+    EXPECT_NEAR(luma, 201, 3);
+    EXPECT_TRUE(ToldByContainer(path).IsEmpty());
+    EXPECT_TRUE(Kestra::FF::HdrMetadataOf(picture).IsEmpty());
+}
+
+TEST(Hdr, BecomesAStandardRangeUnlessItIsToBeKept) {
     const Fakes::ScratchFolder folder;
-    const auto file = Fakes::Decode(Encode(folder, "h264", "mp4", "yuv420p", PQ));
-    EXPECT_EQ(file.Video().parameters->color_trc, PQ);
-    EXPECT_EQ(file.Video().parameters->color_primaries, BT2020);
-    EXPECT_EQ(file.Video().parameters->color_space, BT2020);
+    ExpectStandardWhite(Encode(folder, "h264", "mp4", "yuv420p", PQ, "standard"));
+    ExpectStandardWhite(Encode(folder, "hevc", "mkv", "yuv420p10", PQ, "standard"));
+    ExpectStandardWhite(Encode(folder, "vp9", "webm", "yuv420p10", PQ, "standard"));
+}
+
+TEST(Hdr, BecomesAStandardRangeInEightBitsWhateverIsToBeKept) {
+    const Fakes::ScratchFolder folder;
+    ExpectStandardWhite(Encode(folder, "h264", "mkv", "yuv420p", PQ));
 }
 
 } // namespace

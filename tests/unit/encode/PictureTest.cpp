@@ -224,12 +224,12 @@ TEST_P(ColourTags, OfTheStreamReachTheFile) {
     shape.height = 128;
     shape.frames = 3;
     shape.format = AV_PIX_FMT_YUV420P10;
-    shape.colour = {AVCOL_PRI_BT2020, AVCOL_TRC_SMPTE2084, AVCOL_SPC_BT2020_NCL, AVCOL_RANGE_MPEG};
+    shape.colour = {AVCOL_PRI_BT2020, AVCOL_TRC_BT2020_10, AVCOL_SPC_BT2020_NCL, AVCOL_RANGE_MPEG};
     WriteFile(path, GetParam().container, {VideoEncoder(MakeVideo(shape), Description(GetParam().codec))});
     const DecodedFile file = Decode(path);
     const AVCodecParameters& parameters = *file.Video().parameters;
     EXPECT_EQ(parameters.color_primaries, AVCOL_PRI_BT2020);
-    EXPECT_EQ(parameters.color_trc, AVCOL_TRC_SMPTE2084);
+    EXPECT_EQ(parameters.color_trc, AVCOL_TRC_BT2020_10);
     EXPECT_EQ(parameters.color_space, AVCOL_SPC_BT2020_NCL);
     EXPECT_NE(parameters.color_range, AVCOL_RANGE_JPEG);
 }

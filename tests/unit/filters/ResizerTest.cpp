@@ -171,6 +171,7 @@ TEST(Resizer, ConvertsTheMatrixThatTheConsumerAsksFor) {
     // A saturated green of BT.601, in BT.709's terms.
     FrameHandle picture = makePicture(AV_PIX_FMT_YUV420P, 64, 64, {145, 54, 34});
     picture->colorspace = AVCOL_SPC_SMPTE170M;
+    picture->color_primaries = AVCOL_PRI_BT709;
     const auto stream =
         resize(std::move(picture), target(64, 64, AspectMode::Stretch), PixelFormat::YUV420P, {1, 1, 1, 1});
     const auto result = stream->ReadVideo();

@@ -211,6 +211,10 @@ bool Preset::isVideoTwoPassEncodingEnabled() const {
     return readFlag(tree, TAG_VIDEO, TAG_TWO_PASS);
 }
 
+bool Preset::keepsDynamicRange() const {
+    return readString(tree, TAG_VIDEO, TAG_DYNAMIC_RANGE) == VALUE_SOURCE;
+}
+
 std::int64_t Preset::audioBitrateBps() const {
     return readNumber(tree, TAG_AUDIO, TAG_BITRATE, 0);
 }

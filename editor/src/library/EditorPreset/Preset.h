@@ -62,6 +62,8 @@ public:
     double videoQuality() const;
     void setVideoQuality(double quality);
     bool isVideoTwoPassEncodingEnabled() const;
+    /// PQ and HLG stay what they are; else they become a standard range.
+    bool keepsDynamicRange() const;
 
     /// bit/s; 0 for codecs that know none and when the preset leaves it open.
     std::int64_t audioBitrateBps() const;

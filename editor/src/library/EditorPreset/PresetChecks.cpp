@@ -1,5 +1,6 @@
 #include "EditorPreset/PresetChecks.h"
 #include "EditorPreset/PresetTags.h"
+#include "EditorPreset/TreeAccess.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 
 namespace EditorPreset {
@@ -57,6 +58,17 @@ void checkSize(const Preset& preset, const JsonPlace& place) {
     checkSide(preset.height(), preset.maxHeight(), TAG_HEIGHT, place);
 }
 
+/// Lossless material of the archive follows its source's format.
+void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
+    if (!preset.keepsDynamicRange() || preset.videoCodec() == CodecID::FFV1)
+        return;
+    const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
+    const bool deep = format.size() > 2 && (format.compare(format.size() - 2, 2, "10") == 0 ||
+                                            format.compare(format.size() - 2, 2, "12") == 0);
+    if (!deep)
+        place.at(TAG_DYNAMIC_RANGE).refuse("a high dynamic range takes a pixel format of 10 bits");
+}
+
 } // namespace
 
 void checkPreset(const Preset& preset, const JsonPlace& place) {
@@ -65,6 +77,7 @@ void checkPreset(const Preset& preset, const JsonPlace& place) {
         return;
     checkBitrateMode(preset, place.at(TAG_VIDEO));
     checkSize(preset, place.at(TAG_VIDEO));
+    checkDynamicRange(preset, place.at(TAG_VIDEO));
 }
 
 } // namespace EditorPreset

@@ -146,6 +146,8 @@ Property Preset::videoEncoderData() const {
         data.SetChild(IFormatCodec::TAG_QUALITY, videoQuality());
     copyValue(tree, TAG_VIDEO, TAG_PROFILE, data, IFormatCodec::TAG_PROFILE);
     copyValue(tree, TAG_VIDEO, TAG_PIXEL_FORMAT, data, IFormatCodecVideo::TAG_PIXEL_FORMAT);
+    if (keepsDynamicRange())
+        data.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE, std::string(IFormatCodecVideo::DYNAMIC_RANGE_SOURCE));
     copyValue(tree, TAG_VIDEO, TAG_GOP_SECONDS, data, IFormatCodecVideo::TAG_GOP_SECONDS);
     copyOptions(tree, TAG_VIDEO, data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
     complete(data, IPreset::KEY_FILTER_VIDEO_CODEC, videoCodec(), containerId());

@@ -9,6 +9,15 @@ namespace Project {
 
 using namespace Kestra;
 
+namespace {
+
+/// PQ or HLG, by their numbers in ITU-T H.273.
+bool isHighRange(const Proc::VideoTrackInfo& track) {
+    return track.colour.transfer == 16 || track.colour.transfer == 18;
+}
+
+} // namespace
+
 SequenceVideo::SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
                              const Conf::FrameInfo& frame)
     : timeline(std::move(timeline))
@@ -22,12 +31,15 @@ SequenceVideo::SequenceVideo(std::shared_ptr<const Timeline> timeline, const Exp
 }
 
 void SequenceVideo::DescribeFirstPicture() {
-    const auto found = std::find_if(sections.begin(), sections.end(), [this](const Section& candidate) {
-        return timeline->clips()[candidate.clip].info.video.has_value();
-    });
-    if (found == sections.end())
+    const Proc::VideoTrackInfo* found = nullptr;
+    for (const Section& candidate : sections) {
+        const auto& video = timeline->clips()[candidate.clip].info.video;
+        if (video && (!found || (isHighRange(*video) && !isHighRange(*found))))
+            found = &*video;
+    }
+    if (!found)
         return;
-    const Proc::VideoTrackInfo& track = *timeline->clips()[found->clip].info.video;
+    const Proc::VideoTrackInfo& track = *found;
     const Conf::PixelFormat format = Conf::PixelFormatFromString(track.pixelFormat);
     if (format != Conf::PixelFormat::Unknown && format != Conf::PixelFormat::Other)
         target->SetPixelFormat(format);

@@ -39,8 +39,8 @@ private:
     const boost::rational<long long> rate;
     const std::vector<Section> sections;
     const std::int64_t frames;
-    /// What clips are brought to: frame and rate as ordered, pixel format and colour as the first picture's unless a
-    /// consumer prefers others, so that they do not change from clip to clip.
+    /// What clips are brought to: frame and rate as ordered, pixel format and colour as the first picture's of the
+    /// highest dynamic range unless a consumer prefers others, so that they do not change from clip to clip.
     const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> target;
 
     StreamSlot<Kestra::Proc::IStreamVideo> clip;

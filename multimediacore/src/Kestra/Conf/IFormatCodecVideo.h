@@ -19,7 +19,11 @@ public:
     static const char* const TAG_COLOUR_TRANSFER;
     static const char* const TAG_COLOUR_MATRIX;
     static const char* const TAG_COLOUR_RANGE;
-    static const char* const TAG_INTERLACED;  ///< bool
+    static const char* const TAG_INTERLACED; ///< bool
+    /// "standard" (so when it is missing) or "source": whether an encoder gets PQ and HLG in a standard range or as
+    /// such.
+    static const char* const TAG_DYNAMIC_RANGE;
+    static const char* const DYNAMIC_RANGE_SOURCE;
     static const char* const TAG_GOP_SECONDS; ///< double: longest distance of keyframes
     /// Within the encode options: only the codec's proven way of variable bitrate, with a bounded peak.
     static const char* const TAG_APPROVED_VBR_MODE_ONLY;

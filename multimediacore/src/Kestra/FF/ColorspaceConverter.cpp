@@ -65,10 +65,7 @@ void ColorspaceConverter::ChangeFormat(Conf::IFormatCodecVideo& description) con
 // Other formats and colours than this effect's own would only be made to be converted back.
 void ColorspaceConverter::ChangePreference(Conf::IFormatCodecVideo& preferred) const {
     preferred.SetPixelFormat(settings.GetPixelFormat());
-    Conf::ColourInfo colour = preferred.GetColour();
-    colour.matrix = AVCOL_SPC_UNSPECIFIED;
-    colour.range = AVCOL_RANGE_UNSPECIFIED;
-    preferred.SetColour(colour);
+    preferred.SetColour({});
 }
 
 } // namespace Kestra::FF

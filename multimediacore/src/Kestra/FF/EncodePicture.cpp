@@ -1,5 +1,7 @@
 #include "Kestra/FF/EncodePicture.h"
 
+#include "Kestra/FF/HdrMetadata.h"
+
 extern "C" {
 #include <libavutil/pixdesc.h>
 }
@@ -23,20 +25,18 @@ bool Is625Lines(int height) {
     return height > 486 || height == 288;
 }
 
-bool IsRGB(AVPixelFormat format) {
-    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
-    return descriptor && (descriptor->flags & AV_PIX_FMT_FLAG_RGB) != 0;
-}
-
 int DefaultMatrix(const Conf::ColourInfo& colour, int width, int height) {
-    if (colour.primaries == AVCOL_PRI_BT2020)
+    if (colour.primaries == AVCOL_PRI_BT2020 || IsHighRange(colour.transfer))
         return AVCOL_SPC_BT2020_NCL;
     if (!IsStandardDefinition(width, height))
         return AVCOL_SPC_BT709;
     return Is625Lines(height) ? AVCOL_SPC_BT470BG : AVCOL_SPC_SMPTE170M;
 }
 
-int DefaultPrimaries(int matrix) {
+int DefaultPrimaries(int matrix, bool rgb) {
+    // Pictures of computers and cameras for stills are made for sRGB, whose primaries these are, in any size.
+    if (rgb && matrix != AVCOL_SPC_BT2020_NCL)
+        return AVCOL_PRI_BT709;
     switch (matrix) {
     case AVCOL_SPC_BT2020_NCL:
     case AVCOL_SPC_BT2020_CL:
@@ -70,23 +70,41 @@ int DefaultTransfer(int matrix) {
 
 } // namespace
 
+bool IsRgb(AVPixelFormat format) noexcept {
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
+    return descriptor && (descriptor->flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL)) != 0;
+}
+
 Conf::ColourInfo CompleteColour(const Conf::ColourInfo& colour, int width, int height, AVPixelFormat format,
                                 bool fullRange) {
     Conf::ColourInfo result = colour;
-    const bool rgb = IsRGB(format);
+    const bool rgb = IsRgb(format);
     // 0 is a real code here, not a reserved one: it says that the components are red, green and blue.
     const bool openMatrix =
         colour.matrix == AVCOL_SPC_UNSPECIFIED || colour.matrix == AVCOL_SPC_RGB || colour.matrix == AVCOL_SPC_RESERVED;
     const int yuvMatrix = openMatrix ? DefaultMatrix(colour, width, height) : colour.matrix;
     result.matrix = rgb ? static_cast<int>(AVCOL_SPC_RGB) : yuvMatrix;
     if (IsOpen(colour.primaries))
-        result.primaries = DefaultPrimaries(yuvMatrix);
+        result.primaries = DefaultPrimaries(yuvMatrix, rgb);
     // Stills come tagged sRGB. Editors and players show video of the BT.709 curve and stills alike, so a still between
     // clips must not give the whole file another curve.
     if (IsOpen(colour.transfer) || (colour.transfer == AVCOL_TRC_IEC61966_2_1 && !rgb))
         result.transfer = DefaultTransfer(yuvMatrix);
     result.range = rgb || fullRange ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     return result;
+}
+
+Conf::ColourInfo Completed(const Conf::ColourInfo& tags, const Conf::ColourInfo& otherwise) {
+    Conf::ColourInfo colour = tags;
+    if (colour.primaries == AVCOL_PRI_UNSPECIFIED)
+        colour.primaries = otherwise.primaries;
+    if (colour.transfer == AVCOL_TRC_UNSPECIFIED)
+        colour.transfer = otherwise.transfer;
+    if (colour.matrix == AVCOL_SPC_UNSPECIFIED)
+        colour.matrix = otherwise.matrix;
+    if (colour.range == AVCOL_RANGE_UNSPECIFIED)
+        colour.range = otherwise.range;
+    return colour;
 }
 
 AVPixelFormat PlainFormat(AVPixelFormat format) noexcept {

@@ -15,12 +15,17 @@ struct EncodePicture {
     bool interlaced = false;
 };
 
-/// Completes a colour description for pictures of that size in `format`: what is unspecified is BT.601 for standard
-/// definition and BT.709 above; limited range unless `fullRange`. RGB has no matrix; a matrix for RGB is replaced for
-/// YUV.
+/// Completes a colour description for pictures of that size in `format`: what is unspecified is BT.2020 beside PQ, HLG
+/// and BT.2020's primaries, else BT.601 for standard definition and BT.709 above, and the primaries of RGB are those of
+/// BT.709; limited range unless `fullRange`. RGB has no matrix; a matrix for RGB is replaced for YUV.
 Conf::ColourInfo CompleteColour(const Conf::ColourInfo& colour, int width, int height, AVPixelFormat format,
                                 bool fullRange);
 
+/// `tags`; what is left open in them is as in `otherwise`.
+Conf::ColourInfo Completed(const Conf::ColourInfo& tags, const Conf::ColourInfo& otherwise);
+
+/// Whether the components are red, green and blue, from a palette too.
+bool IsRgb(AVPixelFormat format) noexcept;
 /// The plain format behind one that means "full range" (yuvj420p), else the format itself.
 AVPixelFormat PlainFormat(AVPixelFormat format) noexcept;
 bool IsFullRangeFormat(AVPixelFormat format) noexcept;

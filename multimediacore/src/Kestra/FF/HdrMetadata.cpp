@@ -65,10 +65,13 @@ void SetUnlessGiven(Dictionary& parameters, const char* name, const std::string&
 
 } // namespace
 
+bool IsHighRange(int transfer) noexcept {
+    return transfer == AVCOL_TRC_SMPTE2084 || transfer == AVCOL_TRC_ARIB_STD_B67;
+}
+
 bool CarriesHdr(int transfer, AVPixelFormat format) noexcept {
     const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
-    return (transfer == AVCOL_TRC_SMPTE2084 || transfer == AVCOL_TRC_ARIB_STD_B67) && descriptor &&
-           descriptor->comp[0].depth >= LEAST_BITS;
+    return IsHighRange(transfer) && descriptor && descriptor->comp[0].depth >= LEAST_BITS;
 }
 
 HdrMetadata HdrMetadataOf(const AVFrame& picture) {
@@ -81,6 +84,13 @@ HdrMetadata HdrMetadataOf(const AVFrame& picture) {
 void AddHdrMetadata(AVFrame& picture, const AVStream& stream) {
     Copy(picture, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, stream, AV_PKT_DATA_MASTERING_DISPLAY_METADATA);
     Copy(picture, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, stream, AV_PKT_DATA_CONTENT_LIGHT_LEVEL);
+}
+
+void RemoveHdrMetadata(AVFrame& picture) {
+    for (const AVFrameSideDataType type :
+         {AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, AV_FRAME_DATA_DYNAMIC_HDR_PLUS,
+          AV_FRAME_DATA_DYNAMIC_HDR_VIVID, AV_FRAME_DATA_DOVI_RPU_BUFFER, AV_FRAME_DATA_DOVI_METADATA})
+        av_frame_remove_side_data(&picture, type);
 }
 
 void SetHdrMetadata(AVStream& stream, const HdrMetadata& metadata) {

@@ -19,6 +19,8 @@ struct HdrMetadata {
     bool IsEmpty() const { return !mastering && !light; }
 };
 
+/// PQ or HLG.
+bool IsHighRange(int transfer) noexcept;
 /// Whether pictures of that transfer (PQ, HLG) in that format can be shown with a high dynamic range: that takes ten
 /// bits.
 bool CarriesHdr(int transfer, AVPixelFormat format) noexcept;
@@ -26,6 +28,8 @@ bool CarriesHdr(int transfer, AVPixelFormat format) noexcept;
 KESTRA_EXPORT HdrMetadata HdrMetadataOf(const AVFrame& picture);
 /// Gives the picture what the container tells, where the picture itself tells nothing.
 KESTRA_EXPORT void AddHdrMetadata(AVFrame& picture, const AVStream& stream);
+/// For pictures that are of another range now, or of another transfer; what changes from picture to picture goes too.
+void RemoveHdrMetadata(AVFrame& picture);
 /// For the container to tell.
 void SetHdrMetadata(AVStream& stream, const HdrMetadata& metadata);
 /// For x265 to tell in its stream; other encoders leave that to the container. What the options already tell stays.

@@ -1,6 +1,7 @@
 #include "Kestra/FF/MediaProbe.h"
 
 #include "Kestra/FF/ClockScan.h"
+#include "Kestra/FF/ColourConverter.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Error.h"
@@ -356,6 +357,9 @@ void MediaProbe::DescribeVideo() {
     track.index = video.index;
     track.codec = avcodec_get_name(stream.codecpar->codec_id);
     TagPicture(*video.first, stream, demuxer.GetContext());
+    details.tellsColour = TellsColour(first);
+    GuessColour(*video.first, stream.codecpar->codec_id);
+    details.peak = ColourConverter::PeakOf(first, first.color_trc);
     const Orientation orientation = FindOrientation(stream, &first);
     track.rotation = orientation.rotation;
     details.flipped = orientation.flipped;

@@ -19,11 +19,6 @@ using Proc::TranscodingError;
 
 namespace {
 
-bool IsRgb(AVPixelFormat format) {
-    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
-    return descriptor && (descriptor->flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL));
-}
-
 // BT.470BG and SMPTE 170M are two names of one matrix.
 int MatrixClass(int matrix) {
     return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
@@ -72,9 +67,9 @@ bool PictureConverter::Setup::operator==(const Setup& other) const {
 
 ColourInfo PictureConverter::ResolveColour(const AVFrame& picture, AVPixelFormat format, const ColourInfo& wanted) {
     ColourInfo colour = ColourOf(picture);
-    if (colour.primaries == AVCOL_PRI_UNSPECIFIED)
+    if (wanted.primaries != AVCOL_PRI_UNSPECIFIED)
         colour.primaries = wanted.primaries;
-    if (colour.transfer == AVCOL_TRC_UNSPECIFIED)
+    if (wanted.transfer != AVCOL_TRC_UNSPECIFIED)
         colour.transfer = wanted.transfer;
     const bool wasRgb = IsRgb(static_cast<AVPixelFormat>(picture.format));
     if (IsRgb(format)) {
@@ -175,28 +170,51 @@ FrameHandle PictureConverter::Flatten(const AVFrame& picture) {
     return BlendOverBlack(*PictureConverter().Convert(picture, target), flattened);
 }
 
+FrameHandle PictureConverter::Reshape(const AVFrame& picture, const PictureTarget& target, const ColourChange& change,
+                                      AVPixelFormat format) {
+    const Pass pass{change.before, change.after, target.interpolation, target.threads};
+    const bool done = picture.format == format && SameColour(pass.before, pass.after) &&
+                      IsWhole(target.place, target.width, target.height) &&
+                      IsWhole(target.source, target.width, target.height) && picture.width == target.width &&
+                      picture.height == target.height;
+    FrameHandle result = done ? MakeFrameReference(picture) : pool.Get(format, target.width, target.height);
+    if (!done)
+        CopyTags(*result, picture);
+    result->sample_aspect_ratio = target.sampleAspect;
+    SetColour(*result, change.after);
+    if (!done)
+        FillWeighted(*result, picture, target, pass);
+    return result;
+}
+
+// Size first: fewer pixels to convert where it shrinks, and what grows is as exact either way.
+FrameHandle PictureConverter::Recolour(const AVFrame& picture, const PictureTarget& target, const ColourChange& change,
+                                       AVPixelFormat format) {
+    const auto own = static_cast<AVPixelFormat>(picture.format);
+    const FrameHandle shaped = Reshape(picture, target, {change.before, change.before},
+                                       ColourConverter::FormatFor(own, target.width, target.height));
+    const AVPixelFormat made = ColourConverter::FormatFor(format, target.width, target.height);
+    FrameHandle result = colours.Convert(*shaped, change, made);
+    if (made == format)
+        return result;
+    PictureTarget rest = target;
+    rest.source = rest.place = {0, 0, target.width, target.height};
+    if (!finish)
+        finish = std::make_unique<PictureConverter>();
+    return finish->Reshape(*result, rest, {change.after, change.after}, format);
+}
+
 FrameHandle PictureConverter::Convert(const AVFrame& picture, const PictureTarget& target) {
     const auto own = static_cast<AVPixelFormat>(picture.format);
     const AVPixelFormat format = target.format == AV_PIX_FMT_NONE ? own : target.format;
     const FrameHandle flat = HasAlpha(own) && !HasAlpha(format) ? Flatten(picture) : FrameHandle();
     const AVFrame& whole = flat ? *flat : picture;
-    const ColourInfo colour = ResolveColour(whole, format, target.colour);
-    Pass pass{EffectiveColour(whole), colour, target.interpolation, target.threads};
-    if (colour.matrix == AVCOL_SPC_UNSPECIFIED)
-        pass.after.matrix = pass.before.matrix;
-    if (colour.range == AVCOL_RANGE_UNSPECIFIED)
-        pass.after.range = pass.before.range;
-    const bool done = whole.format == format && SameColour(pass.before, pass.after) &&
-                      IsWhole(target.place, target.width, target.height) &&
-                      IsWhole(target.source, target.width, target.height) && picture.width == target.width &&
-                      picture.height == target.height;
-    FrameHandle result = done ? MakeFrameReference(whole) : pool.Get(format, target.width, target.height);
-    if (!done)
-        CopyTags(*result, whole);
-    SetColour(*result, colour);
-    result->sample_aspect_ratio = target.sampleAspect;
-    if (!done)
-        FillWeighted(*result, whole, target, pass);
+    const ColourInfo tags = ResolveColour(whole, format, target.colour);
+    const ColourInfo before = EffectiveColour(whole);
+    const ColourChange change{before, Completed(tags, before)};
+    FrameHandle result = ColourConverter::IsNeeded(change) ? Recolour(whole, target, change, format)
+                                                           : Reshape(whole, target, change, format);
+    SetColour(*result, tags);
     return result;
 }
 

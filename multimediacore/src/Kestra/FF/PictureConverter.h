@@ -1,7 +1,8 @@
-// Kestra::FF::PictureConverter: part, place, size, pixel format, colour matrix and range of pictures, in one pass.
+// Kestra::FF::PictureConverter: part, place, size, pixel format and colour of pictures.
 #pragma once
 
 #include "Kestra/Conf/PixelFormat.h"
+#include "Kestra/FF/ColourConverter.h"
 #include "Kestra/FF/FramePool.h"
 #include "Kestra/FF/PictureGeometry.h"
 
@@ -14,8 +15,7 @@ struct PictureTarget {
     AVRational sampleAspect = {1, 1};
     /// AV_PIX_FMT_NONE: the picture's own.
     AVPixelFormat format = AV_PIX_FMT_NONE;
-    /// What is unspecified here stays as it is in the picture. Primaries and transfer are never converted: they are
-    /// tagged where the picture says nothing.
+    /// What is unspecified here stays as it is in the picture.
     Conf::ColourInfo colour;
     /// The part of the picture that is shown.
     PictureRect source;
@@ -28,7 +28,8 @@ struct PictureTarget {
 
 /// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling;
 /// where it is kept in the picture's own format, scaling weights colour by it.
-/// Interlaced pictures are scaled field by field.
+/// Interlaced pictures are scaled field by field. One pass of libswscale does it all, unless the colour has to change
+/// by more than it does well: that follows in ColourConverter's pass.
 class KESTRA_EXPORT PictureConverter {
 public:
     /// The picture itself, on the same pixels, when it already is what is wanted. Times and side data stay.
@@ -54,6 +55,10 @@ private:
     };
 
     FrameHandle Flatten(const AVFrame& picture);
+    FrameHandle Reshape(const AVFrame& picture, const PictureTarget& target, const ColourChange& change,
+                        AVPixelFormat format);
+    FrameHandle Recolour(const AVFrame& picture, const PictureTarget& target, const ColourChange& change,
+                         AVPixelFormat format);
     void Configure(const Setup& wanted);
     void FillWeighted(AVFrame& result, const AVFrame& picture, const PictureTarget& target, const Pass& pass);
     void Fill(AVFrame& result, const AVFrame& picture, const PictureTarget& target, const Pass& pass);
@@ -64,6 +69,9 @@ private:
     SwsContextHandle context;
     FramePool pool;
     FramePool flattened;
+    ColourConverter colours;
+    /// For formats that the colours cannot be made in.
+    std::unique_ptr<PictureConverter> finish;
 };
 
 } // namespace Kestra::FF

@@ -1,9 +1,36 @@
 #include "Kestra/FF/PictureTags.h"
 
+#include "Kestra/FF/Convert.h"
 #include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/HdrMetadata.h"
 
 namespace Kestra::FF {
+
+namespace {
+
+/// Stills and the codecs made for them have the primaries of sRGB, whatever their matrix and size.
+bool IsCodecOfStills(AVCodecID codec) {
+    return codec == AV_CODEC_ID_MJPEG || codec == AV_CODEC_ID_PNG || codec == AV_CODEC_ID_WEBP ||
+           codec == AV_CODEC_ID_BMP || codec == AV_CODEC_ID_TIFF || codec == AV_CODEC_ID_GIF;
+}
+
+} // namespace
+
+bool TellsColour(const AVFrame& picture) {
+    return IsRgb(static_cast<AVPixelFormat>(picture.format)) ||
+           (picture.color_primaries != AVCOL_PRI_UNSPECIFIED && picture.color_trc != AVCOL_TRC_UNSPECIFIED &&
+            picture.colorspace != AVCOL_SPC_UNSPECIFIED);
+}
+
+void GuessColour(AVFrame& picture, AVCodecID codec) {
+    Conf::ColourInfo told = ColourOf(picture);
+    if (IsCodecOfStills(codec) && told.primaries == AVCOL_PRI_UNSPECIFIED)
+        told.primaries = AVCOL_PRI_BT709;
+    Conf::ColourInfo guess = CompleteColour(told, picture.width, picture.height,
+                                            static_cast<AVPixelFormat>(picture.format), told.range == AVCOL_RANGE_JPEG);
+    guess.transfer = told.transfer == AVCOL_TRC_UNSPECIFIED ? guess.transfer : told.transfer;
+    SetColour(picture, guess);
+}
 
 void TagPicture(AVFrame& picture, AVStream& stream, AVFormatContext& context) {
     picture.sample_aspect_ratio = av_guess_sample_aspect_ratio(&context, &stream, &picture);

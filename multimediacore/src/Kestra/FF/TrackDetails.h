@@ -14,6 +14,10 @@ struct TrackDetails {
     std::int64_t origin = 0;
     /// After it has been turned, the picture is to be flipped upside down.
     bool flipped = false;
+    /// False where the picture's colour is a guess.
+    bool tellsColour = true;
+    /// The brightest of a picture of high dynamic range, in cd/m2.
+    double peak = 0;
     /// Where, modulo the codec's frame length, blocks of samples end on the sound's own timeline: containers round
     /// timestamps, and after a seek this tells the sample that was meant.
     std::int64_t audioPhase = 0;

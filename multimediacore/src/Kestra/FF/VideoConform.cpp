@@ -37,7 +37,14 @@ bool SamePixels(const AVFrame& a, const AVFrame& b) {
 VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncodePicture& picture)
     : VideoFilterBase(source, "conform")
     , picture(picture)
-    , target(TargetFor(picture)) {}
+    , target(TargetFor(picture)) {
+    boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
+    source->GetVideoFormat(format);
+    const AVPixelFormat own = ToAv(format->GetPixelFormat());
+    streamColour =
+        CompleteColour(format->GetColour(), picture.width, picture.height,
+                       own == AV_PIX_FMT_NONE ? picture.format : own, format->GetColour().range == AVCOL_RANGE_JPEG);
+}
 
 boost::intrusive_ptr<Proc::IDataVideo> VideoConform::ReadVideo() {
     const auto data = source->ReadVideo();
@@ -57,8 +64,7 @@ FrameHandle VideoConform::Conform(const AVFrame& frame) {
     if (IsFullRangeFormat(static_cast<AVPixelFormat>(frame.format)))
         source->color_range = AVCOL_RANGE_JPEG;
     // A picture that says nothing of its colour is taken for one of the stream that it came in.
-    if (source->colorspace == AVCOL_SPC_UNSPECIFIED && picture.colour.matrix != AVCOL_SPC_RGB)
-        source->colorspace = static_cast<AVColorSpace>(picture.colour.matrix);
+    SetColour(*source, Completed(ColourOf(*source), streamColour));
     target.source = {0, 0, frame.width, frame.height};
     FrameHandle result = converter.Convert(*source, target);
     result->format = picture.format;

@@ -21,6 +21,7 @@ private:
 
     const EncodePicture picture;
     PictureTarget target;
+    Conf::ColourInfo streamColour; ///< complete
     PictureConverter converter;
     /// The last picture and what became of it; holding the picture keeps its memory from being used again.
     FrameHandle lastSource;

@@ -1,7 +1,9 @@
 #include "Kestra/FF/VideoDecodeStream.h"
 
+#include "Kestra/FF/ColourNote.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/PictureTags.h"
 #include <algorithm>
 #include <cstring>
@@ -62,6 +64,16 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
     Core::Property tree = format->GetProperty();
     tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, track.interlaced);
     format->SetProperty(tree);
+}
+
+void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
+    const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&format);
+    if (!video)
+        return;
+    const ColourChange change{track.colour, Completed(video->GetColour(), track.colour)};
+    const std::string note = ColourNote(change, source->GetDetails().peak, source->GetDetails().tellsColour);
+    if (!note.empty())
+        source->Note(note);
 }
 
 void VideoDecodeStream::Prepare() {
@@ -183,7 +195,9 @@ std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
         ReportFlaws(*frame, time);
         if (time >= duration && !atStart)
             break;
-        TagPicture(*frame, demuxer->GetStream(track.index), demuxer->GetContext());
+        AVStream& stream = demuxer->GetStream(track.index);
+        TagPicture(*frame, stream, demuxer->GetContext());
+        GuessColour(*frame, stream.codecpar->codec_id);
         lastDecoded = time;
         // What begins late is shown from the start.
         return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time};

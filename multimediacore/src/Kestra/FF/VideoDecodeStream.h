@@ -24,6 +24,8 @@ public:
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
     void Interrupt() override { interrupted = true; }
     std::string Describe() const override;
+    /// Notes with the source what the consumer will change in its colour.
+    void PreferFormat(const Conf::IFormatCodec& format) override;
     void Prepare() override;
     void Reset() override;
 

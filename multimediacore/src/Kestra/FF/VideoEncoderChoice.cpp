@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/HdrMetadata.h"
 #include <algorithm>
 #include <climits>
 
@@ -73,6 +74,27 @@ bool CodesFields(AVCodecID codec) {
            codec == AV_CODEC_ID_PRORES || codec == AV_CODEC_ID_DNXHD;
 }
 
+int DepthOf(AVPixelFormat format) {
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
+    return descriptor ? descriptor->comp[0].depth : 0;
+}
+
+/// The stream's colour, but none where it is of a high range that the encoder is not to have, or has too few bits for:
+/// then it is that of ordinary pictures of the size.
+Conf::ColourInfo ChooseColour(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
+                              AVPixelFormat format) {
+    Conf::ColourInfo colour = stream.GetColour();
+    const AVPixelFormat own = ToAv(stream.GetPixelFormat());
+    // What RGB leaves open is its own affair: the matrix that it gets says nothing of its primaries.
+    if (IsRgb(own))
+        colour.primaries = CompleteColour(colour, 0, 0, own, true).primaries;
+    const bool keeps =
+        TagOf(description, IFormatCodecVideo::TAG_DYNAMIC_RANGE) == IFormatCodecVideo::DYNAMIC_RANGE_SOURCE;
+    const bool room =
+        CarriesHdr(colour.transfer, format) || (own != AV_PIX_FMT_NONE && DepthOf(format) >= DepthOf(own));
+    return !IsHighRange(colour.transfer) || (keeps && room) ? colour : Conf::ColourInfo{};
+}
+
 } // namespace
 
 EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
@@ -88,7 +110,7 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     picture.height = FitSide(frame.height, descriptor.log2_chroma_h);
     picture.sampleAspect = SampleAspectOf(frame);
     picture.interlaced = CodesFields(codec.id) && (IsInterlaced(description) || IsInterlaced(stream));
-    Conf::ColourInfo colour = stream.GetColour();
+    Conf::ColourInfo colour = ChooseColour(description, stream, picture.format);
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)
         colour.matrix = wanted.matrix;

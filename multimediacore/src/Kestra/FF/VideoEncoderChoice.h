@@ -7,9 +7,10 @@
 namespace Kestra::FF {
 
 /// Size and shape are the stream's (the description's where the stream has none), the pixel format is the description's
-/// or the nearest to the stream's that `codec` takes, the colour is the stream's, completed. Sides are made to fit the
-/// pixel format's subsampling and are never 0. Throws ProcException (CodecRefused) for a pixel format that the codec
-/// does not take.
+/// or the nearest to the stream's that `codec` takes, the colour is the stream's, completed, or that of ordinary
+/// pictures where the stream's range is a high one and the description does not say to keep it. Sides are made to fit
+/// the pixel format's subsampling and are never 0. Throws ProcException (CodecRefused) for a pixel format that the
+/// codec does not take.
 EncodePicture ChoosePicture(const Conf::IFormatCodecVideo& description, const Conf::IFormatCodecVideo& stream,
                             const AVCodec& codec);
 
