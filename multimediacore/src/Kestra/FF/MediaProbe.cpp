@@ -6,6 +6,7 @@
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/FirstFrames.h"
+#include "Kestra/FF/LeftOut.h"
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"
 #include "Kestra/FF/SoundGrain.h"
@@ -74,6 +75,7 @@ void MediaProbe::Run() {
     DescribeVideo();
     DescribeAudio();
     ReportShortage();
+    NoteWhatIsLeftOut(demuxer.GetContext(), video.index, audio.index, details.notes);
 }
 
 void MediaProbe::RequireTracks() const {
