@@ -6,6 +6,7 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/OutputTransaction.h"
+#include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/Time.h"
@@ -192,7 +193,7 @@ std::string ExportJob::inUsersWords(const std::string& sentence) const {
     QString text = QString::fromStdString(sentence);
     if (transaction)
         text.replace(QString::fromUtf8(transaction->privatePath()), request.outputPath);
-    return text.simplified().toStdString();
+    return PlainText::escaped(text.trimmed().toStdString());
 }
 
 void ExportJob::finish(ExportOutcome::Status status) {

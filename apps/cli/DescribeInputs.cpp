@@ -1,7 +1,9 @@
+#include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Types/Time.h"
+#include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
@@ -67,7 +69,7 @@ QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStri
 }
 
 std::string lineOf(const std::string& path, const MediaInfo& info) {
-    QString line = text(path) + key(": ") + text(info.container) + key(", ") +
+    QString line = text(ExportCore::PlainText::escaped(path)) + key(": ") + text(info.container) + key(", ") +
                    text(ExportCore::TimeText::format(Types::fromAvTime(info.duration)));
     if (const auto& video = info.video)
         line += key(", ") + text(video->codec) + key(" %1x%2 ").arg(video->frame.width).arg(video->frame.height) +
@@ -91,9 +93,9 @@ void describe(const std::string& path, const Options& options, QJsonArray& media
         return media.append(objectOf(path, source->GetInfo(), damage, notes));
     std::printf("%s\n", lineOf(path, source->GetInfo()).c_str());
     for (const QString& what : damage)
-        std::fprintf(stderr, "editor-export: warning: \"%s\": %s\n", path.c_str(), qUtf8Printable(what));
+        ErrorOutput::tell("warning", '"' + path + "\": " + what.toStdString());
     for (const QString& what : notes)
-        std::fprintf(stderr, "editor-export: note: \"%s\": %s\n", path.c_str(), qUtf8Printable(what));
+        ErrorOutput::tell("note", '"' + path + "\": " + what.toStdString());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ExportCore/NameList.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "Kestra/Conf/CodecID.h"
+#include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
@@ -63,7 +64,7 @@ void printLines(const std::vector<std::string>& ids, const PresetCatalogue& cata
 int listPresets(const Options& options) {
     const PresetCatalogue catalogue;
     if (!catalogue.warning().empty() && !options.json)
-        std::fprintf(stderr, "editor-export: warning: %s\n", catalogue.warning().c_str());
+        ErrorOutput::tell("warning", catalogue.warning());
     const std::vector<std::string> ids = options.tag ? catalogue.idsOf(*options.tag) : catalogue.ids();
     if (options.json) {
         QJsonArray presets;

@@ -3,6 +3,7 @@
 #include "ExportCore/NearNames.h"
 #include "ExportCore/PresetSettings.h"
 #include "ExportCore/TimeText.h"
+#include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include <CLI/CLI.hpp>
 #include <QString>
@@ -166,18 +167,25 @@ std::string reasonOf(const CLI::ParseError& error) {
            (text.find("At Most 1") != std::string::npos ? " can be given only once" : " needs a value");
 }
 
-/// One line, whatever the parser makes of it.
-void complain(std::string what) {
-    for (char& letter : what) {
-        if (letter == '\n')
-            letter = ' ';
+void complain(const std::string& what) {
+    ErrorOutput::refuse(what + " (see --help)");
+}
+
+/// Whether JSON is asked for on standard error, as far as that can be told before the rest has been understood.
+bool asksForJson(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--progress=json" || (word == "--progress" && i + 1 < argc && std::string("json") == argv[i + 1]))
+            return true;
     }
-    std::fprintf(stderr, "editor-export: %s (see --help)\n", what.c_str());
+    return false;
 }
 
 } // namespace
 
 std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
+    if (asksForJson(argc, argv))
+        ErrorOutput::useJson();
     for (int i = 1; i < argc; ++i) {
         if (!isUtf8(argv[i])) {
             complain("argument " + std::to_string(i) + " is not valid UTF-8");

@@ -1,6 +1,7 @@
 #include "cli/IProgressDisplay.h"
 
 #include "Kestra/Proc/TranscodingError.h"
+#include "cli/ErrorOutput.h"
 #include "cli/JsonText.h"
 #include "cli/ProgressText.h"
 #include <QElapsedTimer>
@@ -84,7 +85,7 @@ public:
     void ended(const ExportOutcome& outcome) override { print(outcomeObject(outcome)); }
 
 private:
-    static void print(const QJsonObject& object) { std::fprintf(stderr, "%s\n", jsonLine(object).c_str()); }
+    static void print(const QJsonObject& object) { ErrorOutput::print(object); }
 };
 
 } // namespace

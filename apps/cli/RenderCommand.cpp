@@ -1,7 +1,9 @@
 #include "cli/RenderCommand.h"
 
 #include "ExportCore/ExportJob.h"
+#include "ExportCore/PlainText.h"
 #include "ExportCore/TimeText.h"
+#include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/IProgressDisplay.h"
 #include "cli/JsonText.h"
@@ -35,7 +37,8 @@ ExportCore::ExportRequest requestOf(const Options& options) {
 }
 
 std::string factsText(const ExportFacts& facts) {
-    std::string text = facts.path.toStdString() + ": " + ExportCore::TimeText::format(KTime(facts.durationMs));
+    std::string text = ExportCore::PlainText::escaped(facts.path.toStdString()) + ": " +
+                       ExportCore::TimeText::format(KTime(facts.durationMs));
     if (!facts.videoCodec.empty())
         text += ", " + facts.videoCodec + ' ' + std::to_string(facts.width) + 'x' + std::to_string(facts.height) +
                 ", " + std::to_string(facts.frames) + (facts.frames == 1 ? " frame" : " frames");
@@ -51,9 +54,9 @@ std::string factsText(const ExportFacts& facts) {
 void printLines(const char* kind, const QStringList& lines) {
     constexpr int most = 20;
     for (int i = 0; i < std::min(lines.size(), most); ++i)
-        std::fprintf(stderr, "editor-export: %s: %s\n", kind, qUtf8Printable(lines[i]));
+        ErrorOutput::tell(kind, lines[i].toStdString());
     if (lines.size() > most)
-        std::fprintf(stderr, "editor-export: %s: and %d more of this kind\n", kind, lines.size() - most);
+        ErrorOutput::tell(kind, "and " + std::to_string(lines.size() - most) + " more of this kind");
 }
 
 /// A result goes to standard output; everything else was an error.
@@ -69,17 +72,17 @@ void printOutcome(const ExportOutcome& outcome, ProgressStyle style) {
         break;
     case ExportOutcome::Status::Refused:
         if (!json)
-            std::fprintf(stderr, "editor-export: %s\n", outcome.error.GetDescription().c_str());
+            ErrorOutput::refuse(outcome.error.GetDescription());
         break;
     case ExportOutcome::Status::Failed:
         if (!json)
-            std::fprintf(stderr, "editor-export: the export failed (%s): %s\n",
-                         Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode()),
-                         outcome.error.GetDescription().c_str());
+            ErrorOutput::fail(std::string("the export failed (") +
+                              Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode()) +
+                              "): " + outcome.error.GetDescription());
         break;
     case ExportOutcome::Status::Stopped:
         if (!json)
-            std::fprintf(stderr, "editor-export: stopped, nothing was written\n");
+            ErrorOutput::fail("stopped, nothing was written");
         break;
     }
 }

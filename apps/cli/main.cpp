@@ -3,16 +3,21 @@
 #include "ExportCore/ExportApplication.h"
 #include "Kestra/Core/LargestAllocation.h"
 #include "Kestra/Core/Log.h"
+#include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/ListCommands.h"
 #include "cli/Options.h"
 #include "cli/RenderCommand.h"
 #include <QCoreApplication>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QTemporaryDir>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <malloc.h>
 
 namespace {
@@ -43,14 +48,29 @@ void keepMemorySmall() {
 
 /// What was printed must have arrived: a full disk shows only now.
 int withOutputChecked(int code) {
-    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    const bool written = std::cout.flush().good() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     if (!written)
-        std::fprintf(stderr, "editor-export: cannot write to standard output\n");
+        Cli::ErrorOutput::fail("cannot write to standard output");
     return written || code != Cli::EXIT_DONE ? code : Cli::EXIT_EXPORT_FAILED;
+}
+
+/// Whatever a library has to say goes the way of everything else, so that each line is of the kind that was asked for.
+void speakThroughOneMouth() {
+    Kestra::Core::SetEngineLogReceiver(&Cli::ErrorOutput::log);
+    Export::setTranscoderLogReceiver(&Cli::ErrorOutput::log);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        Cli::ErrorOutput::log(message.toStdString());
+    });
+}
+
+/// Qt takes the user's locale over for the whole process, but sentences here are in English, numbers included.
+void keepNumbersEnglish() {
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 template <class Application>
 int runIn(ExportCore::ExportApplication<Application>& application, const Cli::Options& options) {
+    keepNumbersEnglish();
     return withOutputChecked(run(options, application.failures()));
 }
 
@@ -63,6 +83,9 @@ int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
     // No window is shown, so there need be no display, whatever the environment says; nor does it concern anybody when
     // the environment lacks what desktop sessions have, which Qt warns of as it starts.
     qputenv("QT_QPA_PLATFORM", "minimal");
+    // Where the session has no folder, Qt makes one that stays behind.
+    const QTemporaryDir session;
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session.path()));
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     ExportCore::ExportApplication<QGuiApplication> application(argc, argv);
     QLoggingCategory::setFilterRules(QString());
@@ -77,7 +100,8 @@ int main(int argc, char** argv) {
     int exitCode = Cli::EXIT_DONE;
     const auto options = Cli::Options::read(argc, argv, exitCode);
     if (!options)
-        return exitCode;
+        return withOutputChecked(exitCode);
+    speakThroughOneMouth();
     Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
     Kestra::Core::SetLargestAllocation(options->mediaLimits);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
@@ -85,7 +109,7 @@ int main(int argc, char** argv) {
     try {
         return runWithWhatItNeeds(argc, argv, *options);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "editor-export: %s\n", error.what());
+        Cli::ErrorOutput::refuse(error.what());
         return Cli::EXIT_BAD_INPUT;
     }
 }

@@ -48,6 +48,17 @@ TEST_F(CliBranding, AppendsTheOutroWithoutADisplay) {
     EXPECT_EQ(media.decodeErrors, 0);
 }
 
+TEST_F(CliBranding, LeavesNothingInTheTemporaryFolder) {
+    const TestMedia::Folder temporary;
+    Program program({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "demo", "--progress", "none"});
+    program.setEnvironment("XDG_RUNTIME_DIR", "");
+    program.setEnvironment("TMPDIR", temporary / "");
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 0);
+    EXPECT_TRUE(result.errors.isEmpty()) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(temporary / ""), QStringList());
+}
+
 TEST_F(CliBranding, LengthensSoundAlone) {
     const std::string sound = place / "out.flac";
     const Result result = run({"render", clip, "-p", "flac", "-o", sound, "--branding", "demo", "--progress", "none"});

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdarg>
 #include <cstdio>
-#include <mutex>
 #include <utility>
 
 extern "C" {
@@ -27,22 +26,18 @@ void Keep(const char* format, va_list arguments) noexcept {
     }
 }
 
-void OnLog(void* object, int level, const char* format, va_list arguments) {
-    if (kept && level <= AV_LOG_WARNING) {
-        va_list copy;
-        va_copy(copy, arguments);
-        Keep(format, copy);
-        va_end(copy);
-    }
-    av_log_default_callback(object, level, format, arguments);
-}
-
 } // namespace
 
-LogWatch::LogWatch() {
-    static std::once_flag installed;
-    std::call_once(installed, [] { av_log_set_callback(&OnLog); });
-    before = std::exchange(kept, &lines);
+LogWatch::LogWatch()
+    : before(std::exchange(kept, &lines)) {}
+
+void LogWatch::Offer(int level, const char* format, va_list arguments) noexcept {
+    if (!kept || level > AV_LOG_WARNING)
+        return;
+    va_list copy;
+    va_copy(copy, arguments);
+    Keep(format, copy);
+    va_end(copy);
 }
 
 LogWatch::~LogWatch() {

@@ -1,6 +1,7 @@
 // Kestra::FF::LogWatch: what libav complains of on this thread.
 #pragma once
 
+#include <cstdarg>
 #include <string>
 #include <vector>
 
@@ -16,12 +17,15 @@ public:
     LogWatch(const LogWatch&) = delete;
     LogWatch& operator=(const LogWatch&) = delete;
 
+    /// For the one callback of libav's log: keeps the line where one exists on this thread.
+    static void Offer(int level, const char* format, va_list arguments) noexcept;
+
     /// The first line that begins with one of `openings`; empty when there is none.
     std::string Find(const std::vector<std::string>& openings) const;
 
 private:
     std::vector<std::string> lines;
-    std::vector<std::string>* before = nullptr; ///< that of the outer one
+    std::vector<std::string>* before; ///< that of the outer one
 };
 
 } // namespace Kestra::FF
