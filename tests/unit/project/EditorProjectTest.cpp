@@ -1,6 +1,7 @@
 #include "EditorProject/EditorProject.h"
 #include "Composition/CompositionView.h"
 #include "FastTrack/Suppressor.h"
+#include "FastTrack/View.h"
 #include "Kestra/Proc/ProcException.h"
 #include "ProjectFixture.h"
 #include "Stream/ExportStreams.h"
@@ -54,6 +55,7 @@ public:
         }
     }
     void take() { Stream::VideoView::streamChange(&videoStream)->using_ = true; }
+    void changeSource(const Media::Video* source) { Stream::VideoView::streamChange(&videoStream)->source = source; }
     void changeRange(const Types::Range& range) { Stream::VideoView::streamChange(&videoStream)->range = range; }
     void withdraw() { Stream::VideoView::streamRemove(&videoStream); }
     bool isAdopted() const { return Stream::VideoView::streamIsObserved(&videoStream); }
@@ -79,6 +81,27 @@ private:
         events.push_back(available && stream->impl ? "available" : "unavailable");
     }
 };
+
+/// Owns a composition of its own, as an editor's own model does, but adopts no stream.
+class OtherModel : private Composition::CompositionView, private FastTrack::View {
+public:
+    OtherModel() {
+        compositionOwn(&composition);
+        fastTrackOwn(&fastTrack);
+    }
+    ~OtherModel() override {
+        fastTrackRemove(&fastTrack);
+        compositionRemove(&composition);
+    }
+
+    Composition::Object composition;
+    FastTrack::Object fastTrack;
+};
+
+std::set<const FastTrack::Object*> ownedFastTracks() {
+    Message::View<FastTrack::Object> anybody;
+    return anybody.enumerateAll();
+}
 
 class EditorProjectTest : public ProjectFixture {
 protected:
@@ -200,6 +223,85 @@ TEST_F(EditorProjectTest, TwoExportsAtATimeDoNotMixTheirRates) {
     EXPECT_EQ(numbers(second.videoStream.impl, 3).size(), 12U);
     EXPECT_EQ(runs(second.audioStream.impl, 44100).front().first, 44100);
     EXPECT_EQ(second.videoStream.impl->GetDuration(), 4 * Kestra::TIME_BASE);
+}
+
+TEST_F(EditorProjectTest, EachOfTwoProjectsBuildsItsOwnStreamsOnly) {
+    const auto paths = put({clip(100, 192000), clip(50, 96000)});
+    EditorProject second;
+    project->open({paths[0]});
+    second.open({paths[1]});
+    User ofFirst(project->composition()), ofSecond(second.composition());
+    ofSecond.offer({});
+    ofFirst.offer({});
+    ASSERT_TRUE(until([&] { return ofFirst.ready() && ofSecond.ready(); }));
+    EXPECT_EQ(numbers(ofFirst.videoStream.impl, 25), range(100000, 100));
+    EXPECT_EQ(numbers(ofSecond.videoStream.impl, 25), range(200000, 50));
+    EXPECT_EQ(runs(ofFirst.audioStream.impl, 44100).front().id, 1);
+    EXPECT_EQ(runs(ofSecond.audioStream.impl, 44100).front().id, 2);
+    EXPECT_EQ(ofFirst.events, (std::vector<std::string>{"impl", "available"}));
+    EXPECT_EQ(ofSecond.events, (std::vector<std::string>{"impl", "available"}));
+}
+
+TEST_F(EditorProjectTest, AStreamOfAnothersCompositionIsLeftAlone) {
+    openTwo();
+    OtherModel other;
+    User user(&other.composition), own(project->composition());
+    user.offer({});
+    EXPECT_FALSE(user.isAdopted());
+    own.offer({});
+    ASSERT_TRUE(until([&] { return own.ready(); }));
+    EXPECT_FALSE(user.videoStream.impl);
+    EXPECT_FALSE(user.audioStream.impl);
+}
+
+TEST_F(EditorProjectTest, AStreamOfTheCompositionsOwnDescriptionIsBuilt) {
+    openTwo();
+    struct Preview : private Stream::VideoView {
+        void offer(const Media::Video* source) { streamAdd(&stream)->source = source; }
+        Stream::VideoObject stream;
+    } preview;
+    preview.offer(project->composition()->video());
+    EXPECT_TRUE(until([&] { return preview.stream.available; }));
+}
+
+TEST_F(EditorProjectTest, AStreamThatIsTurnedToAnothersDescriptionFails) {
+    openTwo();
+    std::exception_ptr reported;
+    QObject::connect(project.get(), &EditorProject::streamFailed, [&](std::exception_ptr error) { reported = error; });
+    User user(project->composition());
+    user.offer({});
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    const Media::Video foreign = user.exportedVideo;
+    user.changeSource(&foreign);
+    EXPECT_TRUE(until([&] { return reported != nullptr; }));
+    EXPECT_FALSE(user.ready());
+}
+
+TEST_F(EditorProjectTest, ProjectsShareOneFastTrackAndHandItOn) {
+    auto second = std::make_unique<EditorProject>();
+    EditorProject third;
+    ASSERT_EQ(ownedFastTracks().size(), 1U);
+    const FastTrack::Object* const first = *ownedFastTracks().begin();
+    second.reset();
+    EXPECT_EQ(ownedFastTracks(), std::set<const FastTrack::Object*>{first});
+    project.reset();
+    ASSERT_EQ(ownedFastTracks().size(), 1U);
+    EXPECT_NE(*ownedFastTracks().begin(), first);
+    const FastTrack::Suppressor suppressor;
+    EXPECT_TRUE((*ownedFastTracks().begin())->isSuppressed());
+}
+
+TEST_F(EditorProjectTest, AnEditorsOwnFastTrackIsTheOnlyOne) {
+    EditorProject second;
+    {
+        const OtherModel later;
+        EXPECT_EQ(ownedFastTracks(), std::set<const FastTrack::Object*>{&later.fastTrack});
+        const EditorProject third;
+        EXPECT_EQ(ownedFastTracks().size(), 1U);
+        const FastTrack::Suppressor suppressor;
+        EXPECT_TRUE(later.fastTrack.isSuppressed());
+    }
+    EXPECT_EQ(ownedFastTracks().size(), 1U) << "somebody takes over";
 }
 
 TEST_F(EditorProjectTest, TakingAStreamIsGranted) {

@@ -17,14 +17,14 @@
 #include <memory>
 #include <vector>
 
-/// Owns, in the sense of Message::View, the composition, the fast track and every export stream that is offered while
-/// it lives. For an offered stream it builds the engine stream over the following event-loop turns, then publishes
+/// Owns, in the sense of Message::View, its composition and every export stream that is offered with a description of
+/// that composition. For such a stream it builds the engine stream over the following event-loop turns, then publishes
 /// `impl` and, last, `available`. What is to be rendered is the stream's source (the export description) over its
-/// range.
+/// range. Others' streams are left alone, so any number of projects may live at once, and beside other models; one of
+/// them owns a fast track when nobody else does.
 ///
 /// Lives on the thread of the model; the engine streams that it makes run wherever they are read and may outlive it.
-/// Destruction announces that composition and fast track go. Of two projects alive at once both would adopt an offered
-/// stream.
+/// Destruction announces that the composition goes.
 class EDITORPROJECT_EXPORT EditorProject : public QObject {
     Q_OBJECT
 public:

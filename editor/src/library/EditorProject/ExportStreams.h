@@ -20,18 +20,20 @@ struct Adoption {
     Stage stage = Stage::Ordered;
 };
 
-/// Adopts every stream that is offered and has it built, once more when its source or range is changed before it is
-/// taken. What its user requests (above all `using`) is applied. One thread.
+/// Adopts the streams that are offered with a description of this project and has them built, once more when source or
+/// range is changed before a stream is taken. What its user requests (above all `using`) is applied. One thread.
 template <class M, class I>
 class ExportStreams : private Stream::View<M, I> {
 public:
     using Object = Stream::Object<M, I>;
     using Stage = typename Adoption<M>::Stage;
 
-    /// `ordered` is called, inside a delivery, when there is something to build. `numbers` counts adoptions.
-    ExportStreams(std::function<void()> ordered, std::uint64_t& numbers)
+    /// `ordered` is called, inside a delivery, when there is something to build. `numbers` counts adoptions. `isOwn`
+    /// tells whether a description stands in the project's composition; others' streams are others' to adopt.
+    ExportStreams(std::function<void()> ordered, std::uint64_t& numbers, std::function<bool(const M*)> isOwn)
         : ordered(std::move(ordered))
-        , numbers(numbers) {
+        , numbers(numbers)
+        , isOwn(std::move(isOwn)) {
         this->processAddRequests(true);
     }
 
@@ -76,6 +78,10 @@ public:
     }
 
 protected:
+    void addRequested(Object* stream) override {
+        if (isOwn(stream->source))
+            Stream::View<M, I>::addRequested(stream);
+    }
     void streamAdded(const Object* stream) override {
         adopted[stream] = {++numbers, stream->source, stream->range, Stage::Ordered};
         ordered();
@@ -96,6 +102,7 @@ protected:
 private:
     std::function<void()> ordered;
     std::uint64_t& numbers;
+    std::function<bool(const M*)> isOwn;
     std::unordered_map<const Object*, Adoption<M>> adopted;
 };
 

@@ -27,25 +27,31 @@ Conf::SampleInfo soundOf(const Media::Audio& description, const Media::Audio& ow
     return sound;
 }
 
-template <class M>
-void requireSource(const Adoption<M>& order) {
-    if (!order.source)
-        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,
-                                         "An export stream names no media description to render"));
-}
-
 } // namespace
 
 Model::Model(std::function<void()> ordered)
-    : videos(ordered, adoptions)
-    , audios(std::move(ordered), adoptions) {
+    : videos(ordered, adoptions,
+             [this](const Media::Video* description) { return isOwn(description, compositionObject.video()); })
+    , audios(std::move(ordered), adoptions,
+             [this](const Media::Audio* description) { return isOwn(description, compositionObject.audio()); }) {
     compositionOwn(&compositionObject);
-    fastTrackOwn(&fastTrackObject);
 }
 
 Model::~Model() {
-    fastTrackRemove(&fastTrackObject);
     compositionRemove(&compositionObject);
+}
+
+template <class M>
+bool Model::isOwn(const M* description, const M* ofTheComposition) const {
+    return description && (description == ofTheComposition || compositionObject.contains(description));
+}
+
+template <class M>
+void Model::requireOwn(const M* description, const M* ofTheComposition) const {
+    // An adopted stream may have been given another description since.
+    if (!isOwn(description, ofTheComposition))
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,
+                                         "An export stream names no media description of this project"));
 }
 
 void Model::show(std::shared_ptr<const Timeline> timeline) {
@@ -76,14 +82,14 @@ void Model::step(Streams& streams) {
 }
 
 boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Video>& order) const {
-    requireSource(order);
+    requireOwn(order.source, compositionObject.video());
     const ExportWindow window(order.range, opened().duration(), rateOf(*order.source));
     const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
     return new SequenceVideo(shown, window, frame);
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {
-    requireSource(order);
+    requireOwn(order.source, compositionObject.audio());
     const ExportWindow window(order.range, opened().duration(), rateBeside(order));
     const Conf::SampleInfo format = soundOf(*order.source, audioDescription);
     return new SequenceAudio(shown, window, format);

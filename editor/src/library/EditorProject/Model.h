@@ -3,21 +3,22 @@
 
 #include "Composition/CompositionView.h"
 #include "EditorProject/ExportStreams.h"
+#include "EditorProject/FastTrackShare.h"
 #include "EditorProject/StreamLengths.h"
 #include "EditorProject/Timeline.h"
-#include "FastTrack/View.h"
 #include <exception>
 #include <functional>
 #include <memory>
 
 namespace Project {
 
-/// Owns composition, fast track and export streams on the bus. One thread.
-class Model : private Composition::CompositionView, private FastTrack::View {
+/// Owns a composition and its export streams on the bus. Any number may live at once, beside other owners too. One
+/// thread.
+class Model : private Composition::CompositionView {
 public:
     /// `ordered` is called, from inside a delivery, when step() has something to do.
     explicit Model(std::function<void()> ordered);
-    /// Announces that composition and fast track go. Export streams are let go in silence: they are their users' own.
+    /// Announces that the composition goes. Export streams are let go in silence: they are their users' own.
     ~Model() override;
 
     void show(std::shared_ptr<const Timeline> timeline);
@@ -46,13 +47,17 @@ private:
     boost::intrusive_ptr<Kestra::Proc::IStreamAudio> build(const Adoption<Media::Audio>& order) const;
     template <class Streams>
     void step(Streams& streams);
+    template <class M>
+    bool isOwn(const M* description, const M* ofTheComposition) const;
+    template <class M>
+    void requireOwn(const M* description, const M* ofTheComposition) const;
     const Timeline& opened() const;
 
     std::shared_ptr<const Timeline> shown;
     Media::Video videoDescription;
     Media::Audio audioDescription;
     Composition::Object compositionObject;
-    FastTrack::Object fastTrackObject;
+    FastTrackShare fastTrack;
     std::uint64_t adoptions = 0;
     VideoStreams videos;
     AudioStreams audios;

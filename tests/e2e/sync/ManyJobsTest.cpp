@@ -1,0 +1,127 @@
+// Any number of exports in one process at a time: each file holds its own clip.
+#include "EditorProject/EditorProject.h"
+#include "ExportCore/ExportJob.h"
+#include "Exported.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
+#include "support/WaitUntil.h"
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+using ExportCore::ExportJob;
+using ExportCore::ExportOutcome;
+using TestSupport::waitUntil;
+using Status = ExportOutcome::Status;
+
+namespace {
+
+constexpr int MOST = 20;
+
+/// What tells clip `number` from the others: the luma of its pictures, and when its tone begins.
+int lumaOf(int number) {
+    return 30 + 9 * number;
+}
+double toneOf(int number) {
+    return 0.2 + 0.07 * number;
+}
+
+void makeClip(const std::string& path, int number) {
+    const std::string picture =
+        "nullsrc=s=160x90:r=25:d=2,geq=lum=" + std::to_string(lumaOf(number)) + ":cb=128:cr=128";
+    const std::string sound =
+        "aevalsrc='if(gte(t," + std::to_string(toneOf(number)) + "),0.5*sin(2*PI*1000*t),0)':s=48000:d=2";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", picture, "-f", "lavfi", "-i", sound, "-c:v", "libx264", "-preset",
+                          "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "pcm_s16le", path});
+}
+
+void expectClip(const std::string& path, int number) {
+    const TestMedia::ProbedMedia media = TestMedia::probe(path);
+    ASSERT_TRUE(media.video && media.audio) << path;
+    ASSERT_EQ(media.video->frames.size(), 50U) << path;
+    for (const TestMedia::ProbedFrame& frame : media.video->frames)
+        EXPECT_NEAR(frame.luma, lumaOf(number), 2) << path << " at " << frame.time;
+    ASSERT_EQ(media.audio->onsets.size(), 1U) << path;
+    EXPECT_NEAR(media.audio->onsetTime(0), toneOf(number), 0.03) << path;
+}
+
+class ManyJobs : public ::testing::Test {
+protected:
+    struct Run {
+        std::unique_ptr<ExportJob> job;
+        ExportOutcome outcome;
+        bool started = false;
+        bool ended = false;
+    };
+
+    static void SetUpTestSuite() {
+        media = new TestMedia::Folder;
+        for (int number = 0; number < MOST; ++number)
+            makeClip(clipOf(number), number);
+    }
+    static void TearDownTestSuite() { delete media; }
+
+    static std::string clipOf(int number) { return *media / ("clip" + std::to_string(number) + ".mov"); }
+    std::string fileOf(int number) const { return place / ("film" + std::to_string(number) + ".mp4"); }
+
+    void start(int number, const char* preset = "mp4-h264-480p") {
+        runs[number] = std::make_unique<Run>();
+        Run* const run = runs[number].get();
+        run->job = std::make_unique<ExportJob>(TestExport::requestOf(clipOf(number), preset, fileOf(number)));
+        QObject::connect(run->job.get(), &ExportJob::started, [run] { run->started = true; });
+        QObject::connect(run->job.get(), &ExportJob::finished, [run](const ExportOutcome& outcome) {
+            run->outcome = outcome;
+            run->ended = true;
+        });
+        run->job->start();
+    }
+    void expectDone(int number) {
+        ASSERT_TRUE(waitUntil([&] { return runs[number]->ended; }, 600'000)) << number;
+        ASSERT_EQ(runs[number]->outcome.status, Status::Done) << runs[number]->outcome.error.GetDescription();
+        expectClip(fileOf(number), number);
+    }
+
+    static TestMedia::Folder* media;
+    const TestMedia::Folder place;
+    std::map<int, std::unique_ptr<Run>> runs;
+};
+
+TestMedia::Folder* ManyJobs::media = nullptr;
+
+TEST_F(ManyJobs, TwoAtOnceEachWriteTheirOwnClip) {
+    start(3);
+    start(11);
+    expectDone(3);
+    expectDone(11);
+}
+
+TEST_F(ManyJobs, TwentyAtOnceEachWriteTheirOwnClip) {
+    for (int number = 0; number < MOST; ++number)
+        start(number);
+    for (int number = 0; number < MOST; ++number)
+        expectDone(number);
+    EXPECT_EQ(TestFiles::namesIn(place / "").size(), MOST) << "no private file is left";
+}
+
+TEST_F(ManyJobs, OneThatIsStoppedAndOneThatGoesLeaveTheOthersAlone) {
+    for (const int number : {1, 5, 9, 13})
+        start(number);
+    ASSERT_TRUE(waitUntil([this] { return runs[5]->started && runs[9]->started; }, 600'000));
+    runs[5]->job->stop();
+    runs[9]->job.reset();
+    expectDone(1);
+    expectDone(13);
+    ASSERT_TRUE(waitUntil([this] { return runs[5]->ended; }, 600'000));
+    // The clip is short: the stop may have come after its end.
+    EXPECT_EQ(QFileInfo::exists(QString::fromStdString(fileOf(5))), runs[5]->outcome.status == Status::Done);
+    EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(fileOf(9))) && !runs[9]->ended);
+}
+
+TEST_F(ManyJobs, AProjectThatIsBeingEditedTakesNothingFromAJob) {
+    EditorProject edited;
+    edited.open({Kestra::ioPath(clipOf(0))});
+    start(7);
+    expectDone(7);
+}
+
+} // namespace
