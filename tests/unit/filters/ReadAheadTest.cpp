@@ -111,6 +111,51 @@ TEST(ReadAhead, CanBeReleasedAtAnyMoment) {
     }
 }
 
+/// A stream whose third picture is read from something that is gone for good.
+struct HungSource {
+    HungSource() {
+        source->GetScript()->At("ReadVideo 2", [gate = gate] { gate->Pass(); });
+        stream = filters().CreateReadAhead(boost::intrusive_ptr<Proc::IStreamVideo>(source), 2);
+        EXPECT_EQ(numberOf(stream->ReadVideo()), 0);
+        EXPECT_TRUE(gate->WaitUntilReached());
+    }
+    ~HungSource() { gate->Open(); }
+
+    /// Whether only the test holds the source any more.
+    bool isLetGo() const {
+        for (int turn = 0; turn < 20'000 && source->GetRefCount() > 1; ++turn)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return source->GetRefCount() == 1;
+    }
+
+    std::shared_ptr<Fakes::Gate> gate = std::make_shared<Fakes::Gate>();
+    boost::intrusive_ptr<FakeStreamVideo> source = new FakeStreamVideo(10);
+    boost::intrusive_ptr<Proc::IStreamVideo> stream;
+};
+
+TEST(ReadAhead, IsReleasedWhileItsSourceHangsAndTheSourceIsLetGoLater) {
+    HungSource hung;
+    hung.stream.reset();
+    EXPECT_GT(hung.source->GetRefCount(), 1) << "the thread that hangs holds what it is in";
+    hung.gate->Open();
+    EXPECT_TRUE(hung.isLetGo());
+}
+
+TEST(ReadAhead, RefusesAResetWhileItsSourceHangs) {
+    HungSource hung;
+    EXPECT_THROW(hung.stream->Reset(), Proc::ProcException);
+    EXPECT_FALSE(hung.stream->ReadVideo());
+    EXPECT_THROW(hung.stream->Seek(0, SeekMode::Exact), Proc::ProcException);
+}
+
+TEST(ReadAhead, IsInterruptedWhileASeekWaitsForAReadThatHangs) {
+    HungSource hung;
+    std::thread other([&] { hung.stream->Interrupt(); });
+    EXPECT_THROW(hung.stream->Seek(FramesToTime(5, 25), SeekMode::Exact), Proc::ProcException);
+    other.join();
+    EXPECT_FALSE(hung.stream->ReadVideo());
+}
+
 TEST(ReadAhead, TellsFormatAndDurationWhileItReads) {
     const auto stream = filters().CreateReadAhead(boost::intrusive_ptr<Proc::IStreamVideo>(new FakeStreamVideo(50)), 2);
     stream->ReadVideo();

@@ -10,7 +10,8 @@ namespace Kestra::Proc {
 
 /// One run: SetEventsReceiver, Initialize, Start, then events. All operations are called on one thread and return at
 /// once; they throw only for misuse. What goes wrong in the run is onError. The last release detaches the receiver,
-/// interrupts the run and joins every thread, so no event comes after it.
+/// interrupts the run and joins every thread that comes out of its calls within some seconds; one that hangs in a
+/// foreign call is left, alone with what it holds. No event comes after it in either case.
 class KESTRA_EXPORT IStreamProcessor : public virtual IRefCountable {
 public:
     ~IStreamProcessor() override;

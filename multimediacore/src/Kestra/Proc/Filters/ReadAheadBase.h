@@ -10,12 +10,13 @@
 namespace Kestra::Proc {
 
 /// The thread starts with the first read. What the source throws is thrown by the read that would have returned the
-/// missing piece. Seek waits for the read that is under way; Reset, Interrupt and the destructor interrupt it.
-/// Filter is AudioFilterBase or VideoFilterBase.
+/// missing piece. Seek waits for the read that is under way; Reset, Interrupt and the destructor interrupt it. One that
+/// then does not come back is left with its source: Seek and Reset throw ProcException (Stalled), and reads give
+/// nothing. Filter is AudioFilterBase or VideoFilterBase.
 template <class Filter>
 class ReadAheadBase : public Filter {
 public:
-    // Nobody reads any more: a read under way need not come to its end. The queue joins its thread.
+    // Nobody reads any more: a read under way need not come to its end. The queue ends its thread.
     ~ReadAheadBase() override {
         if (queue.IsRunning())
             this->source->Interrupt();
@@ -40,8 +41,10 @@ public:
     }
 
     void Reset() override {
-        if (queue.IsRunning())
+        if (queue.IsRunning()) {
             this->source->Interrupt();
+            queue.Interrupt();
+        }
         queue.Stop();
         queue.ClearInterrupt();
         Filter::Reset();
@@ -52,7 +55,8 @@ protected:
     template <class Source>
     ReadAheadBase(Source&& source, int pieces, std::size_t bytes)
         : Filter(std::forward<Source>(source), "read-ahead")
-        , queue([this] { return this->source->ReadData(); }, static_cast<std::size_t>(std::max(pieces, 1)), bytes) {}
+        , queue([held = this->source] { return held->ReadData(); }, static_cast<std::size_t>(std::max(pieces, 1)),
+                bytes) {}
 
     boost::intrusive_ptr<IData> Pop() {
         if (!queue.IsRunning())

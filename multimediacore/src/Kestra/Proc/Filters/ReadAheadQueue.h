@@ -1,55 +1,49 @@
 // Kestra::Proc::ReadAheadQueue: a thread that reads a stream ahead of its consumer.
 #pragma once
 
+#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/IData.h"
-#include <condition_variable>
-#include <deque>
-#include <exception>
 #include <functional>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 namespace Kestra::Proc {
 
 /// Start, Pop and Stop belong to the consumer's thread; Interrupt is thread-safe. The reader runs on a thread of this
-/// queue's own, between Start and Stop, and on no other.
+/// queue's own, between Start and Stop, and on no other. It holds what it reads from: a thread that hangs in it is left
+/// after an interrupt, and after that nothing can be read here any more.
 class ReadAheadQueue {
 public:
     using Reader = std::function<boost::intrusive_ptr<IData>()>;
 
     /// Holds at most `items` pieces, and at most `bytes` of memory but for one piece that alone is larger.
     ReadAheadQueue(Reader reader, std::size_t items, std::size_t bytes);
+    /// Interrupts and stops.
     ~ReadAheadQueue();
     ReadAheadQueue(const ReadAheadQueue&) = delete;
     ReadAheadQueue& operator=(const ReadAheadQueue&) = delete;
 
-    bool IsRunning() const { return thread.joinable(); }
+    /// The source is the thread's, also when it has been left.
+    bool IsRunning() const { return left || thread.IsRunning(); }
     void Start();
-    /// Waits for the piece that is being read, then forgets everything. Does nothing when not running.
+    /// Waits for the piece that is being read, then forgets everything. Does nothing when not running. Throws
+    /// ProcException (Stalled) when the reader has been left: once interrupted, it is waited for some seconds only.
     void Stop();
     /// The next piece; null at the end and once interrupted; throws what the reader threw, after the pieces before it.
     boost::intrusive_ptr<IData> Pop();
-    /// Makes Pop return null until the next Start.
+    /// Makes Pop return null until ClearInterrupt, and bounds the wait of Stop.
     void Interrupt();
     void ClearInterrupt();
 
 private:
-    void Run();
-    bool HasRoom() const;
+    struct Shared;
 
-    const Reader reader;
-    const std::size_t maxItems;
-    const std::size_t maxBytes;
-    std::thread thread;
+    /// False when it has been left.
+    bool Finish();
 
-    std::mutex mutex; ///< guards what follows
-    std::condition_variable changed;
-    std::deque<boost::intrusive_ptr<IData>> queue;
-    std::size_t queuedBytes = 0;
-    std::exception_ptr error;
-    bool ended = false;
-    bool stopping = false;
-    bool interrupted = false;
+    /// The thread's too.
+    const std::shared_ptr<Shared> shared;
+    LeavableThread thread;
+    bool left = false;
 };
 
 } // namespace Kestra::Proc

@@ -4,26 +4,25 @@
 
 namespace Kestra::Proc {
 
-EncoderThread::EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, RunState& state, OnFailure onFailure)
+EncoderThread::EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, std::shared_ptr<RunState> state)
     : stream(std::move(stream))
-    , state(state)
-    , onFailure(std::move(onFailure))
+    , state(std::move(state))
     , queue(PacketQueue::Limits()) {}
 
-void EncoderThread::Start(const std::string& threadName) {
-    state.EncoderEntered();
+void EncoderThread::Start(const std::string& threadName, OnFailure onFailure) {
+    state->EncoderEntered();
     try {
-        thread = std::thread([this, threadName] { Run(threadName); });
+        thread.Start([self = shared_from_this(), threadName, onFailure = std::move(onFailure)] {
+            self->Run(threadName, onFailure);
+        });
     } catch (...) {
-        state.EncoderLeft();
+        state->EncoderLeft();
         throw;
     }
 }
 
-void EncoderThread::Join() {
-    if (thread.joinable()) {
-        thread.join();
-    }
+void EncoderThread::JoinOrLeave(std::chrono::steady_clock::time_point deadline) {
+    thread.JoinOrLeave(deadline);
 }
 
 void EncoderThread::Interrupt() noexcept {
@@ -36,8 +35,8 @@ void EncoderThread::Interrupt() noexcept {
     }
 }
 
-void EncoderThread::Run(const std::string& threadName) {
-    state.EnterThread();
+void EncoderThread::Run(const std::string& threadName, const OnFailure& onFailure) {
+    state->EnterThread();
     SetThreadName(threadName);
     try {
         Prepare();
@@ -45,21 +44,21 @@ void EncoderThread::Run(const std::string& threadName) {
     } catch (...) {
         onFailure(std::current_exception());
     }
-    state.EncoderLeft();
+    state->EncoderLeft();
 }
 
 void EncoderThread::Prepare() {
-    if (state.IsEnding()) {
+    if (state->IsEnding()) {
         return;
     }
     stream->Prepare();
     stream->GetFormatCodec(format);
     duration = stream->GetDuration();
-    state.EncoderPrepared();
+    state->EncoderPrepared();
 }
 
 void EncoderThread::Encode() {
-    while (!state.IsEnding()) {
+    while (!state->IsEnding()) {
         const auto packet = stream->ReadRaw();
         if (packet == nullptr) {
             break;

@@ -1,27 +1,29 @@
 // Kestra::Proc::EncoderThread: pulls the packets of one raw stream into a queue.
 #pragma once
 
+#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/IStreamRaw.h"
 #include "Kestra/Proc/Processor/PacketQueue.h"
 #include "Kestra/Proc/Processor/RunState.h"
 #include <functional>
+#include <memory>
 #include <string>
-#include <thread>
 
 namespace Kestra::Proc {
 
-/// Made, started and joined by the muxer's thread. `state` is borrowed and outlives it.
-class EncoderThread {
+/// Started and joined by the muxer's thread. Its own thread shares it, and with it stream and state, so that one that
+/// hangs in its stream can be left.
+class EncoderThread : public std::enable_shared_from_this<EncoderThread> {
 public:
-    /// Called on the encoder's thread with what the stream threw.
+    /// Called on the encoder's thread with what the stream threw, perhaps when the run is long gone.
     using OnFailure = std::function<void(std::exception_ptr)>;
 
-    EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, RunState& state, OnFailure onFailure);
+    EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, std::shared_ptr<RunState> state);
 
     /// Throws std::system_error when there is no thread to be had.
-    void Start(const std::string& threadName);
-    /// Does nothing when not started or joined already.
-    void Join();
+    void Start(const std::string& threadName, OnFailure onFailure);
+    /// Waits until the thread has ended, or leaves it at the deadline. Does nothing when not started or joined already.
+    void JoinOrLeave(std::chrono::steady_clock::time_point deadline);
     /// Wakes whoever waits for the queue and the stream, for good. Thread-safe.
     void Interrupt() noexcept;
 
@@ -31,17 +33,16 @@ public:
     std::int64_t GetDuration() const { return duration; }
 
 private:
-    void Run(const std::string& threadName);
+    void Run(const std::string& threadName, const OnFailure& onFailure);
     void Prepare();
     void Encode();
 
     const boost::intrusive_ptr<IStreamRaw> stream;
-    RunState& state;
-    const OnFailure onFailure;
+    const std::shared_ptr<RunState> state;
     PacketQueue queue;
     boost::intrusive_ptr<Conf::IFormatCodec> format;
     std::int64_t duration = TIME_UNKNOWN;
-    std::thread thread;
+    LeavableThread thread;
 };
 
 } // namespace Kestra::Proc

@@ -8,6 +8,8 @@ namespace {
 // Both together stay well below the 0.2 s in which a stop has to be answered.
 constexpr std::chrono::milliseconds DISCARD_GRACE{40};
 constexpr std::chrono::milliseconds ENCODER_PATIENCE{80};
+// An encoder comes out of its stream as soon as it is interrupted, even a slow one within some frames.
+constexpr std::chrono::seconds JOIN_PATIENCE{2};
 
 } // namespace
 
@@ -16,28 +18,24 @@ MuxerThread::MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& st
     : streams(streams)
     , muxer(std::move(muxer)) {
     for (const auto& stream : streams) {
-        encoders.push_back(std::make_unique<EncoderThread>(stream, state, [this](std::exception_ptr cause) {
-            if (state.FailEncoder(std::move(cause))) {
-                InterruptEncoders();
-            }
-        }));
+        encoders.push_back(std::make_shared<EncoderThread>(stream, state));
     }
 }
 
 void MuxerThread::Run() {
-    state.EnterThread();
+    state->EnterThread();
     SetThreadName("kestra-mux");
     try {
         Export();
     } catch (...) {
-        state.FailRun(std::current_exception());
+        state->FailRun(std::current_exception());
     }
     Conclude();
     JoinEncoders();
 }
 
 void MuxerThread::Refuse(std::exception_ptr cause) {
-    state.FailRun(std::move(cause));
+    state->FailRun(std::move(cause));
     Conclude();
 }
 
@@ -47,28 +45,28 @@ void MuxerThread::ResetStreams() {
             stream->Reset();
         }
     } catch (...) {
-        state.FailRun(std::current_exception());
+        state->FailRun(std::current_exception());
     }
 }
 
 void MuxerThread::Stop() {
-    if (state.RequestStop()) {
+    if (state->RequestStop()) {
         InterruptEncoders();
     }
 }
 
 void MuxerThread::Discard() {
-    state.RequestDiscard();
+    state->RequestDiscard();
 }
 
 void MuxerThread::Abandon() {
-    if (state.Abandon()) {
+    if (state->Abandon()) {
         InterruptEncoders();
     }
 }
 
 void MuxerThread::FinishInsideEvent() {
-    if (state.IsEnding()) {
+    if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
     }
@@ -76,35 +74,43 @@ void MuxerThread::FinishInsideEvent() {
 }
 
 void MuxerThread::Export() {
-    if (state.IsEnding()) {
+    if (state->IsEnding()) {
         return;
     }
     LaunchEncoders();
-    if (!state.WaitPrepared(encoders.size())) {
+    if (!state->WaitPrepared(encoders.size())) {
         return;
     }
     OpenMuxer();
     BeginProgress();
     events.Started();
     WritePackets(Ending::None);
-    if (state.IsEnding() && !KeepWhatIsQueued()) {
+    if (state->IsEnding() && !KeepWhatIsQueued()) {
         return;
     }
     FinishMuxer();
 }
 
 bool MuxerThread::KeepWhatIsQueued() {
-    if (!state.WaitWhetherKept(DISCARD_GRACE)) {
+    if (!state->WaitWhetherKept(DISCARD_GRACE)) {
         return false;
     }
     WritePackets(Ending::Stop);
-    return state.GetEnding() == Ending::Stop;
+    return state->GetEnding() == Ending::Stop;
 }
 
 void MuxerThread::LaunchEncoders() {
     int number = 0;
     for (const auto& encoder : encoders) {
-        encoder->Start("kestra-enc" + std::to_string(number++));
+        encoder->Start("kestra-enc" + std::to_string(number++),
+                       [run = weak_from_this()](std::exception_ptr cause) { OnEncoderFailure(run, std::move(cause)); });
+    }
+}
+
+void MuxerThread::OnEncoderFailure(const std::weak_ptr<MuxerThread>& run, std::exception_ptr cause) {
+    const std::shared_ptr<MuxerThread> held = run.lock();
+    if (held && held->state->FailEncoder(std::move(cause))) {
+        held->InterruptEncoders();
     }
 }
 
@@ -128,10 +134,10 @@ void MuxerThread::BeginProgress() {
 }
 
 void MuxerThread::WritePackets(Ending during) {
-    while (state.GetEnding() == during) {
+    while (state->GetEnding() == during) {
         const auto track = FindNextTrack();
         // Asked again: an ending wakes the wait for packets and makes tracks look ended that are not.
-        if (!track || state.GetEnding() != during) {
+        if (!track || state->GetEnding() != during) {
             return;
         }
         WriteFrom(*track);
@@ -182,7 +188,7 @@ void MuxerThread::FinishMuxer() {
         muxer->Finish();
         muxerInUse = false;
     }
-    if (!state.IsEnding()) {
+    if (!state->IsEnding()) {
         events.Progress(progress->Complete(ProgressMeter::Clock::now()));
     }
 }
@@ -195,12 +201,12 @@ void MuxerThread::AbortMuxer() noexcept {
 }
 
 void MuxerThread::Conclude() {
-    if (state.IsEnding()) {
+    if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
     }
-    state.WaitEncodersLeft(ENCODER_PATIENCE);
-    const std::exception_ptr error = state.Close();
+    state->WaitEncodersLeft(ENCODER_PATIENCE);
+    const std::exception_ptr error = state->Close();
     for (const auto& encoder : encoders) {
         encoder->GetQueue().Clear();
     }
@@ -222,8 +228,9 @@ void MuxerThread::InterruptEncoders() noexcept {
 }
 
 void MuxerThread::JoinEncoders() {
+    const auto deadline = std::chrono::steady_clock::now() + JOIN_PATIENCE;
     for (const auto& encoder : encoders) {
-        encoder->Join();
+        encoder->JoinOrLeave(deadline);
     }
 }
 

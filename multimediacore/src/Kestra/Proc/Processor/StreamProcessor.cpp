@@ -4,6 +4,12 @@
 #include <system_error>
 
 namespace Kestra::Proc {
+namespace {
+
+// Longer than the run itself waits for its encoders.
+constexpr std::chrono::seconds RELEASE_PATIENCE{3};
+
+} // namespace
 
 StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
                                  const boost::intrusive_ptr<IMuxer>& muxer)
@@ -11,19 +17,20 @@ StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamR
 
 StreamProcessor::~StreamProcessor() {
     run->GetEvents().SetReceiver(nullptr);
-    if (!thread.joinable()) {
+    if (!thread.IsRunning()) {
         return;
     }
     run->Abandon();
     if (!run->IsOwnThread()) {
-        thread.join();
+        // One that hangs in the output goes on by itself: it holds the run, and its receiver is detached.
+        thread.JoinOrLeave(std::chrono::steady_clock::now() + RELEASE_PATIENCE);
         return;
     }
     // The last release came from the run itself, and a thread cannot wait for its own end.
-    if (thread.get_id() == std::this_thread::get_id()) {
+    if (thread.IsCurrent()) {
         run->FinishInsideEvent();
     }
-    thread.detach();
+    thread.Leave();
 }
 
 void StreamProcessor::SetEventsReceiver(IProcessingEvents* events) {
@@ -44,7 +51,7 @@ void StreamProcessor::Start() {
     }
     phase = Phase::Started;
     try {
-        thread = std::thread([held = run] { held->Run(); });
+        thread.Start([held = run] { held->Run(); });
     } catch (const std::system_error&) {
         run->Refuse(std::current_exception());
     }

@@ -1,6 +1,7 @@
 // Kestra::Proc::StreamProcessor: the engine's own stream processor.
 #pragma once
 
+#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Proc/IStreamProcessor.h"
 #include "Kestra/Proc/IStreamRaw.h"
@@ -8,7 +9,7 @@
 
 namespace Kestra::Proc {
 
-/// The user's side of a run; what runs is MuxerThread.
+/// The user's side of a run; what runs is MuxerThread, which the thread holds too.
 class StreamProcessor : public IStreamProcessor, public RefCountImpl {
 public:
     StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
@@ -26,7 +27,7 @@ private:
 
     const std::shared_ptr<MuxerThread> run;
     Phase phase = Phase::Made;
-    std::thread thread;
+    LeavableThread thread;
 };
 
 } // namespace Kestra::Proc
