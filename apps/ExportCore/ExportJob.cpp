@@ -5,6 +5,7 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
+#include "ExportCore/InputOpening.h"
 #include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
@@ -31,9 +32,9 @@ ExportJob::ExportJob(ExportRequest request, QObject* parent)
 }
 
 ExportJob::~ExportJob() {
-    // The check's last step works on the transaction, the engine's threads on the private file.
     check.reset();
-    transcoder.reset();
+    opening.reset();
+    transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
 }
 
 QByteArray ExportJob::privatePath() const {
@@ -45,33 +46,59 @@ void ExportJob::start() {
     QTimer::singleShot(0, this, &ExportJob::prepare);
 }
 
-void ExportJob::prepare() {
-    if (ended || concluding)
-        return;
+void ExportJob::attempt(const std::function<void()>& step) {
     try {
-        RequestCheck::inputs(request.inputs);
-        RequestCheck::ranges(request);
-        RequestCheck::output(request);
-        OutroPictures::require(request.brandingName);
-        selectPreset();
-        openInputs();
-        editPreset();
-        beginOutput();
-        beginTranscoding();
+        step();
     } catch (const Refusal& refusal) {
         refused = true;
         failure = ProcessingError(TranscodingError::InvalidArgument, refusal.what());
     } catch (...) { // its kind is read from it, whatever it is
         setFailure(std::current_exception());
     }
-    if (!failure)
+    if (failure)
+        concludeLater();
+}
+
+void ExportJob::prepare() {
+    if (ended || concluding)
+        return;
+    attempt([this] {
+        RequestCheck::ranges(request);
+        OutroPictures::require(request.brandingName);
+        selectPreset();
+        openInputs();
+    });
+}
+
+void ExportJob::openInputs() {
+    opening = std::make_unique<InputOpening>(request);
+    connect(opening.get(), &InputOpening::finished, this, &ExportJob::onOpened);
+    follow(*opening, Watchdog::Wait::Start);
+    opening->start();
+}
+
+void ExportJob::follow(BackgroundTask& task, Watchdog::Wait wait) {
+    watchdog.expect(wait);
+    connect(&task, &BackgroundTask::alive, this, [this, wait] {
+        if (!ownStop && !failure)
+            watchdog.expect(wait);
+    });
+}
+
+void ExportJob::onOpened(const std::exception_ptr& error) {
+    if (ended)
         return;
     // An opening that was interrupted fails, but it was the user's stop.
-    if (request.interrupted && *request.interrupted) {
-        failure.reset();
-        ownStop = true;
-    }
-    concludeLater();
+    if (ownStop || failure)
+        return concludeLater();
+    attempt([this, &error] {
+        if (error)
+            std::rethrow_exception(error);
+        showTimeline();
+        editPreset();
+        beginOutput();
+        beginTranscoding();
+    });
 }
 
 void ExportJob::selectPreset() {
@@ -83,22 +110,10 @@ void ExportJob::selectPreset() {
     RequestCheck::outputName(request, provider->preset());
 }
 
-void ExportJob::openInputs() {
-    std::vector<Kestra::ioPath> paths;
-    for (const QString& input : request.inputs)
-        paths.emplace_back(input.toStdString());
+void ExportJob::showTimeline() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
-    try {
-        project->open(paths, request.interrupted, request.mediaLimits);
-    } catch (...) {
-        const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
-        const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||
-                           error.GetCode() == TranscodingError::SourceUnreadable;
-        if (unfit)
-            KESTRA_THROW(Refusal(error.GetDescription()));
-        throw;
-    }
+    project->show(opening->timeline());
     streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
     collectDamage();
 }
@@ -115,7 +130,7 @@ void ExportJob::beginOutput() {
     const OutputTarget target = RequestCheck::output(request);
     LeftoverSweep::run(target.folder);
     transaction =
-        std::make_unique<OutputTransaction>(target, QByteArray::fromStdString(provider->preset().containerId()));
+        std::make_shared<OutputTransaction>(target, QByteArray::fromStdString(provider->preset().containerId()));
     Q_EMIT privatePathChanged(transaction->privatePath());
 }
 

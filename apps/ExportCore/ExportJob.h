@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -30,14 +31,17 @@ struct DamageReport;
 
 namespace ExportCore {
 
+class BackgroundTask;
 class FileCheckTask;
+class InputOpening;
 class OutputTransaction;
 
 /// For one run: construct, connect, start(), wait for finished(). Lives on the thread of the model; every signal comes
-/// from that thread's event loop. Destruction ends a run that is under way; the output stays what it was.
+/// from that thread's event loop. Any number may run at once. Destruction ends a run that is under way; the output
+/// stays what it was.
 ///
-/// After an outcome with the code Stalled, destruction may hang on the thread that hangs: an application that has to
-/// end then ends without it. Nothing is left behind by that.
+/// Whatever reads or checks files does so on other threads. One that hangs in a file that is gone is left after some
+/// seconds: by the stop of the run, by its failure, by the destruction, which may take so long then.
 class EXPORTCORE_EXPORT ExportJob : public QObject {
     Q_OBJECT
 public:
@@ -63,8 +67,13 @@ Q_SIGNALS:
     void finished(const ExportCore::ExportOutcome& outcome);
 
 private:
+    void attempt(const std::function<void()>& step);
     void prepare();
     void openInputs();
+    void onOpened(const std::exception_ptr& error);
+    void showTimeline();
+    void follow(BackgroundTask& task, Watchdog::Wait wait);
+    bool endSoon(BackgroundTask* task);
     void selectPreset();
     void editPreset();
     void beginOutput();
@@ -80,6 +89,9 @@ private:
     void onProgress(int percent, KTime remaining);
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
+    std::string whatStalled(Watchdog::Wait wait) const;
+    std::string hungReads() const;
+    void tellHungReads();
 
     void setFailure(const std::exception_ptr& error);
     void collectDamage();
@@ -102,7 +114,8 @@ private:
     Types::Range streamRange;
     std::unique_ptr<EditorProject> project;
     std::unique_ptr<Export::PresetProvider> provider;
-    std::unique_ptr<OutputTransaction> transaction;
+    std::unique_ptr<InputOpening> opening;
+    std::shared_ptr<OutputTransaction> transaction; ///< the check's too
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
     Watchdog watchdog;
@@ -110,6 +123,7 @@ private:
     ExpectedFile expected;
     ExportOutcome outcome;
     std::optional<Kestra::Proc::ProcessingError> failure;
+    std::optional<Kestra::Proc::ProcessingError> stall; ///< of a run that was stopped
     bool refused = false;
     bool ownStop = false;
     bool running = false; ///< the engine has told that it started

@@ -5,6 +5,7 @@
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
+#include "ExportCore/InputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
@@ -30,8 +31,8 @@ void ExportJob::stop() {
         transcoder->stop();
         return;
     }
-    if (check)
-        check->interrupt();
+    if (endSoon(opening.get()) || endSoon(check.get()))
+        return;
     // A run that has not started cannot be stopped, only destroyed.
     concludeLater();
 }
@@ -40,9 +41,16 @@ void ExportJob::fail(const std::exception_ptr& error) {
     if (ended)
         return;
     setFailure(error);
-    if (check)
-        check->interrupt();
-    concludeLater();
+    if (!endSoon(opening.get()) && !endSoon(check.get()))
+        concludeLater();
+}
+
+bool ExportJob::endSoon(BackgroundTask* task) {
+    if (!task || !task->isRunning())
+        return false;
+    watchdog.expect(Watchdog::Wait::Stop);
+    task->interrupt();
+    return true;
 }
 
 void ExportJob::setFailure(const std::exception_ptr& error) {
@@ -50,24 +58,52 @@ void ExportJob::setFailure(const std::exception_ptr& error) {
         failure = ProcessingError::MakeProcessingErrorFromException(error);
 }
 
-void ExportJob::onStalled(Watchdog::Wait wait) {
-    const auto seconds = [](std::chrono::milliseconds limit) {
-        return std::to_string(std::max<long long>(limit.count() / 1000, 1)) + " s";
+std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
+    const auto within = [](const char* what, std::chrono::milliseconds limit) {
+        return what + std::to_string(std::max<long long>(limit.count() / 1000, 1)) + " s";
     };
-    if (wait == Watchdog::Wait::Start)
-        failure = ProcessingError(TranscodingError::Stalled,
-                                  "The export did not start within " + seconds(request.limits.start));
-    else if (wait == Watchdog::Wait::Progress)
-        failure = ProcessingError(TranscodingError::Stalled,
-                                  "The export made no progress for " + seconds(request.limits.progress));
-    else if (!failure)
-        failure = ProcessingError(TranscodingError::Stalled,
-                                  "The export did not stop within " + seconds(request.limits.stop));
-    // A thread that hangs would be waited for, so the engine is left alone from here on.
-    transcoder->disconnect(this);
-    transaction->rollback();
+    if (wait == Watchdog::Wait::Stop)
+        return within("The export did not stop within ", request.limits.stop);
+    if (wait == Watchdog::Wait::Progress)
+        return within(check ? "Checking the finished file made no progress for " : "The export made no progress for ",
+                      request.limits.progress);
+    return within("The export did not start within ", request.limits.start);
+}
+
+std::string ExportJob::hungReads() const {
+    if (opening && opening->isRunning())
+        return opening->step() + " does not come to an end";
+    std::string paths;
+    if (project)
+        for (const Kestra::ioPath& path : project->pathsBeingRead())
+            paths += (paths.empty() ? "Reading \"" : ", \"") + path.ToUtf8() + '"';
+    return paths.empty() ? paths : paths + " does not come back";
+}
+
+void ExportJob::onStalled(Watchdog::Wait wait) {
+    const std::string hung = hungReads();
+    const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
+    if (ownStop && !failure)
+        stall = error;
+    else if (!failure || wait != Watchdog::Wait::Stop)
+        failure = error;
+    // What hangs is left when the run is destroyed; nobody has to wait for that to hear of it.
+    if (transcoder)
+        transcoder->disconnect(this);
+    if (transaction)
+        transaction->rollback();
     concluding = true;
-    finish(ownStop ? ExportOutcome::Status::Stopped : ExportOutcome::Status::Failed);
+    finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
+}
+
+void ExportJob::tellHungReads() {
+    const std::string hung = hungReads();
+    if (hung.empty())
+        return;
+    if (failure)
+        outcome.warnings << QString::fromStdString(hung);
+    else if (ownStop)
+        stall = ProcessingError(TranscodingError::Stalled, hung);
 }
 
 void ExportJob::concludeLater() {
@@ -86,6 +122,7 @@ void ExportJob::conclude() {
         collectDamage();
         collectNotes();
     }
+    tellHungReads();
     if (!failure && !ownStop)
         return checkFile();
     if (transaction)
@@ -133,13 +170,21 @@ void ExportJob::collectNotes() {
 }
 
 void ExportJob::checkFile() {
-    check = std::make_unique<FileCheckTask>(Kestra::ioPath(transaction->privatePath().toStdString()), expected,
-                                            [this] { transaction->sync(); });
+    const auto last = [transaction = transaction, output = request.outputPath.toUtf8(), inputs = request.inputs] {
+        transaction->sync();
+        if (RequestCheck::isInput(output, inputs))
+            KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
+                                                     "The output has become one of the inputs meanwhile"));
+    };
+    check = std::make_unique<FileCheckTask>(Kestra::ioPath(transaction->privatePath().toStdString()), expected, last);
     connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
+    follow(*check, Watchdog::Wait::Progress);
     check->start();
 }
 
 void ExportJob::onChecked(const std::exception_ptr& error) {
+    if (ended)
+        return;
     if (error)
         setFailure(error);
     else if (!failure && !ownStop)
@@ -153,9 +198,6 @@ void ExportJob::onChecked(const std::exception_ptr& error) {
 
 void ExportJob::commit() {
     try {
-        if (RequestCheck::isInput(request.outputPath.toUtf8(), request.inputs))
-            KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
-                                                     "The output has become one of the inputs meanwhile"));
         if (!transaction->commit())
             outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
         collectFacts();
@@ -201,8 +243,8 @@ void ExportJob::finish(ExportOutcome::Status status) {
         return;
     watchdog.disarm();
     outcome.status = status;
-    if (failure)
-        outcome.error = ProcessingError(failure->GetCode(), inUsersWords(failure->GetDescription()));
+    if (const auto& reason = failure ? failure : stall)
+        outcome.error = ProcessingError(reason->GetCode(), inUsersWords(reason->GetDescription()));
     if (transaction)
         Q_EMIT privatePathChanged(QByteArray());
     Q_EMIT finished(outcome);

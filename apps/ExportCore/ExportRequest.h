@@ -7,7 +7,6 @@
 #include "Types/Range.h"
 #include <QString>
 #include <QStringList>
-#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,9 +34,6 @@ struct ExportRequest {
     WatchdogLimits limits;
     /// What the inputs may claim of themselves; who claims more is refused.
     Kestra::Proc::MediaLimits mediaLimits;
-    /// While inputs are opened, the event loop does not run and stop() cannot be called: what is set here, by a signal
-    /// handler or another thread, ends that like stop(). Has to outlive the job; null for none.
-    const std::atomic<bool>* interrupted = nullptr;
 };
 
 } // namespace ExportCore

@@ -59,6 +59,12 @@ void printLines(const char* kind, const QStringList& lines) {
         ErrorOutput::tell(kind, "and " + std::to_string(lines.size() - most) + " more of this kind");
 }
 
+/// Why the end of a run that was stopped was not waited for.
+std::string stallText(const ExportOutcome& outcome) {
+    const std::string& reason = outcome.error.GetDescription();
+    return reason.empty() ? reason : " (" + reason + ')';
+}
+
 /// A result goes to standard output; everything else was an error.
 void printOutcome(const ExportOutcome& outcome, ProgressStyle style) {
     const bool json = style == ProgressStyle::Json;
@@ -82,7 +88,7 @@ void printOutcome(const ExportOutcome& outcome, ProgressStyle style) {
         break;
     case ExportOutcome::Status::Stopped:
         if (!json)
-            ErrorOutput::fail("stopped, nothing was written");
+            ErrorOutput::fail("stopped, nothing was written" + stallText(outcome));
         break;
     }
 }
@@ -106,9 +112,7 @@ int exitCodeOf(const ExportOutcome& outcome, int signalNumber) {
 int render(const Options& options, ExportCore::EventLoopFailures& failures) {
     SignalStop signalStop;
     const std::unique_ptr<IProgressDisplay> display = IProgressDisplay::create(options.progress);
-    ExportCore::ExportRequest request = requestOf(options);
-    request.interrupted = &SignalStop::requested();
-    ExportJob job(std::move(request));
+    ExportJob job(requestOf(options));
     QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::fail);
     QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
     QObject::connect(&job, &ExportJob::privatePathChanged, &SignalStop::setUnfinishedFile);
@@ -120,7 +124,7 @@ int render(const Options& options, ExportCore::EventLoopFailures& failures) {
         printOutcome(outcome, options.progress);
         const int code = exitCodeOf(outcome, SignalStop::received());
         if (outcome.error.GetCode() == TranscodingError::Stalled) {
-            // Something in the engine hangs, and would be waited for on the way out.
+            // What hangs has been left, or would be waited for some seconds more.
             std::fflush(nullptr);
             std::_Exit(code);
         }

@@ -20,7 +20,6 @@ std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
 std::atomic<int> unfinishedInUse{-1};
 std::atomic<int> signalsSeen{0};
 std::atomic<int> firstSignal{0};
-std::atomic<bool> stopWanted{false};
 std::array<int, 2> wakePipe{-1, -1};
 
 void onSignal(int number) {
@@ -32,7 +31,6 @@ void onSignal(int number) {
         _exit(EXIT_SIGNAL_BASE + number);
     }
     firstSignal = number;
-    stopWanted = true;
     const auto byte = static_cast<unsigned char>(number);
     // A full pipe has woken the loop already.
     [[maybe_unused]] const ssize_t written = write(wakePipe[1], &byte, 1);
@@ -90,10 +88,6 @@ void SignalStop::onReadable() {
 
 int SignalStop::received() {
     return firstSignal;
-}
-
-const std::atomic<bool>& SignalStop::requested() {
-    return stopWanted;
 }
 
 } // namespace Cli

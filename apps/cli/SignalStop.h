@@ -4,7 +4,6 @@
 #include <QByteArray>
 #include <QObject>
 #include <QSocketNotifier>
-#include <atomic>
 #include <memory>
 
 namespace Cli {
@@ -21,8 +20,6 @@ public:
     static void setUnfinishedFile(const QByteArray& path);
     /// The signal that came; 0 when none did.
     static int received();
-    /// Turns true with the first signal, without an event loop. Lives as long as the program.
-    static const std::atomic<bool>& requested();
 
 Q_SIGNALS:
     void stopRequested();

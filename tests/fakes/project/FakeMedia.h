@@ -78,6 +78,7 @@ public:
     boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(contents, count); }
     std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;
     std::vector<Kestra::Proc::SourceNote> TakeNotes() override;
+    bool IsBeingRead() const override { return false; }
 
 private:
     Kestra::ioPath path;

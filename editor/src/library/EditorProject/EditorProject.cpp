@@ -44,7 +44,11 @@ EditorProject::~EditorProject() = default;
 
 void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted,
                          const Kestra::Proc::MediaLimits& limits) {
-    d->model.show(Project::Timeline::open(media, interrupted, limits));
+    show(Project::Timeline::open(media, interrupted, limits));
+}
+
+void EditorProject::show(std::shared_ptr<const Project::Timeline> timeline) {
+    d->model.show(std::move(timeline));
 }
 
 Composition::Object* EditorProject::composition() {
@@ -100,6 +104,15 @@ std::vector<Kestra::Proc::SourceNote> EditorProject::takeNotes() {
             for (Kestra::Proc::SourceNote& note : source->TakeNotes())
                 notes.push_back(std::move(note));
     return notes;
+}
+
+std::vector<Kestra::ioPath> EditorProject::pathsBeingRead() const {
+    std::vector<Kestra::ioPath> paths;
+    if (d->model.timeline())
+        for (const auto& source : d->model.timeline()->sources())
+            if (source->IsBeingRead())
+                paths.push_back(source->GetPath());
+    return paths;
 }
 
 std::exception_ptr EditorProject::streamError() const {

@@ -4,6 +4,7 @@
 #include "Composition/Object.h"
 #include "EditorProject/Clip.h"
 #include "EditorProject/StreamLengths.h"
+#include "EditorProject/Timeline.h"
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
 #include "Kestra/Proc/MediaLimits.h"
@@ -39,6 +40,9 @@ public:
     void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr,
               const Kestra::Proc::MediaLimits& limits = {});
 
+    /// As open(), with what has been opened elsewhere, perhaps on another thread. Not null.
+    void show(std::shared_ptr<const Project::Timeline> timeline);
+
     /// Never null; the same object all the time. It has no video and no audio description before open(), and both
     /// after.
     Composition::Object* composition();
@@ -65,6 +69,9 @@ public:
     /// What was noted about the material since the last call, each thing once a file. May be called while streams are
     /// read.
     std::vector<Kestra::Proc::SourceNote> takeNotes();
+
+    /// The files that some thread is reading at this moment. When every stream has been let go, a thread that hangs.
+    std::vector<Kestra::ioPath> pathsBeingRead() const;
 
     /// Why the last stream that failed could not be built; null when none failed.
     std::exception_ptr streamError() const;

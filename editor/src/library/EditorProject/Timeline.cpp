@@ -29,13 +29,16 @@ std::int64_t durationOf(const Kestra::Proc::IMediaSource& media) {
 
 std::shared_ptr<const Timeline> Timeline::open(const std::vector<Kestra::ioPath>& media,
                                                const std::atomic<bool>* interrupted,
-                                               const Kestra::Proc::MediaLimits& limits) {
+                                               const Kestra::Proc::MediaLimits& limits,
+                                               const std::function<void(std::size_t index)>& next) {
     if (media.empty())
         KESTRA_THROW(ProcException(TranscodingError::InvalidArgument, "No media file was given to open"));
     auto timeline = std::make_shared<Timeline>();
     std::unordered_map<std::string, boost::intrusive_ptr<Kestra::Proc::IMediaSource>> opened;
     for (const Kestra::ioPath& path : media) {
         boost::intrusive_ptr<Kestra::Proc::IMediaSource>& source = opened[path.ToUtf8()];
+        if (next)
+            next(timeline->allClips.size());
         if (!source) {
             source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(path, interrupted, limits);
             timeline->allSources.push_back(source);

@@ -5,6 +5,7 @@
 #include "EditorProjectExport.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -14,10 +15,12 @@ namespace Project {
 class EDITORPROJECT_EXPORT Timeline {
 public:
     /// Reads what each file holds; a file that is named twice is read once. Throws Kestra::Proc::ProcException, also
-    /// when `interrupted`, unless null, turns true meanwhile.
+    /// when `interrupted`, unless null, turns true meanwhile. `next`, unless empty, is told the index of each file
+    /// before it is opened. May be called on any thread.
     static std::shared_ptr<const Timeline> open(const std::vector<Kestra::ioPath>& media,
                                                 const std::atomic<bool>* interrupted = nullptr,
-                                                const Kestra::Proc::MediaLimits& limits = {});
+                                                const Kestra::Proc::MediaLimits& limits = {},
+                                                const std::function<void(std::size_t index)>& next = {});
 
     const std::vector<Clip>& clips() const { return allClips; }
     /// The opened medium behind the clip of that index.

@@ -69,6 +69,7 @@ void AudioDecodeStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAu
 void AudioDecodeStream::Prepare() {
     if (decoder)
         return;
+    const MediaSource::Reading reading(*source);
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
     file->Select({track.index});
@@ -96,6 +97,7 @@ void AudioDecodeStream::Reset() {
 }
 
 boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::ReadAudio() {
+    const MediaSource::Reading reading(*source);
     if (interrupted)
         return {};
     Prepare();

@@ -19,6 +19,22 @@ public:
     boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override;
     std::vector<Proc::DamageReport> TakeDamageReports() override;
     std::vector<Proc::SourceNote> TakeNotes() override;
+    bool IsBeingRead() const override { return readers > 0; }
+
+    /// Stands around every call of a stream that may read the file. Thread-safe; they may be nested.
+    class Reading {
+    public:
+        explicit Reading(MediaSource& source)
+            : source(source) {
+            ++source.readers;
+        }
+        ~Reading() { --source.readers; }
+        Reading(const Reading&) = delete;
+        Reading& operator=(const Reading&) = delete;
+
+    private:
+        MediaSource& source;
+    };
 
     const TrackDetails& GetDetails() const { return details; }
     /// Thread-safe. Repetitions of the last report within a tenth of a second are dropped.
@@ -30,6 +46,7 @@ private:
     ioPath path;
     Proc::MediaInfo info;
     TrackDetails details;
+    std::atomic<int> readers{0};
     std::mutex mutex;
     std::vector<Proc::DamageReport> reports;
     std::vector<std::string> notes; ///< all that there ever were

@@ -79,6 +79,7 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
 void VideoDecodeStream::Prepare() {
     if (decoder)
         return;
+    const MediaSource::Reading reading(*source);
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
     file->Select({track.index});
@@ -103,6 +104,7 @@ void VideoDecodeStream::Reset() {
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadVideo() {
+    const MediaSource::Reading reading(*source);
     if (interrupted)
         return {};
     Prepare();

@@ -84,6 +84,8 @@ public:
     virtual std::vector<DamageReport> TakeDamageReports() = 0;
     /// What opening it and its streams have noted so far, each phrase once in the source's life; takes them.
     virtual std::vector<SourceNote> TakeNotes() = 0;
+    /// Whether some thread is inside a call that reads the file. Where nobody reads any more, it is a thread that hangs.
+    virtual bool IsBeingRead() const = 0;
 };
 
 } // namespace Kestra::Proc

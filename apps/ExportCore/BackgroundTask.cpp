@@ -1,0 +1,103 @@
+#include "ExportCore/BackgroundTask.h"
+
+#include <chrono>
+#include <ctime>
+#include <mutex>
+#include <optional>
+#include <pthread.h>
+#include <utility>
+
+namespace ExportCore {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds PATIENCE{2};
+constexpr std::chrono::milliseconds LOOK_INTERVAL{500};
+
+} // namespace
+
+struct BackgroundTask::Shared {
+    void run() {
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            clockid_t clock = 0;
+            if (pthread_getcpuclockid(pthread_self(), &clock) == 0)
+                computing = clock;
+        }
+        std::exception_ptr error;
+        try {
+            work(interrupted);
+        } catch (...) { // whatever it is, it is told on the other thread
+            error = std::current_exception();
+        }
+        work = nullptr;
+        const std::lock_guard<std::mutex> lock(mutex);
+        computing.reset();
+        if (task)
+            task->forwarder.Forward([owner = task, error] { owner->end(error); });
+    }
+
+    /// Nanoseconds that the thread has computed; 0 when that cannot be told.
+    long long computed() {
+        const std::lock_guard<std::mutex> lock(mutex);
+        timespec now = {};
+        if (!computing || clock_gettime(*computing, &now) != 0)
+            return 0;
+        return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
+    }
+
+    Work work; ///< the thread's alone once it runs
+    std::atomic<bool> interrupted{false};
+
+    std::mutex mutex;                       ///< guards what follows
+    BackgroundTask* task = nullptr;         ///< null once it is gone
+    std::optional<clockid_t> computing;     ///< the thread's clock while it works
+    std::optional<Clock::time_point> since; ///< the interrupt
+};
+
+BackgroundTask::BackgroundTask(Work work, QObject* parent)
+    : QObject(parent)
+    , shared(std::make_shared<Shared>()) {
+    shared->work = std::move(work);
+    shared->task = this;
+    connect(&timer, &QTimer::timeout, this, &BackgroundTask::lookForLife);
+}
+
+BackgroundTask::~BackgroundTask() {
+    interrupt();
+    Clock::time_point deadline;
+    {
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        shared->task = nullptr;
+        deadline = *shared->since + PATIENCE;
+    }
+    thread.JoinOrLeave(deadline);
+}
+
+void BackgroundTask::start() {
+    thread.Start([held = shared] { held->run(); });
+    running = true;
+    timer.start(LOOK_INTERVAL);
+}
+
+void BackgroundTask::interrupt() {
+    shared->interrupted = true;
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    if (!shared->since)
+        shared->since = Clock::now();
+}
+
+void BackgroundTask::lookForLife() {
+    const long long total = shared->computed();
+    if (total > 0 && std::exchange(computed, total) != total)
+        Q_EMIT alive();
+}
+
+void BackgroundTask::end(const std::exception_ptr& error) {
+    running = false;
+    timer.stop();
+    Q_EMIT finished(error);
+}
+
+} // namespace ExportCore

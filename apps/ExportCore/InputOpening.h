@@ -1,0 +1,35 @@
+// ExportCore::InputOpening: opens the inputs of a request away from the event loop.
+#pragma once
+
+#include "EditorProject/Timeline.h"
+#include "ExportCore/BackgroundTask.h"
+#include "ExportCore/ExportRequest.h"
+#include <string>
+
+namespace ExportCore {
+
+/// Looks whether inputs and output are fit, then opens the inputs; throws Refusal for what is not fit.
+class EXPORTCORE_EXPORT InputOpening : public BackgroundTask {
+    Q_OBJECT
+public:
+    explicit InputOpening(const ExportRequest& request, QObject* parent = nullptr);
+
+    /// After finished() without an error.
+    const std::shared_ptr<const Project::Timeline>& timeline() const { return opened->timeline; }
+    /// What is being done at the moment, for a message: 'Opening "/path"'.
+    std::string step() const;
+
+private:
+    struct Opened {
+        std::shared_ptr<const Project::Timeline> timeline;
+        std::atomic<int> at{0}; ///< index of an input; behind the last, the output
+    };
+
+    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, QObject* parent);
+    static void open(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted);
+
+    const ExportRequest request;
+    const std::shared_ptr<Opened> opened;
+};
+
+} // namespace ExportCore
