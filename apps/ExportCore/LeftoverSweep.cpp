@@ -25,7 +25,9 @@ bool removeIfDead(int folder, const char* name) {
     if (file < 0)
         return false;
     struct stat state = {};
-    const bool dead = fstat(file, &state) == 0 && S_ISREG(state.st_mode) && flock(file, LOCK_EX | LOCK_NB) == 0;
+    // A second name makes it somebody's own, whatever the first one looks like.
+    const bool plain = fstat(file, &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;
+    const bool dead = plain && flock(file, LOCK_EX | LOCK_NB) == 0;
     const bool removed = dead && unlinkat(folder, name, 0) == 0;
     close(file);
     return removed;

@@ -7,7 +7,8 @@
 namespace ExportCore {
 
 struct EXPORTCORE_EXPORT LeftoverSweep {
-    /// Removes the private files in the folder whose writer is dead. Whatever is in doubt stays; never fails.
+    /// Removes the private files in the folder whose writer is dead: what carries the mark of PrivateName, is a regular
+    /// file and locked by nobody. Whatever is in doubt stays; never fails.
     /// Returns how many went.
     static int run(const QByteArray& folder) noexcept;
 

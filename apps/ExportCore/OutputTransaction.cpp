@@ -51,11 +51,13 @@ OutputTransaction::OutputTransaction(OutputTarget target, QByteArray extension)
     , extension(std::move(extension)) {
     // A name that is taken, or taken away by another run's sweep before it could be locked, is not tried again.
     constexpr int attempts = 100;
+    int error = 0;
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        if (create())
+        error = create();
+        if (error == 0)
             return;
     }
-    fail(EEXIST, "Cannot make a file beside " + quoted(this->target.path));
+    fail(error, "Cannot make a file beside " + quoted(this->target.path));
 }
 
 OutputTransaction::~OutputTransaction() {
@@ -64,25 +66,29 @@ OutputTransaction::~OutputTransaction() {
         ::close(file);
 }
 
-bool OutputTransaction::create() {
+/// 0, or why another name has to be tried.
+int OutputTransaction::create() {
     path = target.folder + (target.folder.endsWith('/') ? "" : "/") + PrivateName::make(extension);
     // What replaces a private file must at no time be readable by others.
     const mode_t mode = target.existed ? 0600 : 0666;
     file = ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (file < 0) {
         if (errno == EEXIST)
-            return false;
+            return errno;
         fail(errno, "Cannot make a file beside " + quoted(target.path));
     }
     // A file system without locks is no reason to refuse: the process named by the file's name is then all there is.
     const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
     if (locked && isSameFile(file, path)) {
         standing = true;
-        return true;
+        return 0;
     }
+    const int error = errno == 0 ? EEXIST : errno;
+    // Nobody else makes a file of that name: what stands there is ours, or is gone.
+    ::unlink(path.constData());
     ::close(file);
     file = -1;
-    return false;
+    return error;
 }
 
 void OutputTransaction::sync() const {

@@ -33,7 +33,7 @@ public:
     OutputTransaction& operator=(const OutputTransaction&) = delete;
 
 private:
-    bool create();
+    int create();
     void takeOverAccess() const;
     void requireOwnFile() const;
     void moveIntoPlace() const;

@@ -1,7 +1,10 @@
 #include "ExportCore/PrivateName.h"
 
+#include <QCryptographicHash>
 #include <QList>
+#include <algorithm>
 #include <atomic>
+#include <cctype>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -24,28 +27,43 @@ quint64 startOf(pid_t process) {
     return fields.size() > 19 ? fields[19].toULongLong() : 0;
 }
 
+/// Sixteen digits.
+QByteArray checksumOf(const QByteArray& stem) {
+    return QCryptographicHash::hash("unfinished export " + stem, QCryptographicHash::Sha256).toHex().left(16);
+}
+
 } // namespace
 
 QByteArray PrivateName::make(const QByteArray& extension) {
     static std::atomic<unsigned> counter{0};
-    QByteArray name = PREFIX + QByteArray::number(getpid()) + '-' + QByteArray::number(startOf(getpid())) + '-' +
-                      QByteArray::number(counter++);
+    PrivateName own;
+    own.process = getpid();
+    own.processStart = startOf(own.process);
+    return own.toName(counter++, extension);
+}
+
+QByteArray PrivateName::toName(unsigned counter, const QByteArray& extension) const {
+    const QByteArray stem =
+        QByteArray::number(process) + '-' + QByteArray::number(processStart) + '-' + QByteArray::number(counter);
+    const QByteArray name = PREFIX + stem + '-' + checksumOf(stem);
     return extension.isEmpty() ? name : name + '.' + extension;
 }
 
 std::optional<PrivateName> PrivateName::read(const QByteArray& name) {
     if (!name.startsWith(PREFIX))
         return std::nullopt;
-    const QByteArray stem = name.mid(static_cast<int>(sizeof PREFIX) - 1).split('.').first();
-    const QList<QByteArray> parts = stem.split('-');
-    if (parts.size() != 3)
+    const int point = name.indexOf('.', 1);
+    const QByteArray extension = point < 0 ? QByteArray() : name.mid(point + 1);
+    const QList<QByteArray> parts = name.left(point).mid(static_cast<int>(sizeof PREFIX) - 1).split('-');
+    if (parts.size() != 4)
         return std::nullopt;
-    bool isProcess = false, isStart = false, isCounter = false;
     PrivateName result;
-    result.process = parts[0].toInt(&isProcess);
-    result.processStart = parts[1].toULongLong(&isStart);
-    parts[2].toUInt(&isCounter);
-    if (!isProcess || !isStart || !isCounter || result.process <= 0)
+    result.process = parts[0].toInt();
+    result.processStart = parts[1].toULongLong();
+    const bool plain = std::all_of(extension.begin(), extension.end(),
+                                   [](char letter) { return std::isalnum(static_cast<unsigned char>(letter)) != 0; });
+    // Made again from what was read, so that nothing but the very name passes, however its numbers are written.
+    if (!plain || result.process <= 0 || result.toName(parts[2].toUInt(), extension) != name)
         return std::nullopt;
     return result;
 }

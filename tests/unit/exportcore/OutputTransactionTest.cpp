@@ -1,14 +1,49 @@
 #include "ExportCore/OutputTransaction.h"
+#include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
+#include <cerrno>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using ExportCore::OutputTarget;
 using ExportCore::OutputTransaction;
 using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
+
+namespace {
+
+// How many of the next calls fail, in this process; see below.
+int failingLocks = 0;
+int failingStats = 0;
+
+bool takesOne(int& count) {
+    return count > 0 && count-- > 0;
+}
+
+} // namespace
+
+// The system's, but for the failures that the tests ask for.
+extern "C" __attribute__((visibility("default"))) int flock(int file, int operation) noexcept {
+    if (takesOne(failingLocks)) {
+        errno = EWOULDBLOCK;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_flock, file, operation));
+}
+
+extern "C" __attribute__((visibility("default"))) int lstat(const char* path, struct stat* state) noexcept {
+    if (takesOne(failingStats)) {
+        errno = EIO;
+        return -1;
+    }
+    return fstatat(AT_FDCWD, path, state, AT_SYMLINK_NOFOLLOW);
+}
 
 namespace {
 
@@ -47,6 +82,26 @@ TEST_F(Transaction, NothingStandsAtTheTargetBeforeTheCommit) {
     EXPECT_EQ(access(path.c_str(), F_OK), -1);
     EXPECT_EQ(names().size(), 1);
     EXPECT_TRUE(names()[0].startsWith(QLatin1Char('.')));
+}
+
+TEST_F(Transaction, AnotherNameIsTakenAndNothingIsLeftWhereOneCannotBeLockedOrLookedAt) {
+    for (int* const failing : {&failingLocks, &failingStats}) {
+        *failing = 1;
+        const OutputTransaction transaction(target(), "mp4");
+        EXPECT_EQ(*failing, 0);
+        ASSERT_EQ(names().size(), 1);
+        EXPECT_TRUE(transaction.privatePath().endsWith(names()[0].toUtf8()));
+    }
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(Transaction, NothingIsLeftWhereNoNameCanBeLockedOrLookedAt) {
+    for (int* const failing : {&failingLocks, &failingStats}) {
+        *failing = 1'000'000;
+        EXPECT_THROW(OutputTransaction(target(), "mp4"), Kestra::Proc::ProcException);
+        *failing = 0;
+        EXPECT_TRUE(names().isEmpty());
+    }
 }
 
 TEST_F(Transaction, CommitPutsTheFileInPlaceAndLeavesNothingElse) {

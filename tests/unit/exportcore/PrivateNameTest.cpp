@@ -40,6 +40,20 @@ TEST(PrivateName, ADeadProcessIsNotAlive) {
     EXPECT_FALSE(name.isAlive());
 }
 
+TEST(PrivateName, ReadsNothingButTheVeryNameThatWasMade) {
+    const QByteArray name = PrivateName::make("mp4");
+    ASSERT_TRUE(PrivateName::read(name));
+    for (const char* more : {".bak", "~", " "})
+        EXPECT_TRUE(!PrivateName::read(more + name)) << more;
+    EXPECT_FALSE(
+        PrivateName::read(QByteArray(name).replace("-0-", "-00-").replace(".editor-export-", ".editor-export-0")));
+    for (int at = 0; at < name.lastIndexOf('.'); ++at) {
+        QByteArray other = name;
+        other[at] = other[at] == '1' ? '2' : '1';
+        EXPECT_FALSE(PrivateName::read(other)) << other.constData();
+    }
+}
+
 TEST(PrivateName, DoesNotReadForeignNames) {
     for (const char* name : {"film.mp4", ".editor-export-", ".editor-export-1-2.mp4", ".editor-export-1-2-x.mp4",
                              ".editor-export-1-2-3-4.mp4", ".editor-export--1-2-3.mp4", ".editor-export-0-2-3.mp4",
