@@ -50,7 +50,8 @@ QJsonObject outcomeObject(const ExportOutcome& outcome) {
     QJsonObject object{{key("type"), typeOf(outcome.status)}};
     if (outcome.status == ExportOutcome::Status::Done)
         addFacts(object, outcome.facts);
-    if (outcome.status == ExportOutcome::Status::Refused || outcome.status == ExportOutcome::Status::Failed) {
+    // A run that was stopped has one when something in it hung.
+    if (!outcome.error.GetDescription().empty()) {
         object.insert(key("error"), QString::fromUtf8(Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode())));
         object.insert(key("code"), static_cast<int>(outcome.error.GetCode()));
         object.insert(key("message"), QString::fromStdString(outcome.error.GetDescription()));

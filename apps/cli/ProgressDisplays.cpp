@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace Cli {
@@ -26,6 +27,13 @@ public:
     void ended(const ExportOutcome&) override {}
 };
 
+/// It may change at any time.
+int terminalColumns() {
+    constexpr int usual = 80;
+    winsize size = {};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+}
+
 /// One line that is written again and again.
 class Bar : public IProgressDisplay {
 public:
@@ -33,19 +41,19 @@ public:
     void progress(const ExportProgress& progress) override { show(progress); }
     void ended(const ExportOutcome&) override {
         if (shown > 0)
-            std::fprintf(stderr, "\r%*s\r", static_cast<int>(shown), "");
+            std::fprintf(stderr, "\r%*s\r", std::min(static_cast<int>(shown), terminalColumns() - 1), "");
     }
 
 private:
     void show(const ExportProgress& progress) {
-        constexpr int width = 30;
-        const int full = std::clamp(progress.percent, 0, 100) * width / 100;
-        std::string line =
-            "[" + std::string(full, '#') + std::string(width - full, '-') + "] " + progressText(progress);
+        // The last column stays free: a terminal that is written to its edge may go on to the next line.
+        const int columns = terminalColumns() - 1;
+        std::string line = progressBar(progress, columns);
         const std::size_t length = line.size();
         // Blanks over what is left of a longer line before.
-        if (length < shown)
-            line.append(shown - length, ' ');
+        const std::size_t covered = std::min(shown, static_cast<std::size_t>(std::max(columns, 0)));
+        if (length < covered)
+            line.append(covered - length, ' ');
         shown = length;
         std::fprintf(stderr, "\r%s", line.c_str());
         std::fflush(stderr);

@@ -1,5 +1,6 @@
 #include "cli/ProgressText.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace Cli {
@@ -28,6 +29,22 @@ std::string progressText(const ExportCore::ExportProgress& progress) {
     if (progress.remainingMs >= 0)
         text += ", " + clockText(progress.remainingMs) + " left";
     return text;
+}
+
+std::string progressBar(const ExportCore::ExportProgress& progress, int columns) {
+    constexpr int widest = 30, narrowest = 5, frame = 3; // the frame: two brackets and a blank
+    ExportCore::ExportProgress told = progress;
+    const auto room = [&] { return columns - static_cast<int>(progressText(told).size()); };
+    if (room() < 0)
+        told.speed = 0;
+    if (room() < 0)
+        told.remainingMs = -1;
+    const int width = std::min(room() - frame, widest);
+    if (width < narrowest)
+        return progressText(told);
+    const int full = std::clamp(progress.percent, 0, 100) * width / 100;
+    return '[' + std::string(static_cast<std::size_t>(full), '#') +
+           std::string(static_cast<std::size_t>(width - full), '-') + "] " + progressText(told);
 }
 
 } // namespace Cli

@@ -3,6 +3,7 @@
 #include "ExportCore/ExportApplication.h"
 #include "Kestra/Core/LargestAllocation.h"
 #include "Kestra/Core/Log.h"
+#include "cli/Descriptors.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/ListCommands.h"
@@ -19,6 +20,7 @@
 #include <exception>
 #include <iostream>
 #include <malloc.h>
+#include <string>
 
 namespace {
 
@@ -74,6 +76,15 @@ int runIn(ExportCore::ExportApplication<Application>& application, const Cli::Op
     return withOutputChecked(run(options, application.failures()));
 }
 
+/// Before anything that would abort for want of them.
+bool hasDescriptors() {
+    if (Cli::canOpen(Cli::NEEDED_DESCRIPTORS))
+        return true;
+    Cli::ErrorOutput::fail("too few files may be open at a time: " + std::to_string(Cli::NEEDED_DESCRIPTORS) +
+                           " more are needed (see ulimit -n and what the program was started with)");
+    return false;
+}
+
 /// An outro's picture is one of the user interface's, which takes time to start; other runs do without.
 int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
     if (options.branding.empty()) {
@@ -106,6 +117,8 @@ int main(int argc, char** argv) {
     Kestra::Core::SetLargestAllocation(options->mediaLimits);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
                                                     : Export::TranscoderLogOutput::None);
+    if (!hasDescriptors())
+        return Cli::EXIT_EXPORT_FAILED;
     try {
         return runWithWhatItNeeds(argc, argv, *options);
     } catch (const std::exception& error) {

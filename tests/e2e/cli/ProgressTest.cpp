@@ -78,15 +78,17 @@ TEST_F(Progress, TheBarTellsPercentAndSpeedAndGoesAway) {
     EXPECT_TRUE(states.last().isEmpty());
 }
 
-TEST_F(Progress, OnATerminalTheBarComesByItself) {
+/// What the program shows on a terminal of its own.
+std::string shownOnTerminal(const std::string& clip, const std::string& output, unsigned short columns) {
     int terminal = -1;
-    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    const winsize size{24, columns, 0, 0};
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child == 0) {
         execl(EDITOR_EXPORT_PROGRAM, EDITOR_EXPORT_PROGRAM, "render", clip.c_str(), "-p", "mp4-h264-480p", "-o",
               output.c_str(), nullptr);
         _exit(99);
     }
-    ASSERT_GT(child, 0);
+    EXPECT_GT(child, 0);
     std::string shown;
     char buffer[4096];
     // A terminal whose last user has gone answers with an error.
@@ -94,10 +96,28 @@ TEST_F(Progress, OnATerminalTheBarComesByItself) {
         shown.append(buffer, static_cast<std::size_t>(count));
     close(terminal);
     int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(waitpid(child, &status, 0), child);
     EXPECT_EQ(WEXITSTATUS(status), 0);
+    return shown;
+}
+
+TEST_F(Progress, OnATerminalTheBarComesByItself) {
+    const std::string shown = shownOnTerminal(clip, output, 100);
     EXPECT_NE(shown.find("[---"), std::string::npos) << shown;
     EXPECT_NE(shown.find("500 frames"), std::string::npos) << shown;
+}
+
+TEST_F(Progress, TheBarStaysOnItsLineHoweverNarrowTheTerminalIs) {
+    for (const int columns : {20, 33, 57}) {
+        const std::string shown = shownOnTerminal(clip, place / ("film" + std::to_string(columns) + ".mp4"),
+                                                  static_cast<unsigned short>(columns));
+        const QStringList states = QString::fromStdString(shown).split(QLatin1Char('\r'));
+        ASSERT_GE(states.size(), 3);
+        for (const QString& state : states)
+            if (!state.contains(QStringLiteral("500 frames")))
+                EXPECT_LT(state.trimmed().size(), columns) << state.toStdString();
+        EXPECT_TRUE(shown.find(" %") != std::string::npos) << shown;
+    }
 }
 
 } // namespace

@@ -38,4 +38,31 @@ TEST(ProgressText, WritesHoursWhereThereAreAny) {
     EXPECT_EQ(leftText(36'125'000), "0 %, 10:02:05 left");
 }
 
+TEST(ProgressBar, FitsEveryWidthFromTwentyColumnsOn) {
+    ExportProgress longest;
+    longest.percent = 100;
+    longest.speed = 123.45;
+    longest.remainingMs = 359'999'000;
+    for (int columns = 19; columns < 200; ++columns) {
+        for (const int percent : {0, 7, 100}) {
+            longest.percent = percent;
+            const std::string line = Cli::progressBar(longest, columns);
+            EXPECT_LE(line.size(), static_cast<std::size_t>(columns)) << line;
+            EXPECT_NE(line.find(std::to_string(percent) + " %"), std::string::npos) << line;
+        }
+    }
+}
+
+TEST(ProgressBar, LeavesOutSpeedThenBarThenTime) {
+    ExportProgress progress;
+    progress.percent = 50;
+    progress.speed = 1.5;
+    progress.remainingMs = 42'000;
+    EXPECT_EQ(Cli::progressBar(progress, 80), "[###############---------------] 50 %, 1.50x, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 34), "[####-----] 50 %, 1.50x, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 25), "50 %, 1.50x, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 21), "50 %, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 13), "[###---] 50 %");
+}
+
 } // namespace

@@ -1,0 +1,23 @@
+#include "cli/Descriptors.h"
+
+#include <array>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Cli {
+
+bool canOpen(int descriptors) noexcept {
+    std::array<int, 64> opened{};
+    int count = 0;
+    while (count < descriptors && count < static_cast<int>(opened.size())) {
+        const int file = open("/dev/null", O_RDONLY | O_CLOEXEC);
+        if (file < 0)
+            break;
+        opened[static_cast<std::size_t>(count++)] = file;
+    }
+    for (int i = 0; i < count; ++i)
+        close(opened[static_cast<std::size_t>(i)]);
+    return count == descriptors;
+}
+
+} // namespace Cli
