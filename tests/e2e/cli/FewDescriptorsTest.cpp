@@ -1,0 +1,34 @@
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+
+namespace {
+
+class FewDescriptors : public ::testing::TestWithParam<int> {};
+
+TEST_P(FewDescriptors, AreAnErrorThatIsNamedOrEnough) {
+    const TestMedia::Folder folder, place;
+    TestMedia::FlashBeep media;
+    media.frames = 25;
+    TestMedia::makeFlashBeep(folder / "clip.mov", media);
+    Program program({"render", folder / "clip.mov", "-p", "mp4-h264-480p", "-o", place / "film.mp4"});
+    program.setWrapper({QStringLiteral("sh"), QStringLiteral("-c"),
+                        QStringLiteral("ulimit -n %1; exec \"$@\"").arg(GetParam()), QStringLiteral("sh")});
+    const Result result = program.run();
+    ASSERT_TRUE(result.code == 0 || result.code == 1) << result.code << result.errors.toStdString();
+    if (result.code == 0) {
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+        return;
+    }
+    EXPECT_EQ(result.errorLines().size(), 1) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("files"))) << result.errors.toStdString();
+    EXPECT_TRUE(TestFiles::namesIn(place / "").isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAll, FewDescriptors, testing::Values(5, 6, 8, 10, 13, 16, 20, 30, 35, 36, 37, 40, 64));
+
+} // namespace

@@ -1,0 +1,260 @@
+// What becomes of an export whose input hangs in a call that nothing interrupts, in a process that goes on.
+#include "ExportCore/ExportJob.h"
+#include "Exported.h"
+#include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Core/ISourceFactory.h"
+#include "Kestra/Proc/Filters/AudioFilterBase.h"
+#include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "fakes/kestra/FakeFactories.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include "support/WaitUntil.h"
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using ExportCore::ExportJob;
+using ExportCore::ExportOutcome;
+using ExportCore::ExportRequest;
+using Kestra::Core::CoreManager;
+using Kestra::Fakes::Script;
+using Kestra::Proc::TranscodingError;
+using TestSupport::waitUntil;
+using Status = ExportOutcome::Status;
+using namespace std::chrono_literals;
+
+namespace {
+
+namespace Proc = Kestra::Proc;
+
+/// What all calls on one medium share; they outlive the test's own objects.
+struct Calls {
+    const std::shared_ptr<Script> script = std::make_shared<Script>();
+    std::atomic<int> under{0};
+
+    void call(const std::string& name) {
+        ++under;
+        script->Call(name);
+        --under;
+    }
+};
+
+/// The engine's stream with a script before its calls: "picture <number>", "sound <number>", "prepare ...".
+template <class Filter, class Stream>
+class Scripted : public Filter {
+public:
+    Scripted(const boost::intrusive_ptr<Stream>& source, std::shared_ptr<Calls> calls, const char* kind)
+        : Filter(source, "scripted")
+        , calls(std::move(calls))
+        , kind(kind) {}
+
+    void Prepare() override {
+        calls->call(std::string("prepare ") + kind);
+        Filter::Prepare();
+    }
+
+protected:
+    void beforeRead() { calls->call(kind + std::to_string(reads++)); }
+
+private:
+    const std::shared_ptr<Calls> calls;
+    const std::string kind;
+    int reads = 0;
+};
+
+class ScriptedPictures : public Scripted<Proc::VideoFilterBase, Proc::IStreamVideo> {
+public:
+    using Scripted::Scripted;
+    boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override {
+        beforeRead();
+        return Scripted::ReadVideo();
+    }
+};
+
+class ScriptedSound : public Scripted<Proc::AudioFilterBase, Proc::IStreamAudio> {
+public:
+    using Scripted::Scripted;
+    boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override {
+        beforeRead();
+        return Scripted::ReadAudio();
+    }
+};
+
+class ScriptedMedia : public Proc::IMediaSource, public Kestra::RefCountImpl {
+public:
+    ScriptedMedia(boost::intrusive_ptr<IMediaSource> media, std::shared_ptr<Calls> calls)
+        : media(std::move(media))
+        , calls(std::move(calls)) {}
+
+    const Kestra::ioPath& GetPath() const override { return media->GetPath(); }
+    const Proc::MediaInfo& GetInfo() const override { return media->GetInfo(); }
+    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override {
+        return new ScriptedPictures(media->CreateVideoStream(), calls, "picture ");
+    }
+    boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override {
+        return new ScriptedSound(media->CreateAudioStream(), calls, "sound ");
+    }
+    std::vector<Proc::DamageReport> TakeDamageReports() override { return media->TakeDamageReports(); }
+    std::vector<Proc::SourceNote> TakeNotes() override { return media->TakeNotes(); }
+    bool IsBeingRead() const override { return calls->under > 0; }
+
+private:
+    const boost::intrusive_ptr<IMediaSource> media;
+    const std::shared_ptr<Calls> calls;
+};
+
+class ScriptedSources : public Kestra::Core::ISourceFactory {
+public:
+    ScriptedSources(const std::string& path, std::shared_ptr<Calls> calls)
+        : media(CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path)))
+        , calls(std::move(calls)) {}
+
+    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const Kestra::ioPath&, const std::atomic<bool>*,
+                                                       const Proc::MediaLimits&) override {
+        const auto held = media;
+        const auto heldCalls = calls;
+        heldCalls->call("open");
+        return new ScriptedMedia(held, heldCalls);
+    }
+
+private:
+    const boost::intrusive_ptr<Proc::IMediaSource> media;
+    const std::shared_ptr<Calls> calls;
+};
+
+class HungSource : public ::testing::TestWithParam<const char*> {
+protected:
+    static void SetUpTestSuite() {
+        media = new TestMedia::Folder;
+        TestMedia::FlashBeep flashBeep;
+        flashBeep.frames = 250;
+        TestMedia::makeFlashBeep(*media / "clip.mov", flashBeep);
+    }
+    static void TearDownTestSuite() { delete media; }
+
+    HungSource() {
+        TestFiles::write(output, "old");
+        CoreManager::Instance().SetSourceFactory(std::make_shared<ScriptedSources>(*media / "clip.mov", calls));
+        calls->script->At(GetParam(), [gate = gate] { gate->Pass(); });
+    }
+    ~HungSource() override {
+        gate->Open();
+        job.reset();
+        EXPECT_TRUE(waitUntil([this] { return calls->under == 0; })) << "what was left comes out";
+        CoreManager::Instance().SetMuxerFactory(nullptr);
+        CoreManager::Instance().SetSourceFactory(nullptr);
+    }
+
+    void start(const ExportCore::WatchdogLimits& limits = {1h, 1h, 1h}) {
+        ExportRequest request = TestExport::requestOf(*media / "clip.mov", "mp4-h264-480p", output);
+        request.overwrite = true;
+        request.limits = limits;
+        job = std::make_unique<ExportJob>(request);
+        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
+            outcome = result;
+            ++finishCount;
+        });
+        job->start();
+    }
+    /// The event loop goes on while a call hangs.
+    bool waitUntilHung() {
+        return waitUntil([this] { return gate->WaitUntilReached(0ms); });
+    }
+    bool waitForEnd() {
+        const bool ended = waitUntil([this] { return finishCount > 0; });
+        TestSupport::turnEventLoop();
+        EXPECT_EQ(finishCount, 1);
+        return ended;
+    }
+    bool isInOpening() const { return std::string(GetParam()) == "open"; }
+    void expectNamed(const std::string& text) const {
+        EXPECT_NE(text.find("clip.mov\" does not come"), std::string::npos) << text;
+    }
+    void expectUntouched() const {
+        EXPECT_EQ(TestFiles::read(output), "old");
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+    }
+
+    static TestMedia::Folder* media;
+    const TestMedia::Folder place;
+    const std::string output = place / "film.mp4";
+    const std::shared_ptr<Calls> calls = std::make_shared<Calls>();
+    const std::shared_ptr<Kestra::Fakes::Gate> gate = std::make_shared<Kestra::Fakes::Gate>();
+    std::unique_ptr<ExportJob> job;
+    ExportOutcome outcome;
+    int finishCount = 0;
+};
+
+TestMedia::Folder* HungSource::media = nullptr;
+
+TEST_P(HungSource, DoesNotKeepAStopFromItsEndAndIsNamed) {
+    start({1h, 1h, 1s});
+    ASSERT_TRUE(waitUntilHung());
+    job->stop();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Stopped);
+    EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
+    expectNamed(outcome.error.GetDescription());
+    expectUntouched();
+    job.reset();
+}
+
+TEST_P(HungSource, DoesNotKeepAFailureFromItsEndAndIsTold) {
+    start({1h, 1h, 1s});
+    ASSERT_TRUE(waitUntilHung());
+    job->fail(std::make_exception_ptr(std::runtime_error("another thing broke")));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "another thing broke");
+    expectUntouched();
+    job.reset();
+}
+
+TEST_P(HungSource, DoesNotKeepTheJobFromItsDestruction) {
+    start();
+    ASSERT_TRUE(waitUntilHung());
+    job.reset();
+    EXPECT_EQ(finishCount, 0);
+    expectUntouched();
+}
+
+TEST_P(HungSource, IsAStallThatIsNamed) {
+    start({5s, 5s, 1h}); // longer than a slow machine takes to get there
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
+    expectNamed(outcome.error.GetDescription());
+    expectUntouched();
+    job.reset();
+}
+
+TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
+    if (isInOpening() || std::string(GetParam()).find("60") == std::string::npos)
+        GTEST_SKIP() << "nothing is written before";
+    const auto script = std::make_shared<Script>();
+    const auto muxers = std::make_shared<Kestra::Fakes::FakeMuxerFactory>();
+    script->ThrowAt("Write 10", std::make_exception_ptr(std::runtime_error("the tape broke")));
+    muxers->UseMuxerScript(script);
+    CoreManager::Instance().SetMuxerFactory(muxers);
+    start();
+    ASSERT_TRUE(waitUntilHung());
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), "the tape broke");
+    ASSERT_FALSE(outcome.warnings.isEmpty());
+    expectNamed(outcome.warnings.last().toStdString());
+    expectUntouched();
+    job.reset();
+}
+
+INSTANTIATE_TEST_SUITE_P(In, HungSource,
+                         testing::Values("open", "prepare picture ", "sound 0", "picture 60", "sound 60"),
+                         [](const auto& testCase) {
+                             std::string name;
+                             for (const char letter : std::string(testCase.param))
+                                 if (letter != ' ')
+                                     name += letter;
+                             return name;
+                         });
+
+} // namespace
