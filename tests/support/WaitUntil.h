@@ -11,7 +11,7 @@ namespace TestSupport {
 
 /// Runs the event loop until `condition` holds; false when the deadline, which only a hang reaches, passes first.
 template <class Condition>
-bool waitUntil(Condition condition, int deadlineMilliseconds = 20'000) {
+bool waitUntil(Condition condition, int deadlineMilliseconds = 1'000'000) {
     const QDeadlineTimer deadline(deadlineMilliseconds);
     while (!condition()) {
         if (deadline.hasExpired())

@@ -87,7 +87,7 @@ TEST_F(OutroRequest, CountsTheOutroInItsProgress) {
         ended = true;
     });
     job.start();
-    ASSERT_TRUE(TestSupport::waitUntil([&] { return ended; }, 60'000));
+    ASSERT_TRUE(TestSupport::waitUntil([&] { return ended; }));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     ASSERT_FALSE(percents.empty());
     EXPECT_TRUE(std::is_sorted(percents.begin(), percents.end()));
@@ -114,7 +114,7 @@ TEST_F(OutroRequest, StoppedWithinTheOutroLeavesNoFile) {
         ended = true;
     });
     job.start();
-    ASSERT_TRUE(TestSupport::waitUntil([&] { return ended; }, 60'000));
+    ASSERT_TRUE(TestSupport::waitUntil([&] { return ended; }));
     EXPECT_EQ(outcome.status, Status::Stopped);
     expectNothingWritten();
 }

@@ -113,9 +113,10 @@ TEST_F(Progress, TheBarStaysOnItsLineHoweverNarrowTheTerminalIs) {
                                                   static_cast<unsigned short>(columns));
         const QStringList states = QString::fromStdString(shown).split(QLatin1Char('\r'));
         ASSERT_GE(states.size(), 3);
-        for (const QString& state : states)
-            if (!state.contains(QStringLiteral("500 frames")))
-                EXPECT_LT(state.trimmed().size(), columns) << state.toStdString();
+        for (const QString& state : states) {
+            const bool isResult = state.contains(QStringLiteral("500 frames"));
+            EXPECT_TRUE(isResult || state.trimmed().size() < columns) << state.toStdString();
+        }
         EXPECT_TRUE(shown.find(" %") != std::string::npos) << shown;
     }
 }

@@ -15,7 +15,7 @@ ExportCore::ExportOutcome run(const ExportCore::ExportRequest& request) {
         ended = true;
     });
     job.start();
-    EXPECT_TRUE(TestSupport::waitUntil([&ended] { return ended; }, 300'000));
+    EXPECT_TRUE(TestSupport::waitUntil([&ended] { return ended; }));
     return outcome;
 }
 

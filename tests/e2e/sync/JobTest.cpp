@@ -48,7 +48,7 @@ protected:
         });
     }
     bool waitForEnd() {
-        const bool ended = waitUntil([this] { return finishCount > 0; }, 60'000);
+        const bool ended = waitUntil([this] { return finishCount > 0; });
         TestSupport::turnEventLoop();
         EXPECT_EQ(finishCount, 1);
         return ended;

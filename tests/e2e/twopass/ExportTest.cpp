@@ -186,11 +186,10 @@ protected:
         job->start();
     }
     bool waitForPercent(int percent) {
-        return waitUntil([=] { return ended || (!progress.empty() && progress.back().percent >= percent); }, 60'000) &&
-               !ended;
+        return waitUntil([=] { return ended || (!progress.empty() && progress.back().percent >= percent); }) && !ended;
     }
     bool waitForEnd() {
-        return waitUntil([this] { return ended; }, 60'000);
+        return waitUntil([this] { return ended; });
     }
     void expectNothingLeft() {
         EXPECT_EQ(TestFiles::read(output), "old");

@@ -11,7 +11,7 @@
 namespace Kestra::Fakes {
 
 /// Long enough that only a hang reaches it, under a sanitizer on a busy machine too.
-inline constexpr std::chrono::seconds DEADLINE{20};
+inline constexpr std::chrono::seconds DEADLINE{1000};
 
 /// Thread-safe. Several fakes may share one through a shared_ptr, which also lets it outlive them.
 class CallLog {

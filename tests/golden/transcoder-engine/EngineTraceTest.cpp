@@ -115,7 +115,7 @@ protected:
         QString error;
         ASSERT_TRUE(transcoder->initialize(data, error)) << error.toStdString();
         add("-- event loop");
-        ASSERT_TRUE(TestSupport::waitUntil([this] { return ended; }, 60'000));
+        ASSERT_TRUE(TestSupport::waitUntil([this] { return ended; }));
     }
     void endExport() {
         add("-- destroy");

@@ -63,6 +63,7 @@ TEST(Watchdog, BarksOnce) {
     Watchdog dog({10ms, 10ms, 10ms});
     QSignalSpy stalled(&dog, &Watchdog::stalled);
     dog.expect(Watchdog::Wait::Start);
+    ASSERT_TRUE(waitUntil([&] { return !stalled.isEmpty(); }));
     QElapsedTimer clock;
     clock.start();
     ASSERT_TRUE(waitUntil([&] { return clock.elapsed() > 100; }));

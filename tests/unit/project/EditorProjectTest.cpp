@@ -109,7 +109,7 @@ protected:
     static bool until(const std::function<bool()>& condition) {
         QElapsedTimer timer;
         timer.start();
-        while (!condition() && timer.elapsed() < 20000)
+        while (!condition() && timer.elapsed() < 1'000'000)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         return condition();
     }
