@@ -48,7 +48,7 @@ void ExportJob::fail(const std::exception_ptr& error) {
 bool ExportJob::endSoon(BackgroundTask* task) {
     if (!task || !task->isRunning())
         return false;
-    watchdog.expect(Watchdog::Wait::Stop);
+    watchdog.expect(Watchdog::Wait::Interruption);
     task->interrupt();
     return true;
 }
@@ -59,15 +59,16 @@ void ExportJob::setFailure(const std::exception_ptr& error) {
 }
 
 std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
-    const auto within = [](const char* what, std::chrono::milliseconds limit) {
-        return what + std::to_string(std::max<long long>(limit.count() / 1000, 1)) + " s";
-    };
-    if (wait == Watchdog::Wait::Stop)
-        return within("The export did not stop within ", request.limits.stop);
-    if (wait == Watchdog::Wait::Progress)
-        return within(check ? "Checking the finished file made no progress for " : "The export made no progress for ",
-                      request.limits.progress);
-    return within("The export did not start within ", request.limits.start);
+    const std::string limit = std::to_string(std::max<long long>(watchdog.limitOf(wait).count() / 1000, 1)) + " s";
+    switch (wait) {
+    case Watchdog::Wait::Start:
+        return "The export did not start within " + limit;
+    case Watchdog::Wait::Progress:
+        return (check ? "Checking the finished file made no progress for " : "The export made no progress for ") +
+               limit;
+    default:
+        return "The export did not stop within " + limit;
+    }
 }
 
 std::string ExportJob::hungReads() const {
@@ -85,7 +86,7 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
     const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
     if (ownStop && !failure)
         stall = error;
-    else if (!failure || wait != Watchdog::Wait::Stop)
+    else if (!failure || wait == Watchdog::Wait::Start || wait == Watchdog::Wait::Progress)
         failure = error;
     // What hangs is left when the run is destroyed; nobody has to wait for that to hear of it.
     if (transcoder)

@@ -40,6 +40,8 @@ std::chrono::milliseconds Watchdog::limitOf(Wait wait) const {
         return limits.start;
     case Wait::Progress:
         return limits.progress;
+    case Wait::Interruption:
+        return limits.stop / 2;
     case Wait::Stop:
         break;
     }

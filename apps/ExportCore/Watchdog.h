@@ -12,7 +12,8 @@ namespace ExportCore {
 class EXPORTCORE_EXPORT Watchdog : public QObject {
     Q_OBJECT
 public:
-    enum class Wait { Start, Progress, Stop };
+    /// Interruption is a stop of what only reads, which has half of a stop's time: the end itself takes some.
+    enum class Wait { Start, Progress, Stop, Interruption };
     Q_ENUM(Wait)
 
     explicit Watchdog(const WatchdogLimits& limits, QObject* parent = nullptr);
@@ -20,13 +21,13 @@ public:
     /// Begins a wait in place of the one before. For Progress, every call is a sign of life.
     void expect(Wait wait);
     void disarm();
+    std::chrono::milliseconds limitOf(Wait wait) const;
 
 Q_SIGNALS:
     void stalled(ExportCore::Watchdog::Wait wait);
 
 private:
     void tick();
-    std::chrono::milliseconds limitOf(Wait wait) const;
 
     const WatchdogLimits limits;
     QTimer timer;

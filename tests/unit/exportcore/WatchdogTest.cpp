@@ -59,6 +59,15 @@ TEST(Watchdog, AnotherWaitTakesThePlaceOfTheFirst) {
     EXPECT_EQ(stalled.size(), 1);
 }
 
+TEST(Watchdog, GivesAnInterruptionHalfOfAStopsTime) {
+    Watchdog dog({1h, 1h, 100ms});
+    QSignalSpy stalled(&dog, &Watchdog::stalled);
+    dog.expect(Watchdog::Wait::Interruption);
+    ASSERT_TRUE(waitUntil([&] { return !stalled.isEmpty(); }));
+    EXPECT_EQ(stalled[0][0].value<Watchdog::Wait>(), Watchdog::Wait::Interruption);
+    EXPECT_EQ(dog.limitOf(Watchdog::Wait::Interruption), 50ms);
+}
+
 TEST(Watchdog, BarksOnce) {
     Watchdog dog({10ms, 10ms, 10ms});
     QSignalSpy stalled(&dog, &Watchdog::stalled);
