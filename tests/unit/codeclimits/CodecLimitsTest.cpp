@@ -91,6 +91,11 @@ TEST_F(CodecLimitsTest, SampleRatesAreThoseThatTheEncodersOpenWith) {
     for (const Encoder& encoder : AUDIO) {
         const std::vector<int> told = CodecLimits::SampleRates(encoder.codec);
         EXPECT_TRUE(std::is_sorted(told.begin(), told.end())) << encoder.name;
+        // Its encoder opens with lower rates too, and its streams are decoded at this one all the same.
+        if (encoder.codec == CodecID::Opus) {
+            EXPECT_EQ(told, std::vector<int>{48000});
+            continue;
+        }
         for (const int rate :
              {8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000, 88200, 96000, 176400, 192000}) {
             const bool stands = std::find(told.begin(), told.end(), rate) != told.end();
@@ -127,6 +132,24 @@ TEST_F(CodecLimitsTest, TheSmallestSideIsTheFirstThatTheEncodersOpenWith) {
             EXPECT_FALSE(opens(makeVideo(encoder.name, smallest - 2, {25, 1}))) << encoder.name;
         }
     }
+}
+
+TEST_F(CodecLimitsTest, SidesOutsideAreThoseThatTheEncodersRefuse) {
+    for (const Encoder& encoder : VIDEO) {
+        // What opens may still not be written: 14 bits of a side in one, heights of a level in the other.
+        if (encoder.codec == CodecID::VP8 || encoder.codec == CodecID::AV1)
+            continue;
+        for (const int side : {64, 4094, 4096, 8190, 8192, 12288, 16382, 16384}) {
+            const Context wide = makeVideo(encoder.name, 64, {25, 1});
+            wide->width = side;
+            wide->strict_std_compliance = FF_COMPLIANCE_NORMAL;
+            EXPECT_EQ(CodecLimits::TakesWidth(encoder.codec, side), opens(wide)) << encoder.name << " " << side;
+        }
+    }
+    EXPECT_FALSE(CodecLimits::TakesWidth(CodecID::VP8, 16384));
+    EXPECT_FALSE(CodecLimits::TakesHeight(CodecID::AV1, 8706));
+    EXPECT_FALSE(CodecLimits::TakesWidth(CodecID::DNxHD, 254));
+    EXPECT_TRUE(CodecLimits::TakesHeight(CodecID::DNxHD, 120));
 }
 
 TEST_F(CodecLimitsTest, FrameRatesOutsideAreThoseThatTheEncodersRefuse) {

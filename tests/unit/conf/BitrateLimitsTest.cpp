@@ -33,6 +33,8 @@ Property audio(CodecID codec, int rate, std::uint32_t layout) {
 TEST(BitrateLimits, TheReferenceFrameHasTheReferenceBitrate) {
     EXPECT_EQ(standard(CodecID::H264, 1920, 1080, 30), 8'000'000);
     EXPECT_EQ(standard(CodecID::ProRes, 1920, 1080, 30), 147'000'000);
+    EXPECT_EQ(standard(CodecID::VP9, 1920, 1080, 30), 5'200'000);
+    EXPECT_EQ(standard(CodecID::HEVC, 1920, 1080, 30), 5'000'000);
 }
 
 TEST(BitrateLimits, TheExamplesOfTheDocumentHold) {
@@ -114,4 +116,10 @@ TEST(BitrateLimits, AStatedAudioBitrateIsTheMaximumWithinTheCodecsRange) {
     EXPECT_EQ(GetMaxBitrate(tree), 576'000);
     tree.SetChild(IFormatCodec::TAG_BITRATE, std::int64_t{1});
     EXPECT_EQ(GetMaxBitrate(tree), 32'000);
+}
+
+TEST(BitrateLimits, VorbisTakesLessAtLowSampleRates) {
+    EXPECT_EQ(GetMaxBitrate(audio(CodecID::Vorbis, 11025, CHANNEL_LAYOUT_STEREO)), 88'000);
+    EXPECT_EQ(GetMaxBitrate(audio(CodecID::Vorbis, 8000, CHANNEL_LAYOUT_MONO)), 32'000);
+    EXPECT_EQ(GetMaxBitrate(audio(CodecID::Vorbis, 48000, CHANNEL_LAYOUT_STEREO)), 480'000);
 }

@@ -14,6 +14,15 @@ TEST(DataHelper, VideoCodecsFixAPixelFormatThatPlayersShow) {
     EXPECT_EQ(tree[IFormatCodecVideo::TAG_GOP_SECONDS].GetDouble(), 5.0);
 }
 
+TEST(DataHelper, KeyframesLieAsFarApartAsTheCodecAllowsForSeeking) {
+    for (const auto& [codec, seconds] : {std::pair{CodecID::HEVC, 5.0}, std::pair{CodecID::VP9, 5.0},
+                                         std::pair{CodecID::MPEG4, 0.5}, std::pair{CodecID::MPEG2, 0.5}}) {
+        Property tree;
+        CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, codec)->Apply(tree);
+        EXPECT_EQ(tree[IFormatCodecVideo::TAG_GOP_SECONDS].GetDouble(), seconds) << CodecIDToString(codec);
+    }
+}
+
 TEST(DataHelper, WhatThePresetHasSetStays) {
     Property tree;
     tree.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string("yuv422p"));

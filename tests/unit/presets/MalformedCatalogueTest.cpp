@@ -86,6 +86,103 @@ const Damage DAMAGES[] = {
      "/presets/1/qualityModifiers/high/video/multiplier", "1000"},
     {"ModifierThatMakesAnImpossiblePreset", "/presets/1/qualityModifiers/high/video/codec", "['ffv1']",
      "/presets/1/qualityModifiers/high/video/codec", "ffv1"},
+    {"RateThatMp3DoesNotTake", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mp3'}, 'audio': {'codec': 'mp3', 'sampleRate': 96000}}]",
+     "/presets/3/audio/sampleRate", "96000: mp3 takes 8000, "},
+    {"LayoutThatMp3DoesNotTake", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mp3'}, 'audio': {'codec': 'mp3', 'channelLayout': '5.1'}}]",
+     "/presets/3/audio/channelLayout", "5.1: mp3 takes mono and stereo"},
+    {"RateThatAacDoesNotTake", "/presets/0/audio/sampleRate", "[192000]", "/presets/0/audio/sampleRate", "192000"},
+    {"RateThatOpusDoesNotTake", "/presets/0/audio", "[{'codec': 'opus', 'sampleRate': 44100}]",
+     "/presets/0/audio/sampleRate", "44100: opus takes "},
+    {"RateThatAc3DoesNotTake", "/presets/0/audio", "[{'codec': 'ac3', 'sampleRate': 96000}]",
+     "/presets/0/audio/sampleRate", "96000: ac3 takes 32000, 44100 and 48000"},
+    {"LayoutThatAc3DoesNotTake", "/presets/0/audio", "[{'codec': 'ac3', 'channelLayout': '7.1'}]",
+     "/presets/0/audio/channelLayout", "7.1: ac3 takes"},
+    {"BitrateBetweenTheStepsOfMp3", "/presets/0/audio", "[{'codec': 'mp3', 'bitrate': 100000, 'sampleRate': 48000}]",
+     "/presets/0/audio/bitrate", "100000: mp3 takes 32000, "},
+    {"BitrateAboveWhatAacTakes", "/presets/0/audio/bitrate", "[300000]", "/presets/0/audio/bitrate",
+     "300000: aac takes 14700 to 264600 bit/s here"},
+    {"BitrateForALosslessCodec", "/presets/3/audio/bitrate", "[900000]", "/presets/3/audio/bitrate",
+     "flac does not let its bitrate be chosen"},
+    {"QualityBeyondTheScaleOfH264", "/presets/1/video/quality", "[255]", "/presets/1/video/quality",
+     "255: h264 takes 1 to 51"},
+    {"QualityBeyondTheScaleOfMpeg4", "/presets/1/video",
+     "[{'codec': 'mpeg4', 'bitrateMode': 'quality', 'quality': 100}]", "/presets/1/video/quality",
+     "100: mpeg4 takes 1 to 31"},
+    {"QualityBetweenTheStepsOfVp9", "/presets/1/video", "[{'codec': 'vp9', 'bitrateMode': 'quality', 'quality': 30.5}]",
+     "/presets/1/video/quality", "30.5: vp9 takes whole numbers"},
+    {"BitrateForProRes", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mov'}, 'video': {'codec': 'prores', 'bitrateMode': 'variable', "
+     "'bitrate': 1000000}}]",
+     "/presets/3/video/bitrate", "prores does not let its bitrate be chosen"},
+    {"BitrateModeForProRes", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mov'}, 'video': {'codec': 'prores', 'bitrateMode': 'constant'}}]",
+     "/presets/3/video/bitrateMode", "prores"},
+    {"TwoPassesOfProRes", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mov'}, 'video': {'codec': 'prores', 'twoPass': true}}]",
+     "/presets/3/video/twoPass", "two passes"},
+    {"QualityForProRes", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mov'}, 'video': {'codec': 'prores', 'quality': 5}}]",
+     "/presets/3/video/quality", "no scale"},
+    {"FixedSizeThatIsNotFilled", "/presets/1/video",
+     "[{'codec': 'h264', 'width': 640, 'height': 360, 'fixedResolution': true, 'resize': 'keepSize'}]",
+     "/presets/1/video/resize", "does not fill"},
+    {"BitrateThatTheFixedSizeCannotHave", "/presets/1/video",
+     "[{'codec': 'h264', 'width': 1920, 'height': 1080, 'fixedResolution': true, 'frameRate': '30', "
+     "'bitrateMode': 'variable', 'bitrate': 2000}]",
+     "/presets/1/video/bitrate", "2000: h264 at 1920x1080 takes 800000 to 48000000"},
+    {"FrameRateThatMpeg2HasNoCodeFor", "/presets/1/video", "[{'codec': 'mpeg2', 'frameRate': '31'}]",
+     "/presets/1/video/frameRate", "mpeg2 does not take 31/1"},
+    {"HeightOdd", "/presets/0/video/height", "[359]", "/presets/0/video/height", "odd"},
+    {"HeightBeyondItsLimit", "/presets/0/video/height", "[362]", "/presets/0/video/height", "limit of 360"},
+    {"HeightTooLarge", "/presets/0/video/maxHeight", "[16386]", "/presets/0/video/maxHeight", "16386"},
+    {"SideBeyondWhatMpeg4Takes", "/presets/1/video", "[{'codec': 'mpeg4', 'width': 8192, 'height': 64}]",
+     "/presets/1/video/width", "mpeg4 does not take a width of 8192"},
+    {"SideBelowWhatHevcTakes", "/presets/1/video", "[{'codec': 'hevc', 'width': 64, 'height': 8}]",
+     "/presets/1/video/height", "hevc does not take a height of 8"},
+    {"PixelFormatThatTheEncoderDoesNotTake", "/presets/1/video/pixelFormat", "['yuv420p12']",
+     "/presets/1/video/pixelFormat", "h264 does not take yuv420p12"},
+    {"UnknownProfile", "/presets/1/video/profile", "['higher']", "/presets/1/video/profile",
+     "\"higher\": h264 has the profiles baseline, main"},
+    {"ProfileOfAnotherPixelFormat", "/presets/1/video/profile", "['high10']", "/presets/1/video/profile",
+     "does not go with the pixel format yuv420p"},
+    {"ProfileWhereThereAreNone", "/presets/1/video", "[{'codec': 'mpeg4', 'profile': 'main'}]",
+     "/presets/1/video/profile", "mpeg4 has no profiles"},
+    {"DnxhdWithoutProfile", "/presets/3",
+     "[{'id': 'x', 'container': {'id': 'mov'}, 'video': {'codec': 'dnxhd', 'bitrateMode': 'quality'}}]",
+     "/presets/3/video", "needs a profile: dnxhr_lb"},
+    {"UnknownEncoderOption", "/presets/1/video/options", "[{'prset': 'fast'}]", "/presets/1/video/options/prset",
+     "knows no option \"prset\""},
+    {"RefusedValueOfAnEncoderOption", "/presets/1/video/options", "[{'bf': 'many'}]", "/presets/1/video/options/bf",
+     "refuses the value \"many\""},
+    {"UnknownOptionOfSound", "/presets/1/audio/options", "[{'preset': 'fast'}]", "/presets/1/audio/options/preset",
+     "aac knows no option"},
+    {"UnknownMuxerOption", "/presets/1/container/options", "[{'moovflags': '+faststart'}]",
+     "/presets/1/container/options/moovflags", "mp4 knows no option"},
+    {"OptionWithNul", "/presets/1/video/options", "[{'tune': 'film\\u0000x'}]", "/presets/1/video/options/tune",
+     "U+0000"},
+    {"UnknownOptionInAModifier", "/presets/1/qualityModifiers/high/video/options", "[{'prset': 'fast'}]",
+     "/presets/1/qualityModifiers/high/video/options/prset", "knows no option"},
+    {"ModifierForAMissingPicture", "/presets/3/qualityModifiers", "[{'high': {'video': {'codec': 'h264'}}}]",
+     "/presets/3/qualityModifiers/high/video", "has no video"},
+    {"ModifierForMissingSound", "/presets/2",
+     "[{'id': 'twin', 'container': {'id': 'mp4'}, 'video': {'codec': 'h264'}, "
+     "'qualityModifiers': {'high': {'audio': {'bitrate': 128000}}}}]",
+     "/presets/2/qualityModifiers/high/audio", "has no audio"},
+    {"TitleWithNul", "/presets/1/title", "['a\\u0000b']", "/presets/1/title", "control character U+0000"},
+    {"TitleWithNewLine", "/presets/1/title", "['a\\nb']", "/presets/1/title", "U+000A"},
+    {"TitleThatTurnsItsDirection", "/presets/1/title", "['a\\u202eb']", "/presets/1/title", "direction mark U+202E"},
+    {"TagThatTurnsItsDirection", "/tags/0/name", "['a\\u2066b']", "/tags/0/name", "direction mark U+2066"},
+    {"PresetThatNoTagNames", "/tags/0/presets", "[['small', 'large']]", "/presets/2/id", "no tag names \"twin\""},
+    {"FractionByZero", "/presets/0/video/frameRate", "['30000/0']", "/presets/0/video/frameRate", "no frame rate"},
+    {"FractionOfThree", "/presets/0/video/frameRate", "['1/2/3']", "/presets/0/video/frameRate", "no frame rate"},
+    {"H264InWebm", "/presets/3", "[{'id': 'x', 'container': {'id': 'webm'}, 'video': {'codec': 'h264'}}]",
+     "/presets/3/video/codec", "the container \"webm\" does not hold \"h264\""},
+    {"AacInWebm", "/presets/3", "[{'id': 'x', 'container': {'id': 'webm'}, 'audio': {'codec': 'aac'}}]",
+     "/presets/3/audio/codec", "the container \"webm\" does not hold \"aac\""},
+    {"ModifierNameWithTilde", "/presets/1/qualityModifiers", "[{'a~b/c': {}}]", "/presets/1/qualityModifiers/a~0b~1c",
+     "a~b/c"},
     {"ModifierNameWithSlash", "/presets/1/qualityModifiers", "[{'a/b': {}}]", "/presets/1/qualityModifiers/a~1b",
      "a/b"},
 };
@@ -152,6 +249,32 @@ TEST_F(BrokenFileTest, AnEmptyPathIsRefused) {
 TEST_F(BrokenFileTest, MalformedJsonIsRefusedWithLineAndColumn) {
     write(cataloguePath(), "{\n  \"version\": 1,\n  \"tags\": [}\n");
     EXPECT_NE(refusal().find("malformed JSON at line 3, column "), std::string::npos) << refusal();
+}
+
+TEST_F(BrokenFileTest, TheColumnIsCountedFromOneInBytes) {
+    write(cataloguePath(), "{\n  \"version\": 1,\n  \"tags\": [}\n");
+    EXPECT_NE(refusal().find("malformed JSON at line 3, column 13: "), std::string::npos) << refusal();
+    write(cataloguePath(), "}");
+    EXPECT_NE(refusal().find("malformed JSON at line 1, column "), std::string::npos) << refusal();
+}
+
+TEST_F(BrokenFileTest, AKeyThatStandsTwiceIsRefusedWithItsPlace) {
+    const QByteArray sound = QJsonDocument(smallCatalogue()).toJson();
+    const QByteArray version = "\"version\": 1";
+    ASSERT_TRUE(sound.contains(version));
+    write(cataloguePath(), QByteArray(sound).replace(version, "\"version\": 1, \"version\": 1"));
+    EXPECT_EQ(refusal(), cataloguePath().toStdString() + ": /version: the key stands twice");
+    ASSERT_EQ(sound.count("\"bitrate\": 900000"), 1);
+    write(cataloguePath(),
+          QByteArray(sound).replace("\"bitrate\": 900000", "\"bitrate\": 900000, \"b\\u0069trate\": 800000"));
+    EXPECT_EQ(refusal(), cataloguePath().toStdString() + ": /presets/0/video/bitrate: the key stands twice");
+}
+
+TEST_F(BrokenFileTest, AReadThatFailsIsToldAsSuch) {
+    // A file that opens, and whose first byte cannot be read.
+    PresetStorage storage;
+    EXPECT_FALSE(storage.loadPresets(Kestra::ioPath(std::string("/proc/self/mem"))));
+    EXPECT_EQ(storage.lastError(), "/proc/self/mem: cannot be read: Input/output error");
 }
 
 TEST_F(BrokenFileTest, EmptyAndForeignDocumentsAreRefused) {

@@ -141,3 +141,36 @@ TEST_F(PresetStorageTest, TheUsersModifiersAreThoseOfTheirPreset) {
     EXPECT_EQ(storage.qualityModifierTags("large"), std::set<std::string>{"tiny"});
     EXPECT_EQ(storage.qualityModifierData("large", "tiny").ToString(), "video/multiplier = 0.125\n");
 }
+
+TEST_F(PresetStorageTest, FrameRatesAreReadAsTheyAreWritten) {
+    for (const auto& [text, rate] : std::initializer_list<std::pair<const char*, Preset::Rational>>{
+             {"30000/1001", {30000, 1001}}, {"25", 25}, {"50/2", 25}, {"source", 0}}) {
+        writeCatalogue(edited(smallCatalogue(), "/presets/0/video/frameRate", TestPresets::text(text)));
+        ASSERT_TRUE(load(storage)) << storage.lastError();
+        EXPECT_EQ(storage.preset("small").frameRate(), rate) << text;
+    }
+}
+
+TEST_F(PresetStorageTest, ValuesAreTypedByTheirPlaceNotByTheirName) {
+    // An option of the muxer that happens to be called as the picture's frame rate is: known to none, so the user's
+    // file is left out for that and for nothing else.
+    writeCatalogue(smallCatalogue());
+    writeOwn("{'version': 1, 'presets': [{'id': 'mine', 'container': {'id': 'mp4', 'options': {'frameRate': 'fast'}},"
+             " 'video': {'codec': 'h264'}}]}");
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_NE(storage.warning().find("/presets/0/container/options/frameRate: "), std::string::npos);
+    EXPECT_NE(storage.warning().find("knows no option \"frameRate\""), std::string::npos) << storage.warning();
+}
+
+TEST_F(PresetStorageTest, TextOfEveryScriptIsAccepted) {
+    const QString title = QString::fromUtf8("Видео — فيديو וידאו 映画 é");
+    writeCatalogue(edited(smallCatalogue(), "/presets/1/title", title));
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    EXPECT_EQ(storage.preset("large").title(), title.toStdString());
+}
+
+TEST_F(PresetStorageTest, AnOptionThatTheEncoderKnowsIsAccepted) {
+    const QJsonObject options = object("{'preset': 'fast', 'x264-params': 'ref=2', 'bf': 2, 'flags': '+cgop'}");
+    writeCatalogue(edited(smallCatalogue(), "/presets/1/video/options", options));
+    EXPECT_TRUE(load(storage)) << storage.lastError();
+}

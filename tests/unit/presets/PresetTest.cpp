@@ -331,6 +331,71 @@ TEST_F(PresetTest, AModifierTakesOverItsValuesAndKeepsTheId) {
     EXPECT_FALSE(large.applyQualityModifier(Property()));
 }
 
+TEST_F(PresetTest, AModifierGivesNoIdToANamelessPreset) {
+    Preset nameless;
+    Property modifier;
+    modifier.SetChild("id", std::string("other"));
+    EXPECT_FALSE(nameless.applyQualityModifier(modifier));
+    EXPECT_EQ(nameless.id(), "");
+}
+
+TEST_F(PresetTest, WithoutALimitEveryFrameInUseIsMeant) {
+    Property tree;
+    tree["video"].SetChild("codec", std::string("h264"));
+    EXPECT_EQ(Preset(tree).maxWidth(), 16384);
+    EXPECT_EQ(Preset(tree).maxHeight(), 16384);
+}
+
+TEST_F(PresetTest, AFixedResolutionMakesAPresetUnequalThoughTheFileIsTheSame) {
+    Property letterbox;
+    letterbox["video"].SetChild("resize", std::string("letterbox"));
+    Preset free = preset("large");
+    free.applyQualityModifier(letterbox);
+    Preset fixed = free;
+    fixed.setFixedResolution(true);
+    EXPECT_TRUE(fixed.affectsAs(free));
+    EXPECT_FALSE(fixed.equalsTo(free));
+}
+
+TEST_F(PresetTest, MuxerOptionsMakeAPresetUnequal) {
+    Property options;
+    options["container"]["options"].SetChild("movflags", std::string("+frag_keyframe"));
+    Preset edited = preset("large");
+    edited.applyQualityModifier(options);
+    EXPECT_FALSE(edited.affectsAs(preset("large")));
+    EXPECT_FALSE(edited.equalsTo(preset("large")));
+}
+
+TEST_F(PresetTest, NumericOptionsKeepTheirDigits) {
+    const QJsonObject options = TestPresets::object("{'qcomp': 0.123456789012, 'b': 1234567890}");
+    writeCatalogue(TestPresets::edited(TestPresets::smallCatalogue(), "/presets/1/video/options", options));
+    ASSERT_TRUE(load(storage)) << storage.lastError();
+    const Property data = preset("large").videoEncoderData();
+    const Property& encode = data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE];
+    EXPECT_EQ(encode["qcomp"].GetString(), "0.123456789012");
+    EXPECT_EQ(encode["b"].GetString(), "1234567890");
+}
+
+TEST_F(PresetTest, EveryCodecWithoutLossIsGivenNoBitrate) {
+    for (const char* const codec : {"flac", "alac", "pcm_s16le", "pcm_s24le"}) {
+        Property tree;
+        tree["audio"].SetChild("codec", std::string(codec));
+        tree["audio"].SetChild("bitrate", std::int64_t{1'000'000});
+        EXPECT_EQ(Preset(tree).audioEncoderData()[IFormatCodec::TAG_BITRATE].GetInt64(), 0) << codec;
+    }
+}
+
+TEST_F(PresetTest, TheLayoutOfEightSpeakersIsReadAndSet) {
+    Property tree;
+    tree["audio"].SetChild("codec", std::string("aac"));
+    tree["audio"].SetChild("channelLayout", std::string("7.1"));
+    const Preset named(tree);
+    EXPECT_EQ(named.channelLayout(), std::uint32_t{Kestra::Conf::CHANNEL_LAYOUT_7POINT1});
+    Preset set = preset("large");
+    set.setChannelLayout(Kestra::Conf::CHANNEL_LAYOUT_7POINT1);
+    EXPECT_EQ(set.property()["audio"]["channelLayout"].GetString(), "7.1");
+}
+
 TEST_F(PresetTest, TheFormattedInfoNamesIdAndSettings) {
     const std::string info = preset("large").formattedPresetInfo();
     EXPECT_NE(info.find("id = large\n"), std::string::npos) << info;

@@ -15,7 +15,7 @@ TEST_F(SettingsTest, NothingIsRememberedAtFirst) {
 TEST_F(SettingsTest, WhatIsSetReachesTheFileAtOnce) {
     Settings::setLastUsedPresetGroup("gr\xC3\xBC"
                                      "n/1, 2");
-    Settings::setLastUsedPresetId("mp3");
+    EXPECT_TRUE(Settings::setLastUsedPresetId("mp3"));
     const QString file = folder.filePath(text("config/EditorExport/settings.ini"));
     ASSERT_TRUE(QFileInfo::exists(file));
     EXPECT_EQ(QSettings(file, QSettings::IniFormat).value(text("export/lastUsedPresetId")).toString(), text("mp3"));
@@ -42,4 +42,18 @@ TEST_F(SettingsTest, WithoutAnEnvironmentTheCatalogueOfTheTreeIsFound) {
 
 TEST_F(SettingsTest, TheUsersPresetsLieInTheConfigurationFolder) {
     EXPECT_EQ(Settings::userPresetFilePath(), folder.filePath(text("config/EditorExport/presets.json")));
+}
+
+TEST_F(SettingsTest, AWriteThatFailsIsToldWithTheFile) {
+    // A file stands where the folder would have to be made.
+    write(folder.filePath(text("config")), "in the way");
+    static QString warning;
+    warning.clear();
+    const QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& message) { warning += message; });
+    const bool written = Settings::setLastUsedPresetId("mp3");
+    qInstallMessageHandler(before);
+    EXPECT_FALSE(written);
+    EXPECT_TRUE(warning.contains(folder.filePath(text("config/EditorExport/settings.ini")))) << warning.toStdString();
+    EXPECT_EQ(Settings::lastUsedPresetId(), "");
 }

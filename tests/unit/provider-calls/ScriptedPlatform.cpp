@@ -108,8 +108,9 @@ std::string Settings::lastUsedPresetGroup() {
     return script().group;
 }
 
-void Settings::setLastUsedPresetGroup(const std::string& group) {
+bool Settings::setLastUsedPresetGroup(const std::string& group) {
     script().call("setLastUsedPresetGroup " + group);
+    return true;
 }
 
 std::string Settings::lastUsedPresetId() {
@@ -117,8 +118,9 @@ std::string Settings::lastUsedPresetId() {
     return script().id;
 }
 
-void Settings::setLastUsedPresetId(const std::string& id) {
+bool Settings::setLastUsedPresetId(const std::string& id) {
     script().call("setLastUsedPresetId " + id);
+    return true;
 }
 
 namespace Kestra::Conf {

@@ -390,6 +390,19 @@ TEST_F(PresetProviderTest, RetranslationTouchesRowByRowAndResetsNothing) {
     EXPECT_EQ(resets.count() + removals.count(), 0);
 }
 
+TEST_F(PresetProviderTest, ATagIsDeliveredThroughAQueuedConnection) {
+    make();
+    std::vector<std::string> told;
+    QObject receiver;
+    QObject::connect(
+        provider.get(), &Export::PresetProvider::tagChanged, &receiver,
+        [&told](const std::string& tag) { told.push_back(tag); }, Qt::QueuedConnection);
+    provider->load();
+    EXPECT_TRUE(told.empty());
+    QCoreApplication::sendPostedEvents(&receiver);
+    EXPECT_EQ(told, std::vector<std::string>{"video"});
+}
+
 TEST_F(PresetProviderTest, RetranslationChangesOnlyTheTexts) {
     PresetProvider& provider = makeLoaded();
     EXPECT_EQ(provider.model()->index(0, 0).data().toString(), text("small"));

@@ -299,6 +299,40 @@ TEST_F(StreamParametersTest, ASourceOfOnePixelStillGivesAFrame) {
     EXPECT_EQ(applied.height, 2u);
 }
 
+TEST_F(StreamParametersTest, ASideThatVanishesIsTheSourcesOwn) {
+    const Media::Video source = video(1, 480);
+    PresetProvider& provider = makeSelected("large");
+    provider.updateResolutionPresetIfNeeded(&source);
+    EXPECT_EQ(provider.preset().width(), 0);
+    EXPECT_EQ(provider.preset().height(), 480);
+}
+
+TEST_F(StreamParametersTest, AbsurdSidesOfASourceNeverBecomeNegative) {
+    for (const auto& [width, height] : {std::pair{4294967295U, 4294967295U}, std::pair{3000000000U, 2U},
+                                        std::pair{2U, 4294967294U}, std::pair{2147483648U, 2147483647U}}) {
+        const Media::Video source = video(width, height);
+        PresetProvider& provider = makeSelected("large");
+        provider.updateResolutionPresetIfNeeded(&source);
+        EXPECT_GE(provider.preset().width(), 0) << width << "x" << height;
+        EXPECT_GE(provider.preset().height(), 0) << width << "x" << height;
+        EXPECT_LE(provider.preset().width(), 1920) << width << "x" << height;
+        EXPECT_LE(provider.preset().height(), 1080) << width << "x" << height;
+    }
+}
+
+TEST_F(StreamParametersTest, APassedPresetIsCompletedByItsOwnContainer) {
+    const Media::Video source = video(640, 480);
+    const PresetProvider& provider = makeSelected("large");
+    Kestra::Core::Property tree;
+    tree["container"].SetChild("id", std::string("mp3"));
+    tree["video"].SetChild("codec", std::string("h264"));
+    const Preset passed(tree);
+    const char* const options = Kestra::Conf::IFormatCodec::TAG_CODEC_OPTIONS_ENCODE;
+    const auto own = provider.formatCodec(&source, nullptr);
+    EXPECT_EQ(own->GetProperty()[options]["flags"].GetString(), "+global_header");
+    EXPECT_FALSE(provider.formatCodec(&source, &passed)->GetProperty().ChildExists(options));
+}
+
 TEST_F(StreamParametersTest, UpdatingAnotherPresetChangesNothing) {
     PresetProvider& provider = makeSelected("large");
     PresetStorage storage;

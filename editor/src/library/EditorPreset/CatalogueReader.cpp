@@ -1,6 +1,8 @@
 #include "EditorPreset/CatalogueReader.h"
 #include "EditorPreset/CatalogueError.h"
+#include "EditorPreset/CatalogueKeys.h"
 #include "EditorPreset/CatalogueSchema.h"
+#include "EditorPreset/CatalogueText.h"
 #include "EditorPreset/JsonToProperty.h"
 #include "EditorPreset/PresetChecks.h"
 #include "EditorPreset/PresetTags.h"
@@ -10,6 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
+#include <set>
 
 namespace EditorPreset {
 
@@ -37,7 +40,10 @@ QByteArray readBytes(const QString& path, const JsonPlace& place) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         place.refuse(file.errorString().toStdString());
-    return file.readAll();
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        place.refuse("cannot be read: " + file.errorString().toStdString());
+    return bytes;
 }
 
 std::string lineAndColumn(const QByteArray& bytes, int offset) {
@@ -54,19 +60,18 @@ QJsonObject readDocument(const QString& path, const JsonPlace& place) {
     if (error.error != QJsonParseError::NoError)
         place.refuse("malformed JSON at " + lineAndColumn(bytes, error.offset) + ": " +
                      error.errorString().toStdString());
+    checkKeysAreUnique(bytes, place.file);
     const QJsonValue root = document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
     checkAgainstSchema(root, place.file);
     return document.object();
 }
 
-/// Ids and names of modifiers stand in settings, on command lines and in translations.
-void checkName(const std::string& name, const JsonPlace& place) {
-    const bool plain = std::all_of(name.begin(), name.end(), [](char letter) {
-        return (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9') || letter == '-' || letter == '_' ||
-               letter == '.';
-    });
-    if (!plain)
-        place.refuse("\"" + name + "\" has other letters than a-z, 0-9, '-', '_' and '.'");
+/// A modifier changes what is there.
+void checkMedia(const QJsonObject& modifier, const Preset& preset, const JsonPlace& place) {
+    if (modifier.contains(key(TAG_VIDEO)) && !preset.hasVideo())
+        place.at(TAG_VIDEO).refuse("the preset has no video");
+    if (modifier.contains(key(TAG_AUDIO)) && !preset.hasAudio())
+        place.at(TAG_AUDIO).refuse("the preset has no audio");
 }
 
 Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& preset, const JsonPlace& place) {
@@ -75,7 +80,8 @@ Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& p
         const std::string name = modifier.key().toStdString();
         const JsonPlace here = place.at(name);
         checkName(name, here);
-        Kestra::Core::Property data = toProperty({}, modifier.value(), here);
+        checkMedia(modifier.value().toObject(), preset, here);
+        Kestra::Core::Property data = toPresetTree(modifier.value().toObject(), here);
         Preset modified = preset;
         modified.applyQualityModifier(data);
         checkPreset(modified, here);
@@ -87,8 +93,9 @@ Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& p
 void readPreset(const QJsonObject& object, const JsonPlace& place, Catalogue& catalogue) {
     QJsonObject settings = object;
     const QJsonObject modifiers = settings.take(key(TAG_QUALITY_MODIFIERS)).toObject();
-    const Preset preset(toProperty({}, settings, place));
+    const Preset preset(toPresetTree(settings, place));
     checkName(preset.id(), place.at(TAG_ID));
+    checkText(preset.title(), place.at(TAG_TITLE));
     if (catalogue.presets.count(preset.id()) != 0)
         place.at(TAG_ID).refuse("the id \"" + preset.id() + "\" stands for more than one preset");
     checkPreset(preset, place);
@@ -107,14 +114,16 @@ void readPresets(const QJsonObject& root, const JsonPlace& place, Catalogue& cat
 /// `known` holds the presets that a tag may name.
 Catalogue::Tag readTag(const QJsonObject& object, const JsonPlace& place, const std::map<std::string, Preset>& known) {
     Catalogue::Tag tag;
+    std::set<std::string> present;
     tag.name = object.value(key(KEY_NAME)).toString().toStdString();
+    checkText(tag.name, place.at(KEY_NAME));
     const QJsonArray ids = object.value(key(KEY_PRESETS)).toArray();
     for (int index = 0; index < ids.size(); ++index) {
         const std::string id = ids.at(index).toString().toStdString();
         const JsonPlace here = place.at(KEY_PRESETS).at(static_cast<std::size_t>(index));
         if (known.count(id) == 0)
             here.refuse("there is no preset \"" + id + "\"");
-        if (std::find(tag.presetIds.begin(), tag.presetIds.end(), id) != tag.presetIds.end())
+        if (!present.insert(id).second)
             here.refuse("the preset \"" + id + "\" stands in this tag already");
         tag.presetIds.push_back(id);
     }
@@ -141,10 +150,22 @@ std::deque<Catalogue::Tag> readTags(const QJsonObject& root, const JsonPlace& pl
     return tags;
 }
 
-bool isTagged(const Catalogue& catalogue, const std::string& id) {
-    return std::any_of(catalogue.tags.begin(), catalogue.tags.end(), [&id](const Catalogue::Tag& tag) {
-        return std::find(tag.presetIds.begin(), tag.presetIds.end(), id) != tag.presetIds.end();
-    });
+std::set<std::string> taggedIds(const Catalogue& catalogue) {
+    std::set<std::string> ids;
+    for (const Catalogue::Tag& tag : catalogue.tags)
+        ids.insert(tag.presetIds.begin(), tag.presetIds.end());
+    return ids;
+}
+
+/// What no tag names cannot be found.
+void checkAllAreTagged(const QJsonObject& root, const JsonPlace& place, const Catalogue& catalogue) {
+    const std::set<std::string> tagged = taggedIds(catalogue);
+    const QJsonArray presets = root.value(key(KEY_PRESETS)).toArray();
+    for (int index = 0; index < presets.size(); ++index) {
+        const std::string id = presets.at(index).toObject().value(key(TAG_ID)).toString().toStdString();
+        if (tagged.count(id) == 0)
+            place.at(KEY_PRESETS).at(static_cast<std::size_t>(index)).at(TAG_ID).refuse("no tag names \"" + id + "\"");
+    }
 }
 
 Catalogue::Tag& tagNamed(Catalogue& catalogue, const std::string& name) {
@@ -166,6 +187,7 @@ Catalogue readCatalogue(const QString& path) {
     catalogue.tags = readTags(root, place, catalogue.presets);
     if (catalogue.tags.empty())
         place.at(KEY_TAGS).refuse("the catalogue has no tags");
+    checkAllAreTagged(root, place, catalogue);
     return catalogue;
 }
 
@@ -183,8 +205,9 @@ Catalogue readOverlay(const QString& path, const Catalogue& installed, const std
     result.modifiers.insert(own.modifiers.begin(), own.modifiers.end());
     for (Catalogue::Tag& tag : readTags(root, place, result.presets))
         tagNamed(result, tag.name) = tag;
+    const std::set<std::string> tagged = taggedIds(result);
     for (const auto& [id, preset] : own.presets) {
-        if (!isTagged(result, id))
+        if (tagged.count(id) == 0)
             tagNamed(result, ownTag).presetIds.push_back(id);
     }
     return result;

@@ -37,11 +37,7 @@ Property::Value toNumber(double number) {
     return number;
 }
 
-} // namespace
-
-Property toProperty(const std::string& name, const QJsonValue& value, const JsonPlace& place) {
-    if (name == TAG_FRAME_RATE && value.isString())
-        return Property(name, toFrameRate(value.toString(), place));
+Property toProperty(const std::string& name, const QJsonValue& value) {
     if (value.isBool())
         return Property(name, value.toBool());
     if (value.isDouble())
@@ -50,11 +46,19 @@ Property toProperty(const std::string& name, const QJsonValue& value, const Json
         return Property(name, value.toString().toStdString());
     Property node(name);
     const QJsonObject object = value.toObject();
-    for (auto member = object.begin(); member != object.end(); ++member) {
-        const std::string key = member.key().toStdString();
-        node.SetChild(toProperty(key, member.value(), place.at(key)));
-    }
+    for (auto member = object.begin(); member != object.end(); ++member)
+        node.SetChild(toProperty(member.key().toStdString(), member.value()));
     return node;
+}
+
+} // namespace
+
+Property toPresetTree(const QJsonObject& object, const JsonPlace& place) {
+    Property tree = toProperty({}, object);
+    const QJsonValue rate = object.value(QLatin1String(TAG_VIDEO)).toObject().value(QLatin1String(TAG_FRAME_RATE));
+    if (rate.isString())
+        tree[TAG_VIDEO].SetChild(TAG_FRAME_RATE, toFrameRate(rate.toString(), place.at(TAG_VIDEO).at(TAG_FRAME_RATE)));
+    return tree;
 }
 
 } // namespace EditorPreset

@@ -2,13 +2,13 @@
 
 #include "EditorPreset/CatalogueError.h"
 #include "Kestra/Core/Property.h"
-#include <QJsonValue>
-#include <string>
+#include <QJsonObject>
 
 namespace EditorPreset {
 
-/// A JSON value as a tree: objects become nodes with children, whole numbers integers, a frame rate ("source", "25",
-/// "30000/1001") a rational. Throws CatalogueError for a frame rate that is none; the schema has refused the rest.
-Kestra::Core::Property toProperty(const std::string& name, const QJsonValue& value, const JsonPlace& place);
+/// A preset or a modifier as a tree: objects become nodes with children, whole numbers integers, and the picture's
+/// frame rate ("source", "25", "30000/1001"), which alone has a type of its own, a rational. Throws CatalogueError for
+/// a frame rate that is none; the schema has refused the rest.
+Kestra::Core::Property toPresetTree(const QJsonObject& object, const JsonPlace& place);
 
 } // namespace EditorPreset

@@ -1,14 +1,47 @@
 #include "EditorPreset/PresetChecks.h"
+#include "EditorPreset/CatalogueText.h"
 #include "EditorPreset/PresetTags.h"
 #include "EditorPreset/TreeAccess.h"
+#include "Kestra/ClientAPI/BitrateLimits.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/ClientAPI/EncoderQuery.h"
+#include "Kestra/Conf/IFormatCodecAudio.h"
+#include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/Conf/IFormatFile.h"
+#include "Kestra/Conf/SampleInfo.h"
+#include <QString>
+#include <algorithm>
+#include <cmath>
 
 namespace EditorPreset {
 
 namespace {
 
+using Kestra::ClientAPI::CodecLimits;
 using Kestra::ClientAPI::ContainerLimits;
+using Kestra::ClientAPI::EncoderQuery;
+using Kestra::ClientAPI::QualityRange;
 using Kestra::Conf::CodecID;
+using Kestra::Conf::IFormatCodec;
+using Kestra::Conf::IFormatCodecAudio;
+using Kestra::Conf::IFormatFile;
+using Kestra::Core::Property;
+
+std::string nameOf(CodecID codec) {
+    return Kestra::Conf::CodecIDToString(codec);
+}
+
+std::string shown(double number) {
+    return QString::number(number).toStdString();
+}
+
+std::string listOf(const std::vector<std::string>& names) {
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        text += (i == 0 ? "" : i + 1 < names.size() ? ", " : " and ") + names[i];
+    return text;
+}
 
 void checkCodec(const std::string& container, CodecID codec, const JsonPlace& place) {
     if (!ContainerLimits::Holds(container, codec))
@@ -28,18 +61,88 @@ void checkStreams(const Preset& preset, const JsonPlace& place) {
         checkCodec(container, preset.audioCodec(), place.at(TAG_AUDIO));
 }
 
-/// Codecs whose quality is their profile, so that the mode needs no number.
-bool hasQualityByProfile(CodecID codec) {
-    return codec == CodecID::ProRes || codec == CodecID::DNxHD || codec == CodecID::FFV1;
+bool says(const Preset& preset, const char* section, const char* tag) {
+    return findNode(preset.property(), section, tag) != nullptr;
 }
 
-void checkBitrateMode(const Preset& preset, const JsonPlace& place) {
-    const Export::BitrateMode mode = preset.videoBitrateMode();
-    if (mode == Export::BitrateMode::Variable && preset.videoBitrateBps() == 0)
-        place.refuse("the bitrate mode \"variable\" needs a bitrate");
-    if (mode == Export::BitrateMode::Quality && preset.videoQuality() == 0.0 &&
-        !hasQualityByProfile(preset.videoCodec()))
+/// A profile or the absence of loss decides about bits there, so nothing may ask for any.
+void checkNoBits(const Preset& preset, const JsonPlace& place) {
+    const std::string reason = nameOf(preset.videoCodec()) + " does not let its bitrate be chosen";
+    for (const char* const tag : {TAG_BITRATE, TAG_MULTIPLIER}) {
+        if (says(preset, TAG_VIDEO, tag))
+            place.at(tag).refuse(reason);
+    }
+    if (says(preset, TAG_VIDEO, TAG_BITRATE_MODE) && preset.videoBitrateMode() != Export::BitrateMode::Quality)
+        place.at(TAG_BITRATE_MODE).refuse(reason + ": its mode is \"quality\"");
+    if (preset.isVideoTwoPassEncodingEnabled())
+        place.at(TAG_TWO_PASS).refuse(reason + ", and two passes aim at one");
+}
+
+void checkQuality(const Preset& preset, const JsonPlace& place) {
+    const QualityRange range = CodecLimits::VideoQuality(preset.videoCodec());
+    const double quality = preset.videoQuality();
+    const std::string codec = nameOf(preset.videoCodec());
+    if (preset.videoBitrateMode() == Export::BitrateMode::Quality && range.worst != 0 && quality == 0.0)
         place.refuse("the bitrate mode \"quality\" needs a quality");
+    if (!says(preset, TAG_VIDEO, TAG_QUALITY))
+        return;
+    const JsonPlace here = place.at(TAG_QUALITY);
+    if (range.worst == 0)
+        here.refuse(codec + " has no scale of qualities");
+    if (quality < range.best || quality > range.worst)
+        here.refuse(shown(quality) + ": " + codec + " takes " + std::to_string(range.best) + " to " +
+                    std::to_string(range.worst));
+    if (!range.fractions && std::trunc(quality) != quality)
+        here.refuse(shown(quality) + ": " + codec + " takes whole numbers");
+}
+
+/// What the codec can make of the one frame that there is; of others it depends on the source.
+void checkVideoBitrate(const Preset& preset, const JsonPlace& place) {
+    if (preset.videoBitrateMode() == Export::BitrateMode::Variable && preset.videoBitrateBps() == 0)
+        place.refuse("the bitrate mode \"variable\" needs a bitrate");
+    if (!says(preset, TAG_VIDEO, TAG_BITRATE) || !preset.hasFixedResolution())
+        return;
+    const auto format = Kestra::Conf::IFormatCodecVideo::Create();
+    const auto width = static_cast<std::uint32_t>(preset.width()), height = static_cast<std::uint32_t>(preset.height());
+    format->SetCodecID(preset.videoCodec());
+    format->InitByFrameAspect(width, height, width, height);
+    format->SetFrameRate(preset.frameRate());
+    const std::int64_t lowest = Kestra::ClientAPI::GetMinVideoBitrate(format);
+    const std::int64_t highest = Kestra::ClientAPI::GetMaxVideoBitrate(format);
+    if (preset.videoBitrateBps() < lowest || preset.videoBitrateBps() > highest)
+        place.at(TAG_BITRATE)
+            .refuse(std::to_string(preset.videoBitrateBps()) + ": " + nameOf(preset.videoCodec()) + " at " +
+                    std::to_string(width) + "x" + std::to_string(height) + " takes " + std::to_string(lowest) + " to " +
+                    std::to_string(highest) + " bit/s");
+}
+
+void checkPicture(const Preset& preset, const JsonPlace& place) {
+    const CodecID codec = preset.videoCodec();
+    const Preset::Rational rate = preset.frameRate();
+    if (rate > 0 && !CodecLimits::TakesFrameRate(codec, rate))
+        place.at(TAG_FRAME_RATE)
+            .refuse(nameOf(codec) + " does not take " + std::to_string(rate.numerator()) + "/" +
+                    std::to_string(rate.denominator()));
+    const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
+    if (!format.empty() && !EncoderQuery::TakesPixelFormat(codec, format))
+        place.at(TAG_PIXEL_FORMAT).refuse(nameOf(codec) + " does not take " + format);
+}
+
+void checkProfile(const Preset& preset, const JsonPlace& place) {
+    const CodecID codec = preset.videoCodec();
+    const std::vector<std::string> known = CodecLimits::Profiles(codec);
+    const std::string profile = readString(preset.property(), TAG_VIDEO, TAG_PROFILE);
+    if (profile.empty() && codec != CodecID::DNxHD)
+        return;
+    const JsonPlace here = place.at(TAG_PROFILE);
+    if (profile.empty())
+        place.refuse(nameOf(codec) + " needs a profile: " + listOf(known));
+    if (std::find(known.begin(), known.end(), profile) == known.end())
+        here.refuse("\"" + profile + "\": " + nameOf(codec) +
+                    (known.empty() ? " has no profiles to choose" : " has the profiles " + listOf(known)));
+    const std::string format = preset.videoEncoderData()[Kestra::Conf::IFormatCodecVideo::TAG_PIXEL_FORMAT].GetString();
+    if (!CodecLimits::ProfileTakes(codec, profile, format))
+        here.refuse("\"" + profile + "\" does not go with the pixel format " + format);
 }
 
 void checkSide(int side, int limit, const char* tag, const JsonPlace& place) {
@@ -49,6 +152,14 @@ void checkSide(int side, int limit, const char* tag, const JsonPlace& place) {
         place.at(tag).refuse(std::to_string(side) + " is beyond the preset's own limit of " + std::to_string(limit));
 }
 
+void checkCodecSize(const Preset& preset, const JsonPlace& place) {
+    const CodecID codec = preset.videoCodec();
+    if (preset.width() != 0 && !CodecLimits::TakesWidth(codec, preset.width()))
+        place.at(TAG_WIDTH).refuse(nameOf(codec) + " does not take a width of " + std::to_string(preset.width()));
+    if (preset.height() != 0 && !CodecLimits::TakesHeight(codec, preset.height()))
+        place.at(TAG_HEIGHT).refuse(nameOf(codec) + " does not take a height of " + std::to_string(preset.height()));
+}
+
 void checkSize(const Preset& preset, const JsonPlace& place) {
     if (preset.hasFixedResolution() && (preset.width() == 0 || preset.height() == 0))
         place.at(TAG_FIXED_RESOLUTION).refuse("a fixed resolution needs width and height");
@@ -56,6 +167,115 @@ void checkSize(const Preset& preset, const JsonPlace& place) {
         place.refuse("width and height go together");
     checkSide(preset.width(), preset.maxWidth(), TAG_WIDTH, place);
     checkSide(preset.height(), preset.maxHeight(), TAG_HEIGHT, place);
+    checkCodecSize(preset, place);
+    const std::string resize = readString(preset.property(), TAG_VIDEO, TAG_RESIZE);
+    if (preset.hasFixedResolution() && (resize == "keepSize" || resize == "fitInside"))
+        place.at(TAG_RESIZE).refuse("\"" + resize + "\" does not fill a fixed resolution");
+}
+
+template <class Number>
+void checkOneOf(Number wanted, const std::vector<Number>& known, CodecID codec, const JsonPlace& place) {
+    if (std::find(known.begin(), known.end(), wanted) != known.end())
+        return;
+    std::vector<std::string> names;
+    for (const Number number : known)
+        names.push_back(std::to_string(number));
+    place.refuse(std::to_string(wanted) + ": " + nameOf(codec) + " takes " + listOf(names));
+}
+
+void checkLayout(const Preset& preset, const JsonPlace& place) {
+    const std::vector<std::uint32_t> known = CodecLimits::ChannelLayouts(preset.audioCodec());
+    if (preset.channelLayout() == 0 || std::find(known.begin(), known.end(), preset.channelLayout()) != known.end())
+        return;
+    std::vector<std::string> names;
+    for (const std::uint32_t layout : known)
+        names.emplace_back(Kestra::Conf::LayoutRecord::Find(layout)->name);
+    place.refuse(readString(preset.property(), TAG_AUDIO, TAG_CHANNEL_LAYOUT) + ": " + nameOf(preset.audioCodec()) +
+                 " takes " + listOf(names));
+}
+
+std::int64_t soundLimit(const Preset& preset, int rate, std::uint32_t layout, std::int64_t (*limit)(const Property&)) {
+    Property tree = preset.audioEncoderData();
+    tree.RemoveChild(IFormatCodecAudio::TAG_BITRATE);
+    tree.SetChild(IFormatCodecAudio::TAG_SAMPLE_RATE, std::int64_t{rate});
+    tree.SetChild(IFormatCodecAudio::TAG_CHANNEL_LAYOUT, std::int64_t{layout});
+    return limit(tree);
+}
+
+/// Where rate or layout are the source's, what suits some source is accepted.
+void checkSoundBitrate(const Preset& preset, const JsonPlace& place) {
+    const CodecID codec = preset.audioCodec();
+    const std::int64_t bitrate = preset.audioBitrateBps();
+    if (!CodecLimits::HasBitrate(codec))
+        place.refuse(nameOf(codec) + " does not let its bitrate be chosen");
+    const auto chosen = static_cast<int>(preset.sampleRate());
+    const std::vector<int> rates = chosen != 0 ? std::vector<int>{chosen} : CodecLimits::SampleRates(codec);
+    const std::uint32_t layout = preset.channelLayout();
+    const std::vector<std::uint32_t> layouts =
+        layout != 0 ? std::vector<std::uint32_t>{layout} : CodecLimits::ChannelLayouts(codec);
+    const std::int64_t lowest = soundLimit(preset, rates.front(), layouts.front(), Kestra::ClientAPI::GetMinBitrate);
+    const std::int64_t highest = soundLimit(preset, rates.back(), layouts.back(), Kestra::ClientAPI::GetMaxBitrate);
+    if (bitrate < lowest || bitrate > highest)
+        place.refuse(std::to_string(bitrate) + ": " + nameOf(codec) + " takes " + std::to_string(lowest) + " to " +
+                     std::to_string(highest) + " bit/s here");
+    const std::vector<std::int64_t> steps = CodecLimits::AudioBitrateSteps(codec, rates.back());
+    if (!steps.empty())
+        checkOneOf(bitrate, steps, codec, place);
+}
+
+void checkSound(const Preset& preset, const JsonPlace& place) {
+    if (preset.sampleRate() != 0)
+        checkOneOf(static_cast<int>(preset.sampleRate()), CodecLimits::SampleRates(preset.audioCodec()),
+                   preset.audioCodec(), place.at(TAG_SAMPLE_RATE));
+    checkLayout(preset, place.at(TAG_CHANNEL_LAYOUT));
+    if (says(preset, TAG_AUDIO, TAG_BITRATE))
+        checkSoundBitrate(preset, place.at(TAG_BITRATE));
+}
+
+/// `data` holds the options as the library is given them.
+template <class WhyNot>
+void checkOptions(const Preset& preset, const char* section, const Property& data, const JsonPlace& place,
+                  const WhyNot& whyNot) {
+    const Property* const options = findNode(preset.property(), section, TAG_OPTIONS);
+    if (options == nullptr)
+        return;
+    for (const Property& option : options->GetChildren()) {
+        const JsonPlace here = place.at(section).at(TAG_OPTIONS).at(option.GetName());
+        const std::string value = data[option.GetName()].GetString();
+        checkText(option.GetName(), here);
+        checkText(value, here);
+        const std::string reason = whyNot(option.GetName(), value);
+        if (!reason.empty())
+            here.refuse(reason);
+    }
+}
+
+void checkEncoderOptions(const Preset& preset, const char* section, CodecID codec, const Property& data,
+                         const JsonPlace& place) {
+    if (findNode(data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE) != nullptr)
+        checkOptions(preset, section, data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE], place,
+                     [codec](const std::string& name, const std::string& value) {
+                         return EncoderQuery::WhyNotOption(codec, name, value);
+                     });
+}
+
+void checkMuxerOptions(const Preset& preset, const JsonPlace& place) {
+    const Property data = preset.muxerData();
+    if (findNode(data, IFormatFile::TAG_MUXER_OPTIONS) != nullptr)
+        checkOptions(preset, TAG_CONTAINER, data[IFormatFile::TAG_MUXER_OPTIONS], place,
+                     [&preset](const std::string& name, const std::string& value) {
+                         return EncoderQuery::WhyNotMuxerOption(preset.containerId(), name, value);
+                     });
+}
+
+void checkVideo(const Preset& preset, const JsonPlace& place) {
+    if (!CodecLimits::HasBitrate(preset.videoCodec()))
+        checkNoBits(preset, place);
+    checkQuality(preset, place);
+    checkSize(preset, place);
+    checkPicture(preset, place);
+    checkProfile(preset, place);
+    checkVideoBitrate(preset, place);
 }
 
 /// Lossless material of the archive follows its source's format.
@@ -73,11 +293,16 @@ void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
 
 void checkPreset(const Preset& preset, const JsonPlace& place) {
     checkStreams(preset, place);
-    if (!preset.hasVideo())
-        return;
-    checkBitrateMode(preset, place.at(TAG_VIDEO));
-    checkSize(preset, place.at(TAG_VIDEO));
-    checkDynamicRange(preset, place.at(TAG_VIDEO));
+    checkMuxerOptions(preset, place);
+    if (preset.hasVideo()) {
+        checkVideo(preset, place.at(TAG_VIDEO));
+        checkDynamicRange(preset, place.at(TAG_VIDEO));
+        checkEncoderOptions(preset, TAG_VIDEO, preset.videoCodec(), preset.videoEncoderData(), place);
+    }
+    if (preset.hasAudio()) {
+        checkSound(preset, place.at(TAG_AUDIO));
+        checkEncoderOptions(preset, TAG_AUDIO, preset.audioCodec(), preset.audioEncoderData(), place);
+    }
 }
 
 } // namespace EditorPreset

@@ -5,8 +5,9 @@
 
 namespace EditorPreset {
 
-/// What a schema cannot say of one preset: streams that the container cannot hold, a bitrate mode without its value, a
-/// fixed size without one, a size beyond its limit. Throws CatalogueError at `place`.
+/// What a schema cannot say of one preset: what its container cannot hold, what its codecs do not take just so (rates,
+/// layouts, sizes, bitrates, qualities, profiles, pixel formats, passes), options that encoder or muxer do not know,
+/// and settings that contradict each other. Throws CatalogueError at `place`.
 void checkPreset(const Preset& preset, const JsonPlace& place);
 
 } // namespace EditorPreset

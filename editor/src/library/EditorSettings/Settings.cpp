@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QtDebug>
 #include <dlfcn.h>
 
 namespace {
@@ -29,10 +30,15 @@ std::string read(const char* key) {
     return file.value(literal(key)).toString().toStdString();
 }
 
-void write(const char* key, const std::string& value) {
+bool write(const char* key, const std::string& value) {
     QSettings file(settingsFile(), QSettings::IniFormat);
     file.setValue(literal(key), QString::fromStdString(value));
     file.sync();
+    if (file.status() == QSettings::NoError)
+        return true;
+    qWarning("Cannot remember %s in %s: %s", key, qUtf8Printable(settingsFile()),
+             file.status() == QSettings::AccessError ? "it cannot be written" : "it is no settings file");
+    return false;
 }
 
 /// The folder that this library was loaded from, through symbolic links; empty when the loader cannot tell.
@@ -83,14 +89,14 @@ std::string Settings::lastUsedPresetGroup() {
     return read(KEY_GROUP);
 }
 
-void Settings::setLastUsedPresetGroup(const std::string& group) {
-    write(KEY_GROUP, group);
+bool Settings::setLastUsedPresetGroup(const std::string& group) {
+    return write(KEY_GROUP, group);
 }
 
 std::string Settings::lastUsedPresetId() {
     return read(KEY_ID);
 }
 
-void Settings::setLastUsedPresetId(const std::string& id) {
-    write(KEY_ID, id);
+bool Settings::setLastUsedPresetId(const std::string& id) {
+    return write(KEY_ID, id);
 }

@@ -6,7 +6,8 @@
 #include <string>
 
 /// Static access to one ini file in the user's configuration folder; every write reaches the file before it returns.
-/// Strings are UTF-8. Call from the GUI thread.
+/// One that does not returns false and warns, with the file's name, through Qt's messages. Strings are UTF-8. Call from
+/// the GUI thread.
 class EDITORPRESET_EXPORT Settings {
 public:
     /// The environment variable EDITOR_EXPORT_PRESETS when it is set and not empty; else the catalogue installed beside
@@ -18,9 +19,9 @@ public:
 
     /// Empty when nothing was remembered.
     static std::string lastUsedPresetGroup();
-    static void setLastUsedPresetGroup(const std::string& group);
+    static bool setLastUsedPresetGroup(const std::string& group);
     static std::string lastUsedPresetId();
-    static void setLastUsedPresetId(const std::string& id);
+    static bool setLastUsedPresetId(const std::string& id);
 
     Settings() = delete;
 };

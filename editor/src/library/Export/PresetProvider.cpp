@@ -50,6 +50,8 @@ PresetProvider::PresetProvider(QObject* parent)
     , presetModel(new QStandardItemModel(this))
     , filling(false)
     , fillDepth(0) {
+    // Under the name that the meta-object gives it: a queued connection finds it by that.
+    qRegisterMetaType<std::string>("std::string");
     if (!storage.loadPresets(Kestra::ioPath(Settings::presetFilePath().toStdString())))
         throwLoadFailed(storage.lastError());
     const std::deque<std::string> names = storage.tags();

@@ -54,7 +54,7 @@ public:
     std::vector<std::string> availablePresets() const;
     bool isPresetExists() const;
     QModelIndex modelIndexForCurrentPreset() const;
-    /// Writes the selection to the settings; without one, nothing.
+    /// Writes the selection to the settings, which warn where they cannot be written; without one, nothing.
     void commit();
     void retranslate();
     /// What an export uses: the selected preset with its edits.

@@ -4,6 +4,8 @@
 #include "Kestra/Conf/CreateDataHelper.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <QSize>
+#include <algorithm>
+#include <limits>
 
 namespace Export {
 
@@ -22,6 +24,11 @@ using Kestra::Proc::SettingsFilterFrameRate;
 
 FrameInfo sourceFrame(const Media::Video& video) {
     return {video.width, video.height, video.aspectNumerator, video.aspectDenominator};
+}
+
+/// A size counts in signed numbers; no side that long is any picture's.
+int sideOf(std::uint32_t pixels) {
+    return static_cast<int>(std::min<std::uint32_t>(pixels, std::numeric_limits<int>::max()));
 }
 
 FrameInfo outputFrame(const Media::Video& video, const Preset& preset) {
@@ -182,7 +189,7 @@ bool PresetProvider::fixupPresetResolution(const Media::Video* video, Preset* pr
         return false;
     // The limits are always the selected preset's; the size compared and changed is that of the preset passed in.
     const QSize limit(currentPreset->maxWidth(), currentPreset->maxHeight());
-    QSize size(static_cast<int>(video->width), static_cast<int>(video->height));
+    QSize size(sideOf(video->width), sideOf(video->height));
     if (size.width() > limit.width() || size.height() > limit.height())
         size.scale(limit, Qt::KeepAspectRatio);
     const int width = size.width() & ~1;

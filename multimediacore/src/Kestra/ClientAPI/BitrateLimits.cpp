@@ -102,6 +102,15 @@ int CountChannels(const Core::Property& description) {
     return channels == 0 ? REFERENCE_CHANNELS : channels;
 }
 
+/// Of one channel: below full sample rates its encoder's own tables end earlier than in proportion.
+double HighestOfVorbis(double sampleRate) {
+    if (sampleRate < 9'000)
+        return 32'000;
+    if (sampleRate < 15'000)
+        return 44'000;
+    return sampleRate < 26'000 ? 86'000 : sampleRate < 40'000 ? 190'000 : 240'000;
+}
+
 std::int64_t AudioBitrate(const Core::Property& description, double AudioModel::*perChannel) {
     const char* const codecTag = Conf::IFormatCodec::TAG_CODEC_ID;
     const CodecID codec =
@@ -112,7 +121,9 @@ std::int64_t AudioBitrate(const Core::Property& description, double AudioModel::
     const std::int64_t given = ReadOpen(description, Conf::IFormatCodecAudio::TAG_SAMPLE_RATE);
     const double rate = given > 0 ? static_cast<double>(given) : REFERENCE_SAMPLE_RATE;
     const double scale = model->scalesWithRate ? rate / REFERENCE_SAMPLE_RATE : 1.0;
-    const double bitrate = model->*perChannel * scale * CountChannels(description);
+    const double wanted = model->*perChannel * scale;
+    const double bitrate =
+        (codec == CodecID::Vorbis ? std::min(wanted, HighestOfVorbis(rate)) : wanted) * CountChannels(description);
     return std::llround(std::clamp(bitrate, model->lowest, model->highest));
 }
 

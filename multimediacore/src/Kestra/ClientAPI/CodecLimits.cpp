@@ -12,6 +12,11 @@ using Rate = boost::rational<long long>;
 /// The time base of MPEG-4 Visual is a 16-bit number.
 constexpr long long HIGHEST_MPEG4_TIME_BASE = 65535;
 constexpr int SMALLEST_HEVC_SIDE = 16;
+constexpr int SMALLEST_DNXHR_WIDTH = 256;
+constexpr int SMALLEST_DNXHR_HEIGHT = 120;
+/// libvpx and AV1 count a frame's period in a unit of at most a billionth of a second.
+constexpr long long FINEST_VPX_TIME_BASE = 1'000'000'000;
+constexpr int HIGHEST_AV1_RATE = 240;
 
 const std::vector<int>& UsualSampleRates() {
     static const std::vector<int> rates{8000,  11025, 12000, 16000, 22050,  24000, 32000,
@@ -29,6 +34,66 @@ const std::vector<std::uint32_t>& UsualLayouts() {
 std::vector<int> RatesUpTo(int highest) {
     const std::vector<int>& all = UsualSampleRates();
     return {all.begin(), std::upper_bound(all.begin(), all.end(), highest)};
+}
+
+constexpr int HIGHEST_AV1_PICTURE = 8704;
+
+int LargestSide(CodecID codec) {
+    switch (codec) {
+    case CodecID::MPEG4:
+        return 8190;
+    case CodecID::MPEG2:
+    case CodecID::VP8:
+        return 16382;
+    default:
+        return 16384;
+    }
+}
+
+struct Profile {
+    CodecID codec;
+    const char* name;
+    const char* pixelFormats; ///< separated by blanks
+};
+
+// A profile is an upper bound to some encoders, which then write the lower one that suffices: with these formats they
+// write the profile itself.
+constexpr Profile PROFILES[] = {
+    {CodecID::H264, "baseline", "yuv420p nv12 yuvj420p"},
+    {CodecID::H264, "main", "yuv420p nv12 yuvj420p"},
+    {CodecID::H264, "high", "yuv420p nv12 yuvj420p gray8"},
+    {CodecID::H264, "high10", "yuv420p10 gray10"},
+    {CodecID::H264, "high422", "yuv422p yuv422p10"},
+    {CodecID::H264, "high444", "yuv444p yuv444p10"},
+    {CodecID::HEVC, "main", "yuv420p yuvj420p"},
+    {CodecID::HEVC, "main10", "yuv420p10"},
+    {CodecID::HEVC, "main12", "yuv420p12"},
+    {CodecID::HEVC, "main422-10", "yuv422p10"},
+    {CodecID::HEVC, "main422-12", "yuv422p12"},
+    {CodecID::HEVC, "main444-8", "yuv444p gbrp"},
+    {CodecID::HEVC, "main444-10", "yuv444p10 gbrp10"},
+    {CodecID::HEVC, "main444-12", "yuv444p12"},
+    {CodecID::VP9, "0", "yuv420p"},
+    {CodecID::VP9, "1", "yuv422p yuv444p gbrp"},
+    {CodecID::VP9, "2", "yuv420p10 yuv420p12"},
+    {CodecID::VP9, "3", "yuv422p10 yuv444p10 yuv422p12 yuv444p12 gbrp10"},
+    {CodecID::MPEG2, "main", "yuv420p"},
+    {CodecID::MPEG2, "422", "yuv422p"},
+    {CodecID::ProRes, "proxy", "yuv422p10"},
+    {CodecID::ProRes, "lt", "yuv422p10"},
+    {CodecID::ProRes, "standard", "yuv422p10"},
+    {CodecID::ProRes, "hq", "yuv422p10"},
+    {CodecID::ProRes, "4444", "yuv444p10 yuva444p10"},
+    {CodecID::ProRes, "4444xq", "yuv444p10 yuva444p10"},
+    {CodecID::DNxHD, "dnxhr_lb", "yuv422p"},
+    {CodecID::DNxHD, "dnxhr_sq", "yuv422p"},
+    {CodecID::DNxHD, "dnxhr_hq", "yuv422p"},
+    {CodecID::DNxHD, "dnxhr_hqx", "yuv422p10"},
+    {CodecID::DNxHD, "dnxhr_444", "yuv444p10 gbrp10"},
+};
+
+bool HasWord(const std::string& words, const std::string& word) {
+    return (" " + words + " ").find(" " + word + " ") != std::string::npos;
 }
 
 /// The rates that MPEG-2 has a code for.
@@ -93,11 +158,47 @@ int CodecLimits::SmallestSide(CodecID codec) {
     return codec == CodecID::HEVC ? SMALLEST_HEVC_SIDE : 2;
 }
 
+bool CodecLimits::TakesWidth(CodecID codec, int pixels) {
+    const int smallest = codec == CodecID::DNxHD ? SMALLEST_DNXHR_WIDTH : SmallestSide(codec);
+    // 12 bits of a side stand in a sequence's header, and may not be all zero.
+    const bool written = codec != CodecID::MPEG2 || pixels % 4096 != 0;
+    return pixels >= smallest && pixels <= LargestSide(codec) && written;
+}
+
+bool CodecLimits::TakesHeight(CodecID codec, int pixels) {
+    if (codec == CodecID::DNxHD)
+        return pixels >= SMALLEST_DNXHR_HEIGHT && pixels <= LargestSide(codec);
+    if (codec == CodecID::AV1)
+        return pixels >= SmallestSide(codec) && pixels <= HIGHEST_AV1_PICTURE;
+    return TakesWidth(codec, pixels);
+}
+
+std::vector<std::string> CodecLimits::Profiles(CodecID codec) {
+    std::vector<std::string> names;
+    for (const Profile& profile : PROFILES) {
+        if (profile.codec == codec)
+            names.emplace_back(profile.name);
+    }
+    return names;
+}
+
+bool CodecLimits::ProfileTakes(CodecID codec, const std::string& profile, const std::string& pixelFormat) {
+    for (const Profile& known : PROFILES) {
+        if (known.codec == codec && profile == known.name)
+            return HasWord(known.pixelFormats, pixelFormat);
+    }
+    return false;
+}
+
 bool CodecLimits::TakesFrameRate(CodecID codec, const Rate& rate) {
     if (rate <= 0)
         return false;
     if (codec == CodecID::MPEG2)
         return IsMpeg2Rate(rate);
+    if (codec == CodecID::VP8 || codec == CodecID::VP9)
+        return rate.numerator() <= FINEST_VPX_TIME_BASE;
+    if (codec == CodecID::AV1)
+        return rate >= 1 && rate <= HIGHEST_AV1_RATE && rate.numerator() <= FINEST_VPX_TIME_BASE;
     return codec != CodecID::MPEG4 ||
            (rate.numerator() <= HIGHEST_MPEG4_TIME_BASE && rate.denominator() <= HIGHEST_MPEG4_TIME_BASE);
 }
@@ -110,7 +211,7 @@ std::vector<int> CodecLimits::SampleRates(CodecID codec) {
     case CodecID::Vorbis: // higher ones at a quality only
         return RatesUpTo(48000);
     case CodecID::Opus:
-        return {8000, 12000, 16000, 24000, 48000};
+        return {48000}; // it takes others, but every decoder gives this one
     case CodecID::AC3:
         return {32000, 44100, 48000};
     case CodecID::None:

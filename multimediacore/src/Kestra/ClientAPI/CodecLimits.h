@@ -5,6 +5,7 @@
 #include "KestraExport.h"
 #include <boost/rational.hpp>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace Kestra::ClientAPI {
@@ -23,6 +24,13 @@ struct KESTRA_EXPORT CodecLimits {
     static bool HasBitrate(Conf::CodecID codec);
     /// The smallest side of a picture, in pixels.
     static int SmallestSide(Conf::CodecID codec);
+    /// Whether pictures may be so wide, or so high.
+    static bool TakesWidth(Conf::CodecID codec, int pixels);
+    static bool TakesHeight(Conf::CodecID codec, int pixels);
+    /// The profiles that can be asked for, by the encoder's names; empty where none can.
+    static std::vector<std::string> Profiles(Conf::CodecID codec);
+    /// Whether a stream of that profile holds pictures of that format (the engine's name) and is marked as just that.
+    static bool ProfileTakes(Conf::CodecID codec, const std::string& profile, const std::string& pixelFormat);
     static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);
 
     /// The usual sample rates that the codec stores as they are, rising.

@@ -63,6 +63,16 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
     return *codec;
 }
 
+std::vector<const AVCodec*> EncodersOf(CodecID id) {
+    const AVCodec* const preferred = id == CodecID::None ? nullptr : FindByID(id);
+    if (!preferred)
+        return {};
+    std::vector<const AVCodec*> encoders{preferred};
+    if (const AVCodec* const other = &InPlaceOfSvt(*preferred); other != preferred)
+        encoders.push_back(other);
+    return encoders;
+}
+
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
     return width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE ? codec : InPlaceOfSvt(codec);
 }

@@ -3,12 +3,16 @@
 
 #include "Kestra/Conf/IFormatCodec.h"
 #include "Kestra/FF/Handles.h"
+#include <vector>
 
 namespace Kestra::FF {
 
 /// The encoder for the codec that `description` names, of that medium. Throws ProcException (CodecNotFound) that names
 /// the codec: unknown, of the other medium, or without an encoder in this installation.
 const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType medium);
+
+/// Every encoder that may come to encode the codec, the preferred one first; none where this installation has none.
+std::vector<const AVCodec*> EncodersOf(Conf::CodecID id);
 
 /// `codec`, or another encoder of the same codec where this one does not take pictures so small.
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);

@@ -1,0 +1,86 @@
+#include "Kestra/ClientAPI/EncoderQuery.h"
+
+#include "Kestra/Conf/PixelFormat.h"
+#include "Kestra/FF/Container.h"
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/EncodePicture.h"
+#include "Kestra/FF/EncoderCatalogue.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/OptionList.h"
+#include <memory>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::ClientAPI {
+
+namespace {
+
+using Conf::CodecID;
+
+AVPixelFormat FormatNamed(const std::string& name) {
+    const AVPixelFormat named = FF::ToAv(Conf::PixelFormatFromString(name));
+    return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
+}
+
+bool Takes(const AVCodec& encoder, AVPixelFormat format) {
+    if (!encoder.pix_fmts)
+        return true;
+    for (const AVPixelFormat* known = encoder.pix_fmts; *known != AV_PIX_FMT_NONE; ++known)
+        if (*known == format)
+            return true;
+    return false;
+}
+
+/// Why `target` does not take the option; empty when it does.
+std::string WhyNot(void* target, const std::string& owner, const std::string& name, const std::string& value) {
+    Core::Property options;
+    options.SetChild(name, value);
+    try {
+        FF::OptionList(options).ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
+        return {};
+    } catch (const Exception& refusal) {
+        return refusal.what();
+    }
+}
+
+struct FreeFormat {
+    void operator()(AVFormatContext* context) const { avformat_free_context(context); }
+};
+
+} // namespace
+
+bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelFormat) {
+    const AVPixelFormat format = FormatNamed(pixelFormat);
+    // It names the formats of limited range too, and then refuses them.
+    if (format == AV_PIX_FMT_NONE || (codec == CodecID::MJPEG && !FF::IsFullRangeFormat(format)))
+        return false;
+    for (const AVCodec* const encoder : FF::EncodersOf(codec))
+        if (Takes(*encoder, format))
+            return true;
+    return false;
+}
+
+std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value) {
+    std::string reason = std::string("there is no encoder for ") + Conf::CodecIDToString(codec);
+    for (const AVCodec* const encoder : FF::EncodersOf(codec)) {
+        const FF::CodecContextHandle context = FF::MakeCodecContext(encoder);
+        reason = WhyNot(context.get(), encoder->name, name, value);
+        if (reason.empty())
+            break;
+    }
+    return reason;
+}
+
+std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const std::string& name,
+                                            const std::string& value) {
+    const FF::Container* const known = FF::FindContainer(container);
+    AVFormatContext* made = nullptr;
+    if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
+        return "there is no muxer for " + container;
+    const std::unique_ptr<AVFormatContext, FreeFormat> context(made);
+    return WhyNot(context.get(), "the muxer for " + container, name, value);
+}
+
+} // namespace Kestra::ClientAPI
