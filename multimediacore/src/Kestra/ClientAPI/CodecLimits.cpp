@@ -61,8 +61,8 @@ struct Profile {
 constexpr Profile PROFILES[] = {
     {CodecID::H264, "baseline", "yuv420p nv12 yuvj420p"},
     {CodecID::H264, "main", "yuv420p nv12 yuvj420p"},
-    {CodecID::H264, "high", "yuv420p nv12 yuvj420p gray8"},
-    {CodecID::H264, "high10", "yuv420p10 gray10"},
+    {CodecID::H264, "high", "yuv420p nv12 yuvj420p"},
+    {CodecID::H264, "high10", "yuv420p10"},
     {CodecID::H264, "high422", "yuv422p yuv422p10"},
     {CodecID::H264, "high444", "yuv444p yuv444p10"},
     {CodecID::HEVC, "main", "yuv420p yuvj420p"},
@@ -126,6 +126,7 @@ QualityRange CodecLimits::VideoQuality(CodecID codec) {
     case CodecID::HEVC:
         return {1, 51, true};
     case CodecID::VP8:
+        return {4, 63, false}; // its encoder's lowest quantiser
     case CodecID::VP9:
     case CodecID::AV1:
         return {1, 63, false};

@@ -24,6 +24,10 @@ AVPixelFormat FormatNamed(const std::string& name) {
     return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
 }
 
+bool HasAlpha(AVPixelFormat format) {
+    return (av_pix_fmt_desc_get(format)->flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
+}
+
 bool Takes(const AVCodec& encoder, AVPixelFormat format) {
     if (!encoder.pix_fmts)
         return true;
@@ -56,10 +60,14 @@ bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelForma
     // It names the formats of limited range too, and then refuses them.
     if (format == AV_PIX_FMT_NONE || (codec == CodecID::MJPEG && !FF::IsFullRangeFormat(format)))
         return false;
-    for (const AVCodec* const encoder : FF::EncodersOf(codec))
-        if (Takes(*encoder, format))
-            return true;
-    return false;
+    // Their alpha would be a second picture beside the first, which nothing in the file tells of.
+    if ((codec == CodecID::VP8 || codec == CodecID::VP9) && HasAlpha(format))
+        return false;
+    // The check of a finished file asks for a colour, which grey has not.
+    if (av_pix_fmt_desc_get(format)->nb_components < 3)
+        return false;
+    const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
+    return !encoders.empty() && Takes(*encoders.front(), format);
 }
 
 std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value) {
