@@ -79,6 +79,7 @@ public:
     std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;
     std::vector<Kestra::Proc::SourceNote> TakeNotes() override;
     bool IsBeingRead() const override { return false; }
+    void Note(const std::string&) override {}
 
 private:
     Kestra::ioPath path;

@@ -60,5 +60,34 @@ TEST(LayoutRecord, CountsOneChannelPerBit) {
         EXPECT_EQ(record->layout, layout);
         EXPECT_EQ(record->channels, __builtin_popcount(layout)) << record->name;
     }
-    EXPECT_EQ(LayoutRecord::Find(0x12345)->layout, 0u);
+}
+
+TEST(LayoutRecord, EverySetOfSpeakersHasARecord) {
+    const LayoutRecord* const record = LayoutRecord::Find(0x10D);
+    EXPECT_EQ(record->layout, 0x10Du);
+    EXPECT_EQ(record->channels, 4);
+    EXPECT_STREQ(record->name, "4 channels (FL+FC+LFE+BC)");
+    EXPECT_EQ(LayoutRecord::Find(0x10D), record);
+    // Bit 28 is nobody's.
+    EXPECT_EQ(LayoutRecord::Find(0x10000000)->layout, 0u);
+}
+
+TEST(LayoutRecord, ChannelsWithoutSpeakersAreCounted) {
+    const LayoutRecord* const record = LayoutRecord::Find(DiscreteLayout(16));
+    EXPECT_EQ(record->channels, 16);
+    EXPECT_STREQ(record->name, "16 channels");
+    EXPECT_TRUE(IsDiscreteLayout(record->layout));
+    EXPECT_EQ(SpeakersOf(record->layout), 0u);
+    EXPECT_EQ(DiscreteLayout(0), 0u);
+    EXPECT_EQ(DiscreteLayout(65536), 0u);
+    EXPECT_EQ(LayoutRecord::Find(CHANNEL_LAYOUT_DISCRETE)->layout, 0u);
+}
+
+TEST(LayoutRecord, SpeakersBeyondBit31ComeBack) {
+    EXPECT_EQ(LayoutOfSpeakers(0x3F), 0x3Fu);
+    const std::uint64_t wide = 0x1F80003FFFFu; // 22.2
+    EXPECT_EQ(SpeakersOf(LayoutOfSpeakers(wide)), wide);
+    EXPECT_STREQ(LayoutRecord::Find(LayoutOfSpeakers(wide))->name, "22.2");
+    EXPECT_EQ(LayoutOfSpeakers(std::uint64_t{1} << 41), 0u);
+    EXPECT_EQ(LayoutOfSpeakers(std::uint64_t{1} << 18), 0u);
 }

@@ -45,7 +45,30 @@ TEST(SettingsResizer, FitInsideNeverLeavesTheTarget) {
 
 TEST(SettingsResizer, FitInsideMakesPixelsSquare) {
     EXPECT_EQ(resized(AspectMode::FitInside, {1920, 1080, 0, 0}, {1440, 1080, 16, 9}), (FrameInfo{1920, 1080, 16, 9}));
-    EXPECT_EQ(resized(AspectMode::FitInside, {0, 0, 0, 0}, {720, 576, 16, 9}), (FrameInfo{1024, 576, 16, 9}));
+    EXPECT_EQ(resized(AspectMode::FitInside, {1920, 1080, 0, 0}, {720, 576, 16, 9}), (FrameInfo{1920, 1080, 16, 9}));
+}
+
+TEST(SettingsResizer, FitInsideLeavesASourceThatIsItsTargetAsItIs) {
+    EXPECT_EQ(resized(AspectMode::FitInside, {720, 576, 0, 0}, {720, 576, 16, 9}), (FrameInfo{720, 576, 16, 9}));
+    EXPECT_EQ(resized(AspectMode::FitInside, {0, 0, 0, 0}, {720, 576, 16, 9}), (FrameInfo{720, 576, 16, 9}));
+    EXPECT_EQ(resized(AspectMode::FitInside, {160, 120, 0, 0}, {161, 121, 0, 0}), (FrameInfo{160, 120, 4, 3}));
+}
+
+TEST(SettingsResizer, FitInsideTakesATargetThatIsTheSourceScaled) {
+    EXPECT_EQ(resized(AspectMode::FitInside, {606, 1080, 0, 0}, {1080, 1920, 0, 0}), (FrameInfo{606, 1080, 101, 180}));
+    EXPECT_EQ(resized(AspectMode::FitInside, {960, 720, 0, 0}, {1440, 1080, 16, 9}), (FrameInfo{960, 720, 16, 9}));
+}
+
+TEST(SettingsResizer, SidesAreOddWhereTheyMayBeAndTheSourcesAre) {
+    SettingsResizer settings;
+    settings.aspectMode = AspectMode::FitInside;
+    settings.oddSides = true;
+    settings.target = {160, 120, 0, 0};
+    EXPECT_EQ(settings.GetOutputFrameSize({161, 121, 0, 0}), (FrameInfo{161, 121, 161, 121}));
+    // Scaled, they are even.
+    EXPECT_EQ(settings.GetOutputFrameSize({323, 243, 0, 0}).width, 160U);
+    settings.target = {0, 0, 0, 0};
+    EXPECT_EQ(settings.GetOutputFrameSize({161, 121, 0, 0}), (FrameInfo{161, 121, 161, 121}));
 }
 
 TEST(SettingsResizer, FitInsideCountsInThePixelsOfATargetWithAnAspect) {

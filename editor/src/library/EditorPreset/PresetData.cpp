@@ -48,6 +48,18 @@ void copyValue(const Property& tree, const char* section, const char* tag, Prope
         target.SetChild(targetTag, node->GetValue());
 }
 
+/// Formats have several names; presets that mean the same one are alike.
+void copyPixelFormat(const Property& tree, Property& target) {
+    const Property* const node = findNode(tree, TAG_VIDEO, TAG_PIXEL_FORMAT);
+    if (node == nullptr)
+        return;
+    const std::string name = node->GetString();
+    const auto format = Kestra::Conf::PixelFormatFromString(name);
+    const bool known = Kestra::Conf::PixelFormatRecord::Find(format) != nullptr;
+    target.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT,
+                    known ? std::string(Kestra::Conf::PixelFormatToString(format)) : name);
+}
+
 void complete(Property& data, const char* key, CodecID codec, const std::string& container) {
     Kestra::Conf::CreateDataHelper(key, codec)->Apply(data);
     Kestra::Conf::CreateDataHelper(IPreset::KEY_FORMAT, container)->Apply(data);
@@ -55,7 +67,7 @@ void complete(Property& data, const char* key, CodecID codec, const std::string&
 
 bool isLossless(CodecID codec) {
     return codec == CodecID::FLAC || codec == CodecID::ALAC || codec == CodecID::PCM_S16LE ||
-           codec == CodecID::PCM_S24LE;
+           codec == CodecID::PCM_S24LE || codec == CodecID::PCM;
 }
 
 void describeResizing(const Preset& preset, Property& video) {
@@ -145,7 +157,7 @@ Property Preset::videoEncoderData() const {
     if (videoBitrateMode() == Export::BitrateMode::Quality && videoQuality() != 0.0)
         data.SetChild(IFormatCodec::TAG_QUALITY, videoQuality());
     copyValue(tree, TAG_VIDEO, TAG_PROFILE, data, IFormatCodec::TAG_PROFILE);
-    copyValue(tree, TAG_VIDEO, TAG_PIXEL_FORMAT, data, IFormatCodecVideo::TAG_PIXEL_FORMAT);
+    copyPixelFormat(tree, data);
     if (keepsDynamicRange())
         data.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE, std::string(IFormatCodecVideo::DYNAMIC_RANGE_SOURCE));
     copyValue(tree, TAG_VIDEO, TAG_GOP_SECONDS, data, IFormatCodecVideo::TAG_GOP_SECONDS);

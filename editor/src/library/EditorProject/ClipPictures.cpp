@@ -22,6 +22,7 @@ Core::IFilterFactory& filters() {
 Video createBlack(const Section& section, const Conf::IFormatCodecVideo& target) {
     const auto format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target.GetProperty());
+    // No clip has pictures; what is made up may have any format.
     if (format->GetPixelFormat() == Conf::PixelFormat::Unknown)
         format->SetPixelFormat(Conf::PixelFormat::YUV420P);
     return filters().CreateBlack(format, FramesToTime(section.count, target.GetFrameRate()));
@@ -30,6 +31,7 @@ Video createBlack(const Section& section, const Conf::IFormatCodecVideo& target)
 Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame) {
     Proc::SettingsResizer settings;
     settings.target = frame;
+    settings.oddSides = true; // what was ordered is what the encoder takes
     settings.aspectMode = Proc::AspectMode::Letterbox;
     settings.interpolation = Proc::Interpolation::Bicubic;
     return settings;

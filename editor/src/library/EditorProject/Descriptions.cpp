@@ -38,19 +38,22 @@ void setRate(Media::Video& video, const Rate& rate) {
     video.frameRateDenominator = static_cast<std::uint32_t>(rate.denominator());
 }
 
-std::uint32_t layoutFor(int channels) {
-    switch (channels) {
-    case 1:
-        return Conf::CHANNEL_LAYOUT_MONO;
-    case 4:
-        return Conf::CHANNEL_LAYOUT_QUAD;
-    case 6:
-        return Conf::CHANNEL_LAYOUT_5POINT1;
-    case 8:
-        return Conf::CHANNEL_LAYOUT_7POINT1;
-    default:
-        return Conf::CHANNEL_LAYOUT_STEREO;
-    }
+/// Bits that a sample has room for.
+int roomOf(std::int32_t format) {
+    const Conf::SampleFmtRecord& record = *Conf::SampleFmtRecord::Find(format);
+    const std::string name = record.name;
+    if (name.rfind("flt", 0) == 0)
+        return 25; // its mantissa's
+    return name.rfind("dbl", 0) == 0 ? 53 : 8 * record.bytesPerSample;
+}
+
+/// The clips' format that keeps the samples of every clip, or the first of the best.
+std::int32_t roomiestFormat(const Timeline& timeline, std::int32_t none) {
+    std::int32_t best = Conf::SAMPLE_FORMAT_UNKNOWN;
+    for (const Clip& clip : timeline.clips())
+        if (clip.info.audio && roomOf(clip.info.audio->sampleFormat) > roomOf(best))
+            best = clip.info.audio->sampleFormat;
+    return best == Conf::SAMPLE_FORMAT_UNKNOWN ? none : best;
 }
 
 } // namespace
@@ -83,11 +86,10 @@ Media::Audio describeAudio(const Timeline& timeline) {
     if (found == clips.end())
         return audio;
     const Proc::AudioTrackInfo& track = *found->info.audio;
+    audio.sampleFormat = roomiestFormat(timeline, audio.sampleFormat);
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;
-    if (track.sampleFormat != Conf::SAMPLE_FORMAT_UNKNOWN)
-        audio.sampleFormat = track.sampleFormat;
-    audio.channelLayout = track.channelLayout ? track.channelLayout : layoutFor(track.channels);
+    audio.channelLayout = track.channelLayout;
     return audio;
 }
 

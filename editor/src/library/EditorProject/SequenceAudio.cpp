@@ -23,6 +23,9 @@ SequenceAudio::SequenceAudio(std::shared_ptr<const Timeline> timeline, const Exp
     , sections(soundSections(*this->timeline, window, format.GetRate()))
     , samples(window.samples(format.GetRate()))
     , format(format) {
+    for (const Clip& candidate : this->timeline->clips())
+        if (candidate.info.audio)
+            sampleBits = std::max(sampleBits, candidate.info.audio->sampleBits);
     // Left open, it would change from clip to clip.
     if (format.GetFormatRecord()->format == Conf::SAMPLE_FORMAT_UNKNOWN)
         this->format.SetFormatRecord(Conf::SampleFmtRecord::Find(Conf::SAMPLE_FORMAT_FLTP));
@@ -57,6 +60,7 @@ void SequenceAudio::OpenClip() {
     if (!HasSound(*section))
         return OpenSilence();
     const std::int64_t place = section->skip + nextSample - section->first;
+    NoteLoss(*timeline->clips()[section->clip].info.audio);
     const auto sound = filters().CreateResampler(timeline->source(section->clip).CreateAudioStream(), format);
     clip.put(sound);
     silent = false;
@@ -64,6 +68,23 @@ void SequenceAudio::OpenClip() {
     drop = 0;
     if (place > 0)
         sound->Seek(SamplesToTime(place, format.GetRate()), Proc::SeekMode::Exact);
+}
+
+void SequenceAudio::NoteLoss(const Proc::AudioTrackInfo& track) const {
+    Proc::IMediaSource& source = timeline->source(section->clip);
+    if (bitsKept > 0 && track.sampleBits > bitsKept)
+        source.Note("the " + std::to_string(track.sampleBits) + " bits of each sample became " +
+                    std::to_string(bitsKept));
+    if (encodedLayout == Conf::CHANNEL_LAYOUT_UNKNOWN || encodedLayout == track.channelLayout)
+        return;
+    const std::string own = Conf::LayoutRecord::Find(track.channelLayout)->name;
+    const std::string encoded = Conf::LayoutRecord::Find(encodedLayout)->name;
+    if (Conf::IsDiscreteLayout(track.channelLayout))
+        source.Note(own + " that do not say where they are heard are encoded as " + encoded);
+    else if (Conf::IsDiscreteLayout(encodedLayout))
+        source.Note("sound of " + own + " is encoded as " + encoded + " that do not say where they are heard");
+    else if (!layoutOrdered)
+        source.Note("sound of " + own + " is encoded as " + encoded);
 }
 
 void SequenceAudio::OpenSilence() {
@@ -112,6 +133,7 @@ void SequenceAudio::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>
     result->SetSampleFormat(format.GetFormatRecord()->format);
     result->SetSampleRate(format.GetRate());
     result->SetChannelLayout(format.GetLayoutRecord()->layout);
+    result->SetSampleBits(sampleBits);
 }
 
 std::int64_t SequenceAudio::GetDuration() const {
@@ -135,6 +157,12 @@ std::string SequenceAudio::Describe() const {
 
 void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
     const auto* audio = dynamic_cast<const Conf::IFormatCodecAudio*>(&preferred);
+    if (audio) {
+        const char* const ordered = Conf::IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED;
+        encodedLayout = audio->GetChannelLayout();
+        layoutOrdered = audio->GetProperty().ChildExists(ordered) && audio->GetProperty()[ordered].GetBool();
+        bitsKept = audio->GetSampleBits();
+    }
     // Between clips of different formats the format must hold, so a clip that is open already decides.
     if (audio && !clip && audio->GetSampleFormat() != Conf::SAMPLE_FORMAT_UNKNOWN)
         format.SetFormatRecord(Conf::SampleFmtRecord::Find(audio->GetSampleFormat()));

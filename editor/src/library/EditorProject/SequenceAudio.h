@@ -36,12 +36,18 @@ private:
     void OpenSilence();
     Block ReadClip();
     Block Placed(const Block& block);
+    void NoteLoss(const Kestra::Proc::AudioTrackInfo& track) const;
     void Forget();
 
     const std::shared_ptr<const Timeline> timeline;
     const std::vector<Section> sections;
     const std::int64_t samples;
     Kestra::Conf::SampleInfo format;
+    int sampleBits = 0; ///< the most that a clip's samples have
+    /// What the encoder makes of it, as far as it has said.
+    std::uint32_t encodedLayout = Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN;
+    bool layoutOrdered = false;
+    int bitsKept = 0;
 
     StreamSlot<Kestra::Proc::IStreamAudio> clip; ///< the clip's sound, or silence in its place
     const Section* section = nullptr;            ///< of the open clip

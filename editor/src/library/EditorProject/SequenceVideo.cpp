@@ -2,12 +2,24 @@
 
 #include "EditorProject/ClipPictures.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
 namespace Project {
 
 using namespace Kestra;
+using Conf::PixelFormat;
+
+namespace {
+
+/// Whether pictures of `format` lose nothing in `other`.
+bool HoldsAll(PixelFormat other, PixelFormat format) {
+    return Conf::PixelLoss::Between(*Conf::PixelFormatRecord::Find(format), *Conf::PixelFormatRecord::Find(other))
+        .IsNone();
+}
+
+} // namespace
 
 namespace {
 
@@ -27,23 +39,58 @@ SequenceVideo::SequenceVideo(std::shared_ptr<const Timeline> timeline, const Exp
     , target(Conf::IFormatCodecVideo::Create()) {
     target->InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
     target->SetFrameRate(rate);
-    DescribeFirstPicture();
+    DescribePictures();
 }
 
-void SequenceVideo::DescribeFirstPicture() {
-    const Proc::VideoTrackInfo* found = nullptr;
+void SequenceVideo::DescribePictures() {
+    PixelFormat format = PixelFormat::Unknown;
+    const Proc::VideoTrackInfo* coloured = nullptr;
     for (const Section& candidate : sections) {
         const auto& video = timeline->clips()[candidate.clip].info.video;
-        if (video && (!found || (isHighRange(*video) && !isHighRange(*found))))
-            found = &*video;
+        if (!video)
+            continue;
+        const PixelFormat own = FormatOf(candidate);
+        if (!coloured || (isHighRange(*video) && !isHighRange(*coloured)))
+            coloured = &*video;
+        if (format == PixelFormat::Unknown || (own != PixelFormat::Unknown && HoldsAll(own, format)))
+            format = own;
     }
-    if (!found)
+    target->SetPixelFormat(format);
+    if (coloured)
+        target->SetColour(coloured->colour);
+}
+
+PixelFormat SequenceVideo::FormatOf(const Section& candidate) const {
+    const Clip& shown = timeline->clips()[candidate.clip];
+    const std::string& name = shown.info.video->pixelFormat;
+    const PixelFormat format = Conf::PixelFormatFromString(name);
+    if (!name.empty() && !Conf::PixelFormatRecord::Find(format))
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::NotSupported,
+                                         "The pictures of \"" + shown.path.ToUtf8() + "\" have the pixel format \"" +
+                                             name + "\", which cannot be handled"));
+    return format;
+}
+
+void SequenceVideo::NoteLoss() const {
+    const auto& video = timeline->clips()[section->clip].info.video;
+    if (!video)
         return;
-    const Proc::VideoTrackInfo& track = *found;
-    const Conf::PixelFormat format = Conf::PixelFormatFromString(track.pixelFormat);
-    if (format != Conf::PixelFormat::Unknown && format != Conf::PixelFormat::Other)
-        target->SetPixelFormat(format);
-    target->SetColour(track.colour);
+    const Conf::FrameInfo own = video->frame;
+    const Conf::FrameInfo frame = target->GetFrameInfo();
+    if (own != frame && own.width - frame.width <= 1 && own.height - frame.height <= 1 &&
+        (own.width != frame.width || own.height != frame.height))
+        timeline->source(section->clip)
+            .Note("pictures of " + std::to_string(own.width) + "x" + std::to_string(own.height) +
+                  " are encoded without their last column or line, as " + std::to_string(frame.width) + "x" +
+                  std::to_string(frame.height));
+    const auto* from = Conf::PixelFormatRecord::Find(FormatOf(*section));
+    const auto* to = Conf::PixelFormatRecord::Find(target->GetPixelFormat());
+    if (!from || !to)
+        return;
+    const std::string loss = formatOrdered ? Conf::AlphaLossInWords(*from, *to) : Conf::LossInWords(*from, *to);
+    if (!loss.empty())
+        timeline->source(section->clip)
+            .Note("pictures of " + std::string(from->name) + " are encoded as " + to->name + ": " + loss);
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
@@ -88,6 +135,7 @@ void SequenceVideo::OpenClip() {
     rest.skip += nextFrame - rest.first;
     rest.count = rest.end() - nextFrame;
     rest.first = nextFrame;
+    NoteLoss();
     clip.put(createClipPictures(*timeline, rest, *target));
 }
 
@@ -132,8 +180,11 @@ void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
     const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&format);
     if (!video)
         return;
-    if (video->GetPixelFormat() != Conf::PixelFormat::Unknown)
+    if (video->GetPixelFormat() != PixelFormat::Unknown) {
+        const char* const ordered = Conf::IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED;
         target->SetPixelFormat(video->GetPixelFormat());
+        formatOrdered = video->GetProperty().ChildExists(ordered) && video->GetProperty()[ordered].GetBool();
+    }
     const Conf::ColourInfo wanted = video->GetColour();
     Conf::ColourInfo colour = target->GetColour();
     colour.primaries = wanted.primaries != 2 ? wanted.primaries : colour.primaries;

@@ -29,7 +29,9 @@ public:
     void Reset() override;
 
 private:
-    void DescribeFirstPicture();
+    void DescribePictures();
+    Kestra::Conf::PixelFormat FormatOf(const Section& candidate) const;
+    void NoteLoss() const;
     void OpenClip();
     bool Fetch();
     void Take(const Kestra::Proc::IDataVideo& picture);
@@ -39,9 +41,13 @@ private:
     const boost::rational<long long> rate;
     const std::vector<Section> sections;
     const std::int64_t frames;
-    /// What clips are brought to: frame and rate as ordered, pixel format and colour as the first picture's of the
-    /// highest dynamic range unless a consumer prefers others, so that they do not change from clip to clip.
+    /// What clips are brought to: frame and rate as ordered, colour as the first picture's of the highest
+    /// dynamic range, the first picture's pixel format, or
+    /// that of a later clip which holds all that the ones before it do; unless a consumer prefers others. So they do
+    /// not change from clip to clip.
     const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> target;
+
+    bool formatOrdered = false; ///< the pixel format is what the user ordered: only lost transparency is noted
 
     StreamSlot<Kestra::Proc::IStreamVideo> clip;
     const Section* section = nullptr; ///< of the open clip

@@ -60,6 +60,7 @@ constexpr AudioModel AUDIO_MODELS[] = {
     {CodecID::ALAC, 0.3 * 24 * 48'000, 24 * 48'000, true, 0, NO_LIMIT},
     {CodecID::PCM_S16LE, 16 * 48'000, 16 * 48'000, true, 0, NO_LIMIT},
     {CodecID::PCM_S24LE, 24 * 48'000, 24 * 48'000, true, 0, NO_LIMIT},
+    {CodecID::PCM, 8 * 48'000, 64 * 48'000, true, 0, NO_LIMIT},
 };
 
 constexpr double REFERENCE_SAMPLE_RATE = 48'000.0;
@@ -95,10 +96,8 @@ std::int64_t ReadOpen(const Core::Property& tree, const char* tag) {
 }
 
 int CountChannels(const Core::Property& description) {
-    auto speakers = static_cast<std::uint64_t>(ReadOpen(description, Conf::IFormatCodecAudio::TAG_CHANNEL_LAYOUT));
-    int channels = 0;
-    for (; speakers != 0; speakers &= speakers - 1)
-        ++channels;
+    const auto layout = static_cast<std::uint32_t>(ReadOpen(description, Conf::IFormatCodecAudio::TAG_CHANNEL_LAYOUT));
+    const int channels = Conf::CountChannels(layout);
     return channels == 0 ? REFERENCE_CHANNELS : channels;
 }
 

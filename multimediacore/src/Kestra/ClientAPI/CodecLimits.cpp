@@ -149,6 +149,7 @@ bool CodecLimits::HasBitrate(CodecID codec) {
     case CodecID::ALAC:
     case CodecID::PCM_S16LE:
     case CodecID::PCM_S24LE:
+    case CodecID::PCM:
         return false;
     default:
         return true;

@@ -37,7 +37,7 @@ const std::vector<Container>& Containers() {
         {"m4a", {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}},
         {"mp3", {CodecID::MP3}, {"mp3"}, {}},
         {"flac", {CodecID::FLAC}, {"flac"}, {}},
-        {"wav", {CodecID::PCM_S16LE, CodecID::PCM_S24LE}, {"wav", "wave"}, {}},
+        {"wav", {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM}, {"wav", "wave"}, {}},
     };
     return table;
 }

@@ -32,6 +32,7 @@ constexpr Entry CODECS[] = {
     {CodecID::Vorbis, "vorbis"},
     {CodecID::AC3, "ac3"},
     {CodecID::ALAC, "alac"},
+    {CodecID::PCM, "pcm"},
 };
 
 } // namespace

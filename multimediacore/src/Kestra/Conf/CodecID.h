@@ -29,6 +29,7 @@ enum class CodecID : int {
     Vorbis = 106,
     AC3 = 107,
     ALAC = 108,
+    PCM = 109, ///< little-endian, in the bits of what is encoded
 };
 
 /// "h264", "pcm_s16le" ...; "none" for None and for a number that is none.

@@ -8,6 +8,8 @@ namespace Kestra::Conf {
 const char* const IFormatCodecAudio::TAG_SAMPLE_RATE = "sampleRate";
 const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT = "channelLayout";
 const char* const IFormatCodecAudio::TAG_SAMPLE_FORMAT = "sampleFormat";
+const char* const IFormatCodecAudio::TAG_SAMPLE_BITS = "sampleBits";
+const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED = "channelLayoutOrdered";
 
 namespace {
 
@@ -60,6 +62,14 @@ std::int32_t IFormatCodecAudio::GetSampleFormat() const {
 
 void IFormatCodecAudio::SetSampleFormat(std::int32_t format) {
     Write(EditProperty(), TAG_SAMPLE_FORMAT, format, SAMPLE_FORMAT_UNKNOWN);
+}
+
+std::int32_t IFormatCodecAudio::GetSampleBits() const {
+    return Read<std::int32_t>(GetProperty(), TAG_SAMPLE_BITS, 0);
+}
+
+void IFormatCodecAudio::SetSampleBits(std::int32_t bits) {
+    Write(EditProperty(), TAG_SAMPLE_BITS, bits, 0);
 }
 
 } // namespace Kestra::Conf

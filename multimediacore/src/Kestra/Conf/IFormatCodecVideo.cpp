@@ -12,6 +12,7 @@ const char* const IFormatCodecVideo::TAG_ASPECT_NUMERATOR = "aspectNumerator";
 const char* const IFormatCodecVideo::TAG_ASPECT_DENOMINATOR = "aspectDenominator";
 const char* const IFormatCodecVideo::TAG_FRAME_RATE = "frameRate";
 const char* const IFormatCodecVideo::TAG_PIXEL_FORMAT = "pixelFormat";
+const char* const IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED = "pixelFormatOrdered";
 const char* const IFormatCodecVideo::TAG_COLOUR_PRIMARIES = "colourPrimaries";
 const char* const IFormatCodecVideo::TAG_COLOUR_TRANSFER = "colourTransfer";
 const char* const IFormatCodecVideo::TAG_COLOUR_MATRIX = "colourMatrix";

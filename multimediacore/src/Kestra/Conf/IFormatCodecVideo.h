@@ -15,6 +15,8 @@ public:
     static const char* const TAG_ASPECT_DENOMINATOR;
     static const char* const TAG_FRAME_RATE;   ///< rational
     static const char* const TAG_PIXEL_FORMAT; ///< string, as PixelFormatToString
+    /// Bool, in what an encoder prefers: its description names the pixel format, so what that costs was ordered.
+    static const char* const TAG_PIXEL_FORMAT_ORDERED;
     static const char* const TAG_COLOUR_PRIMARIES;
     static const char* const TAG_COLOUR_TRANSFER;
     static const char* const TAG_COLOUR_MATRIX;

@@ -3,11 +3,12 @@
 
 #include "KestraExport.h"
 #include <string>
+#include <vector>
 
 namespace Kestra::Conf {
 
-/// The engine's pixel formats. The numbers are stable; formats of sources that stand here under no name are Other and
-/// travel through the engine as they are.
+/// The engine's pixel formats: every one that PixelFormatRecord lists. The numbers are stable; those that code speaks
+/// of have names here. Other is a format that the decoder library knows and this table does not yet.
 enum class PixelFormat : int {
     Unknown = -1,
     Other = 0,
@@ -38,10 +39,38 @@ enum class PixelFormat : int {
     YUVA444P10 = 27,
 };
 
+enum class PixelKind {
+    Yuv,
+    Rgb,
+    Gray,
+    Xyz,
+    Palette,  ///< indices into 256 colours
+    Bayer,    ///< one colour a pixel, as a sensor sees it
+    Hardware, ///< pictures in the memory of a device
+};
+
+/// What is known of one pixel format; the table holds every format of the decoder library under its name.
+struct KESTRA_EXPORT PixelFormatRecord {
+    int number;       ///< of PixelFormat
+    const char* name; ///< the decoder library's own: "yuv420p10le"
+    PixelKind kind;
+    int bits; ///< of the deepest component; 32 are floating point, 0 is not known
+    int chromaShiftX;
+    int chromaShiftY;
+    bool alpha;
+    bool fullRange; ///< the format itself says that its range is the full one (yuvj420p)
+
+    PixelFormat Format() const noexcept { return static_cast<PixelFormat>(number); }
+    /// Null for Unknown, Other and numbers that are none. Records live as long as the program.
+    static const PixelFormatRecord* Find(PixelFormat format) noexcept;
+    static const std::vector<PixelFormatRecord>& All();
+};
+
 KESTRA_EXPORT bool HasAlpha(PixelFormat format) noexcept;
-/// "yuv420p" and so on; "unknown" and "other" for those two.
+/// The record's name; "unknown" and "other" for those two.
 KESTRA_EXPORT const char* PixelFormatToString(PixelFormat format) noexcept;
-/// Unknown for a name that is none.
+/// Takes the names of records, those of 16-bit words without their order of bytes ("yuv420p10"), and "gray8" and
+/// "gray8a". Unknown for a name that is none.
 KESTRA_EXPORT PixelFormat PixelFormatFromString(const std::string& name) noexcept;
 
 /// Colour as ITU-T H.273 numbers it; 2 is "unspecified" for the first three.

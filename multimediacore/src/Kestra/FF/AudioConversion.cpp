@@ -1,5 +1,6 @@
 #include "Kestra/FF/AudioConversion.h"
 
+#include "Kestra/FF/ChannelPair.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/Error.h"
@@ -16,13 +17,6 @@ namespace {
 /// Silence is made up, and long input is cut, in blocks of this many samples.
 constexpr int BLOCK = 4096;
 constexpr int DEFAULT_RATE = 48000;
-
-AVChannelLayout KnownLayout(const AVChannelLayout& layout) {
-    AVChannelLayout result = layout;
-    if (layout.order == AV_CHANNEL_ORDER_UNSPEC)
-        av_channel_layout_default(&result, layout.nb_channels);
-    return result;
-}
 
 // Without its automatic gain, nothing but peaks changes: look-ahead and release in milliseconds.
 std::string LimiterFor(AVSampleFormat format) {
@@ -71,7 +65,8 @@ void AudioConversion::Settle() {
         output.format = AV_SAMPLE_FMT_FLTP;
     output.layout = ToAvLayout(format->GetChannelLayout());
     if (output.layout.nb_channels == 0)
-        av_channel_layout_default(&output.layout, 2);
+        Fail(TranscodingError::FilterFailed,
+             "Nobody says how many channels the sound of " + source->Describe() + " has");
     output.rate = format->GetSampleRate() > 0 ? format->GetSampleRate() : DEFAULT_RATE;
     const std::int64_t duration = GetDuration();
     total = duration == TIME_UNKNOWN ? -1 : std::max<std::int64_t>(TimeToSamples(duration, output.rate), 0);
@@ -149,11 +144,11 @@ void AudioConversion::StartConverter(const AVFrame& block) {
     converterInput->sample_rate = block.sample_rate;
     Check(av_channel_layout_copy(&converterInput->ch_layout, &block.ch_layout), TranscodingError::FilterFailed,
           "channel layout");
-    AVChannelLayout input = KnownLayout(block.ch_layout);
-    const bool exceeds = LoudestMix(input, output.layout) > 1;
+    ChannelPair channels(block.ch_layout, output.layout);
+    const bool exceeds = LoudestMix(channels.input, channels.output) > 1;
     const AVSampleFormat format = exceeds ? AV_SAMPLE_FMT_FLTP : output.format;
     SwrContext* context = nullptr;
-    Check(swr_alloc_set_opts2(&context, &output.layout, format, output.rate, &input,
+    Check(swr_alloc_set_opts2(&context, &channels.output, format, output.rate, &channels.input,
                               static_cast<AVSampleFormat>(block.format), block.sample_rate, 0, nullptr),
           TranscodingError::FilterFailed, "the resampler's settings");
     converter.reset(context);

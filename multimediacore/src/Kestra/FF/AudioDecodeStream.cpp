@@ -64,6 +64,7 @@ void AudioDecodeStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAu
     format->SetChannelLayout(track.channelLayout);
     format->SetSampleRate(track.sampleRate);
     format->SetSampleFormat(track.sampleFormat);
+    format->SetSampleBits(track.sampleBits);
 }
 
 void AudioDecodeStream::Prepare() {
@@ -78,7 +79,7 @@ void AudioDecodeStream::Prepare() {
                                         source->GetDetails().limits);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
-    AVChannelLayout layout = ToAvLayout(track.channelLayout, track.channels);
+    const AVChannelLayout layout = ToAvLayout(track.channelLayout);
     normaliser = std::make_unique<SampleNormaliser>(ToAv(static_cast<Conf::SampleFormats>(track.sampleFormat)),
                                                     track.sampleRate, layout);
     drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
@@ -279,7 +280,7 @@ void AudioDecodeStream::TellGap(std::int64_t length) {
 }
 
 void AudioDecodeStream::TellChange(const AVFrame& frame) {
-    const AVChannelLayout layout = ToAvLayout(track.channelLayout, track.channels);
+    const AVChannelLayout layout = ToAvLayout(track.channelLayout);
     source->Note("its sound changes to " + ShapeText(frame.sample_rate, frame.ch_layout) +
                  " on the way; it is converted to " + ShapeText(track.sampleRate, layout) + ", as it begins");
 }

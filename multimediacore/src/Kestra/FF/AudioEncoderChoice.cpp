@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Error.h"
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -36,8 +37,44 @@ bool TakesLayout(const AVCodec& codec, const AVChannelLayout& wanted) {
     return false;
 }
 
+bool IsPcm(AVCodecID codec) {
+    return codec >= AV_CODEC_ID_FIRST_AUDIO && codec < AV_CODEC_ID_ADPCM_IMA_QT;
+}
+
+/// A header of WAV has room for the first 18 speakers.
+std::uint32_t LayoutInPcm(std::uint32_t wanted) {
+    constexpr int SPEAKERS_OF_WAV = 18;
+    return Conf::SpeakersOf(wanted) >> SPEAKERS_OF_WAV == 0 ? wanted
+                                                            : Conf::DiscreteLayout(Conf::CountChannels(wanted));
+}
+
+[[noreturn]] void RefuseLayout(const AVCodec& codec, std::uint32_t wanted, const std::string& reason) {
+    const bool named = !Conf::IsDiscreteLayout(wanted);
+    Fail(TranscodingError::CodecRefused,
+         std::string(codec.name) + " cannot encode sound of " + std::to_string(Conf::CountChannels(wanted)) +
+             " channels" + (named ? std::string(" (") + Conf::LayoutRecord::Find(wanted)->name + ")" : "") + ": " +
+             reason + ". PCM in WAV holds any number of channels (preset \"wav\")");
+}
+
+/// The usual speakers of so many channels: other codecs cannot leave open where a channel is heard.
+AVChannelLayout WithSpeakers(const AVCodec& codec, std::uint32_t wanted) {
+    AVChannelLayout layout = ToAvLayout(wanted);
+    if (layout.order == AV_CHANNEL_ORDER_UNSPEC)
+        av_channel_layout_default(&layout, Conf::CountChannels(wanted));
+    if (layout.order != AV_CHANNEL_ORDER_NATIVE)
+        RefuseLayout(codec, wanted, "it has to know where each is heard, and they do not say");
+    return layout;
+}
+
 std::uint32_t NearestLayout(const AVCodec& codec, std::uint32_t wanted) {
-    const AVChannelLayout layout = ToAvLayout(wanted != 0 ? wanted : std::uint32_t{Conf::CHANNEL_LAYOUT_STEREO});
+    constexpr int MOST_OF_FLAC = 8;
+    if (wanted == Conf::CHANNEL_LAYOUT_UNKNOWN)
+        Fail(TranscodingError::CodecRefused, "Neither the stream nor the encoder's description has a channel layout");
+    if (IsPcm(codec.id))
+        return LayoutInPcm(wanted);
+    if (codec.id == AV_CODEC_ID_FLAC && Conf::CountChannels(wanted) > MOST_OF_FLAC)
+        RefuseLayout(codec, wanted, "it holds 8 at most");
+    const AVChannelLayout layout = WithSpeakers(codec, wanted);
     if (!codec.ch_layouts || TakesLayout(codec, layout))
         return FromAv(layout);
     const AVChannelLayout* best = nullptr;
@@ -73,8 +110,16 @@ AVSampleFormat NearestFormat(const AVCodec& codec, AVSampleFormat wanted) {
 }
 
 bool IsLossless(AVCodecID codec) {
-    return codec == AV_CODEC_ID_FLAC || codec == AV_CODEC_ID_ALAC ||
-           (codec >= AV_CODEC_ID_FIRST_AUDIO && codec < AV_CODEC_ID_ADPCM_IMA_QT);
+    return codec == AV_CODEC_ID_FLAC || codec == AV_CODEC_ID_ALAC || IsPcm(codec);
+}
+
+/// How many bits of each sample the encoder keeps; 0 when it is lossy.
+int BitsKept(const AVCodec& codec, AVSampleFormat format) {
+    constexpr int DEEPEST_OF_FLAC = 24;
+    if (!IsLossless(codec.id))
+        return 0;
+    const int room = 8 * av_get_bytes_per_sample(format);
+    return IsPcm(codec.id) ? av_get_exact_bits_per_sample(codec.id) : std::min(room, DEEPEST_OF_FLAC);
 }
 
 [[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what) {
@@ -108,7 +153,9 @@ EncodeSamples ChooseSamples(const IFormatCodecAudio& description, const IFormatC
     auto format = ToAv(static_cast<Conf::SampleFormats>(description.GetSampleFormat()));
     if (format == AV_SAMPLE_FMT_NONE)
         format = ToAv(static_cast<Conf::SampleFormats>(stream.GetSampleFormat()));
+    // Made up sound alone says nothing of its format.
     result.format = NearestFormat(codec, format == AV_SAMPLE_FMT_NONE ? AV_SAMPLE_FMT_FLTP : format);
+    result.bits = BitsKept(codec, result.format);
     return result;
 }
 

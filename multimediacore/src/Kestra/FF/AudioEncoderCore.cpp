@@ -37,14 +37,14 @@ AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio
                                    const Core::Property& description)
     : EncoderCore(description)
     , stream(stream)
-    , codec(FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {}
+    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {}
 
 boost::intrusive_ptr<IFormatCodecAudio> AudioEncoderCore::MakeDescription() const {
     return DescriptionOf(EncoderCore::GetDescription());
 }
 
 std::string AudioEncoderCore::Describe() const {
-    return std::string(codec.name) + " on " + stream->Describe();
+    return std::string(codec->name) + " on " + stream->Describe();
 }
 
 void AudioEncoderCore::AlignTo(std::int64_t start, std::int64_t end) {
@@ -65,9 +65,9 @@ std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
     const auto description = MakeDescription();
     BuildChain(*description);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec.name);
+    auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec->name);
     const AVCodecContext& context = opened->GetContext();
-    if (codec.id == AV_CODEC_ID_VORBIS)
+    if (codec->id == AV_CODEC_ID_VORBIS)
         vorbis.reset(Allocated(av_vorbis_parse_init(context.extradata, context.extradata_size)));
     ChooseWindow(context);
     SkipToFirst();
@@ -79,10 +79,15 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
     stream->Prepare();
     boost::intrusive_ptr<IFormatCodecAudio> format;
     stream->GetAudioFormat(format);
-    samples = ChooseSamples(description, *format, codec);
+    codec = &EncoderForSamples(*codec, description, *format);
+    samples = ChooseSamples(description, *format, *codec);
     format->SetSampleRate(samples.rate);
     format->SetChannelLayout(samples.layout);
     format->SetSampleFormat(FromAv(samples.format));
+    format->SetSampleBits(samples.bits);
+    Core::Property preferred = format->GetProperty();
+    preferred.SetChild(IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED, description.GetChannelLayout() != 0);
+    format->SetProperty(preferred);
     stream->PreferFormat(*format);
     Conf::SampleInfo target;
     target.Init(FromAv(samples.format), samples.rate, samples.layout);
@@ -93,7 +98,7 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
 // Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins
 // at the cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
 std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
-    if (codec.id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
+    if (codec->id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
         return 0;
     CodecParametersHandle parameters = MakeCodecParameters();
     Check(avcodec_parameters_from_context(parameters.get(), &context), TranscodingError::EncodeFailed,
@@ -135,7 +140,7 @@ void AudioEncoderCore::SkipToFirst() {
 }
 
 CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& description, const OptionList& options) const {
-    CodecContextHandle context = MakeCodecContext(&codec);
+    CodecContextHandle context = MakeCodecContext(codec);
     context->sample_fmt = samples.format;
     context->sample_rate = samples.rate;
     const AVChannelLayout layout = ToAvLayout(samples.layout);
@@ -143,10 +148,10 @@ CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& descript
     context->time_base = {1, samples.rate};
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     if (av_get_packed_sample_fmt(samples.format) == AV_SAMPLE_FMT_S32 &&
-        (codec.id == AV_CODEC_ID_FLAC || codec.id == AV_CODEC_ID_ALAC))
+        (codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC))
         context->bits_per_raw_sample = DEEP_BITS;
     SetAudioRateControl(*context, description);
-    options.ApplyTo(context.get(), codec.name, TranscodingError::CodecRefused);
+    options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     return context;
 }
 
@@ -186,7 +191,8 @@ std::int64_t AudioEncoderCore::DecodedLength(const AVPacket& packet) {
     if (vorbis)
         return std::max(av_vorbis_parse_frame(vorbis.get(), packet.data, packet.size), 0);
     const int frameSize = GetContext().frame_size;
-    return frameSize == 0 || codec.id == AV_CODEC_ID_FLAC || codec.id == AV_CODEC_ID_ALAC ? packet.duration : frameSize;
+    return frameSize == 0 || codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC ? packet.duration
+                                                                                            : frameSize;
 }
 
 boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packet) {
@@ -196,7 +202,7 @@ boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packe
     const std::int64_t end = packet->pts + length;
     const bool complete = sourceEnded || sent == total;
     // A file with a single packet of MP3 is not taken for one by its readers.
-    const bool wanted = codec.id == AV_CODEC_ID_MP3 && packets < LEAST_MP3_PACKETS;
+    const bool wanted = codec->id == AV_CODEC_ID_MP3 && packets < LEAST_MP3_PACKETS;
     if (complete && packet->size > 0 && packet->pts >= sent && !wanted)
         return nullptr;
     ++packets;

@@ -50,7 +50,7 @@ private:
     std::int64_t DecodedLength(const AVPacket& packet);
 
     const boost::intrusive_ptr<Proc::IStreamAudio> stream;
-    const AVCodec& codec;
+    const AVCodec* codec;
     boost::intrusive_ptr<Proc::IStreamAudio> chain;
     /// Vorbis alone has packets of differing lengths that only their bytes tell.
     std::unique_ptr<AVVorbisParseContext, VorbisParserDeleter> vorbis;

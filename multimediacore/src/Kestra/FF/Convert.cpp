@@ -1,8 +1,10 @@
 #include "Kestra/FF/Convert.h"
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <utility>
+#include <vector>
 
 extern "C" {
 #include <libavutil/pixdesc.h>
@@ -16,25 +18,43 @@ using Conf::SampleFormats;
 
 namespace {
 
-constexpr std::array<std::pair<PixelFormat, AVPixelFormat>, 23> PIXEL_FORMATS{{
-    {PixelFormat::YUV420P, AV_PIX_FMT_YUV420P},     {PixelFormat::YUV422P, AV_PIX_FMT_YUV422P},
-    {PixelFormat::YUV444P, AV_PIX_FMT_YUV444P},     {PixelFormat::NV12, AV_PIX_FMT_NV12},
-    {PixelFormat::YUVJ420P, AV_PIX_FMT_YUVJ420P},   {PixelFormat::YUV420P10, AV_PIX_FMT_YUV420P10},
-    {PixelFormat::YUV422P10, AV_PIX_FMT_YUV422P10}, {PixelFormat::YUV444P10, AV_PIX_FMT_YUV444P10},
-    {PixelFormat::P010, AV_PIX_FMT_P010},           {PixelFormat::YUV420P12, AV_PIX_FMT_YUV420P12},
-    {PixelFormat::YUV422P12, AV_PIX_FMT_YUV422P12}, {PixelFormat::YUV444P12, AV_PIX_FMT_YUV444P12},
-    {PixelFormat::GRAY8, AV_PIX_FMT_GRAY8},         {PixelFormat::GRAY10, AV_PIX_FMT_GRAY10},
-    {PixelFormat::RGB24, AV_PIX_FMT_RGB24},         {PixelFormat::BGR24, AV_PIX_FMT_BGR24},
-    {PixelFormat::GBRP, AV_PIX_FMT_GBRP},           {PixelFormat::GBRP10, AV_PIX_FMT_GBRP10},
-    {PixelFormat::YUVA420P, AV_PIX_FMT_YUVA420P},   {PixelFormat::YUVA422P, AV_PIX_FMT_YUVA422P},
-    {PixelFormat::YUVA444P, AV_PIX_FMT_YUVA444P},   {PixelFormat::BGRA, AV_PIX_FMT_BGRA},
-    {PixelFormat::RGBA, AV_PIX_FMT_RGBA},
-}};
+/// Both directions of the engine's table, by number.
+class PixelFormatMap {
+public:
+    PixelFormatMap() {
+        for (const Conf::PixelFormatRecord& record : Conf::PixelFormatRecord::All()) {
+            const AVPixelFormat av = av_get_pix_fmt(record.name);
+            const auto place = static_cast<std::size_t>(record.number);
+            toAv.resize(std::max(toAv.size(), place + 1), AV_PIX_FMT_NONE);
+            toAv[place] = av;
+            if (av != AV_PIX_FMT_NONE)
+                fromAv[static_cast<std::size_t>(av)] = record.Format();
+        }
+    }
 
-// Both enumerations list packed formats first, then the planar ones, but for libav's 64-bit integers at the end.
-constexpr int SAMPLE_FORMAT_COUNT = 10;
+    AVPixelFormat ToAv(PixelFormat format) const {
+        const auto place = static_cast<std::size_t>(format); // Unknown becomes very large
+        return place < toAv.size() ? toAv[place] : AV_PIX_FMT_NONE;
+    }
+    PixelFormat FromAv(AVPixelFormat format) const {
+        const auto place = static_cast<std::size_t>(format);
+        return place < fromAv.size() ? fromAv[place] : PixelFormat::Other;
+    }
 
-constexpr std::array<std::pair<CodecID, AVCodecID>, 20> CODECS{{
+private:
+    std::vector<AVPixelFormat> toAv;
+    std::vector<PixelFormat> fromAv = std::vector<PixelFormat>(AV_PIX_FMT_NB, PixelFormat::Other);
+};
+
+const PixelFormatMap& PixelFormats() {
+    static const PixelFormatMap map;
+    return map;
+}
+
+// Both enumerations have the same order.
+constexpr int SAMPLE_FORMAT_COUNT = AV_SAMPLE_FMT_NB;
+
+constexpr std::array<std::pair<CodecID, AVCodecID>, 21> CODECS{{
     {CodecID::H264, AV_CODEC_ID_H264},
     {CodecID::HEVC, AV_CODEC_ID_HEVC},
     {CodecID::VP9, AV_CODEC_ID_VP9},
@@ -55,6 +75,7 @@ constexpr std::array<std::pair<CodecID, AVCodecID>, 20> CODECS{{
     {CodecID::Vorbis, AV_CODEC_ID_VORBIS},
     {CodecID::AC3, AV_CODEC_ID_AC3},
     {CodecID::ALAC, AV_CODEC_ID_ALAC},
+    {CodecID::PCM, AV_CODEC_ID_PCM_S16LE},
 }};
 
 } // namespace
@@ -72,23 +93,11 @@ std::int64_t FromEngineTime(std::int64_t time, AVRational timeBase) {
 }
 
 AVPixelFormat ToAv(PixelFormat format) noexcept {
-    if (format == PixelFormat::YUVA444P10)
-        return AV_PIX_FMT_YUVA444P10;
-    for (const auto& [engine, av] : PIXEL_FORMATS)
-        if (engine == format)
-            return av;
-    return AV_PIX_FMT_NONE;
+    return PixelFormats().ToAv(format);
 }
 
 PixelFormat FromAv(AVPixelFormat format) noexcept {
-    if (format == AV_PIX_FMT_NONE)
-        return PixelFormat::Unknown;
-    if (format == AV_PIX_FMT_YUVA444P10)
-        return PixelFormat::YUVA444P10;
-    for (const auto& [engine, av] : PIXEL_FORMATS)
-        if (av == format)
-            return engine;
-    return PixelFormat::Other;
+    return format == AV_PIX_FMT_NONE ? PixelFormat::Unknown : PixelFormats().FromAv(format);
 }
 
 bool HasAlpha(AVPixelFormat format) noexcept {
@@ -105,24 +114,27 @@ SampleFormats FromAv(AVSampleFormat format) noexcept {
                                                        : Conf::SAMPLE_FORMAT_UNKNOWN;
 }
 
-AVChannelLayout ToAvLayout(std::uint32_t layout, int channels) noexcept {
+AVChannelLayout ToAvLayout(std::uint32_t layout) noexcept {
     AVChannelLayout result = {};
-    if (layout == 0 || av_channel_layout_from_mask(&result, layout) < 0) {
+    const std::uint64_t speakers = Conf::SpeakersOf(layout);
+    if (speakers == 0 || av_channel_layout_from_mask(&result, speakers) < 0) {
         result = {};
         result.order = AV_CHANNEL_ORDER_UNSPEC;
-        result.nb_channels = channels;
+        result.nb_channels = Conf::CountChannels(layout);
     }
     return result;
 }
 
 std::uint32_t FromAv(const AVChannelLayout& layout) noexcept {
     if (layout.order == AV_CHANNEL_ORDER_NATIVE)
-        return layout.u.mask <= UINT32_MAX ? static_cast<std::uint32_t>(layout.u.mask) : 0;
-    AVChannelLayout usual = {};
-    av_channel_layout_default(&usual, layout.nb_channels);
-    return usual.order == AV_CHANNEL_ORDER_NATIVE && usual.u.mask <= UINT32_MAX
-               ? static_cast<std::uint32_t>(usual.u.mask)
-               : 0;
+        if (const std::uint32_t known = Conf::LayoutOfSpeakers(layout.u.mask))
+            return known;
+    // What they are for has been agreed since there is sound.
+    if (layout.order == AV_CHANNEL_ORDER_UNSPEC && layout.nb_channels <= 2)
+        return layout.nb_channels == 1   ? Conf::CHANNEL_LAYOUT_MONO
+               : layout.nb_channels == 2 ? Conf::CHANNEL_LAYOUT_STEREO
+                                         : Conf::CHANNEL_LAYOUT_UNKNOWN;
+    return Conf::DiscreteLayout(layout.nb_channels);
 }
 
 AVCodecID ToAv(CodecID id) noexcept {

@@ -40,6 +40,27 @@ const AVCodec& InPlaceOfSvt(const AVCodec& codec) {
     return other ? *other : codec;
 }
 
+AVCodecID PcmOfBits(int bits) {
+    if (bits <= 8)
+        return AV_CODEC_ID_PCM_U8;
+    if (bits <= 16)
+        return AV_CODEC_ID_PCM_S16LE;
+    if (bits <= 24)
+        return AV_CODEC_ID_PCM_S24LE;
+    return bits <= 32 ? AV_CODEC_ID_PCM_S32LE : AV_CODEC_ID_PCM_S64LE;
+}
+
+AVCodecID PcmFor(AVSampleFormat format, int bits) {
+    constexpr int WHOLE_FLOAT = 32;
+    constexpr int WHOLE_DOUBLE = 64;
+    const AVSampleFormat packed = av_get_packed_sample_fmt(format);
+    if (packed == AV_SAMPLE_FMT_FLT && bits == WHOLE_FLOAT)
+        return AV_CODEC_ID_PCM_F32LE;
+    if (packed == AV_SAMPLE_FMT_DBL && bits == WHOLE_DOUBLE)
+        return AV_CODEC_ID_PCM_F64LE;
+    return bits > 0 ? PcmOfBits(bits) : AV_CODEC_ID_PCM_S16LE;
+}
+
 std::string NameIn(const Conf::IFormatCodec& description) {
     const Core::Property& tree = description.GetProperty();
     return tree.ChildExists(Conf::IFormatCodec::TAG_CODEC_ID) ? tree[Conf::IFormatCodec::TAG_CODEC_ID].GetString() : "";
@@ -79,6 +100,15 @@ const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
 
 const AVCodec& EncoderForTwoPasses(const AVCodec& codec) {
     return InPlaceOfSvt(codec);
+}
+
+const AVCodec& EncoderForSamples(const AVCodec& codec, const Conf::IFormatCodec& description,
+                                 const Conf::IFormatCodecAudio& stream) {
+    if (description.GetCodecID() != CodecID::PCM)
+        return codec;
+    const AVSampleFormat format = ToAv(static_cast<Conf::SampleFormats>(stream.GetSampleFormat()));
+    const AVCodec* const found = avcodec_find_encoder(PcmFor(format, stream.GetSampleBits()));
+    return found ? *found : codec;
 }
 
 } // namespace Kestra::FF

@@ -1,7 +1,7 @@
 // Which encoders of the codec library stand for the engine's codecs.
 #pragma once
 
-#include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/FF/Handles.h"
 #include <vector>
 
@@ -19,5 +19,10 @@ const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
 
 /// `codec`, or another encoder of the same codec where this one has no passes.
 const AVCodec& EncoderForTwoPasses(const AVCodec& codec);
+
+/// `codec`, or where `description` leaves the bits of PCM open, the one that keeps those of the samples of `stream`; 16
+/// bits for what was coded with loss and has none of its own.
+const AVCodec& EncoderForSamples(const AVCodec& codec, const Conf::IFormatCodec& description,
+                                 const Conf::IFormatCodecAudio& stream);
 
 } // namespace Kestra::FF

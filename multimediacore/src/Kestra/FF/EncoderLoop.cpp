@@ -28,7 +28,7 @@ Opening TryToOpen(const EncoderLoop::Configure& configure, const OptionList& opt
 
 // A codec says no to its settings as a whole. The option without which it opens is the one at fault.
 [[noreturn]] void ThrowCulprit(const EncoderLoop::Configure& configure, const OptionList& options,
-                               const std::string& name, const Opening& refusal) {
+                               const std::string& name, const std::string& advice, const Opening& refusal) {
     std::string all;
     for (std::size_t index = 0; index < options.Get().size(); ++index) {
         const OptionList::Option& option = options.Get()[index];
@@ -39,18 +39,20 @@ Opening TryToOpen(const EncoderLoop::Configure& configure, const OptionList& opt
         all += (all.empty() ? "" : ", ") + option.name + " = " + option.value;
     }
     Fail(MapError(refusal.result, TranscodingError::CodecRefused),
-         name + " refuses its settings" + (all.empty() ? std::string() : " (" + all + ")") + ": " + refusal.reason);
+         name + " refuses its settings" + (all.empty() ? std::string() : " (" + all + ")") + ": " +
+             (advice.empty() ? refusal.reason : advice));
 }
 
 } // namespace
 
-EncoderLoop::EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName)
+EncoderLoop::EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName,
+                         const std::string& advice)
     : name(encoderName) {
     const Opening opening = TryToOpen(configure, options, context);
     if (opening.result == AVERROR(ENOMEM))
         throw std::bad_alloc();
     if (opening.result < 0)
-        ThrowCulprit(configure, options, name, opening);
+        ThrowCulprit(configure, options, name, advice, opening);
 }
 
 EncoderLoop::Step EncoderLoop::Receive(PacketHandle& packet) {

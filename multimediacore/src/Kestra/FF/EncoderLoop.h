@@ -15,8 +15,10 @@ public:
     /// Makes a context with all settings and these options, not opened yet.
     using Configure = std::function<CodecContextHandle(const OptionList&)>;
 
-    /// Opens the codec. Throws ProcException (CodecRefused) that names the option and the value at fault when one is.
-    EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName);
+    /// Opens the codec. Throws ProcException (CodecRefused) that names the option and the value at fault when one is;
+    /// where all are, `advice` stands for the codec's own reason unless it is empty.
+    EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName,
+                const std::string& advice = std::string());
 
     AVCodecContext& GetContext() const { return *context; }
     Step Receive(PacketHandle& packet);

@@ -7,6 +7,7 @@
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/FirstFrames.h"
 #include "Kestra/FF/LeftOut.h"
+#include "Kestra/FF/PictureRotator.h"
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"
 #include "Kestra/FF/SoundGrain.h"
@@ -369,7 +370,8 @@ void MediaProbe::DescribeVideo() {
     const AVRational aspect = first.sample_aspect_ratio;
     track.frame = sideways ? MakeFrameInfo(first.height, first.width, {aspect.den, aspect.num})
                            : MakeFrameInfo(first.width, first.height, aspect);
-    const char* name = av_get_pix_fmt_name(static_cast<AVPixelFormat>(first.format));
+    const char* name =
+        av_get_pix_fmt_name(PictureRotator::OutputFormat(static_cast<AVPixelFormat>(first.format), orientation));
     track.pixelFormat = name ? name : "";
     track.colour = ColourOf(first);
     track.frameRate = NominalRate(stream);
@@ -397,8 +399,8 @@ void MediaProbe::DescribeAudio() {
     track.channels = first.ch_layout.nb_channels;
     track.channelLayout = FromAv(first.ch_layout);
     track.sampleFormat = FromAv(static_cast<AVSampleFormat>(first.format));
-    if (track.sampleFormat == Conf::SAMPLE_FORMAT_UNKNOWN)
-        track.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
+    track.sampleBits =
+        SampleBitsOf(*demuxer.GetStream(audio.index).codecpar, static_cast<AVSampleFormat>(first.format));
     track.start = std::max<std::int64_t>(audio.start - details.origin, 0);
     track.duration = std::max<std::int64_t>(audio.end - details.origin - track.start, 0);
     info.duration = std::max(info.duration, audio.end - details.origin);

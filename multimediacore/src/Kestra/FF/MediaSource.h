@@ -35,12 +35,11 @@ public:
     private:
         MediaSource& source;
     };
+    void Note(const std::string& what) override;
 
     const TrackDetails& GetDetails() const { return details; }
     /// Thread-safe. Repetitions of the last report within a tenth of a second are dropped.
     void Report(std::int64_t time, const std::string& what, bool incomplete = false);
-    /// Thread-safe. A phrase that has been noted before is dropped.
-    void Note(const std::string& what);
 
 private:
     ioPath path;

@@ -43,7 +43,9 @@ AVPixelFormat PictureRotator::OutputFormat(AVPixelFormat picture, Orientation or
         return alpha ? AV_PIX_FMT_YUVA444P : AV_PIX_FMT_YUV444P;
     if (depth <= 10)
         return alpha ? AV_PIX_FMT_YUVA444P10 : AV_PIX_FMT_YUV444P10;
-    return alpha ? AV_PIX_FMT_YUVA444P12 : AV_PIX_FMT_YUV444P12;
+    if (depth <= 12)
+        return alpha ? AV_PIX_FMT_YUVA444P12 : AV_PIX_FMT_YUV444P12;
+    return alpha ? AV_PIX_FMT_YUVA444P16 : AV_PIX_FMT_YUV444P16;
 }
 
 FrameHandle PictureRotator::Rotate(const AVFrame& picture) {

@@ -11,6 +11,8 @@ using Proc::AspectMode;
 
 namespace {
 
+constexpr double SAME_SHAPE = 1e-4;
+
 int ScalerFlag(Proc::Interpolation interpolation) {
     switch (interpolation) {
     case Proc::Interpolation::Nearest:
@@ -56,8 +58,9 @@ PictureRect InBars(const PictureRect& part, double partShape, const Conf::FrameI
     const auto height = static_cast<int>(frame.height);
     const double shape = part.width * partShape / part.height / PixelShape(frame);
     PictureRect place{0, 0, width, height};
-    // Less than a row or column of bar is no bar.
-    if (std::abs(height * shape - width) < 1 || std::abs(width / shape - height) < 1)
+    // Sides are made even downwards: what is missing for that is no bar.
+    constexpr double ROUNDING = 2;
+    if (std::abs(height * shape - width) < ROUNDING || std::abs(width / shape - height) < ROUNDING)
         return place;
     if (height * shape < width)
         place.width = EvenSide(height * shape, width);
@@ -84,6 +87,14 @@ bool SameFrame(const Conf::FrameInfo& a, const Conf::FrameInfo& b) {
     return a.width == b.width && a.height == b.height;
 }
 
+/// An odd side that may not stay loses its last column or row, rather than every pixel being scaled for it.
+bool IsCut(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings) {
+    const bool cropped = settings.cropLeft + settings.cropTop + settings.cropRight + settings.cropBottom != 0;
+    const auto cut = [](std::uint32_t side, std::uint32_t left) { return side - left <= 1; };
+    return !cropped && !SameFrame(picture, frame) && cut(picture.width, frame.width) &&
+           cut(picture.height, frame.height) && std::abs(PixelShape(picture) / PixelShape(frame) - 1) < SAME_SHAPE;
+}
+
 } // namespace
 
 Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame,
@@ -92,6 +103,10 @@ Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame,
     fitting.source = CroppedSource(picture, settings);
     fitting.place = {0, 0, static_cast<int>(frame.width), static_cast<int>(frame.height)};
     const double shape = PixelShape(picture);
+    if (IsCut(picture, frame, settings)) {
+        fitting.source = fitting.place;
+        return fitting;
+    }
     if (settings.aspectMode == AspectMode::Crop)
         fitting.source = CutToShape(fitting.source, shape, frame);
     const bool ownFrame = settings.aspectMode == AspectMode::FitInside || settings.aspectMode == AspectMode::KeepSize;

@@ -1,5 +1,6 @@
 #include "Kestra/FF/SampleNormaliser.h"
 
+#include "Kestra/FF/ChannelPair.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/Error.h"
 #include <algorithm>
@@ -78,8 +79,10 @@ bool SampleNormaliser::FitsConverter(const AVFrame& block) const {
 }
 
 std::vector<SampleNormaliser::Piece> SampleNormaliser::Normalise(FrameHandle block) {
-    if (block->ch_layout.order == AV_CHANNEL_ORDER_UNSPEC)
-        av_channel_layout_default(&block->ch_layout, block->ch_layout.nb_channels);
+    // As many channels are the track's own, whatever the block says or leaves unsaid.
+    const bool unsaid = block->ch_layout.order != AV_CHANNEL_ORDER_NATIVE || layout.order != AV_CHANNEL_ORDER_NATIVE;
+    if (unsaid && block->ch_layout.nb_channels == layout.nb_channels)
+        Checked(av_channel_layout_copy(&block->ch_layout, &layout));
     std::vector<Piece> pieces;
     if (converter && !FitsConverter(*block))
         if (FrameHandle rest = Drain())
@@ -101,8 +104,9 @@ std::vector<SampleNormaliser::Piece> SampleNormaliser::Normalise(FrameHandle blo
 
 void SampleNormaliser::Start(const AVFrame& block) {
     shape = MakeFrameReference(block);
+    ChannelPair channels(shape->ch_layout, layout);
     SwrContext* raw = nullptr;
-    Checked(swr_alloc_set_opts2(&raw, &layout, format, sampleRate, &shape->ch_layout,
+    Checked(swr_alloc_set_opts2(&raw, &channels.output, format, sampleRate, &channels.input,
                                 static_cast<AVSampleFormat>(block.format), block.sample_rate, 0, nullptr));
     converter.reset(raw);
     Checked(av_opt_set_int(raw, "flags", SWR_FLAG_RESAMPLE, 0));

@@ -22,9 +22,9 @@ SilenceFF::SilenceFF(const Conf::IFormatCodecAudio& format, std::int64_t duratio
     AVSampleFormat samples = ToAv(static_cast<Conf::SampleFormats>(format.GetSampleFormat()));
     if (samples == AV_SAMPLE_FMT_NONE)
         samples = AV_SAMPLE_FMT_FLTP;
-    AVChannelLayout layout = ToAvLayout(format.GetChannelLayout());
+    const AVChannelLayout layout = ToAvLayout(format.GetChannelLayout());
     if (layout.nb_channels == 0)
-        av_channel_layout_default(&layout, 2);
+        throw std::invalid_argument("silence was ordered without a channel layout");
     block = MakeSamples(samples, format.GetSampleRate() > 0 ? format.GetSampleRate() : DEFAULT_RATE, layout, BLOCK);
     total = TimeToSamples(duration, block->sample_rate);
 }

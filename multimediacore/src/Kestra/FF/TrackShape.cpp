@@ -111,4 +111,14 @@ bool RatesDisagree(const AVStream& stream) {
     return !fields && std::abs(ratio - 1) > SAME_RATE - 1;
 }
 
+int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format) {
+    const AVCodecDescriptor* const codec = avcodec_descriptor_get(parameters.codec_id);
+    if (!codec || !(codec->props & AV_CODEC_PROP_LOSSLESS) || (codec->props & AV_CODEC_PROP_LOSSY))
+        return 0;
+    const int known = parameters.bits_per_raw_sample > 0 ? parameters.bits_per_raw_sample
+                                                         : av_get_exact_bits_per_sample(parameters.codec_id);
+    const int room = 8 * av_get_bytes_per_sample(format);
+    return known > 0 && known < room ? known : room;
+}
+
 } // namespace Kestra::FF

@@ -26,4 +26,8 @@ boost::rational<long long> NominalRate(const AVStream& stream);
 /// Whether the container's two ideas of the rate disagree.
 bool RatesDisagree(const AVStream& stream);
 
+/// The bits of each sample of a lossless codec that decodes to `format`; 0 for the others, which have none of their
+/// own.
+int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format);
+
 } // namespace Kestra::FF

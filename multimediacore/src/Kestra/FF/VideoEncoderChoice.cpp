@@ -1,18 +1,25 @@
 #include "Kestra/FF/VideoEncoderChoice.h"
 
+#include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/HdrMetadata.h"
 #include <algorithm>
 #include <climits>
+#include <tuple>
 
 extern "C" {
 #include <libavutil/pixdesc.h>
+#include <libswscale/swscale.h>
 }
 
 namespace Kestra::FF {
 
 using Conf::IFormatCodecVideo;
+using Conf::PixelFormat;
+using Conf::PixelFormatRecord;
+using Conf::PixelLoss;
 using Proc::TranscodingError;
 
 namespace {
@@ -31,14 +38,50 @@ bool IsDeliveryCodec(const AVCodec& codec) {
     return codec.id != AV_CODEC_ID_FFV1 && codec.id != AV_CODEC_ID_PRORES && codec.id != AV_CODEC_ID_DNXHD;
 }
 
-AVPixelFormat NearestFormat(const AVCodec& codec, AVPixelFormat source) {
+const PixelFormatRecord& RecordOf(PixelFormat format, const AVCodec& codec) {
+    const PixelFormatRecord* const record = PixelFormatRecord::Find(format);
+    if (!record || record->kind == Conf::PixelKind::Hardware)
+        Fail(TranscodingError::CodecRefused, std::string(codec.name) +
+                                                 " cannot be given pictures of the pixel format \"" +
+                                                 Conf::PixelFormatToString(format) + "\"");
+    return *record;
+}
+
+/// What a candidate makes of pictures is compared first, then how much room it wastes.
+auto Unfitness(const PixelFormatRecord& from, const PixelFormatRecord& to) {
+    return std::make_tuple(PixelLoss::Between(from, to), to.alpha && !from.alpha, to.kind != from.kind,
+                           to.bits - from.bits, -(to.chromaShiftX + to.chromaShiftY));
+}
+
+/// Of those that the encoder takes, the one that loses least.
+AVPixelFormat LeastLossy(const AVCodec& codec, PixelFormat source) {
+    const PixelFormatRecord& from = RecordOf(source, codec);
+    const PixelFormatRecord* best = nullptr;
+    for (const AVPixelFormat* known = codec.pix_fmts; *known != AV_PIX_FMT_NONE; ++known) {
+        const PixelFormatRecord* const record = PixelFormatRecord::Find(FromAv(*known));
+        if (record == &from)
+            return *known;
+        const bool writable = record && record->kind != Conf::PixelKind::Hardware && sws_isSupportedOutput(*known) != 0;
+        if (writable && (!best || Unfitness(from, *record) < Unfitness(from, *best)))
+            best = record;
+    }
+    if (!best || sws_isSupportedInput(ToAv(source)) == 0)
+        Fail(TranscodingError::CodecRefused, std::string(codec.name) + " does not take the pixel format \"" +
+                                                 from.name + "\", and it cannot be converted");
+    return ToAv(best->Format());
+}
+
+AVPixelFormat NearestFormat(const AVCodec& codec, PixelFormat source) {
     // It names the other one too, and then refuses it.
     if (codec.id == AV_CODEC_ID_MJPEG)
         return AV_PIX_FMT_YUVJ420P;
-    if (IsDeliveryCodec(codec) && Takes(codec, AV_PIX_FMT_YUV420P))
+    // What says nothing of its format is made for the encoder, and black.
+    const bool made = source == PixelFormat::Unknown;
+    if ((made || IsDeliveryCodec(codec)) && Takes(codec, AV_PIX_FMT_YUV420P))
         return AV_PIX_FMT_YUV420P;
-    const AVPixelFormat plain = source == AV_PIX_FMT_NONE ? AV_PIX_FMT_YUV420P : PlainFormat(source);
-    return codec.pix_fmts ? avcodec_find_best_pix_fmt_of_list(codec.pix_fmts, plain, 0, nullptr) : plain;
+    const PixelFormat plain = made ? PixelFormat::YUV420P : FromAv(PlainFormat(ToAv(source)));
+    return codec.pix_fmts ? LeastLossy(codec, plain == PixelFormat::Unknown ? source : plain)
+                          : ToAv(RecordOf(plain, codec).Format());
 }
 
 std::string TagOf(const IFormatCodecVideo& description, const char* tag) {
@@ -49,7 +92,7 @@ AVPixelFormat ChooseFormat(const IFormatCodecVideo& description, const IFormatCo
                            const AVCodec& codec) {
     const std::string wanted = TagOf(description, IFormatCodecVideo::TAG_PIXEL_FORMAT);
     if (wanted.empty())
-        return NearestFormat(codec, ToAv(stream.GetPixelFormat()));
+        return NearestFormat(codec, stream.GetPixelFormat());
     const AVPixelFormat named = ToAv(description.GetPixelFormat());
     const AVPixelFormat format = named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(wanted.c_str());
     if (format == AV_PIX_FMT_NONE || !Takes(codec, format))
@@ -62,6 +105,16 @@ int FitSide(std::uint32_t side, int chromaShift) {
     const auto limited = static_cast<int>(std::min<std::uint32_t>(side, INT_MAX));
     const int unit = 1 << chromaShift;
     return std::max(limited / unit, 1) * unit;
+}
+
+void RequireSize(const IFormatCodecVideo& description, const Conf::FrameInfo& frame) {
+    const Conf::CodecID codec = description.GetCodecID();
+    const auto smallest = static_cast<std::uint32_t>(ClientAPI::CodecLimits::SmallestSide(codec));
+    if (std::min(frame.width, frame.height) < smallest)
+        Fail(TranscodingError::CodecRefused,
+             std::string("Pictures of ") + std::to_string(frame.width) + "x" + std::to_string(frame.height) +
+                 " are too small for " + Conf::CodecIDToString(codec) + ", which takes " + std::to_string(smallest) +
+                 "x" + std::to_string(smallest) + " and more");
 }
 
 bool IsInterlaced(const IFormatCodecVideo& format) {
@@ -106,17 +159,34 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     const Conf::FrameInfo frame = own.width > 0 && own.height > 0 ? own : description.GetFrameInfo();
     if (frame.width == 0 || frame.height == 0)
         Fail(TranscodingError::CodecRefused, "Neither the stream nor the encoder's description has a frame size");
-    picture.width = FitSide(frame.width, descriptor.log2_chroma_w);
-    picture.height = FitSide(frame.height, descriptor.log2_chroma_h);
+    RequireSize(description, frame);
+    const bool odd = codec.id == AV_CODEC_ID_FFV1;
+    picture.width = FitSide(frame.width, odd ? 0 : descriptor.log2_chroma_w);
+    picture.height = FitSide(frame.height, odd ? 0 : descriptor.log2_chroma_h);
     picture.sampleAspect = SampleAspectOf(frame);
     picture.interlaced = CodesFields(codec.id) && (IsInterlaced(description) || IsInterlaced(stream));
     Conf::ColourInfo colour = ChooseColour(description, stream, picture.format);
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)
         colour.matrix = wanted.matrix;
-    const bool full = IsFullRangeFormat(picture.format) || wanted.range == AVCOL_RANGE_JPEG;
+    // Lossless pictures keep their samples, and so their range; players of the others expect the limited one.
+    const bool kept = codec.id == AV_CODEC_ID_FFV1 && wanted.range == AVCOL_RANGE_UNSPECIFIED;
+    const bool full = IsFullRangeFormat(picture.format) || (kept ? colour.range : wanted.range) == AVCOL_RANGE_JPEG;
     picture.colour = CompleteColour(colour, picture.width, picture.height, picture.format, full);
     return picture;
+}
+
+std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture) {
+    if (codec.id != AV_CODEC_ID_DNXHD)
+        return {};
+    return "pictures of " + std::to_string(picture.width) + "x" + std::to_string(picture.height) +
+           " do not go with that bitrate or profile. Without a profile it takes, in 8 bits and progressive, 1920x1080 "
+           "at "
+           "36, 45, 75, 90, 115, 120, 145, 175, 185, 220, 240, 290, 365 or 440 Mbit/s, 1440x1080 at 63, 84, 100 or "
+           "110, "
+           "1280x720 at 60, 75, 90, 110, 120, 145, 180 or 220 and 960x720 at 42, 60, 75 or 115; with one of the "
+           "profiles "
+           "dnxhr_lb, dnxhr_sq, dnxhr_hq, dnxhr_hqx and dnxhr_444 any size from 256x120 on";
 }
 
 boost::rational<long long> ChooseFrameRate(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {

@@ -87,7 +87,7 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec->name);
+    return std::make_unique<EncoderLoop>(configure, options, codec->name, AdviceOn(*codec, picture));
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
@@ -99,6 +99,10 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     rate = ChooseFrameRate(description, *format);
     FF::Describe(picture, *format);
     format->SetFrameRate(rate);
+    Core::Property preferred = format->GetProperty();
+    preferred.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED,
+                       description.GetProperty().ChildExists(IFormatCodecVideo::TAG_PIXEL_FORMAT));
+    format->SetProperty(preferred);
     stream->PreferFormat(*format);
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);

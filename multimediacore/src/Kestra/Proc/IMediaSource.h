@@ -17,7 +17,7 @@ struct VideoTrackInfo {
     int index = -1;          ///< among the container's streams
     std::string codec;       ///< as the decoder library names it
     Conf::FrameInfo frame;   ///< as shown: after rotation, with the display aspect
-    std::string pixelFormat; ///< as the decoder library names it
+    std::string pixelFormat; ///< as the decoder library names it; as shown: turned sideways, 4:2:2 is 4:4:4
     Conf::ColourInfo colour;
     boost::rational<long long> frameRate; ///< nominal; 0 when unknown
     bool variableFrameRate = false;       ///< the container's rates disagree
@@ -35,6 +35,7 @@ struct AudioTrackInfo {
     int channels = 0;
     std::uint32_t channelLayout = 0;
     std::int32_t sampleFormat = Conf::SAMPLE_FORMAT_UNKNOWN;
+    int sampleBits = 0; ///< of each sample where the codec is lossless; 0 where it is not
     std::int64_t start = 0;
     std::int64_t duration = 0;
 };
@@ -86,6 +87,8 @@ public:
     virtual std::vector<SourceNote> TakeNotes() = 0;
     /// Whether some thread is inside a call that reads the file. Where nobody reads any more, it is a thread that hangs.
     virtual bool IsBeingRead() const = 0;
+    /// Adds a phrase, as SourceNote::what, that one of its consumers has to say; one that has been noted is dropped.
+    virtual void Note(const std::string& what) = 0;
 };
 
 } // namespace Kestra::Proc

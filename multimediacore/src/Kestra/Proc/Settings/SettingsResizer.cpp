@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <optional>
+#include <utility>
 
 namespace Kestra::Proc {
 
@@ -31,6 +33,23 @@ double PixelShape(const FrameInfo& frame) {
     return (double(frame.aspectNumerator) * frame.height) / (double(frame.aspectDenominator) * frame.width);
 }
 
+/// The same as a fraction of at most 24 bits, room to be multiplied by a side.
+std::pair<std::uint64_t, std::uint64_t> PixelFraction(const FrameInfo& frame) {
+    constexpr std::uint64_t MOST = 1U << 24;
+    if (frame.aspectNumerator == 0 || frame.aspectDenominator == 0 || frame.width == 0 || frame.height == 0)
+        return {1, 1};
+    std::uint64_t across = std::uint64_t{frame.aspectNumerator} * frame.height;
+    std::uint64_t down = std::uint64_t{frame.aspectDenominator} * frame.width;
+    const std::uint64_t divisor = std::gcd(across, down);
+    across /= divisor;
+    down /= divisor;
+    while (std::max(across, down) > MOST) {
+        across = std::max<std::uint64_t>(across / 2, 1);
+        down = std::max<std::uint64_t>(down / 2, 1);
+    }
+    return {across, down};
+}
+
 FrameInfo WithAspect(std::uint32_t width, std::uint32_t height, std::uint64_t numerator, std::uint64_t denominator) {
     const std::uint64_t divisor = std::gcd(numerator, denominator);
     numerator /= divisor;
@@ -55,6 +74,8 @@ struct Picture {
     std::uint32_t width;
     std::uint32_t height;
     double pixelShape;
+    std::uint64_t shapeAcross; ///< the same as a fraction
+    std::uint64_t shapeDown;
 };
 
 std::uint32_t Cropped(std::uint32_t side, std::uint32_t before, std::uint32_t after) {
@@ -70,12 +91,51 @@ FrameInfo KeepSize(const Picture& picture) {
 }
 
 /// The target whose open sides are the source's.
-FrameInfo FillTarget(const FrameInfo& target, const FrameInfo& natural) {
-    const std::uint32_t width = EvenBelow(target.width == 0 ? natural.width : target.width);
-    const std::uint32_t height = EvenBelow(target.height == 0 ? natural.height : target.height);
+FrameInfo FillTarget(const FrameInfo& target, const FrameInfo& natural, bool oddSides) {
+    const auto fit = [oddSides](std::uint32_t side) {
+        return oddSides ? std::max(side, SMALLEST_SIDE) : EvenBelow(side);
+    };
+    const std::uint32_t width = fit(target.width == 0 ? natural.width : target.width);
+    const std::uint32_t height = fit(target.height == 0 ? natural.height : target.height);
     if (HasAspect(target))
         return WithAspect(width, height, target.aspectNumerator, target.aspectDenominator);
     return SquarePixels(width, height);
+}
+
+/// Whether the target is the picture in another size: each side scaled, rounded, and made even downwards.
+bool IsScaled(const FrameInfo& target, const Picture& picture) {
+    if (target.width == 0 || target.height == 0)
+        return false;
+    constexpr double ROUNDED_UP = 0.5;
+    constexpr double LOST = 2;
+    const double lowest =
+        std::max((target.width - ROUNDED_UP) / picture.width, (target.height - ROUNDED_UP) / picture.height);
+    const double highest = std::min((target.width + LOST) / picture.width, (target.height + LOST) / picture.height);
+    return lowest < highest;
+}
+
+FrameInfo WithPixelsOf(const Picture& picture, std::uint32_t width, std::uint32_t height) {
+    return WithAspect(width, height, picture.shapeAcross * width, picture.shapeDown * height);
+}
+
+/// The source's size as it is, or as near as sides may be.
+FrameInfo AsItIs(const Picture& picture, bool oddSides) {
+    const auto fit = [oddSides](std::uint32_t side) {
+        return oddSides ? std::max(side, SMALLEST_SIDE) : EvenBelow(side);
+    };
+    return WithPixelsOf(picture, fit(picture.width), fit(picture.height));
+}
+
+/// Without an aspect of its own the target may be what the source is, or is scaled to.
+std::optional<FrameInfo> Proportional(const FrameInfo& target, const Picture& picture, bool oddSides) {
+    if (HasAspect(target))
+        return std::nullopt;
+    const bool open = target.width == 0 && target.height == 0;
+    if (open || (target.width == EvenBelow(picture.width) && target.height == EvenBelow(picture.height)))
+        return AsItIs(picture, oddSides);
+    if (!IsScaled(target, picture))
+        return std::nullopt;
+    return WithPixelsOf(picture, EvenBelow(target.width), EvenBelow(target.height));
 }
 
 FrameInfo FitInside(const Picture& picture, const FrameInfo& box, bool squarePixels) {
@@ -102,16 +162,20 @@ FrameInfo FitInside(const Picture& picture, const FrameInfo& box, bool squarePix
 } // namespace
 
 Conf::FrameInfo SettingsResizer::GetOutputFrameSize(const Conf::FrameInfo& source) const {
+    const auto [across, down] = PixelFraction(source);
     const Picture picture{Cropped(source.width, cropLeft, cropRight), Cropped(source.height, cropTop, cropBottom),
-                          PixelShape(source)};
+                          PixelShape(source), across, down};
     if (picture.width == 0 || picture.height == 0)
-        return FillTarget(target, {SMALLEST_SIDE, SMALLEST_SIDE, 0, 0});
+        return FillTarget(target, {SMALLEST_SIDE, SMALLEST_SIDE, 0, 0}, oddSides);
     if (aspectMode == AspectMode::KeepSize)
         return KeepSize(picture);
     if (aspectMode == AspectMode::Stretch)
-        return FillTarget(target, {picture.width, picture.height, 0, 0});
-    const FrameInfo box = FillTarget(target, KeepSize(picture));
-    return aspectMode == AspectMode::FitInside ? FitInside(picture, box, !HasAspect(target)) : box;
+        return FillTarget(target, {picture.width, picture.height, 0, 0}, oddSides);
+    if (aspectMode != AspectMode::FitInside)
+        return FillTarget(target, KeepSize(picture), oddSides);
+    if (const auto frame = Proportional(target, picture, oddSides))
+        return *frame;
+    return FitInside(picture, FillTarget(target, KeepSize(picture), false), !HasAspect(target));
 }
 
 } // namespace Kestra::Proc

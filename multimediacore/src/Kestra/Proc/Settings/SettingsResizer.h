@@ -9,7 +9,8 @@ namespace Kestra::Proc {
 enum class AspectMode : int {
     Stretch = 0,   ///< the target size, the picture's shape ignored
     KeepSize = 1,  ///< the source's size; only the shape of the pixels is made square
-    FitInside = 2, ///< the largest frame of the source's shape inside the target, no bars
+    FitInside = 2, ///< the target where it is the source scaled, with pixels of the source's shape; else the largest
+                   ///< frame of the source's shape inside the target, no bars
     Crop = 3,      ///< the target filled, what stands over is cut
     Letterbox = 4, ///< the target with the whole picture centred and black bars
 };
@@ -28,7 +29,10 @@ public:
     std::uint32_t cropRight = 0;
     std::uint32_t cropBottom = 0;
 
-    /// The frame that a source frame comes out as. Sides are even and at least 2.
+    /// Sides may be odd: the target's, and those of a source that is not scaled.
+    bool oddSides = false;
+
+    /// The frame that a source frame comes out as. Sides are at least 2, and even unless they may be odd.
     Conf::FrameInfo GetOutputFrameSize(const Conf::FrameInfo& source) const;
 };
 

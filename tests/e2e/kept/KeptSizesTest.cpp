@@ -1,0 +1,90 @@
+// Pictures keep their size and the shape of their pixels.
+#include "../sync/Exported.h"
+#include "Raw.h"
+#include "support/FlashBeep.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using Status = ExportCore::ExportOutcome::Status;
+
+void make(const std::string& path, const std::string& size, const std::string& filters,
+          const std::string& format = "yuv420p") {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=rate=25:size=" + size + "," + filters, "-frames:v", "3",
+                          "-c:v", "ffv1", "-pix_fmt", format, path});
+}
+
+std::string shapeOf(const std::string& path) {
+    return TestKept::told(path, "v", "width,height,sample_aspect_ratio").toStdString();
+}
+
+struct Exported {
+    const char* preset;
+    const char* extension;
+};
+
+constexpr Exported SOURCE_SIZED[] = {
+    {"mp4-h264-source", "mp4"}, {"mkv-ffv1-flac", "mkv"}, {"mov-prores-1080p", "mov"}, {"mp4-h264-1080p", "mp4"}};
+
+TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
+    const TestMedia::Folder media;
+    make(media / "wide.mkv", "720x576", "setsar=64/45");
+    for (const Exported& target : SOURCE_SIZED) {
+        const std::string file = media / (std::string(target.preset) + "." + target.extension);
+        const auto outcome = TestExport::run(TestExport::requestOf(media / "wide.mkv", target.preset, file));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_EQ(shapeOf(file), "720,576,64:45") << target.preset;
+        EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+    }
+    EXPECT_EQ(TestKept::pictures(media / "wide.mkv", "yuv420p"),
+              TestKept::pictures(media / "mkv-ffv1-flac.mkv", "yuv420p"));
+}
+
+TEST(KeptSize, OddSidesStayInTheLosslessArchive) {
+    const TestMedia::Folder media;
+    for (const char* const format : {"yuv420p", "yuv422p10le", "yuv444p", "gray"}) {
+        make(media / "odd.mkv", "162x122", "crop=161:121:0:0:exact=1", format);
+        const auto outcome =
+            TestExport::run(TestExport::requestOf(media / "odd.mkv", "mkv-ffv1-flac", media / "archive.mkv"));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_EQ(shapeOf(media / "archive.mkv").substr(0, 7), "161,121") << format;
+        EXPECT_EQ(TestKept::pictures(media / "odd.mkv", format), TestKept::pictures(media / "archive.mkv", format));
+    }
+}
+
+TEST(KeptSize, AnOddSideThatMustBeEvenLosesItsLastLineAndNothingIsScaled) {
+    const TestMedia::Folder media;
+    make(media / "odd.mkv", "162x122", "crop=161:121:0:0:exact=1");
+    make(media / "even.mkv", "162x122", "crop=160:120:0:0:exact=1");
+    for (const char* const source : {"odd", "even"}) {
+        const std::string file = media / (std::string(source) + ".mp4");
+        const auto outcome =
+            TestExport::run(TestExport::requestOf(media / (std::string(source) + ".mkv"), "mp4-h264-source", file));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_EQ(shapeOf(file).substr(0, 7), "160,120");
+        EXPECT_EQ(outcome.notes.size(), source == std::string("odd") ? 1 : 0);
+    }
+    EXPECT_EQ(TestKept::pictures(media / "odd.mp4", "yuv420p"), TestKept::pictures(media / "even.mp4", "yuv420p"));
+}
+
+TEST(KeptSize, WhatThePresetFitsToTheSourceIsTheSizeOfTheFile) {
+    const TestMedia::Folder media;
+    make(media / "tall.mkv", "1080x1920", "null");
+    const auto outcome =
+        TestExport::run(TestExport::requestOf(media / "tall.mkv", "mp4-h264-1080p", media / "tall.mp4"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(shapeOf(media / "tall.mp4"), "606,1080,1:1");
+}
+
+TEST(KeptSize, PicturesTurnedSidewaysKeepTheirPixelsToo) {
+    const TestMedia::Folder media;
+    make(media / "wide.mkv", "720x576", "setsar=64/45");
+    TestMedia::runFfmpeg({"-i", media / "wide.mkv", "-c:v", "libx264", "-qp", "0", media / "flat.mp4"});
+    TestMedia::runFfmpeg({"-i", media / "flat.mp4", "-c", "copy", "-metadata:s:v", "rotate=90", media / "turned.mp4"});
+    const auto outcome =
+        TestExport::run(TestExport::requestOf(media / "turned.mp4", "mkv-ffv1-flac", media / "archive.mkv"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(shapeOf(media / "archive.mkv"), "576,720,45:64");
+}
+
+} // namespace

@@ -1,0 +1,17 @@
+// What the ffmpeg programs find in a file: the tests' own measure of what was kept.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <string>
+
+namespace TestKept {
+
+/// The checksum of each picture's bytes in `pixelFormat`. Throws std::runtime_error when the file cannot be decoded.
+QStringList pictures(const std::string& path, const std::string& pixelFormat);
+/// The checksum of all samples as `codec` ("pcm_s24le"). Throws as pictures().
+QString sound(const std::string& path, const std::string& codec);
+/// What ffprobe tells of the first stream of that kind ("v", "a"), entries joined by commas, in ffprobe's order.
+QString told(const std::string& path, const std::string& kind, const std::string& entries);
+
+} // namespace TestKept

@@ -1,0 +1,99 @@
+// What an encoder is given when nobody says which pixel format it is to have.
+#include "Kestra/Conf/PixelLoss.h"
+#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/VideoEncoderChoice.h"
+#include "Kestra/Proc/ProcException.h"
+#include <functional>
+#include <gtest/gtest.h>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+#include <libswscale/swscale.h>
+}
+
+using namespace Kestra;
+
+namespace {
+
+FF::EncodePicture choice(const char* encoder, const char* source, std::uint32_t width = 64, std::uint32_t height = 48,
+                         Conf::CodecID codec = Conf::CodecID::None) {
+    const auto description = Conf::IFormatCodecVideo::Create();
+    description->SetCodecID(codec);
+    const auto stream = Conf::IFormatCodecVideo::Create();
+    stream->InitByFrameAspect(width, height, 0, 0);
+    stream->SetPixelFormat(Conf::PixelFormatFromString(source));
+    return FF::ChoosePicture(*description, *stream, *avcodec_find_encoder_by_name(encoder));
+}
+
+std::string chosen(const char* encoder, const char* source) {
+    return av_get_pix_fmt_name(choice(encoder, source).format);
+}
+
+std::string refusal(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Proc::ProcException& error) {
+        return error.what();
+    }
+    return "nothing was refused";
+}
+
+} // namespace
+
+TEST(EncodePictureFormat, LosesLeastOfWhatTheCodecTakes) {
+    EXPECT_EQ(chosen("ffv1", "yuv420p10le"), "yuv420p10le");
+    EXPECT_EQ(chosen("ffv1", "nv12"), "yuv420p");
+    EXPECT_EQ(chosen("ffv1", "p010le"), "yuv420p10le");
+    EXPECT_EQ(chosen("ffv1", "uyvy422"), "yuv422p");
+    EXPECT_EQ(chosen("ffv1", "rgb24"), "bgr0");
+    EXPECT_EQ(chosen("ffv1", "gbrp"), "bgr0");
+    EXPECT_EQ(chosen("ffv1", "argb"), "bgra");
+    EXPECT_EQ(chosen("ffv1", "rgb48be"), "gbrp16le");
+    EXPECT_EQ(chosen("ffv1", "gray14le"), "gray16le");
+    EXPECT_EQ(chosen("ffv1", "yuva422p12le"), "yuva422p16le");
+    EXPECT_EQ(chosen("ffv1", "yuvj422p"), "yuv422p");
+    EXPECT_EQ(chosen("prores_ks", "yuv420p"), "yuv422p10le");
+    EXPECT_EQ(chosen("prores_ks", "yuv444p12le"), "yuv444p10le");
+    EXPECT_EQ(chosen("prores_ks", "bgra"), "yuva444p10le");
+    EXPECT_EQ(chosen("dnxhd", "yuv420p10le"), "yuv422p10le");
+}
+
+TEST(EncodePictureFormat, NeverHasFewerBitsOrLessColourThanTheCodecCould) {
+    for (const Conf::PixelFormatRecord& from : Conf::PixelFormatRecord::All()) {
+        if (from.kind == Conf::PixelKind::Hardware || sws_isSupportedInput(FF::ToAv(from.Format())) == 0)
+            continue;
+        const auto& to = *Conf::PixelFormatRecord::Find(FF::FromAv(choice("ffv1", from.name).format));
+        const auto loss = Conf::PixelLoss::Between(from, to);
+        EXPECT_FALSE(loss.colour || loss.alpha) << from.name << " became " << to.name;
+        EXPECT_LE(loss.chroma, 0) << from.name << " became " << to.name;
+        EXPECT_LE(to.bits >= 16 ? 0 : loss.bits, 0) << from.name << " became " << to.name;
+    }
+}
+
+TEST(EncodePictureFormat, IsRefusedByNameWhereNothingCanBeMadeOfIt) {
+    EXPECT_NE(refusal([] { choice("ffv1", "vaapi"); }).find("\"vaapi\""), std::string::npos);
+    EXPECT_NE(refusal([] { choice("ffv1", "other"); }).find("\"other\""), std::string::npos);
+    EXPECT_NE(refusal([] { choice("ffv1", "y210be"); }).find("\"y210be\""), std::string::npos);
+}
+
+TEST(EncodePictureFormat, TooSmallForTheCodecIsRefusedWithTheSmallestSize) {
+    const std::string words = refusal([] { choice("libx265", "yuv420p", 64, 8, Conf::CodecID::HEVC); });
+    EXPECT_NE(words.find("64x8"), std::string::npos) << words;
+    EXPECT_NE(words.find("16x16"), std::string::npos) << words;
+    EXPECT_EQ(choice("libx265", "yuv420p", 16, 16, Conf::CodecID::HEVC).width, 16);
+}
+
+TEST(EncodePictureFormat, OddSidesStayWhereTheCodecHasNoGrid) {
+    EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).width, 161);
+    EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).height, 121);
+    EXPECT_EQ(choice("libx264", "yuv420p", 161, 121).width, 160);
+}
+
+TEST(EncoderAdvice, TellsWhichSizesAndRatesDnxhdTakes) {
+    const std::string words =
+        FF::AdviceOn(*avcodec_find_encoder_by_name("dnxhd"), choice("dnxhd", "yuv422p", 640, 360));
+    EXPECT_NE(words.find("640x360"), std::string::npos) << words;
+    EXPECT_NE(words.find("1280x720 at 60"), std::string::npos) << words;
+    EXPECT_NE(words.find("dnxhr_hq"), std::string::npos) << words;
+    EXPECT_EQ(FF::AdviceOn(*avcodec_find_encoder_by_name("ffv1"), FF::EncodePicture()), "");
+}
