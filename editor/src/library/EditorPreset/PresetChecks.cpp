@@ -145,6 +145,14 @@ void checkProfile(const Preset& preset, const JsonPlace& place) {
         here.refuse("\"" + profile + "\" does not go with the pixel format " + format);
 }
 
+void checkFields(const Preset& preset, const JsonPlace& place) {
+    const bool kept = preset.videoEncoderData().ChildExists(Kestra::Conf::IFormatCodecVideo::TAG_INTERLACED);
+    if (kept && !Kestra::ClientAPI::CodecLimits::CodesFields(preset.videoCodec()))
+        place.at(TAG_FIELDS)
+            .refuse(std::string("\"") + Kestra::Conf::CodecIDToString(preset.videoCodec()) +
+                    "\" does not code interlaced pictures");
+}
+
 void checkSide(int side, int limit, const char* tag, const JsonPlace& place) {
     if (side % 2 != 0)
         place.at(tag).refuse(std::to_string(side) + " is odd: encoders need even sides");
@@ -297,6 +305,7 @@ void checkPreset(const Preset& preset, const JsonPlace& place) {
     if (preset.hasVideo()) {
         checkVideo(preset, place.at(TAG_VIDEO));
         checkDynamicRange(preset, place.at(TAG_VIDEO));
+        checkFields(preset, place.at(TAG_VIDEO));
         checkEncoderOptions(preset, TAG_VIDEO, preset.videoCodec(), preset.videoEncoderData(), place);
     }
     if (preset.hasAudio()) {

@@ -161,6 +161,8 @@ Property Preset::videoEncoderData() const {
     if (keepsDynamicRange())
         data.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE, std::string(IFormatCodecVideo::DYNAMIC_RANGE_SOURCE));
     copyValue(tree, TAG_VIDEO, TAG_GOP_SECONDS, data, IFormatCodecVideo::TAG_GOP_SECONDS);
+    if (readString(tree, TAG_VIDEO, TAG_FIELDS) == VALUE_SOURCE)
+        data.SetChild(IFormatCodecVideo::TAG_INTERLACED, true);
     copyOptions(tree, TAG_VIDEO, data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
     complete(data, IPreset::KEY_FILTER_VIDEO_CODEC, videoCodec(), containerId());
     return data;

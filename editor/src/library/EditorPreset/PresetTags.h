@@ -29,12 +29,13 @@ constexpr const char* TAG_TWO_PASS = "twoPass";
 constexpr const char* TAG_PROFILE = "profile";
 constexpr const char* TAG_PIXEL_FORMAT = "pixelFormat";
 constexpr const char* TAG_DYNAMIC_RANGE = "dynamicRange";
+constexpr const char* TAG_FIELDS = "fields";
 constexpr const char* TAG_GOP_SECONDS = "gopSeconds";
 
 constexpr const char* TAG_SAMPLE_RATE = "sampleRate";
 constexpr const char* TAG_CHANNEL_LAYOUT = "channelLayout";
 
-/// "As the source", for frame rate, channel layout and dynamic range.
+/// "As the source", for frame rate, fields, channel layout and dynamic range.
 constexpr const char* VALUE_SOURCE = "source";
 
 } // namespace EditorPreset

@@ -43,7 +43,29 @@ int framesAhead(const Conf::FrameInfo& frame) {
     return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 1, 8));
 }
 
+/// What the clip is asked for.
+boost::intrusive_ptr<Conf::IFormatCodecVideo> wishFor(const Proc::VideoTrackInfo& track,
+                                                      const Conf::IFormatCodecVideo& target) {
+    const char* const interlaced = Conf::IFormatCodecVideo::TAG_INTERLACED;
+    const char* const topFirst = Conf::IFormatCodecVideo::TAG_TOP_FIELD_FIRST;
+    Core::Property tree = target.GetProperty();
+    const bool wanted = tree.ChildExists(interlaced) && tree[interlaced].GetBool();
+    // Fields of the other order would be shown in the wrong one by players that believe the file.
+    const bool sameOrder =
+        !track.interlaced || !tree.ChildExists(topFirst) || tree[topFirst].GetBool() == track.topFieldFirst;
+    tree.SetChild(interlaced, wanted && sameOrder && keepsFields(track, target));
+    const auto wish = Conf::IFormatCodecVideo::Create();
+    wish->SetProperty(tree);
+    return wish;
+}
+
 } // namespace
+
+bool keepsFields(const Proc::VideoTrackInfo& track, const Conf::IFormatCodecVideo& target) {
+    const Conf::FrameInfo frame = target.GetFrameInfo();
+    return track.rotation == 0 && track.frame.width == frame.width && track.frame.height == frame.height &&
+           track.frameRate == target.GetFrameRate();
+}
 
 Video createClipPictures(const Timeline& timeline, const Section& section, const Conf::IFormatCodecVideo& target) {
     const Clip& clip = timeline.clips()[section.clip];
@@ -54,7 +76,7 @@ Video createClipPictures(const Timeline& timeline, const Section& section, const
         pictures = filters().CreateReadAhead(pictures, framesAhead(clip.info.video->frame));
     pictures = new GridSampler(pictures, target.GetFrameRate(), section.skip, section.count);
     Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
-    resized->PreferFormat(target);
+    resized->PreferFormat(*wishFor(*clip.info.video, target));
     return resized;
 }
 

@@ -19,13 +19,20 @@ bool HoldsAll(PixelFormat other, PixelFormat format) {
         .IsNone();
 }
 
-} // namespace
-
-namespace {
-
 /// PQ or HLG, by their numbers in ITU-T H.273.
 bool isHighRange(const Proc::VideoTrackInfo& track) {
     return track.colour.transfer == 16 || track.colour.transfer == 18;
+}
+
+void setFlag(Conf::IFormatCodecVideo& format, const char* tag, bool flag) {
+    Core::Property tree = format.GetProperty();
+    tree.SetChild(tag, flag);
+    format.SetProperty(tree);
+}
+
+bool readFlag(const Conf::IFormatCodecVideo& format, const char* tag) {
+    const Core::Property& tree = format.GetProperty();
+    return tree.ChildExists(tag) && tree[tag].GetBool();
 }
 
 } // namespace
@@ -56,8 +63,11 @@ void SequenceVideo::DescribePictures() {
             format = own;
     }
     target->SetPixelFormat(format);
-    if (coloured)
-        target->SetColour(coloured->colour);
+    if (!coloured)
+        return;
+    target->SetColour(coloured->colour);
+    offersFields = coloured->interlaced && keepsFields(*coloured, *target);
+    setFlag(*target, Conf::IFormatCodecVideo::TAG_TOP_FIELD_FIRST, coloured->topFieldFirst);
 }
 
 PixelFormat SequenceVideo::FormatOf(const Section& candidate) const {
@@ -153,6 +163,7 @@ void SequenceVideo::Forget() {
 void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target->GetProperty());
+    setFlag(*format, Conf::IFormatCodecVideo::TAG_INTERLACED, offersFields);
 }
 
 std::int64_t SequenceVideo::GetDuration() const {
@@ -192,6 +203,8 @@ void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
     colour.matrix = wanted.matrix != 2 ? wanted.matrix : colour.matrix;
     colour.range = wanted.range != 0 ? wanted.range : colour.range;
     target->SetColour(colour);
+    setFlag(*target, Conf::IFormatCodecVideo::TAG_INTERLACED,
+            readFlag(*video, Conf::IFormatCodecVideo::TAG_INTERLACED));
     if (clip)
         clip->PreferFormat(*target);
 }

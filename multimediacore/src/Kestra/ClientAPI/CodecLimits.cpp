@@ -192,6 +192,11 @@ bool CodecLimits::ProfileTakes(CodecID codec, const std::string& profile, const 
     return false;
 }
 
+bool CodecLimits::CodesFields(CodecID codec) {
+    return codec == CodecID::H264 || codec == CodecID::MPEG2 || codec == CodecID::MPEG4 || codec == CodecID::ProRes ||
+           codec == CodecID::DNxHD || codec == CodecID::FFV1;
+}
+
 bool CodecLimits::TakesFrameRate(CodecID codec, const Rate& rate) {
     if (rate <= 0)
         return false;

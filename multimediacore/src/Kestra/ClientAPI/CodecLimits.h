@@ -31,6 +31,8 @@ struct KESTRA_EXPORT CodecLimits {
     static std::vector<std::string> Profiles(Conf::CodecID codec);
     /// Whether a stream of that profile holds pictures of that format (the engine's name) and is marked as just that.
     static bool ProfileTakes(Conf::CodecID codec, const std::string& profile, const std::string& pixelFormat);
+    /// Whether pictures of two fields can be coded as what they are.
+    static bool CodesFields(Conf::CodecID codec);
     static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);
 
     /// The usual sample rates that the codec stores as they are, rising.

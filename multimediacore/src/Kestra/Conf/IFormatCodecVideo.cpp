@@ -20,6 +20,7 @@ const char* const IFormatCodecVideo::TAG_COLOUR_RANGE = "colourRange";
 const char* const IFormatCodecVideo::TAG_INTERLACED = "interlaced";
 const char* const IFormatCodecVideo::TAG_DYNAMIC_RANGE = "dynamicRange";
 const char* const IFormatCodecVideo::DYNAMIC_RANGE_SOURCE = "source";
+const char* const IFormatCodecVideo::TAG_TOP_FIELD_FIRST = "topFieldFirst";
 const char* const IFormatCodecVideo::TAG_GOP_SECONDS = "gopSeconds";
 const char* const IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY = "approvedVbrModeOnly";
 

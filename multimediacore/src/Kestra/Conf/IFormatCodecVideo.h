@@ -21,7 +21,10 @@ public:
     static const char* const TAG_COLOUR_TRANSFER;
     static const char* const TAG_COLOUR_MATRIX;
     static const char* const TAG_COLOUR_RANGE;
-    static const char* const TAG_INTERLACED; ///< bool
+    /// bool. Of a stream: its pictures hold two fields. To an encoder: fields stay where the pictures have them. As a
+    /// wish, when it is not: progressive pictures are wanted.
+    static const char* const TAG_INTERLACED;
+    static const char* const TAG_TOP_FIELD_FIRST; ///< bool, of an interlaced stream
     /// "standard" (so when it is missing) or "source": whether an encoder gets PQ and HLG in a standard range or as
     /// such.
     static const char* const TAG_DYNAMIC_RANGE;

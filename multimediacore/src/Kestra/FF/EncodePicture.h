@@ -11,8 +11,9 @@ struct EncodePicture {
     int width = 0;
     int height = 0;
     AVRational sampleAspect = {1, 1};
-    Conf::ColourInfo colour; ///< complete: nothing in it is unspecified
-    bool interlaced = false;
+    Conf::ColourInfo colour;   ///< complete: nothing in it is unspecified
+    bool interlaced = false;   ///< fields are kept where pictures have them
+    bool topFieldFirst = true; ///< then, of the stream; each picture tells its own
 };
 
 /// Completes a colour description for pictures of that size in `format`: what is unspecified is BT.2020 beside PQ, HLG

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/FieldOrder.h"
 #include "Kestra/FF/FirstFrames.h"
 #include "Kestra/FF/LeftOut.h"
 #include "Kestra/FF/PictureRotator.h"
@@ -351,6 +352,16 @@ void MediaProbe::FitToEditList(Track& track, bool isAudio) {
         track.end = claim;
 }
 
+void MediaProbe::DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, const AVCodecParameters& parameters) {
+    if (IsLoneField(first, parameters.codec_id))
+        details.notes.push_back("coded field by field; each field is shown as a picture of its own");
+    details.fieldsByTrack = OnlyTrackTells(first, parameters);
+    TagFields(first, parameters, details.fieldsByTrack);
+    const bool flagged = first.interlaced_frame != 0;
+    track.interlaced = flagged || SaysInterlaced(parameters);
+    track.topFieldFirst = flagged ? first.top_field_first != 0 : SaysTopFieldFirst(parameters);
+}
+
 void MediaProbe::DescribeVideo() {
     if (video.index < 0)
         return;
@@ -376,7 +387,7 @@ void MediaProbe::DescribeVideo() {
     track.colour = ColourOf(first);
     track.frameRate = NominalRate(stream);
     track.variableFrameRate = RatesDisagree(stream);
-    track.interlaced = first.interlaced_frame != 0 || stream.codecpar->field_order > AV_FIELD_PROGRESSIVE;
+    DescribeFields(track, *video.first, *stream.codecpar);
     track.stillPicture = IsPictureFormat(demuxer.GetFormatName()) && video.packets <= 1;
     if (track.stillPicture) {
         track.frameRate = STILL_RATE;

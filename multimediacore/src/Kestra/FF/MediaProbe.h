@@ -53,6 +53,7 @@ private:
     /// An edit list may cut the last frame or block short.
     void FitToEditList(Track& track, bool isAudio);
     void DescribeVideo();
+    void DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, const AVCodecParameters& parameters);
     void DescribeAudio();
     /// 0 where the file claims none.
     std::int64_t ClaimedLength();

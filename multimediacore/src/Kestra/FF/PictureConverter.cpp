@@ -34,6 +34,12 @@ ColourInfo EffectiveColour(const AVFrame& picture) {
     return colour;
 }
 
+/// How many rows of pixels share one of chroma, as a power of two.
+int ChromaRowsOf(const AVFrame& picture) {
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(picture.format));
+    return descriptor ? descriptor->log2_chroma_h : 0;
+}
+
 bool IsWhole(const PictureRect& part, int width, int height) {
     return part == PictureRect{0, 0, width, height};
 }
@@ -138,8 +144,9 @@ void PictureConverter::Fill(AVFrame& result, const AVFrame& picture, const Pictu
         AlignToChroma(target.place, static_cast<AVPixelFormat>(result.format), target.width, target.height);
     const FrameHandle from = MakeView(picture, source);
     const FrameHandle to = MakeView(result, place);
-    const bool fields = picture.interlaced_frame && source.height != place.height && source.height % 4 == 0 &&
-                        place.height % 4 == 0 && source.y % 4 == 0 && place.y % 4 == 0;
+    const bool rowsChange = source.height != place.height || ChromaRowsOf(picture) != ChromaRowsOf(result);
+    const bool fields = picture.interlaced_frame && rowsChange && source.height % 4 == 0 && place.height % 4 == 0 &&
+                        source.y % 4 == 0 && place.y % 4 == 0;
     if (fields)
         ScaleFields(*from, *to, pass);
     else

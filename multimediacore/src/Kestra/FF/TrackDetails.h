@@ -18,6 +18,8 @@ struct TrackDetails {
     bool tellsColour = true;
     /// The brightest of a picture of high dynamic range, in cd/m2.
     double peak = 0;
+    /// Pictures are interlaced as the container says, having no flags of their own.
+    bool fieldsByTrack = false;
     /// Where, modulo the codec's frame length, blocks of samples end on the sound's own timeline: containers round
     /// timestamps, and after a seek this tells the sample that was meant.
     std::int64_t audioPhase = 0;

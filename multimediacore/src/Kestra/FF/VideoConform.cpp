@@ -91,6 +91,9 @@ void Describe(const EncodePicture& picture, Conf::IFormatCodecVideo& format) {
     format.InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
     format.SetPixelFormat(FromAv(picture.format));
     format.SetColour(picture.colour);
+    Core::Property tree = format.GetProperty();
+    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, picture.interlaced);
+    format.SetProperty(tree);
 }
 
 } // namespace Kestra::FF

@@ -4,6 +4,8 @@
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
 #include "Kestra/FF/EncodePicture.h"
+#include "Kestra/FF/Error.h"
+#include "Kestra/FF/FieldOrder.h"
 #include "Kestra/FF/PictureTags.h"
 #include <algorithm>
 #include <cstring>
@@ -25,6 +27,10 @@ constexpr std::int64_t SKIP_MARGIN = TIME_BASE / 2;
 constexpr std::int64_t FIRST_STEP_BACK = TIME_BASE;
 constexpr int STEP_BACK_GROWTH = 4;
 constexpr std::int64_t BACKWARD_JUMP = TIME_BASE;
+// From this many periods for each picture on, a consumer shows each field in one of its own.
+constexpr double RATE_OF_FIELDS = 1.5;
+// Pictures from this many pixels on are deinterlaced by two threads.
+constexpr int LARGE_PICTURE = 1280 * 720;
 
 // Program streams give one picture in many a time; the others are counted on from it, wrongly if reading began between.
 bool TellsTimesOnlyInOrder(const char* container) {
@@ -62,7 +68,7 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
         FromAv(PictureRotator::OutputFormat(decoded, {track.rotation, source->GetDetails().flipped})));
     format->SetColour(track.colour);
     Core::Property tree = format->GetProperty();
-    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, track.interlaced);
+    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, track.interlaced && fields == Fields::Kept && IsOriented());
     format->SetProperty(tree);
 }
 
@@ -70,10 +76,21 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
     const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&format);
     if (!video)
         return;
+    PreferFields(*video);
     const ColourChange change{track.colour, Completed(video->GetColour(), track.colour)};
     const std::string note = ColourNote(change, source->GetDetails().peak, source->GetDetails().tellsColour);
     if (!note.empty())
         source->Note(note);
+}
+
+void VideoDecodeStream::PreferFields(const Conf::IFormatCodecVideo& format) {
+    const Core::Property& tree = format.GetProperty();
+    if (decoder || !tree.ChildExists(Conf::IFormatCodecVideo::TAG_INTERLACED))
+        return;
+    const double own = boost::rational_cast<double>(track.frameRate);
+    const bool each = own > 0 && boost::rational_cast<double>(format.GetFrameRate()) >= RATE_OF_FIELDS * own;
+    const bool kept = tree[Conf::IFormatCodecVideo::TAG_INTERLACED].GetBool() && IsOriented();
+    fields = kept ? Fields::Kept : each ? Fields::ToPictures : Fields::ToFrames;
 }
 
 void VideoDecodeStream::Prepare() {
@@ -88,7 +105,7 @@ void VideoDecodeStream::Prepare() {
                                         source->GetDetails().limits);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
-    if (track.rotation != 0 || source->GetDetails().flipped)
+    if (!IsOriented())
         rotator = std::make_unique<PictureRotator>(Orientation{track.rotation, source->GetDetails().flipped});
     demuxer = std::move(file);
 }
@@ -110,20 +127,66 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadVideo() {
     Prepare();
     if (pendingSeek)
         ApplySeek();
-    if (current && !next)
-        next = DecodeNext();
-    if (interrupted || !current)
+    while (ready.empty() && current && !interrupted) {
+        if (!next)
+            next = DecodeNext();
+        if (!interrupted)
+            Present();
+    }
+    if (interrupted || ready.empty())
         return {};
-    return Emit();
+    boost::intrusive_ptr<Proc::IDataVideo> picture = std::move(ready.front());
+    ready.pop_front();
+    position = picture->GetTime() + picture->GetDuration();
+    return picture;
 }
 
-boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::Emit() {
-    Picture picture = std::move(*current);
+void VideoDecodeStream::Present() {
+    const std::int64_t begin = current->time;
+    const std::int64_t end = next ? next->time : duration;
+    std::vector<FrameHandle> shown = ShowCurrent();
+    // The second field is due half a period after the first, also where the picture then stands for longer.
+    const std::int64_t period = track.frameRate > 0 ? FramesToTime(1, track.frameRate) : end - current->ownTime;
+    const std::int64_t half = current->ownTime + std::min(period, end - current->ownTime) / 2;
+    const bool two = shown.size() > 1;
+    Push(std::move(shown.front()), begin, two ? half : end);
+    if (two)
+        Push(std::move(shown[1]), half, end);
+    previous = fields == Fields::Kept ? std::nullopt : std::move(current);
     current = std::exchange(next, std::nullopt);
-    const std::int64_t end = current ? current->time : duration;
-    position = end;
-    FrameHandle frame = rotator ? rotator->Rotate(*picture.frame) : std::move(picture.frame);
-    return new DataVideoFF(std::move(frame), picture.time, end - picture.time);
+}
+
+void VideoDecodeStream::Push(FrameHandle frame, std::int64_t begin, std::int64_t end) {
+    if (end <= showFrom)
+        return;
+    FrameHandle upright = rotator ? rotator->Rotate(*frame) : std::move(frame);
+    ready.push_back(new DataVideoFF(std::move(upright), begin, end - begin));
+}
+
+// What is not interlaced stays on its own pixels.
+std::vector<FrameHandle> VideoDecodeStream::ShowCurrent() {
+    if (fields != Fields::Kept && current->frame->interlaced_frame)
+        return Deinterlace();
+    std::vector<FrameHandle> shown;
+    shown.push_back(fields == Fields::Kept ? std::move(current->frame) : MakeFrameReference(*current->frame));
+    return shown;
+}
+
+std::vector<FrameHandle> VideoDecodeStream::Deinterlace() {
+    const AVFrame& frame = *current->frame;
+    const bool pictures = fields == Fields::ToPictures;
+    if (!deinterlacer) {
+        const int threads = frame.width * frame.height >= LARGE_PICTURE ? 2 : 1;
+        deinterlacer = std::make_unique<Deinterlacer>(
+            pictures ? Deinterlacer::Output::Fields : Deinterlacer::Output::Frame, threads);
+        source->Note(std::string("interlaced (") + FieldOrderText(frame.top_field_first != 0) +
+                     (pictures ? "), deinterlaced to a picture for each field" : "), deinterlaced"));
+    }
+    std::vector<FrameHandle> shown = deinterlacer->Deinterlace(previous ? previous->frame.get() : nullptr, frame,
+                                                               next ? next->frame.get() : nullptr);
+    if (shown.empty())
+        Fail(Proc::TranscodingError::FilterFailed, "Deinterlacing gave no picture of " + Describe());
+    return shown;
 }
 
 bool VideoDecodeStream::PassesKeyGate(const AVPacket& packet) {
@@ -200,14 +263,17 @@ std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
         AVStream& stream = demuxer->GetStream(track.index);
         TagPicture(*frame, stream, demuxer->GetContext());
         GuessColour(*frame, stream.codecpar->codec_id);
+        TagFields(*frame, *stream.codecpar, source->GetDetails().fieldsByTrack);
         lastDecoded = time;
         // What begins late is shown from the start.
-        return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time};
+        return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time, time};
     }
     return {};
 }
 
 void VideoDecodeStream::ForgetPictures() {
+    ready.clear();
+    previous.reset();
     current.reset();
     next.reset();
     lastDecoded = -1;
@@ -228,6 +294,8 @@ bool VideoDecodeStream::IsShortlyAhead(std::int64_t time) const {
 
 void VideoDecodeStream::ApplySeek() {
     const SeekTarget target = *pendingSeek;
+    ready.clear();
+    showFrom = target.mode == Proc::SeekMode::Exact ? target.time : 0;
     if (target.time >= duration) {
         ForgetPictures();
         position = duration;
@@ -237,8 +305,10 @@ void VideoDecodeStream::ApplySeek() {
     } else {
         SeekBack(target, true);
         // A picture that nothing refers to can last long: then it was passed over, though it covers the target.
-        if (current && current->time < skippedUpTo)
+        const Picture* earliest = previous ? &*previous : current ? &*current : nullptr;
+        if (earliest && earliest->ownTime < skippedUpTo)
             SeekBack(target, false);
+        FetchPrevious(target);
     }
     winding = false;
     skipBefore = -1;
@@ -251,11 +321,27 @@ void VideoDecodeStream::SeekBack(const SeekTarget& target, bool skipUnreferenced
     skippedUpTo = -1;
     skipBefore = skipUnreferenced ? target.time - SKIP_MARGIN : -1;
     // An index can lie, and some containers have none: land ever further back until the target is not behind.
+    const bool exact = target.mode == Proc::SeekMode::Exact;
+    const std::int64_t time = exact ? LeadOf(target.time) : target.time;
     std::int64_t distance = 0;
-    while (!LandBefore(target.time, distance) && !interrupted)
+    while (!LandBefore(time, distance) && !interrupted)
         distance = distance == 0 ? FIRST_STEP_BACK : distance * STEP_BACK_GROWTH;
-    if (target.mode == Proc::SeekMode::Exact)
+    if (exact)
         WindTo(target.time);
+}
+
+// Pictures of uneven lengths may put the landing on the very one that covers the target.
+void VideoDecodeStream::FetchPrevious(const SeekTarget& target) {
+    if (fields == Fields::Kept || target.mode != Proc::SeekMode::Exact || !current || previous ||
+        current->ownTime <= track.start)
+        return;
+    SeekBack({current->ownTime - 1, target.mode}, false);
+    WindTo(target.time);
+}
+
+// To deinterlace a picture, the one before is needed too.
+std::int64_t VideoDecodeStream::LeadOf(std::int64_t time) const {
+    return fields == Fields::Kept || track.frameRate <= 0 ? time : time - FramesToTime(3, track.frameRate * 2);
 }
 
 bool VideoDecodeStream::LandBefore(std::int64_t time, std::int64_t distance) {
@@ -308,6 +394,7 @@ void VideoDecodeStream::WindTo(std::int64_t time) {
     if (!next && current)
         next = DecodeNext();
     while (next && next->time <= time && !interrupted) {
+        previous = fields == Fields::Kept ? std::nullopt : std::move(current);
         current = std::move(next);
         next = DecodeNext();
     }

@@ -2,17 +2,23 @@
 #pragma once
 
 #include "Kestra/FF/Decoder.h"
+#include "Kestra/FF/Deinterlacer.h"
 #include "Kestra/FF/Demuxer.h"
 #include "Kestra/FF/MediaSource.h"
 #include "Kestra/FF/PictureRotator.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
+#include <deque>
 #include <optional>
 
 namespace Kestra::FF {
 
 /// Delivers what the file holds. Opens a file of its own at the first read. Seeks take effect at the next read. Each
 /// frame keeps the time at which it begins, also the one that covers the target of a seek.
+///
+/// Interlaced pictures stay as they are where nobody prefers progressive ones (TAG_INTERLACED) or they have to be
+/// turned. Otherwise each becomes one progressive picture, or two, of which each shows a field, for a consumer of a
+/// rate that shows them; pictures that are progressive keep their pixels.
 class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
@@ -34,7 +40,9 @@ private:
     struct Picture {
         FrameHandle frame;
         std::int64_t time = 0;
+        std::int64_t ownTime = 0; ///< differs in the first picture, which is shown from the start
     };
+    enum class Fields { Kept, ToFrames, ToPictures };
     struct SeekTarget {
         std::int64_t time = 0;
         Proc::SeekMode mode = Proc::SeekMode::Exact;
@@ -56,7 +64,14 @@ private:
     void StartOver();
     void ForgetPictures();
     void WindTo(std::int64_t time);
-    boost::intrusive_ptr<Proc::IDataVideo> Emit();
+    void PreferFields(const Conf::IFormatCodecVideo& format);
+    bool IsOriented() const { return track.rotation == 0 && !source->GetDetails().flipped; }
+    std::vector<FrameHandle> ShowCurrent();
+    std::vector<FrameHandle> Deinterlace();
+    void Present();
+    void Push(FrameHandle frame, std::int64_t begin, std::int64_t end);
+    void FetchPrevious(const SeekTarget& target);
+    std::int64_t LeadOf(std::int64_t time) const;
 
     const boost::intrusive_ptr<MediaSource> source;
     const Proc::VideoTrackInfo track;
@@ -65,11 +80,17 @@ private:
     std::unique_ptr<Demuxer> demuxer;
     std::unique_ptr<Decoder> decoder;
     std::unique_ptr<PictureRotator> rotator;
+    std::unique_ptr<Deinterlacer> deinterlacer; ///< from the first interlaced picture on
+    Fields fields = Fields::Kept;
 
-    std::optional<Picture> current; ///< what the next read returns
-    std::optional<Picture> next;    ///< its successor, which tells how long it lasts
+    std::optional<Picture> previous; ///< decoded before `current`; only where fields are not kept
+    std::optional<Picture> current;  ///< what the next read returns
+    std::optional<Picture> next;     ///< its successor, which tells how long it lasts
+    /// What came of pictures before `current`, for the next reads.
+    std::deque<boost::intrusive_ptr<Proc::IDataVideo>> ready;
     std::optional<SeekTarget> pendingSeek;
     std::int64_t position = 0;
+    std::int64_t showFrom = 0;     ///< after a seek, what ends before is not shown
     std::int64_t lastDecoded = -1; ///< time of the last decoded picture; times have to rise
     bool atStart = true;           ///< no picture has been decoded since the start
     bool awaitsKey = false;        ///< after a seek, packets before the first keyframe cannot be decoded

@@ -7,6 +7,7 @@
 #include "Kestra/FF/HdrMetadata.h"
 #include <algorithm>
 #include <climits>
+#include <optional>
 #include <tuple>
 
 extern "C" {
@@ -117,14 +118,17 @@ void RequireSize(const IFormatCodecVideo& description, const Conf::FrameInfo& fr
                  "x" + std::to_string(smallest) + " and more");
 }
 
-bool IsInterlaced(const IFormatCodecVideo& format) {
+std::optional<bool> Flag(const IFormatCodecVideo& format, const char* tag) {
     const Core::Property& tree = format.GetProperty();
-    return tree.ChildExists(IFormatCodecVideo::TAG_INTERLACED) && tree[IFormatCodecVideo::TAG_INTERLACED].GetBool();
+    return tree.ChildExists(tag) ? std::optional(tree[tag].GetBool()) : std::nullopt;
 }
 
-bool CodesFields(AVCodecID codec) {
-    return codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_MPEG2VIDEO || codec == AV_CODEC_ID_MPEG4 ||
-           codec == AV_CODEC_ID_PRORES || codec == AV_CODEC_ID_DNXHD;
+/// FFV1 flags each picture by itself, so one that says nothing now may have fields later.
+bool KeepsFields(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {
+    const char* const tag = IFormatCodecVideo::TAG_INTERLACED;
+    const Conf::CodecID codec = description.GetCodecID();
+    return Flag(description, tag).value_or(false) && ClientAPI::CodecLimits::CodesFields(codec) &&
+           (codec == Conf::CodecID::FFV1 || Flag(stream, tag).value_or(true));
 }
 
 int DepthOf(AVPixelFormat format) {
@@ -164,7 +168,8 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     picture.width = FitSide(frame.width, odd ? 0 : descriptor.log2_chroma_w);
     picture.height = FitSide(frame.height, odd ? 0 : descriptor.log2_chroma_h);
     picture.sampleAspect = SampleAspectOf(frame);
-    picture.interlaced = CodesFields(codec.id) && (IsInterlaced(description) || IsInterlaced(stream));
+    picture.interlaced = KeepsFields(description, stream);
+    picture.topFieldFirst = Flag(stream, IFormatCodecVideo::TAG_TOP_FIELD_FIRST).value_or(true);
     Conf::ColourInfo colour = ChooseColour(description, stream, picture.format);
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)

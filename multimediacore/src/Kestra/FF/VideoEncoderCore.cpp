@@ -39,6 +39,11 @@ boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree
     return description;
 }
 
+bool IsInterlaced(const IFormatCodecVideo& format) {
+    const Core::Property& tree = format.GetProperty();
+    return tree.ChildExists(IFormatCodecVideo::TAG_INTERLACED) && tree[IFormatCodecVideo::TAG_INTERLACED].GetBool();
+}
+
 void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& description) {
     const char* const tag = IFormatCodecVideo::TAG_GOP_SECONDS;
     if (!description.GetProperty().ChildExists(tag))
@@ -95,6 +100,7 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     boost::intrusive_ptr<IFormatCodecVideo> format;
     stream->GetVideoFormat(format);
     picture = ChoosePicture(description, *format, *codec);
+    offersFields = IsInterlaced(*format);
     codec = &EncoderForSize(*codec, picture.width, picture.height);
     rate = ChooseFrameRate(description, *format);
     FF::Describe(picture, *format);
@@ -126,8 +132,16 @@ void VideoEncoderCore::Peek() {
     const AVFrame& frame = FrameOf(*peeked);
     if (CarriesHdr(picture.colour.transfer, picture.format))
         hdr = HdrMetadataOf(frame);
-    picture.interlaced = picture.interlaced && frame.interlaced_frame != 0;
-    topFieldFirst = frame.top_field_first != 0;
+    if (picture.interlaced)
+        SettleFields(frame);
+}
+
+// Material that is interlaced in parts may begin with a progressive picture.
+void VideoEncoderCore::SettleFields(const AVFrame& first) {
+    if (first.interlaced_frame)
+        picture.topFieldFirst = first.top_field_first != 0;
+    else if (codec->id == AV_CODEC_ID_FFV1 || !offersFields)
+        picture.interlaced = false;
 }
 
 CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
@@ -161,9 +175,12 @@ void VideoEncoderCore::ConfigurePicture(AVCodecContext& context) const {
     context.chroma_sample_location = AVCHROMA_LOC_LEFT;
     context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     context.field_order = AV_FIELD_PROGRESSIVE;
+    // Its earlier versions have no flags of fields for each picture.
+    if (offersFields && codec->id == AV_CODEC_ID_FFV1)
+        context.level = 3;
     if (picture.interlaced) {
         context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
-        context.field_order = topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
+        context.field_order = picture.topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
     }
 }
 

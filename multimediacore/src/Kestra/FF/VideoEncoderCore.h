@@ -38,6 +38,7 @@ private:
     boost::intrusive_ptr<Conf::IFormatCodecVideo> MakeDescription() const;
     void BuildChain(const Conf::IFormatCodecVideo& description);
     void Peek();
+    void SettleFields(const AVFrame& first);
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
     void ConfigurePicture(AVCodecContext& context) const;
     bool IsApprovedVbrOnly() const;
@@ -54,7 +55,7 @@ private:
     std::int64_t frameCount = -1; ///< -1: as many as come
     std::int64_t framesSent = 0;
     std::int64_t position = 0;
-    bool topFieldFirst = true;
+    bool offersFields = false; ///< the stream says that it is interlaced
 };
 
 } // namespace Kestra::FF

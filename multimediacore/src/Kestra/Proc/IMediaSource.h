@@ -22,10 +22,11 @@ struct VideoTrackInfo {
     boost::rational<long long> frameRate; ///< nominal; 0 when unknown
     bool variableFrameRate = false;       ///< the container's rates disagree
     int rotation = 0;                     ///< clockwise degrees: 0, 90, 180, 270
-    bool interlaced = false;
-    bool stillPicture = false; ///< one frame without a length of its own
-    std::int64_t start = 0;    ///< engine time after the start of the media
-    std::int64_t duration = 0; ///< engine time; 0 when unknown
+    bool interlaced = false;              ///< the first picture, or as the container says
+    bool topFieldFirst = false;           ///< where it is interlaced
+    bool stillPicture = false;            ///< one frame without a length of its own
+    std::int64_t start = 0;               ///< engine time after the start of the media
+    std::int64_t duration = 0;            ///< engine time; 0 when unknown
 };
 
 struct AudioTrackInfo {
