@@ -74,7 +74,7 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
     if (const auto& video = info.video)
         line += key(", ") + text(video->codec) + key(" %1x%2 ").arg(video->frame.width).arg(video->frame.height) +
                 text(video->pixelFormat) + key(", ") + rateText(video->frameRate) +
-                key(video->variableFrameRate ? " fps on average" : " fps");
+                key(video->variableFrameRate ? " fps (variable)" : " fps");
     if (const auto& audio = info.audio)
         line += key(", ") + text(audio->codec) + key(" %1 Hz, %2 ").arg(audio->sampleRate).arg(audio->channels) +
                 key(audio->channels == 1 ? "channel" : "channels");

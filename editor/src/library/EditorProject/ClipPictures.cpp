@@ -74,7 +74,8 @@ Video createClipPictures(const Timeline& timeline, const Section& section, const
     Video pictures = timeline.source(section.clip).CreateVideoStream();
     if (section.count >= LEAST_FRAMES_FOR_THREAD)
         pictures = filters().CreateReadAhead(pictures, framesAhead(clip.info.video->frame));
-    pictures = new GridSampler(pictures, target.GetFrameRate(), section.skip, section.count);
+    const bool own = clip.info.video->frameRate == target.GetFrameRate();
+    pictures = new GridSampler(pictures, target.GetFrameRate(), own, section.skip, section.count);
     Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
     resized->PreferFormat(*wishFor(*clip.info.video, target));
     return resized;

@@ -2,6 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/Filters/NotImplemented.h"
+#include "Kestra/Proc/Filters/PicturePeriods.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
@@ -10,16 +11,17 @@ namespace Project {
 using namespace Kestra;
 
 GridSampler::GridSampler(boost::intrusive_ptr<Proc::IStreamVideo> source, const boost::rational<long long>& rate,
-                         std::int64_t first, std::int64_t count)
+                         bool own, std::int64_t first, std::int64_t count)
     : VideoFilterBase(std::move(source), "frame sampler")
     , rate(rate)
+    , own(own)
     , first(first)
     , count(count) {}
 
 boost::intrusive_ptr<Proc::IDataVideo> GridSampler::ReadVideo() {
     if (produced >= count || interrupted || (!started && !Start()))
         return nullptr;
-    Supply(MiddleOf(produced));
+    Supply(first + produced);
     if (interrupted)
         return nullptr; // what looks like the source's end is none
     const std::int64_t run = RunLength();
@@ -31,13 +33,8 @@ boost::intrusive_ptr<Proc::IDataVideo> GridSampler::ReadVideo() {
     return picture;
 }
 
-std::int64_t GridSampler::MiddleOf(std::int64_t index) const {
-    const std::int64_t begin = FramesToTime(first + index, rate);
-    return begin + (FramesToTime(first + index + 1, rate) - begin) / 2;
-}
-
 bool GridSampler::Start() {
-    const std::int64_t target = MiddleOf(0);
+    const std::int64_t target = Proc::MiddleOfPeriod(first, rate);
     // Where the track ends before the target, its last frame is found by reading up to it.
     for (const std::int64_t place : {target, std::min(target, source->GetDuration()) - TIME_BASE, std::int64_t(0)}) {
         if (first > 0)
@@ -50,17 +47,27 @@ bool GridSampler::Start() {
     if (!started && !interrupted)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable,
                                          "No picture could be read from " + source->Describe()));
+    if (started)
+        currentPeriod = std::min(first, Proc::FirstPeriodOf(current->GetTime(), rate));
     return started;
 }
 
-void GridSampler::Supply(std::int64_t time) {
+std::int64_t GridSampler::PeriodAfterCurrent(std::int64_t time) const {
+    return own ? Proc::FirstPeriodAfter(currentPeriod, time, rate) : Proc::FirstPeriodOf(time, rate);
+}
+
+void GridSampler::Supply(std::int64_t period) {
     while (!ended) {
-        if (next && next->GetTime() <= time)
+        if (next && nextPeriod <= period) {
             current = std::move(next);
-        if (next || time < current->GetTime() + current->GetDuration())
+            currentPeriod = nextPeriod;
+        }
+        if (next || period < PeriodAfterCurrent(current->GetTime() + current->GetDuration()))
             return;
         next = source->ReadVideo();
         ended = !next;
+        if (next)
+            nextPeriod = PeriodAfterCurrent(next->GetTime());
     }
 }
 
@@ -68,12 +75,8 @@ std::int64_t GridSampler::RunLength() const {
     const std::int64_t left = count - produced;
     if (ended)
         return left;
-    const std::int64_t until = next ? next->GetTime() : current->GetTime() + current->GetDuration();
-    // The estimate may be one off either way; the middles decide.
-    std::int64_t run = std::clamp<std::int64_t>(TimeToFrames(until, rate) - first - produced - 1, 1, left);
-    while (run < left && MiddleOf(produced + run) < until)
-        ++run;
-    return run;
+    const std::int64_t until = next ? nextPeriod : PeriodAfterCurrent(current->GetTime() + current->GetDuration());
+    return std::clamp<std::int64_t>(until - first - produced, 1, left);
 }
 
 std::int64_t GridSampler::GetDuration() const {

@@ -246,7 +246,7 @@ void AudioDecodeStream::PlaceFront() {
     if (settling)
         front = AnchorPlace();
     else
-        front = anchored ? NextPlace() : TimeToSamples(track.start, track.sampleRate);
+        front = anchored ? NextPlace() : TimeToSamples(source->GetDetails().audioStart, track.sampleRate);
     if (anchored && !settling && *front == flow)
         FollowDrift();
     else

@@ -65,13 +65,15 @@ bool ClockScan::IsNeeded(Demuxer& demuxer) {
     return (demuxer.GetContext().iformat->flags & AVFMT_TS_DISCONT) != 0;
 }
 
-void ClockScan::Run() {
+void ClockScan::Run(const std::function<void(const AVPacket&)>& look) {
     const PacketHandle packet = MakePacket();
     demuxer.Rewind();
-    while (demuxer.Read(*packet))
+    while (demuxer.Read(*packet)) {
+        look(*packet);
         for (Stream& stream : streams)
             if (stream.index == packet->stream_index)
                 Take(stream, *packet);
+    }
     JoinParts();
     if (!joints.empty())
         FillMap();

@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/Demuxer.h"
+#include <functional>
 #include <vector>
 
 namespace Kestra::FF {
@@ -23,8 +24,8 @@ public:
 
     /// Whether timestamps of such files may restart at all.
     static bool IsNeeded(Demuxer& demuxer);
-    /// Once. Leaves the demuxer somewhere in the file.
-    void Run();
+    /// Once. Shows every packet to `look`. Leaves the demuxer somewhere in the file.
+    void Run(const std::function<void(const AVPacket&)>& look);
 
     const ClockMap& GetMap() const { return map; }
     const std::vector<Joint>& GetJoints() const { return joints; }

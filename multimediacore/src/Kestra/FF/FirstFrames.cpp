@@ -14,6 +14,9 @@ namespace {
 // How much is read in search of the first frame of a track that starts late.
 constexpr std::size_t SEARCH_BYTES = std::size_t{64} << 20;
 
+// More pictures tell no more of a constant rate.
+constexpr std::size_t ENOUGH_PICTURES = 300;
+
 bool HasTimes(const AVPacket& packet) {
     return packet.pts != AV_NOPTS_VALUE && packet.dts != AV_NOPTS_VALUE;
 }
@@ -103,6 +106,21 @@ bool FirstFrames::ReadOn(const ProbedTrack& track) {
     return true;
 }
 
+void FirstFrames::TakeBufferedTimes() {
+    const AVIOContext* file = demuxer.GetContext().pb;
+    if (!file || video.index < 0)
+        return;
+    const auto place = [&] { return avio_tell(demuxer.GetContext().pb); };
+    const std::int64_t before = place();
+    std::size_t taken = 0;
+    PacketHandle packet = MakePacket();
+    while (taken < ENOUGH_PICTURES && place() == before && demuxer.Read(*packet)) {
+        taken += packet->stream_index == video.index ? 1 : 0;
+        Keep(std::exchange(packet, MakePacket()));
+    }
+    video.times.CutRun(lastDecodeTime);
+}
+
 void FirstFrames::Keep(PacketHandle packet) {
     for (ProbedTrack* track : {&video, &audio}) {
         if (track->index != packet->stream_index)
@@ -112,6 +130,10 @@ void FirstFrames::Keep(PacketHandle packet) {
         const std::int64_t shown = ToEngineTime(packet->pts, demuxer.GetStream(track->index).time_base);
         if (shown != TIME_UNKNOWN && !(packet->flags & AV_PKT_FLAG_DISCARD))
             track->firstShown = track->firstShown == TIME_UNKNOWN ? shown : std::min(track->firstShown, shown);
+        if (track == &video) {
+            video.times.Take(*packet, demuxer.GetStream(video.index));
+            lastDecodeTime = ToEngineTime(packet->dts, demuxer.GetStream(video.index).time_base);
+        }
         track->waiting.push_back(std::move(packet));
         return;
     }

@@ -16,6 +16,8 @@ public:
     /// Fills in the track's first frame, without what its pixels show, and when it is shown. Returns why that cannot be
     /// done, or nothing. May leave packets of both tracks waiting.
     std::string Decode(ProbedTrack& track);
+    /// Takes in when pictures begin that have been read from the file already, which costs no reading.
+    void TakeBufferedTimes();
 
 private:
     FrameHandle DecodeWith(Decoder& decoder, ProbedTrack& track);
@@ -28,6 +30,7 @@ private:
     ProbedTrack& video;
     ProbedTrack& audio;
     std::size_t bytesRead = 0;
+    std::int64_t lastDecodeTime = TIME_UNKNOWN; ///< of the pictures
 };
 
 } // namespace Kestra::FF

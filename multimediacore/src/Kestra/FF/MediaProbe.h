@@ -1,9 +1,12 @@
 // Kestra::FF::MediaProbe: finds out what a media file holds.
 #pragma once
 
+#include "Kestra/FF/ClockScan.h"
 #include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/MediaSpan.h"
 #include "Kestra/FF/PacketSamples.h"
 #include "Kestra/FF/ProbedTrack.h"
+#include "Kestra/FF/RateChooser.h"
 #include "Kestra/FF/SoundLevels.h"
 #include "Kestra/FF/TrackDetails.h"
 #include <memory>
@@ -35,11 +38,18 @@ private:
     static void KeepTail(Track& track, const AVPacket& packet);
     void DecodeTail(Track& track);
     void Drop(Track& track, const std::string& reason);
+    void FindEarliestStart();
+    void ChooseRate();
     void SettleOrigin();
+    void SettleSoundGrid();
+    std::optional<PictureSpan> PictureSpanOf() const;
+    std::optional<SoundSpan> SoundSpanOf();
     void SkipUndecodableLead();
     /// Of recordings that were put behind each other, the parts are joined.
     void JoinClocks();
+    void ReportJoints();
     void FindEnds();
+    void SettleEnds();
     bool FindEndNear(Track& track, std::int64_t window);
     void ScanToEnd(const std::vector<Track*>& tracks);
     void BeginLevels(bool ofAll);
@@ -50,6 +60,7 @@ private:
     /// Where timestamps of the sound jitter, its samples tell where it begins and ends.
     void SteadySound();
     void FinishEnd(Track& track);
+    void FinishPictureEnd();
     /// An edit list may cut the last frame or block short.
     void FitToEditList(Track& track, bool isAudio);
     void DescribeVideo();
@@ -71,6 +82,8 @@ private:
     std::unique_ptr<PacketSamples> packetSamples;
     SoundLevels levels;
     bool levelsOfAll = false; ///< of the whole file, not only of its end
+    RateChoice rate;
+    std::vector<ClockScan::Joint> joints;
     Proc::MediaInfo info;
     TrackDetails details;
 };

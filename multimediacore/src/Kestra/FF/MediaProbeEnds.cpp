@@ -40,7 +40,6 @@ void MediaProbe::SteadySound() {
     if (std::abs(levels.GetStart() + skipped - audio.start) <= tick)
         audio.start = levels.GetStart() + skipped;
     audio.end = end - packetSamples->PaddingOf(*audio.waiting.back());
-    SettleOrigin();
 }
 
 std::int64_t MediaProbe::ClaimedLength() {

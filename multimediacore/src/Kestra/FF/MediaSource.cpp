@@ -51,7 +51,8 @@ void MediaSource::Report(std::int64_t time, const std::string& what, bool incomp
         return;
     if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
         return;
-    reports.push_back({path, time, what, incomplete});
+    // What codecs put before the start is no time of the media.
+    reports.push_back({path, std::max<std::int64_t>(time, 0), what, incomplete});
 }
 
 std::vector<Proc::SourceNote> MediaSource::TakeNotes() {

@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/Handles.h"
+#include "Kestra/FF/PictureTimes.h"
 #include <deque>
 
 namespace Kestra::FF {
@@ -21,6 +22,7 @@ struct ProbedTrack {
     bool guessed = false;        ///< that packet does not say how long it lasts
     std::int64_t packets = 0;
     int frameSize = 0; ///< samples of a whole block
+    PictureTimes times; ///< of the packets that were read; only of pictures
 
     /// Moves the packet that has waited longest; false when none does.
     bool TakeWaiting(AVPacket& packet) {

@@ -20,6 +20,8 @@ struct TrackDetails {
     double peak = 0;
     /// Pictures are interlaced as the container says, having no flags of their own.
     bool fieldsByTrack = false;
+    /// Engine time from the origin at which samples of the sound begin; before it, negative, they are not heard.
+    std::int64_t audioStart = 0;
     /// Where, modulo the codec's frame length, blocks of samples end on the sound's own timeline: containers round
     /// timestamps, and after a seek this tells the sample that was meant.
     std::int64_t audioPhase = 0;

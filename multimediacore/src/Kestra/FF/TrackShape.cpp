@@ -103,14 +103,6 @@ boost::rational<long long> NominalRate(const AVStream& stream) {
     return ToUsualRate(meant ? nominal : average);
 }
 
-bool RatesDisagree(const AVStream& stream) {
-    if (!IsRate(stream.r_frame_rate) || !IsRate(stream.avg_frame_rate))
-        return false;
-    const double ratio = av_q2d(stream.r_frame_rate) / av_q2d(stream.avg_frame_rate);
-    const bool fields = std::abs(ratio / 2 - 1) < SAME_RATE - 1 && stream.codecpar->field_order > AV_FIELD_PROGRESSIVE;
-    return !fields && std::abs(ratio - 1) > SAME_RATE - 1;
-}
-
 int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format) {
     const AVCodecDescriptor* const codec = avcodec_descriptor_get(parameters.codec_id);
     if (!codec || !(codec->props & AV_CODEC_PROP_LOSSLESS) || (codec->props & AV_CODEC_PROP_LOSSY))

@@ -20,11 +20,9 @@ KESTRA_EXPORT Orientation ReadDisplayMatrix(const std::int32_t* matrix);
 /// The container's orientation; where it has none, that of the decoded picture (EXIF, SEI).
 Orientation FindOrientation(const AVStream& stream, const AVFrame* picture);
 
-/// The rate that a track is meant to have: the container's where it fits what the frames do, brought to a usual one
+/// The rate that a track is said to have: the container's where it fits what the frames do, brought to a usual one
 /// when it is next to it; 0 when nothing is known.
 boost::rational<long long> NominalRate(const AVStream& stream);
-/// Whether the container's two ideas of the rate disagree.
-bool RatesDisagree(const AVStream& stream);
 
 /// The bits of each sample of a lossless codec that decodes to `format`; 0 for the others, which have none of their
 /// own.

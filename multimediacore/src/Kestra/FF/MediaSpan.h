@@ -1,0 +1,34 @@
+// Kestra::FF::MediaSpan: from where to where a media file is a clip.
+#pragma once
+
+#include "KestraExport.h"
+#include <boost/rational.hpp>
+#include <cstdint>
+#include <optional>
+
+namespace Kestra::FF {
+
+/// Times are engine time on the container's own clock.
+struct PictureSpan {
+    std::int64_t start = 0;
+    std::int64_t end = 0;
+    boost::rational<long long> rate; ///< 0 when unknown
+};
+struct SoundSpan {
+    std::int64_t start = 0;
+    std::int64_t end = 0;
+    std::int64_t priming = 0; ///< what an encoder may put in front, which containers do not always mark
+    std::int64_t padding = 0; ///< the longest block that an encoder may fill up at the end
+};
+
+/// The instant that is time 0 of the media, for tracks of which one at least exists. It is the first picture's, or lies
+/// whole frames before it: on a grid of frames from there every picture has a frame. Sound that begins before the
+/// picture is cut there when it leads by less than a frame and its encoder's priming; a longer lead stays, and begins
+/// with silence of less than a frame.
+KESTRA_EXPORT std::int64_t FindOrigin(const std::optional<PictureSpan>& picture, const std::optional<SoundSpan>& sound);
+
+/// Where the sound ends: with the picture if it goes on for less than a filled-up block and one more frame, else where
+/// it ends itself.
+KESTRA_EXPORT std::int64_t FindSoundEnd(const std::optional<PictureSpan>& picture, const SoundSpan& sound);
+
+} // namespace Kestra::FF

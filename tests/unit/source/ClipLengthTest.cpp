@@ -1,0 +1,115 @@
+// How long clips are whose sound was coded in blocks, and where they begin.
+#include "Kestra/Base/Time.h"
+#include "SourceFixture.h"
+#include <cmath>
+
+namespace TestMedia {
+namespace {
+
+struct Packaging {
+    const char* extension;
+    const char* codec;
+    const char* rate;
+};
+
+Rate rateOf(const Packaging& packaging) {
+    const std::string text = packaging.rate;
+    const auto slash = text.find('/');
+    return slash == std::string::npos ? Rate(std::stoll(text))
+                                      : Rate(std::stoll(text.substr(0, slash)), std::stoll(text.substr(slash + 1)));
+}
+
+std::string nameOf(const testing::TestParamInfo<Packaging>& info) {
+    std::string name = std::string(info.param.extension) + "_" + info.param.codec + "_" + info.param.rate;
+    for (char& c : name)
+        c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+    return name;
+}
+
+std::vector<Packaging> packagings() {
+    std::vector<Packaging> all;
+    const char* const rates[] = {"50", "30000/1001", "25", "60"};
+    std::size_t turn = 0;
+    for (const char* extension : {"mp4", "mov", "mkv", "ts"})
+        for (const char* codec : {"aac", "libmp3lame", "ac3"})
+            for (int count = 0; count < 2; ++count)
+                all.push_back({extension, codec, rates[turn++ % 4]});
+    for (const char* codec : {"libopus", "libvorbis"})
+        for (const char* extension : {"mkv", "webm"})
+            all.push_back({extension, codec, rates[turn++ % 4]});
+    all.push_back({"mp4", "libopus", "50"});
+    all.push_back({"ts", "libopus", "50"});
+    all.push_back({"flv", "aac", "30"});
+    return all;
+}
+
+class PackagedClip : public SourceTest, public testing::WithParamInterface<Packaging> {
+protected:
+    static constexpr int SAMPLE_RATE = 44100;
+
+    std::string makeClip(int frames) {
+        const bool opus = std::string(GetParam().codec) == "libopus";
+        const int sampleRate = opus ? 48000 : SAMPLE_RATE;
+        const auto samples = std::llround(frames / boost::rational_cast<double>(rateOf(GetParam())) * sampleRate);
+        const bool webm = std::string(GetParam().extension) == "webm";
+        return make(std::string("a.") + GetParam().extension,
+                    join(pictures(GetParam().rate, frames),
+                         {"-f", "lavfi", "-i",
+                          "sine=r=" + std::to_string(sampleRate) + ",atrim=end_sample=" + std::to_string(samples),
+                          "-c:v", webm ? "libvpx" : "libx264", "-c:a", GetParam().codec}));
+    }
+};
+
+TEST_P(PackagedClip, IsAsLongAsItsPictureAndBeginsWithIt) {
+    constexpr int FRAMES = 97;
+    const auto source = open(makeClip(FRAMES));
+    ASSERT_TRUE(source->GetInfo().video && source->GetInfo().audio);
+    EXPECT_EQ(source->GetInfo().video->frameRate, rateOf(GetParam()));
+    EXPECT_EQ(source->GetInfo().video->start, 0);
+    EXPECT_EQ(source->GetInfo().duration, FramesToTime(FRAMES, rateOf(GetParam())));
+    EXPECT_EQ(readPictures(*source->CreateVideoStream()).size(), FRAMES);
+    EXPECT_TRUE(source->TakeNotes().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Packagings, PackagedClip, testing::ValuesIn(packagings()), nameOf);
+
+class ClipLength : public SourceTest {
+protected:
+    std::string makeClip(const char* name, int frames, double soundSeconds, std::vector<std::string> more = {}) {
+        return make(name, join(join(pictures("25", frames),
+                                    {"-f", "lavfi", "-i", "sine=r=48000:d=" + std::to_string(soundSeconds), "-c:v",
+                                     "libx264", "-c:a", "aac"}),
+                               std::move(more)));
+    }
+};
+
+TEST_F(ClipLength, OfSoundThatReallyGoesOnStays) {
+    const auto source = open(makeClip("a.mp4", 50, 2.5));
+    EXPECT_NEAR(source->GetInfo().duration, TIME_BASE * 5 / 2, TIME_BASE / 1000);
+}
+
+TEST_F(ClipLength, OfPicturesThatGoOnStays) {
+    const auto source = open(makeClip("a.mp4", 50, 1.5));
+    EXPECT_EQ(source->GetInfo().duration, 2 * TIME_BASE);
+}
+
+TEST_F(ClipLength, OfSoundAloneIsWhatWasPutIn) {
+    const auto source = open(make("a.m4a", {"-f", "lavfi", "-i", "sine=r=48000:d=1.25", "-c:a", "aac"}));
+    EXPECT_EQ(source->GetInfo().duration, Kestra::SamplesToTime(60000, 48000));
+}
+
+TEST_F(ClipLength, KeepsARealLeadOfTheSoundOnTheGridOfThePictures) {
+    // 310 ms are no whole number of frames.
+    const std::string picture = make("picture.mkv", join(pictures("25", 50), {"-c:v", "libx264", "-bf", "0"}));
+    const std::string sound = make("sound.wav", {"-f", "lavfi", "-i", "sine=r=48000:d=2.31"});
+    const auto source = open(make("a.mkv", {"-itsoffset", "0.31", "-i", picture, "-i", sound, "-c", "copy"}));
+    EXPECT_EQ(source->GetInfo().video->start, FramesToTime(8, 25));
+    EXPECT_NEAR(source->GetInfo().audio->start, TIME_BASE / 100, TIME_BASE / 1000);
+    const auto read = readPictures(*source->CreateVideoStream());
+    ASSERT_EQ(read.size(), 50U);
+    for (std::size_t index = 1; index < read.size(); ++index)
+        EXPECT_NEAR(read[index].time, FramesToTime(8 + static_cast<int>(index), 25), TIME_BASE / 1000);
+}
+
+} // namespace
+} // namespace TestMedia
