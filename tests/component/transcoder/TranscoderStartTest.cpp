@@ -53,6 +53,26 @@ TEST_F(TranscoderTest, TakesTheStreamsWhenItStarts) {
     EXPECT_EQ(model.videoStreams.stream()->impl, videoStream);
 }
 
+TEST_F(TranscoderTest, MayBeDestroyedByWhoeverHearsThatItTakesItsStreams) {
+    for (const std::string medium : {"video", "audio"}) {
+        transcoder = makeTranscoder();
+        log.lines.clear();
+        calls->Clear();
+        initialize();
+        bus.onMessage = [&](const std::string& message) {
+            if (message.find("bus Changed " + medium + " stream: +source +using") == 0)
+                transcoder.reset();
+        };
+        makeReady();
+        bus.onMessage = nullptr;
+        EXPECT_EQ(transcoder, nullptr) << medium;
+        EXPECT_EQ(logged(), std::vector<std::string>{TRYING});
+        EXPECT_EQ(calls->Get(), CallLog::Calls());
+        EXPECT_TRUE(model.videoStreams.allStreams().empty());
+        EXPECT_FALSE(model.fastTrack.isSuppressed());
+    }
+}
+
 TEST_F(TranscoderTest, LeavesAStreamThatSomebodyElseTookAlone) {
     initialize();
     model.videoStreams.setAvailable(true);

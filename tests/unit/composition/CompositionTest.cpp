@@ -132,6 +132,26 @@ TEST_F(CompositionView, MayBeDestroyedByEachHookOnTheWay) {
     }
 }
 
+TEST_F(CompositionView, TellsNoFurtherPartsOfACompositionThatAHookDestroyed) {
+    Log until;
+    for (const char* last : {"video added", "video", "audio added", "audio", "exports", "content"}) {
+        until.push_back(last);
+        Log called;
+        Media::Video exported;
+        TestSupport::Perishable<Composition::Object> doomed;
+        doomed->setVideo(&video).setAudio(&audio).add(&exported).setVersion(7);
+        RecordingView observing;
+        observing.onHook = [&](const std::string& hook) {
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        observing.compositionObserve(doomed.get());
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
+}
+
 TEST_F(CompositionView, TellsOfEachPartAlone) {
     Media::Video exportedVideo;
     Media::Audio exportedAudio;

@@ -188,6 +188,25 @@ TEST(FastTrackView, MayBeDestroyedByEachOfItsPropertyHooks) {
     }
 }
 
+TEST(FastTrackView, TellsNoFurtherPropertiesOfAnObjectThatAHookDestroyed) {
+    Log until;
+    for (const char* last : {"progress", "enabled", "active", "freezed", "folder", "complete"}) {
+        until.push_back(last);
+        Log called;
+        TestSupport::Perishable<FastTrack::Object> doomed;
+        fill(*doomed.get());
+        RecordingView view;
+        view.onHook = [&](const std::string& hook) {
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        view.fastTrackObserve(doomed.get());
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
+}
+
 TEST(FastTrackView, TellsOfOnePropertyAlone) {
     Owner owner;
     FastTrack::Object object;

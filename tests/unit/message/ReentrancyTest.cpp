@@ -10,6 +10,34 @@ using ::testing::Not;
 
 using Reentrancy = ViewFixture;
 
+/// Destroys its object when the object has left it.
+class Keeper : public Message::View<Item> {
+public:
+    TestSupport::Perishable<Item> kept;
+    std::function<void()> onAdded;
+
+private:
+    void added(const Item*) override {
+        if (onAdded)
+            onAdded();
+    }
+    void removed(const Item*) override { kept.perish(); }
+};
+
+/// The hooks of one view that were called, in order.
+Log hooksOf(const std::string& view, const Log& log) {
+    Log hooks;
+    for (const std::string& line : log)
+        if (line.compare(0, view.size() + 1, view + ' ') == 0)
+            hooks.push_back(line.substr(view.size() + 1, line.find(' ', view.size() + 1) - view.size() - 1));
+    return hooks;
+}
+
+bool mentions(const Log& log, const std::string& message) {
+    return std::any_of(log.begin(), log.end(),
+                       [&](const std::string& line) { return line.compare(0, message.size(), message) == 0; });
+}
+
 TEST_F(Reentrancy, AHookMayForgetTheObjectThatChanged) {
     ownAndObserve(first);
     other->observe(first);
@@ -89,14 +117,6 @@ TEST_F(Reentrancy, AnObserversHookMayDestroyTheOwnerThatRemoves) {
 }
 
 TEST_F(Reentrancy, AnOwnerMayDestroyItsObjectWhenItIsRemoved) {
-    class Keeper : public Message::View<Item> {
-    public:
-        TestSupport::Perishable<Item> kept;
-
-    private:
-        void removed(const Item*) override { kept.perish(); }
-    };
-    spy.unregisterSelf(); // it hears of a request last and would look into the object
     for (const bool byRequest : {false, true}) {
         Keeper keeper;
         const Item* const item = keeper.kept.get();
@@ -107,6 +127,72 @@ TEST_F(Reentrancy, AnOwnerMayDestroyItsObjectWhenItIsRemoved) {
         EXPECT_EQ(keeper.kept.get(), nullptr);
         EXPECT_THAT(keeper.objects(), IsEmpty());
         EXPECT_THAT(observer->objects(), IsEmpty());
+    }
+}
+
+TEST_F(Reentrancy, NothingMoreIsToldOfAnObjectThatIsDestroyedWhileItsChangeIsTold) {
+    for (const bool byRequest : {false, true}) {
+        Log until;
+        for (const char* hook : {"changed3", "changed2", "changed1"}) {
+            until.emplace_back(hook);
+            Keeper keeper;
+            const Item* const item = keeper.kept.get();
+            keeper.own(keeper.kept.get());
+            observer = make("observer");
+            observer->observe(item);
+            other->observe(item);
+            log.clear();
+            observer->actions[hook] = [&] {
+                observer->actions.clear();
+                log.clear();
+                keeper.remove(item);
+            };
+            (byRequest ? static_cast<Message::View<Item>&>(*other) : keeper).change(item)->number = 1;
+            EXPECT_EQ(keeper.kept.get(), nullptr);
+            EXPECT_EQ(hooksOf("observer", log), (Log{"changed3", "changed1", "removed"})) << "of the removal alone";
+            EXPECT_EQ(hooksOf("other", log), (Log{"changed3", "changed1", "removed"}));
+            EXPECT_FALSE(mentions(log, "Changed")) << hook;
+            EXPECT_FALSE(mentions(log, "Change ")) << hook;
+            for (const Message::View<Item>* view :
+                 {static_cast<Message::View<Item>*>(&keeper), observerView(), otherView()})
+                EXPECT_THAT(view->objects(), IsEmpty());
+        }
+    }
+}
+
+TEST_F(Reentrancy, AnObjectThatIsDestroyedWhileItIsAdoptedIsNotAnnounced) {
+    for (const bool byRequest : {false, true}) {
+        Keeper keeper;
+        const Item* const item = keeper.kept.get();
+        keeper.processAddRequests(true);
+        keeper.onAdded = [&] { keeper.remove(item); };
+        log.clear();
+        (byRequest ? observer->add(keeper.kept.get()) : keeper.own(keeper.kept.get()));
+        EXPECT_EQ(keeper.kept.get(), nullptr);
+        EXPECT_FALSE(mentions(log, "Added"));
+        EXPECT_THAT(keeper.objects(), IsEmpty());
+    }
+}
+
+TEST_F(Reentrancy, AnObjectMayBeRemovedAndDestroyedWhileItsRemovalIsTold) {
+    for (const bool byRequest : {false, true}) {
+        for (const char* hook : {"changed3", "changed1", "removed"}) {
+            Keeper keeper;
+            const Item* const item = keeper.kept.get();
+            keeper.own(keeper.kept.get());
+            observer = make("observer");
+            observer->observe(item);
+            other->observe(item);
+            observer->actions[hook] = [&] {
+                observer->actions.clear();
+                keeper.remove(item);
+            };
+            (byRequest ? static_cast<Message::View<Item>&>(*other) : keeper).remove(item);
+            EXPECT_EQ(keeper.kept.get(), nullptr) << hook;
+            for (const Message::View<Item>* view :
+                 {static_cast<Message::View<Item>*>(&keeper), observerView(), otherView()})
+                EXPECT_THAT(view->objects(), IsEmpty()) << hook;
+        }
     }
 }
 

@@ -22,6 +22,9 @@ protected:
     Item* const second = &items[1];
     Item* const third = &items[2];
 
+    Message::View<Item>* observerView() { return observer.get(); }
+    Message::View<Item>* otherView() { return other.get(); }
+
     std::unique_ptr<RecordingView> make(const std::string& name) {
         return std::make_unique<RecordingView>(name, names, log);
     }

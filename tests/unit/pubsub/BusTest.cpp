@@ -214,6 +214,31 @@ TEST_F(Bus, DoesNotCallASubscriberThatANestedDeliveryDestroyed) {
     EXPECT_THAT(log, ElementsAre("a lit", "b lit"));
 }
 
+TEST_F(Bus, CallsNobodyAboutAnObjectThatADeliveryDestroyed) {
+    const auto nested = [this](const Lamp* which) { light(which); };
+    auto gone = std::make_unique<Lamp>();
+    a.subscribe(gone.get());
+    b.subscribe(gone.get());
+    b.subscribe(&other);
+    c.subscribeAll(typeid(Lamp));
+    a.onLit = [&] { nested(&other); };
+    b.onLit = [&] { gone.reset(); };
+    light(gone.get());
+    EXPECT_THAT(log, ElementsAre("a lit", "b lit", "c lit")) << "the nested message is about another object";
+    log.clear();
+    a.onLit = b.onLit = nullptr;
+    light(&other);
+    EXPECT_THAT(log, ElementsAre("b lit", "c lit"));
+}
+
+TEST_F(Bus, GoesOnAboutAnObjectWhoseCopiesAreDestroyed) {
+    a.subscribe(&lamp);
+    b.subscribe(&lamp);
+    a.onLit = [&] { const Lamp copy(lamp); };
+    light(&lamp);
+    EXPECT_THAT(log, ElementsAre("a lit", "b lit"));
+}
+
 TEST_F(Bus, DoesNotCallANewcomerAtADestroyedSubscribersAddress) {
     alignas(Listener) unsigned char place[sizeof(Listener)];
     auto* first = new (place) Listener("first", log);

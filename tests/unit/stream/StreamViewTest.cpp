@@ -302,6 +302,28 @@ TYPED_TEST(StreamView, MayBeDestroyedByEachOfItsFieldHooks) {
     }
 }
 
+TYPED_TEST(StreamView, TellsNoFurtherFieldsOfAnObjectThatAFieldHookDestroyed) {
+    using Object = Stream::Object<typename TypeParam::Media, typename TypeParam::Interface>;
+    Log until;
+    for (const char* last : {"source", "impl", "version", "using", "available"}) {
+        until.push_back(last);
+        Log called;
+        TestSupport::Perishable<Object> doomed;
+        this->fill(*doomed.get());
+        RecordingStreamView<TypeParam> view;
+        view.onHook = [&](const std::string& hook) {
+            if (hook == "added" || hook == "changed3")
+                return;
+            called.push_back(hook);
+            if (hook == last)
+                doomed.perish();
+        };
+        view.streamObserve(doomed.get());
+        EXPECT_EQ(doomed.get(), nullptr);
+        EXPECT_EQ(called, until);
+    }
+}
+
 TYPED_TEST(StreamView, InheritsTheRequestHooksUnchanged) {
     using O = typename RecordingStreamView<TypeParam>::O;
     class Refusing : public RecordingStreamView<TypeParam> {

@@ -5,7 +5,7 @@ namespace Composition {
 View::~View() = default;
 
 void View::compositionChanged(const Object* composition, const Object* before, const Object* after) {
-    const auto alive = CompositionView::watch();
+    const auto alive = CompositionView::watch(composition);
     if (before->video() != after->video()) {
         follow(before->video(), after->video());
         if (alive)
@@ -27,7 +27,7 @@ void View::compositionChanged(const Object* composition, const Object* before, c
 template <class M>
 void View::follow(const M* before, const M* after) {
     using Medias = Media::View<M>;
-    const auto alive = Medias::watch();
+    const auto alive = Medias::watch(after);
     if (Medias::mediaIsObserved(before))
         Medias::mediaForget(before);
     if (alive && after && !Medias::mediaIsObserved(after))

@@ -42,7 +42,9 @@ void Transcoder::tryToStart() {
         return;
     }
     TranscoderLog::write(TranscoderLog::TRYING_TO_START);
-    takeStreams();
+    if (!takeStreams()) {
+        return;
+    }
     auto videoStream = videoStreamObject.impl;
     auto audioStream = audioStreamObject.impl;
     const bool audioOnly = audioNeeded() && !videoNeeded();
@@ -74,14 +76,17 @@ bool Transcoder::streamsAreReady() const {
     return !(audioNeeded() && audioStreamObject.using_);
 }
 
-// The streams' owner applies these requests before each statement is over.
-void Transcoder::takeStreams() {
+/// The streams' owner applies these requests before each statement is over. False when somebody who heard of that has
+/// destroyed this object.
+bool Transcoder::takeStreams() {
+    const QPointer<Transcoder> self(this);
     if (videoNeeded()) {
         VideoView::streamChange(&videoStreamObject)->using_ = true;
     }
-    if (audioNeeded()) {
+    if (self && audioNeeded()) {
         AudioView::streamChange(&audioStreamObject)->using_ = true;
     }
+    return !self.isNull();
 }
 
 /// False when it failed, which has been reported then: this object may be gone. Only this step of an attempt is

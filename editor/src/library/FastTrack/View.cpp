@@ -5,7 +5,7 @@ namespace FastTrack {
 View::~View() = default;
 
 void View::fastTrackChanged(const Object* object, const Object* before, const Object* after) {
-    const auto alive = watch();
+    const auto alive = watch(object);
     if (before->progress != after->progress)
         progressChanged(object);
     if (alive && before->enabled != after->enabled)

@@ -77,8 +77,9 @@ protected:
     virtual void changeRequested(T* object, T* proposed);
     virtual void removeRequested(T* object);
 
-    /// For derived views that call several hooks in turn: tells whether the view outlived the last one.
-    Details::Lifeline::Watch watch() { return Details::Lifeline::Watch(lifeline); }
+    /// For derived views that call several hooks in turn about an object that exists: tells whether both the view and the
+    /// object outlived the last one.
+    Details::Watch watch(const T* object) { return Details::Watch(lifeline, object); }
 
 private:
     class Observer;
@@ -100,10 +101,13 @@ private:
 
     void adopt(T* object);
     T* owned(const T* object) const;
-    // Hook sequences; each tells whether the view outlived its hooks.
+    // Hook sequences. What a hook destroys is not used by the hooks that would follow.
+    /// Both tell whether view and object outlived the hooks.
     bool appeared(const T* object);
     bool altered(const T* object, const T* before);
-    bool disappeared(const T* object);
+    /// Tells whether the view outlived the hooks. The topic is the object's, found without looking into it: it may be
+    /// gone already, and may be null.
+    bool disappeared(const T* object, const PubSub::Object* topic);
 
     /// Asks owners, hears them.
     class Observer : public PubSub::Publisher<Types::Add<T>, Types::Change<T>, Types::Remove<T>>,
@@ -126,6 +130,8 @@ private:
         void subscribe(const T* object);
         void unsubscribe(const T* object);
         void subscribeLike(const Observer& other, const T* object);
+        /// Null for what is not subscribed to.
+        const PubSub::Object* topicOf(const T* object) const;
         void notify(const Types::Added<T>& message) override { view->notify(message); }
         void notify(const Types::Changed<T>& message) override { view->notify(message); }
         void notify(const Types::Removed<T>& message) override { view->notify(message); }

@@ -1,7 +1,11 @@
 #include "PubSub/Object.h"
 
+#include "PubSub/Details/ObjectWatch.h"
+
 namespace PubSub {
 
-Object::~Object() = default;
+Object::~Object() {
+    Details::ObjectWatch::gone(this);
+}
 
 } // namespace PubSub

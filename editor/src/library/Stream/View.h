@@ -39,7 +39,7 @@ View<M, I>::~View() = default;
 
 template <class M, class I>
 void View<M, I>::streamChanged(const O* object, const O* before, const O* after) {
-    const auto alive = this->watch();
+    const auto alive = this->watch(object);
     if (before->source != after->source)
         sourceChanged(object);
     if (alive && before->impl != after->impl)

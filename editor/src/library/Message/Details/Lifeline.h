@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EditorModelExport.h"
+#include "PubSub/Details/ObjectWatch.h"
 
 namespace Message::Details {
 
@@ -34,6 +35,22 @@ public:
 
 private:
     Watch* innermost = nullptr;
+};
+
+/// Tells of a view and of an object.
+class Watch {
+public:
+    Watch(Lifeline& line, const PubSub::Object* object)
+        : view(line)
+        , object(object) {}
+
+    bool seesView() const { return bool(view); }
+    bool seesObject() const { return bool(object); }
+    explicit operator bool() const { return seesView() && seesObject(); }
+
+private:
+    const Lifeline::Watch view;
+    const PubSub::Details::ObjectWatch object;
 };
 
 } // namespace Message::Details

@@ -41,7 +41,7 @@ private:
 
 template <class T>
 void View<T>::observeAll() {
-    const auto alive = watch();
+    const Details::Lifeline::Watch alive(lifeline);
     observeNew(true);
     std::set<const T*> waiting = enumerateAll();
     const Departures departures(waiting);

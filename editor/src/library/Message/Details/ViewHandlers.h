@@ -42,7 +42,7 @@ void View<T>::notify(const Types::Remove<T>& message) {
 template <class T>
 void View<T>::notify(const Types::Removed<T>& message) {
     const T* object = message.object;
-    if (!disappeared(object))
+    if (!disappeared(object, observer.topicOf(object)))
         return;
     table.erase(object);
     observer.unsubscribe(object);
@@ -50,7 +50,7 @@ void View<T>::notify(const Types::Removed<T>& message) {
 
 template <class T>
 void View<T>::notify(const Types::Enumerate<T>&) {
-    const auto alive = watch();
+    const Details::Lifeline::Watch alive(lifeline);
     // Over a copy, as those who hear the answers may change the table.
     for (const T* object : objects())
         if (alive && isOwned(object))
@@ -83,10 +83,10 @@ void View<T>::changeRequested(T* object, T* proposed) {
 
 template <class T>
 void View<T>::removeRequested(T* object) {
-    const auto alive = watch();
-    const PubSub::Object* const topic = object; // found through the object, which removed() may destroy
+    const PubSub::Object* const topic = object; // found through the object, which may be destroyed from here on
+    const Details::Watch alive(lifeline, topic);
     owner.publish(Types::Removed<T>(object));
-    if (!alive || !disappeared(object))
+    if (!alive.seesView() || (alive.seesObject() && !disappeared(object, topic)))
         return;
     // Erased before it is unsubscribed; a removal by the owner itself does the reverse.
     table.erase(object);
@@ -95,7 +95,7 @@ void View<T>::removeRequested(T* object) {
 
 template <class T>
 bool View<T>::appeared(const T* object) {
-    const auto alive = watch();
+    const auto alive = watch(object);
     added(object);
     if (!alive)
         return false;
@@ -109,7 +109,7 @@ bool View<T>::appeared(const T* object) {
 
 template <class T>
 bool View<T>::altered(const T* object, const T* before) {
-    const auto alive = watch();
+    const auto alive = watch(object);
     changed(object, before, object);
     if (!alive)
         return false;
@@ -121,17 +121,15 @@ bool View<T>::altered(const T* object, const T* before) {
 }
 
 template <class T>
-bool View<T>::disappeared(const T* object) {
-    const auto alive = watch();
+bool View<T>::disappeared(const T* object, const PubSub::Object* topic) {
+    const Details::Watch alive(lifeline, topic);
     const T empty{};
     changed(object, object, &empty);
-    if (!alive)
-        return false;
-    changed(object);
-    if (!alive)
-        return false;
-    removed(object);
-    return bool(alive);
+    if (alive)
+        changed(object);
+    if (alive)
+        removed(object);
+    return alive.seesView();
 }
 
 template <class T>
@@ -158,9 +156,15 @@ void View<T>::Observer::unsubscribe(const T* object) {
 }
 
 template <class T>
+const PubSub::Object* View<T>::Observer::topicOf(const T* object) const {
+    const auto found = topics.find(object);
+    return found == topics.end() ? nullptr : found->second;
+}
+
+template <class T>
 void View<T>::Observer::subscribeLike(const Observer& other, const T* object) {
-    const auto found = other.topics.find(object);
-    subscribe(object, found == other.topics.end() ? object : found->second);
+    const PubSub::Object* topic = other.topicOf(object);
+    subscribe(object, topic ? topic : object);
 }
 
 } // namespace Message

@@ -30,7 +30,7 @@ View<T>::~View() {
         const T* object = table.begin()->first;
         table.erase(table.begin());
         observer.unsubscribe(object);
-        disappeared(object);
+        disappeared(object, nullptr); // of hooks that do nothing
     }
 }
 
@@ -88,9 +88,10 @@ template <class T>
 void View<T>::forget(const T* object) {
     if (!object)
         return;
+    const PubSub::Object* const topic = observer.topicOf(object);
     table.erase(object);
     observer.unsubscribe(object);
-    disappeared(object);
+    disappeared(object, topic);
 }
 
 template <class T>
@@ -171,13 +172,14 @@ void View<T>::doRemove(const T* object) {
     T* mine = owned(object);
     if (!mine)
         return observer.publish(Types::Remove<T>(object));
-    const auto alive = watch();
+    const PubSub::Object* const topic = mine; // found through the object, which may be destroyed from here on
+    const Details::Watch alive(lifeline, topic);
     // Observers are told while the object is still intact and in the table.
     owner.publish(Types::Removed<T>(mine));
-    if (!alive)
+    if (!alive.seesView())
         return;
-    owner.unsubscribe(mine);
-    if (disappeared(mine))
+    owner.unsubscribe(topic);
+    if (!alive.seesObject() || disappeared(mine, topic))
         table.erase(object);
 }
 

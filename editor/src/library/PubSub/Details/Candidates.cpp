@@ -8,6 +8,7 @@ namespace PubSub::Details {
 Candidates::Candidates(Traffic& bus, const Channel& channel, const Object* messageObject,
                        const std::type_index& messageObjectType, const Link* ringOfObject)
     : object(messageObject)
+    , there(messageObject)
     , objectType(messageObjectType)
     , departures(bus.departures)
     , traffic(bus)

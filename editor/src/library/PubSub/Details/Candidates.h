@@ -2,6 +2,7 @@
 #pragma once
 
 #include "EditorModelExport.h"
+#include "PubSub/Details/ObjectWatch.h"
 #include "PubSub/Object.h"
 #include <boost/container/small_vector.hpp>
 #include <cstdint>
@@ -21,7 +22,7 @@ struct Traffic {
 };
 
 /// Fixed when made: a subscriber that comes later is not in it. One that is destroyed, taken off the bus or
-/// unsubscribed before its turn is passed over. Lives on the stack of the delivery; deliveries nest, so the last one
+/// unsubscribed before its turn is passed over, and so is everyone once the object is destroyed. Lives on the stack of the delivery; deliveries nest, so the last one
 /// made dies first.
 class EDITORMODEL_EXPORT Candidates {
 public:
@@ -31,7 +32,7 @@ public:
 
     /// Goes on to the next subscriber that is still to be called; false at the end.
     bool next() {
-        while (position < entries.size()) {
+        while (position < entries.size() && there) {
             current = entries[position++];
             // Nobody left meanwhile, nearly always: then everyone is still wanted.
             if (current.subscriber && (departures == traffic.departures || stillWanted(current.subscriber)))
@@ -63,6 +64,7 @@ private:
     std::size_t position = 0;
     Entry current;
     const Object* object;
+    const ObjectWatch there;
     std::type_index objectType;
     std::uint64_t departures; ///< the bus's count when this was made
     Traffic& traffic;
