@@ -70,6 +70,13 @@ TEST(TemporaryDir, GoesWithItsContent) {
     EXPECT_FALSE(QFileInfo::exists(path));
 }
 
+TEST(TemporaryDir, StandsInTheUsualPlaceWhereTheNamedOneIsMissing) {
+    const TemporaryDir around;
+    const TemporaryPlace elsewhere((around.path() + QStringLiteral("/missing")).toUtf8());
+    const TemporaryDir directory;
+    EXPECT_EQ(QFileInfo(directory.path()).dir().path(), QStringLiteral("/tmp"));
+}
+
 TEST(TemporaryDir, ThrowsWithPathAndReasonWhereItCannotBeMade) {
     const TemporaryDir around;
     const QString place = around.path() + QStringLiteral("/file");

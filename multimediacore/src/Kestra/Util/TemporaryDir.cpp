@@ -2,13 +2,20 @@
 
 #include "Kestra/Proc/ProcException.h"
 #include <QDir>
+#include <cstdio>
 
 namespace Kestra::Util {
 
 namespace {
 
+/// Qt knows no place where the one that TMPDIR names is missing, and the current folder is none for scratch files.
+QString place() {
+    const QString named = QDir::tempPath();
+    return named.isEmpty() ? QStringLiteral(P_tmpdir) : named;
+}
+
 QString pathTemplate() {
-    return QDir(QDir::tempPath()).absoluteFilePath(QStringLiteral("editor-export-XXXXXX"));
+    return QDir(place()).absoluteFilePath(QStringLiteral("editor-export-XXXXXX"));
 }
 
 } // namespace
