@@ -113,6 +113,25 @@ TEST_F(HandedFactories, KeepTheSamePresetEachWhateverIsSelectedLater) {
     EXPECT_EQ(codecs->GetMade().at(1).properties[Kestra::Conf::IFormatCodec::TAG_BITRATE].GetInt64(), 1'200'000);
 }
 
+TEST_F(HandedFactories, ReadPathAndRangeWhenTheyAreCalled) {
+    handOver("av", {KTime(1'000), KTime(3'000)});
+    // The transcoder is told anew between the attempt and the making: what it holds then is what counts.
+    auto later = request();
+    later.outputPath = folder.filePath(QStringLiteral("later.mp4"));
+    later.exportRange = {KTime(1'000), KTime(6'000)};
+    const auto video = runner().videoEncoderFactory;
+    const auto audio = runner().audioEncoderFactory;
+    const auto muxer = runner().muxerFactory;
+    QString refusal;
+    ASSERT_TRUE(transcoder->initialize(later, refusal));
+    EXPECT_EQ(codecs->GetMade().size(), 0U);
+    video();
+    EXPECT_EQ(codecs->GetMade().at(0).stream->GetDuration(), 5 * SECOND);
+    EXPECT_EQ(audio()->GetDuration(), 5 * SECOND);
+    muxer();
+    EXPECT_EQ(muxers->GetMade().at(0).output->GetPath().ToUtf8(), later.outputPath.toStdString());
+}
+
 TEST_F(HandedFactories, AreAllThatHoldsTheStreamsBesideTheirObjects) {
     handOver();
     // This test, the transcoder's stream object, the runner's copy of the factory.

@@ -87,6 +87,20 @@ TEST_F(Outcome, DestructionTakesTheDescriptionsThenTheScratchDirectoryThenTheRun
     EXPECT_FALSE(model.fastTrack.isSuppressed());
 }
 
+TEST_F(Outcome, NothingIsAttemptedAnyMoreWhileTheRunnerIsDestroyed) {
+    // Streams that are never marked as taken allow a second attempt.
+    model.videoStreams.refuseChanges(true);
+    model.audioStreams.refuseChanges(true);
+    start();
+    FakeRunner::script().onStep = [](const std::string& step) {
+        if (step == "destroyed")
+            TestSupport::turnEventLoop();
+    };
+    model.videoStreams.setVersion(1);
+    transcoder.reset();
+    EXPECT_EQ(tags(), std::vector<int>());
+}
+
 TEST_F(Outcome, StopReachesTheRunnerEachTimeAndTellsNothing) {
     start();
     transcoder->stop();

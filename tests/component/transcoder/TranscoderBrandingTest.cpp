@@ -3,6 +3,7 @@
 #include "component/transcoder/TranscoderFixture.h"
 #include "fakes/branding/RecordingFactories.h"
 #include "support/OutroResource.h"
+#include "support/TemporaryPlace.h"
 #include <QImage>
 #include <stdexcept>
 
@@ -173,6 +174,14 @@ TEST_F(BrandingFailure, LeavesTheStreamsTaken) {
     EXPECT_EQ(emissions.size(), 2U);
 }
 
+TEST_F(BrandingFailure, KeepsTheTemporaryDirectoryUntilTheTranscoderGoes) {
+    const TestSupport::TemporaryPlace place(folder.path());
+    failAt("CreateResizer", refusal);
+    EXPECT_EQ(TestSupport::TemporaryPlace::scratchDirectories(), 1);
+    transcoder.reset();
+    EXPECT_EQ(TestSupport::TemporaryPlace::scratchDirectories(), 0);
+}
+
 TEST_F(BrandingFailure, LetsTheStreamsGo) {
     initializeNamed(QStringLiteral("failing"));
     record->failures["CreateResizer"] = refusal;
@@ -212,14 +221,9 @@ TEST_F(BrandingFailure, DoesNotTouchWhatItWasNotAskedFor) {
 
 // The scratch folder comes first: without one, nothing of the outro is built.
 TEST_F(BrandingFailure, ComesAfterTheTemporaryDirectory) {
-    const auto before = qgetenv("TMPDIR");
-    qputenv("TMPDIR", QFile::encodeName(outputPath()));
+    const TestSupport::TemporaryPlace place(outputPath());
     TestSupport::TimerCatcher catcher;
     failAt("CreateResizer", refusal);
-    if (before.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", before);
     EXPECT_TRUE(catcher.caught);
     EXPECT_EQ(record->log.Get(), CallLog::Calls());
     EXPECT_EQ(emissions, Signals());

@@ -1,7 +1,9 @@
 #include "component/transcoder/TranscoderFixture.h"
-#include <QDir>
+#include "support/TemporaryPlace.h"
 #include <functional>
 #include <stdexcept>
+
+using TestSupport::TemporaryPlace;
 
 namespace {
 
@@ -174,21 +176,46 @@ TEST_F(TranscoderTest, RunsTheVideoEncoderAloneBeforeTheWholeOfTwoPasses) {
 }
 
 TEST_F(TranscoderTest, KeepsOneTemporaryDirectoryForTheRun) {
-    const auto before = qgetenv("TMPDIR");
-    qputenv("TMPDIR", QFile::encodeName(folder.path()));
-    const auto directories = [this] {
-        return QDir(folder.path()).entryList({QStringLiteral("editor-export-*")}, QDir::Dirs).size();
+    const TemporaryPlace place(folder.path());
+    start();
+    EXPECT_EQ(TemporaryPlace::scratchDirectories(), 1);
+    play({FakeProcessor::Finished()});
+    EXPECT_EQ(TemporaryPlace::scratchDirectories(), 1);
+    transcoder.reset();
+    EXPECT_EQ(TemporaryPlace::scratchDirectories(), 0);
+}
+
+TEST_F(TranscoderTest, MakesItsTemporaryDirectoryOnceItHasTheStreams) {
+    const TemporaryPlace place(folder.path());
+    std::vector<int> directories;
+    bus.onMessage = [&](const std::string& message) {
+        if (message.find("stream: +source +using") != std::string::npos)
+            directories.push_back(TemporaryPlace::scratchDirectories());
     };
     start();
-    EXPECT_EQ(directories(), 1);
-    play({FakeProcessor::Finished()});
-    EXPECT_EQ(directories(), 1);
-    transcoder.reset();
-    EXPECT_EQ(directories(), 0);
-    if (before.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", before);
+    bus.onMessage = nullptr;
+    ASSERT_FALSE(directories.empty());
+    EXPECT_EQ(directories, std::vector<int>(directories.size(), 0));
+    EXPECT_EQ(TemporaryPlace::scratchDirectories(), 1);
+}
+
+TEST_F(TranscoderTest, EncodesTheStreamsThatItsTakingLeavesThere) {
+    const boost::intrusive_ptr<Kestra::Fakes::FakeStreamVideo> laterVideo(new Kestra::Fakes::FakeStreamVideo(250));
+    const boost::intrusive_ptr<Kestra::Fakes::FakeStreamAudio> laterAudio(new Kestra::Fakes::FakeStreamAudio(480'000));
+    bus.onMessage = [&](const std::string& message) {
+        // The model answers the taking of a stream with another one, as after an edit.
+        if (message.find("bus Changed video stream: +source +using") == 0 &&
+            model.videoStreams.stream()->impl != laterVideo)
+            model.videoStreams.setImpl(laterVideo);
+        if (message.find("bus Changed audio stream: +source +using") == 0 &&
+            model.audioStreams.stream()->impl != laterAudio)
+            model.audioStreams.setImpl(laterAudio);
+    };
+    start();
+    bus.onMessage = nullptr;
+    ASSERT_EQ(codecs->GetMade().size(), 2U);
+    EXPECT_EQ(codecs->GetMade()[0].stream, laterVideo);
+    EXPECT_EQ(codecs->GetMade()[1].stream, laterAudio);
 }
 
 class ThrowingStart : public TranscoderTest {
@@ -243,14 +270,9 @@ TEST_F(ThrowingStart, LetsAProcessorsExceptionOutAndNeverTriesAgain) {
 }
 
 TEST_F(ThrowingStart, LetsAMissingTemporaryDirectoryOut) {
-    const auto before = qgetenv("TMPDIR");
     writeOutput();
-    qputenv("TMPDIR", QFile::encodeName(outputPath()));
+    const TemporaryPlace place(outputPath());
     const std::string caught = startAndCatch();
-    if (before.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", before);
     EXPECT_NE(caught.find("cannot create a temporary directory"), std::string::npos) << caught;
     EXPECT_EQ(emissions, Signals());
     EXPECT_EQ(logged(), std::vector<std::string>{TRYING});

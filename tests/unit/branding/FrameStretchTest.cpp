@@ -5,6 +5,7 @@
 #include "fakes/branding/RecordingVideo.h"
 #include "support/HookSlot.h"
 #include <boost/exception/get_error_info.hpp>
+#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
@@ -19,6 +20,23 @@ using Proc::FrameStretch;
 using Proc::SeekMode;
 
 constexpr std::int64_t LENGTH = 5 * TIME_BASE;
+
+/// Tells when it is moved, before it moves.
+class WatchedVideo final : public Fakes::FakeStreamVideo {
+public:
+    using FakeStreamVideo::FakeStreamVideo;
+
+    void Seek(std::int64_t time, SeekMode mode) override {
+        onMove();
+        FakeStreamVideo::Seek(time, mode);
+    }
+    void Reset() override {
+        onMove();
+        FakeStreamVideo::Reset();
+    }
+
+    std::function<void()> onMove = [] {};
+};
 
 class Stretch : public ::testing::Test {
 protected:
@@ -114,6 +132,27 @@ TEST_F(Stretch, RewindsItsSourceWhateverTheTimeIs) {
     stretch->Seek(LENGTH / 2, SeekMode::Keyframe);
     stretch->Seek(3, SeekMode::Exact);
     EXPECT_EQ(calls(), (CallLog::Calls{"Seek 0 1", "Seek 0 0"}));
+}
+
+TEST_F(Stretch, MovesBeforeItsSource) {
+    const boost::intrusive_ptr<WatchedVideo> watched(new WatchedVideo(3));
+    stretch = Proc::CreateFrameStretch(watched, LENGTH);
+    std::int64_t position = -1;
+    watched->onMove = [&] { position = stretch->GetPosition(); };
+    stretch->Seek(LENGTH / 2, SeekMode::Exact);
+    EXPECT_EQ(position, LENGTH / 2);
+    stretch->Reset();
+    EXPECT_EQ(position, 0);
+}
+
+TEST_F(Stretch, StandsWhereItWasToldThoughItsSourceFailsToMove) {
+    const boost::intrusive_ptr<WatchedVideo> watched(new WatchedVideo(3));
+    stretch = Proc::CreateFrameStretch(watched, LENGTH);
+    watched->onMove = [] { throw std::runtime_error("stuck"); };
+    EXPECT_THROW(stretch->Seek(LENGTH, SeekMode::Exact), std::runtime_error);
+    EXPECT_EQ(stretch->GetPosition(), LENGTH);
+    EXPECT_THROW(stretch->Reset(), std::runtime_error);
+    EXPECT_EQ(stretch->GetPosition(), 0);
 }
 
 TEST_F(Stretch, SeekBelowZeroIsItsStart) {

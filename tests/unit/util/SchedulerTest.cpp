@@ -3,11 +3,13 @@
 #include "support/WaitUntil.h"
 #include <QElapsedTimer>
 #include <QThread>
+#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 using TestSupport::TimerCatcher;
 using TestSupport::turnEventLoop;
@@ -33,6 +35,26 @@ public:
     QThread* thread = nullptr;
     std::function<void()> duringCall;
     std::unique_ptr<Scheduler> scheduler;
+};
+
+/// A way to a private member: explicit instantiations may name it.
+template <auto Member>
+struct Reveal {
+    friend std::atomic<std::int32_t>& stateOf(Target::Scheduler& scheduler) { return scheduler.*Member; }
+};
+std::atomic<std::int32_t>& stateOf(Target::Scheduler& scheduler);
+template struct Reveal<&Target::Scheduler::state>;
+
+/// Writes down which of the objects that it watches gets an event, in order.
+class Order : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::User)
+            receivers.push_back(watched);
+        return false;
+    }
+
+    std::vector<QObject*> receivers;
 };
 
 /// Counts the events that a scheduler is sent for its requests.
@@ -120,11 +142,57 @@ TEST(Scheduler, IgnoresRequestsWhileDisarmed) {
     EXPECT_EQ(target.calls, 0);
 }
 
+TEST(Scheduler, PostsNothingWhileDisarmed) {
+    RequestCounter counter;
+    Target target(0);
+    target.scheduler->installEventFilter(&counter);
+    target.scheduler->schedule();
+    target.scheduler->schedule();
+    turnEventLoop();
+    EXPECT_EQ(counter.requests, 0);
+    EXPECT_EQ(stateOf(*target.scheduler), 0);
+}
+
 TEST(Scheduler, DropsAPendingMarkWithoutBeingArmed) {
     Target target(Target::Scheduler::PENDING);
     QCoreApplication::postEvent(target.scheduler.get(), new QEvent(QEvent::User));
     turnEventLoop();
     EXPECT_EQ(target.calls, 0);
+    EXPECT_EQ(stateOf(*target.scheduler), 0);
+}
+
+TEST(Scheduler, MarksARequestUntilItsCall) {
+    Target target;
+    int during = 0;
+    target.duringCall = [&] { during = stateOf(*target.scheduler); };
+    EXPECT_EQ(stateOf(*target.scheduler), Target::Scheduler::ARMED);
+    target.scheduler->schedule();
+    EXPECT_EQ(stateOf(*target.scheduler), Target::Scheduler::ARMED | Target::Scheduler::PENDING);
+    EXPECT_TRUE(waitUntil([&] { return target.calls == 1; }));
+    EXPECT_EQ(during, Target::Scheduler::ARMED) << "a request during the call counts";
+}
+
+TEST(Scheduler, PostsAmongOtherEventsInTheirOrder) {
+    Order order;
+    QObject before, after;
+    Target target;
+    for (QObject* watched : {&before, static_cast<QObject*>(target.scheduler.get()), &after})
+        watched->installEventFilter(&order);
+    QCoreApplication::postEvent(&before, new QEvent(QEvent::User));
+    target.scheduler->schedule();
+    QCoreApplication::postEvent(&after, new QEvent(QEvent::User));
+    turnEventLoop();
+    EXPECT_EQ(order.receivers, (std::vector<QObject*>{&before, target.scheduler.get(), &after}));
+}
+
+TEST(Scheduler, StartsNoSecondTimerWhileOneRuns) {
+    Target target;
+    target.scheduler->schedule();
+    QCoreApplication::sendPostedEvents(target.scheduler.get());
+    QCoreApplication::postEvent(target.scheduler.get(), new QEvent(QEvent::User));
+    QCoreApplication::sendPostedEvents(target.scheduler.get());
+    turnEventLoop();
+    EXPECT_EQ(target.calls, 1);
 }
 
 TEST(Scheduler, IgnoresAnEventThatNobodyScheduled) {

@@ -1,5 +1,6 @@
 #include "Kestra/Util/TemporaryDir.h"
 #include "Kestra/Proc/ProcException.h"
+#include "support/TemporaryPlace.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -8,28 +9,9 @@
 #include <memory>
 
 using Kestra::Util::TemporaryDir;
+using TestSupport::TemporaryPlace;
 
 namespace {
-
-/// Sends the system's temporary directory elsewhere for the time of a test.
-class TemporaryPlace {
-public:
-    explicit TemporaryPlace(const QByteArray& place)
-        : before(qgetenv("TMPDIR"))
-        , wasSet(qEnvironmentVariableIsSet("TMPDIR")) {
-        qputenv("TMPDIR", place);
-    }
-    ~TemporaryPlace() {
-        if (wasSet)
-            qputenv("TMPDIR", before);
-        else
-            qunsetenv("TMPDIR");
-    }
-
-private:
-    QByteArray before;
-    bool wasSet;
-};
 
 void makeFile(const QString& path) {
     QFile file(path);
@@ -72,7 +54,7 @@ TEST(TemporaryDir, GoesWithItsContent) {
 
 TEST(TemporaryDir, StandsInTheUsualPlaceWhereTheNamedOneIsMissing) {
     const TemporaryDir around;
-    const TemporaryPlace elsewhere((around.path() + QStringLiteral("/missing")).toUtf8());
+    const TemporaryPlace elsewhere(around.path() + QStringLiteral("/missing"));
     const TemporaryDir directory;
     EXPECT_EQ(QFileInfo(directory.path()).dir().path(), QStringLiteral("/tmp"));
 }
@@ -81,7 +63,7 @@ TEST(TemporaryDir, ThrowsWithPathAndReasonWhereItCannotBeMade) {
     const TemporaryDir around;
     const QString place = around.path() + QStringLiteral("/file");
     makeFile(place);
-    const TemporaryPlace elsewhere(place.toUtf8());
+    const TemporaryPlace elsewhere(place);
     try {
         const TemporaryDir directory;
         FAIL() << "made in what is no directory";
