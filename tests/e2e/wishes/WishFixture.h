@@ -34,8 +34,8 @@ protected:
                               "2",
                               *media / "short.mkv"});
         TestMedia::runFfmpeg({"-f", "lavfi", "-i", "anoisesrc=r=48000:a=0.5:seed=7", "-f", "lavfi", "-i",
-                              "anoisesrc=r=48000:a=0.5:seed=8", "-filter_complex", "[0][1]amerge", "-t", "4",
-                              "-c:a", "pcm_s16le", *media / "noise.wav"});
+                              "anoisesrc=r=48000:a=0.5:seed=8", "-filter_complex", "[0][1]amerge", "-t", "4", "-c:a",
+                              "pcm_s16le", *media / "noise.wav"});
     }
     static void TearDownTestSuite() { delete media; }
 

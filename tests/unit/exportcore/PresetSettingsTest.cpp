@@ -162,8 +162,7 @@ TEST(PresetSettings, ASizeBeyondThePresetIsRefused) {
 }
 
 TEST(PresetSettings, WhatTheCodecDoesNotTakeIsRefusedWithWhatItTakes) {
-    EXPECT_THAT(misfit("webm-vp9-720p", {"sample-rate=44100"}),
-                HasSubstr("opus does not take 44100, only 48000"));
+    EXPECT_THAT(misfit("webm-vp9-720p", {"sample-rate=44100"}), HasSubstr("opus does not take 44100, only 48000"));
     EXPECT_THAT(misfit("mp3", {"channels=5.1"}), HasSubstr("mp3 does not take 5.1, only mono and stereo"));
     EXPECT_THAT(misfit("mp4-mpeg4-720p", {"frame-rate=119881/1000"}), HasSubstr("mpeg4 does not take 119881/1000"));
     EXPECT_THAT(misfit("mp4-h264-720p", {"quality=52"}), HasSubstr("h264 takes 1 to 51"));

@@ -48,7 +48,7 @@ private:
     const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> target;
 
     bool formatOrdered = false; ///< the pixel format is what the user ordered: only lost transparency is noted
-    bool offersFields = false; ///< the first picture is interlaced, and could stay so
+    bool offersFields = false;  ///< the first picture is interlaced, and could stay so
 
     StreamSlot<Kestra::Proc::IStreamVideo> clip;
     const Section* section = nullptr; ///< of the open clip

@@ -33,8 +33,8 @@ class PresetProvider;
 /// It offers two export streams to the model and starts by itself once the model has built and released them. What is
 /// thrown on the way there leaves through the event loop, and so does what the making of encoders and muxer throws, for
 /// every pass: those of a second pass are made between started() and stopped(), and after such an exception neither
-/// failed() nor stopped() comes. Every other failure of a run is failed() followed at once by stopped(), and a clean end
-/// or a stop is stopped() alone.
+/// failed() nor stopped() comes. Every other failure of a run is failed() followed at once by stopped(), and a clean
+/// end or a stop is stopped() alone.
 class EDITOREXPORT_EXPORT Transcoder : public QObject,
                                        protected Stream::View<Media::Video, Kestra::Proc::IStreamVideo>,
                                        protected Stream::View<Media::Audio, Kestra::Proc::IStreamAudio>,

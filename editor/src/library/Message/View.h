@@ -77,8 +77,8 @@ protected:
     virtual void changeRequested(T* object, T* proposed);
     virtual void removeRequested(T* object);
 
-    /// For derived views that call several hooks in turn about an object that exists: tells whether both the view and the
-    /// object outlived the last one.
+    /// For derived views that call several hooks in turn about an object that exists: tells whether both the view and
+    /// the object outlived the last one.
     Details::Watch watch(const T* object) { return Details::Watch(lifeline, object); }
 
 private:

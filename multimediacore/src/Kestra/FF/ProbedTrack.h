@@ -21,7 +21,7 @@ struct ProbedTrack {
     bool untimed = false;        ///< some packets have no presentation time
     bool guessed = false;        ///< that packet does not say how long it lasts
     std::int64_t packets = 0;
-    int frameSize = 0; ///< samples of a whole block
+    int frameSize = 0;  ///< samples of a whole block
     PictureTimes times; ///< of the packets that were read; only of pictures
 
     /// Moves the packet that has waited longest; false when none does.

@@ -86,7 +86,8 @@ public:
     virtual std::vector<DamageReport> TakeDamageReports() = 0;
     /// What opening it and its streams have noted so far, each phrase once in the source's life; takes them.
     virtual std::vector<SourceNote> TakeNotes() = 0;
-    /// Whether some thread is inside a call that reads the file. Where nobody reads any more, it is a thread that hangs.
+    /// Whether some thread is inside a call that reads the file. Where nobody reads any more, it is a thread that
+    /// hangs.
     virtual bool IsBeingRead() const = 0;
     /// Adds a phrase, as SourceNote::what, that one of its consumers has to say; one that has been noted is dropped.
     virtual void Note(const std::string& what) = 0;

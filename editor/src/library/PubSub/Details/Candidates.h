@@ -22,8 +22,8 @@ struct Traffic {
 };
 
 /// Fixed when made: a subscriber that comes later is not in it. One that is destroyed, taken off the bus or
-/// unsubscribed before its turn is passed over, and so is everyone once the object is destroyed. Lives on the stack of the delivery; deliveries nest, so the last one
-/// made dies first.
+/// unsubscribed before its turn is passed over, and so is everyone once the object is destroyed. Lives on the stack of
+/// the delivery; deliveries nest, so the last one made dies first.
 class EDITORMODEL_EXPORT Candidates {
 public:
     Candidates(const Candidates&) = delete;
