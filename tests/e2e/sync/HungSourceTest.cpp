@@ -96,6 +96,7 @@ public:
     }
     std::vector<Proc::DamageReport> TakeDamageReports() override { return media->TakeDamageReports(); }
     std::vector<Proc::SourceNote> TakeNotes() override { return media->TakeNotes(); }
+    void Note(const std::string& what) override { media->Note(what); }
     bool IsBeingRead() const override { return calls->under > 0; }
 
 private:

@@ -1,5 +1,7 @@
 #include "EditorProject/FastTrackShare.h"
 
+#include <set>
+
 namespace Project {
 
 void FastTrackShare::Owner::own() {
@@ -26,8 +28,11 @@ void FastTrackShare::fastTrackAdded(const FastTrack::Object* object) {
 }
 
 void FastTrackShare::fastTrackRemoved(const FastTrack::Object* object) {
-    // The one that goes is still in the table.
-    if (!owner.isOwn(object) && fastTracks().size() == 1)
+    // Asked for and not looked up in the table: of others that hear the same, this one may not have heard yet. The one
+    // that goes is its owner's until everybody has been told.
+    std::set<const FastTrack::Object*> others = enumerateAll();
+    others.erase(object);
+    if (!owner.isOwn(object) && others.empty())
         owner.own();
 }
 
