@@ -105,9 +105,14 @@ TEST_F(Jitter, LeavesOnsetsWhereTheyAre) {
             ++from;
         return static_cast<double>(from) / RATE;
     };
+    // What is packed anew without jitter has the same distance between picture and sound, which the container's clock
+    // and the codec's lead decide.
+    const auto steady = readSamples(*open(stamped("a.mkv", "TS"))->CreateAudioStream());
     const auto read = readSamples(*open(stamped("a.mkv", "TS+(random(0)*2-1)*0.015/TB"))->CreateAudioStream());
-    for (int second = 1; second < 10; ++second)
-        EXPECT_NEAR(onset(read, static_cast<std::size_t>(second * RATE - RATE / 2)), second, 0.001);
+    for (int second = 1; second < 10; ++second) {
+        const auto from = static_cast<std::size_t>(second * RATE - RATE / 2);
+        EXPECT_NEAR(onset(read, from), onset(steady, from), 0.001);
+    }
 }
 
 TEST_F(Jitter, AfterASeekIsAsWithoutOneToTheMillisecond) {

@@ -111,7 +111,8 @@ int FitSide(std::uint32_t side, int chromaShift) {
 void RequireSize(const IFormatCodecVideo& description, const Conf::FrameInfo& frame) {
     const Conf::CodecID codec = description.GetCodecID();
     const auto smallest = static_cast<std::uint32_t>(ClientAPI::CodecLimits::SmallestSide(codec));
-    if (std::min(frame.width, frame.height) < smallest)
+    // A single column or line becomes two wherever sides have to be even.
+    if (smallest > 2 && std::min(frame.width, frame.height) < smallest)
         Fail(TranscodingError::CodecRefused,
              std::string("Pictures of ") + std::to_string(frame.width) + "x" + std::to_string(frame.height) +
                  " are too small for " + Conf::CodecIDToString(codec) + ", which takes " + std::to_string(smallest) +
