@@ -1,6 +1,7 @@
 #include "Kestra/FF/Demuxer.h"
 
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/LogWatch.h"
 #include "Kestra/FF/PngTexts.h"
 #include "Kestra/FF/StreamClaims.h"
 #include <algorithm>
@@ -17,6 +18,11 @@ namespace {
 // Whether reading may begin at any packet: transport streams are made for it.
 bool StartsAnywhere(const char* name) {
     return std::strcmp(name, "mpegts") == 0;
+}
+
+// Matroska's reader only mentions that it met nonsense and searched for what it can read again.
+bool TellsOfNonsense(const LogWatch& log) {
+    return !log.Find({"Element at 0x", "Invalid length 0x", "Length ", "Invalid EBML", "0x"}).empty();
 }
 
 } // namespace
@@ -96,7 +102,9 @@ bool Demuxer::Read(AVPacket& packet) {
         av_packet_unref(&packet);
         // Between the packets of one track of many, any number of the others' may stand.
         file.Allow(context->nb_streams == 1 ? LongestSearch() : INT64_MAX / 2);
+        const LogWatch log;
         const int result = av_read_frame(context.get(), &packet);
+        afterNonsense = afterNonsense || TellsOfNonsense(log);
         if (result == AVERROR(EAGAIN))
             continue;
         if (result < 0 && file.IsUsedUp())
@@ -115,6 +123,7 @@ bool Demuxer::Read(AVPacket& packet) {
         if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end()) {
             DropPngTexts(GetStream(packet.stream_index).codecpar->codec_id, packet);
             ShiftTimes(packet);
+            packet.flags |= std::exchange(afterNonsense, false) ? AV_PKT_FLAG_CORRUPT : 0;
             return true;
         }
     }

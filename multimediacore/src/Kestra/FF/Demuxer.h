@@ -37,8 +37,9 @@ public:
     void Select(const std::vector<int>& streams);
     /// Packets and seeks are on the joined clock from the next read on; null for the file's own.
     void SetClock(std::shared_ptr<const ClockMap> map) { clock = std::move(map); }
-    /// The next packet of a selected stream; false at the end of the file, and once interrupted. Throws when the file
-    /// cannot be read; a file that merely is malformed ends, and GetTrouble says why.
+    /// The next packet of a selected stream, flagged as corrupt behind bytes that make no sense; false at the end of
+    /// the file, and once interrupted. Throws when the file cannot be read; a file that merely is malformed ends, and
+    /// GetTrouble says why.
     bool Read(AVPacket& packet);
     /// Moves to a keyframe at or before `timestamp` of the stream, as far as the file's index can be trusted.
     bool Seek(int stream, std::int64_t timestamp);
@@ -69,6 +70,7 @@ private:
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one
     std::string trouble;
+    bool afterNonsense = false; ///< what comes next stands behind bytes that could not be read
 };
 
 } // namespace Kestra::FF
