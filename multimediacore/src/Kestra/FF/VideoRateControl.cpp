@@ -15,6 +15,8 @@ namespace {
 
 constexpr int MOST_THREADS = 64;
 constexpr int MOST_TILE_THREADS = 16;
+/// VP8 by quality keeps to a bitrate all the same: one that no picture reaches.
+constexpr std::int64_t VP8_BOUND = 300'000'000;
 
 int Processors() {
     return std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
@@ -43,6 +45,8 @@ void SetQuality(AVCodecContext& context, double quality) {
     if (HasPrivateOption(context, "crf")) {
         if (av_opt_set_double(context.priv_data, "crf", quality, 0) < 0)
             Refuse(context, "the quality " + Shown(quality));
+        if (context.codec_id == AV_CODEC_ID_VP8)
+            context.bit_rate = VP8_BOUND;
         return;
     }
     if (!(quality >= 0 && quality <= 1024))
