@@ -107,7 +107,6 @@ void ExportJob::selectPreset() {
         outcome.warnings << QString::fromStdString(warning);
     PresetSelection::select(*provider, request.presetId);
     presetEdit = RequestCheck::presetEdit(request, *provider);
-    RequestCheck::outputName(request, provider->preset());
 }
 
 void ExportJob::showTimeline() {
@@ -128,6 +127,7 @@ void ExportJob::beginOutput() {
         return;
     // The inputs may have taken long to open: what stands at the output now is what counts.
     const OutputTarget target = RequestCheck::output(request);
+    RequestCheck::outputName(request, provider->preset());
     LeftoverSweep::run(target.folder);
     transaction =
         std::make_shared<OutputTransaction>(target, QByteArray::fromStdString(provider->preset().containerId()));

@@ -2,6 +2,7 @@
 #include "../sync/Exported.h"
 #include "Raw.h"
 #include "support/FlashBeep.h"
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -57,10 +58,9 @@ constexpr Kept ALL[] = {
     {"gbrp16le", "ffv1", "mkv"},     {"gbrap10le", "ffv1", "mkv"},    {"gbrap16le", "ffv1", "mkv"},
     {"bgr0", "ffv1", "mkv"},         {"bgra", "ffv1", "mkv"},         {"rgb24", "png", "mov"},
     {"rgba", "png", "mov"},          {"rgb48be", "png", "mov"},       {"rgba64be", "png", "mov"},
-    {"gray16be", "png", "mov"},      {"ya16be", "png", "mov"},        {"gbrp", "utvideo", "avi"},
-    {"gbrap", "utvideo", "avi"},     {"argb", "qtrle", "mov"},        {"uyvy422", "rawvideo", "mov"},
-    {"yuyv422", "rawvideo", "avi"},  {"nv12", "rawvideo", "avi"},     {"yuvj420p", "mjpeg", "mov"},
-    {"yuvj422p", "mjpeg", "mov"},    {"yuvj444p", "mjpeg", "mov"},
+    {"gray16be", "png", "mov"},      {"gbrp", "utvideo", "avi"},      {"argb", "qtrle", "mov"},
+    {"uyvy422", "rawvideo", "mov"},  {"yuyv422", "rawvideo", "avi"},  {"nv12", "rawvideo", "avi"},
+    {"yuvj420p", "mjpeg", "mov"},    {"yuvj422p", "mjpeg", "mov"},    {"yuvj444p", "mjpeg", "mov"},
 };
 
 INSTANTIATE_TEST_SUITE_P(All, KeptPictures, ::testing::ValuesIn(ALL),
@@ -73,6 +73,7 @@ TEST(KeptPictures, OfFullRangeStayInTheFullRange) {
     for (const char* const format : {"yuv420p", "gray", "gray10le"}) {
         TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=rate=25:size=64x48,scale=out_range=full", "-frames:v", "3",
                               "-c:v", "ffv1", "-pix_fmt", format, "-color_range", "pc", source});
+        std::filesystem::remove(archive);
         const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", archive));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_EQ(TestKept::told(archive, "v", "color_range"), QLatin1String("pc")) << format;

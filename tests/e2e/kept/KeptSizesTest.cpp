@@ -2,6 +2,7 @@
 #include "../sync/Exported.h"
 #include "Raw.h"
 #include "support/FlashBeep.h"
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,6 +44,7 @@ TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
 TEST(KeptSize, OddSidesStayInTheLosslessArchive) {
     const TestMedia::Folder media;
     for (const char* const format : {"yuv420p", "yuv422p10le", "yuv444p", "gray"}) {
+        std::filesystem::remove(std::string(media / "archive.mkv"));
         make(media / "odd.mkv", "162x122", "crop=161:121:0:0:exact=1", format);
         const auto outcome =
             TestExport::run(TestExport::requestOf(media / "odd.mkv", "mkv-ffv1-flac", media / "archive.mkv"));

@@ -132,8 +132,8 @@ TEST(KeptSound, MoreChannelsThanFlacHoldsAreRefusedByName) {
 TEST(KeptSound, SixteenChannelsGoIntoWavWhichSaysThatItCannotPlaceThem) {
     const TestMedia::Folder media;
     const std::string file = media / "out.wav";
-    make(media / "source.mka", tones("hexadecagonal", 16, "s16"), "aac");
-    const auto outcome = TestExport::run(TestExport::requestOf(media / "source.mka", "wav", file));
+    make(media / "source.mov", tones("hexadecagonal", 16, "s16"), "pcm_s16le");
+    const auto outcome = TestExport::run(TestExport::requestOf(media / "source.mov", "wav", file));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(TestKept::told(file, "a", "channels"), QLatin1String("16"));
     ASSERT_EQ(outcome.notes.size(), 1);

@@ -348,7 +348,8 @@ void AudioDecodeStream::StartOver() {
 
 bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
     const std::int64_t landing = sample - preroll;
-    if (landing <= TimeToSamples(track.start, track.sampleRate)) {
+    // Where timestamps jitter, only reading through tells which sample is which.
+    if (landing <= TimeToSamples(track.start, track.sampleRate) || source->GetDetails().audioJitter > 0) {
         StartOver();
         return true;
     }
