@@ -1,6 +1,7 @@
 // What the runner remembers from call to call.
 #include "component/runner/RunnerFixture.h"
 #include <QElapsedTimer>
+#include <atomic>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -91,16 +92,20 @@ TEST_F(Runner, CountsTheMakingOfItsFirstPassAsTimeOfTheRun) {
 
 TEST_F(Runner, TakesTheEnginesEventsUntilTheProcessorIsGone) {
     const auto held = std::make_shared<int>();
+    const auto underWay = std::make_shared<std::atomic<bool>>(false);
     runner->start();
     // Goes on only when the runner's destruction has come to the processor, which waits for it.
-    processor().Emit(
-        [log = processor().GetLog(), error = std::make_exception_ptr(held)](Kestra::Proc::IProcessingEvents& events) {
-            while (!log->Contains("~FakeProcessor"))
-                std::this_thread::yield();
-            events.onStarted();
-            events.onError(error);
-            events.onFinished();
-        });
+    processor().Emit([log = processor().GetLog(), error = std::make_exception_ptr(held),
+                      underWay](Kestra::Proc::IProcessingEvents& events) {
+        *underWay = true;
+        while (!log->Contains("~FakeProcessor"))
+            std::this_thread::yield();
+        events.onStarted();
+        events.onError(error);
+        events.onFinished();
+    });
+    while (!*underWay)
+        std::this_thread::yield();
     runner.reset();
     TestSupport::turnEventLoop();
     EXPECT_EQ(emissions, Signals());
