@@ -74,10 +74,12 @@ TEST_P(SoundWish, OfABitrateIsRefusedOrMet) {
         exported("noise.wav");
         const double got = static_cast<double>(size) * 8 / 4;
         if (GetParam().isConstant) {
-            EXPECT_NEAR(got, bitrate, 0.03 * bitrate) << bitrate;
+            // The container takes some of it for every packet.
+            EXPECT_NEAR(got, bitrate, 0.03 * bitrate + 3000) << bitrate;
         } else {
-            // An average: white noise does not fill the highest ones, and four seconds do not settle the lowest.
-            EXPECT_LT(got, 1.3 * bitrate) << bitrate;
+            // What suits usual material: white noise takes up to half as much again of Vorbis, does not fill the
+            // highest ones of AAC, and four seconds do not settle the lowest.
+            EXPECT_LT(got, 1.6 * bitrate) << bitrate;
             EXPECT_GT(got, 0.98 * last) << bitrate << ": more is more";
         }
         last = got;
