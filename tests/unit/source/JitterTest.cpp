@@ -10,7 +10,6 @@ namespace {
 constexpr int RATE = 48000;
 constexpr double PI = 3.14159265358979;
 constexpr double TONE = 1000;
-constexpr double LOUDNESS = 0.4;
 
 std::string tone(int rate, double seconds) {
     return "aevalsrc='0.4*sin(2*PI*1000*t)':s=" + std::to_string(rate) + ":d=" + std::to_string(seconds);
