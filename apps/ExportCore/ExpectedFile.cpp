@@ -1,6 +1,7 @@
 #include "ExportCore/ExpectedFile.h"
 
 #include "ExportCore/TimeText.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -18,9 +19,10 @@ constexpr std::int64_t ROUNDING = 2 * Kestra::TICKS_PER_MILLISECOND;
 constexpr std::int64_t LONGEST_PACKET = 4608;
 constexpr int UNSPECIFIED = 2;
 
-[[noreturn]] void fail(const std::string& what) {
-    KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::OutputFailed,
-                                             "The finished file was checked and found wrong: " + what));
+[[noreturn]] void fail(const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::OutputFailed,
+                                                  "The finished file was checked and found wrong: " + what),
+                      place);
 }
 
 const CheckedStream* find(const CheckedFile& file, CheckedStream::Kind kind) {

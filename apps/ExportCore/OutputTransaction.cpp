@@ -1,6 +1,7 @@
 #include "ExportCore/OutputTransaction.h"
 
 #include "ExportCore/PrivateName.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Proc/ProcException.h"
 #include <cerrno>
 #include <cstdio>
@@ -30,8 +31,8 @@ TranscodingError codeOf(int error) {
     }
 }
 
-[[noreturn]] void fail(int error, const std::string& what) {
-    KESTRA_THROW(Kestra::Proc::ProcException(codeOf(error), what + ": " + std::strerror(error)));
+[[noreturn]] void fail(int error, const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Kestra::Proc::ProcException(codeOf(error), what + ": " + std::strerror(error)), place);
 }
 
 std::string quoted(const QByteArray& path) {

@@ -1,5 +1,6 @@
 #include "EditorProject/ExportWindow.h"
 
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -8,18 +9,21 @@
 namespace Project {
 namespace {
 
-[[noreturn]] void refuse(const Types::Range& range, const char* reason) {
-    KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
-                                             "The range from " + std::to_string(range.start.count()) + " to " +
-                                                 std::to_string(range.end.count()) + " ms " + reason));
+[[noreturn]] void refuse(const Types::Range& range, const char* reason,
+                         Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
+                                                  "The range from " + std::to_string(range.start.count()) + " to " +
+                                                      std::to_string(range.end.count()) + " ms " + reason),
+                      place);
 }
 
-[[noreturn]] void refuseLength(std::int64_t duration) {
+[[noreturn]] void refuseLength(std::int64_t duration, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
     const auto milliseconds = Types::fromAvTime(duration).count();
     const std::string length = milliseconds > 0 ? std::to_string(milliseconds) + " ms" : "less than a millisecond";
-    KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
-                                             "What is to be exported lasts " + length +
-                                                 ", which is shorter than one frame of picture"));
+    Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
+                                                  "What is to be exported lasts " + length +
+                                                      ", which is shorter than one frame of picture"),
+                      place);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "Kestra/Core/Property.h"
-#include "Kestra/Base/Exception.h"
+#include "Kestra/Base/SourcePlace.h"
 #include <algorithm>
 #include <cmath>
 #include <iomanip>
@@ -103,17 +103,18 @@ const char* KindOf(const Property::Value& value) {
     return NAMES[value.index()];
 }
 
-[[noreturn]] void ThrowKind(const Property& node, const char* wanted) {
+[[noreturn]] void ThrowKind(const Property& node, const char* wanted, SourcePlace place = SourcePlace::Here()) {
     std::string message = "Property \"" + node.GetName() + "\" holds " + KindOf(node.GetValue());
     if (node.HasValue())
         message += " (" + ValueToString(node.GetValue()) + ")";
-    KESTRA_THROW(Exception(message + " where " + wanted + " is needed"));
+    ThrowFrom(Exception(message + " where " + wanted + " is needed"), place);
 }
 
 template <class T>
-T ValueOrThrow(const std::optional<T>& converted, const Property& node, const char* wanted) {
+T ValueOrThrow(const std::optional<T>& converted, const Property& node, const char* wanted,
+               SourcePlace place = SourcePlace::Here()) {
     if (!converted)
-        ThrowKind(node, wanted);
+        ThrowKind(node, wanted, place);
     return *converted;
 }
 

@@ -48,12 +48,14 @@ std::uint32_t LayoutInPcm(std::uint32_t wanted) {
                                                             : Conf::DiscreteLayout(Conf::CountChannels(wanted));
 }
 
-[[noreturn]] void RefuseLayout(const AVCodec& codec, std::uint32_t wanted, const std::string& reason) {
+[[noreturn]] void RefuseLayout(const AVCodec& codec, std::uint32_t wanted, const std::string& reason,
+                               SourcePlace place = SourcePlace::Here()) {
     const bool named = !Conf::IsDiscreteLayout(wanted);
     Fail(TranscodingError::CodecRefused,
          std::string(codec.name) + " cannot encode sound of " + std::to_string(Conf::CountChannels(wanted)) +
              " channels" + (named ? std::string(" (") + Conf::LayoutRecord::Find(wanted)->name + ")" : "") + ": " +
-             reason + ". PCM in WAV holds any number of channels (preset \"wav\")");
+             reason + ". PCM in WAV holds any number of channels (preset \"wav\")",
+         place);
 }
 
 /// The usual speakers of so many channels: other codecs cannot leave open where a channel is heard.
@@ -122,8 +124,9 @@ int BitsKept(const AVCodec& codec, AVSampleFormat format) {
     return IsPcm(codec.id) ? av_get_exact_bits_per_sample(codec.id) : std::min(room, DEEPEST_OF_FLAC);
 }
 
-[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what) {
-    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what);
+[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what,
+                         SourcePlace place = SourcePlace::Here()) {
+    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
 }
 
 void SetQuality(AVCodecContext& context, double quality) {

@@ -31,8 +31,8 @@ public:
     void Reset() override { packetSource->Reset(); }
 
 private:
-    [[noreturn]] void Refuse(const char* what) const {
-        Fail(Proc::TranscodingError::NotSupported, Describe() + " cannot " + what);
+    [[noreturn]] void Refuse(const char* what, SourcePlace place = SourcePlace::Here()) const {
+        Fail(Proc::TranscodingError::NotSupported, Describe() + " cannot " + what, place);
     }
 };
 
@@ -45,10 +45,10 @@ namespace Kestra::Proc {
 boost::intrusive_ptr<IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,
                                                       std::int64_t start, std::int64_t end) {
     if (!stream || !stream->GetPacketSource())
-        throw std::invalid_argument("a segment needs a stream of packets; it was given none");
+        KESTRA_THROW(std::invalid_argument("a segment needs a stream of packets; it was given none"));
     if (start < 0 || end <= start)
-        throw std::invalid_argument("a segment from " + std::to_string(start) + " to " + std::to_string(end) +
-                                    " (engine time) of a stream is empty or begins before it");
+        KESTRA_THROW(std::invalid_argument("a segment from " + std::to_string(start) + " to " + std::to_string(end) +
+                                           " (engine time) of a stream is empty or begins before it"));
     return new FF::SegmentStream(new FF::PacketSegment(stream->GetPacketSource(), start, end));
 }
 

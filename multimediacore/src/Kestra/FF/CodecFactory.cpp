@@ -1,5 +1,6 @@
 #include "Kestra/FF/CodecFactory.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/AudioEncoderCore.h"
 #include "Kestra/FF/Encoder.h"
 #include "Kestra/FF/VideoEncoderCore.h"
@@ -11,7 +12,7 @@ boost::intrusive_ptr<Proc::IEncoder>
 CodecFactory::CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
                                  const Core::Property& properties) {
     if (!stream)
-        throw std::invalid_argument("a video encoder needs a stream; it was given none");
+        KESTRA_THROW(std::invalid_argument("a video encoder needs a stream; it was given none"));
     return new Encoder(new VideoEncoderCore(stream, properties));
 }
 
@@ -19,7 +20,7 @@ boost::intrusive_ptr<Proc::IEncoder>
 CodecFactory::CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
                                  const Core::Property& properties) {
     if (!stream)
-        throw std::invalid_argument("an audio encoder needs a stream; it was given none");
+        KESTRA_THROW(std::invalid_argument("an audio encoder needs a stream; it was given none"));
     return new Encoder(new AudioEncoderCore(stream, properties));
 }
 

@@ -1,5 +1,6 @@
 #include "Kestra/FF/DataAudioFF.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Convert.h"
 #include <stdexcept>
 #include <utility>
@@ -19,7 +20,7 @@ std::size_t DataAudioFF::GetByteSize() const {
 
 boost::intrusive_ptr<Proc::IDataAudio> DataAudioFF::Slice(std::int64_t offset, std::int64_t count) const {
     if (offset < 0 || count < 0 || offset + count > frame->nb_samples)
-        throw std::invalid_argument("a slice beyond its block of samples");
+        KESTRA_THROW(std::invalid_argument("a slice beyond its block of samples"));
     FrameHandle part = MakeFrameReference(*frame);
     const auto format = static_cast<AVSampleFormat>(part->format);
     const bool planar = av_sample_fmt_is_planar(format) != 0;
@@ -38,7 +39,7 @@ boost::intrusive_ptr<Proc::IDataAudio> DataAudioFF::Slice(std::int64_t offset, s
 const AVFrame& FrameOf(const Proc::IDataAudio& data) {
     const auto* own = dynamic_cast<const DataAudioFF*>(&data);
     if (!own)
-        throw std::invalid_argument("a block of samples that this engine did not make");
+        KESTRA_THROW(std::invalid_argument("a block of samples that this engine did not make"));
     return own->GetFrame();
 }
 

@@ -64,9 +64,9 @@ public:
 private:
     void Flush();
     void WriteAll(const std::uint8_t* bytes, std::size_t count);
-    void RequireOpen() const;
+    void RequireOpen(SourcePlace place = SourcePlace::Here()) const;
     void CloseQuietly() noexcept;
-    [[noreturn]] void Throw(int error, const char* what);
+    [[noreturn]] void Throw(int error, const char* what, SourcePlace place = SourcePlace::Here());
 
     const ioPath path;
     int file = -1;
@@ -76,10 +76,11 @@ private:
     std::exception_ptr failure;
 };
 
-void FileOutput::Throw(int error, const char* what) {
+void FileOutput::Throw(int error, const char* what, SourcePlace place) {
     try {
         FF::Fail(CodeOf(error),
-                 "The output file \"" + path.ToUtf8() + "\" " + what + ": " + std::generic_category().message(error));
+                 "The output file \"" + path.ToUtf8() + "\" " + what + ": " + std::generic_category().message(error),
+                 place);
     } catch (...) {
         if (!failure)
             failure = std::current_exception();
@@ -87,9 +88,9 @@ void FileOutput::Throw(int error, const char* what) {
     }
 }
 
-void FileOutput::RequireOpen() const {
+void FileOutput::RequireOpen(SourcePlace place) const {
     if (file < 0)
-        FF::Fail(TranscodingError::OutputFailed, "The output file \"" + path.ToUtf8() + "\" is not open");
+        FF::Fail(TranscodingError::OutputFailed, "The output file \"" + path.ToUtf8() + "\" is not open", place);
 }
 
 void FileOutput::Open() {

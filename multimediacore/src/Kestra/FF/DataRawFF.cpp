@@ -1,5 +1,6 @@
 #include "Kestra/FF/DataRawFF.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Convert.h"
 #include <stdexcept>
 #include <utility>
@@ -32,7 +33,7 @@ boost::intrusive_ptr<Proc::IDataRaw> DataRawFF::Share() const {
 const AVPacket& PacketOf(const Proc::IDataRaw& data) {
     const auto* own = dynamic_cast<const DataRawFF*>(&data);
     if (!own)
-        throw std::invalid_argument("a packet that this engine did not make");
+        KESTRA_THROW(std::invalid_argument("a packet that this engine did not make"));
     return own->GetPacket();
 }
 

@@ -1,5 +1,6 @@
 #include "Kestra/FF/DataVideoFF.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Convert.h"
 #include <stdexcept>
 #include <utility>
@@ -33,7 +34,7 @@ boost::intrusive_ptr<Proc::IDataVideo> DataVideoFF::Share() const {
 const AVFrame& FrameOf(const Proc::IDataVideo& data) {
     const auto* own = dynamic_cast<const DataVideoFF*>(&data);
     if (!own)
-        throw std::invalid_argument("a picture that this engine did not make");
+        KESTRA_THROW(std::invalid_argument("a picture that this engine did not make"));
     return own->GetFrame();
 }
 

@@ -28,19 +28,23 @@ Opening TryToOpen(const EncoderLoop::Configure& configure, const OptionList& opt
 
 // A codec says no to its settings as a whole. The option without which it opens is the one at fault.
 [[noreturn]] void ThrowCulprit(const EncoderLoop::Configure& configure, const OptionList& options,
-                               const std::string& name, const std::string& advice, const Opening& refusal) {
+                               const std::string& name, const std::string& advice, const Opening& refusal,
+                               SourcePlace place = SourcePlace::Here()) {
     std::string all;
     for (std::size_t index = 0; index < options.Get().size(); ++index) {
         const OptionList::Option& option = options.Get()[index];
         CodecContextHandle context;
         if (TryToOpen(configure, options.Without(index), context).result >= 0)
-            Fail(TranscodingError::CodecRefused, name + " refuses the value \"" + option.value +
-                                                     "\" for its option \"" + option.name + "\": " + refusal.reason);
+            Fail(TranscodingError::CodecRefused,
+                 name + " refuses the value \"" + option.value + "\" for its option \"" + option.name +
+                     "\": " + refusal.reason,
+                 place);
         all += (all.empty() ? "" : ", ") + option.name + " = " + option.value;
     }
     Fail(MapError(refusal.result, TranscodingError::CodecRefused),
          name + " refuses its settings" + (all.empty() ? std::string() : " (" + all + ")") + ": " +
-             (advice.empty() ? refusal.reason : advice));
+             (advice.empty() ? refusal.reason : advice),
+         place);
 }
 
 } // namespace

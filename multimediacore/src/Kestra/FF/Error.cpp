@@ -37,16 +37,16 @@ TranscodingError MapError(int averror, TranscodingError otherwise) noexcept {
     }
 }
 
-void ThrowError(int averror, TranscodingError otherwise, const std::string& what) {
+void ThrowError(int averror, TranscodingError otherwise, const std::string& what, SourcePlace place) {
     if (averror == AVERROR(ENOMEM))
         throw std::bad_alloc();
-    Fail(MapError(averror, otherwise), what + ": " + ErrorText(averror));
+    Fail(MapError(averror, otherwise), what + ": " + ErrorText(averror), place);
 }
 
-void Fail(TranscodingError code, const std::string& sentence) {
+void Fail(TranscodingError code, const std::string& sentence, SourcePlace place) {
     ProcException exception(code, sentence);
     exception << TagCallStack(GetCallStack());
-    KESTRA_THROW(exception);
+    ThrowFrom(exception, place);
 }
 
 } // namespace Kestra::FF

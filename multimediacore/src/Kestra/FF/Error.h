@@ -1,6 +1,7 @@
 // AVERROR codes as engine exceptions, mapped in this one place.
 #pragma once
 
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Proc/ProcException.h"
 #include <string>
 
@@ -14,15 +15,18 @@ std::string ErrorText(int averror);
 Proc::TranscodingError MapError(int averror, Proc::TranscodingError otherwise) noexcept;
 
 /// Throws ProcException "what: reason" with the mapped code; std::bad_alloc for ENOMEM.
-[[noreturn]] void ThrowError(int averror, Proc::TranscodingError otherwise, const std::string& what);
+[[noreturn]] void ThrowError(int averror, Proc::TranscodingError otherwise, const std::string& what,
+                             SourcePlace place = SourcePlace::Here());
 
-/// Throws ProcException with that code and sentence, its place of origin and the call stack attached.
-[[noreturn]] void Fail(Proc::TranscodingError code, const std::string& sentence);
+/// Throws ProcException with that code and sentence, the place and the call stack attached.
+[[noreturn]] void Fail(Proc::TranscodingError code, const std::string& sentence,
+                       SourcePlace place = SourcePlace::Here());
 
 /// Passes a result that is not negative through, throws for the others.
-inline int Check(int result, Proc::TranscodingError otherwise, const char* what) {
+inline int Check(int result, Proc::TranscodingError otherwise, const char* what,
+                 SourcePlace place = SourcePlace::Here()) {
     if (result < 0)
-        ThrowError(result, otherwise, what);
+        ThrowError(result, otherwise, what, place);
     return result;
 }
 

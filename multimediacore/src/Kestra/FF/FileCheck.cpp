@@ -87,8 +87,8 @@ void RequireWhole(const AVPacket& packet, const ioPath& path) {
 }
 
 /// In a finished file nothing comes as a surprise, so trouble of any kind is a fault of the file.
-[[noreturn]] void RethrowAsOutput(const Proc::ProcException& error) {
-    Fail(TranscodingError::OutputFailed, std::string("The finished file cannot be read: ") + error.what());
+[[noreturn]] void RethrowAsOutput(const Proc::ProcException& error, SourcePlace place = SourcePlace::Here()) {
+    Fail(TranscodingError::OutputFailed, std::string("The finished file cannot be read: ") + error.what(), place);
 }
 
 std::vector<CheckedStream> ReadAll(Demuxer& demuxer) {

@@ -55,10 +55,10 @@ FilterGraph::FilterGraph(std::string chain, std::string failure, int threads)
     , failure(std::move(failure))
     , threads(threads) {}
 
-int FilterGraph::Checked(int result) {
+int FilterGraph::Checked(int result, SourcePlace place) {
     if (result < 0 && result != AVERROR(EAGAIN) && result != AVERROR_EOF) {
         graph.reset();
-        ThrowError(result, TranscodingError::FilterFailed, failure);
+        ThrowError(result, TranscodingError::FilterFailed, failure, place);
     }
     return result;
 }

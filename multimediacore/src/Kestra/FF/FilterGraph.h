@@ -1,6 +1,7 @@
 // Kestra::FF::FilterGraph: a chain of libavfilter's filters with one input and one output.
 #pragma once
 
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/FF/Handles.h"
 #include "KestraExport.h"
 #include <deque>
@@ -46,7 +47,7 @@ private:
     void Configure(const Shape& wanted);
     void Link();
     FrameHandle Pull();
-    int Checked(int result);
+    int Checked(int result, SourcePlace place = SourcePlace::Here());
 
     const std::string chain;
     const std::string failure;

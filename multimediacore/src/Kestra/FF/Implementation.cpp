@@ -5,10 +5,11 @@
 
 namespace Kestra::FF {
 
-void RequireImplementation(const char* what, const std::string& implName) {
+void RequireImplementation(const char* what, const std::string& implName, SourcePlace place) {
     if (implName != Proc::ImplNames::DEFAULT)
-        KESTRA_THROW(Proc::FilterException(Proc::TranscodingError::NotSupported,
-                                           "There is no implementation \"" + implName + "\" of the " + what));
+        ThrowFrom(Proc::FilterException(Proc::TranscodingError::NotSupported,
+                                        "There is no implementation \"" + implName + "\" of the " + what),
+                  place);
 }
 
 } // namespace Kestra::FF

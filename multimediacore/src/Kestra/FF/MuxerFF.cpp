@@ -82,17 +82,18 @@ std::string MuxerFF::Name() const {
     return std::string("\"") + container.id + "\"";
 }
 
-void MuxerFF::RequireState(State wanted, const char* operation) const {
+void MuxerFF::RequireState(State wanted, const char* operation, SourcePlace place) const {
     if (state != wanted)
-        Fail(TranscodingError::InvalidArgument, std::string("A muxer was told to ") + operation + " out of order");
+        Fail(TranscodingError::InvalidArgument, std::string("A muxer was told to ") + operation + " out of order",
+             place);
 }
 
-void MuxerFF::Demand(int result, const char* what) const {
+void MuxerFF::Demand(int result, const char* what, SourcePlace place) const {
     io->Rethrow();
     const int error = result < 0 ? result : io->Get()->error;
     if (error < 0)
-        ThrowError(error, TranscodingError::OutputFailed,
-                   std::string(what) + " \"" + output->GetPath().ToUtf8() + "\"");
+        ThrowError(error, TranscodingError::OutputFailed, std::string(what) + " \"" + output->GetPath().ToUtf8() + "\"",
+                   place);
 }
 
 int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {

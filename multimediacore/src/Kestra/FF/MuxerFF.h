@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/FF/CodecParametersFF.h"
 #include "Kestra/FF/Container.h"
@@ -27,14 +28,14 @@ public:
 private:
     enum class State { Adding, Open, Done };
 
-    void RequireState(State wanted, const char* operation) const;
+    void RequireState(State wanted, const char* operation, SourcePlace place = SourcePlace::Here()) const;
     void ApplyOptions();
     void ApplyMovOptions();
     std::int64_t MovieTimescale() const;
     std::int64_t TimeOffset(const AVStream& stream) const;
     PacketHandle MakeOutgoing(const Proc::IDataRaw& packet, const AVStream& stream) const;
     /// Throws the output's own failure first, then the library's.
-    void Demand(int result, const char* what) const;
+    void Demand(int result, const char* what, SourcePlace place = SourcePlace::Here()) const;
     std::string Name() const;
 
     const Container& container;

@@ -9,7 +9,7 @@ namespace Kestra::FF {
 boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
                                                              const boost::intrusive_ptr<Core::IDataOutput>& output) {
     if (!format || !output)
-        throw std::invalid_argument("a muxer needs a description of its container and an output");
+        KESTRA_THROW(std::invalid_argument("a muxer needs a description of its container and an output"));
     const std::string id = format->GetContainerID();
     const Container* container = FindContainer(id);
     if (!container)

@@ -1,5 +1,6 @@
 #include "Kestra/FF/ResamplerFF.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/AudioConversion.h"
 #include <stdexcept>
 
@@ -8,16 +9,16 @@ namespace Kestra::FF {
 boost::intrusive_ptr<Proc::IStreamAudio> MakeResampler(const boost::intrusive_ptr<Proc::IStreamAudio>& source,
                                                        const Conf::SampleInfo& target) {
     if (!source)
-        throw std::invalid_argument("a resampler needs a stream; it was given none");
+        KESTRA_THROW(std::invalid_argument("a resampler needs a stream; it was given none"));
     return new AudioConversion(source, target, std::nullopt, "resampler");
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> MakeDurationTrimmer(const boost::intrusive_ptr<Proc::IStreamAudio>& source,
                                                              std::int64_t duration) {
     if (!source)
-        throw std::invalid_argument("a duration trimmer needs a stream; it was given none");
+        KESTRA_THROW(std::invalid_argument("a duration trimmer needs a stream; it was given none"));
     if (duration < 0)
-        throw std::invalid_argument("a duration trimmer was given a negative duration");
+        KESTRA_THROW(std::invalid_argument("a duration trimmer was given a negative duration"));
     return new AudioConversion(source, Conf::SampleInfo(), duration, "duration trimmer");
 }
 

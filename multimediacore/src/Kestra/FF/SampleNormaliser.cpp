@@ -14,8 +14,8 @@ namespace {
 
 const char* const FAILURE = "Converting sound that changed its format failed";
 
-int Checked(int result) {
-    return Check(result, TranscodingError::FilterFailed, FAILURE);
+int Checked(int result, SourcePlace place = SourcePlace::Here()) {
+    return Check(result, TranscodingError::FilterFailed, FAILURE, place);
 }
 
 bool SameLayout(const AVChannelLayout& a, const AVChannelLayout& b) {

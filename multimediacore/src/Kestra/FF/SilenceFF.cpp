@@ -1,5 +1,6 @@
 #include "Kestra/FF/SilenceFF.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/ResamplerFF.h"
@@ -24,7 +25,7 @@ SilenceFF::SilenceFF(const Conf::IFormatCodecAudio& format, std::int64_t duratio
         samples = AV_SAMPLE_FMT_FLTP;
     const AVChannelLayout layout = ToAvLayout(format.GetChannelLayout());
     if (layout.nb_channels == 0)
-        throw std::invalid_argument("silence was ordered without a channel layout");
+        KESTRA_THROW(std::invalid_argument("silence was ordered without a channel layout"));
     block = MakeSamples(samples, format.GetSampleRate() > 0 ? format.GetSampleRate() : DEFAULT_RATE, layout, BLOCK);
     total = TimeToSamples(duration, block->sample_rate);
 }
@@ -57,9 +58,9 @@ void SilenceFF::Seek(std::int64_t time, Proc::SeekMode) {
 boost::intrusive_ptr<Proc::IStreamAudio> MakeSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format,
                                                      std::int64_t duration) {
     if (!format)
-        throw std::invalid_argument("silence needs a format; it was given none");
+        KESTRA_THROW(std::invalid_argument("silence needs a format; it was given none"));
     if (duration < 0)
-        throw std::invalid_argument("silence was ordered with a negative duration");
+        KESTRA_THROW(std::invalid_argument("silence was ordered with a negative duration"));
     return new SilenceFF(*format, duration);
 }
 

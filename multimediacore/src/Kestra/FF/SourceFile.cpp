@@ -56,8 +56,8 @@ SourceFile::SourceFile(ioPath given, const std::atomic<bool>& interrupted, const
         Refuse(reason);
 }
 
-void SourceFile::Refuse(const std::string& reason) const {
-    Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": " + reason);
+void SourceFile::Refuse(const std::string& reason, SourcePlace place) const {
+    Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": " + reason, place);
 }
 
 InputContextHandle SourceFile::Open() {
@@ -115,15 +115,15 @@ InputContextHandle SourceFile::ReadHeader(const AVInputFormat& format) {
     return context;
 }
 
-void SourceFile::FailOpening(int error, const LogWatch& log) const {
+void SourceFile::FailOpening(int error, const LogWatch& log, SourcePlace place) const {
     if (error == AVERROR_INVALIDDATA || IsUsedUp())
-        Refuse("it is not a media file, or its beginning is damaged");
+        Refuse("it is not a media file, or its beginning is damaged", place);
     if (!log.Find({"Number of streams exceeds"}).empty())
-        Refuse("it claims more than " + std::to_string(limits.tracks) + " tracks, the limit");
+        Refuse("it claims more than " + std::to_string(limits.tracks) + " tracks, the limit", place);
     if (error == AVERROR(ENOMEM))
-        Fail(TranscodingError::OutOfMemory,
-             "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is");
-    ThrowError(error, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
+        Fail(TranscodingError::OutOfMemory, "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is",
+             place);
+    ThrowError(error, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"", place);
 }
 
 void SourceFile::Allow(std::int64_t bytes) {

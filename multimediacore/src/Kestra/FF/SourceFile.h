@@ -1,6 +1,7 @@
 // Kestra::FF::SourceFile: a media file as libav gets it, itself and nothing else.
 #pragma once
 
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/Handles.h"
 #include "Kestra/Proc/MediaLimits.h"
@@ -37,8 +38,8 @@ private:
     void OpenIo();
     const AVInputFormat& FindFormat();
     InputContextHandle ReadHeader(const AVInputFormat& format);
-    [[noreturn]] void FailOpening(int error, const LogWatch& log) const;
-    [[noreturn]] void Refuse(const std::string& reason) const;
+    [[noreturn]] void FailOpening(int error, const LogWatch& log, SourcePlace place = SourcePlace::Here()) const;
+    [[noreturn]] void Refuse(const std::string& reason, SourcePlace place = SourcePlace::Here()) const;
     static int OnPoll(void* self);
     static int OnOpen(AVFormatContext* context, AVIOContext** io, const char* url, int flags, AVDictionary** options);
 

@@ -28,10 +28,10 @@ bool StatisticsFile::Exists(const std::string& path) {
     return stat(path.c_str(), &status) == 0;
 }
 
-void StatisticsFile::Throw(const char* what) const {
+void StatisticsFile::Throw(const char* what, SourcePlace place) const {
     ThrowError(AVERROR(errno),
                mode == Mode::Read ? TranscodingError::SourceUnreadable : TranscodingError::OutputNotWritable,
-               "The log of the first pass \"" + path + "\" " + what);
+               "The log of the first pass \"" + path + "\" " + what, place);
 }
 
 void StatisticsFile::Write(const std::string& text) {

@@ -1,6 +1,7 @@
 // Kestra::FF::StatisticsFile: a file of the first of two passes.
 #pragma once
 
+#include "Kestra/Base/SourcePlace.h"
 #include <cstddef>
 #include <cstdio>
 #include <functional>
@@ -30,7 +31,7 @@ private:
     struct Closer {
         void operator()(std::FILE* open) const noexcept { std::fclose(open); }
     };
-    [[noreturn]] void Throw(const char* what) const;
+    [[noreturn]] void Throw(const char* what, SourcePlace place = SourcePlace::Here()) const;
 
     const std::string path;
     const Mode mode;

@@ -44,8 +44,8 @@ std::string Line(const Content& content, const char* suffix) {
     return std::to_string(content.size) + ' ' + std::to_string(content.checksum) + " *" + suffix;
 }
 
-[[noreturn]] void FailAsDamaged(const std::string& path) {
-    Fail(TranscodingError::SourceDamaged, "The statistics of the first pass \"" + path + "\" are damaged");
+[[noreturn]] void FailAsDamaged(const std::string& path, SourcePlace place = SourcePlace::Here()) {
+    Fail(TranscodingError::SourceDamaged, "The statistics of the first pass \"" + path + "\" are damaged", place);
 }
 
 void VerifyLine(const std::string& logPath, const std::string& line) {

@@ -22,8 +22,9 @@ int Processors() {
     return std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
 }
 
-[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what) {
-    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what);
+[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what,
+                         SourcePlace place = SourcePlace::Here()) {
+    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
 }
 
 std::string Shown(double value) {
