@@ -17,6 +17,8 @@ struct Packaging {
     const char* extension;
     const char* audioCodec;
     Rate rate;
+    const char* videoCodec = "libx264";
+    int reordered = 0; ///< pictures in a row that are decoded later than shown
 };
 
 std::ostream& operator<<(std::ostream& stream, const Packaging& packaging) {
@@ -33,11 +35,17 @@ const Packaging PACKAGINGS[] = {{"ts", "aac", 25},
                                 {"mkv", "libmp3lame", 50},
                                 {"mkv", "ac3", {24000, 1001}},
                                 {"mkv", "libvorbis", 30},
-                                {"webm", "libvorbis", 25},
                                 {"mp4", "aac", 50},
                                 {"mp4", "libmp3lame", 25},
                                 {"mp4", "ac3", 60},
-                                {"mov", "aac", {30000, 1001}}};
+                                {"mov", "aac", {30000, 1001}},
+                                {"webm", "libvorbis", 25, "libvpx"},
+                                {"avi", "aac", 25},
+                                {"avi", "aac", {24000, 1001}, "mpeg4"},
+                                {"avi", "libmp3lame", 60, "mpeg4"},
+                                {"avi", "libmp3lame", {30000, 1001}, "libx264", 2},
+                                {"avi", "aac", 25, "mpeg4", 2},
+                                {"avi", "pcm_s16le", 25, "mpeg4", 2}};
 
 class Container : public ::testing::TestWithParam<Packaging> {
 protected:
@@ -64,7 +72,11 @@ protected:
         media.frames = frames();
         media.period = period();
         media.audioCodec = GetParam().audioCodec;
-        media.videoCodec = GetParam().extension == std::string("webm") ? "libvpx" : "libx264";
+        media.videoCodec = GetParam().videoCodec;
+        if (GetParam().reordered > 0)
+            media.more = {"-bf", std::to_string(GetParam().reordered)};
+        if (GetParam().videoCodec == std::string("mpeg4"))
+            media.more.insert(media.more.end(), {"-q:v", "3"});
         if (GetParam().extension == std::string("flv"))
             media.sampleRate = 44100;
         return media;
@@ -92,7 +104,8 @@ INSTANTIATE_TEST_SUITE_P(Packagings, Container, ::testing::ValuesIn(PACKAGINGS),
                          [](const ::testing::TestParamInfo<Packaging>& entry) {
                              return std::string(entry.param.extension) + "_" + entry.param.audioCodec + "_" +
                                     std::to_string(entry.param.rate.numerator()) +
-                                    (entry.param.rate.denominator() > 1 ? "_1001" : "");
+                                    (entry.param.rate.denominator() > 1 ? "_1001_" : "_") + entry.param.videoCodec +
+                                    (entry.param.reordered > 0 ? "_reordered" : "");
                          });
 
 struct Generation {

@@ -1,6 +1,7 @@
 // Where a clip begins and ends when its tracks do not begin and end together.
 #include "Kestra/FF/MediaSpan.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/FF/ChunkStart.h"
 #include <gtest/gtest.h>
 
 namespace Kestra::FF {
@@ -59,6 +60,34 @@ TEST(MediaSpan, LeavesSoundThatEndsWithThePictureOrBeforeAsItIs) {
     EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END)), PICTURE_END);
     EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END - 30 * MS)), PICTURE_END - 30 * MS);
     EXPECT_EQ(FindSoundEnd(std::nullopt, sound(0, 5 * MS)), 5 * MS);
+}
+
+AVCodecParameters aac() {
+    AVCodecParameters sound = {};
+    sound.codec_id = AV_CODEC_ID_AAC;
+    sound.sample_rate = 48000;
+    sound.frame_size = 1024;
+    return sound;
+}
+
+constexpr std::int64_t PERIOD = 40 * MS;
+const std::int64_t PRIMING = SamplesToTime(1024, 48000);
+
+TEST(ChunkStart, MovesTheFirstPictureOverEmptyChunksOfLibavAlone) {
+    const ChunkShift shift = AlignChunks({0, 2 * PERIOD, 0, PERIOD, true}, aac());
+    EXPECT_EQ(shift.firstPicture, PERIOD);
+    EXPECT_EQ(shift.sound, PERIOD - PRIMING);
+    // A picture that lasts longer than what is put before the sound, and one that somebody else wrote.
+    for (const ChunkStart& start : {ChunkStart{0, 3 * PERIOD, 0, PERIOD, true}, {0, 2 * PERIOD, 0, PERIOD, false}}) {
+        EXPECT_EQ(AlignChunks(start, aac()).firstPicture, 0);
+        EXPECT_EQ(AlignChunks(start, aac()).sound, 0);
+    }
+}
+
+TEST(ChunkStart, SoundDoesNotWaitForReorderedPictures) {
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, false}, aac()).sound, 2 * PERIOD);
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).sound, 2 * PERIOD - PRIMING);
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).firstPicture, 0);
 }
 
 } // namespace

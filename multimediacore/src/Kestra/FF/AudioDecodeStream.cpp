@@ -131,7 +131,8 @@ bool AudioDecodeStream::SupplyPacket(AVPacket& packet) {
 // In the stream; where decoding is when there is no timestamp.
 std::int64_t AudioDecodeStream::TimeOf(std::int64_t timestamp) const {
     const std::int64_t time = ToEngineTime(timestamp, demuxer->GetStream(track.index).time_base);
-    return time == TIME_UNKNOWN ? SamplesToTime(EndOfBlocks(), track.sampleRate) : time - source->GetDetails().origin;
+    return time == TIME_UNKNOWN ? SamplesToTime(EndOfBlocks(), track.sampleRate)
+                                : time - source->GetDetails().audioOrigin;
 }
 
 void AudioDecodeStream::OnDamage(std::int64_t timestamp, const std::string& reason) {
@@ -156,7 +157,7 @@ std::int64_t AudioDecodeStream::PlaceOf(const AVFrame& frame) {
     if (time == TIME_UNKNOWN)
         return EndOfBlocks() + normaliser->GetDelay();
     const TrackDetails& details = source->GetDetails();
-    const std::int64_t place = TimeToSamples(time - details.origin, track.sampleRate);
+    const std::int64_t place = TimeToSamples(time - details.audioOrigin, track.sampleRate);
     // The very first block may be cut at its start; its place is where the track begins.
     const bool first = !anchored && !settling && blocks.empty();
     const bool offGrid =
@@ -353,7 +354,7 @@ bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
         StartOver();
         return true;
     }
-    const std::int64_t time = SamplesToTime(landing, track.sampleRate) + source->GetDetails().origin;
+    const std::int64_t time = SamplesToTime(landing, track.sampleRate) + source->GetDetails().audioOrigin;
     if (!demuxer->Seek(track.index, FromEngineTime(time, demuxer->GetStream(track.index).time_base)))
         return false;
     decoder->Flush();

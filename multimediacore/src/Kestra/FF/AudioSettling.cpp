@@ -12,6 +12,7 @@ constexpr int LONGEST_VORBIS_OVERLAP = 4096;
 constexpr int USUAL_FRAME = 1024;
 constexpr int AAC_PRIMING = 2112; // of a decoder that counts frames of 1024
 constexpr int MP3_PRIMING = MP3_FRAME + 529;
+constexpr int LAME_PRIMING = 576 + 529;
 constexpr int AC3_PRIMING = 256;
 constexpr int OPUS_PRIMING_MICROSECONDS = 6500;
 constexpr int LONGEST_USUAL_VORBIS_BLOCK = 2048;
@@ -56,6 +57,17 @@ std::int64_t PrimingSamples(const AVCodecParameters& parameters) noexcept {
         return std::int64_t{parameters.sample_rate} * OPUS_PRIMING_MICROSECONDS / 1'000'000;
     default:
         return IsLossless(parameters.codec_id) ? 0 : std::max(parameters.frame_size, 0);
+    }
+}
+
+std::int64_t LibavPrimingSamples(const AVCodecParameters& parameters) noexcept {
+    switch (parameters.codec_id) {
+    case AV_CODEC_ID_AAC:
+        return parameters.frame_size == USUAL_FRAME ? USUAL_FRAME : 0;
+    case AV_CODEC_ID_MP3:
+        return LAME_PRIMING;
+    default:
+        return 0;
     }
 }
 

@@ -125,8 +125,11 @@ void FirstFrames::Keep(PacketHandle packet) {
     for (ProbedTrack* track : {&video, &audio}) {
         if (track->index != packet->stream_index)
             continue;
-        if (track->firstDecodeTime == TIME_UNKNOWN)
-            track->firstDecodeTime = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);
+        for (std::int64_t* time : {&track->firstDecodeTime, &track->secondDecodeTime})
+            if (*time == TIME_UNKNOWN) {
+                *time = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);
+                break;
+            }
         const std::int64_t shown = ToEngineTime(packet->pts, demuxer.GetStream(track->index).time_base);
         if (shown != TIME_UNKNOWN && !(packet->flags & AV_PKT_FLAG_DISCARD))
             track->firstShown = track->firstShown == TIME_UNKNOWN ? shown : std::min(track->firstShown, shown);

@@ -1,6 +1,7 @@
 #include "Kestra/FF/MediaProbe.h"
 
 #include "Kestra/FF/AudioSettling.h"
+#include "Kestra/FF/ChunkStart.h"
 #include "Kestra/FF/ClockScan.h"
 #include "Kestra/FF/ColourConverter.h"
 #include "Kestra/FF/Convert.h"
@@ -171,9 +172,29 @@ std::optional<SoundSpan> MediaProbe::SoundSpanOf() {
 }
 
 void MediaProbe::SettleOrigin() {
+    const std::int64_t soundShift = AlignChunkedTracks();
     details.origin = FindOrigin(PictureSpanOf(), SoundSpanOf());
     SkipUndecodableLead();
+    details.audioOrigin = details.origin - soundShift;
     SettleSoundGrid();
+}
+
+// Answers with what has been added to the times of the sound.
+std::int64_t MediaProbe::AlignChunkedTracks() {
+    if (std::strcmp(demuxer.GetFormatName(), "avi") != 0 || video.index < 0 || audio.index < 0 || rate.rate <= 0 ||
+        video.firstDecodeTime == TIME_UNKNOWN || video.secondDecodeTime == TIME_UNKNOWN)
+        return 0;
+    const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, "software", nullptr, 0);
+    const bool byLibav = writer && std::strncmp(writer->value, "Lavf", 4) == 0;
+    const ChunkStart start{video.firstDecodeTime, video.secondDecodeTime, video.start, FramesToTime(1, rate.rate),
+                           byLibav};
+    const ChunkShift shift = AlignChunks(start, *demuxer.GetStream(audio.index).codecpar);
+    video.start += shift.firstPicture;
+    if (shift.firstPicture > 0)
+        video.firstShown = video.start;
+    for (std::int64_t* time : {&audio.start, &audio.end})
+        *time += shift.sound;
+    return shift.sound;
 }
 
 void MediaProbe::SettleSoundGrid() {

@@ -41,6 +41,7 @@ private:
     void FindEarliestStart();
     void ChooseRate();
     void SettleOrigin();
+    std::int64_t AlignChunkedTracks();
     void SettleSoundGrid();
     std::optional<PictureSpan> PictureSpanOf() const;
     std::optional<SoundSpan> SoundSpanOf();

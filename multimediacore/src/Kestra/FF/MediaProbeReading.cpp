@@ -172,7 +172,7 @@ void MediaProbe::DecodeTail(Track& track) {
         const std::int64_t time = ToEngineTime(block->best_effort_timestamp, stream.time_base);
         if (time == TIME_UNKNOWN || block->sample_rate != rate)
             continue;
-        std::int64_t place = TimeToSamples(time - details.origin, rate);
+        std::int64_t place = TimeToSamples(time - details.audioOrigin, rate);
         // The first block may be cut at its start, and so lie off the grid.
         if (place > begin)
             place = SnapToGrain(place, details.audioPhase, details.audioGrain, tolerance);

@@ -14,6 +14,7 @@ struct ProbedTrack {
     FrameHandle first;
     std::deque<PacketHandle> waiting; ///< read, not yet decoded
     std::int64_t firstDecodeTime = TIME_UNKNOWN;
+    std::int64_t secondDecodeTime = TIME_UNKNOWN;
     std::int64_t firstShown = TIME_UNKNOWN; ///< the earliest that was to be shown, whether it can be decoded or not
     std::int64_t start = TIME_UNKNOWN;
     std::int64_t end = TIME_UNKNOWN;

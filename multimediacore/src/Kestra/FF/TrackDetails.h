@@ -12,6 +12,8 @@ namespace Kestra::FF {
 struct TrackDetails {
     /// Engine time, on the container's own clock, of the instant that is 0 in every stream.
     std::int64_t origin = 0;
+    /// The same for the sound, which is another one where the container does not tell how tracks belong together.
+    std::int64_t audioOrigin = 0;
     /// After it has been turned, the picture is to be flipped upside down.
     bool flipped = false;
     /// False where the picture's colour is a guess.

@@ -266,7 +266,7 @@ std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
         TagFields(*frame, *stream.codecpar, source->GetDetails().fieldsByTrack);
         lastDecoded = time;
         // What begins late is shown from the start.
-        return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time, time};
+        return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time, std::max<std::int64_t>(time, 0)};
     }
     return {};
 }

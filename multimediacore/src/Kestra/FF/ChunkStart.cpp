@@ -1,0 +1,35 @@
+#include "Kestra/FF/ChunkStart.h"
+
+#include "Kestra/Base/Time.h"
+#include "Kestra/FF/AudioSettling.h"
+
+namespace Kestra::FF {
+
+namespace {
+
+std::int64_t RoundedUp(std::int64_t value, std::int64_t unit) {
+    return (value + unit - 1) / unit * unit;
+}
+
+// For sound that has to begin earlier than the picture, libav's writer moves all by whole blocks of it, then pictures
+// by whole chunks.
+std::int64_t PaddingFor(const ChunkStart& start, std::int64_t priming, const AVCodecParameters& sound) {
+    const std::int64_t blocks = RoundedUp(priming, sound.frame_size);
+    return RoundedUp(SamplesToTime(blocks, sound.sample_rate), start.period);
+}
+
+} // namespace
+
+ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound) {
+    ChunkShift shift;
+    const std::int64_t priming = start.byLibav && sound.frame_size > 0 ? LibavPrimingSamples(sound) : 0;
+    const std::int64_t empty = start.second - start.first - start.period;
+    if (priming > 0 && start.shown == start.first && empty == PaddingFor(start, priming, sound))
+        shift.firstPicture = empty;
+    const std::int64_t lead = start.shown + shift.firstPicture - start.first;
+    if (lead > 0)
+        shift.sound = lead - SamplesToTime(priming, sound.sample_rate);
+    return shift;
+}
+
+} // namespace Kestra::FF
