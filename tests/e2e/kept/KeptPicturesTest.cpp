@@ -4,6 +4,7 @@
 #include "support/FlashBeep.h"
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -65,6 +66,82 @@ constexpr Kept ALL[] = {
 
 INSTANTIATE_TEST_SUITE_P(All, KeptPictures, ::testing::ValuesIn(ALL),
                          [](const auto& which) { return std::string(which.param.format); });
+
+/// The samples of one component: where the first stands in a picture's bytes, how far apart, how many bytes each.
+struct Plane {
+    int first;
+    int step;
+    int bytes;
+    bool bigEndian;
+};
+
+std::vector<int> samplesOf(const QByteArray& picture, const Plane& plane) {
+    std::vector<int> samples;
+    for (int index = 0; index < 64 * 48; ++index) {
+        const int at = plane.first + index * plane.step;
+        int sample = static_cast<unsigned char>(picture[at]);
+        if (plane.bytes == 2) {
+            const int other = static_cast<unsigned char>(picture[at + 1]);
+            sample = plane.bigEndian ? sample << 8 | other : other << 8 | sample;
+        }
+        samples.push_back(sample);
+    }
+    return samples;
+}
+
+struct Repacked {
+    const char* format;
+    const char* codec;
+    const char* container;
+    const char* archived;
+    int bytes; ///< of one picture of the source
+    int archivedBytes;
+    std::vector<std::pair<Plane, Plane>> planes; ///< in source and archive
+};
+
+// libswscale is one off where it makes these formats again, so the archive's own bytes are looked at.
+TEST(KeptPictures, KeepSamplesThatTheScalerCannotReadBack) {
+    constexpr int AREA = 64 * 48;
+    const std::vector<Repacked> formats = {
+        {"gbrap",
+         "utvideo",
+         "avi",
+         "bgra",
+         4 * AREA,
+         4 * AREA,
+         {{{0, 1, 1, false}, {1, 4, 1, false}},
+          {{AREA, 1, 1, false}, {0, 4, 1, false}},
+          {{2 * AREA, 1, 1, false}, {2, 4, 1, false}},
+          {{3 * AREA, 1, 1, false}, {3, 4, 1, false}}}},
+        {"ya16be",
+         "png",
+         "mov",
+         "yuva420p16le",
+         4 * AREA,
+         5 * AREA,
+         {{{0, 4, 2, true}, {0, 2, 2, false}}, {{2, 4, 2, true}, {3 * AREA, 2, 2, false}}}}};
+    for (const Repacked& format : formats) {
+        const TestMedia::Folder media;
+        const std::string source = media / (std::string("source.") + format.container);
+        TestMedia::runFfmpeg(
+            {"-f", "lavfi", "-i",
+             std::string("testsrc2=alpha=90:rate=25:size=64x48,noise=alls=20:allf=t,format=") + format.format,
+             "-frames:v", "3", "-c:v", format.codec, "-pix_fmt", format.format, source});
+        const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", media / "archive.mkv"));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+        ASSERT_EQ(TestKept::told(media / "archive.mkv", "v", "pix_fmt").toStdString(), format.archived);
+        const QByteArray before = TestKept::bytes(source, format.format);
+        const QByteArray after = TestKept::bytes(media / "archive.mkv", format.archived);
+        ASSERT_EQ(before.size(), 3 * format.bytes);
+        ASSERT_EQ(after.size(), 3 * format.archivedBytes);
+        for (int picture = 0; picture < 3; ++picture)
+            for (const auto& [own, archived] : format.planes)
+                EXPECT_TRUE(samplesOf(before.mid(picture * format.bytes, format.bytes), own) ==
+                            samplesOf(after.mid(picture * format.archivedBytes, format.archivedBytes), archived))
+                    << format.format << ", picture " << picture << ", byte " << own.first;
+    }
+}
 
 TEST(KeptPictures, OfFullRangeStayInTheFullRange) {
     const TestMedia::Folder media;

@@ -4,6 +4,7 @@
 #include "support/FlashBeep.h"
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -39,6 +40,49 @@ TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
     }
     EXPECT_EQ(TestKept::pictures(media / "wide.mkv", "yuv420p"),
               TestKept::pictures(media / "mkv-ffv1-flac.mkv", "yuv420p"));
+}
+
+struct Camera {
+    const char* name; ///< of the file
+    const char* rate; ///< of fields
+    const char* size;
+    const char* order;
+    const char* shape;
+    std::vector<std::string> coding;
+    const char* format;
+    const char* told;
+};
+
+TEST(KeptSize, InterlacedPixelsThatAreNotSquareAreNeitherScaledNorDeinterlacedInTheArchive) {
+    const std::vector<std::string> dv = {"-c:v", "dvvideo"};
+    const std::vector<std::string> mpeg2 = {"-c:v", "mpeg2video", "-flags", "+ildct+ilme", "-b:v", "6M"};
+    const std::vector<Camera> cameras = {
+        {"narrow.avi", "60000/1001", "720x480", "bottom", "8/9", dv, "yuv411p", "720,480,8:9,bb"},
+        {"wide.dv", "60000/1001", "720x480", "bottom", "32/27", dv, "yuv411p", "720,480,32:27,bb"},
+        {"tall.mov", "50", "720x576", "bottom", "16/15", dv, "yuv420p", "720,576,16:15,bb"},
+        {"broadcast.mpg", "50", "720x576", "top", "64/45", mpeg2, "yuv420p", "720,576,64:45,tt"}};
+    for (const Camera& camera : cameras) {
+        const TestMedia::Folder media;
+        const std::string source = media / camera.name;
+        const std::string order = camera.order;
+        std::vector<std::string> command = {
+            "-f",        "lavfi",
+            "-i",        std::string("testsrc2=rate=") + camera.rate + ":size=" + camera.size,
+            "-vf",       "tinterlace=interleave_" + order + ",setfield=" + order[0] + "ff,setsar=" + camera.shape,
+            "-frames:v", "4"};
+        command.insert(command.end(), camera.coding.begin(), camera.coding.end());
+        command.insert(command.end(), {"-pix_fmt", camera.format, source});
+        TestMedia::runFfmpeg(command);
+        const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", media / "archive.mkv"));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+        EXPECT_EQ(TestKept::told(media / "archive.mkv", "v", "width,height,sample_aspect_ratio,field_order"),
+                  QLatin1String(camera.told))
+            << camera.name;
+        EXPECT_EQ(TestKept::pictures(source, camera.format).size(), 4) << camera.name;
+        EXPECT_EQ(TestKept::pictures(source, camera.format), TestKept::pictures(media / "archive.mkv", camera.format))
+            << camera.name;
+    }
 }
 
 TEST(KeptSize, OddSidesStayInTheLosslessArchive) {

@@ -9,14 +9,18 @@ namespace {
 
 constexpr int DEADLINE = 120'000;
 
-QString output(const char* program, const QStringList& arguments) {
+QByteArray bytesOf(const char* program, const QStringList& arguments) {
     QProcess process;
     process.start(QString::fromUtf8(program), arguments);
     const bool ended = process.waitForFinished(DEADLINE) && process.exitCode() == 0;
     const QString complaint = QString::fromUtf8(process.readAllStandardError());
     if (!ended || !complaint.isEmpty())
         throw std::runtime_error((arguments.join(QLatin1Char(' ')) + QLatin1String(": ") + complaint).toStdString());
-    return QString::fromUtf8(process.readAllStandardOutput());
+    return process.readAllStandardOutput();
+}
+
+QString output(const char* program, const QStringList& arguments) {
+    return QString::fromUtf8(bytesOf(program, arguments));
 }
 
 QString text(const std::string& bytes) {
@@ -44,6 +48,13 @@ QStringList pictures(const std::string& path, const std::string& pixelFormat) {
         if (!line.startsWith(QLatin1Char('#')))
             sums += line.section(QLatin1Char(','), -1).trimmed();
     return sums;
+}
+
+QByteArray bytes(const std::string& path, const std::string& pixelFormat) {
+    return bytesOf("ffmpeg",
+                   base(path) + QStringList{QStringLiteral("-map"), QStringLiteral("0:v:0"), QStringLiteral("-pix_fmt"),
+                                            text(pixelFormat), QStringLiteral("-f"), QStringLiteral("rawvideo"),
+                                            QStringLiteral("-")});
 }
 
 QString sound(const std::string& path, const std::string& codec) {

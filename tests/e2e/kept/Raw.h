@@ -1,6 +1,7 @@
 // What the ffmpeg programs find in a file: the tests' own measure of what was kept.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <string>
@@ -9,6 +10,8 @@ namespace TestKept {
 
 /// The checksum of each picture's bytes in `pixelFormat`. Throws std::runtime_error when the file cannot be decoded.
 QStringList pictures(const std::string& path, const std::string& pixelFormat);
+/// The bytes of all pictures, converted where `pixelFormat` is not the file's own. Throws as pictures().
+QByteArray bytes(const std::string& path, const std::string& pixelFormat);
 /// The checksum of all samples as `codec` ("pcm_s24le"). Throws as pictures().
 QString sound(const std::string& path, const std::string& codec);
 /// What ffprobe tells of the first stream of that kind ("v", "a"), entries joined by commas, in ffprobe's order.
