@@ -172,6 +172,8 @@ TEST_F(Job, APartThatEndsBeforeTheDamageCanBeExported) {
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::SourceDamaged);
+    // What is known when the file is opened is told before anything is made.
+    EXPECT_EQ(startCount, 0);
     expectUntouched();
 
     const std::string words = "--out ", sentence = outcome.error.GetDescription();

@@ -87,6 +87,28 @@ TEST_F(CutOff, WhereNothingTellsTheEndIsTakenAsItIs) {
     }
 }
 
+TEST_F(CutOff, BehindTheFirstOfSeveralFilesInOneIsIncomplete) {
+    for (const Kind& kind : {Kind{"a.flac", {}}, Kind{"a.wav", {}}, Kind{"a.aiff", {}}, Kind{"a.mka", {"-c:a", "flac"}},
+                             Kind{"a.m4a", {"-c:a", "alac"}}, Kind{"a.wmv", {"-c:v", "wmv2", "-c:a", "wmav2"}, true}}) {
+        const std::string part = makeKind(kind);
+        const std::string two = folder / ("two-" + kind.file);
+        std::ofstream(two, std::ios::binary)
+            << std::ifstream(part, std::ios::binary).rdbuf() << std::ifstream(part, std::ios::binary).rdbuf();
+        const auto first = open(part);
+        EXPECT_FALSE(isIncomplete(first->TakeDamageReports())) << kind.file;
+        const auto source = open(two);
+        const auto reports = source->TakeDamageReports();
+        ASSERT_EQ(reports.size(), 1U) << kind.file;
+        EXPECT_TRUE(reports[0].incomplete) << kind.file;
+        EXPECT_NE(reports[0].what.find("another file of its kind"), std::string::npos) << reports[0].what;
+        EXPECT_EQ(reports[0].time, first->GetInfo().duration) << kind.file;
+        EXPECT_EQ(source->GetInfo().duration, first->GetInfo().duration) << kind.file;
+        // Up to there it is what the first one is.
+        EXPECT_EQ(readSamples(*source->CreateAudioStream()), readSamples(*first->CreateAudioStream())) << kind.file;
+        EXPECT_TRUE(source->TakeDamageReports().empty()) << kind.file;
+    }
+}
+
 TEST_F(CutOff, AfterTheMediaIsAWarningOnly) {
     const std::string path = makeKind({"a.mkv", {"-c:a", "flac"}});
     // The index is its last element.

@@ -219,6 +219,22 @@ TEST_F(Change, OfTheChannelsIsMixedWithoutABreak) {
     EXPECT_NE(notes[0].find("changes to 48000 Hz, mono"), std::string::npos) << notes[0];
 }
 
+TEST_F(Change, ToMoreChannelsLimitsThePeaksOfTheirMix) {
+    const std::string stereo = ",pan=stereo|c0=c0|c1=c0";
+    const std::string loud = ",volume=2.25,pan=5.1|FL=c0|FR=c0|FC=c0|BL=c0|BR=c0";
+    const auto source =
+        open(joined("mkv", {"-c:a", "flac"}, {tone(RATE, 2) + stereo, tone(RATE, 2) + loud, tone(RATE, 2) + stereo}));
+    const auto read = readSamples(*source->CreateAudioStream());
+    ASSERT_EQ(read.size(), 6U * RATE);
+    // A tone that is cut at full scale has 0.9 and more; one that is lowered to it, 0.71.
+    double power = 0;
+    for (int index = 5 * RATE / 2; index < 7 * RATE / 2; ++index)
+        power += read[static_cast<std::size_t>(index)] * read[static_cast<std::size_t>(index)] / RATE;
+    EXPECT_NEAR(std::sqrt(power), std::sqrt(0.5), 0.02);
+    for (const double time : {1.0, 3.0, 5.0})
+        EXPECT_NEAR(lateness(read, RATE, time), 0, 2e-5) << time;
+}
+
 TEST_F(Change, InRawSoundLosesNothing) {
     make("a.mp2", {"-f", "lavfi", "-i", tone(RATE, 3), "-c:a", "mp2", "-f", "mp2"});
     make("b.mp2", {"-f", "lavfi", "-i", tone(44100, 3), "-c:a", "mp2", "-f", "mp2"});

@@ -18,12 +18,6 @@ namespace {
 constexpr int BLOCK = 4096;
 constexpr int DEFAULT_RATE = 48000;
 
-// Without its automatic gain, nothing but peaks changes: look-ahead and release in milliseconds.
-std::string LimiterFor(AVSampleFormat format) {
-    return std::string("alimiter=limit=1:level=0:latency=1:attack=5:release=50,aformat=sample_fmts=") +
-           av_get_sample_fmt_name(format);
-}
-
 } // namespace
 
 AudioConversion::AudioConversion(boost::intrusive_ptr<Proc::IStreamAudio> source, const Conf::SampleInfo& target,
@@ -156,7 +150,7 @@ void AudioConversion::StartConverter(const AVFrame& block) {
         // In whole numbers libswresample would lower everything to what the loudest possible mix needs.
         Check(av_opt_set_sample_fmt(context, "internal_sample_fmt", format, 0), TranscodingError::FilterFailed,
               "the mixer's format");
-        limiter.emplace(LimiterFor(output.format), "Limiting the peaks of mixed channels failed");
+        limiter.emplace(MixLimiter(output.format), "Limiting the peaks of mixed channels failed");
     }
     Check(swr_init(context), TranscodingError::FilterFailed, "the resampler does not start");
 }

@@ -73,6 +73,7 @@ void AudioDecodeStream::Prepare() {
     const MediaSource::Reading reading(*source);
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
+    file->SetEnd(source->GetDetails().end);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8(),

@@ -1,55 +1,19 @@
 #include "Kestra/FF/ContainerEnd.h"
 
+#include "Kestra/FF/FileBytes.h"
 #include <algorithm>
-#include <fstream>
 #include <string_view>
-#include <vector>
 
 namespace Kestra::FF {
 
 namespace {
-
-/// The bytes of a file, from its start; zeros beyond its end.
-class Bytes {
-public:
-    explicit Bytes(const std::string& path)
-        : file(path, std::ios::binary) {
-        file.seekg(0, std::ios::end);
-        size = file ? static_cast<std::int64_t>(file.tellg()) : 0;
-    }
-    std::int64_t GetSize() const { return size; }
-    std::vector<unsigned char> Read(std::int64_t place, std::int64_t count) {
-        std::vector<unsigned char> bytes(static_cast<std::size_t>(std::max<std::int64_t>(count, 0)));
-        file.clear();
-        file.seekg(place);
-        file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        return bytes;
-    }
-    std::uint64_t Number(std::int64_t place, int length, bool bigEndian) {
-        std::uint64_t number = 0;
-        auto bytes = Read(place, length);
-        if (!bigEndian)
-            std::reverse(bytes.begin(), bytes.end());
-        for (const unsigned char byte : bytes)
-            number = number << 8 | byte;
-        return number;
-    }
-    std::string Name(std::int64_t place) {
-        const auto bytes = Read(place, 4);
-        return {bytes.begin(), bytes.end()};
-    }
-
-private:
-    std::ifstream file;
-    std::int64_t size = 0;
-};
 
 constexpr std::uint64_t OPEN_32 = 0xFFFFFFFF;
 constexpr std::uint64_t OPEN_64 = ~std::uint64_t{0};
 // More parts than any real file has.
 constexpr int MAX_PARTS = 1'000'000;
 
-ContainerEnd Shortage(const Bytes& bytes, std::int64_t end, bool ofMedia) {
+ContainerEnd Shortage(const FileBytes& bytes, std::int64_t end, bool ofMedia) {
     ContainerEnd result;
     result.missing = std::max<std::int64_t>(end - bytes.GetSize(), 0);
     result.ofMedia = ofMedia && result.missing > 0;
@@ -68,7 +32,7 @@ struct Chunks {
 };
 
 // A size of nothing, or of all ones, stands for one that was not known when the file was begun.
-ContainerEnd WalkChunks(Bytes& bytes, const Chunks& form, std::uint64_t mediaSize = 0) {
+ContainerEnd WalkChunks(FileBytes& bytes, const Chunks& form, std::uint64_t mediaSize = 0) {
     const std::int64_t header = form.nameLength + form.sizeLength;
     std::int64_t place = form.first;
     for (int part = 0; part < MAX_PARTS && place + header <= bytes.GetSize(); ++part) {
@@ -90,20 +54,20 @@ ContainerEnd WalkChunks(Bytes& bytes, const Chunks& form, std::uint64_t mediaSiz
     return {};
 }
 
-ContainerEnd OfWav(Bytes& bytes) {
+ContainerEnd OfWav(FileBytes& bytes) {
     constexpr std::int64_t sizes = 20; // in RF64, the first chunk has the sizes of 64 bits
     const bool large = bytes.Name(0) == "RF64" && bytes.Name(12) == "ds64";
     return WalkChunks(bytes, {12, 4, 4, false, 2, false, "data"}, large ? bytes.Number(sizes + 8, 8, false) : 0);
 }
 
-ContainerEnd OfAu(Bytes& bytes) {
+ContainerEnd OfAu(FileBytes& bytes) {
     const std::uint64_t size = bytes.Number(8, 4, true);
     return size == OPEN_32 || size == 0
                ? ContainerEnd()
                : Shortage(bytes, static_cast<std::int64_t>(bytes.Number(4, 4, true) + size), true);
 }
 
-ContainerEnd OfAvi(Bytes& bytes) {
+ContainerEnd OfAvi(FileBytes& bytes) {
     std::int64_t place = 0;
     // Large files are several of them, one after the other.
     while (bytes.Name(place) == "RIFF") {
@@ -118,7 +82,7 @@ ContainerEnd OfAvi(Bytes& bytes) {
     return {};
 }
 
-ContainerEnd OfMp4(Bytes& bytes) {
+ContainerEnd OfMp4(FileBytes& bytes) {
     std::int64_t place = 0;
     for (int part = 0; part < MAX_PARTS && place + 8 <= bytes.GetSize(); ++part) {
         std::uint64_t size = bytes.Number(place, 4, true);
@@ -134,40 +98,11 @@ ContainerEnd OfMp4(Bytes& bytes) {
     return {};
 }
 
-/// An element of Matroska: its id, and where its content lies.
-struct Element {
-    std::uint64_t id = 0;
-    std::int64_t content = 0;
-    std::uint64_t size = 0;
-    bool open = false; ///< its size was not known
-};
-
-Element ReadElement(Bytes& bytes, std::int64_t place) {
-    const auto lengthOf = [&](std::int64_t at) {
-        const auto first = static_cast<unsigned>(bytes.Number(at, 1, true));
-        int length = 1;
-        while (length < 9 && (first & (0x100U >> length)) == 0)
-            ++length;
-        return length;
-    };
-    Element element;
-    const int idLength = lengthOf(place);
-    const int sizeLength = lengthOf(place + idLength);
-    if (idLength > 4 || sizeLength > 8)
-        return element;
-    element.id = bytes.Number(place, idLength, true);
-    const std::uint64_t ones = (std::uint64_t{1} << (7 * sizeLength)) - 1;
-    element.size = bytes.Number(place + idLength, sizeLength, true) & ones;
-    element.open = element.size == ones;
-    element.content = place + idLength + sizeLength;
-    return element;
-}
-
 // From one cluster to the next, where the segment does not say how long it is, or says more than there is.
-ContainerEnd WalkClusters(Bytes& bytes, std::int64_t place) {
+ContainerEnd WalkClusters(FileBytes& bytes, std::int64_t place) {
     constexpr std::uint64_t clusterId = 0x1F43B675;
     for (int part = 0; part < MAX_PARTS && place < bytes.GetSize(); ++part) {
-        const Element element = ReadElement(bytes, place);
+        const MatroskaElement element = ReadMatroskaElement(bytes, place);
         // Where an element is open, only its content could tell.
         if (element.id == 0 || element.open || element.size > static_cast<std::uint64_t>(INT64_MAX / 2))
             return {};
@@ -178,10 +113,10 @@ ContainerEnd WalkClusters(Bytes& bytes, std::int64_t place) {
     return {};
 }
 
-ContainerEnd OfMatroska(Bytes& bytes) {
+ContainerEnd OfMatroska(FileBytes& bytes) {
     constexpr std::uint64_t segmentId = 0x18538067;
-    const Element head = ReadElement(bytes, 0);
-    const Element segment = ReadElement(bytes, head.content + static_cast<std::int64_t>(head.size));
+    const MatroskaElement head = ReadMatroskaElement(bytes, 0);
+    const MatroskaElement segment = ReadMatroskaElement(bytes, head.content + static_cast<std::int64_t>(head.size));
     if (segment.id != segmentId)
         return {};
     const bool sized = !segment.open && segment.size < static_cast<std::uint64_t>(INT64_MAX / 2);
@@ -192,7 +127,7 @@ ContainerEnd OfMatroska(Bytes& bytes) {
     return walked.missing > 0 || !sized ? walked : Shortage(bytes, end, false);
 }
 
-ContainerEnd OfOgg(Bytes& bytes) {
+ContainerEnd OfOgg(FileBytes& bytes) {
     constexpr std::int64_t longestPage = 65307;
     constexpr std::size_t headerLength = 27;
     constexpr unsigned char lastPage = 4;
@@ -216,7 +151,7 @@ ContainerEnd OfOgg(Bytes& bytes) {
 } // namespace
 
 ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format) {
-    Bytes bytes(path.ToUtf8());
+    FileBytes bytes(path.ToUtf8());
     if (format == "wav")
         return OfWav(bytes);
     if (format == "w64")

@@ -83,6 +83,14 @@ void Demuxer::RequireWithinLimits() const {
     }
 }
 
+void Demuxer::SetEnd(std::int64_t byte) {
+    if (byte == 0)
+        return;
+    context.reset();
+    file.SetEnd(byte);
+    Open();
+}
+
 void Demuxer::Select(const std::vector<int>& streams) {
     selection = streams;
     selected = true;

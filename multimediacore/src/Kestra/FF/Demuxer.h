@@ -37,6 +37,8 @@ public:
     void Select(const std::vector<int>& streams);
     /// Packets and seeks are on the joined clock from the next read on; null for the file's own.
     void SetClock(std::shared_ptr<const ClockMap> map) { clock = std::move(map); }
+    /// Takes the file to end at that byte, and begins anew; 0 leaves it as it is.
+    void SetEnd(std::int64_t byte);
     /// The next packet of a selected stream, flagged as corrupt behind bytes that make no sense; false at the end of
     /// the file, and once interrupted. Throws when the file cannot be read; a file that merely is malformed ends, and
     /// GetTrouble says why.

@@ -9,6 +9,7 @@
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/FieldOrder.h"
 #include "Kestra/FF/FirstFrames.h"
+#include "Kestra/FF/FollowingFile.h"
 #include "Kestra/FF/LeftOut.h"
 #include "Kestra/FF/PictureRotator.h"
 #include "Kestra/FF/PictureTags.h"
@@ -59,6 +60,8 @@ MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted,
 
 void MediaProbe::Run() {
     info.container = demuxer.GetFormatName();
+    details.end = FindFollowingFile(path, info.container, interrupted);
+    demuxer.SetEnd(details.end);
     details.streams = demuxer.GetKnownStreams();
     ChooseTracks();
     DecodeFirstFrames();

@@ -82,7 +82,8 @@ private:
     Track audio;
     std::unique_ptr<PacketSamples> packetSamples;
     SoundLevels levels;
-    bool levelsOfAll = false; ///< of the whole file, not only of its end
+    std::int64_t soundEnd = 0; ///< of all that there is, also where it is not heard
+    bool levelsOfAll = false;  ///< of the whole file, not only of its end
     RateChoice rate;
     std::vector<ClockScan::Joint> joints;
     Proc::MediaInfo info;

@@ -69,7 +69,14 @@ void MediaProbe::ReportShortage() {
     const std::int64_t claim = ClaimedLength();
     const std::string begin = "The file ends at " + Seconds(info.duration) + ", ";
     const std::string bytes = std::to_string(end.missing) + " bytes";
-    if (claim > info.duration + (counted || end.missing > 0 ? std::min(small, SHORTAGE) : SHORTAGE))
+    // Sound behind the picture is there, whether it is heard or not.
+    const std::int64_t held = std::max(info.duration, soundEnd - details.origin);
+    if (details.end > 0)
+        details.damage.push_back({path, info.duration,
+                                  begin + "and another file of its kind, which is not read, follows behind it: it is "
+                                          "incomplete",
+                                  true});
+    else if (claim > held + (counted || end.missing > 0 ? std::min(small, SHORTAGE) : SHORTAGE))
         details.damage.push_back(
             {path, info.duration, begin + "but its header claims " + Seconds(claim) + ": it is incomplete", true});
     else if (end.ofMedia)

@@ -68,6 +68,7 @@ void MediaProbe::SettleEnds() {
         return;
     if (details.audioJitter == 0)
         FinishEnd(audio);
+    soundEnd = audio.end;
     audio.end = FindSoundEnd(PictureSpanOf(), *SoundSpanOf());
 }
 

@@ -8,6 +8,12 @@
 
 namespace Kestra::FF {
 
+// Without its automatic gain, nothing but peaks changes: look-ahead and release in milliseconds.
+std::string MixLimiter(AVSampleFormat format) {
+    return std::string("alimiter=limit=1:level=0:latency=1:attack=5:release=50,aformat=sample_fmts=") +
+           av_get_sample_fmt_name(format);
+}
+
 double LoudestMix(const AVChannelLayout& from, const AVChannelLayout& to) {
     const auto inputs = static_cast<std::size_t>(from.nb_channels);
     const auto outputs = static_cast<std::size_t>(to.nb_channels);

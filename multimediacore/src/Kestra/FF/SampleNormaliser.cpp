@@ -3,6 +3,8 @@
 #include "Kestra/FF/ChannelPair.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/MixDown.h"
+#include "Kestra/FF/SampleQueue.h"
 #include <algorithm>
 #include <utility>
 
@@ -47,9 +49,9 @@ SampleNormaliser::~SampleNormaliser() {
     av_channel_layout_uninit(&layout);
 }
 
-FrameHandle SampleNormaliser::MakeBlock(int samples) const {
+FrameHandle SampleNormaliser::MakeBlock(AVSampleFormat sampleFormat, int samples) const {
     FrameHandle block = MakeFrame();
-    block->format = format;
+    block->format = sampleFormat;
     block->sample_rate = sampleRate;
     block->nb_samples = samples;
     Checked(av_channel_layout_copy(&block->ch_layout, &layout));
@@ -58,7 +60,7 @@ FrameHandle SampleNormaliser::MakeBlock(int samples) const {
 }
 
 FrameHandle SampleNormaliser::MakeSilence(int samples) const {
-    FrameHandle block = MakeBlock(samples);
+    FrameHandle block = MakeBlock(format, samples);
     av_samples_set_silence(block->extended_data, 0, samples, layout.nb_channels, format);
     return block;
 }
@@ -105,8 +107,10 @@ std::vector<SampleNormaliser::Piece> SampleNormaliser::Normalise(FrameHandle blo
 void SampleNormaliser::Start(const AVFrame& block) {
     shape = MakeFrameReference(block);
     ChannelPair channels(shape->ch_layout, layout);
+    if (LoudestMix(channels.input, channels.output) > 1)
+        limiter.emplace(MixLimiter(format), FAILURE);
     SwrContext* raw = nullptr;
-    Checked(swr_alloc_set_opts2(&raw, &channels.output, format, sampleRate, &channels.input,
+    Checked(swr_alloc_set_opts2(&raw, &channels.output, ConverterFormat(), sampleRate, &channels.input,
                                 static_cast<AVSampleFormat>(block.format), block.sample_rate, 0, nullptr));
     converter.reset(raw);
     Checked(av_opt_set_int(raw, "flags", SWR_FLAG_RESAMPLE, 0));
@@ -126,16 +130,33 @@ void SampleNormaliser::Prime() {
     previous.reset();
 }
 
-// Null drains.
+// Null drains. What comes may be null too.
 FrameHandle SampleNormaliser::Convert(const AVFrame* block) {
     const int given = block ? block->nb_samples : 0;
-    FrameHandle converted = MakeBlock(std::max(Checked(swr_get_out_samples(converter.get(), given)), 1));
+    FrameHandle converted =
+        MakeBlock(ConverterFormat(), std::max(Checked(swr_get_out_samples(converter.get(), given)), 1));
     const auto* const* data = block ? const_cast<const std::uint8_t* const*>(block->extended_data) : nullptr;
     converted->nb_samples = Checked(swr_convert(converter.get(), converted->extended_data, converted->nb_samples,
                                                 const_cast<const std::uint8_t**>(data), given));
     const std::int64_t dropped = std::min<std::int64_t>(surplus, converted->nb_samples);
     surplus -= dropped;
-    return Cut(std::move(converted), dropped);
+    converted = Cut(std::move(converted), dropped);
+    return limiter ? Limit(std::move(converted), !block) : std::move(converted);
+}
+
+FrameHandle SampleNormaliser::Limit(FrameHandle mixed, bool last) {
+    SampleQueue ready;
+    heldBack += mixed->nb_samples;
+    if (mixed->nb_samples > 0)
+        limiter->Send(*mixed);
+    while (FrameHandle block = limiter->Receive())
+        ready.Push(std::move(block));
+    if (last)
+        limiter->Finish();
+    while (FrameHandle block = limiter->Receive())
+        ready.Push(std::move(block));
+    heldBack -= ready.GetCount();
+    return ready.Take(static_cast<int>(ready.GetCount()));
 }
 
 FrameHandle SampleNormaliser::Drain() {
@@ -143,11 +164,11 @@ FrameHandle SampleNormaliser::Drain() {
         return {};
     FrameHandle rest = Convert(nullptr);
     Reset();
-    return rest->nb_samples > 0 ? std::move(rest) : FrameHandle();
+    return rest && rest->nb_samples > 0 ? std::move(rest) : FrameHandle();
 }
 
 std::int64_t SampleNormaliser::GetDelay() const {
-    return converter ? std::max<std::int64_t>(swr_get_delay(converter.get(), sampleRate) - surplus, 0) : 0;
+    return converter ? std::max<std::int64_t>(swr_get_delay(converter.get(), sampleRate) - surplus, 0) + heldBack : 0;
 }
 
 void SampleNormaliser::Stretch(std::int64_t samples, std::int64_t distance) {
@@ -157,6 +178,8 @@ void SampleNormaliser::Stretch(std::int64_t samples, std::int64_t distance) {
 
 void SampleNormaliser::Reset() {
     converter.reset();
+    limiter.reset();
+    heldBack = 0;
     shape.reset();
     previous.reset();
     surplus = 0;

@@ -69,9 +69,10 @@ InputContextHandle SourceFile::Open() {
 void SourceFile::OpenIo() {
     AVIOContext* raw = nullptr;
     Dictionary options;
-    options.Set("protocol_whitelist", "file");
+    options.Set("protocol_whitelist", end > 0 ? "file,subfile" : "file");
     const AVIOInterruptCB poll{OnPoll, this};
-    const int opened = avio_open2(&raw, url.c_str(), AVIO_FLAG_READ, &poll, options.Address());
+    const std::string part = end > 0 ? "subfile,,start,0,end," + std::to_string(end) + ",,:" : std::string();
+    const int opened = avio_open2(&raw, (part + url).c_str(), AVIO_FLAG_READ, &poll, options.Address());
     if (opened < 0)
         ThrowError(opened, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
     io.reset(raw);

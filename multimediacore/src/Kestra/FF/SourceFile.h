@@ -28,6 +28,8 @@ public:
     /// SourceNotFound, SourceUnreadable, OutOfMemory.
     InputContextHandle Open();
 
+    /// Takes the file to end at that byte when it is opened the next time.
+    void SetEnd(std::int64_t byte) { end = byte; }
     /// From here on that many bytes are read and then no more, as if the reading had been interrupted. A search that
     /// finds nothing so has an end, and what it collects on its way a bound.
     void Allow(std::int64_t bytes);
@@ -52,6 +54,7 @@ private:
     const std::atomic<bool>& interrupted;
     Proc::MediaLimits limits;
     std::unique_ptr<AVIOContext, IoCloser> io;
+    std::int64_t end = 0;                  ///< a byte; 0: all of the file
     std::int64_t allowedUntil = INT64_MAX; ///< of the bytes that `io` has read
     bool namesOthers = false;              ///< something asked for another file
 };

@@ -38,6 +38,8 @@ struct TrackDetails {
     std::shared_ptr<const KnownStreams> streams;
     /// How the file's timestamps are joined; null when they go on from start to end.
     std::shared_ptr<const ClockMap> clock;
+    /// The byte behind which a second file of the same kind begins; 0 where none does.
+    std::int64_t end = 0;
     /// What the file may claim, whenever it is opened.
     Proc::MediaLimits limits;
     /// Damage seen while opening.

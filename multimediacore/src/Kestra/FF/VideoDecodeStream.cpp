@@ -99,6 +99,7 @@ void VideoDecodeStream::Prepare() {
     const MediaSource::Reading reading(*source);
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
+    file->SetEnd(source->GetDetails().end);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8(),

@@ -1,0 +1,18 @@
+// Files that were put behind each other in one, of kinds that hold only one by their nature.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "KestraExport.h"
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace Kestra::FF {
+
+/// The place in the file where a second one of the same kind begins; 0 where none does, or where nothing tells.
+/// `format` is libavformat's name of the container. WAV, AIFF, ASF, MP4 and Matroska tell where they end; FLAC is
+/// searched through. A file that cannot be read, and a search that is interrupted, say nothing.
+KESTRA_EXPORT std::int64_t FindFollowingFile(const ioPath& path, const std::string& format,
+                                             const std::atomic<bool>& interrupted);
+
+} // namespace Kestra::FF
