@@ -6,7 +6,7 @@
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
 #include "ExportCore/InputOpening.h"
-#include "ExportCore/LeftoverSweep.h"
+#include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
 #include "ExportCore/PresetSelection.h"
@@ -34,11 +34,9 @@ ExportJob::ExportJob(ExportRequest request, QObject* parent)
 ExportJob::~ExportJob() {
     check.reset();
     opening.reset();
+    outputOpening.reset();
     transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
-}
-
-QByteArray ExportJob::privatePath() const {
-    return transaction ? transaction->privatePath() : QByteArray();
+    undo();
 }
 
 void ExportJob::start() {
@@ -97,7 +95,6 @@ void ExportJob::onOpened(const std::exception_ptr& error) {
         showTimeline();
         editPreset();
         beginOutput();
-        beginTranscoding();
     });
 }
 
@@ -125,23 +122,35 @@ void ExportJob::editPreset() {
 void ExportJob::beginOutput() {
     if (failure)
         return;
-    // The inputs may have taken long to open: what stands at the output now is what counts.
-    const OutputTarget target = RequestCheck::output(request);
     RequestCheck::outputName(request, provider->preset());
-    LeftoverSweep::run(target.folder);
-    transaction =
-        std::make_shared<OutputTransaction>(target, QByteArray::fromStdString(provider->preset().containerId()));
-    Q_EMIT privatePathChanged(transaction->privatePath());
+    outputOpening =
+        std::make_unique<OutputOpening>(request, QByteArray::fromStdString(provider->preset().containerId()));
+    connect(outputOpening.get(), &OutputOpening::finished, this, &ExportJob::onOutputMade);
+    follow(*outputOpening, Watchdog::Wait::Start);
+    outputOpening->start();
+}
+
+void ExportJob::onOutputMade(const std::exception_ptr& error) {
+    if (ended)
+        return;
+    transaction = outputOpening->take();
+    if (ownStop || failure)
+        return concludeLater();
+    attempt([this, &error] {
+        if (error)
+            std::rethrow_exception(error);
+        unfinishedPath = transaction->privatePath();
+        Q_EMIT privatePathChanged(unfinishedPath);
+        beginTranscoding();
+    });
 }
 
 void ExportJob::beginTranscoding() {
-    if (failure)
-        return;
     Export::Transcoder::Data data;
     data.composition = project->composition();
     data.streamRange = streamRange;
     data.exportRange = snappedExportRange();
-    data.outputPath = QString::fromUtf8(transaction->privatePath());
+    data.outputPath = QString::fromUtf8(unfinishedPath);
     data.brandingName = request.brandingName;
     data.presetProvider = provider.get();
     transcoder = std::make_unique<Export::Transcoder>(nullptr);

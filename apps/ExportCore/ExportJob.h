@@ -12,6 +12,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
+#include <atomic>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -34,14 +35,15 @@ namespace ExportCore {
 class BackgroundTask;
 class FileCheckTask;
 class InputOpening;
+class OutputOpening;
 class OutputTransaction;
 
 /// For one run: construct, connect, start(), wait for finished(). Lives on the thread of the model; every signal comes
 /// from that thread's event loop. Any number may run at once. Destruction ends a run that is under way; the output
 /// stays what it was.
 ///
-/// Whatever reads or checks files does so on other threads. One that hangs in a file that is gone is left after some
-/// seconds: by the stop of the run, by its failure, by the destruction, which may take so long then.
+/// Whatever touches files does so on other threads. One that hangs in a file that is gone, or in the output's folder,
+/// is left after some seconds: by the stop of the run, by its failure, by the destruction, which may take so long then.
 class EXPORTCORE_EXPORT ExportJob : public QObject {
     Q_OBJECT
 public:
@@ -56,7 +58,7 @@ public:
     void fail(const std::exception_ptr& error);
 
     /// Where the unfinished file stands; empty while there is none.
-    QByteArray privatePath() const;
+    QByteArray privatePath() const { return unfinishedPath; }
 
 Q_SIGNALS:
     /// The private file has been made at that path, or is gone (empty).
@@ -77,6 +79,7 @@ private:
     void selectPreset();
     void editPreset();
     void beginOutput();
+    void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
     void connectTranscoder();
     void expect();
@@ -91,6 +94,7 @@ private:
     void onStalled(Watchdog::Wait wait);
     std::string whatStalled(Watchdog::Wait wait) const;
     std::string hungReads() const;
+    std::string whatHangs() const;
     void tellHungReads();
 
     void setFailure(const std::exception_ptr& error);
@@ -104,7 +108,10 @@ private:
     void conclude();
     void checkFile();
     void onChecked(const std::exception_ptr& error);
-    void commit();
+    /// Lets go of the output. False when its file stands at its place all the same.
+    bool undo();
+    void tellLeftover();
+    void concludeCommitted();
     void collectFacts();
     std::string inUsersWords(const std::string& sentence) const;
     void finish(ExportOutcome::Status status);
@@ -115,7 +122,10 @@ private:
     std::unique_ptr<EditorProject> project;
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
+    std::unique_ptr<OutputOpening> outputOpening;
     std::shared_ptr<OutputTransaction> transaction; ///< the check's too
+    QByteArray unfinishedPath;
+    std::shared_ptr<std::atomic<bool>> folderSynced; ///< the check's too
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
     Watchdog watchdog;

@@ -6,10 +6,12 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/InputOpening.h"
+#include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
+#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -31,7 +33,7 @@ void ExportJob::stop() {
         transcoder->stop();
         return;
     }
-    if (endSoon(opening.get()) || endSoon(check.get()))
+    if (endSoon(opening.get()) || endSoon(outputOpening.get()) || endSoon(check.get()))
         return;
     // A run that has not started cannot be stopped, only destroyed.
     concludeLater();
@@ -41,7 +43,7 @@ void ExportJob::fail(const std::exception_ptr& error) {
     if (ended)
         return;
     setFailure(error);
-    if (!endSoon(opening.get()) && !endSoon(check.get()))
+    if (!endSoon(opening.get()) && !endSoon(outputOpening.get()) && !endSoon(check.get()))
         concludeLater();
 }
 
@@ -49,6 +51,8 @@ bool ExportJob::endSoon(BackgroundTask* task) {
     if (!task || !task->isRunning())
         return false;
     watchdog.expect(Watchdog::Wait::Interruption);
+    if (transaction)
+        transaction->forbid();
     task->interrupt();
     return true;
 }
@@ -81,8 +85,18 @@ std::string ExportJob::hungReads() const {
     return paths.empty() ? paths : paths + " does not come back";
 }
 
+std::string ExportJob::whatHangs() const {
+    const std::string output = '"' + request.outputPath.toStdString() + '"';
+    if (outputOpening && outputOpening->isRunning())
+        return "Making a file beside " + output + " does not come to an end";
+    if (check)
+        return "Reading the finished file and moving it to " + output + " does not come to an end";
+    const std::string reads = hungReads();
+    return reads.empty() && running ? "Encoding, or writing " + output + ", does not come back" : reads;
+}
+
 void ExportJob::onStalled(Watchdog::Wait wait) {
-    const std::string hung = hungReads();
+    const std::string hung = whatHangs();
     const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
     if (ownStop && !failure)
         stall = error;
@@ -91,9 +105,11 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
     // What hangs is left when the run is destroyed; nobody has to wait for that to hear of it.
     if (transcoder)
         transcoder->disconnect(this);
-    if (transaction)
-        transaction->rollback();
     concluding = true;
+    if (check)
+        check->interrupt();
+    if (!undo())
+        return concludeCommitted();
     finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
 }
 
@@ -101,9 +117,9 @@ void ExportJob::tellHungReads() {
     const std::string hung = hungReads();
     if (hung.empty())
         return;
-    if (failure)
+    if (!ownStop || failure)
         outcome.warnings << QString::fromStdString(hung);
-    else if (ownStop)
+    else
         stall = ProcessingError(TranscodingError::Stalled, hung);
 }
 
@@ -126,8 +142,7 @@ void ExportJob::conclude() {
     tellHungReads();
     if (!failure && !ownStop)
         return checkFile();
-    if (transaction)
-        transaction->rollback();
+    undo();
     finish(failure && refused ? ExportOutcome::Status::Refused
            : failure          ? ExportOutcome::Status::Failed
                               : ExportOutcome::Status::Stopped);
@@ -171,13 +186,16 @@ void ExportJob::collectNotes() {
 }
 
 void ExportJob::checkFile() {
-    const auto last = [transaction = transaction, output = request.outputPath.toUtf8(), inputs = request.inputs] {
+    folderSynced = std::make_shared<std::atomic<bool>>(false);
+    const auto last = [transaction = transaction, synced = folderSynced, output = request.outputPath.toUtf8(),
+                       inputs = request.inputs] {
         transaction->sync();
         if (RequestCheck::isInput(output, inputs))
             KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
                                                      "The output has become one of the inputs meanwhile"));
+        *synced = transaction->commit();
     };
-    check = std::make_unique<FileCheckTask>(Kestra::ioPath(transaction->privatePath().toStdString()), expected, last);
+    check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
     connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
     follow(*check, Watchdog::Wait::Progress);
     check->start();
@@ -186,25 +204,49 @@ void ExportJob::checkFile() {
 void ExportJob::onChecked(const std::exception_ptr& error) {
     if (ended)
         return;
+    if (!undo())
+        return concludeCommitted();
     if (error)
         setFailure(error);
-    else if (!failure && !ownStop)
-        commit();
-    if (failure || ownStop)
-        transaction->rollback();
-    finish(failure   ? ExportOutcome::Status::Failed
-           : ownStop ? ExportOutcome::Status::Stopped
-                     : ExportOutcome::Status::Done);
+    finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
 }
 
-void ExportJob::commit() {
-    try {
-        if (!transaction->commit())
-            outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
-        collectFacts();
-    } catch (...) { // told as the outcome
-        setFailure(std::current_exception());
-    }
+/// A file that stands at its place is done, whatever was wished or failed after that.
+void ExportJob::concludeCommitted() {
+    failure.reset();
+    stall.reset();
+    if (!*folderSynced)
+        outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
+    collectFacts();
+    finish(ExportOutcome::Status::Done);
+}
+
+bool ExportJob::undo() {
+    if (!transaction)
+        return true;
+    constexpr std::chrono::seconds patience{2};
+    const auto committed = std::make_shared<std::atomic<bool>>(false);
+    // Not on this thread: a folder that does not answer would keep it.
+    const bool ended = Kestra::LeavableThread::Call(
+        [held = std::exchange(transaction, nullptr), committed]() mutable {
+            held->rollback();
+            *committed = held->isCommitted();
+            held.reset();
+        },
+        patience);
+    if (!ended && !*committed)
+        tellLeftover();
+    return !*committed;
+}
+
+void ExportJob::tellLeftover() {
+    const std::string name = unfinishedPath.mid(unfinishedPath.lastIndexOf('/') + 1).toStdString();
+    const std::string left = "The folder of \"" + request.outputPath.toStdString() +
+                             "\" does not answer: an unfinished file may be left there, " + name;
+    if (ownStop && !failure && !stall)
+        stall = ProcessingError(TranscodingError::Stalled, left);
+    else
+        outcome.warnings << QString::fromStdString(left);
 }
 
 void ExportJob::collectFacts() {
@@ -234,8 +276,8 @@ void ExportJob::collectFacts() {
 std::string ExportJob::inUsersWords(const std::string& sentence) const {
     // The engine knows the private file only; the user knows the output only.
     QString text = QString::fromStdString(sentence);
-    if (transaction)
-        text.replace(QString::fromUtf8(transaction->privatePath()), request.outputPath);
+    if (!unfinishedPath.isEmpty())
+        text.replace(QString::fromUtf8(unfinishedPath), request.outputPath);
     return PlainText::escaped(text.trimmed().toStdString());
 }
 
@@ -246,7 +288,7 @@ void ExportJob::finish(ExportOutcome::Status status) {
     outcome.status = status;
     if (const auto& reason = failure ? failure : stall)
         outcome.error = ProcessingError(reason->GetCode(), inUsersWords(reason->GetDescription()));
-    if (transaction)
+    if (!unfinishedPath.isEmpty())
         Q_EMIT privatePathChanged(QByteArray());
     Q_EMIT finished(outcome);
 }

@@ -98,15 +98,23 @@ void OutputTransaction::sync() const {
 }
 
 bool OutputTransaction::commit() {
+    if (forbidden)
+        fail(ECANCELED, "Cannot put the finished file at " + quoted(target.path));
     requireOwnFile();
     if (target.existed)
         takeOverAccess();
     moveIntoPlace();
+    committed = true;
     standing = false;
     return syncFolder();
 }
 
+bool OutputTransaction::isCommitted() const {
+    return committed || isSameFile(file, target.path);
+}
+
 void OutputTransaction::rollback() noexcept {
+    forbid();
     if (standing && isSameFile(file, path))
         ::unlink(path.constData());
     standing = false;

@@ -4,6 +4,7 @@
 #include "ExportCore/OutputTarget.h"
 #include "ExportCoreExport.h"
 #include <QByteArray>
+#include <atomic>
 
 namespace ExportCore {
 
@@ -11,6 +12,7 @@ namespace ExportCore {
 /// the target stays what it was; without a commit the private file goes with the transaction. The lock that is held on
 /// the private file tells other runs that its writer lives: see LeftoverSweep.
 ///
+/// Thread-safe, as every call may hang in a folder that does not answer, and another thread has to clean up then.
 /// Failures are ProcException with the cause (disk full, not writable ...).
 class EXPORTCORE_EXPORT OutputTransaction {
 public:
@@ -21,13 +23,19 @@ public:
     /// Absolute, UTF-8; what is to be written.
     const QByteArray& privatePath() const { return path; }
 
-    /// Waits until what was written has reached the disk. The only operation that may be called on another thread.
+    /// Waits until what was written has reached the disk.
     void sync() const;
     /// Puts the file at the target's place. A file that has appeared there meanwhile is replaced only when replacing
-    /// was allowed. False when the file stands there, but its folder could not be brought to the disk.
+    /// was allowed. False when the file stands there, but its folder could not be brought to the disk. Once, and fails
+    /// after forbid().
     bool commit();
-    /// Removes the private file. After a commit it does nothing.
+    /// Keeps a commit that has not begun from being made. Does not wait for one that has.
+    void forbid() noexcept { forbidden = true; }
+    /// Forbids the commit and removes the private file, also from under a commit that hangs, which fails then. After
+    /// one that was made it does nothing.
     void rollback() noexcept;
+    /// Whether the file stands at the target's place.
+    bool isCommitted() const;
 
     OutputTransaction(const OutputTransaction&) = delete;
     OutputTransaction& operator=(const OutputTransaction&) = delete;
@@ -43,7 +51,9 @@ private:
     QByteArray extension;
     QByteArray path;
     int file = -1;
-    bool standing = false; ///< the private name is ours to remove
+    std::atomic<bool> forbidden{false};
+    std::atomic<bool> standing{false}; ///< the private name is ours to remove
+    std::atomic<bool> committed{false};
 };
 
 } // namespace ExportCore

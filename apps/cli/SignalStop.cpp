@@ -14,6 +14,7 @@ namespace Cli {
 namespace {
 
 constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
+constexpr unsigned PATIENCE_SECONDS = 2;
 
 // What a signal handler may use: two paths, of which one is in use while the other is written.
 std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
@@ -25,6 +26,8 @@ std::array<int, 2> wakePipe{-1, -1};
 void onSignal(int number) {
     const int savedError = errno;
     if (signalsSeen.fetch_add(1) > 0) {
+        // Where even that hangs, in a folder that does not answer, the alarm ends the process.
+        alarm(PATIENCE_SECONDS);
         const int use = unfinishedInUse;
         if (use >= 0)
             unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());

@@ -9,7 +9,8 @@
 namespace Cli {
 
 /// While one exists, the first SIGINT, SIGTERM or SIGHUP is told as stopRequested() from the event loop; the second
-/// ends the process on the spot, whatever it is doing, after removing the unfinished file. One at a time.
+/// ends the process on the spot, whatever it is doing, after removing the unfinished file; within two seconds, however
+/// long that takes. One at a time.
 class SignalStop : public QObject {
     Q_OBJECT
 public:

@@ -1,68 +1,19 @@
 // What the program does when an input does not answer: a network share that is gone.
-#include "Program.h"
-#include "support/FileHelpers.h"
-#include "support/FlashBeep.h"
-#include "support/WaitUntil.h"
-#include <QFileInfo>
+#include "HungProgram.h"
 #include <csignal>
-#include <gtest/gtest.h>
 
+using TestCli::Hang;
 using TestCli::Program;
 using TestCli::Result;
 
 namespace {
 
-/// Where a call hangs: which, on which threads, after how many that went well.
-struct Hang {
-    const char* name;
-    const char* call;
-    const char* thread;
-    const char* after;
-};
-
-class HungInput : public ::testing::TestWithParam<Hang> {
-protected:
-    static void SetUpTestSuite() {
-        folder = new TestMedia::Folder;
-        TestMedia::FlashBeep media;
-        media.frames = 500;
-        TestMedia::makeFlashBeep(*folder / "share.mov", media);
-    }
-    static void TearDownTestSuite() { delete folder; }
-
-    HungInput() { TestFiles::write(output, "old"); }
-
-    void SetUp() override {
-#ifdef EDITOREXPORT_SANITIZED
-        GTEST_SKIP() << "nothing can be preloaded before a sanitizer";
-#endif
-    }
-    void prepare(Program& program, const Hang& hang) const {
-        program.setEnvironment("LD_PRELOAD", HANG_SHIM);
-        program.setEnvironment("HANG_FILE", "share.mov");
-        program.setEnvironment("HANG_CALL", hang.call);
-        program.setEnvironment("HANG_THREAD", hang.thread);
-        program.setEnvironment("HANG_AFTER", hang.after);
-        program.setEnvironment("HANG_MARK", mark);
-    }
-    std::vector<std::string> command() const {
-        return {"render", *folder / "share.mov", "-p", "mp4-h264-480p", "-o", output, "--overwrite"};
-    }
-    bool waitUntilHung() const {
-        return TestSupport::waitUntil([this] { return QFileInfo::exists(QString::fromStdString(mark)); });
-    }
-
-    static TestMedia::Folder* folder;
-    const TestMedia::Folder place, elsewhere;
-    const std::string output = place / "film.mp4";
-    const std::string mark = elsewhere / "hung";
-};
-
-TestMedia::Folder* HungInput::folder = nullptr;
+class HungInput : public TestCli::HungProgram, public ::testing::WithParamInterface<Hang> {};
+class HungInputsEnd : public TestCli::HungProgram {};
 
 TEST_P(HungInput, KeepsNoStopFromComingToItsEndAndIsNamed) {
     Program program(command());
-    prepare(program, GetParam());
+    prepare(program, GetParam(), "share.mov");
     program.start();
     ASSERT_TRUE(waitUntilHung());
     program.signal(SIGTERM);
@@ -71,8 +22,7 @@ TEST_P(HungInput, KeepsNoStopFromComingToItsEndAndIsNamed) {
     EXPECT_EQ(result.code, 143) << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("stopped, nothing was written"))) << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("share.mov"))) << result.errors.toStdString();
-    EXPECT_EQ(TestFiles::read(output), "old");
-    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+    expectUntouched();
 }
 
 INSTANTIATE_TEST_SUITE_P(At, HungInput,
@@ -85,7 +35,22 @@ INSTANTIATE_TEST_SUITE_P(At, HungInput,
                                          Hang{"ReadingPictures", "read", "kestra-enc0", "5"},
                                          Hang{"ReadingSound", "read", "kestra-enc1", "5"},
                                          Hang{"SeekingPictures", "lseek", "kestra-enc0", "1"},
-                                         Hang{"SeekingSound", "lseek", "kestra-enc1", "1"}),
+                                         Hang{"SeekingSound", "lseek", "kestra-enc1", "1"},
+                                         Hang{"Closing", "close", "kestra-enc", "0"}),
                          [](const auto& testCase) { return std::string(testCase.param.name); });
+
+TEST_F(HungInputsEnd, KeepsNoStopFromComingToItsEndAndIsNamed) {
+    Program program(longCommand());
+    prepare(program, {"", "close", "left-to-close", "0"}, "share.mov");
+    program.start();
+    ASSERT_TRUE(program.waitForError(QStringLiteral("progress")));
+    program.signal(SIGTERM);
+    const Result result = program.finish();
+    ASSERT_TRUE(waitUntilHung());
+    EXPECT_EQ(result.code, 143) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("share.mov\\\" does not come back")))
+        << result.errors.toStdString();
+    expectUntouched();
+}
 
 } // namespace

@@ -39,7 +39,8 @@ struct Calls {
     }
 };
 
-/// The engine's stream with a script before its calls: "picture <number>", "sound <number>", "prepare ...".
+/// The engine's stream with a script before its calls: "picture <number>", "sound <number>", "prepare ...", "close
+/// ...".
 template <class Filter, class Stream>
 class Scripted : public Filter {
 public:
@@ -47,6 +48,7 @@ public:
         : Filter(source, "scripted")
         , calls(std::move(calls))
         , kind(kind) {}
+    ~Scripted() override { calls->call(std::string("close ") + kind); }
 
     void Prepare() override {
         calls->call(std::string("prepare ") + kind);
@@ -249,7 +251,8 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(In, HungSource,
-                         testing::Values("open", "prepare picture ", "sound 0", "picture 60", "sound 60"),
+                         testing::Values("open", "prepare picture ", "sound 0", "picture 60", "sound 60",
+                                         "close picture ", "close sound "),
                          [](const auto& testCase) {
                              std::string name;
                              for (const char letter : std::string(testCase.param))

@@ -1,6 +1,6 @@
 // Preloaded into a program, makes calls on one file hang, as those on a network share that is gone do.
 //   HANG_FILE    a part of the file's path
-//   HANG_CALL    open, read or lseek
+//   HANG_CALL    open, read, lseek, pwrite, fsync, close, unlink or rename
 //   HANG_THREAD  the beginning of the name of the threads that hang; all when empty
 //   HANG_AFTER   so many calls of that kind and thread go well before
 //   HANG_MARK    a file that is made when a thread hangs
@@ -99,6 +99,39 @@ off_t lseek(int file, off_t offset, int whence) noexcept {
 off64_t lseek64(int file, off64_t offset, int whence) noexcept {
     hangAt("lseek", file);
     return next<off64_t(int, off64_t, int)>("lseek64")(file, offset, whence);
+}
+
+ssize_t pwrite(int file, const void* data, size_t size, off_t offset) {
+    hangAt("pwrite", file);
+    return next<ssize_t(int, const void*, size_t, off_t)>("pwrite")(file, data, size, offset);
+}
+
+ssize_t pwrite64(int file, const void* data, size_t size, off64_t offset) {
+    hangAt("pwrite", file);
+    return next<ssize_t(int, const void*, size_t, off64_t)>("pwrite64")(file, data, size, offset);
+}
+
+int fsync(int file) {
+    hangAt("fsync", file);
+    return next<int(int)>("fsync")(file);
+}
+
+int close(int file) {
+    hangAt("close", file);
+    opened(nullptr, file);
+    return next<int(int)>("close")(file);
+}
+
+int unlink(const char* path) noexcept {
+    if (isMeant(path))
+        hangAt("unlink");
+    return next<int(const char*)>("unlink")(path);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    if (isMeant(from))
+        hangAt("rename");
+    return next<int(const char*, const char*)>("rename")(from, to);
 }
 
 } // extern "C"

@@ -169,8 +169,8 @@ void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
 }
 
 void SequenceAudio::Reset() {
+    clip.reset(); // first: it does not wait for ever
     Forget();
-    clip.reset();
     nextSample = 0;
 }
 

@@ -210,8 +210,8 @@ void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
 }
 
 void SequenceVideo::Reset() {
+    clip.reset(); // first: it does not wait for ever
     Forget();
-    clip.reset();
     nextFrame = 0;
 }
 

@@ -1,8 +1,11 @@
 // Project::StreamSlot: the inner stream that is being read just now, which another thread may interrupt.
 #pragma once
 
+#include "Kestra/Base/LeavableThread.h"
 #include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <chrono>
 #include <mutex>
+#include <pthread.h>
 #include <utility>
 
 namespace Project {
@@ -12,6 +15,11 @@ template <class I>
 class StreamSlot {
 public:
     using Pointer = boost::intrusive_ptr<I>;
+
+    StreamSlot() = default;
+    StreamSlot(const StreamSlot&) = delete;
+    StreamSlot& operator=(const StreamSlot&) = delete;
+    ~StreamSlot() { letGo(); }
 
     explicit operator bool() const { return stream != nullptr; }
     I* operator->() const { return stream.get(); }
@@ -30,7 +38,7 @@ public:
     }
     /// Closes, and forgets an interrupt.
     void reset() {
-        close();
+        letGo();
         const std::lock_guard<std::mutex> lock(mutex);
         interrupted = false;
     }
@@ -46,6 +54,20 @@ public:
     }
 
 private:
+    /// As close(), but not for ever: unlike that of the other calls, the thread may be one that nobody can do without.
+    void letGo() {
+        constexpr std::chrono::seconds patience{3}; // a thread that reads ahead has two of them
+        put(nullptr);
+        if (!previous)
+            return;
+        Kestra::LeavableThread::Call(
+            [held = std::exchange(previous, nullptr)]() mutable {
+                pthread_setname_np(pthread_self(), "left-to-close");
+                held.reset();
+            },
+            patience);
+    }
+
     mutable std::mutex mutex;
     Pointer stream;
     Pointer previous;

@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 namespace Kestra {
@@ -11,6 +12,19 @@ struct LeavableThread::Latch {
     std::condition_variable changed;
     bool ended = false;
 };
+
+bool LeavableThread::Call(std::function<void()> body, std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    LeavableThread thread;
+    try {
+        thread.Start(body);
+    } catch (const std::system_error&) {
+        body();
+        return true;
+    }
+    body = nullptr; // the thread alone holds it now
+    return thread.JoinOrLeave(deadline);
+}
 
 LeavableThread::~LeavableThread() {
     Leave();

@@ -16,6 +16,10 @@ namespace Kestra {
 /// Bound to one thread at a time, which may change between calls.
 class KESTRA_EXPORT LeavableThread {
 public:
+    /// Makes a call on a thread of its own and waits for its end. False when it hangs: it has been left then. Where no
+    /// thread is to be had, it is made on this one.
+    static bool Call(std::function<void()> body, std::chrono::milliseconds patience);
+
     LeavableThread() = default;
     /// Leaves a thread that still runs.
     ~LeavableThread();

@@ -51,6 +51,12 @@ AudioDecodeStream::AudioDecodeStream(boost::intrusive_ptr<MediaSource> source)
     , total(TimeToSamples(duration, track.sampleRate))
     , pendingSeek(0) {}
 
+AudioDecodeStream::~AudioDecodeStream() {
+    const MediaSource::Reading reading(*source); // closing a file may hang as well
+    decoder.reset();
+    demuxer.reset();
+}
+
 std::string AudioDecodeStream::Describe() const {
     return source->GetPath().ToUtf8();
 }

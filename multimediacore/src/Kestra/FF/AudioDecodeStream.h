@@ -20,6 +20,7 @@ namespace Kestra::FF {
 class AudioDecodeStream final : public Proc::StreamBase<Proc::IStreamAudio> {
 public:
     explicit AudioDecodeStream(boost::intrusive_ptr<MediaSource> source);
+    ~AudioDecodeStream() override;
 
     boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const override;

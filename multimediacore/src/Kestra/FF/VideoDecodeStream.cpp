@@ -49,6 +49,12 @@ VideoDecodeStream::VideoDecodeStream(boost::intrusive_ptr<MediaSource> source)
     , duration(track.start + track.duration)
     , pendingSeek(SeekTarget{}) {}
 
+VideoDecodeStream::~VideoDecodeStream() {
+    const MediaSource::Reading reading(*source); // closing a file may hang as well
+    decoder.reset();
+    demuxer.reset();
+}
+
 std::int64_t VideoDecodeStream::GetPosition() const {
     return pendingSeek ? pendingSeek->time : position;
 }

@@ -22,6 +22,7 @@ namespace Kestra::FF {
 class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
+    ~VideoDecodeStream() override;
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
