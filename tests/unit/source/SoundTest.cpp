@@ -216,6 +216,18 @@ TEST_F(Sound, OfEveryUsualLayoutIsDescribed) {
     EXPECT_EQ(format->GetChannelLayout(), std::uint32_t{Kestra::Conf::CHANNEL_LAYOUT_5POINT1});
 }
 
+TEST_F(Sound, IsTheSameWhenItIsReadASecondTime) {
+    for (const auto& [name, codec] :
+         {std::pair("a.webm", "libopus"), std::pair("a.opus", "libopus"), std::pair("a.mka", "aac"),
+          std::pair("a.m4a", "aac"), std::pair("a.mp3", "libmp3lame"), std::pair("a.ts", "mp2")}) {
+        const auto source = open(make(name, {"-f", "lavfi", "-i", noise(48000, 1), "-c:a", codec}));
+        const auto stream = source->CreateAudioStream();
+        const std::vector<float> first = readSamples(*stream);
+        stream->Reset();
+        EXPECT_EQ(readSamples(*stream), first) << name;
+    }
+}
+
 TEST_F(Sound, EndsWithNullOnceInterruptedUntilReset) {
     const auto stream = open(make("a.wav", {"-f", "lavfi", "-i", numberedSamples(RATE, RATE)}))->CreateAudioStream();
     EXPECT_TRUE(stream->ReadAudio());

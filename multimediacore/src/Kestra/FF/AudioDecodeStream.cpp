@@ -16,8 +16,6 @@ namespace {
 constexpr std::int64_t LOOK_AHEADS_PER_SECOND = 2;
 constexpr std::size_t ANCHOR_BLOCKS = 12;
 constexpr std::int64_t ANCHORS_PER_SECOND = 4;
-// Where timestamps jitter, an anchor has to average many.
-constexpr std::int64_t JITTERY_ANCHOR_SECONDS = 2;
 // Codecs settle over the blocks before the target: overlaps, bit reservoirs, predictors.
 constexpr std::int64_t PREROLL = 3 * TIME_BASE / 10;
 // Times within an Ogg page are counted from its ends: right ones are sure only after the next page has begun.
@@ -82,15 +80,19 @@ void AudioDecodeStream::Prepare() {
     file->SetEnd(source->GetDetails().end);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
-    decoder = std::make_unique<Decoder>(file->GetStream(track.index), 1, source->GetPath().ToUtf8(),
-                                        source->GetDetails().limits);
-    decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
-    decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
+    OpenDecoder(*file);
     const AVChannelLayout layout = ToAvLayout(track.channelLayout);
     normaliser = std::make_unique<SampleNormaliser>(ToAv(static_cast<Conf::SampleFormats>(track.sampleFormat)),
                                                     track.sampleRate, layout);
     drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
     demuxer = std::move(file);
+}
+
+void AudioDecodeStream::OpenDecoder(Demuxer& file) {
+    decoder = std::make_unique<Decoder>(file.GetStream(track.index), 1, source->GetPath().ToUtf8(),
+                                        source->GetDetails().limits);
+    decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
+    decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
 }
 
 void AudioDecodeStream::Seek(std::int64_t time, Proc::SeekMode) {
@@ -216,9 +218,7 @@ void AudioDecodeStream::LookAhead(std::size_t count, std::int64_t samples) {
 }
 
 void AudioDecodeStream::LookAheadToAnchor() {
-    const bool jittery = source->GetDetails().audioJitter > 0;
-    LookAhead(ANCHOR_BLOCKS,
-              jittery ? JITTERY_ANCHOR_SECONDS * track.sampleRate : track.sampleRate / ANCHORS_PER_SECOND);
+    LookAhead(ANCHOR_BLOCKS, track.sampleRate / ANCHORS_PER_SECOND);
 }
 
 std::vector<TimedBlock> AudioDecodeStream::Timings() const {
@@ -227,11 +227,6 @@ std::vector<TimedBlock> AudioDecodeStream::Timings() const {
     for (const Block& block : blocks)
         timings.push_back({block.place, block.frame->nb_samples});
     return timings;
-}
-
-std::int64_t AudioDecodeStream::AnchorPlace() const {
-    return source->GetDetails().audioJitter > 0 ? PlaceFirstOfJittery(Timings())
-                                                : PlaceFirst(Timings(), track.sampleRate);
 }
 
 std::int64_t AudioDecodeStream::NextPlace() {
@@ -252,7 +247,7 @@ void AudioDecodeStream::PlaceFront() {
         return;
     // The first timestamps after a seek can be off, so the way to the target does not follow on but listens to each.
     if (settling)
-        front = AnchorPlace();
+        front = PlaceFirst(Timings(), track.sampleRate);
     else
         front = anchored ? NextPlace() : TimeToSamples(source->GetDetails().audioStart, track.sampleRate);
     if (anchored && !settling && *front == flow)
@@ -329,7 +324,9 @@ boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::Emit(FrameHandle frame
 
 void AudioDecodeStream::ApplySeek() {
     const std::int64_t target = *pendingSeek;
-    const bool ahead = anchored && target >= cursor && target - cursor < track.sampleRate;
+    // Where timestamps jitter, whatever lies ahead is reached by reading on: from the start it would be further.
+    const bool near = target - cursor < track.sampleRate || source->GetDetails().audioJitter > 0;
+    const bool ahead = anchored && target >= cursor && near;
     if (!ahead) {
         const bool ogg = std::strcmp(demuxer->GetFormatName(), "ogg") == 0;
         std::int64_t preroll = TimeToSamples(ogg ? OGG_PREROLL : PREROLL, track.sampleRate);
@@ -347,7 +344,10 @@ void AudioDecodeStream::ApplySeek() {
 void AudioDecodeStream::StartOver() {
     ForgetBlocks();
     demuxer->Rewind();
-    decoder->Flush();
+    // One that is emptied does not leave out again what the codec puts in front.
+    OpenDecoder(*demuxer);
+    // What comes has to be what came the first time.
+    drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
     anchored = false;
     drained = false;
     settling = false;
@@ -372,7 +372,7 @@ bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
     LookAheadToAnchor();
     if (blocks.empty())
         return false;
-    flow = AnchorPlace();
+    flow = PlaceFirst(Timings(), track.sampleRate);
     anchored = true;
     return flow <= sample - TimeToSamples(LEAST_PREROLL, track.sampleRate);
 }

@@ -38,6 +38,7 @@ private:
         std::int64_t place = 0; ///< by its timestamp; in samples
     };
 
+    void OpenDecoder(Demuxer& file);
     bool SupplyPacket(AVPacket& packet);
     std::int64_t TimeOf(std::int64_t timestamp) const;
     void OnDamage(std::int64_t timestamp, const std::string& reason);
@@ -49,7 +50,6 @@ private:
     std::int64_t PlaceOf(const AVFrame& frame);
     std::int64_t EndOfBlocks() const;
     std::vector<TimedBlock> Timings() const;
-    std::int64_t AnchorPlace() const;
     std::int64_t NextPlace();
     void PlaceFront();
     void FollowDrift();
