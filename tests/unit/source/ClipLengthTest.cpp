@@ -98,6 +98,27 @@ TEST_F(ClipLength, OfSoundAloneIsWhatWasPutIn) {
     EXPECT_EQ(source->GetInfo().duration, Kestra::SamplesToTime(60000, 48000));
 }
 
+TEST_F(ClipLength, OfReorderedPicturesWithoutAContainerIsThatOfAllOfThem) {
+    constexpr int FRAMES = 53;
+    for (const auto& [name, codec] : {std::pair("a.h264", "libx264"), std::pair("a.hevc", "libx265")}) {
+        const auto source = open(make(name, join(pictures("30000/1001", FRAMES), {"-c:v", codec, "-g", "20"})));
+        EXPECT_EQ(source->GetInfo().video->frameRate, Rate(30000, 1001)) << name;
+        EXPECT_EQ(source->GetInfo().duration, FramesToTime(FRAMES, Rate(30000, 1001))) << name;
+        const auto stream = source->CreateVideoStream();
+        const auto read = readPictures(*stream);
+        ASSERT_EQ(read.size(), FRAMES) << name;
+        for (int index = 0; index < FRAMES; ++index)
+            ASSERT_EQ(read[static_cast<std::size_t>(index)].number, index) << name;
+        for (const int index : {41, 7, 0, 52}) {
+            stream->Seek(read[static_cast<std::size_t>(index)].time, SeekMode::Exact);
+            const auto found = readPictures(*stream, 1);
+            ASSERT_EQ(found.size(), 1U) << name << index;
+            EXPECT_EQ(found[0].number, index) << name;
+        }
+        EXPECT_TRUE(source->TakeDamageReports().empty()) << name;
+    }
+}
+
 TEST_F(ClipLength, KeepsARealLeadOfTheSoundOnTheGridOfThePictures) {
     // 310 ms are no whole number of frames.
     const std::string picture = make("picture.mkv", join(pictures("25", 50), {"-c:v", "libx264", "-bf", "0"}));

@@ -20,6 +20,11 @@ bool StartsAnywhere(const char* name) {
     return std::strcmp(name, "mpegts") == 0;
 }
 
+// Raw streams of pictures that are reordered: libav has no times for them, only how long each lasts.
+bool TellsNoTimes(const char* name) {
+    return std::strcmp(name, "h264") == 0 || std::strcmp(name, "hevc") == 0;
+}
+
 // Matroska's reader only mentions that it met nonsense and searched for what it can read again.
 bool TellsOfNonsense(const LogWatch& log) {
     return !log.Find({"Element at 0x", "Invalid length 0x", "Length ", "Invalid EBML", "0x"}).empty();
@@ -45,6 +50,7 @@ void Demuxer::Open() {
     trouble.clear();
     readFrom = 0;
     lastPosition.clear();
+    countedTime = 0;
     ApplySelection();
 }
 
@@ -130,12 +136,18 @@ bool Demuxer::Read(AVPacket& packet) {
         // Streams that come up while reading are unknown to the selection.
         if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end()) {
             DropPngTexts(GetStream(packet.stream_index).codecpar->codec_id, packet);
+            CountTime(packet);
             ShiftTimes(packet);
             packet.flags |= std::exchange(afterNonsense, false) ? AV_PKT_FLAG_CORRUPT : 0;
             return true;
         }
     }
     return false;
+}
+
+void Demuxer::CountTime(AVPacket& packet) {
+    if (TellsNoTimes(GetFormatName()) && packet.dts == AV_NOPTS_VALUE)
+        packet.dts = std::exchange(countedTime, countedTime + packet.duration);
 }
 
 void Demuxer::ShiftTimes(AVPacket& packet) {
@@ -153,6 +165,8 @@ void Demuxer::ShiftTimes(AVPacket& packet) {
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
+    if (TellsNoTimes(GetFormatName()))
+        return false;
     if (clock)
         return SeekToEntry(stream, timestamp);
     return av_seek_frame(context.get(), stream, timestamp, AVSEEK_FLAG_BACKWARD) >= 0;

@@ -56,6 +56,7 @@ private:
     void RequireWithinLimits() const;
     std::int64_t LongestSearch() const;
     void ApplySelection();
+    void CountTime(AVPacket& packet);
     void ShiftTimes(AVPacket& packet);
     bool SeekToEntry(int stream, std::int64_t timestamp);
 
@@ -69,6 +70,7 @@ private:
     bool untouched = true;
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
+    std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one
     std::string trouble;
