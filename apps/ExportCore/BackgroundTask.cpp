@@ -34,8 +34,9 @@ struct BackgroundTask::Shared {
         work = nullptr;
         const std::lock_guard<std::mutex> lock(mutex);
         computing.reset();
+        // Moved: the task's thread is the last to hold the error, and to free it.
         if (task)
-            task->forwarder.Forward([owner = task, error] { owner->end(error); });
+            task->forwarder.Forward([owner = task, last = std::move(error)] { owner->end(last); });
     }
 
     /// Nanoseconds that the thread has computed; 0 when that cannot be told.

@@ -119,6 +119,43 @@ TEST(KeptSound, BitsThatFlacCannotHoldAreNamed) {
         << outcome.notes.front().toStdString();
 }
 
+/// Twice full scale, which floating point alone can hold.
+constexpr const char* LOUD =
+    "aevalsrc=exprs='2*sin(1000*t)|2*sin(1000*t)':s=48000:d=0.25:c=stereo,aformat=sample_fmts=";
+
+TEST(KeptSound, OfFloatingPointStaysAboveFullScaleBesideIntegers) {
+    struct {
+        const char* beside;
+        const char* format;
+        const char* codec; // of the file
+    } const cases[] = {{"pcm_s24le", "s32", "pcm_f32le"}, {"pcm_s32le", "s32", "pcm_f64le"}};
+    for (const auto& each : cases) {
+        const TestMedia::Folder media;
+        make(media / "loud.wav", std::string(LOUD) + "flt", "pcm_f32le");
+        make(media / "beside.wav", tones("stereo", 2, each.format), each.beside);
+        ExportCore::ExportRequest request = TestExport::requestOf(media / "beside.wav", "wav", media / "out.wav");
+        request.inputs << QString::fromStdString(media / "loud.wav");
+        const auto outcome = TestExport::run(request);
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_EQ(TestKept::told(media / "out.wav", "a", "codec_name").toStdString(), each.codec);
+        TestMedia::runFfmpeg({"-i", media / "beside.wav", "-i", media / "loud.wav", "-filter_complex",
+                              "[0]aformat=sample_fmts=dbl[a];[1]aformat=sample_fmts=dbl[b];[a][b]concat=v=0:a=1",
+                              "-c:a", "pcm_f64le", media / "joined.wav"});
+        EXPECT_EQ(TestKept::sound(media / "out.wav", "pcm_f64le"), TestKept::sound(media / "joined.wav", "pcm_f64le"));
+        EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+    }
+}
+
+TEST(KeptSound, OfFloatingPointThatBecomesIntegersIsNamed) {
+    const TestMedia::Folder media;
+    make(media / "loud.wav", std::string(LOUD) + "flt", "pcm_f32le");
+    const auto outcome = TestExport::run(TestExport::requestOf(media / "loud.wav", "flac", media / "out.flac"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    ASSERT_EQ(outcome.notes.size(), 1);
+    EXPECT_TRUE(outcome.notes.front().contains(QLatin1String("cut off what lies above full scale")))
+        << outcome.notes.front().toStdString();
+}
+
 TEST(KeptSound, MoreChannelsThanFlacHoldsAreRefusedByName) {
     const TestMedia::Folder media;
     make(media / "source.mov", tones("hexadecagonal", 16, "s16"), "pcm_s16le");

@@ -1,5 +1,6 @@
 #include "EditorProject/Descriptions.h"
 
+#include "EditorProject/SampleDepth.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include <algorithm>
 #include <numeric>
@@ -38,24 +39,6 @@ void setRate(Media::Video& video, const Rate& rate) {
     video.frameRateDenominator = static_cast<std::uint32_t>(rate.denominator());
 }
 
-/// Bits that a sample has room for.
-int roomOf(std::int32_t format) {
-    const Conf::SampleFmtRecord& record = *Conf::SampleFmtRecord::Find(format);
-    const std::string name = record.name;
-    if (name.rfind("flt", 0) == 0)
-        return 25; // its mantissa's
-    return name.rfind("dbl", 0) == 0 ? 53 : 8 * record.bytesPerSample;
-}
-
-/// The clips' format that keeps the samples of every clip, or the first of the best.
-std::int32_t roomiestFormat(const Timeline& timeline, std::int32_t none) {
-    std::int32_t best = Conf::SAMPLE_FORMAT_UNKNOWN;
-    for (const Clip& clip : timeline.clips())
-        if (clip.info.audio && roomOf(clip.info.audio->sampleFormat) > roomOf(best))
-            best = clip.info.audio->sampleFormat;
-    return best == Conf::SAMPLE_FORMAT_UNKNOWN ? none : best;
-}
-
 } // namespace
 
 Media::Video describeVideo(const Timeline& timeline) {
@@ -86,7 +69,8 @@ Media::Audio describeAudio(const Timeline& timeline) {
     if (found == clips.end())
         return audio;
     const Proc::AudioTrackInfo& track = *found->info.audio;
-    audio.sampleFormat = roomiestFormat(timeline, audio.sampleFormat);
+    if (const auto depth = SampleDepth::of(timeline); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
+        audio.sampleFormat = depth.format;
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;
     audio.channelLayout = track.channelLayout;

@@ -10,8 +10,7 @@ namespace Project {
 
 /// Frame as shown and nominal rate of the first clip with a picture; 1920x1080 at 25 when there is none.
 EDITORPROJECT_EXPORT Media::Video describeVideo(const Timeline& timeline);
-/// Rate and layout of the first clip with sound, and the format that loses nothing of any; 48000 Hz stereo when there
-/// is none.
+/// Rate and layout of the first clip with sound, and the SampleDepth of all; 48000 Hz stereo when there is none.
 EDITORPROJECT_EXPORT Media::Audio describeAudio(const Timeline& timeline);
 
 } // namespace Project

@@ -1,5 +1,6 @@
 #include "EditorProject/SequenceAudio.h"
 
+#include "EditorProject/SampleDepth.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ProcException.h"
@@ -22,10 +23,8 @@ SequenceAudio::SequenceAudio(std::shared_ptr<const Timeline> timeline, const Exp
     : timeline(std::move(timeline))
     , sections(soundSections(*this->timeline, window, format.GetRate()))
     , samples(window.samples(format.GetRate()))
-    , format(format) {
-    for (const Clip& candidate : this->timeline->clips())
-        if (candidate.info.audio)
-            sampleBits = std::max(sampleBits, candidate.info.audio->sampleBits);
+    , format(format)
+    , sampleBits(SampleDepth::of(*this->timeline).bits) {
     // Left open, it would change from clip to clip.
     if (format.GetFormatRecord()->format == Conf::SAMPLE_FORMAT_UNKNOWN)
         this->format.SetFormatRecord(Conf::SampleFmtRecord::Find(Conf::SAMPLE_FORMAT_FLTP));
@@ -72,7 +71,11 @@ void SequenceAudio::OpenClip() {
 
 void SequenceAudio::NoteLoss(const Proc::AudioTrackInfo& track) const {
     Proc::IMediaSource& source = timeline->source(section->clip);
-    if (bitsKept > 0 && track.sampleBits > bitsKept)
+    const bool isFloatingPoint = SampleDepth::isFloatingPoint(track.sampleFormat) && track.sampleBits > 0;
+    if (isFloatingPoint && bitsKept > 0 && !SampleDepth::isFloatingPoint(encodedFormat))
+        source.Note("its samples in floating point became integers of " + std::to_string(bitsKept) +
+                    " bits, which cut off what lies above full scale");
+    else if (bitsKept > 0 && track.sampleBits > bitsKept)
         source.Note("the " + std::to_string(track.sampleBits) + " bits of each sample became " +
                     std::to_string(bitsKept));
     if (encodedLayout == Conf::CHANNEL_LAYOUT_UNKNOWN || encodedLayout == track.channelLayout)
@@ -161,6 +164,7 @@ void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
         const char* const ordered = Conf::IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED;
         encodedLayout = audio->GetChannelLayout();
         layoutOrdered = audio->GetProperty().ChildExists(ordered) && audio->GetProperty()[ordered].GetBool();
+        encodedFormat = audio->GetSampleFormat();
         bitsKept = audio->GetSampleBits();
     }
     // Between clips of different formats the format must hold, so a clip that is open already decides.

@@ -43,10 +43,11 @@ private:
     const std::vector<Section> sections;
     const std::int64_t samples;
     Kestra::Conf::SampleInfo format;
-    int sampleBits = 0; ///< the most that a clip's samples have
+    const int sampleBits; ///< that no clip's samples exceed
     /// What the encoder makes of it, as far as it has said.
     std::uint32_t encodedLayout = Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN;
     bool layoutOrdered = false;
+    std::int32_t encodedFormat = Kestra::Conf::SAMPLE_FORMAT_UNKNOWN;
     int bitsKept = 0;
 
     StreamSlot<Kestra::Proc::IStreamAudio> clip; ///< the clip's sound, or silence in its place

@@ -1,0 +1,21 @@
+// Project::SampleDepth: the sample format that a timeline's sound needs.
+#pragma once
+
+#include "EditorProject/Timeline.h"
+#include "EditorProjectExport.h"
+#include <cstdint>
+
+namespace Project {
+
+/// A value. No clip's samples lose anything in it: what is in floating point goes beyond full scale, which no integer
+/// can hold, so one such clip makes all of it floating point, of double precision where a single one's is not enough.
+/// Sound that was coded with loss has no depth of its own and counts only where there is no other.
+struct EDITORPROJECT_EXPORT SampleDepth {
+    std::int32_t format; ///< Kestra::Conf::SampleFormats; unknown where no clip has sound
+    int bits = 0;        ///< of each sample; 0 where all sound was coded with loss
+
+    static SampleDepth of(const Timeline& timeline);
+    static bool isFloatingPoint(std::int32_t format);
+};
+
+} // namespace Project
