@@ -65,6 +65,16 @@ TEST_F(FileCheck, AFileCutOffBehindItsIndexIsFound) {
     EXPECT_TRUE(check());
 }
 
+TEST_F(FileCheck, PicturesMayBeLargerThanThoseOfAStrangersFile) {
+    constexpr int BEFORE_SIZE = 4 + 24; // of a sample description: its name, then what stands before width and height
+    QByteArray whole = TestFiles::read(path);
+    const int entry = whole.indexOf("avc1", whole.indexOf("stsd"));
+    ASSERT_GT(entry, 0);
+    whole.replace(entry + BEFORE_SIZE, 4, QByteArray::fromHex("75307530")); // 30000x30000
+    TestFiles::write(path, whole);
+    EXPECT_FALSE(check());
+}
+
 TEST_F(FileCheck, AFileWithoutItsIndexIsFound) {
     QByteArray whole = TestFiles::read(path);
     whole.replace("moov", "none");

@@ -17,6 +17,13 @@ using Proc::CheckedFile;
 using Proc::CheckedStream;
 using Proc::TranscodingError;
 
+/// A file that was written here may claim what it holds: nothing is decoded, and its pictures were in memory already.
+Proc::MediaLimits OwnFile() {
+    Proc::MediaLimits limits;
+    limits.pictureBytes = std::int64_t{1} << 40;
+    return limits;
+}
+
 CheckedStream Describe(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
     CheckedStream result;
@@ -119,7 +126,7 @@ namespace Kestra::Proc {
 
 CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) {
     try {
-        FF::Demuxer demuxer(path, interrupted);
+        FF::Demuxer demuxer(path, interrupted, FF::OwnFile());
         CheckedFile file;
         file.container = demuxer.GetFormatName();
         const AVFormatContext& context = demuxer.GetContext();
