@@ -10,8 +10,9 @@ namespace Export {
 enum class TranscoderLogOutput { None, StandardError };
 EDITOREXPORT_EXPORT void setTranscoderLogOutput(TranscoderLogOutput output);
 
-/// For the whole process, once: lines that would go to standard error go there instead, one a call, without a line
-/// end; on whichever thread writes them.
+/// For the whole process, once. Initialises glog unless that is done; since glog takes it once in a process, a host
+/// that initialises it does so before. Lines that would go to standard error go there instead, one a call, without a
+/// line end; on whichever thread writes them.
 EDITOREXPORT_EXPORT void setTranscoderLogReceiver(void (*receiver)(const std::string& line));
 
 } // namespace Export

@@ -32,7 +32,7 @@ LogWatch::LogWatch()
     : before(std::exchange(kept, &lines)) {}
 
 void LogWatch::Offer(int level, const char* format, va_list arguments) noexcept {
-    if (!kept || level > AV_LOG_WARNING)
+    if (!kept || level > AV_LOG_WARNING || kept->size() >= MOST_LINES)
         return;
     va_list copy;
     va_copy(copy, arguments);

@@ -2,16 +2,20 @@
 #pragma once
 
 #include <cstdarg>
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace Kestra::FF {
 
 /// While one exists, warnings and errors that libav logs on the thread that made it are kept, whatever the log level
-/// is; they are logged as ever. For what a library only mentions where it should fail. While another one exists on that
-/// thread, the outer one keeps nothing.
+/// is, the first MOST_LINES of them; they are logged as ever. For what a library only mentions where it should fail.
+/// While another one exists on that thread, the outer one keeps nothing.
 class LogWatch {
 public:
+    /// What a hostile file makes libav say has no end.
+    static constexpr std::size_t MOST_LINES = 500;
+
     LogWatch();
     ~LogWatch();
     LogWatch(const LogWatch&) = delete;
