@@ -136,4 +136,36 @@ TEST_F(MixedColours, OfAHighRangeAreKeptByPresetsThatSaySo) {
     }
 }
 
+TEST_F(MixedColours, ThatAreReservedAreUntold) {
+    add({150, 108, 150}, AV_PIX_FMT_YUV420P, BT709);
+    add({150, 108, 150}, AV_PIX_FMT_YUV420P, {3, 3, 3, 1});
+    const auto file = exported("mkv-ffv1-flac", "out.mkv");
+    ASSERT_EQ(file.Video().pictures.size(), 2U * FRAMES);
+    // Small pictures that tell nothing are taken for BT.601.
+    const Code expected = ColourReference::convert({150, 108, 150}, 8, {6, 6, 6, 1}, 8, BT709);
+    for (std::size_t plane = 0; plane < 3; ++plane)
+        EXPECT_NEAR(middle(pictureOf(file, 1), plane), expected[plane], 1.01) << plane;
+    EXPECT_EQ(notesOf("does not fully tell its colour, taken for BT.601"), 1);
+}
+
+TEST_F(MixedColours, ThatTheCodecHasNoNameForAreConvertedAndNoted) {
+    add({150, 108, 150}, AV_PIX_FMT_YUV420P, {22, 1, 1, 1});
+    const auto file = exported("mp4-h264-source", "out.mp4");
+    ASSERT_EQ(file.Video().pictures.size(), std::size_t{FRAMES});
+    EXPECT_EQ(file.Video().parameters->color_primaries, 1);
+    EXPECT_EQ(notesOf("colours converted from ebu3213 to BT.709"), 1);
+}
+
+TEST_F(MixedColours, ThatCannotBeConvertedAreRefusedByName) {
+    add({150, 108, 150}, AV_PIX_FMT_YUV420P, BT709);
+    add({150, 108, 150}, AV_PIX_FMT_YUV420P, {1, 17, 1, 1});
+    ExportRequest request = TestExport::requestOf({}, "mkv-ffv1-flac", folder.File("out.mkv"));
+    request.inputs = inputs;
+    outcome = TestExport::run(request);
+    EXPECT_EQ(outcome.status, ExportOutcome::Status::Failed);
+    const std::string words = outcome.error.GetDescription();
+    EXPECT_NE(words.find("1.mkv"), std::string::npos) << words;
+    EXPECT_NE(words.find("transfer smpte428"), std::string::npos) << words;
+}
+
 } // namespace

@@ -97,3 +97,28 @@ TEST(EncoderAdvice, TellsWhichSizesAndRatesDnxhdTakes) {
     EXPECT_NE(words.find("dnxhr_hq"), std::string::npos) << words;
     EXPECT_EQ(FF::AdviceOn(*avcodec_find_encoder_by_name("ffv1"), FF::EncodePicture()), "");
 }
+
+TEST(EncodePictureColour, IsOneThatTheCodecHasANameFor) {
+    struct {
+        const char* encoder;
+        Conf::ColourInfo source, encoded;
+    } const cases[] = {
+        {"libx264", {AVCOL_PRI_EBU3213, 1, 1, 1}, {1, 1, 1, 1}},
+        {"libx265", {AVCOL_PRI_EBU3213, 1, 1, 1}, {1, 1, 1, 1}},
+        {"libvpx-vp9", {1, 1, AVCOL_SPC_YCGCO, 1}, {1, 1, 6, 1}},
+        {"libvpx-vp9", {9, 1, AVCOL_SPC_ICTCP, 1}, {9, 1, 9, 1}},
+        {"libx264", {1, 1, AVCOL_SPC_YCGCO, 1}, {1, 1, AVCOL_SPC_YCGCO, 1}},
+        {"ffv1", {AVCOL_PRI_EBU3213, 1, AVCOL_SPC_ICTCP, 1}, {AVCOL_PRI_EBU3213, 1, AVCOL_SPC_ICTCP, 1}},
+    };
+    for (const auto& each : cases) {
+        const auto stream = Conf::IFormatCodecVideo::Create();
+        stream->InitByFrameAspect(64, 48, 0, 0);
+        stream->SetPixelFormat(Conf::PixelFormatFromString("yuv420p"));
+        stream->SetColour(each.source);
+        const auto picture =
+            FF::ChoosePicture(*Conf::IFormatCodecVideo::Create(), *stream, *avcodec_find_encoder_by_name(each.encoder));
+        EXPECT_EQ(picture.colour, each.encoded)
+            << each.encoder << " " << each.source.primaries << " " << each.source.matrix << ": "
+            << picture.colour.primaries << " " << picture.colour.transfer << " " << picture.colour.matrix;
+    }
+}

@@ -55,11 +55,6 @@ int PrimariesClass(int primaries) {
     return primaries == AVCOL_PRI_SMPTE240M ? static_cast<int>(AVCOL_PRI_SMPTE170M) : primaries;
 }
 
-// BT.470BG and SMPTE 170M are two names of one matrix.
-int MatrixClass(int matrix) {
-    return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
-}
-
 bool IsKnownToScaler(int matrix) {
     constexpr std::array<int, 7> known{AVCOL_SPC_RGB,       AVCOL_SPC_BT709,     AVCOL_SPC_FCC,       AVCOL_SPC_BT470BG,
                                        AVCOL_SPC_SMPTE170M, AVCOL_SPC_SMPTE240M, AVCOL_SPC_BT2020_NCL};
@@ -127,10 +122,31 @@ int ThreadsFor(const AVFrame& picture) {
 
 } // namespace
 
+int MatrixClass(int matrix) noexcept {
+    return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
+}
+
 bool ColourConverter::IsNeeded(const ColourChange& change) noexcept {
     return TransferClass(change.before.transfer) != TransferClass(change.after.transfer) ||
            PrimariesClass(change.before.primaries) != PrimariesClass(change.after.primaries) ||
            ChangesMatrix(change.before, change.after);
+}
+
+bool ColourConverter::IsPossible(const ColourChange& change) {
+    constexpr int SIDE = 32;
+    const auto formatOf = [](const ColourInfo& colour) {
+        return colour.matrix == AVCOL_SPC_RGB ? AV_PIX_FMT_GBRP : AV_PIX_FMT_YUV444P;
+    };
+    FramePool pool;
+    const FrameHandle sample = pool.Get(formatOf(change.before), SIDE, SIDE);
+    for (int plane = 0; plane < 3; ++plane)
+        std::fill_n(sample->data[plane], SIDE * sample->linesize[plane], std::uint8_t{128});
+    try {
+        ColourConverter().Run(*sample, change, formatOf(change.after));
+        return true;
+    } catch (const Proc::ProcException&) {
+        return false;
+    }
 }
 
 AVPixelFormat ColourConverter::FormatFor(AVPixelFormat format, int width, int height) {

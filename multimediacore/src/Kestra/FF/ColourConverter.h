@@ -17,6 +17,9 @@ struct ColourChange {
     Conf::ColourInfo after;
 };
 
+/// One number for BT.470BG and SMPTE 170M, which are two names of one matrix.
+int MatrixClass(int matrix) noexcept;
+
 /// Size stays. Computes in floating point, so what lies beyond white and black survives where the result has room for
 /// it. Bound to one thread at a time.
 ///
@@ -30,6 +33,8 @@ public:
     /// from one matrix to another it clips what is whiter than white. BT.601, BT.709, BT.2020 and sRGB name one
     /// transfer here.
     static bool IsNeeded(const ColourChange& change) noexcept;
+    /// Whether libavfilter knows a way. Tries it out on a small picture, which takes some milliseconds.
+    static bool IsPossible(const ColourChange& change);
     /// The format nearest to `format` that pictures of that size can be converted in.
     static AVPixelFormat FormatFor(AVPixelFormat format, int width, int height);
     /// In cd/m2: the content's brightest sample, else the grading display's white, else the most that the transfer can

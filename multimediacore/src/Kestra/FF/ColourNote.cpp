@@ -56,7 +56,19 @@ std::string ChangeText(const ColourChange& change, double peak) {
     return before == after ? std::string() : "colours converted from " + before + " to " + after;
 }
 
+std::string Text(const char* name, int code) {
+    return name ? name : std::to_string(code);
+}
+
 } // namespace
+
+std::string ColourCodes(const ColourInfo& colour) {
+    return "primaries " +
+           Text(av_color_primaries_name(static_cast<AVColorPrimaries>(colour.primaries)), colour.primaries) +
+           ", transfer " +
+           Text(av_color_transfer_name(static_cast<AVColorTransferCharacteristic>(colour.transfer)), colour.transfer) +
+           ", matrix " + Text(av_color_space_name(static_cast<AVColorSpace>(colour.matrix)), colour.matrix);
+}
 
 std::string ColourNote(const ColourChange& change, double peak, bool told) {
     if (!ColourConverter::IsNeeded(change))
@@ -64,7 +76,7 @@ std::string ColourNote(const ColourChange& change, double peak, bool told) {
     const std::string changed = ChangeText(change, peak);
     if (told)
         return changed;
-    const std::string guess = "does not tell its colour, taken for " + NameOf(change.before);
+    const std::string guess = "does not fully tell its colour, taken for " + NameOf(change.before);
     return changed.empty() ? guess : guess + "; " + changed;
 }
 

@@ -94,6 +94,15 @@ std::vector<const AVCodec*> EncodersOf(CodecID id) {
     return encoders;
 }
 
+bool TakesFormat(const AVCodec& codec, AVPixelFormat format) {
+    if (!codec.pix_fmts)
+        return true;
+    for (const AVPixelFormat* known = codec.pix_fmts; *known != AV_PIX_FMT_NONE; ++known)
+        if (*known == format)
+            return true;
+    return false;
+}
+
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
     return width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE ? codec : InPlaceOfSvt(codec);
 }

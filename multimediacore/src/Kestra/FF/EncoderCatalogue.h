@@ -14,6 +14,9 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
 /// Every encoder that may come to encode the codec, the preferred one first; none where this installation has none.
 std::vector<const AVCodec*> EncodersOf(Conf::CodecID id);
 
+/// Whether the encoder takes pictures of that format as they are.
+bool TakesFormat(const AVCodec& codec, AVPixelFormat format);
+
 /// `codec`, or another encoder of the same codec where this one does not take pictures so small.
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
 

@@ -24,19 +24,6 @@ AVPixelFormat FormatNamed(const std::string& name) {
     return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
 }
 
-bool HasAlpha(AVPixelFormat format) {
-    return (av_pix_fmt_desc_get(format)->flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
-}
-
-bool Takes(const AVCodec& encoder, AVPixelFormat format) {
-    if (!encoder.pix_fmts)
-        return true;
-    for (const AVPixelFormat* known = encoder.pix_fmts; *known != AV_PIX_FMT_NONE; ++known)
-        if (*known == format)
-            return true;
-    return false;
-}
-
 /// Why `target` does not take the option; empty when it does.
 std::string WhyNot(void* target, const std::string& owner, const std::string& name, const std::string& value) {
     Core::Property options;
@@ -61,13 +48,13 @@ bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelForma
     if (format == AV_PIX_FMT_NONE || (codec == CodecID::MJPEG && !FF::IsFullRangeFormat(format)))
         return false;
     // Their alpha would be a second picture beside the first, which nothing in the file tells of.
-    if ((codec == CodecID::VP8 || codec == CodecID::VP9) && HasAlpha(format))
+    if ((codec == CodecID::VP8 || codec == CodecID::VP9) && FF::HasAlpha(format))
         return false;
     // The check of a finished file asks for a colour, which grey has not.
     if (av_pix_fmt_desc_get(format)->nb_components < 3)
         return false;
     const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
-    return !encoders.empty() && Takes(*encoders.front(), format);
+    return !encoders.empty() && FF::TakesFormat(*encoders.front(), format);
 }
 
 std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value) {

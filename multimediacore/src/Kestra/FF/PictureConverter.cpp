@@ -19,11 +19,6 @@ using Proc::TranscodingError;
 
 namespace {
 
-// BT.470BG and SMPTE 170M are two names of one matrix.
-int MatrixClass(int matrix) {
-    return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
-}
-
 // The colour by which the pixels are to be read: guessed where the picture does not say.
 ColourInfo EffectiveColour(const AVFrame& picture) {
     const auto format = static_cast<AVPixelFormat>(picture.format);

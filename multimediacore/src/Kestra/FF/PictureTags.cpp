@@ -4,6 +4,10 @@
 #include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/HdrMetadata.h"
 
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
 namespace Kestra::FF {
 
 namespace {
@@ -12,6 +16,18 @@ namespace {
 bool IsCodecOfStills(AVCodecID codec) {
     return codec == AV_CODEC_ID_MJPEG || codec == AV_CODEC_ID_PNG || codec == AV_CODEC_ID_WEBP ||
            codec == AV_CODEC_ID_BMP || codec == AV_CODEC_ID_TIFF || codec == AV_CODEC_ID_GIF;
+}
+
+/// Codes that are reserved, or that the library has no name for, tell nothing.
+void ForgetReserved(AVFrame& picture) {
+    if (picture.color_primaries == AVCOL_PRI_RESERVED0 || !av_color_primaries_name(picture.color_primaries) ||
+        picture.color_primaries == AVCOL_PRI_RESERVED)
+        picture.color_primaries = AVCOL_PRI_UNSPECIFIED;
+    if (picture.color_trc == AVCOL_TRC_RESERVED0 || !av_color_transfer_name(picture.color_trc) ||
+        picture.color_trc == AVCOL_TRC_RESERVED)
+        picture.color_trc = AVCOL_TRC_UNSPECIFIED;
+    if (picture.colorspace == AVCOL_SPC_RESERVED || !av_color_space_name(picture.colorspace))
+        picture.colorspace = AVCOL_SPC_UNSPECIFIED;
 }
 
 } // namespace
@@ -43,6 +59,7 @@ void TagPicture(AVFrame& picture, AVStream& stream, AVFormatContext& context) {
         picture.colorspace = parameters.color_space;
     if (picture.color_range == AVCOL_RANGE_UNSPECIFIED)
         picture.color_range = parameters.color_range;
+    ForgetReserved(picture);
     const auto format = static_cast<AVPixelFormat>(picture.format);
     if (CarriesHdr(picture.color_trc, format))
         AddHdrMetadata(picture, stream);

@@ -84,6 +84,10 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
         return;
     PreferFields(*video);
     const ColourChange change{track.colour, Completed(video->GetColour(), track.colour)};
+    if (ColourConverter::IsNeeded(change) && !ColourConverter::IsPossible(change))
+        Fail(Proc::TranscodingError::FilterFailed, "The colours of \"" + Describe() + "\" (" +
+                                                       ColourCodes(change.before) + ") cannot be converted to " +
+                                                       ColourCodes(change.after));
     const std::string note = ColourNote(change, source->GetDetails().peak, source->GetDetails().tellsColour);
     if (!note.empty())
         source->Note(note);

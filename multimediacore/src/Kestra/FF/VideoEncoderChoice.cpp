@@ -3,9 +3,11 @@
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Convert.h"
+#include "Kestra/FF/EncoderCatalogue.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/HdrMetadata.h"
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <optional>
 #include <tuple>
@@ -24,15 +26,6 @@ using Conf::PixelLoss;
 using Proc::TranscodingError;
 
 namespace {
-
-bool Takes(const AVCodec& codec, AVPixelFormat format) {
-    if (!codec.pix_fmts)
-        return true;
-    for (const AVPixelFormat* known = codec.pix_fmts; *known != AV_PIX_FMT_NONE; ++known)
-        if (*known == format)
-            return true;
-    return false;
-}
 
 /// Codecs whose every profile shows anywhere only with 8 bit 4:2:0; others follow the stream.
 bool IsDeliveryCodec(const AVCodec& codec) {
@@ -78,7 +71,7 @@ AVPixelFormat NearestFormat(const AVCodec& codec, PixelFormat source) {
         return AV_PIX_FMT_YUVJ420P;
     // What says nothing of its format is made for the encoder, and black.
     const bool made = source == PixelFormat::Unknown;
-    if ((made || IsDeliveryCodec(codec)) && Takes(codec, AV_PIX_FMT_YUV420P))
+    if ((made || IsDeliveryCodec(codec)) && TakesFormat(codec, AV_PIX_FMT_YUV420P))
         return AV_PIX_FMT_YUV420P;
     const PixelFormat plain = made ? PixelFormat::YUV420P : FromAv(PlainFormat(ToAv(source)));
     return codec.pix_fmts ? LeastLossy(codec, plain == PixelFormat::Unknown ? source : plain)
@@ -96,7 +89,7 @@ AVPixelFormat ChooseFormat(const IFormatCodecVideo& description, const IFormatCo
         return NearestFormat(codec, stream.GetPixelFormat());
     const AVPixelFormat named = ToAv(description.GetPixelFormat());
     const AVPixelFormat format = named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(wanted.c_str());
-    if (format == AV_PIX_FMT_NONE || !Takes(codec, format))
+    if (format == AV_PIX_FMT_NONE || !TakesFormat(codec, format))
         Fail(TranscodingError::CodecRefused,
              std::string(codec.name) + " does not take the pixel format \"" + wanted + "\"");
     return format;
@@ -153,6 +146,19 @@ Conf::ColourInfo ChooseColour(const IFormatCodecVideo& description, const IForma
     return !IsHighRange(colour.transfer) || (keeps && room) ? colour : Conf::ColourInfo{};
 }
 
+/// The codes that a stream of the codec has names for; another one would be lost in the file.
+Conf::ColourInfo Tellable(Conf::ColourInfo colour, AVCodecID codec) {
+    constexpr std::array<int, 6> ofVp9{AVCOL_SPC_RGB,       AVCOL_SPC_BT709,     AVCOL_SPC_BT470BG,
+                                       AVCOL_SPC_SMPTE170M, AVCOL_SPC_SMPTE240M, AVCOL_SPC_BT2020_NCL};
+    // The lists of x264 and x265 end before it.
+    const bool isX26x = codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC;
+    if (isX26x && colour.primaries == AVCOL_PRI_EBU3213)
+        colour.primaries = AVCOL_PRI_UNSPECIFIED;
+    if (codec == AV_CODEC_ID_VP9 && std::find(ofVp9.begin(), ofVp9.end(), colour.matrix) == ofVp9.end())
+        colour.matrix = AVCOL_SPC_UNSPECIFIED;
+    return colour;
+}
+
 } // namespace
 
 EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
@@ -175,6 +181,7 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)
         colour.matrix = wanted.matrix;
+    colour = Tellable(colour, codec.id);
     // Lossless pictures keep their samples, and so their range; players of the others expect the limited one.
     const bool kept = codec.id == AV_CODEC_ID_FFV1 && wanted.range == AVCOL_RANGE_UNSPECIFIED;
     const bool full = IsFullRangeFormat(picture.format) || (kept ? colour.range : wanted.range) == AVCOL_RANGE_JPEG;
@@ -186,13 +193,11 @@ std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture) {
     if (codec.id != AV_CODEC_ID_DNXHD)
         return {};
     return "pictures of " + std::to_string(picture.width) + "x" + std::to_string(picture.height) +
-           " do not go with that bitrate or profile. Without a profile it takes, in 8 bits and progressive, 1920x1080 "
-           "at "
-           "36, 45, 75, 90, 115, 120, 145, 175, 185, 220, 240, 290, 365 or 440 Mbit/s, 1440x1080 at 63, 84, 100 or "
-           "110, "
-           "1280x720 at 60, 75, 90, 110, 120, 145, 180 or 220 and 960x720 at 42, 60, 75 or 115; with one of the "
-           "profiles "
-           "dnxhr_lb, dnxhr_sq, dnxhr_hq, dnxhr_hqx and dnxhr_444 any size from 256x120 on";
+           " do not go with that bitrate or profile. Without a profile it takes, in 8 bits and progressive, "
+           "1920x1080 at 36, 45, 75, 90, 115, 120, 145, 175, 185, 220, 240, 290, 365 or 440 Mbit/s, "
+           "1440x1080 at 63, 84, 100 or 110, 1280x720 at 60, 75, 90, 110, 120, 145, 180 or 220 "
+           "and 960x720 at 42, 60, 75 or 115; with one of the profiles dnxhr_lb, dnxhr_sq, dnxhr_hq, dnxhr_hqx "
+           "and dnxhr_444 any size from 256x120 on";
 }
 
 boost::rational<long long> ChooseFrameRate(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {
