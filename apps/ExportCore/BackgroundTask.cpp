@@ -59,7 +59,8 @@ struct BackgroundTask::Shared {
 
 BackgroundTask::BackgroundTask(Work work, QObject* parent)
     : QObject(parent)
-    , shared(std::make_shared<Shared>()) {
+    , shared(std::make_shared<Shared>())
+    , timer(this) {
     shared->work = std::move(work);
     shared->task = this;
     connect(&timer, &QTimer::timeout, this, &BackgroundTask::lookForLife);

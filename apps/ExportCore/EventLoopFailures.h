@@ -13,8 +13,8 @@ public:
     using QObject::QObject;
 
 Q_SIGNALS:
-    /// Comes from inside the event loop.
-    void caught(const std::exception_ptr& error);
+    /// Comes from inside the event loop. `receiver` is the object whose event it was; null when it is gone.
+    void caught(const std::exception_ptr& error, QObject* receiver);
 };
 
 } // namespace ExportCore

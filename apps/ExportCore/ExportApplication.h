@@ -3,6 +3,7 @@
 
 #include "ExportCore/EventLoopFailures.h"
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace ExportCore {
 
@@ -15,10 +16,11 @@ public:
     EventLoopFailures& failures() { return eventLoopFailures; }
 
     bool notify(QObject* receiver, QEvent* event) override {
+        const QPointer<QObject> held(receiver);
         try {
             return Application::notify(receiver, event);
         } catch (...) { // of whatever kind: past this place it would end the process
-            Q_EMIT eventLoopFailures.caught(std::current_exception());
+            Q_EMIT eventLoopFailures.caught(std::current_exception(), held);
             return false;
         }
     }

@@ -15,7 +15,6 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
-#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -27,7 +26,7 @@ using Kestra::Proc::TranscodingError;
 ExportJob::ExportJob(ExportRequest request, QObject* parent)
     : QObject(parent)
     , request(std::move(request))
-    , watchdog(this->request.limits) {
+    , watchdog(this->request.limits, this) {
     connect(&watchdog, &Watchdog::stalled, this, &ExportJob::onStalled);
 }
 
@@ -41,7 +40,7 @@ ExportJob::~ExportJob() {
 
 void ExportJob::start() {
     clock.start();
-    QTimer::singleShot(0, this, &ExportJob::prepare);
+    QMetaObject::invokeMethod(this, &ExportJob::prepare, Qt::QueuedConnection);
 }
 
 void ExportJob::attempt(const std::function<void()>& step) {

@@ -54,8 +54,12 @@ public:
     void start();
     /// Ends the run soon; the outcome is Stopped unless the run had failed or ended before.
     void stop();
-    /// For what the event loop caught: a start of the engine that fails leaves as an exception. Ends the run.
+    /// Ends the run.
     void fail(const std::exception_ptr& error);
+    /// For what the event loop caught in an event of `receiver`: a start of the engine that fails leaves as an
+    /// exception. Ends the run where that is a part of it, and, with words that say so, where nobody can tell whose it
+    /// is.
+    void failInEventLoop(const std::exception_ptr& error, QObject* receiver);
 
     /// Where the unfinished file stands; empty while there is none.
     QByteArray privatePath() const { return unfinishedPath; }
@@ -76,6 +80,7 @@ private:
     void showTimeline();
     void follow(BackgroundTask& task, Watchdog::Wait wait);
     bool endSoon(BackgroundTask* task);
+    bool isPart(const QObject* object) const;
     void selectPreset();
     void editPreset();
     void beginOutput();

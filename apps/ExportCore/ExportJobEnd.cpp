@@ -15,7 +15,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
-#include <QTimer>
+#include <QVariant>
 #include <algorithm>
 #include <utility>
 
@@ -45,6 +45,39 @@ void ExportJob::fail(const std::exception_ptr& error) {
     setFailure(error);
     if (!endSoon(opening.get()) && !endSoon(outputOpening.get()) && !endSoon(check.get()))
         concludeLater();
+}
+
+namespace {
+
+/// The run, or the part of one, that the object belongs to; null where that cannot be told.
+const QObject* partWith(const QObject* object) {
+    const auto isKnown = [](const QObject* part) {
+        return qobject_cast<const ExportJob*>(part) || qobject_cast<const Export::Transcoder*>(part) ||
+               qobject_cast<const EditorProject*>(part) || qobject_cast<const BackgroundTask*>(part);
+    };
+    while (object && !isKnown(object)) {
+        const QVariant owner = object->property("owner");
+        object = owner.isValid() ? owner.value<QObject*>() : object->parent();
+    }
+    return object;
+}
+
+} // namespace
+
+bool ExportJob::isPart(const QObject* object) const {
+    return object == this || object == transcoder.get() || object == project.get() || object == opening.get() ||
+           object == outputOpening.get() || object == check.get();
+}
+
+void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
+    const QObject* part = partWith(receiver);
+    if (part && !isPart(part))
+        return;
+    if (part)
+        return fail(error);
+    const auto told = ProcessingError::MakeProcessingErrorFromException(error);
+    fail(std::make_exception_ptr(Kestra::Proc::ProcException(
+        told.GetCode(), told.GetDescription() + " (whichever export this comes from, each that runs is ended)")));
 }
 
 bool ExportJob::endSoon(BackgroundTask* task) {
@@ -128,7 +161,7 @@ void ExportJob::concludeLater() {
         return;
     watchdog.disarm();
     // Not from inside a signal of the transcoder: it is destroyed there.
-    QTimer::singleShot(0, this, &ExportJob::conclude);
+    QMetaObject::invokeMethod(this, &ExportJob::conclude, Qt::QueuedConnection);
 }
 
 void ExportJob::conclude() {

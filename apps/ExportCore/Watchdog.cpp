@@ -11,7 +11,8 @@ constexpr int PARTS = 10;
 
 Watchdog::Watchdog(const WatchdogLimits& limits, QObject* parent)
     : QObject(parent)
-    , limits(limits) {
+    , limits(limits)
+    , timer(this) {
     connect(&timer, &QTimer::timeout, this, &Watchdog::tick);
 }
 

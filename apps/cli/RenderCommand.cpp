@@ -113,7 +113,7 @@ int render(const Options& options, ExportCore::EventLoopFailures& failures) {
     SignalStop signalStop;
     const std::unique_ptr<IProgressDisplay> display = IProgressDisplay::create(options.progress);
     ExportJob job(requestOf(options));
-    QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::fail);
+    QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::failInEventLoop);
     QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
     QObject::connect(&job, &ExportJob::privatePathChanged, &SignalStop::setUnfinishedFile);
     QObject::connect(&job, &ExportJob::started, [&] { display->started(); });

@@ -2,12 +2,17 @@
 #include "EditorProject/EditorProject.h"
 #include "ExportCore/ExportJob.h"
 #include "Exported.h"
+#include "Kestra/Core/CoreManager.h"
+#include "fakes/kestra/FakeFactories.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/MediaProbe.h"
 #include "support/WaitUntil.h"
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <gtest/gtest.h>
+#include <stdexcept>
+#include <utility>
 
 using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
@@ -122,6 +127,73 @@ TEST_F(ManyJobs, AProjectThatIsBeingEditedTakesNothingFromAJob) {
     edited.open({Kestra::ioPath(clipOf(0))});
     start(7);
     expectDone(7);
+}
+
+/// Tells every job what leaves a timer event, as an application's notify() does.
+class TellingAll : public QObject {
+public:
+    explicit TellingAll(std::vector<ExportJob*> jobs)
+        : jobs(std::move(jobs)) {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() != QEvent::Timer)
+            return false;
+        try {
+            receiver->event(event);
+        } catch (...) {
+            for (ExportJob* job : jobs)
+                job->failInEventLoop(std::current_exception(), receiver);
+        }
+        return true;
+    }
+
+private:
+    const std::vector<ExportJob*> jobs;
+};
+
+/// The first attempt to make a muxer throws; what is made later writes nothing.
+class FirstFails : public Kestra::Core::IMuxerFactory {
+public:
+    boost::intrusive_ptr<Kestra::Proc::IMuxer>
+    CreateMuxer(const boost::intrusive_ptr<Kestra::Conf::IFormatFile>&,
+                const boost::intrusive_ptr<Kestra::Core::IDataOutput>&) override {
+        if (!std::exchange(failed, true))
+            throw std::runtime_error("the first is broken");
+        return new Kestra::Fakes::FakeMuxer;
+    }
+
+private:
+    bool failed = false;
+};
+
+TEST_F(ManyJobs, OnlyTheOneWhoseStartThrewIsToldOfThat) {
+    Kestra::Core::CoreManager::Instance().SetMuxerFactory(std::make_shared<FirstFails>());
+    start(2);
+    start(4);
+    const TellingAll catcher({runs[2]->job.get(), runs[4]->job.get()});
+    EXPECT_TRUE(waitUntil([this] { return runs[2]->ended && runs[4]->ended; }));
+    Kestra::Core::CoreManager::Instance().SetMuxerFactory(nullptr);
+    int told = 0;
+    for (const int number : {2, 4})
+        told += runs[number]->outcome.error.GetDescription() == "the first is broken" ? 1 : 0;
+    EXPECT_EQ(told, 1) << runs[2]->outcome.error.GetDescription() << " / " << runs[4]->outcome.error.GetDescription();
+    for (const int number : {2, 4})
+        EXPECT_EQ(runs[number]->outcome.error.GetDescription().find("whichever"), std::string::npos);
+}
+
+TEST_F(ManyJobs, AFailureThatNobodyCanTellTheOwnerOfIsToldToAllWithThatWord) {
+    start(2);
+    start(4);
+    QObject nobodys;
+    for (const int number : {2, 4})
+        runs[number]->job->failInEventLoop(std::make_exception_ptr(std::runtime_error("a slot broke")), &nobodys);
+    EXPECT_TRUE(waitUntil([this] { return runs[2]->ended && runs[4]->ended; }));
+    for (const int number : {2, 4}) {
+        EXPECT_EQ(runs[number]->outcome.status, Status::Failed);
+        EXPECT_EQ(runs[number]->outcome.error.GetDescription(),
+                  "a slot broke (whichever export this comes from, each that runs is ended)");
+    }
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "FastTrack/Suppressor.h"
 #include "Kestra/Util/Scheduler.h"
 #include "Kestra/Util/TemporaryDir.h"
+#include <QVariant>
 
 namespace Export {
 
@@ -56,6 +57,8 @@ bool Transcoder::initialize(Data data, QString& error) {
     exportRange = data.exportRange;
     scheduler = std::make_unique<Kestra::Util::Scheduler<Transcoder>>(this, &Transcoder::tryToStart,
                                                                       Kestra::Util::Scheduler<Transcoder>::ARMED, 0);
+    // It is no child, but who catches what leaves an attempt through the event loop may ask whose it is.
+    scheduler->setProperty("owner", QVariant::fromValue<QObject*>(this));
     compositionObserve(data.composition);
     offerStreams(data.streamRange);
     return true;
