@@ -193,8 +193,9 @@ bool CodecLimits::ProfileTakes(CodecID codec, const std::string& profile, const 
 }
 
 bool CodecLimits::CodesFields(CodecID codec) {
+    // The profiles of DNxHD that take any size are progressive.
     return codec == CodecID::H264 || codec == CodecID::MPEG2 || codec == CodecID::MPEG4 || codec == CodecID::ProRes ||
-           codec == CodecID::DNxHD || codec == CodecID::FFV1;
+           codec == CodecID::FFV1;
 }
 
 bool CodecLimits::TakesFrameRate(CodecID codec, const Rate& rate) {
