@@ -177,6 +177,19 @@ TEST(Colours, TheBrightestThatIsToldBecomesWhite) {
     }
 }
 
+TEST(Colours, AMasteringDisplayThatDoesNotReachWhiteTellsNothing) {
+    const FrameHandle source = bars({grey(4000, PQ)}, AV_PIX_FMT_YUV444P10, PQ);
+    grade(*source, 0);
+    auto* const side = av_frame_get_side_data(source.get(), AV_FRAME_DATA_MASTERING_DISPLAY_METADATA);
+    auto& white = reinterpret_cast<AVMasteringDisplayMetadata*>(side->data)->max_luminance;
+    for (const AVRational implausible : {AVRational{1, 10}, AVRational{0, 1}, AVRational{-5, 1}, AVRational{100, 1}}) {
+        white = implausible;
+        EXPECT_EQ(ColourConverter::PeakOf(*source, AVCOL_TRC_SMPTE2084), 10000) << av_q2d(implausible);
+    }
+    white = {400, 1};
+    EXPECT_EQ(ColourConverter::PeakOf(*source, AVCOL_TRC_SMPTE2084), 400);
+}
+
 TEST(Colours, OfAStandardRangeStandAtReferenceWhiteInAHighOne) {
     for (const ColourInfo& to : {PQ, HLG}) {
         const FrameHandle source = bars(TONES, AV_PIX_FMT_YUV444P, BT709);

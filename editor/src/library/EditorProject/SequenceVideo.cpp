@@ -66,8 +66,32 @@ void SequenceVideo::DescribePictures() {
     if (!coloured)
         return;
     target->SetColour(coloured->colour);
+    if (isHighRange(*coloured))
+        DescribeHdr(coloured->colour.transfer);
     offersFields = coloured->interlaced && keepsFields(*coloured, *target);
     setFlag(*target, Conf::IFormatCodecVideo::TAG_TOP_FIELD_FIRST, coloured->topFieldFirst);
+}
+
+void SequenceVideo::DescribeHdr(int transfer) {
+    for (const Section& section : sections) {
+        const auto& video = timeline->clips()[section.clip].info.video;
+        if (!video || video->colour.transfer != transfer)
+            continue;
+        boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
+        timeline->source(section.clip).CreateVideoStream()->GetVideoFormat(format);
+        const auto own = Conf::HdrInfo::Of(*format);
+        hdr = hdrOfClips.empty() ? own : Conf::HdrInfo::Together(hdr, own);
+        hdrOfClips.emplace_back(section.clip, own);
+    }
+}
+
+void SequenceVideo::NoteOtherHdr() const {
+    for (const auto& [index, own] : hdrOfClips) {
+        if (own != hdr)
+            timeline->source(index).Note(
+                "its mastering display or light levels are not the ones that the export tells, "
+                "which are those of all clips together");
+    }
 }
 
 PixelFormat SequenceVideo::FormatOf(const Section& candidate) const {
@@ -164,6 +188,8 @@ void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>
     format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target->GetProperty());
     setFlag(*format, Conf::IFormatCodecVideo::TAG_INTERLACED, offersFields);
+    if (!hdrOfClips.empty())
+        hdr.TellIn(*format);
 }
 
 std::int64_t SequenceVideo::GetDuration() const {
@@ -203,6 +229,9 @@ void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
     colour.matrix = wanted.matrix != 2 ? wanted.matrix : colour.matrix;
     colour.range = wanted.range != 0 ? wanted.range : colour.range;
     target->SetColour(colour);
+    if (!hdrOfClips.empty() &&
+        colour.transfer == timeline->clips()[hdrOfClips.front().first].info.video->colour.transfer)
+        NoteOtherHdr();
     setFlag(*target, Conf::IFormatCodecVideo::TAG_INTERLACED,
             readFlag(*video, Conf::IFormatCodecVideo::TAG_INTERLACED));
     if (clip)

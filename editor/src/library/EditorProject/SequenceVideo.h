@@ -5,8 +5,11 @@
 #include "EditorProject/StreamSlot.h"
 #include "EditorProjectExport.h"
 #include "Kestra/Conf/FrameInfo.h"
+#include "Kestra/Conf/HdrInfo.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace Project {
 
@@ -31,6 +34,8 @@ public:
 private:
     void DescribePictures();
     Kestra::Conf::PixelFormat FormatOf(const Section& candidate) const;
+    void DescribeHdr(int transfer);
+    void NoteOtherHdr() const;
     void NoteLoss() const;
     void OpenClip();
     bool Fetch();
@@ -48,7 +53,10 @@ private:
     const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> target;
 
     bool formatOrdered = false; ///< the pixel format is what the user ordered: only lost transparency is noted
-    bool offersFields = false;  ///< the first picture is interlaced, and could stay so
+    /// By clip, of those in the transfer of `target`.
+    std::vector<std::pair<std::size_t, Kestra::Conf::HdrInfo>> hdrOfClips;
+    Kestra::Conf::HdrInfo hdr; ///< of them together
+    bool offersFields = false; ///< the first picture is interlaced, and could stay so
 
     StreamSlot<Kestra::Proc::IStreamVideo> clip;
     const Section* section = nullptr; ///< of the open clip

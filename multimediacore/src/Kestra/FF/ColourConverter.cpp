@@ -168,7 +168,8 @@ double ColourConverter::PeakOf(const AVFrame& picture, int transfer) {
     if (transfer == AVCOL_TRC_SMPTE2084 && metadata.light && metadata.light->MaxCLL > 0)
         peak = metadata.light->MaxCLL;
     else if (transfer == AVCOL_TRC_SMPTE2084 && metadata.mastering && metadata.mastering->has_luminance &&
-             metadata.mastering->max_luminance.num > 0)
+             av_q2d(metadata.mastering->max_luminance) > REFERENCE_WHITE)
+        // What claims to be graded on a display that does not reach white tells nothing.
         peak = av_q2d(metadata.mastering->max_luminance);
     return std::clamp(peak, REFERENCE_WHITE, PQ_PEAK);
 }

@@ -43,19 +43,32 @@ void Write(AVStream& stream, AVPacketSideDataType type, const std::optional<Meta
         std::memcpy(Allocated(av_stream_new_side_data(&stream, type, sizeof(Metadata))), &*metadata, sizeof(Metadata));
 }
 
+constexpr int PLACES_PER_ONE = 50000;
+constexpr int LUMINANCES_PER_ONE = 10000;
+
+std::int64_t InUnits(AVRational value, int perOne) {
+    return value.den == 0 ? 0 : av_rescale(value.num, perOne, value.den);
+}
+
 std::string Units(AVRational value, int perOne) {
-    return value.den == 0 ? "0" : std::to_string(av_rescale(value.num, perOne, value.den));
+    return std::to_string(InUnits(value, perOne));
+}
+
+/// x and y of red, green, blue and white, one after the other.
+template <class Display>
+auto& PlaceOf(Display& display, std::size_t index) {
+    return index < 6 ? display.display_primaries[index / 2][index % 2] : display.white_point[index % 2];
 }
 
 /// In steps of 0.00002 of the chromaticity plane and 0.0001 cd/m2.
 std::string X265Text(const AVMasteringDisplayMetadata& display) {
     const auto point = [](const AVRational(&place)[2]) {
-        return "(" + Units(place[0], 50000) + "," + Units(place[1], 50000) + ")";
+        return "(" + Units(place[0], PLACES_PER_ONE) + "," + Units(place[1], PLACES_PER_ONE) + ")";
     };
     const AVRational(&primaries)[3][2] = display.display_primaries;
     return "G" + point(primaries[1]) + "B" + point(primaries[2]) + "R" + point(primaries[0]) + "WP" +
-           point(display.white_point) + "L(" + Units(display.max_luminance, 10000) + "," +
-           Units(display.min_luminance, 10000) + ")";
+           point(display.white_point) + "L(" + Units(display.max_luminance, LUMINANCES_PER_ONE) + "," +
+           Units(display.min_luminance, LUMINANCES_PER_ONE) + ")";
 }
 
 void SetUnlessGiven(Dictionary& parameters, const char* name, const std::string& value) {
@@ -78,6 +91,40 @@ HdrMetadata HdrMetadataOf(const AVFrame& picture) {
     HdrMetadata metadata;
     metadata.mastering = Read<AVMasteringDisplayMetadata>(picture, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA);
     metadata.light = Read<AVContentLightMetadata>(picture, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL);
+    return metadata;
+}
+
+Conf::HdrInfo InfoOf(const HdrMetadata& metadata) {
+    Conf::HdrInfo info;
+    const auto& display = metadata.mastering;
+    for (std::size_t index = 0; display && display->has_primaries && index < info.places.size(); ++index)
+        info.places[index] = InUnits(PlaceOf(*display, index), PLACES_PER_ONE);
+    if (display && display->has_luminance) {
+        info.whitest = InUnits(display->max_luminance, LUMINANCES_PER_ONE);
+        info.blackest = InUnits(display->min_luminance, LUMINANCES_PER_ONE);
+    }
+    if (metadata.light) {
+        info.maxCll = metadata.light->MaxCLL;
+        info.maxFall = metadata.light->MaxFALL;
+    }
+    return info;
+}
+
+HdrMetadata MetadataOf(const Conf::HdrInfo& info) {
+    HdrMetadata metadata;
+    if (info.HasPlaces() || info.whitest > 0) {
+        AVMasteringDisplayMetadata& display = metadata.mastering.emplace();
+        display = {};
+        for (std::size_t index = 0; index < info.places.size(); ++index)
+            PlaceOf(display, index) = {static_cast<int>(info.places[index]), PLACES_PER_ONE};
+        display.max_luminance = {static_cast<int>(info.whitest), LUMINANCES_PER_ONE};
+        display.min_luminance = {static_cast<int>(info.blackest), LUMINANCES_PER_ONE};
+        display.has_primaries = info.HasPlaces() ? 1 : 0;
+        display.has_luminance = info.whitest > 0 ? 1 : 0;
+    }
+    if (info.maxCll > 0 || info.maxFall > 0)
+        metadata.light =
+            AVContentLightMetadata{static_cast<unsigned>(info.maxCll), static_cast<unsigned>(info.maxFall)};
     return metadata;
 }
 

@@ -1,6 +1,7 @@
 // Kestra::FF::HdrMetadata: on which display pictures of high dynamic range were graded, and how bright they get.
 #pragma once
 
+#include "Kestra/Conf/HdrInfo.h"
 #include "Kestra/FF/Handles.h"
 #include "KestraExport.h"
 #include <optional>
@@ -26,6 +27,8 @@ bool IsHighRange(int transfer) noexcept;
 bool CarriesHdr(int transfer, AVPixelFormat format) noexcept;
 
 KESTRA_EXPORT HdrMetadata HdrMetadataOf(const AVFrame& picture);
+Conf::HdrInfo InfoOf(const HdrMetadata& metadata);
+HdrMetadata MetadataOf(const Conf::HdrInfo& info);
 /// Gives the picture what the container tells, where the picture itself tells nothing.
 KESTRA_EXPORT void AddHdrMetadata(AVFrame& picture, const AVStream& stream);
 /// For pictures that are of another range now, or of another transfer; what changes from picture to picture goes too.

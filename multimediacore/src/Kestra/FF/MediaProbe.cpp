@@ -6,10 +6,12 @@
 #include "Kestra/FF/ColourConverter.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Decoder.h"
+#include "Kestra/FF/DynamicMetadata.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/FieldOrder.h"
 #include "Kestra/FF/FirstFrames.h"
 #include "Kestra/FF/FollowingFile.h"
+#include "Kestra/FF/HdrMetadata.h"
 #include "Kestra/FF/LeftOut.h"
 #include "Kestra/FF/PictureRotator.h"
 #include "Kestra/FF/PictureTags.h"
@@ -274,6 +276,8 @@ void MediaProbe::DescribeVideo() {
     details.tellsColour = TellsColour(first);
     GuessColour(*video.first, stream.codecpar->codec_id);
     details.peak = ColourConverter::PeakOf(first, first.color_trc);
+    details.hdr = InfoOf(HdrMetadataOf(first));
+    details.dynamicMetadata = DynamicMetadataOf(first, stream);
     const Orientation orientation = FindOrientation(stream, &first);
     track.rotation = orientation.rotation;
     details.flipped = orientation.flipped;
@@ -284,6 +288,9 @@ void MediaProbe::DescribeVideo() {
     const char* name =
         av_get_pix_fmt_name(PictureRotator::OutputFormat(static_cast<AVPixelFormat>(first.format), orientation));
     track.pixelFormat = name ? name : "";
+    // Whoever cannot handle a pixel format refuses this one by its name.
+    if (const std::string foreign = ForeignColourModel(stream); !foreign.empty())
+        track.pixelFormat += " (" + foreign + ")";
     track.colour = ColourOf(first);
     track.frameRate = rate.rate;
     track.variableFrameRate = rate.variable;

@@ -1,6 +1,7 @@
 // Kestra::FF::TrackDetails: what the streams of a media file need to know beyond its public description.
 #pragma once
 
+#include "Kestra/Conf/HdrInfo.h"
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/KnownStreams.h"
 #include "Kestra/Proc/IMediaSource.h"
@@ -20,6 +21,10 @@ struct TrackDetails {
     bool tellsColour = true;
     /// The brightest of a picture of high dynamic range, in cd/m2.
     double peak = 0;
+    /// Of such a picture, too.
+    Conf::HdrInfo hdr;
+    /// Its metadata that changes from picture to picture, by name; empty where there is none.
+    std::string dynamicMetadata;
     /// Pictures are interlaced as the container says, having no flags of their own.
     bool fieldsByTrack = false;
     /// Engine time from the origin at which samples of the sound begin; before it, negative, they are not heard.

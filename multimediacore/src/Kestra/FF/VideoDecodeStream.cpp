@@ -73,6 +73,7 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
     format->SetPixelFormat(
         FromAv(PictureRotator::OutputFormat(decoded, {track.rotation, source->GetDetails().flipped})));
     format->SetColour(track.colour);
+    source->GetDetails().hdr.TellIn(*format);
     Core::Property tree = format->GetProperty();
     tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, track.interlaced && fields == Fields::Kept && IsOriented());
     format->SetProperty(tree);
@@ -91,6 +92,8 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
     const std::string note = ColourNote(change, source->GetDetails().peak, source->GetDetails().tellsColour);
     if (!note.empty())
         source->Note(note);
+    if (const std::string& dynamic = source->GetDetails().dynamicMetadata; !dynamic.empty())
+        source->Note(dynamic + " left out: its pictures are shown as they are without it");
 }
 
 void VideoDecodeStream::PreferFields(const Conf::IFormatCodecVideo& format) {

@@ -101,6 +101,9 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     stream->GetVideoFormat(format);
     picture = ChoosePicture(description, *format, *codec);
     offersFields = IsInterlaced(*format);
+    tellsHdr = Conf::HdrInfo::IsTold(*format) && format->GetColour().transfer == picture.colour.transfer;
+    hdr = CarriesHdr(picture.colour.transfer, picture.format) && tellsHdr ? MetadataOf(Conf::HdrInfo::Of(*format))
+                                                                          : HdrMetadata{};
     codec = &EncoderForSize(*codec, picture.width, picture.height);
     rate = ChooseFrameRate(description, *format);
     FF::Describe(picture, *format);
@@ -123,14 +126,14 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
         Peek();
 }
 
-// The order of the fields and the display of grading stand in the pictures alone, and the encoder has to know them
-// before the first one.
+// The order of the fields, and mostly the display of grading, stand in the pictures alone, and the encoder has to know
+// them before the first one.
 void VideoEncoderCore::Peek() {
     peeked = chain->ReadVideo();
     if (!peeked)
         return;
     const AVFrame& frame = FrameOf(*peeked);
-    if (CarriesHdr(picture.colour.transfer, picture.format))
+    if (CarriesHdr(picture.colour.transfer, picture.format) && !tellsHdr)
         hdr = HdrMetadataOf(frame);
     if (picture.interlaced)
         SettleFields(frame);

@@ -50,12 +50,13 @@ private:
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
     EncodePicture picture;
-    HdrMetadata hdr;
+    HdrMetadata hdr; ///< for container and stream
     boost::rational<long long> rate{0};
     std::int64_t frameCount = -1; ///< -1: as many as come
     std::int64_t framesSent = 0;
     std::int64_t position = 0;
     bool offersFields = false; ///< the stream says that it is interlaced
+    bool tellsHdr = false;     ///< the stream says what its pictures tell together
 };
 
 } // namespace Kestra::FF
