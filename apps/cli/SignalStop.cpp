@@ -19,6 +19,7 @@ constexpr unsigned PATIENCE_SECONDS = 2;
 // What a signal handler may use: two paths, of which one is in use while the other is written.
 std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
 std::atomic<int> unfinishedInUse{-1};
+std::array<char, PATH_MAX> sessionFolder;
 std::atomic<int> signalsSeen{0};
 std::atomic<int> firstSignal{0};
 std::array<int, 2> wakePipe{-1, -1};
@@ -31,6 +32,7 @@ void onSignal(int number) {
         const int use = unfinishedInUse;
         if (use >= 0)
             unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());
+        SignalStop::removeSessionFolder();
         _exit(EXIT_SIGNAL_BASE + number);
     }
     firstSignal = number;
@@ -78,6 +80,16 @@ void SignalStop::setUnfinishedFile(const QByteArray& path) {
     std::memcpy(unfinishedPaths[static_cast<std::size_t>(next)].data(), path.constData(),
                 static_cast<std::size_t>(path.size()) + 1);
     unfinishedInUse = next;
+}
+
+void SignalStop::setSessionFolder(const QByteArray& path) {
+    if (path.size() < PATH_MAX)
+        std::memcpy(sessionFolder.data(), path.constData(), static_cast<std::size_t>(path.size()) + 1);
+}
+
+void SignalStop::removeSessionFolder() noexcept {
+    if (sessionFolder[0] != '\0')
+        rmdir(sessionFolder.data());
 }
 
 void SignalStop::onReadable() {

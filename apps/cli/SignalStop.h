@@ -19,6 +19,10 @@ public:
 
     /// What the second signal removes; empty for nothing. A path that is too long for the system is nothing, too.
     static void setUnfinishedFile(const QByteArray& path);
+    /// An empty folder that an end on the spot removes too, and removeSessionFolder(). Once, before there is one of
+    /// these.
+    static void setSessionFolder(const QByteArray& path);
+    static void removeSessionFolder() noexcept;
     /// The signal that came; 0 when none did.
     static int received();
 

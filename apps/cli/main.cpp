@@ -9,6 +9,7 @@
 #include "cli/ListCommands.h"
 #include "cli/Options.h"
 #include "cli/RenderCommand.h"
+#include "cli/SignalStop.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -65,6 +66,12 @@ void speakThroughOneMouth() {
     });
 }
 
+/// SVT-AV1 writes past everybody's callbacks, as its variable of the environment says.
+void silenceWhoSpeaksPastIt(const Cli::Options& options) {
+    if (options.progress == Cli::ProgressStyle::Json)
+        qputenv("SVT_LOG", "-1");
+}
+
 /// Qt takes the user's locale over for the whole process, but sentences here are in English, numbers included.
 void keepNumbersEnglish() {
     std::setlocale(LC_NUMERIC, "C");
@@ -97,6 +104,7 @@ int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
     // Where the session has no folder, Qt makes one that stays behind.
     const QTemporaryDir session;
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session.path()));
+    Cli::SignalStop::setSessionFolder(QFile::encodeName(session.path()));
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     ExportCore::ExportApplication<QGuiApplication> application(argc, argv);
     QLoggingCategory::setFilterRules(QString());
@@ -113,6 +121,7 @@ int main(int argc, char** argv) {
     if (!options)
         return withOutputChecked(exitCode);
     speakThroughOneMouth();
+    silenceWhoSpeaksPastIt(*options);
     Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
     Kestra::Core::SetLargestAllocation(options->mediaLimits);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError

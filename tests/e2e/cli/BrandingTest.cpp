@@ -2,6 +2,8 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/MediaProbe.h"
+#include <QRegularExpression>
+#include <csignal>
 #include <gtest/gtest.h>
 
 using TestCli::Program;
@@ -23,6 +25,11 @@ protected:
         program.setEnvironment("DISPLAY", "");
         program.setEnvironment("XDG_RUNTIME_DIR", "");
         return program.run();
+    }
+
+    /// What the program makes for Qt; the scratch folder of an export is something else.
+    static QStringList sessionFolders(const TestMedia::Folder& temporary) {
+        return TestFiles::namesIn(temporary / "").filter(QRegularExpression(QStringLiteral("^(?!editor-export-)")));
     }
 
     const TestMedia::Folder place;
@@ -78,6 +85,23 @@ TEST_F(CliBranding, WithoutANameIsWrongUsage) {
     const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding"});
     EXPECT_EQ(result.code, 2);
     EXPECT_EQ(result.errorLines().size(), 1);
+}
+
+TEST_F(CliBranding, LeavesNothingInTheTemporaryFolderWhenASecondSignalEndsIt) {
+    const TestMedia::Folder temporary;
+    Program program({"render", clip, "-p", "mp4-h264-1080p", "-o", output, "--branding", "demo", "--set",
+                     "size=1920x1080", "--progress", "json"});
+    program.setEnvironment("XDG_RUNTIME_DIR", "");
+    program.setEnvironment("TMPDIR", temporary / "");
+    program.start();
+    ASSERT_TRUE(program.waitForError(QStringLiteral("progress")));
+    EXPECT_FALSE(sessionFolders(temporary).isEmpty());
+    program.signal(SIGTERM);
+    program.signal(SIGINT);
+    const Result result = program.finish();
+    EXPECT_TRUE(result.ended);
+    EXPECT_FALSE(result.errors.contains(QStringLiteral("\"stopped\""))) << "on the spot";
+    EXPECT_EQ(sessionFolders(temporary), QStringList());
 }
 
 } // namespace

@@ -68,6 +68,14 @@ TEST_F(Messages, OfEveryLibraryAreObjects) {
     }
 }
 
+TEST_F(Messages, OfAnEncoderThatTheEnvironmentMakesTalkAreObjects) {
+    Program program({"render", clip, "-p", "mp4-av1-1080p-hdr", "-o", place / "film.mp4", "--progress", "json"});
+    program.setEnvironment("SVT_LOG", "4");
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    expectObjects(result);
+}
+
 TEST_F(Messages, OfLibrariesAreNotHeardUnlessAskedFor) {
     for (const char* preset : {"mp4-h264-480p", "mp4-hevc-1080p", "webm-vp9-1080p", "mkv-ffv1-flac"}) {
         const Result result = run({"render", clip, "-p", preset, "-o", place / preset, "--progress", "none"});

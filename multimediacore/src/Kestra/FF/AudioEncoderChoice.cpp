@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/Wording.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -131,7 +132,7 @@ int BitsKept(const AVCodec& codec, AVSampleFormat format) {
 
 void SetQuality(AVCodecContext& context, double quality) {
     if (!(quality >= -10 && quality <= 1024))
-        Refuse(context, "the quality " + std::to_string(quality));
+        Refuse(context, "the quality " + Decimal(quality));
     context.flags |= AV_CODEC_FLAG_QSCALE;
     context.global_quality = static_cast<int>(std::lround(quality * FF_QP2LAMBDA));
 }

@@ -1,6 +1,7 @@
 #include "Kestra/FF/VideoRateControl.h"
 
 #include "Kestra/FF/Error.h"
+#include "Kestra/FF/Wording.h"
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -27,12 +28,6 @@ int Processors() {
     Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
 }
 
-std::string Shown(double value) {
-    std::string text = std::to_string(value);
-    text.erase(text.find_last_not_of('0') + 1);
-    return text.back() == '.' ? text.substr(0, text.size() - 1) : text;
-}
-
 bool HasPrivateOption(const AVCodecContext& context, const char* name) {
     return context.priv_data && av_opt_find(context.priv_data, name, nullptr, 0, 0) != nullptr;
 }
@@ -45,13 +40,13 @@ void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value) {
 void SetQuality(AVCodecContext& context, double quality) {
     if (HasPrivateOption(context, "crf")) {
         if (av_opt_set_double(context.priv_data, "crf", quality, 0) < 0)
-            Refuse(context, "the quality " + Shown(quality));
+            Refuse(context, "the quality " + Decimal(quality));
         if (context.codec_id == AV_CODEC_ID_VP8)
             context.bit_rate = VP8_BOUND;
         return;
     }
     if (!(quality >= 0 && quality <= 1024))
-        Refuse(context, "the quality " + Shown(quality));
+        Refuse(context, "the quality " + Decimal(quality));
     context.flags |= AV_CODEC_FLAG_QSCALE;
     context.global_quality = static_cast<int>(std::lround(quality * FF_QP2LAMBDA));
 }

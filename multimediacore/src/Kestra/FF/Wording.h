@@ -8,5 +8,7 @@ namespace Kestra::FF {
 
 /// Engine time as "1.250 s", to the millisecond.
 std::string Seconds(std::int64_t time);
+/// To six decimals, without the zeros behind: "23.5", "24".
+std::string Decimal(double number);
 
 } // namespace Kestra::FF
