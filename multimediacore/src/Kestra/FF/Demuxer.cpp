@@ -25,6 +25,15 @@ bool TellsNoTimes(const char* name) {
     return std::strcmp(name, "h264") == 0 || std::strcmp(name, "hevc") == 0;
 }
 
+// For samples that are not all of one size, these readers reckon where they are from the header's rate of bytes, which
+// is an average, or a guess of whoever wrote it.
+bool CountsByRate(const char* name, const AVCodecParameters& sound) {
+    constexpr int smallestPcm = 8;
+    const bool simple = std::strcmp(name, "wav") == 0 || std::strcmp(name, "w64") == 0 ||
+                        std::strcmp(name, "aiff") == 0 || std::strcmp(name, "au") == 0;
+    return simple && av_get_exact_bits_per_sample(sound.codec_id) < smallestPcm;
+}
+
 // Matroska's reader only mentions that it met nonsense and searched for what it can read again.
 bool TellsOfNonsense(const LogWatch& log) {
     return !log.Find({"Element at 0x", "Invalid length 0x", "Length ", "Invalid EBML", "0x"}).empty();
@@ -165,7 +174,7 @@ void Demuxer::ShiftTimes(AVPacket& packet) {
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
-    if (TellsNoTimes(GetFormatName()))
+    if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
         return false;
     if (clock)
         return SeekToEntry(stream, timestamp);

@@ -171,11 +171,13 @@ void MediaProbe::DecodeTail(Track& track) {
     std::int64_t end = -1;
     while (const FrameHandle block = decoder.Next()) {
         const std::int64_t time = ToEngineTime(block->best_effort_timestamp, stream.time_base);
-        if (time == TIME_UNKNOWN || block->sample_rate != rate)
+        // The second block of a packet, and what a decoder still gives at the end, have no times of their own.
+        const bool follows = time == TIME_UNKNOWN && end >= 0;
+        if ((time == TIME_UNKNOWN && !follows) || block->sample_rate != rate)
             continue;
-        std::int64_t place = TimeToSamples(time - details.audioOrigin, rate);
+        std::int64_t place = follows ? end : TimeToSamples(time - details.audioOrigin, rate);
         // The first block may be cut at its start, and so lie off the grid.
-        if (place > begin)
+        if (!follows && place > begin)
             place = SnapToGrain(place, details.audioPhase, details.audioGrain, tolerance);
         end = std::max(end, place + block->nb_samples);
     }
