@@ -118,7 +118,7 @@ private:
     void tellLeftover();
     void concludeCommitted();
     void collectFacts();
-    std::string inUsersWords(const std::string& sentence) const;
+    QString inUsersWords(const std::string& sentence) const;
     void finish(ExportOutcome::Status status);
 
     const ExportRequest request;

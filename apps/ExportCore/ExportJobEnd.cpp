@@ -6,6 +6,7 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/InputOpening.h"
+#include "ExportCore/NamedPath.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/PlainText.h"
@@ -306,12 +307,12 @@ void ExportJob::collectFacts() {
         facts.speed = static_cast<double>(facts.durationMs) / static_cast<double>(facts.elapsedMs);
 }
 
-std::string ExportJob::inUsersWords(const std::string& sentence) const {
+QString ExportJob::inUsersWords(const std::string& sentence) const {
     // The engine knows the private file only; the user knows the output only.
     QString text = QString::fromStdString(sentence);
     if (!unfinishedPath.isEmpty())
         text.replace(QString::fromUtf8(unfinishedPath), request.outputPath);
-    return PlainText::escaped(text.trimmed().toStdString());
+    return text.trimmed();
 }
 
 void ExportJob::finish(ExportOutcome::Status status) {
@@ -319,8 +320,14 @@ void ExportJob::finish(ExportOutcome::Status status) {
         return;
     watchdog.disarm();
     outcome.status = status;
-    if (const auto& reason = failure ? failure : stall)
-        outcome.error = ProcessingError(reason->GetCode(), inUsersWords(reason->GetDescription()));
+    if (const auto& reason = failure ? failure : stall) {
+        const QString words = inUsersWords(reason->GetDescription());
+        outcome.errorPath = NamedPath::in(words, request);
+        outcome.error = ProcessingError(reason->GetCode(), PlainText::escaped(words.toStdString()));
+    }
+    for (const QString& sentence : outcome.warnings + outcome.notes)
+        if (const QString path = NamedPath::in(sentence, request); !path.isEmpty())
+            outcome.paths.insert(sentence, path);
     if (!unfinishedPath.isEmpty())
         Q_EMIT privatePathChanged(QByteArray());
     Q_EMIT finished(outcome);

@@ -3,6 +3,7 @@
 
 #include "ExportCore/ExportFacts.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include <QHash>
 #include <QMetaType>
 #include <QStringList>
 
@@ -18,9 +19,11 @@ struct ExportOutcome {
 
     Status status = Status::Failed;
     Kestra::Proc::ProcessingError error; ///< when refused or failed; its code is Stalled, too, when a stopped run hangs
+    QString errorPath;                   ///< the input or output that the error is about; empty when it is about none
     ExportFacts facts;                   ///< when done
     QStringList warnings;                ///< what the user should know of inputs and presets, one sentence each
-    QStringList notes; ///< what was done to the material, or left out, beyond the order; one line each
+    QStringList notes;             ///< what was done to the material, or left out, beyond the order; one line each
+    QHash<QString, QString> paths; ///< the input or output that a warning or note is about, where it is about one
 };
 
 } // namespace ExportCore

@@ -40,6 +40,17 @@ void addFacts(QJsonObject& object, const ExportFacts& facts) {
                                                 {key("channels"), facts.channels}});
 }
 
+QJsonArray remarks(const QStringList& sentences, const QHash<QString, QString>& paths) {
+    QJsonArray array;
+    for (const QString& sentence : sentences) {
+        QJsonObject remark{{key("message"), sentence}};
+        if (paths.contains(sentence))
+            remark.insert(key("path"), paths[sentence]);
+        array.append(remark);
+    }
+    return array;
+}
+
 } // namespace
 
 std::string jsonLine(const QJsonObject& object) {
@@ -55,11 +66,13 @@ QJsonObject outcomeObject(const ExportOutcome& outcome) {
         object.insert(key("error"), QString::fromUtf8(Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode())));
         object.insert(key("code"), static_cast<int>(outcome.error.GetCode()));
         object.insert(key("message"), QString::fromStdString(outcome.error.GetDescription()));
+        if (!outcome.errorPath.isEmpty())
+            object.insert(key("path"), outcome.errorPath);
     }
     if (!outcome.warnings.isEmpty())
-        object.insert(key("warnings"), QJsonArray::fromStringList(outcome.warnings));
+        object.insert(key("warnings"), remarks(outcome.warnings, outcome.paths));
     if (!outcome.notes.isEmpty())
-        object.insert(key("notes"), QJsonArray::fromStringList(outcome.notes));
+        object.insert(key("notes"), remarks(outcome.notes, outcome.paths));
     return object;
 }
 

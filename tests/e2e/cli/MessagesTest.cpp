@@ -3,6 +3,7 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QProcess>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
@@ -149,6 +150,25 @@ TEST_F(Messages, NameOnceWhatIsLeftOut) {
     EXPECT_EQ(result.errors.toStdString(), note.toStdString());
     const Result plain = run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "b.mp4", "--progress", "none"});
     EXPECT_TRUE(plain.errors.isEmpty()) << plain.errors.toStdString();
+}
+
+TEST_F(Messages, HaveTheFileThatTheyAreAboutBesideThem) {
+    const std::string odd = place / "two  blanks\tand \"quotes\".mov";
+    const QString oddName = QString::fromStdString(odd);
+    const auto last = [&](const std::string& input, const std::string& output) {
+        const Result result = run({"render", input, "-p", "mp4-h264-480p", "-o", output, "--progress", "json"});
+        return TestCli::jsonLines(result.errors).last();
+    };
+    EXPECT_EQ(last(odd, place / "a.mp4")[QStringLiteral("path")].toString(), oddName) << "an input that is missing";
+    TestFiles::write(odd, "no media");
+    EXPECT_EQ(last(odd, place / "a.mp4")[QStringLiteral("path")].toString(), oddName) << "an input that is none";
+    const std::string nowhere = place / "none/a.mp4";
+    EXPECT_EQ(last(clip, nowhere)[QStringLiteral("path")].toString(), QString::fromStdString(nowhere));
+    EXPECT_FALSE(last(clip, place / "b.mp4").contains(QStringLiteral("path")));
+    TestMedia::runFfmpeg({"-i", clip, "-i", clip, "-map", "0", "-map", "1:a", "-c", "copy", "-f", "mov", odd});
+    const QJsonObject note = last(odd, place / "c.mp4")[QStringLiteral("notes")].toArray().at(0).toObject();
+    EXPECT_TRUE(note[QStringLiteral("message")].toString().contains(QStringLiteral("left out")));
+    EXPECT_EQ(note[QStringLiteral("path")].toString(), oddName);
 }
 
 } // namespace
