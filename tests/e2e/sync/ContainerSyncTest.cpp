@@ -148,23 +148,24 @@ INSTANTIATE_TEST_SUITE_P(Presets, Generations,
                          [](const ::testing::TestParamInfo<Generation>& entry) { return entry.param.extension; });
 
 TEST(Joined, ClipsGainNoFrame) {
+    constexpr int CLIPS = 40, FRAMES = 11;
     const TestMedia::Folder folder;
     FlashBeep media;
     media.width = 160;
     media.height = 96;
     media.rate = {30000, 1001};
-    media.frames = 61;
+    media.frames = FRAMES;
     media.period = 30;
     media.audioCodec = "aac";
     ExportCore::ExportRequest request = TestExport::requestOf(folder / "in.mp4", "mkv-ffv1-flac", folder / "out.mkv");
     TestMedia::makeFlashBeep(folder / "in.mp4", media);
-    for (int more = 1; more < 6; ++more)
+    for (int more = 1; more < CLIPS; ++more)
         request.inputs << request.inputs.front();
     const ExportOutcome outcome = TestExport::run(request);
     ASSERT_EQ(outcome.status, ExportOutcome::Status::Done) << outcome.error.GetDescription();
     const ProbedMedia result = TestMedia::probe(folder / "out.mkv");
-    EXPECT_EQ(result.video->frames.size(), 6U * 61);
-    EXPECT_EQ(result.audio->samples, std::llround(6 * 61 * 1001 / 30000.0 * 48000));
+    EXPECT_EQ(result.video->frames.size(), static_cast<std::size_t>(CLIPS * FRAMES));
+    EXPECT_EQ(result.audio->samples, std::llround(CLIPS * FRAMES * 1001 / 30000.0 * 48000));
 }
 
 } // namespace

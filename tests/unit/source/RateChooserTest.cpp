@@ -104,6 +104,19 @@ TEST(RateChooser, KeepsTheGridOfARecordingThatLostPictures) {
     EXPECT_FALSE(choice.variable) << "what is lost now and then is no variable rate";
 }
 
+TEST(RateChooser, DoesNotTakeAnEvenLossOfPicturesForALowerRate) {
+    // Of every 25 pictures one repeats the one before and is not stored: on average they are those of film.
+    for (const std::int64_t tick : {FINE, MILLISECOND, TIME_BASE / 25}) {
+        Times times = even(25, 100, 0, tick);
+        for (const int lost : {76, 51, 26, 1})
+            times.erase(times.begin() + lost);
+        const RateChoice choice = choose(times, tick, 25);
+        EXPECT_EQ(choice.rate, Rate(25)) << tick;
+        EXPECT_EQ(choice.shown, 96U) << tick;
+        EXPECT_FALSE(choice.variable) << tick;
+    }
+}
+
 TEST(RateChooser, KeepsTheGridOfAScreenThatSeldomChanges) {
     const Times all = even(30, 300);
     Times times;

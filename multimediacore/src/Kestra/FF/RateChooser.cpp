@@ -54,7 +54,8 @@ Rate Simplest(double value, double doubt) {
 
 RateChooser::RateChooser(const std::vector<std::vector<std::int64_t>>& runs, std::int64_t tick, const Rate& nominal)
     : runs(runs)
-    , tick(static_cast<double>(tick))
+    // A clock that counts pictures rounds nothing.
+    , tick(nominal > 0 && 2 * static_cast<double>(tick) > PeriodOf(nominal) ? 0 : static_cast<double>(tick))
     , nominal(nominal) {
     for (const auto& run : runs)
         pictures += run.size();
@@ -105,7 +106,11 @@ RateChooser::Line RateChooser::FitRun(const std::vector<std::int64_t>& run) cons
     std::vector<std::int64_t> places(run.size());
     std::iota(places.begin(), places.end(), 0);
     const Line even = Fit(run, places);
-    return IsEven(even) ? even : Fit(run, PlacesWithHoles(run));
+    if (even.worst <= std::max(tick, SMALLEST_JITTER * even.period))
+        return even;
+    // What stands exactly on a grid with holes does not jitter around one of a lower rate.
+    const Line holed = Fit(run, PlacesWithHoles(run));
+    return !IsEven(even) || holed.worst <= std::max(1.1 * tick, EXACT * holed.period) ? holed : even;
 }
 
 bool RateChooser::IsEven(const Line& line) const {
