@@ -1,7 +1,10 @@
-// Every picture codec with the qualities that a catalogue can wish for: refused, or they count in the file.
+// Every picture codec with what a catalogue can wish for: refused, or the file has just that.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "WishFixture.h"
+#include <QProcess>
 #include <algorithm>
+#include <cmath>
+#include <set>
 
 using Kestra::ClientAPI::CodecLimits;
 using TestMedia::ProbedMedia;
@@ -19,6 +22,24 @@ std::ostream& operator<<(std::ostream& out, const Codec& codec) {
     return out << codec.name;
 }
 
+const char* const PIXEL_FORMATS[] = {"yuv420p",   "yuv422p",   "yuv444p",   "nv12",      "yuvj420p",
+                                     "yuv420p10", "yuv422p10", "yuv444p10", "yuv420p12", "yuv422p12",
+                                     "yuv444p12", "gray8",     "gray10",    "gbrp",      "gbrp10",
+                                     "bgra",      "rgba",      "yuva420p",  "yuva444p10"};
+
+/// What a decoder names pictures of that format; how they lay in memory on their way is not in the file.
+std::string decoded(const std::string& format, Kestra::Conf::CodecID codec) {
+    if (format == "nv12")
+        return "yuv420p";
+    if (format == "gray8")
+        return "gray";
+    // Its decoder counts 12 bits wherever there is full chroma, whatever went in.
+    if (codec == Kestra::Conf::CodecID::ProRes && format.find("444p10") != std::string::npos)
+        return format.substr(0, format.size() - 2) + "12le";
+    const std::string depth = format.substr(format.size() - 2);
+    return depth == "10" || depth == "12" ? format + "le" : format;
+}
+
 class PictureWish : public TestWishes::WishFixture, public ::testing::WithParamInterface<Codec> {
 protected:
     static QJsonObject presetWith(const QJsonObject& wish, bool withSettings = true) {
@@ -29,8 +50,103 @@ protected:
         return {{text("container"), QJsonObject{{text("id"), text(GetParam().container)}}}, {text("video"), video}};
     }
     static Kestra::Conf::CodecID codec() { return Kestra::Conf::CodecIDFromString(GetParam().name); }
+    static QJsonObject sized(int width, int height) {
+        return {{text("width"), width}, {text("height"), height}, {text("fixedResolution"), true}};
+    }
+    std::string profileOfFile() const {
+        QProcess probe;
+        probe.start(text("ffprobe"),
+                    {text("-v"), text("error"), text("-select_streams"), text("v"), text("-show_entries"),
+                     text("stream=profile"), text("-of"), text("csv=p=0"), QString::fromStdString(path)});
+        EXPECT_TRUE(probe.waitForFinished());
+        return QString::fromUtf8(probe.readAllStandardOutput()).trimmed().toStdString();
+    }
     ProbedMedia exported() { return WishFixture::exported("short.mkv", GetParam().container); }
 };
+
+TEST_P(PictureWish, OfAFrameRateIsRefusedOrMet) {
+    int met = 0;
+    for (const char* const wish : {"24000/1001", "25", "31", "119881/1000", "300"}) {
+        if (!accepts(presetWith({{text("frameRate"), text(wish)}}), "/video/frameRate: "))
+            continue;
+        const ProbedMedia file = exported();
+        ASSERT_TRUE(file.video) << wish;
+        const QStringList parts = text(wish).split(QLatin1Char('/'));
+        const double rate = parts[0].toDouble() / (parts.size() > 1 ? parts[1].toDouble() : 1);
+        EXPECT_EQ(static_cast<double>(file.video->frames.size()), std::round(0.2 * rate)) << wish;
+        EXPECT_NEAR(boost::rational_cast<double>(file.video->rate), rate, 0.001 * rate) << wish;
+        ++met;
+    }
+    EXPECT_GE(met, 2);
+}
+
+TEST_P(PictureWish, OfASizeIsRefusedOrMet) {
+    int met = 0;
+    for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{
+             {2, 2}, {16, 16}, {14, 64}, {256, 118}, {256, 120}, {4096, 128}, {8192, 16}, {16384, 16}, {128, 8706}}) {
+        if (!accepts(presetWith(sized(width, height)), "/video/"))
+            continue;
+        const ProbedMedia file = exported();
+        ASSERT_TRUE(file.video) << width << "x" << height;
+        EXPECT_EQ(file.video->width, width);
+        EXPECT_EQ(file.video->height, height);
+        ++met;
+    }
+    EXPECT_GE(met, 2);
+}
+
+TEST_P(PictureWish, OfAPixelFormatIsRefusedOrMet) {
+    int met = 0;
+    for (const char* const format : PIXEL_FORMATS) {
+        // A profile goes with some formats alone, and refuses the others at its own place.
+        if (!accepts(presetWith({{text("pixelFormat"), text(format)}}), "/video/p"))
+            continue;
+        const ProbedMedia file = exported();
+        ASSERT_TRUE(file.video) << format;
+        EXPECT_EQ(file.video->pixelFormat, decoded(format, codec()));
+        ++met;
+    }
+    EXPECT_GE(met, 1);
+}
+
+TEST_P(PictureWish, OfAProfileIsRefusedOrMet) {
+    std::set<std::string> marks;
+    const std::vector<std::string> known = CodecLimits::Profiles(codec());
+    for (const std::string& profile : known) {
+        for (const char* const format : PIXEL_FORMATS) {
+            QJsonObject wish = sized(256, 128);
+            wish.insert(text("profile"), QString::fromStdString(profile));
+            wish.insert(text("pixelFormat"), text(format));
+            // What makes x264 quick is of its lowest profile.
+            if (!accepts(presetWith(wish, codec() != Kestra::Conf::CodecID::H264), "/video/p"))
+                continue;
+            ASSERT_TRUE(exported().video) << profile << " " << format;
+            marks.insert(profileOfFile());
+            break; // the formats have a test of their own
+        }
+    }
+    // Each has a mark of its own, whatever the format; but those of HEVC above 4:2:0 in 10 bits share one.
+    const std::size_t expected = codec() == Kestra::Conf::CodecID::HEVC ? 3 : known.size();
+    EXPECT_EQ(marks.size(), expected) << ::testing::PrintToString(marks);
+}
+
+TEST_P(PictureWish, OfABitrateModeOrTwoPassesIsRefusedOrMet) {
+    for (const auto& [mode, twice] : std::initializer_list<std::pair<const char*, bool>>{
+             {"constant", false}, {"constant", true}, {"automatic", false}, {"variable", true}}) {
+        QJsonObject wish = sized(256, 144);
+        wish.insert(text("bitrateMode"), text(mode));
+        wish.insert(text("twoPass"), twice);
+        if (mode == std::string("variable"))
+            wish.insert(text("bitrate"), 500'000);
+        // What makes one pass quick may be refused in two.
+        EXPECT_EQ(accepts(presetWith(wish, !twice), "/video/"), CodecLimits::HasBitrate(codec())) << mode << twice;
+        if (!CodecLimits::HasBitrate(codec()))
+            continue;
+        const ProbedMedia file = exported();
+        ASSERT_TRUE(file.video) << mode << twice;
+        EXPECT_EQ(file.video->frames.size(), 5u) << mode << twice;
+    }
+}
 
 TEST_P(PictureWish, OfAQualityIsRefusedOrMet) {
     const auto range = CodecLimits::VideoQuality(codec());

@@ -124,8 +124,11 @@ void checkPicture(const Preset& preset, const JsonPlace& place) {
             .refuse(nameOf(codec) + " does not take " + std::to_string(rate.numerator()) + "/" +
                     std::to_string(rate.denominator()));
     const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
+    const bool mute = codec == CodecID::H264 && format.compare(0, 4, "gray") == 0;
     if (!format.empty() && !EncoderQuery::TakesPixelFormat(codec, format))
-        place.at(TAG_PIXEL_FORMAT).refuse(nameOf(codec) + " does not take " + format);
+        place.at(TAG_PIXEL_FORMAT)
+            .refuse(nameOf(codec) + " does not take " + format +
+                    (mute ? ": its files would not tell their colour; a grey picture fits into yuv420p" : ""));
 }
 
 void checkProfile(const Preset& preset, const JsonPlace& place) {
@@ -166,6 +169,10 @@ void checkCodecSize(const Preset& preset, const JsonPlace& place) {
         place.at(TAG_WIDTH).refuse(nameOf(codec) + " does not take a width of " + std::to_string(preset.width()));
     if (preset.height() != 0 && !CodecLimits::TakesHeight(codec, preset.height()))
         place.at(TAG_HEIGHT).refuse(nameOf(codec) + " does not take a height of " + std::to_string(preset.height()));
+    if (preset.width() != 0 && !CodecLimits::TakesSize(codec, preset.width(), preset.height()))
+        place.at(preset.width() < preset.height() ? TAG_WIDTH : TAG_HEIGHT)
+            .refuse(nameOf(codec) + " does not take a side so short beside one of " +
+                    std::to_string(std::max(preset.width(), preset.height())));
 }
 
 void checkSize(const Preset& preset, const JsonPlace& place) {

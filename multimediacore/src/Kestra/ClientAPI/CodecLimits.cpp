@@ -12,6 +12,8 @@ using Rate = boost::rational<long long>;
 /// The time base of MPEG-4 Visual is a 16-bit number.
 constexpr long long HIGHEST_MPEG4_TIME_BASE = 65535;
 constexpr int SMALLEST_HEVC_SIDE = 16;
+constexpr int SMALLEST_HEVC_BLOCK = 32;
+constexpr int LONGEST_HEVC_SIDE_OF_SMALL_BLOCKS = 4216;
 constexpr int SMALLEST_DNXHR_WIDTH = 256;
 constexpr int SMALLEST_DNXHR_HEIGHT = 120;
 /// libvpx and AV1 count a frame's period in a unit of at most a billionth of a second.
@@ -173,6 +175,12 @@ bool CodecLimits::TakesHeight(CodecID codec, int pixels) {
     if (codec == CodecID::AV1)
         return pixels >= SmallestSide(codec) && pixels <= HIGHEST_AV1_PICTURE;
     return TakesWidth(codec, pixels);
+}
+
+// The levels of HEVC for longer sides have no blocks of less than 32 pixels, which no smaller picture can be made of.
+bool CodecLimits::TakesSize(CodecID codec, int width, int height) {
+    return codec != CodecID::HEVC || std::min(width, height) >= SMALLEST_HEVC_BLOCK ||
+           std::max(width, height) <= LONGEST_HEVC_SIDE_OF_SMALL_BLOCKS;
 }
 
 std::vector<std::string> CodecLimits::Profiles(CodecID codec) {

@@ -27,6 +27,8 @@ struct KESTRA_EXPORT CodecLimits {
     /// Whether pictures may be so wide, or so high.
     static bool TakesWidth(Conf::CodecID codec, int pixels);
     static bool TakesHeight(Conf::CodecID codec, int pixels);
+    /// Whether sides that it takes go together.
+    static bool TakesSize(Conf::CodecID codec, int width, int height);
     /// The profiles that can be asked for, by the encoder's names; empty where none can.
     static std::vector<std::string> Profiles(Conf::CodecID codec);
     /// Whether a stream of that profile holds pictures of that format (the engine's name) and is marked as just that.

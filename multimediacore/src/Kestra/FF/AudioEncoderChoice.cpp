@@ -176,6 +176,9 @@ void SetAudioRateControl(AVCodecContext& context, const IFormatCodecAudio& descr
         return SetQuality(context, quality);
     if (description.GetBitrate() != 0)
         context.bit_rate = description.GetBitrate();
+    // Without a bound libvorbis takes the bitrate for a quality, and gives noise half as much again.
+    if (context.codec_id == AV_CODEC_ID_VORBIS)
+        context.rc_max_rate = context.bit_rate;
     SetMode(context, mode);
 }
 

@@ -111,6 +111,10 @@ const AVCodec& EncoderForTwoPasses(const AVCodec& codec) {
     return InPlaceOfSvt(codec);
 }
 
+const AVCodec& EncoderForConstantBitrate(const AVCodec& codec) {
+    return InPlaceOfSvt(codec);
+}
+
 const AVCodec& EncoderForSamples(const AVCodec& codec, const Conf::IFormatCodec& description,
                                  const Conf::IFormatCodecAudio& stream) {
     if (description.GetCodecID() != CodecID::PCM)

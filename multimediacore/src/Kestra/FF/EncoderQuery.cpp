@@ -50,8 +50,8 @@ bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelForma
     // Their alpha would be a second picture beside the first, which nothing in the file tells of.
     if ((codec == CodecID::VP8 || codec == CodecID::VP9) && FF::HasAlpha(format))
         return false;
-    // The check of a finished file asks for a colour, which grey has not.
-    if (av_pix_fmt_desc_get(format)->nb_components < 3)
+    // x264 tells no matrix of grey pictures, and its decoders show them as those of colour.
+    if (codec == CodecID::H264 && av_pix_fmt_desc_get(format)->nb_components < 3)
         return false;
     const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
     return !encoders.empty() && FF::TakesFormat(*encoders.front(), format);

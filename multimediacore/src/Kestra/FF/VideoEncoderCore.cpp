@@ -85,6 +85,8 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     const auto twoPass = GetTwoPass();
     if (twoPass)
         codec = &EncoderForTwoPasses(*codec);
+    if (description->GetBitrateMode() == "cbr")
+        codec = &EncoderForConstantBitrate(*codec);
     BuildChain(*description);
     if (twoPass)
         log = std::make_unique<TwoPassLog>(*twoPass, *codec);

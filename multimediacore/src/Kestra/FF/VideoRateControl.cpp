@@ -98,9 +98,10 @@ void SetX264Threads(AVCodecContext& context, bool looksAhead) {
 void SetTileThreads(AVCodecContext& context) {
     context.thread_count = std::min(Processors(), MOST_TILE_THREADS);
     SetPrivate(context, "row-mt", 1);
-    // Tiles are at least 256 pixels wide.
+    // Tiles are at least 256 pixels wide, and at most 4096.
     int columns = 0;
-    while (columns < 4 && (context.width >> (columns + 1)) >= 256 && (1 << (columns + 1)) <= context.thread_count)
+    while (columns < 4 && (context.width >> columns > 4096 ||
+                           ((context.width >> (columns + 1)) >= 256 && (1 << (columns + 1)) <= context.thread_count)))
         ++columns;
     SetPrivate(context, "tile-columns", columns);
 }
