@@ -19,8 +19,8 @@ struct VideoTrackInfo {
     Conf::FrameInfo frame;   ///< as shown: after rotation, with the display aspect
     std::string pixelFormat; ///< as the decoder library names it; as shown: turned sideways, 4:2:2 is 4:4:4
     Conf::ColourInfo colour;
-    boost::rational<long long> frameRate; ///< nominal; 0 when unknown
-    bool variableFrameRate = false;       ///< the container's rates disagree
+    boost::rational<long long> frameRate; ///< chosen by the pictures' times; 0 when unknown
+    bool variableFrameRate = false;       ///< pictures do not come evenly at that rate
     int rotation = 0;                     ///< clockwise degrees: 0, 90, 180, 270
     bool interlaced = false;              ///< the first picture, or as the container says
     bool topFieldFirst = false;           ///< where it is interlaced
@@ -43,8 +43,8 @@ struct AudioTrackInfo {
 
 struct MediaInfo {
     std::string container;
-    /// Engine time from the earliest start to the latest end of the main tracks, as their last packets tell it; where a
-    /// header claims more, a damage report says so.
+    /// Engine time from time 0 to the latest end of the main tracks, as their last packets tell it, without what only
+    /// fills up the sound's last block; where a header claims more, a damage report says so.
     std::int64_t duration = 0;
     std::optional<VideoTrackInfo> video; ///< the main one
     std::optional<AudioTrackInfo> audio; ///< the main one
@@ -76,9 +76,9 @@ public:
     ~IMediaSource() override;
     virtual const ioPath& GetPath() const = 0;
     virtual const MediaInfo& GetInfo() const = 0;
-    /// Frames of the main video track, rotated upright, from the start of the media (the earliest start of its tracks):
-    /// time 0 is the same instant in both streams. The first frame is shown from 0 when the track starts later.
-    /// Variable frame durations are kept. Throws ProcException (SourceUnreadable) when there is none.
+    /// Frames of the main video track, rotated upright. Time 0 is the same instant in both streams: the first picture,
+    /// or whole frames before it where sound really leads; then the first frame is shown from 0 on. Variable frame
+    /// durations are kept. Throws ProcException (SourceUnreadable) when there is none.
     virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStream() = 0;
     /// Samples of the main audio track in their own format; silence before a late start and in gaps.
     virtual boost::intrusive_ptr<IStreamAudio> CreateAudioStream() = 0;
