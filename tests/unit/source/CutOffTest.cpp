@@ -119,6 +119,18 @@ TEST_F(CutOff, AfterTheMediaIsAWarningOnly) {
     EXPECT_NE(reports[0].what.find("3 bytes are missing"), std::string::npos) << reports[0].what;
 }
 
+TEST_F(CutOff, WithinAPacketOfATransportStreamIsAWarning) {
+    for (const Kind& kind : {Kind{"a.ts", {"-c:a", "mp2"}}, Kind{"a.m2ts", {"-c:a", "mp2"}}}) {
+        const std::string path = makeKind(kind);
+        EXPECT_TRUE(open(path)->TakeDamageReports().empty()) << kind.file;
+        std::filesystem::resize_file(path, std::filesystem::file_size(path) - 1000);
+        const auto reports = open(path)->TakeDamageReports();
+        ASSERT_EQ(reports.size(), 1U) << kind.file;
+        EXPECT_FALSE(reports[0].incomplete) << kind.file;
+        EXPECT_NE(reports[0].what.find("ends within a packet"), std::string::npos) << reports[0].what;
+    }
+}
+
 TEST_F(CutOff, AtTheLastPageIsAWarning) {
     const std::string path = makeKind({"a.ogg", {"-c:a", "libvorbis", "-page_duration", "200000"}});
     std::ostringstream text;

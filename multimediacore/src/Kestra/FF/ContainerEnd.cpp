@@ -3,6 +3,7 @@
 #include "Kestra/FF/FileBytes.h"
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace Kestra::FF {
 
@@ -148,6 +149,22 @@ ContainerEnd OfOgg(FileBytes& bytes) {
     return result;
 }
 
+// Those of discs have a time in front of each packet, those of broadcasts a sum behind it.
+ContainerEnd OfTransport(FileBytes& bytes) {
+    constexpr int packets = 5;
+    ContainerEnd result;
+    for (const auto& [size, sync] : {std::pair(188, 0), std::pair(192, 4), std::pair(204, 0)}) {
+        int found = 0;
+        while (found < packets && bytes.Number(std::int64_t{found} * size + sync, 1, true) == 0x47)
+            ++found;
+        if (found == packets) {
+            result.withinPacket = bytes.GetSize() % size != 0;
+            break;
+        }
+    }
+    return result;
+}
+
 } // namespace
 
 ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format) {
@@ -168,9 +185,10 @@ ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format) {
         return OfOgg(bytes);
     if (format.compare(0, 3, "mov") == 0)
         return OfMp4(bytes);
-    if (format.compare(0, 8, "matroska") == 0) {
+    if (format.compare(0, 8, "matroska") == 0)
         return OfMatroska(bytes);
-    }
+    if (format == "mpegts")
+        return OfTransport(bytes);
     return {};
 }
 

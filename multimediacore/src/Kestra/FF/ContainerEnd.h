@@ -14,11 +14,13 @@ struct ContainerEnd {
     bool ofMedia = false;
     /// The container marks its end, and this one has no such mark.
     bool unmarked = false;
+    /// It ends within one of its packets, which are all of one size.
+    bool withinPacket = false;
 };
 
 /// Reads some bytes of the file. `format` is libavformat's name of the container. WAV, RF64, W64, AIFF, CAF, AU, AVI,
-/// MP4, Matroska and Ogg can tell; raw streams, transport and program streams and FLV cannot. A file that cannot be
-/// read says nothing.
+/// MP4, Matroska and Ogg can tell; raw streams, program streams and FLV cannot, transport streams only whether the last
+/// packet is whole. A file that cannot be read says nothing.
 KESTRA_EXPORT ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format);
 
 } // namespace Kestra::FF

@@ -86,6 +86,9 @@ void MediaProbe::ReportShortage() {
         details.damage.push_back({path, info.duration, "Behind what can be seen and heard, " + bytes + " are missing"});
     else if (end.unmarked)
         details.damage.push_back({path, info.duration, "The file has no last page; it may have been cut off"});
+    else if (end.withinPacket)
+        details.damage.push_back(
+            {path, info.duration, "The file ends within a packet: it was cut off, and what it ended with is missing"});
 }
 
 } // namespace Kestra::FF
