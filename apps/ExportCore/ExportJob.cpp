@@ -63,6 +63,7 @@ void ExportJob::prepare() {
         RequestCheck::ranges(request);
         OutroPictures::require(request.brandingName);
         selectPreset();
+        RequestCheck::outputName(request, provider->preset());
         openInputs();
     });
 }
@@ -121,7 +122,6 @@ void ExportJob::editPreset() {
 void ExportJob::beginOutput() {
     if (failure)
         return;
-    RequestCheck::outputName(request, provider->preset());
     outputOpening =
         std::make_unique<OutputOpening>(request, QByteArray::fromStdString(provider->preset().containerId()));
     connect(outputOpening.get(), &OutputOpening::finished, this, &ExportJob::onOutputMade);

@@ -97,6 +97,7 @@ private:
     void onProgress(int percent, KTime remaining);
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
+    void breakOff();
     std::string whatStalled(Watchdog::Wait wait) const;
     std::string hungReads() const;
     std::string whatHangs() const;
@@ -111,7 +112,8 @@ private:
     std::string wayOut(KTime missing) const;
     void concludeLater();
     void conclude();
-    void checkFile();
+    /// False when it could not begin, which is the run's failure.
+    bool checkFile();
     void onChecked(const std::exception_ptr& error);
     /// Lets go of the output. False when its file stands at its place all the same.
     bool undo();

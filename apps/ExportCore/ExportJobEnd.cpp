@@ -134,17 +134,28 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
     const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
     if (ownStop && !failure)
         stall = error;
-    else if (!failure || wait == Watchdog::Wait::Start || wait == Watchdog::Wait::Progress)
+    else if (!failure)
         failure = error;
-    // What hangs is left when the run is destroyed; nobody has to wait for that to hear of it.
-    if (transcoder)
-        transcoder->disconnect(this);
     concluding = true;
+    breakOff();
     if (check)
         check->interrupt();
     if (!undo())
         return concludeCommitted();
     finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
+}
+
+/// What hangs may come back: it must find nothing that it could go on with.
+void ExportJob::breakOff() {
+    if (!transcoder)
+        return;
+    transcoder->disconnect(this);
+    if (!running) // cannot be stopped yet, only destroyed
+        return transcoder.reset();
+    // Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
+    transcoder->stop();
+    QMetaObject::invokeMethod(
+        this, [this] { transcoder.reset(); }, Qt::QueuedConnection);
 }
 
 void ExportJob::tellHungReads() {
@@ -174,8 +185,8 @@ void ExportJob::conclude() {
         collectNotes();
     }
     tellHungReads();
-    if (!failure && !ownStop)
-        return checkFile();
+    if (!failure && !ownStop && checkFile())
+        return;
     undo();
     finish(failure && refused ? ExportOutcome::Status::Refused
            : failure          ? ExportOutcome::Status::Failed
@@ -215,11 +226,18 @@ void ExportJob::collectDamage() {
 }
 
 void ExportJob::collectNotes() {
+    const auto& clips = project->clips();
+    const auto none = [&clips](const auto& has) { return std::none_of(clips.begin(), clips.end(), has); };
+    if (expected.hasVideo && none([](const Project::Clip& clip) { return clip.info.video.has_value(); }))
+        outcome.notes << tr("None of the inputs has a picture: what is shown is black");
+    if (expected.hasAudio && !expected.hasVideo &&
+        none([](const Project::Clip& clip) { return clip.info.audio.has_value(); }))
+        outcome.notes << tr("None of the inputs has sound: what is heard is silence");
     for (const Kestra::Proc::SourceNote& note : project->takeNotes())
         outcome.notes << QString::fromStdString('"' + note.path.ToUtf8() + "\": " + note.what);
 }
 
-void ExportJob::checkFile() {
+bool ExportJob::checkFile() {
     folderSynced = std::make_shared<std::atomic<bool>>(false);
     const auto last = [transaction = transaction, synced = folderSynced, output = request.outputPath.toUtf8(),
                        inputs = request.inputs] {
@@ -232,7 +250,13 @@ void ExportJob::checkFile() {
     check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
     connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
     follow(*check, Watchdog::Wait::Progress);
-    check->start();
+    try {
+        check->start();
+        return true;
+    } catch (...) { // no thread is to be had
+        setFailure(std::current_exception());
+        return false;
+    }
 }
 
 void ExportJob::onChecked(const std::exception_ptr& error) {

@@ -148,8 +148,8 @@ protected:
         CoreManager::Instance().SetSourceFactory(nullptr);
     }
 
-    void start(const ExportCore::WatchdogLimits& limits = {1h, 1h, 1h}) {
-        ExportRequest request = TestExport::requestOf(*media / "clip.mov", "mp4-h264-480p", output);
+    void start(const ExportCore::WatchdogLimits& limits = {1h, 1h, 1h}, const char* preset = "mp4-h264-480p") {
+        ExportRequest request = TestExport::requestOf(*media / "clip.mov", preset, output);
         request.overwrite = true;
         request.limits = limits;
         job = std::make_unique<ExportJob>(request);
@@ -231,6 +231,18 @@ TEST_P(HungSource, IsAStallThatIsNamed) {
     job.reset();
 }
 
+class HungFirstPass : public HungSource {};
+
+TEST_P(HungFirstPass, StartsNothingAnewWhenItComesBackAfterTheEnd) {
+    constexpr int secondPass = 4000; // milliseconds, in which it would have begun
+    start({5s, 5s, 1h}, "mp4-mpeg4-720p-2pass");
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
+    gate->Open();
+    EXPECT_FALSE(waitUntil([this] { return TestFiles::namesIn(place / "").size() > 1; }, secondPass));
+    expectUntouched();
+}
+
 TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     if (isInOpening() || std::string(GetParam()).find("60") == std::string::npos)
         GTEST_SKIP() << "nothing is written before";
@@ -249,6 +261,8 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     expectUntouched();
     job.reset();
 }
+
+INSTANTIATE_TEST_SUITE_P(In, HungFirstPass, testing::Values("picture 60"), [](const auto&) { return "picture60"; });
 
 INSTANTIATE_TEST_SUITE_P(In, HungSource,
                          testing::Values("open", "prepare picture ", "sound 0", "picture 60", "sound 60",

@@ -5,6 +5,7 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -191,6 +192,24 @@ TEST_F(Job, APartThatEndsBeforeTheDamageCanBeExported) {
         EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_FALSE(outcome.warnings.isEmpty());
         EXPECT_NEAR(static_cast<double>(outcome.facts.durationMs), static_cast<double>(end.milliseconds()), 40);
+    }
+}
+
+TEST_F(Job, WhatNoInputHasIsMadeAndNoted) {
+    const struct {
+        const char* stream;
+        const char* preset;
+        const char* words;
+    } cases[] = {{"-vn", "mp4-mpeg4-720p", "has a picture"}, {"-an", "flac", "has sound"}};
+    for (const auto& each : cases) {
+        const std::string half = place / "half.mov";
+        const std::string made = place / "made";
+        TestMedia::runFfmpeg({"-y", "-i", *media / "clip.mov", "-t", "0.5", "-c", "copy", each.stream, half});
+        outcome = TestExport::run(TestExport::requestOf(half, each.preset, made));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        ASSERT_EQ(outcome.notes.size(), 1) << each.stream;
+        EXPECT_TRUE(outcome.notes.front().contains(QLatin1String(each.words))) << outcome.notes.front().toStdString();
+        ASSERT_EQ(std::remove(made.c_str()), 0);
     }
 }
 

@@ -30,7 +30,7 @@ void EncoderThread::Interrupt() noexcept {
     try {
         stream->Interrupt();
     } catch (...) {
-        // The run is ending for a reason of its own; the join waits for the stream either way.
+        // The run is ending for a reason of its own; a stream that goes on is waited for, or left.
         return;
     }
 }
