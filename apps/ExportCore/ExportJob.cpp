@@ -63,13 +63,12 @@ void ExportJob::prepare() {
         RequestCheck::ranges(request);
         OutroPictures::require(request.brandingName);
         selectPreset();
-        RequestCheck::outputName(request, provider->preset());
         openInputs();
     });
 }
 
 void ExportJob::openInputs() {
-    opening = std::make_unique<InputOpening>(request);
+    opening = std::make_unique<InputOpening>(request, provider->preset());
     connect(opening.get(), &InputOpening::finished, this, &ExportJob::onOpened);
     follow(*opening, Watchdog::Wait::Start);
     opening->start();

@@ -10,11 +10,12 @@ namespace ExportCore {
 using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
 
-InputOpening::InputOpening(const ExportRequest& request, QObject* parent)
-    : InputOpening(std::make_shared<Opened>(), request, parent) {}
+InputOpening::InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent)
+    : InputOpening(std::make_shared<Opened>(), request, preset, parent) {}
 
-InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, QObject* parent)
-    : BackgroundTask([=](const std::atomic<bool>& interrupted) { open(*opened, request, interrupted); }, parent)
+InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
+                           QObject* parent)
+    : BackgroundTask([=](const std::atomic<bool>& interrupted) { open(*opened, request, preset, interrupted); }, parent)
     , request(request)
     , opened(opened) {}
 
@@ -24,7 +25,8 @@ std::string InputOpening::step() const {
                                       : "Looking at \"" + request.outputPath.toStdString() + '"';
 }
 
-void InputOpening::open(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted) {
+void InputOpening::open(Opened& opened, const ExportRequest& request, const Preset& preset,
+                        const std::atomic<bool>& interrupted) {
     std::vector<Kestra::ioPath> paths;
     for (const QString& input : request.inputs) {
         opened.at = static_cast<int>(paths.size());
@@ -34,6 +36,7 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const std:
     opened.at = static_cast<int>(paths.size());
     RequestCheck::inputs(request.inputs); // their number
     RequestCheck::output(request);
+    RequestCheck::outputName(request, preset);
     try {
         const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
         opened.timeline = Project::Timeline::open(paths, &interrupted, request.mediaLimits, next);

@@ -1,6 +1,7 @@
 // ExportCore::InputOpening: opens the inputs of a request away from the event loop.
 #pragma once
 
+#include "EditorPreset/Preset.h"
 #include "EditorProject/Timeline.h"
 #include "ExportCore/BackgroundTask.h"
 #include "ExportCore/ExportRequest.h"
@@ -8,11 +9,12 @@
 
 namespace ExportCore {
 
-/// Looks whether inputs and output are fit, then opens the inputs; throws Refusal for what is not fit.
+/// Looks whether inputs and output are fit, the output's name for the preset, then opens the inputs; throws Refusal for
+/// what is not fit.
 class EXPORTCORE_EXPORT InputOpening : public BackgroundTask {
     Q_OBJECT
 public:
-    explicit InputOpening(const ExportRequest& request, QObject* parent = nullptr);
+    InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent = nullptr);
 
     /// After finished() without an error.
     const std::shared_ptr<const Project::Timeline>& timeline() const { return opened->timeline; }
@@ -25,8 +27,10 @@ private:
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 
-    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, QObject* parent);
-    static void open(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted);
+    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
+                 QObject* parent);
+    static void open(Opened& opened, const ExportRequest& request, const Preset& preset,
+                     const std::atomic<bool>& interrupted);
 
     const ExportRequest request;
     const std::shared_ptr<Opened> opened;
