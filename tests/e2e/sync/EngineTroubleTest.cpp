@@ -1,17 +1,11 @@
 // What becomes of an export when the engine hangs or fails where it should not.
-#include "ExportCore/ExportJob.h"
-#include "Exported.h"
 #include "Kestra/Core/CoreManager.h"
+#include "WatchedJob.h"
 #include "fakes/kestra/FakeFactories.h"
-#include "support/FileHelpers.h"
-#include "support/FlashBeep.h"
-#include "support/WaitUntil.h"
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
-using ExportCore::ExportRequest;
 using Kestra::Core::CoreManager;
 using Kestra::Fakes::FakeMuxerFactory;
 using Kestra::Fakes::Script;
@@ -22,10 +16,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class EngineTrouble : public ::testing::Test {
+class EngineTrouble : public ::testing::Test, protected TestExport::WatchedJob {
 protected:
     EngineTrouble() {
-        TestFiles::write(output, "old");
         TestMedia::makeFlashBeep(media / "clip.mov", {});
         factory->UseMuxerScript(script);
         CoreManager::Instance().SetMuxerFactory(factory);
@@ -37,36 +30,12 @@ protected:
     }
 
     void start(const ExportCore::WatchdogLimits& limits) {
-        ExportRequest request = TestExport::requestOf(media / "clip.mov", "mp4-h264-480p", output);
-        request.overwrite = true;
-        request.limits = limits;
-        job = std::make_unique<ExportJob>(request);
-        QObject::connect(job.get(), &ExportJob::started, [this] { ++startCount; });
-        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
-            outcome = result;
-            ++finishCount;
-        });
-        job->start();
-    }
-    bool waitForEnd() {
-        const bool ended = waitUntil([this] { return finishCount > 0; });
-        TestSupport::turnEventLoop();
-        EXPECT_EQ(finishCount, 1);
-        return ended;
-    }
-    void expectUntouched() const {
-        EXPECT_EQ(TestFiles::read(output), "old");
-        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+        WatchedJob::start(media / "clip.mov", "mp4-h264-480p", limits);
     }
 
-    const TestMedia::Folder media, place;
-    const std::string output = place / "film.mp4";
+    const TestMedia::Folder media;
     const std::shared_ptr<Script> script = std::make_shared<Script>();
     const std::shared_ptr<FakeMuxerFactory> factory = std::make_shared<FakeMuxerFactory>();
-    std::unique_ptr<ExportJob> job;
-    ExportOutcome outcome;
-    int startCount = 0;
-    int finishCount = 0;
 };
 
 TEST_F(EngineTrouble, AMuxerThatHangsWhileWritingIsAStall) {

@@ -1,18 +1,12 @@
 // What becomes of an export when the engine hangs or fails from one pass to the next.
-#include "ExportCore/ExportJob.h"
-#include "Exported.h"
 #include "Kestra/Core/CoreManager.h"
+#include "WatchedJob.h"
 #include "fakes/kestra/FakeFactories.h"
-#include "support/FileHelpers.h"
-#include "support/FlashBeep.h"
-#include "support/WaitUntil.h"
 #include <atomic>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
-using ExportCore::ExportRequest;
 using Kestra::Core::CoreManager;
 using Kestra::Fakes::FakeCodecFactory;
 using Kestra::Fakes::FakeMuxerFactory;
@@ -26,10 +20,9 @@ using namespace std::chrono_literals;
 namespace {
 
 /// The encoders' calls happen on the engine's threads, the factories' on this one.
-class BetweenPasses : public ::testing::Test {
+class BetweenPasses : public ::testing::Test, protected TestExport::WatchedJob {
 protected:
     BetweenPasses() {
-        TestFiles::write(output, "old");
         TestMedia::makeFlashBeep(media / "clip.mov", {});
         codecs->UseEncoderScript(encoders);
         CoreManager::Instance().SetCodecFactory(codecs);
@@ -43,30 +36,18 @@ protected:
     }
 
     void start(const ExportCore::WatchdogLimits& limits) {
-        ExportRequest request = TestExport::requestOf(media / "clip.mov", "mp4-h264-1080p-2pass", output);
-        request.overwrite = true;
-        request.limits = limits;
-        job = std::make_unique<ExportJob>(request);
-        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
-            outcome = result;
-            ended = true;
-        });
-        job->start();
+        WatchedJob::start(media / "clip.mov", "mp4-h264-1080p-2pass", limits);
     }
     /// As an application's event loop does: what a handler throws becomes the run's failure.
     bool waitForEnd() {
-        while (!ended) {
+        while (finishCount == 0) {
             try {
-                return waitUntil([this] { return ended; });
+                return WatchedJob::waitForEnd();
             } catch (...) {
                 job->fail(std::current_exception());
             }
         }
         return true;
-    }
-    void expectUntouched() const {
-        EXPECT_EQ(TestFiles::read(output), "old");
-        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
     }
     /// In the second pass three encoders have been made: video, and then video and audio.
     void atSecondPrepare(const std::function<void()>& action) {
@@ -76,16 +57,12 @@ protected:
         });
     }
 
-    const TestMedia::Folder media, place;
-    const std::string output = place / "film.mp4";
+    const TestMedia::Folder media;
     const std::shared_ptr<Script> encoders = std::make_shared<Script>();
     const std::shared_ptr<FakeCodecFactory> codecs = std::make_shared<FakeCodecFactory>();
     const std::shared_ptr<FakeMuxerFactory> muxers = std::make_shared<FakeMuxerFactory>();
     std::atomic<int> prepared{0};
     Gate gate;
-    std::unique_ptr<ExportJob> job;
-    ExportOutcome outcome;
-    bool ended = false;
 };
 
 TEST_F(BetweenPasses, AnEncoderThatHangsBeforeTheSecondPassBeginsIsAStall) {
