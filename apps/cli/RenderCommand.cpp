@@ -126,8 +126,7 @@ int render(const Options& options, ExportCore::EventLoopFailures& failures) {
         if (outcome.error.GetCode() == TranscodingError::Stalled) {
             // What hangs has been left, or would be waited for some seconds more.
             std::fflush(nullptr);
-            SignalStop::removeSessionFolder();
-            std::_Exit(code);
+            SignalStop::endOnTheSpot(code);
         }
         QCoreApplication::exit(code);
     });

@@ -1,5 +1,6 @@
 #include "cli/SignalStop.h"
 
+#include "Kestra/Util/RemovalOnTheSpot.h"
 #include "cli/ExitCode.h"
 #include <array>
 #include <atomic>
@@ -22,18 +23,28 @@ std::atomic<int> unfinishedInUse{-1};
 std::array<char, PATH_MAX> sessionFolder;
 std::atomic<int> signalsSeen{0};
 std::atomic<int> firstSignal{0};
+std::atomic<int> lastCode{0};
 std::array<int, 2> wakePipe{-1, -1};
+
+void onAlarm(int) {
+    _exit(lastCode);
+}
+
+// Where the end itself hangs, in a folder that does not answer.
+void setAlarm(int code) noexcept {
+    lastCode = code;
+    signal(SIGALRM, onAlarm);
+    alarm(PATIENCE_SECONDS);
+}
 
 void onSignal(int number) {
     const int savedError = errno;
     if (signalsSeen.fetch_add(1) > 0) {
-        // Where even that hangs, in a folder that does not answer, the alarm ends the process.
-        alarm(PATIENCE_SECONDS);
+        setAlarm(EXIT_SIGNAL_BASE + number);
         const int use = unfinishedInUse;
         if (use >= 0)
             unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());
-        SignalStop::removeSessionFolder();
-        _exit(EXIT_SIGNAL_BASE + number);
+        SignalStop::endOnTheSpot(EXIT_SIGNAL_BASE + number);
     }
     firstSignal = number;
     const auto byte = static_cast<unsigned char>(number);
@@ -87,9 +98,12 @@ void SignalStop::setSessionFolder(const QByteArray& path) {
         std::memcpy(sessionFolder.data(), path.constData(), static_cast<std::size_t>(path.size()) + 1);
 }
 
-void SignalStop::removeSessionFolder() noexcept {
+void SignalStop::endOnTheSpot(int code) noexcept {
+    setAlarm(code);
     if (sessionFolder[0] != '\0')
         rmdir(sessionFolder.data());
+    Kestra::Util::RemovalOnTheSpot::removeAll();
+    _exit(code);
 }
 
 void SignalStop::onReadable() {

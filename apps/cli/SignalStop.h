@@ -9,8 +9,7 @@
 namespace Cli {
 
 /// While one exists, the first SIGINT, SIGTERM or SIGHUP is told as stopRequested() from the event loop; the second
-/// ends the process on the spot, whatever it is doing, after removing the unfinished file; within two seconds, however
-/// long that takes. One at a time.
+/// ends the process on the spot, whatever it is doing, after removing the unfinished file. One at a time.
 class SignalStop : public QObject {
     Q_OBJECT
 public:
@@ -19,10 +18,11 @@ public:
 
     /// What the second signal removes; empty for nothing. A path that is too long for the system is nothing, too.
     static void setUnfinishedFile(const QByteArray& path);
-    /// An empty folder that an end on the spot removes too, and removeSessionFolder(). Once, before there is one of
-    /// these.
+    /// An empty folder that an end on the spot removes too. Once, before there is one of these.
     static void setSessionFolder(const QByteArray& path);
-    static void removeSessionFolder() noexcept;
+    /// Ends the process without destructors, after removing the session's folder and those of the engine; within two
+    /// seconds, however long that takes. May be called from a signal handler.
+    [[noreturn]] static void endOnTheSpot(int code) noexcept;
     /// The signal that came; 0 when none did.
     static int received();
 

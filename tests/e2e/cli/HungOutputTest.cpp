@@ -14,8 +14,10 @@ class HungOutput : public TestCli::HungProgram, public ::testing::WithParamInter
 class HungOutputsEnd : public TestCli::HungProgram {};
 
 TEST_P(HungOutput, KeepsNoStopFromComingToItsEndAndIsNamed) {
+    const TestMedia::Folder scratch;
     Program program(command());
     prepare(program, GetParam(), UNFINISHED);
+    program.setEnvironment("TMPDIR", scratch / "");
     program.start();
     ASSERT_TRUE(waitUntilHung());
     program.signal(SIGTERM);
@@ -25,6 +27,7 @@ TEST_P(HungOutput, KeepsNoStopFromComingToItsEndAndIsNamed) {
     EXPECT_TRUE(result.errors.contains(QStringLiteral("stopped, nothing was written"))) << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("film.mp4"))) << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("does not come"))) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(scratch / ""), QStringList());
     expectUntouched();
 }
 

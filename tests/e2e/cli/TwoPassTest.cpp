@@ -98,4 +98,16 @@ TEST_F(TwoPassProgram, StopsAtAnyTimeOfBothPassesAndLeavesNothing) {
     }
 }
 
+TEST_F(TwoPassProgram, LeavesNothingWhenASecondSignalEndsIt) {
+    program.start();
+    ASSERT_TRUE(program.waitForError(QStringLiteral("\"percent\":1")));
+    EXPECT_EQ(TestFiles::namesIn(scratch / "").size(), 1);
+    program.signal(SIGTERM);
+    program.signal(SIGINT);
+    const Result result = program.finish();
+    EXPECT_TRUE(result.ended);
+    EXPECT_FALSE(result.errors.contains(QStringLiteral("\"stopped\""))) << "on the spot";
+    expectNothingLeft();
+}
+
 } // namespace

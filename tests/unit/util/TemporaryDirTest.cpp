@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <boost/exception/get_error_info.hpp>
 #include <gtest/gtest.h>
 #include <memory>
@@ -50,6 +51,23 @@ TEST(TemporaryDir, GoesWithItsContent) {
     makeFile(path + QStringLiteral("/below/deeper/file"));
     directory.reset();
     EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST(TemporaryDir, GoesWithItsContentBeforeAnEndOnTheSpot) {
+    const TemporaryDir elsewhere;
+    const QTemporaryDir spared;
+    makeFile(spared.filePath(QStringLiteral("file")));
+    { const TemporaryDir gone; }
+    const TemporaryDir directory;
+    const QString path = directory.path();
+    ASSERT_TRUE(QDir(path).mkpath(QStringLiteral("below/deeper")));
+    ASSERT_TRUE(QFile::link(spared.path(), path + QStringLiteral("/below/link")));
+    for (int i = 0; i < 300; ++i)
+        makeFile(path + QStringLiteral("/below/deeper/a file of some length ") + QString::number(i));
+    Kestra::Util::RemovalOnTheSpot::removeAll();
+    EXPECT_FALSE(QFileInfo::exists(path));
+    EXPECT_FALSE(QFileInfo::exists(elsewhere.path()));
+    EXPECT_TRUE(QFileInfo::exists(spared.filePath(QStringLiteral("file"))));
 }
 
 TEST(TemporaryDir, StandsInTheUsualPlaceWhereTheNamedOneIsMissing) {

@@ -2,6 +2,7 @@
 
 #include "Kestra/Proc/ProcException.h"
 #include <QDir>
+#include <QFile>
 #include <cstdio>
 
 namespace Kestra::Util {
@@ -27,6 +28,7 @@ TemporaryDir::TemporaryDir()
                                          "cannot create a temporary directory " + pathTemplate().toStdString() + ": " +
                                              directory.errorString().toStdString()));
     }
+    removal.emplace(QFile::encodeName(path()));
 }
 
 TemporaryDir::~TemporaryDir() = default;

@@ -1,14 +1,16 @@
 // Kestra::Util::TemporaryDir: a scratch directory that goes with its owner.
 #pragma once
 
+#include "Kestra/Util/RemovalOnTheSpot.h"
 #include "KestraQtExport.h"
 #include <QString>
 #include <QTemporaryDir>
+#include <optional>
 
 namespace Kestra::Util {
 
 /// A directory of its own under the system's directory for temporary files, readable by this user alone.
-/// Destruction removes it with its content; what cannot be removed stays, silently.
+/// Destruction removes it with its content, and so does RemovalOnTheSpot; what cannot be removed stays, silently.
 class KESTRAQT_EXPORT TemporaryDir {
 public:
     /// Throws ProcException (OutputNotWritable) with the path that was tried and the system's reason.
@@ -22,6 +24,7 @@ public:
 
 private:
     QTemporaryDir directory;
+    std::optional<RemovalOnTheSpot> removal;
 };
 
 } // namespace Kestra::Util
