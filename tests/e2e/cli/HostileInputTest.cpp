@@ -70,6 +70,14 @@ QByteArray wav(quint32 rate, quint16 channels, int bytes) {
            number(quint16(16)) + "data" + number(quint32(bytes)) + QByteArray(bytes, '\1');
 }
 
+/// 25 small pictures.
+QByteArray y4m(const char* rate) {
+    QByteArray film = QByteArray("YUV4MPEG2 W64 H64 Ip A1:1 C420jpeg F") + rate + '\n';
+    for (int i = 0; i < 25; ++i)
+        film += "FRAME\n" + QByteArray(64 * 64 * 3 / 2, '\x40');
+    return film;
+}
+
 void makeSparse(const std::string& path, const QByteArray& head) {
     TestFiles::write(path, head);
     ASSERT_EQ(truncate(path.c_str(), 20 * 1024 * MIB), 0);
@@ -188,6 +196,27 @@ TEST_F(HostileInput, SoundThatIsTooSlowOrTooFastIsRefused) {
     expectRefused(write("slow.wav", wav(1, 1, 1 << 20)), "1 samples of sound a second");
     expectRefused(write("fast.wav", wav(0x7fffffff, 1, 1 << 20)), "2147483647 samples of sound a second");
     expectRefused(write("wide.wav", wav(48000, 30000, 1 << 20)), "30000 channels");
+}
+
+TEST_F(HostileInput, PicturesThatAreTooFastAreRefused) {
+    expectRefused(write("million.y4m", y4m("1000000:1")), "more than 1000 frames a second");
+    expectRefused(write("above.y4m", y4m("1001:1")), "more than 1000 frames a second");
+    const std::string raw = folder / "million.h264";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=s=64x64:r=1000000:d=0.00003", raw});
+    expectRefused(raw, "more than 1000 frames a second");
+    const Run run = render(write("fastest.y4m", y4m("1000:1")));
+    EXPECT_EQ(run.code, 0) << run.errors.constData();
+}
+
+TEST_F(HostileInput, ARateThatOnlyTheHeaderClaimsIsNotTaken) {
+    const std::string film = folder / "film.flv";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=s=64x64:r=25:d=1", film});
+    QByteArray content = TestFiles::read(film);
+    const qsizetype rate = content.indexOf("framerate") + 9;
+    ASSERT_GT(rate, 9);
+    content.replace(rate, 9, QByteArray("\0\x41\x2e\x84\x80\0\0\0\0", 9)); // a million
+    const Result told = TestCli::run({"info", write("lie.flv", content)});
+    EXPECT_TRUE(told.output.contains(QStringLiteral("25 fps"))) << told.output.toStdString();
 }
 
 TEST_F(HostileInput, ADrawingIsRefused) {

@@ -2,6 +2,7 @@
 
 #include "EditorProject/SampleDepth.h"
 #include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/Conf/StandardRates.h"
 #include <algorithm>
 #include <numeric>
 
@@ -14,12 +15,11 @@ using Rate = boost::rational<long long>;
 constexpr Conf::FrameInfo DEFAULT_FRAME{1920, 1080, 16, 9};
 constexpr int DEFAULT_SAMPLE_RATE = 48000;
 const Rate DEFAULT_RATE(25);
-/// A container that knows no rate may claim its time base for one; nothing is shot or shown faster than this.
-const Rate HIGHEST_RATE(1000);
 constexpr long long LARGEST_TERM = 0xFFFFFFFFLL;
 
 bool isRate(const Rate& rate) {
-    return rate > 0 && rate <= HIGHEST_RATE && rate.numerator() <= LARGEST_TERM && rate.denominator() <= LARGEST_TERM;
+    return rate > 0 && rate <= Conf::HIGHEST_FRAME_RATE && rate.numerator() <= LARGEST_TERM &&
+           rate.denominator() <= LARGEST_TERM;
 }
 
 void setFrame(Media::Video& video, const Conf::FrameInfo& frame) {

@@ -7,6 +7,9 @@
 
 namespace Kestra::Conf {
 
+/// Nothing is shot or shown faster. Beyond, a "rate" is the inverse of a container's clock, or a header's nonsense.
+constexpr int HIGHEST_FRAME_RATE = 1000;
+
 /// In rising order, from 10 to 240 frames a second.
 KESTRA_EXPORT const std::vector<boost::rational<long long>>& StandardRates();
 

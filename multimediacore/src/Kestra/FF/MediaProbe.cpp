@@ -1,5 +1,6 @@
 #include "Kestra/FF/MediaProbe.h"
 
+#include "Kestra/Conf/StandardRates.h"
 #include "Kestra/FF/AudioSettling.h"
 #include "Kestra/FF/ChunkStart.h"
 #include "Kestra/FF/ClockScan.h"
@@ -156,6 +157,9 @@ void MediaProbe::ChooseRate() {
         return;
     const TrackRate found = FindTrackRate(demuxer, video);
     rate = found.choice;
+    if (rate.rate > Conf::HIGHEST_FRAME_RATE || (rate.rate == 0 && ClaimsTooHighRate(demuxer.GetStream(video.index))))
+        Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": it claims more than " +
+                                                     std::to_string(Conf::HIGHEST_FRAME_RATE) + " frames a second");
     if (rate.variable)
         details.notes.push_back(DescribeChoice(rate, found.whole));
 }

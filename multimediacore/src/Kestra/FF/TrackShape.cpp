@@ -1,5 +1,6 @@
 #include "Kestra/FF/TrackShape.h"
 
+#include "Kestra/Conf/StandardRates.h"
 #include "Kestra/FF/Convert.h"
 #include <array>
 #include <cmath>
@@ -31,8 +32,6 @@ constexpr std::array<AVRational, 16> USUAL_RATES{{{24000, 1001},
                                                   {120, 1}}};
 // Half the distance of 29.97 and 30.
 constexpr double USUAL_RATE_TOLERANCE = 0.0005;
-// Beyond, a "rate" is only the inverse of the container's clock.
-constexpr double HIGHEST_RATE = 1000;
 // A recording that misses one frame in ten still has the rate it was set to.
 constexpr double DROPPED_FRAMES = 1.12;
 constexpr double SAME_RATE = 1.005;
@@ -40,7 +39,7 @@ constexpr double SAME_RATE = 1.005;
 constexpr double SPARSE_FRAMES = 8;
 
 bool IsRate(AVRational rate) {
-    return rate.num > 0 && rate.den > 0 && av_q2d(rate) <= HIGHEST_RATE;
+    return rate.num > 0 && rate.den > 0 && av_q2d(rate) <= Conf::HIGHEST_FRAME_RATE;
 }
 
 const AVRational* FindUsualRate(AVRational rate) {
@@ -101,6 +100,11 @@ boost::rational<long long> NominalRate(const AVStream& stream) {
     // Otherwise the nominal rate counts fields, or the ticks of a variable rate.
     const bool meant = (ratio > 1 / SAME_RATE && ratio < DROPPED_FRAMES) || IsSparseGrid(nominal, ratio);
     return ToUsualRate(meant ? nominal : average);
+}
+
+bool ClaimsTooHighRate(const AVStream& stream) {
+    const AVRational nominal = stream.r_frame_rate;
+    return nominal.num > 0 && nominal.den > 0 && !IsRate(nominal) && av_cmp_q(nominal, av_inv_q(stream.time_base)) != 0;
 }
 
 int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format) {
