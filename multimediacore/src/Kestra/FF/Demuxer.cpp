@@ -60,6 +60,7 @@ void Demuxer::Open() {
     readFrom = 0;
     lastPosition.clear();
     countedTime = 0;
+    anchorTimes.Clear();
     ApplySelection();
 }
 
@@ -112,15 +113,43 @@ void Demuxer::Select(const std::vector<int>& streams) {
     ApplySelection();
 }
 
+bool Demuxer::IsSelected(int stream) const {
+    return !selected || std::find(selection.begin(), selection.end(), stream) != selection.end();
+}
+
 void Demuxer::ApplySelection() {
     for (unsigned index = 0; selected && index < context->nb_streams; ++index) {
-        const bool wanted = std::find(selection.begin(), selection.end(), static_cast<int>(index)) != selection.end();
+        const bool wanted = IsSelected(static_cast<int>(index));
         context->streams[index]->discard = wanted ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
     }
 }
 
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
+    if (!AnchorTimes::AreNeeded(GetFormatName()))
+        return ReadNext(packet);
+    do
+        if (!ReadAhead(packet))
+            return false;
+    while (!IsSelected(packet.stream_index)); // since it was read
+    return true;
+}
+
+bool Demuxer::ReadAhead(AVPacket& packet) {
+    av_packet_unref(&packet);
+    while (!anchorTimes.Pop(packet)) {
+        PacketHandle next = MakePacket();
+        if (!ReadNext(*next)) {
+            anchorTimes.End();
+            return !interrupted && anchorTimes.Pop(packet);
+        }
+        const AVCodecID codec = GetStream(next->stream_index).codecpar->codec_id;
+        anchorTimes.Push(std::move(next), codec);
+    }
+    return true;
+}
+
+bool Demuxer::ReadNext(AVPacket& packet) {
     while (!interrupted.load(std::memory_order_relaxed)) {
         av_packet_unref(&packet);
         // Between the packets of one track of many, any number of the others' may stand.
@@ -143,7 +172,7 @@ bool Demuxer::Read(AVPacket& packet) {
             return false;
         }
         // Streams that come up while reading are unknown to the selection.
-        if (!selected || std::find(selection.begin(), selection.end(), packet.stream_index) != selection.end()) {
+        if (IsSelected(packet.stream_index)) {
             DropPngTexts(GetStream(packet.stream_index).codecpar->codec_id, packet);
             CountTime(packet);
             ShiftTimes(packet);
@@ -174,6 +203,7 @@ void Demuxer::ShiftTimes(AVPacket& packet) {
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
+    anchorTimes.Clear();
     if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
         return false;
     if (clock)

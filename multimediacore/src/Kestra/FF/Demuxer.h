@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/ioPath.h"
+#include "Kestra/FF/AnchorTimes.h"
 #include "Kestra/FF/ClockMap.h"
 #include "Kestra/FF/Handles.h"
 #include "Kestra/FF/KnownStreams.h"
@@ -56,6 +57,9 @@ private:
     void RequireWithinLimits() const;
     std::int64_t LongestSearch() const;
     void ApplySelection();
+    bool IsSelected(int stream) const;
+    bool ReadAhead(AVPacket& packet);
+    bool ReadNext(AVPacket& packet);
     void CountTime(AVPacket& packet);
     void ShiftTimes(AVPacket& packet);
     bool SeekToEntry(int stream, std::int64_t timestamp);
@@ -70,6 +74,7 @@ private:
     bool untouched = true;
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
+    AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one

@@ -1,0 +1,152 @@
+// Program streams of pictures so small that several begin in one pack, which has one time for all of them.
+#include "Kestra/FF/AnchorTimes.h"
+#include "unit/source/SourceFixture.h"
+
+namespace TestMedia {
+namespace {
+
+using Arguments = std::vector<std::string>;
+using Kestra::FF::AnchorTimes;
+
+constexpr int FRAMES = 100;
+constexpr std::int64_t PERIOD = 3600;
+
+struct Muxing {
+    const char* name;
+    const char* rate;
+    Rate exact;
+    Arguments codec;
+};
+
+class ProgramStream : public SourceTest {
+protected:
+    std::string mux(const Muxing& muxing) {
+        const Arguments sound{"-f", "lavfi", "-i", "sine=r=44100:d=4"};
+        return make(muxing.name, join(join(join(pictures(muxing.rate, FRAMES), sound), muxing.codec), {"-c:a", "mp2"}));
+    }
+};
+
+/// A packet of the first stream with a picture of a kind: I, P or B. Times are periods, -1 for none.
+Kestra::FF::PacketHandle picture(char kind, std::int64_t shown, std::int64_t decoded) {
+    Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+    EXPECT_GE(av_new_packet(packet.get(), 8), 0);
+    const unsigned char code = kind == 'I' ? 1 : kind == 'P' ? 2 : 3;
+    const std::vector<unsigned char> bytes{0, 0, 1, 0, 0, static_cast<unsigned char>(code << 3), 0, 0};
+    std::copy(bytes.begin(), bytes.end(), packet->data);
+    packet->pts = shown < 0 ? AV_NOPTS_VALUE : shown * PERIOD;
+    packet->dts = decoded < 0 ? AV_NOPTS_VALUE : decoded * PERIOD;
+    packet->duration = PERIOD;
+    return packet;
+}
+
+/// When they are shown, in periods; -1 where that is unknown.
+std::vector<std::int64_t> shown(std::vector<Kestra::FF::PacketHandle> packets) {
+    AnchorTimes times;
+    std::vector<std::int64_t> result;
+    const Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+    const auto take = [&] {
+        while (times.Pop(*packet)) {
+            result.push_back(packet->pts == AV_NOPTS_VALUE ? -1 : packet->pts / PERIOD);
+            av_packet_unref(packet.get());
+        }
+    };
+    for (Kestra::FF::PacketHandle& next : packets) {
+        times.Push(std::move(next), AV_CODEC_ID_MPEG2VIDEO);
+        take();
+    }
+    times.End();
+    take();
+    return result;
+}
+
+template <typename... Packets>
+std::vector<std::int64_t> shownOf(Packets... packets) {
+    std::vector<Kestra::FF::PacketHandle> list;
+    (list.push_back(std::move(packets)), ...);
+    return shown(std::move(list));
+}
+
+TEST_F(ProgramStream, OfSmallPicturesShowsEachOnceAtItsTime) {
+    const Rate film(30000, 1001);
+    const std::vector<Muxing> muxings{
+        {"a.mpg", "25", 25, {"-c:v", "mpeg2video", "-g", "5"}},
+        {"b.mpg", "25", 25, {"-c:v", "mpeg2video", "-g", "12", "-bf", "2"}},
+        {"c.mpg", "30000/1001", film, {"-c:v", "mpeg2video", "-g", "2", "-q:v", "2"}},
+        {"d.mpg", "30000/1001", film, {"-c:v", "mpeg2video", "-g", "5", "-bf", "2"}},
+        {"e.mpg", "25", 25, {"-c:v", "mpeg1video", "-g", "12", "-bf", "1"}},
+        {"f.vob", "25", 25, {"-c:v", "mpeg2video", "-g", "12", "-bf", "2", "-flags", "+ildct+ilme"}},
+    };
+    for (const Muxing& muxing : muxings) {
+        SCOPED_TRACE(muxing.name);
+        const auto read = readPictures(*open(mux(muxing))->CreateVideoStream());
+        EXPECT_EQ(read.size(), static_cast<std::size_t>(FRAMES));
+        int index = 0;
+        for (const ReadPicture& picture : read) {
+            ASSERT_EQ(picture.number, index);
+            EXPECT_NEAR(picture.time, FramesToTime(index++, muxing.exact), TIME_BASE / 45000);
+        }
+    }
+}
+
+TEST_F(ProgramStream, OfSmallPicturesIsSoughtInToThePicture) {
+    const auto source = open(mux({"a.mpg", "25", 25, {"-c:v", "mpeg2video", "-g", "12", "-bf", "2"}}));
+    const auto stream = source->CreateVideoStream();
+    for (const int number : {41, 17, 88, 3}) {
+        stream->Seek(FramesToTime(number, 25), SeekMode::Exact);
+        const auto read = readPictures(*stream, 2);
+        ASSERT_FALSE(read.empty());
+        EXPECT_EQ(read.front().number, number);
+    }
+}
+
+TEST(AnchorTimes, AreThoseAtWhichTheNextAnchorIsDecoded) {
+    EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', -1, 1), picture('B', 2, 2), picture('B', 3, 3),
+                      picture('P', 6, 4), picture('B', 5, 5)),
+              (std::vector<std::int64_t>{1, 4, 2, 3, 6, 5}));
+}
+
+TEST(AnchorTimes, OfAPictureThatHasThoseOfTheNextAreCountedAnew) {
+    EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', 3, 2), picture('P', -1, 3), picture('P', 4, 3)),
+              (std::vector<std::int64_t>{1, 2, 3, 4}));
+    EXPECT_EQ(shownOf(picture('P', 4, 0), picture('B', 1, 1), picture('B', 2, 2), picture('I', 4, 3),
+                      picture('B', 4, 4), picture('B', 5, 5), picture('P', -1, 4), picture('P', -1, 5)),
+              (std::vector<std::int64_t>{4, 1, 2, 6, 4, 5, 7, 8}));
+}
+
+TEST(AnchorTimes, KeepAGap) {
+    EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', 9, 8), picture('P', 10, 9)),
+              (std::vector<std::int64_t>{1, 9, 10}));
+}
+
+TEST(AnchorTimes, OfTheLastAnchorFollowOnWhatIsDecodedLast) {
+    EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', -1, 1), picture('B', 2, 2)),
+              (std::vector<std::int64_t>{1, 3, 2}));
+}
+
+TEST(AnchorTimes, AreNotTakenFromAnotherClock) {
+    EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', -1, 1), picture('I', 901, 900), picture('P', -1, 901),
+                      picture('I', 1, 0)),
+              (std::vector<std::int64_t>{1, 2, 901, 902, 1}));
+}
+
+TEST(AnchorTimes, AreTheirOwnWherePicturesAreShownWhenTheyAreDecoded) {
+    EXPECT_EQ(shownOf(picture('I', 4, 4), picture('P', -1, 5), picture('P', 6, 6)),
+              (std::vector<std::int64_t>{4, 5, 6}));
+}
+
+TEST(AnchorTimes, ThatNothingTellsStayUnknown) {
+    EXPECT_EQ(shownOf(picture('I', -1, -1), picture('P', 8, 7)), (std::vector<std::int64_t>{-1, 8}));
+}
+
+TEST(AnchorTimes, HoldsBackNoMoreThanSomePackets) {
+    AnchorTimes times;
+    const Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+    times.Push(picture('P', -1, 0), AV_CODEC_ID_MPEG2VIDEO);
+    int held = 1;
+    for (; held < 1000 && !times.Pop(*packet); ++held)
+        times.Push(picture('B', held, held), AV_CODEC_ID_MPEG2VIDEO);
+    EXPECT_LE(held, 256);
+}
+
+} // namespace
+} // namespace TestMedia
