@@ -1,4 +1,6 @@
 // Files that end before their container does.
+#include "Kestra/FF/ContainerEnd.h"
+#include "Kestra/FF/FileBytes.h"
 #include "unit/source/SourceFixture.h"
 #include <algorithm>
 #include <cstdlib>
@@ -157,6 +159,30 @@ TEST_F(CutOff, IsNotSaidOfASizeThatWasNotKnownWhenTheFileWasBegun) {
         EXPECT_TRUE(source->TakeDamageReports().empty()) << kind;
         EXPECT_GE(source->GetInfo().duration, TIME_BASE) << kind;
     }
+}
+
+TEST_F(CutOff, IsNotLookedForOnceInterrupted) {
+    std::atomic<bool> interrupted{false};
+    for (const Kind& kind : {Kind{"a.wav", {}}, Kind{"a.mp4", {"-c:a", "aac"}}}) {
+        const std::string path = makeKind(kind);
+        const std::string format = kind.file == "a.wav" ? "wav" : "mov,mp4,m4a,3gp,3g2,mj2";
+        cut(path, 0.5);
+        interrupted = false;
+        EXPECT_GT(Kestra::FF::FindContainerEnd(ioPath(path), format, interrupted).missing, 0) << format;
+        interrupted = true;
+        EXPECT_EQ(Kestra::FF::FindContainerEnd(ioPath(path), format, interrupted).missing, 0) << format;
+    }
+}
+
+TEST_F(CutOff, IsLookedForInAFileThatEndsWhenItIsInterrupted) {
+    std::atomic<bool> interrupted{false};
+    std::ofstream(folder / "a.bin") << "RIFF";
+    Kestra::FF::FileBytes bytes(folder / "a.bin", interrupted);
+    EXPECT_EQ(bytes.Name(0), "RIFF");
+    EXPECT_EQ(bytes.GetSize(), 4);
+    interrupted = true;
+    EXPECT_EQ(bytes.Name(0), std::string(4, '\0'));
+    EXPECT_EQ(bytes.GetSize(), 0);
 }
 
 } // namespace

@@ -165,10 +165,7 @@ ContainerEnd OfTransport(FileBytes& bytes) {
     return result;
 }
 
-} // namespace
-
-ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format) {
-    FileBytes bytes(path.ToUtf8());
+ContainerEnd FindEnd(FileBytes& bytes, const std::string& format) {
     if (format == "wav")
         return OfWav(bytes);
     if (format == "w64")
@@ -190,6 +187,14 @@ ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format) {
     if (format == "mpegts")
         return OfTransport(bytes);
     return {};
+}
+
+} // namespace
+
+ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format, const std::atomic<bool>& interrupted) {
+    FileBytes bytes(path.ToUtf8(), interrupted);
+    const ContainerEnd end = FindEnd(bytes, format);
+    return interrupted ? ContainerEnd() : end;
 }
 
 } // namespace Kestra::FF

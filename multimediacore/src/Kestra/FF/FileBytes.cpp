@@ -4,14 +4,17 @@
 
 namespace Kestra::FF {
 
-FileBytes::FileBytes(const std::string& path)
-    : file(path, std::ios::binary) {
+FileBytes::FileBytes(const std::string& path, const std::atomic<bool>& interrupted)
+    : interrupted(interrupted)
+    , file(path, std::ios::binary) {
     file.seekg(0, std::ios::end);
     size = file ? static_cast<std::int64_t>(file.tellg()) : 0;
 }
 
 std::vector<unsigned char> FileBytes::Read(std::int64_t place, std::int64_t count) {
     std::vector<unsigned char> bytes(static_cast<std::size_t>(std::max<std::int64_t>(count, 0)));
+    if (interrupted)
+        return bytes;
     file.clear();
     file.seekg(place);
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));

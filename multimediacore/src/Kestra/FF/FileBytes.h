@@ -1,6 +1,8 @@
 // Kestra::FF::FileBytes: looks at single bytes of a file's structure.
 #pragma once
 
+#include "KestraExport.h"
+#include <atomic>
 #include <cstdint>
 #include <fstream>
 #include <string>
@@ -8,16 +10,19 @@
 
 namespace Kestra::FF {
 
-/// The bytes of a file, from its start; zeros beyond its end, and in place of what cannot be read.
-class FileBytes {
+/// The bytes of a file, from its start; zeros beyond its end, and in place of what cannot be read. Once interrupted, it
+/// is empty, so whoever goes through it comes to its end.
+class KESTRA_EXPORT FileBytes {
 public:
-    explicit FileBytes(const std::string& path);
-    std::int64_t GetSize() const { return size; }
+    /// `interrupted` is borrowed for life.
+    FileBytes(const std::string& path, const std::atomic<bool>& interrupted);
+    std::int64_t GetSize() const { return interrupted ? 0 : size; }
     std::vector<unsigned char> Read(std::int64_t place, std::int64_t count);
     std::uint64_t Number(std::int64_t place, int length, bool bigEndian);
     std::string Name(std::int64_t place);
 
 private:
+    const std::atomic<bool>& interrupted;
     std::ifstream file;
     std::int64_t size = 0;
 };

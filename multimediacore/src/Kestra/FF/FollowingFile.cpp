@@ -20,9 +20,9 @@ bool IsFlac(std::string_view bytes) {
            bytes.substr(5, 3) == "\0\0\x22"sv;
 }
 
-std::int64_t SearchFlac(FileBytes& bytes, const std::atomic<bool>& interrupted) {
+std::int64_t SearchFlac(FileBytes& bytes) {
     constexpr std::int64_t beginning = 8;
-    for (std::int64_t place = 1; place < bytes.GetSize() && !interrupted; place += SEARCHED_AT_ONCE) {
+    for (std::int64_t place = 1; place < bytes.GetSize(); place += SEARCHED_AT_ONCE) {
         const auto read = bytes.Read(place, std::min(SEARCHED_AT_ONCE + beginning, bytes.GetSize() - place));
         const std::string_view text(reinterpret_cast<const char*>(read.data()), read.size());
         for (std::size_t at = text.find("fLaC"); at != std::string_view::npos; at = text.find("fLaC", at + 1))
@@ -86,9 +86,9 @@ std::int64_t BehindMatroska(FileBytes& bytes) {
 } // namespace
 
 std::int64_t FindFollowingFile(const ioPath& path, const std::string& format, const std::atomic<bool>& interrupted) {
-    FileBytes bytes(path.ToUtf8());
+    FileBytes bytes(path.ToUtf8(), interrupted);
     if (format == "flac")
-        return SearchFlac(bytes, interrupted);
+        return SearchFlac(bytes);
     if (format == "wav" || format == "aiff")
         return BehindChunk(bytes, format == "aiff");
     if (format == "asf")

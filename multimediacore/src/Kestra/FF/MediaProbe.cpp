@@ -73,16 +73,21 @@ void MediaProbe::Run() {
     JoinClocks();
     FindEnds();
     ChooseRate();
-    // What was read until then says nothing of the file.
-    if (interrupted)
-        Fail(TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" was interrupted");
+    RefuseInterrupted();
     SettleOrigin();
     ReportJoints();
     SettleEnds();
     DescribeVideo();
     DescribeAudio();
     ReportShortage();
+    RefuseInterrupted();
     NoteWhatIsLeftOut(demuxer.GetContext(), video.index, audio.index, details.notes);
+}
+
+// What was read until then says nothing of the file.
+void MediaProbe::RefuseInterrupted() const {
+    if (interrupted)
+        Fail(TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" was interrupted");
 }
 
 void MediaProbe::RequireTracks() const {

@@ -31,6 +31,7 @@ private:
     /// A header that promises more than this beyond the last packet belongs to a file that was cut off.
     static constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
 
+    void RefuseInterrupted() const;
     void RequireTracks() const;
     void ChooseTracks();
     void CountTrack(const AVStream& stream);

@@ -62,7 +62,7 @@ std::int64_t MediaProbe::ClaimedLength() {
 
 void MediaProbe::ReportShortage() {
     const std::string format = demuxer.GetFormatName();
-    const ContainerEnd end = FindContainerEnd(path, format);
+    const ContainerEnd end = FindContainerEnd(path, format, interrupted);
     const bool counted = (format == "flac" || format == "mp3") &&
                          demuxer.GetContext().duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
     const std::int64_t small = std::max(SMALL_SHORTAGE, ROUNDED_PACKETS * std::max(video.lastLength, audio.lastLength));
