@@ -1,6 +1,7 @@
 // How long clips are whose sound was coded in blocks, and where they begin.
 #include "Kestra/Base/Time.h"
 #include "SourceFixture.h"
+#include <algorithm>
 #include <cmath>
 
 namespace TestMedia {
@@ -151,6 +152,28 @@ TEST_F(ClipLength, KeepsARealLeadOfTheSoundOnTheGridOfThePictures) {
     ASSERT_EQ(read.size(), 50U);
     for (std::size_t index = 1; index < read.size(); ++index)
         EXPECT_NEAR(read[index].time, FramesToTime(8 + static_cast<int>(index), 25), TIME_BASE / 1000);
+}
+
+class FragmentedClip : public SourceTest {};
+
+TEST_F(FragmentedClip, IsNoLongerAndInStepWhereItsWriterPutsWhatTheCodecNeedsInFront) {
+    constexpr int frames = 100;
+    for (const char* reordered : {"0", "2"}) {
+        SCOPED_TRACE(reordered);
+        const std::string tone = "aevalsrc=exprs='0.5*sin(6000*t)*gte(t,1)':s=48000:d=4";
+        const auto source = open(make(
+            "a.mp4", join(pictures("25", frames), {"-f", "lavfi", "-i", tone, "-c:v", "libx264", "-bf", reordered,
+                                                   "-c:a", "aac", "-movflags", "empty_moov+frag_keyframe", "-y"})));
+        const auto read = readPictures(*source->CreateVideoStream());
+        ASSERT_EQ(read.size(), static_cast<std::size_t>(frames));
+        for (int index = 0; index < frames; ++index)
+            EXPECT_NEAR(read[static_cast<std::size_t>(index)].time, FramesToTime(index, 25), TIME_BASE / 1000);
+        EXPECT_NEAR(source->GetInfo().duration, FramesToTime(frames, 25), TIME_BASE / 1000);
+        const auto samples = readSamples(*source->CreateAudioStream());
+        const auto begin =
+            std::find_if(samples.begin(), samples.end(), [](float sample) { return std::abs(sample) > 0.25F; });
+        EXPECT_NEAR(static_cast<double>(begin - samples.begin()), 48000, 96);
+    }
 }
 
 } // namespace

@@ -84,6 +84,18 @@ TEST(ChunkStart, MovesTheFirstPictureOverEmptyChunksOfLibavAlone) {
     }
 }
 
+TEST(ChunkStart, MovesTheFirstPictureOfFragmentsOfLibavByThePrimingAlone) {
+    constexpr std::int64_t tick = MS / 10;
+    const std::int64_t second = PERIOD + PRIMING + tick / 2;
+    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).firstPicture, second - PERIOD);
+    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).sound, 0);
+    for (const ChunkStart& start : {ChunkStart{0, second, 0, PERIOD, false},
+                                    {0, second + tick, 0, PERIOD, true},
+                                    {0, PERIOD, 0, PERIOD, true},
+                                    {0, second, PERIOD, PERIOD, true}})
+        EXPECT_EQ(AlignFragments(start, aac(), tick).firstPicture, 0);
+}
+
 TEST(ChunkStart, SoundDoesNotWaitForReorderedPictures) {
     EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, false}, aac()).sound, 2 * PERIOD);
     EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).sound, 2 * PERIOD - PRIMING);

@@ -2,6 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/AudioSettling.h"
+#include <cstdlib>
 
 namespace Kestra::FF {
 
@@ -29,6 +30,16 @@ ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound) 
     const std::int64_t lead = start.shown + shift.firstPicture - start.first;
     if (lead > 0)
         shift.sound = lead - SamplesToTime(priming, sound.sample_rate);
+    return shift;
+}
+
+ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick) {
+    ChunkShift shift;
+    const std::int64_t priming = start.byLibav ? LibavPrimingSamples(sound) : 0;
+    const std::int64_t late = start.second - start.first - start.period;
+    const std::int64_t rounding = late - SamplesToTime(priming, sound.sample_rate);
+    if (priming > 0 && start.shown == start.first && std::abs(rounding) <= tick)
+        shift.firstPicture = late;
     return shift;
 }
 

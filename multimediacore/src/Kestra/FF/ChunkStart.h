@@ -1,5 +1,5 @@
-// How the tracks of an AVI file belong together: it counts chunks, and stores neither times nor what codecs put in
-// front.
+// How tracks belong together where the container does not store what codecs put in front of sound: in AVI, which counts
+// chunks and stores no times, and in fragmented MP4.
 #pragma once
 
 #include "Kestra/FF/Handles.h"
@@ -27,5 +27,9 @@ struct ChunkShift {
 /// picture's. libav's writer moves pictures for what its encoders put before the sound, by whole chunks, but leaves
 /// the first one where it is.
 KESTRA_EXPORT ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
+
+/// Where fragments are described before they are known, libav's writer moves pictures by what its encoders put before
+/// the sound, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
+KESTRA_EXPORT ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
 
 } // namespace Kestra::FF

@@ -195,14 +195,21 @@ void MediaProbe::SettleOrigin() {
 
 // Answers with what has been added to the times of the sound.
 std::int64_t MediaProbe::AlignChunkedTracks() {
-    if (std::strcmp(demuxer.GetFormatName(), "avi") != 0 || video.index < 0 || audio.index < 0 || rate.rate <= 0 ||
-        video.firstDecodeTime == TIME_UNKNOWN || video.secondDecodeTime == TIME_UNKNOWN)
+    if (video.index < 0 || audio.index < 0 || rate.rate <= 0 || video.firstDecodeTime == TIME_UNKNOWN ||
+        video.secondDecodeTime == TIME_UNKNOWN)
         return 0;
-    const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, "software", nullptr, 0);
+    AVStream& stream = demuxer.GetStream(video.index);
+    const bool fragments = std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0 && stream.nb_frames == 0;
+    if (!fragments && std::strcmp(demuxer.GetFormatName(), "avi") != 0)
+        return 0;
+    const char* const tag = fragments ? "encoder" : "software";
+    const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, tag, nullptr, 0);
     const bool byLibav = writer && std::strncmp(writer->value, "Lavf", 4) == 0;
     const ChunkStart start{video.firstDecodeTime, video.secondDecodeTime, video.start, FramesToTime(1, rate.rate),
                            byLibav};
-    const ChunkShift shift = AlignChunks(start, *demuxer.GetStream(audio.index).codecpar);
+    const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
+    const ChunkShift shift =
+        fragments ? AlignFragments(start, sound, ToEngineTime(1, stream.time_base)) : AlignChunks(start, sound);
     video.start += shift.firstPicture;
     if (shift.firstPicture > 0)
         video.firstShown = video.start;
