@@ -61,6 +61,7 @@ void Demuxer::Open() {
     lastPosition.clear();
     countedTime = 0;
     anchorTimes.Clear();
+    fromStart = true;
     ApplySelection();
 }
 
@@ -126,7 +127,8 @@ void Demuxer::ApplySelection() {
 
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
-    if (!AnchorTimes::AreNeeded(GetFormatName()))
+    // Behind a seek libav's own count begins anew, from wherever it landed: there is nothing to go by.
+    if (!fromStart || !AnchorTimes::AreNeeded(GetFormatName()))
         return ReadNext(packet);
     do
         if (!ReadAhead(packet))
@@ -204,6 +206,7 @@ bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
     anchorTimes.Clear();
+    fromStart = false;
     if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
         return false;
     if (clock)

@@ -74,6 +74,7 @@ private:
     bool untouched = true;
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
+    bool fromStart = true;                    ///< nothing has been sought since the file was opened
     AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
