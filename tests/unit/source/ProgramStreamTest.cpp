@@ -99,6 +99,12 @@ TEST_F(ProgramStream, OfSmallPicturesIsSoughtInToThePicture) {
     }
 }
 
+TEST_F(ProgramStream, EndsWithItsLastPicture) {
+    const auto source = open(make("a.mpg", {"-f", "lavfi", "-i", "testsrc2=s=352x288:r=25:d=10", "-f", "lavfi", "-i",
+                                            "sine=r=48000:d=10", "-c:v", "mpeg2video", "-bf", "2", "-c:a", "mp2"}));
+    EXPECT_EQ(source->GetInfo().video->duration, FramesToTime(250, 25));
+}
+
 TEST(AnchorTimes, AreThoseAtWhichTheNextAnchorIsDecoded) {
     EXPECT_EQ(shownOf(picture('I', 1, 0), picture('P', -1, 1), picture('B', 2, 2), picture('B', 3, 3),
                       picture('P', 6, 4), picture('B', 5, 5)),
