@@ -240,6 +240,33 @@ TEST_F(HostileInput, ASearchThatFindsNothingHasAnEnd) {
     expectRefused(film, "neither picture nor sound");
 }
 
+TEST_F(HostileInput, ASearchAmongSeveralTracksHasAnEnd) {
+    for (const char* const kind : {"avi", "ts"}) {
+        const std::string film = folder / "film." + kind;
+        TestMedia::runFfmpeg(
+            {"-f", "lavfi", "-i", "color=s=64x64:r=25:d=1", "-f", "lavfi", "-i", "sine=r=44100:d=1", film});
+        makeSparse(film, TestFiles::read(film));
+        const Run run = render(film);
+        EXPECT_EQ(run.code, 1) << kind << run.errors.constData();
+        EXPECT_TRUE(run.errors.contains("nothing that can be read stands in the next 64 MiB"))
+            << run.errors.constData();
+    }
+}
+
+TEST_F(HostileInput, AnotherTrackMayTakeAnyRoomBetweenTwoPackets) {
+    const std::string film = folder / "gap.mkv";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc=s=320x240:r=25:d=6", "-f", "lavfi", "-i", "sine=r=48000:d=6",
+                          "-af", "aselect='lt(t,0.5)+gt(t,5)'", "-c:v", "rawvideo", "-pix_fmt", "rgb24", "-c:a",
+                          "pcm_s16le", "-allow_raw_vfw", "1", film});
+    ASSERT_GT(QFileInfo(QString::fromStdString(film)).size(), 30 * MIB);
+    const Run run = render(film, {"--max-picture", "1"}); // the search is no longer than that, either
+    EXPECT_EQ(run.code, 0) << run.errors.constData();
+    const std::string end = folder / "end.raw";
+    TestMedia::runFfmpeg({"-ss", "5.5", "-i", output, "-vn", "-ac", "1", "-f", "u8", end});
+    const QByteArray samples = TestFiles::read(end);
+    EXPECT_LT(samples.count('\x80'), samples.size() / 2) << "the tone behind the gap is gone";
+}
+
 TEST_F(HostileInput, ALongSearchTakesAStop) {
     const std::string film = folder / "zeros.avi";
     makeSparse(film, QByteArray("RIFF\xff\xff\xff\xff"

@@ -46,7 +46,7 @@ Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, const
     : path(path)
     , interrupted(interrupted)
     , limits(limits)
-    , file(path, interrupted, limits)
+    , file(path, interrupted, limits, [this] { PassNothingOver(); })
     , known(std::move(known)) {
     Open();
 }
@@ -84,12 +84,17 @@ void Demuxer::FindStreams() {
 }
 
 // How far a packet may be away. Elementary streams have no sizes to go by: what stands between two starts is all one
-// packet to them. Elsewhere one is no larger than a picture.
+// packet to them. Elsewhere one is no larger than a picture; among tracks of which all have sizes, than one of theirs.
 std::int64_t Demuxer::LongestSearch() const {
     constexpr std::int64_t elementary = std::int64_t{64} << 20;
     const bool sized = (context->iformat->flags & AVFMT_GENERIC_INDEX) == 0 || IsPictureFormat(GetFormatName()) ||
                        std::strcmp(GetFormatName(), "yuv4mpegpipe") == 0;
-    return sized ? limits.pictureBytes : elementary;
+    if (!sized || context->nb_streams == 1)
+        return sized ? limits.pictureBytes : elementary;
+    std::int64_t largest = elementary;
+    for (unsigned index = 0; index < context->nb_streams; ++index)
+        largest += LargestPictureOf(*context->streams[index]->codecpar);
+    return std::min(largest, limits.pictureBytes);
 }
 
 void Demuxer::RequireWithinLimits() const {
@@ -125,6 +130,14 @@ void Demuxer::ApplySelection() {
     }
 }
 
+// Between the packets of some tracks of many, any number of the others' may stand: whether they do is only told where
+// libav hands them out, which it can be made to from within its search.
+void Demuxer::PassNothingOver() {
+    for (unsigned index = 0; selected && index < context->nb_streams; ++index)
+        context->streams[index]->discard = AVDISCARD_DEFAULT;
+    passedOver = true;
+}
+
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
     // Behind a seek libav's own count begins anew, from wherever it landed: there is nothing to go by.
@@ -152,15 +165,19 @@ bool Demuxer::ReadAhead(AVPacket& packet) {
 }
 
 bool Demuxer::ReadNext(AVPacket& packet) {
+    bool searching = false;
     while (!interrupted.load(std::memory_order_relaxed)) {
         av_packet_unref(&packet);
-        // Between the packets of one track of many, any number of the others' may stand.
-        file.Allow(context->nb_streams == 1 ? LongestSearch() : INT64_MAX / 2);
+        if (!std::exchange(searching, true))
+            file.AllowPassing(LongestSearch());
         const LogWatch log;
         const int result = av_read_frame(context.get(), &packet);
         afterNonsense = afterNonsense || TellsOfNonsense(log);
-        if (result == AVERROR(EAGAIN))
+        // Of nonsense, a part of which has been looked through.
+        if (result == AVERROR(EAGAIN) && !file.IsUsedUp())
             continue;
+        if (std::exchange(passedOver, false))
+            ApplySelection();
         if (result < 0 && file.IsUsedUp())
             trouble = "nothing that can be read stands in the next " + std::to_string(LongestSearch() >> 20) + " MiB";
         if (result == AVERROR_EXIT || !trouble.empty())
@@ -181,6 +198,7 @@ bool Demuxer::ReadNext(AVPacket& packet) {
             packet.flags |= std::exchange(afterNonsense, false) ? AV_PKT_FLAG_CORRUPT : 0;
             return true;
         }
+        searching = false;
     }
     return false;
 }
@@ -207,6 +225,7 @@ bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     trouble.clear();
     anchorTimes.Clear();
     fromStart = false;
+    file.Allow(limits.pictureBytes);
     if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
         return false;
     if (clock)

@@ -60,6 +60,7 @@ private:
     bool IsSelected(int stream) const;
     bool ReadAhead(AVPacket& packet);
     bool ReadNext(AVPacket& packet);
+    void PassNothingOver();
     void CountTime(AVPacket& packet);
     void ShiftTimes(AVPacket& packet);
     bool SeekToEntry(int stream, std::int64_t timestamp);
@@ -72,6 +73,7 @@ private:
     std::vector<int> selection;
     bool selected = false;
     bool untouched = true;
+    bool passedOver = false; ///< so much that nothing is any more, to see whether there is anything
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
     bool fromStart = true;                    ///< nothing has been sought since the file was opened

@@ -18,6 +18,8 @@ namespace {
 
 // Where tables of contents stand in front, they take a hundredth of it.
 constexpr std::int64_t LARGEST_HEADER = std::int64_t{1} << 30;
+// What other tracks have between two packets of one.
+constexpr std::int64_t LONGEST_PASSING = std::int64_t{16} << 20;
 
 // Null for what can be read.
 const char* WhyNotRegular(const struct stat& state) {
@@ -38,12 +40,14 @@ std::string NameForProbing(const std::string& path) {
 
 } // namespace
 
-SourceFile::SourceFile(ioPath given, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits)
+SourceFile::SourceFile(ioPath given, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
+                       std::function<void()> onPassedOver)
     : path(std::move(given))
     // The prefix keeps a colon in the name from being taken for a protocol.
     , url("file:" + path.ToUtf8())
     , interrupted(interrupted)
-    , limits(limits) {
+    , limits(limits)
+    , onPassedOver(std::move(onPassedOver)) {
     struct stat state = {};
     if (path.IsEmpty())
         Fail(TranscodingError::SourceNotFound, "No media file was named");
@@ -129,11 +133,24 @@ void SourceFile::FailOpening(int error, const LogWatch& log, SourcePlace place) 
 
 void SourceFile::Allow(std::int64_t bytes) {
     allowedUntil = io ? io->bytes_read + bytes : INT64_MAX;
+    passingUntil = INT64_MAX;
+}
+
+void SourceFile::AllowPassing(std::int64_t bytes) {
+    Allow(LONGEST_PASSING + bytes);
+    passingUntil = allowedUntil - bytes;
+}
+
+bool SourceFile::Poll() {
+    if (io && io->bytes_read >= passingUntil) {
+        passingUntil = INT64_MAX;
+        onPassedOver();
+    }
+    return interrupted.load(std::memory_order_relaxed) || IsUsedUp();
 }
 
 int SourceFile::OnPoll(void* self) {
-    const auto& file = *static_cast<const SourceFile*>(self);
-    return file.interrupted.load(std::memory_order_relaxed) || file.IsUsedUp() ? 1 : 0;
+    return static_cast<SourceFile*>(self)->Poll() ? 1 : 0;
 }
 
 int SourceFile::OnOpen(AVFormatContext* context, AVIOContext** io, const char* url, int flags, AVDictionary**) {

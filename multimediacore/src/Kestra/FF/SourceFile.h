@@ -7,6 +7,7 @@
 #include "Kestra/Proc/MediaLimits.h"
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,7 +21,8 @@ class LogWatch;
 class SourceFile {
 public:
     /// `interrupted` is borrowed for life and polled by every read.
-    SourceFile(ioPath path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
+    SourceFile(ioPath path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
+               std::function<void()> onPassedOver);
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
@@ -33,6 +35,9 @@ public:
     /// From here on that many bytes are read and then no more, as if the reading had been interrupted. A search that
     /// finds nothing so has an end, and what it collects on its way a bound.
     void Allow(std::int64_t bytes);
+    /// The same for the search for a packet of a track among others': `onPassedOver`, within a read, when so many bytes
+    /// as are seldom passed over have been, and `bytes` from there on.
+    void AllowPassing(std::int64_t bytes);
     /// Whether what was allowed has been used up.
     bool IsUsedUp() const { return io && io->bytes_read >= allowedUntil; }
 
@@ -42,6 +47,7 @@ private:
     InputContextHandle ReadHeader(const AVInputFormat& format);
     [[noreturn]] void FailOpening(int error, const LogWatch& log, SourcePlace place = SourcePlace::Here()) const;
     [[noreturn]] void Refuse(const std::string& reason, SourcePlace place = SourcePlace::Here()) const;
+    bool Poll();
     static int OnPoll(void* self);
     static int OnOpen(AVFormatContext* context, AVIOContext** io, const char* url, int flags, AVDictionary** options);
 
@@ -53,9 +59,11 @@ private:
     std::string url;
     const std::atomic<bool>& interrupted;
     Proc::MediaLimits limits;
+    std::function<void()> onPassedOver;
     std::unique_ptr<AVIOContext, IoCloser> io;
     std::int64_t end = 0;                  ///< a byte; 0: all of the file
     std::int64_t allowedUntil = INT64_MAX; ///< of the bytes that `io` has read
+    std::int64_t passingUntil = INT64_MAX; ///< likewise
     bool namesOthers = false;              ///< something asked for another file
 };
 

@@ -116,6 +116,10 @@ int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits) {
     return found;
 }
 
+std::int64_t LargestPictureOf(const AVCodecParameters& parameters) noexcept {
+    return std::max<std::int64_t>(std::int64_t{parameters.width} * parameters.height, 0) * BYTES_OF_A_PIXEL;
+}
+
 std::int64_t FrameBytes(const AVFrame& frame) noexcept {
     if (frame.width > 0 && frame.height > 0)
         return PictureBytes(static_cast<AVPixelFormat>(frame.format), frame.width, frame.height);

@@ -19,6 +19,9 @@ std::string ExcessOf(const AVFrame& frame, const Proc::MediaLimits& limits);
 /// left to the decoder proper.
 int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits);
 
+/// How much memory a picture of that size takes at most; 0 where none is known.
+std::int64_t LargestPictureOf(const AVCodecParameters& parameters) noexcept;
+
 /// How much memory the frame's picture or samples take.
 std::int64_t FrameBytes(const AVFrame& frame) noexcept;
 
