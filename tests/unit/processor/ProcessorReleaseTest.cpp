@@ -192,9 +192,11 @@ TEST_F(ProcessorRelease, LeavesOneTrackThatHangsAfterTheOtherFailed) {
     stubborn = true;
     auto gate = std::make_shared<Fakes::Gate>();
     video->At("ReadRaw 5", [gate] { gate->Pass(); });
-    audio->ThrowAt("ReadRaw 3", Failure("the sound is broken"));
+    audio->At("ReadRaw 3", [gate] {
+        gate->WaitUntilReached(); // before, the failure would end the track that is to hang
+        std::rethrow_exception(Failure("the sound is broken"));
+    });
     Launch();
-    ASSERT_TRUE(gate->WaitUntilReached());
     ASSERT_TRUE(events.WaitForEnd());
     EXPECT_EQ(ErrorText(), "the sound is broken");
     Release();
