@@ -85,7 +85,7 @@ void AnchorTimes::SettleAll() {
             return;
 }
 
-bool AnchorTimes::Settle(Place place) {
+bool AnchorTimes::Settle(const Place& place) {
     AVPacket& packet = *place->packet;
     const auto due = expected.find(packet.stream_index);
     if (due != expected.end() && packet.dts != AV_NOPTS_VALUE && !IsNear(packet.dts, due->second, packet.duration)) {

@@ -39,7 +39,7 @@ private:
 
     bool IsFull() const;
     void SettleAll();
-    bool Settle(Place place);
+    bool Settle(const Place& place);
     bool MeetsAgain(Place place, std::int64_t expected, int& looked) const;
     bool Complete();
     void Show(Waiting& anchor, std::int64_t time, bool corrected);

@@ -6,6 +6,7 @@
 #include "Kestra/FF/PictureGeometry.h"
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <thread>
 
 extern "C" {
@@ -69,12 +70,12 @@ bool ChangesMatrix(const ColourInfo& before, const ColourInfo& after) {
 }
 
 std::string Number(double value) {
-    return std::to_string(static_cast<long long>(value + 0.5));
+    return std::to_string(std::llround(value));
 }
 
 /// Per mille, so that no locale's comma gets into it.
 std::string Thousandths(double value) {
-    return std::to_string(static_cast<long long>(value * 1000 + 0.5)) + "/1000";
+    return std::to_string(std::llround(value * 1000)) + "/1000";
 }
 
 /// HLG's light depends on all components together, which the quicker way leaves out.

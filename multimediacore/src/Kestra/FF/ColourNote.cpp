@@ -73,7 +73,7 @@ std::string ColourCodes(const ColourInfo& colour) {
 std::string ColourNote(const ColourChange& change, double peak, bool told) {
     if (!ColourConverter::IsNeeded(change))
         return {};
-    const std::string changed = ChangeText(change, peak);
+    std::string changed = ChangeText(change, peak);
     if (told)
         return changed;
     const std::string guess = "does not fully tell its colour, taken for " + NameOf(change.before);
