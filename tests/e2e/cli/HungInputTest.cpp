@@ -14,15 +14,7 @@ class HungInputsEnd : public TestCli::HungProgram {};
 TEST_P(HungInput, KeepsNoStopFromComingToItsEndAndIsNamed) {
     Program program(command());
     prepare(program, GetParam(), "share.mov");
-    program.start();
-    ASSERT_TRUE(waitUntilHung());
-    program.signal(SIGTERM);
-    const Result result = program.finish();
-    EXPECT_TRUE(result.ended);
-    EXPECT_EQ(result.code, 143) << result.errors.toStdString();
-    EXPECT_TRUE(result.errors.contains(QStringLiteral("stopped, nothing was written"))) << result.errors.toStdString();
-    EXPECT_TRUE(result.errors.contains(QStringLiteral("share.mov"))) << result.errors.toStdString();
-    expectUntouched();
+    expectStopOf(program, {"share.mov"});
 }
 
 INSTANTIATE_TEST_SUITE_P(At, HungInput,

@@ -56,6 +56,20 @@ protected:
     bool waitUntilHung() const {
         return TestSupport::waitUntil([this] { return QFileInfo::exists(QString::fromStdString(mark)); });
     }
+    /// Stops the program once it hangs: it ends by itself, says what does not come back, and changes nothing.
+    void expectStopOf(Program& program, const std::vector<const char*>& words) const {
+        program.start();
+        ASSERT_TRUE(waitUntilHung());
+        program.signal(SIGTERM);
+        const Result result = program.finish();
+        EXPECT_TRUE(result.ended);
+        EXPECT_EQ(result.code, 143) << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.contains(QLatin1String("stopped, nothing was written")))
+            << result.errors.toStdString();
+        for (const char* const word : words)
+            EXPECT_TRUE(result.errors.contains(QLatin1String(word))) << word << " in " << result.errors.toStdString();
+        expectUntouched();
+    }
     QStringList names() const {
         return TestFiles::namesIn(place / "");
     }

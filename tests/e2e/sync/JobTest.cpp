@@ -1,7 +1,7 @@
 // The life of one export in a process that goes on.
 #include "ExportCore/ExportJob.h"
 #include "ExportCore/TimeText.h"
-#include "Exported.h"
+#include "WatchedJob.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
@@ -19,7 +19,7 @@ using Status = ExportOutcome::Status;
 
 namespace {
 
-class Job : public ::testing::Test {
+class Job : public ::testing::Test, protected TestExport::WatchedJob {
 protected:
     static void SetUpTestSuite() {
         media = new TestMedia::Folder;
@@ -31,42 +31,19 @@ protected:
     }
     static void TearDownTestSuite() { delete media; }
 
-    Job() { TestFiles::write(output, "old"); }
-
     ExportRequest request() const {
         ExportRequest result = TestExport::requestOf(*media / "clip.mov", "mp4-h264-720p", output);
         result.overwrite = true;
         return result;
     }
     void make(const ExportRequest& what) {
-        job = std::make_unique<ExportJob>(what);
-        QObject::connect(job.get(), &ExportJob::started, [this] { ++startCount; });
+        WatchedJob::make(what);
         QObject::connect(job.get(), &ExportJob::progressChanged,
                          [this](const ExportProgress& now) { progress.push_back(now); });
-        QObject::connect(job.get(), &ExportJob::finished, [this](const ExportOutcome& result) {
-            outcome = result;
-            ++finishCount;
-        });
-    }
-    bool waitForEnd() {
-        const bool ended = waitUntil([this] { return finishCount > 0; });
-        TestSupport::turnEventLoop();
-        EXPECT_EQ(finishCount, 1);
-        return ended;
-    }
-    void expectUntouched() const {
-        EXPECT_EQ(TestFiles::read(output), "old");
-        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
     }
 
     static TestMedia::Folder* media;
-    const TestMedia::Folder place;
-    const std::string output = place / "film.mp4";
-    std::unique_ptr<ExportJob> job;
-    ExportOutcome outcome;
     std::vector<ExportProgress> progress;
-    int startCount = 0;
-    int finishCount = 0;
 };
 
 TestMedia::Folder* Job::media = nullptr;

@@ -1,4 +1,4 @@
-// One export in this process that is not to come to a good end, over a file that has to survive it.
+// One export in this process, over a file that has to survive whatever is no good end.
 #pragma once
 
 #include "ExportCore/ExportJob.h"
@@ -22,13 +22,16 @@ protected:
         ExportCore::ExportRequest request = requestOf(input, preset, output);
         request.overwrite = true;
         request.limits = limits;
+        make(request);
+        job->start();
+    }
+    void make(const ExportCore::ExportRequest& request) {
         job = std::make_unique<ExportCore::ExportJob>(request);
         QObject::connect(job.get(), &ExportCore::ExportJob::started, [this] { ++startCount; });
         QObject::connect(job.get(), &ExportCore::ExportJob::finished, [this](const ExportCore::ExportOutcome& result) {
             outcome = result;
             ++finishCount;
         });
-        job->start();
     }
     /// The end is told once.
     bool waitForEnd() {

@@ -193,6 +193,7 @@ void checkOneOf(Number wanted, const std::vector<Number>& known, CodecID codec, 
     if (std::find(known.begin(), known.end(), wanted) != known.end())
         return;
     std::vector<std::string> names;
+    names.reserve(known.size());
     for (const Number number : known)
         names.push_back(std::to_string(number));
     place.refuse(std::to_string(wanted) + ": " + nameOf(codec) + " takes " + listOf(names));
@@ -203,6 +204,7 @@ void checkLayout(const Preset& preset, const JsonPlace& place) {
     if (preset.channelLayout() == 0 || std::find(known.begin(), known.end(), preset.channelLayout()) != known.end())
         return;
     std::vector<std::string> names;
+    names.reserve(known.size());
     for (const std::uint32_t layout : known)
         names.emplace_back(Kestra::Conf::LayoutRecord::Find(layout)->name);
     place.refuse(readString(preset.property(), TAG_AUDIO, TAG_CHANNEL_LAYOUT) + ": " + nameOf(preset.audioCodec()) +
