@@ -1,9 +1,11 @@
 // Interlaced pictures: kept as they are, or deinterlaced for a consumer that wants progressive ones.
 #include "Kestra/Conf/IFormatCodecVideo.h"
+#include "unit/source/FieldPictures.h"
 #include "unit/source/SourceFixture.h"
 #include "unit/source/WovenMedia.h"
 #include <algorithm>
 #include <fstream>
+#include <optional>
 #include <random>
 
 namespace TestMedia {
@@ -22,6 +24,8 @@ struct Woven {
     std::vector<std::string> arguments;
     /// How far the container's clock lets times be off.
     std::int64_t rounding;
+    /// Fields that are coded as pictures of their own, in H.264; the arguments do not count.
+    std::optional<FieldPackets> fields = std::nullopt;
 };
 
 void PrintTo(const Woven& woven, std::ostream* out) {
@@ -67,6 +71,13 @@ std::vector<Woven> wovenMedia() {
         {"V210InMov", "c.mov", "50", 25, 352, 288, true, with({"-c:v", "v210", "-pix_fmt", "yuv422p10"}), 1},
         {"HuffyuvInMkv", "b.mkv", "50", 25, 352, 288, true,
          with({"-c:v", "huffyuv", "-pix_fmt", "yuv422p", "-field_order", "tt"}), millisecond},
+        {"FieldsOfH264ApartInTs", "e.ts", "50", 25, 352, 288, true, {}, tick, FieldPackets::Apart},
+        {"FieldsOfH264WithOneTimeInTs", "f.ts", "50", 25, 352, 288, false, {}, tick, FieldPackets::OneTime},
+        {"FieldsOfH264TogetherInTs", "g.ts", "50", 25, 352, 288, true, {}, tick, FieldPackets::Together},
+        {"FieldsOfH264ApartInMp4", "e.mp4", "50", 25, 352, 288, false, {}, 1, FieldPackets::Apart},
+        {"FieldsOfH264TogetherInMp4", "g.mp4", "50", 25, 352, 288, true, {}, 1, FieldPackets::Together},
+        {"FieldsOfH264TogetherInMkv", "g.mkv", "50", 25, 352, 288, true, {}, millisecond, FieldPackets::Together},
+        {"FieldsOfH264WithoutContainer", "g.h264", "50", 25, 352, 288, true, {}, 1, FieldPackets::Together},
     };
 }
 
@@ -96,6 +107,11 @@ protected:
     static constexpr int FRAMES = 19;
     std::string makeMedia() {
         const Woven& woven = GetParam();
+        if (woven.fields) {
+            makeFieldPictures(folder / woven.file, woven.width, woven.height, 2 * FRAMES, woven.topFieldFirst,
+                              *woven.fields);
+            return folder / woven.file;
+        }
         const std::string input =
             barPictures(woven.fieldRate, 2 * FRAMES, woven.width, woven.height) + weave(woven.topFieldFirst);
         return make(woven.file,

@@ -61,6 +61,7 @@ void Demuxer::Open() {
     lastPosition.clear();
     countedTime = 0;
     anchorTimes.Clear();
+    fieldPairs = {};
     fromStart = true;
     ApplySelection();
 }
@@ -141,12 +142,35 @@ void Demuxer::PassNothingOver() {
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
     // Behind a seek libav's own count begins anew, from wherever it landed: there is nothing to go by.
-    if (!fromStart || !AnchorTimes::AreNeeded(GetFormatName()))
+    const bool anchors = fromStart && AnchorTimes::AreNeeded(GetFormatName());
+    if (!anchors && !HasFieldPairs())
         return ReadNext(packet);
     do
-        if (!ReadAhead(packet))
+        if (!(anchors ? ReadAhead(packet) : ReadPicture(packet)))
             return false;
     while (!IsSelected(packet.stream_index)); // since it was read
+    return true;
+}
+
+bool Demuxer::HasFieldPairs() const {
+    const auto needed = [this](int stream) { return FieldPairs::AreNeeded(*context->streams[stream]); };
+    for (unsigned index = 0; index < context->nb_streams; ++index)
+        if (IsSelected(static_cast<int>(index)) && needed(static_cast<int>(index)))
+            return true;
+    return false;
+}
+
+bool Demuxer::ReadPicture(AVPacket& packet) {
+    av_packet_unref(&packet);
+    while (!fieldPairs.Pop(packet)) {
+        PacketHandle next = MakePacket();
+        if (!ReadNext(*next)) {
+            fieldPairs.End();
+            return !interrupted && fieldPairs.Pop(packet);
+        }
+        const AVStream& stream = GetStream(next->stream_index);
+        fieldPairs.Push(std::move(next), stream);
+    }
     return true;
 }
 
@@ -154,7 +178,7 @@ bool Demuxer::ReadAhead(AVPacket& packet) {
     av_packet_unref(&packet);
     while (!anchorTimes.Pop(packet)) {
         PacketHandle next = MakePacket();
-        if (!ReadNext(*next)) {
+        if (!ReadPicture(*next)) {
             anchorTimes.End();
             return !interrupted && anchorTimes.Pop(packet);
         }
@@ -224,6 +248,7 @@ bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
     anchorTimes.Clear();
+    fieldPairs.Clear();
     fromStart = false;
     file.Allow(limits.pictureBytes);
     if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))

@@ -4,6 +4,7 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/AnchorTimes.h"
 #include "Kestra/FF/ClockMap.h"
+#include "Kestra/FF/FieldPairs.h"
 #include "Kestra/FF/Handles.h"
 #include "Kestra/FF/KnownStreams.h"
 #include "Kestra/FF/SourceFile.h"
@@ -44,6 +45,12 @@ public:
     /// the file, and once interrupted. Throws when the file cannot be read; a file that merely is malformed ends, and
     /// GetTrouble says why.
     bool Read(AVPacket& packet);
+    /// Whether pictures of the stream were read that are coded field by field. What libav reckons each packet of them
+    /// to last is the length of one field, be there one in it or two.
+    bool HasFields(int stream) const { return fieldPairs.HasFields(stream); }
+    /// Whether pictures of the stream were read whose fields are packets of their own in the file, which its index and
+    /// its counts are of. Read() gives both in one.
+    bool HasFieldsApart(int stream) const { return fieldPairs.HasPaired(stream); }
     /// Moves to a keyframe at or before `timestamp` of the stream, as far as the file's index can be trusted.
     bool Seek(int stream, std::int64_t timestamp);
     /// Back to the first packet, by opening the file again: the only way that is exact in every container.
@@ -59,6 +66,8 @@ private:
     void ApplySelection();
     bool IsSelected(int stream) const;
     bool ReadAhead(AVPacket& packet);
+    bool ReadPicture(AVPacket& packet);
+    bool HasFieldPairs() const;
     bool ReadNext(AVPacket& packet);
     void PassNothingOver();
     void CountTime(AVPacket& packet);
@@ -78,6 +87,7 @@ private:
     std::shared_ptr<const ClockMap> clock;
     bool fromStart = true;                    ///< nothing has been sought since the file was opened
     AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
+    FieldPairs fieldPairs;                    ///< likewise
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one

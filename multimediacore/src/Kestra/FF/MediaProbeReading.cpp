@@ -118,7 +118,8 @@ std::int64_t MediaProbe::LengthOf(const Track& track, const AVPacket& packet) {
     const std::int64_t exact = rate > 0 ? FramesToTime(1, rate) : 0;
     // Clocks of a millisecond round the length; the exact one is known.
     const std::int64_t tick = ToEngineTime(1, stream.time_base);
-    return exact > 0 && (length == 0 || std::abs(length - exact) <= tick) ? exact : length;
+    const bool half = demuxer.HasFields(track.index) && std::abs(2 * length - exact) <= 2 * tick;
+    return exact > 0 && (length == 0 || half || std::abs(length - exact) <= tick) ? exact : length;
 }
 
 // AVI and program streams leave presentation times out where reordering would make them differ. The picture that is

@@ -16,6 +16,11 @@ RateChooser MakeChooser(const PictureTimes& times, const AVStream& stream) {
             NominalRate(stream)};
 }
 
+// What libav takes for the average where it counts fields is off by some.
+RateChooser MakeChooserByLength(std::int64_t length) {
+    return {{}, 0, RateChooser::Rate(TIME_BASE, length)};
+}
+
 PictureTimes ScanTimes(Demuxer& demuxer, int index) {
     PictureTimes times;
     const AVStream* stream = nullptr;
@@ -41,11 +46,14 @@ PictureTimes ScanTimes(Demuxer& demuxer, int index) {
 
 TrackRate FindTrackRate(Demuxer& demuxer, const ProbedTrack& track) {
     AVStream& stream = demuxer.GetStream(track.index);
+    if (track.times.AreIncomplete() && demuxer.HasFields(track.index) && track.lastLength > 0)
+        return {MakeChooserByLength(track.lastLength).Choose(), true};
     const RateChooser seen = MakeChooser(track.times, stream);
     if (track.times.AreWhole() || track.times.AreIncomplete())
         return {seen.Choose(), true};
     PictureTimes index;
-    if (index.TakeIndex(stream)) {
+    const bool listsPictures = !demuxer.HasFieldsApart(track.index);
+    if (listsPictures && index.TakeIndex(stream)) {
         const RateChooser listed = MakeChooser(index, stream);
         // Even decoding times can hide uneven presentation.
         if (seen.IsSteady() || !listed.IsSteady())
