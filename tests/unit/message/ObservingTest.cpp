@@ -1,5 +1,7 @@
 #include "unit/message/ViewFixture.h"
 #include <algorithm>
+#include <malloc.h>
+#include <vector>
 
 namespace {
 
@@ -131,6 +133,23 @@ TEST_F(Observing, MayOutliveTheObjectUntilTheViewIsDestroyedOrForgetsIt) {
     forgetful.forget(address);
     EXPECT_EQ(forgetful.object(), nullptr);
     EXPECT_EQ(destroyed.object(), address);
+}
+
+TEST_F(Observing, LeavesNothingBehindOfForgottenObjects) {
+    std::vector<Item> many(20000);
+    Message::View<Item> view;
+    const auto observeAndForgetAll = [&] {
+        for (const Item& item : many) {
+            view.observe(&item);
+            view.forget(&item);
+        }
+    };
+    observeAndForgetAll(); // what the bus itself keeps ready is there from now on
+    std::vector<Item> others(many.size());
+    many.swap(others);
+    const std::size_t before = mallinfo2().uordblks;
+    observeAndForgetAll();
+    EXPECT_LT(mallinfo2().uordblks, before + many.size());
 }
 
 TEST_F(Observing, OfNothingChangesNothing) {
