@@ -34,6 +34,16 @@ bool CountsByRate(const char* name, const AVCodecParameters& sound) {
     return simple && av_get_exact_bits_per_sample(sound.codec_id) < smallestPcm;
 }
 
+// Transport and program streams whose sound begins late announce it without saying what it is like.
+void Supply(AVCodecParameters& parameters, const AVCodecParameters& decoded) {
+    if (parameters.codec_type != AVMEDIA_TYPE_AUDIO || parameters.sample_rate > 0)
+        return;
+    parameters.sample_rate = decoded.sample_rate;
+    parameters.frame_size = decoded.frame_size;
+    Check(av_channel_layout_copy(&parameters.ch_layout, &decoded.ch_layout), TranscodingError::OutOfMemory,
+          "Copying the description of a stream failed");
+}
+
 // Matroska's reader only mentions that it met nonsense and searched for what it can read again.
 bool TellsOfNonsense(const LogWatch& log) {
     return !log.Find({"Element at 0x", "Invalid length 0x", "Length ", "Invalid EBML", "0x"}).empty();
@@ -55,6 +65,9 @@ void Demuxer::Open() {
     context.reset();
     context = file.Open();
     FindStreams();
+    streamsFound = context->nb_streams;
+    for (const auto& [index, parameters] : described)
+        Supply(*GetStream(index).codecpar, *parameters);
     untouched = true;
     trouble.clear();
     readFrom = 0;
@@ -112,6 +125,15 @@ void Demuxer::SetEnd(std::int64_t byte) {
     context.reset();
     file.SetEnd(byte);
     Open();
+}
+
+void Demuxer::Describe(int stream, const AVCodecContext& decoder) {
+    CodecParametersHandle parameters = MakeCodecParameters();
+    Check(avcodec_parameters_from_context(parameters.get(), &decoder), TranscodingError::OutOfMemory,
+          "Copying the description of a stream failed");
+    Supply(*GetStream(stream).codecpar, *parameters);
+    RequireWithinLimits();
+    described[stream] = std::move(parameters);
 }
 
 void Demuxer::Select(const std::vector<int>& streams) {
@@ -225,6 +247,23 @@ bool Demuxer::ReadNext(AVPacket& packet) {
         searching = false;
     }
     return false;
+}
+
+// Program streams and FLV tell of a track by its packets alone. How many more there are does not matter: it is enough
+// for whoever holds the file for silent.
+std::string Demuxer::GetNewcomer() const {
+    const auto typeOf = [this](unsigned index) { return context->streams[index]->codecpar->codec_type; };
+    for (unsigned index = streamsFound; index < context->nb_streams; ++index) {
+        const AVMediaType type = typeOf(index);
+        bool isFirst = type == AVMEDIA_TYPE_AUDIO || type == AVMEDIA_TYPE_VIDEO;
+        for (unsigned other = 0; other < streamsFound; ++other)
+            isFirst = isFirst && typeOf(other) != type;
+        if (isFirst)
+            return std::string("The ") + (type == AVMEDIA_TYPE_AUDIO ? "sound" : "picture") +
+                   " track begins so late that the beginning of the file does not tell of it, and is not read: it is "
+                   "missing";
+    }
+    return {};
 }
 
 void Demuxer::CountTime(AVPacket& packet) {

@@ -35,6 +35,8 @@ public:
     /// "mov,mp4,..." as libav names the container.
     const char* GetFormatName() const { return context->iformat->name; }
 
+    /// What decoding the stream has told of its sound, which is known from here on, also where the file does not say.
+    void Describe(int stream, const AVCodecContext& decoder);
     /// Everything but these streams is passed over from the next read on.
     void Select(const std::vector<int>& streams);
     /// Packets and seeks are on the joined clock from the next read on; null for the file's own.
@@ -57,6 +59,8 @@ public:
     void Rewind();
     /// Why the last reading ended before the end of the file; empty when it did not.
     const std::string& GetTrouble() const { return trouble; }
+    /// Of a track that was not there yet when the file was opened, and is the first of its kind; empty where none is.
+    std::string GetNewcomer() const;
 
 private:
     void Open();
@@ -92,7 +96,9 @@ private:
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one
     std::string trouble;
-    bool afterNonsense = false; ///< what comes next stands behind bytes that could not be read
+    unsigned streamsFound = 0;                      ///< when the file was opened
+    std::map<int, CodecParametersHandle> described; ///< by decoding
+    bool afterNonsense = false;                     ///< what comes next stands behind bytes that could not be read
 };
 
 } // namespace Kestra::FF

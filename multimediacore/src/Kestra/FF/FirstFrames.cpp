@@ -11,8 +11,10 @@ using Proc::TranscodingError;
 
 namespace {
 
-// How much is read in search of the first frame of a track that starts late.
+// How much is read in search of the first frame of a track once its packets have begun, and how much of them waits.
 constexpr std::size_t SEARCH_BYTES = std::size_t{64} << 20;
+// How much is read in search of its first packet: a film may have its first sound after minutes of large pictures.
+constexpr std::size_t LATE_SEARCH_BYTES = std::size_t{1} << 30;
 
 // More pictures tell no more of a constant rate.
 constexpr std::size_t ENOUGH_PICTURES = 300;
@@ -36,7 +38,9 @@ std::string FirstFrames::Decode(ProbedTrack& track) {
         decoder.SkipPixels();
         track.first = DecodeWith(decoder, track);
         track.frameSize = decoder.GetContext().frame_size;
-        if (!track.first)
+        if (track.first)
+            demuxer.Describe(track.index, decoder.GetContext());
+        else
             excess = decoder.GetExcess();
     } catch (const Proc::ProcException& error) {
         return error.what();
@@ -44,7 +48,7 @@ std::string FirstFrames::Decode(ProbedTrack& track) {
     if (!excess.empty())
         Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + demuxer.GetPath().ToUtf8() + "\": " + excess);
     if (!track.first)
-        return std::string("no frame of the ") + avcodec_get_name(stream.codecpar->codec_id) + " track can be decoded";
+        return WhyMissing(track);
     const std::int64_t timestamp = track.first->best_effort_timestamp;
     track.start = ToEngineTime(timestamp != AV_NOPTS_VALUE ? timestamp : stream.start_time, stream.time_base);
     if (track.start == TIME_UNKNOWN)
@@ -94,16 +98,36 @@ FrameHandle FirstFrames::DecodeAlone(Decoder& decoder, const AVPacket& packet) {
     return frame;
 }
 
+std::size_t FirstFrames::BoundOf(const ProbedTrack& track) const {
+    const auto found = foundAt.find(track.index);
+    return found == foundAt.end() ? LATE_SEARCH_BYTES : found->second + SEARCH_BYTES;
+}
+
 // Until one more packet of the track waits.
 bool FirstFrames::ReadOn(const ProbedTrack& track) {
     for (const std::size_t before = track.waiting.size(); track.waiting.size() == before;) {
         PacketHandle next = MakePacket();
-        if (bytesRead >= SEARCH_BYTES || !demuxer.Read(*next))
+        if (bytesRead >= BoundOf(track) || !demuxer.Read(*next))
             return false;
+        const bool waits = bytesRead < SEARCH_BYTES || next->stream_index == track.index;
         bytesRead += static_cast<std::size_t>(next->size);
-        Keep(std::move(next));
+        Keep(std::move(next), waits);
     }
     return true;
+}
+
+bool FirstFrames::IsEmpty(const ProbedTrack& track) const {
+    return foundAt.count(track.index) == 0 && bytesRead < LATE_SEARCH_BYTES && demuxer.GetTrouble().empty();
+}
+
+std::string FirstFrames::WhyMissing(const ProbedTrack& track) const {
+    const std::string name = avcodec_get_name(demuxer.GetStream(track.index).codecpar->codec_id);
+    if (foundAt.count(track.index) == 0 && !demuxer.GetTrouble().empty())
+        return "nothing of the " + name + " track was found before reading ended early: " + demuxer.GetTrouble();
+    if (foundAt.count(track.index) == 0 && bytesRead >= LATE_SEARCH_BYTES)
+        return "nothing of the " + name + " track was found in the first " + std::to_string(LATE_SEARCH_BYTES >> 20) +
+               " MiB; if it begins later, it is missing";
+    return "no frame of the " + name + " track can be decoded";
 }
 
 void FirstFrames::TakeBufferedTimes() {
@@ -116,15 +140,16 @@ void FirstFrames::TakeBufferedTimes() {
     PacketHandle packet = MakePacket();
     while (taken < ENOUGH_PICTURES && place() == before && demuxer.Read(*packet)) {
         taken += packet->stream_index == video.index ? 1 : 0;
-        Keep(std::exchange(packet, MakePacket()));
+        Keep(std::exchange(packet, MakePacket()), false);
     }
     video.times.CutRun(lastDecodeTime);
 }
 
-void FirstFrames::Keep(PacketHandle packet) {
+void FirstFrames::Keep(PacketHandle packet, bool waits) {
     for (ProbedTrack* track : {&video, &audio}) {
         if (track->index != packet->stream_index)
             continue;
+        foundAt.try_emplace(track->index, bytesRead);
         for (std::int64_t* time : {&track->firstDecodeTime, &track->secondDecodeTime})
             if (*time == TIME_UNKNOWN) {
                 *time = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);
@@ -137,7 +162,8 @@ void FirstFrames::Keep(PacketHandle packet) {
             video.times.Take(*packet, demuxer.GetStream(video.index));
             lastDecodeTime = ToEngineTime(packet->dts, demuxer.GetStream(video.index).time_base);
         }
-        track->waiting.push_back(std::move(packet));
+        if (waits)
+            track->waiting.push_back(std::move(packet));
         return;
     }
 }

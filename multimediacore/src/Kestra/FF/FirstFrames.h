@@ -4,6 +4,7 @@
 #include "Kestra/FF/Decoder.h"
 #include "Kestra/FF/Demuxer.h"
 #include "Kestra/FF/ProbedTrack.h"
+#include <map>
 #include <string>
 
 namespace Kestra::FF {
@@ -14,8 +15,11 @@ public:
     FirstFrames(Demuxer& demuxer, ProbedTrack& video, ProbedTrack& audio);
 
     /// Fills in the track's first frame, without what its pixels show, and when it is shown. Returns why that cannot be
-    /// done, or nothing. May leave packets of both tracks waiting.
+    /// done, or nothing. May leave packets of both tracks waiting. One that begins late is sought among what the other
+    /// has meanwhile, which is no longer kept then.
     std::string Decode(ProbedTrack& track);
+    /// Whether the file holds nothing of the track: it was looked through, and only announces it.
+    bool IsEmpty(const ProbedTrack& track) const;
     /// Takes in when pictures begin that have been read from the file already, which costs no reading.
     void TakeBufferedTimes();
 
@@ -24,12 +28,15 @@ private:
     bool BeginsWithFirstShown(ProbedTrack& track);
     static FrameHandle DecodeAlone(Decoder& decoder, const AVPacket& packet);
     bool ReadOn(const ProbedTrack& track);
-    void Keep(PacketHandle packet);
+    std::size_t BoundOf(const ProbedTrack& track) const;
+    void Keep(PacketHandle packet, bool waits);
+    std::string WhyMissing(const ProbedTrack& track) const;
 
     Demuxer& demuxer;
     ProbedTrack& video;
     ProbedTrack& audio;
     std::size_t bytesRead = 0;
+    std::map<int, std::size_t> foundAt;         ///< of each track's first packet, what had been read before it
     std::int64_t lastDecodeTime = TIME_UNKNOWN; ///< of the pictures
 };
 

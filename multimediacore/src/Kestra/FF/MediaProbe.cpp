@@ -45,6 +45,15 @@ bool IsPicture(const AVStream& stream) {
            !(stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS));
 }
 
+// Sound that begins late, of which nothing has been read yet: libav counts it out until it knows what it is like.
+int FindAnnouncedSound(const AVFormatContext& context) {
+    for (unsigned index = 0; index < context.nb_streams; ++index)
+        if (context.streams[index]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO &&
+            Decoder::FindCodec(*context.streams[index]))
+            return static_cast<int>(index);
+    return -1;
+}
+
 // Better streams compare greater.
 std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
@@ -81,6 +90,8 @@ void MediaProbe::Run() {
     DescribeAudio();
     ReportShortage();
     RefuseInterrupted();
+    if (const std::string newcomer = demuxer.GetNewcomer(); !newcomer.empty())
+        details.damage.push_back({path, info.duration, newcomer, true});
     NoteWhatIsLeftOut(demuxer.GetContext(), video.index, audio.index, details.notes);
 }
 
@@ -127,6 +138,8 @@ void MediaProbe::ChooseTracks() {
             video.index = static_cast<int>(index);
     }
     audio.index = std::max(-1, av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, video.index, nullptr, 0));
+    if (audio.index < 0)
+        audio.index = FindAnnouncedSound(context);
 }
 
 void MediaProbe::DecodeFirstFrames() {
@@ -136,17 +149,20 @@ void MediaProbe::DecodeFirstFrames() {
     demuxer.Select(indices);
     FirstFrames frames(demuxer, video, audio);
     for (Track* track : Tracks()) {
+        const bool announced = track == &audio && demuxer.GetStream(track->index).codecpar->sample_rate <= 0;
         const std::string trouble = frames.Decode(*track);
         if (!trouble.empty())
-            Drop(*track, trouble);
+            Drop(*track, announced && frames.IsEmpty(*track) ? std::string() : trouble);
     }
     frames.TakeBufferedTimes();
     for (Track* track : {&video, &audio})
         track->waiting.clear();
 }
 
+// Without a reason it was nothing but an announcement, which is named as left out.
 void MediaProbe::Drop(Track& track, const std::string& reason) {
-    details.damage.push_back({path, 0, reason});
+    if (!reason.empty())
+        details.damage.push_back({path, 0, reason, !demuxer.GetTrouble().empty()});
     track.index = -1;
     track.first.reset();
 }

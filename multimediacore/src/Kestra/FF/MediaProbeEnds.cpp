@@ -71,6 +71,9 @@ void MediaProbe::ReportShortage() {
     const std::string bytes = std::to_string(end.missing) + " bytes";
     // Sound behind the picture is there, whether it is heard or not.
     const std::int64_t held = std::max(info.duration, soundEnd - details.origin);
+    // A track that could not be searched for to the end of the file is missing behind all that was found.
+    for (Proc::DamageReport& report : details.damage)
+        report.time = report.incomplete ? info.duration : report.time;
     if (details.end > 0)
         details.damage.push_back({path, info.duration,
                                   begin + "and another file of its kind, which is not read, follows behind it: it is "

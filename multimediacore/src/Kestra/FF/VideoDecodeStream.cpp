@@ -221,6 +221,8 @@ bool VideoDecodeStream::SupplyPacket(AVPacket& packet) {
             return false;
         }
     } while (!PassesKeyGate(packet));
+    if (const std::string newcomer = demuxer->GetNewcomer(); !newcomer.empty())
+        source->Report(duration, newcomer, true);
     ChooseSkipping(packet);
     return true;
 }
