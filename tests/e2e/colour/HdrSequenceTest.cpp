@@ -111,6 +111,16 @@ protected:
             return {};
         return HdrMetadataOf(*Fakes::Decode(folder / "out.mp4").Video().pictures.front());
     }
+    /// Streams of one kind, one after the other.
+    std::string joined(const std::vector<std::string>& streams, const char* name) const {
+        Bytes all;
+        for (const std::string& stream : streams)
+            all += read(stream);
+        write(folder / "joined.hevc", all);
+        TestMedia::runFfmpeg(
+            {"-i", folder / "joined.hevc", "-c", "copy", "-bsf:v", "setts=ts='N/25/TB'", folder / name});
+        return folder / name;
+    }
     int notesOf(const char* words) const { return outcome.notes.filter(QString::fromUtf8(words)).size(); }
 
     const TestMedia::Folder folder;
@@ -161,6 +171,12 @@ TEST_F(HdrSequence, SaysThatMetadataOfEachPictureIsLeftOut) {
     TestMedia::runFfmpeg(
         {"-i", folder / "plus.hevc", "-c", "copy", "-bsf:v", "setts=ts='N/25/TB'", folder / "plus.mp4"});
     exported({folder / "plus.mp4"});
+    EXPECT_EQ(notesOf("HDR10+ left out"), 1);
+    // Behind pictures that have none.
+    const std::string behind = joined({folder / "plain.hevc", folder / "plus.hevc"}, "behind.mp4");
+    exported({behind});
+    EXPECT_EQ(notesOf("HDR10+ left out"), 1);
+    exported({behind}, "mp4-h264-source");
     EXPECT_EQ(notesOf("HDR10+ left out"), 1);
     write(folder / "vision.mp4", withRecord(read(make("plain.mp4")), 8, 1));
     for (const char* const preset : {"mp4-hevc-1080p-hdr", "mp4-h264-source"}) {

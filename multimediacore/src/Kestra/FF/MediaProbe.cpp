@@ -309,7 +309,6 @@ void MediaProbe::DescribeVideo() {
     GuessColour(*video.first, stream.codecpar->codec_id);
     details.peak = ColourConverter::PeakOf(first, first.color_trc);
     details.hdr = InfoOf(HdrMetadataOf(first));
-    details.dynamicMetadata = DynamicMetadataOf(first, stream);
     const Orientation orientation = FindOrientation(stream, &first);
     track.rotation = orientation.rotation;
     details.flipped = orientation.flipped;

@@ -23,8 +23,6 @@ struct TrackDetails {
     double peak = 0;
     /// Of such a picture, too.
     Conf::HdrInfo hdr;
-    /// Its metadata that changes from picture to picture, by name; empty where there is none.
-    std::string dynamicMetadata;
     /// Pictures are interlaced as the container says, having no flags of their own.
     bool fieldsByTrack = false;
     /// Engine time from the origin at which samples of the sound begin; before it, negative, they are not heard.

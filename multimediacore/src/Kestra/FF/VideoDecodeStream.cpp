@@ -3,6 +3,7 @@
 #include "Kestra/FF/ColourNote.h"
 #include "Kestra/FF/Convert.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/DynamicMetadata.h"
 #include "Kestra/FF/EncodePicture.h"
 #include "Kestra/FF/Error.h"
 #include "Kestra/FF/FieldOrder.h"
@@ -92,8 +93,6 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
     const std::string note = ColourNote(change, source->GetDetails().peak, source->GetDetails().tellsColour);
     if (!note.empty())
         source->Note(note);
-    if (const std::string& dynamic = source->GetDetails().dynamicMetadata; !dynamic.empty())
-        source->Note(dynamic + " left out: its pictures are shown as they are without it");
 }
 
 void VideoDecodeStream::PreferFields(const Conf::IFormatCodecVideo& format) {
@@ -158,6 +157,8 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadVideo() {
 void VideoDecodeStream::Present() {
     const std::int64_t begin = current->time;
     const std::int64_t end = next ? next->time : duration;
+    if (end > showFrom)
+        NoteDynamicMetadata(*current->frame);
     std::vector<FrameHandle> shown = ShowCurrent();
     // The second field is due half a period after the first, also where the picture then stands for longer.
     const std::int64_t period = track.frameRate > 0 ? FramesToTime(1, track.frameRate) : end - current->ownTime;
@@ -175,6 +176,16 @@ void VideoDecodeStream::Push(FrameHandle frame, std::int64_t begin, std::int64_t
         return;
     FrameHandle upright = rotator ? rotator->Rotate(*frame) : std::move(frame);
     ready.push_back(new DataVideoFF(std::move(upright), begin, end - begin));
+}
+
+// Any picture may be the first that has such.
+void VideoDecodeStream::NoteDynamicMetadata(const AVFrame& frame) {
+    if (dynamicNoted)
+        return;
+    const std::string dynamic = DynamicMetadataOf(frame, demuxer->GetStream(track.index));
+    dynamicNoted = !dynamic.empty();
+    if (dynamicNoted)
+        source->Note(dynamic + " left out: its pictures are shown as they are without it");
 }
 
 // What is not interlaced stays on its own pixels.

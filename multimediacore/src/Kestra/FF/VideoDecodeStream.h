@@ -70,6 +70,7 @@ private:
     std::vector<FrameHandle> ShowCurrent();
     std::vector<FrameHandle> Deinterlace();
     void Present();
+    void NoteDynamicMetadata(const AVFrame& frame);
     void Push(FrameHandle frame, std::int64_t begin, std::int64_t end);
     void FetchPrevious(const SeekTarget& target);
     std::int64_t LeadOf(std::int64_t time) const;
@@ -90,6 +91,7 @@ private:
     /// What came of pictures before `current`, for the next reads.
     std::deque<boost::intrusive_ptr<Proc::IDataVideo>> ready;
     std::optional<SeekTarget> pendingSeek;
+    bool dynamicNoted = false;
     std::int64_t position = 0;
     std::int64_t showFrom = 0;     ///< after a seek, what ends before is not shown
     std::int64_t lastDecoded = -1; ///< time of the last decoded picture; times have to rise
