@@ -116,6 +116,39 @@ TEST_F(OutroExport, FollowsClipsOfEveryPixelFormat) {
     }
 }
 
+TEST_F(OutroExport, OfOddSidesIsNotScaledForThem) {
+    // Each column and row its own, so that every scaling shows.
+    QImage picture(161, 121, QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, (x + y) % 2 == 0 ? qRgb(x, 2 * y, 255) : qRgb(255 - x, y, 0));
+    const OutroResource odd{{{QStringLiteral("odd"), OutroResource::encoded(picture)}}};
+    TestMedia::FlashBeep media;
+    media.width = 161;
+    media.height = 121;
+    media.frames = 5;
+    media.videoCodec = "ffv1";
+    media.pixelFormat = "bgr0";
+    const DecodedFile file =
+        exported(TestExport::requestOf(clip(media, "clip.mkv"), "mkv-ffv1-flac", place / "out.mkv"), "odd");
+    const DecodedFile source = Fakes::Decode(place / "clip.mkv");
+    const AVFrame& middle = *file.Video().pictures.at(65);
+    ASSERT_EQ(middle.width, 161);
+    ASSERT_EQ(middle.height, 121);
+    ASSERT_EQ(middle.format, AV_PIX_FMT_BGR0);
+    int wrong = 0;
+    for (int y = 0; y < middle.height; ++y)
+        for (int x = 0; x < middle.width; ++x) {
+            const auto sample = [x, y](const AVFrame& from, int colour) {
+                return from.data[0][y * from.linesize[0] + 4 * x + colour];
+            };
+            wrong += qRgb(sample(middle, 2), sample(middle, 1), sample(middle, 0)) == picture.pixel(x, y) ? 0 : 1;
+            for (const int colour : {0, 1, 2})
+                EXPECT_EQ(sample(*file.Video().pictures[3], colour), sample(*source.Video().pictures.at(3), colour));
+        }
+    EXPECT_EQ(wrong, 0) << "pixels of the outro where it is opaque";
+}
+
 TEST_F(OutroExport, KeepsThePicturesShapeOnBlack) {
     TestMedia::FlashBeep media;
     media.frames = 5;

@@ -38,6 +38,7 @@ Kestra::Proc::SettingsResizer resizerSettings(const Kestra::Conf::IFormatCodecVi
     settings.target = format.GetFrameInfo();
     settings.aspectMode = Kestra::Proc::AspectMode::Letterbox;
     settings.interpolation = Kestra::Proc::Interpolation::Lanczos;
+    settings.oddSides = true; // the frame is the one that it follows
     return settings;
 }
 
