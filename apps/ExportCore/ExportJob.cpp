@@ -110,6 +110,9 @@ void ExportJob::showTimeline() {
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
     project->show(opening->timeline());
     streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
+    // What is not exported decides nothing of the file: size, rate, layout, depth.
+    if (streamRange != Types::Range())
+        project->describe(streamRange);
     collectDamage();
 }
 

@@ -42,6 +42,18 @@ TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
               TestKept::pictures(media / "mkv-ffv1-flac.mkv", "yuv420p"));
 }
 
+TEST(KeptSize, IsThatOfTheClipsInTheRange) {
+    const TestMedia::Folder media;
+    make(media / "small.mkv", "64x48", "setsar=1");
+    make(media / "large.mkv", "322x180", "setsar=1", "yuv444p");
+    auto request = TestExport::requestOf(media / "small.mkv", "mkv-ffv1-flac", media / "out.mkv");
+    request.inputs << QString::fromStdString(media / "large.mkv");
+    request.in = KTime(120);
+    const auto outcome = TestExport::run(request);
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(TestKept::pictures(media / "out.mkv", "yuv444p"), TestKept::pictures(media / "large.mkv", "yuv444p"));
+}
+
 struct Camera {
     const char* name; ///< of the file
     const char* rate; ///< of fields

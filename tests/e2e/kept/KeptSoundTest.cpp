@@ -146,6 +146,27 @@ TEST(KeptSound, OfFloatingPointStaysAboveFullScaleBesideIntegers) {
     }
 }
 
+TEST(KeptSound, HasOnlyTheDepthOfWhatIsInTheRange) {
+    const TestMedia::Folder media;
+    make(media / "plain.wav", tones("stereo", 2, "s16"), "pcm_s16le");
+    make(media / "loud.wav", std::string(LOUD) + "flt", "pcm_f32le");
+    make(media / "mono.wav", tones("mono", 1, "s32"), "pcm_s24le");
+    ExportCore::ExportRequest request = TestExport::requestOf(media / "loud.wav", "wav", media / "out.wav");
+    request.inputs << QString::fromStdString(media / "plain.wav") << QString::fromStdString(media / "mono.wav");
+    request.in = KTime(250);
+    request.out = KTime(500);
+    const auto outcome = TestExport::run(request);
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(TestKept::told(media / "out.wav", "a", "codec_name"), QLatin1String("pcm_s16le"));
+    EXPECT_EQ(TestKept::sound(media / "out.wav", "pcm_s16le"), TestKept::sound(media / "plain.wav", "pcm_s16le"));
+    request.in = KTime(500);
+    request.out = std::nullopt;
+    request.overwrite = true;
+    EXPECT_EQ(TestExport::run(request).status, Status::Done);
+    EXPECT_EQ(TestKept::told(media / "out.wav", "a", "codec_name"), QLatin1String("pcm_s24le"));
+    EXPECT_EQ(TestKept::told(media / "out.wav", "a", "channels"), QLatin1String("1"));
+}
+
 TEST(KeptSound, OfFloatingPointThatBecomesIntegersIsNamed) {
     const TestMedia::Folder media;
     make(media / "loud.wav", std::string(LOUD) + "flt", "pcm_f32le");

@@ -147,7 +147,7 @@ FakeMedia::FakeMedia(ioPath path, const Contents& contents, std::shared_ptr<Stre
         info.audio->sampleRate = contents.sampleRate;
         info.audio->channels = 2;
         info.audio->channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
-        info.audio->sampleFormat = Conf::SAMPLE_FORMAT_S16;
+        info.audio->sampleFormat = contents.sampleFormat;
     }
 }
 

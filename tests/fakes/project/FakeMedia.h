@@ -2,9 +2,11 @@
 #pragma once
 
 #include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Core/ISourceFactory.h"
 #include "fakes/kestra/FakeData.h"
 #include <atomic>
+#include <cstdint>
 #include <map>
 #include <memory>
 
@@ -17,6 +19,7 @@ struct Contents {
     boost::rational<long long> rate = 25;
     std::int64_t samples = 0; ///< 0: no sound
     int sampleRate = 48000;
+    std::int32_t sampleFormat = Kestra::Conf::SAMPLE_FORMAT_S16;
     bool brokenPicture = false; ///< announced, but nothing can be read
     std::int64_t duration = 0;  ///< 0: the longer of the two
 };

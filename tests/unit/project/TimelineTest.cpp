@@ -67,6 +67,22 @@ TEST_F(TimelineTest, TheFirstPictureAndTheFirstSoundDescribeTheComposition) {
     EXPECT_EQ(describeAudio(*line).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_S16);
 }
 
+TEST_F(TimelineTest, OnlyClipsInTheRangeDescribeIt) {
+    Contents deep = clip(0, 48000);
+    deep.sampleFormat = Kestra::Conf::SAMPLE_FORMAT_DBL;
+    const auto line = timeline({clip(50, 88200, 25, 44100), clip(50, 96000, {30000, 1001}), deep});
+    EXPECT_EQ(describeVideo(*line, milliseconds(0, 2010)).frameRateNumerator, 25U);
+    EXPECT_EQ(describeAudio(*line, milliseconds(0, 2010)).sampleRate, 44100);
+    EXPECT_EQ(describeVideo(*line, milliseconds(2010, 3000)).frameRateNumerator, 30000U);
+    EXPECT_EQ(describeAudio(*line, milliseconds(2010, 3000)).sampleRate, 48000);
+    EXPECT_EQ(describeAudio(*line, milliseconds(2010, 3000)).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_S16);
+    EXPECT_EQ(describeAudio(*line).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_DBL);
+    // It has no picture of its own.
+    EXPECT_EQ(describeVideo(*line, milliseconds(4000, 4500)).frameRateNumerator, 25U);
+    EXPECT_EQ(describeAudio(*line, milliseconds(4000, 4500)).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_DBL);
+    EXPECT_THROW(describeAudio(*line, milliseconds(60000, 61000)), Kestra::Proc::ProcException);
+}
+
 TEST_F(TimelineTest, WithoutPictureOrSoundTheDescriptionsAreTheDefaults) {
     const Media::Video video = describeVideo(*timeline({clip(0, 48000)}));
     EXPECT_EQ(video.width, 1920U);

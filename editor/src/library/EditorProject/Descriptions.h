@@ -5,12 +5,15 @@
 #include "EditorProjectExport.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
+#include "Types/Range.h"
 
 namespace Project {
 
-/// Frame as shown and nominal rate of the first clip with a picture; 1920x1080 at 25 when there is none.
-EDITORPROJECT_EXPORT Media::Video describeVideo(const Timeline& timeline);
-/// Rate and layout of the first clip with sound, and the SampleDepth of all; 48000 Hz stereo when there is none.
-EDITORPROJECT_EXPORT Media::Audio describeAudio(const Timeline& timeline);
+/// Frame as shown and nominal rate of the first clip with a picture that lies in the range, or else outside it;
+/// 1920x1080 at 25 when there is none. An empty or inverted range is the whole timeline.
+EDITORPROJECT_EXPORT Media::Video describeVideo(const Timeline& timeline, const Types::Range& range = {});
+/// Rate and layout of the first clip with sound in the range, or else outside it, and the SampleDepth of all in the
+/// range; 48000 Hz stereo when there is none.
+EDITORPROJECT_EXPORT Media::Audio describeAudio(const Timeline& timeline, const Types::Range& range = {});
 
 } // namespace Project

@@ -51,6 +51,10 @@ void EditorProject::show(std::shared_ptr<const Project::Timeline> timeline) {
     d->model.show(std::move(timeline));
 }
 
+void EditorProject::describe(const Types::Range& range) {
+    d->model.describe(range);
+}
+
 Composition::Object* EditorProject::composition() {
     return d->model.composition();
 }

@@ -43,11 +43,15 @@ public:
     /// As open(), with what has been opened elsewhere, perhaps on another thread. Not null.
     void show(std::shared_ptr<const Project::Timeline> timeline);
 
+    /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of
+    /// it. Throws ProcException (InvalidArgument) for one that lies outside, and when nothing has been opened.
+    void describe(const Types::Range& range);
+
     /// Never null; the same object all the time. It has no video and no audio description before open(), and both
     /// after.
     Composition::Object* composition();
     /// The composition's own description: of the first clip with a picture (1920x1080 at 25 without one), of the first
-    /// clip with sound (48000 Hz stereo without one).
+    /// clip with sound (48000 Hz stereo without one). Clips in the range that was to be described go first.
     const Media::Video& video() const;
     const Media::Audio& audio() const;
 

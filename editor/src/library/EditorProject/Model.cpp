@@ -56,8 +56,12 @@ void Model::requireOwn(const M* description, const M* ofTheComposition) const {
 
 void Model::show(std::shared_ptr<const Timeline> timeline) {
     shown = std::move(timeline);
-    videoDescription = describeVideo(*shown);
-    audioDescription = describeAudio(*shown);
+    describe({});
+}
+
+void Model::describe(const Types::Range& range) {
+    videoDescription = describeVideo(opened(), range);
+    audioDescription = describeAudio(opened(), range);
     const auto chain = compositionChange(&compositionObject);
     chain->setVideo(&videoDescription).setAudio(&audioDescription);
     chain->setDuration(Types::fromAvTime(shown->duration())).setVersion(chain->version() + 1);

@@ -22,6 +22,8 @@ public:
     ~Model() override;
 
     void show(std::shared_ptr<const Timeline> timeline);
+    /// Describes the composition by what lies in the range.
+    void describe(const Types::Range& range);
     const std::shared_ptr<const Timeline>& timeline() const { return shown; }
 
     Composition::Object* composition() { return &compositionObject; }

@@ -33,11 +33,12 @@ bool SampleDepth::isFloatingPoint(std::int32_t format) {
     return isDouble(format) || nameOf(format).rfind("flt", 0) == 0;
 }
 
-SampleDepth SampleDepth::of(const Timeline& timeline) {
+SampleDepth SampleDepth::of(const Timeline& timeline, const std::vector<Section>& sections) {
     SampleDepth depth{Conf::SAMPLE_FORMAT_UNKNOWN};
     int whole = 0;    // bits of the deepest integer samples
     int floating = 0; // and of those in floating point, as far as they were not coded with loss
-    for (const Clip& clip : timeline.clips()) {
+    for (const Section& section : sections) {
+        const Clip& clip = timeline.clips()[section.clip];
         if (!clip.info.audio)
             continue;
         const Proc::AudioTrackInfo& track = *clip.info.audio;

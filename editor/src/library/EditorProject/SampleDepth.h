@@ -1,9 +1,11 @@
-// Project::SampleDepth: the sample format that a timeline's sound needs.
+// Project::SampleDepth: the sample format that a timeline's sound, or a part of it, needs.
 #pragma once
 
+#include "EditorProject/Section.h"
 #include "EditorProject/Timeline.h"
 #include "EditorProjectExport.h"
 #include <cstdint>
+#include <vector>
 
 namespace Project {
 
@@ -14,7 +16,8 @@ struct EDITORPROJECT_EXPORT SampleDepth {
     std::int32_t format; ///< Kestra::Conf::SampleFormats; unknown where no clip has sound
     int bits = 0;        ///< of each sample; 0 where all sound was coded with loss
 
-    static SampleDepth of(const Timeline& timeline);
+    /// Of the clips in the sections.
+    static SampleDepth of(const Timeline& timeline, const std::vector<Section>& sections);
     static bool isFloatingPoint(std::int32_t format);
 };
 

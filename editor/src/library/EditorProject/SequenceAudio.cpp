@@ -24,7 +24,7 @@ SequenceAudio::SequenceAudio(std::shared_ptr<const Timeline> timeline, const Exp
     , sections(soundSections(*this->timeline, window, format.GetRate()))
     , samples(window.samples(format.GetRate()))
     , format(format)
-    , sampleBits(SampleDepth::of(*this->timeline).bits) {
+    , sampleBits(SampleDepth::of(*this->timeline, sections).bits) {
     // Left open, it would change from clip to clip.
     if (format.GetFormatRecord()->format == Conf::SAMPLE_FORMAT_UNKNOWN)
         this->format.SetFormatRecord(Conf::SampleFmtRecord::Find(Conf::SAMPLE_FORMAT_FLTP));
