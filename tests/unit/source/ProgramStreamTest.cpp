@@ -1,5 +1,6 @@
 // Program streams of pictures so small that several begin in one pack, which has one time for all of them.
 #include "Kestra/FF/AnchorTimes.h"
+#include "Kestra/FF/OrderTimes.h"
 #include "unit/source/SourceFixture.h"
 
 namespace TestMedia {
@@ -7,6 +8,7 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 using Kestra::FF::AnchorTimes;
+using Kestra::FF::OrderTimes;
 
 constexpr int FRAMES = 100;
 constexpr std::int64_t PERIOD = 3600;
@@ -75,6 +77,10 @@ TEST_F(ProgramStream, OfSmallPicturesShowsEachOnceAtItsTime) {
         {"d.mpg", "30000/1001", film, {"-c:v", "mpeg2video", "-g", "5", "-bf", "2"}},
         {"e.mpg", "25", 25, {"-c:v", "mpeg1video", "-g", "12", "-bf", "1"}},
         {"f.vob", "25", 25, {"-c:v", "mpeg2video", "-g", "12", "-bf", "2", "-flags", "+ildct+ilme"}},
+        {"g.mpg", "25", 25, {"-c:v", "libx264", "-bf", "2", "-g", "30"}},
+        {"h.vob", "30000/1001", film, {"-c:v", "libx264", "-bf", "2"}},
+        {"i.vob", "25", 25, {"-c:v", "libx265", "-x265-params", "log-level=none"}},
+        {"j.mpg", "25", 25, {"-c:v", "mpeg4", "-bf", "2", "-q:v", "2"}},
     };
     for (const Muxing& muxing : muxings) {
         SCOPED_TRACE(muxing.name);
@@ -103,6 +109,38 @@ TEST_F(ProgramStream, EndsWithItsLastPicture) {
     const auto source = open(make("a.mpg", {"-f", "lavfi", "-i", "testsrc2=s=352x288:r=25:d=10", "-f", "lavfi", "-i",
                                             "sine=r=48000:d=10", "-c:v", "mpeg2video", "-bf", "2", "-c:a", "mp2"}));
     EXPECT_EQ(source->GetInfo().video->duration, FramesToTime(250, 25));
+}
+
+/// When pictures are shown that are so many periods late, by their places, which count two for each; -1 for no time.
+std::vector<std::int64_t> shownByPlace(const std::vector<std::pair<int, std::int64_t>>& pictures) {
+    OrderTimes times;
+    std::size_t next = 0;
+    const OrderTimes::PlaceFinder finder = [&](const AVPacket&) { return std::optional<int>(pictures[next].first); };
+    for (; next < pictures.size(); ++next)
+        times.Push(picture(next == 0 ? 'I' : 'P', pictures[next].second, -1), finder);
+    times.End();
+    std::vector<std::int64_t> result;
+    const Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+    for (; times.Pop(*packet); av_packet_unref(packet.get()))
+        result.push_back(packet->pts == AV_NOPTS_VALUE ? -1 : packet->pts / PERIOD);
+    return result;
+}
+
+TEST(OrderTimes, AreCountedByThePlacesOfThePictures) {
+    EXPECT_EQ(shownByPlace({{0, 5}, {6, -1}, {2, 6}, {4, -1}, {8, 9}}), (std::vector<std::int64_t>{5, 8, 6, 7, 9}));
+}
+
+TEST(OrderTimes, OfOnePictureThatHasThoseOfTheNextAreCountedAnew) {
+    EXPECT_EQ(shownByPlace({{0, 5}, {6, 6}, {2, -1}, {4, 7}, {8, 9}}), (std::vector<std::int64_t>{5, 8, 6, 7, 9}));
+}
+
+TEST(OrderTimes, KeepAGap) {
+    EXPECT_EQ(shownByPlace({{0, 5}, {2, 6}, {4, 17}, {6, -1}, {8, 19}, {10, 20}}),
+              (std::vector<std::int64_t>{5, 6, 17, 18, 19, 20}));
+}
+
+TEST(OrderTimes, ThatNothingTellsStayUnknown) {
+    EXPECT_EQ(shownByPlace({{0, -1}, {2, -1}}), (std::vector<std::int64_t>{-1, -1}));
 }
 
 TEST(AnchorTimes, AreThoseAtWhichTheNextAnchorIsDecoded) {

@@ -19,15 +19,21 @@ constexpr std::int64_t LARGEST_ERROR = 4;
 constexpr unsigned INTRA = 1;
 constexpr unsigned PREDICTED = 2;
 
-// Of pictures of MPEG-1 and MPEG-2.
-unsigned CodingOf(const AVPacket& packet) {
-    // Behind the start code, ten bits of order, then three of kind.
+// Of pictures of MPEG-1 and MPEG-2: behind the start code, ten bits of order, then three of kind. Those of MPEG-4 begin
+// with two bits of kind, which count from 0.
+unsigned CodingOf(const AVPacket& packet, AVCodecID codec) {
+    constexpr std::uint8_t partTwo = 0xB6;
+    const bool isPartTwo = codec == AV_CODEC_ID_MPEG4;
     for (int place = 0; place + 6 <= packet.size; ++place) {
         const std::uint8_t* bytes = packet.data + place;
-        if (bytes[0] == 0 && bytes[1] == 0 && bytes[2] == 1 && bytes[3] == 0)
-            return bytes[5] >> 3 & 7U;
+        if (bytes[0] == 0 && bytes[1] == 0 && bytes[2] == 1 && bytes[3] == (isPartTwo ? partTwo : 0))
+            return isPartTwo ? (bytes[4] >> 6) + 1U : bytes[5] >> 3 & 7U;
     }
     return 0;
+}
+
+bool HasAnchors(AVCodecID codec) {
+    return codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO || codec == AV_CODEC_ID_MPEG4;
 }
 
 bool IsNear(std::int64_t time, std::int64_t expected, std::int64_t period) {
@@ -46,8 +52,8 @@ bool AnchorTimes::AreNeeded(const char* container) {
 
 void AnchorTimes::Push(PacketHandle packet, AVCodecID codec) {
     Kind kind = Kind::Other;
-    if (codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO) {
-        const unsigned coding = CodingOf(*packet);
+    if (HasAnchors(codec)) {
+        const unsigned coding = CodingOf(*packet, codec);
         kind = coding == INTRA || coding == PREDICTED ? Kind::Anchor : Kind::Between;
     }
     queue.push_back({std::move(packet), kind});
@@ -88,7 +94,10 @@ void AnchorTimes::SettleAll() {
 bool AnchorTimes::Settle(const Place& place) {
     AVPacket& packet = *place->packet;
     const auto due = expected.find(packet.stream_index);
-    if (due != expected.end() && packet.dts != AV_NOPTS_VALUE && !IsNear(packet.dts, due->second, packet.duration)) {
+    if (due != expected.end() && packet.dts == AV_NOPTS_VALUE) {
+        place->counted = true;
+        packet.dts = due->second;
+    } else if (due != expected.end() && !IsNear(packet.dts, due->second, packet.duration)) {
         int looked = 0;
         place->counted = MeetsAgain(place, due->second, looked);
         if (!place->counted && looked < LONGEST_ERROR && !IsFull())

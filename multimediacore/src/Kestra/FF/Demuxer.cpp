@@ -73,7 +73,7 @@ void Demuxer::Open() {
     readFrom = 0;
     lastPosition.clear();
     countedTime = 0;
-    anchorTimes.Clear();
+    ClearTimes();
     fieldPairs = {};
     fromStart = true;
     ApplySelection();
@@ -196,18 +196,49 @@ bool Demuxer::ReadPicture(AVPacket& packet) {
     return true;
 }
 
+bool Demuxer::CountsFromStart(int stream) {
+    const AVCodecID codec = GetStream(stream).codecpar->codec_id;
+    return AnchorTimes::AreNeeded(GetFormatName()) && (codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC);
+}
+
+void Demuxer::ClearTimes() {
+    orderTimes.Clear();
+    placeFinder = {};
+    ordered = -1;
+    anchorTimes.Clear();
+    atEnd = false;
+}
+
 bool Demuxer::ReadAhead(AVPacket& packet) {
     av_packet_unref(&packet);
     while (!anchorTimes.Pop(packet)) {
         PacketHandle next = MakePacket();
-        if (!ReadPicture(*next)) {
-            anchorTimes.End();
+        if (orderTimes.Pop(*next)) {
+            const AVCodecParameters& parameters = *GetStream(next->stream_index).codecpar;
+            anchorTimes.Push(std::move(next), parameters.codec_id);
+        } else if (ReadNext(*next)) {
+            PushOrdered(std::move(next));
+        } else if (std::exchange(atEnd, true)) {
             return !interrupted && anchorTimes.Pop(packet);
+        } else {
+            orderTimes.End();
         }
-        const AVCodecID codec = GetStream(next->stream_index).codecpar->codec_id;
-        anchorTimes.Push(std::move(next), codec);
+        if (atEnd && orderTimes.IsEmpty())
+            anchorTimes.End();
     }
     return true;
+}
+
+void Demuxer::PushOrdered(PacketHandle packet) {
+    const AVStream& stream = GetStream(packet->stream_index);
+    // MPEG-4 does not always tell its rate in a way that libav goes by.
+    const bool lacksLength = stream.codecpar->codec_id == AV_CODEC_ID_MPEG4 && packet->duration <= 0;
+    if (lacksLength && stream.r_frame_rate.num > 0)
+        packet->duration = av_rescale_q(1, av_inv_q(stream.r_frame_rate), stream.time_base);
+    if (ordered < 0 && (placeFinder = OrderTimes::FinderFor(stream)))
+        ordered = packet->stream_index;
+    const bool isOrdered = packet->stream_index == ordered;
+    orderTimes.Push(std::move(packet), isOrdered ? placeFinder : OrderTimes::PlaceFinder());
 }
 
 bool Demuxer::ReadNext(AVPacket& packet) {
@@ -286,7 +317,7 @@ void Demuxer::ShiftTimes(AVPacket& packet) {
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
-    anchorTimes.Clear();
+    ClearTimes();
     fieldPairs.Clear();
     fromStart = false;
     file.Allow(limits.pictureBytes);

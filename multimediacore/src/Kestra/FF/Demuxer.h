@@ -7,6 +7,7 @@
 #include "Kestra/FF/FieldPairs.h"
 #include "Kestra/FF/Handles.h"
 #include "Kestra/FF/KnownStreams.h"
+#include "Kestra/FF/OrderTimes.h"
 #include "Kestra/FF/SourceFile.h"
 #include "KestraExport.h"
 #include <atomic>
@@ -55,6 +56,8 @@ public:
     bool HasFieldsApart(int stream) const { return fieldPairs.HasPaired(stream); }
     /// Moves to a keyframe at or before `timestamp` of the stream, as far as the file's index can be trusted.
     bool Seek(int stream, std::int64_t timestamp);
+    /// Whether only reading from the start tells when pictures of the stream are shown.
+    bool CountsFromStart(int stream);
     /// Back to the first packet, by opening the file again: the only way that is exact in every container.
     void Rewind();
     /// Why the last reading ended before the end of the file; empty when it did not.
@@ -69,9 +72,11 @@ private:
     std::int64_t LongestSearch() const;
     void ApplySelection();
     bool IsSelected(int stream) const;
+    void ClearTimes();
     bool ReadAhead(AVPacket& packet);
     bool ReadPicture(AVPacket& packet);
     bool HasFieldPairs() const;
+    void PushOrdered(PacketHandle packet);
     bool ReadNext(AVPacket& packet);
     void PassNothingOver();
     void CountTime(AVPacket& packet);
@@ -89,7 +94,11 @@ private:
     bool passedOver = false; ///< so much that nothing is any more, to see whether there is anything
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
-    bool fromStart = true;                    ///< nothing has been sought since the file was opened
+    bool fromStart = true; ///< nothing has been sought since the file was opened
+    OrderTimes orderTimes; ///< holds what was read
+    OrderTimes::PlaceFinder placeFinder;
+    bool atEnd = false;                       ///< nothing follows what they hold
+    int ordered = -1;                         ///< the stream that this is for
     AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
     FieldPairs fieldPairs;                    ///< likewise
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times

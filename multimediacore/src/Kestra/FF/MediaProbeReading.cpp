@@ -54,7 +54,8 @@ std::int64_t MediaProbe::PromisedEnd(const Track& track) {
 void MediaProbe::FindEnds() {
     std::vector<Track*> unknown;
     for (Track* track : Tracks())
-        if (details.clock || (!FindEndNear(*track, NEAR_WINDOW) && !FindEndNear(*track, FAR_WINDOW)))
+        if (details.clock || demuxer.CountsFromStart(track->index) ||
+            (!FindEndNear(*track, NEAR_WINDOW) && !FindEndNear(*track, FAR_WINDOW)))
             unknown.push_back(track);
     if (!unknown.empty())
         ScanToEnd(unknown);
