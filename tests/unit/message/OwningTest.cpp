@@ -103,6 +103,13 @@ TEST_F(Owning, ErasesTheEntryLastButHearsNoRequestsInItsHooks) {
     EXPECT_EQ(first->number, 0);
 }
 
+TEST_F(Owning, HearsRequestsWhileItTellsOfARemoval) {
+    ownAndObserve(first);
+    observer->actions["removed"] = [&] { other->change(first)->number = 7; };
+    owner->remove(first);
+    EXPECT_EQ(first->number, 7);
+}
+
 TEST_F(Owning, HearsNoRequestsAfterARemoval) {
     ownAndObserve(first);
     owner->remove(first);
