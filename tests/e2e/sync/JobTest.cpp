@@ -5,9 +5,13 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
+#include <cerrno>
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <optional>
+#include <pthread.h>
 #include <stdexcept>
+#include <system_error>
 
 using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
@@ -18,6 +22,31 @@ using TestSupport::waitUntil;
 using Status = ExportOutcome::Status;
 
 namespace {
+
+/// No thread can be made: each would get more stack than there are addresses.
+class ThreadsRefused {
+public:
+    ThreadsRefused() {
+        pthread_attr_t attributes;
+        pthread_getattr_default_np(&attributes);
+        pthread_attr_getstacksize(&attributes, &before);
+        set(std::size_t{1} << 60);
+        pthread_attr_destroy(&attributes);
+    }
+    ~ThreadsRefused() { set(before); }
+    ThreadsRefused(const ThreadsRefused&) = delete;
+    ThreadsRefused& operator=(const ThreadsRefused&) = delete;
+
+private:
+    static void set(std::size_t stack) {
+        pthread_attr_t attributes;
+        pthread_attr_init(&attributes);
+        pthread_attr_setstacksize(&attributes, stack);
+        pthread_setattr_default_np(&attributes);
+        pthread_attr_destroy(&attributes);
+    }
+    std::size_t before = 0;
+};
 
 class Job : public ::testing::Test, protected TestExport::WatchedJob {
 protected:
@@ -123,6 +152,21 @@ TEST_F(Job, WhatTheEventLoopCaughtIsTheRunsFailure) {
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetDescription(), "out of the loop");
+    expectUntouched();
+}
+
+TEST_F(Job, FailsAtOnceWhereTheCheckGetsNoThread) {
+    make(request());
+    std::optional<ThreadsRefused> refused;
+    QObject::connect(job.get(), &ExportJob::progressChanged, [&refused](const ExportProgress& now) {
+        if (now.percent >= 100 && !refused)
+            refused.emplace();
+    });
+    job->start();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_TRUE(refused) << "the run was over before";
+    EXPECT_EQ(outcome.status, Status::Failed);
+    EXPECT_EQ(outcome.error.GetDescription(), std::system_error(EAGAIN, std::generic_category()).code().message());
     expectUntouched();
 }
 
