@@ -46,7 +46,7 @@ std::chrono::milliseconds Watchdog::limitOf(Wait wait) const {
     case Wait::Stop:
         break;
     }
-    return limits.stop;
+    return limits.stop - limits.stop / 5;
 }
 
 } // namespace ExportCore

@@ -12,7 +12,7 @@ namespace ExportCore {
 class EXPORTCORE_EXPORT Watchdog : public QObject {
     Q_OBJECT
 public:
-    /// Interruption is a stop of what only reads, which has half of a stop's time: the end itself takes some.
+    /// A stop has four fifths of its time, the interruption of what only reads half of it: the end itself takes some.
     enum class Wait { Start, Progress, Stop, Interruption };
     Q_ENUM(Wait)
 
