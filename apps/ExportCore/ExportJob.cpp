@@ -141,7 +141,6 @@ void ExportJob::onOutputMade(const std::exception_ptr& error) {
         if (error)
             std::rethrow_exception(error);
         unfinishedPath = transaction->privatePath();
-        Q_EMIT privatePathChanged(unfinishedPath);
         beginTranscoding();
     });
 }

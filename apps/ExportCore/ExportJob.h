@@ -65,8 +65,6 @@ public:
     QByteArray privatePath() const { return unfinishedPath; }
 
 Q_SIGNALS:
-    /// The private file has been made at that path, or is gone (empty).
-    void privatePathChanged(const QByteArray& path);
     void started();
     void progressChanged(const ExportCore::ExportProgress& progress);
     /// Once, as the last signal.

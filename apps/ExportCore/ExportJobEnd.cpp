@@ -284,6 +284,7 @@ bool ExportJob::undo() {
         return true;
     constexpr std::chrono::seconds patience{2};
     const auto committed = std::make_shared<std::atomic<bool>>(false);
+    const std::weak_ptr<OutputTransaction> left = transaction;
     // Not on this thread: a folder that does not answer would keep it.
     const bool ended = Kestra::LeavableThread::Call(
         [held = std::exchange(transaction, nullptr), committed]() mutable {
@@ -292,6 +293,8 @@ bool ExportJob::undo() {
             held.reset();
         },
         patience);
+    if (const auto hanging = ended ? nullptr : left.lock())
+        hanging->leave();
     if (!ended && !*committed)
         tellLeftover();
     return !*committed;
@@ -352,8 +355,6 @@ void ExportJob::finish(ExportOutcome::Status status) {
     for (const QString& sentence : outcome.warnings + outcome.notes)
         if (const QString path = NamedPath::in(sentence, request); !path.isEmpty())
             outcome.paths.insert(sentence, path);
-    if (!unfinishedPath.isEmpty())
-        Q_EMIT privatePathChanged(QByteArray());
     Q_EMIT finished(outcome);
 }
 

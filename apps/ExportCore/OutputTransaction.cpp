@@ -72,11 +72,14 @@ int OutputTransaction::create() {
     path = target.folder + (target.folder.endsWith('/') ? "" : "/") + PrivateName::make(extension);
     // What replaces a private file must at no time be readable by others.
     const mode_t mode = target.existed ? 0600 : 0666;
+    removal.emplace(path, Kestra::Util::RemovalOnTheSpot::Kind::File);
     file = ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (file < 0) {
-        if (errno == EEXIST)
-            return errno;
-        fail(errno, "Cannot make a file beside " + quoted(target.path));
+        const int error = errno;
+        removal.reset();
+        if (error == EEXIST)
+            return error;
+        fail(error, "Cannot make a file beside " + quoted(target.path));
     }
     // A file system without locks is no reason to refuse: the process named by the file's name is then all there is.
     const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;

@@ -3,14 +3,17 @@
 
 #include "ExportCore/OutputTarget.h"
 #include "ExportCoreExport.h"
+#include "Kestra/Util/RemovalOnTheSpot.h"
 #include <QByteArray>
 #include <atomic>
+#include <optional>
 
 namespace ExportCore {
 
 /// The file is written under a private name in the target's folder and renamed over the target by commit(). Until then
 /// the target stays what it was; without a commit the private file goes with the transaction. The lock that is held on
-/// the private file tells other runs that its writer lives: see LeftoverSweep.
+/// the private file tells other runs that its writer lives: see LeftoverSweep. RemovalOnTheSpot has it in mind from
+/// before it is made.
 ///
 /// Thread-safe, as every call may hang in a folder that does not answer, and another thread has to clean up then.
 /// Failures are ProcException with the cause (disk full, not writable ...).
@@ -34,6 +37,8 @@ public:
     /// Forbids the commit and removes the private file, also from under a commit that hangs, which fails then. After
     /// one that was made it does nothing.
     void rollback() noexcept;
+    /// An end of the process on the spot leaves the private file from now on: its folder does not answer.
+    void leave() noexcept { removal.reset(); }
     /// Whether the file stands at the target's place.
     bool isCommitted() const;
 
@@ -50,6 +55,7 @@ private:
     OutputTarget target;
     QByteArray extension;
     QByteArray path;
+    std::optional<Kestra::Util::RemovalOnTheSpot> removal; ///< of the private file
     int file = -1;
     std::atomic<bool> forbidden{false};
     std::atomic<bool> standing{false}; ///< the private name is ours to remove

@@ -115,7 +115,6 @@ int render(const Options& options, ExportCore::EventLoopFailures& failures) {
     ExportJob job(requestOf(options));
     QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::failInEventLoop);
     QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
-    QObject::connect(&job, &ExportJob::privatePathChanged, &SignalStop::setUnfinishedFile);
     QObject::connect(&job, &ExportJob::started, [&] { display->started(); });
     QObject::connect(&job, &ExportJob::progressChanged,
                      [&](const ExportCore::ExportProgress& progress) { display->progress(progress); });

@@ -17,9 +17,7 @@ namespace {
 constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
 constexpr unsigned PATIENCE_SECONDS = 2;
 
-// What a signal handler may use: two paths, of which one is in use while the other is written.
-std::array<std::array<char, PATH_MAX>, 2> unfinishedPaths;
-std::atomic<int> unfinishedInUse{-1};
+// What a signal handler may use.
 std::array<char, PATH_MAX> sessionFolder;
 std::atomic<int> signalsSeen{0};
 std::atomic<int> firstSignal{0};
@@ -39,13 +37,8 @@ void setAlarm(int code) noexcept {
 
 void onSignal(int number) {
     const int savedError = errno;
-    if (signalsSeen.fetch_add(1) > 0) {
-        setAlarm(EXIT_SIGNAL_BASE + number);
-        const int use = unfinishedInUse;
-        if (use >= 0)
-            unlink(unfinishedPaths[static_cast<std::size_t>(use)].data());
+    if (signalsSeen.fetch_add(1) > 0)
         SignalStop::endOnTheSpot(EXIT_SIGNAL_BASE + number);
-    }
     firstSignal = number;
     const auto byte = static_cast<unsigned char>(number);
     // A full pipe has woken the loop already.
@@ -79,18 +72,6 @@ SignalStop::~SignalStop() {
     notifier.reset();
     for (int& end : wakePipe)
         close(std::exchange(end, -1));
-    setUnfinishedFile(QByteArray());
-}
-
-void SignalStop::setUnfinishedFile(const QByteArray& path) {
-    if (path.isEmpty() || path.size() >= PATH_MAX) {
-        unfinishedInUse = -1;
-        return;
-    }
-    const int next = unfinishedInUse == 0 ? 1 : 0;
-    std::memcpy(unfinishedPaths[static_cast<std::size_t>(next)].data(), path.constData(),
-                static_cast<std::size_t>(path.size()) + 1);
-    unfinishedInUse = next;
 }
 
 void SignalStop::setSessionFolder(const QByteArray& path) {

@@ -16,12 +16,10 @@ public:
     SignalStop();
     ~SignalStop() override;
 
-    /// What the second signal removes; empty for nothing. A path that is too long for the system is nothing, too.
-    static void setUnfinishedFile(const QByteArray& path);
     /// An empty folder that an end on the spot removes too. Once, before there is one of these.
     static void setSessionFolder(const QByteArray& path);
-    /// Ends the process without destructors, after removing the session's folder and those of the engine; within two
-    /// seconds, however long that takes. May be called from a signal handler.
+    /// Ends the process without destructors, after removing the session's folder, those of the engine and unfinished
+    /// files; within two seconds, however long that takes. May be called from a signal handler.
     [[noreturn]] static void endOnTheSpot(int code) noexcept;
     /// The signal that came; 0 when none did.
     static int received();

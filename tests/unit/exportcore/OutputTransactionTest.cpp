@@ -1,6 +1,7 @@
 #include "ExportCore/OutputTransaction.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include "Kestra/Util/RemovalOnTheSpot.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <cerrno>
@@ -21,6 +22,7 @@ namespace {
 // How many of the next calls fail, in this process; see below.
 int failingLocks = 0;
 int failingStats = 0;
+bool endsAtNextLock = false;
 
 bool takesOne(int& count) {
     return count > 0 && count-- > 0;
@@ -30,6 +32,10 @@ bool takesOne(int& count) {
 
 // The system's, but for the failures that the tests ask for.
 extern "C" __attribute__((visibility("default"))) int flock(int file, int operation) noexcept {
+    if (endsAtNextLock) {
+        Kestra::Util::RemovalOnTheSpot::removeAll();
+        _exit(3);
+    }
     if (takesOne(failingLocks)) {
         errno = EWOULDBLOCK;
         return -1;
@@ -75,6 +81,17 @@ protected:
     TestMedia::Folder folder;
     const std::string path = folder / "film.mp4";
 };
+
+TEST_F(Transaction, LeavesNothingBeforeAnEndOnTheSpotFromItsBeginningOn) {
+    // The third file has been made and nobody has been told of it.
+    OutputTransaction kept(target(), "mp4");
+    OutputTransaction left(target(), "mp4");
+    left.leave();
+    endsAtNextLock = true;
+    EXPECT_EXIT(OutputTransaction(target(), "mp4"), ::testing::ExitedWithCode(3), "");
+    endsAtNextLock = false;
+    EXPECT_EQ(names(), QStringList(QString::fromUtf8(QByteArray(left.privatePath()).split('/').last())));
+}
 
 TEST_F(Transaction, NothingStandsAtTheTargetBeforeTheCommit) {
     OutputTransaction transaction(target(), "mp4");

@@ -18,11 +18,12 @@ enum State : int { Free, Written, Kept, Taken };
 // a place that is taken for removal never becomes free again.
 struct Place {
     std::atomic<int> state{Free};
+    RemovalOnTheSpot::Kind kind;
     std::array<char, PATH_MAX> path;
 };
 static_assert(std::atomic<int>::is_always_lock_free);
 
-constexpr std::size_t PLACES = 32;
+constexpr std::size_t PLACES = 64;
 constexpr int DEEPEST = 8;
 std::array<Place, PLACES> places;
 
@@ -61,16 +62,17 @@ void removeFolder(int parent, const char* name, int depth) noexcept {
 
 } // namespace
 
-RemovalOnTheSpot::RemovalOnTheSpot(const QByteArray& folder) noexcept
+RemovalOnTheSpot::RemovalOnTheSpot(const QByteArray& path, Kind kind) noexcept
     : place(0) {
-    const auto size = static_cast<std::size_t>(folder.size()) + 1;
+    const auto size = static_cast<std::size_t>(path.size()) + 1;
     while (place < PLACES && !change(places[place], Free, Written))
         ++place;
     if (place == PLACES)
         return;
     const bool fits = size <= PATH_MAX;
     if (fits)
-        std::memcpy(places[place].path.data(), folder.constData(), size);
+        std::memcpy(places[place].path.data(), path.constData(), size);
+    places[place].kind = kind;
     places[place].state = fits ? Kept : Free;
     place = fits ? place : PLACES;
 }
@@ -82,8 +84,11 @@ RemovalOnTheSpot::~RemovalOnTheSpot() {
 
 void RemovalOnTheSpot::removeAll() noexcept {
     for (Place& place : places)
-        if (change(place, Kept, Taken))
+        if (change(place, Kept, Taken) && place.kind == Kind::Folder)
             removeFolder(AT_FDCWD, place.path.data(), 0);
+    for (const Place& place : places)
+        if (place.state == Taken && place.kind == Kind::File)
+            unlink(place.path.data());
 }
 
 } // namespace Kestra::Util
