@@ -91,7 +91,10 @@ TEST_F(CutOff, WhereNothingTellsTheEndIsTakenAsItIs) {
 
 TEST_F(CutOff, BehindTheFirstOfSeveralFilesInOneIsIncomplete) {
     for (const Kind& kind : {Kind{"a.flac", {}}, Kind{"a.wav", {}}, Kind{"a.aiff", {}}, Kind{"a.mka", {"-c:a", "flac"}},
-                             Kind{"a.m4a", {"-c:a", "alac"}}, Kind{"a.wmv", {"-c:v", "wmv2", "-c:a", "wmav2"}, true}}) {
+                             Kind{"a.m4a", {"-c:a", "alac"}}, Kind{"a.au", {}}, Kind{"a.w64", {}}, Kind{"a.caf", {}},
+                             Kind{"a.tta", {}}, Kind{"a.wv", {}}, Kind{"a.flv", {"-c:v", "flv", "-c:a", "aac"}, true},
+                             Kind{"a.mxf", {"-c:v", "mpeg2video", "-c:a", "pcm_s16le", "-ar", "48000"}, true},
+                             Kind{"a.wmv", {"-c:v", "wmv2", "-c:a", "wmav2"}, true}}) {
         const std::string part = makeKind(kind);
         const std::string two = folder / ("two-" + kind.file);
         std::ofstream(two, std::ios::binary)

@@ -10,8 +10,9 @@
 namespace Kestra::FF {
 
 /// The place in the file where a second one of the same kind begins; 0 where none does, or where nothing tells.
-/// `format` is libavformat's name of the container. WAV, AIFF, ASF, MP4 and Matroska tell where they end; FLAC is
-/// searched through. A file that cannot be read, and a search that is interrupted, say nothing.
+/// `format` is libavformat's name of the container. FLAC is searched through; WAV, AIFF, AU, W64, CAF, TTA,
+/// WavPack, ASF, MP4, Matroska, FLV and MXF tell where they or their parts end. A file that cannot be read, and a
+/// search that is interrupted, say nothing.
 KESTRA_EXPORT std::int64_t FindFollowingFile(const ioPath& path, const std::string& format,
                                              const std::atomic<bool>& interrupted);
 
