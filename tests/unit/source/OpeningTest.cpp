@@ -109,6 +109,19 @@ TEST_F(Opening, OfAFilmWhoseSamplesStandInAnotherFileIsRefused) {
     expectRefused(write("c.mov", named), TranscodingError::SourceUnreadable, "stand in another file");
 }
 
+TEST_F(Opening, OfAFilmWhoseSamplesStandAtAUrlIsRefused) {
+    const std::string film = make("a.mp4", {"-f", "lavfi", "-i", "color=s=64x64:d=1"});
+    std::ifstream stream(film, std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+    const std::vector<std::string> place{"moov", "trak", "mdia", "minf", "dinf", "dref"};
+    const std::string named = std::string("\0\0\0\x12url \0\0\0\0", 12) + std::string("b.mp4\0", 6);
+    expectRefused(write("c.mp4", replaced(whole, place, 12, named)), TranscodingError::SourceUnreadable,
+                  "stand in another file");
+    // Neither here nor anywhere else, so here.
+    const std::string untold("\0\0\0\x0curl \0\0\0\0", 12);
+    EXPECT_TRUE(open(write("d.mp4", replaced(whole, place, 12, untold)))->GetInfo().video);
+}
+
 TEST_F(Opening, OfMoreThanTheLimitsAllowIsRefused) {
     const std::string film = make("a.mkv", {"-f", "lavfi", "-i", "color=s=640x480:d=1", "-c:v", "ffv1"});
     auto& factory = Kestra::Core::CoreManager::Instance().GetSourceFactory();

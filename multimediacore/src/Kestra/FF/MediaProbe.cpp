@@ -12,6 +12,7 @@
 #include "Kestra/FF/FieldOrder.h"
 #include "Kestra/FF/FirstFrames.h"
 #include "Kestra/FF/FollowingFile.h"
+#include "Kestra/FF/ForeignSamples.h"
 #include "Kestra/FF/HdrMetadata.h"
 #include "Kestra/FF/LeftOut.h"
 #include "Kestra/FF/PictureRotator.h"
@@ -39,6 +40,10 @@ namespace {
 // Pictures that lead an open group may be lost at the start of any recording; what is held for longer looks frozen.
 constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
 const boost::rational<long long> STILL_RATE(25);
+
+bool IsMov(const Demuxer& demuxer) {
+    return std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0;
+}
 
 bool IsPicture(const AVStream& stream) {
     return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO &&
@@ -72,6 +77,9 @@ MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted,
 
 void MediaProbe::Run() {
     info.container = demuxer.GetFormatName();
+    if (IsMov(demuxer) && HasForeignSamples(path, interrupted))
+        Fail(TranscodingError::SourceUnreadable,
+             "Cannot read \"" + path.ToUtf8() + "\": its pictures or sound stand in another file, which it names");
     details.end = FindFollowingFile(path, info.container, interrupted);
     demuxer.SetEnd(details.end);
     details.streams = demuxer.GetKnownStreams();
@@ -215,7 +223,7 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
         video.secondDecodeTime == TIME_UNKNOWN)
         return 0;
     AVStream& stream = demuxer.GetStream(video.index);
-    const bool fragments = std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0 && stream.nb_frames == 0;
+    const bool fragments = IsMov(demuxer) && stream.nb_frames == 0;
     if (!fragments && std::strcmp(demuxer.GetFormatName(), "avi") != 0)
         return 0;
     const char* const tag = fragments ? "encoder" : "software";
