@@ -61,4 +61,13 @@ void NearNames::refuseUnknown(const char* what, const std::string& name, const s
     KESTRA_THROW(Refusal(std::string("There is no ") + what + " \"" + name + '"' + question(name, known)));
 }
 
+void NearNames::refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
+                                    const std::vector<std::string>& tags) {
+    const std::vector<std::string> near = find(name, tags, 1);
+    if (near.empty() || !find(name, known).empty())
+        refuseUnknown("preset", name, known);
+    KESTRA_THROW(Refusal("There is no preset \"" + name + "\"; presets --tag " + near.front() +
+                         " lists those of the tag " + near.front()));
+}
+
 } // namespace ExportCore

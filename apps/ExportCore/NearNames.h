@@ -22,6 +22,9 @@ struct EXPORTCORE_EXPORT NearNames {
     /// Throws Refusal: There is no `what` "name", with that question.
     [[noreturn]] static void refuseUnknown(const char* what, const std::string& name,
                                            const std::vector<std::string>& known);
+    /// The same of a preset. Where no other is near, but one of the tags that presets are listed by, it is proposed.
+    [[noreturn]] static void refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
+                                                 const std::vector<std::string>& tags);
 
     NearNames() = delete;
 };

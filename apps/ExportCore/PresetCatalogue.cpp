@@ -44,7 +44,7 @@ std::set<std::string> PresetCatalogue::qualitiesOf(const std::string& id) const 
 
 Preset PresetCatalogue::preset(const std::string& id) const {
     if (tagsById.count(id) == 0)
-        NearNames::refuseUnknown("preset", id, known);
+        NearNames::refuseUnknownPreset(id, known, tags());
     return storage.preset(id);
 }
 

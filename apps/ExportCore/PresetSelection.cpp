@@ -58,7 +58,8 @@ void PresetSelection::select(Export::PresetProvider& provider, const std::string
                 known.push_back(other);
         }
     }
-    NearNames::refuseUnknown("preset", id, known);
+    const auto tags = provider.tags();
+    NearNames::refuseUnknownPreset(id, known, {tags.begin(), tags.end()});
 }
 
 } // namespace ExportCore

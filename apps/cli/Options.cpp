@@ -8,8 +8,10 @@
 #include <CLI/CLI.hpp>
 #include <QString>
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <map>
+#include <system_error>
 
 namespace Cli {
 namespace {
@@ -35,6 +37,17 @@ std::string checkProgress(const std::string& text) {
 std::string checkTime(const std::string& text) {
     return ExportCore::TimeText::parse(text) ? std::string()
                                              : '"' + text + "\" is no time; write HH:MM:SS.mmm or seconds";
+}
+
+constexpr int LARGEST_LIMIT = 1'000'000;
+
+std::string checkLimit(const std::string& text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    return whole && number >= 1 && number <= LARGEST_LIMIT
+               ? std::string()
+               : '"' + text + "\" is no whole number from 1 to " + std::to_string(LARGEST_LIMIT);
 }
 
 bool isUtf8(const std::string& text) {
@@ -114,11 +127,11 @@ private:
         command
             .add_option("--max-picture", pictureMebibytes, "How large a picture of an input may be in memory, in MiB")
             ->type_name("MIB")
-            ->check(CLI::Range(1, 1'000'000))
+            ->check(checkLimit)
             ->capture_default_str();
         command.add_option("--max-tracks", options.mediaLimits.tracks, "How many tracks an input may have")
             ->type_name("N")
-            ->check(CLI::Range(1, 1'000'000))
+            ->check(checkLimit)
             ->capture_default_str();
     }
 

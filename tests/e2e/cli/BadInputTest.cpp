@@ -141,6 +141,13 @@ TEST_F(BadInput, AnUnknownPresetWithNearNames) {
                   {"mp4-h264-702p", "did you mean mp4-h264-720p"});
 }
 
+TEST_F(BadInput, ALimitThatIsNoWholeNumber) {
+    for (const char* const limit : {"many", "2.5", "0", "1000001", "3x"})
+        for (const char* const option : {"--max-tracks", "--max-picture"})
+            expectRefused(command(clip, {option, limit}), 2,
+                          {option, '"' + std::string(limit) + "\" is no whole number from 1 to 1000000"});
+}
+
 TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "3", "--out", "2"}), 2, {"00:00:03.000", "00:00:02.000"});
     expectRefused(command(clip, {"--in", "2", "--out", "2"}), 2, {"does not lie after"});

@@ -230,6 +230,7 @@ TEST_F(HostileInput, TheNumberOfTracksHasALimitThatIsAnOption) {
     const std::string film = folder / "tracks.mkv";
     TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=s=64x64:d=1", "-map", "0", "-map", "0", "-map", "0", film});
     expectRefused(film, "more than 2 tracks", {"--max-tracks", "2"});
+    expectRefused(film, "more than 1 track,", {"--max-tracks", "1"});
     const Run run = render(film, {"--max-tracks", "3"});
     EXPECT_EQ(run.code, 0) << run.errors.constData();
 }

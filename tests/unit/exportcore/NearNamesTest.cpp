@@ -1,4 +1,5 @@
 #include "ExportCore/NearNames.h"
+#include "ExportCore/Refusal.h"
 #include <gmock/gmock.h>
 
 using ExportCore::NearNames;
@@ -34,6 +35,20 @@ TEST(NearNames, APartFindsTheNamesThatHoldIt) {
 TEST(NearNames, NothingIsNearToNonsense) {
     EXPECT_THAT(NearNames::find("qqqqqqqqqq", KNOWN), IsEmpty());
     EXPECT_THAT(NearNames::find("mp3", {}), IsEmpty());
+}
+
+TEST(NearNames, OfATagIsProposedWhereNoPresetIsNear) {
+    const auto words = [](const std::string& name) {
+        try {
+            NearNames::refuseUnknownPreset(name, KNOWN, {"editing", "small-files"});
+        } catch (const ExportCore::Refusal& refusal) {
+            return std::string(refusal.what());
+        }
+    };
+    EXPECT_EQ(words("edting"), "There is no preset \"edting\"; presets --tag editing lists those of the tag editing");
+    EXPECT_EQ(words("mp4-h264-702p"), "There is no preset \"mp4-h264-702p\"; did you mean mp4-h264-720p or "
+                                      "mp4-h264-1080p?");
+    EXPECT_EQ(words("qqqqqqqqqq"), "There is no preset \"qqqqqqqqqq\"");
 }
 
 TEST(NearNames, NoMoreThanTheLimit) {

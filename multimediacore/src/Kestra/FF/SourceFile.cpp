@@ -124,7 +124,9 @@ void SourceFile::FailOpening(int error, const LogWatch& log, SourcePlace place) 
     if (error == AVERROR_INVALIDDATA || IsUsedUp())
         Refuse("it is not a media file, or its beginning is damaged", place);
     if (!log.Find({"Number of streams exceeds"}).empty())
-        Refuse("it claims more than " + std::to_string(limits.tracks) + " tracks, the limit", place);
+        Refuse("it claims more than " + std::to_string(limits.tracks) + (limits.tracks == 1 ? " track" : " tracks") +
+                   ", the limit",
+               place);
     if (error == AVERROR(ENOMEM))
         Fail(TranscodingError::OutOfMemory, "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is",
              place);
