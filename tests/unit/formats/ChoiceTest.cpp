@@ -83,6 +83,14 @@ TEST(EncodePictureFormat, TooSmallForTheCodecIsRefusedWithTheSmallestSize) {
     EXPECT_EQ(choice("libx265", "yuv420p", 16, 16, Conf::CodecID::HEVC).width, 16);
 }
 
+TEST(EncodePictureFormat, TooNarrowForItsLengthIsRefusedWithItsSize) {
+    const std::string words = refusal([] { choice("libx265", "yuv420p", 8192, 16, Conf::CodecID::HEVC); });
+    EXPECT_NE(words.find("so short beside one so long"), std::string::npos) << words;
+    EXPECT_NE(words.find("8192x16"), std::string::npos) << words;
+    EXPECT_EQ(choice("libx265", "yuv420p", 8192, 32, Conf::CodecID::HEVC).width, 8192);
+    EXPECT_EQ(choice("libx264", "yuv420p", 8192, 16, Conf::CodecID::H264).width, 8192);
+}
+
 TEST(EncodePictureFormat, OddSidesStayWhereTheCodecHasNoGrid) {
     EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).width, 161);
     EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).height, 121);

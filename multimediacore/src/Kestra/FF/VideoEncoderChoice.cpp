@@ -110,6 +110,10 @@ void RequireSize(const IFormatCodecVideo& description, const Conf::FrameInfo& fr
              std::string("Pictures of ") + std::to_string(frame.width) + "x" + std::to_string(frame.height) +
                  " are too small for " + Conf::CodecIDToString(codec) + ", which takes " + std::to_string(smallest) +
                  "x" + std::to_string(smallest) + " and more");
+    if (!ClientAPI::CodecLimits::TakesSize(codec, FitSide(frame.width, 0), FitSide(frame.height, 0)))
+        Fail(TranscodingError::CodecRefused, std::string(Conf::CodecIDToString(codec)) +
+                                                 " does not take a side so short beside one so long: pictures of " +
+                                                 std::to_string(frame.width) + "x" + std::to_string(frame.height));
 }
 
 std::optional<bool> Flag(const IFormatCodecVideo& format, const char* tag) {
