@@ -167,6 +167,13 @@ const Damage DAMAGES[] = {
      "/presets/3/video", "needs a profile: dnxhr_lb"},
     {"UnknownEncoderOption", "/presets/1/video/options", "[{'prset': 'fast'}]", "/presets/1/video/options/prset",
      "knows no option \"prset\""},
+    {"OptionOfTheEncoderThatIsNotTheOneForAConstantBitrate", "/presets/1/video",
+     "[{'codec': 'av1', 'bitrateMode': 'constant', 'options': {'svtav1-params': 'tune=0'}}]",
+     "/presets/1/video/options/svtav1-params", "libaom-av1 knows no option \"svtav1-params\""},
+    {"OptionOfTheEncoderThatIsNotTheOneForTwoPasses", "/presets/1/video",
+     "[{'codec': 'av1', 'bitrateMode': 'variable', 'bitrate': 1000000, 'twoPass': true, "
+     "'options': {'svtav1-params': 'tune=0'}}]",
+     "/presets/1/video/options/svtav1-params", "libaom-av1 knows no option \"svtav1-params\""},
     {"RefusedValueOfAnEncoderOption", "/presets/1/video/options", "[{'bf': 'many'}]", "/presets/1/video/options/bf",
      "refuses the value \"many\""},
     {"UnknownOptionOfSound", "/presets/1/audio/options", "[{'preset': 'fast'}]", "/presets/1/audio/options/preset",

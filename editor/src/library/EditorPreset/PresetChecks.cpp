@@ -268,12 +268,17 @@ void checkOptions(const Preset& preset, const char* section, const Property& dat
 }
 
 void checkEncoderOptions(const Preset& preset, const char* section, CodecID codec, const Property& data,
-                         const JsonPlace& place) {
+                         const JsonPlace& place, bool exactRate = false) {
     if (findNode(data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE) != nullptr)
         checkOptions(preset, section, data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE], place,
-                     [codec](const std::string& name, const std::string& value) {
-                         return EncoderQuery::WhyNotOption(codec, name, value);
+                     [codec, exactRate](const std::string& name, const std::string& value) {
+                         return EncoderQuery::WhyNotOption(codec, name, value, exactRate);
                      });
+}
+
+bool needsExactRate(const Preset& preset) {
+    return preset.videoBitrateMode() == Export::BitrateMode::Constant ||
+           (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality);
 }
 
 void checkMuxerOptions(const Preset& preset, const JsonPlace& place) {
@@ -315,7 +320,8 @@ void checkPreset(const Preset& preset, const JsonPlace& place) {
         checkVideo(preset, place.at(TAG_VIDEO));
         checkDynamicRange(preset, place.at(TAG_VIDEO));
         checkFields(preset, place.at(TAG_VIDEO));
-        checkEncoderOptions(preset, TAG_VIDEO, preset.videoCodec(), preset.videoEncoderData(), place);
+        checkEncoderOptions(preset, TAG_VIDEO, preset.videoCodec(), preset.videoEncoderData(), place,
+                            needsExactRate(preset));
     }
     if (preset.hasAudio()) {
         checkSound(preset, place.at(TAG_AUDIO));

@@ -57,9 +57,12 @@ bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelForma
     return !encoders.empty() && FF::TakesFormat(*encoders.front(), format);
 }
 
-std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value) {
+std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value,
+                                       bool exactRate) {
     std::string reason = std::string("there is no encoder for ") + Conf::CodecIDToString(codec);
     for (const AVCodec* const encoder : FF::EncodersOf(codec)) {
+        if (exactRate && encoder != &FF::EncoderForConstantBitrate(*encoder))
+            continue;
         const FF::CodecContextHandle context = FF::MakeCodecContext(encoder);
         reason = WhyNot(context.get(), encoder->name, name, value);
         if (reason.empty())
