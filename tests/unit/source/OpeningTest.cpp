@@ -1,8 +1,10 @@
 // What is refused, and in which words.
+#include "Kestra/FF/Demuxer.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "unit/source/SourceFixture.h"
 #include <fstream>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace TestMedia {
 namespace {
@@ -120,6 +122,16 @@ TEST_F(Opening, OfAFilmWhoseSamplesStandAtAUrlIsRefused) {
     // Neither here nor anywhere else, so here.
     const std::string untold("\0\0\0\x0curl \0\0\0\0", 12);
     EXPECT_TRUE(open(write("d.mp4", replaced(whole, place, 12, untold)))->GetInfo().video);
+}
+
+TEST_F(Opening, SearchesZerosForAHeaderInBounds) {
+    for (const char* name : {"a.mxf", "a.nut"}) {
+        const std::string film = make(name, join(pictures("25", 25), {"-c:v", "mpeg2video"}));
+        ASSERT_EQ(truncate(film.c_str(), std::int64_t{20} << 30), 0);
+        const std::atomic<bool> interrupted{false};
+        Kestra::FF::Demuxer demuxer(ioPath(film), interrupted);
+        EXPECT_LT(demuxer.GetContext().pb->bytes_read, 200 << 20) << name;
+    }
 }
 
 TEST_F(Opening, OfMoreThanTheLimitsAllowIsRefused) {

@@ -103,7 +103,7 @@ std::int64_t Demuxer::LongestSearch() const {
     constexpr std::int64_t elementary = std::int64_t{64} << 20;
     const bool sized = (context->iformat->flags & AVFMT_GENERIC_INDEX) == 0 || IsPictureFormat(GetFormatName()) ||
                        std::strcmp(GetFormatName(), "yuv4mpegpipe") == 0;
-    if (!sized || context->nb_streams == 1)
+    if (!sized || (context->nb_streams == 1 && !SourceFile::IsSearchedByteByByte(GetFormatName())))
         return sized ? limits.pictureBytes : elementary;
     std::int64_t largest = elementary;
     for (unsigned index = 0; index < context->nb_streams; ++index)

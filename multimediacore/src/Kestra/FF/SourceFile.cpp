@@ -18,6 +18,9 @@ namespace {
 
 // Where tables of contents stand in front, they take a hundredth of it.
 constexpr std::int64_t LARGEST_HEADER = std::int64_t{1} << 30;
+// These readers search for their parts byte by byte, also behind a header that is whole. An index of MXF, which has its
+// places in the header's reach, takes 11 bytes a picture.
+constexpr std::int64_t LARGEST_SOUGHT_HEADER = std::int64_t{64} << 20;
 // What other tracks have between two packets of one.
 constexpr std::int64_t LONGEST_PASSING = std::int64_t{16} << 20;
 
@@ -39,6 +42,10 @@ std::string NameForProbing(const std::string& path) {
 }
 
 } // namespace
+
+bool SourceFile::IsSearchedByteByByte(const char* format) {
+    return std::strcmp(format, "mxf") == 0 || std::strcmp(format, "nut") == 0;
+}
 
 SourceFile::SourceFile(ioPath given, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
                        std::function<void()> onPassedOver)
@@ -67,7 +74,10 @@ void SourceFile::Refuse(const std::string& reason, SourcePlace place) const {
 InputContextHandle SourceFile::Open() {
     OpenIo();
     Allow(LARGEST_HEADER);
-    return ReadHeader(FindFormat());
+    const AVInputFormat& format = FindFormat();
+    if (IsSearchedByteByByte(format.name))
+        Allow(LARGEST_SOUGHT_HEADER);
+    return ReadHeader(format);
 }
 
 void SourceFile::OpenIo() {

@@ -26,6 +26,9 @@ public:
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
+    /// Whether the reader of the format looks at every byte where it does not find what it searches, which is slow.
+    static bool IsSearchedByteByByte(const char* format);
+
     /// The file's context with its header read; the one of the call before must be gone. Throws ProcException:
     /// SourceNotFound, SourceUnreadable, OutOfMemory.
     InputContextHandle Open();
