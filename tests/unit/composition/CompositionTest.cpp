@@ -20,6 +20,7 @@ public:
     using CompositionView::compositionObserve, CompositionView::compositionForget, CompositionView::compositionChange,
         CompositionView::composition, MarkerView::markerObserve, RangeView::rangeObserve;
     const Media::Video* video() const { return Videos::media(); }
+    void observeToo(const Media::Video* other) { Videos::mediaObserve(other); }
     const Media::Audio* audio() const { return Audios::media(); }
     Log log;
     std::function<void(const std::string&)> onHook; ///< may destroy the view
@@ -75,6 +76,16 @@ TEST_F(CompositionView, DoesNotObserveDescriptionsOfExports) {
     EXPECT_EQ(view.video(), &video);
     EXPECT_EQ(view.audio(), &audio);
     EXPECT_THAT(view.log, ElementsAre("exports"));
+}
+
+TEST_F(CompositionView, LeavesADescriptionThatItHoldsAlreadyAsItIs) {
+    Media::Video other;
+    view.compositionObserve(&composition);
+    view.observeToo(&other);
+    view.log.clear();
+    view.compositionChange(&composition)->setVideo(&other);
+    EXPECT_EQ(view.video(), &other);
+    EXPECT_THAT(view.log, ElementsAre("video removed", "video"));
 }
 
 TEST_F(CompositionView, FollowsToOtherDescriptions) {

@@ -1,12 +1,18 @@
 #include "unit/message/ViewFixture.h"
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <malloc.h>
+#include <new>
 #include <vector>
 
 namespace {
 
+using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 using Observing = ViewFixture;
 
@@ -133,6 +139,28 @@ TEST_F(Observing, MayOutliveTheObjectUntilTheViewIsDestroyedOrForgetsIt) {
     forgetful.forget(address);
     EXPECT_EQ(forgetful.object(), nullptr);
     EXPECT_EQ(destroyed.object(), address);
+}
+
+TEST_F(Observing, OfAnEarlierObjectEndsWhereOneWithItsTopicElsewhereTakesItsPlace) {
+    struct Part : virtual PubSub::Object {};
+    struct Compound : Part, Item {};
+    alignas(Compound) std::array<std::byte, 2 * sizeof(Compound)> room{};
+    auto* compound = new (room.data()) Compound;
+    Item* item = compound;
+    ASSERT_NE(static_cast<void*>(static_cast<PubSub::Object*>(item)), static_cast<void*>(item));
+    observer->observe(item);
+    compound->~Compound();
+    Item* const plain = new (item) Item;
+    observer->observe(plain);
+    observer->forget(plain);
+    plain->~Item();
+    compound = new (room.data()) Compound;
+    owner->own(compound);
+    log.clear();
+    owner->change(compound)->number = 6;
+    EXPECT_THAT(log, Each(Not(HasSubstr("observer"))));
+    owner->forget(compound);
+    compound->~Compound();
 }
 
 TEST_F(Observing, LeavesNothingBehindOfForgottenObjects) {
