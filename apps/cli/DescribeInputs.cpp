@@ -9,6 +9,7 @@
 #include "cli/ListCommands.h"
 #include <QJsonArray>
 #include <cstdio>
+#include <exception>
 
 namespace Cli {
 namespace {
@@ -101,13 +102,18 @@ void describe(const std::string& path, const Options& options, QJsonArray& media
 } // namespace
 
 int describeInputs(const Options& options) {
-    QStringList inputs;
-    for (const std::string& input : options.inputs)
-        inputs << text(input);
-    ExportCore::RequestCheck::inputs(inputs);
     QJsonArray media;
-    for (const std::string& input : options.inputs)
-        describe(input, options, media);
+    for (const bool onlyLook : {true, false})
+        for (const std::string& input : options.inputs)
+            try {
+                if (onlyLook)
+                    ExportCore::RequestCheck::inputs({text(input)});
+                else
+                    describe(input, options, media);
+            } catch (const std::exception& error) {
+                ErrorOutput::refuse(error.what(), input);
+                return EXIT_BAD_INPUT;
+            }
     if (options.json)
         std::printf("%s\n", jsonLine(QJsonObject{{key("media"), media}}).c_str());
     return EXIT_DONE;

@@ -20,13 +20,16 @@ void write(const std::string& line) {
     std::fwrite(whole.data(), 1, whole.size(), stderr);
 }
 
-void end(const char* type, TranscodingError code, const std::string& what) {
+void end(const char* type, TranscodingError code, const std::string& what, const std::string& path = {}) {
     if (!json)
         return write("editor-export: " + PlainText::escaped(what));
-    ErrorOutput::print({{key("type"), key(type)},
-                        {key("error"), key(Kestra::Proc::TranscodingErrorToString(code))},
-                        {key("code"), static_cast<int>(code)},
-                        {key("message"), QString::fromStdString(PlainText::escaped(what))}});
+    QJsonObject object{{key("type"), key(type)},
+                       {key("error"), key(Kestra::Proc::TranscodingErrorToString(code))},
+                       {key("code"), static_cast<int>(code)},
+                       {key("message"), QString::fromStdString(PlainText::escaped(what))}};
+    if (!path.empty())
+        object.insert(key("path"), QString::fromStdString(path));
+    ErrorOutput::print(object);
 }
 
 } // namespace
@@ -35,8 +38,8 @@ void ErrorOutput::useJson() {
     json = true;
 }
 
-void ErrorOutput::refuse(const std::string& what) {
-    end("refused", TranscodingError::InvalidArgument, what);
+void ErrorOutput::refuse(const std::string& what, const std::string& path) {
+    end("refused", TranscodingError::InvalidArgument, what, path);
 }
 
 void ErrorOutput::fail(const std::string& what) {

@@ -12,8 +12,8 @@ struct ErrorOutput {
     static void useJson();
 
     /// For an end without an outcome: wrong usage, or standard output that cannot be written. As JSON "refused" or
-    /// "failed".
-    static void refuse(const std::string& what);
+    /// "failed". `path` is the file that it is about, as it was given; empty where it is about none.
+    static void refuse(const std::string& what, const std::string& path = {});
     static void fail(const std::string& what);
     /// As JSON an object of that type with a message.
     static void tell(const std::string& type, const std::string& what);

@@ -186,8 +186,12 @@ void complain(const std::string& what) {
 
 /// Whether JSON is asked for on standard error, as far as that can be told before the rest has been understood.
 bool asksForJson(int argc, char** argv) {
+    bool isInfo = false;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
+        isInfo = isInfo || word == "info";
+        if (isInfo && word == "--json")
+            return true;
         if (word == "--progress=json" || (word == "--progress" && i + 1 < argc && std::string("json") == argv[i + 1]))
             return true;
     }

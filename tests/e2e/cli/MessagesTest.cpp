@@ -171,4 +171,18 @@ TEST_F(Messages, HaveTheFileThatTheyAreAboutBesideThem) {
     EXPECT_EQ(note[QStringLiteral("path")].toString(), oddName);
 }
 
+TEST_F(Messages, OfInfoHaveTheFileThatTheyAreAboutBesideThem) {
+    const std::string odd = place / "two  blanks\tand \"quotes\".mov";
+    TestFiles::write(odd, "no media");
+    for (const std::string& bad : {odd, std::string(place / "none.mp4")}) {
+        const Result result = run({"info", clip, bad, "--json"});
+        EXPECT_EQ(result.code, 2);
+        EXPECT_TRUE(result.output.isEmpty()) << result.output.toStdString();
+        const auto lines = TestCli::jsonLines(result.errors);
+        ASSERT_EQ(lines.size(), 1) << result.errors.toStdString();
+        EXPECT_EQ(lines[0][QStringLiteral("type")].toString(), QStringLiteral("refused"));
+        EXPECT_EQ(lines[0][QStringLiteral("path")].toString(), QString::fromStdString(bad));
+    }
+}
+
 } // namespace
