@@ -57,17 +57,19 @@ std::string NearNames::question(const std::string& wanted, const std::vector<std
     return near.empty() ? std::string() : "; did you mean " + NameList::joined(near, " or ") + '?';
 }
 
-void NearNames::refuseUnknown(const char* what, const std::string& name, const std::vector<std::string>& known) {
-    KESTRA_THROW(Refusal(std::string("There is no ") + what + " \"" + name + '"' + question(name, known)));
+void NearNames::refuseUnknown(const char* what, const std::string& name, const std::vector<std::string>& known,
+                              Kestra::SourcePlace place) {
+    Kestra::ThrowFrom(Refusal(std::string("There is no ") + what + " \"" + name + '"' + question(name, known)), place);
 }
 
 void NearNames::refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
-                                    const std::vector<std::string>& tags) {
+                                    const std::vector<std::string>& tags, Kestra::SourcePlace place) {
     const std::vector<std::string> near = find(name, tags, 1);
     if (near.empty() || !find(name, known).empty())
-        refuseUnknown("preset", name, known);
-    KESTRA_THROW(Refusal("There is no preset \"" + name + "\"; presets --tag " + near.front() +
-                         " lists those of the tag " + near.front()));
+        refuseUnknown("preset", name, known, place);
+    Kestra::ThrowFrom(Refusal("There is no preset \"" + name + "\"; presets --tag " + near.front() +
+                              " lists those of the tag " + near.front()),
+                      place);
 }
 
 } // namespace ExportCore

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ExportCoreExport.h"
+#include "Kestra/Base/SourcePlace.h"
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -21,10 +22,12 @@ struct EXPORTCORE_EXPORT NearNames {
 
     /// Throws Refusal: There is no `what` "name", with that question.
     [[noreturn]] static void refuseUnknown(const char* what, const std::string& name,
-                                           const std::vector<std::string>& known);
+                                           const std::vector<std::string>& known,
+                                           Kestra::SourcePlace place = Kestra::SourcePlace::Here());
     /// The same of a preset. Where no other is near, but one of the tags that presets are listed by, it is proposed.
     [[noreturn]] static void refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
-                                                 const std::vector<std::string>& tags);
+                                                 const std::vector<std::string>& tags,
+                                                 Kestra::SourcePlace place = Kestra::SourcePlace::Here());
 
     NearNames() = delete;
 };

@@ -3,6 +3,7 @@
 #include "Export/PresetProvider.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include <algorithm>
@@ -15,8 +16,9 @@ using Kestra::ClientAPI::BitrateRange;
 using Kestra::ClientAPI::CodecLimits;
 using Kestra::Conf::IFormatCodec;
 
-[[noreturn]] void refuse(const std::string& what, const std::string& reason) {
-    KESTRA_THROW(Refusal("Cannot set " + what + ": " + reason));
+[[noreturn]] void refuse(const std::string& what, const std::string& reason,
+                         Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Refusal("Cannot set " + what + ": " + reason), place);
 }
 
 double shapeOf(const Media::Video& video) {

@@ -4,6 +4,7 @@
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SettingText.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <algorithm>
@@ -33,8 +34,8 @@ struct Entry {
     std::string key;
     std::string value;
 
-    [[noreturn]] void refuse(const std::string& reason) const {
-        KESTRA_THROW(Refusal("Cannot set " + key + " to \"" + value + "\": " + reason));
+    [[noreturn]] void refuse(const std::string& reason, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) const {
+        Kestra::ThrowFrom(Refusal("Cannot set " + key + " to \"" + value + "\": " + reason), place);
     }
 };
 

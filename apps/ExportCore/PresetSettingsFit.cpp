@@ -4,6 +4,7 @@
 #include "EditorPreset/Preset.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include <QString>
@@ -16,8 +17,9 @@ namespace {
 using Kestra::ClientAPI::CodecLimits;
 using Kestra::Conf::CodecIDToString;
 
-[[noreturn]] void refuse(const std::string& key, const std::string& reason) {
-    KESTRA_THROW(Refusal("Cannot set " + key + ": " + reason));
+[[noreturn]] void refuse(const std::string& key, const std::string& reason,
+                         Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Refusal("Cannot set " + key + ": " + reason), place);
 }
 
 std::string quoted(const Preset& preset) {

@@ -6,6 +6,7 @@
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include <algorithm>
 #include <cerrno>
@@ -25,8 +26,8 @@ namespace {
 
 using Kestra::ClientAPI::ContainerLimits;
 
-[[noreturn]] void refuse(const std::string& what) {
-    KESTRA_THROW(Refusal(what));
+[[noreturn]] void refuse(const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Refusal(what), place);
 }
 
 std::string quoted(const QByteArray& path) {

@@ -1,7 +1,10 @@
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
+#include <boost/exception/get_error_info.hpp>
+#include <functional>
 #include <gmock/gmock.h>
 
 using ExportCore::PresetCatalogue;
@@ -35,6 +38,24 @@ TEST(PresetCatalogue, AnUnknownPresetIsRefusedWithNearNames) {
     EXPECT_THAT(refusalOf([&] { catalogue.preset("mp4-h264-702p"); }),
                 HasSubstr("There is no preset \"mp4-h264-702p\"; did you mean mp4-h264-720p"));
     EXPECT_EQ(refusalOf([&] { catalogue.preset("qqqqqqqqqqqqqq"); }), "There is no preset \"qqqqqqqqqqqqqq\"");
+}
+
+/// The function that refuses, and not one that helps it to.
+std::string originOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Refusal& refusal) {
+        const char* const* const function = boost::get_error_info<boost::throw_function>(refusal);
+        return function ? *function : "not told";
+    }
+    return "nothing was refused";
+}
+
+TEST(PresetCatalogue, ARefusalTellsWhichFunctionItComesFrom) {
+    const PresetCatalogue catalogue;
+    EXPECT_THAT(originOf([&] { catalogue.preset("qqqqqqqqqqqqqq"); }), HasSubstr("preset"));
+    EXPECT_THAT(originOf([&] { catalogue.idsOf("qqqqqqqqqqqqqq"); }), HasSubstr("idsOf"));
+    EXPECT_THAT(originOf([] { ExportCore::RequestCheck::inputs({}); }), HasSubstr("inputs"));
 }
 
 TEST(PresetCatalogue, AnUnknownTagIsRefusedWithNearNames) {

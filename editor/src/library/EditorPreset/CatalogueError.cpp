@@ -19,8 +19,8 @@ JsonPlace JsonPlace::at(std::size_t index) const {
     return {file, pointer + "/" + std::to_string(index)};
 }
 
-void JsonPlace::refuse(const std::string& reason) const {
-    KESTRA_THROW(CatalogueError(file + ": " + (pointer.empty() ? std::string() : pointer + ": ") + reason));
+void JsonPlace::refuse(const std::string& reason, Kestra::SourcePlace place) const {
+    Kestra::ThrowFrom(CatalogueError(file + ": " + (pointer.empty() ? std::string() : pointer + ": ") + reason), place);
 }
 
 } // namespace EditorPreset

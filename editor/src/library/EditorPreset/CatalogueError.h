@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Kestra/Base/Exception.h"
+#include "Kestra/Base/SourcePlace.h"
 #include <string>
 
 namespace EditorPreset {
@@ -20,7 +21,7 @@ struct JsonPlace {
     /// The place of a member or an element below this one.
     JsonPlace at(const std::string& key) const;
     JsonPlace at(std::size_t index) const;
-    [[noreturn]] void refuse(const std::string& reason) const;
+    [[noreturn]] void refuse(const std::string& reason, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) const;
 };
 
 } // namespace EditorPreset
