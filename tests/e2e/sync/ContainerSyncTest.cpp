@@ -45,7 +45,10 @@ const Packaging PACKAGINGS[] = {{"ts", "aac", 25},
                                 {"avi", "libmp3lame", 60, "mpeg4"},
                                 {"avi", "libmp3lame", {30000, 1001}, "libx264", 2},
                                 {"avi", "aac", 25, "mpeg4", 2},
-                                {"avi", "pcm_s16le", 25, "mpeg4", 2}};
+                                {"avi", "pcm_s16le", 25, "mpeg4", 2},
+                                {"avi", "ac3", 25, "mpeg4"},
+                                {"avi", "mp2", {30000, 1001}, "mpeg4"},
+                                {"avi", "mp2", 25, "libx264", 2}};
 
 class Container : public ::testing::TestWithParam<Packaging> {
 protected:

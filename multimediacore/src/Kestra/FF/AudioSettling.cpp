@@ -13,6 +13,7 @@ constexpr int USUAL_FRAME = 1024;
 constexpr int AAC_PRIMING = 2112; // of a decoder that counts frames of 1024
 constexpr int MP3_PRIMING = MP3_FRAME + 529;
 constexpr int LAME_PRIMING = 576 + 529;
+constexpr int MP2_PRIMING = 481;
 constexpr int AC3_PRIMING = 256;
 constexpr int OPUS_PRIMING_MICROSECONDS = 6500;
 constexpr int LONGEST_USUAL_VORBIS_BLOCK = 2048;
@@ -66,6 +67,11 @@ std::int64_t LibavPrimingSamples(const AVCodecParameters& parameters) noexcept {
         return parameters.frame_size == USUAL_FRAME ? USUAL_FRAME : 0;
     case AV_CODEC_ID_MP3:
         return LAME_PRIMING;
+    case AV_CODEC_ID_MP2:
+        return MP2_PRIMING;
+    case AV_CODEC_ID_AC3:
+    case AV_CODEC_ID_EAC3:
+        return AC3_PRIMING;
     default:
         return 0;
     }

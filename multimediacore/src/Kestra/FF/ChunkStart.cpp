@@ -2,6 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/AudioSettling.h"
+#include <algorithm>
 #include <cstdlib>
 
 namespace Kestra::FF {
@@ -15,7 +16,7 @@ std::int64_t RoundedUp(std::int64_t value, std::int64_t unit) {
 // For sound that has to begin earlier than the picture, libav's writer moves all by whole blocks of it, then pictures
 // by whole chunks.
 std::int64_t PaddingFor(const ChunkStart& start, std::int64_t priming, const AVCodecParameters& sound) {
-    const std::int64_t blocks = RoundedUp(priming, sound.frame_size);
+    const std::int64_t blocks = RoundedUp(priming, std::max(sound.frame_size, 1));
     return RoundedUp(SamplesToTime(blocks, sound.sample_rate), start.period);
 }
 
@@ -23,13 +24,15 @@ std::int64_t PaddingFor(const ChunkStart& start, std::int64_t priming, const AVC
 
 ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound) {
     ChunkShift shift;
-    const std::int64_t priming = start.byLibav && sound.frame_size > 0 ? LibavPrimingSamples(sound) : 0;
+    const std::int64_t priming = start.byLibav ? LibavPrimingSamples(sound) : 0;
     const std::int64_t empty = start.second - start.first - start.period;
     if (priming > 0 && start.shown == start.first && empty == PaddingFor(start, priming, sound))
         shift.firstPicture = empty;
     const std::int64_t lead = start.shown + shift.firstPicture - start.first;
-    if (lead > 0)
-        shift.sound = lead - SamplesToTime(priming, sound.sample_rate);
+    const std::int64_t ahead = SamplesToTime(priming, sound.sample_rate);
+    // By less than half a chunk the writer does not move the pictures.
+    if (lead > 0 || (lead == 0 && 2 * ahead < start.period))
+        shift.sound = lead - ahead;
     return shift;
 }
 
