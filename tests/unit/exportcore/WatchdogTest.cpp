@@ -48,6 +48,13 @@ TEST(Watchdog, SignsOfLifeKeepItQuiet) {
     EXPECT_TRUE(waitUntil([&] { return !stalled.isEmpty(); }));
 }
 
+TEST(Watchdog, AStopHasTimeLeftForItsEnd) {
+    const Watchdog dog({1h, 1h, 10s});
+    // Leaving what hangs takes up to two seconds.
+    EXPECT_LE(dog.limitOf(Watchdog::Wait::Stop), 8s);
+    EXPECT_LE(dog.limitOf(Watchdog::Wait::Interruption), 8s);
+}
+
 TEST(Watchdog, AnotherWaitTakesThePlaceOfTheFirst) {
     Watchdog dog({50ms, 50ms, 100ms});
     QSignalSpy stalled(&dog, &Watchdog::stalled);
