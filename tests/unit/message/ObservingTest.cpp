@@ -163,6 +163,16 @@ TEST_F(Observing, OfAnEarlierObjectEndsWhereOneWithItsTopicElsewhereTakesItsPlac
     compound->~Compound();
 }
 
+TEST_F(Observing, IsCopiedWithoutALookIntoObjectsThatAreGone) {
+    alignas(Item) std::array<std::byte, sizeof(Item)> room{};
+    Item* const item = new (room.data()) Item;
+    observer->observe(item);
+    item->~Item();
+    room.fill({});
+    const RecordingView copy("copy", *observer);
+    EXPECT_EQ(copy.object(), item);
+}
+
 TEST_F(Observing, LeavesNothingBehindOfForgottenObjects) {
     std::vector<Item> many(20000);
     Message::View<Item> view;
