@@ -2,6 +2,7 @@
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "Types/Time.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"

@@ -1,8 +1,8 @@
 // editor-export: exports from the command line.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
-#include "Kestra/Core/LargestAllocation.h"
-#include "Kestra/Core/Log.h"
+#include "Kestra/Proc/EngineLog.h"
+#include "Kestra/Proc/LargestAllocation.h"
 #include "cli/Descriptors.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
@@ -59,7 +59,7 @@ int withOutputChecked(int code) {
 
 /// Whatever a library has to say goes the way of everything else, so that each line is of the kind that was asked for.
 void speakThroughOneMouth() {
-    Kestra::Core::SetEngineLogReceiver(&Cli::ErrorOutput::log);
+    Kestra::Proc::SetEngineLogReceiver(&Cli::ErrorOutput::log);
     Export::setTranscoderLogReceiver(&Cli::ErrorOutput::log);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
         Cli::ErrorOutput::log(message.toStdString());
@@ -122,8 +122,8 @@ int main(int argc, char** argv) {
         return withOutputChecked(exitCode);
     speakThroughOneMouth();
     silenceWhoSpeaksPastIt(*options);
-    Kestra::Core::SetEngineLogLevel(options->verbose ? Kestra::Core::LogLevel::Verbose : Kestra::Core::LogLevel::Quiet);
-    Kestra::Core::SetLargestAllocation(options->mediaLimits);
+    Kestra::Proc::SetEngineLogLevel(options->verbose ? Kestra::Proc::LogLevel::Verbose : Kestra::Proc::LogLevel::Quiet);
+    Kestra::Proc::SetLargestAllocation(options->mediaLimits);
     Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
                                                     : Export::TranscoderLogOutput::None);
     if (!hasDescriptors())

@@ -4,6 +4,7 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataAudioFF.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "support/FlashBeep.h"
 #include <chrono>
 #include <cmath>

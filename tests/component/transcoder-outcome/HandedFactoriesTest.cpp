@@ -1,5 +1,7 @@
 // The factories as the runner has them.
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "component/transcoder-outcome/OutcomeFixture.h"
 #include "fakes/kestra/FakeFactories.h"
 #include "fakes/kestra/FakeStreamAudio.h"

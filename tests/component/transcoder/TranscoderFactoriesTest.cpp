@@ -1,4 +1,5 @@
 #include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/Proc/ICodecFactory.h"
 #include "component/transcoder/TranscoderFixture.h"
 
 using Kestra::Conf::IFormatCodec;

@@ -1,4 +1,6 @@
 #include "component/transcoder/TranscoderFixture.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 
 TranscoderTest::TranscoderTest()
     : codecs(std::make_shared<Kestra::Fakes::FakeCodecFactory>(calls))

@@ -1,5 +1,6 @@
 // What becomes of an export when the engine hangs or fails where it should not.
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "WatchedJob.h"
 #include "fakes/kestra/FakeFactories.h"
 #include <gtest/gtest.h>

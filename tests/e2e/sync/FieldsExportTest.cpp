@@ -1,6 +1,7 @@
 // What becomes of interlaced pictures in exports, measured in the files.
 #include "Exported.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "support/FlashBeep.h"
 #include "unit/source/WovenMedia.h"
 #include <fstream>

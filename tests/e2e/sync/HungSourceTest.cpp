@@ -1,9 +1,10 @@
 // What becomes of an export whose input hangs in a call that nothing interrupts, in a process that goes on.
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/Core/ISourceFactory.h"
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "Kestra/Proc/IMuxerFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "WatchedJob.h"
 #include "fakes/kestra/FakeFactories.h"
 #include <gtest/gtest.h>
@@ -100,7 +101,7 @@ private:
     const std::shared_ptr<Calls> calls;
 };
 
-class ScriptedSources : public Kestra::Core::ISourceFactory {
+class ScriptedSources : public Kestra::Proc::ISourceFactory {
 public:
     ScriptedSources(const std::string& path, std::shared_ptr<Calls> calls)
         : media(CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path)))

@@ -3,6 +3,7 @@
 #include "ExportCore/ExportJob.h"
 #include "Exported.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "fakes/kestra/FakeFactories.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
@@ -153,7 +154,7 @@ private:
 };
 
 /// The first attempt to make a muxer throws; what is made later writes nothing.
-class FirstFails : public Kestra::Core::IMuxerFactory {
+class FirstFails : public Kestra::Proc::IMuxerFactory {
 public:
     boost::intrusive_ptr<Kestra::Proc::IMuxer>
     CreateMuxer(const boost::intrusive_ptr<Kestra::Conf::IFormatFile>&,

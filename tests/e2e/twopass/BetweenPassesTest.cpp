@@ -1,5 +1,7 @@
 // What becomes of an export when the engine hangs or fails from one pass to the next.
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "WatchedJob.h"
 #include "fakes/kestra/FakeFactories.h"
 #include <atomic>

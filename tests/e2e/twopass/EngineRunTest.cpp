@@ -3,6 +3,7 @@
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Core/DataOutputFF.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "fakes/streams/DecodedFile.h"
 #include "fakes/streams/ExportDriver.h"

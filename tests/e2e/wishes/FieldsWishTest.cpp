@@ -2,6 +2,7 @@
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "WishFixture.h"
 #include "unit/source/WovenMedia.h"
 

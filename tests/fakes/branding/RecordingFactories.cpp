@@ -5,6 +5,9 @@
 #include "Kestra/Proc/Filters/Concatenation.h"
 #include "Kestra/Proc/Filters/EffectHost.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "fakes/kestra/FakeData.h"
 #include <stdexcept>
 
@@ -97,7 +100,7 @@ private:
     const boost::intrusive_ptr<Proc::IEffectHost> inner;
 };
 
-class RecordingFilters final : public Core::IFilterFactory {
+class RecordingFilters final : public Proc::IFilterFactory {
 public:
     explicit RecordingFilters(Record record)
         : record(std::move(record)) {}
@@ -150,7 +153,7 @@ private:
     const Record record;
 };
 
-class RecordingEffects final : public Core::IEffectFactory {
+class RecordingEffects final : public Proc::IEffectFactory {
 public:
     explicit RecordingEffects(Record record)
         : record(std::move(record)) {}
@@ -172,7 +175,7 @@ private:
     const Record record;
 };
 
-class RecordingPictures final : public Core::IDataVideoFFFactory {
+class RecordingPictures final : public Proc::IDataVideoFFFactory {
 public:
     explicit RecordingPictures(Record record)
         : record(std::move(record)) {}

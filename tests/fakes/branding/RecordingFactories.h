@@ -1,9 +1,9 @@
 // Factories to be set in Core::CoreManager that write down what they are asked for.
 #pragma once
 
-#include "Kestra/Core/IDataVideoFFFactory.h"
-#include "Kestra/Core/IEffectFactory.h"
-#include "Kestra/Core/IFilterFactory.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "fakes/kestra/CallLog.h"
 #include <exception>
 #include <map>

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "Composition/Object.h"
+#include "Export/ExportStreams.h"
 #include "FastTrack/Object.h"
 #include "Message/Types.h"
 #include "PubSub/Subscriber.h"
-#include "Stream/ExportStreams.h"
 #include <functional>
 #include <string>
 #include <typeinfo>

@@ -1,7 +1,7 @@
 // EditorFakes::FakeExportStreamOwner: the model's side of export streams.
 #pragma once
 
-#include "Stream/ExportStreams.h"
+#include "Export/ExportStreams.h"
 #include <utility>
 #include <vector>
 

@@ -1,8 +1,8 @@
 // Factories of fakes, to be set in Core::CoreManager.
 #pragma once
 
-#include "Kestra/Core/ICodecFactory.h"
-#include "Kestra/Core/IMuxerFactory.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "fakes/kestra/FakeEncoder.h"
 #include "fakes/kestra/FakeMuxer.h"
 
@@ -10,7 +10,7 @@ namespace Kestra::Fakes {
 
 /// Makes encoders that give a packet for each piece of their stream, and keeps them. Thread-bound. Calls in its script:
 /// "CreateVideoEncoder", "CreateAudioEncoder".
-class FakeCodecFactory : public Core::ICodecFactory {
+class FakeCodecFactory : public Proc::ICodecFactory {
 public:
     struct Made {
         bool video;
@@ -41,7 +41,7 @@ private:
 };
 
 /// Makes recording muxers, and keeps them. Thread-bound. Call in its script: "CreateMuxer".
-class FakeMuxerFactory : public Core::IMuxerFactory {
+class FakeMuxerFactory : public Proc::IMuxerFactory {
 public:
     struct Made {
         boost::intrusive_ptr<Conf::IFormatFile> format;

@@ -1,7 +1,7 @@
 // Filters over fake frames and blocks; reading ahead is the engine's own.
 #pragma once
 
-#include "Kestra/Core/IFilterFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <atomic>
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace Project::Fakes {
 inline constexpr int BLACK = -1;
 inline constexpr int SILENCE = -1;
 
-class FakeFilterFactory : public Kestra::Core::IFilterFactory {
+class FakeFilterFactory : public Kestra::Proc::IFilterFactory {
 public:
     /// Frames that went through resizers.
     int scaled() const { return *scaledFrames; }

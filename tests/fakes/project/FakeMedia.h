@@ -3,7 +3,7 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/SampleInfo.h"
-#include "Kestra/Core/ISourceFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "fakes/kestra/FakeData.h"
 #include <atomic>
 #include <cstdint>
@@ -92,7 +92,7 @@ private:
 };
 
 /// Knows the media that a test has put in; refuses every other path as not found.
-class FakeSourceFactory : public Kestra::Core::ISourceFactory {
+class FakeSourceFactory : public Kestra::Proc::ISourceFactory {
 public:
     void put(const std::string& path, const Contents& contents) { media[path] = contents; }
     int opened() const { return openings; }

@@ -2,6 +2,8 @@
 
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Core/DataOutputFF.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 
 namespace Fakes {
 

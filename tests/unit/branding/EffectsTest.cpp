@@ -3,8 +3,11 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataVideoFF.h"
 #include "Kestra/FF/FramePool.h"
+#include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
-#include "Kestra/Proc/StreamOneFrameVideo.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <array>
 #include <boost/exception/get_error_info.hpp>
@@ -27,7 +30,7 @@ using Proc::ImplNames;
 using Proc::SeekMode;
 using Frame = boost::intrusive_ptr<Proc::IDataVideo>;
 using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
-using Effect = Core::IEffectFactory::Effect;
+using Effect = Proc::IEffectFactory::Effect;
 
 Core::CoreManager& core() {
     return Core::CoreManager::Instance();

@@ -2,6 +2,7 @@
 
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
 #include <QBitmap>
 #include <QImage>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 // Counts, places and formats of audio encoders, and the filters before them.
 #include "EncodeFixture.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <cmath>
 
 using namespace Fakes;
@@ -35,7 +36,7 @@ std::vector<std::vector<float>> Drain(Proc::IStreamAudio& stream) {
     return samples;
 }
 
-Core::IFilterFactory& Filters() {
+Proc::IFilterFactory& Filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 

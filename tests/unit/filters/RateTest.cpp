@@ -1,6 +1,7 @@
 // Filters that need no pixels: rate, durations, concatenation.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <boost/exception/get_error_info.hpp>
@@ -16,7 +17,7 @@ using Proc::SeekMode;
 using Rate = boost::rational<long long>;
 using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
 
-Core::IFilterFactory& filters() {
+Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 

@@ -1,6 +1,7 @@
 // Reading ahead: order, bounds, errors, interruption.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/kestra/FakeStreamAudio.h"
 #include "fakes/kestra/FakeStreamVideo.h"
@@ -15,7 +16,7 @@ using Fakes::FakeStreamAudio;
 using Fakes::FakeStreamVideo;
 using Proc::SeekMode;
 
-Core::IFilterFactory& filters() {
+Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 

@@ -3,6 +3,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <cmath>
 #include <gtest/gtest.h>

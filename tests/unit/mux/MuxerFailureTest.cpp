@@ -1,5 +1,6 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Core/DataOutputFF.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "fakes/streams/DecodedFile.h"

@@ -1,10 +1,10 @@
 #include "EditorProject/EditorProject.h"
 #include "Composition/CompositionView.h"
+#include "Export/ExportStreams.h"
 #include "FastTrack/Suppressor.h"
 #include "FastTrack/View.h"
 #include "Kestra/Proc/ProcException.h"
 #include "ProjectFixture.h"
-#include "Stream/ExportStreams.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -5,6 +5,8 @@
 #include "EditorProject/SequenceVideo.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "Types/Time.h"
 #include "fakes/project/FakeFilters.h"
 #include "fakes/project/FakeMedia.h"

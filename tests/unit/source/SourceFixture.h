@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include "unit/source/NumberedMedia.h"
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The model's types under one view template, which treats them all alike.
 #include "Composition/View.h"
+#include "Export/ExportStreams.h"
 #include "FastTrack/View.h"
-#include "Stream/ExportStreams.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>

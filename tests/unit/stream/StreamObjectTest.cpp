@@ -1,4 +1,4 @@
-#include "Stream/ExportStreams.h"
+#include "Export/ExportStreams.h"
 #include "support/HookSlot.h"
 #include <algorithm>
 #include <array>

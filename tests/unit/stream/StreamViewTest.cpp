@@ -1,4 +1,4 @@
-#include "Stream/ExportStreams.h"
+#include "Export/ExportStreams.h"
 #include "support/Perishable.h"
 #include "unit/stream/FakeStream.h"
 #include <algorithm>

@@ -3,7 +3,10 @@
 #include "Branding/OutroLength.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/Filters/FiltersSpecial/FrameStretch.h"
-#include "Kestra/Proc/StreamOneFrameVideo.h"
+#include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Util/ImageUtils.h"
 #include "Types/Time.h"
 

@@ -3,6 +3,7 @@
 #include "EditorProject/GridSampler.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 
 namespace Project {
@@ -15,7 +16,7 @@ using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
 constexpr std::int64_t LEAST_FRAMES_FOR_THREAD = 24;
 constexpr std::int64_t BYTES_AHEAD = 4LL * 1024 * 1024;
 
-Core::IFilterFactory& filters() {
+Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 

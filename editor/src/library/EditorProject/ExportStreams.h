@@ -1,7 +1,7 @@
 // Project::ExportStreams: the owner of the export streams of one medium.
 #pragma once
 
-#include "Stream/ExportStreams.h"
+#include "Export/ExportStreams.h"
 #include <algorithm>
 #include <functional>
 #include <unordered_map>

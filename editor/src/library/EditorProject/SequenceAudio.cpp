@@ -3,6 +3,7 @@
 #include "EditorProject/SampleDepth.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
@@ -12,7 +13,7 @@ using namespace Kestra;
 
 namespace {
 
-Core::IFilterFactory& filters() {
+Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 

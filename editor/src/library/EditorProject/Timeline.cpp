@@ -2,6 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include <unordered_map>
 

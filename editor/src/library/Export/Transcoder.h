@@ -3,11 +3,11 @@
 
 #include "Composition/View.h"
 #include "EditorExportExport.h"
+#include "Export/ExportStreams.h"
 #include "Export/ProcessingFactories.h"
 #include "KTime/KTime.h"
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/Proc/ProcessingError.h"
-#include "Stream/ExportStreams.h"
 #include "Types/Range.h"
 #include <QObject>
 #include <QString>

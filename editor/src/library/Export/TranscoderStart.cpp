@@ -10,6 +10,8 @@
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Core/DataOutputFF.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include "Kestra/Proc/Segmenter.h"
 #include "Kestra/Util/TemporaryDir.h"
 #include "Types/Time.h"

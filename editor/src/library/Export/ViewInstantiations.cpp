@@ -1,4 +1,4 @@
-#include "Stream/ExportStreams.h"
+#include "Export/ExportStreams.h"
 
 template class Message::View<Stream::VideoObject>;
 template class Message::View<Stream::AudioObject>;

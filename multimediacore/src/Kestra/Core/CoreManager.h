@@ -1,13 +1,17 @@
 // Kestra::Core::CoreManager: where the engine's factories are found.
 #pragma once
 
-#include "Kestra/Core/ICodecFactory.h"
-#include "Kestra/Core/IDataVideoFFFactory.h"
-#include "Kestra/Core/IEffectFactory.h"
-#include "Kestra/Core/IFilterFactory.h"
-#include "Kestra/Core/IMuxerFactory.h"
-#include "Kestra/Core/ISourceFactory.h"
+#include "KestraExport.h"
 #include <memory>
+
+namespace Kestra::Proc {
+class ICodecFactory;
+class IDataVideoFFFactory;
+class IEffectFactory;
+class IFilterFactory;
+class IMuxerFactory;
+class ISourceFactory;
+} // namespace Kestra::Proc
 
 namespace Kestra::Core {
 
@@ -17,19 +21,19 @@ class KESTRA_EXPORT CoreManager {
 public:
     static CoreManager& Instance();
 
-    IMuxerFactory& GetMuxerFactory();
-    ICodecFactory& GetCodecFactory();
-    IFilterFactory& GetFilterFactory();
-    ISourceFactory& GetSourceFactory();
-    IEffectFactory& GetEffectFactory();
-    IDataVideoFFFactory& GetDataVideoFFFactory();
+    Proc::IMuxerFactory& GetMuxerFactory();
+    Proc::ICodecFactory& GetCodecFactory();
+    Proc::IFilterFactory& GetFilterFactory();
+    Proc::ISourceFactory& GetSourceFactory();
+    Proc::IEffectFactory& GetEffectFactory();
+    Proc::IDataVideoFFFactory& GetDataVideoFFFactory();
 
-    void SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory);
-    void SetCodecFactory(std::shared_ptr<ICodecFactory> factory);
-    void SetFilterFactory(std::shared_ptr<IFilterFactory> factory);
-    void SetSourceFactory(std::shared_ptr<ISourceFactory> factory);
-    void SetEffectFactory(std::shared_ptr<IEffectFactory> factory);
-    void SetDataVideoFFFactory(std::shared_ptr<IDataVideoFFFactory> factory);
+    void SetMuxerFactory(std::shared_ptr<Proc::IMuxerFactory> factory);
+    void SetCodecFactory(std::shared_ptr<Proc::ICodecFactory> factory);
+    void SetFilterFactory(std::shared_ptr<Proc::IFilterFactory> factory);
+    void SetSourceFactory(std::shared_ptr<Proc::ISourceFactory> factory);
+    void SetEffectFactory(std::shared_ptr<Proc::IEffectFactory> factory);
+    void SetDataVideoFFFactory(std::shared_ptr<Proc::IDataVideoFFFactory> factory);
 
     CoreManager(const CoreManager&) = delete;
     CoreManager& operator=(const CoreManager&) = delete;

@@ -8,6 +8,7 @@
 #include "Kestra/FF/DataRawFF.h"
 #include "Kestra/FF/EncoderCatalogue.h"
 #include "Kestra/FF/Error.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 #include <climits>
 #include <utility>

@@ -24,7 +24,7 @@ CodecFactory::CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>&
     return new Encoder(new AudioEncoderCore(stream, properties));
 }
 
-std::shared_ptr<Core::ICodecFactory> MakeCodecFactory() {
+std::shared_ptr<Proc::ICodecFactory> MakeCodecFactory() {
     return std::make_shared<CodecFactory>();
 }
 

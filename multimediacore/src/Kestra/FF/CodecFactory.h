@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Kestra/Core/ICodecFactory.h"
+#include "Kestra/Proc/ICodecFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class CodecFactory final : public Core::ICodecFactory {
+class CodecFactory final : public Proc::ICodecFactory {
 public:
     boost::intrusive_ptr<Proc::IEncoder> CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
                                                             const Core::Property& properties) override;
@@ -13,6 +13,6 @@ public:
                                                             const Core::Property& properties) override;
 };
 
-std::shared_ptr<Core::ICodecFactory> MakeCodecFactory();
+std::shared_ptr<Proc::ICodecFactory> MakeCodecFactory();
 
 } // namespace Kestra::FF

@@ -44,7 +44,7 @@ DataVideoFFFactory::CreateDataVideo(const Conf::FrameInfo& frame, Conf::PixelFor
     return new DataVideoFF(std::move(picture), 0, 0);
 }
 
-std::shared_ptr<Core::IDataVideoFFFactory> MakeDataVideoFFFactory() {
+std::shared_ptr<Proc::IDataVideoFFFactory> MakeDataVideoFFFactory() {
     return std::make_shared<DataVideoFFFactory>();
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "Kestra/Core/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class DataVideoFFFactory final : public Core::IDataVideoFFFactory {
+class DataVideoFFFactory final : public Proc::IDataVideoFFFactory {
 public:
     boost::intrusive_ptr<Proc::IDataVideo> CreateDataVideo(const Conf::FrameInfo& frame, Conf::PixelFormat format,
                                                            const Writer& write) override;
 };
 
-std::shared_ptr<Core::IDataVideoFFFactory> MakeDataVideoFFFactory();
+std::shared_ptr<Proc::IDataVideoFFFactory> MakeDataVideoFFFactory();
 
 } // namespace Kestra::FF

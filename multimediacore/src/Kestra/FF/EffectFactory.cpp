@@ -22,7 +22,7 @@ EffectFactory::Effect EffectFactory::CreateEffect(const std::string& settingsCla
     return new AlphaEnvelope(progress);
 }
 
-std::shared_ptr<Core::IEffectFactory> MakeEffectFactory() {
+std::shared_ptr<Proc::IEffectFactory> MakeEffectFactory() {
     return std::make_shared<EffectFactory>();
 }
 

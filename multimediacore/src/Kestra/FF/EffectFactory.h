@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Kestra/Core/IEffectFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class EffectFactory final : public Core::IEffectFactory {
+class EffectFactory final : public Proc::IEffectFactory {
 public:
     Effect CreateColorspaceConverter(const Proc::SettingsColorspaceConverter& settings,
                                      const std::string& implName) override;
@@ -13,6 +13,6 @@ public:
                         const std::string& implName) override;
 };
 
-std::shared_ptr<Core::IEffectFactory> MakeEffectFactory();
+std::shared_ptr<Proc::IEffectFactory> MakeEffectFactory();
 
 } // namespace Kestra::FF

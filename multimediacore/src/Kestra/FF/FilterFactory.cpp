@@ -72,7 +72,7 @@ FilterFactory::Audio FilterFactory::CreateSilence(const boost::intrusive_ptr<Con
     return MakeSilence(format, duration);
 }
 
-std::shared_ptr<Core::IFilterFactory> MakeFilterFactory() {
+std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory() {
     return std::make_shared<FilterFactory>();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Kestra/Core/IFilterFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class FilterFactory final : public Core::IFilterFactory {
+class FilterFactory final : public Proc::IFilterFactory {
 public:
     Video CreateResizer(const Video& source, const Proc::SettingsResizer& settings,
                         const std::string& implName) override;
@@ -23,6 +23,6 @@ public:
     Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format, std::int64_t duration) override;
 };
 
-std::shared_ptr<Core::IFilterFactory> MakeFilterFactory();
+std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory();
 
 } // namespace Kestra::FF

@@ -1,11 +1,11 @@
-#include "Kestra/Core/LargestAllocation.h"
+#include "Kestra/Proc/LargestAllocation.h"
 
 extern "C" {
 #include <libavutil/mem.h>
 }
 #include <algorithm>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
     // Encoders size their packets for the worst case, which is more than the picture.
@@ -13,4 +13,4 @@ void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
     av_max_alloc(static_cast<std::size_t>(std::max(least, limits.pictureBytes * 2)));
 }
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

@@ -1,4 +1,4 @@
-#include "Kestra/Core/Log.h"
+#include "Kestra/Proc/EngineLog.h"
 
 #include "Kestra/FF/LogWatch.h"
 #include <array>
@@ -53,11 +53,11 @@ const bool silenced = [] {
 
 } // namespace
 
-void Core::SetEngineLogReceiver(void (*receiver)(const std::string& line)) noexcept {
+void Proc::SetEngineLogReceiver(void (*receiver)(const std::string& line)) noexcept {
     lineReceiver = receiver;
 }
 
-void Core::SetEngineLogLevel(LogLevel level) noexcept {
+void Proc::SetEngineLogLevel(LogLevel level) noexcept {
     chosenLevel = level == LogLevel::Quiet     ? AV_LOG_QUIET
                   : level == LogLevel::Warning ? AV_LOG_WARNING
                                                : AV_LOG_VERBOSE;

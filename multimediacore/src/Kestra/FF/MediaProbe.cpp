@@ -15,6 +15,7 @@
 #include "Kestra/FF/ForeignSamples.h"
 #include "Kestra/FF/HdrMetadata.h"
 #include "Kestra/FF/LeftOut.h"
+#include "Kestra/FF/Orientation.h"
 #include "Kestra/FF/PictureRotator.h"
 #include "Kestra/FF/PictureTags.h"
 #include "Kestra/FF/SamplePlacement.h"

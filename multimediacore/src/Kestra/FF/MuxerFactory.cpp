@@ -18,7 +18,7 @@ boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrus
     return new MuxerFF(*container, format, output);
 }
 
-std::shared_ptr<Core::IMuxerFactory> MakeMuxerFactory() {
+std::shared_ptr<Proc::IMuxerFactory> MakeMuxerFactory() {
     return std::make_shared<MuxerFactory>();
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "Kestra/Core/IMuxerFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class MuxerFactory final : public Core::IMuxerFactory {
+class MuxerFactory final : public Proc::IMuxerFactory {
 public:
     boost::intrusive_ptr<Proc::IMuxer> CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
                                                    const boost::intrusive_ptr<Core::IDataOutput>& output) override;
 };
 
-std::shared_ptr<Core::IMuxerFactory> MakeMuxerFactory();
+std::shared_ptr<Proc::IMuxerFactory> MakeMuxerFactory();
 
 } // namespace Kestra::FF

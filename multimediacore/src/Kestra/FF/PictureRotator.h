@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/FilterGraph.h"
-#include "Kestra/FF/TrackShape.h"
+#include "Kestra/FF/Orientation.h"
 #include <optional>
 
 namespace Kestra::FF {

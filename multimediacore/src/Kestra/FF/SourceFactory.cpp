@@ -9,7 +9,7 @@ SourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupte
     return new MediaSource(path, interrupted, limits);
 }
 
-std::shared_ptr<Core::ISourceFactory> MakeSourceFactory() {
+std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory() {
     return std::make_shared<SourceFactory>();
 }
 

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "Kestra/Core/ISourceFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
 #include <memory>
 
 namespace Kestra::FF {
 
-class SourceFactory final : public Core::ISourceFactory {
+class SourceFactory final : public Proc::ISourceFactory {
 public:
     boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
                                                        const std::atomic<bool>* interrupted = nullptr,
                                                        const Proc::MediaLimits& limits = {}) override;
 };
 
-std::shared_ptr<Core::ISourceFactory> MakeSourceFactory();
+std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory();
 
 } // namespace Kestra::FF

@@ -10,6 +10,7 @@
 #include "Kestra/FF/VideoConform.h"
 #include "Kestra/FF/VideoEncoderChoice.h"
 #include "Kestra/FF/VideoRateControl.h"
+#include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -117,7 +118,7 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     stream->PreferFormat(*format);
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
-    Core::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
+    Proc::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
     Proc::SettingsFilterFrameRate settings;
     settings.SetFrameRate(rate);
     const boost::intrusive_ptr<Proc::IStreamVideo> conform =

@@ -6,7 +6,7 @@
 
 namespace Kestra::Proc {
 
-/// Made by Core::ICodecFactory. Holds its source stream; conforms what it is given (size, pixel format, colour,
+/// Made by Proc::ICodecFactory. Holds its source stream; conforms what it is given (size, pixel format, colour,
 /// constant frame rate, sample format and rate) to its codec description. The codec opens in Prepare(), on the reading
 /// thread; Initialize() is possible until then. Reset() rewinds the source stream and forgets the codec.
 class KESTRA_EXPORT IEncoder : public IStreamRaw {

@@ -6,7 +6,7 @@
 
 namespace Kestra::Proc {
 
-/// Made by Core::IMuxerFactory from a format description and a data output, which it holds.
+/// Made by Proc::IMuxerFactory from a format description and a data output, which it holds.
 /// Used by one thread at a time, in the order AddStream*, Open, Write*, then Finish or Abort. Nothing is created on
 /// disk before Open. Every failure throws ProcException; after one only Abort may be called.
 class KESTRA_EXPORT IMuxer : public virtual IRefCountable {

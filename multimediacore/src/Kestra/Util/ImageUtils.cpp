@@ -33,7 +33,7 @@ void writePixels(const QImage& image, std::uint8_t* pixels, std::ptrdiff_t strid
 } // namespace
 
 boost::intrusive_ptr<Proc::IDataVideo> ImageUtils::PixmapToFrame(const QPixmap& pixmap,
-                                                                 Core::IDataVideoFFFactory& factory) {
+                                                                 Proc::IDataVideoFFFactory& factory) {
     if (pixmap.isNull())
         BOOST_THROW_EXCEPTION(std::invalid_argument("A null pixmap cannot become a frame"));
     const QImage image = pixmap.toImage();

@@ -1,7 +1,7 @@
 // Kestra::Util::ImageUtils: Qt's pictures for the engine.
 #pragma once
 
-#include "Kestra/Core/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
 #include "KestraQtExport.h"
 #include <QPixmap>
 
@@ -13,7 +13,7 @@ public:
     /// the pixmap has no alpha. Its device pixel ratio is of no account. On the thread of the user interface. Throws
     /// std::invalid_argument for a null pixmap.
     static boost::intrusive_ptr<Proc::IDataVideo> PixmapToFrame(const QPixmap& pixmap,
-                                                                Core::IDataVideoFFFactory& factory);
+                                                                Proc::IDataVideoFFFactory& factory);
 
     ImageUtils() = delete;
 };

@@ -1,4 +1,4 @@
-#include "Kestra/Proc/StreamOneFrameVideo.h"
+#include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
 
 #include <boost/throw_exception.hpp>
 #include <stdexcept>

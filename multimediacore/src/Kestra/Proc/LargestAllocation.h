@@ -4,11 +4,11 @@
 #include "Kestra/Proc/MediaLimits.h"
 #include "KestraExport.h"
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 /// For the whole process, from any thread: the application decides. Packets, texts and tables of hostile files end at
 /// that size (1 GiB, and more where larger pictures are allowed), as if there were no memory. Nothing is bounded
 /// before the first call.
-KESTRA_EXPORT void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept;
+KESTRA_EXPORT void SetLargestAllocation(const MediaLimits& limits) noexcept;
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

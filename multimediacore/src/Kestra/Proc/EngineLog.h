@@ -4,7 +4,7 @@
 #include "KestraExport.h"
 #include <string>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 enum class LogLevel {
     Quiet,   ///< nothing at all: every error that counts is thrown
@@ -19,4 +19,4 @@ KESTRA_EXPORT void SetEngineLogLevel(LogLevel level) noexcept;
 /// without a line end, on whichever thread writes them.
 KESTRA_EXPORT void SetEngineLogReceiver(void (*receiver)(const std::string& line)) noexcept;
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

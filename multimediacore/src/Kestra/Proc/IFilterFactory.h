@@ -1,4 +1,4 @@
-// Kestra::Core::IFilterFactory: filters over streams.
+// Kestra::Proc::IFilterFactory: filters over streams.
 #pragma once
 
 #include "Kestra/Proc/IConcatenation.h"
@@ -11,45 +11,45 @@
 #include "Kestra/Proc/Settings/SettingsResizer.h"
 #include <string>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 /// Every filter holds its source; null sources throw std::invalid_argument. Filters that may have several
 /// implementations are ordered by the name of one; FilterException (NotSupported) for a name that there is not.
 class KESTRA_EXPORT IFilterFactory {
 public:
-    using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
-    using Audio = boost::intrusive_ptr<Proc::IStreamAudio>;
+    using Video = boost::intrusive_ptr<IStreamVideo>;
+    using Audio = boost::intrusive_ptr<IStreamAudio>;
 
     virtual ~IFilterFactory();
     /// Pictures of any size, shape and pixel format in the frame that the settings give; those that have it already
     /// pass untouched. Keeps the pixel format unless the consumer prefers another.
-    virtual Video CreateResizer(const Video& source, const Proc::SettingsResizer& settings,
-                                const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual Video CreateResizer(const Video& source, const SettingsResizer& settings,
+                                const std::string& implName = ImplNames::DEFAULT) = 0;
     /// A constant frame rate: frame n shows what the source shows at the middle of its period; frame count =
     /// round(duration x rate). Repeated frames share their pixels.
-    virtual Video CreateFrameRate(const Video& source, const Proc::SettingsFilterFrameRate& settings,
-                                  const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual Video CreateFrameRate(const Video& source, const SettingsFilterFrameRate& settings,
+                                  const std::string& implName = ImplNames::DEFAULT) = 0;
     /// The rate that the consumer prefers, with frames that begin at time 0 and fill the source's duration. Where it
     /// prefers none, pictures pass as they are, each with a duration that reaches to the next one; only a source that
     /// has no rate either, such as a still picture, then comes at 25 a second.
-    virtual Video CreateFrameRate(const Video& source, const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual Video CreateFrameRate(const Video& source, const std::string& implName = ImplNames::DEFAULT) = 0;
     /// Effects on pictures; none until some are added.
-    virtual boost::intrusive_ptr<Proc::IEffectHost>
-    CreateEffectHost(const Video& source, const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual boost::intrusive_ptr<IEffectHost> CreateEffectHost(const Video& source,
+                                                               const std::string& implName = ImplNames::DEFAULT) = 0;
     /// Reads `source` on a thread of its own, up to `frames` ahead.
     virtual Video CreateReadAhead(const Video& source, int frames) = 0;
     /// Streams one after the other.
-    virtual boost::intrusive_ptr<Proc::IConcatenation>
-    CreateConcatenation(const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual boost::intrusive_ptr<IConcatenation>
+    CreateConcatenation(const std::string& implName = ImplNames::DEFAULT) = 0;
     /// Another sample format, rate or channel layout; sample-exact: round(duration x rate) samples in all. What the
     /// target leaves open stays.
     virtual Audio CreateResampler(const Audio& source, const Conf::SampleInfo& target) = 0;
-    virtual Audio CreateDurationTrimmer(const Audio& source, const Proc::SettingsFilterDurationTrimmer& settings,
-                                        const std::string& implName = Proc::ImplNames::DEFAULT) = 0;
+    virtual Audio CreateDurationTrimmer(const Audio& source, const SettingsFilterDurationTrimmer& settings,
+                                        const std::string& implName = ImplNames::DEFAULT) = 0;
     virtual Audio CreateReadAhead(const Audio& source, int blocks) = 0;
     /// `duration` of black in the format's frame, rate and colour.
     virtual Video CreateBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format, std::int64_t duration) = 0;
     virtual Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format, std::int64_t duration) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

@@ -4,7 +4,7 @@
 #include "Kestra/Proc/MediaLimits.h"
 #include <atomic>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 class KESTRA_EXPORT ISourceFactory {
 public:
@@ -14,9 +14,8 @@ public:
     /// SourceUnreadable, when `interrupted` turns true: any thread or signal handler may set it. It is borrowed for
     /// the call; null for an opening that is never interrupted. What the file claims beyond `limits`, here or while it
     /// is read, makes it unreadable.
-    virtual boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
-                                                               const std::atomic<bool>* interrupted = nullptr,
-                                                               const Proc::MediaLimits& limits = {}) = 0;
+    virtual boost::intrusive_ptr<IMediaSource>
+    OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted = nullptr, const MediaLimits& limits = {}) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

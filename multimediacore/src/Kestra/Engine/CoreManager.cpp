@@ -11,12 +11,12 @@
 namespace Kestra::Core {
 
 struct CoreManager::Factories {
-    std::shared_ptr<IMuxerFactory> muxer = FF::MakeMuxerFactory();
-    std::shared_ptr<ICodecFactory> codec = FF::MakeCodecFactory();
-    std::shared_ptr<IFilterFactory> filter = FF::MakeFilterFactory();
-    std::shared_ptr<ISourceFactory> source = FF::MakeSourceFactory();
-    std::shared_ptr<IEffectFactory> effect = FF::MakeEffectFactory();
-    std::shared_ptr<IDataVideoFFFactory> dataVideo = FF::MakeDataVideoFFFactory();
+    std::shared_ptr<Proc::IMuxerFactory> muxer = FF::MakeMuxerFactory();
+    std::shared_ptr<Proc::ICodecFactory> codec = FF::MakeCodecFactory();
+    std::shared_ptr<Proc::IFilterFactory> filter = FF::MakeFilterFactory();
+    std::shared_ptr<Proc::ISourceFactory> source = FF::MakeSourceFactory();
+    std::shared_ptr<Proc::IEffectFactory> effect = FF::MakeEffectFactory();
+    std::shared_ptr<Proc::IDataVideoFFFactory> dataVideo = FF::MakeDataVideoFFFactory();
 };
 
 CoreManager::CoreManager()
@@ -30,46 +30,46 @@ CoreManager& CoreManager::Instance() {
     return *instance;
 }
 
-IMuxerFactory& CoreManager::GetMuxerFactory() {
+Proc::IMuxerFactory& CoreManager::GetMuxerFactory() {
     return *factories->muxer;
 }
-ICodecFactory& CoreManager::GetCodecFactory() {
+Proc::ICodecFactory& CoreManager::GetCodecFactory() {
     return *factories->codec;
 }
-IFilterFactory& CoreManager::GetFilterFactory() {
+Proc::IFilterFactory& CoreManager::GetFilterFactory() {
     return *factories->filter;
 }
-ISourceFactory& CoreManager::GetSourceFactory() {
+Proc::ISourceFactory& CoreManager::GetSourceFactory() {
     return *factories->source;
 }
-IEffectFactory& CoreManager::GetEffectFactory() {
+Proc::IEffectFactory& CoreManager::GetEffectFactory() {
     return *factories->effect;
 }
-IDataVideoFFFactory& CoreManager::GetDataVideoFFFactory() {
+Proc::IDataVideoFFFactory& CoreManager::GetDataVideoFFFactory() {
     return *factories->dataVideo;
 }
 
-void CoreManager::SetMuxerFactory(std::shared_ptr<IMuxerFactory> factory) {
+void CoreManager::SetMuxerFactory(std::shared_ptr<Proc::IMuxerFactory> factory) {
     factories->muxer = factory ? std::move(factory) : FF::MakeMuxerFactory();
 }
 
-void CoreManager::SetCodecFactory(std::shared_ptr<ICodecFactory> factory) {
+void CoreManager::SetCodecFactory(std::shared_ptr<Proc::ICodecFactory> factory) {
     factories->codec = factory ? std::move(factory) : FF::MakeCodecFactory();
 }
 
-void CoreManager::SetFilterFactory(std::shared_ptr<IFilterFactory> factory) {
+void CoreManager::SetFilterFactory(std::shared_ptr<Proc::IFilterFactory> factory) {
     factories->filter = factory ? std::move(factory) : FF::MakeFilterFactory();
 }
 
-void CoreManager::SetSourceFactory(std::shared_ptr<ISourceFactory> factory) {
+void CoreManager::SetSourceFactory(std::shared_ptr<Proc::ISourceFactory> factory) {
     factories->source = factory ? std::move(factory) : FF::MakeSourceFactory();
 }
 
-void CoreManager::SetEffectFactory(std::shared_ptr<IEffectFactory> factory) {
+void CoreManager::SetEffectFactory(std::shared_ptr<Proc::IEffectFactory> factory) {
     factories->effect = factory ? std::move(factory) : FF::MakeEffectFactory();
 }
 
-void CoreManager::SetDataVideoFFFactory(std::shared_ptr<IDataVideoFFFactory> factory) {
+void CoreManager::SetDataVideoFFFactory(std::shared_ptr<Proc::IDataVideoFFFactory> factory) {
     factories->dataVideo = factory ? std::move(factory) : FF::MakeDataVideoFFFactory();
 }
 

@@ -1,11 +1,11 @@
-// Kestra::Core::IDataVideoFFFactory: pictures from pixels that lie elsewhere.
+// Kestra::Proc::IDataVideoFFFactory: pictures from pixels that lie elsewhere.
 #pragma once
 
 #include "Kestra/Proc/IDataVideo.h"
 #include <cstddef>
 #include <functional>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 class KESTRA_EXPORT IDataVideoFFFactory {
 public:
@@ -15,8 +15,8 @@ public:
     virtual ~IDataVideoFFFactory();
     /// A picture at time 0 that lasts for no time yet, its pixels written by `write` within the call. Throws
     /// std::invalid_argument for a format of more than one plane or without pixels, or a frame without them.
-    virtual boost::intrusive_ptr<Proc::IDataVideo> CreateDataVideo(const Conf::FrameInfo& frame,
-                                                                   Conf::PixelFormat format, const Writer& write) = 0;
+    virtual boost::intrusive_ptr<IDataVideo> CreateDataVideo(const Conf::FrameInfo& frame, Conf::PixelFormat format,
+                                                             const Writer& write) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

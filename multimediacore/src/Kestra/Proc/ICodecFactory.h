@@ -5,7 +5,7 @@
 #include "Kestra/Proc/IStreamAudio.h"
 #include "Kestra/Proc/IStreamVideo.h"
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 /// `properties` is an encoder description tree (Conf::IFormatCodec's tags). What it leaves open is taken from the
 /// stream. The codec itself opens later, in the encoder's Prepare. Throws ProcException (CodecNotFound) for an unknown
@@ -13,10 +13,10 @@ namespace Kestra::Core {
 class KESTRA_EXPORT ICodecFactory {
 public:
     virtual ~ICodecFactory();
-    virtual boost::intrusive_ptr<Proc::IEncoder>
-    CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream, const Property& properties) = 0;
-    virtual boost::intrusive_ptr<Proc::IEncoder>
-    CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Property& properties) = 0;
+    virtual boost::intrusive_ptr<IEncoder> CreateVideoEncoder(const boost::intrusive_ptr<IStreamVideo>& stream,
+                                                              const Core::Property& properties) = 0;
+    virtual boost::intrusive_ptr<IEncoder> CreateAudioEncoder(const boost::intrusive_ptr<IStreamAudio>& stream,
+                                                              const Core::Property& properties) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

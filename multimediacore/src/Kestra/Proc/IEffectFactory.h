@@ -1,4 +1,4 @@
-// Kestra::Core::IEffectFactory: effects, to be added to a host.
+// Kestra::Proc::IEffectFactory: effects, to be added to a host.
 #pragma once
 
 #include "Kestra/Proc/IEffectVideo.h"
@@ -8,20 +8,20 @@
 #include "Kestra/Proc/TimeToProgress.h"
 #include <string>
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 /// FilterException (NotSupported) for an implementation or a class that there is not.
 class KESTRA_EXPORT IEffectFactory {
 public:
-    using Effect = boost::intrusive_ptr<Proc::IEffectVideo>;
+    using Effect = boost::intrusive_ptr<IEffectVideo>;
 
     virtual ~IEffectFactory();
     /// Throws std::invalid_argument for a pixel format that is none (Unknown, Other).
-    virtual Effect CreateColorspaceConverter(const Proc::SettingsColorspaceConverter& settings,
+    virtual Effect CreateColorspaceConverter(const SettingsColorspaceConverter& settings,
                                              const std::string& implName) = 0;
     /// The effect whose settings have that class id, driven by the progress over the time of its host's stream.
-    virtual Effect CreateEffect(const std::string& settingsClassId, const Proc::TimeToProgress& progress,
+    virtual Effect CreateEffect(const std::string& settingsClassId, const TimeToProgress& progress,
                                 const std::string& implName) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

@@ -4,14 +4,14 @@
 #include "Kestra/Core/IDataOutput.h"
 #include "Kestra/Proc/IMuxer.h"
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 class KESTRA_EXPORT IMuxerFactory {
 public:
     virtual ~IMuxerFactory();
     /// Throws ProcException (MuxerRefused) for a container that it does not know.
-    virtual boost::intrusive_ptr<Proc::IMuxer> CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
-                                                           const boost::intrusive_ptr<IDataOutput>& output) = 0;
+    virtual boost::intrusive_ptr<IMuxer> CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
+                                                     const boost::intrusive_ptr<Core::IDataOutput>& output) = 0;
 };
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc

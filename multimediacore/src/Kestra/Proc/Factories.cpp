@@ -1,12 +1,12 @@
 // The factory interfaces' destructors: their tables of functions live in this library.
-#include "Kestra/Core/ICodecFactory.h"
-#include "Kestra/Core/IDataVideoFFFactory.h"
-#include "Kestra/Core/IEffectFactory.h"
-#include "Kestra/Core/IFilterFactory.h"
-#include "Kestra/Core/IMuxerFactory.h"
-#include "Kestra/Core/ISourceFactory.h"
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/IMuxerFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
 
-namespace Kestra::Core {
+namespace Kestra::Proc {
 
 ICodecFactory::~ICodecFactory() = default;
 IDataVideoFFFactory::~IDataVideoFFFactory() = default;
@@ -15,4 +15,4 @@ IFilterFactory::~IFilterFactory() = default;
 IMuxerFactory::~IMuxerFactory() = default;
 ISourceFactory::~ISourceFactory() = default;
 
-} // namespace Kestra::Core
+} // namespace Kestra::Proc
