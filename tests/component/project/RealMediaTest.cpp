@@ -2,8 +2,8 @@
 #include "EditorProject/SequenceVideo.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataAudioFF.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataAudioFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "support/FlashBeep.h"
 #include <chrono>

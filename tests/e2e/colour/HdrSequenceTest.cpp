@@ -1,5 +1,5 @@
 // What exports tell of light, and what they say of metadata that they cannot carry over.
-#include "Kestra/FF/HdrMetadata.h"
+#include "Kestra/FF/Picture/HdrMetadata.h"
 #include "e2e/sync/Exported.h"
 #include "fakes/streams/DecodedFile.h"
 #include "support/FlashBeep.h"

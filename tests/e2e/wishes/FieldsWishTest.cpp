@@ -1,7 +1,7 @@
 // Presets that keep fields: refused for codecs without, else the file holds them.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "WishFixture.h"
 #include "unit/source/WovenMedia.h"

@@ -1,7 +1,7 @@
 // Fakes::DecodedFile: a media file as a player shows it.
 #pragma once
 
-#include "Kestra/FF/Handles.h"
+#include "Kestra/FF/Av/Handles.h"
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // Fakes::SyntheticAudio: a working audio stream whose samples a function gives.
 #pragma once
 
-#include "Kestra/FF/DataAudioFF.h"
+#include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/Proc/IStreamAudio.h"
 #include <atomic>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "fakes/streams/SyntheticVideo.h"
 
-#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/Av/Convert.h"
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>

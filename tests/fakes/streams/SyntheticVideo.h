@@ -1,7 +1,7 @@
 // Fakes::SyntheticVideo: a working video stream whose pictures a function paints.
 #pragma once
 
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IStreamVideo.h"
 #include <atomic>
 #include <boost/rational.hpp>

@@ -2,7 +2,7 @@
 #include "Branding/BrandingController.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/Filters/FiltersSpecial/FrameStretch.h"
 #include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
 #include "Kestra/Proc/IDataVideoFFFactory.h"

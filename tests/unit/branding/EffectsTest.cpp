@@ -1,8 +1,8 @@
 // The engine's pieces of which an outro is made, each by itself.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataVideoFF.h"
-#include "Kestra/FF/FramePool.h"
+#include "Kestra/FF/Av/FramePool.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
 #include "Kestra/Proc/IDataVideoFFFactory.h"
 #include "Kestra/Proc/IEffectFactory.h"

@@ -1,7 +1,7 @@
 #include "Kestra/Util/ImageUtils.h"
 
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IDataVideoFFFactory.h"
 #include <QBitmap>
 #include <QImage>

@@ -1,5 +1,5 @@
 // What pictures of high dynamic range tell of the display that they were graded on.
-#include "Kestra/FF/HdrMetadata.h"
+#include "Kestra/FF/Picture/HdrMetadata.h"
 #include "unit/encode/EncodeFixture.h"
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // Pictures of one colour in another, held against the standards' formulas.
-#include "Kestra/FF/HdrMetadata.h"
-#include "Kestra/FF/PictureConverter.h"
+#include "Kestra/FF/Picture/HdrMetadata.h"
+#include "Kestra/FF/Picture/PictureConverter.h"
 #include "unit/filters/ColourReference.h"
 #include <cmath>
 #include <gtest/gtest.h>

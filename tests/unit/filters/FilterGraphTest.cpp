@@ -1,7 +1,7 @@
 // Chains of libavfilter: frames by reference, times, what is held back, changes of what comes in.
-#include "Kestra/FF/FilterGraph.h"
+#include "Kestra/FF/Av/FilterGraph.h"
 #include "Kestra/Base/Time.h"
-#include "Kestra/FF/FramePool.h"
+#include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 #include <gtest/gtest.h>

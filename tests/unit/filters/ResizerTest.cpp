@@ -1,8 +1,8 @@
 // Filters over pixels: the resizer, its converter, and black.
-#include "Kestra/FF/Resizer.h"
+#include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <cmath>

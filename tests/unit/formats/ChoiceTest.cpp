@@ -1,7 +1,7 @@
 // What an encoder is given when nobody says which pixel format it is to have.
 #include "Kestra/Conf/PixelLoss.h"
-#include "Kestra/FF/Convert.h"
-#include "Kestra/FF/VideoEncoderChoice.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Encode/VideoEncoderChoice.h"
 #include "Kestra/Proc/ProcException.h"
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The engine's tables of formats against the library's: each holds what the other does.
-#include "Kestra/FF/Convert.h"
+#include "Kestra/FF/Av/Convert.h"
 #include <gtest/gtest.h>
 #include <set>
 

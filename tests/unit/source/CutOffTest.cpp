@@ -1,6 +1,6 @@
 // Files that end before their container does.
-#include "Kestra/FF/ContainerEnd.h"
-#include "Kestra/FF/FileBytes.h"
+#include "Kestra/FF/Demux/ContainerEnd.h"
+#include "Kestra/FF/Demux/FileBytes.h"
 #include "unit/source/SourceFixture.h"
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "Kestra/Base/Time.h"
-#include "Kestra/FF/SoundDrift.h"
-#include "Kestra/FF/SoundLevels.h"
+#include "Kestra/FF/Decode/SoundDrift.h"
+#include "Kestra/FF/Probe/SoundLevels.h"
 #include <gtest/gtest.h>
 #include <random>
 

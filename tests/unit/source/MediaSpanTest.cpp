@@ -1,7 +1,7 @@
 // Where a clip begins and ends when its tracks do not begin and end together.
-#include "Kestra/FF/MediaSpan.h"
+#include "Kestra/FF/Probe/MediaSpan.h"
 #include "Kestra/Base/Time.h"
-#include "Kestra/FF/ChunkStart.h"
+#include "Kestra/FF/Probe/ChunkStart.h"
 #include <gtest/gtest.h>
 
 namespace Kestra::FF {

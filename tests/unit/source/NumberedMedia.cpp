@@ -1,8 +1,8 @@
 #include "unit/source/NumberedMedia.h"
 
 #include "Kestra/Base/Time.h"
-#include "Kestra/FF/DataAudioFF.h"
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataAudioFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include <gtest/gtest.h>
 
 extern "C" {

@@ -1,5 +1,5 @@
 // What opening a file finds out once, and what decoding alone can tell of its beginning.
-#include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/Demux/Demuxer.h"
 #include "unit/source/SourceFixture.h"
 #include <cstdio>
 #include <tuple>

@@ -1,5 +1,5 @@
 // What is refused, and in which words.
-#include "Kestra/FF/Demuxer.h"
+#include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "unit/source/SourceFixture.h"

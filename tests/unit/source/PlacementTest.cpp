@@ -1,4 +1,4 @@
-#include "Kestra/FF/SamplePlacement.h"
+#include "Kestra/FF/Decode/SamplePlacement.h"
 #include <gtest/gtest.h>
 
 namespace Kestra::FF {

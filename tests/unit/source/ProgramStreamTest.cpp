@@ -1,6 +1,6 @@
 // Program streams of pictures so small that several begin in one pack, which has one time for all of them.
-#include "Kestra/FF/AnchorTimes.h"
-#include "Kestra/FF/OrderTimes.h"
+#include "Kestra/FF/Demux/AnchorTimes.h"
+#include "Kestra/FF/Demux/OrderTimes.h"
 #include "unit/source/SourceFixture.h"
 
 namespace TestMedia {

@@ -1,5 +1,5 @@
 // Which rate is chosen for pictures that come at these times.
-#include "Kestra/FF/RateChooser.h"
+#include "Kestra/FF/Probe/RateChooser.h"
 #include "Kestra/Base/Time.h"
 #include <cmath>
 #include <gtest/gtest.h>

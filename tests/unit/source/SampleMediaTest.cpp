@@ -1,5 +1,5 @@
 // Real files with real oddities, where they are at hand: EDITOR_EXPORT_SAMPLE_MEDIA, or ../shared/media.
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include "unit/source/SourceFixture.h"
 #include <cmath>
 #include <cstdlib>

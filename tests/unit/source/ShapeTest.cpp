@@ -1,6 +1,6 @@
 // Orientation: the numbers, and pictures that come out upright.
-#include "Kestra/FF/DataVideoFF.h"
-#include "Kestra/FF/Orientation.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
+#include "Kestra/FF/Picture/Orientation.h"
 #include "unit/source/SourceFixture.h"
 
 extern "C" {

@@ -1,6 +1,6 @@
 #include "unit/source/WovenMedia.h"
 
-#include "Kestra/FF/DataVideoFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
 #include <cmath>
 
 extern "C" {

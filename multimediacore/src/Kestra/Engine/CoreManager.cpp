@@ -1,11 +1,11 @@
 #include "Kestra/Core/CoreManager.h"
 
-#include "Kestra/FF/CodecFactory.h"
-#include "Kestra/FF/DataVideoFFFactory.h"
-#include "Kestra/FF/EffectFactory.h"
-#include "Kestra/FF/FilterFactory.h"
-#include "Kestra/FF/MuxerFactory.h"
-#include "Kestra/FF/SourceFactory.h"
+#include "Kestra/FF/Data/DataVideoFFFactory.h"
+#include "Kestra/FF/Encode/CodecFactory.h"
+#include "Kestra/FF/Filter/EffectFactory.h"
+#include "Kestra/FF/Filter/FilterFactory.h"
+#include "Kestra/FF/Mux/MuxerFactory.h"
+#include "Kestra/FF/Source/SourceFactory.h"
 #include <utility>
 
 namespace Kestra::Core {

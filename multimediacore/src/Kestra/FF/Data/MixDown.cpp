@@ -1,0 +1,35 @@
+#include "Kestra/FF/Data/MixDown.h"
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+namespace Kestra::FF {
+
+// Without its automatic gain, nothing but peaks changes: look-ahead and release in milliseconds.
+std::string MixLimiter(AVSampleFormat format) {
+    return std::string("alimiter=limit=1:level=0:latency=1:attack=5:release=50,aformat=sample_fmts=") +
+           av_get_sample_fmt_name(format);
+}
+
+double LoudestMix(const AVChannelLayout& from, const AVChannelLayout& to) {
+    const auto inputs = static_cast<std::size_t>(from.nb_channels);
+    const auto outputs = static_cast<std::size_t>(to.nb_channels);
+    std::vector<double> matrix(inputs * outputs);
+    if (av_channel_layout_compare(&from, &to) == 0 ||
+        swr_build_matrix2(&from, &to, M_SQRT1_2, M_SQRT1_2, 0, INT_MAX, 1, matrix.data(), from.nb_channels,
+                          AV_MATRIX_ENCODING_NONE, nullptr) < 0)
+        return 1;
+    double loudest = 0;
+    for (std::size_t output = 0; output < outputs; ++output) {
+        double sum = 0;
+        for (std::size_t input = 0; input < inputs; ++input)
+            sum += std::abs(matrix[output * inputs + input]);
+        loudest = std::max(loudest, sum);
+    }
+    return loudest;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,148 @@
+#include "Kestra/Proc/FileCheck.h"
+
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Demux/Demuxer.h"
+#include <algorithm>
+#include <boost/exception/get_error_info.hpp>
+#include <iterator>
+#include <optional>
+#include <sys/stat.h>
+#include <utility>
+
+namespace Kestra::FF {
+namespace {
+
+using Proc::CheckedFile;
+using Proc::CheckedStream;
+using Proc::TranscodingError;
+
+/// A file that was written here may claim what it holds: nothing is decoded, and its pictures were in memory already.
+Proc::MediaLimits OwnFile() {
+    Proc::MediaLimits limits;
+    limits.pictureBytes = std::int64_t{1} << 40;
+    return limits;
+}
+
+CheckedStream Describe(const AVStream& stream) {
+    const AVCodecParameters& parameters = *stream.codecpar;
+    CheckedStream result;
+    result.codec = avcodec_get_name(parameters.codec_id);
+    if (parameters.codec_type == AVMEDIA_TYPE_VIDEO) {
+        result.kind = CheckedStream::Kind::Video;
+        result.frame = MakeFrameInfo(parameters.width, parameters.height, parameters.sample_aspect_ratio);
+        result.colour = {parameters.color_primaries, parameters.color_trc, parameters.color_space,
+                         parameters.color_range};
+    } else if (parameters.codec_type == AVMEDIA_TYPE_AUDIO) {
+        result.kind = CheckedStream::Kind::Audio;
+        result.sampleRate = parameters.sample_rate;
+        result.channels = parameters.ch_layout.nb_channels;
+    }
+    return result;
+}
+
+/// Samples to leave out at the packet's start and end.
+std::pair<std::int64_t, std::int64_t> TrimOf(const AVPacket& packet) {
+    std::size_t size = 0;
+    const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
+    if (!data || size < 8)
+        return {0, 0};
+    const auto read = [data](int at) {
+        return std::int64_t(data[at]) | std::int64_t(data[at + 1]) << 8 | std::int64_t(data[at + 2]) << 16 |
+               std::int64_t(data[at + 3]) << 24;
+    };
+    return {read(0), read(4)};
+}
+
+/// Counts the packets of one stream.
+class Tally {
+public:
+    explicit Tally(const AVStream& stream)
+        : stream(stream)
+        , result(Describe(stream)) {}
+
+    void Take(const AVPacket& packet) {
+        const std::int64_t duration = ToEngineTime(packet.duration, stream.time_base);
+        const bool isAudio = result.kind == CheckedStream::Kind::Audio;
+        const auto [head, tail] = isAudio ? TrimOf(packet) : std::pair<std::int64_t, std::int64_t>{0, 0};
+        if (packet.flags & AV_PKT_FLAG_DISCARD)
+            return;
+        ++result.packets;
+        const std::int64_t timestamp = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+        if (timestamp == AV_NOPTS_VALUE)
+            return;
+        const std::int64_t time = ToEngineTime(timestamp, stream.time_base);
+        const int rate = std::max(result.sampleRate, 1);
+        start = std::min(start.value_or(INT64_MAX), time + (isAudio ? SamplesToTime(head, rate) : 0));
+        result.end = std::max(result.end, time + duration - (isAudio ? SamplesToTime(tail, rate) : 0));
+    }
+
+    CheckedStream Finish() {
+        result.start = start.value_or(0);
+        return result;
+    }
+
+private:
+    const AVStream& stream;
+    CheckedStream result;
+    std::optional<std::int64_t> start;
+};
+
+void RequireWhole(const AVPacket& packet, const ioPath& path) {
+    if (packet.flags & AV_PKT_FLAG_CORRUPT)
+        Fail(TranscodingError::OutputFailed, "The finished file \"" + path.ToUtf8() + "\" holds a damaged packet");
+}
+
+/// In a finished file nothing comes as a surprise, so trouble of any kind is a fault of the file.
+[[noreturn]] void RethrowAsOutput(const Proc::ProcException& error, SourcePlace place = SourcePlace::Here()) {
+    Fail(TranscodingError::OutputFailed, std::string("The finished file cannot be read: ") + error.what(), place);
+}
+
+std::vector<CheckedStream> ReadAll(Demuxer& demuxer) {
+    AVFormatContext& context = demuxer.GetContext();
+    std::vector<Tally> tallies;
+    for (unsigned index = 0; index < context.nb_streams; ++index)
+        tallies.emplace_back(*context.streams[index]);
+    const PacketHandle packet = MakePacket();
+    while (demuxer.Read(*packet)) {
+        RequireWhole(*packet, demuxer.GetPath());
+        const auto index = static_cast<std::size_t>(packet->stream_index);
+        if (index >= tallies.size())
+            Fail(TranscodingError::OutputFailed, "The finished file has a stream that its head does not tell of");
+        tallies[index].Take(*packet);
+    }
+    if (!demuxer.GetTrouble().empty())
+        Fail(TranscodingError::OutputFailed, "The finished file cannot be read to its end: " + demuxer.GetTrouble());
+    std::vector<CheckedStream> streams;
+    std::transform(tallies.begin(), tallies.end(), std::back_inserter(streams),
+                   [](Tally& tally) { return tally.Finish(); });
+    return streams;
+}
+
+} // namespace
+} // namespace Kestra::FF
+
+namespace Kestra::Proc {
+
+CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) {
+    try {
+        FF::Demuxer demuxer(path, interrupted, FF::OwnFile());
+        CheckedFile file;
+        file.container = demuxer.GetFormatName();
+        const AVFormatContext& context = demuxer.GetContext();
+        if (context.duration != AV_NOPTS_VALUE)
+            file.duration = FF::ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
+        file.streams = FF::ReadAll(demuxer);
+        struct stat state = {};
+        if (stat(path.ToUtf8().c_str(), &state) == 0)
+            file.size = state.st_size;
+        return file;
+    } catch (const ProcException& error) {
+        const int* code = boost::get_error_info<TagErrorCode>(error);
+        if (code && *code == static_cast<int>(TranscodingError::OutputFailed))
+            throw;
+        FF::RethrowAsOutput(error);
+    }
+}
+
+} // namespace Kestra::Proc

@@ -1,0 +1,242 @@
+#include "Kestra/FF/Encode/AudioEncoderCore.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/FF/Av/AudioSettling.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Data/CodecParametersFF.h"
+#include "Kestra/FF/Data/DataAudioFF.h"
+#include "Kestra/FF/Data/DataRawFF.h"
+#include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodecAudio;
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr int READ_AHEAD = 8;
+/// Samples a packet for codecs that take any number.
+constexpr int FREE_FRAME_SIZE = 2048;
+constexpr int DEEP_BITS = 24;
+constexpr int LEAST_MP3_PACKETS = 2;
+
+boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
+    auto description = IFormatCodecAudio::Create();
+    description->SetProperty(tree);
+    return description;
+}
+
+} // namespace
+
+AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
+                                   const Core::Property& description)
+    : EncoderCore(description)
+    , stream(stream)
+    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {}
+
+boost::intrusive_ptr<IFormatCodecAudio> AudioEncoderCore::MakeDescription() const {
+    return DescriptionOf(EncoderCore::GetDescription());
+}
+
+std::string AudioEncoderCore::Describe() const {
+    return std::string(codec->name) + " on " + stream->Describe();
+}
+
+void AudioEncoderCore::AlignTo(std::int64_t start, std::int64_t end) {
+    if (IsPrepared())
+        Fail(TranscodingError::NotSupported, Describe() + " runs already and cannot be aligned any more");
+    alignStart = start;
+    alignEnd = end;
+}
+
+std::int64_t AudioEncoderCore::GetDuration() const {
+    const std::int64_t duration = stream->GetDuration();
+    if (!IsPrepared() || duration == TIME_UNKNOWN)
+        return duration;
+    return SamplesToTime(TimeToSamples(duration, samples.rate), samples.rate);
+}
+
+std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
+    const auto description = MakeDescription();
+    BuildChain(*description);
+    const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
+    auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec->name);
+    const AVCodecContext& context = opened->GetContext();
+    if (codec->id == AV_CODEC_ID_VORBIS)
+        vorbis.reset(Allocated(av_vorbis_parse_init(context.extradata, context.extradata_size)));
+    ChooseWindow(context);
+    SkipToFirst();
+    chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
+    return opened;
+}
+
+void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
+    stream->Prepare();
+    boost::intrusive_ptr<IFormatCodecAudio> format;
+    stream->GetAudioFormat(format);
+    codec = &EncoderForSamples(*codec, description, *format);
+    samples = ChooseSamples(description, *format, *codec);
+    format->SetSampleRate(samples.rate);
+    format->SetChannelLayout(samples.layout);
+    format->SetSampleFormat(FromAv(samples.format));
+    format->SetSampleBits(samples.bits);
+    Core::Property preferred = format->GetProperty();
+    preferred.SetChild(IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED, description.GetChannelLayout() != 0);
+    format->SetProperty(preferred);
+    stream->PreferFormat(*format);
+    Conf::SampleInfo target;
+    target.Init(FromAv(samples.format), samples.rate, samples.layout);
+    chain = Core::CoreManager::Instance().GetFilterFactory().CreateResampler(stream, target);
+    chain->Prepare();
+}
+
+// Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins
+// at the cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
+std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
+    if (codec->id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
+        return 0;
+    CodecParametersHandle parameters = MakeCodecParameters();
+    Check(avcodec_parameters_from_context(parameters.get(), &context), TranscodingError::EncodeFailed,
+          "The encoder's parameters");
+    return (SettlingSamples(*parameters) + context.frame_size - 1) / context.frame_size * context.frame_size;
+}
+
+// Nothing is encoded that a cut would throw away: a short range of a long project costs what the range costs.
+void AudioEncoderCore::ChooseWindow(const AVCodecContext& context) {
+    const std::int64_t duration = stream->GetDuration();
+    const std::int64_t whole = duration == TIME_UNKNOWN ? INT64_MAX : TimeToSamples(duration, samples.rate);
+    const bool cut = alignEnd != INT64_MAX;
+    const std::int64_t around = cut ? Surroundings(context) : 0;
+    const std::int64_t start = std::min(TimeToSamples(alignStart, samples.rate), whole);
+    const std::int64_t ahead =
+        context.frame_size > 0 ? std::min(around, start / context.frame_size * context.frame_size) : 0;
+    firstSample = start - ahead;
+    if (!cut)
+        total = whole == INT64_MAX ? -1 : whole;
+    else
+        total = std::min(ahead + TimeToSamples(alignEnd - alignStart, samples.rate) + around, whole - firstSample);
+}
+
+void AudioEncoderCore::SkipToFirst() {
+    if (firstSample == 0)
+        return;
+    if (chain->IsSeekable())
+        return chain->Seek(SamplesToTime(firstSample, samples.rate), Proc::SeekMode::Exact);
+    std::int64_t ahead = firstSample;
+    while (ahead > 0) {
+        const auto block = chain->ReadAudio();
+        if (!block)
+            return;
+        const std::int64_t count = block->GetSampleCount();
+        if (count > ahead)
+            queue.Push(MakeFrameReference(FrameOf(*block->Slice(ahead, count - ahead))));
+        ahead -= std::min(ahead, count);
+    }
+}
+
+CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& description, const OptionList& options) const {
+    CodecContextHandle context = MakeCodecContext(codec);
+    context->sample_fmt = samples.format;
+    context->sample_rate = samples.rate;
+    const AVChannelLayout layout = ToAvLayout(samples.layout);
+    Check(av_channel_layout_copy(&context->ch_layout, &layout), TranscodingError::CodecRefused, "channel layout");
+    context->time_base = {1, samples.rate};
+    context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    if (av_get_packed_sample_fmt(samples.format) == AV_SAMPLE_FMT_S32 &&
+        (codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC))
+        context->bits_per_raw_sample = DEEP_BITS;
+    SetAudioRateControl(*context, description);
+    options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
+    return context;
+}
+
+int AudioEncoderCore::FrameSize() const {
+    return GetContext().frame_size > 0 ? GetContext().frame_size : FREE_FRAME_SIZE;
+}
+
+bool AudioEncoderCore::ReadOn() {
+    const auto block = sourceEnded ? nullptr : chain->ReadAudio();
+    sourceEnded = !block;
+    if (block)
+        queue.Push(MakeFrameReference(FrameOf(*block)));
+    return !sourceEnded;
+}
+
+FrameHandle AudioEncoderCore::NextFrame() {
+    const std::int64_t left = total >= 0 ? total - sent : INT64_MAX;
+    const std::int64_t wanted = std::min<std::int64_t>(left, FrameSize());
+    while (queue.GetCount() < wanted && ReadOn())
+        ;
+    const std::int64_t count = total >= 0 ? wanted : std::min(wanted, queue.GetCount());
+    if (count == 0)
+        return nullptr;
+    const AVChannelLayout layout = ToAvLayout(samples.layout);
+    FrameHandle frame = queue.GetCount() > 0
+                            ? queue.Take(static_cast<int>(count))
+                            : MakeSamples(samples.format, samples.rate, layout, static_cast<int>(count));
+    frame->pts = sent;
+    sent += count;
+    return frame;
+}
+
+// What a decoder makes of this packet. Encoders of fixed frames give the last one only what was asked of it.
+std::int64_t AudioEncoderCore::DecodedLength(const AVPacket& packet) {
+    if (packet.size == 0)
+        return 0;
+    if (vorbis)
+        return std::max(av_vorbis_parse_frame(vorbis.get(), packet.data, packet.size), 0);
+    const int frameSize = GetContext().frame_size;
+    return frameSize == 0 || codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC ? packet.duration
+                                                                                            : frameSize;
+}
+
+boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packet) {
+    if (packet->pts == AV_NOPTS_VALUE)
+        packet->pts = sent;
+    const std::int64_t length = DecodedLength(*packet);
+    const std::int64_t end = packet->pts + length;
+    const bool complete = sourceEnded || sent == total;
+    // A file with a single packet of MP3 is not taken for one by its readers.
+    const bool wanted = codec->id == AV_CODEC_ID_MP3 && packets < LEAST_MP3_PACKETS;
+    if (complete && packet->size > 0 && packet->pts >= sent && !wanted)
+        return nullptr;
+    ++packets;
+    const std::int64_t over = complete && packet->size > 0 ? std::max<std::int64_t>(end - sent, 0) : 0;
+    packet->duration = length;
+    packet->pts += firstSample;
+    packet->dts = packet->pts;
+    auto result = boost::intrusive_ptr<Proc::IDataRaw>(new DataRawFF(std::move(packet), {1, samples.rate}));
+    result->SetTrim(0, SamplesToTime(over, samples.rate));
+    position = std::max(position, result->GetTime() + result->GetDuration() - result->GetTrimEnd());
+    return result;
+}
+
+void AudioEncoderCore::ResetSource() {
+    chain.reset();
+    queue.Clear();
+    stream->Reset();
+    sent = 0;
+    packets = 0;
+    position = 0;
+    sourceEnded = false;
+}
+
+void AudioEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
+    auto description = MakeDescription();
+    if (!IsPrepared()) {
+        format = description;
+        return;
+    }
+    description->SetSampleRate(samples.rate);
+    description->SetChannelLayout(samples.layout);
+    description->SetSampleFormat(FromAv(samples.format));
+    format = MakeAudioParameters(GetParameters(), {1, samples.rate}, description->GetProperty());
+}
+
+} // namespace Kestra::FF

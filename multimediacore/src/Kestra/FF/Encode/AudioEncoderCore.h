@@ -1,0 +1,69 @@
+// Kestra::FF::AudioEncoderCore: packets from samples.
+#pragma once
+
+#include "Kestra/FF/Data/SampleQueue.h"
+#include "Kestra/FF/Encode/AudioEncoderChoice.h"
+#include "Kestra/FF/Encode/EncoderCore.h"
+#include "Kestra/Proc/IStreamAudio.h"
+
+extern "C" {
+#include <libavcodec/vorbis_parser.h>
+}
+
+namespace Kestra::FF {
+
+/// Packets for round(duration x rate) samples. The first sample has time 0; what the codec puts before it has negative
+/// times, what it adds after the last is trimmed off the last packet.
+class AudioEncoderCore final : public EncoderCore {
+public:
+    /// Throws ProcException (CodecNotFound).
+    AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Core::Property& description);
+
+    void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override;
+    std::int64_t GetDuration() const override;
+    std::int64_t GetPosition() const override { return position; }
+    /// Encodes only [start, end) and what a decoder needs around it, one packet beginning at `start`, whatever the
+    /// codec. The times of the packets stay those of the whole stream.
+    void AlignTo(std::int64_t start, std::int64_t end) override;
+    std::string Describe() const override;
+
+protected:
+    std::unique_ptr<EncoderLoop> Open() override;
+    FrameHandle NextFrame() override;
+    boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
+    void InterruptSource() override { stream->Interrupt(); }
+    void ResetSource() override;
+
+private:
+    struct VorbisParserDeleter {
+        void operator()(AVVorbisParseContext* parser) const noexcept { av_vorbis_parse_free(&parser); }
+    };
+
+    boost::intrusive_ptr<Conf::IFormatCodecAudio> MakeDescription() const;
+    void BuildChain(const Conf::IFormatCodecAudio& description);
+    std::int64_t Surroundings(const AVCodecContext& context) const;
+    void ChooseWindow(const AVCodecContext& context);
+    void SkipToFirst();
+    CodecContextHandle Configure(const Conf::IFormatCodecAudio& description, const OptionList& options) const;
+    int FrameSize() const;
+    bool ReadOn();
+    std::int64_t DecodedLength(const AVPacket& packet);
+
+    const boost::intrusive_ptr<Proc::IStreamAudio> stream;
+    const AVCodec* codec;
+    boost::intrusive_ptr<Proc::IStreamAudio> chain;
+    /// Vorbis alone has packets of differing lengths that only their bytes tell.
+    std::unique_ptr<AVVorbisParseContext, VorbisParserDeleter> vorbis;
+    EncodeSamples samples;
+    SampleQueue queue;
+    std::int64_t alignStart = 0;
+    std::int64_t alignEnd = INT64_MAX;
+    std::int64_t firstSample = 0;
+    int packets = 0;         ///< given
+    std::int64_t total = -1; ///< samples to be encoded; -1: as many as come
+    std::int64_t sent = 0;
+    std::int64_t position = 0;
+    bool sourceEnded = false;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,103 @@
+#include "Kestra/FF/Encode/EncoderCore.h"
+
+#include "Kestra/FF/Av/Error.h"
+#include <utility>
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodec;
+
+EncoderCore::EncoderCore(const Core::Property& description)
+    : description(description) {}
+
+void EncoderCore::Initialize(const Core::Property& settings) {
+    if (IsPrepared())
+        Fail(Proc::TranscodingError::NotSupported, Describe() + " runs already and takes no settings any more");
+    description.Merge(settings);
+}
+
+OptionList EncoderCore::GetOptions(const std::vector<std::string>& apart) const {
+    const char* const tag = IFormatCodec::TAG_CODEC_OPTIONS_ENCODE;
+    return std::as_const(description).ChildExists(tag) ? OptionList(std::as_const(description)[tag], apart)
+                                                       : OptionList();
+}
+
+std::optional<Proc::SettingsTwoPassEncoding> EncoderCore::GetTwoPass() const {
+    if (!description.ChildExists(IFormatCodec::TAG_TWO_PASS))
+        return std::nullopt;
+    const Core::Property& tree = std::as_const(description)[IFormatCodec::TAG_TWO_PASS];
+    Proc::SettingsTwoPassEncoding settings;
+    settings.SetLogFile(tree[IFormatCodec::TAG_TWO_PASS_LOG_FILE].GetString());
+    settings.firstPass = tree[IFormatCodec::TAG_TWO_PASS_FIRST].GetBool();
+    return settings;
+}
+
+void EncoderCore::Prepare() {
+    if (IsPrepared())
+        return;
+    std::unique_ptr<EncoderLoop> opened = Open();
+    parameters = MakeCodecParameters();
+    Check(avcodec_parameters_from_context(parameters.get(), &opened->GetContext()),
+          Proc::TranscodingError::EncodeFailed, "The encoder's parameters");
+    loop = std::move(opened);
+}
+
+boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
+    Prepare();
+    while (!ended && !interrupted) {
+        PacketHandle packet;
+        const EncoderLoop::Step step = Receive(packet);
+        ended = step == EncoderLoop::Step::End;
+        if (ended)
+            AtEnd();
+        boost::intrusive_ptr<Proc::IDataRaw> result;
+        if (step == EncoderLoop::Step::Packet)
+            result = Finish(std::move(packet));
+        else if (step == EncoderLoop::Step::NeedsFrame)
+            result = SendNext();
+        if (result)
+            return result;
+    }
+    return nullptr;
+}
+
+EncoderLoop::Step EncoderCore::Receive(PacketHandle& packet) {
+    try {
+        return loop->Receive(packet);
+    } catch (const Proc::ProcException&) {
+        ExplainFailure();
+        throw;
+    }
+}
+
+void EncoderCore::Send(const AVFrame* frame) {
+    try {
+        loop->Send(frame);
+    } catch (const Proc::ProcException&) {
+        ExplainFailure();
+        throw;
+    }
+}
+
+boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::SendNext() {
+    const FrameHandle frame = NextFrame();
+    // An interrupted source ends early as well; that is not the end to flush at.
+    if (interrupted)
+        return nullptr;
+    Send(frame.get());
+    return frame ? AfterSend() : nullptr;
+}
+
+void EncoderCore::Interrupt() {
+    interrupted = true;
+    InterruptSource();
+}
+
+void EncoderCore::Reset() {
+    loop.reset();
+    ended = false;
+    ResetSource();
+    interrupted = false;
+}
+
+} // namespace Kestra::FF

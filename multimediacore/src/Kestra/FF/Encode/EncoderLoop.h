@@ -1,0 +1,35 @@
+// Kestra::FF::EncoderLoop: an open encoder, fed and drained.
+#pragma once
+
+#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Av/OptionList.h"
+#include <functional>
+#include <string>
+
+namespace Kestra::FF {
+
+/// The one place that sends frames and receives packets.
+class EncoderLoop {
+public:
+    enum class Step { Packet, NeedsFrame, End };
+    /// Makes a context with all settings and these options, not opened yet.
+    using Configure = std::function<CodecContextHandle(const OptionList&)>;
+
+    /// Opens the codec. Throws ProcException (CodecRefused) that names the option and the value at fault when one is;
+    /// where all are, `advice` stands for the codec's own reason unless it is empty.
+    EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName,
+                const std::string& advice = std::string());
+
+    AVCodecContext& GetContext() const { return *context; }
+    Step Receive(PacketHandle& packet);
+    /// Only destruction may follow.
+    void Close() { context.reset(); }
+    /// Null ends the stream.
+    void Send(const AVFrame* frame);
+
+private:
+    CodecContextHandle context;
+    std::string name;
+};
+
+} // namespace Kestra::FF

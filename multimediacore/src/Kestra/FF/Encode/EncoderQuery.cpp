@@ -1,0 +1,84 @@
+#include "Kestra/ClientAPI/EncoderQuery.h"
+
+#include "Kestra/Conf/PixelFormat.h"
+#include "Kestra/FF/Av/Container.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OptionList.h"
+#include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Picture/EncodePicture.h"
+#include <memory>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::ClientAPI {
+
+namespace {
+
+using Conf::CodecID;
+
+AVPixelFormat FormatNamed(const std::string& name) {
+    const AVPixelFormat named = FF::ToAv(Conf::PixelFormatFromString(name));
+    return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
+}
+
+/// Why `target` does not take the option; empty when it does.
+std::string WhyNot(void* target, const std::string& owner, const std::string& name, const std::string& value) {
+    Core::Property options;
+    options.SetChild(name, value);
+    try {
+        FF::OptionList(options).ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
+        return {};
+    } catch (const Exception& refusal) {
+        return refusal.what();
+    }
+}
+
+struct FreeFormat {
+    void operator()(AVFormatContext* context) const { avformat_free_context(context); }
+};
+
+} // namespace
+
+bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelFormat) {
+    const AVPixelFormat format = FormatNamed(pixelFormat);
+    // It names the formats of limited range too, and then refuses them.
+    if (format == AV_PIX_FMT_NONE || (codec == CodecID::MJPEG && !FF::IsFullRangeFormat(format)))
+        return false;
+    // Their alpha would be a second picture beside the first, which nothing in the file tells of.
+    if ((codec == CodecID::VP8 || codec == CodecID::VP9) && FF::HasAlpha(format))
+        return false;
+    // x264 tells no matrix of grey pictures, and its decoders show them as those of colour.
+    if (codec == CodecID::H264 && av_pix_fmt_desc_get(format)->nb_components < 3)
+        return false;
+    const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
+    return !encoders.empty() && FF::TakesFormat(*encoders.front(), format);
+}
+
+std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value,
+                                       bool exactRate) {
+    std::string reason = std::string("there is no encoder for ") + Conf::CodecIDToString(codec);
+    for (const AVCodec* const encoder : FF::EncodersOf(codec)) {
+        if (exactRate && encoder != &FF::EncoderForConstantBitrate(*encoder))
+            continue;
+        const FF::CodecContextHandle context = FF::MakeCodecContext(encoder);
+        reason = WhyNot(context.get(), encoder->name, name, value);
+        if (reason.empty())
+            break;
+    }
+    return reason;
+}
+
+std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const std::string& name,
+                                            const std::string& value) {
+    const FF::Container* const known = FF::FindContainer(container);
+    AVFormatContext* made = nullptr;
+    if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
+        return "there is no muxer for " + container;
+    const std::unique_ptr<AVFormatContext, FreeFormat> context(made);
+    return WhyNot(context.get(), "the muxer for " + container, name, value);
+}
+
+} // namespace Kestra::ClientAPI

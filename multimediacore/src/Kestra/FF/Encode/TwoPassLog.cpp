@@ -1,0 +1,207 @@
+#include "Kestra/FF/Encode/TwoPassLog.h"
+
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Encode/TwoPassSeal.h"
+#include "Kestra/FF/Encode/VideoRateControl.h"
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <initializer_list>
+#include <utility>
+
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+namespace {
+
+bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
+    for (const char* other : names)
+        if (std::strcmp(name, other) == 0)
+            return true;
+    return false;
+}
+
+/// The number behind `label` in a line of statistics; 0 where there is none.
+std::int64_t NumberAfter(const std::string& line, const char* label) {
+    const std::size_t at = line.find(label);
+    return at == std::string::npos ? 0 : std::strtoll(line.c_str() + at + std::strlen(label), nullptr, 10);
+}
+
+/// What the encoder says of the picture in a packet.
+std::optional<PicturePlan::Picture> PictureOf(const AVPacket& packet) {
+    std::size_t size = 0;
+    const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_QUALITY_STATS, &size);
+    if (!data || size < 5)
+        return std::nullopt;
+    PicturePlan::Picture picture;
+    picture.type = av_get_picture_type_char(static_cast<AVPictureType>(data[4]));
+    picture.lambda = static_cast<int>(AV_RL32(data));
+    picture.bits = std::int64_t{packet.size} * 8;
+    return picture;
+}
+
+} // namespace
+
+TwoPassLog::Kind TwoPassLog::KindOf(const AVCodec& codec) {
+    if (IsOneOf(codec.name, {"libx264"}))
+        return Kind::X264;
+    if (IsOneOf(codec.name, {"libx265"}))
+        return Kind::X265;
+    if (IsOneOf(codec.name, {"libvpx", "libvpx-vp9", "libaom-av1"}))
+        return Kind::Handover;
+    if (IsOneOf(codec.name, {"mpeg4", "mpeg2video", "mjpeg"}))
+        return Kind::Pictures;
+    return Kind::None;
+}
+
+TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCodec& codec)
+    : path(settings.GetLogFile())
+    , firstPass(settings.firstPass)
+    , kind(KindOf(codec)) {
+    if (kind == Kind::None)
+        return;
+    if (!firstPass) {
+        Read();
+        return;
+    }
+    TwoPassSeal::Break(path);
+    file.emplace(path, StatisticsFile::Mode::Write);
+    // These open it themselves, but would not say what is wrong with it.
+    if (kind == Kind::X264 || kind == Kind::X265)
+        file.reset();
+}
+
+void TwoPassLog::Read() {
+    pictures = TwoPassSeal::Verify(path);
+    // No encoder takes statistics of nothing.
+    if (pictures == 0)
+        kind = Kind::None;
+    if (kind == Kind::Handover || kind == Kind::Pictures)
+        StatisticsFile(path, StatisticsFile::Mode::Read).ReadAll([this](const char* bytes, std::size_t size) {
+            statistics.append(bytes, size);
+        });
+}
+
+void TwoPassLog::Configure(AVCodecContext& context) {
+    if (kind == Kind::None)
+        return;
+    if (kind == Kind::X265)
+        return ConfigureX265(context);
+    if (kind == Kind::Pictures)
+        return ConfigurePictures(context);
+    context.flags |= firstPass ? AV_CODEC_FLAG_PASS1 : AV_CODEC_FLAG_PASS2;
+    if (kind == Kind::X264)
+        ConfigureX264(context);
+    else if (!firstPass)
+        context.stats_in = statistics.data();
+    // A rate that is as low as it is high makes libvpx forget its statistics.
+    if (kind == Kind::Handover)
+        context.rc_min_rate = 0;
+}
+
+void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
+    Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
+    if (firstPass)
+        return;
+    // Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.
+    std::int64_t needed = 0;
+    std::ifstream lines(path);
+    for (std::string line; std::getline(lines, line);)
+        needed += NumberAfter(line, " misc:");
+    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    const auto lowest = static_cast<std::int64_t>(std::ceil(static_cast<double>(needed) / seconds / 1000)) * 1000;
+    if (context.bit_rate / 1000 * 1000 < lowest)
+        Fail(TranscodingError::CodecRefused, "libx264 cannot meet " + std::to_string(context.bit_rate) +
+                                                 " bit/s in two passes: these pictures take at least " +
+                                                 std::to_string(lowest) + " bit/s");
+}
+
+void TwoPassLog::ConfigureX265(AVCodecContext& context) const {
+    SetX265Parameter(context, "pass", firstPass ? "1" : "2");
+    SetX265Parameter(context, "stats", path.c_str());
+}
+
+void TwoPassLog::ConfigurePictures(AVCodecContext& context) {
+    if (firstPass)
+        return;
+    auto found = PicturePlan::Parse(statistics, pictures);
+    if (!found)
+        Fail(TranscodingError::SourceDamaged, "The statistics of the first pass \"" + path + "\" are damaged");
+    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    plan.emplace(std::move(*found), static_cast<double>(context.bit_rate) * seconds,
+                 PicturePlan::Bounds{context.qmin * FF_QP2LAMBDA, context.qmax * FF_QP2LAMBDA});
+    context.flags |= AV_CODEC_FLAG_QSCALE;
+}
+
+void TwoPassLog::Guide(AVFrame& frame) {
+    if (kind == Kind::None)
+        return;
+    if (firstPass) {
+        ++pictures;
+        return;
+    }
+    if (frame.pts >= pictures)
+        Fail(TranscodingError::EncodeFailed, "The second pass has more than the " + std::to_string(pictures) +
+                                                 " pictures of the first, whose log is \"" + path + '"');
+    if (!plan)
+        return;
+    frame.quality = plan->LambdaFor(frame.pts);
+    if (plan->IsKeyframe(frame.pts))
+        frame.pict_type = AV_PICTURE_TYPE_I;
+}
+
+void TwoPassLog::Note(const AVPacket& packet) {
+    if (plan)
+        plan->Took(packet.pts, std::int64_t{packet.size} * 8);
+    if (kind != Kind::Pictures || !firstPass)
+        return;
+    const auto picture = PictureOf(packet);
+    if (!picture)
+        Fail(TranscodingError::EncodeFailed, "The encoder gives no statistics for \"" + path + '"');
+    file->Write(PicturePlan::Line(packet.pts, *picture));
+}
+
+void TwoPassLog::Collect(const AVCodecContext& context) {
+    if (kind == Kind::Handover && context.stats_out)
+        file->Write(context.stats_out);
+}
+
+void TwoPassLog::Complete() {
+    if (kind == Kind::None)
+        return;
+    if (file)
+        file->Close();
+    if (kind == Kind::X264 || kind == Kind::X265)
+        CountPictures();
+    TwoPassSeal::Set(path, pictures);
+}
+
+void TwoPassLog::ExplainFailure() const {
+    if (!firstPass || (kind != Kind::X264 && kind != Kind::X265))
+        return;
+    // More than the last block of the file may have room for.
+    constexpr std::size_t TRIAL_BYTES = 65536;
+    StatisticsFile trial(path, StatisticsFile::Mode::Append);
+    trial.Write(std::string(TRIAL_BYTES, '\n'));
+    trial.Close();
+}
+
+/// These do not look whether what they write arrives.
+void TwoPassLog::CountPictures() const {
+    std::ifstream lines(path);
+    std::int64_t found = 0;
+    for (std::string line; std::getline(lines, line);)
+        found += line.compare(0, 3, "in:") == 0 && line.back() == ';' ? 1 : 0;
+    if (found != pictures)
+        Fail(TranscodingError::OutputNotWritable, "The log of the first pass \"" + path +
+                                                      "\" could not be written: " + std::to_string(found) + " of " +
+                                                      std::to_string(pictures) + " pictures stand in it");
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,99 @@
+#include "Kestra/FF/Encode/VideoConform.h"
+
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace Kestra::FF {
+
+namespace {
+
+/// Pictures from this many pixels on are worth several threads.
+constexpr int LARGE_PICTURE = 1920 * 1080;
+constexpr int MOST_THREADS = 8;
+
+PictureTarget TargetFor(const EncodePicture& picture) {
+    PictureTarget target;
+    target.width = picture.width;
+    target.height = picture.height;
+    target.sampleAspect = picture.sampleAspect;
+    target.format = PlainFormat(picture.format);
+    target.colour = picture.colour;
+    target.place = {0, 0, picture.width, picture.height};
+    if (picture.width * picture.height >= LARGE_PICTURE)
+        target.threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 1, MOST_THREADS);
+    return target;
+}
+
+bool SamePixels(const AVFrame& a, const AVFrame& b) {
+    return a.data[0] == b.data[0] && a.data[1] == b.data[1] && a.format == b.format && a.width == b.width &&
+           a.height == b.height && a.linesize[0] == b.linesize[0];
+}
+
+} // namespace
+
+VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncodePicture& picture)
+    : VideoFilterBase(source, "conform")
+    , picture(picture)
+    , target(TargetFor(picture)) {
+    boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
+    source->GetVideoFormat(format);
+    const AVPixelFormat own = ToAv(format->GetPixelFormat());
+    streamColour =
+        CompleteColour(format->GetColour(), picture.width, picture.height,
+                       own == AV_PIX_FMT_NONE ? picture.format : own, format->GetColour().range == AVCOL_RANGE_JPEG);
+}
+
+boost::intrusive_ptr<Proc::IDataVideo> VideoConform::ReadVideo() {
+    const auto data = source->ReadVideo();
+    if (!data)
+        return nullptr;
+    const AVFrame& frame = FrameOf(*data);
+    if (!lastSource || !SamePixels(frame, *lastSource)) {
+        lastResult = Conform(frame);
+        lastSource = MakeFrameReference(frame);
+    }
+    return new DataVideoFF(MakeFrameReference(*lastResult), data->GetTime(), data->GetDuration());
+}
+
+FrameHandle VideoConform::Conform(const AVFrame& frame) {
+    FrameHandle source = MakeFrameReference(frame);
+    source->format = PlainFormat(static_cast<AVPixelFormat>(frame.format));
+    if (IsFullRangeFormat(static_cast<AVPixelFormat>(frame.format)))
+        source->color_range = AVCOL_RANGE_JPEG;
+    // A picture that says nothing of its colour is taken for one of the stream that it came in.
+    SetColour(*source, Completed(ColourOf(*source), streamColour));
+    target.source = {0, 0, frame.width, frame.height};
+    FrameHandle result = converter.Convert(*source, target);
+    result->format = picture.format;
+    SetColour(*result, picture.colour);
+    const bool keepsFields = picture.interlaced && frame.height == picture.height;
+    result->interlaced_frame = keepsFields ? frame.interlaced_frame : 0;
+    result->top_field_first = keepsFields ? frame.top_field_first : 0;
+    return result;
+}
+
+void VideoConform::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
+    source->GetVideoFormat(format);
+    FF::Describe(picture, *format);
+}
+
+void VideoConform::Reset() {
+    VideoFilterBase::Reset();
+    lastSource.reset();
+    lastResult.reset();
+}
+
+void Describe(const EncodePicture& picture, Conf::IFormatCodecVideo& format) {
+    const Conf::FrameInfo frame = MakeFrameInfo(picture.width, picture.height, picture.sampleAspect);
+    format.InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
+    format.SetPixelFormat(FromAv(picture.format));
+    format.SetColour(picture.colour);
+    Core::Property tree = format.GetProperty();
+    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, picture.interlaced);
+    format.SetProperty(tree);
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,278 @@
+#include "Kestra/FF/Encode/VideoEncoderCore.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Data/CodecParametersFF.h"
+#include "Kestra/FF/Data/DataRawFF.h"
+#include "Kestra/FF/Data/DataVideoFF.h"
+#include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Encode/VideoConform.h"
+#include "Kestra/FF/Encode/VideoEncoderChoice.h"
+#include "Kestra/FF/Encode/VideoRateControl.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <utility>
+
+extern "C" {
+#include <libavutil/imgutils.h>
+}
+
+namespace Kestra::FF {
+
+using Conf::IFormatCodecVideo;
+using Proc::TranscodingError;
+
+namespace {
+
+/// Conformed pictures that wait for the encoder, to even out uneven decoding. Of large ones, which fill memory and take
+/// long to encode anyway, one is enough.
+int PicturesAhead(const EncodePicture& picture) {
+    constexpr int LARGE = 4 << 20;
+    return av_image_get_buffer_size(picture.format, picture.width, picture.height, 1) > LARGE ? 1 : 2;
+}
+
+boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree) {
+    auto description = IFormatCodecVideo::Create();
+    description->SetProperty(tree);
+    return description;
+}
+
+bool IsInterlaced(const IFormatCodecVideo& format) {
+    const Core::Property& tree = format.GetProperty();
+    return tree.ChildExists(IFormatCodecVideo::TAG_INTERLACED) && tree[IFormatCodecVideo::TAG_INTERLACED].GetBool();
+}
+
+void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& description) {
+    const char* const tag = IFormatCodecVideo::TAG_GOP_SECONDS;
+    if (!description.GetProperty().ChildExists(tag))
+        return;
+    const double seconds = description.GetProperty()[tag].GetDouble();
+    if (!(seconds > 0 && seconds < 3600))
+        Fail(TranscodingError::CodecRefused,
+             std::string(context.codec->name) + " refuses keyframes " + std::to_string(seconds) + " seconds apart");
+    const double frames = std::round(seconds * av_q2d(context.framerate));
+    context.gop_size = static_cast<int>(std::clamp(frames, 1.0, 1e6));
+}
+
+} // namespace
+
+VideoEncoderCore::VideoEncoderCore(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
+                                   const Core::Property& description)
+    : EncoderCore(description)
+    , stream(stream)
+    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_VIDEO)) {}
+
+boost::intrusive_ptr<IFormatCodecVideo> VideoEncoderCore::MakeDescription() const {
+    return DescriptionOf(EncoderCore::GetDescription());
+}
+
+std::string VideoEncoderCore::Describe() const {
+    return std::string(codec->name) + " on " + stream->Describe();
+}
+
+AVRational VideoEncoderCore::TimeBase() const {
+    return av_inv_q(ToAv(rate));
+}
+
+std::int64_t VideoEncoderCore::GetDuration() const {
+    return frameCount >= 0 ? FramesToTime(frameCount, rate) : stream->GetDuration();
+}
+
+std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
+    const auto description = MakeDescription();
+    const auto twoPass = GetTwoPass();
+    if (twoPass)
+        codec = &EncoderForTwoPasses(*codec);
+    if (description->GetBitrateMode() == "cbr")
+        codec = &EncoderForConstantBitrate(*codec);
+    BuildChain(*description);
+    if (twoPass)
+        log = std::make_unique<TwoPassLog>(*twoPass, *codec);
+    OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+    if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
+        options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
+    const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
+    return std::make_unique<EncoderLoop>(configure, options, codec->name, AdviceOn(*codec, picture));
+}
+
+void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
+    stream->Prepare();
+    boost::intrusive_ptr<IFormatCodecVideo> format;
+    stream->GetVideoFormat(format);
+    picture = ChoosePicture(description, *format, *codec);
+    offersFields = IsInterlaced(*format);
+    tellsHdr = Conf::HdrInfo::IsTold(*format) && format->GetColour().transfer == picture.colour.transfer;
+    hdr = CarriesHdr(picture.colour.transfer, picture.format) && tellsHdr ? MetadataOf(Conf::HdrInfo::Of(*format))
+                                                                          : HdrMetadata{};
+    codec = &EncoderForSize(*codec, picture.width, picture.height);
+    rate = ChooseFrameRate(description, *format);
+    FF::Describe(picture, *format);
+    format->SetFrameRate(rate);
+    Core::Property preferred = format->GetProperty();
+    preferred.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED,
+                       description.GetProperty().ChildExists(IFormatCodecVideo::TAG_PIXEL_FORMAT));
+    format->SetProperty(preferred);
+    stream->PreferFormat(*format);
+    const std::int64_t duration = stream->GetDuration();
+    frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
+    Proc::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
+    Proc::SettingsFilterFrameRate settings;
+    settings.SetFrameRate(rate);
+    const boost::intrusive_ptr<Proc::IStreamVideo> conform =
+        new VideoConform(filters.CreateFrameRate(stream, settings), picture);
+    chain = filters.CreateReadAhead(conform, PicturesAhead(picture));
+    chain->Prepare();
+    if (picture.interlaced || CarriesHdr(picture.colour.transfer, picture.format))
+        Peek();
+}
+
+// The order of the fields, and mostly the display of grading, stand in the pictures alone, and the encoder has to know
+// them before the first one.
+void VideoEncoderCore::Peek() {
+    peeked = chain->ReadVideo();
+    if (!peeked)
+        return;
+    const AVFrame& frame = FrameOf(*peeked);
+    if (CarriesHdr(picture.colour.transfer, picture.format) && !tellsHdr)
+        hdr = HdrMetadataOf(frame);
+    if (picture.interlaced)
+        SettleFields(frame);
+}
+
+// Material that is interlaced in parts may begin with a progressive picture.
+void VideoEncoderCore::SettleFields(const AVFrame& first) {
+    if (first.interlaced_frame)
+        picture.topFieldFirst = first.top_field_first != 0;
+    else if (codec->id == AV_CODEC_ID_FFV1 || !offersFields)
+        picture.interlaced = false;
+}
+
+CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
+    CodecContextHandle context = MakeCodecContext(codec);
+    ConfigurePicture(*context);
+    SetKeyframeDistance(*context, description);
+    SetSpeed(*context, options);
+    SetRateControl(*context, description, IsApprovedVbrOnly());
+    options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
+    SetHdrMetadata(*context, hdr);
+    if (options.Has("x265-params"))
+        KeepX265Quiet(*context);
+    if (log && log->IsFirstPass())
+        SetFastFirstPass(*context);
+    if (log)
+        log->Configure(*context);
+    return context;
+}
+
+void VideoEncoderCore::ConfigurePicture(AVCodecContext& context) const {
+    context.width = picture.width;
+    context.height = picture.height;
+    context.pix_fmt = picture.format;
+    context.sample_aspect_ratio = picture.sampleAspect;
+    context.time_base = TimeBase();
+    context.framerate = ToAv(rate);
+    context.color_primaries = static_cast<AVColorPrimaries>(picture.colour.primaries);
+    context.color_trc = static_cast<AVColorTransferCharacteristic>(picture.colour.transfer);
+    context.colorspace = static_cast<AVColorSpace>(picture.colour.matrix);
+    context.color_range = static_cast<AVColorRange>(picture.colour.range);
+    context.chroma_sample_location = AVCHROMA_LOC_LEFT;
+    context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    context.field_order = AV_FIELD_PROGRESSIVE;
+    // Its earlier versions have no flags of fields for each picture.
+    if (offersFields && codec->id == AV_CODEC_ID_FFV1)
+        context.level = 3;
+    if (picture.interlaced) {
+        context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
+        context.field_order = picture.topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
+    }
+}
+
+bool VideoEncoderCore::IsApprovedVbrOnly() const {
+    const Core::Property& tree = EncoderCore::GetDescription();
+    const char* const options = Conf::IFormatCodec::TAG_CODEC_OPTIONS_ENCODE;
+    const char* const tag = IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY;
+    return tree.ChildExists(options) && tree[options].ChildExists(tag) && tree[options][tag].GetBool();
+}
+
+FrameHandle VideoEncoderCore::NextFrame() {
+    const bool emptyPass = log && log->IsFirstPass() && !log->IsSupported();
+    if (emptyPass || (frameCount >= 0 && framesSent >= frameCount))
+        return nullptr;
+    const auto data = peeked ? std::exchange(peeked, nullptr) : chain->ReadVideo();
+    if (!data)
+        return nullptr;
+    FrameHandle frame = MakeFrameReference(FrameOf(*data));
+    frame->pts = framesSent++;
+    // A decoder's mark; the wrapper of x265 keeps a copy of each, and loses those of frames that a stop leaves behind.
+    frame->reordered_opaque = 0;
+    frame->pkt_duration = 1;
+    // What the source's encoder chose for this picture is nothing to this one.
+    frame->pict_type = AV_PICTURE_TYPE_NONE;
+    frame->key_frame = 0;
+    frame->quality = GetContext().global_quality;
+    if (log)
+        log->Guide(*frame);
+    return frame;
+}
+
+boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::Finish(PacketHandle packet) {
+    if (packet->dts == AV_NOPTS_VALUE)
+        packet->dts = packet->pts;
+    packet->duration = 1;
+    if (log)
+        log->Note(*packet);
+    boost::intrusive_ptr<Proc::IDataRaw> result = new DataRawFF(std::move(packet), TimeBase());
+    position = std::max(position, result->GetTime() + result->GetDuration());
+    return result;
+}
+
+// Some first passes give nothing until their end. Whoever follows the run by its packets gets one without bytes a
+// frame.
+boost::intrusive_ptr<Proc::IDataRaw> VideoEncoderCore::AfterSend() {
+    if (!log || !log->IsFirstPass() || !log->IsSilent())
+        return nullptr;
+    PacketHandle mark = MakePacket();
+    mark->pts = mark->dts = framesSent - 1;
+    mark->duration = 1;
+    position = FramesToTime(framesSent, rate);
+    return new DataRawFF(std::move(mark), TimeBase());
+}
+
+void VideoEncoderCore::ExplainFailure() const {
+    if (log)
+        log->ExplainFailure();
+}
+
+void VideoEncoderCore::AtEnd() {
+    if (!log || !log->IsFirstPass())
+        return;
+    log->Collect(GetContext());
+    // x264 and x265 complete their statistics when they close, and the second pass may begin right after this.
+    CloseCodec();
+    log->Complete();
+}
+
+void VideoEncoderCore::ResetSource() {
+    peeked.reset();
+    chain.reset();
+    log.reset();
+    stream->Reset();
+    framesSent = 0;
+    position = 0;
+}
+
+void VideoEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
+    auto description = MakeDescription();
+    if (!IsPrepared()) {
+        format = description;
+        return;
+    }
+    FF::Describe(picture, *description);
+    description->SetFrameRate(rate);
+    format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty(), hdr);
+}
+
+} // namespace Kestra::FF

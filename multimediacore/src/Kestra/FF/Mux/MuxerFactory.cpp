@@ -1,0 +1,25 @@
+#include "Kestra/FF/Mux/MuxerFactory.h"
+
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Mux/MuxerFF.h"
+#include <stdexcept>
+
+namespace Kestra::FF {
+
+boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
+                                                             const boost::intrusive_ptr<Core::IDataOutput>& output) {
+    if (!format || !output)
+        KESTRA_THROW(std::invalid_argument("a muxer needs a description of its container and an output"));
+    const std::string id = format->GetContainerID();
+    const Container* container = FindContainer(id);
+    if (!container)
+        Fail(Proc::TranscodingError::MuxerRefused,
+             id.empty() ? std::string("The description names no container") : "There is no container \"" + id + "\"");
+    return new MuxerFF(*container, format, output);
+}
+
+std::shared_ptr<Proc::IMuxerFactory> MakeMuxerFactory() {
+    return std::make_shared<MuxerFactory>();
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,35 @@
+// Kestra::FF::Deinterlacer: progressive pictures from woven fields.
+#pragma once
+
+#include "Kestra/FF/Av/FilterGraph.h"
+#include <vector>
+
+namespace Kestra::FF {
+
+/// libavfilter's bwdif. Bound to one thread at a time. What a picture becomes depends on itself and its two neighbours
+/// alone, not on how the reader came to it; pictures that follow on from each other cost one run of the filter each.
+class KESTRA_EXPORT Deinterlacer {
+public:
+    /// How many pictures come of one.
+    enum class Output { Frame, Fields };
+
+    /// `threads`: slices that one picture is worked on in at a time.
+    Deinterlacer(Output output, int threads);
+
+    /// One picture, or two, each what one field shows, in the fields' own order; new ones without the flag, with the
+    /// picture's other tags. The picture's flag tells which field is first. The neighbours are null at the ends of the
+    /// stream. Throws ProcException (FilterFailed).
+    std::vector<FrameHandle> Deinterlace(const AVFrame* previous, const AVFrame& picture, const AVFrame* next);
+    void Reset();
+
+private:
+    bool IsLast(const AVFrame& picture) const;
+    void Lead(const AVFrame* previous, const AVFrame& picture);
+    void Send(const AVFrame& picture);
+    std::vector<FrameHandle> Receive();
+
+    FilterGraph graph;
+    FrameHandle last; ///< what the filter took last
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,58 @@
+#include "Kestra/FF/Picture/FieldOrder.h"
+
+namespace Kestra::FF {
+
+namespace {
+
+// Of the others, pictures that are not flagged may be interlaced all the same: most have no flags, and FFV1 is often
+// written without.
+bool FlagsEachPicture(AVCodecID codec) {
+    switch (codec) {
+    case AV_CODEC_ID_MPEG1VIDEO:
+    case AV_CODEC_ID_MPEG2VIDEO:
+    case AV_CODEC_ID_MPEG4:
+    case AV_CODEC_ID_H264:
+    case AV_CODEC_ID_VC1:
+    case AV_CODEC_ID_WMV3:
+    case AV_CODEC_ID_DVVIDEO:
+    case AV_CODEC_ID_PRORES:
+    case AV_CODEC_ID_DNXHD:
+    case AV_CODEC_ID_UTVIDEO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool SaysInterlaced(const AVCodecParameters& track) noexcept {
+    return track.field_order > AV_FIELD_PROGRESSIVE;
+}
+
+bool SaysTopFieldFirst(const AVCodecParameters& track) noexcept {
+    return track.field_order == AV_FIELD_TT || track.field_order == AV_FIELD_TB;
+}
+
+bool IsLoneField(const AVFrame& picture, AVCodecID codec) noexcept {
+    return codec == AV_CODEC_ID_HEVC && picture.interlaced_frame != 0;
+}
+
+bool OnlyTrackTells(const AVFrame& first, const AVCodecParameters& track) noexcept {
+    return !first.interlaced_frame && SaysInterlaced(track) && !FlagsEachPicture(track.codec_id);
+}
+
+void TagFields(AVFrame& picture, const AVCodecParameters& track, bool onlyTrackTells) {
+    if (IsLoneField(picture, track.codec_id)) {
+        picture.interlaced_frame = 0;
+    } else if (onlyTrackTells) {
+        picture.interlaced_frame = 1;
+        picture.top_field_first = SaysTopFieldFirst(track) ? 1 : 0;
+    }
+}
+
+const char* FieldOrderText(bool topFieldFirst) noexcept {
+    return topFieldFirst ? "top field first" : "bottom field first";
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,35 @@
+// How tracks belong together where the container does not store what codecs put in front of sound: in AVI, which counts
+// chunks and stores no times, and in fragmented MP4.
+#pragma once
+
+#include "Kestra/FF/Av/Handles.h"
+#include "KestraExport.h"
+#include <cstdint>
+
+namespace Kestra::FF {
+
+/// What the first chunks say. Engine time on the container's own clock.
+struct ChunkStart {
+    std::int64_t first = 0;  ///< of the first chunk that holds a picture
+    std::int64_t second = 0; ///< of the next one
+    std::int64_t shown = 0;  ///< when the first picture is shown
+    std::int64_t period = 0; ///< of the pictures
+    bool byLibav = false;    ///< written by libav
+};
+
+/// What is to be added to times of the container; engine time.
+struct ChunkShift {
+    std::int64_t firstPicture = 0;
+    std::int64_t sound = 0;
+};
+
+/// Pictures are shown later than they are decoded, and sound does not wait for that: its start belongs to the first
+/// picture's. libav's writer moves pictures for what its encoders put before the sound, by whole chunks, but leaves
+/// the first one where it is.
+KESTRA_EXPORT ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
+
+/// Where fragments are described before they are known, libav's writer moves pictures by what its encoders put before
+/// the sound, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
+KESTRA_EXPORT ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
+
+} // namespace Kestra::FF

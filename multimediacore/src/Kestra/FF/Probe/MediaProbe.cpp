@@ -1,0 +1,369 @@
+#include "Kestra/FF/Probe/MediaProbe.h"
+
+#include "Kestra/Conf/StandardRates.h"
+#include "Kestra/FF/Av/AudioSettling.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/Wording.h"
+#include "Kestra/FF/Decode/Decoder.h"
+#include "Kestra/FF/Decode/SamplePlacement.h"
+#include "Kestra/FF/Demux/FollowingFile.h"
+#include "Kestra/FF/Demux/ForeignSamples.h"
+#include "Kestra/FF/Demux/StreamClaims.h"
+#include "Kestra/FF/Picture/ColourConverter.h"
+#include "Kestra/FF/Picture/DynamicMetadata.h"
+#include "Kestra/FF/Picture/FieldOrder.h"
+#include "Kestra/FF/Picture/HdrMetadata.h"
+#include "Kestra/FF/Picture/Orientation.h"
+#include "Kestra/FF/Picture/PictureRotator.h"
+#include "Kestra/FF/Picture/PictureTags.h"
+#include "Kestra/FF/Probe/ChunkStart.h"
+#include "Kestra/FF/Probe/ClockScan.h"
+#include "Kestra/FF/Probe/FirstFrames.h"
+#include "Kestra/FF/Probe/LeftOut.h"
+#include "Kestra/FF/Probe/SoundGrain.h"
+#include "Kestra/FF/Probe/TrackRate.h"
+#include "Kestra/FF/Probe/TrackShape.h"
+#include <algorithm>
+#include <cstring>
+#include <tuple>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+namespace {
+
+// Pictures that lead an open group may be lost at the start of any recording; what is held for longer looks frozen.
+constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
+const boost::rational<long long> STILL_RATE(25);
+
+bool IsMov(const Demuxer& demuxer) {
+    return std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0;
+}
+
+bool IsPicture(const AVStream& stream) {
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO &&
+           !(stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS));
+}
+
+// Sound that begins late, of which nothing has been read yet: libav counts it out until it knows what it is like.
+int FindAnnouncedSound(const AVFormatContext& context) {
+    for (unsigned index = 0; index < context.nb_streams; ++index)
+        if (context.streams[index]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO &&
+            Decoder::FindCodec(*context.streams[index]))
+            return static_cast<int>(index);
+    return -1;
+}
+
+// Better streams compare greater.
+std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& stream) {
+    const AVCodecParameters& parameters = *stream.codecpar;
+    return {Decoder::FindCodec(stream) != nullptr, (stream.disposition & AV_DISPOSITION_DEFAULT) != 0,
+            static_cast<std::int64_t>(parameters.width) * parameters.height, parameters.bit_rate};
+}
+
+} // namespace
+
+MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits)
+    : path(path)
+    , interrupted(interrupted)
+    , demuxer(path, interrupted, limits) {
+    details.limits = limits;
+}
+
+void MediaProbe::Run() {
+    info.container = demuxer.GetFormatName();
+    if (IsMov(demuxer) && HasForeignSamples(path, interrupted))
+        Fail(TranscodingError::SourceUnreadable,
+             "Cannot read \"" + path.ToUtf8() + "\": its pictures or sound stand in another file, which it names");
+    details.end = FindFollowingFile(path, info.container, interrupted);
+    demuxer.SetEnd(details.end);
+    details.streams = demuxer.GetKnownStreams();
+    ChooseTracks();
+    DecodeFirstFrames();
+    RequireTracks();
+    FindEarliestStart();
+    JoinClocks();
+    FindEnds();
+    ChooseRate();
+    RefuseInterrupted();
+    SettleOrigin();
+    ReportJoints();
+    SettleEnds();
+    DescribeVideo();
+    DescribeAudio();
+    ReportShortage();
+    RefuseInterrupted();
+    if (const std::string newcomer = demuxer.GetNewcomer(); !newcomer.empty())
+        details.damage.push_back({path, info.duration, newcomer, true});
+    NoteWhatIsLeftOut(demuxer.GetContext(), video.index, audio.index, details.notes);
+}
+
+// What was read until then says nothing of the file.
+void MediaProbe::RefuseInterrupted() const {
+    if (interrupted)
+        Fail(TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" was interrupted");
+}
+
+void MediaProbe::RequireTracks() const {
+    if (video.index >= 0 || audio.index >= 0)
+        return;
+    std::string reasons;
+    for (const Proc::DamageReport& report : details.damage)
+        reasons += (reasons.empty() ? " (" : ", ") + report.what;
+    Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() +
+                                                 "\": it holds neither picture nor sound that can be decoded" +
+                                                 reasons + (reasons.empty() ? "" : ")"));
+}
+
+std::vector<MediaProbe::Track*> MediaProbe::Tracks() {
+    std::vector<Track*> tracks;
+    for (Track* track : {&video, &audio})
+        if (track->index >= 0)
+            tracks.push_back(track);
+    return tracks;
+}
+
+void MediaProbe::CountTrack(const AVStream& stream) {
+    if (IsPicture(stream))
+        ++info.videoTracks;
+    else if (stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
+        ++info.audioTracks;
+    else
+        ++info.otherTracks;
+}
+
+void MediaProbe::ChooseTracks() {
+    AVFormatContext& context = demuxer.GetContext();
+    for (unsigned index = 0; index < context.nb_streams; ++index) {
+        const AVStream& stream = *context.streams[index];
+        CountTrack(stream);
+        if (IsPicture(stream) && (video.index < 0 || PictureRank(stream) > PictureRank(*context.streams[video.index])))
+            video.index = static_cast<int>(index);
+    }
+    audio.index = std::max(-1, av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, video.index, nullptr, 0));
+    if (audio.index < 0)
+        audio.index = FindAnnouncedSound(context);
+}
+
+void MediaProbe::DecodeFirstFrames() {
+    std::vector<int> indices;
+    for (const Track* track : Tracks())
+        indices.push_back(track->index);
+    demuxer.Select(indices);
+    FirstFrames frames(demuxer, video, audio);
+    for (Track* track : Tracks()) {
+        const bool announced = track == &audio && demuxer.GetStream(track->index).codecpar->sample_rate <= 0;
+        const std::string trouble = frames.Decode(*track);
+        if (!trouble.empty())
+            Drop(*track, announced && frames.IsEmpty(*track) ? std::string() : trouble);
+    }
+    frames.TakeBufferedTimes();
+    for (Track* track : {&video, &audio})
+        track->waiting.clear();
+}
+
+// Without a reason it was nothing but an announcement, which is named as left out.
+void MediaProbe::Drop(Track& track, const std::string& reason) {
+    if (!reason.empty())
+        details.damage.push_back({path, 0, reason, !demuxer.GetTrouble().empty()});
+    track.index = -1;
+    track.first.reset();
+}
+
+void MediaProbe::FindEarliestStart() {
+    details.origin = INT64_MAX;
+    for (const Track* track : Tracks())
+        details.origin = std::min(details.origin, track->start);
+}
+
+void MediaProbe::ChooseRate() {
+    if (video.index < 0 || interrupted)
+        return;
+    const TrackRate found = FindTrackRate(demuxer, video);
+    rate = found.choice;
+    if (rate.rate > Conf::HIGHEST_FRAME_RATE || (rate.rate == 0 && ClaimsTooHighRate(demuxer.GetStream(video.index))))
+        Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": it claims more than " +
+                                                     std::to_string(Conf::HIGHEST_FRAME_RATE) + " frames a second");
+    if (rate.variable)
+        details.notes.push_back(DescribeChoice(rate, found.whole));
+}
+
+std::optional<PictureSpan> MediaProbe::PictureSpanOf() const {
+    if (video.index < 0)
+        return {};
+    return PictureSpan{video.start, video.end, rate.rate};
+}
+
+std::optional<SoundSpan> MediaProbe::SoundSpanOf() {
+    if (audio.index < 0)
+        return {};
+    const AVCodecParameters& parameters = *demuxer.GetStream(audio.index).codecpar;
+    const AVFrame& first = *audio.first;
+    const int block = std::max(audio.frameSize, first.nb_samples);
+    return SoundSpan{audio.start, audio.end, SamplesToTime(PrimingSamples(parameters), first.sample_rate),
+                     SamplesToTime(PaddingSamples(parameters, block), first.sample_rate)};
+}
+
+void MediaProbe::SettleOrigin() {
+    const std::int64_t soundShift = AlignChunkedTracks();
+    details.origin = FindOrigin(PictureSpanOf(), SoundSpanOf());
+    SkipUndecodableLead();
+    details.audioOrigin = details.origin - soundShift;
+    SettleSoundGrid();
+}
+
+// Answers with what has been added to the times of the sound.
+std::int64_t MediaProbe::AlignChunkedTracks() {
+    if (video.index < 0 || audio.index < 0 || rate.rate <= 0 || video.firstDecodeTime == TIME_UNKNOWN ||
+        video.secondDecodeTime == TIME_UNKNOWN)
+        return 0;
+    AVStream& stream = demuxer.GetStream(video.index);
+    const bool fragments = IsMov(demuxer) && stream.nb_frames == 0;
+    if (!fragments && std::strcmp(demuxer.GetFormatName(), "avi") != 0)
+        return 0;
+    const char* const tag = fragments ? "encoder" : "software";
+    const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, tag, nullptr, 0);
+    const bool byLibav = writer && std::strncmp(writer->value, "Lavf", 4) == 0;
+    const ChunkStart start{video.firstDecodeTime, video.secondDecodeTime, video.start, FramesToTime(1, rate.rate),
+                           byLibav};
+    const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
+    const ChunkShift shift =
+        fragments ? AlignFragments(start, sound, ToEngineTime(1, stream.time_base)) : AlignChunks(start, sound);
+    video.start += shift.firstPicture;
+    if (shift.firstPicture > 0)
+        video.firstShown = video.start;
+    for (std::int64_t* time : {&audio.start, &audio.end})
+        *time += shift.sound;
+    return shift.sound;
+}
+
+void MediaProbe::SettleSoundGrid() {
+    if (audio.index < 0)
+        return;
+    const AVFrame& first = *audio.first;
+    const SoundGrain grain = FindSoundGrain(demuxer.GetStream(audio.index), audio.frameSize, first.nb_samples);
+    details.audioGrain = grain.samples;
+    details.grainOfContainer = grain.ofContainer;
+    if (details.audioGrain > 0)
+        details.audioPhase =
+            (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;
+}
+
+// A recording that was cut out of a longer one need not begin with a keyframe. It begins where it can be shown.
+void MediaProbe::SkipUndecodableLead() {
+    if (video.index < 0 || video.firstShown == TIME_UNKNOWN || video.start - video.firstShown <= LONGEST_LEAD)
+        return;
+    const std::int64_t begin = std::min(audio.index < 0 ? video.start : audio.start, video.firstShown);
+    // Sound that begins with the pictures that can be shown, or later, had nothing cut off.
+    details.origin = video.start;
+    details.notes.push_back("begins without a keyframe: what lies before the first picture that can be decoded, " +
+                            Seconds(video.start - begin) + ", is left out");
+}
+
+void MediaProbe::JoinClocks() {
+    if (!ClockScan::IsNeeded(demuxer))
+        return;
+    std::vector<int> indices;
+    for (const Track* track : Tracks())
+        indices.push_back(track->index);
+    ClockScan scan(demuxer, indices);
+    PictureTimes times;
+    scan.Run([&](const AVPacket& packet) {
+        if (packet.stream_index == video.index)
+            times.Take(packet, demuxer.GetStream(video.index));
+    });
+    joints = scan.GetJoints();
+    if (joints.empty()) {
+        times.SetWhole();
+        video.times = std::move(times);
+        return;
+    }
+    details.clock = std::make_shared<ClockMap>(scan.GetMap());
+    demuxer.SetClock(details.clock);
+}
+
+void MediaProbe::ReportJoints() {
+    for (const ClockScan::Joint& joint : joints)
+        details.damage.push_back(
+            {path, joint.time - details.origin,
+             "Timestamps jump by " + Seconds(joint.jump) + "; what follows was joined on without a gap"});
+}
+
+void MediaProbe::DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, const AVCodecParameters& parameters) {
+    if (IsLoneField(first, parameters.codec_id))
+        details.notes.push_back("coded field by field; each field is shown as a picture of its own");
+    details.fieldsByTrack = OnlyTrackTells(first, parameters);
+    TagFields(first, parameters, details.fieldsByTrack);
+    const bool flagged = first.interlaced_frame != 0;
+    track.interlaced = flagged || SaysInterlaced(parameters);
+    track.topFieldFirst = flagged ? first.top_field_first != 0 : SaysTopFieldFirst(parameters);
+}
+
+void MediaProbe::DescribeVideo() {
+    if (video.index < 0)
+        return;
+    AVStream& stream = demuxer.GetStream(video.index);
+    const AVFrame& first = *video.first;
+    Proc::VideoTrackInfo track;
+    track.index = video.index;
+    track.codec = avcodec_get_name(stream.codecpar->codec_id);
+    TagPicture(*video.first, stream, demuxer.GetContext());
+    details.tellsColour = TellsColour(first);
+    GuessColour(*video.first, stream.codecpar->codec_id);
+    details.peak = ColourConverter::PeakOf(first, first.color_trc);
+    details.hdr = InfoOf(HdrMetadataOf(first));
+    const Orientation orientation = FindOrientation(stream, &first);
+    track.rotation = orientation.rotation;
+    details.flipped = orientation.flipped;
+    const bool sideways = track.rotation % 180 != 0;
+    const AVRational aspect = first.sample_aspect_ratio;
+    track.frame = sideways ? MakeFrameInfo(first.height, first.width, {aspect.den, aspect.num})
+                           : MakeFrameInfo(first.width, first.height, aspect);
+    const char* name =
+        av_get_pix_fmt_name(PictureRotator::OutputFormat(static_cast<AVPixelFormat>(first.format), orientation));
+    track.pixelFormat = name ? name : "";
+    // Whoever cannot handle a pixel format refuses this one by its name.
+    if (const std::string foreign = ForeignColourModel(stream); !foreign.empty())
+        track.pixelFormat += " (" + foreign + ")";
+    track.colour = ColourOf(first);
+    track.frameRate = rate.rate;
+    track.variableFrameRate = rate.variable;
+    DescribeFields(track, *video.first, *stream.codecpar);
+    track.stillPicture = IsPictureFormat(demuxer.GetFormatName()) && video.packets <= 1;
+    if (track.stillPicture) {
+        track.frameRate = STILL_RATE;
+        video.end = video.start + FramesToTime(1, STILL_RATE);
+    }
+    track.start = video.start - details.origin;
+    track.duration = video.end - video.start;
+    info.duration = std::max(info.duration, video.end - details.origin);
+    info.video = track;
+}
+
+void MediaProbe::DescribeAudio() {
+    if (audio.index < 0)
+        return;
+    const AVFrame& first = *audio.first;
+    Proc::AudioTrackInfo track;
+    track.index = audio.index;
+    track.codec = avcodec_get_name(demuxer.GetStream(audio.index).codecpar->codec_id);
+    track.sampleRate = first.sample_rate;
+    track.channels = first.ch_layout.nb_channels;
+    track.channelLayout = FromAv(first.ch_layout);
+    track.sampleFormat = FromAv(static_cast<AVSampleFormat>(first.format));
+    track.sampleBits =
+        SampleBitsOf(*demuxer.GetStream(audio.index).codecpar, static_cast<AVSampleFormat>(first.format));
+    details.audioStart = audio.start - details.origin;
+    track.start = std::max<std::int64_t>(details.audioStart, 0);
+    track.duration = std::max<std::int64_t>(audio.end - details.origin - track.start, 0);
+    info.duration = std::max(info.duration, audio.end - details.origin);
+    info.audio = track;
+}
+
+} // namespace Kestra::FF

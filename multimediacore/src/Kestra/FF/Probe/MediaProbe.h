@@ -1,0 +1,94 @@
+// Kestra::FF::MediaProbe: finds out what a media file holds.
+#pragma once
+
+#include "Kestra/FF/Demux/Demuxer.h"
+#include "Kestra/FF/Probe/ClockScan.h"
+#include "Kestra/FF/Probe/MediaSpan.h"
+#include "Kestra/FF/Probe/PacketSamples.h"
+#include "Kestra/FF/Probe/ProbedTrack.h"
+#include "Kestra/FF/Probe/RateChooser.h"
+#include "Kestra/FF/Probe/SoundLevels.h"
+#include "Kestra/FF/Probe/TrackDetails.h"
+#include <memory>
+
+namespace Kestra::FF {
+
+/// Decodes the first frame of the main tracks and reads the file's last packets, so that start, shape and length are
+/// what reading will yield and not what a header claims.
+class MediaProbe {
+public:
+    /// `interrupted` is borrowed for life.
+    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
+
+    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor sound, or when interrupted.
+    void Run();
+
+    const Proc::MediaInfo& GetInfo() const { return info; }
+    const TrackDetails& GetDetails() const { return details; }
+
+private:
+    using Track = ProbedTrack;
+    /// A header that promises more than this beyond the last packet belongs to a file that was cut off.
+    static constexpr std::int64_t SHORTAGE = TIME_BASE / 2;
+
+    void RefuseInterrupted() const;
+    void RequireTracks() const;
+    void ChooseTracks();
+    void CountTrack(const AVStream& stream);
+    void DecodeFirstFrames();
+    static void KeepTail(Track& track, const AVPacket& packet);
+    void DecodeTail(Track& track);
+    void Drop(Track& track, const std::string& reason);
+    void FindEarliestStart();
+    void ChooseRate();
+    void SettleOrigin();
+    std::int64_t AlignChunkedTracks();
+    void SettleSoundGrid();
+    std::optional<PictureSpan> PictureSpanOf() const;
+    std::optional<SoundSpan> SoundSpanOf();
+    void SkipUndecodableLead();
+    /// Of recordings that were put behind each other, the parts are joined.
+    void JoinClocks();
+    void ReportJoints();
+    void FindEnds();
+    void SettleEnds();
+    bool FindEndNear(Track& track, std::int64_t window);
+    void ScanToEnd(const std::vector<Track*>& tracks);
+    void BeginLevels(bool ofAll);
+    void ReadEnds();
+    void TakePacket(Track& track, const AVPacket& packet);
+    std::int64_t TimeOf(Track& track, const AVPacket& packet);
+    std::int64_t LengthOf(const Track& track, const AVPacket& packet);
+    /// Where timestamps of the sound jitter, its samples tell where it begins and ends.
+    void SteadySound();
+    void FinishEnd(Track& track);
+    void FinishPictureEnd();
+    /// An edit list may cut the last frame or block short.
+    void FitToEditList(Track& track, bool isAudio);
+    void DescribeVideo();
+    void DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, const AVCodecParameters& parameters);
+    void DescribeAudio();
+    /// 0 where the file claims none.
+    std::int64_t ClaimedLength();
+    void ReportShortage();
+    std::int64_t ClaimedEnd(const Track& track);
+    /// The claim, but no more than the file's table of samples holds.
+    std::int64_t PromisedEnd(const Track& track);
+    std::vector<Track*> Tracks();
+
+    ioPath path;
+    const std::atomic<bool>& interrupted;
+    Demuxer demuxer;
+    Track video;
+    Track audio;
+    std::unique_ptr<PacketSamples> packetSamples;
+    SoundLevels levels;
+    std::int64_t soundEnd = 0; ///< of all that there is, also where it is not heard
+    bool levelsOfAll = false;  ///< of the whole file, not only of its end
+    RateChoice rate;
+    std::vector<ClockScan::Joint> joints;
+    Proc::MediaInfo info;
+    TrackDetails details;
+};
+
+} // namespace Kestra::FF

@@ -1,0 +1,72 @@
+#include "Kestra/FF/Source/MediaSource.h"
+
+#include "Kestra/Base/Time.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Probe/MediaProbe.h"
+#include "Kestra/FF/Source/AudioDecodeStream.h"
+#include "Kestra/FF/Source/VideoDecodeStream.h"
+#include <algorithm>
+#include <utility>
+
+namespace Kestra::FF {
+
+namespace {
+
+constexpr std::size_t MAX_REPORTS = 1000;
+constexpr std::int64_t SAME_DAMAGE = TIME_BASE / 10;
+
+} // namespace
+
+MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits)
+    : path(path) {
+    static const std::atomic<bool> never{false};
+    MediaProbe probe(path, interrupted ? *interrupted : never, limits);
+    probe.Run();
+    info = probe.GetInfo();
+    details = probe.GetDetails();
+    reports = std::exchange(details.damage, {});
+    notes = std::exchange(details.notes, {});
+}
+
+boost::intrusive_ptr<Proc::IStreamVideo> MediaSource::CreateVideoStream() {
+    if (!info.video)
+        Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no picture track");
+    return new VideoDecodeStream(this);
+}
+
+boost::intrusive_ptr<Proc::IStreamAudio> MediaSource::CreateAudioStream() {
+    if (!info.audio)
+        Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no sound track");
+    return new AudioDecodeStream(this);
+}
+
+std::vector<Proc::DamageReport> MediaSource::TakeDamageReports() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return std::exchange(reports, {});
+}
+
+void MediaSource::Report(std::int64_t time, const std::string& what, bool incomplete) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (reports.size() >= MAX_REPORTS)
+        return;
+    if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
+        return;
+    // What codecs put before the start is no time of the media.
+    reports.push_back({path, std::max<std::int64_t>(time, 0), what, incomplete});
+}
+
+std::vector<Proc::SourceNote> MediaSource::TakeNotes() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    std::vector<Proc::SourceNote> taken;
+    for (; notesTaken < notes.size(); ++notesTaken)
+        taken.push_back({path, notes[notesTaken]});
+    return taken;
+}
+
+void MediaSource::Note(const std::string& what) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (notes.size() < MAX_REPORTS && std::find(notes.begin(), notes.end(), what) == notes.end())
+        notes.push_back(what);
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,16 @@
+#include "Kestra/FF/Source/SourceFactory.h"
+
+#include "Kestra/FF/Source/MediaSource.h"
+
+namespace Kestra::FF {
+
+boost::intrusive_ptr<Proc::IMediaSource>
+SourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits) {
+    return new MediaSource(path, interrupted, limits);
+}
+
+std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory() {
+    return std::make_shared<SourceFactory>();
+}
+
+} // namespace Kestra::FF
