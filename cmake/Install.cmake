@@ -10,10 +10,19 @@ install(TARGETS Kestra KestraQt EditorModel EditorPreset EditorExport EditorProj
 install(TARGETS editor-export RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/EditorExport")
-install(DIRECTORY multimediacore/src/Kestra DESTINATION ${header_dir}
-  FILES_MATCHING PATTERN "*.h" PATTERN "FF" EXCLUDE PATTERN "Processor" EXCLUDE)
-install(DIRECTORY editor/src/library/ DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY apps/ExportCore DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
+get_property(api_headers GLOBAL PROPERTY EDITOREXPORT_API_HEADERS)
+get_property(api_roots GLOBAL PROPERTY EDITOREXPORT_API_ROOTS)
+list(REMOVE_DUPLICATES api_roots)
+foreach(root IN LISTS api_roots)
+  foreach(header IN LISTS api_headers)
+    cmake_path(IS_PREFIX root "${header}" is_below)
+    if(is_below)
+      cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${root}" OUTPUT_VARIABLE included_as)
+      cmake_path(GET included_as PARENT_PATH folder)
+      install(FILES "${header}" DESTINATION "${header_dir}/${folder}")
+    endif()
+  endforeach()
+endforeach()
 install(DIRECTORY "${CMAKE_BINARY_DIR}/include/" DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY resources/presets DESTINATION ${EDITOREXPORT_DATADIR})
 

@@ -24,18 +24,10 @@ public:
     explicit operator bool() const { return stream != nullptr; }
     I* operator->() const { return stream.get(); }
 
-    /// A stream that comes after the interrupt is interrupted at once.
-    void put(Pointer next) {
-        const std::lock_guard<std::mutex> lock(mutex);
-        stream.swap(next);
-        if (interrupted && stream)
-            stream->Interrupt();
-        previous = std::move(next);
-    }
-    void close() {
-        put(nullptr);
-        previous.reset(); // outside the lock: its end may wait for a thread
-    }
+    /// A stream that comes after the interrupt is interrupted at once. The one before ends outside the lock: it may
+    /// wait for a thread.
+    void put(Pointer next) { exchange(std::move(next)); }
+    void close() { exchange(nullptr); }
     /// Closes, and forgets an interrupt.
     void reset() {
         letGo();
@@ -54,14 +46,22 @@ public:
     }
 
 private:
+    Pointer exchange(Pointer next) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        stream.swap(next);
+        if (interrupted && stream)
+            stream->Interrupt();
+        return next;
+    }
+
     /// As close(), but not for ever: unlike that of the other calls, the thread may be one that nobody can do without.
     void letGo() {
         constexpr std::chrono::seconds patience{3}; // a thread that reads ahead has two of them
-        put(nullptr);
-        if (!previous)
+        Pointer last = exchange(nullptr);
+        if (!last)
             return;
         Kestra::LeavableThread::Call(
-            [held = std::exchange(previous, nullptr)]() mutable {
+            [held = std::move(last)]() mutable {
                 pthread_setname_np(pthread_self(), "left-to-close");
                 held.reset();
             },
@@ -70,7 +70,6 @@ private:
 
     mutable std::mutex mutex;
     Pointer stream;
-    Pointer previous;
     bool interrupted = false;
 };
 

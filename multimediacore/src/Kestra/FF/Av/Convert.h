@@ -6,7 +6,6 @@
 #include "Kestra/Conf/FrameInfo.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "Kestra/Conf/SampleInfo.h"
-#include "KestraExport.h"
 
 extern "C" {
 #include <libavcodec/codec_id.h>
@@ -35,18 +34,18 @@ inline boost::rational<long long> FromAv(AVRational value) {
 }
 
 /// By name. AV_PIX_FMT_NONE for Unknown and Other; Other for a format that is newer than the engine's table.
-KESTRA_EXPORT AVPixelFormat ToAv(Conf::PixelFormat format) noexcept;
-KESTRA_EXPORT Conf::PixelFormat FromAv(AVPixelFormat format) noexcept;
+AVPixelFormat ToAv(Conf::PixelFormat format) noexcept;
+Conf::PixelFormat FromAv(AVPixelFormat format) noexcept;
 bool HasAlpha(AVPixelFormat format) noexcept;
 
-KESTRA_EXPORT AVSampleFormat ToAv(Conf::SampleFormats format) noexcept;
-KESTRA_EXPORT Conf::SampleFormats FromAv(AVSampleFormat format) noexcept;
+AVSampleFormat ToAv(Conf::SampleFormats format) noexcept;
+Conf::SampleFormats FromAv(AVSampleFormat format) noexcept;
 
 /// The speakers, or an unspecified order of so many channels; of none when the layout is not known.
-KESTRA_EXPORT AVChannelLayout ToAvLayout(std::uint32_t layout) noexcept;
+AVChannelLayout ToAvLayout(std::uint32_t layout) noexcept;
 /// Mono and stereo are taken for such, whether they say so or not; other channels without speakers, and ambisonic ones,
 /// are discrete.
-KESTRA_EXPORT std::uint32_t FromAv(const AVChannelLayout& layout) noexcept;
+std::uint32_t FromAv(const AVChannelLayout& layout) noexcept;
 
 AVCodecID ToAv(Conf::CodecID id) noexcept;
 

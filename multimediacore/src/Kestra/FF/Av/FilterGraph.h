@@ -3,7 +3,6 @@
 
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <deque>
 #include <string>
 
@@ -13,7 +12,7 @@ namespace Kestra::FF {
 /// its memory. Their pts are engine times, on both sides. Bound to one thread at a time; nothing opens before the first
 /// frame. When size, shape, format, rate or layout of what comes in changes, the chain is emptied and made anew; a
 /// change of colour tags is the filters' own affair.
-class KESTRA_EXPORT FilterGraph {
+class FilterGraph {
 public:
     /// `chain` as libavfilter reads it, without names for its ends. `failure` begins the sentence of every error:
     /// "Turning a picture upright failed". `threads`: slices that one frame is worked on in at a time, 1 starts none.

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <array>
 
 namespace Kestra::FF {
 
 /// Bound to one thread at a time; the frames it gives may go anywhere and outlive it.
-class KESTRA_EXPORT FramePool {
+class FramePool {
 public:
     /// A writable frame of that format and size with undefined pixels and no tags. Planes begin at, and rows are a
     /// multiple of, 64 bytes. Throws ProcException for a format that has no planes in memory.

@@ -49,9 +49,6 @@ struct SwrContextDeleter {
 struct FilterGraphDeleter {
     void operator()(AVFilterGraph* graph) const noexcept { avfilter_graph_free(&graph); }
 };
-struct BufferRefDeleter {
-    void operator()(AVBufferRef* buffer) const noexcept { av_buffer_unref(&buffer); }
-};
 struct BufferPoolDeleter {
     void operator()(AVBufferPool* pool) const noexcept { av_buffer_pool_uninit(&pool); }
 };
@@ -67,7 +64,6 @@ using IoContextHandle = std::unique_ptr<AVIOContext, IoContextDeleter>;
 using SwsContextHandle = std::unique_ptr<SwsContext, SwsContextDeleter>;
 using SwrContextHandle = std::unique_ptr<SwrContext, SwrContextDeleter>;
 using FilterGraphHandle = std::unique_ptr<AVFilterGraph, FilterGraphDeleter>;
-using BufferRefHandle = std::unique_ptr<AVBufferRef, BufferRefDeleter>;
 /// Buffers handed out keep the pool's memory alive after the handle has gone.
 using BufferPoolHandle = std::unique_ptr<AVBufferPool, BufferPoolDeleter>;
 

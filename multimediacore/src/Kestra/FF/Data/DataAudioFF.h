@@ -7,7 +7,7 @@
 
 namespace Kestra::FF {
 
-class KESTRA_EXPORT DataAudioFF final : public Proc::IDataAudio, public RefCountImpl {
+class DataAudioFF final : public Proc::IDataAudio, public RefCountImpl {
 public:
     /// Takes the frame (its format, rate, layout and sample count are set; its pts is not read). The duration follows.
     DataAudioFF(FrameHandle samples, std::int64_t time);
@@ -30,6 +30,6 @@ private:
 };
 
 /// The frame behind a block of this engine; throws std::invalid_argument for one of another making.
-KESTRA_EXPORT const AVFrame& FrameOf(const Proc::IDataAudio& data);
+const AVFrame& FrameOf(const Proc::IDataAudio& data);
 
 } // namespace Kestra::FF

@@ -7,7 +7,7 @@
 
 namespace Kestra::FF {
 
-class KESTRA_EXPORT DataVideoFF final : public Proc::IDataVideo, public RefCountImpl {
+class DataVideoFF final : public Proc::IDataVideo, public RefCountImpl {
 public:
     /// Takes the frame; its pts is not read, the times count.
     DataVideoFF(FrameHandle picture, std::int64_t time, std::int64_t duration);
@@ -30,6 +30,6 @@ private:
 };
 
 /// The frame behind a picture of this engine; throws std::invalid_argument for one of another making.
-KESTRA_EXPORT const AVFrame& FrameOf(const Proc::IDataVideo& data);
+const AVFrame& FrameOf(const Proc::IDataVideo& data);
 
 } // namespace Kestra::FF

@@ -1,7 +1,6 @@
 // Where decoded blocks of samples belong, told from timestamps that containers round, jitter or repeat.
 #pragma once
 
-#include "KestraExport.h"
 #include <cstdint>
 #include <vector>
 
@@ -20,22 +19,22 @@ struct TimestampHabit {
 };
 
 /// More than this off its place, a block may stand beside a gap; in samples.
-KESTRA_EXPORT std::int64_t GapTolerance(std::int64_t jitter, int sampleRate);
+std::int64_t GapTolerance(std::int64_t jitter, int sampleRate);
 
 /// Where the first of `blocks` begins, when the one before it ended at `flow`; `blocks` are those of the following
 /// half second. It follows on, unless it and most of them stand further off than jitter explains: that is a gap, or an
 /// overlap to be cut.
-KESTRA_EXPORT std::int64_t PlaceNext(const std::vector<TimedBlock>& blocks, std::int64_t flow, int sampleRate,
-                                     const TimestampHabit& habit = {});
+std::int64_t PlaceNext(const std::vector<TimedBlock>& blocks, std::int64_t flow, int sampleRate,
+                       const TimestampHabit& habit = {});
 
 /// Where the first of `blocks` begins when nothing is known before it: the earliest place that two of them agree on,
 /// for wrong timestamps are those of later blocks; the first one's own when no two agree.
-KESTRA_EXPORT std::int64_t PlaceFirst(const std::vector<TimedBlock>& blocks, int sampleRate);
+std::int64_t PlaceFirst(const std::vector<TimedBlock>& blocks, int sampleRate);
 
 /// The same where timestamps are known to jitter: the place that they mean on average.
-KESTRA_EXPORT std::int64_t PlaceFirstOfJittery(const std::vector<TimedBlock>& blocks);
+std::int64_t PlaceFirstOfJittery(const std::vector<TimedBlock>& blocks);
 
 /// `place` brought to the nearest number that is `phase` modulo `grain`, if it is no further away than `tolerance`.
-KESTRA_EXPORT std::int64_t SnapToGrain(std::int64_t place, std::int64_t phase, int grain, std::int64_t tolerance);
+std::int64_t SnapToGrain(std::int64_t place, std::int64_t phase, int grain, std::int64_t tolerance);
 
 } // namespace Kestra::FF

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "Kestra/FF/Decode/SamplePlacement.h"
-#include "KestraExport.h"
 
 namespace Kestra::FF {
 
 /// Jitter averages out; what is left of a difference is spread over so many samples that nobody hears it.
-class KESTRA_EXPORT SoundDrift {
+class SoundDrift {
 public:
     /// `jitter`: what is known of the file's timestamps beforehand; in samples.
     SoundDrift(int sampleRate, std::int64_t jitter);

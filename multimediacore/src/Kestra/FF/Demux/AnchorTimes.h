@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -14,7 +13,7 @@ namespace Kestra::FF {
 /// the next one and is wrong until the next pack. So packets are held back until what follows tells which times are
 /// right. One that others are predicted from is shown when the next of its kind is decoded. Packets come out in the
 /// order of the file, and those that have their right times as they are.
-class KESTRA_EXPORT AnchorTimes {
+class AnchorTimes {
 public:
     /// Whether streams of the container leave such times out.
     static bool AreNeeded(const char* container);

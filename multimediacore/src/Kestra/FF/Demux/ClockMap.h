@@ -1,7 +1,6 @@
 // Kestra::FF::ClockMap: where the timestamps of a file restart or jump, and what brings them onto one clock.
 #pragma once
 
-#include "KestraExport.h"
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -12,7 +11,7 @@ namespace Kestra::FF {
 /// Recordings that were put behind each other in one file begin their clocks anew. Which part a packet belongs to is
 /// told by its place in the file, so that reading through and reading after a seek agree. Times are in the ticks of
 /// the packet's stream, positions are bytes. A value.
-class KESTRA_EXPORT ClockMap {
+class ClockMap {
 public:
     /// From `position` on, `shift` is added to the stream's timestamps. Positions have to rise.
     void Join(int stream, std::int64_t position, std::int64_t shift);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/Base/ioPath.h"
-#include "KestraExport.h"
 #include <atomic>
 #include <cstdint>
 #include <string>
@@ -22,7 +21,6 @@ struct ContainerEnd {
 /// Reads some bytes of the file. `format` is libavformat's name of the container. WAV, RF64, W64, AIFF, CAF, AU, AVI,
 /// MP4, Matroska and Ogg can tell; raw streams, program streams and FLV cannot, transport streams only whether the last
 /// packet is whole. A file that cannot be read, and a search that is interrupted, say nothing.
-KESTRA_EXPORT ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format,
-                                            const std::atomic<bool>& interrupted);
+ContainerEnd FindContainerEnd(const ioPath& path, const std::string& format, const std::atomic<bool>& interrupted);
 
 } // namespace Kestra::FF

@@ -9,7 +9,6 @@
 #include "Kestra/FF/Demux/KnownStreams.h"
 #include "Kestra/FF/Demux/OrderTimes.h"
 #include "Kestra/FF/Demux/SourceFile.h"
-#include "KestraExport.h"
 #include <atomic>
 #include <map>
 #include <memory>
@@ -19,7 +18,7 @@
 namespace Kestra::FF {
 
 /// Bound to one thread at a time. Only local files are read, whatever the file refers to.
-class KESTRA_EXPORT Demuxer {
+class Demuxer {
 public:
     /// Opens the file and finds its streams, unless they are `known`, which may be null. `interrupted` is borrowed for
     /// life and polled while the file is read. Throws ProcException: SourceNotFound, SourceUnreadable, also for what

@@ -1,7 +1,6 @@
 // Kestra::FF::FileBytes: looks at single bytes of a file's structure.
 #pragma once
 
-#include "KestraExport.h"
 #include <atomic>
 #include <cstdint>
 #include <fstream>
@@ -12,7 +11,7 @@ namespace Kestra::FF {
 
 /// The bytes of a file, from its start; zeros beyond its end, and in place of what cannot be read. Once interrupted, it
 /// is empty, so whoever goes through it comes to its end.
-class KESTRA_EXPORT FileBytes {
+class FileBytes {
 public:
     /// `interrupted` is borrowed for life.
     FileBytes(const std::string& path, const std::atomic<bool>& interrupted);

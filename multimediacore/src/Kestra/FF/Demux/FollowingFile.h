@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/Base/ioPath.h"
-#include "KestraExport.h"
 #include <atomic>
 #include <cstdint>
 #include <string>
@@ -13,7 +12,6 @@ namespace Kestra::FF {
 /// `format` is libavformat's name of the container. FLAC is searched through; WAV, AIFF, AU, W64, CAF, TTA,
 /// WavPack, ASF, MP4, Matroska, FLV and MXF tell where they or their parts end. A file that cannot be read, and a
 /// search that is interrupted, say nothing.
-KESTRA_EXPORT std::int64_t FindFollowingFile(const ioPath& path, const std::string& format,
-                                             const std::atomic<bool>& interrupted);
+std::int64_t FindFollowingFile(const ioPath& path, const std::string& format, const std::atomic<bool>& interrupted);
 
 } // namespace Kestra::FF

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "Kestra/Base/ioPath.h"
-#include "KestraExport.h"
 #include <atomic>
 
 namespace Kestra::FF {
 
 /// Of files of the MOV family. libavformat does not look at such a name (a URL), and reads what stands at the samples'
 /// places in this file. Whoever does not say that the samples are here, but names no other place either, has them here.
-KESTRA_EXPORT bool HasForeignSamples(const ioPath& path, const std::atomic<bool>& interrupted);
+bool HasForeignSamples(const ioPath& path, const std::atomic<bool>& interrupted);
 
 } // namespace Kestra::FF

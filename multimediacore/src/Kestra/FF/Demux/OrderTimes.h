@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -15,7 +14,7 @@ namespace Kestra::FF {
 /// one. But each says at which place it is shown since the last one that nothing before is needed for. So packets are
 /// held back until those behind tell which time belongs to which place. They come out in the order of the file, and
 /// those that have their right times as they are.
-class KESTRA_EXPORT OrderTimes {
+class OrderTimes {
 public:
     /// Finds a picture's place; nothing where it tells none.
     using PlaceFinder = std::function<std::optional<int>(const AVPacket& packet)>;

@@ -12,14 +12,14 @@ namespace Kestra::FF {
 /// ordinary pictures where the stream's range is a high one and the description does not say to keep it. Sides are made
 /// to fit the pixel format's subsampling and are never 0. Throws ProcException (CodecRefused) for a pixel format that
 /// the codec does not take.
-KESTRA_EXPORT EncodePicture ChoosePicture(const Conf::IFormatCodecVideo& description,
-                                          const Conf::IFormatCodecVideo& stream, const AVCodec& codec);
+EncodePicture ChoosePicture(const Conf::IFormatCodecVideo& description, const Conf::IFormatCodecVideo& stream,
+                            const AVCodec& codec);
 
 /// The description's frame rate or the stream's. Throws ProcException (CodecRefused) when neither has one.
 boost::rational<long long> ChooseFrameRate(const Conf::IFormatCodecVideo& description,
                                            const Conf::IFormatCodecVideo& stream);
 
 /// What a user has to know where the codec's own refusal says nothing; empty where it does.
-KESTRA_EXPORT std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture);
+std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture);
 
 } // namespace Kestra::FF

@@ -44,7 +44,6 @@ struct Fitting {
     PictureRect source;
     PictureRect place;
 };
-KESTRA_EXPORT Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame,
-                                 const Proc::SettingsResizer& settings);
+Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
 
 } // namespace Kestra::FF

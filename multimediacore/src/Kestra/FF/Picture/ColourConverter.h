@@ -27,7 +27,7 @@ int MatrixClass(int matrix) noexcept;
 /// stands at REFERENCE_WHITE in a high range. A high range becomes an ordinary one by libavfilter's mobius curve, which
 /// leaves what is darker than three tenths of that white as it is; the peak that becomes white is that of the picture's
 /// metadata (PeakOf). PQ brighter than HLG can show is brought into it by the same curve.
-class KESTRA_EXPORT ColourConverter {
+class ColourConverter {
 public:
     /// Whether more has to be done than libswscale does well: it knows neither primaries nor transfers, and on the way
     /// from one matrix to another it clips what is whiter than white. BT.601, BT.709, BT.2020 and sRGB name one

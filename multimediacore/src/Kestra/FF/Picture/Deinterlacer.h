@@ -8,7 +8,7 @@ namespace Kestra::FF {
 
 /// libavfilter's bwdif. Bound to one thread at a time. What a picture becomes depends on itself and its two neighbours
 /// alone, not on how the reader came to it; pictures that follow on from each other cost one run of the filter each.
-class KESTRA_EXPORT Deinterlacer {
+class Deinterlacer {
 public:
     /// How many pictures come of one.
     enum class Output { Frame, Fields };

@@ -3,7 +3,6 @@
 
 #include "Kestra/Conf/HdrInfo.h"
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <optional>
 
 extern "C" {
@@ -26,11 +25,11 @@ bool IsHighRange(int transfer) noexcept;
 /// bits.
 bool CarriesHdr(int transfer, AVPixelFormat format) noexcept;
 
-KESTRA_EXPORT HdrMetadata HdrMetadataOf(const AVFrame& picture);
+HdrMetadata HdrMetadataOf(const AVFrame& picture);
 Conf::HdrInfo InfoOf(const HdrMetadata& metadata);
 HdrMetadata MetadataOf(const Conf::HdrInfo& info);
 /// Gives the picture what the container tells, where the picture itself tells nothing.
-KESTRA_EXPORT void AddHdrMetadata(AVFrame& picture, const AVStream& stream);
+void AddHdrMetadata(AVFrame& picture, const AVStream& stream);
 /// For pictures that are of another range now, or of another transfer; what changes from picture to picture goes too.
 void RemoveHdrMetadata(AVFrame& picture);
 /// For the container to tell.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
+#include <cstdint>
 
 namespace Kestra::FF {
 
@@ -14,7 +14,7 @@ struct Orientation {
 };
 
 /// From a display matrix of nine 16.16 numbers. Angles between quarter turns are taken to the nearest one.
-KESTRA_EXPORT Orientation ReadDisplayMatrix(const std::int32_t* matrix);
+Orientation ReadDisplayMatrix(const std::int32_t* matrix);
 /// The container's orientation; where it has none, that of the decoded picture (EXIF, SEI).
 Orientation FindOrientation(const AVStream& stream, const AVFrame* picture);
 

@@ -30,7 +30,7 @@ struct PictureTarget {
 /// where it is kept in the picture's own format, scaling weights colour by it.
 /// Interlaced pictures are scaled field by field. One pass of libswscale does it all, unless the colour has to change
 /// by more than it does well: that follows in ColourConverter's pass.
-class KESTRA_EXPORT PictureConverter {
+class PictureConverter {
 public:
     /// The picture itself, on the same pixels, when it already is what is wanted. Times and side data stay.
     FrameHandle Convert(const AVFrame& picture, const PictureTarget& target);

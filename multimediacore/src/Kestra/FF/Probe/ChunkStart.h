@@ -3,7 +3,6 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <cstdint>
 
 namespace Kestra::FF {
@@ -26,10 +25,10 @@ struct ChunkShift {
 /// Pictures are shown later than they are decoded, and sound does not wait for that: its start belongs to the first
 /// picture's. libav's writer moves pictures for what its encoders put before the sound, by whole chunks, but leaves
 /// the first one where it is.
-KESTRA_EXPORT ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
+ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
 
 /// Where fragments are described before they are known, libav's writer moves pictures by what its encoders put before
 /// the sound, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
-KESTRA_EXPORT ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
+ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
 
 } // namespace Kestra::FF

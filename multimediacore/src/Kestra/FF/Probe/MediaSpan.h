@@ -1,7 +1,6 @@
 // Kestra::FF::MediaSpan: from where to where a media file is a clip.
 #pragma once
 
-#include "KestraExport.h"
 #include <boost/rational.hpp>
 #include <cstdint>
 #include <optional>
@@ -25,10 +24,10 @@ struct SoundSpan {
 /// whole frames before it: on a grid of frames from there every picture has a frame. Sound that begins before the
 /// picture is cut there when it leads by less than a frame and its encoder's priming; a longer lead stays, and begins
 /// with silence of less than a frame.
-KESTRA_EXPORT std::int64_t FindOrigin(const std::optional<PictureSpan>& picture, const std::optional<SoundSpan>& sound);
+std::int64_t FindOrigin(const std::optional<PictureSpan>& picture, const std::optional<SoundSpan>& sound);
 
 /// Where the sound ends: with the picture if it goes on for less than a filled-up block and one more frame, else where
 /// it ends itself.
-KESTRA_EXPORT std::int64_t FindSoundEnd(const std::optional<PictureSpan>& picture, const SoundSpan& sound);
+std::int64_t FindSoundEnd(const std::optional<PictureSpan>& picture, const SoundSpan& sound);
 
 } // namespace Kestra::FF

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "KestraExport.h"
 #include <cstdint>
 #include <vector>
 
 namespace Kestra::FF {
 
 /// Engine time on the container's own clock. A value.
-class KESTRA_EXPORT PictureTimes {
+class PictureTimes {
 public:
     /// What is taken from now on does not follow on from what was taken before.
     void BeginRun();

@@ -1,7 +1,6 @@
 // Kestra::FF::RateChooser: the constant frame rate that pictures are shown at.
 #pragma once
 
-#include "KestraExport.h"
 #include <boost/rational.hpp>
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +19,7 @@ struct RateChoice {
 /// Chooses by what pictures do and not by what a header says. Rates within half a percent of a standard one are that
 /// one. Pictures that stand on the grid of a rate have that rate, however they jitter around it and though some be
 /// missing. Otherwise it is the lowest standard rate that shows at least 95 % of them, 60 at most.
-class KESTRA_EXPORT RateChooser {
+class RateChooser {
 public:
     using Rate = boost::rational<long long>;
 
@@ -63,6 +62,6 @@ private:
 
 /// What a user is told of a variable rate: "variable frame rate, shown at 30 frames a second, which leaves out 2 of 63
 /// pictures". `whole`: all pictures of the track were looked at.
-KESTRA_EXPORT std::string DescribeChoice(const RateChoice& choice, bool whole);
+std::string DescribeChoice(const RateChoice& choice, bool whole);
 
 } // namespace Kestra::FF

@@ -1,14 +1,13 @@
 // Kestra::FF::SoundLevels: the timestamps of a sound track's packets against the samples in them.
 #pragma once
 
-#include "KestraExport.h"
 #include <cstdint>
 #include <vector>
 
 namespace Kestra::FF {
 
 /// Takes the packets of a stretch in order. All in engine time.
-class KESTRA_EXPORT SoundLevels {
+class SoundLevels {
 public:
     void Clear();
     /// `time` may be TIME_UNKNOWN. Packets of unknown length make the rest meaningless.

@@ -9,7 +9,7 @@
 namespace Kestra::Proc {
 
 /// A part fills exactly its duration: its last picture is stretched or cut to the seam.
-class KESTRA_EXPORT Concatenation final : public StreamBase<IConcatenation> {
+class Concatenation final : public StreamBase<IConcatenation> {
 public:
     void Append(const boost::intrusive_ptr<IStreamVideo>& stream) override;
 

@@ -7,7 +7,7 @@
 
 namespace Kestra::Proc {
 
-class KESTRA_EXPORT EffectHost final : public IEffectHost, public RefCountImpl {
+class EffectHost final : public IEffectHost, public RefCountImpl {
 public:
     /// Throws std::invalid_argument for a null source.
     explicit EffectHost(const boost::intrusive_ptr<IStreamVideo>& source);

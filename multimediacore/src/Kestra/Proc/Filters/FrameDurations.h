@@ -7,7 +7,7 @@ namespace Kestra::Proc {
 
 /// Passes pictures as they are but for their durations; the last one lasts to the stream's end. Reads one picture
 /// ahead.
-class KESTRA_EXPORT FrameDurations final : public VideoFilterBase {
+class FrameDurations final : public VideoFilterBase {
 public:
     explicit FrameDurations(const boost::intrusive_ptr<IStreamVideo>& source);
 

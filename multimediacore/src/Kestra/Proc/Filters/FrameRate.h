@@ -8,7 +8,7 @@ namespace Kestra::Proc {
 
 /// Frame n shows what the source shows at the middle of its period: clocks that round to a millisecond then neither
 /// drop nor repeat a frame. When the source ends early, its last picture stays up to the end of its duration.
-class KESTRA_EXPORT FrameRate final : public VideoFilterBase {
+class FrameRate final : public VideoFilterBase {
 public:
     /// Throws std::invalid_argument for a null source or a rate that is not positive.
     FrameRate(const boost::intrusive_ptr<IStreamVideo>& source, const boost::rational<long long>& rate);

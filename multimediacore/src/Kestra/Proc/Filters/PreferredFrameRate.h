@@ -9,7 +9,7 @@ namespace Kestra::Proc {
 
 /// As long as its source, whatever the rate: the last frame is cut or stretched. Where no rate is preferred, the
 /// source's pictures pass as they are; those of a source that has no rate come at STILL_RATE.
-class KESTRA_EXPORT PreferredFrameRate final : public VideoFilterBase {
+class PreferredFrameRate final : public VideoFilterBase {
 public:
     static constexpr int STILL_RATE = 25;
 

@@ -6,7 +6,7 @@
 
 namespace Kestra::Proc {
 
-class KESTRA_EXPORT ReadAheadAudio final : public ReadAheadBase<AudioFilterBase> {
+class ReadAheadAudio final : public ReadAheadBase<AudioFilterBase> {
 public:
     ReadAheadAudio(const boost::intrusive_ptr<IStreamAudio>& source, int blocks);
 

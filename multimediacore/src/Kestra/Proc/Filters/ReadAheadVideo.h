@@ -6,7 +6,7 @@
 
 namespace Kestra::Proc {
 
-class KESTRA_EXPORT ReadAheadVideo final : public ReadAheadBase<VideoFilterBase> {
+class ReadAheadVideo final : public ReadAheadBase<VideoFilterBase> {
 public:
     ReadAheadVideo(const boost::intrusive_ptr<IStreamVideo>& source, int pictures);
 

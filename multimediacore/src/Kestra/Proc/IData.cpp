@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IData.h"
-
-namespace Kestra::Proc {
-
-IData::~IData() = default;
-
-} // namespace Kestra::Proc

@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IDataAudio.h"
-
-namespace Kestra::Proc {
-
-IDataAudio::~IDataAudio() = default;
-
-} // namespace Kestra::Proc

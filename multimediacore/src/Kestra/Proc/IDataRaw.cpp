@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IDataRaw.h"
-
-namespace Kestra::Proc {
-
-IDataRaw::~IDataRaw() = default;
-
-} // namespace Kestra::Proc

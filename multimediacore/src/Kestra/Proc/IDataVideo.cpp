@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IDataVideo.h"
-
-namespace Kestra::Proc {
-
-IDataVideo::~IDataVideo() = default;
-
-} // namespace Kestra::Proc

@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IMediaSource.h"
-
-namespace Kestra::Proc {
-
-IMediaSource::~IMediaSource() = default;
-
-} // namespace Kestra::Proc

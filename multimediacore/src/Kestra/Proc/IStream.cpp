@@ -1,7 +1,0 @@
-#include "Kestra/Proc/IStream.h"
-
-namespace Kestra::Proc {
-
-IStream::~IStream() = default;
-
-} // namespace Kestra::Proc

@@ -1,0 +1,44 @@
+// The destructors of the interfaces that have nothing else: their tables of functions live in this library.
+#include "Kestra/Proc/ICodecFactory.h"
+#include "Kestra/Proc/IConcatenation.h"
+#include "Kestra/Proc/IData.h"
+#include "Kestra/Proc/IDataAudio.h"
+#include "Kestra/Proc/IDataRaw.h"
+#include "Kestra/Proc/IDataVideo.h"
+#include "Kestra/Proc/IDataVideoFFFactory.h"
+#include "Kestra/Proc/IEffectFactory.h"
+#include "Kestra/Proc/IEffectHost.h"
+#include "Kestra/Proc/IEffectVideo.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/IMediaSource.h"
+#include "Kestra/Proc/IMuxer.h"
+#include "Kestra/Proc/IMuxerFactory.h"
+#include "Kestra/Proc/IPacketSource.h"
+#include "Kestra/Proc/IProcessingEvents.h"
+#include "Kestra/Proc/ISourceFactory.h"
+#include "Kestra/Proc/IStream.h"
+#include "Kestra/Proc/IStreamProcessor.h"
+
+namespace Kestra::Proc {
+
+ICodecFactory::~ICodecFactory() = default;
+IConcatenation::~IConcatenation() = default;
+IData::~IData() = default;
+IDataAudio::~IDataAudio() = default;
+IDataRaw::~IDataRaw() = default;
+IDataVideo::~IDataVideo() = default;
+IDataVideoFFFactory::~IDataVideoFFFactory() = default;
+IEffectFactory::~IEffectFactory() = default;
+IEffectHost::~IEffectHost() = default;
+IEffectVideo::~IEffectVideo() = default;
+IFilterFactory::~IFilterFactory() = default;
+IMediaSource::~IMediaSource() = default;
+IMuxer::~IMuxer() = default;
+IMuxerFactory::~IMuxerFactory() = default;
+IPacketSource::~IPacketSource() = default;
+IProcessingEvents::~IProcessingEvents() = default;
+ISourceFactory::~ISourceFactory() = default;
+IStream::~IStream() = default;
+IStreamProcessor::~IStreamProcessor() = default;
+
+} // namespace Kestra::Proc
