@@ -158,21 +158,60 @@ class FragmentedClip : public SourceTest {};
 
 TEST_F(FragmentedClip, IsNoLongerAndInStepWhereItsWriterPutsWhatTheCodecNeedsInFront) {
     constexpr int frames = 100;
-    for (const char* reordered : {"0", "2"}) {
-        SCOPED_TRACE(reordered);
-        const std::string tone = "aevalsrc=exprs='0.5*sin(6000*t)*gte(t,1)':s=48000:d=4";
-        const auto source = open(make(
-            "a.mp4", join(pictures("25", frames), {"-f", "lavfi", "-i", tone, "-c:v", "libx264", "-bf", reordered,
-                                                   "-c:a", "aac", "-movflags", "empty_moov+frag_keyframe", "-y"})));
+    struct Writing {
+        Rate rate;
+        const char* reordered;
+        const char* flags;
+    };
+    for (const Writing& writing :
+         {Writing{25, "0", "empty_moov+frag_keyframe"}, Writing{{30000, 1001}, "2", "empty_moov+frag_keyframe"},
+          Writing{25, "0", "frag_keyframe"}}) {
+        SCOPED_TRACE(std::string(writing.reordered) + writing.flags);
+        const std::string tone =
+            std::string("aevalsrc=exprs='0.5*sin(6000*t)*gte(t,1)':s=48000:d=") + (writing.rate == 25 ? "4" : "3.3");
+        const auto source =
+            open(make("a.mp4", join(pictures(writing.rate == 25 ? "25" : "30000/1001", frames),
+                                    {"-f", "lavfi", "-i", tone, "-c:v", "libx264", "-bf", writing.reordered, "-g", "25",
+                                     "-c:a", "aac", "-movflags", writing.flags, "-y"})));
         const auto read = readPictures(*source->CreateVideoStream());
         ASSERT_EQ(read.size(), static_cast<std::size_t>(frames));
         for (int index = 0; index < frames; ++index)
-            EXPECT_NEAR(read[static_cast<std::size_t>(index)].time, FramesToTime(index, 25), TIME_BASE / 1000);
-        EXPECT_NEAR(source->GetInfo().duration, FramesToTime(frames, 25), TIME_BASE / 1000);
+            EXPECT_NEAR(read[static_cast<std::size_t>(index)].time, FramesToTime(index, writing.rate),
+                        TIME_BASE / 1000);
+        EXPECT_NEAR(source->GetInfo().duration, FramesToTime(frames, writing.rate), TIME_BASE / 1000);
         const auto samples = readSamples(*source->CreateAudioStream());
         const auto begin =
             std::find_if(samples.begin(), samples.end(), [](float sample) { return std::abs(sample) > 0.25F; });
         EXPECT_NEAR(static_cast<double>(begin - samples.begin()), 48000, 96);
+        EXPECT_TRUE(source->TakeNotes().empty());
+    }
+}
+
+TEST_F(FragmentedClip, OfAFragmentForEachFrameKeepsItsSoundWhole) {
+    // Its writer gives some packets of sound the time of the one behind them.
+    const std::string tone = "aevalsrc=exprs='0.5*sin(6000*t)':s=48000:d=4";
+    for (const char* flags : {"cmaf+frag_every_frame", "frag_every_frame+empty_moov"}) {
+        SCOPED_TRACE(flags);
+        const auto source =
+            open(make("a.mp4", join(pictures("25", 100), {"-f", "lavfi", "-i", tone, "-c:v", "libx264", "-bf", "0",
+                                                          "-c:a", "aac", "-movflags", flags, "-y"})));
+        const auto stream = source->CreateAudioStream();
+        const auto samples = readSamples(*stream);
+        EXPECT_NEAR(static_cast<double>(samples.size()), 4 * 48000, 2048);
+        const auto isHeard = [](float sample) { return std::abs(sample) > 0.25F; };
+        const auto end = samples.end() - 2048; // where the codec ends
+        for (auto at = std::find_if(samples.begin(), samples.end(), isHeard); at < end;) {
+            const auto next = std::find_if(at + 1, samples.end(), isHeard);
+            ASSERT_LT(next - at, 48) << static_cast<double>(at - samples.begin()) / 48000;
+            at = next;
+        }
+        EXPECT_TRUE(source->TakeNotes().empty());
+        // From within them it sounds as when it is read from the start.
+        stream->Seek(3 * TIME_BASE, SeekMode::Exact);
+        const auto sought = readSamples(*stream, 24000);
+        ASSERT_GE(sought.size(), 24000U);
+        for (std::size_t index = 0; index < 24000; ++index)
+            ASSERT_NEAR(sought[index], samples[3 * 48000 + index], 0.01) << index;
     }
 }
 

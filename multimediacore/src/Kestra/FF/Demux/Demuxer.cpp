@@ -206,6 +206,7 @@ void Demuxer::ClearTimes() {
     placeFinder = {};
     ordered = -1;
     anchorTimes.Clear();
+    repeatedTimes.Clear();
     atEnd = false;
 }
 
@@ -242,6 +243,24 @@ void Demuxer::PushOrdered(PacketHandle packet) {
 }
 
 bool Demuxer::ReadNext(AVPacket& packet) {
+    if (!RepeatedTimes::AreNeeded(GetFormatName()))
+        return ReadFile(packet);
+    av_packet_unref(&packet);
+    do {
+        while (!repeatedTimes.Pop(packet)) {
+            PacketHandle next = MakePacket();
+            if (!ReadFile(*next)) {
+                repeatedTimes.End();
+                return !interrupted && repeatedTimes.Pop(packet);
+            }
+            const AVStream& stream = GetStream(next->stream_index);
+            repeatedTimes.Push(std::move(next), stream);
+        }
+    } while (!IsSelected(packet.stream_index)); // since it was read
+    return true;
+}
+
+bool Demuxer::ReadFile(AVPacket& packet) {
     bool searching = false;
     while (!interrupted.load(std::memory_order_relaxed)) {
         av_packet_unref(&packet);

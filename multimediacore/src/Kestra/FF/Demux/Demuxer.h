@@ -8,6 +8,7 @@
 #include "Kestra/FF/Demux/FieldPairs.h"
 #include "Kestra/FF/Demux/KnownStreams.h"
 #include "Kestra/FF/Demux/OrderTimes.h"
+#include "Kestra/FF/Demux/RepeatedTimes.h"
 #include "Kestra/FF/Demux/SourceFile.h"
 #include <atomic>
 #include <map>
@@ -77,6 +78,7 @@ private:
     bool HasFieldPairs() const;
     void PushOrdered(PacketHandle packet);
     bool ReadNext(AVPacket& packet);
+    bool ReadFile(AVPacket& packet);
     void PassNothingOver();
     void CountTime(AVPacket& packet);
     void ShiftTimes(AVPacket& packet);
@@ -100,6 +102,7 @@ private:
     int ordered = -1;                         ///< the stream that this is for
     AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
     FieldPairs fieldPairs;                    ///< likewise
+    RepeatedTimes repeatedTimes;              ///< likewise
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one

@@ -93,6 +93,7 @@ void MediaProbe::Run() {
     ChooseRate();
     RefuseInterrupted();
     SettleOrigin();
+    NoteRate();
     ReportJoints();
     SettleEnds();
     DescribeVideo();
@@ -187,11 +188,15 @@ void MediaProbe::ChooseRate() {
         return;
     const TrackRate found = FindTrackRate(demuxer, video);
     rate = found.choice;
+    rateOfAll = found.whole;
     if (rate.rate > Conf::HIGHEST_FRAME_RATE || (rate.rate == 0 && ClaimsTooHighRate(demuxer.GetStream(video.index))))
         Fail(TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\": it claims more than " +
                                                      std::to_string(Conf::HIGHEST_FRAME_RATE) + " frames a second");
-    if (rate.variable)
-        details.notes.push_back(DescribeChoice(rate, found.whole));
+}
+
+void MediaProbe::NoteRate() {
+    if (video.index >= 0 && rate.variable)
+        details.notes.push_back(DescribeChoice(rate, rateOfAll));
 }
 
 std::optional<PictureSpan> MediaProbe::PictureSpanOf() const {
@@ -224,7 +229,7 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
         video.secondDecodeTime == TIME_UNKNOWN)
         return 0;
     AVStream& stream = demuxer.GetStream(video.index);
-    const bool fragments = IsMov(demuxer) && stream.nb_frames == 0;
+    const bool fragments = IsMov(demuxer);
     if (!fragments && std::strcmp(demuxer.GetFormatName(), "avi") != 0)
         return 0;
     const char* const tag = fragments ? "encoder" : "software";
@@ -236,8 +241,13 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
     const ChunkShift shift =
         fragments ? AlignFragments(start, sound, ToEngineTime(1, stream.time_base)) : AlignChunks(start, sound);
     video.start += shift.firstPicture;
-    if (shift.firstPicture > 0)
+    if (shift.firstPicture > 0) {
         video.firstShown = video.start;
+        video.firstMoves = shift.firstPicture;
+        // With its first picture where it belongs, it may be a constant one.
+        if (rate.variable)
+            ChooseRate();
+    }
     for (std::int64_t* time : {&audio.start, &audio.end})
         *time += shift.sound;
     return shift.sound;

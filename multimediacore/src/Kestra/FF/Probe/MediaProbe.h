@@ -41,6 +41,7 @@ private:
     void Drop(Track& track, const std::string& reason);
     void FindEarliestStart();
     void ChooseRate();
+    void NoteRate();
     void SettleOrigin();
     std::int64_t AlignChunkedTracks();
     void SettleSoundGrid();
@@ -86,6 +87,7 @@ private:
     std::int64_t soundEnd = 0; ///< of all that there is, also where it is not heard
     bool levelsOfAll = false;  ///< of the whole file, not only of its end
     RateChoice rate;
+    bool rateOfAll = false; ///< of the pictures
     std::vector<ClockScan::Joint> joints;
     Proc::MediaInfo info;
     TrackDetails details;

@@ -51,6 +51,11 @@ void PictureTimes::CutRun(std::int64_t time) {
             runs.back().end());
 }
 
+void PictureTimes::MoveFirst(std::int64_t later) {
+    if (!runs.empty() && !runs.front().empty())
+        *std::min_element(runs.front().begin(), runs.front().end()) += later;
+}
+
 void PictureTimes::Take(const AVPacket& packet, const AVStream& stream) {
     const AVCodecID codec = stream.codecpar->codec_id;
     if ((packet.flags & AV_PKT_FLAG_DISCARD) || (IsHidden(packet, codec) && !IsSuperframe(packet)))

@@ -17,6 +17,8 @@ public:
     void Take(const AVPacket& packet, const AVStream& stream);
     /// Forgets what the run has after `time`: pictures between may not have been read yet.
     void CutRun(std::int64_t time);
+    /// The earliest of all was to be that much later.
+    void MoveFirst(std::int64_t later);
     /// All that the container's index knows, in place of everything taken; false, with nothing changed, when it does
     /// not list every picture.
     bool TakeIndex(AVStream& stream);

@@ -16,6 +16,7 @@ struct ProbedTrack {
     std::int64_t firstDecodeTime = TIME_UNKNOWN;
     std::int64_t secondDecodeTime = TIME_UNKNOWN;
     std::int64_t firstShown = TIME_UNKNOWN; ///< the earliest that was to be shown, whether it can be decoded or not
+    std::int64_t firstMoves = 0;            ///< by how much the first picture is to be shown later than its packet says
     std::int64_t start = TIME_UNKNOWN;
     std::int64_t end = TIME_UNKNOWN;
     std::int64_t lastLength = 0; ///< of the packet that ends last

@@ -48,11 +48,13 @@ TrackRate FindTrackRate(Demuxer& demuxer, const ProbedTrack& track) {
     AVStream& stream = demuxer.GetStream(track.index);
     if (track.times.AreIncomplete() && demuxer.HasFields(track.index) && track.lastLength > 0)
         return {MakeChooserByLength(track.lastLength).Choose(), true};
-    const RateChooser seen = MakeChooser(track.times, stream);
+    PictureTimes times = track.times;
+    times.MoveFirst(track.firstMoves);
+    const RateChooser seen = MakeChooser(times, stream);
     if (track.times.AreWhole() || track.times.AreIncomplete())
         return {seen.Choose(), true};
     PictureTimes index;
-    const bool listsPictures = !demuxer.HasFieldsApart(track.index);
+    const bool listsPictures = !demuxer.HasFieldsApart(track.index) && track.firstMoves == 0;
     if (listsPictures && index.TakeIndex(stream)) {
         const RateChooser listed = MakeChooser(index, stream);
         // Even decoding times can hide uneven presentation.
@@ -61,7 +63,8 @@ TrackRate FindTrackRate(Demuxer& demuxer, const ProbedTrack& track) {
     } else if (seen.IsSteady()) {
         return {seen.Choose(), false};
     }
-    const PictureTimes scanned = ScanTimes(demuxer, track.index);
+    PictureTimes scanned = ScanTimes(demuxer, track.index);
+    scanned.MoveFirst(track.firstMoves);
     return {MakeChooser(scanned, demuxer.GetStream(track.index)).Choose(), scanned.AreWhole()};
 }
 

@@ -273,8 +273,8 @@ void AudioDecodeStream::FollowDrift() {
 void AudioDecodeStream::TellGap(std::int64_t length) {
     const std::int64_t begin = SamplesToTime(flow, track.sampleRate);
     const std::int64_t duration = SamplesToTime(length, track.sampleRate);
-    // What lies before the start is not heard.
-    if (begin + duration <= 0)
+    // What lies before the start is not heard; that is where the container means it to end, if it can say so.
+    if (TimeToSamples(begin + duration, track.sampleRate) <= Rounding())
         return;
     if (lastDamage != TIME_UNKNOWN && begin - DAMAGE_REACH < lastDamage && lastDamage < begin + duration + DAMAGE_REACH)
         return source->Report(begin, "Sound is missing; silence stands in for it");

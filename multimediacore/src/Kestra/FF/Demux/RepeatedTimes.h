@@ -1,0 +1,45 @@
+// Kestra::FF::RepeatedTimes: sound of fragments that libav takes for what has been there already.
+#pragma once
+
+#include "Kestra/FF/Av/Handles.h"
+#include <cstdint>
+#include <deque>
+#include <map>
+
+namespace Kestra::FF {
+
+/// Told to write a fragment for each frame, libav's writer gives some packets of sound, one after the other, a time
+/// that is late by the length of one, and the packet behind them the same time as the last of them. libav's reader
+/// takes that one for a repetition that is to be discarded. Here the late ones move back to where they follow on, and
+/// all are heard. Everything else comes out as it went in. Other tracks' packets may come out ahead of those that wait
+/// for what follows them.
+class RepeatedTimes {
+public:
+    /// `stream` is the packet's.
+    void Push(PacketHandle packet, const AVStream& stream);
+    /// No packet follows.
+    void End();
+    /// The next packet; false where it takes another one first, or none is left.
+    bool Pop(AVPacket& packet);
+    /// Forgets the packets, and what came before.
+    void Clear();
+
+    /// Whether tracks of the container may be written so.
+    static bool AreNeeded(const char* container);
+
+private:
+    struct Track {
+        std::deque<PacketHandle> late; ///< wait for a packet that has a time once more
+        std::int64_t end = AV_NOPTS_VALUE;
+        std::int64_t gap = 0; ///< before the first late one
+    };
+
+    void Release(Track& track);
+    void MoveBack(Track& track);
+    static bool IsLate(const Track& track, const AVPacket& packet);
+
+    std::deque<PacketHandle> ready;
+    std::map<int, Track> tracks;
+};
+
+} // namespace Kestra::FF
