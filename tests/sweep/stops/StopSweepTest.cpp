@@ -38,7 +38,9 @@ public:
         , ticks(ticks)
         , action(std::move(action)) {
         SweepApplication::instance().afterEvent = [this] { tick(Clock::Event); };
-        turn();
+        // Turns are counted by turning, which keeps a core busy.
+        if (clock == Clock::Turn)
+            turn();
     }
     ~Alarm() { disarm(); }
     Alarm(const Alarm&) = delete;
