@@ -1,11 +1,9 @@
 #include "ExportCore/OutputTransaction.h"
 
 #include "ExportCore/PrivateName.h"
-#include "Kestra/Base/SourcePlace.h"
-#include "Kestra/Proc/ProcException.h"
+#include "Kestra/Proc/Failure.h"
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -17,22 +15,8 @@ namespace {
 
 using Kestra::Proc::TranscodingError;
 
-TranscodingError codeOf(int error) {
-    switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-        return TranscodingError::DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return TranscodingError::OutputNotWritable;
-    default:
-        return TranscodingError::OutputFailed;
-    }
-}
-
 [[noreturn]] void fail(int error, const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
-    Kestra::ThrowFrom(Kestra::Proc::ProcException(codeOf(error), what + ": " + std::strerror(error)), place);
+    Kestra::Proc::FailAsSystem(error, TranscodingError::OutputFailed, what, place);
 }
 
 std::string quoted(const QByteArray& path) {
@@ -125,7 +109,8 @@ void OutputTransaction::rollback() noexcept {
 
 void OutputTransaction::requireOwnFile() const {
     if (!isSameFile(file, path))
-        fail(ENOENT, "The unfinished file of " + quoted(target.path) + " was removed or replaced");
+        Kestra::Proc::Fail(TranscodingError::OutputFailed,
+                           "The unfinished file of " + quoted(target.path) + " was removed or replaced");
 }
 
 void OutputTransaction::takeOverAccess() const {

@@ -231,7 +231,7 @@ TEST_F(Transaction, AMissingFolderIsAFailureWithItsName) {
         FAIL() << "made";
     } catch (const std::exception& error) {
         EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
-        EXPECT_EQ(codeOf(std::current_exception()), TranscodingError::OutputFailed);
+        EXPECT_EQ(codeOf(std::current_exception()), TranscodingError::OutputNotWritable);
     }
 }
 

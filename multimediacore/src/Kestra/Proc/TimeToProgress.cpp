@@ -1,7 +1,8 @@
 #include "Kestra/Proc/TimeToProgress.h"
 
+#include "Kestra/Base/Exception.h"
+
 #include <algorithm>
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <utility>
 
@@ -10,7 +11,7 @@ namespace Kestra::Proc {
 TimeToProgress::TimeToProgress(Function newFunction)
     : function(std::move(newFunction)) {
     if (!function)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("Progress over time was given no function"));
+        KESTRA_THROW(std::invalid_argument("Progress over time was given no function"));
 }
 
 double TimeToProgress::GetProgress(std::int64_t time) const {

@@ -1,9 +1,10 @@
 #include "Kestra/Util/ImageUtils.h"
 
+#include "Kestra/Base/Exception.h"
+
 #include <QImage>
 #include <QtEndian>
 #include <algorithm>
-#include <boost/throw_exception.hpp>
 #include <cstring>
 #include <stdexcept>
 
@@ -24,7 +25,7 @@ void writePixels(const QImage& image, std::uint8_t* pixels, std::ptrdiff_t strid
         const int rows = std::min(BAND, image.height() - top);
         const QImage band = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
         if (band.isNull())
-            BOOST_THROW_EXCEPTION(std::bad_alloc());
+            KESTRA_THROW(std::bad_alloc());
         for (int row = 0; row < rows; ++row)
             std::memcpy(pixels + (top + row) * stride, band.constScanLine(row), rowBytes);
     }
@@ -35,10 +36,10 @@ void writePixels(const QImage& image, std::uint8_t* pixels, std::ptrdiff_t strid
 boost::intrusive_ptr<Proc::IDataVideo> ImageUtils::PixmapToFrame(const QPixmap& pixmap,
                                                                  Proc::IDataVideoFFFactory& factory) {
     if (pixmap.isNull())
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A null pixmap cannot become a frame"));
+        KESTRA_THROW(std::invalid_argument("A null pixmap cannot become a frame"));
     const QImage image = pixmap.toImage();
     if (image.isNull())
-        BOOST_THROW_EXCEPTION(std::bad_alloc());
+        KESTRA_THROW(std::bad_alloc());
     const Conf::FrameInfo frame{static_cast<std::uint32_t>(image.width()), static_cast<std::uint32_t>(image.height()),
                                 0, 0};
     return factory.CreateDataVideo(

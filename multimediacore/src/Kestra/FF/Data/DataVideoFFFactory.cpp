@@ -1,9 +1,9 @@
 #include "Kestra/FF/Data/DataVideoFFFactory.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <utility>
 
@@ -33,10 +33,10 @@ boost::intrusive_ptr<Proc::IDataVideo>
 DataVideoFFFactory::CreateDataVideo(const Conf::FrameInfo& frame, Conf::PixelFormat format, const Writer& write) {
     const AVPixelFormat known = ToAv(format);
     if (known == AV_PIX_FMT_NONE || av_pix_fmt_count_planes(known) != 1)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A picture is made from pixels in one plane"));
+        KESTRA_THROW(std::invalid_argument("A picture is made from pixels in one plane"));
     if (frame.width == 0 || frame.height == 0 || frame.width > LONGEST_SIDE || frame.height > LONGEST_SIDE)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A picture of " + std::to_string(frame.width) + 'x' +
-                                                    std::to_string(frame.height) + " pixels cannot be made"));
+        KESTRA_THROW(std::invalid_argument("A picture of " + std::to_string(frame.width) + 'x' +
+                                           std::to_string(frame.height) + " pixels cannot be made"));
     FrameHandle picture = FramePool().Get(known, static_cast<int>(frame.width), static_cast<int>(frame.height));
     picture->sample_aspect_ratio = SampleAspectOf(frame);
     TagStill(*picture);

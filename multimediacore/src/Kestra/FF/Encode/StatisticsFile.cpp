@@ -1,13 +1,9 @@
 #include "Kestra/FF/Encode/StatisticsFile.h"
 
-#include "Kestra/FF/Av/Error.h"
+#include "Kestra/Proc/Failure.h"
 #include <array>
 #include <cerrno>
 #include <sys/stat.h>
-
-extern "C" {
-#include <libavutil/error.h>
-}
 
 namespace Kestra::FF {
 
@@ -29,9 +25,9 @@ bool StatisticsFile::Exists(const std::string& path) {
 }
 
 void StatisticsFile::Throw(const char* what, SourcePlace place) const {
-    ThrowError(AVERROR(errno),
-               mode == Mode::Read ? TranscodingError::SourceUnreadable : TranscodingError::OutputNotWritable,
-               "The log of the first pass \"" + path + "\" " + what, place);
+    Proc::FailAsSystem(errno,
+                       mode == Mode::Read ? TranscodingError::SourceUnreadable : TranscodingError::OutputNotWritable,
+                       "The log of the first pass \"" + path + "\" " + what, place);
 }
 
 void StatisticsFile::Write(const std::string& text) {

@@ -9,7 +9,6 @@
 
 extern "C" {
 #include <libavutil/crc.h>
-#include <libavutil/error.h>
 }
 
 namespace Kestra::FF::TwoPassSeal {
@@ -63,7 +62,7 @@ void VerifyLine(const std::string& logPath, const std::string& line) {
 void Break(const std::string& logPath) {
     const std::string path = SealPath(logPath);
     if (std::remove(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
-        ThrowError(AVERROR(errno), TranscodingError::OutputNotWritable, "\"" + path + "\" cannot be removed");
+        Proc::FailAsSystem(errno, TranscodingError::OutputNotWritable, "\"" + path + "\" cannot be removed");
 }
 
 void Set(const std::string& logPath, std::int64_t pictures) {

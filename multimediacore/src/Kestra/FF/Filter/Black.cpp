@@ -1,5 +1,6 @@
 #include "Kestra/FF/Filter/Black.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
@@ -7,7 +8,6 @@
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <algorithm>
 #include <atomic>
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 
 namespace Kestra::FF {
@@ -120,9 +120,9 @@ void Black::Reset() {
 boost::intrusive_ptr<Proc::IStreamVideo> MakeBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format,
                                                    std::int64_t duration) {
     if (!format)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("Black needs the description of a frame"));
+        KESTRA_THROW(std::invalid_argument("Black needs the description of a frame"));
     if (duration < 0)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("Black cannot last for less than nothing"));
+        KESTRA_THROW(std::invalid_argument("Black cannot last for less than nothing"));
     return new Black(*format, duration);
 }
 

@@ -1,8 +1,8 @@
 #include "Kestra/FF/Filter/ColorspaceConverter.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 
 extern "C" {
@@ -32,7 +32,7 @@ ColorspaceConverter::ColorspaceConverter(const Proc::SettingsColorspaceConverter
     : settings(settings)
     , format(ToAv(settings.GetPixelFormat())) {
     if (format == AV_PIX_FMT_NONE)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A colour-space converter was given no pixel format"));
+        KESTRA_THROW(std::invalid_argument("A colour-space converter was given no pixel format"));
 }
 
 FrameHandle ColorspaceConverter::Convert(const AVFrame& frame) {

@@ -1,8 +1,8 @@
 #include "Kestra/Proc/Filters/Concatenation.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/Base/Time.h"
 #include <algorithm>
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <utility>
 
@@ -10,12 +10,12 @@ namespace Kestra::Proc {
 
 void Concatenation::Append(const boost::intrusive_ptr<IStreamVideo>& stream) {
     if (!stream)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A null stream cannot be appended"));
+        KESTRA_THROW(std::invalid_argument("A null stream cannot be appended"));
     if (stream->GetDuration() == TIME_UNKNOWN)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A stream of unknown duration cannot be appended"));
+        KESTRA_THROW(std::invalid_argument("A stream of unknown duration cannot be appended"));
     if (begun)
-        BOOST_THROW_EXCEPTION(FilterException(TranscodingError::InvalidArgument,
-                                              "Streams are appended before the first read, not after it"));
+        KESTRA_THROW(FilterException(TranscodingError::InvalidArgument,
+                                     "Streams are appended before the first read, not after it"));
     if (!parts.empty()) {
         boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
         GetVideoFormat(format);

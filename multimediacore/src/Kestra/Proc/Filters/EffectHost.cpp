@@ -1,7 +1,7 @@
 #include "Kestra/Proc/Filters/EffectHost.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/Proc/Filters/NotImplemented.h"
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 
 namespace Kestra::Proc {
@@ -9,12 +9,12 @@ namespace Kestra::Proc {
 EffectHost::EffectHost(const boost::intrusive_ptr<IStreamVideo>& source)
     : source(source) {
     if (!source)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("The host of effects was given no source"));
+        KESTRA_THROW(std::invalid_argument("The host of effects was given no source"));
 }
 
 void EffectHost::AddEffect(const boost::intrusive_ptr<IEffectVideo>& effect) {
     if (!effect)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A null effect cannot be added"));
+        KESTRA_THROW(std::invalid_argument("A null effect cannot be added"));
     if (begun)
         KESTRA_THROW(FilterException(TranscodingError::InvalidArgument,
                                      "Effects are added before the first read, not after it"));

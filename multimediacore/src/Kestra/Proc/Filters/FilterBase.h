@@ -1,8 +1,8 @@
 // Kestra::Proc::FilterBase: what filters over sound and over pictures have in common.
 #pragma once
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -19,7 +19,7 @@ public:
         : source(std::move(source))
         , name(std::move(name)) {
         if (!this->source)
-            BOOST_THROW_EXCEPTION(std::invalid_argument("The filter \"" + this->name + "\" was given no source"));
+            KESTRA_THROW(std::invalid_argument("The filter \"" + this->name + "\" was given no source"));
     }
 
     std::int64_t GetDuration() const override { return source->GetDuration(); }

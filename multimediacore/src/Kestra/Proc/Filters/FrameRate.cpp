@@ -1,8 +1,8 @@
 #include "Kestra/Proc/Filters/FrameRate.h"
 
+#include "Kestra/Base/Exception.h"
 #include "Kestra/Base/Time.h"
 #include <algorithm>
-#include <boost/throw_exception.hpp>
 #include <stdexcept>
 
 namespace Kestra::Proc {
@@ -11,7 +11,7 @@ FrameRate::FrameRate(const boost::intrusive_ptr<IStreamVideo>& source, const boo
     : VideoFilterBase(source, "frame rate")
     , rate(rate) {
     if (rate <= 0)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A constant frame rate has to be positive"));
+        KESTRA_THROW(std::invalid_argument("A constant frame rate has to be positive"));
 }
 
 std::int64_t FrameRate::CountFrames() const {

@@ -1,6 +1,7 @@
 #include "Kestra/Proc/Filters/StreamOneFrameVideo.h"
 
-#include <boost/throw_exception.hpp>
+#include "Kestra/Base/Exception.h"
+
 #include <stdexcept>
 #include <utility>
 
@@ -8,7 +9,7 @@ namespace Kestra::Proc {
 
 boost::intrusive_ptr<StreamOneFrameVideo> StreamOneFrameVideo::Create(const boost::intrusive_ptr<IDataVideo>& frame) {
     if (!frame)
-        BOOST_THROW_EXCEPTION(std::invalid_argument("A stream of one picture was given none"));
+        KESTRA_THROW(std::invalid_argument("A stream of one picture was given none"));
     return new StreamOneFrameVideo(frame);
 }
 

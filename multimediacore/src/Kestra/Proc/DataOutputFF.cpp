@@ -1,7 +1,7 @@
 #include "Kestra/Core/DataOutputFF.h"
 
 #include "Kestra/Base/RefCountImpl.h"
-#include "Kestra/FF/Av/Error.h"
+#include "Kestra/Proc/Failure.h"
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -10,7 +10,6 @@
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -21,29 +20,6 @@ using Proc::TranscodingError;
 namespace {
 
 constexpr std::size_t BUFFER_SIZE = std::size_t{1} << 20;
-
-TranscodingError CodeOf(int error) {
-    switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return TranscodingError::DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case ENOENT:
-    case ENOTDIR:
-    case EISDIR:
-    case ELOOP:
-    case ENAMETOOLONG:
-    case ENXIO:
-    case ETXTBSY:
-    case EBUSY:
-        return TranscodingError::OutputNotWritable;
-    default:
-        return TranscodingError::OutputFailed;
-    }
-}
 
 /// Bytes gather in a buffer until a megabyte is full or the position moves.
 class FileOutput final : public IDataOutput, public RefCountImpl {
@@ -78,9 +54,8 @@ private:
 
 void FileOutput::Throw(int error, const char* what, SourcePlace place) {
     try {
-        FF::Fail(CodeOf(error),
-                 "The output file \"" + path.ToUtf8() + "\" " + what + ": " + std::generic_category().message(error),
-                 place);
+        Proc::FailAsSystem(error, TranscodingError::OutputFailed, "The output file \"" + path.ToUtf8() + "\" " + what,
+                           place);
     } catch (...) {
         if (!failure)
             failure = std::current_exception();
@@ -90,7 +65,7 @@ void FileOutput::Throw(int error, const char* what, SourcePlace place) {
 
 void FileOutput::RequireOpen(SourcePlace place) const {
     if (file < 0)
-        FF::Fail(TranscodingError::OutputFailed, "The output file \"" + path.ToUtf8() + "\" is not open", place);
+        Proc::Fail(TranscodingError::OutputFailed, "The output file \"" + path.ToUtf8() + "\" is not open", place);
 }
 
 void FileOutput::Open() {
