@@ -105,6 +105,19 @@ TEST_F(ProgramStream, OfSmallPicturesIsSoughtInToThePicture) {
     }
 }
 
+TEST_F(ProgramStream, OfMpeg4WithoutTimesOrRateIsToldToBeReckoned) {
+    const auto notesOf = [this](const Muxing& muxing) {
+        std::string notes;
+        for (const auto& note : open(mux(muxing))->TakeNotes())
+            notes += note.what + '\n';
+        return notes;
+    };
+    const Rate film(30000, 1001);
+    EXPECT_NE(notesOf({"a.mpg", "30000/1001", film, {"-c:v", "mpeg4", "-bf", "2"}}).find("may be missing"),
+              std::string::npos);
+    EXPECT_EQ(notesOf({"b.mpg", "25", 25, {"-c:v", "mpeg4", "-bf", "2"}}), "");
+}
+
 TEST_F(ProgramStream, EndsWithItsLastPicture) {
     const auto source = open(make("a.mpg", {"-f", "lavfi", "-i", "testsrc2=s=352x288:r=25:d=10", "-f", "lavfi", "-i",
                                             "sine=r=48000:d=10", "-c:v", "mpeg2video", "-bf", "2", "-c:a", "mp2"}));

@@ -195,8 +195,16 @@ void MediaProbe::ChooseRate() {
 }
 
 void MediaProbe::NoteRate() {
-    if (video.index >= 0 && rate.variable)
+    if (video.index < 0)
+        return;
+    if (rate.variable)
         details.notes.push_back(DescribeChoice(rate, rateOfAll));
+    const AVStream& stream = demuxer.GetStream(video.index);
+    // Of MPEG-4 that shares times, libav knows neither these nor the rate.
+    if (info.container == "mpeg" && stream.codecpar->codec_id == AV_CODEC_ID_MPEG4 && stream.avg_frame_rate.num == 0)
+        details.notes.push_back(
+            "the file does not say when most of its pictures are shown, nor how many a second; both "
+            "are reckoned, and some pictures may be missing");
 }
 
 std::optional<PictureSpan> MediaProbe::PictureSpanOf() const {
