@@ -1,6 +1,7 @@
 #include "ExportCore/FileCheckTask.h"
 
 #include "Kestra/Proc/FileCheck.h"
+#include "Kestra/Proc/Interrupted.h"
 
 namespace ExportCore {
 
@@ -12,9 +13,11 @@ FileCheckTask::FileCheckTask(const File& file, const Kestra::ioPath& path, const
                              const std::function<void()>& last, QObject* parent)
     : BackgroundTask(
           [=](const std::atomic<bool>& interrupted) {
-              *file = Kestra::Proc::CheckFile(path, interrupted);
-              if (interrupted)
+              try {
+                  *file = Kestra::Proc::CheckFile(path, interrupted);
+              } catch (const Kestra::Proc::Interrupted&) {
                   return;
+              }
               expected.require(*file);
               last();
           },

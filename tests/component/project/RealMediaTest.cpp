@@ -5,6 +5,7 @@
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "support/FlashBeep.h"
 #include <chrono>
 #include <cmath>
@@ -290,6 +291,7 @@ TEST_F(RealMediaTest, AnInterruptEndsReadsPromptly) {
     stream->Interrupt();
     ASSERT_EQ(reader.wait_for(std::chrono::seconds(20)), std::future_status::ready);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_THROW(reader.get(), Kestra::Proc::Interrupted);
 }
 
 TEST_F(RealMediaTest, AFileThatVanishesAfterOpeningIsAnError) {

@@ -1,5 +1,6 @@
 #include "fakes/kestra/FakePacketSource.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "fakes/kestra/FakeData.h"
 #include <utility>
 
@@ -23,7 +24,7 @@ void FakePacketSource::Prepare() {
 boost::intrusive_ptr<Proc::IDataRaw> FakePacketSource::ReadPacket() {
     script->Call("ReadRaw " + std::to_string(next));
     if (interrupted) {
-        return nullptr;
+        throw Proc::Interrupted();
     }
     auto packet = stream != nullptr ? MakeFromStream() : MakePlanned();
     if (packet != nullptr) {

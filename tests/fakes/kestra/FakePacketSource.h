@@ -22,7 +22,7 @@ struct PacketPlan {
 };
 
 /// Calls in its script: "Prepare", "ReadRaw <number>", "GetDuration", "AlignTo <start> <end>", "Interrupt", "Reset".
-/// Interrupt opens the script's gates, unless it is stubborn; from then to Reset every read returns null.
+/// Interrupt opens the script's gates, unless it is stubborn; from then to Reset every read throws Interrupted.
 class FakePacketSource : public Proc::IPacketSource, public RefCountImpl {
 public:
     FakePacketSource(PacketPlan plan, std::shared_ptr<Script> script);

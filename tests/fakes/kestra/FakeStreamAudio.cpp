@@ -1,5 +1,6 @@
 #include "fakes/kestra/FakeStreamAudio.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <utility>
 
@@ -13,7 +14,10 @@ FakeStreamAudio::FakeStreamAudio(std::int64_t samples, int rate, std::int64_t bl
 
 boost::intrusive_ptr<Proc::IDataAudio> FakeStreamAudio::ReadAudio() {
     script->Call("ReadAudio " + std::to_string(next));
-    if (interrupted || next >= samples) {
+    if (interrupted) {
+        throw Proc::Interrupted();
+    }
+    if (next >= samples) {
         return nullptr;
     }
     const std::int64_t first = next;

@@ -10,7 +10,7 @@
 namespace Kestra::Fakes {
 
 /// Calls in its script: "Initialize", "Seek <time>", "Interrupt", "Prepare", "Reset", "ReadAudio <first sample>".
-/// Interrupt opens the script's gates; from then to Reset every read returns null.
+/// Interrupt opens the script's gates; from then to Reset every read throws Interrupted.
 class FakeStreamAudio : public Proc::IStreamAudio, public RefCountImpl {
 public:
     explicit FakeStreamAudio(std::int64_t samples, int rate = 48000, std::int64_t blockSize = 1024,

@@ -1,5 +1,6 @@
 #include "fakes/kestra/FakeStreamVideo.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include <utility>
 
@@ -17,7 +18,10 @@ std::int64_t FakeStreamVideo::TimeOf(int number) const {
 
 boost::intrusive_ptr<Proc::IDataVideo> FakeStreamVideo::ReadVideo() {
     script->Call("ReadVideo " + std::to_string(next));
-    if (interrupted || next >= frames) {
+    if (interrupted) {
+        throw Proc::Interrupted();
+    }
+    if (next >= frames) {
         return nullptr;
     }
     const int number = next++;

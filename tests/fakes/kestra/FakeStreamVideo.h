@@ -10,7 +10,7 @@
 namespace Kestra::Fakes {
 
 /// Calls in its script: "Initialize", "Seek <time>", "Interrupt", "Prepare", "Reset", "ReadVideo <number>".
-/// Interrupt opens the script's gates; from then to Reset every read returns null.
+/// Interrupt opens the script's gates; from then to Reset every read throws Interrupted.
 class FakeStreamVideo : public Proc::IStreamVideo, public RefCountImpl {
 public:
     using Rational = boost::rational<long long>;

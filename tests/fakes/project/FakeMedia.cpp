@@ -2,6 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/Filters/NotImplemented.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 
@@ -43,6 +44,11 @@ public:
     }
 
 protected:
+    void RefuseInterrupted() const {
+        if (interrupted)
+            throw Proc::Interrupted();
+    }
+
     const Contents contents;
     const std::shared_ptr<StreamCount> count;
     std::atomic<bool> interrupted{false};
@@ -54,7 +60,8 @@ public:
     using FakeStream::FakeStream;
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override {
-        if (interrupted || contents.brokenPicture || next >= contents.frames)
+        RefuseInterrupted();
+        if (contents.brokenPicture || next >= contents.frames)
             return nullptr;
         const std::int64_t begin = TimeOf(next);
         const int number = contents.id * 100000 + static_cast<int>(next++);
@@ -83,7 +90,8 @@ public:
     using FakeStream::FakeStream;
 
     boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override {
-        if (interrupted || next >= contents.samples)
+        RefuseInterrupted();
+        if (next >= contents.samples)
             return nullptr;
         const std::int64_t length = std::min(BLOCK, contents.samples - next);
         next += length;

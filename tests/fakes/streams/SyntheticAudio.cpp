@@ -1,6 +1,7 @@
 #include "fakes/streams/SyntheticAudio.h"
 
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
@@ -40,7 +41,9 @@ SyntheticAudio::SyntheticAudio(AudioShape shape)
     : shape(std::move(shape)) {}
 
 boost::intrusive_ptr<Proc::IDataAudio> SyntheticAudio::ReadAudio() {
-    if (interrupted || next >= shape.samples)
+    if (interrupted)
+        throw Proc::Interrupted();
+    if (next >= shape.samples)
         return nullptr;
     const auto count = static_cast<int>(std::min<std::int64_t>(shape.block, shape.samples - next));
     FF::FrameHandle frame = FF::MakeFrame();

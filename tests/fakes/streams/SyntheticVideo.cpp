@@ -1,6 +1,7 @@
 #include "fakes/streams/SyntheticVideo.h"
 
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
@@ -37,7 +38,9 @@ std::int64_t SyntheticVideo::TimeOf(int index) const {
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> SyntheticVideo::ReadVideo() {
-    if (interrupted || next >= shape.frames)
+    if (interrupted)
+        throw Proc::Interrupted();
+    if (next >= shape.frames)
         return nullptr;
     FF::FrameHandle frame = FF::MakeFrame();
     frame->format = shape.format;

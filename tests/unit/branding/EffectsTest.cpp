@@ -7,6 +7,7 @@
 #include "Kestra/Proc/IDataVideoFFFactory.h"
 #include "Kestra/Proc/IEffectFactory.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <array>
@@ -94,6 +95,7 @@ TEST(StreamOneFrame, GivesItAgainAsItWasAfterASeekOrAReset) {
     EXPECT_EQ(second->GetTime(), 0);
     stream->Interrupt();
     stream->Seek(0, SeekMode::Exact);
+    EXPECT_TRUE(stream->ReadVideo()) << "it is at hand: there is nothing to interrupt";
     EXPECT_FALSE(stream->ReadVideo());
     stream->Reset();
     EXPECT_TRUE(stream->ReadVideo());
@@ -412,13 +414,15 @@ TEST(PreferredFrameRate, StartsOverAfterAReset) {
     EXPECT_EQ(stream->GetPosition(), stream->GetDuration());
 }
 
-TEST(PreferredFrameRate, RepeatsNothingAfterAnInterruption) {
-    const Video stream = paced(longStill(TIME_BASE));
+TEST(PreferredFrameRate, RepeatsWhatItHasAndThenIsInterrupted) {
+    const Video stream = paced(new FakeStreamVideo(10, 25));
+    prefer(*stream, 50);
     EXPECT_TRUE(stream->ReadVideo());
     stream->Interrupt();
-    EXPECT_FALSE(stream->ReadVideo());
+    EXPECT_THROW(readOn(*stream, TIME_BASE / 50), Proc::Interrupted)
+        << "an interruption is no end to stretch the last picture to";
     stream->Reset();
-    EXPECT_TRUE(stream->ReadVideo());
+    EXPECT_EQ(readOn(*stream).frames, 20U);
 }
 
 TEST(PreferredFrameRate, SeeksToTheFrameThatCoversTheTime) {

@@ -1,6 +1,7 @@
 #include "Kestra/Proc/Filters/FiltersSpecial/FrameStretch.h"
 
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/branding/RecordingVideo.h"
 #include "support/HookSlot.h"
@@ -201,6 +202,14 @@ TEST_F(Stretch, PassesAnErrorOfItsSourceOnAndStaysWhereItIs) {
     source->ThrowNext(std::make_exception_ptr(std::runtime_error("unreadable")));
     EXPECT_THROW(stretch->ReadVideo(), std::runtime_error);
     EXPECT_EQ(stretch->GetPosition(), 0);
+    expectFrame(0, LENGTH);
+}
+
+TEST_F(Stretch, HasNotEndedWhereItsSourceIsInterrupted) {
+    stretch->Interrupt();
+    EXPECT_THROW(stretch->ReadVideo(), Proc::Interrupted);
+    EXPECT_EQ(stretch->GetPosition(), 0);
+    stretch->Reset();
     expectFrame(0, LENGTH);
 }
 

@@ -1,4 +1,5 @@
 // Encoders that see the pictures twice.
+#include "Kestra/Proc/Interrupted.h"
 #include "RatedEncoding.h"
 #include <csignal>
 #include <filesystem>
@@ -247,7 +248,7 @@ TEST_P(TwoPassFiles, RefuseTheLogOfAFirstPassThatDidNotEnd) {
         encoder->Prepare();
         EXPECT_TRUE(encoder->ReadRaw());
         encoder->Interrupt();
-        EXPECT_FALSE(encoder->ReadRaw());
+        EXPECT_THROW(encoder->ReadRaw(), Kestra::Proc::Interrupted);
     }
     EXPECT_EQ(passes.Second().GetCode(), TranscodingError::SourceUnreadable) << "an earlier pass counted";
 }

@@ -1,5 +1,9 @@
 // Counts, times and settings of video encoders.
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "RatedEncoding.h"
+#include <cstring>
 
 using namespace Fakes;
 using namespace EncodeTest;
@@ -149,16 +153,50 @@ TEST(VideoEncoder, StartsAfreshAfterReset) {
     EXPECT_FALSE(encoder->ReadRaw());
 }
 
-TEST(VideoEncoder, GivesNothingAfterAnInterrupt) {
+TEST(VideoEncoder, IsInterruptedUntilReset) {
     VideoShape shape;
     shape.frames = 1000;
     const auto encoder = VideoEncoder(MakeVideo(shape), Description("mpeg4"));
     encoder->Prepare();
     EXPECT_TRUE(encoder->ReadRaw());
     encoder->Interrupt();
-    EXPECT_FALSE(encoder->ReadRaw());
+    EXPECT_THROW(encoder->ReadRaw(), Proc::Interrupted);
     encoder->Reset();
     EXPECT_TRUE(encoder->ReadRaw());
+}
+
+TEST(VideoEncoder, IsNotFlushedWhereItsSourceIsInterrupted) {
+    boost::intrusive_ptr<Proc::IStreamVideo> source;
+    VideoShape shape;
+    shape.frames = 1000;
+    shape.paint = [&source](AVFrame& frame, int index) {
+        for (int plane = 0; plane < 3; ++plane)
+            std::memset(frame.data[plane], 60 + index,
+                        static_cast<std::size_t>(frame.linesize[plane] * (plane ? frame.height / 2 : frame.height)));
+        if (index == 5)
+            source->Interrupt();
+    };
+    source = MakeVideo(shape);
+    const auto encoder = VideoEncoder(source, Description("h264"));
+    int packets = 0;
+    const auto readAll = [&] {
+        while (encoder->ReadRaw())
+            ++packets;
+    };
+    EXPECT_THROW(readAll(), Proc::Interrupted);
+    EXPECT_EQ(packets, 0) << "six pictures are still in the encoder";
+}
+
+// Its stream has nothing to wait for, and it takes many pictures before there is a packet.
+TEST(VideoEncoder, IsInterruptedThoughItsSourceCannotBe) {
+    const auto format = IFormatCodecVideo::Create();
+    format->InitByFrameAspect(64, 36, 16, 9);
+    format->SetFrameRate(25);
+    const auto black = Core::CoreManager::Instance().GetFilterFactory().CreateBlack(format, 40 * TIME_BASE);
+    const auto encoder = VideoEncoder(black, Description("h264"));
+    encoder->Prepare();
+    encoder->Interrupt();
+    EXPECT_THROW(encoder->ReadRaw(), Proc::Interrupted);
 }
 
 TEST(VideoEncoder, KeepsFieldsOfInterlacedPictures) {

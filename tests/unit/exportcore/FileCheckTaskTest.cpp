@@ -1,5 +1,7 @@
 #include "ExportCore/FileCheckTask.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/FileCheck.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
@@ -49,6 +51,22 @@ TEST_F(FileCheck, AWholeFilePassesAndTheLastStepIsCalled) {
     bool called = false;
     EXPECT_FALSE(check([&called] { called = true; }));
     EXPECT_TRUE(called);
+}
+
+TEST_F(FileCheck, AnInterruptedCheckFindsNoFaultAndGoesNoFurther) {
+    const std::atomic<bool> interrupted{true};
+    EXPECT_THROW(Kestra::Proc::CheckFile(Kestra::ioPath(path), interrupted), Kestra::Proc::Interrupted);
+    bool called = false;
+    FileCheckTask task(Kestra::ioPath(path), expected, [&called] { called = true; });
+    bool ended = false;
+    QObject::connect(&task, &FileCheckTask::finished, [&ended](const std::exception_ptr& error) {
+        ended = true;
+        EXPECT_FALSE(error);
+    });
+    task.interrupt();
+    task.start();
+    EXPECT_TRUE(TestSupport::waitUntil([&] { return ended; }));
+    EXPECT_FALSE(called);
 }
 
 TEST_F(FileCheck, ATruncatedFileIsFound) {

@@ -2,6 +2,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include "fakes/kestra/FakeStreamAudio.h"
 #include "fakes/kestra/FakeStreamVideo.h"
@@ -84,11 +85,23 @@ TEST(ReadAhead, IsWokenByAnInterruptWhileItWaits) {
         EXPECT_TRUE(gate->WaitUntilReached());
         stream->Interrupt();
     });
-    EXPECT_FALSE(stream->ReadVideo());
+    EXPECT_THROW(stream->ReadVideo(), Proc::Interrupted);
     other.join();
-    EXPECT_FALSE(stream->ReadVideo());
+    EXPECT_THROW(stream->ReadVideo(), Proc::Interrupted);
     stream->Reset();
     EXPECT_EQ(numberOf(stream->ReadVideo()), 0);
+}
+
+TEST(ReadAhead, PassesOnThatItsSourceWasInterrupted) {
+    boost::intrusive_ptr<FakeStreamVideo> source = new FakeStreamVideo(10);
+    const auto stream = filters().CreateReadAhead(boost::intrusive_ptr<Proc::IStreamVideo>(source), 1);
+    EXPECT_EQ(numberOf(stream->ReadVideo()), 0);
+    source->Interrupt();
+    const auto readAll = [&] {
+        while (stream->ReadVideo()) {
+        }
+    };
+    EXPECT_THROW(readAll(), Proc::Interrupted);
 }
 
 TEST(ReadAhead, GoesOnWhereASeekPutsIt) {
@@ -145,7 +158,7 @@ TEST(ReadAhead, IsReleasedWhileItsSourceHangsAndTheSourceIsLetGoLater) {
 TEST(ReadAhead, RefusesAResetWhileItsSourceHangs) {
     HungSource hung;
     EXPECT_THROW(hung.stream->Reset(), Proc::ProcException);
-    EXPECT_FALSE(hung.stream->ReadVideo());
+    EXPECT_THROW(hung.stream->ReadVideo(), Proc::Interrupted);
     EXPECT_THROW(hung.stream->Seek(0, SeekMode::Exact), Proc::ProcException);
 }
 
@@ -154,7 +167,7 @@ TEST(ReadAhead, IsInterruptedWhileASeekWaitsForAReadThatHangs) {
     std::thread other([&] { hung.stream->Interrupt(); });
     EXPECT_THROW(hung.stream->Seek(FramesToTime(5, 25), SeekMode::Exact), Proc::ProcException);
     other.join();
-    EXPECT_FALSE(hung.stream->ReadVideo());
+    EXPECT_THROW(hung.stream->ReadVideo(), Proc::Interrupted);
 }
 
 TEST(ReadAhead, TellsFormatAndDurationWhileItReads) {

@@ -1,5 +1,6 @@
 #include "Kestra/Proc/Segmenter.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "fakes/streams/DecodedFile.h"
 #include "fakes/streams/ExportDriver.h"
 #include "fakes/streams/ScratchFolder.h"
@@ -64,6 +65,16 @@ Raw Source(const Cut& cut) {
 }
 
 } // namespace
+
+TEST(Segment, IsInterruptedWhileItLooksForItsFirstPacket) {
+    const auto source = MakeAudio({});
+    const auto segment = Proc::CreateAudioSegmenter(new UnalignedRaw(AudioEncoder(source, Description("aac"))),
+                                                    TIME_BASE / 2, TIME_BASE);
+    source->Interrupt();
+    EXPECT_THROW(segment->Prepare(), Proc::Interrupted) << "the source has not ended before the cut";
+    segment->Reset();
+    EXPECT_TRUE(segment->ReadRaw());
+}
 
 TEST_P(Cuts, DecodeToExactlyTheSamplesOfTheWindow) {
     const ScratchFolder folder;

@@ -1,3 +1,4 @@
+#include "Kestra/Proc/Interrupted.h"
 #include "ProcessorFixture.h"
 
 namespace Kestra::Proc {
@@ -142,6 +143,14 @@ TEST_F(ProcessorFailures, OfAResetDoNotThrowFromTheLaunchingCalls) {
     ASSERT_TRUE(events.WaitForEnd());
     EXPECT_EQ(ErrorText(), "cannot rewind");
     EXPECT_FALSE(log->Contains("video:Prepare"));
+}
+
+TEST_F(ProcessorFailures, IncludeAnInterruptionThatNobodyInTheRunAskedFor) {
+    video->ThrowAt("ReadRaw 5", std::make_exception_ptr(Interrupted()));
+    RunToEnd();
+    EXPECT_EQ(events.GetMainEvents().back(), "onError") << "a track that ends short is no success";
+    EXPECT_NE(ErrorText().find("was interrupted"), std::string::npos) << ErrorText();
+    EXPECT_FALSE(log->Contains("muxer:Finish"));
 }
 
 TEST_F(ProcessorFailures, OfAnInterruptionChangeNothing) {

@@ -196,6 +196,24 @@ TEST_F(ProcessorStop, IgnoresWhatInterruptedReadsThrow) {
     EXPECT_FALSE(events.GetError());
 }
 
+class StopInARead : public ProcessorFixture, public testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(StopInARead, IsACleanEndWithWhatIsQueued) {
+    const auto gate = (GetParam().first == std::string("video") ? video : audio)->BlockAt(GetParam().second);
+    Launch();
+    ASSERT_TRUE(gate->WaitUntilReached());
+    processor->Stop();
+    ASSERT_TRUE(events.WaitForEnd());
+    Release();
+    EXPECT_EQ(events.GetMainEvents().back(), "onFinished");
+    EXPECT_FALSE(events.GetError()) << "an interruption is no failure";
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAnEncoder, StopInARead,
+                         testing::Values(std::make_pair("video", "Prepare"), std::make_pair("audio", "Prepare"),
+                                         std::make_pair("video", "ReadRaw 0"), std::make_pair("audio", "ReadRaw 5"),
+                                         std::make_pair("video", "ReadRaw 10")));
+
 TEST_F(ProcessorStop, ReportsNoOneHundredPercentThoughTheOutputIsCompleted) {
     const auto gate = video->BlockAt("ReadRaw 5");
     Launch();

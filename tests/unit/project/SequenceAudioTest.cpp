@@ -1,3 +1,4 @@
+#include "Kestra/Proc/Interrupted.h"
 #include "ProjectFixture.h"
 #include <future>
 
@@ -90,9 +91,27 @@ TEST_F(SequenceAudioTest, ResetReadsTheSameAgain) {
     stream->Reset();
     stream->ReadAudio();
     stream->Interrupt();
-    EXPECT_FALSE(stream->ReadAudio());
+    EXPECT_THROW(stream->ReadAudio(), Kestra::Proc::Interrupted);
     stream->Reset();
     EXPECT_EQ(runs(stream, 48000), first);
+}
+
+TEST_F(SequenceAudioTest, AnInterruptionIsNoEndOfAClipThatSilenceFollows) {
+    const Sound stream = sound(timeline({clip(50, 20000), clip(50, 96000)}), 48000, 25);
+    for (int block = 0; block < 3; ++block)
+        EXPECT_TRUE(stream->ReadAudio());
+    stream->Interrupt();
+    EXPECT_THROW(stream->ReadAudio(), Kestra::Proc::Interrupted);
+    EXPECT_EQ(stream->GetPosition(), Kestra::SamplesToTime(3 * 1024, 48000));
+}
+
+TEST_F(SequenceAudioTest, OpensNoClipOnceInterrupted) {
+    const Sound stream = sound(timeline({clip(50, 96000), clip(50, 96000)}), 48000, 25);
+    stream->ReadAudio();
+    stream->Interrupt();
+    stream->Seek(Kestra::SamplesToTime(100000, 48000), SeekMode::Exact);
+    EXPECT_THROW(stream->ReadAudio(), Kestra::Proc::Interrupted);
+    EXPECT_EQ(media->streams().alive, 0);
 }
 
 TEST_F(SequenceAudioTest, SeekLandsOnTheSample) {

@@ -1,4 +1,5 @@
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/Segmenter.h"
 #include "fakes/kestra/FakeStreamVideo.h"
@@ -172,7 +173,7 @@ TEST(VideoSegmenterForwards, WhatItHasNoPartIn) {
     segment->Interrupt();
     segment->PreferFormat(*Conf::IFormatCodecVideo::Create());
     EXPECT_EQ(source->GetScript()->GetLog()->Get(), (Fakes::CallLog::Calls{"Prepare", "Interrupt", "PreferFormat"}));
-    EXPECT_EQ(segment->ReadVideo(), nullptr) << "an interrupted source gives nothing";
+    EXPECT_THROW(segment->ReadVideo(), Interrupted);
     EXPECT_TRUE(segment->IsSeekable());
     source->SetSeekable(false);
     EXPECT_FALSE(segment->IsSeekable());
@@ -186,7 +187,7 @@ TEST(VideoSegmenterForwards, AnInterruptionIsNoEnd) {
     const boost::intrusive_ptr<FakeStreamVideo> source(new FakeStreamVideo(10));
     const auto segment = CreateVideoSegmenter(source, FRAME, 3 * FRAME);
     segment->Interrupt();
-    EXPECT_EQ(segment->ReadVideo(), nullptr);
+    EXPECT_THROW(segment->ReadVideo(), Interrupted);
     segment->Reset();
     EXPECT_EQ(ReadAll(*segment).size(), 2u);
 }

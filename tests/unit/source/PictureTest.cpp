@@ -1,4 +1,5 @@
 // Counts, times and seeks of decoded pictures.
+#include "Kestra/Proc/Interrupted.h"
 #include "unit/source/SourceFixture.h"
 #include <random>
 
@@ -253,14 +254,25 @@ TEST_F(Pictures, WithAlphaKeepIt) {
     EXPECT_EQ(argb->GetInfo().video->pixelFormat, "argb");
 }
 
-TEST_F(Pictures, EndWithNullOnceInterruptedUntilReset) {
+TEST_F(Pictures, AreInterruptedUntilReset) {
     const auto stream = open(make("a.mp4", join(pictures("25", 30), H264)))->CreateVideoStream();
     EXPECT_TRUE(stream->ReadVideo());
     stream->Interrupt();
-    EXPECT_FALSE(stream->ReadVideo());
+    EXPECT_THROW(stream->ReadVideo(), Kestra::Proc::Interrupted);
     stream->Seek(0, SeekMode::Exact);
-    EXPECT_FALSE(stream->ReadVideo());
+    EXPECT_THROW(stream->ReadVideo(), Kestra::Proc::Interrupted);
     stream->Reset();
+    EXPECT_EQ(readPictures(*stream).size(), 30U);
+    EXPECT_FALSE(stream->ReadVideo());
+}
+
+TEST_F(Pictures, AreInterruptedWhileTheirFileOpens) {
+    const std::string path = make("a.mp4", join(pictures("25", 30), H264));
+    const auto stream = open(path)->CreateVideoStream();
+    stream->Interrupt();
+    EXPECT_THROW(stream->Prepare(), Kestra::Proc::Interrupted) << "no fault of the file";
+    stream->Reset();
+    stream->Prepare();
     EXPECT_EQ(readPictures(*stream).size(), 30U);
 }
 

@@ -1,4 +1,5 @@
 // Decoded sound: every sample in its place, also after seeks.
+#include "Kestra/Proc/Interrupted.h"
 #include "unit/source/SourceFixture.h"
 #include <cmath>
 #include <random>
@@ -228,11 +229,11 @@ TEST_F(Sound, IsTheSameWhenItIsReadASecondTime) {
     }
 }
 
-TEST_F(Sound, EndsWithNullOnceInterruptedUntilReset) {
+TEST_F(Sound, IsInterruptedUntilReset) {
     const auto stream = open(make("a.wav", {"-f", "lavfi", "-i", numberedSamples(RATE, RATE)}))->CreateAudioStream();
     EXPECT_TRUE(stream->ReadAudio());
     stream->Interrupt();
-    EXPECT_FALSE(stream->ReadAudio());
+    EXPECT_THROW(stream->ReadAudio(), Kestra::Proc::Interrupted);
     stream->Reset();
     EXPECT_EQ(readSamples(*stream).size(), static_cast<std::size_t>(RATE));
     EXPECT_FALSE(stream->ReadAudio());

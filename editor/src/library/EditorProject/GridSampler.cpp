@@ -19,11 +19,11 @@ GridSampler::GridSampler(boost::intrusive_ptr<Proc::IStreamVideo> source, const 
     , count(count) {}
 
 boost::intrusive_ptr<Proc::IDataVideo> GridSampler::ReadVideo() {
-    if (produced >= count || interrupted || (!started && !Start()))
+    if (produced >= count)
         return nullptr;
+    if (!started)
+        Start();
     Supply(first + produced);
-    if (interrupted)
-        return nullptr; // what looks like the source's end is none
     const std::int64_t run = RunLength();
     const std::int64_t begin = FramesToTime(produced, rate);
     boost::intrusive_ptr<Proc::IDataVideo> picture = current->Share();
@@ -33,7 +33,7 @@ boost::intrusive_ptr<Proc::IDataVideo> GridSampler::ReadVideo() {
     return picture;
 }
 
-bool GridSampler::Start() {
+void GridSampler::Start() {
     const std::int64_t target = Proc::MiddleOfPeriod(first, rate);
     // Where the track ends before the target, its last frame is found by reading up to it.
     for (const std::int64_t place : {target, std::min(target, source->GetDuration()) - TIME_BASE, std::int64_t(0)}) {
@@ -41,15 +41,13 @@ bool GridSampler::Start() {
             source->Seek(std::max<std::int64_t>(0, place), Proc::SeekMode::Exact);
         current = source->ReadVideo();
         started = current != nullptr;
-        if (started || interrupted || first == 0)
+        if (started || first == 0)
             break;
     }
-    if (!started && !interrupted)
+    if (!started)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable,
                                          "No picture could be read from " + source->Describe()));
-    if (started)
-        currentPeriod = std::min(first, Proc::FirstPeriodOf(current->GetTime(), rate));
-    return started;
+    currentPeriod = std::min(first, Proc::FirstPeriodOf(current->GetTime(), rate));
 }
 
 std::int64_t GridSampler::PeriodAfterCurrent(std::int64_t time) const {
@@ -91,14 +89,8 @@ void GridSampler::Seek(std::int64_t, Proc::SeekMode) {
     KESTRA_NOT_IMPLEMENTED();
 }
 
-void GridSampler::Interrupt() {
-    interrupted = true;
-    VideoFilterBase::Interrupt();
-}
-
 void GridSampler::Reset() {
     VideoFilterBase::Reset();
-    interrupted = false;
     started = false;
     ended = false;
     produced = 0;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
-#include <atomic>
 #include <boost/rational.hpp>
 
 namespace Project {
@@ -24,11 +23,10 @@ public:
     /// Read from the start only.
     void Seek(std::int64_t time, Kestra::Proc::SeekMode mode) override;
     bool IsSeekable() const override { return false; }
-    void Interrupt() override;
     void Reset() override;
 
 private:
-    bool Start();
+    void Start();
     void Supply(std::int64_t period);
     std::int64_t PeriodAfterCurrent(std::int64_t time) const;
     std::int64_t RunLength() const;
@@ -37,7 +35,6 @@ private:
     const bool own;
     const std::int64_t first;
     const std::int64_t count;
-    std::atomic<bool> interrupted{false};
     bool started = false;
     bool ended = false;
     std::int64_t produced = 0;

@@ -36,13 +36,11 @@ bool SequenceAudio::HasSound(const Section& candidate) const {
 }
 
 SequenceAudio::Block SequenceAudio::ReadAudio() {
-    while (nextSample < samples && !clip.isInterrupted()) {
+    while (nextSample < samples) {
         if (section && nextSample >= section->end())
             Forget();
         OpenClip();
         const Block block = ReadClip();
-        if (clip.isInterrupted())
-            break;
         if (block && block->GetSampleCount() > drop)
             return Placed(block);
         if (block)
@@ -60,9 +58,9 @@ void SequenceAudio::OpenClip() {
     if (!HasSound(*section))
         return OpenSilence();
     const std::int64_t place = section->skip + nextSample - section->first;
-    NoteLoss(*timeline->clips()[section->clip].info.audio);
     const auto sound = filters().CreateResampler(timeline->source(section->clip).CreateAudioStream(), format);
     clip.put(sound);
+    NoteLoss(*timeline->clips()[section->clip].info.audio);
     silent = false;
     landed = false;
     drop = 0;

@@ -128,10 +128,10 @@ void SequenceVideo::NoteLoss() const {
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
-    if (clip.isInterrupted() || nextFrame >= frames)
+    if (nextFrame >= frames)
         return nullptr;
-    if (!picture && !Fetch())
-        return nullptr;
+    if (!picture)
+        Fetch();
     boost::intrusive_ptr<Proc::IDataVideo> frame = picture->Share();
     const std::int64_t begin = FramesToTime(nextFrame, rate);
     frame->SetTime(begin);
@@ -143,21 +143,16 @@ boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
     return frame;
 }
 
-bool SequenceVideo::Fetch() {
+void SequenceVideo::Fetch() {
     if (section && nextFrame >= section->end())
         Forget();
     OpenClip();
     picture = clip->ReadVideo();
-    if (clip.isInterrupted()) {
-        picture.reset();
-        return false;
-    }
     if (!picture)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
                                          "The pictures of \"" + timeline->clips()[section->clip].path.ToUtf8() +
                                              "\" ended too early"));
     Take(*picture);
-    return true;
 }
 
 void SequenceVideo::OpenClip() {
@@ -169,8 +164,8 @@ void SequenceVideo::OpenClip() {
     rest.skip += nextFrame - rest.first;
     rest.count = rest.end() - nextFrame;
     rest.first = nextFrame;
-    NoteLoss();
     clip.put(createClipPictures(*timeline, rest, *target));
+    NoteLoss();
 }
 
 void SequenceVideo::Take(const Proc::IDataVideo& data) {

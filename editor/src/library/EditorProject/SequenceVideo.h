@@ -38,7 +38,7 @@ private:
     void NoteOtherHdr() const;
     void NoteLoss() const;
     void OpenClip();
-    bool Fetch();
+    void Fetch();
     void Take(const Kestra::Proc::IDataVideo& picture);
     void Forget();
 

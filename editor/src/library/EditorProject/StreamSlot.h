@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/LeavableThread.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <chrono>
 #include <mutex>
@@ -10,7 +11,7 @@
 
 namespace Project {
 
-/// Everything but interrupt() and isInterrupted() belongs to the reading thread.
+/// Everything but interrupt() belongs to the reading thread.
 template <class I>
 class StreamSlot {
 public:
@@ -24,8 +25,8 @@ public:
     explicit operator bool() const { return stream != nullptr; }
     I* operator->() const { return stream.get(); }
 
-    /// A stream that comes after the interrupt is interrupted at once. The one before ends outside the lock: it may
-    /// wait for a thread.
+    /// Throws Interrupted, and takes nothing in, between an interrupt and the reset. The stream before ends outside the
+    /// lock: it may wait for a thread.
     void put(Pointer next) { exchange(std::move(next)); }
     void close() { exchange(nullptr); }
     /// Closes, and forgets an interrupt.
@@ -40,17 +41,13 @@ public:
         if (stream)
             stream->Interrupt();
     }
-    bool isInterrupted() const {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return interrupted;
-    }
 
 private:
     Pointer exchange(Pointer next) {
         const std::lock_guard<std::mutex> lock(mutex);
+        if (interrupted && next)
+            KESTRA_THROW(Kestra::Proc::Interrupted());
         stream.swap(next);
-        if (interrupted && stream)
-            stream->Interrupt();
         return next;
     }
 
@@ -68,7 +65,7 @@ private:
             patience);
     }
 
-    mutable std::mutex mutex;
+    std::mutex mutex;
     Pointer stream;
     bool interrupted = false;
 };

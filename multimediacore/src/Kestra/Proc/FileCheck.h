@@ -35,7 +35,7 @@ struct CheckedFile {
 
 /// Reads every packet of the file to its end; decodes no more than it takes to tell the streams' formats. Throws
 /// ProcException (OutputFailed) that says what is wrong when the file does not open, a packet is damaged or the reading
-/// ends before the end of the file. `interrupted` is polled; once set, the result is what has been read so far.
+/// ends before the end of the file. `interrupted` is polled; once set, Interrupted is thrown.
 KESTRA_EXPORT CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted);
 
 } // namespace Kestra::Proc

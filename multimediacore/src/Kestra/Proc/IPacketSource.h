@@ -14,7 +14,7 @@ public:
     ~IPacketSource() override;
     /// Opens the codec; after it GetFormat is complete (extradata, delay). A second call does nothing.
     virtual void Prepare() = 0;
-    /// The next packet in decode order, null at the end.
+    /// The next packet in decode order, null at the end; throws Interrupted as a read of IStream does.
     virtual boost::intrusive_ptr<IDataRaw> ReadPacket() = 0;
     virtual void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const = 0;
     virtual std::int64_t GetDuration() const = 0;

@@ -28,11 +28,11 @@ public:
     virtual std::int64_t GetDuration() const = 0;
     /// Where the next read begins.
     virtual std::int64_t GetPosition() const = 0;
-    /// The next piece, null at the end and on every read after it.
+    /// The next piece, null at the end and on every read after it, and for no other reason.
     virtual boost::intrusive_ptr<IData> ReadData() = 0;
     /// Moves to `time`, clamped to the stream.
     virtual void Seek(std::int64_t time, SeekMode mode) = 0;
-    /// Makes a read that blocks, and every later one, return null or throw promptly, until the next Reset. Thread-safe.
+    /// Until Reset: a read that waits, or would, throws Interrupted. What is at hand may still come. Thread-safe.
     virtual void Interrupt() = 0;
     virtual bool IsSeekable() const = 0;
     /// The format of what is read. The object is new and the caller's.

@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Demux/Demuxer.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <boost/exception/get_error_info.hpp>
 #include <iterator>
@@ -133,11 +134,15 @@ CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) 
         if (context.duration != AV_NOPTS_VALUE)
             file.duration = FF::ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
         file.streams = FF::ReadAll(demuxer);
+        if (interrupted)
+            KESTRA_THROW(Interrupted());
         struct stat state = {};
         if (stat(path.ToUtf8().c_str(), &state) == 0)
             file.size = state.st_size;
         return file;
     } catch (const ProcException& error) {
+        if (interrupted) // what such a reading meets is no fault of the file
+            KESTRA_THROW(Interrupted());
         const int* code = boost::get_error_info<TagErrorCode>(error);
         if (code && *code == static_cast<int>(TranscodingError::OutputFailed))
             throw;

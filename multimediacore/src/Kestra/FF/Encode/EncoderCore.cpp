@@ -1,6 +1,7 @@
 #include "Kestra/FF/Encode/EncoderCore.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/Proc/Interrupted.h"
 #include <utility>
 
 namespace Kestra::FF {
@@ -44,7 +45,9 @@ void EncoderCore::Prepare() {
 
 boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     Prepare();
-    while (!ended && !interrupted) {
+    while (!ended) {
+        if (interrupted)
+            KESTRA_THROW(Proc::Interrupted());
         PacketHandle packet;
         const EncoderLoop::Step step = Receive(packet);
         ended = step == EncoderLoop::Step::End;
@@ -81,9 +84,6 @@ void EncoderCore::Send(const AVFrame* frame) {
 
 boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::SendNext() {
     const FrameHandle frame = NextFrame();
-    // An interrupted source ends early as well; that is not the end to flush at.
-    if (interrupted)
-        return nullptr;
     Send(frame.get());
     return frame ? AfterSend() : nullptr;
 }

@@ -28,7 +28,6 @@ protected:
     explicit EncoderCore(const Core::Property& description);
 
     const Core::Property& GetDescription() const { return description; }
-    bool IsInterrupted() const { return interrupted; }
     bool IsPrepared() const { return loop != nullptr; }
     AVCodecContext& GetContext() const { return loop->GetContext(); }
     /// As they were when the codec had opened.
@@ -60,6 +59,7 @@ private:
     boost::intrusive_ptr<Proc::IDataRaw> SendNext();
 
     Core::Property description;
+    /// For a packet many frames may be encoded, whose source need not wait for anything.
     std::atomic<bool> interrupted{false};
     std::unique_ptr<EncoderLoop> loop;
     CodecParametersHandle parameters;

@@ -7,7 +7,6 @@
 #include "Kestra/FF/Picture/PictureGeometry.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <algorithm>
-#include <atomic>
 #include <stdexcept>
 
 namespace Kestra::FF {
@@ -29,7 +28,7 @@ public:
     std::int64_t GetDuration() const override { return duration; }
     std::int64_t GetPosition() const override { return std::min(duration, TimeOf(index)); }
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
-    void Interrupt() override { interrupted = true; }
+    void Interrupt() override {}
     std::string Describe() const override { return "black"; }
     void PreferFormat(const Conf::IFormatCodec& preferred) override;
     void Reset() override;
@@ -42,7 +41,6 @@ private:
 
     const boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
     const std::int64_t duration;
-    std::atomic<bool> interrupted{false};
     std::int64_t index = 0;
     FrameHandle picture;
 };
@@ -76,7 +74,7 @@ FrameHandle Black::Draw() const {
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> Black::ReadVideo() {
-    if (interrupted || index >= Count())
+    if (index >= Count())
         return {};
     if (!picture)
         picture = Draw();
@@ -111,7 +109,6 @@ void Black::PreferFormat(const Conf::IFormatCodec& preferred) {
 }
 
 void Black::Reset() {
-    interrupted = false;
     index = 0;
 }
 

@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Wording.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
+#include "Kestra/FF/Source/InterruptibleRead.h"
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -75,6 +76,10 @@ void AudioDecodeStream::Prepare() {
     if (decoder)
         return;
     const MediaSource::Reading reading(*source);
+    InterruptibleRead(interrupted, [this] { Open(); });
+}
+
+void AudioDecodeStream::Open() {
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
     file->SetEnd(source->GetDetails().end);
@@ -108,16 +113,17 @@ void AudioDecodeStream::Reset() {
 
 boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::ReadAudio() {
     const MediaSource::Reading reading(*source);
-    if (interrupted)
-        return {};
+    return InterruptibleRead(interrupted, [this] { return ReadOn(); });
+}
+
+boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::ReadOn() {
     Prepare();
     if (pendingSeek)
         ApplySeek();
-    while (!interrupted && cursor < total) {
+    while (cursor < total) {
         if (!front)
             PlaceFront();
-        if (interrupted)
-            break;
+        RefuseInterrupted(interrupted);
         if (!front || *front > cursor)
             return Silence(front.value_or(total));
         if (auto block = TakeFront())

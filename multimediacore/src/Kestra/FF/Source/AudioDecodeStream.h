@@ -33,6 +33,8 @@ public:
     void Reset() override;
 
 private:
+    void Open();
+    boost::intrusive_ptr<Proc::IDataAudio> ReadOn();
     struct Block {
         FrameHandle frame;
         std::int64_t place = 0; ///< by its timestamp; in samples

@@ -8,6 +8,7 @@
 #include "Kestra/FF/Picture/EncodePicture.h"
 #include "Kestra/FF/Picture/FieldOrder.h"
 #include "Kestra/FF/Picture/PictureTags.h"
+#include "Kestra/FF/Source/InterruptibleRead.h"
 #include <algorithm>
 #include <cstring>
 #include <thread>
@@ -109,6 +110,10 @@ void VideoDecodeStream::Prepare() {
     if (decoder)
         return;
     const MediaSource::Reading reading(*source);
+    InterruptibleRead(interrupted, [this] { Open(); });
+}
+
+void VideoDecodeStream::Open() {
     auto file = std::make_unique<Demuxer>(source->GetPath(), interrupted, source->GetDetails().limits,
                                           source->GetDetails().streams);
     file->SetEnd(source->GetDetails().end);
@@ -135,8 +140,10 @@ void VideoDecodeStream::Reset() {
 
 boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadVideo() {
     const MediaSource::Reading reading(*source);
-    if (interrupted)
-        return {};
+    return InterruptibleRead(interrupted, [this] { return ReadOn(); });
+}
+
+boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadOn() {
     Prepare();
     if (pendingSeek)
         ApplySeek();
@@ -146,7 +153,8 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadVideo() {
         if (!interrupted)
             Present();
     }
-    if (interrupted || ready.empty())
+    RefuseInterrupted(interrupted);
+    if (ready.empty())
         return {};
     boost::intrusive_ptr<Proc::IDataVideo> picture = std::move(ready.front());
     ready.pop_front();

@@ -37,6 +37,8 @@ public:
     void Reset() override;
 
 private:
+    void Open();
+    boost::intrusive_ptr<Proc::IDataVideo> ReadOn();
     /// A decoded picture and where it begins in the stream.
     struct Picture {
         FrameHandle frame;

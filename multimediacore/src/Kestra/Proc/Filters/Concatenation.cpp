@@ -64,7 +64,6 @@ void Concatenation::PreparePart(Part& part) {
 }
 
 void Concatenation::Interrupt() {
-    interrupted = true;
     for (const Part& part : parts)
         part.stream->Interrupt();
 }
@@ -95,8 +94,6 @@ boost::intrusive_ptr<IDataVideo> Concatenation::ReadPart() {
 
 boost::intrusive_ptr<IDataVideo> Concatenation::ReadVideo() {
     begun = true;
-    if (interrupted) // a picture that was read ahead comes no more either
-        return {};
     while (current < parts.size()) {
         if (auto frame = ReadPart()) {
             position = frame->GetTime() + frame->GetDuration();
@@ -126,7 +123,6 @@ void Concatenation::Reset() {
     position = 0;
     begun = false;
     ahead.reset();
-    interrupted = false;
 }
 
 } // namespace Kestra::Proc

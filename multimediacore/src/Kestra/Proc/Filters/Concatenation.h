@@ -3,7 +3,6 @@
 
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include "Kestra/Proc/IConcatenation.h"
-#include <atomic>
 #include <vector>
 
 namespace Kestra::Proc {
@@ -41,7 +40,6 @@ private:
     std::size_t current = 0;
     std::int64_t position = 0;
     bool begun = false;
-    std::atomic<bool> interrupted{false};
     /// The part's picture that waits until it is known whether another follows before the seam.
     boost::intrusive_ptr<IDataVideo> ahead;
 };

@@ -30,9 +30,6 @@ IStreamVideo& PreferredFrameRate::Pacer() const {
 }
 
 boost::intrusive_ptr<IDataVideo> PreferredFrameRate::ReadVideo() {
-    // Repeated pictures come without asking the source, which would tell of the interruption.
-    if (interrupted)
-        return {};
     auto frame = Pacer().ReadVideo();
     if (frame)
         FitToEnd(*frame);
@@ -64,11 +61,6 @@ void PreferredFrameRate::Seek(std::int64_t time, SeekMode mode) {
     Pacer().Seek(time, mode);
 }
 
-void PreferredFrameRate::Interrupt() {
-    interrupted = true;
-    source->Interrupt();
-}
-
 // A consumer that cuts has moved already when the encoder behind it tells its rate.
 void PreferredFrameRate::Prefer(const boost::rational<long long>& rate) {
     const std::int64_t position = pacer ? pacer->GetPosition() : 0;
@@ -88,7 +80,6 @@ void PreferredFrameRate::PreferFormat(const Conf::IFormatCodec& format) {
 void PreferredFrameRate::Reset() {
     pacer.reset();
     source->Reset();
-    interrupted = false;
 }
 
 } // namespace Kestra::Proc

@@ -19,7 +19,6 @@ public:
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
     std::int64_t GetPosition() const override;
     void Seek(std::int64_t time, SeekMode mode) override;
-    void Interrupt() override;
     void PreferFormat(const Conf::IFormatCodec& format) override;
     void Reset() override;
 
@@ -33,7 +32,6 @@ private:
     boost::rational<long long> preferred{0};
     /// What does the work; made when the rate is needed, and anew when another one is preferred.
     mutable boost::intrusive_ptr<IStreamVideo> pacer;
-    std::atomic<bool> interrupted{false};
 };
 
 } // namespace Kestra::Proc

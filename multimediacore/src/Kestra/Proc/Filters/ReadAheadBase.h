@@ -11,8 +11,8 @@ namespace Kestra::Proc {
 
 /// The thread starts with the first read. What the source throws is thrown by the read that would have returned the
 /// missing piece. Seek waits for the read that is under way; Reset, Interrupt and the destructor interrupt it. One that
-/// then does not come back is left with its source: Seek and Reset throw ProcException (Stalled), and reads give
-/// nothing. Filter is AudioFilterBase or VideoFilterBase.
+/// then does not come back is left with its source: Seek and Reset throw ProcException (Stalled), and reads throw
+/// Interrupted. Filter is AudioFilterBase or VideoFilterBase.
 template <class Filter>
 class ReadAheadBase : public Filter {
 public:

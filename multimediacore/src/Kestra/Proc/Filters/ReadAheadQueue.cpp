@@ -1,5 +1,6 @@
 #include "Kestra/Proc/Filters/ReadAheadQueue.h"
 
+#include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
 #include <condition_variable>
@@ -113,7 +114,7 @@ boost::intrusive_ptr<IData> ReadAheadQueue::Pop() {
     std::unique_lock<std::mutex> lock(shared->mutex);
     shared->changed.wait(lock, [this] { return shared->interrupted || shared->ended || !shared->queue.empty(); });
     if (shared->interrupted)
-        return {};
+        KESTRA_THROW(Interrupted());
     if (shared->queue.empty()) {
         if (shared->error)
             std::rethrow_exception(shared->error);

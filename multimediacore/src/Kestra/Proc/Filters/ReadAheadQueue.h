@@ -28,9 +28,9 @@ public:
     /// Waits for the piece that is being read, then forgets everything. Does nothing when not running. Throws
     /// ProcException (Stalled) when the reader has been left: once interrupted, it is waited for some seconds only.
     void Stop();
-    /// The next piece; null at the end and once interrupted; throws what the reader threw, after the pieces before it.
+    /// The next piece, null at the end; throws what the reader threw, after the pieces before it, and Interrupted.
     boost::intrusive_ptr<IData> Pop();
-    /// Makes Pop return null until ClearInterrupt, and bounds the wait of Stop.
+    /// Makes Pop throw Interrupted until ClearInterrupt, and bounds the wait of Stop.
     void Interrupt();
     void ClearInterrupt();
 

@@ -18,7 +18,7 @@ StreamOneFrameVideo::StreamOneFrameVideo(boost::intrusive_ptr<IDataVideo> frame)
 
 // A reader may change the times of what it gets: the next one is to find them as they were.
 boost::intrusive_ptr<IDataVideo> StreamOneFrameVideo::ReadVideo() {
-    if (interrupted || std::exchange(read, true))
+    if (std::exchange(read, true))
         return {};
     return frame->Share();
 }
@@ -36,7 +36,6 @@ void StreamOneFrameVideo::Seek(std::int64_t, SeekMode) {
 
 void StreamOneFrameVideo::Reset() {
     read = false;
-    interrupted = false;
 }
 
 } // namespace Kestra::Proc

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Kestra/Proc/Filters/StreamBase.h"
-#include <atomic>
 
 namespace Kestra::Proc {
 
@@ -18,7 +17,7 @@ public:
     std::int64_t GetDuration() const override { return frame->GetDuration(); }
     std::int64_t GetPosition() const override { return read ? frame->GetDuration() : 0; }
     void Seek(std::int64_t time, SeekMode mode) override;
-    void Interrupt() override { interrupted = true; }
+    void Interrupt() override {}
     std::string Describe() const override { return "one picture"; }
     void Reset() override;
 
@@ -27,7 +26,6 @@ private:
 
     const boost::intrusive_ptr<IDataVideo> frame;
     bool read = false;
-    std::atomic<bool> interrupted{false};
 };
 
 } // namespace Kestra::Proc

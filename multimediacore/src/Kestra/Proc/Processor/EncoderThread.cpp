@@ -1,4 +1,6 @@
 #include "Kestra/Proc/Processor/EncoderThread.h"
+#include "Kestra/Proc/Interrupted.h"
+#include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/Processor/ThreadName.h"
 #include <utility>
 
@@ -41,10 +43,21 @@ void EncoderThread::Run(const std::string& threadName, const OnFailure& onFailur
     try {
         Prepare();
         Encode();
+    } catch (const Interrupted&) {
+        OnInterrupted(onFailure);
     } catch (...) {
         onFailure(std::current_exception());
     }
     state->EncoderLeft();
+}
+
+// The run interrupts only once it is ending, and then it has its outcome. An interruption by anybody else leaves the
+// track short, and that is no end to be told as a success.
+void EncoderThread::OnInterrupted(const OnFailure& onFailure) const {
+    if (!state->IsEnding()) {
+        onFailure(std::make_exception_ptr(
+            ProcException("\"" + stream->Describe() + "\" was interrupted, though nobody had stopped the run")));
+    }
 }
 
 void EncoderThread::Prepare() {
@@ -67,7 +80,7 @@ void EncoderThread::Encode() {
             return;
         }
     }
-    // An interrupted read returns null as well; then the queue is cancelled and its end says nothing.
+    // Where an ending left the loop, the queue is cancelled and its end says nothing.
     queue.End();
 }
 

@@ -34,6 +34,7 @@ public:
 
 private:
     void Run(const std::string& threadName, const OnFailure& onFailure);
+    void OnInterrupted(const OnFailure& onFailure) const;
     void Prepare();
     void Encode();
 

@@ -1,0 +1,10 @@
+#include "Kestra/Proc/Interrupted.h"
+
+namespace Kestra::Proc {
+
+Interrupted::Interrupted()
+    : Exception("The reading was interrupted") {}
+
+Interrupted::~Interrupted() noexcept = default;
+
+} // namespace Kestra::Proc
