@@ -1,6 +1,7 @@
 // What an encoder is given when nobody says which pixel format it is to have.
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
 #include "Kestra/Proc/ProcException.h"
 #include <functional>
@@ -99,11 +100,11 @@ TEST(EncodePictureFormat, OddSidesStayWhereTheCodecHasNoGrid) {
 
 TEST(EncoderAdvice, TellsWhichSizesAndRatesDnxhdTakes) {
     const std::string words =
-        FF::AdviceOn(*avcodec_find_encoder_by_name("dnxhd"), choice("dnxhd", "yuv422p", 640, 360));
+        FF::VideoDriver::Of(*avcodec_find_encoder_by_name("dnxhd")).Advise(choice("dnxhd", "yuv422p", 640, 360));
     EXPECT_NE(words.find("640x360"), std::string::npos) << words;
     EXPECT_NE(words.find("1280x720 at 60"), std::string::npos) << words;
     EXPECT_NE(words.find("dnxhr_hq"), std::string::npos) << words;
-    EXPECT_EQ(FF::AdviceOn(*avcodec_find_encoder_by_name("ffv1"), FF::EncodePicture()), "");
+    EXPECT_EQ(FF::VideoDriver::Of(*avcodec_find_encoder_by_name("ffv1")).Advise(FF::EncodePicture()), "");
 }
 
 TEST(EncodePictureColour, IsOneThatTheCodecHasANameFor) {

@@ -113,7 +113,7 @@ TEST_P(SoundFiles, HoldEverySampleInItsPlace) {
 INSTANTIATE_TEST_SUITE_P(Export, SoundFiles,
                          testing::Values(SoundFile{"wav", "pcm_s16le", 0}, SoundFile{"wav", "pcm_s24le", 0},
                                          SoundFile{"flac", "flac", 0}, SoundFile{"mp3", "mp3", 0},
-                                         SoundFile{"ogg", "opus", 0}, SoundFile{"ogg", "vorbis", 0},
+                                         SoundFile{"webm", "opus", 0}, SoundFile{"webm", "vorbis", 0},
                                          SoundFile{"m4a", "aac", 1024}, SoundFile{"mkv", "opus", 0},
                                          SoundFile{"mkv", "mp3", 2}, SoundFile{"mp4", "flac", 0}));
 

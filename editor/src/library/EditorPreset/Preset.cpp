@@ -1,6 +1,8 @@
 #include "EditorPreset/Preset.h"
+
 #include "EditorPreset/PresetTags.h"
 #include "EditorPreset/TreeAccess.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
@@ -57,14 +59,6 @@ constexpr InterpolationName INTERPOLATIONS[] = {
 
 /// What a preset without limits is taken to be meant for: more than the largest frame in use.
 constexpr int NO_SIZE_LIMIT = 16384;
-
-/// FFV1 has no grid of blocks or chroma that sides must fit; H.264 and HEVC have none but that of chroma.
-bool takesOddSides(Kestra::Conf::CodecID codec, const std::string& pixelFormat) {
-    using Kestra::Conf::CodecID;
-    const auto* const format = Kestra::Conf::PixelFormatRecord::Find(Kestra::Conf::PixelFormatFromString(pixelFormat));
-    const bool fullChroma = format != nullptr && format->chromaShiftX + format->chromaShiftY == 0;
-    return codec == CodecID::FFV1 || ((codec == CodecID::H264 || codec == CodecID::HEVC) && fullChroma);
-}
 
 int readSide(const Property& tree, const char* tag, int neutral) {
     return static_cast<int>(readNumber(tree, TAG_VIDEO, tag, neutral));
@@ -148,7 +142,8 @@ Kestra::Proc::SettingsResizer Preset::resizerSettings() const {
     settings.aspectMode =
         hasFixedResolution() ? Kestra::Proc::AspectMode::Letterbox : Kestra::Proc::AspectMode::FitInside;
     settings.interpolation = Kestra::Proc::Interpolation::Bicubic;
-    settings.oddSides = takesOddSides(videoCodec(), readString(tree, TAG_VIDEO, TAG_PIXEL_FORMAT));
+    settings.oddSides =
+        Kestra::ClientAPI::CodecLimits::TakesOddSides(videoCodec(), readString(tree, TAG_VIDEO, TAG_PIXEL_FORMAT));
     const std::string mode = readString(tree, TAG_VIDEO, TAG_RESIZE);
     for (const ResizeName& entry : RESIZE_MODES) {
         if (mode == entry.name)

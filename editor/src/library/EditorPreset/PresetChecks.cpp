@@ -135,7 +135,7 @@ void checkProfile(const Preset& preset, const JsonPlace& place) {
     const CodecID codec = preset.videoCodec();
     const std::vector<std::string> known = CodecLimits::Profiles(codec);
     const std::string profile = readString(preset.property(), TAG_VIDEO, TAG_PROFILE);
-    if (profile.empty() && codec != CodecID::DNxHD)
+    if (profile.empty() && !CodecLimits::NeedsProfile(codec))
         return;
     const JsonPlace here = place.at(TAG_PROFILE);
     if (profile.empty())
@@ -302,7 +302,7 @@ void checkVideo(const Preset& preset, const JsonPlace& place) {
 
 /// Lossless material of the archive follows its source's format.
 void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
-    if (!preset.keepsDynamicRange() || preset.videoCodec() == CodecID::FFV1)
+    if (!preset.keepsDynamicRange() || CodecLimits::IsLossless(preset.videoCodec()))
         return;
     const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
     const bool deep = format.size() > 2 && (format.compare(format.size() - 2, 2, "10") == 0 ||

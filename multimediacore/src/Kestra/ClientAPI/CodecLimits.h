@@ -1,7 +1,7 @@
 // What an encoder can be asked for without giving something else.
 #pragma once
 
-#include "Kestra/Conf/CodecID.h"
+#include "Kestra/Conf/Codec.h"
 #include "KestraExport.h"
 #include <boost/rational.hpp>
 #include <cstdint>
@@ -10,14 +10,10 @@
 
 namespace Kestra::ClientAPI {
 
-/// Constant quality on the codec's own scale, on which lower is better; 0 to 0 where there is no such scale.
-struct QualityRange {
-    int best = 0;
-    int worst = 0;
-    bool fractions = false; ///< whether there is anything between two whole numbers
-};
+using QualityRange = Conf::QualityScale;
 
-/// All of a codec without limits of its own: empty lists stand for codecs that are none of the medium.
+/// Questions on the table of codecs. All of a codec without limits of its own: empty lists stand for codecs that are
+/// none of the medium.
 struct KESTRA_EXPORT CodecLimits {
     static QualityRange VideoQuality(Conf::CodecID codec);
     /// Whether bits can be asked for: not where a profile or the absence of loss decides about them.
@@ -29,12 +25,18 @@ struct KESTRA_EXPORT CodecLimits {
     static bool TakesHeight(Conf::CodecID codec, int pixels);
     /// Whether sides that it takes go together.
     static bool TakesSize(Conf::CodecID codec, int width, int height);
+    /// Whether its pictures may have sides that are odd, in that format (the engine's name).
+    static bool TakesOddSides(Conf::CodecID codec, const std::string& pixelFormat);
     /// The profiles that can be asked for, by the encoder's names; empty where none can.
     static std::vector<std::string> Profiles(Conf::CodecID codec);
+    /// Whether one of them has to be chosen.
+    static bool NeedsProfile(Conf::CodecID codec);
     /// Whether a stream of that profile holds pictures of that format (the engine's name) and is marked as just that.
     static bool ProfileTakes(Conf::CodecID codec, const std::string& profile, const std::string& pixelFormat);
     /// Whether pictures of two fields can be coded as what they are.
     static bool CodesFields(Conf::CodecID codec);
+    /// Whether what is decoded is what was encoded.
+    static bool IsLossless(Conf::CodecID codec);
     static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);
 
     /// The usual sample rates that the codec stores as they are, rising.

@@ -33,9 +33,9 @@ enum class CodecID : int {
 };
 
 /// "h264", "pcm_s16le" ...; "none" for None and for a number that is none.
-KESTRA_EXPORT const char* CodecIDToString(CodecID id) noexcept;
+KESTRA_EXPORT const char* CodecIDToString(CodecID id);
 /// None for a name that is none.
-KESTRA_EXPORT CodecID CodecIDFromString(const std::string& name) noexcept;
-KESTRA_EXPORT bool IsVideoCodec(CodecID id) noexcept;
+KESTRA_EXPORT CodecID CodecIDFromString(const std::string& name);
+KESTRA_EXPORT bool IsVideoCodec(CodecID id);
 
 } // namespace Kestra::Conf

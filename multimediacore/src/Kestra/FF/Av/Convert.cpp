@@ -1,12 +1,12 @@
 #include "Kestra/FF/Av/Convert.h"
 
+#include "Kestra/Conf/Codec.h"
 #include <algorithm>
-#include <array>
 #include <climits>
-#include <utility>
 #include <vector>
 
 extern "C" {
+#include <libavcodec/codec_desc.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -53,30 +53,6 @@ const PixelFormatMap& PixelFormats() {
 
 // Both enumerations have the same order.
 constexpr int SAMPLE_FORMAT_COUNT = AV_SAMPLE_FMT_NB;
-
-constexpr std::array<std::pair<CodecID, AVCodecID>, 21> CODECS{{
-    {CodecID::H264, AV_CODEC_ID_H264},
-    {CodecID::HEVC, AV_CODEC_ID_HEVC},
-    {CodecID::VP9, AV_CODEC_ID_VP9},
-    {CodecID::ProRes, AV_CODEC_ID_PRORES},
-    {CodecID::MPEG4, AV_CODEC_ID_MPEG4},
-    {CodecID::AV1, AV_CODEC_ID_AV1},
-    {CodecID::VP8, AV_CODEC_ID_VP8},
-    {CodecID::MPEG2, AV_CODEC_ID_MPEG2VIDEO},
-    {CodecID::FFV1, AV_CODEC_ID_FFV1},
-    {CodecID::DNxHD, AV_CODEC_ID_DNXHD},
-    {CodecID::MJPEG, AV_CODEC_ID_MJPEG},
-    {CodecID::AAC, AV_CODEC_ID_AAC},
-    {CodecID::Opus, AV_CODEC_ID_OPUS},
-    {CodecID::MP3, AV_CODEC_ID_MP3},
-    {CodecID::FLAC, AV_CODEC_ID_FLAC},
-    {CodecID::PCM_S16LE, AV_CODEC_ID_PCM_S16LE},
-    {CodecID::PCM_S24LE, AV_CODEC_ID_PCM_S24LE},
-    {CodecID::Vorbis, AV_CODEC_ID_VORBIS},
-    {CodecID::AC3, AV_CODEC_ID_AC3},
-    {CodecID::ALAC, AV_CODEC_ID_ALAC},
-    {CodecID::PCM, AV_CODEC_ID_PCM_S16LE},
-}};
 
 } // namespace
 
@@ -137,11 +113,10 @@ std::uint32_t FromAv(const AVChannelLayout& layout) noexcept {
     return Conf::DiscreteLayout(layout.nb_channels);
 }
 
-AVCodecID ToAv(CodecID id) noexcept {
-    for (const auto& [engine, av] : CODECS)
-        if (engine == id)
-            return av;
-    return AV_CODEC_ID_NONE;
+AVCodecID ToAv(CodecID id) {
+    const Conf::Codec* const codec = Conf::Codec::Find(id);
+    const AVCodecDescriptor* const descriptor = codec ? avcodec_descriptor_get_by_name(codec->avName) : nullptr;
+    return descriptor ? descriptor->id : AV_CODEC_ID_NONE;
 }
 
 Conf::ColourInfo ColourOf(const AVFrame& frame) noexcept {

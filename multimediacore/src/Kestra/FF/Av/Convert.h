@@ -47,7 +47,7 @@ AVChannelLayout ToAvLayout(std::uint32_t layout) noexcept;
 /// are discrete.
 std::uint32_t FromAv(const AVChannelLayout& layout) noexcept;
 
-AVCodecID ToAv(Conf::CodecID id) noexcept;
+AVCodecID ToAv(Conf::CodecID id);
 
 Conf::ColourInfo ColourOf(const AVFrame& frame) noexcept;
 void SetColour(AVFrame& frame, const Conf::ColourInfo& colour) noexcept;

@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include <string>
 
 namespace Kestra::FF {
@@ -16,28 +17,48 @@ struct Choice {
     const char* encoder;
 };
 
-constexpr int SMALLEST_SVT_SIDE = 64;
-
-// In order of preference; a codec that does not stand here has the library's own encoder.
+// Of sound; a codec that neither stands here nor has a driver has the library's own encoder.
 constexpr Choice CHOICES[] = {
-    {CodecID::H264, "libx264"},  {CodecID::HEVC, "libx265"},     {CodecID::VP9, "libvpx-vp9"},
-    {CodecID::VP8, "libvpx"},    {CodecID::ProRes, "prores_ks"}, {CodecID::MPEG4, "mpeg4"},
-    {CodecID::AV1, "libsvtav1"}, {CodecID::AV1, "libaom-av1"},   {CodecID::AAC, "aac"},
-    {CodecID::Opus, "libopus"},  {CodecID::MP3, "libmp3lame"},   {CodecID::Vorbis, "libvorbis"},
+    {CodecID::AAC, "aac"},
+    {CodecID::Opus, "libopus"},
+    {CodecID::MP3, "libmp3lame"},
+    {CodecID::Vorbis, "libvorbis"},
 };
 
-const AVCodec* FindByID(CodecID id) {
+/// Those of the codec that this installation has, the preferred one first.
+std::vector<const AVCodec*> Installed(CodecID id) {
+    std::vector<const AVCodec*> encoders;
+    const auto add = [&encoders](const char* name) {
+        if (const AVCodec* const encoder = avcodec_find_encoder_by_name(name))
+            encoders.push_back(encoder);
+    };
+    for (const VideoDriver* const driver : VideoDriver::All())
+        if (driver->GetCodec() == id)
+            add(driver->GetEncoder());
     for (const Choice& choice : CHOICES)
         if (choice.codec == id)
-            if (const AVCodec* codec = avcodec_find_encoder_by_name(choice.encoder))
-                return codec;
-    return avcodec_find_encoder(ToAv(id));
+            add(choice.encoder);
+    if (encoders.empty())
+        if (const AVCodec* const other = avcodec_find_encoder(ToAv(id)))
+            encoders.push_back(other);
+    return encoders;
 }
 
-const AVCodec& InPlaceOfSvt(const AVCodec& codec) {
-    const AVCodec* other =
-        std::string(codec.name) == "libsvtav1" ? avcodec_find_encoder_by_name("libaom-av1") : nullptr;
-    return other ? *other : codec;
+const AVCodec* FindByID(CodecID id) {
+    const std::vector<const AVCodec*> encoders = Installed(id);
+    return encoders.empty() ? nullptr : encoders.front();
+}
+
+/// `codec`, or the first of the same codec that serves where this one does not; `codec` where none does.
+template <class Serves>
+const AVCodec& FirstThatServes(const AVCodec& codec, Serves serves) {
+    const VideoDriver& driver = VideoDriver::Of(codec);
+    if (serves(driver))
+        return codec;
+    for (const AVCodec* const other : Installed(driver.GetCodec()))
+        if (serves(VideoDriver::Of(*other)))
+            return *other;
+    return codec;
 }
 
 AVCodecID PcmOfBits(int bits) {
@@ -85,13 +106,7 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
 }
 
 std::vector<const AVCodec*> EncodersOf(CodecID id) {
-    const AVCodec* const preferred = id == CodecID::None ? nullptr : FindByID(id);
-    if (!preferred)
-        return {};
-    std::vector<const AVCodec*> encoders{preferred};
-    if (const AVCodec* const other = &InPlaceOfSvt(*preferred); other != preferred)
-        encoders.push_back(other);
-    return encoders;
+    return id == CodecID::None ? std::vector<const AVCodec*>() : Installed(id);
 }
 
 bool TakesFormat(const AVCodec& codec, AVPixelFormat format) {
@@ -104,15 +119,11 @@ bool TakesFormat(const AVCodec& codec, AVPixelFormat format) {
 }
 
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height) {
-    return width >= SMALLEST_SVT_SIDE && height >= SMALLEST_SVT_SIDE ? codec : InPlaceOfSvt(codec);
+    return FirstThatServes(codec, [=](const VideoDriver& driver) { return driver.TakesSize(width, height); });
 }
 
-const AVCodec& EncoderForTwoPasses(const AVCodec& codec) {
-    return InPlaceOfSvt(codec);
-}
-
-const AVCodec& EncoderForConstantBitrate(const AVCodec& codec) {
-    return InPlaceOfSvt(codec);
+const AVCodec& EncoderForExactRates(const AVCodec& codec) {
+    return FirstThatServes(codec, [](const VideoDriver& driver) { return driver.MeetsExactRates(); });
 }
 
 const AVCodec& EncoderForSamples(const AVCodec& codec, const Conf::IFormatCodec& description,

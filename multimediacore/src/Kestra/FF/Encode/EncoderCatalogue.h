@@ -20,10 +20,8 @@ bool TakesFormat(const AVCodec& codec, AVPixelFormat format);
 /// `codec`, or another encoder of the same codec where this one does not take pictures so small.
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
 
-/// `codec`, or another encoder of the same codec where this one has no passes.
-const AVCodec& EncoderForTwoPasses(const AVCodec& codec);
-/// The same where this one cannot hold a constant bitrate.
-const AVCodec& EncoderForConstantBitrate(const AVCodec& codec);
+/// `codec`, or another encoder of the same codec where this one has no passes and cannot hold a constant bitrate.
+const AVCodec& EncoderForExactRates(const AVCodec& codec);
 
 /// `codec`, or where `description` leaves the bits of PCM open, the one that keeps those of the samples of `stream`; 16
 /// bits for what was coded with loss and has none of its own.

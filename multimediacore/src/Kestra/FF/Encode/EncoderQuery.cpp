@@ -1,12 +1,12 @@
 #include "Kestra/ClientAPI/EncoderQuery.h"
 
+#include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/PixelFormat.h"
-#include "Kestra/FF/Av/Container.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/OptionList.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
-#include "Kestra/FF/Picture/EncodePicture.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include <memory>
 
 extern "C" {
@@ -44,24 +44,16 @@ struct FreeFormat {
 
 bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelFormat) {
     const AVPixelFormat format = FormatNamed(pixelFormat);
-    // It names the formats of limited range too, and then refuses them.
-    if (format == AV_PIX_FMT_NONE || (codec == CodecID::MJPEG && !FF::IsFullRangeFormat(format)))
-        return false;
-    // Their alpha would be a second picture beside the first, which nothing in the file tells of.
-    if ((codec == CodecID::VP8 || codec == CodecID::VP9) && FF::HasAlpha(format))
-        return false;
-    // x264 tells no matrix of grey pictures, and its decoders show them as those of colour.
-    if (codec == CodecID::H264 && av_pix_fmt_desc_get(format)->nb_components < 3)
-        return false;
     const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
-    return !encoders.empty() && FF::TakesFormat(*encoders.front(), format);
+    return format != AV_PIX_FMT_NONE && !encoders.empty() && FF::TakesFormat(*encoders.front(), format) &&
+           FF::VideoDriver::Of(*encoders.front()).TakesFormat(format);
 }
 
 std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value,
                                        bool exactRate) {
     std::string reason = std::string("there is no encoder for ") + Conf::CodecIDToString(codec);
     for (const AVCodec* const encoder : FF::EncodersOf(codec)) {
-        if (exactRate && encoder != &FF::EncoderForConstantBitrate(*encoder))
+        if (exactRate && encoder != &FF::EncoderForExactRates(*encoder))
             continue;
         const FF::CodecContextHandle context = FF::MakeCodecContext(encoder);
         reason = WhyNot(context.get(), encoder->name, name, value);
@@ -73,7 +65,7 @@ std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, c
 
 std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const std::string& name,
                                             const std::string& value) {
-    const FF::Container* const known = FF::FindContainer(container);
+    const Conf::Container* const known = Conf::Container::Find(container);
     AVFormatContext* made = nullptr;
     if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
         return "there is no muxer for " + container;

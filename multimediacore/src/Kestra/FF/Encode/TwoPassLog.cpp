@@ -2,12 +2,11 @@
 
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/TwoPassSeal.h"
-#include "Kestra/FF/Encode/VideoRateControl.h"
+#include "Kestra/FF/Encode/X265Parameters.h"
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <initializer_list>
 #include <utility>
 
 extern "C" {
@@ -19,13 +18,6 @@ namespace Kestra::FF {
 using Proc::TranscodingError;
 
 namespace {
-
-bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
-    for (const char* other : names)
-        if (std::strcmp(name, other) == 0)
-            return true;
-    return false;
-}
 
 /// The number behind `label` in a line of statistics; 0 where there is none.
 std::int64_t NumberAfter(const std::string& line, const char* label) {
@@ -48,22 +40,10 @@ std::optional<PicturePlan::Picture> PictureOf(const AVPacket& packet) {
 
 } // namespace
 
-TwoPassLog::Kind TwoPassLog::KindOf(const AVCodec& codec) {
-    if (IsOneOf(codec.name, {"libx264"}))
-        return Kind::X264;
-    if (IsOneOf(codec.name, {"libx265"}))
-        return Kind::X265;
-    if (IsOneOf(codec.name, {"libvpx", "libvpx-vp9", "libaom-av1"}))
-        return Kind::Handover;
-    if (IsOneOf(codec.name, {"mpeg4", "mpeg2video", "mjpeg"}))
-        return Kind::Pictures;
-    return Kind::None;
-}
-
 TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCodec& codec)
     : path(settings.GetLogFile())
     , firstPass(settings.firstPass)
-    , kind(KindOf(codec)) {
+    , kind(VideoDriver::Of(codec).GetStatistics()) {
     if (kind == Kind::None)
         return;
     if (!firstPass) {

@@ -4,6 +4,7 @@
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Encode/PicturePlan.h"
 #include "Kestra/FF/Encode/StatisticsFile.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/Proc/Settings/SettingsTwoPassEncoding.h"
 #include <cstdint>
 #include <optional>
@@ -40,9 +41,8 @@ public:
     void Complete();
 
 private:
-    enum class Kind { None, X264, X265, Handover, Pictures };
+    using Kind = VideoDriver::Statistics;
 
-    static Kind KindOf(const AVCodec& codec);
     void Read();
     void ConfigureX264(AVCodecContext& context) const;
     void ConfigureX265(AVCodecContext& context) const;

@@ -1,13 +1,14 @@
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
 
 #include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/Conf/Codec.h"
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include <algorithm>
-#include <array>
 #include <climits>
 #include <optional>
 #include <tuple>
@@ -26,11 +27,6 @@ using Conf::PixelLoss;
 using Proc::TranscodingError;
 
 namespace {
-
-/// Codecs whose every profile shows anywhere only with 8 bit 4:2:0; others follow the stream.
-bool IsDeliveryCodec(const AVCodec& codec) {
-    return codec.id != AV_CODEC_ID_FFV1 && codec.id != AV_CODEC_ID_PRORES && codec.id != AV_CODEC_ID_DNXHD;
-}
 
 const PixelFormatRecord& RecordOf(PixelFormat format, const AVCodec& codec) {
     const PixelFormatRecord* const record = PixelFormatRecord::Find(format);
@@ -66,13 +62,11 @@ AVPixelFormat LeastLossy(const AVCodec& codec, PixelFormat source) {
 }
 
 AVPixelFormat NearestFormat(const AVCodec& codec, PixelFormat source) {
-    // It names the other one too, and then refuses it.
-    if (codec.id == AV_CODEC_ID_MJPEG)
-        return AV_PIX_FMT_YUVJ420P;
+    const VideoDriver& driver = VideoDriver::Of(codec);
     // What says nothing of its format is made for the encoder, and black.
     const bool made = source == PixelFormat::Unknown;
-    if ((made || IsDeliveryCodec(codec)) && TakesFormat(codec, AV_PIX_FMT_YUV420P))
-        return AV_PIX_FMT_YUV420P;
+    if ((made || !driver.FollowsStream()) && TakesFormat(codec, driver.UsualFormat()))
+        return driver.UsualFormat();
     const PixelFormat plain = made ? PixelFormat::YUV420P : FromAv(PlainFormat(ToAv(source)));
     return codec.pix_fmts ? LeastLossy(codec, plain == PixelFormat::Unknown ? source : plain)
                           : ToAv(RecordOf(plain, codec).Format());
@@ -121,12 +115,11 @@ std::optional<bool> Flag(const IFormatCodecVideo& format, const char* tag) {
     return tree.ChildExists(tag) ? std::optional(tree[tag].GetBool()) : std::nullopt;
 }
 
-/// FFV1 flags each picture by itself, so one that says nothing now may have fields later.
-bool KeepsFields(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {
+/// Where each picture has a flag of its own, one that says nothing now may have fields later.
+bool KeepsFields(const IFormatCodecVideo& description, const IFormatCodecVideo& stream, const VideoDriver& driver) {
     const char* const tag = IFormatCodecVideo::TAG_INTERLACED;
-    const Conf::CodecID codec = description.GetCodecID();
-    return Flag(description, tag).value_or(false) && ClientAPI::CodecLimits::CodesFields(codec) &&
-           (codec == Conf::CodecID::FFV1 || Flag(stream, tag).value_or(true));
+    return Flag(description, tag).value_or(false) && ClientAPI::CodecLimits::CodesFields(description.GetCodecID()) &&
+           (driver.FlagsFields() || Flag(stream, tag).value_or(true));
 }
 
 int DepthOf(AVPixelFormat format) {
@@ -150,19 +143,6 @@ Conf::ColourInfo ChooseColour(const IFormatCodecVideo& description, const IForma
     return !IsHighRange(colour.transfer) || (keeps && room) ? colour : Conf::ColourInfo{};
 }
 
-/// The codes that a stream of the codec has names for; another one would be lost in the file.
-Conf::ColourInfo Tellable(Conf::ColourInfo colour, AVCodecID codec) {
-    constexpr std::array<int, 6> ofVp9{AVCOL_SPC_RGB,       AVCOL_SPC_BT709,     AVCOL_SPC_BT470BG,
-                                       AVCOL_SPC_SMPTE170M, AVCOL_SPC_SMPTE240M, AVCOL_SPC_BT2020_NCL};
-    // The lists of x264 and x265 end before it.
-    const bool isX26x = codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC;
-    if (isX26x && colour.primaries == AVCOL_PRI_EBU3213)
-        colour.primaries = AVCOL_PRI_UNSPECIFIED;
-    if (codec == AV_CODEC_ID_VP9 && std::find(ofVp9.begin(), ofVp9.end(), colour.matrix) == ofVp9.end())
-        colour.matrix = AVCOL_SPC_UNSPECIFIED;
-    return colour;
-}
-
 } // namespace
 
 EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
@@ -175,33 +155,24 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     if (frame.width == 0 || frame.height == 0)
         Fail(TranscodingError::CodecRefused, "Neither the stream nor the encoder's description has a frame size");
     RequireSize(description, frame);
-    const bool odd = codec.id == AV_CODEC_ID_FFV1;
+    const VideoDriver& driver = VideoDriver::Of(codec);
+    const Conf::VideoCodec* const limits = Conf::Codec::FindVideo(driver.GetCodec());
+    const bool odd = limits && limits->oddSides == Conf::VideoCodec::OddSides::Taken;
     picture.width = FitSide(frame.width, odd ? 0 : descriptor.log2_chroma_w);
     picture.height = FitSide(frame.height, odd ? 0 : descriptor.log2_chroma_h);
     picture.sampleAspect = SampleAspectOf(frame);
-    picture.interlaced = KeepsFields(description, stream);
+    picture.interlaced = KeepsFields(description, stream, driver);
     picture.topFieldFirst = Flag(stream, IFormatCodecVideo::TAG_TOP_FIELD_FIRST).value_or(true);
     Conf::ColourInfo colour = ChooseColour(description, stream, picture.format);
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)
         colour.matrix = wanted.matrix;
-    colour = Tellable(colour, codec.id);
+    colour = driver.Tellable(colour);
     // Lossless pictures keep their samples, and so their range; players of the others expect the limited one.
-    const bool kept = codec.id == AV_CODEC_ID_FFV1 && wanted.range == AVCOL_RANGE_UNSPECIFIED;
+    const bool kept = driver.KeepsSamples() && wanted.range == AVCOL_RANGE_UNSPECIFIED;
     const bool full = IsFullRangeFormat(picture.format) || (kept ? colour.range : wanted.range) == AVCOL_RANGE_JPEG;
     picture.colour = CompleteColour(colour, picture.width, picture.height, picture.format, full);
     return picture;
-}
-
-std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture) {
-    if (codec.id != AV_CODEC_ID_DNXHD)
-        return {};
-    return "pictures of " + std::to_string(picture.width) + "x" + std::to_string(picture.height) +
-           " do not go with that bitrate or profile. Without a profile it takes, in 8 bits and progressive, "
-           "1920x1080 at 36, 45, 75, 90, 115, 120, 145, 175, 185, 220, 240, 290, 365 or 440 Mbit/s, "
-           "1440x1080 at 63, 84, 100 or 110, 1280x720 at 60, 75, 90, 110, 120, 145, 180 or 220 "
-           "and 960x720 at 42, 60, 75 or 115; with one of the profiles dnxhr_lb, dnxhr_sq, dnxhr_hq, dnxhr_hqx "
-           "and dnxhr_444 any size from 256x120 on";
 }
 
 boost::rational<long long> ChooseFrameRate(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {

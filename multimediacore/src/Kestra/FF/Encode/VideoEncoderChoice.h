@@ -3,7 +3,6 @@
 
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/FF/Picture/EncodePicture.h"
-#include <string>
 
 namespace Kestra::FF {
 
@@ -18,8 +17,5 @@ EncodePicture ChoosePicture(const Conf::IFormatCodecVideo& description, const Co
 /// The description's frame rate or the stream's. Throws ProcException (CodecRefused) when neither has one.
 boost::rational<long long> ChooseFrameRate(const Conf::IFormatCodecVideo& description,
                                            const Conf::IFormatCodecVideo& stream);
-
-/// What a user has to know where the codec's own refusal says nothing; empty where it does.
-std::string AdviceOn(const AVCodec& codec, const EncodePicture& picture);
 
 } // namespace Kestra::FF

@@ -8,6 +8,7 @@
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/VideoConform.h"
+#include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
 #include "Kestra/FF/Encode/VideoRateControl.h"
 #include "Kestra/Proc/IFilterFactory.h"
@@ -73,6 +74,10 @@ std::string VideoEncoderCore::Describe() const {
     return std::string(codec->name) + " on " + stream->Describe();
 }
 
+const VideoDriver& VideoEncoderCore::Driver() const {
+    return VideoDriver::Of(*codec);
+}
+
 AVRational VideoEncoderCore::TimeBase() const {
     return av_inv_q(ToAv(rate));
 }
@@ -84,10 +89,8 @@ std::int64_t VideoEncoderCore::GetDuration() const {
 std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     const auto description = MakeDescription();
     const auto twoPass = GetTwoPass();
-    if (twoPass)
-        codec = &EncoderForTwoPasses(*codec);
-    if (description->GetBitrateMode() == "cbr")
-        codec = &EncoderForConstantBitrate(*codec);
+    if (twoPass || description->GetBitrateMode() == "cbr")
+        codec = &EncoderForExactRates(*codec);
     BuildChain(*description);
     if (twoPass)
         log = std::make_unique<TwoPassLog>(*twoPass, *codec);
@@ -95,7 +98,7 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec->name, AdviceOn(*codec, picture));
+    return std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(picture));
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
@@ -146,7 +149,7 @@ void VideoEncoderCore::Peek() {
 void VideoEncoderCore::SettleFields(const AVFrame& first) {
     if (first.interlaced_frame)
         picture.topFieldFirst = first.top_field_first != 0;
-    else if (codec->id == AV_CODEC_ID_FFV1 || !offersFields)
+    else if (Driver().FlagsFields() || !offersFields)
         picture.interlaced = false;
 }
 
@@ -154,14 +157,13 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     CodecContextHandle context = MakeCodecContext(codec);
     ConfigurePicture(*context);
     SetKeyframeDistance(*context, description);
-    SetSpeed(*context, options);
+    Driver().SetSpeed(*context, options);
     SetRateControl(*context, description, IsApprovedVbrOnly());
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     SetHdrMetadata(*context, hdr);
-    if (options.Has("x265-params"))
-        KeepX265Quiet(*context);
+    Driver().Settle(*context);
     if (log && log->IsFirstPass())
-        SetFastFirstPass(*context);
+        Driver().SetFastFirstPass(*context);
     if (log)
         log->Configure(*context);
     return context;
@@ -181,9 +183,8 @@ void VideoEncoderCore::ConfigurePicture(AVCodecContext& context) const {
     context.chroma_sample_location = AVCHROMA_LOC_LEFT;
     context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     context.field_order = AV_FIELD_PROGRESSIVE;
-    // Its earlier versions have no flags of fields for each picture.
-    if (offersFields && codec->id == AV_CODEC_ID_FFV1)
-        context.level = 3;
+    if (offersFields)
+        Driver().AllowFields(context);
     if (picture.interlaced) {
         context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
         context.field_order = picture.topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;

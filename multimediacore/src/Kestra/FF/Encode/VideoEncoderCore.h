@@ -42,6 +42,7 @@ private:
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
     void ConfigurePicture(AVCodecContext& context) const;
     bool IsApprovedVbrOnly() const;
+    const VideoDriver& Driver() const;
     AVRational TimeBase() const;
 
     const boost::intrusive_ptr<Proc::IStreamVideo> stream;

@@ -66,7 +66,7 @@ void SetSkip(AVPacket& packet, std::int64_t atStart, std::int64_t atEnd) {
 
 } // namespace
 
-MuxerFF::MuxerFF(const Container& container, const boost::intrusive_ptr<Conf::IFormatFile>& format,
+MuxerFF::MuxerFF(const Conf::Container& container, const boost::intrusive_ptr<Conf::IFormatFile>& format,
                  const boost::intrusive_ptr<Core::IDataOutput>& output)
     : container(container)
     , format(format)
@@ -105,7 +105,7 @@ int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {
     if (avformat_query_codec(context->oformat, id, FF_COMPLIANCE_EXPERIMENTAL) == 0)
         Fail(TranscodingError::MuxerRefused, "The container " + Name() + " cannot hold " + avcodec_get_name(id));
     AVStream* stream = Allocated(avformat_new_stream(context.get(), nullptr));
-    CopyParameters(*stream, *parameters, *context->oformat, container.isMov);
+    CopyParameters(*stream, *parameters, *context->oformat, container.family == Conf::Container::Family::Mov);
     packetTimeBases.push_back(parameters->GetTimeBase());
     return stream->index;
 }
@@ -138,7 +138,7 @@ void MuxerFF::ApplyOptions() {
     // Negative times are what a decoder has to discard; each container says that in its own way.
     context->avoid_negative_ts = 0;
     context->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
-    if (container.isMov)
+    if (container.family == Conf::Container::Family::Mov)
         ApplyMovOptions();
     if (std::strcmp(container.muxer, "wav") == 0)
         SetOption(*context, "rf64", "auto");
@@ -173,7 +173,7 @@ std::int64_t MuxerFF::MovieTimescale() const {
 // Matroska counts the time of a track with a codec delay from where its decoder begins, the others from time 0.
 std::int64_t MuxerFF::TimeOffset(const AVStream& stream) const {
     const AVCodecParameters& parameters = *stream.codecpar;
-    return container.isMatroska && parameters.codec_id == AV_CODEC_ID_OPUS
+    return container.family == Conf::Container::Family::Matroska && parameters.codec_id == AV_CODEC_ID_OPUS
                ? SamplesToTime(parameters.initial_padding, parameters.sample_rate)
                : 0;
 }

@@ -3,8 +3,8 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Base/SourcePlace.h"
+#include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/IFormatFile.h"
-#include "Kestra/FF/Av/Container.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Mux/OutputIo.h"
 #include "Kestra/Proc/IMuxer.h"
@@ -16,7 +16,7 @@ namespace Kestra::FF {
 class MuxerFF final : public Proc::IMuxer, public RefCountImpl {
 public:
     /// `container` outlives the muxer.
-    MuxerFF(const Container& container, const boost::intrusive_ptr<Conf::IFormatFile>& format,
+    MuxerFF(const Conf::Container& container, const boost::intrusive_ptr<Conf::IFormatFile>& format,
             const boost::intrusive_ptr<Core::IDataOutput>& output);
 
     int AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& format) override;
@@ -38,7 +38,7 @@ private:
     void Demand(int result, const char* what, SourcePlace place = SourcePlace::Here()) const;
     std::string Name() const;
 
-    const Container& container;
+    const Conf::Container& container;
     const boost::intrusive_ptr<Conf::IFormatFile> format;
     const boost::intrusive_ptr<Core::IDataOutput> output;
     // The context refers to the input and output; it goes first.

@@ -11,7 +11,7 @@ boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrus
     if (!format || !output)
         KESTRA_THROW(std::invalid_argument("a muxer needs a description of its container and an output"));
     const std::string id = format->GetContainerID();
-    const Container* container = FindContainer(id);
+    const Conf::Container* const container = Conf::Container::Find(id);
     if (!container)
         Fail(Proc::TranscodingError::MuxerRefused,
              id.empty() ? std::string("The description names no container") : "There is no container \"" + id + "\"");

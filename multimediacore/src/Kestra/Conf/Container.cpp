@@ -1,0 +1,61 @@
+#include "Kestra/Conf/Container.h"
+
+#include <algorithm>
+
+namespace Kestra::Conf {
+
+const std::vector<Container>& Container::All() {
+    static const std::vector<Container> table{
+        {"mp4",
+         "mp4",
+         Family::Mov,
+         true,
+         {CodecID::H264, CodecID::HEVC, CodecID::AV1, CodecID::VP9, CodecID::MPEG4, CodecID::MPEG2, CodecID::AAC,
+          CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC},
+         {"mp4", "m4v"},
+         {"m4a"}},
+        {"mov",
+         "mov",
+         Family::Mov,
+         true,
+         {CodecID::H264, CodecID::HEVC, CodecID::ProRes, CodecID::DNxHD, CodecID::MJPEG, CodecID::MPEG4, CodecID::AAC,
+          CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
+         {"mov", "qt"},
+         {}},
+        {"webm",
+         "webm",
+         Family::Matroska,
+         true,
+         {CodecID::VP9, CodecID::VP8, CodecID::AV1, CodecID::Opus, CodecID::Vorbis},
+         {"webm"},
+         {"weba"}},
+        {"mkv",
+         "matroska",
+         Family::Matroska,
+         true,
+         {CodecID::H264, CodecID::HEVC, CodecID::VP9, CodecID::AV1, CodecID::VP8, CodecID::MPEG4, CodecID::MPEG2,
+          CodecID::FFV1, CodecID::MJPEG, CodecID::ProRes, CodecID::AAC, CodecID::Opus, CodecID::MP3, CodecID::FLAC,
+          CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::Vorbis, CodecID::AC3, CodecID::ALAC},
+         {"mkv"},
+         {"mka"}},
+        {"m4a", "ipod", Family::Mov, true, {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}},
+        {"mp3", "mp3", Family::Other, false, {CodecID::MP3}, {"mp3"}, {}},
+        {"flac", "flac", Family::Other, false, {CodecID::FLAC}, {"flac"}, {}},
+        {"wav",
+         "wav",
+         Family::Other,
+         false,
+         {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM},
+         {"wav", "wave"},
+         {}},
+    };
+    return table;
+}
+
+const Container* Container::Find(const std::string& id) {
+    const auto found =
+        std::find_if(All().begin(), All().end(), [&id](const Container& container) { return id == container.id; });
+    return found == All().end() ? nullptr : &*found;
+}
+
+} // namespace Kestra::Conf

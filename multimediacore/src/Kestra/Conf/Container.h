@@ -1,0 +1,29 @@
+// Kestra::Conf::Container: all that is known of a container without asking its muxer.
+#pragma once
+
+#include "Kestra/Conf/CodecID.h"
+#include "KestraExport.h"
+#include <string>
+#include <vector>
+
+namespace Kestra::Conf {
+
+/// One row of the table, which Container.cpp holds: a new container is one more.
+struct KESTRA_EXPORT Container {
+    enum class Family { Other, Mov, Matroska };
+
+    const char* id;    ///< in descriptions and catalogues
+    const char* muxer; ///< as FFmpeg's libraries call it
+    Family family;
+    bool globalHeaders; ///< the encoders' headers are kept apart from the packets
+    /// What players and editors really read, not all that a muxer would write.
+    std::vector<CodecID> codecs;
+    std::vector<std::string> extensions;        ///< the usual one first; in lower case, without the dot
+    std::vector<std::string> extensionsOfSound; ///< beside those, for files without pictures
+
+    static const std::vector<Container>& All();
+    /// Null for an id that is none.
+    static const Container* Find(const std::string& id);
+};
+
+} // namespace Kestra::Conf

@@ -1,0 +1,44 @@
+#include "Kestra/FF/Encode/DriverSettings.h"
+
+#include "Kestra/FF/Av/Error.h"
+#include <algorithm>
+#include <thread>
+
+namespace Kestra::FF {
+
+using Proc::TranscodingError;
+
+int Processors() {
+    return std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
+}
+
+void RefuseSetting(const AVCodecContext& context, const std::string& what, SourcePlace place) {
+    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
+}
+
+bool HasPrivateOption(const AVCodecContext& context, const char* name) {
+    return context.priv_data && av_opt_find(context.priv_data, name, nullptr, 0, 0) != nullptr;
+}
+
+void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value) {
+    if (HasPrivateOption(context, name))
+        Check(av_opt_set_int(context.priv_data, name, value, 0), TranscodingError::CodecRefused, name);
+}
+
+void SetCrf(AVCodecContext& context, double quality) {
+    if (av_opt_set_double(context.priv_data, "crf", quality, 0) < 0)
+        RefuseSetting(context, "the quality " + Decimal(quality));
+}
+
+void SetTileThreads(AVCodecContext& context) {
+    context.thread_count = std::min(Processors(), MOST_SLICE_THREADS);
+    SetPrivate(context, "row-mt", 1);
+    // Tiles are at least 256 pixels wide, and at most 4096.
+    int columns = 0;
+    while (columns < 4 && (context.width >> columns > 4096 ||
+                           ((context.width >> (columns + 1)) >= 256 && (1 << (columns + 1)) <= context.thread_count)))
+        ++columns;
+    SetPrivate(context, "tile-columns", columns);
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,31 @@
+// What the drivers of several encoders set alike.
+#pragma once
+
+#include "Kestra/Base/SourcePlace.h"
+#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Av/Wording.h"
+#include <cstdint>
+#include <string>
+
+namespace Kestra::FF {
+
+/// More threads than this only cost memory, whether they share out slices, frames or tiles.
+constexpr int MOST_SLICE_THREADS = 16;
+
+int Processors();
+
+/// Throws ProcException (CodecRefused): "ENCODER refuses WHAT".
+[[noreturn]] void RefuseSetting(const AVCodecContext& context, const std::string& what,
+                                SourcePlace place = SourcePlace::Here());
+
+/// An option of the encoder's own; nothing where it has none of that name.
+bool HasPrivateOption(const AVCodecContext& context, const char* name);
+void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value);
+
+/// Constant quality by the option "crf".
+void SetCrf(AVCodecContext& context, double quality);
+
+/// Tiles and threads for them, of encoders that have both.
+void SetTileThreads(AVCodecContext& context);
+
+} // namespace Kestra::FF

@@ -1,0 +1,23 @@
+#include "Kestra/FF/Encode/VideoDrivers.h"
+
+namespace Kestra::FF {
+
+namespace {
+
+class Driver final : public VideoDriver {
+public:
+    Driver()
+        : VideoDriver(Conf::CodecID::ProRes, "prores_ks") {}
+
+    bool FollowsStream() const override { return true; }
+    bool HasRate() const override { return false; }
+};
+
+} // namespace
+
+const VideoDriver& ProResDriver() {
+    static const Driver driver;
+    return driver;
+}
+
+} // namespace Kestra::FF

@@ -1,0 +1,84 @@
+// Kestra::FF::VideoDriver: what is particular to one of the codec library's encoders of pictures.
+#pragma once
+
+#include "Kestra/Conf/CodecID.h"
+#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Av/OptionList.h"
+#include "Kestra/FF/Picture/EncodePicture.h"
+#include <string>
+#include <vector>
+
+namespace Kestra::FF {
+
+/// Has no state and lives as long as the process: any thread may use it. What is not overridden is what most encoders
+/// do. A new encoder is one more driver, in VideoDrivers.cpp's list.
+class VideoDriver {
+public:
+    /// How a first pass tells the second one what it has seen.
+    enum class Statistics {
+        None,     ///< there are no passes
+        X264,     ///< the encoder writes a file, one line a picture
+        X265,     ///< likewise, and takes its own options for it
+        Handover, ///< one block at the end, in place of packets
+        Pictures, ///< each packet's quantiser and size; the second pass takes a quantiser for each picture
+    };
+
+    /// `encoder` is the codec library's name for it.
+    VideoDriver(Conf::CodecID codec, const char* encoder)
+        : codec(codec)
+        , encoder(encoder) {}
+    virtual ~VideoDriver() = default;
+    VideoDriver(const VideoDriver&) = delete;
+    VideoDriver& operator=(const VideoDriver&) = delete;
+
+    /// In order of preference among those of one codec.
+    static const std::vector<const VideoDriver*>& All();
+    /// One that does what most do, where an installation has another encoder than those that are known.
+    static const VideoDriver& Of(const AVCodec& encoder);
+
+    Conf::CodecID GetCodec() const { return codec; }
+    const char* GetEncoder() const { return encoder; }
+
+    /// What it takes of what the codec takes. Another driver of the codec has the rest.
+    virtual bool TakesSize(int width, int height) const;
+    /// Whether it has two passes, and holds a constant bitrate.
+    virtual bool MeetsExactRates() const { return true; }
+    /// Of the formats that the encoder names, those that come out as what they are.
+    virtual bool TakesFormat(AVPixelFormat format) const;
+    /// Whether pictures keep their format where nothing else is ordered. Every profile of the other codecs is shown
+    /// anywhere with 8 bit 4:2:0 only.
+    virtual bool FollowsStream() const { return false; }
+    /// That one.
+    virtual AVPixelFormat UsualFormat() const { return AV_PIX_FMT_YUV420P; }
+    /// Whether each picture says by itself whether it is interlaced.
+    virtual bool FlagsFields() const { return false; }
+    /// For a stream that may have fields.
+    virtual void AllowFields(AVCodecContext& context) const;
+    /// Whether the samples that come out are those that went in.
+    virtual bool KeepsSamples() const { return false; }
+    /// The codes that its streams have names for; another one would be lost in the file.
+    virtual Conf::ColourInfo Tellable(Conf::ColourInfo colour) const { return colour; }
+    /// What a user can do about settings that it refuses; empty where nobody knows.
+    virtual std::string Advise(const EncodePicture& picture) const;
+
+    /// Threads, and how much time a picture gets.
+    virtual void SetSpeed(AVCodecContext& context, const OptionList& options) const;
+    /// Whether the bits can be chosen.
+    virtual bool HasRate() const { return true; }
+    /// Throws ProcException (CodecRefused) for a quality beyond its scale.
+    virtual void SetQuality(AVCodecContext& context, double quality) const;
+    /// For a context with its bitrate: what else that bitrate takes. The mode is "abr", "vbr" or "cbr".
+    virtual void SetDrift(AVCodecContext& context) const;
+    virtual std::int64_t LowestRateOf(std::int64_t constantBitrate) const { return constantBitrate; }
+    /// What the context says behind the options of the preset.
+    virtual void Settle(AVCodecContext& context) const;
+
+    virtual Statistics GetStatistics() const { return Statistics::None; }
+    virtual void SetFastFirstPass(AVCodecContext& context) const;
+
+private:
+    const Conf::CodecID codec;
+    const char* const encoder;
+};
+
+} // namespace Kestra::FF

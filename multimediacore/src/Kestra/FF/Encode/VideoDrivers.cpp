@@ -1,0 +1,13 @@
+#include "Kestra/FF/Encode/VideoDrivers.h"
+
+namespace Kestra::FF {
+
+const std::vector<const VideoDriver*>& VideoDriver::All() {
+    static const std::vector<const VideoDriver*> drivers{
+        &X264Driver(),   &X265Driver(),  &Vp9Driver(),   &Vp8Driver(),   &SvtAv1Driver(), &AomAv1Driver(),
+        &ProResDriver(), &DnxhdDriver(), &Mpeg4Driver(), &Mpeg2Driver(), &MjpegDriver(),  &Ffv1Driver(),
+    };
+    return drivers;
+}
+
+} // namespace Kestra::FF

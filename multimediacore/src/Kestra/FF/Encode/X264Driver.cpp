@@ -1,0 +1,66 @@
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Encode/DriverSettings.h"
+#include "Kestra/FF/Encode/VideoDrivers.h"
+#include <algorithm>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+namespace {
+
+constexpr int MOST_THREADS = 64;
+
+bool LooksAhead(const OptionList& options) {
+    const auto& all = options.Get();
+    return std::none_of(all.begin(), all.end(), [](const OptionList::Option& option) {
+        return option.name == "preset" && (option.value == "ultrafast" || option.value == "superfast");
+    });
+}
+
+class Driver final : public VideoDriver {
+public:
+    Driver()
+        : VideoDriver(Conf::CodecID::H264, "libx264") {}
+
+    // It tells no matrix of grey pictures, and its decoders show them as those of colour.
+    bool TakesFormat(AVPixelFormat format) const override { return av_pix_fmt_desc_get(format)->nb_components >= 3; }
+
+    // Its list ends before that code.
+    Conf::ColourInfo Tellable(Conf::ColourInfo colour) const override {
+        if (colour.primaries == AVCOL_PRI_EBU3213)
+            colour.primaries = AVCOL_PRI_UNSPECIFIED;
+        return colour;
+    }
+
+    // Two frame threads a processor and two for the lookahead. Presets that do not look ahead gain nothing by that and
+    // get one thread more than there are processors, since each holds pictures.
+    void SetSpeed(AVCodecContext& context, const OptionList& options) const override {
+        const bool looksAhead = LooksAhead(options);
+        context.thread_count = std::min(looksAhead ? 2 * Processors() : Processors() + 1, MOST_THREADS);
+        if (!looksAhead)
+            return;
+        Dictionary parameters;
+        parameters.Set("lookahead_threads", "2");
+        Check(av_opt_set_dict_val(context.priv_data, "x264-params", *parameters.Address(), 0),
+              Proc::TranscodingError::CodecRefused, "x264-params");
+    }
+
+    void SetQuality(AVCodecContext& context, double quality) const override { SetCrf(context, quality); }
+    // It fills up what is missing.
+    std::int64_t LowestRateOf(std::int64_t) const override { return 0; }
+
+    Statistics GetStatistics() const override { return Statistics::X264; }
+    void SetFastFirstPass(AVCodecContext& context) const override { SetPrivate(context, "fastfirstpass", 1); }
+};
+
+} // namespace
+
+const VideoDriver& X264Driver() {
+    static const Driver driver;
+    return driver;
+}
+
+} // namespace Kestra::FF
