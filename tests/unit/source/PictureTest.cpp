@@ -1,5 +1,5 @@
 // Counts, times and seeks of decoded pictures.
-#include "Kestra/Proc/Interrupted.h"
+#include "Kestra/FF/Source/InterruptibleRead.h"
 #include "unit/source/SourceFixture.h"
 #include <random>
 
@@ -266,7 +266,18 @@ TEST_F(Pictures, AreInterruptedUntilReset) {
     EXPECT_FALSE(stream->ReadVideo());
 }
 
-TEST_F(Pictures, AreInterruptedWhileTheirFileOpens) {
+TEST(InterruptibleReading, TellsNoFaultOfTheFileOnceItIsInterrupted) {
+    std::atomic<bool> interrupted{false};
+    const auto fail = [] { KESTRA_THROW(Kestra::Proc::ProcException("broken off")); };
+    EXPECT_THROW(Kestra::FF::InterruptibleRead(interrupted, fail), Kestra::Proc::ProcException);
+    const auto failInterrupted = [&] {
+        interrupted = true;
+        fail();
+    };
+    EXPECT_THROW(Kestra::FF::InterruptibleRead(interrupted, failInterrupted), Kestra::Proc::Interrupted);
+}
+
+TEST_F(Pictures, AreInterruptedBeforeTheirFileIsOpened) {
     const std::string path = make("a.mp4", join(pictures("25", 30), H264));
     const auto stream = open(path)->CreateVideoStream();
     stream->Interrupt();
