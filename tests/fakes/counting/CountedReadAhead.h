@@ -1,6 +1,7 @@
 // What reads ahead, and what it reads from: tells the counter of failures that no consumer has asked for.
 #pragma once
 
+#include "Kestra/Proc/Interrupted.h"
 #include "fakes/counting/CountedStreams.h"
 
 namespace Kestra::Fakes {
@@ -14,6 +15,8 @@ public:
     boost::intrusive_ptr<Proc::IData> ReadData() override {
         try {
             return Counted::ReadData();
+        } catch (const Proc::Interrupted&) {
+            throw; // by whoever resets or ends the reading ahead
         } catch (...) {
             this->counter->ReadAheadFailed(this);
             throw;
