@@ -50,6 +50,14 @@ bool AnchorTimes::AreNeeded(const char* container) {
     return std::strcmp(container, "mpeg") == 0;
 }
 
+void AnchorTimes::Push(PacketHandle packet, const AVStream& stream) {
+    const AVCodecID codec = stream.codecpar->codec_id;
+    // It does not always tell its rate in a way that libav goes by.
+    if (codec == AV_CODEC_ID_MPEG4 && packet->duration <= 0 && stream.r_frame_rate.num > 0)
+        packet->duration = av_rescale_q(1, av_inv_q(stream.r_frame_rate), stream.time_base);
+    Push(std::move(packet), codec);
+}
+
 void AnchorTimes::Push(PacketHandle packet, AVCodecID codec) {
     Kind kind = Kind::Other;
     if (HasAnchors(codec)) {

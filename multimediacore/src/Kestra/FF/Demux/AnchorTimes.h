@@ -1,7 +1,7 @@
 // Kestra::FF::AnchorTimes: when those pictures of a program stream are shown that do not say so.
 #pragma once
 
-#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Demux/PacketRepair.h"
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -13,18 +13,17 @@ namespace Kestra::FF {
 /// the next one and is wrong until the next pack. So packets are held back until what follows tells which times are
 /// right. One that others are predicted from is shown when the next of its kind is decoded. Packets come out in the
 /// order of the file, and those that have their right times as they are.
-class AnchorTimes {
+class AnchorTimes final : public PacketRepair {
 public:
     /// Whether streams of the container leave such times out.
     static bool AreNeeded(const char* container);
 
+    void Push(PacketHandle packet, const AVStream& stream) override;
     /// `codec` is that of the packet's stream.
     void Push(PacketHandle packet, AVCodecID codec);
-    /// No packet follows.
-    void End() { ended = true; }
-    /// The next packet; false where it takes another one first, or none is left.
-    bool Pop(AVPacket& packet);
-    void Clear();
+    void End() override { ended = true; }
+    bool Pop(AVPacket& packet) override;
+    void Clear() override;
 
 private:
     enum class Kind { Other, Anchor, Between };

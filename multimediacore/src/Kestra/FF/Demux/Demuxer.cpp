@@ -73,9 +73,9 @@ void Demuxer::Open() {
     readFrom = 0;
     lastPosition.clear();
     countedTime = 0;
-    ClearTimes();
     fieldPairs = {};
     fromStart = true;
+    SetUpRepairs();
     ApplySelection();
 }
 
@@ -161,37 +161,49 @@ void Demuxer::PassNothingOver() {
     passedOver = true;
 }
 
+// Behind a seek libav's own count of a program stream begins anew, from wherever it landed: there is nothing to go by.
+void Demuxer::SetUpRepairs() {
+    repairs.clear();
+    const auto append = [this](PacketRepair& repair) {
+        repair.Clear();
+        repairs.push_back({&repair});
+    };
+    if (RepeatedTimes::AreNeeded(GetFormatName()))
+        append(repeatedTimes);
+    if (fromStart && AnchorTimes::AreNeeded(GetFormatName())) {
+        append(orderTimes);
+        append(anchorTimes);
+        return;
+    }
+    for (unsigned index = 0; index < context->nb_streams; ++index)
+        if (FieldPairs::AreNeeded(*context->streams[index]))
+            return append(fieldPairs);
+}
+
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
-    // Behind a seek libav's own count begins anew, from wherever it landed: there is nothing to go by.
-    const bool anchors = fromStart && AnchorTimes::AreNeeded(GetFormatName());
-    if (!anchors && !HasFieldPairs())
-        return ReadNext(packet);
     do
-        if (!(anchors ? ReadAhead(packet) : ReadPicture(packet)))
+        if (!ReadBehind(repairs.size(), packet))
             return false;
     while (!IsSelected(packet.stream_index)); // since it was read
     return true;
 }
 
-bool Demuxer::HasFieldPairs() const {
-    const auto needed = [this](int stream) { return FieldPairs::AreNeeded(*context->streams[stream]); };
-    for (unsigned index = 0; index < context->nb_streams; ++index)
-        if (IsSelected(static_cast<int>(index)) && needed(static_cast<int>(index)))
-            return true;
-    return false;
-}
-
-bool Demuxer::ReadPicture(AVPacket& packet) {
+bool Demuxer::ReadBehind(std::size_t count, AVPacket& packet) {
+    if (count == 0)
+        return ReadFile(packet);
     av_packet_unref(&packet);
-    while (!fieldPairs.Pop(packet)) {
+    Repair& last = repairs[count - 1];
+    while (!last.stage->Pop(packet)) {
         PacketHandle next = MakePacket();
-        if (!ReadNext(*next)) {
-            fieldPairs.End();
-            return !interrupted && fieldPairs.Pop(packet);
+        if (!last.ended && ReadBehind(count - 1, *next)) {
+            const AVStream& stream = GetStream(next->stream_index);
+            last.stage->Push(std::move(next), stream);
+        } else if (interrupted || std::exchange(last.ended, true)) {
+            return false;
+        } else {
+            last.stage->End();
         }
-        const AVStream& stream = GetStream(next->stream_index);
-        fieldPairs.Push(std::move(next), stream);
     }
     return true;
 }
@@ -199,65 +211,6 @@ bool Demuxer::ReadPicture(AVPacket& packet) {
 bool Demuxer::CountsFromStart(int stream) {
     const AVCodecID codec = GetStream(stream).codecpar->codec_id;
     return AnchorTimes::AreNeeded(GetFormatName()) && (codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC);
-}
-
-void Demuxer::ClearTimes() {
-    orderTimes.Clear();
-    placeFinder = {};
-    ordered = -1;
-    anchorTimes.Clear();
-    repeatedTimes.Clear();
-    atEnd = false;
-}
-
-bool Demuxer::ReadAhead(AVPacket& packet) {
-    av_packet_unref(&packet);
-    while (!anchorTimes.Pop(packet)) {
-        PacketHandle next = MakePacket();
-        if (orderTimes.Pop(*next)) {
-            const AVCodecParameters& parameters = *GetStream(next->stream_index).codecpar;
-            anchorTimes.Push(std::move(next), parameters.codec_id);
-        } else if (ReadNext(*next)) {
-            PushOrdered(std::move(next));
-        } else if (std::exchange(atEnd, true)) {
-            return !interrupted && anchorTimes.Pop(packet);
-        } else {
-            orderTimes.End();
-        }
-        if (atEnd && orderTimes.IsEmpty())
-            anchorTimes.End();
-    }
-    return true;
-}
-
-void Demuxer::PushOrdered(PacketHandle packet) {
-    const AVStream& stream = GetStream(packet->stream_index);
-    // MPEG-4 does not always tell its rate in a way that libav goes by.
-    const bool lacksLength = stream.codecpar->codec_id == AV_CODEC_ID_MPEG4 && packet->duration <= 0;
-    if (lacksLength && stream.r_frame_rate.num > 0)
-        packet->duration = av_rescale_q(1, av_inv_q(stream.r_frame_rate), stream.time_base);
-    if (ordered < 0 && (placeFinder = OrderTimes::FinderFor(stream)))
-        ordered = packet->stream_index;
-    const bool isOrdered = packet->stream_index == ordered;
-    orderTimes.Push(std::move(packet), isOrdered ? placeFinder : OrderTimes::PlaceFinder());
-}
-
-bool Demuxer::ReadNext(AVPacket& packet) {
-    if (!RepeatedTimes::AreNeeded(GetFormatName()))
-        return ReadFile(packet);
-    av_packet_unref(&packet);
-    do {
-        while (!repeatedTimes.Pop(packet)) {
-            PacketHandle next = MakePacket();
-            if (!ReadFile(*next)) {
-                repeatedTimes.End();
-                return !interrupted && repeatedTimes.Pop(packet);
-            }
-            const AVStream& stream = GetStream(next->stream_index);
-            repeatedTimes.Push(std::move(next), stream);
-        }
-    } while (!IsSelected(packet.stream_index)); // since it was read
-    return true;
 }
 
 bool Demuxer::ReadFile(AVPacket& packet) {
@@ -336,9 +289,8 @@ void Demuxer::ShiftTimes(AVPacket& packet) {
 bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     untouched = false;
     trouble.clear();
-    ClearTimes();
-    fieldPairs.Clear();
     fromStart = false;
+    SetUpRepairs();
     file.Allow(limits.pictureBytes);
     if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
         return false;

@@ -66,18 +66,20 @@ public:
     std::string GetNewcomer() const;
 
 private:
+    struct Repair {
+        PacketRepair* stage;
+        bool ended = false; ///< no packet follows what it holds
+    };
+
     void Open();
     void FindStreams();
     void RequireWithinLimits() const;
     std::int64_t LongestSearch() const;
     void ApplySelection();
     bool IsSelected(int stream) const;
-    void ClearTimes();
-    bool ReadAhead(AVPacket& packet);
-    bool ReadPicture(AVPacket& packet);
-    bool HasFieldPairs() const;
-    void PushOrdered(PacketHandle packet);
-    bool ReadNext(AVPacket& packet);
+    void SetUpRepairs();
+    /// The next packet that comes out of the first `count` repairs, one behind the other.
+    bool ReadBehind(std::size_t count, AVPacket& packet);
     bool ReadFile(AVPacket& packet);
     void PassNothingOver();
     void CountTime(AVPacket& packet);
@@ -96,13 +98,12 @@ private:
     std::shared_ptr<const KnownStreams> known;
     std::shared_ptr<const ClockMap> clock;
     bool fromStart = true; ///< nothing has been sought since the file was opened
-    OrderTimes orderTimes; ///< holds what was read
-    OrderTimes::PlaceFinder placeFinder;
-    bool atEnd = false;                       ///< nothing follows what they hold
-    int ordered = -1;                         ///< the stream that this is for
-    AnchorTimes anchorTimes;                  ///< holds what was read and not yet given
-    FieldPairs fieldPairs;                    ///< likewise
-    RepeatedTimes repeatedTimes;              ///< likewise
+    // Each holds what was read and not yet given.
+    OrderTimes orderTimes;
+    AnchorTimes anchorTimes;
+    FieldPairs fieldPairs;
+    RepeatedTimes repeatedTimes;
+    std::vector<Repair> repairs;              ///< of those the ones that are needed, in the order of the packets' way
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes
     std::map<int, std::int64_t> lastPosition; ///< of each stream's last packet that has one

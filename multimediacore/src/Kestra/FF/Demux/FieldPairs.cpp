@@ -83,14 +83,6 @@ void FieldPairs::End() {
             ready.push_back(std::move(track.first));
 }
 
-bool FieldPairs::Pop(AVPacket& packet) {
-    if (ready.empty())
-        return false;
-    av_packet_move_ref(&packet, ready.front().get());
-    ready.pop_front();
-    return true;
-}
-
 void FieldPairs::Clear() {
     ready.clear();
     for (auto& [index, track] : tracks)

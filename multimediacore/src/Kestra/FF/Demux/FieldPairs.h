@@ -1,7 +1,7 @@
 // Kestra::FF::FieldPairs: one packet for each picture of tracks that code their fields one by one.
 #pragma once
 
-#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Demux/PacketRepair.h"
 #include <deque>
 #include <map>
 #include <memory>
@@ -12,16 +12,13 @@ namespace Kestra::FF {
 /// second one often without a time. Decoders make one picture of both. Here the second field follows the first in its
 /// packet, which has the first one's time and lasts as long as both; everything else comes out as it went in. Other
 /// tracks' packets may come out ahead of a field that waits for its second.
-class FieldPairs {
+class FieldPairs final : public PacketRepair {
 public:
-    /// `stream` is the packet's.
-    void Push(PacketHandle packet, const AVStream& stream);
-    /// No packet follows.
-    void End();
-    /// The next packet; false where it takes another one first, or none is left.
-    bool Pop(AVPacket& packet);
-    /// Forgets the packets.
-    void Clear();
+    void Push(PacketHandle packet, const AVStream& stream) override;
+    void End() override;
+    bool Pop(AVPacket& packet) override { return TakeFirst(ready, packet); }
+    /// What is known of the streams stays.
+    void Clear() override;
     /// Whether packets of the stream held fields.
     bool HasFields(int stream) const;
     /// Whether any two packets of the stream were put together.

@@ -44,6 +44,12 @@ OrderTimes::PlaceFinder OrderTimes::FinderFor(const AVStream& stream) {
     };
 }
 
+void OrderTimes::Push(PacketHandle packet, const AVStream& stream) {
+    if (streamOfPictures < 0 && (finderOfPictures = FinderFor(stream)))
+        streamOfPictures = stream.index;
+    Push(std::move(packet), stream.index == streamOfPictures ? finderOfPictures : PlaceFinder());
+}
+
 void OrderTimes::Push(PacketHandle packet, const PlaceFinder& finder) {
     Waiting next{std::move(packet)};
     const std::optional<int> place = finder && next.packet->duration > 0 ? finder(*next.packet) : std::nullopt;
@@ -75,10 +81,6 @@ bool OrderTimes::Pop(AVPacket& packet) {
     av_packet_move_ref(&packet, queue.front().packet.get());
     queue.pop_front();
     return true;
-}
-
-void OrderTimes::Clear() {
-    *this = OrderTimes();
 }
 
 bool OrderTimes::CanSettle() const {

@@ -1,7 +1,7 @@
 // Kestra::FF::OrderTimes: when those pictures of H.264 and HEVC are shown that do not say so.
 #pragma once
 
-#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Demux/PacketRepair.h"
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -14,7 +14,7 @@ namespace Kestra::FF {
 /// one. But each says at which place it is shown since the last one that nothing before is needed for. So packets are
 /// held back until those behind tell which time belongs to which place. They come out in the order of the file, and
 /// those that have their right times as they are.
-class OrderTimes {
+class OrderTimes final : public PacketRepair {
 public:
     /// Finds a picture's place; nothing where it tells none.
     using PlaceFinder = std::function<std::optional<int>(const AVPacket& packet)>;
@@ -22,14 +22,13 @@ public:
     /// The place as the parser of the stream's codec tells it; null for codecs whose pictures tell none.
     static PlaceFinder FinderFor(const AVStream& stream);
 
+    /// Of several streams whose pictures tell a place, the first one is put in order.
+    void Push(PacketHandle packet, const AVStream& stream) override;
     /// The packet's stream is that of pictures where there is a `finder`, the same for all of them.
     void Push(PacketHandle packet, const PlaceFinder& finder);
-    /// No packet follows.
-    void End() { ended = true; }
-    bool IsEmpty() const { return queue.empty(); }
-    /// The next packet; false where it takes another one first, or none is left.
-    bool Pop(AVPacket& packet);
-    void Clear();
+    void End() override { ended = true; }
+    bool Pop(AVPacket& packet) override;
+    void Clear() override { *this = OrderTimes(); }
 
 private:
     struct Waiting {
@@ -47,6 +46,8 @@ private:
     int Agreeing(const Waiting& first, std::int64_t start) const;
     bool IsNear(std::int64_t time, std::int64_t other) const;
 
+    PlaceFinder finderOfPictures;
+    int streamOfPictures = -1; ///< which that is for
     std::deque<Waiting> queue;
     int pictures = 0; ///< in the queue
     int sequence = 0;

@@ -67,14 +67,6 @@ void RepeatedTimes::End() {
         Release(track);
 }
 
-bool RepeatedTimes::Pop(AVPacket& packet) {
-    if (ready.empty())
-        return false;
-    av_packet_move_ref(&packet, ready.front().get());
-    ready.pop_front();
-    return true;
-}
-
 void RepeatedTimes::Clear() {
     ready.clear();
     tracks.clear();

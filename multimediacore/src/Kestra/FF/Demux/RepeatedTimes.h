@@ -1,7 +1,7 @@
 // Kestra::FF::RepeatedTimes: sound of fragments that libav takes for what has been there already.
 #pragma once
 
-#include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Demux/PacketRepair.h"
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -13,16 +13,12 @@ namespace Kestra::FF {
 /// takes that one for a repetition that is to be discarded. Here the late ones move back to where they follow on, and
 /// all are heard. Everything else comes out as it went in. Other tracks' packets may come out ahead of those that wait
 /// for what follows them.
-class RepeatedTimes {
+class RepeatedTimes final : public PacketRepair {
 public:
-    /// `stream` is the packet's.
-    void Push(PacketHandle packet, const AVStream& stream);
-    /// No packet follows.
-    void End();
-    /// The next packet; false where it takes another one first, or none is left.
-    bool Pop(AVPacket& packet);
-    /// Forgets the packets, and what came before.
-    void Clear();
+    void Push(PacketHandle packet, const AVStream& stream) override;
+    void End() override;
+    bool Pop(AVPacket& packet) override { return TakeFirst(ready, packet); }
+    void Clear() override;
 
     /// Whether tracks of the container may be written so.
     static bool AreNeeded(const char* container);
