@@ -2,7 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
-#include "Kestra/FF/Av/Wording.h"
+#include "Kestra/FF/Encode/DriverSettings.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -125,14 +125,9 @@ int BitsKept(const AVCodec& codec, AVSampleFormat format) {
     return IsPcm(codec.id) ? av_get_exact_bits_per_sample(codec.id) : std::min(room, DEEPEST_OF_FLAC);
 }
 
-[[noreturn]] void Refuse(const AVCodecContext& context, const std::string& what,
-                         SourcePlace place = SourcePlace::Here()) {
-    Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
-}
-
 void SetQuality(AVCodecContext& context, double quality) {
     if (!(quality >= -10 && quality <= 1024))
-        Refuse(context, "the quality " + Decimal(quality));
+        RefuseSetting(context, "the quality " + Decimal(quality));
     context.flags |= AV_CODEC_FLAG_QSCALE;
     context.global_quality = static_cast<int>(std::lround(quality * FF_QP2LAMBDA));
 }
@@ -166,9 +161,9 @@ EncodeSamples ChooseSamples(const IFormatCodecAudio& description, const IFormatC
 void SetAudioRateControl(AVCodecContext& context, const IFormatCodecAudio& description) {
     const std::string mode = description.GetBitrateMode();
     if (!mode.empty() && mode != "quality" && mode != "abr" && mode != "vbr" && mode != "cbr")
-        Refuse(context, "the bitrate mode \"" + mode + "\"");
+        RefuseSetting(context, "the bitrate mode \"" + mode + "\"");
     if (description.GetBitrate() < 0)
-        Refuse(context, "the bitrate " + std::to_string(description.GetBitrate()));
+        RefuseSetting(context, "the bitrate " + std::to_string(description.GetBitrate()));
     if (IsLossless(context.codec_id))
         return;
     const double quality = description.GetQuality();
