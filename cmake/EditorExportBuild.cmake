@@ -92,8 +92,8 @@ endfunction()
 
 # editorexport_library(NAME ROOT dir [PUBLIC libs...] [PRIVATE libs...])
 # The shared library of all the rooms that name it; headers are included relative to ROOT. Generates <NAME>Export.h with the
-# macros <NAME>_EXPORT (types) in capitals. Tests that look inside link
-# NAME_inner beside NAME: it gives them what NAME keeps to itself.
+# macros <NAME>_EXPORT (types) in capitals. Tests that look inside link NAME_inner beside NAME: it gives them what NAME
+# keeps to itself.
 function(editorexport_library name)
   cmake_parse_arguments(ARG "" "ROOT" "PUBLIC;PRIVATE" ${ARGN})
   get_property(rooms GLOBAL PROPERTY EDITOREXPORT_ROOMS_OF_${name})

@@ -61,9 +61,6 @@ public:
     /// is.
     void failInEventLoop(const std::exception_ptr& error, QObject* receiver);
 
-    /// Where the unfinished file stands; empty while there is none.
-    QByteArray privatePath() const { return unfinishedPath; }
-
 Q_SIGNALS:
     void started();
     void progressChanged(const ExportCore::ExportProgress& progress);
@@ -128,8 +125,8 @@ private:
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
     std::unique_ptr<OutputOpening> outputOpening;
-    std::shared_ptr<OutputTransaction> transaction; ///< the check's too
-    QByteArray unfinishedPath;
+    std::shared_ptr<OutputTransaction> transaction;  ///< the check's too
+    QByteArray unfinishedPath;                       ///< empty while there is none
     std::shared_ptr<std::atomic<bool>> folderSynced; ///< the check's too
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
