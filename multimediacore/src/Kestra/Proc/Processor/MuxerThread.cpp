@@ -1,4 +1,4 @@
-#include "Kestra/Proc/Processor/ProcessingRun.h"
+#include "Kestra/Proc/Processor/MuxerThread.h"
 #include "Kestra/Proc/Processor/ThreadName.h"
 #include <utility>
 
@@ -13,8 +13,8 @@ constexpr std::chrono::seconds JOIN_PATIENCE{2};
 
 } // namespace
 
-ProcessingRun::ProcessingRun(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
-                             boost::intrusive_ptr<IMuxer> muxer)
+MuxerThread::MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
+                         boost::intrusive_ptr<IMuxer> muxer)
     : streams(streams)
     , muxer(std::move(muxer)) {
     for (const auto& stream : streams) {
@@ -22,7 +22,7 @@ ProcessingRun::ProcessingRun(const std::vector<boost::intrusive_ptr<IStreamRaw>>
     }
 }
 
-void ProcessingRun::Run() {
+void MuxerThread::Run() {
     state->EnterThread();
     SetThreadName("kestra-mux");
     try {
@@ -34,12 +34,12 @@ void ProcessingRun::Run() {
     JoinEncoders();
 }
 
-void ProcessingRun::Refuse(std::exception_ptr cause) {
+void MuxerThread::Refuse(std::exception_ptr cause) {
     state->FailRun(std::move(cause));
     Conclude();
 }
 
-void ProcessingRun::ResetStreams() {
+void MuxerThread::ResetStreams() {
     try {
         for (const auto& stream : streams) {
             stream->Reset();
@@ -49,23 +49,23 @@ void ProcessingRun::ResetStreams() {
     }
 }
 
-void ProcessingRun::Stop() {
+void MuxerThread::Stop() {
     if (state->RequestStop()) {
         InterruptEncoders();
     }
 }
 
-void ProcessingRun::Discard() {
+void MuxerThread::Discard() {
     state->RequestDiscard();
 }
 
-void ProcessingRun::Abandon() {
+void MuxerThread::Abandon() {
     if (state->Abandon()) {
         InterruptEncoders();
     }
 }
 
-void ProcessingRun::FinishInsideEvent() {
+void MuxerThread::FinishInsideEvent() {
     if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
@@ -73,7 +73,7 @@ void ProcessingRun::FinishInsideEvent() {
     JoinEncoders();
 }
 
-void ProcessingRun::Export() {
+void MuxerThread::Export() {
     if (state->IsEnding()) {
         return;
     }
@@ -91,7 +91,7 @@ void ProcessingRun::Export() {
     FinishMuxer();
 }
 
-bool ProcessingRun::KeepWhatIsQueued() {
+bool MuxerThread::KeepWhatIsQueued() {
     if (!state->WaitWhetherKept(DISCARD_GRACE)) {
         return false;
     }
@@ -99,7 +99,7 @@ bool ProcessingRun::KeepWhatIsQueued() {
     return state->GetEnding() == Ending::Stop;
 }
 
-void ProcessingRun::LaunchEncoders() {
+void MuxerThread::LaunchEncoders() {
     int number = 0;
     for (const auto& encoder : encoders) {
         encoder->Start("kestra-enc" + std::to_string(number++),
@@ -107,14 +107,14 @@ void ProcessingRun::LaunchEncoders() {
     }
 }
 
-void ProcessingRun::OnEncoderFailure(const std::weak_ptr<ProcessingRun>& run, std::exception_ptr cause) {
-    const std::shared_ptr<ProcessingRun> held = run.lock();
+void MuxerThread::OnEncoderFailure(const std::weak_ptr<MuxerThread>& run, std::exception_ptr cause) {
+    const std::shared_ptr<MuxerThread> held = run.lock();
     if (held && held->state->FailEncoder(std::move(cause))) {
         held->InterruptEncoders();
     }
 }
 
-void ProcessingRun::OpenMuxer() {
+void MuxerThread::OpenMuxer() {
     if (muxer == nullptr) {
         return;
     }
@@ -125,7 +125,7 @@ void ProcessingRun::OpenMuxer() {
     muxer->Open();
 }
 
-void ProcessingRun::BeginProgress() {
+void MuxerThread::BeginProgress() {
     std::vector<std::int64_t> durations;
     for (const auto& encoder : encoders) {
         durations.push_back(encoder->GetDuration());
@@ -133,7 +133,7 @@ void ProcessingRun::BeginProgress() {
     progress.emplace(durations, ProgressMeter::Clock::now());
 }
 
-void ProcessingRun::WritePackets(Ending during) {
+void MuxerThread::WritePackets(Ending during) {
     while (state->GetEnding() == during) {
         const auto track = FindNextTrack();
         // Asked again: an ending wakes the wait for packets and makes tracks look ended that are not.
@@ -149,7 +149,7 @@ void ProcessingRun::WritePackets(Ending during) {
 
 // Waits for a packet of every track that has not ended, so that the muxer gets them in the order of time and has little
 // to hold back. The encoders do not depend on each other, so a full queue beside an empty one is no deadlock.
-std::optional<std::size_t> ProcessingRun::FindNextTrack() {
+std::optional<std::size_t> MuxerThread::FindNextTrack() {
     std::optional<std::size_t> next;
     std::int64_t earliest = 0;
     for (std::size_t track = 0; track < encoders.size(); ++track) {
@@ -164,7 +164,7 @@ std::optional<std::size_t> ProcessingRun::FindNextTrack() {
     return next;
 }
 
-void ProcessingRun::WriteFrom(std::size_t track) {
+void MuxerThread::WriteFrom(std::size_t track) {
     PacketQueue& queue = encoders[track]->GetQueue();
     const auto packet = queue.WaitFront();
     queue.PopFront();
@@ -176,14 +176,14 @@ void ProcessingRun::WriteFrom(std::size_t track) {
     progress->Advance(track, end);
 }
 
-void ProcessingRun::ReportProgress() {
+void MuxerThread::ReportProgress() {
     const auto now = ProgressMeter::Clock::now();
     if (progress->IsDue(now)) {
         events.Progress(progress->Report(now));
     }
 }
 
-void ProcessingRun::FinishMuxer() {
+void MuxerThread::FinishMuxer() {
     if (muxer != nullptr) {
         muxer->Finish();
         muxerInUse = false;
@@ -193,14 +193,14 @@ void ProcessingRun::FinishMuxer() {
     }
 }
 
-void ProcessingRun::AbortMuxer() noexcept {
+void MuxerThread::AbortMuxer() noexcept {
     if (muxerInUse) {
         muxerInUse = false;
         muxer->Abort();
     }
 }
 
-void ProcessingRun::Conclude() {
+void MuxerThread::Conclude() {
     if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
@@ -218,7 +218,7 @@ void ProcessingRun::Conclude() {
 }
 
 // Once, however many ask for it: a second time could reach streams that the next run has reset already.
-void ProcessingRun::InterruptEncoders() noexcept {
+void MuxerThread::InterruptEncoders() noexcept {
     if (interrupted.exchange(true)) {
         return;
     }
@@ -227,7 +227,7 @@ void ProcessingRun::InterruptEncoders() noexcept {
     }
 }
 
-void ProcessingRun::JoinEncoders() {
+void MuxerThread::JoinEncoders() {
     const auto deadline = std::chrono::steady_clock::now() + JOIN_PATIENCE;
     for (const auto& encoder : encoders) {
         encoder->JoinOrLeave(deadline);
