@@ -55,8 +55,7 @@ protected:
     template <class Source>
     ReadAheadBase(Source&& source, int pieces, std::size_t bytes)
         : Filter(std::forward<Source>(source), "read-ahead")
-        , queue([held = this->source] { return held->ReadData(); }, static_cast<std::size_t>(std::max(pieces, 1)),
-                bytes) {}
+        , queue([held = this->source] { return held->ReadData(); }, Limits(pieces, bytes)) {}
 
     boost::intrusive_ptr<IData> Pop() {
         if (!queue.IsRunning())
@@ -71,6 +70,13 @@ protected:
     const Conf::IFormatCodec* FormatAtStart() const { return queue.IsRunning() ? format.get() : nullptr; }
 
 private:
+    static QueueLimits Limits(int pieces, std::size_t bytes) {
+        QueueLimits limits;
+        limits.bytes = bytes;
+        limits.pieces = static_cast<std::size_t>(std::max(pieces, 1));
+        return limits;
+    }
+
     void Start() {
         Filter::Prepare();
         this->source->GetFormatCodec(format);

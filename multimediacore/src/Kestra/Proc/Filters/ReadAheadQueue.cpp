@@ -2,9 +2,7 @@
 
 #include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
-#include <algorithm>
 #include <condition_variable>
-#include <deque>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -21,30 +19,26 @@ constexpr std::chrono::seconds PATIENCE{2};
 } // namespace
 
 struct ReadAheadQueue::Shared {
-    void Run();
-    bool HasRoom() const { return queue.empty() || (queue.size() < maxItems && queuedBytes < maxBytes); }
+    Shared(Reader reader, const QueueLimits& limits)
+        : reader(std::move(reader))
+        , queue(limits) {}
 
-    Reader reader;
-    std::size_t maxItems = 1;
-    std::size_t maxBytes = 0;
+    void Run();
+    void Read();
+    bool WaitUntilOut();
+    void ThrowIfInterrupted();
+
+    const Reader reader;
+    BoundedQueue<IData> queue;
 
     std::mutex mutex; ///< guards what follows
     std::condition_variable changed;
-    std::deque<boost::intrusive_ptr<IData>> queue;
-    std::size_t queuedBytes = 0;
-    std::exception_ptr error;
-    bool ended = false;
-    bool stopping = false;
     bool out = false; ///< the thread calls the reader no more
     std::optional<Clock::time_point> interrupted;
 };
 
-ReadAheadQueue::ReadAheadQueue(Reader reader, std::size_t items, std::size_t bytes)
-    : shared(std::make_shared<Shared>()) {
-    shared->reader = std::move(reader);
-    shared->maxItems = std::max<std::size_t>(items, 1);
-    shared->maxBytes = bytes;
-}
+ReadAheadQueue::ReadAheadQueue(Reader reader, const QueueLimits& limits)
+    : shared(std::make_shared<Shared>(std::move(reader), limits)) {}
 
 ReadAheadQueue::~ReadAheadQueue() {
     Interrupt();
@@ -52,10 +46,8 @@ ReadAheadQueue::~ReadAheadQueue() {
 }
 
 void ReadAheadQueue::Start() {
-    shared->error = nullptr;
-    shared->ended = false;
-    shared->stopping = false;
     shared->out = false;
+    shared->queue.Reset();
     thread.Start([held = shared] { held->Run(); });
 }
 
@@ -67,73 +59,69 @@ void ReadAheadQueue::Stop() {
 bool ReadAheadQueue::Finish() {
     if (!thread.IsRunning())
         return !left;
-    std::unique_lock<std::mutex> lock(shared->mutex);
-    shared->stopping = true;
-    shared->changed.notify_all();
-    shared->changed.wait(lock, [this] { return shared->out || shared->interrupted; });
-    if (!shared->out)
-        shared->changed.wait_until(lock, *shared->interrupted + PATIENCE, [this] { return shared->out; });
-    left = !shared->out;
-    lock.unlock();
+    shared->queue.Cancel();
+    left = !shared->WaitUntilOut();
     if (left) {
         thread.Leave();
         return false;
     }
     thread.JoinOrLeave(Clock::now() + PATIENCE);
-    shared->queue.clear();
-    shared->queuedBytes = 0;
+    shared->queue.Clear();
     return true;
 }
 
-void ReadAheadQueue::Shared::Run() {
+bool ReadAheadQueue::Shared::WaitUntilOut() {
     std::unique_lock<std::mutex> lock(mutex);
-    while (!stopping && !ended) {
-        lock.unlock();
-        boost::intrusive_ptr<IData> piece;
-        std::exception_ptr failure;
-        try {
-            piece = reader();
-        } catch (...) {
-            failure = std::current_exception();
-        }
-        lock.lock();
-        error = failure;
-        ended = !piece;
-        if (piece) {
-            queuedBytes += piece->GetByteSize();
-            queue.push_back(std::move(piece));
-        }
-        changed.notify_all();
-        changed.wait(lock, [this] { return stopping || ended || HasRoom(); });
-    }
+    changed.wait(lock, [this] { return out || interrupted; });
+    if (!out)
+        changed.wait_until(lock, *interrupted + PATIENCE, [this] { return out; });
+    return out;
+}
+
+void ReadAheadQueue::Shared::Run() {
+    Read();
+    const std::lock_guard<std::mutex> lock(mutex);
     out = true;
     changed.notify_all();
 }
 
-boost::intrusive_ptr<IData> ReadAheadQueue::Pop() {
-    std::unique_lock<std::mutex> lock(shared->mutex);
-    shared->changed.wait(lock, [this] { return shared->interrupted || shared->ended || !shared->queue.empty(); });
-    if (shared->interrupted)
-        KESTRA_THROW(Interrupted());
-    if (shared->queue.empty()) {
-        if (shared->error)
-            std::rethrow_exception(shared->error);
-        return {};
+void ReadAheadQueue::Shared::Read() {
+    std::exception_ptr failure;
+    try {
+        while (queue.WaitForRoom()) {
+            auto piece = reader();
+            if (!piece)
+                return queue.End();
+            if (!queue.Push(std::move(piece)))
+                return;
+        }
+        return;
+    } catch (...) {
+        failure = std::current_exception();
     }
-    auto piece = std::move(shared->queue.front());
-    shared->queue.pop_front();
-    shared->queuedBytes -= std::min(shared->queuedBytes, piece->GetByteSize());
-    lock.unlock();
-    shared->changed.notify_all();
+    queue.Fail(std::move(failure));
+}
+
+boost::intrusive_ptr<IData> ReadAheadQueue::Pop() {
+    shared->ThrowIfInterrupted();
+    auto piece = shared->queue.Pop();
+    if (!piece) // the queue's end, unless an interrupt cancelled it
+        shared->ThrowIfInterrupted();
     return piece;
 }
 
+void ReadAheadQueue::Shared::ThrowIfInterrupted() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (interrupted)
+        KESTRA_THROW(Interrupted());
+}
+
+// In one step: a queue that is cancelled while nobody is told of an interrupt would look ended.
 void ReadAheadQueue::Interrupt() {
-    {
-        const std::lock_guard<std::mutex> lock(shared->mutex);
-        if (!shared->interrupted)
-            shared->interrupted = Clock::now();
-    }
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    if (!shared->interrupted)
+        shared->interrupted = Clock::now();
+    shared->queue.Cancel();
     shared->changed.notify_all();
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/LeavableThread.h"
-#include "Kestra/Proc/IData.h"
+#include "Kestra/Proc/BoundedQueue.h"
 #include <functional>
 #include <memory>
 
@@ -15,8 +15,8 @@ class ReadAheadQueue {
 public:
     using Reader = std::function<boost::intrusive_ptr<IData>()>;
 
-    /// Holds at most `items` pieces, and at most `bytes` of memory but for one piece that alone is larger.
-    ReadAheadQueue(Reader reader, std::size_t items, std::size_t bytes);
+    /// Begins to read a piece only where there is room for one more: nobody knows its size before.
+    ReadAheadQueue(Reader reader, const QueueLimits& limits);
     /// Interrupts and stops.
     ~ReadAheadQueue();
     ReadAheadQueue(const ReadAheadQueue&) = delete;
@@ -32,6 +32,7 @@ public:
     boost::intrusive_ptr<IData> Pop();
     /// Makes Pop throw Interrupted until ClearInterrupt, and bounds the wait of Stop.
     void Interrupt();
+    /// After Stop.
     void ClearInterrupt();
 
 private:

@@ -9,7 +9,7 @@ namespace Kestra::Proc {
 EncoderThread::EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, std::shared_ptr<RunState> state)
     : stream(std::move(stream))
     , state(std::move(state))
-    , queue(PacketQueue::Limits()) {}
+    , queue(PACKET_LIMITS) {}
 
 void EncoderThread::Start(const std::string& threadName, OnFailure onFailure) {
     state->EncoderEntered();
@@ -72,11 +72,11 @@ void EncoderThread::Prepare() {
 
 void EncoderThread::Encode() {
     while (!state->IsEnding()) {
-        const auto packet = stream->ReadRaw();
+        auto packet = stream->ReadRaw();
         if (packet == nullptr) {
             break;
         }
-        if (!queue.Push(packet)) {
+        if (!queue.Push(std::move(packet))) {
             return;
         }
     }
