@@ -40,7 +40,7 @@ QByteArray readBytes(const QString& path, const JsonPlace& place) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         place.refuse(file.errorString().toStdString());
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         place.refuse("cannot be read: " + file.errorString().toStdString());
     return bytes;

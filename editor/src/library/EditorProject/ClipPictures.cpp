@@ -55,7 +55,7 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> wishFor(const Proc::VideoTrackInfo
     const bool sameOrder =
         !track.interlaced || !tree.ChildExists(topFirst) || tree[topFirst].GetBool() == track.topFieldFirst;
     tree.SetChild(interlaced, wanted && sameOrder && keepsFields(track, target));
-    const auto wish = Conf::IFormatCodecVideo::Create();
+    auto wish = Conf::IFormatCodecVideo::Create();
     wish->SetProperty(tree);
     return wish;
 }

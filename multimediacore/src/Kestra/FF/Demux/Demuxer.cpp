@@ -180,6 +180,10 @@ void Demuxer::SetUpRepairs() {
             return append(fieldPairs);
 }
 
+bool Demuxer::IsFilm() const {
+    return std::strncmp(GetFormatName(), "mov", 3) == 0;
+}
+
 bool Demuxer::Read(AVPacket& packet) {
     untouched = false;
     do

@@ -35,6 +35,8 @@ public:
     const std::shared_ptr<const KnownStreams>& GetKnownStreams() const { return known; }
     /// "mov,mp4,..." as libav names the container.
     const char* GetFormatName() const { return context->iformat->name; }
+    /// MOV, MP4 and their kin.
+    bool IsFilm() const;
 
     /// What decoding the stream has told of its sound, which is known from here on, also where the file does not say.
     void Describe(int stream, const AVCodecContext& decoder);

@@ -46,4 +46,13 @@ ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& soun
     return shift;
 }
 
+UntoldPriming FindUntoldPriming(const AVCodecParameters& sound, bool byLibav) {
+    const std::int64_t libavs = LibavPrimingSamples(sound);
+    if (sound.sample_rate <= 0 || sound.initial_padding > 0)
+        return {};
+    if (byLibav && libavs > 0)
+        return {SamplesToTime(libavs, sound.sample_rate), 0};
+    return {0, SamplesToTime(PrimingSamples(sound), sound.sample_rate)};
+}
+
 } // namespace Kestra::FF

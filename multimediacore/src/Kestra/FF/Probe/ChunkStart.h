@@ -31,4 +31,12 @@ ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
 /// the sound, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
 ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
 
+/// Fragments whose pictures are shown from the start on say nothing of what encoders put before the sound. libav's
+/// writer lets that, too, begin at the start; of others it is not known.
+struct UntoldPriming {
+    std::int64_t taken = 0;    ///< what is taken for it; engine time
+    std::int64_t possible = 0; ///< what there may be instead, engine time; 0 where it is known
+};
+UntoldPriming FindUntoldPriming(const AVCodecParameters& sound, bool byLibav);
+
 } // namespace Kestra::FF

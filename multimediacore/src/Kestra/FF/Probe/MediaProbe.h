@@ -44,6 +44,8 @@ private:
     void NoteRate();
     void SettleOrigin();
     std::int64_t AlignChunkedTracks();
+    /// Where fragments let pictures and sound begin at their start.
+    std::int64_t AlignFragmentsFromStart(bool byLibav);
     void SettleSoundGrid();
     std::optional<PictureSpan> PictureSpanOf() const;
     std::optional<SoundSpan> SoundSpanOf();

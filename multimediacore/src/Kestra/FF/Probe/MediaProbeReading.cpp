@@ -6,7 +6,6 @@
 #include "Kestra/FF/Probe/TrackRate.h"
 #include "Kestra/FF/Probe/TrackShape.h"
 #include <algorithm>
-#include <cstring>
 
 namespace Kestra::FF {
 
@@ -40,7 +39,7 @@ std::int64_t MediaProbe::ClaimedEnd(const Track& track) {
 std::int64_t MediaProbe::PromisedEnd(const Track& track) {
     AVStream& stream = demuxer.GetStream(track.index);
     const std::int64_t claim = ClaimedEnd(track);
-    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) != 0 || stream.nb_frames <= 0)
+    if (!demuxer.IsFilm() || stream.nb_frames <= 0)
         return claim;
     for (int index = avformat_index_get_entries_count(&stream) - 1; index >= 0; --index) {
         const AVIndexEntry& entry = *avformat_index_get_entry(&stream, index);
@@ -194,7 +193,7 @@ void MediaProbe::FinishEnd(Track& track) {
         track.end = track.start + std::max(shortest, track.lastLength);
     if (isAudio)
         DecodeTail(track);
-    if (std::strncmp(demuxer.GetFormatName(), "mov", 3) == 0)
+    if (demuxer.IsFilm())
         FitToEditList(track, isAudio);
 }
 

@@ -13,7 +13,7 @@ constexpr std::chrono::seconds RELEASE_PATIENCE{3};
 
 StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
                                  const boost::intrusive_ptr<IMuxer>& muxer)
-    : run(std::make_shared<MuxerThread>(streams, muxer)) {}
+    : run(std::make_shared<ProcessingRun>(streams, muxer)) {}
 
 StreamProcessor::~StreamProcessor() {
     run->GetEvents().SetReceiver(nullptr);

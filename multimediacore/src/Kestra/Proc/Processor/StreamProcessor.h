@@ -5,11 +5,11 @@
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Proc/IStreamProcessor.h"
 #include "Kestra/Proc/IStreamRaw.h"
-#include "Kestra/Proc/Processor/MuxerThread.h"
+#include "Kestra/Proc/Processor/ProcessingRun.h"
 
 namespace Kestra::Proc {
 
-/// The user's side of a run; what runs is MuxerThread, which the thread holds too.
+/// The user's side of a run; what runs is ProcessingRun, which the thread holds too.
 class StreamProcessor : public IStreamProcessor, public RefCountImpl {
 public:
     StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
@@ -25,7 +25,7 @@ public:
 private:
     enum class Phase { Made, Initialized, Started };
 
-    const std::shared_ptr<MuxerThread> run;
+    const std::shared_ptr<ProcessingRun> run;
     Phase phase = Phase::Made;
     LeavableThread thread;
 };

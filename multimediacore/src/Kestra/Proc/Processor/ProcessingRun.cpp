@@ -1,4 +1,4 @@
-#include "Kestra/Proc/Processor/MuxerThread.h"
+#include "Kestra/Proc/Processor/ProcessingRun.h"
 #include "Kestra/Proc/Processor/ThreadName.h"
 #include <utility>
 
@@ -13,8 +13,8 @@ constexpr std::chrono::seconds JOIN_PATIENCE{2};
 
 } // namespace
 
-MuxerThread::MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
-                         boost::intrusive_ptr<IMuxer> muxer)
+ProcessingRun::ProcessingRun(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
+                             boost::intrusive_ptr<IMuxer> muxer)
     : streams(streams)
     , muxer(std::move(muxer)) {
     for (const auto& stream : streams) {
@@ -22,7 +22,7 @@ MuxerThread::MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& st
     }
 }
 
-void MuxerThread::Run() {
+void ProcessingRun::Run() {
     state->EnterThread();
     SetThreadName("kestra-mux");
     try {
@@ -34,12 +34,12 @@ void MuxerThread::Run() {
     JoinEncoders();
 }
 
-void MuxerThread::Refuse(std::exception_ptr cause) {
+void ProcessingRun::Refuse(std::exception_ptr cause) {
     state->FailRun(std::move(cause));
     Conclude();
 }
 
-void MuxerThread::ResetStreams() {
+void ProcessingRun::ResetStreams() {
     try {
         for (const auto& stream : streams) {
             stream->Reset();
@@ -49,23 +49,23 @@ void MuxerThread::ResetStreams() {
     }
 }
 
-void MuxerThread::Stop() {
+void ProcessingRun::Stop() {
     if (state->RequestStop()) {
         InterruptEncoders();
     }
 }
 
-void MuxerThread::Discard() {
+void ProcessingRun::Discard() {
     state->RequestDiscard();
 }
 
-void MuxerThread::Abandon() {
+void ProcessingRun::Abandon() {
     if (state->Abandon()) {
         InterruptEncoders();
     }
 }
 
-void MuxerThread::FinishInsideEvent() {
+void ProcessingRun::FinishInsideEvent() {
     if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
@@ -73,7 +73,7 @@ void MuxerThread::FinishInsideEvent() {
     JoinEncoders();
 }
 
-void MuxerThread::Export() {
+void ProcessingRun::Export() {
     if (state->IsEnding()) {
         return;
     }
@@ -91,7 +91,7 @@ void MuxerThread::Export() {
     FinishMuxer();
 }
 
-bool MuxerThread::KeepWhatIsQueued() {
+bool ProcessingRun::KeepWhatIsQueued() {
     if (!state->WaitWhetherKept(DISCARD_GRACE)) {
         return false;
     }
@@ -99,7 +99,7 @@ bool MuxerThread::KeepWhatIsQueued() {
     return state->GetEnding() == Ending::Stop;
 }
 
-void MuxerThread::LaunchEncoders() {
+void ProcessingRun::LaunchEncoders() {
     int number = 0;
     for (const auto& encoder : encoders) {
         encoder->Start("kestra-enc" + std::to_string(number++),
@@ -107,14 +107,14 @@ void MuxerThread::LaunchEncoders() {
     }
 }
 
-void MuxerThread::OnEncoderFailure(const std::weak_ptr<MuxerThread>& run, std::exception_ptr cause) {
-    const std::shared_ptr<MuxerThread> held = run.lock();
+void ProcessingRun::OnEncoderFailure(const std::weak_ptr<ProcessingRun>& run, std::exception_ptr cause) {
+    const std::shared_ptr<ProcessingRun> held = run.lock();
     if (held && held->state->FailEncoder(std::move(cause))) {
         held->InterruptEncoders();
     }
 }
 
-void MuxerThread::OpenMuxer() {
+void ProcessingRun::OpenMuxer() {
     if (muxer == nullptr) {
         return;
     }
@@ -125,7 +125,7 @@ void MuxerThread::OpenMuxer() {
     muxer->Open();
 }
 
-void MuxerThread::BeginProgress() {
+void ProcessingRun::BeginProgress() {
     std::vector<std::int64_t> durations;
     for (const auto& encoder : encoders) {
         durations.push_back(encoder->GetDuration());
@@ -133,7 +133,7 @@ void MuxerThread::BeginProgress() {
     progress.emplace(durations, ProgressMeter::Clock::now());
 }
 
-void MuxerThread::WritePackets(Ending during) {
+void ProcessingRun::WritePackets(Ending during) {
     while (state->GetEnding() == during) {
         const auto track = FindNextTrack();
         // Asked again: an ending wakes the wait for packets and makes tracks look ended that are not.
@@ -149,7 +149,7 @@ void MuxerThread::WritePackets(Ending during) {
 
 // Waits for a packet of every track that has not ended, so that the muxer gets them in the order of time and has little
 // to hold back. The encoders do not depend on each other, so a full queue beside an empty one is no deadlock.
-std::optional<std::size_t> MuxerThread::FindNextTrack() {
+std::optional<std::size_t> ProcessingRun::FindNextTrack() {
     std::optional<std::size_t> next;
     std::int64_t earliest = 0;
     for (std::size_t track = 0; track < encoders.size(); ++track) {
@@ -164,7 +164,7 @@ std::optional<std::size_t> MuxerThread::FindNextTrack() {
     return next;
 }
 
-void MuxerThread::WriteFrom(std::size_t track) {
+void ProcessingRun::WriteFrom(std::size_t track) {
     PacketQueue& queue = encoders[track]->GetQueue();
     const auto packet = queue.WaitFront();
     queue.PopFront();
@@ -176,14 +176,14 @@ void MuxerThread::WriteFrom(std::size_t track) {
     progress->Advance(track, end);
 }
 
-void MuxerThread::ReportProgress() {
+void ProcessingRun::ReportProgress() {
     const auto now = ProgressMeter::Clock::now();
     if (progress->IsDue(now)) {
         events.Progress(progress->Report(now));
     }
 }
 
-void MuxerThread::FinishMuxer() {
+void ProcessingRun::FinishMuxer() {
     if (muxer != nullptr) {
         muxer->Finish();
         muxerInUse = false;
@@ -193,14 +193,14 @@ void MuxerThread::FinishMuxer() {
     }
 }
 
-void MuxerThread::AbortMuxer() noexcept {
+void ProcessingRun::AbortMuxer() noexcept {
     if (muxerInUse) {
         muxerInUse = false;
         muxer->Abort();
     }
 }
 
-void MuxerThread::Conclude() {
+void ProcessingRun::Conclude() {
     if (state->IsEnding()) {
         InterruptEncoders();
         AbortMuxer();
@@ -218,7 +218,7 @@ void MuxerThread::Conclude() {
 }
 
 // Once, however many ask for it: a second time could reach streams that the next run has reset already.
-void MuxerThread::InterruptEncoders() noexcept {
+void ProcessingRun::InterruptEncoders() noexcept {
     if (interrupted.exchange(true)) {
         return;
     }
@@ -227,7 +227,7 @@ void MuxerThread::InterruptEncoders() noexcept {
     }
 }
 
-void MuxerThread::JoinEncoders() {
+void ProcessingRun::JoinEncoders() {
     const auto deadline = std::chrono::steady_clock::now() + JOIN_PATIENCE;
     for (const auto& encoder : encoders) {
         encoder->JoinOrLeave(deadline);

@@ -1,4 +1,4 @@
-// Kestra::Proc::MuxerThread: one run, on the thread that feeds the muxer and reports all events.
+// Kestra::Proc::ProcessingRun: one run, from its encoders to its last event, on the thread that feeds the muxer.
 #pragma once
 
 #include "Kestra/Proc/IMuxer.h"
@@ -14,9 +14,9 @@ namespace Kestra::Proc {
 
 /// Shared by the processor and the thread: it lives until the later of both lets go, since the last release of the
 /// processor may happen inside one of the run's own events, and since a thread that hangs in a foreign call is left.
-class MuxerThread : public std::enable_shared_from_this<MuxerThread> {
+class ProcessingRun : public std::enable_shared_from_this<ProcessingRun> {
 public:
-    MuxerThread(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams, boost::intrusive_ptr<IMuxer> muxer);
+    ProcessingRun(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams, boost::intrusive_ptr<IMuxer> muxer);
 
     /// The body of the thread: returns when every event has been reported and every encoder's thread has ended, or has
     /// been left because it does not come out of its stream.
@@ -42,7 +42,7 @@ private:
     /// After an ending: writes the rest if the output of a stopped run is wanted; false when it is not.
     bool KeepWhatIsQueued();
     void LaunchEncoders();
-    static void OnEncoderFailure(const std::weak_ptr<MuxerThread>& run, std::exception_ptr cause);
+    static void OnEncoderFailure(const std::weak_ptr<ProcessingRun>& run, std::exception_ptr cause);
     void OpenMuxer();
     void BeginProgress();
     /// Writes packets in the order of their decode times while the run's ending is `during`; ends with the last packet.

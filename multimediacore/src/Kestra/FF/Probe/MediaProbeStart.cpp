@@ -1,0 +1,115 @@
+// Where the tracks of a media file begin, and how they belong together.
+#include "Kestra/FF/Av/AudioSettling.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Wording.h"
+#include "Kestra/FF/Probe/ChunkStart.h"
+#include "Kestra/FF/Probe/FragmentTimes.h"
+#include "Kestra/FF/Probe/MediaProbe.h"
+#include "Kestra/FF/Probe/SoundGrain.h"
+#include <algorithm>
+#include <cstring>
+
+namespace Kestra::FF {
+
+namespace {
+
+// Pictures that lead an open group may be lost at the start of any recording; what is held for longer looks frozen.
+constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
+
+} // namespace
+
+std::optional<PictureSpan> MediaProbe::PictureSpanOf() const {
+    if (video.index < 0)
+        return {};
+    return PictureSpan{video.start, video.end, rate.rate};
+}
+
+std::optional<SoundSpan> MediaProbe::SoundSpanOf() {
+    if (audio.index < 0)
+        return {};
+    const AVCodecParameters& parameters = *demuxer.GetStream(audio.index).codecpar;
+    const AVFrame& first = *audio.first;
+    const int block = std::max(audio.frameSize, first.nb_samples);
+    return SoundSpan{audio.start, audio.end, SamplesToTime(PrimingSamples(parameters), first.sample_rate),
+                     SamplesToTime(PaddingSamples(parameters, block), first.sample_rate)};
+}
+
+void MediaProbe::SettleOrigin() {
+    const std::int64_t soundShift = AlignChunkedTracks();
+    details.origin = FindOrigin(PictureSpanOf(), SoundSpanOf());
+    SkipUndecodableLead();
+    details.audioOrigin = details.origin - soundShift;
+    SettleSoundGrid();
+}
+
+// Answers with what has been added to the times of the sound.
+std::int64_t MediaProbe::AlignChunkedTracks() {
+    if (video.index < 0 || audio.index < 0 || rate.rate <= 0 || video.firstDecodeTime == TIME_UNKNOWN ||
+        video.secondDecodeTime == TIME_UNKNOWN)
+        return 0;
+    const bool fragments = demuxer.IsFilm();
+    if (!fragments && std::strcmp(demuxer.GetFormatName(), "avi") != 0)
+        return 0;
+    const char* const tag = fragments ? "encoder" : "software";
+    const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, tag, nullptr, 0);
+    const bool byLibav = writer && std::strncmp(writer->value, "Lavf", 4) == 0;
+    const ChunkStart start{video.firstDecodeTime, video.secondDecodeTime, video.start, FramesToTime(1, rate.rate),
+                           byLibav};
+    const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
+    const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(video.index).time_base);
+    ChunkShift shift = fragments ? AlignFragments(start, sound, tick) : AlignChunks(start, sound);
+    video.start += shift.firstPicture;
+    if (shift.firstPicture > 0) {
+        video.firstShown = video.start;
+        video.firstMoves = shift.firstPicture;
+        // With its first picture where it belongs, it may be a constant one.
+        if (rate.variable)
+            ChooseRate();
+    } else if (fragments) {
+        shift.sound = AlignFragmentsFromStart(byLibav);
+    }
+    for (std::int64_t* time : {&audio.start, &audio.end})
+        *time += shift.sound;
+    return shift.sound;
+}
+
+std::int64_t MediaProbe::AlignFragmentsFromStart(bool byLibav) {
+    const AVStream& stream = demuxer.GetStream(video.index);
+    const FragmentTimes times = FindFragmentTimes(path, stream.id, interrupted);
+    if (!times.fromStart)
+        return 0;
+    const std::int64_t late = ToEngineTime(times.late, stream.time_base);
+    const UntoldPriming priming = FindUntoldPriming(*demuxer.GetStream(audio.index).codecpar, byLibav);
+    if (priming.taken > 0)
+        details.notes.push_back("the file does not say what the sound's encoder put in front: " +
+                                Seconds(priming.taken) + " are taken for that, and left out");
+    if (priming.possible > 0)
+        details.notes.push_back("the file does not say what the sound's encoder put in front: the sound may be up to " +
+                                Seconds(priming.possible) + " late");
+    return late - priming.taken;
+}
+
+void MediaProbe::SettleSoundGrid() {
+    if (audio.index < 0)
+        return;
+    const AVFrame& first = *audio.first;
+    const SoundGrain grain = FindSoundGrain(demuxer.GetStream(audio.index), audio.frameSize, first.nb_samples);
+    details.audioGrain = grain.samples;
+    details.grainOfContainer = grain.ofContainer;
+    if (details.audioGrain > 0)
+        details.audioPhase =
+            (TimeToSamples(audio.start - details.origin, first.sample_rate) + first.nb_samples) % details.audioGrain;
+}
+
+// A recording that was cut out of a longer one need not begin with a keyframe. It begins where it can be shown.
+void MediaProbe::SkipUndecodableLead() {
+    if (video.index < 0 || video.firstShown == TIME_UNKNOWN || video.start - video.firstShown <= LONGEST_LEAD)
+        return;
+    const std::int64_t begin = std::min(audio.index < 0 ? video.start : audio.start, video.firstShown);
+    // Sound that begins with the pictures that can be shown, or later, had nothing cut off.
+    details.origin = video.start;
+    details.notes.push_back("begins without a keyframe: what lies before the first picture that can be decoded, " +
+                            Seconds(video.start - begin) + ", is left out");
+}
+
+} // namespace Kestra::FF
