@@ -18,20 +18,17 @@ constexpr std::chrono::milliseconds LOOK_INTERVAL{500};
 } // namespace
 
 struct BackgroundTask::Shared {
-    void run() {
+    void run(const Work& work) {
         {
             const std::lock_guard<std::mutex> lock(mutex);
             clockid_t clock = 0;
             if (pthread_getcpuclockid(pthread_self(), &clock) == 0)
                 computing = clock;
         }
-        std::exception_ptr error;
-        try {
-            work(interrupted);
-        } catch (...) { // whatever it is, it is told on the other thread
-            error = std::current_exception();
-        }
-        work = nullptr;
+        work(interrupted);
+    }
+
+    void tellEnd(std::exception_ptr error) {
         const std::lock_guard<std::mutex> lock(mutex);
         computing.reset();
         // Moved: the task's thread is the last to hold the error, and to free it.
@@ -48,7 +45,6 @@ struct BackgroundTask::Shared {
         return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
     }
 
-    Work work; ///< the thread's alone once it runs
     std::atomic<bool> interrupted{false};
 
     std::mutex mutex;                       ///< guards what follows
@@ -57,11 +53,12 @@ struct BackgroundTask::Shared {
     std::optional<Clock::time_point> since; ///< the interrupt
 };
 
-BackgroundTask::BackgroundTask(Work work, QObject* parent)
+BackgroundTask::BackgroundTask(std::string threadName, Work work, QObject* parent)
     : QObject(parent)
+    , threadName(std::move(threadName))
+    , work(std::move(work))
     , shared(std::make_shared<Shared>())
     , timer(this) {
-    shared->work = std::move(work);
     shared->task = this;
     connect(&timer, &QTimer::timeout, this, &BackgroundTask::lookForLife);
 }
@@ -78,7 +75,9 @@ BackgroundTask::~BackgroundTask() {
 }
 
 void BackgroundTask::start() {
-    thread.Start([held = shared] { held->run(); });
+    thread.Start(
+        threadName, [held = shared, work = std::exchange(work, nullptr)] { held->run(work); },
+        [held = shared](std::exception_ptr error) { held->tellEnd(std::move(error)); });
     running = true;
     timer.start(LOOK_INTERVAL);
 }

@@ -10,6 +10,7 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace ExportCore {
 
@@ -22,7 +23,8 @@ public:
     /// Gets the flag that asks it to come to an end. What it throws is the task's failure.
     using Work = std::function<void(const std::atomic<bool>& interrupted)>;
 
-    explicit BackgroundTask(Work work, QObject* parent = nullptr);
+    /// `threadName` as for LeavableThread.
+    BackgroundTask(std::string threadName, Work work, QObject* parent = nullptr);
     ~BackgroundTask() override;
 
     /// Once.
@@ -44,6 +46,8 @@ private:
     void end(const std::exception_ptr& error);
 
     Kestra::Util::FunctorExecutionForwarder forwarder;
+    const std::string threadName;
+    Work work; ///< the thread's once it runs
     /// The thread's too.
     const std::shared_ptr<Shared> shared;
     Kestra::LeavableThread thread;

@@ -287,6 +287,7 @@ bool ExportJob::undo() {
     const std::weak_ptr<OutputTransaction> left = transaction;
     // Not on this thread: a folder that does not answer would keep it.
     const bool ended = Kestra::LeavableThread::Call(
+        "remove-output",
         [held = std::exchange(transaction, nullptr), committed]() mutable {
             held->rollback();
             *committed = held->isCommitted();

@@ -12,6 +12,7 @@ FileCheckTask::FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& exp
 FileCheckTask::FileCheckTask(const File& file, const Kestra::ioPath& path, const ExpectedFile& expected,
                              const std::function<void()>& last, QObject* parent)
     : BackgroundTask(
+          "check-output",
           [=](const std::atomic<bool>& interrupted) {
               try {
                   *file = Kestra::Proc::CheckFile(path, interrupted);

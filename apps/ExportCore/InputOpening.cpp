@@ -15,7 +15,9 @@ InputOpening::InputOpening(const ExportRequest& request, const Preset& preset, Q
 
 InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
                            QObject* parent)
-    : BackgroundTask([=](const std::atomic<bool>& interrupted) { open(*opened, request, preset, interrupted); }, parent)
+    : BackgroundTask(
+          "open-inputs", [=](const std::atomic<bool>& interrupted) { open(*opened, request, preset, interrupted); },
+          parent)
     , request(request)
     , opened(opened) {}
 

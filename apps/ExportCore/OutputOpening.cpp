@@ -12,6 +12,7 @@ OutputOpening::OutputOpening(const ExportRequest& request, const QByteArray& ext
 OutputOpening::OutputOpening(const std::shared_ptr<Made>& made, const ExportRequest& request,
                              const QByteArray& extension, QObject* parent)
     : BackgroundTask(
+          "make-output",
           [=](const std::atomic<bool>& interrupted) {
               // The inputs may have taken long to open: what stands at the output now is what counts.
               const OutputTarget target = RequestCheck::output(request);

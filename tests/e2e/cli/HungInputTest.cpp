@@ -18,17 +18,17 @@ TEST_P(HungInput, KeepsNoStopFromComingToItsEndAndIsNamed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(At, HungInput,
-                         testing::Values(Hang{"Opening", "open", "editor-export", "0"},
-                                         Hang{"Probing", "read", "editor-export", "0"},
-                                         Hang{"ProbingOn", "read", "editor-export", "1"},
-                                         Hang{"SeekingWhileProbing", "lseek", "editor-export", "1"},
-                                         Hang{"OpeningPictures", "open", "kestra-enc0", "0"},
-                                         Hang{"OpeningSound", "open", "kestra-enc1", "0"},
-                                         Hang{"ReadingPictures", "read", "kestra-enc0", "5"},
-                                         Hang{"ReadingSound", "read", "kestra-enc1", "5"},
-                                         Hang{"SeekingPictures", "lseek", "kestra-enc0", "1"},
-                                         Hang{"SeekingSound", "lseek", "kestra-enc1", "1"},
-                                         Hang{"Closing", "close", "kestra-enc", "0"}),
+                         testing::Values(Hang{"Opening", "open", "open-inputs", "0"},
+                                         Hang{"Probing", "read", "open-inputs", "0"},
+                                         Hang{"ProbingOn", "read", "open-inputs", "1"},
+                                         Hang{"SeekingWhileProbing", "lseek", "open-inputs", "1"},
+                                         Hang{"OpeningPictures", "open", "kestra-read-vid", "0"},
+                                         Hang{"OpeningSound", "open", "kestra-read-aud", "0"},
+                                         Hang{"ReadingPictures", "read", "kestra-read-vid", "5"},
+                                         Hang{"ReadingSound", "read", "kestra-read-aud", "5"},
+                                         Hang{"SeekingPictures", "lseek", "kestra-read-vid", "1"},
+                                         Hang{"SeekingSound", "lseek", "kestra-read-aud", "1"},
+                                         Hang{"Closing", "close", "kestra-", "0"}),
                          [](const auto& testCase) { return std::string(testCase.param.name); });
 
 TEST_F(HungInputsEnd, KeepsNoStopFromComingToItsEndAndIsNamed) {

@@ -23,10 +23,10 @@ TEST_P(HungOutput, KeepsNoStopFromComingToItsEndAndIsNamed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(At, HungOutput,
-                         testing::Values(Hang{"Making", "open", "editor-export", "0"},
+                         testing::Values(Hang{"Making", "open", "make-output", "0"},
                                          Hang{"Writing", "pwrite", "kestra-mux", "0"},
-                                         Hang{"Syncing", "fsync", "editor-export", "0"},
-                                         Hang{"Moving", "rename", "editor-export", "0"}),
+                                         Hang{"Syncing", "fsync", "check-output", "0"},
+                                         Hang{"Moving", "rename", "check-output", "0"}),
                          [](const auto& testCase) { return std::string(testCase.param.name); });
 
 TEST_F(HungOutputsEnd, LeavesTheUnfinishedFileThatItNames) {

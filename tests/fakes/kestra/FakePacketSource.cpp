@@ -1,4 +1,5 @@
 #include "fakes/kestra/FakePacketSource.h"
+#include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Proc/Interrupted.h"
 #include "fakes/kestra/FakeData.h"
@@ -49,6 +50,8 @@ boost::intrusive_ptr<Proc::IDataRaw> FakePacketSource::MakeFromStream() {
 void FakePacketSource::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
     if (stream != nullptr) {
         stream->GetFormatCodec(format);
+    } else if (plan.sound) {
+        format = Conf::IFormatCodecAudio::Create();
     } else {
         format = Conf::IFormatCodecVideo::Create();
     }

@@ -15,6 +15,7 @@ struct PacketPlan {
     int count = 10;
     std::int64_t period = TIME_BASE / 25; ///< each packet's duration and distance to the next
     std::size_t size = 100;
+    bool sound = false; ///< what GetFormat describes
     /// What GetDuration says; TIME_UNKNOWN is one answer. Unset: count periods.
     std::int64_t saidDuration = -1;
     /// Held by every packet of the plan.

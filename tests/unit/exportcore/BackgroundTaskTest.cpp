@@ -2,6 +2,7 @@
 #include "fakes/kestra/Gate.h"
 #include "support/WaitUntil.h"
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <stdexcept>
 
 using ExportCore::BackgroundTask;
@@ -26,7 +27,11 @@ struct Ended {
 
 TEST(BackgroundTask, RunsOnAnotherThreadAndTellsItsEndInTheEventLoop) {
     std::thread::id worker;
-    BackgroundTask task([&worker](const std::atomic<bool>&) { worker = std::this_thread::get_id(); });
+    char name[32] = {};
+    BackgroundTask task("a-task", [&](const std::atomic<bool>&) {
+        worker = std::this_thread::get_id();
+        pthread_getname_np(pthread_self(), name, sizeof name);
+    });
     Ended ended(task);
     EXPECT_FALSE(task.isRunning());
     task.start();
@@ -35,10 +40,11 @@ TEST(BackgroundTask, RunsOnAnotherThreadAndTellsItsEndInTheEventLoop) {
     EXPECT_FALSE(task.isRunning());
     EXPECT_FALSE(ended.error);
     EXPECT_NE(worker, std::this_thread::get_id());
+    EXPECT_STREQ(name, "a-task");
 }
 
 TEST(BackgroundTask, TellsWhatTheWorkThrew) {
-    BackgroundTask task([](const std::atomic<bool>&) { throw std::runtime_error("no"); });
+    BackgroundTask task("a-task", [](const std::atomic<bool>&) { throw std::runtime_error("no"); });
     Ended ended(task);
     task.start();
     ASSERT_TRUE(ended.wait());
@@ -48,7 +54,7 @@ TEST(BackgroundTask, TellsWhatTheWorkThrew) {
 
 TEST(BackgroundTask, AsksTheWorkToComeToAnEndWhenItIsInterruptedAndWhenItGoes) {
     for (const bool byHand : {true, false}) {
-        auto task = std::make_unique<BackgroundTask>([](const std::atomic<bool>& interrupted) {
+        auto task = std::make_unique<BackgroundTask>("a-task", [](const std::atomic<bool>& interrupted) {
             while (!interrupted)
                 std::this_thread::yield();
         });
@@ -67,7 +73,7 @@ TEST(BackgroundTask, LeavesWorkThatHangsWithWhatItHolds) {
     const auto gate = std::make_shared<Gate>();
     auto token = std::make_shared<int>(0);
     const std::weak_ptr<int> held = token;
-    auto task = std::make_unique<BackgroundTask>([gate, token](const std::atomic<bool>&) {
+    auto task = std::make_unique<BackgroundTask>("a-task", [gate, token](const std::atomic<bool>&) {
         gate->Pass();
         ++*token;
     });
@@ -85,7 +91,7 @@ TEST(BackgroundTask, LeavesWorkThatHangsWithWhatItHolds) {
 TEST(BackgroundTask, ShowsLifeWhileItComputesAndNoneWhileItHangs) {
     const auto gate = std::make_shared<Gate>();
     const auto computing = std::make_shared<std::atomic<bool>>(true);
-    BackgroundTask task([gate, computing](const std::atomic<bool>&) {
+    BackgroundTask task("a-task", [gate, computing](const std::atomic<bool>&) {
         while (*computing)
             std::this_thread::yield();
         gate->Pass();

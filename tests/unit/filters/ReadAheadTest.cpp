@@ -7,6 +7,7 @@
 #include "fakes/kestra/FakeStreamAudio.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <thread>
 
 namespace Kestra {
@@ -63,6 +64,25 @@ TEST(ReadAhead, ReadsNoFurtherThanItHasRoomFor) {
     beyond->Open();
     for (int number = 3; number < 100; ++number)
         ASSERT_EQ(numberOf(stream->ReadVideo()), number);
+}
+
+TEST(ReadAhead, ReadsOnAThreadThatIsNamedForItsTrack) {
+    std::string pictures, sound;
+    const auto note = [](std::string& name) {
+        return [&name] {
+            char own[32] = {};
+            pthread_getname_np(pthread_self(), own, sizeof own);
+            name = own;
+        };
+    };
+    boost::intrusive_ptr<FakeStreamVideo> video = new FakeStreamVideo(1);
+    boost::intrusive_ptr<FakeStreamAudio> audio = new FakeStreamAudio(1);
+    video->GetScript()->At("ReadVideo 0", note(pictures));
+    audio->GetScript()->At("ReadAudio 0", note(sound));
+    EXPECT_TRUE(filters().CreateReadAhead(boost::intrusive_ptr<Proc::IStreamVideo>(video), 2)->ReadVideo());
+    EXPECT_TRUE(filters().CreateReadAhead(boost::intrusive_ptr<Proc::IStreamAudio>(audio), 2)->ReadAudio());
+    EXPECT_EQ(pictures, "kestra-read-vid");
+    EXPECT_EQ(sound, "kestra-read-aud");
 }
 
 TEST(ReadAhead, ThrowsWhatTheSourceThrewInItsPlace) {

@@ -217,6 +217,9 @@ TEST(BoundedQueue, ClearLetsGoOfThePiecesAndMakesRoom) {
     queue.Clear();
     EXPECT_EQ(packet->GetRefCount(), 1);
     EXPECT_TRUE(pushed.get());
+    queue.Clear();
+    EXPECT_TRUE(queue.Push(MakePacket(3, 5)));
+    EXPECT_TRUE(queue.Push(MakePacket(4, 5))) << "what was let go of takes no room";
 }
 
 TEST(BoundedQueue, CanBeUsedAgainAfterAReset) {
@@ -234,6 +237,18 @@ TEST(BoundedQueue, CanBeUsedAgainAfterAReset) {
         queue.End();
         EXPECT_EQ(next.get(), nullptr);
     }
+}
+
+TEST(BoundedQueue, LetsGoOfAFailureByAReset) {
+    const auto token = std::make_shared<int>(0);
+    struct Holding {
+        std::shared_ptr<int> token;
+    };
+    Queue queue({10, 100});
+    queue.Fail(std::make_exception_ptr(Holding{token}));
+    EXPECT_EQ(token.use_count(), 2);
+    queue.Reset();
+    EXPECT_EQ(token.use_count(), 1);
 }
 
 TEST(BoundedQueue, TakingFromAnEmptyQueueDoesNothing) {

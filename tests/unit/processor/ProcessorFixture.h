@@ -22,6 +22,8 @@ using Fakes::Script;
 /// processor holds the encoders.
 class ProcessorFixture : public testing::Test {
 protected:
+    ProcessorFixture() { audioPlan.sound = true; }
+
     void Make() {
         boost::intrusive_ptr<FakeEncoder> videoEncoder(new FakeEncoder(videoPlan, video));
         boost::intrusive_ptr<FakeEncoder> audioEncoder(new FakeEncoder(audioPlan, audio));

@@ -136,8 +136,8 @@ TEST_F(ProcessorRun, UsesAThreadForEachEncoderAndOneForTheMuxer) {
     events.GetScript().At("onStarted", [&] { eventThread = ThisThreadsName(); });
     RunToEnd();
     Release();
-    EXPECT_EQ(videoThread, "kestra-enc0");
-    EXPECT_EQ(audioThread, "kestra-enc1");
+    EXPECT_EQ(videoThread, "kestra-enc-vid");
+    EXPECT_EQ(audioThread, "kestra-enc-aud");
     EXPECT_EQ(muxerThread, "kestra-mux");
     EXPECT_EQ(eventThread, "kestra-mux");
     EXPECT_NE(events.GetThread(), std::this_thread::get_id());

@@ -6,7 +6,6 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <chrono>
 #include <mutex>
-#include <pthread.h>
 #include <utility>
 
 namespace Project {
@@ -58,11 +57,7 @@ private:
         if (!last)
             return;
         Kestra::LeavableThread::Call(
-            [held = std::move(last)]() mutable {
-                pthread_setname_np(pthread_self(), "left-to-close");
-                held.reset();
-            },
-            patience);
+            "left-to-close", [held = std::move(last)]() mutable { held.reset(); }, patience);
     }
 
     std::mutex mutex;

@@ -2,42 +2,75 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <pthread.h>
 #include <system_error>
 #include <utility>
 
 namespace Kestra {
+namespace {
+
+void NameThisThread(const std::string& name) {
+    constexpr std::size_t longest = 15; // the kernel's; a longer name is refused whole
+    pthread_setname_np(pthread_self(), name.substr(0, longest).c_str());
+}
+
+std::exception_ptr FailureOf(const std::function<void()>& body) noexcept {
+    try {
+        body();
+        return nullptr;
+    } catch (...) {
+        return std::current_exception();
+    }
+}
+
+} // namespace
 
 struct LeavableThread::Latch {
+    void End(std::exception_ptr cause) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        ended = true;
+        failure = std::move(cause);
+        changed.notify_all();
+    }
+
     std::mutex mutex;
     std::condition_variable changed;
     bool ended = false;
+    std::exception_ptr failure;
 };
 
-bool LeavableThread::Call(std::function<void()> body, std::chrono::milliseconds patience) {
+bool LeavableThread::Call(const std::string& name, std::function<void()> body, std::chrono::milliseconds patience) {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     LeavableThread thread;
     try {
-        thread.Start(body);
+        thread.Start(name, body);
     } catch (const std::system_error&) {
         body();
         return true;
     }
     body = nullptr; // the thread alone holds it now
-    return thread.JoinOrLeave(deadline);
+    if (!thread.JoinOrLeave(deadline))
+        return false;
+    if (const std::exception_ptr failure = thread.GetFailure())
+        std::rethrow_exception(failure);
+    return true;
 }
 
 LeavableThread::~LeavableThread() {
     Leave();
 }
 
-void LeavableThread::Start(std::function<void()> body) {
+// Whoever is told of the end finds that the body holds nothing any more.
+void LeavableThread::Start(const std::string& name, std::function<void()> body,
+                           std::function<void(std::exception_ptr)> end) {
     latch = std::make_shared<Latch>();
-    thread = std::thread([ended = latch, body = std::move(body)]() mutable {
-        body();
-        body = nullptr; // whoever joins finds that nothing is held any more
-        const std::lock_guard<std::mutex> lock(ended->mutex);
-        ended->ended = true;
-        ended->changed.notify_all();
+    thread = std::thread([name, ended = latch, body = std::move(body), end = std::move(end)]() mutable {
+        NameThisThread(name);
+        std::exception_ptr failure = FailureOf(body);
+        body = nullptr;
+        if (end)
+            end(std::exchange(failure, nullptr));
+        ended->End(std::move(failure));
     });
 }
 
@@ -61,6 +94,13 @@ void LeavableThread::Leave() noexcept {
     if (thread.joinable()) {
         thread.detach();
     }
+}
+
+std::exception_ptr LeavableThread::GetFailure() const {
+    if (!latch)
+        return nullptr;
+    const std::lock_guard<std::mutex> lock(latch->mutex);
+    return latch->failure;
 }
 
 } // namespace Kestra

@@ -68,7 +68,7 @@ public:
     /// No piece follows.
     void End() { Fail(nullptr); }
 
-    /// No piece follows, because of `cause`, which the queue alone holds from here on.
+    /// No piece follows, because of `cause`; null is End.
     void Fail(std::exception_ptr cause) {
         const std::lock_guard<std::mutex> lock(mutex);
         ended = true;

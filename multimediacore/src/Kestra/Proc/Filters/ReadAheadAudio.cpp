@@ -9,7 +9,7 @@ constexpr std::size_t MAX_BYTES = std::size_t{32} << 20;
 } // namespace
 
 ReadAheadAudio::ReadAheadAudio(const boost::intrusive_ptr<IStreamAudio>& source, int blocks)
-    : ReadAheadBase(source, blocks, MAX_BYTES) {}
+    : ReadAheadBase(source, "kestra-read-aud", blocks, MAX_BYTES) {}
 
 boost::intrusive_ptr<IDataAudio> ReadAheadAudio::ReadAudio() {
     return boost::static_pointer_cast<IDataAudio>(Pop());

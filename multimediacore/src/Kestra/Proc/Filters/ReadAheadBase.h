@@ -53,8 +53,9 @@ public:
 protected:
     /// Reads at most `pieces` (at least one) and `bytes` ahead.
     template <class Source>
-    ReadAheadBase(Source&& source, int pieces, std::size_t bytes)
+    ReadAheadBase(Source&& source, const char* threadName, int pieces, std::size_t bytes)
         : Filter(std::forward<Source>(source), "read-ahead")
+        , threadName(threadName)
         , queue([held = this->source] { return held->ReadData(); }, Limits(pieces, bytes)) {}
 
     boost::intrusive_ptr<IData> Pop() {
@@ -82,8 +83,10 @@ private:
         this->source->GetFormatCodec(format);
         duration = Filter::GetDuration();
         position = Filter::GetPosition();
-        queue.Start();
+        queue.Start(threadName);
     }
+
+    const char* const threadName;
 
     ReadAheadQueue queue;
     boost::intrusive_ptr<Conf::IFormatCodec> format;

@@ -23,8 +23,8 @@ struct ReadAheadQueue::Shared {
         : reader(std::move(reader))
         , queue(limits) {}
 
-    void Run();
     void Read();
+    void End(std::exception_ptr failure);
     bool WaitUntilOut();
     void ThrowIfInterrupted();
 
@@ -45,10 +45,12 @@ ReadAheadQueue::~ReadAheadQueue() {
     Finish();
 }
 
-void ReadAheadQueue::Start() {
+void ReadAheadQueue::Start(const std::string& threadName) {
     shared->out = false;
     shared->queue.Reset();
-    thread.Start([held = shared] { held->Run(); });
+    thread.Start(
+        threadName, [held = shared] { held->Read(); },
+        [held = shared](std::exception_ptr failure) { held->End(std::move(failure)); });
 }
 
 void ReadAheadQueue::Stop() {
@@ -78,28 +80,20 @@ bool ReadAheadQueue::Shared::WaitUntilOut() {
     return out;
 }
 
-void ReadAheadQueue::Shared::Run() {
-    Read();
+void ReadAheadQueue::Shared::Read() {
+    while (queue.WaitForRoom()) {
+        auto piece = reader();
+        if (!piece || !queue.Push(std::move(piece)))
+            return;
+    }
+}
+
+// The queue ends where the source did, or failed. Where it was cancelled this says nothing.
+void ReadAheadQueue::Shared::End(std::exception_ptr failure) {
+    queue.Fail(std::move(failure));
     const std::lock_guard<std::mutex> lock(mutex);
     out = true;
     changed.notify_all();
-}
-
-void ReadAheadQueue::Shared::Read() {
-    std::exception_ptr failure;
-    try {
-        while (queue.WaitForRoom()) {
-            auto piece = reader();
-            if (!piece)
-                return queue.End();
-            if (!queue.Push(std::move(piece)))
-                return;
-        }
-        return;
-    } catch (...) {
-        failure = std::current_exception();
-    }
-    queue.Fail(std::move(failure));
 }
 
 boost::intrusive_ptr<IData> ReadAheadQueue::Pop() {

@@ -5,6 +5,7 @@
 #include "Kestra/Proc/BoundedQueue.h"
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace Kestra::Proc {
 
@@ -24,7 +25,7 @@ public:
 
     /// The source is the thread's, also when it has been left.
     bool IsRunning() const { return left || thread.IsRunning(); }
-    void Start();
+    void Start(const std::string& threadName);
     /// Waits for the piece that is being read, then forgets everything. Does nothing when not running. Throws
     /// ProcException (Stalled) when the reader has been left: once interrupted, it is waited for some seconds only.
     void Stop();

@@ -9,7 +9,7 @@ constexpr std::size_t MAX_BYTES = std::size_t{256} << 20;
 } // namespace
 
 ReadAheadVideo::ReadAheadVideo(const boost::intrusive_ptr<IStreamVideo>& source, int pictures)
-    : ReadAheadBase(source, pictures, MAX_BYTES) {}
+    : ReadAheadBase(source, "kestra-read-vid", pictures, MAX_BYTES) {}
 
 boost::intrusive_ptr<IDataVideo> ReadAheadVideo::ReadVideo() {
     return boost::static_pointer_cast<IDataVideo>(Pop());

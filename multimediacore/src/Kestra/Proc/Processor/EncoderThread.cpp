@@ -1,7 +1,8 @@
 #include "Kestra/Proc/Processor/EncoderThread.h"
+#include "Kestra/Conf/IFormatCodecAudio.h"
+#include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Proc/Interrupted.h"
 #include "Kestra/Proc/ProcException.h"
-#include "Kestra/Proc/Processor/ThreadName.h"
 #include <utility>
 
 namespace Kestra::Proc {
@@ -11,16 +12,32 @@ EncoderThread::EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, std::share
     , state(std::move(state))
     , queue(PACKET_LIMITS) {}
 
-void EncoderThread::Start(const std::string& threadName, OnFailure onFailure) {
+void EncoderThread::Start(OnFailure onFailure) {
+    const std::string name = NameForThread();
     state->EncoderEntered();
     try {
-        thread.Start([self = shared_from_this(), threadName, onFailure = std::move(onFailure)] {
-            self->Run(threadName, onFailure);
-        });
+        const auto end = [self = shared_from_this(), onFailure = std::move(onFailure)](std::exception_ptr failure) {
+            if (failure)
+                onFailure(std::move(failure));
+            self->state->EncoderLeft();
+        };
+        thread.Start(
+            name, [self = shared_from_this()] { self->Run(); }, end);
     } catch (...) {
         state->EncoderLeft();
         throw;
     }
+}
+
+// What kind of track it is, the encoder's description says before its codec is open.
+std::string EncoderThread::NameForThread() const {
+    boost::intrusive_ptr<Conf::IFormatCodec> description;
+    stream->GetFormatCodec(description);
+    if (dynamic_cast<const Conf::IFormatCodecVideo*>(description.get()))
+        return "kestra-enc-vid";
+    if (dynamic_cast<const Conf::IFormatCodecAudio*>(description.get()))
+        return "kestra-enc-aud";
+    return "kestra-enc";
 }
 
 void EncoderThread::JoinOrLeave(std::chrono::steady_clock::time_point deadline) {
@@ -37,26 +54,22 @@ void EncoderThread::Interrupt() noexcept {
     }
 }
 
-void EncoderThread::Run(const std::string& threadName, const OnFailure& onFailure) {
+void EncoderThread::Run() {
     state->EnterThread();
-    SetThreadName(threadName);
     try {
         Prepare();
         Encode();
     } catch (const Interrupted&) {
-        OnInterrupted(onFailure);
-    } catch (...) {
-        onFailure(std::current_exception());
+        RefuseInterruption();
     }
-    state->EncoderLeft();
 }
 
 // The run interrupts only once it is ending, and then it has its outcome. An interruption by anybody else leaves the
 // track short, and that is no end to be told as a success.
-void EncoderThread::OnInterrupted(const OnFailure& onFailure) const {
+void EncoderThread::RefuseInterruption() const {
     if (!state->IsEnding()) {
-        onFailure(std::make_exception_ptr(
-            ProcException("\"" + stream->Describe() + "\" was interrupted, though nobody had stopped the run")));
+        KESTRA_THROW(
+            ProcException("\"" + stream->Describe() + "\" was interrupted, though nobody had stopped the run"));
     }
 }
 

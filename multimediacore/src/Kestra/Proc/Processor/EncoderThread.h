@@ -20,8 +20,8 @@ public:
 
     EncoderThread(boost::intrusive_ptr<IStreamRaw> stream, std::shared_ptr<RunState> state);
 
-    /// Throws std::system_error when there is no thread to be had.
-    void Start(const std::string& threadName, OnFailure onFailure);
+    /// Names the thread for its track. Throws std::system_error when there is no thread to be had.
+    void Start(OnFailure onFailure);
     /// Waits until the thread has ended, or leaves it at the deadline. Does nothing when not started or joined already.
     void JoinOrLeave(std::chrono::steady_clock::time_point deadline);
     /// Wakes whoever waits for the queue and the stream, for good. Thread-safe.
@@ -33,8 +33,9 @@ public:
     std::int64_t GetDuration() const { return duration; }
 
 private:
-    void Run(const std::string& threadName, const OnFailure& onFailure);
-    void OnInterrupted(const OnFailure& onFailure) const;
+    std::string NameForThread() const;
+    void Run();
+    void RefuseInterruption() const;
     void Prepare();
     void Encode();
 

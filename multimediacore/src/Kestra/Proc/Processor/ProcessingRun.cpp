@@ -1,5 +1,4 @@
 #include "Kestra/Proc/Processor/ProcessingRun.h"
-#include "Kestra/Proc/Processor/ThreadName.h"
 #include <utility>
 
 namespace Kestra::Proc {
@@ -24,7 +23,6 @@ ProcessingRun::ProcessingRun(const std::vector<boost::intrusive_ptr<IStreamRaw>>
 
 void ProcessingRun::Run() {
     state->EnterThread();
-    SetThreadName("kestra-mux");
     try {
         Export();
     } catch (...) {
@@ -100,10 +98,8 @@ bool ProcessingRun::KeepWhatIsQueued() {
 }
 
 void ProcessingRun::LaunchEncoders() {
-    int number = 0;
     for (const auto& encoder : encoders) {
-        encoder->Start("kestra-enc" + std::to_string(number++),
-                       [run = weak_from_this()](std::exception_ptr cause) { OnEncoderFailure(run, std::move(cause)); });
+        encoder->Start([run = weak_from_this()](std::exception_ptr cause) { OnEncoderFailure(run, std::move(cause)); });
     }
 }
 

@@ -51,7 +51,7 @@ void StreamProcessor::Start() {
     }
     phase = Phase::Started;
     try {
-        thread.Start([held = run] { held->Run(); });
+        thread.Start("kestra-mux", [held = run] { held->Run(); });
     } catch (const std::system_error&) {
         run->Refuse(std::current_exception());
     }
