@@ -1,6 +1,6 @@
 // Pictures of one colour in another, held against the standards' formulas.
+#include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
-#include "Kestra/FF/Picture/PictureConverter.h"
 #include "unit/filters/ColourReference.h"
 #include <cmath>
 #include <gtest/gtest.h>
@@ -55,13 +55,13 @@ FrameHandle bars(const std::vector<Code>& codes, AVPixelFormat format, const Col
 }
 
 FrameHandle converted(const AVFrame& picture, AVPixelFormat format, const ColourInfo& colour) {
-    PictureTarget target;
+    FrameTarget target;
     target.width = picture.width;
     target.height = picture.height;
     target.format = format;
     target.colour = colour;
     target.source = target.place = {0, 0, picture.width, picture.height};
-    return PictureConverter().Convert(picture, target);
+    return FrameConverter().Convert(picture, target);
 }
 
 Code middleOf(const AVFrame& picture, std::size_t bar) {
@@ -255,16 +255,16 @@ TEST(Colours, OfOddSizesAndUnusualFormatsAreConvertedToo) {
     const auto expectBt709Grey = [](AVPixelFormat format, int width, int height, AVPixelFormat after) {
         FramePool pool;
         FrameHandle picture = pool.Get(format, width, height);
-        PictureTarget target;
+        FrameTarget target;
         target.width = width;
         target.height = height;
         target.format = format;
         target.source = target.place = {0, 0, width, height};
         target.colour = BT601_525;
         const FrameHandle grey = bars({{126, 128, 128}}, AV_PIX_FMT_YUV444P, BT601_525);
-        PictureTarget spread = target;
+        FrameTarget spread = target;
         spread.source = {0, 0, BAR, 8};
-        picture = PictureConverter().Convert(*grey, spread);
+        picture = FrameConverter().Convert(*grey, spread);
         const FrameHandle result = converted(*picture, after, BT709);
         EXPECT_EQ(result->format, after);
         EXPECT_EQ(result->width, width);

@@ -14,7 +14,7 @@ std::int64_t at(double milliseconds) {
     return static_cast<std::int64_t>(milliseconds * TICKS_PER_MILLISECOND);
 }
 
-TEST(PicturePeriods, BeginWithTheFirstWhoseMiddleIsNotBeforeThePicture) {
+TEST(FramePeriods, BeginWithTheFirstWhoseMiddleIsNotBeforeThePicture) {
     EXPECT_EQ(FirstPeriodOf(at(0), RATE), 0);
     EXPECT_EQ(FirstPeriodOf(at(9.9), RATE), 0);
     EXPECT_EQ(FirstPeriodOf(at(10), RATE), 0);
@@ -23,7 +23,7 @@ TEST(PicturePeriods, BeginWithTheFirstWhoseMiddleIsNotBeforeThePicture) {
     EXPECT_EQ(FirstPeriodOf(at(-15), RATE), -1);
 }
 
-TEST(PicturePeriods, AgreeWithTheMiddlesAtRatesThatDivideNothing) {
+TEST(FramePeriods, AgreeWithTheMiddlesAtRatesThatDivideNothing) {
     const Rate odd(7919, 313);
     for (std::int64_t index = 0; index < 2000; ++index) {
         EXPECT_EQ(FirstPeriodOf(MiddleOfPeriod(index, odd), odd), index);
@@ -31,19 +31,19 @@ TEST(PicturePeriods, AgreeWithTheMiddlesAtRatesThatDivideNothing) {
     }
 }
 
-TEST(PicturePeriods, FollowOnForPicturesThatComeALittleEarlyOrLate) {
+TEST(FramePeriods, FollowOnForPicturesThatComeALittleEarlyOrLate) {
     EXPECT_EQ(FirstPeriodAfter(4, at(100), RATE), 5);
     EXPECT_EQ(FirstPeriodAfter(4, at(86), RATE), 5);
     EXPECT_EQ(FirstPeriodAfter(4, at(114), RATE), 5);
 }
 
-TEST(PicturePeriods, AreTakenByTheMiddlesForPicturesThatComeTooEarlyOrTooLate) {
+TEST(FramePeriods, AreTakenByTheMiddlesForPicturesThatComeTooEarlyOrTooLate) {
     EXPECT_EQ(FirstPeriodAfter(4, at(84), RATE), 4) << "replaces the one before";
     EXPECT_EQ(FirstPeriodAfter(4, at(116), RATE), 6);
     EXPECT_EQ(FirstPeriodAfter(4, at(300), RATE), 15);
 }
 
-TEST(PicturePeriods, NeverRunBackwards) {
+TEST(FramePeriods, NeverRunBackwards) {
     EXPECT_EQ(FirstPeriodAfter(4, at(20), RATE), 4);
 }
 

@@ -16,7 +16,7 @@ using Conf::ColourInfo;
 using Conf::FrameInfo;
 using Conf::PixelFormat;
 using FF::FrameHandle;
-using FF::PictureRect;
+using FF::FrameRect;
 using Proc::AspectMode;
 using Proc::SettingsResizer;
 
@@ -81,36 +81,36 @@ int lumaAt(const Proc::IDataVideo& picture, int x, int y) {
     return frame.data[0][y * frame.linesize[0] + x];
 }
 
-TEST(FitPicture, CentresTheWholePictureBetweenBars) {
-    EXPECT_EQ(FF::FitPicture({640, 480, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
-              (PictureRect{240, 0, 1440, 1080}));
-    EXPECT_EQ(FF::FitPicture({1920, 800, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
-              (PictureRect{0, 140, 1920, 800}));
-    EXPECT_EQ(FF::FitPicture({1280, 720, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
-              (PictureRect{0, 0, 1920, 1080}));
+TEST(FitFrame, CentresTheWholePictureBetweenBars) {
+    EXPECT_EQ(FF::FitFrame({640, 480, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
+              (FrameRect{240, 0, 1440, 1080}));
+    EXPECT_EQ(FF::FitFrame({1920, 800, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
+              (FrameRect{0, 140, 1920, 800}));
+    EXPECT_EQ(FF::FitFrame({1280, 720, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Letterbox)).place,
+              (FrameRect{0, 0, 1920, 1080}));
 }
 
-TEST(FitPicture, KnowsTheShapeOfPixels) {
+TEST(FitFrame, KnowsTheShapeOfPixels) {
     // 720 x 576 shown as 16:9 fills a frame of 16:9.
-    EXPECT_EQ(FF::FitPicture({720, 576, 16, 9}, {1280, 720, 0, 0}, target(1280, 720, AspectMode::Letterbox)).place,
-              (PictureRect{0, 0, 1280, 720}));
-    EXPECT_EQ(FF::FitPicture({720, 576, 4, 3}, {1280, 720, 0, 0}, target(1280, 720, AspectMode::Letterbox)).place,
-              (PictureRect{160, 0, 960, 720}));
+    EXPECT_EQ(FF::FitFrame({720, 576, 16, 9}, {1280, 720, 0, 0}, target(1280, 720, AspectMode::Letterbox)).place,
+              (FrameRect{0, 0, 1280, 720}));
+    EXPECT_EQ(FF::FitFrame({720, 576, 4, 3}, {1280, 720, 0, 0}, target(1280, 720, AspectMode::Letterbox)).place,
+              (FrameRect{160, 0, 960, 720}));
 }
 
-TEST(FitPicture, CutsWhatStandsOver) {
-    const auto fitting = FF::FitPicture({640, 480, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Crop));
-    EXPECT_EQ(fitting.source, (PictureRect{0, 60, 640, 360}));
-    EXPECT_EQ(fitting.place, (PictureRect{0, 0, 1920, 1080}));
+TEST(FitFrame, CutsWhatStandsOver) {
+    const auto fitting = FF::FitFrame({640, 480, 0, 0}, {1920, 1080, 0, 0}, target(1920, 1080, AspectMode::Crop));
+    EXPECT_EQ(fitting.source, (FrameRect{0, 60, 640, 360}));
+    EXPECT_EQ(fitting.place, (FrameRect{0, 0, 1920, 1080}));
 }
 
-TEST(FitPicture, TakesTheCropFirst) {
+TEST(FitFrame, TakesTheCropFirst) {
     SettingsResizer settings = target(100, 100, AspectMode::Stretch);
     settings.cropLeft = 10;
     settings.cropTop = 20;
     settings.cropRight = 30;
     settings.cropBottom = 40;
-    EXPECT_EQ(FF::FitPicture({640, 480, 0, 0}, {100, 100, 0, 0}, settings).source, (PictureRect{10, 20, 600, 420}));
+    EXPECT_EQ(FF::FitFrame({640, 480, 0, 0}, {100, 100, 0, 0}, settings).source, (FrameRect{10, 20, 600, 420}));
 }
 
 TEST(Resizer, PassesAPictureThatFitsOnTheSamePixels) {
@@ -210,17 +210,17 @@ TEST(Resizer, TellsTheFormatThatItsPicturesHave) {
     EXPECT_EQ(format->GetColour().range, FF::FrameOf(*picture).color_range);
 }
 
-TEST(PictureConverter, BlendsEveryValueWithEveryAlphaExactly) {
+TEST(FrameConverter, BlendsEveryValueWithEveryAlphaExactly) {
     FrameHandle picture = makePicture(AV_PIX_FMT_YUVA444P, 256, 256, {0, 0, 0, 0});
     for (int y = 0; y < 256; ++y)
         for (int x = 0; x < 256; ++x)
             for (int plane = 0; plane < 4; ++plane)
                 picture->data[plane][y * picture->linesize[plane] + x] = static_cast<std::uint8_t>(plane == 3 ? y : x);
-    FF::PictureTarget wanted;
+    FF::FrameTarget wanted;
     wanted.width = wanted.height = 256;
     wanted.source = wanted.place = {0, 0, 256, 256};
     wanted.format = AV_PIX_FMT_YUV444P;
-    const FrameHandle result = FF::PictureConverter().Convert(*picture, wanted);
+    const FrameHandle result = FF::FrameConverter().Convert(*picture, wanted);
     for (int alpha = 0; alpha < 256; ++alpha)
         for (int value = 0; value < 256; ++value) {
             ASSERT_EQ(result->data[0][alpha * result->linesize[0] + value],
@@ -230,38 +230,38 @@ TEST(PictureConverter, BlendsEveryValueWithEveryAlphaExactly) {
         }
 }
 
-TEST(PictureConverter, ScalesFieldsOfInterlacedPicturesApart) {
+TEST(FrameConverter, ScalesFieldsOfInterlacedPicturesApart) {
     // Even rows white, odd rows black: mixed, they would be grey.
     FrameHandle picture = makePicture(AV_PIX_FMT_YUV420P, 64, 64, {16, 128, 128});
     for (int y = 0; y < 64; y += 2)
         std::fill_n(picture->data[0] + y * picture->linesize[0], 64, std::uint8_t{235});
     picture->interlaced_frame = 1;
-    FF::PictureTarget wanted;
+    FF::FrameTarget wanted;
     wanted.width = 32;
     wanted.height = 32;
     wanted.source = {0, 0, 64, 64};
     wanted.place = {0, 0, 32, 32};
-    const FrameHandle result = FF::PictureConverter().Convert(*picture, wanted);
+    const FrameHandle result = FF::FrameConverter().Convert(*picture, wanted);
     for (int y = 0; y < 32; ++y)
         EXPECT_NEAR(result->data[0][y * result->linesize[0] + 16], y % 2 == 0 ? 235 : 16, 1) << y;
     EXPECT_TRUE(result->interlaced_frame);
 }
 
-TEST(PictureConverter, GivesTheSamePixelsOnSeveralThreads) {
+TEST(FrameConverter, GivesTheSamePixelsOnSeveralThreads) {
     FrameHandle picture = makePicture(AV_PIX_FMT_YUV420P, 640, 360, {0, 128, 128});
     for (int y = 0; y < 360; ++y)
         for (int x = 0; x < 640; ++x)
             picture->data[0][y * picture->linesize[0] + x] = static_cast<std::uint8_t>(x * 3 + y * 5);
-    FF::PictureTarget wanted;
+    FF::FrameTarget wanted;
     wanted.width = 320;
     wanted.height = 180;
     wanted.source = {0, 0, 640, 360};
     wanted.place = {0, 0, 320, 180};
     wanted.format = AV_PIX_FMT_YUV420P;
     wanted.colour = {1, 1, AVCOL_SPC_SMPTE170M, 1};
-    const FrameHandle one = FF::PictureConverter().Convert(*picture, wanted);
+    const FrameHandle one = FF::FrameConverter().Convert(*picture, wanted);
     wanted.threads = 3;
-    const FrameHandle three = FF::PictureConverter().Convert(*picture, wanted);
+    const FrameHandle three = FF::FrameConverter().Convert(*picture, wanted);
     for (int y = 0; y < 180; ++y)
         ASSERT_TRUE(std::equal(one->data[0] + y * one->linesize[0], one->data[0] + y * one->linesize[0] + 320,
                                three->data[0] + y * three->linesize[0]))

@@ -16,14 +16,14 @@ using namespace Kestra;
 
 namespace {
 
-FF::EncodePicture choice(const char* encoder, const char* source, std::uint32_t width = 64, std::uint32_t height = 48,
-                         Conf::CodecID codec = Conf::CodecID::None) {
+FF::EncoderInput choice(const char* encoder, const char* source, std::uint32_t width = 64, std::uint32_t height = 48,
+                        Conf::CodecID codec = Conf::CodecID::None) {
     const auto description = Conf::IFormatCodecVideo::Create();
     description->SetCodecID(codec);
     const auto stream = Conf::IFormatCodecVideo::Create();
     stream->InitByFrameAspect(width, height, 0, 0);
     stream->SetPixelFormat(Conf::PixelFormatFromString(source));
-    return FF::ChoosePicture(*description, *stream, *avcodec_find_encoder_by_name(encoder));
+    return FF::ChooseInput(*description, *stream, *avcodec_find_encoder_by_name(encoder));
 }
 
 std::string chosen(const char* encoder, const char* source) {
@@ -41,7 +41,7 @@ std::string refusal(const std::function<void()>& action) {
 
 } // namespace
 
-TEST(EncodePictureFormat, LosesLeastOfWhatTheCodecTakes) {
+TEST(EncoderInputFormat, LosesLeastOfWhatTheCodecTakes) {
     EXPECT_EQ(chosen("ffv1", "yuv420p10le"), "yuv420p10le");
     EXPECT_EQ(chosen("ffv1", "nv12"), "yuv420p");
     EXPECT_EQ(chosen("ffv1", "p010le"), "yuv420p10le");
@@ -59,7 +59,7 @@ TEST(EncodePictureFormat, LosesLeastOfWhatTheCodecTakes) {
     EXPECT_EQ(chosen("dnxhd", "yuv420p10le"), "yuv422p10le");
 }
 
-TEST(EncodePictureFormat, NeverHasFewerBitsOrLessColourThanTheCodecCould) {
+TEST(EncoderInputFormat, NeverHasFewerBitsOrLessColourThanTheCodecCould) {
     for (const Conf::PixelFormatRecord& from : Conf::PixelFormatRecord::All()) {
         if (from.kind == Conf::PixelKind::Hardware || sws_isSupportedInput(FF::ToAv(from.Format())) == 0)
             continue;
@@ -71,20 +71,20 @@ TEST(EncodePictureFormat, NeverHasFewerBitsOrLessColourThanTheCodecCould) {
     }
 }
 
-TEST(EncodePictureFormat, IsRefusedByNameWhereNothingCanBeMadeOfIt) {
+TEST(EncoderInputFormat, IsRefusedByNameWhereNothingCanBeMadeOfIt) {
     EXPECT_NE(refusal([] { choice("ffv1", "vaapi"); }).find("\"vaapi\""), std::string::npos);
     EXPECT_NE(refusal([] { choice("ffv1", "other"); }).find("\"other\""), std::string::npos);
     EXPECT_NE(refusal([] { choice("ffv1", "y210be"); }).find("\"y210be\""), std::string::npos);
 }
 
-TEST(EncodePictureFormat, TooSmallForTheCodecIsRefusedWithTheSmallestSize) {
+TEST(EncoderInputFormat, TooSmallForTheCodecIsRefusedWithTheSmallestSize) {
     const std::string words = refusal([] { choice("libx265", "yuv420p", 64, 8, Conf::CodecID::HEVC); });
     EXPECT_NE(words.find("64x8"), std::string::npos) << words;
     EXPECT_NE(words.find("16x16"), std::string::npos) << words;
     EXPECT_EQ(choice("libx265", "yuv420p", 16, 16, Conf::CodecID::HEVC).width, 16);
 }
 
-TEST(EncodePictureFormat, TooNarrowForItsLengthIsRefusedWithItsSize) {
+TEST(EncoderInputFormat, TooNarrowForItsLengthIsRefusedWithItsSize) {
     const std::string words = refusal([] { choice("libx265", "yuv420p", 8192, 16, Conf::CodecID::HEVC); });
     EXPECT_NE(words.find("so short beside one so long"), std::string::npos) << words;
     EXPECT_NE(words.find("8192x16"), std::string::npos) << words;
@@ -92,7 +92,7 @@ TEST(EncodePictureFormat, TooNarrowForItsLengthIsRefusedWithItsSize) {
     EXPECT_EQ(choice("libx264", "yuv420p", 8192, 16, Conf::CodecID::H264).width, 8192);
 }
 
-TEST(EncodePictureFormat, OddSidesStayWhereTheCodecHasNoGrid) {
+TEST(EncoderInputFormat, OddSidesStayWhereTheCodecHasNoGrid) {
     EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).width, 161);
     EXPECT_EQ(choice("ffv1", "yuv420p", 161, 121).height, 121);
     EXPECT_EQ(choice("libx264", "yuv420p", 161, 121).width, 160);
@@ -104,10 +104,10 @@ TEST(EncoderAdvice, TellsWhichSizesAndRatesDnxhdTakes) {
     EXPECT_NE(words.find("640x360"), std::string::npos) << words;
     EXPECT_NE(words.find("1280x720 at 60"), std::string::npos) << words;
     EXPECT_NE(words.find("dnxhr_hq"), std::string::npos) << words;
-    EXPECT_EQ(FF::VideoDriver::Of(*avcodec_find_encoder_by_name("ffv1")).Advise(FF::EncodePicture()), "");
+    EXPECT_EQ(FF::VideoDriver::Of(*avcodec_find_encoder_by_name("ffv1")).Advise(FF::EncoderInput()), "");
 }
 
-TEST(EncodePictureColour, IsOneThatTheCodecHasANameFor) {
+TEST(EncoderInputColour, IsOneThatTheCodecHasANameFor) {
     struct {
         const char* encoder;
         Conf::ColourInfo source, encoded;
@@ -125,7 +125,7 @@ TEST(EncodePictureColour, IsOneThatTheCodecHasANameFor) {
         stream->SetPixelFormat(Conf::PixelFormatFromString("yuv420p"));
         stream->SetColour(each.source);
         const auto picture =
-            FF::ChoosePicture(*Conf::IFormatCodecVideo::Create(), *stream, *avcodec_find_encoder_by_name(each.encoder));
+            FF::ChooseInput(*Conf::IFormatCodecVideo::Create(), *stream, *avcodec_find_encoder_by_name(each.encoder));
         EXPECT_EQ(picture.colour, each.encoded)
             << each.encoder << " " << each.source.primaries << " " << each.source.matrix << ": "
             << picture.colour.primaries << " " << picture.colour.transfer << " " << picture.colour.matrix;

@@ -1,6 +1,6 @@
 #include "Kestra/Base/Time.h"
-#include "Kestra/FF/Decode/SoundDrift.h"
-#include "Kestra/FF/Probe/SoundLevels.h"
+#include "Kestra/FF/Decode/AudioDrift.h"
+#include "Kestra/FF/Probe/AudioLevels.h"
 #include <gtest/gtest.h>
 #include <random>
 
@@ -13,7 +13,7 @@ constexpr std::int64_t BLOCK = 1024;
 /// Reads `blocks` blocks whose timestamps are `off(n)` samples late, and corrects as it is told. How far sound is off
 /// at the end.
 template <class Off>
-double readOn(SoundDrift& drift, int blocks, const Off& off, std::int64_t* longest = nullptr) {
+double readOn(AudioDrift& drift, int blocks, const Off& off, std::int64_t* longest = nullptr) {
     double corrected = 0;
     for (int number = 0; number < blocks; ++number) {
         drift.Take(std::llround(off(number) - corrected), BLOCK);
@@ -27,18 +27,18 @@ double readOn(SoundDrift& drift, int blocks, const Off& off, std::int64_t* longe
     return off(blocks - 1) - corrected;
 }
 
-TEST(SoundDrift, OfNothingCorrectsNothing) {
-    SoundDrift drift(RATE, 0);
+TEST(AudioDrift, OfNothingCorrectsNothing) {
+    AudioDrift drift(RATE, 0);
     std::int64_t longest = 0;
     readOn(
         drift, 2000, [](int number) { return number % 3 * 24; }, &longest);
     EXPECT_EQ(longest, 0);
 }
 
-TEST(SoundDrift, OfJitterCorrectsNothing) {
+TEST(AudioDrift, OfJitterCorrectsNothing) {
     std::mt19937 random(5);
     std::uniform_int_distribution<int> jitter(-20 * RATE / 1000, 20 * RATE / 1000);
-    SoundDrift drift(RATE, 0);
+    AudioDrift drift(RATE, 0);
     std::int64_t longest = 0;
     readOn(
         drift, 10000, [&](int) { return jitter(random); }, &longest);
@@ -46,9 +46,9 @@ TEST(SoundDrift, OfJitterCorrectsNothing) {
     EXPECT_NEAR(static_cast<double>(drift.GetHabit().jitter), 20.0 * RATE / 1000 * 2 / 3, 80);
 }
 
-TEST(SoundDrift, DoesNotAccumulateOverAnHour) {
+TEST(AudioDrift, DoesNotAccumulateOverAnHour) {
     for (const double perMillion : {-300.0, -20.0, 50.0, 500.0}) {
-        SoundDrift drift(RATE, 0);
+        AudioDrift drift(RATE, 0);
         std::int64_t longest = 0;
         const auto off = [=](int number) { return number * BLOCK * perMillion / 1e6; };
         EXPECT_LT(std::abs(readOn(drift, 3600 * RATE / BLOCK, off, &longest)), 0.005 * RATE) << perMillion;
@@ -57,8 +57,8 @@ TEST(SoundDrift, DoesNotAccumulateOverAnHour) {
     }
 }
 
-TEST(SoundDrift, OfADifferenceThatStaysIsGoneAfterSomeSeconds) {
-    SoundDrift drift(RATE, 0);
+TEST(AudioDrift, OfADifferenceThatStaysIsGoneAfterSomeSeconds) {
+    AudioDrift drift(RATE, 0);
     std::int64_t longest = 0;
     EXPECT_LT(std::abs(readOn(
                   drift, 10 * RATE / BLOCK, [](int) { return 480; }, &longest)),
@@ -69,24 +69,24 @@ TEST(SoundDrift, OfADifferenceThatStaysIsGoneAfterSomeSeconds) {
 constexpr std::int64_t LENGTH = SamplesToTime(960, RATE);
 constexpr std::int64_t MILLISECOND = TIME_BASE / 1000;
 
-TEST(SoundLevels, OfRoundedTimestampsAreSteady) {
-    SoundLevels levels;
+TEST(AudioLevels, OfRoundedTimestampsAreSteady) {
+    AudioLevels levels;
     for (std::int64_t number = 0; number < 500; ++number)
         levels.Take(number * LENGTH / MILLISECOND * MILLISECOND, LENGTH + number % 2);
     EXPECT_FALSE(levels.AreJittery());
 }
 
-TEST(SoundLevels, OfGapsAreSteady) {
-    SoundLevels levels;
+TEST(AudioLevels, OfGapsAreSteady) {
+    AudioLevels levels;
     for (std::int64_t number = 0; number < 500; ++number)
         levels.Take(number * LENGTH + number / 20 * 30 * MILLISECOND, LENGTH);
     EXPECT_FALSE(levels.AreJittery());
 }
 
-TEST(SoundLevels, OfJitterTellWhereSamplesBeginAndEnd) {
+TEST(AudioLevels, OfJitterTellWhereSamplesBeginAndEnd) {
     std::mt19937 random(9);
     std::uniform_int_distribution<std::int64_t> jitter(-10, 10);
-    SoundLevels levels;
+    AudioLevels levels;
     levels.Take(108 * MILLISECOND, LENGTH);
     for (std::int64_t number = 1; number < 500; ++number)
         levels.Take(number * LENGTH + (100 + jitter(random)) * MILLISECOND, LENGTH);
@@ -96,10 +96,10 @@ TEST(SoundLevels, OfJitterTellWhereSamplesBeginAndEnd) {
     EXPECT_NEAR(static_cast<double>(levels.GetStartCorrection()), -8.0 * MILLISECOND, MILLISECOND);
 }
 
-TEST(SoundLevels, OfJitterAndAGapEndWhereTheLastTimestampsMean) {
+TEST(AudioLevels, OfJitterAndAGapEndWhereTheLastTimestampsMean) {
     std::mt19937 random(9);
     std::uniform_int_distribution<std::int64_t> jitter(-10, 10);
-    SoundLevels levels;
+    AudioLevels levels;
     for (std::int64_t number = 0; number < 500; ++number)
         levels.Take(number * LENGTH + (jitter(random) + (number < 200 ? 0 : 700)) * MILLISECOND, LENGTH);
     EXPECT_TRUE(levels.AreJittery());

@@ -11,11 +11,11 @@ constexpr std::int64_t MS = TICKS_PER_MILLISECOND;
 constexpr std::int64_t PICTURE_START = 1000 * MS;
 constexpr std::int64_t PICTURE_END = 6000 * MS;
 
-PictureSpan picture() {
+VideoSpan picture() {
     return {PICTURE_START, PICTURE_END, 25};
 }
 
-SoundSpan sound(std::int64_t start, std::int64_t end, std::int64_t priming = 20 * MS) {
+AudioSpan sound(std::int64_t start, std::int64_t end, std::int64_t priming = 20 * MS) {
     return {start, end, priming, 20 * MS};
 }
 
@@ -46,20 +46,20 @@ TEST(MediaSpan, BeginsWithTheOnlyTrackThereIs) {
 }
 
 TEST(MediaSpan, BeginsWithTheEarlierTrackWhereNoRateIsKnown) {
-    const PictureSpan unknown{PICTURE_START, PICTURE_END, 0};
+    const VideoSpan unknown{PICTURE_START, PICTURE_END, 0};
     EXPECT_EQ(FindOrigin(unknown, sound(300 * MS, PICTURE_END)), 300 * MS);
     EXPECT_EQ(FindOrigin(unknown, sound(PICTURE_START + MS, PICTURE_END)), PICTURE_START);
 }
 
 TEST(MediaSpan, EndsWithThePictureWhenSoundGoesOnForLessThanABlockAndAFrame) {
-    EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END + 59 * MS)), PICTURE_END);
-    EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END + 60 * MS)), PICTURE_END + 60 * MS);
+    EXPECT_EQ(FindAudioEnd(picture(), sound(0, PICTURE_END + 59 * MS)), PICTURE_END);
+    EXPECT_EQ(FindAudioEnd(picture(), sound(0, PICTURE_END + 60 * MS)), PICTURE_END + 60 * MS);
 }
 
 TEST(MediaSpan, LeavesSoundThatEndsWithThePictureOrBeforeAsItIs) {
-    EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END)), PICTURE_END);
-    EXPECT_EQ(FindSoundEnd(picture(), sound(0, PICTURE_END - 30 * MS)), PICTURE_END - 30 * MS);
-    EXPECT_EQ(FindSoundEnd(std::nullopt, sound(0, 5 * MS)), 5 * MS);
+    EXPECT_EQ(FindAudioEnd(picture(), sound(0, PICTURE_END)), PICTURE_END);
+    EXPECT_EQ(FindAudioEnd(picture(), sound(0, PICTURE_END - 30 * MS)), PICTURE_END - 30 * MS);
+    EXPECT_EQ(FindAudioEnd(std::nullopt, sound(0, 5 * MS)), 5 * MS);
 }
 
 AVCodecParameters aac() {
@@ -75,31 +75,31 @@ const std::int64_t PRIMING = SamplesToTime(1024, 48000);
 
 TEST(ChunkStart, MovesTheFirstPictureOverEmptyChunksOfLibavAlone) {
     const ChunkShift shift = AlignChunks({0, 2 * PERIOD, 0, PERIOD, true}, aac());
-    EXPECT_EQ(shift.firstPicture, PERIOD);
-    EXPECT_EQ(shift.sound, PERIOD - PRIMING);
+    EXPECT_EQ(shift.firstFrame, PERIOD);
+    EXPECT_EQ(shift.audio, PERIOD - PRIMING);
     // A picture that lasts longer than what is put before the sound, and one that somebody else wrote.
     for (const ChunkStart& start : {ChunkStart{0, 3 * PERIOD, 0, PERIOD, true}, {0, 2 * PERIOD, 0, PERIOD, false}}) {
-        EXPECT_EQ(AlignChunks(start, aac()).firstPicture, 0);
-        EXPECT_EQ(AlignChunks(start, aac()).sound, 0);
+        EXPECT_EQ(AlignChunks(start, aac()).firstFrame, 0);
+        EXPECT_EQ(AlignChunks(start, aac()).audio, 0);
     }
 }
 
 TEST(ChunkStart, MovesTheFirstPictureOfFragmentsOfLibavByThePrimingAlone) {
     constexpr std::int64_t tick = MS / 10;
     const std::int64_t second = PERIOD + PRIMING + tick / 2;
-    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).firstPicture, second - PERIOD);
-    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).sound, 0);
+    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).firstFrame, second - PERIOD);
+    EXPECT_EQ(AlignFragments({0, second, 0, PERIOD, true}, aac(), tick).audio, 0);
     for (const ChunkStart& start : {ChunkStart{0, second, 0, PERIOD, false},
                                     {0, second + tick, 0, PERIOD, true},
                                     {0, PERIOD, 0, PERIOD, true},
                                     {0, second, PERIOD, PERIOD, true}})
-        EXPECT_EQ(AlignFragments(start, aac(), tick).firstPicture, 0);
+        EXPECT_EQ(AlignFragments(start, aac(), tick).firstFrame, 0);
 }
 
 TEST(ChunkStart, SoundDoesNotWaitForReorderedPictures) {
-    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, false}, aac()).sound, 2 * PERIOD);
-    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).sound, 2 * PERIOD - PRIMING);
-    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).firstPicture, 0);
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, false}, aac()).audio, 2 * PERIOD);
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).audio, 2 * PERIOD - PRIMING);
+    EXPECT_EQ(AlignChunks({0, PERIOD, 2 * PERIOD, PERIOD, true}, aac()).firstFrame, 0);
 }
 
 } // namespace

@@ -21,9 +21,9 @@ protected:
 TEST_F(OpeningAgain, OfAnMp4FileFindsItsStreamsKnown) {
     const std::string path = makeMp4("a.mp4", "libx264");
     Demuxer first(ioPath(path), never);
-    ASSERT_TRUE(first.GetKnownStreams());
-    Demuxer second(ioPath(path), never, {}, first.GetKnownStreams());
-    EXPECT_EQ(second.GetKnownStreams(), first.GetKnownStreams());
+    ASSERT_TRUE(first.GetStreamInfoCache());
+    Demuxer second(ioPath(path), never, {}, first.GetStreamInfoCache());
+    EXPECT_EQ(second.GetStreamInfoCache(), first.GetStreamInfoCache());
     const AVStream& found = first.GetStream(0);
     const AVStream& known = second.GetStream(0);
     EXPECT_EQ(known.codecpar->format, AV_PIX_FMT_YUV420P);
@@ -41,15 +41,15 @@ TEST_F(OpeningAgain, OfAnotherFileInItsPlaceFindsThatOnesStreams) {
     const std::string other = makeMp4("b.mp4", "mpeg4");
     Demuxer first(ioPath(path), never);
     ASSERT_EQ(std::rename(other.c_str(), path.c_str()), 0);
-    Demuxer second(ioPath(path), never, {}, first.GetKnownStreams());
-    EXPECT_NE(second.GetKnownStreams(), first.GetKnownStreams());
+    Demuxer second(ioPath(path), never, {}, first.GetStreamInfoCache());
+    EXPECT_NE(second.GetStreamInfoCache(), first.GetStreamInfoCache());
     EXPECT_EQ(second.GetStream(0).codecpar->codec_id, AV_CODEC_ID_MPEG4);
     EXPECT_EQ(second.GetStream(0).codecpar->format, AV_PIX_FMT_YUV420P);
 }
 
 TEST_F(OpeningAgain, OfContainersWithoutAnIndexLooksAgain) {
     const std::string path = make("a.mkv", join(pictures("25", 10), {"-c:v", "libx264"}));
-    EXPECT_FALSE(Demuxer(ioPath(path), never).GetKnownStreams());
+    EXPECT_FALSE(Demuxer(ioPath(path), never).GetStreamInfoCache());
 }
 
 TEST_F(OpeningAgain, GoesOnWithThePicturesOfTheFirstOpening) {

@@ -135,7 +135,7 @@ TEST(RateChooser, TakesTheLowestStandardRateThatShowsNearlyAll) {
     EXPECT_GE(choice.shown, std::ceil(0.95 * 63));
     // 25 would lose one in five.
     EXPECT_TRUE(choice.rate == Rate(30000, 1001) || choice.rate == Rate(30)) << choice.rate;
-    EXPECT_EQ(choice.pictures, 63U);
+    EXPECT_EQ(choice.frames, 63U);
 }
 
 TEST(RateChooser, TakesSixtyForFilmAndThenSixty) {
@@ -148,7 +148,7 @@ TEST(RateChooser, TakesNoMoreThanSixtyForAVariableRateAndCountsWhatIsLeftOut) {
     const RateChoice choice = choose(bursts({{97, 100}, {131, 100}, {83, 100}}));
     EXPECT_EQ(choice.rate, Rate(60));
     EXPECT_LT(choice.shown, 220U);
-    EXPECT_EQ(choice.pictures, 300U);
+    EXPECT_EQ(choice.frames, 300U);
 }
 
 TEST(RateChooser, IsNotSteadyWhenTwoRunsDiffer) {

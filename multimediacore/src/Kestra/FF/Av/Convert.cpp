@@ -105,7 +105,7 @@ std::uint32_t FromAv(const AVChannelLayout& layout) noexcept {
     if (layout.order == AV_CHANNEL_ORDER_NATIVE)
         if (const std::uint32_t known = Conf::LayoutOfSpeakers(layout.u.mask))
             return known;
-    // What they are for has been agreed since there is sound.
+    // What they are for has been agreed since there is audio.
     if (layout.order == AV_CHANNEL_ORDER_UNSPEC && layout.nb_channels <= 2)
         return layout.nb_channels == 1   ? Conf::CHANNEL_LAYOUT_MONO
                : layout.nb_channels == 2 ? Conf::CHANNEL_LAYOUT_STEREO

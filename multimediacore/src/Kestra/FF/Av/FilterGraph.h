@@ -8,7 +8,7 @@
 
 namespace Kestra::FF {
 
-/// Pictures or sound, whichever the first frame is. Frames go through by reference: what the chain leaves alone keeps
+/// Pictures or audio, whichever the first frame is. Frames go through by reference: what the chain leaves alone keeps
 /// its memory. Their pts are engine times, on both sides. Bound to one thread at a time; nothing opens before the first
 /// frame. When size, shape, format, rate or layout of what comes in changes, the chain is emptied and made anew; a
 /// change of colour tags is the filters' own affair.

@@ -1,4 +1,4 @@
-// Kestra::FF::FramePool: pictures whose memory is used again.
+// Kestra::FF::FramePool: frames whose memory is used again.
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"

@@ -8,7 +8,7 @@ extern "C" {
 namespace Kestra::Proc {
 
 void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
-    // Encoders size their packets for the worst case, which is more than the picture.
+    // Encoders size their packets for the worst case, which is more than the frame.
     constexpr std::int64_t least = std::int64_t{1} << 30;
     av_max_alloc(static_cast<std::size_t>(std::max(least, limits.pictureBytes * 2)));
 }

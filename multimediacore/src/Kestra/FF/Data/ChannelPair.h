@@ -1,4 +1,4 @@
-// Kestra::FF::ChannelPair: the layouts of a conversion of sound, such that the resampler can tell what becomes of what.
+// Kestra::FF::ChannelPair: the layouts of a conversion of audio, such that the resampler can tell what becomes of what.
 #pragma once
 
 extern "C" {

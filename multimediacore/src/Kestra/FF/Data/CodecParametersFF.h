@@ -15,9 +15,9 @@ public:
     virtual ~CodecParametersFF();
 
     const AVCodecParameters& GetParameters() const { return *parameters; }
-    /// That of the encoder: one frame for pictures, one sample for sound.
+    /// That of the encoder: one frame for pictures, one sample for audio.
     AVRational GetTimeBase() const { return timeBase; }
-    /// Empty for sound.
+    /// Empty for audio.
     const HdrMetadata& GetHdrMetadata() const { return hdr; }
 
 protected:

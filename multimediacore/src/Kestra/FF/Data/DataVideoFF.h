@@ -1,4 +1,4 @@
-// Kestra::FF::DataVideoFF: a picture over a counted AVFrame.
+// Kestra::FF::DataVideoFF: a frame over a counted AVFrame.
 #pragma once
 
 #include "Kestra/Base/RefCountImpl.h"
@@ -10,7 +10,7 @@ namespace Kestra::FF {
 class DataVideoFF final : public Proc::IDataVideo, public RefCountImpl {
 public:
     /// Takes the frame; its pts is not read, the times count.
-    DataVideoFF(FrameHandle picture, std::int64_t time, std::int64_t duration);
+    DataVideoFF(FrameHandle frame, std::int64_t time, std::int64_t duration);
 
     std::int64_t GetTime() const override { return time; }
     void SetTime(std::int64_t value) override { time = value; }

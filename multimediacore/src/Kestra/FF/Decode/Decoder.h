@@ -28,7 +28,7 @@ public:
     FrameHandle Next();
     /// Forgets everything taken in: to be called after the supply has moved elsewhere.
     void Flush();
-    /// Whether pictures that no other one refers to are passed over, from the next packet on.
+    /// Whether frames that no other one refers to are passed over, from the next packet on.
     void SkipUnreferenced(bool skip);
     /// From now on frames come with all that is told about them, but what their pixels show is of no account.
     void SkipPixels();

@@ -121,7 +121,7 @@ void SampleNormaliser::Start(const AVFrame& block) {
     Prime();
 }
 
-// A resampler mirrors what it does not know. Where it begins in the midst of sound, it hears what came before.
+// A resampler mirrors what it does not know. Where it begins in the midst of audio, it hears what came before.
 void SampleNormaliser::Prime() {
     if (!previous || !FitsConverter(*previous))
         return;

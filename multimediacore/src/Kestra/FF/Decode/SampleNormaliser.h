@@ -1,4 +1,4 @@
-// Kestra::FF::SampleNormaliser: keeps sound in one format though the decoder changes it on the way.
+// Kestra::FF::SampleNormaliser: keeps audio in one format though the decoder changes it on the way.
 #pragma once
 
 #include "Kestra/FF/Av/FilterGraph.h"

@@ -29,7 +29,7 @@ struct Chunks {
     bool bigEndian;
     std::int64_t alignment;
     bool sizeHoldsHeader;
-    std::string media; ///< name of the chunk that holds pictures or sound
+    std::string media; ///< name of the chunk that holds pictures or audio
 };
 
 // A size of nothing, or of all ones, stands for one that was not known when the file was begun.

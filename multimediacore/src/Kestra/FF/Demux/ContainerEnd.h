@@ -10,7 +10,7 @@ namespace Kestra::FF {
 
 struct ContainerEnd {
     std::int64_t missing = 0; ///< bytes that are announced and not there; 0 where none are, or none can tell
-    /// Pictures or sound lie there, not only an index or a description.
+    /// Pictures or audio lie there, not only an index or a description.
     bool ofMedia = false;
     /// The container marks its end, and this one has no such mark.
     bool unmarked = false;

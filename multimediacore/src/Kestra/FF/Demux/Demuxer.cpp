@@ -27,14 +27,14 @@ bool TellsNoTimes(const char* name) {
 
 // For samples that are not all of one size, these readers reckon where they are from the header's rate of bytes, which
 // is an average, or a guess of whoever wrote it.
-bool CountsByRate(const char* name, const AVCodecParameters& sound) {
+bool CountsByRate(const char* name, const AVCodecParameters& audio) {
     constexpr int smallestPcm = 8;
     const bool simple = std::strcmp(name, "wav") == 0 || std::strcmp(name, "w64") == 0 ||
                         std::strcmp(name, "aiff") == 0 || std::strcmp(name, "au") == 0;
-    return simple && av_get_exact_bits_per_sample(sound.codec_id) < smallestPcm;
+    return simple && av_get_exact_bits_per_sample(audio.codec_id) < smallestPcm;
 }
 
-// Transport and program streams whose sound begins late announce it without saying what it is like.
+// Transport and program streams whose audio begins late announce it without saying what it is like.
 void Supply(AVCodecParameters& parameters, const AVCodecParameters& decoded) {
     if (parameters.codec_type != AVMEDIA_TYPE_AUDIO || parameters.sample_rate > 0)
         return;
@@ -52,7 +52,7 @@ bool TellsOfNonsense(const LogWatch& log) {
 } // namespace
 
 Demuxer::Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
-                 std::shared_ptr<const KnownStreams> known)
+                 std::shared_ptr<const StreamInfoCache> known)
     : path(path)
     , interrupted(interrupted)
     , limits(limits)
@@ -94,20 +94,20 @@ void Demuxer::FindStreams() {
     if (found < 0)
         ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
     RequireWithinLimits();
-    known = KnownStreams::Of(*context);
+    known = StreamInfoCache::Of(*context);
 }
 
 // How far a packet may be away. Elementary streams have no sizes to go by: what stands between two starts is all one
 // packet to them. Elsewhere one is no larger than a picture; among tracks of which all have sizes, than one of theirs.
 std::int64_t Demuxer::LongestSearch() const {
     constexpr std::int64_t elementary = std::int64_t{64} << 20;
-    const bool sized = (context->iformat->flags & AVFMT_GENERIC_INDEX) == 0 || IsPictureFormat(GetFormatName()) ||
+    const bool sized = (context->iformat->flags & AVFMT_GENERIC_INDEX) == 0 || IsImageFormat(GetFormatName()) ||
                        std::strcmp(GetFormatName(), "yuv4mpegpipe") == 0;
     if (!sized || (context->nb_streams == 1 && !SourceFile::IsSearchedByteByByte(GetFormatName())))
         return sized ? limits.pictureBytes : elementary;
     std::int64_t largest = elementary;
     for (unsigned index = 0; index < context->nb_streams; ++index)
-        largest += LargestPictureOf(*context->streams[index]->codecpar);
+        largest += LargestFrameOf(*context->streams[index]->codecpar);
     return std::min(largest, limits.pictureBytes);
 }
 

@@ -4,12 +4,12 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Demux/AnchorTimes.h"
-#include "Kestra/FF/Demux/ClockMap.h"
 #include "Kestra/FF/Demux/FieldPairs.h"
-#include "Kestra/FF/Demux/KnownStreams.h"
 #include "Kestra/FF/Demux/OrderTimes.h"
 #include "Kestra/FF/Demux/RepeatedTimes.h"
 #include "Kestra/FF/Demux/SourceFile.h"
+#include "Kestra/FF/Demux/StreamInfoCache.h"
+#include "Kestra/FF/Demux/TimestampMap.h"
 #include <atomic>
 #include <map>
 #include <memory>
@@ -25,25 +25,25 @@ public:
     /// life and polled while the file is read. Throws ProcException: SourceNotFound, SourceUnreadable, also for what
     /// claims more than `limits` allow.
     Demuxer(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits = {},
-            std::shared_ptr<const KnownStreams> known = nullptr);
+            std::shared_ptr<const StreamInfoCache> known = nullptr);
 
     const ioPath& GetPath() const { return path; }
     const Proc::MediaLimits& GetLimits() const { return limits; }
     AVFormatContext& GetContext() { return *context; }
     AVStream& GetStream(int index) { return *context->streams[index]; }
     /// For whoever opens the same file again; null where that has to find the streams itself.
-    const std::shared_ptr<const KnownStreams>& GetKnownStreams() const { return known; }
+    const std::shared_ptr<const StreamInfoCache>& GetStreamInfoCache() const { return known; }
     /// "mov,mp4,..." as libav names the container.
     const char* GetFormatName() const { return context->iformat->name; }
     /// MOV, MP4 and their kin.
     bool IsFilm() const;
 
-    /// What decoding the stream has told of its sound, which is known from here on, also where the file does not say.
+    /// What decoding the stream has told of its audio, which is known from here on, also where the file does not say.
     void Describe(int stream, const AVCodecContext& decoder);
     /// Everything but these streams is passed over from the next read on.
     void Select(const std::vector<int>& streams);
     /// Packets and seeks are on the joined clock from the next read on; null for the file's own.
-    void SetClock(std::shared_ptr<const ClockMap> map) { clock = std::move(map); }
+    void SetClock(std::shared_ptr<const TimestampMap> map) { clock = std::move(map); }
     /// Takes the file to end at that byte, and begins anew; 0 leaves it as it is.
     void SetEnd(std::int64_t byte);
     /// The next packet of a selected stream, flagged as corrupt behind bytes that make no sense; false at the end of
@@ -97,8 +97,8 @@ private:
     bool selected = false;
     bool untouched = true;
     bool passedOver = false; ///< so much that nothing is any more, to see whether there is anything
-    std::shared_ptr<const KnownStreams> known;
-    std::shared_ptr<const ClockMap> clock;
+    std::shared_ptr<const StreamInfoCache> known;
+    std::shared_ptr<const TimestampMap> clock;
     bool fromStart = true; ///< nothing has been sought since the file was opened
     // Each holds what was read and not yet given.
     OrderTimes orderTimes;

@@ -1,4 +1,4 @@
-// Kestra::FF::HasForeignSamples: whether a film names another file as the place of its pictures or sound.
+// Kestra::FF::HasForeignSamples: whether a film names another file as the place of its pictures or audio.
 #pragma once
 
 #include "Kestra/Base/ioPath.h"

@@ -6,7 +6,7 @@
 
 namespace Kestra::FF {
 
-/// Whether files of that kind hold their pictures and sound themselves, in a form that says how they are to be read.
+/// Whether files of that kind hold their pictures and audio themselves, in a form that says how they are to be read.
 /// What people's cameras, recorders and programs make is among them; kinds that name other files, draw by
 /// instructions, or leave their rate to be guessed are not.
 bool IsMediaFormat(const AVInputFormat& format);

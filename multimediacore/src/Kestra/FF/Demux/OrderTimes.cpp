@@ -10,7 +10,7 @@ namespace Kestra::FF {
 namespace {
 
 // Pictures behind one that tell whether its time is right: more than begin in a few packs.
-constexpr int ENOUGH_PICTURES = 48;
+constexpr int ENOUGH_FRAMES = 48;
 // More than lie between two packs in any real file, also of many tracks.
 constexpr std::size_t LONGEST_QUEUE = 256;
 
@@ -45,9 +45,9 @@ OrderTimes::PlaceFinder OrderTimes::FinderFor(const AVStream& stream) {
 }
 
 void OrderTimes::Push(PacketHandle packet, const AVStream& stream) {
-    if (streamOfPictures < 0 && (finderOfPictures = FinderFor(stream)))
-        streamOfPictures = stream.index;
-    Push(std::move(packet), stream.index == streamOfPictures ? finderOfPictures : PlaceFinder());
+    if (videoStream < 0 && (videoFinder = FinderFor(stream)))
+        videoStream = stream.index;
+    Push(std::move(packet), stream.index == videoStream ? videoFinder : PlaceFinder());
 }
 
 void OrderTimes::Push(PacketHandle packet, const PlaceFinder& finder) {
@@ -84,7 +84,7 @@ bool OrderTimes::Pop(AVPacket& packet) {
 }
 
 bool OrderTimes::CanSettle() const {
-    return ended || !queue.front().ordered || pictures > ENOUGH_PICTURES || queue.size() >= LONGEST_QUEUE;
+    return ended || !queue.front().ordered || pictures > ENOUGH_FRAMES || queue.size() >= LONGEST_QUEUE;
 }
 
 bool OrderTimes::IsNear(std::int64_t time, std::int64_t other) const {

@@ -46,8 +46,8 @@ private:
     int Agreeing(const Waiting& first, std::int64_t start) const;
     bool IsNear(std::int64_t time, std::int64_t other) const;
 
-    PlaceFinder finderOfPictures;
-    int streamOfPictures = -1; ///< which that is for
+    PlaceFinder videoFinder;
+    int videoStream = -1; ///< which that is for
     std::deque<Waiting> queue;
     int pictures = 0; ///< in the queue
     int sequence = 0;

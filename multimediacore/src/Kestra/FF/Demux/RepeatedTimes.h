@@ -1,4 +1,4 @@
-// Kestra::FF::RepeatedTimes: sound of fragments that libav takes for what has been there already.
+// Kestra::FF::RepeatedTimes: audio of fragments that libav takes for what has been there already.
 #pragma once
 
 #include "Kestra/FF/Demux/PacketRepair.h"
@@ -8,7 +8,7 @@
 
 namespace Kestra::FF {
 
-/// Told to write a fragment for each frame, libav's writer gives some packets of sound, one after the other, a time
+/// Told to write a fragment for each frame, libav's writer gives some packets of audio, one after the other, a time
 /// that is late by the length of one, and the packet behind them the same time as the last of them. libav's reader
 /// takes that one for a repetition that is to be discarded. Here the late ones move back to where they follow on, and
 /// all are heard. Everything else comes out as it went in. Other tracks' packets may come out ahead of those that wait

@@ -18,7 +18,7 @@ namespace {
 // 22.6 million bits, which are read as 2.8 million bytes.
 constexpr int LOWEST_SAMPLE_RATE = 1000;
 constexpr int HIGHEST_SAMPLE_RATE = 4'000'000;
-// Twice what the sound library can mix, and more than any recorder writes.
+// Twice what the audio library can mix, and more than any recorder writes.
 constexpr int MOST_CHANNELS = 128;
 
 // The most spacious formats that video comes in: four samples of 16 bits.
@@ -30,7 +30,7 @@ std::int64_t PictureBytes(AVPixelFormat format, std::int64_t width, std::int64_t
     return width * height * (bits > 0 ? bits : 8) / 8;
 }
 
-std::string PictureExcess(AVPixelFormat format, int width, int height, const Proc::MediaLimits& limits) {
+std::string VideoExcess(AVPixelFormat format, int width, int height, const Proc::MediaLimits& limits) {
     const std::int64_t bytes = PictureBytes(format, width, height);
     if (width <= 0 || height <= 0 || bytes <= limits.pictureBytes)
         return {};
@@ -40,11 +40,11 @@ std::string PictureExcess(AVPixelFormat format, int width, int height, const Pro
            " MiB of memory, and the limit is " + std::to_string(limits.pictureBytes >> 20);
 }
 
-std::string SoundExcess(const AVCodecParameters& sound) {
-    if (sound.sample_rate > 0 && (sound.sample_rate < LOWEST_SAMPLE_RATE || sound.sample_rate > HIGHEST_SAMPLE_RATE))
-        return "it claims " + std::to_string(sound.sample_rate) + " samples of sound a second";
-    if (sound.ch_layout.nb_channels > MOST_CHANNELS)
-        return "it claims " + std::to_string(sound.ch_layout.nb_channels) + " channels of sound";
+std::string AudioExcess(const AVCodecParameters& audio) {
+    if (audio.sample_rate > 0 && (audio.sample_rate < LOWEST_SAMPLE_RATE || audio.sample_rate > HIGHEST_SAMPLE_RATE))
+        return "it claims " + std::to_string(audio.sample_rate) + " samples of sound a second";
+    if (audio.ch_layout.nb_channels > MOST_CHANNELS)
+        return "it claims " + std::to_string(audio.ch_layout.nb_channels) + " channels of sound";
     return {};
 }
 
@@ -56,17 +56,17 @@ std::string ExcessOf(const AVStream& stream, const Proc::MediaLimits& limits) {
     if (parameters.codec_id == AV_CODEC_ID_SVG)
         return "it is a drawing (SVG), not a picture; it has to be made one first";
     if (parameters.codec_type == AVMEDIA_TYPE_AUDIO)
-        return SoundExcess(parameters);
+        return AudioExcess(parameters);
     const bool decoded =
         parameters.codec_type == AVMEDIA_TYPE_VIDEO && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC);
-    return decoded ? PictureExcess(static_cast<AVPixelFormat>(parameters.format), parameters.width, parameters.height,
-                                   limits)
-                   : std::string();
+    return decoded
+               ? VideoExcess(static_cast<AVPixelFormat>(parameters.format), parameters.width, parameters.height, limits)
+               : std::string();
 }
 
 std::string ExcessOf(const AVFrame& frame, const Proc::MediaLimits& limits) {
     if (frame.width > 0)
-        return PictureExcess(static_cast<AVPixelFormat>(frame.format), frame.width, frame.height, limits);
+        return VideoExcess(static_cast<AVPixelFormat>(frame.format), frame.width, frame.height, limits);
     return FrameBytes(frame) > limits.pictureBytes ? "a block of its sound takes more memory than the limit" : "";
 }
 
@@ -103,7 +103,7 @@ int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits) {
     for (Dictionary& option : options) {
         option.Set("max_pixels", pixels.c_str());
         // No decoder is of that name, so none is opened.
-        if (IsPictureFormat(context.iformat->name))
+        if (IsImageFormat(context.iformat->name))
             option.Set("codec_whitelist", "none");
         given.push_back(std::exchange(*option.Address(), nullptr));
     }
@@ -116,7 +116,7 @@ int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits) {
     return found;
 }
 
-std::int64_t LargestPictureOf(const AVCodecParameters& parameters) noexcept {
+std::int64_t LargestFrameOf(const AVCodecParameters& parameters) noexcept {
     return std::max<std::int64_t>(std::int64_t{parameters.width} * parameters.height, 0) * BYTES_OF_A_PIXEL;
 }
 
@@ -127,7 +127,7 @@ std::int64_t FrameBytes(const AVFrame& frame) noexcept {
            av_get_bytes_per_sample(static_cast<AVSampleFormat>(frame.format));
 }
 
-bool IsPictureFormat(const char* name) {
+bool IsImageFormat(const char* name) {
     const std::string format(name);
     return format == "image2" || (format.size() > 5 && format.compare(format.size() - 5, 5, "_pipe") == 0);
 }

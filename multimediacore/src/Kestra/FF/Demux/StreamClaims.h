@@ -20,12 +20,12 @@ std::string ExcessOf(const AVFrame& frame, const Proc::MediaLimits& limits);
 int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits);
 
 /// How much memory a picture of that size takes at most; 0 where none is known.
-std::int64_t LargestPictureOf(const AVCodecParameters& parameters) noexcept;
+std::int64_t LargestFrameOf(const AVCodecParameters& parameters) noexcept;
 
 /// How much memory the frame's picture or samples take.
 std::int64_t FrameBytes(const AVFrame& frame) noexcept;
 
 /// "png", "image2" and their like: files of one picture, or of some behind each other.
-bool IsPictureFormat(const char* name);
+bool IsImageFormat(const char* name);
 
 } // namespace Kestra::FF

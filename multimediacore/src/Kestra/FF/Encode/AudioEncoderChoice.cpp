@@ -152,7 +152,7 @@ EncodeSamples ChooseSamples(const IFormatCodecAudio& description, const IFormatC
     auto format = ToAv(static_cast<Conf::SampleFormats>(description.GetSampleFormat()));
     if (format == AV_SAMPLE_FMT_NONE)
         format = ToAv(static_cast<Conf::SampleFormats>(stream.GetSampleFormat()));
-    // Made up sound alone says nothing of its format.
+    // Made up audio alone says nothing of its format.
     result.format = NearestFormat(codec, format == AV_SAMPLE_FMT_NONE ? AV_SAMPLE_FMT_FLTP : format);
     result.bits = BitsKept(codec, result.format);
     return result;

@@ -1,8 +1,8 @@
 #include "Kestra/FF/Encode/AudioEncoderCore.h"
 
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/FF/Av/AudioSettling.h"
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/DecoderPreroll.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
@@ -97,14 +97,14 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
 }
 
 // Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins
-// at the cut itself. Vorbis has no packets of a fixed length; its first one gives no sound.
+// at the cut itself. Vorbis has no packets of a fixed length; its first one gives no audio.
 std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
     if (codec->id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
         return 0;
     CodecParametersHandle parameters = MakeCodecParameters();
     Check(avcodec_parameters_from_context(parameters.get(), &context), TranscodingError::EncodeFailed,
           "The encoder's parameters");
-    return (SettlingSamples(*parameters) + context.frame_size - 1) / context.frame_size * context.frame_size;
+    return (PrerollSamples(*parameters) + context.frame_size - 1) / context.frame_size * context.frame_size;
 }
 
 // Nothing is encoded that a cut would throw away: a short range of a long project costs what the range costs.

@@ -11,8 +11,8 @@ public:
 
     bool FollowsStream() const override { return true; }
 
-    std::string Advise(const EncodePicture& picture) const override {
-        return "pictures of " + std::to_string(picture.width) + "x" + std::to_string(picture.height) +
+    std::string Advise(const EncoderInput& frame) const override {
+        return "pictures of " + std::to_string(frame.width) + "x" + std::to_string(frame.height) +
                " do not go with that bitrate or profile. Without a profile it takes, in 8 bits and progressive, "
                "1920x1080 at 36, 45, 75, 90, 115, 120, 145, 175, 185, 220, 240, 290, 365 or 440 Mbit/s, "
                "1440x1080 at 63, 84, 100 or 110, 1280x720 at 60, 75, 90, 110, 120, 145, 180 or 220 "

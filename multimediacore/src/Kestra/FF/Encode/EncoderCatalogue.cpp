@@ -17,7 +17,7 @@ struct Choice {
     const char* encoder;
 };
 
-// Of sound; a codec that neither stands here nor has a driver has the library's own encoder.
+// Of audio; a codec that neither stands here nor has a driver has the library's own encoder.
 constexpr Choice CHOICES[] = {
     {CodecID::AAC, "aac"},
     {CodecID::Opus, "libopus"},

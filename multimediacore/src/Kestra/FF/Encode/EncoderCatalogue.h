@@ -14,10 +14,10 @@ const AVCodec& FindEncoder(const Conf::IFormatCodec& description, AVMediaType me
 /// Every encoder that may come to encode the codec, the preferred one first; none where this installation has none.
 std::vector<const AVCodec*> EncodersOf(Conf::CodecID id);
 
-/// Whether the encoder takes pictures of that format as they are.
+/// Whether the encoder takes frames of that format as they are.
 bool TakesFormat(const AVCodec& codec, AVPixelFormat format);
 
-/// `codec`, or another encoder of the same codec where this one does not take pictures so small.
+/// `codec`, or another encoder of the same codec where this one does not take frames so small.
 const AVCodec& EncoderForSize(const AVCodec& codec, int width, int height);
 
 /// `codec`, or another encoder of the same codec where this one has no passes and cannot hold a constant bitrate.

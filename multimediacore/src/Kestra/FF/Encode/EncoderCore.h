@@ -12,7 +12,7 @@
 
 namespace Kestra::FF {
 
-/// What encoders of pictures and of sound share: the pump between frames and packets, and the settings.
+/// What encoders of pictures and of audio share: the pump between frames and packets, and the settings.
 class EncoderCore : public Proc::IPacketSource, public RefCountImpl {
 public:
     /// Settings merged into the description; possible until Prepare. Throws ProcException (NotSupported) after it.

@@ -11,7 +11,7 @@ public:
 
     bool FollowsStream() const override { return true; }
     bool FlagsFields() const override { return true; }
-    // Its earlier versions have no flags of fields for each picture.
+    // Its earlier versions have no flags of fields for each frame.
     void AllowFields(AVCodecContext& context) const override { context.level = 3; }
     bool KeepsSamples() const override { return true; }
     bool HasRate() const override { return false; }

@@ -1,7 +1,7 @@
 #include "Kestra/FF/Encode/TwoPassLog.h"
 
 #include "Kestra/FF/Av/Error.h"
-#include "Kestra/FF/Encode/TwoPassSeal.h"
+#include "Kestra/FF/Encode/StatisticsManifest.h"
 #include "Kestra/FF/Encode/X265Parameters.h"
 #include <cmath>
 #include <cstdlib>
@@ -25,13 +25,13 @@ std::int64_t NumberAfter(const std::string& line, const char* label) {
     return at == std::string::npos ? 0 : std::strtoll(line.c_str() + at + std::strlen(label), nullptr, 10);
 }
 
-/// What the encoder says of the picture in a packet.
-std::optional<PicturePlan::Picture> PictureOf(const AVPacket& packet) {
+/// What the encoder says of the frame in a packet.
+std::optional<BitAllocation::Picture> PictureOf(const AVPacket& packet) {
     std::size_t size = 0;
     const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_QUALITY_STATS, &size);
     if (!data || size < 5)
         return std::nullopt;
-    PicturePlan::Picture picture;
+    BitAllocation::Picture picture;
     picture.type = av_get_picture_type_char(static_cast<AVPictureType>(data[4]));
     picture.lambda = static_cast<int>(AV_RL32(data));
     picture.bits = std::int64_t{packet.size} * 8;
@@ -50,7 +50,7 @@ TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCo
         Read();
         return;
     }
-    TwoPassSeal::Break(path);
+    StatisticsManifest::Remove(path);
     file.emplace(path, StatisticsFile::Mode::Write);
     // These open it themselves, but would not say what is wrong with it.
     if (kind == Kind::X264 || kind == Kind::X265)
@@ -58,9 +58,9 @@ TwoPassLog::TwoPassLog(const Proc::SettingsTwoPassEncoding& settings, const AVCo
 }
 
 void TwoPassLog::Read() {
-    pictures = TwoPassSeal::Verify(path);
+    frames = StatisticsManifest::Verify(path);
     // No encoder takes statistics of nothing.
-    if (pictures == 0)
+    if (frames == 0)
         kind = Kind::None;
     if (kind == Kind::Handover || kind == Kind::Pictures)
         StatisticsFile(path, StatisticsFile::Mode::Read).ReadAll([this](const char* bytes, std::size_t size) {
@@ -74,7 +74,7 @@ void TwoPassLog::Configure(AVCodecContext& context) {
     if (kind == Kind::X265)
         return ConfigureX265(context);
     if (kind == Kind::Pictures)
-        return ConfigurePictures(context);
+        return ConfigureFrames(context);
     context.flags |= firstPass ? AV_CODEC_FLAG_PASS1 : AV_CODEC_FLAG_PASS2;
     if (kind == Kind::X264)
         ConfigureX264(context);
@@ -94,7 +94,7 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
     std::ifstream lines(path);
     for (std::string line; std::getline(lines, line);)
         needed += NumberAfter(line, " misc:");
-    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    const double seconds = static_cast<double>(frames) / av_q2d(context.framerate);
     const auto lowest = static_cast<std::int64_t>(std::ceil(static_cast<double>(needed) / seconds / 1000)) * 1000;
     if (context.bit_rate / 1000 * 1000 < lowest)
         Fail(TranscodingError::CodecRefused, "libx264 cannot meet " + std::to_string(context.bit_rate) +
@@ -107,15 +107,15 @@ void TwoPassLog::ConfigureX265(AVCodecContext& context) const {
     SetX265Parameter(context, "stats", path.c_str());
 }
 
-void TwoPassLog::ConfigurePictures(AVCodecContext& context) {
+void TwoPassLog::ConfigureFrames(AVCodecContext& context) {
     if (firstPass)
         return;
-    auto found = PicturePlan::Parse(statistics, pictures);
+    auto found = BitAllocation::Parse(statistics, frames);
     if (!found)
         Fail(TranscodingError::SourceDamaged, "The statistics of the first pass \"" + path + "\" are damaged");
-    const double seconds = static_cast<double>(pictures) / av_q2d(context.framerate);
+    const double seconds = static_cast<double>(frames) / av_q2d(context.framerate);
     plan.emplace(std::move(*found), static_cast<double>(context.bit_rate) * seconds,
-                 PicturePlan::Bounds{context.qmin * FF_QP2LAMBDA, context.qmax * FF_QP2LAMBDA});
+                 BitAllocation::Bounds{context.qmin * FF_QP2LAMBDA, context.qmax * FF_QP2LAMBDA});
     context.flags |= AV_CODEC_FLAG_QSCALE;
 }
 
@@ -123,11 +123,11 @@ void TwoPassLog::Guide(AVFrame& frame) {
     if (kind == Kind::None)
         return;
     if (firstPass) {
-        ++pictures;
+        ++frames;
         return;
     }
-    if (frame.pts >= pictures)
-        Fail(TranscodingError::EncodeFailed, "The second pass has more than the " + std::to_string(pictures) +
+    if (frame.pts >= frames)
+        Fail(TranscodingError::EncodeFailed, "The second pass has more than the " + std::to_string(frames) +
                                                  " pictures of the first, whose log is \"" + path + '"');
     if (!plan)
         return;
@@ -144,7 +144,7 @@ void TwoPassLog::Note(const AVPacket& packet) {
     const auto picture = PictureOf(packet);
     if (!picture)
         Fail(TranscodingError::EncodeFailed, "The encoder gives no statistics for \"" + path + '"');
-    file->Write(PicturePlan::Line(packet.pts, *picture));
+    file->Write(BitAllocation::Line(packet.pts, *picture));
 }
 
 void TwoPassLog::Collect(const AVCodecContext& context) {
@@ -158,8 +158,8 @@ void TwoPassLog::Complete() {
     if (file)
         file->Close();
     if (kind == Kind::X264 || kind == Kind::X265)
-        CountPictures();
-    TwoPassSeal::Set(path, pictures);
+        CountFrames();
+    StatisticsManifest::Write(path, frames);
 }
 
 void TwoPassLog::ExplainFailure() const {
@@ -173,15 +173,15 @@ void TwoPassLog::ExplainFailure() const {
 }
 
 /// These do not look whether what they write arrives.
-void TwoPassLog::CountPictures() const {
+void TwoPassLog::CountFrames() const {
     std::ifstream lines(path);
     std::int64_t found = 0;
     for (std::string line; std::getline(lines, line);)
         found += line.compare(0, 3, "in:") == 0 && line.back() == ';' ? 1 : 0;
-    if (found != pictures)
+    if (found != frames)
         Fail(TranscodingError::OutputNotWritable, "The log of the first pass \"" + path +
                                                       "\" could not be written: " + std::to_string(found) + " of " +
-                                                      std::to_string(pictures) + " pictures stand in it");
+                                                      std::to_string(frames) + " pictures stand in it");
 }
 
 } // namespace Kestra::FF

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
-#include "Kestra/FF/Encode/PicturePlan.h"
+#include "Kestra/FF/Encode/BitAllocation.h"
 #include "Kestra/FF/Encode/StatisticsFile.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/Proc/Settings/SettingsTwoPassEncoding.h"
@@ -13,7 +13,7 @@
 namespace Kestra::FF {
 
 /// x264 and x265 read and write the file themselves; libvpx and libaom hand their statistics over; for encoders that
-/// take a quantiser for each picture they are what became of each, and the second pass goes by a PicturePlan. Outlives
+/// take a quantiser for each frame they are what became of each, and the second pass goes by a BitAllocation. Outlives
 /// the codec context that it has configured. Everything that fails throws ProcException that names the file.
 class TwoPassLog {
 public:
@@ -46,16 +46,16 @@ private:
     void Read();
     void ConfigureX264(AVCodecContext& context) const;
     void ConfigureX265(AVCodecContext& context) const;
-    void ConfigurePictures(AVCodecContext& context);
-    void CountPictures() const;
+    void ConfigureFrames(AVCodecContext& context);
+    void CountFrames() const;
 
     const std::string path;
     const bool firstPass;
     Kind kind;
     std::optional<StatisticsFile> file;
     std::string statistics;
-    std::optional<PicturePlan> plan;
-    std::int64_t pictures = 0; ///< of the first pass
+    std::optional<BitAllocation> plan;
+    std::int64_t frames = 0; ///< of the first pass
 };
 
 } // namespace Kestra::FF

@@ -10,19 +10,19 @@ namespace Kestra::FF {
 
 namespace {
 
-/// Pictures from this many pixels on are worth several threads.
-constexpr int LARGE_PICTURE = 1920 * 1080;
+/// Frames from this many pixels on are worth several threads.
+constexpr int LARGE_FRAME = 1920 * 1080;
 constexpr int MOST_THREADS = 8;
 
-PictureTarget TargetFor(const EncodePicture& picture) {
-    PictureTarget target;
-    target.width = picture.width;
-    target.height = picture.height;
-    target.sampleAspect = picture.sampleAspect;
-    target.format = PlainFormat(picture.format);
-    target.colour = picture.colour;
-    target.place = {0, 0, picture.width, picture.height};
-    if (picture.width * picture.height >= LARGE_PICTURE)
+FrameTarget TargetFor(const EncoderInput& input) {
+    FrameTarget target;
+    target.width = input.width;
+    target.height = input.height;
+    target.sampleAspect = input.sampleAspect;
+    target.format = PlainFormat(input.format);
+    target.colour = input.colour;
+    target.place = {0, 0, input.width, input.height};
+    if (input.width * input.height >= LARGE_FRAME)
         target.threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 1, MOST_THREADS);
     return target;
 }
@@ -34,16 +34,16 @@ bool SamePixels(const AVFrame& a, const AVFrame& b) {
 
 } // namespace
 
-VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncodePicture& picture)
+VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input)
     : VideoFilterBase(source, "conform")
-    , picture(picture)
-    , target(TargetFor(picture)) {
+    , input(input)
+    , target(TargetFor(input)) {
     boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
     source->GetVideoFormat(format);
     const AVPixelFormat own = ToAv(format->GetPixelFormat());
     streamColour =
-        CompleteColour(format->GetColour(), picture.width, picture.height,
-                       own == AV_PIX_FMT_NONE ? picture.format : own, format->GetColour().range == AVCOL_RANGE_JPEG);
+        CompleteColour(format->GetColour(), input.width, input.height, own == AV_PIX_FMT_NONE ? input.format : own,
+                       format->GetColour().range == AVCOL_RANGE_JPEG);
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> VideoConform::ReadVideo() {
@@ -63,13 +63,13 @@ FrameHandle VideoConform::Conform(const AVFrame& frame) {
     source->format = PlainFormat(static_cast<AVPixelFormat>(frame.format));
     if (IsFullRangeFormat(static_cast<AVPixelFormat>(frame.format)))
         source->color_range = AVCOL_RANGE_JPEG;
-    // A picture that says nothing of its colour is taken for one of the stream that it came in.
+    // A frame that says nothing of its colour is taken for one of the stream that it came in.
     SetColour(*source, Completed(ColourOf(*source), streamColour));
     target.source = {0, 0, frame.width, frame.height};
     FrameHandle result = converter.Convert(*source, target);
-    result->format = picture.format;
-    SetColour(*result, picture.colour);
-    const bool keepsFields = picture.interlaced && frame.height == picture.height;
+    result->format = input.format;
+    SetColour(*result, input.colour);
+    const bool keepsFields = input.interlaced && frame.height == input.height;
     result->interlaced_frame = keepsFields ? frame.interlaced_frame : 0;
     result->top_field_first = keepsFields ? frame.top_field_first : 0;
     return result;
@@ -77,7 +77,7 @@ FrameHandle VideoConform::Conform(const AVFrame& frame) {
 
 void VideoConform::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     source->GetVideoFormat(format);
-    FF::Describe(picture, *format);
+    FF::Describe(input, *format);
 }
 
 void VideoConform::Reset() {
@@ -86,13 +86,13 @@ void VideoConform::Reset() {
     lastResult.reset();
 }
 
-void Describe(const EncodePicture& picture, Conf::IFormatCodecVideo& format) {
-    const Conf::FrameInfo frame = MakeFrameInfo(picture.width, picture.height, picture.sampleAspect);
+void Describe(const EncoderInput& input, Conf::IFormatCodecVideo& format) {
+    const Conf::FrameInfo frame = MakeFrameInfo(input.width, input.height, input.sampleAspect);
     format.InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
-    format.SetPixelFormat(FromAv(picture.format));
-    format.SetColour(picture.colour);
+    format.SetPixelFormat(FromAv(input.format));
+    format.SetColour(input.colour);
     Core::Property tree = format.GetProperty();
-    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, picture.interlaced);
+    tree.SetChild(Conf::IFormatCodecVideo::TAG_INTERLACED, input.interlaced);
     format.SetProperty(tree);
 }
 

@@ -1,16 +1,16 @@
 // Kestra::FF::VideoConform: the last stage before a video encoder.
 #pragma once
 
-#include "Kestra/FF/Picture/EncodePicture.h"
-#include "Kestra/FF/Picture/PictureConverter.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
+#include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 
 namespace Kestra::FF {
 
-/// Every picture comes out as `picture` says. One that is shown several times is converted once.
+/// Every frame comes out as `input` says. One that is shown several times is converted once.
 class VideoConform final : public Proc::VideoFilterBase {
 public:
-    VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncodePicture& picture);
+    VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input);
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
@@ -19,16 +19,16 @@ public:
 private:
     FrameHandle Conform(const AVFrame& frame);
 
-    const EncodePicture picture;
-    PictureTarget target;
+    const EncoderInput input;
+    FrameTarget target;
     Conf::ColourInfo streamColour; ///< complete
-    PictureConverter converter;
-    /// The last picture and what became of it; holding the picture keeps its memory from being used again.
+    FrameConverter converter;
+    /// The last frame and what became of it; holding the frame keeps its memory from being used again.
     FrameHandle lastSource;
     FrameHandle lastResult;
 };
 
-/// Writes what `picture` says into a description.
-void Describe(const EncodePicture& picture, Conf::IFormatCodecVideo& format);
+/// Writes what `input` says into a description.
+void Describe(const EncoderInput& input, Conf::IFormatCodecVideo& format);
 
 } // namespace Kestra::FF

@@ -25,7 +25,7 @@ bool VideoDriver::TakesFormat(AVPixelFormat) const {
 
 void VideoDriver::AllowFields(AVCodecContext&) const {}
 
-std::string VideoDriver::Advise(const EncodePicture&) const {
+std::string VideoDriver::Advise(const EncoderInput&) const {
     return {};
 }
 

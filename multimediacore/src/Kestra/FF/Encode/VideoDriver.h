@@ -1,10 +1,10 @@
-// Kestra::FF::VideoDriver: what is particular to one of the codec library's encoders of pictures.
+// Kestra::FF::VideoDriver: what is particular to one of the codec library's encoders of frames.
 #pragma once
 
 #include "Kestra/Conf/CodecID.h"
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Av/OptionList.h"
-#include "Kestra/FF/Picture/EncodePicture.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
 #include <string>
 #include <vector>
 
@@ -17,10 +17,10 @@ public:
     /// How a first pass tells the second one what it has seen.
     enum class Statistics {
         None,     ///< there are no passes
-        X264,     ///< the encoder writes a file, one line a picture
+        X264,     ///< the encoder writes a file, one line a frame
         X265,     ///< likewise, and takes its own options for it
         Handover, ///< one block at the end, in place of packets
-        Pictures, ///< each packet's quantiser and size; the second pass takes a quantiser for each picture
+        Pictures, ///< each packet's quantiser and size; the second pass takes a quantiser for each frame
     };
 
     /// `encoder` is the codec library's name for it.
@@ -45,12 +45,12 @@ public:
     virtual bool MeetsExactRates() const { return true; }
     /// Of the formats that the encoder names, those that come out as what they are.
     virtual bool TakesFormat(AVPixelFormat format) const;
-    /// Whether pictures keep their format where nothing else is ordered. Every profile of the other codecs is shown
+    /// Whether frames keep their format where nothing else is ordered. Every profile of the other codecs is shown
     /// anywhere with 8 bit 4:2:0 only.
     virtual bool FollowsStream() const { return false; }
     /// That one.
     virtual AVPixelFormat UsualFormat() const { return AV_PIX_FMT_YUV420P; }
-    /// Whether each picture says by itself whether it is interlaced.
+    /// Whether each frame says by itself whether it is interlaced.
     virtual bool FlagsFields() const { return false; }
     /// For a stream that may have fields.
     virtual void AllowFields(AVCodecContext& context) const;
@@ -59,9 +59,9 @@ public:
     /// The codes that its streams have names for; another one would be lost in the file.
     virtual Conf::ColourInfo Tellable(Conf::ColourInfo colour) const { return colour; }
     /// What a user can do about settings that it refuses; empty where nobody knows.
-    virtual std::string Advise(const EncodePicture& picture) const;
+    virtual std::string Advise(const EncoderInput& frame) const;
 
-    /// Threads, and how much time a picture gets.
+    /// Threads, and how much time a frame gets.
     virtual void SetSpeed(AVCodecContext& context, const OptionList& options) const;
     /// Whether the bits can be chosen.
     virtual bool HasRate() const { return true; }

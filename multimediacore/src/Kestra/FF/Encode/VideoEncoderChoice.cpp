@@ -37,7 +37,7 @@ const PixelFormatRecord& RecordOf(PixelFormat format, const AVCodec& codec) {
     return *record;
 }
 
-/// What a candidate makes of pictures is compared first, then how much room it wastes.
+/// What a candidate makes of frames is compared first, then how much room it wastes.
 auto Unfitness(const PixelFormatRecord& from, const PixelFormatRecord& to) {
     return std::make_tuple(PixelLoss::Between(from, to), to.alpha && !from.alpha, to.kind != from.kind,
                            to.bits - from.bits, -(to.chromaShiftX + to.chromaShiftY));
@@ -115,7 +115,7 @@ std::optional<bool> Flag(const IFormatCodecVideo& format, const char* tag) {
     return tree.ChildExists(tag) ? std::optional(tree[tag].GetBool()) : std::nullopt;
 }
 
-/// Where each picture has a flag of its own, one that says nothing now may have fields later.
+/// Where each frame has a flag of its own, one that says nothing now may have fields later.
 bool KeepsFields(const IFormatCodecVideo& description, const IFormatCodecVideo& stream, const VideoDriver& driver) {
     const char* const tag = IFormatCodecVideo::TAG_INTERLACED;
     return Flag(description, tag).value_or(false) && ClientAPI::CodecLimits::CodesFields(description.GetCodecID()) &&
@@ -128,7 +128,7 @@ int DepthOf(AVPixelFormat format) {
 }
 
 /// The stream's colour, but none where it is of a high range that the encoder is not to have, or has too few bits for:
-/// then it is that of ordinary pictures of the size.
+/// then it is that of ordinary frames of the size.
 Conf::ColourInfo ChooseColour(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
                               AVPixelFormat format) {
     Conf::ColourInfo colour = stream.GetColour();
@@ -145,11 +145,10 @@ Conf::ColourInfo ChooseColour(const IFormatCodecVideo& description, const IForma
 
 } // namespace
 
-EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatCodecVideo& stream,
-                            const AVCodec& codec) {
-    EncodePicture picture;
-    picture.format = ChooseFormat(description, stream, codec);
-    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(picture.format);
+EncoderInput ChooseInput(const IFormatCodecVideo& description, const IFormatCodecVideo& stream, const AVCodec& codec) {
+    EncoderInput input;
+    input.format = ChooseFormat(description, stream, codec);
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(input.format);
     const Conf::FrameInfo own = stream.GetFrameInfo();
     const Conf::FrameInfo frame = own.width > 0 && own.height > 0 ? own : description.GetFrameInfo();
     if (frame.width == 0 || frame.height == 0)
@@ -158,21 +157,21 @@ EncodePicture ChoosePicture(const IFormatCodecVideo& description, const IFormatC
     const VideoDriver& driver = VideoDriver::Of(codec);
     const Conf::VideoCodec* const limits = Conf::Codec::FindVideo(driver.GetCodec());
     const bool odd = limits && limits->oddSides == Conf::VideoCodec::OddSides::Taken;
-    picture.width = FitSide(frame.width, odd ? 0 : descriptor.log2_chroma_w);
-    picture.height = FitSide(frame.height, odd ? 0 : descriptor.log2_chroma_h);
-    picture.sampleAspect = SampleAspectOf(frame);
-    picture.interlaced = KeepsFields(description, stream, driver);
-    picture.topFieldFirst = Flag(stream, IFormatCodecVideo::TAG_TOP_FIELD_FIRST).value_or(true);
-    Conf::ColourInfo colour = ChooseColour(description, stream, picture.format);
+    input.width = FitSide(frame.width, odd ? 0 : descriptor.log2_chroma_w);
+    input.height = FitSide(frame.height, odd ? 0 : descriptor.log2_chroma_h);
+    input.sampleAspect = SampleAspectOf(frame);
+    input.interlaced = KeepsFields(description, stream, driver);
+    input.topFieldFirst = Flag(stream, IFormatCodecVideo::TAG_TOP_FIELD_FIRST).value_or(true);
+    Conf::ColourInfo colour = ChooseColour(description, stream, input.format);
     const Conf::ColourInfo wanted = description.GetColour();
     if (wanted.matrix != AVCOL_SPC_UNSPECIFIED)
         colour.matrix = wanted.matrix;
     colour = driver.Tellable(colour);
-    // Lossless pictures keep their samples, and so their range; players of the others expect the limited one.
+    // Lossless frames keep their samples, and so their range; players of the others expect the limited one.
     const bool kept = driver.KeepsSamples() && wanted.range == AVCOL_RANGE_UNSPECIFIED;
-    const bool full = IsFullRangeFormat(picture.format) || (kept ? colour.range : wanted.range) == AVCOL_RANGE_JPEG;
-    picture.colour = CompleteColour(colour, picture.width, picture.height, picture.format, full);
-    return picture;
+    const bool full = IsFullRangeFormat(input.format) || (kept ? colour.range : wanted.range) == AVCOL_RANGE_JPEG;
+    input.colour = CompleteColour(colour, input.width, input.height, input.format, full);
+    return input;
 }
 
 boost::rational<long long> ChooseFrameRate(const IFormatCodecVideo& description, const IFormatCodecVideo& stream) {

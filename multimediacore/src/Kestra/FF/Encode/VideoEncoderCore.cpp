@@ -28,11 +28,11 @@ using Proc::TranscodingError;
 
 namespace {
 
-/// Conformed pictures that wait for the encoder, to even out uneven decoding. Of large ones, which fill memory and take
+/// Conformed frames that wait for the encoder, to even out uneven decoding. Of large ones, which fill memory and take
 /// long to encode anyway, one is enough.
-int PicturesAhead(const EncodePicture& picture) {
+int FramesAhead(const EncoderInput& input) {
     constexpr int LARGE = 4 << 20;
-    return av_image_get_buffer_size(picture.format, picture.width, picture.height, 1) > LARGE ? 1 : 2;
+    return av_image_get_buffer_size(input.format, input.width, input.height, 1) > LARGE ? 1 : 2;
 }
 
 boost::intrusive_ptr<IFormatCodecVideo> DescriptionOf(const Core::Property& tree) {
@@ -98,21 +98,21 @@ std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(picture));
+    return std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(input));
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     stream->Prepare();
     boost::intrusive_ptr<IFormatCodecVideo> format;
     stream->GetVideoFormat(format);
-    picture = ChoosePicture(description, *format, *codec);
+    input = ChooseInput(description, *format, *codec);
     offersFields = IsInterlaced(*format);
-    tellsHdr = Conf::HdrInfo::IsTold(*format) && format->GetColour().transfer == picture.colour.transfer;
-    hdr = CarriesHdr(picture.colour.transfer, picture.format) && tellsHdr ? MetadataOf(Conf::HdrInfo::Of(*format))
-                                                                          : HdrMetadata{};
-    codec = &EncoderForSize(*codec, picture.width, picture.height);
+    tellsHdr = Conf::HdrInfo::IsTold(*format) && format->GetColour().transfer == input.colour.transfer;
+    hdr = CarriesHdr(input.colour.transfer, input.format) && tellsHdr ? MetadataOf(Conf::HdrInfo::Of(*format))
+                                                                      : HdrMetadata{};
+    codec = &EncoderForSize(*codec, input.width, input.height);
     rate = ChooseFrameRate(description, *format);
-    FF::Describe(picture, *format);
+    FF::Describe(input, *format);
     format->SetFrameRate(rate);
     Core::Property preferred = format->GetProperty();
     preferred.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED,
@@ -125,37 +125,37 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     Proc::SettingsFilterFrameRate settings;
     settings.SetFrameRate(rate);
     const boost::intrusive_ptr<Proc::IStreamVideo> conform =
-        new VideoConform(filters.CreateFrameRate(stream, settings), picture);
-    chain = filters.CreateReadAhead(conform, PicturesAhead(picture));
+        new VideoConform(filters.CreateFrameRate(stream, settings), input);
+    chain = filters.CreateReadAhead(conform, FramesAhead(input));
     chain->Prepare();
-    if (picture.interlaced || CarriesHdr(picture.colour.transfer, picture.format))
+    if (input.interlaced || CarriesHdr(input.colour.transfer, input.format))
         Peek();
 }
 
-// The order of the fields, and mostly the display of grading, stand in the pictures alone, and the encoder has to know
+// The order of the fields, and mostly the display of grading, stand in the frames alone, and the encoder has to know
 // them before the first one.
 void VideoEncoderCore::Peek() {
     peeked = chain->ReadVideo();
     if (!peeked)
         return;
     const AVFrame& frame = FrameOf(*peeked);
-    if (CarriesHdr(picture.colour.transfer, picture.format) && !tellsHdr)
+    if (CarriesHdr(input.colour.transfer, input.format) && !tellsHdr)
         hdr = HdrMetadataOf(frame);
-    if (picture.interlaced)
+    if (input.interlaced)
         SettleFields(frame);
 }
 
-// Material that is interlaced in parts may begin with a progressive picture.
+// Material that is interlaced in parts may begin with a progressive frame.
 void VideoEncoderCore::SettleFields(const AVFrame& first) {
     if (first.interlaced_frame)
-        picture.topFieldFirst = first.top_field_first != 0;
+        input.topFieldFirst = first.top_field_first != 0;
     else if (Driver().FlagsFields() || !offersFields)
-        picture.interlaced = false;
+        input.interlaced = false;
 }
 
 CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
     CodecContextHandle context = MakeCodecContext(codec);
-    ConfigurePicture(*context);
+    ConfigureInput(*context);
     SetKeyframeDistance(*context, description);
     Driver().SetSpeed(*context, options);
     SetRateControl(*context, description, IsApprovedVbrOnly());
@@ -169,25 +169,25 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     return context;
 }
 
-void VideoEncoderCore::ConfigurePicture(AVCodecContext& context) const {
-    context.width = picture.width;
-    context.height = picture.height;
-    context.pix_fmt = picture.format;
-    context.sample_aspect_ratio = picture.sampleAspect;
+void VideoEncoderCore::ConfigureInput(AVCodecContext& context) const {
+    context.width = input.width;
+    context.height = input.height;
+    context.pix_fmt = input.format;
+    context.sample_aspect_ratio = input.sampleAspect;
     context.time_base = TimeBase();
     context.framerate = ToAv(rate);
-    context.color_primaries = static_cast<AVColorPrimaries>(picture.colour.primaries);
-    context.color_trc = static_cast<AVColorTransferCharacteristic>(picture.colour.transfer);
-    context.colorspace = static_cast<AVColorSpace>(picture.colour.matrix);
-    context.color_range = static_cast<AVColorRange>(picture.colour.range);
+    context.color_primaries = static_cast<AVColorPrimaries>(input.colour.primaries);
+    context.color_trc = static_cast<AVColorTransferCharacteristic>(input.colour.transfer);
+    context.colorspace = static_cast<AVColorSpace>(input.colour.matrix);
+    context.color_range = static_cast<AVColorRange>(input.colour.range);
     context.chroma_sample_location = AVCHROMA_LOC_LEFT;
     context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     context.field_order = AV_FIELD_PROGRESSIVE;
     if (offersFields)
         Driver().AllowFields(context);
-    if (picture.interlaced) {
+    if (input.interlaced) {
         context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
-        context.field_order = picture.topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
+        context.field_order = input.topFieldFirst ? AV_FIELD_TT : AV_FIELD_BB;
     }
 }
 
@@ -210,7 +210,7 @@ FrameHandle VideoEncoderCore::NextFrame() {
     // A decoder's mark; the wrapper of x265 keeps a copy of each, and loses those of frames that a stop leaves behind.
     frame->reordered_opaque = 0;
     frame->pkt_duration = 1;
-    // What the source's encoder chose for this picture is nothing to this one.
+    // What the source's encoder chose for this frame is nothing to this one.
     frame->pict_type = AV_PICTURE_TYPE_NONE;
     frame->key_frame = 0;
     frame->quality = GetContext().global_quality;
@@ -271,7 +271,7 @@ void VideoEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& forma
         format = description;
         return;
     }
-    FF::Describe(picture, *description);
+    FF::Describe(input, *description);
     description->SetFrameRate(rate);
     format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty(), hdr);
 }

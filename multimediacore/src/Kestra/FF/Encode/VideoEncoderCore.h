@@ -1,10 +1,10 @@
-// Kestra::FF::VideoEncoderCore: packets from pictures.
+// Kestra::FF::VideoEncoderCore: packets from frames.
 #pragma once
 
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
 #include "Kestra/FF/Encode/TwoPassLog.h"
-#include "Kestra/FF/Picture/EncodePicture.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "Kestra/Proc/IStreamVideo.h"
 #include <boost/rational.hpp>
@@ -20,7 +20,7 @@ public:
     void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
-    /// Pictures are cut before they are encoded; there is nothing to be aligned.
+    /// Frames are cut before they are encoded; there is nothing to be aligned.
     void AlignTo(std::int64_t, std::int64_t) override {}
     std::string Describe() const override;
 
@@ -40,7 +40,7 @@ private:
     void Peek();
     void SettleFields(const AVFrame& first);
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
-    void ConfigurePicture(AVCodecContext& context) const;
+    void ConfigureInput(AVCodecContext& context) const;
     bool IsApprovedVbrOnly() const;
     const VideoDriver& Driver() const;
     AVRational TimeBase() const;
@@ -50,14 +50,14 @@ private:
     boost::intrusive_ptr<Proc::IStreamVideo> chain;
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
-    EncodePicture picture;
+    EncoderInput input;
     HdrMetadata hdr; ///< for container and stream
     boost::rational<long long> rate{0};
     std::int64_t frameCount = -1; ///< -1: as many as come
     std::int64_t framesSent = 0;
     std::int64_t position = 0;
     bool offersFields = false; ///< the stream says that it is interlaced
-    bool tellsHdr = false;     ///< the stream says what its pictures tell together
+    bool tellsHdr = false;     ///< the stream says what its frames tell together
 };
 
 } // namespace Kestra::FF

@@ -13,7 +13,7 @@ class VpxDriver : public VideoDriver {
 public:
     using VideoDriver::VideoDriver;
 
-    // Alpha would be a second picture beside the first, which nothing in the file tells of.
+    // Alpha would be a second frame beside the first, which nothing in the file tells of.
     bool TakesFormat(AVPixelFormat format) const override { return !HasAlpha(format); }
 
     void SetSpeed(AVCodecContext& context, const OptionList&) const override {
@@ -50,7 +50,7 @@ public:
     Vp8()
         : VpxDriver(Conf::CodecID::VP8, "libvpx") {}
 
-    // By quality it keeps to a bitrate all the same: one that no picture reaches.
+    // By quality it keeps to a bitrate all the same: one that no frame reaches.
     void SetQuality(AVCodecContext& context, double quality) const override {
         constexpr std::int64_t BOUND = 300'000'000;
         VpxDriver::SetQuality(context, quality);

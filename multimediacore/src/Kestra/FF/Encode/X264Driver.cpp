@@ -25,7 +25,7 @@ public:
     Driver()
         : VideoDriver(Conf::CodecID::H264, "libx264") {}
 
-    // It tells no matrix of grey pictures, and its decoders show them as those of colour.
+    // It tells no matrix of grey frames, and its decoders show them as those of colour.
     bool TakesFormat(AVPixelFormat format) const override { return av_pix_fmt_desc_get(format)->nb_components >= 3; }
 
     // Its list ends before that code.
@@ -36,7 +36,7 @@ public:
     }
 
     // Two frame threads a processor and two for the lookahead. Presets that do not look ahead gain nothing by that and
-    // get one thread more than there are processors, since each holds pictures.
+    // get one thread more than there are processors, since each holds frames.
     void SetSpeed(AVCodecContext& context, const OptionList& options) const override {
         const bool looksAhead = LooksAhead(options);
         context.thread_count = std::min(looksAhead ? 2 * Processors() : Processors() + 1, MOST_THREADS);

@@ -15,7 +15,7 @@ namespace Kestra::FF {
 
 namespace {
 
-/// What pictures become whose alpha, if any, cannot be reached directly.
+/// What frames become whose alpha, if any, cannot be reached directly.
 constexpr AVPixelFormat FALLBACK = AV_PIX_FMT_BGRA;
 /// Opacity is counted in parts of this.
 constexpr std::uint32_t OPAQUE = 1U << 16;
@@ -62,7 +62,7 @@ AlphaEnvelope::AlphaEnvelope(const Proc::TimeToProgress& progress)
 
 const AVFrame& AlphaEnvelope::WithAlpha(const AVFrame& frame) {
     return last.Get(frame, [this](const AVFrame& source) {
-        PictureTarget target;
+        FrameTarget target;
         target.width = source.width;
         target.height = source.height;
         target.sampleAspect = source.sample_aspect_ratio;
@@ -72,15 +72,15 @@ const AVFrame& AlphaEnvelope::WithAlpha(const AVFrame& frame) {
     });
 }
 
-boost::intrusive_ptr<Proc::IDataVideo> AlphaEnvelope::Apply(const boost::intrusive_ptr<Proc::IDataVideo>& picture) {
-    const AVFrame& given = FrameOf(*picture);
+boost::intrusive_ptr<Proc::IDataVideo> AlphaEnvelope::Apply(const boost::intrusive_ptr<Proc::IDataVideo>& data) {
+    const AVFrame& given = FrameOf(*data);
     const bool direct = CanBlend(static_cast<AVPixelFormat>(given.format));
-    const std::uint32_t opacity = OpacityOf(progress.GetProgress(picture->GetTime()));
+    const std::uint32_t opacity = OpacityOf(progress.GetProgress(data->GetTime()));
     if (direct && opacity == OPAQUE)
-        return picture;
+        return data;
     const AVFrame& frame = direct ? given : WithAlpha(given);
     FrameHandle result = opacity == OPAQUE ? MakeFrameReference(frame) : Faded(frame, opacity, pool);
-    return new DataVideoFF(std::move(result), picture->GetTime(), picture->GetDuration());
+    return new DataVideoFF(std::move(result), data->GetTime(), data->GetDuration());
 }
 
 void AlphaEnvelope::ChangeFormat(Conf::IFormatCodecVideo& format) const {

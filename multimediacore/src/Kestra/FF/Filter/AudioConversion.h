@@ -1,4 +1,4 @@
-// Kestra::FF::AudioConversion: sound in another format and of an exact length.
+// Kestra::FF::AudioConversion: audio in another format and of an exact length.
 #pragma once
 
 #include "Kestra/Conf/SampleInfo.h"

@@ -4,7 +4,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
-#include "Kestra/FF/Picture/PictureGeometry.h"
+#include "Kestra/FF/Picture/FrameGeometry.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <algorithm>
 #include <stdexcept>
@@ -42,7 +42,7 @@ private:
     const boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
     const std::int64_t duration;
     std::int64_t index = 0;
-    FrameHandle picture;
+    FrameHandle black;
 };
 
 std::int64_t Black::Count() const {
@@ -76,10 +76,10 @@ FrameHandle Black::Draw() const {
 boost::intrusive_ptr<Proc::IDataVideo> Black::ReadVideo() {
     if (index >= Count())
         return {};
-    if (!picture)
-        picture = Draw();
+    if (!black)
+        black = Draw();
     const std::int64_t begin = TimeOf(index);
-    return new DataVideoFF(MakeFrameReference(*picture), begin, TimeOf(++index) - begin);
+    return new DataVideoFF(MakeFrameReference(*black), begin, TimeOf(++index) - begin);
 }
 
 void Black::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& result) const {
@@ -105,7 +105,7 @@ void Black::PreferFormat(const Conf::IFormatCodec& preferred) {
     if (ToAv(video->GetPixelFormat()) != AV_PIX_FMT_NONE)
         format->SetPixelFormat(video->GetPixelFormat());
     format->SetColour(video->GetColour());
-    picture.reset();
+    black.reset();
 }
 
 void Black::Reset() {

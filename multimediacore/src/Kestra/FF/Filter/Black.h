@@ -5,7 +5,7 @@
 namespace Kestra::FF {
 
 /// `duration` of black in the frame, rate, pixel format and colour of `format`; where the consumer prefers a pixel
-/// format or a colour, in those. All its pictures share their pixels. Without a rate it is one picture. Throws
+/// format or a colour, in those. All its frames share their pixels. Without a rate it is one frame. Throws
 /// std::invalid_argument for a null format or a negative duration.
 boost::intrusive_ptr<Proc::IStreamVideo> MakeBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format,
                                                    std::int64_t duration);

@@ -16,8 +16,8 @@ namespace {
 /// What alpha is blended away in: as exact as the formats that have alpha are.
 constexpr AVPixelFormat OPAQUE = AV_PIX_FMT_GBRP16;
 
-PictureTarget SameSize(const AVFrame& frame, AVPixelFormat format) {
-    PictureTarget target;
+FrameTarget SameSize(const AVFrame& frame, AVPixelFormat format) {
+    FrameTarget target;
     target.width = frame.width;
     target.height = frame.height;
     target.sampleAspect = frame.sample_aspect_ratio;
@@ -58,7 +58,7 @@ void ColorspaceConverter::ChangeFormat(Conf::IFormatCodecVideo& description) con
     picture->width = static_cast<int>(frame.width);
     picture->height = static_cast<int>(frame.height);
     SetColour(*picture, description.GetColour());
-    description.SetColour(PictureConverter::ResolveColour(*picture, format, {}));
+    description.SetColour(FrameConverter::ResolveColour(*picture, format, {}));
     description.SetPixelFormat(settings.GetPixelFormat());
 }
 

@@ -1,20 +1,20 @@
-// Kestra::FF::ColorspaceConverter: the effect that brings pictures to a pixel format.
+// Kestra::FF::ColorspaceConverter: the effect that brings frames to a pixel format.
 #pragma once
 
 #include "Kestra/Base/RefCountImpl.h"
-#include "Kestra/FF/Filter/LastPicture.h"
-#include "Kestra/FF/Picture/PictureConverter.h"
+#include "Kestra/FF/Filter/LastFrame.h"
+#include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/Proc/IEffectVideo.h"
 #include "Kestra/Proc/Settings/SettingsColorspaceConverter.h"
 
 namespace Kestra::FF {
 
-/// A picture that comes again on the same pixels is not converted again.
+/// A frame that comes again on the same pixels is not converted again.
 class ColorspaceConverter final : public Proc::IEffectVideo, public RefCountImpl {
 public:
     explicit ColorspaceConverter(const Proc::SettingsColorspaceConverter& settings);
 
-    boost::intrusive_ptr<Proc::IDataVideo> Apply(const boost::intrusive_ptr<Proc::IDataVideo>& picture) override;
+    boost::intrusive_ptr<Proc::IDataVideo> Apply(const boost::intrusive_ptr<Proc::IDataVideo>& data) override;
     void ChangeFormat(Conf::IFormatCodecVideo& format) const override;
     void ChangePreference(Conf::IFormatCodecVideo& preferred) const override;
     void Reset() override { last.Forget(); }
@@ -24,9 +24,9 @@ private:
 
     const Proc::SettingsColorspaceConverter settings;
     const AVPixelFormat format;
-    PictureConverter flattener;
-    PictureConverter converter;
-    LastPicture last;
+    FrameConverter flattener;
+    FrameConverter converter;
+    LastFrame last;
 };
 
 } // namespace Kestra::FF

@@ -1,7 +1,7 @@
 #include "Kestra/FF/Filter/PacketSegment.h"
 
-#include "Kestra/FF/Av/AudioSettling.h"
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/DecoderPreroll.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Data/DataRawFF.h"
@@ -59,7 +59,7 @@ void PacketSegment::ReadFormat() {
         Fail(TranscodingError::NotSupported, Describe() + " cannot be cut: it is no sound of this engine");
     const AVCodecParameters& parameters = known->GetParameters();
     rate = parameters.sample_rate;
-    settling = SettlingSamples(parameters);
+    settling = PrerollSamples(parameters);
     bytesPerSample = av_get_bits_per_sample(parameters.codec_id) / 8 * parameters.ch_layout.nb_channels;
     first = Samples(start);
     last = first + Samples(end - start);

@@ -1,4 +1,4 @@
-// The filters over sound: another format, an exact length, silence.
+// The filters over audio: another format, an exact length, silence.
 #pragma once
 
 #include "Kestra/Conf/SampleInfo.h"

@@ -27,10 +27,10 @@ int ScalerFlag(Proc::Interpolation interpolation) {
     return SWS_BICUBIC;
 }
 
-PictureRect CroppedSource(const Conf::FrameInfo& picture, const Proc::SettingsResizer& settings) {
+FrameRect CroppedSource(const Conf::FrameInfo& picture, const Proc::SettingsResizer& settings) {
     const auto width = static_cast<int>(picture.width);
     const auto height = static_cast<int>(picture.height);
-    PictureRect part;
+    FrameRect part;
     part.x = static_cast<int>(std::min(settings.cropLeft, picture.width - 1));
     part.y = static_cast<int>(std::min(settings.cropTop, picture.height - 1));
     part.width = std::max(1, width - part.x - static_cast<int>(std::min(settings.cropRight, picture.width - 1)));
@@ -53,11 +53,11 @@ int Centre(int inner, int outer) {
     return (outer - inner) / 4 * 2;
 }
 
-PictureRect InBars(const PictureRect& part, double partShape, const Conf::FrameInfo& frame) {
+FrameRect InBars(const FrameRect& part, double partShape, const Conf::FrameInfo& frame) {
     const auto width = static_cast<int>(frame.width);
     const auto height = static_cast<int>(frame.height);
     const double shape = part.width * partShape / part.height / PixelShape(frame);
-    PictureRect place{0, 0, width, height};
+    FrameRect place{0, 0, width, height};
     // Sides are made even downwards: what is missing for that is no bar.
     constexpr double ROUNDING = 2;
     if (std::abs(height * shape - width) < ROUNDING || std::abs(width / shape - height) < ROUNDING)
@@ -71,9 +71,9 @@ PictureRect InBars(const PictureRect& part, double partShape, const Conf::FrameI
     return place;
 }
 
-PictureRect CutToShape(const PictureRect& part, double partShape, const Conf::FrameInfo& frame) {
+FrameRect CutToShape(const FrameRect& part, double partShape, const Conf::FrameInfo& frame) {
     const double shape = static_cast<double>(frame.width) / frame.height * PixelShape(frame) / partShape;
-    PictureRect cut = part;
+    FrameRect cut = part;
     if (part.height * shape < part.width)
         cut.width = EvenSide(part.height * shape, part.width);
     else
@@ -97,8 +97,7 @@ bool IsCut(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const P
 
 } // namespace
 
-Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame,
-                   const Proc::SettingsResizer& settings) {
+Fitting FitFrame(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings) {
     Fitting fitting;
     fitting.source = CroppedSource(picture, settings);
     fitting.place = {0, 0, static_cast<int>(frame.width), static_cast<int>(frame.height)};
@@ -134,7 +133,7 @@ void Resizer::Prepare() {
 }
 
 void Resizer::Reset() {
-    lastPicture.reset();
+    lastFrame.reset();
     lastResult.reset();
     source->Reset();
 }
@@ -159,14 +158,14 @@ void Resizer::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& resu
     picture->height = static_cast<int>(frame.height);
     SetColour(*picture, result->GetColour());
     const AVPixelFormat made = format == AV_PIX_FMT_NONE ? own : format;
-    result->SetColour(PictureConverter::ResolveColour(*picture, made, colour));
+    result->SetColour(FrameConverter::ResolveColour(*picture, made, colour));
     result->SetPixelFormat(FromAv(made));
 }
 
-PictureTarget Resizer::TargetFor(const AVFrame& picture) const {
+FrameTarget Resizer::TargetFor(const AVFrame& picture) const {
     const Conf::FrameInfo frame = MakeFrameInfo(picture.width, picture.height, picture.sample_aspect_ratio);
-    const Fitting fitting = FitPicture(frame, output, settings);
-    PictureTarget target;
+    const Fitting fitting = FitFrame(frame, output, settings);
+    FrameTarget target;
     target.width = static_cast<int>(output.width);
     target.height = static_cast<int>(output.height);
     target.sampleAspect = SampleAspectOf(output);
@@ -186,9 +185,9 @@ boost::intrusive_ptr<Proc::IDataVideo> Resizer::ReadVideo() {
     if (output.width == 0)
         output = OutputFrame();
     const AVFrame& frame = FrameOf(*picture);
-    if (!lastPicture || lastPicture->data[0] != frame.data[0] || lastPicture->buf[0]->buffer != frame.buf[0]->buffer) {
+    if (!lastFrame || lastFrame->data[0] != frame.data[0] || lastFrame->buf[0]->buffer != frame.buf[0]->buffer) {
         lastResult = converter.Convert(frame, TargetFor(frame));
-        lastPicture = MakeFrameReference(frame);
+        lastFrame = MakeFrameReference(frame);
     }
     return new DataVideoFF(MakeFrameReference(*lastResult), picture->GetTime(), picture->GetDuration());
 }

@@ -1,17 +1,17 @@
 // Kestra::FF::Resizer: brings pictures to one frame and, in the same pass, to the format that the consumer asked for.
 #pragma once
 
-#include "Kestra/FF/Picture/PictureConverter.h"
+#include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Kestra/Proc/Settings/SettingsResizer.h"
 
 namespace Kestra::FF {
 
 /// All its frames have the size that the settings give the source's frame, also when single pictures of the source
-/// differ: those stand centred in it. A picture that comes again on the same pixels is not converted again.
+/// differ: those stand centred in it. A frame that comes again on the same pixels is not converted again.
 class Resizer final : public Proc::VideoFilterBase {
 public:
-    /// `threads`: slices that one picture is converted in at a time.
+    /// `threads`: slices that one frame is converted in at a time.
     Resizer(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const Proc::SettingsResizer& settings,
             int threads = 1);
 
@@ -22,7 +22,7 @@ public:
     void Reset() override;
 
 private:
-    PictureTarget TargetFor(const AVFrame& picture) const;
+    FrameTarget TargetFor(const AVFrame& picture) const;
     Conf::FrameInfo OutputFrame() const;
 
     const Proc::SettingsResizer settings;
@@ -30,9 +30,9 @@ private:
     Conf::FrameInfo output; ///< 0 x 0 until the first read
     AVPixelFormat format = AV_PIX_FMT_NONE;
     Conf::ColourInfo colour;
-    PictureConverter converter;
-    /// The last picture and what became of it. Holding the picture keeps its memory from being given to another.
-    FrameHandle lastPicture;
+    FrameConverter converter;
+    /// The last frame and what became of it. Holding the frame keeps its memory from being given to another.
+    FrameHandle lastFrame;
     FrameHandle lastResult;
 };
 
@@ -41,9 +41,9 @@ boost::intrusive_ptr<Proc::IStreamVideo> MakeResizer(const boost::intrusive_ptr<
 
 /// The part of a picture that is shown in a frame, and where. Sides are in pixels.
 struct Fitting {
-    PictureRect source;
-    PictureRect place;
+    FrameRect source;
+    FrameRect place;
 };
-Fitting FitPicture(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
+Fitting FitFrame(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
 
 } // namespace Kestra::FF

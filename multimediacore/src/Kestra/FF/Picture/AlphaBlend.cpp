@@ -132,22 +132,22 @@ bool CanBlend(AVPixelFormat format) noexcept {
     return OpaqueFormat(format) != AV_PIX_FMT_NONE;
 }
 
-FrameHandle BlendOverBlack(const AVFrame& picture, FramePool& pool) {
-    const auto format = static_cast<AVPixelFormat>(picture.format);
+FrameHandle BlendOverBlack(const AVFrame& frame, FramePool& pool) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
     const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
-    FrameHandle result = pool.Get(OpaqueFormat(format), picture.width, picture.height);
-    Check(av_frame_copy_props(result.get(), &picture), Proc::TranscodingError::FilterFailed, "properties of a picture");
+    FrameHandle result = pool.Get(OpaqueFormat(format), frame.width, frame.height);
+    Check(av_frame_copy_props(result.get(), &frame), Proc::TranscodingError::FilterFailed, "properties of a picture");
     if (!(descriptor.flags & AV_PIX_FMT_FLAG_PLANAR)) {
-        BlendPacked(picture, *result, descriptor.comp[3].offset);
+        BlendPacked(frame, *result, descriptor.comp[3].offset);
         return result;
     }
     for (int plane = 0; plane < 3; ++plane) {
         const auto black =
-            static_cast<std::uint32_t>(BlackOf(plane, descriptor, picture.color_range == AVCOL_RANGE_JPEG));
+            static_cast<std::uint32_t>(BlackOf(plane, descriptor, frame.color_range == AVCOL_RANGE_JPEG));
         if (descriptor.comp[0].depth > 8)
-            BlendPlane<std::uint16_t, std::uint64_t>(picture, *result, plane, black, descriptor);
+            BlendPlane<std::uint16_t, std::uint64_t>(frame, *result, plane, black, descriptor);
         else
-            BlendPlane<std::uint8_t, std::uint32_t>(picture, *result, plane, black, descriptor);
+            BlendPlane<std::uint8_t, std::uint32_t>(frame, *result, plane, black, descriptor);
     }
     return result;
 }

@@ -1,4 +1,4 @@
-// Pictures with alpha over black.
+// Frames with alpha over black.
 #pragma once
 
 #include "Kestra/FF/Av/FramePool.h"
@@ -9,7 +9,7 @@ namespace Kestra::FF {
 bool CanBlend(AVPixelFormat format) noexcept;
 /// The format that comes out: the same without alpha.
 AVPixelFormat OpaqueFormat(AVPixelFormat format) noexcept;
-/// `picture` (alpha straight, its range tagged) over black, in a picture of `pool` with the same properties.
-FrameHandle BlendOverBlack(const AVFrame& picture, FramePool& pool);
+/// `frame` (alpha straight, its range tagged) over black, in a picture of `pool` with the same properties.
+FrameHandle BlendOverBlack(const AVFrame& frame, FramePool& pool);
 
 } // namespace Kestra::FF

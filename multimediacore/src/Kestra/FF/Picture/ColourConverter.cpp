@@ -2,8 +2,8 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Picture/FrameGeometry.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
-#include "Kestra/FF/Picture/PictureGeometry.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -23,8 +23,8 @@ namespace {
 constexpr double HLG_PEAK = 1000;
 constexpr double PQ_PEAK = 10000;
 constexpr int MOST_THREADS = 8;
-/// Pictures from this many pixels on are worth several threads.
-constexpr int LARGE_PICTURE = 640 * 360;
+/// Frames from this many pixels on are worth several threads.
+constexpr int LARGE_FRAME = 640 * 360;
 const char* const WHAT = "Converting the colours of a picture failed";
 
 /// Planar formats of whole components, which the filters take and give. The end is marked.
@@ -115,8 +115,8 @@ std::string ChainFor(const ColourChange& change, AVPixelFormat format, double pe
     return Encoding(change.after, REFERENCE_WHITE) + end;
 }
 
-int ThreadsFor(const AVFrame& picture) {
-    if (picture.width * picture.height < LARGE_PICTURE)
+int ThreadsFor(const AVFrame& frame) {
+    if (frame.width * frame.height < LARGE_FRAME)
         return 1;
     return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 1, MOST_THREADS);
 }
@@ -163,8 +163,8 @@ AVPixelFormat ColourConverter::FormatFor(AVPixelFormat format, int width, int he
     return alpha ? AV_PIX_FMT_YUVA444P16 : AV_PIX_FMT_YUV444P16;
 }
 
-double ColourConverter::PeakOf(const AVFrame& picture, int transfer) {
-    const HdrMetadata metadata = HdrMetadataOf(picture);
+double ColourConverter::PeakOf(const AVFrame& frame, int transfer) {
+    const HdrMetadata metadata = HdrMetadataOf(frame);
     double peak = transfer == AVCOL_TRC_SMPTE2084 ? PQ_PEAK : HLG_PEAK;
     if (transfer == AVCOL_TRC_SMPTE2084 && metadata.light && metadata.light->MaxCLL > 0)
         peak = metadata.light->MaxCLL;
@@ -175,13 +175,13 @@ double ColourConverter::PeakOf(const AVFrame& picture, int transfer) {
     return std::clamp(peak, REFERENCE_WHITE, PQ_PEAK);
 }
 
-FrameHandle ColourConverter::Run(const AVFrame& picture, const ColourChange& change, AVPixelFormat format) {
-    const std::string wanted = ChainFor(change, format, PeakOf(picture, change.before.transfer));
+FrameHandle ColourConverter::Run(const AVFrame& frame, const ColourChange& change, AVPixelFormat format) {
+    const std::string wanted = ChainFor(change, format, PeakOf(frame, change.before.transfer));
     if (!graph || chain != wanted) {
         chain = wanted;
-        graph.emplace(wanted, WHAT, ThreadsFor(picture));
+        graph.emplace(wanted, WHAT, ThreadsFor(frame));
     }
-    const FrameHandle tagged = MakeFrameReference(picture);
+    const FrameHandle tagged = MakeFrameReference(frame);
     ColourInfo before = change.before;
     before.transfer = TransferClass(before.transfer);
     before.primaries = PrimariesClass(before.primaries);
@@ -191,21 +191,21 @@ FrameHandle ColourConverter::Run(const AVFrame& picture, const ColourChange& cha
 }
 
 // The rows of the two fields show two instants: their chroma must not be mixed.
-FrameHandle ColourConverter::ConvertFields(const AVFrame& picture, const ColourChange& change, AVPixelFormat format) {
-    FrameHandle result = woven.Get(format, picture.width, picture.height);
-    Check(av_frame_copy_props(result.get(), &picture), TranscodingError::OutOfMemory, WHAT);
+FrameHandle ColourConverter::ConvertFields(const AVFrame& frame, const ColourChange& change, AVPixelFormat format) {
+    FrameHandle result = woven.Get(format, frame.width, frame.height);
+    Check(av_frame_copy_props(result.get(), &frame), TranscodingError::OutOfMemory, WHAT);
     for (const bool bottom : {false, true}) {
-        const FrameHandle field = Run(*MakeFieldView(picture, bottom), change, format);
+        const FrameHandle field = Run(*MakeFieldView(frame, bottom), change, format);
         const FrameHandle rows = MakeFieldView(*result, bottom);
         Check(av_frame_copy(rows.get(), field.get()), TranscodingError::FilterFailed, WHAT);
     }
     return result;
 }
 
-FrameHandle ColourConverter::Convert(const AVFrame& picture, const ColourChange& change, AVPixelFormat format) {
-    const bool fields = picture.interlaced_frame && picture.height % 4 == 0;
-    FrameHandle result = fields ? ConvertFields(picture, change, format) : Run(picture, change, format);
-    result->interlaced_frame = picture.interlaced_frame;
+FrameHandle ColourConverter::Convert(const AVFrame& frame, const ColourChange& change, AVPixelFormat format) {
+    const bool fields = frame.interlaced_frame && frame.height % 4 == 0;
+    FrameHandle result = fields ? ConvertFields(frame, change, format) : Run(frame, change, format);
+    result->interlaced_frame = frame.interlaced_frame;
     if (change.before.transfer != change.after.transfer)
         RemoveHdrMetadata(*result);
     SetColour(*result, change.after);

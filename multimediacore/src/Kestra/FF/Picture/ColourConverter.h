@@ -1,4 +1,4 @@
-// Kestra::FF::ColourConverter: pictures of one colour into another, the dynamic range included.
+// Kestra::FF::ColourConverter: frames of one colour into another, the dynamic range included.
 #pragma once
 
 #include "Kestra/Conf/PixelFormat.h"
@@ -8,10 +8,10 @@
 
 namespace Kestra::FF {
 
-/// How bright the white of ordinary pictures is within a high dynamic range, in cd/m2 (BT.2408).
+/// How bright the white of ordinary frames is within a high dynamic range, in cd/m2 (BT.2408).
 constexpr double REFERENCE_WHITE = 203;
 
-/// What picture and result are in; nothing in either is unspecified.
+/// What frame and result are in; nothing in either is unspecified.
 struct ColourChange {
     Conf::ColourInfo before;
     Conf::ColourInfo after;
@@ -23,9 +23,9 @@ int MatrixClass(int matrix) noexcept;
 /// Size stays. Computes in floating point, so what lies beyond white and black survives where the result has room for
 /// it. Bound to one thread at a time.
 ///
-/// Light is display light: ordinary pictures are shown with BT.1886, HLG on a display of 1000 cd/m2. Ordinary white
+/// Light is display light: ordinary frames are shown with BT.1886, HLG on a display of 1000 cd/m2. Ordinary white
 /// stands at REFERENCE_WHITE in a high range. A high range becomes an ordinary one by libavfilter's mobius curve, which
-/// leaves what is darker than three tenths of that white as it is; the peak that becomes white is that of the picture's
+/// leaves what is darker than three tenths of that white as it is; the peak that becomes white is that of the frame's
 /// metadata (PeakOf). PQ brighter than HLG can show is brought into it by the same curve.
 class ColourConverter {
 public:
@@ -33,21 +33,21 @@ public:
     /// from one matrix to another it clips what is whiter than white. BT.601, BT.709, BT.2020 and sRGB name one
     /// transfer here.
     static bool IsNeeded(const ColourChange& change) noexcept;
-    /// Whether libavfilter knows a way. Tries it out on a small picture, which takes some milliseconds.
+    /// Whether libavfilter knows a way. Tries it out on a small frame, which takes some milliseconds.
     static bool IsPossible(const ColourChange& change);
-    /// The format nearest to `format` that pictures of that size can be converted in.
+    /// The format nearest to `format` that frames of that size can be converted in.
     static AVPixelFormat FormatFor(AVPixelFormat format, int width, int height);
     /// In cd/m2: the content's brightest sample, else the grading display's white, else the most that the transfer can
     /// tell: 10000 for PQ, 1000 for HLG. Never below REFERENCE_WHITE.
-    static double PeakOf(const AVFrame& picture, int transfer);
+    static double PeakOf(const AVFrame& frame, int transfer);
 
     /// Both formats are such as FormatFor gives. Times and side data stay, but for that which told of a range that is
-    /// gone. Interlaced pictures are converted field by field.
-    FrameHandle Convert(const AVFrame& picture, const ColourChange& change, AVPixelFormat format);
+    /// gone. Interlaced frames are converted field by field.
+    FrameHandle Convert(const AVFrame& frame, const ColourChange& change, AVPixelFormat format);
 
 private:
-    FrameHandle Run(const AVFrame& picture, const ColourChange& change, AVPixelFormat format);
-    FrameHandle ConvertFields(const AVFrame& picture, const ColourChange& change, AVPixelFormat format);
+    FrameHandle Run(const AVFrame& frame, const ColourChange& change, AVPixelFormat format);
+    FrameHandle ConvertFields(const AVFrame& frame, const ColourChange& change, AVPixelFormat format);
 
     std::string chain; ///< of the graph
     std::optional<FilterGraph> graph;

@@ -6,7 +6,7 @@ namespace Kestra::FF {
 
 namespace {
 
-// Whether a picture is interlaced has been decided before.
+// Whether a frame is interlaced has been decided before.
 std::string Chain(Deinterlacer::Output output) {
     const bool fields = output == Deinterlacer::Output::Fields;
     return std::string("bwdif=parity=auto:deint=all:mode=") + (fields ? "send_field" : "send_frame");
@@ -38,7 +38,7 @@ std::vector<FrameHandle> Deinterlacer::Receive() {
     return frames;
 }
 
-// The filter holds the picture and the one before, whichever way reading came here.
+// The filter holds the frame and the one before, whichever way reading came here.
 void Deinterlacer::Lead(const AVFrame* previous, const AVFrame& picture) {
     if (IsLast(picture))
         return;

@@ -1,4 +1,4 @@
-// Kestra::FF::Deinterlacer: progressive pictures from woven fields.
+// Kestra::FF::Deinterlacer: progressive frames from woven fields.
 #pragma once
 
 #include "Kestra/FF/Av/FilterGraph.h"
@@ -6,18 +6,18 @@
 
 namespace Kestra::FF {
 
-/// libavfilter's bwdif. Bound to one thread at a time. What a picture becomes depends on itself and its two neighbours
-/// alone, not on how the reader came to it; pictures that follow on from each other cost one run of the filter each.
+/// libavfilter's bwdif. Bound to one thread at a time. What a frame becomes depends on itself and its two neighbours
+/// alone, not on how the reader came to it; frames that follow on from each other cost one run of the filter each.
 class Deinterlacer {
 public:
-    /// How many pictures come of one.
+    /// How many frames come of one.
     enum class Output { Frame, Fields };
 
-    /// `threads`: slices that one picture is worked on in at a time.
+    /// `threads`: slices that one frame is worked on in at a time.
     Deinterlacer(Output output, int threads);
 
-    /// One picture, or two, each what one field shows, in the fields' own order; new ones without the flag, with the
-    /// picture's other tags. The picture's flag tells which field is first. The neighbours are null at the ends of the
+    /// One frame, or two, each what one field shows, in the fields' own order; new ones without the flag, with the
+    /// frame's other tags. The frame's flag tells which field is first. The neighbours are null at the ends of the
     /// stream. Throws ProcException (FilterFailed).
     std::vector<FrameHandle> Deinterlace(const AVFrame* previous, const AVFrame& picture, const AVFrame* next);
     void Reset();

@@ -20,19 +20,18 @@ const AVDOVIDecoderConfigurationRecord* DolbyVisionOf(const AVStream& stream) {
                : nullptr;
 }
 
-bool Has(const AVFrame& picture, AVFrameSideDataType type) {
-    return av_frame_get_side_data(&picture, type) != nullptr;
+bool Has(const AVFrame& frame, AVFrameSideDataType type) {
+    return av_frame_get_side_data(&frame, type) != nullptr;
 }
 
 } // namespace
 
-std::string DynamicMetadataOf(const AVFrame& picture, const AVStream& stream) {
-    if (DolbyVisionOf(stream) || Has(picture, AV_FRAME_DATA_DOVI_RPU_BUFFER) ||
-        Has(picture, AV_FRAME_DATA_DOVI_METADATA))
+std::string DynamicMetadataOf(const AVFrame& frame, const AVStream& stream) {
+    if (DolbyVisionOf(stream) || Has(frame, AV_FRAME_DATA_DOVI_RPU_BUFFER) || Has(frame, AV_FRAME_DATA_DOVI_METADATA))
         return "Dolby Vision";
-    if (Has(picture, AV_FRAME_DATA_DYNAMIC_HDR_PLUS))
+    if (Has(frame, AV_FRAME_DATA_DYNAMIC_HDR_PLUS))
         return "HDR10+";
-    return Has(picture, AV_FRAME_DATA_DYNAMIC_HDR_VIVID) ? "HDR Vivid" : "";
+    return Has(frame, AV_FRAME_DATA_DYNAMIC_HDR_VIVID) ? "HDR Vivid" : "";
 }
 
 std::string ForeignColourModel(const AVStream& stream) {

@@ -1,4 +1,4 @@
-// What tells players how to show each picture of a high dynamic range, and is not carried over.
+// What tells players how to show each frame of a high dynamic range, and is not carried over.
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
@@ -6,9 +6,9 @@
 
 namespace Kestra::FF {
 
-/// Its name ("HDR10+", "Dolby Vision"), where the picture or its stream has such; else empty.
-std::string DynamicMetadataOf(const AVFrame& picture, const AVStream& stream);
-/// How pictures are coded that are neither YUV nor RGB, and that nothing but such metadata makes colours of; else
+/// Its name ("HDR10+", "Dolby Vision"), where the frame or its stream has such; else empty.
+std::string DynamicMetadataOf(const AVFrame& frame, const AVStream& stream);
+/// How frames are coded that are neither YUV nor RGB, and that nothing but such metadata makes colours of; else
 /// empty.
 std::string ForeignColourModel(const AVStream& stream);
 

@@ -4,9 +4,9 @@ namespace Kestra::FF {
 
 namespace {
 
-// Of the others, pictures that are not flagged may be interlaced all the same: most have no flags, and FFV1 is often
+// Of the others, frames that are not flagged may be interlaced all the same: most have no flags, and FFV1 is often
 // written without.
-bool FlagsEachPicture(AVCodecID codec) {
+bool FlagsEachFrame(AVCodecID codec) {
     switch (codec) {
     case AV_CODEC_ID_MPEG1VIDEO:
     case AV_CODEC_ID_MPEG2VIDEO:
@@ -34,20 +34,20 @@ bool SaysTopFieldFirst(const AVCodecParameters& track) noexcept {
     return track.field_order == AV_FIELD_TT || track.field_order == AV_FIELD_TB;
 }
 
-bool IsLoneField(const AVFrame& picture, AVCodecID codec) noexcept {
-    return codec == AV_CODEC_ID_HEVC && picture.interlaced_frame != 0;
+bool IsLoneField(const AVFrame& frame, AVCodecID codec) noexcept {
+    return codec == AV_CODEC_ID_HEVC && frame.interlaced_frame != 0;
 }
 
 bool OnlyTrackTells(const AVFrame& first, const AVCodecParameters& track) noexcept {
-    return !first.interlaced_frame && SaysInterlaced(track) && !FlagsEachPicture(track.codec_id);
+    return !first.interlaced_frame && SaysInterlaced(track) && !FlagsEachFrame(track.codec_id);
 }
 
-void TagFields(AVFrame& picture, const AVCodecParameters& track, bool onlyTrackTells) {
-    if (IsLoneField(picture, track.codec_id)) {
-        picture.interlaced_frame = 0;
+void TagFields(AVFrame& frame, const AVCodecParameters& track, bool onlyTrackTells) {
+    if (IsLoneField(frame, track.codec_id)) {
+        frame.interlaced_frame = 0;
     } else if (onlyTrackTells) {
-        picture.interlaced_frame = 1;
-        picture.top_field_first = SaysTopFieldFirst(track) ? 1 : 0;
+        frame.interlaced_frame = 1;
+        frame.top_field_first = SaysTopFieldFirst(track) ? 1 : 0;
     }
 }
 

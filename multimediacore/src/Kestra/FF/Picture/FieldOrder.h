@@ -1,19 +1,19 @@
-// Which pictures hold two fields, and which of these is shown first.
+// Which frames hold two fields, and which of these is shown first.
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
 
 namespace Kestra::FF {
 
-/// Whether the track's pictures have no flags of their own, judged by the first, and the container says that all are
+/// Whether the track's frames have no flags of their own, judged by the first, and the container says that all are
 /// interlaced.
 bool OnlyTrackTells(const AVFrame& first, const AVCodecParameters& track) noexcept;
-/// Completes the picture's flags where only the track tells. A picture that is one field alone (HEVC) holds nothing
+/// Completes the frame's flags where only the track tells. A frame that is one field alone (HEVC) holds nothing
 /// that is woven, and loses the flag.
-void TagFields(AVFrame& picture, const AVCodecParameters& track, bool onlyTrackTells);
+void TagFields(AVFrame& frame, const AVCodecParameters& track, bool onlyTrackTells);
 
-/// Whether the codec codes each of its pictures as one field; their flag says so before TagFields.
-bool IsLoneField(const AVFrame& picture, AVCodecID codec) noexcept;
+/// Whether the codec codes each of its frames as one field; their flag says so before TagFields.
+bool IsLoneField(const AVFrame& frame, AVCodecID codec) noexcept;
 
 /// Whether the track's description says that it is interlaced.
 bool SaysInterlaced(const AVCodecParameters& track) noexcept;

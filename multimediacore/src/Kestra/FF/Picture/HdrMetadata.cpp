@@ -20,8 +20,8 @@ constexpr int LEAST_BITS = 10;
 constexpr const char* X265_PARAMETERS = "x265-params";
 
 template <class Metadata>
-std::optional<Metadata> Read(const AVFrame& picture, AVFrameSideDataType type) {
-    const AVFrameSideData* data = av_frame_get_side_data(&picture, type);
+std::optional<Metadata> Read(const AVFrame& frame, AVFrameSideDataType type) {
+    const AVFrameSideData* data = av_frame_get_side_data(&frame, type);
     if (!data || data->size < sizeof(Metadata))
         return std::nullopt;
     Metadata metadata{};
@@ -29,12 +29,12 @@ std::optional<Metadata> Read(const AVFrame& picture, AVFrameSideDataType type) {
     return metadata;
 }
 
-void Copy(AVFrame& picture, AVFrameSideDataType type, const AVStream& stream, AVPacketSideDataType from) {
+void Copy(AVFrame& frame, AVFrameSideDataType type, const AVStream& stream, AVPacketSideDataType from) {
     std::size_t size = 0;
     const std::uint8_t* data = av_stream_get_side_data(&stream, from, &size);
-    if (!data || size == 0 || av_frame_get_side_data(&picture, type))
+    if (!data || size == 0 || av_frame_get_side_data(&frame, type))
         return;
-    std::memcpy(Allocated(av_frame_new_side_data(&picture, type, size))->data, data, size);
+    std::memcpy(Allocated(av_frame_new_side_data(&frame, type, size))->data, data, size);
 }
 
 template <class Metadata>
@@ -87,10 +87,10 @@ bool CarriesHdr(int transfer, AVPixelFormat format) noexcept {
     return IsHighRange(transfer) && descriptor && descriptor->comp[0].depth >= LEAST_BITS;
 }
 
-HdrMetadata HdrMetadataOf(const AVFrame& picture) {
+HdrMetadata HdrMetadataOf(const AVFrame& frame) {
     HdrMetadata metadata;
-    metadata.mastering = Read<AVMasteringDisplayMetadata>(picture, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA);
-    metadata.light = Read<AVContentLightMetadata>(picture, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL);
+    metadata.mastering = Read<AVMasteringDisplayMetadata>(frame, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA);
+    metadata.light = Read<AVContentLightMetadata>(frame, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL);
     return metadata;
 }
 
@@ -128,16 +128,16 @@ HdrMetadata MetadataOf(const Conf::HdrInfo& info) {
     return metadata;
 }
 
-void AddHdrMetadata(AVFrame& picture, const AVStream& stream) {
-    Copy(picture, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, stream, AV_PKT_DATA_MASTERING_DISPLAY_METADATA);
-    Copy(picture, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, stream, AV_PKT_DATA_CONTENT_LIGHT_LEVEL);
+void AddHdrMetadata(AVFrame& frame, const AVStream& stream) {
+    Copy(frame, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, stream, AV_PKT_DATA_MASTERING_DISPLAY_METADATA);
+    Copy(frame, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, stream, AV_PKT_DATA_CONTENT_LIGHT_LEVEL);
 }
 
-void RemoveHdrMetadata(AVFrame& picture) {
+void RemoveHdrMetadata(AVFrame& frame) {
     for (const AVFrameSideDataType type :
          {AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, AV_FRAME_DATA_DYNAMIC_HDR_PLUS,
           AV_FRAME_DATA_DYNAMIC_HDR_VIVID, AV_FRAME_DATA_DOVI_RPU_BUFFER, AV_FRAME_DATA_DOVI_METADATA})
-        av_frame_remove_side_data(&picture, type);
+        av_frame_remove_side_data(&frame, type);
 }
 
 void SetHdrMetadata(AVStream& stream, const HdrMetadata& metadata) {

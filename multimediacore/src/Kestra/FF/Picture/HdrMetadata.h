@@ -1,4 +1,4 @@
-// Kestra::FF::HdrMetadata: on which display pictures of high dynamic range were graded, and how bright they get.
+// Kestra::FF::HdrMetadata: on which display frames of high dynamic range were graded, and how bright they get.
 #pragma once
 
 #include "Kestra/Conf/HdrInfo.h"
@@ -11,7 +11,7 @@ extern "C" {
 
 namespace Kestra::FF {
 
-/// A value. What changes from picture to picture (HDR10+, Dolby Vision) is not in it.
+/// A value. What changes from frame to frame (HDR10+, Dolby Vision) is not in it.
 struct HdrMetadata {
     std::optional<AVMasteringDisplayMetadata> mastering;
     std::optional<AVContentLightMetadata> light;
@@ -21,17 +21,17 @@ struct HdrMetadata {
 
 /// PQ or HLG.
 bool IsHighRange(int transfer) noexcept;
-/// Whether pictures of that transfer (PQ, HLG) in that format can be shown with a high dynamic range: that takes ten
+/// Whether frames of that transfer (PQ, HLG) in that format can be shown with a high dynamic range: that takes ten
 /// bits.
 bool CarriesHdr(int transfer, AVPixelFormat format) noexcept;
 
-HdrMetadata HdrMetadataOf(const AVFrame& picture);
+HdrMetadata HdrMetadataOf(const AVFrame& frame);
 Conf::HdrInfo InfoOf(const HdrMetadata& metadata);
 HdrMetadata MetadataOf(const Conf::HdrInfo& info);
-/// Gives the picture what the container tells, where the picture itself tells nothing.
-void AddHdrMetadata(AVFrame& picture, const AVStream& stream);
-/// For pictures that are of another range now, or of another transfer; what changes from picture to picture goes too.
-void RemoveHdrMetadata(AVFrame& picture);
+/// Gives the frame what the container tells, where the frame itself tells nothing.
+void AddHdrMetadata(AVFrame& frame, const AVStream& stream);
+/// For frames that are of another range now, or of another transfer; what changes from frame to frame goes too.
+void RemoveHdrMetadata(AVFrame& frame);
 /// For the container to tell.
 void SetHdrMetadata(AVStream& stream, const HdrMetadata& metadata);
 /// For x265 to tell in its stream; other encoders leave that to the container. What the options already tell stays.

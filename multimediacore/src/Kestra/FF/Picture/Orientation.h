@@ -1,4 +1,4 @@
-// Kestra::FF::Orientation: which way up pictures are shown.
+// Kestra::FF::Orientation: which way up frames are shown.
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"
@@ -6,7 +6,7 @@
 
 namespace Kestra::FF {
 
-/// How a picture is brought upright: turned clockwise by 0, 90, 180 or 270 degrees, then, if flipped, turned upside
+/// How a frame is brought upright: turned clockwise by 0, 90, 180 or 270 degrees, then, if flipped, turned upside
 /// down.
 struct Orientation {
     int rotation = 0;
@@ -15,7 +15,7 @@ struct Orientation {
 
 /// From a display matrix of nine 16.16 numbers. Angles between quarter turns are taken to the nearest one.
 Orientation ReadDisplayMatrix(const std::int32_t* matrix);
-/// The container's orientation; where it has none, that of the decoded picture (EXIF, SEI).
-Orientation FindOrientation(const AVStream& stream, const AVFrame* picture);
+/// The container's orientation; where it has none, that of the decoded frame (EXIF, SEI).
+Orientation FindOrientation(const AVStream& stream, const AVFrame* frame);
 
 } // namespace Kestra::FF

@@ -1,4 +1,4 @@
-// How tracks belong together where the container does not store what codecs put in front of sound: in AVI, which counts
+// How tracks belong together where the container does not store what codecs put in front of audio: in AVI, which counts
 // chunks and stores no times, and in fragmented MP4.
 #pragma once
 
@@ -18,25 +18,25 @@ struct ChunkStart {
 
 /// What is to be added to times of the container; engine time.
 struct ChunkShift {
-    std::int64_t firstPicture = 0;
-    std::int64_t sound = 0;
+    std::int64_t firstFrame = 0;
+    std::int64_t audio = 0;
 };
 
-/// Pictures are shown later than they are decoded, and sound does not wait for that: its start belongs to the first
-/// picture's. libav's writer moves pictures for what its encoders put before the sound, by whole chunks, but leaves
+/// Pictures are shown later than they are decoded, and audio does not wait for that: its start belongs to the first
+/// picture's. libav's writer moves pictures for what its encoders put before the audio, by whole chunks, but leaves
 /// the first one where it is.
-ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& sound);
+ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& audio);
 
 /// Where fragments are described before they are known, libav's writer moves pictures by what its encoders put before
-/// the sound, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
-ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& sound, std::int64_t tick);
+/// the audio, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
+ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& audio, std::int64_t tick);
 
-/// Fragments whose pictures are shown from the start on say nothing of what encoders put before the sound. libav's
+/// Fragments whose pictures are shown from the start on say nothing of what encoders put before the audio. libav's
 /// writer lets that, too, begin at the start; of others it is not known.
 struct UntoldPriming {
     std::int64_t taken = 0;    ///< what is taken for it; engine time
     std::int64_t possible = 0; ///< what there may be instead, engine time; 0 where it is known
 };
-UntoldPriming FindUntoldPriming(const AVCodecParameters& sound, bool byLibav);
+UntoldPriming FindUntoldPriming(const AVCodecParameters& audio, bool byLibav);
 
 } // namespace Kestra::FF

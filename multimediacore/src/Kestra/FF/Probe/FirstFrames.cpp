@@ -13,11 +13,11 @@ namespace {
 
 // How much is read in search of the first frame of a track once its packets have begun, and how much of them waits.
 constexpr std::size_t SEARCH_BYTES = std::size_t{64} << 20;
-// How much is read in search of its first packet: a film may have its first sound after minutes of large pictures.
+// How much is read in search of its first packet: a film may have its first audio after minutes of large pictures.
 constexpr std::size_t LATE_SEARCH_BYTES = std::size_t{1} << 30;
 
 // More pictures tell no more of a constant rate.
-constexpr std::size_t ENOUGH_PICTURES = 300;
+constexpr std::size_t ENOUGH_FRAMES = 300;
 
 bool HasTimes(const AVPacket& packet) {
     return packet.pts != AV_NOPTS_VALUE && packet.dts != AV_NOPTS_VALUE;
@@ -138,7 +138,7 @@ void FirstFrames::TakeBufferedTimes() {
     const std::int64_t before = place();
     std::size_t taken = 0;
     PacketHandle packet = MakePacket();
-    while (taken < ENOUGH_PICTURES && place() == before && demuxer.Read(*packet)) {
+    while (taken < ENOUGH_FRAMES && place() == before && demuxer.Read(*packet)) {
         taken += packet->stream_index == video.index ? 1 : 0;
         Keep(std::exchange(packet, MakePacket()), false);
     }

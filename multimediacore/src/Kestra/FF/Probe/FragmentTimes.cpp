@@ -9,7 +9,7 @@ namespace Kestra::FF {
 namespace {
 
 // Reordered pictures come again and again: so many show all there is.
-constexpr std::int64_t ENOUGH_PICTURES = 64;
+constexpr std::int64_t ENOUGH_FRAMES = 64;
 
 enum RunFlags : unsigned {
     HasDataOffset = 0x1,
@@ -45,7 +45,7 @@ public:
                     if (run.name == "trun")
                         Take(run);
     }
-    bool AreEnough() const { return pictures >= ENOUGH_PICTURES; }
+    bool AreEnough() const { return frames >= ENOUGH_FRAMES; }
     FragmentTimes GetTimes() const { return times; }
 
 private:
@@ -55,7 +55,7 @@ private:
         const auto count = static_cast<std::int64_t>(bytes.Number(run.content + 4, 4, true));
         const std::int64_t begin = run.content + 8 + 4 * WordsOf(flags & (HasDataOffset | HasFirstFlags));
         times.fromStart = times.fromStart || bytes.Number(run.content, 1, true) == 1;
-        for (std::int64_t index = 0; index < count && !AreEnough(); ++index, ++pictures) {
+        for (std::int64_t index = 0; index < count && !AreEnough(); ++index, ++frames) {
             const std::int64_t place = begin + index * stride + stride - 4; // offsets are the last of the words
             if (place + 4 > run.end)
                 return;
@@ -68,7 +68,7 @@ private:
     }
 
     FileBytes& bytes;
-    std::int64_t pictures = 0;
+    std::int64_t frames = 0;
     FragmentTimes times;
 };
 

@@ -10,7 +10,7 @@ namespace Kestra::FF {
 
 struct FragmentTimes {
     /// Offsets from decoding to showing may be negative, and no edit list says where the track begins. Then pictures
-    /// are shown from the track's start on, and nothing tells what codecs put in front of sound.
+    /// are shown from the track's start on, and nothing tells what codecs put in front of audio.
     bool fromStart = false;
     /// By how much libavformat shows the pictures later than the file says, which it does to make no offset negative;
     /// ticks of the track.

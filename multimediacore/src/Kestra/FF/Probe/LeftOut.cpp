@@ -39,7 +39,7 @@ bool HasWrittenTags(const AVDictionary* tags) {
 } // namespace
 
 void NoteWhatIsLeftOut(const AVFormatContext& context, int video, int audio, std::vector<std::string>& notes) {
-    Kind pictures{"picture track"}, sounds{"sound track"}, subtitles{"subtitle track"}, attachments{"attachment"},
+    Kind frames{"picture track"}, sounds{"sound track"}, subtitles{"subtitle track"}, attachments{"attachment"},
         data{"data track"}, covers{"attached picture"};
     for (unsigned index = 0; index < context.nb_streams; ++index) {
         const AVStream& stream = *context.streams[index];
@@ -48,7 +48,7 @@ void NoteWhatIsLeftOut(const AVFormatContext& context, int video, int audio, std
             continue;
         switch (stream.codecpar->codec_type) {
         case AVMEDIA_TYPE_VIDEO:
-            (cover ? covers : pictures).Add(stream);
+            (cover ? covers : frames).Add(stream);
             break;
         case AVMEDIA_TYPE_AUDIO:
             sounds.Add(stream);
@@ -64,7 +64,7 @@ void NoteWhatIsLeftOut(const AVFormatContext& context, int video, int audio, std
         }
     }
     std::vector<std::string> parts;
-    for (const Kind* kind : {&pictures, &sounds, &subtitles, &data, &covers, &attachments})
+    for (const Kind* kind : {&frames, &sounds, &subtitles, &data, &covers, &attachments})
         if (!kind->tracks.empty())
             parts.push_back(kind->Text());
     if (context.nb_chapters > 0)

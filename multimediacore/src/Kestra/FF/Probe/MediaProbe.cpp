@@ -12,11 +12,11 @@
 #include "Kestra/FF/Picture/ColourConverter.h"
 #include "Kestra/FF/Picture/DynamicMetadata.h"
 #include "Kestra/FF/Picture/FieldOrder.h"
+#include "Kestra/FF/Picture/FrameRotator.h"
+#include "Kestra/FF/Picture/FrameTags.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "Kestra/FF/Picture/Orientation.h"
-#include "Kestra/FF/Picture/PictureRotator.h"
-#include "Kestra/FF/Picture/PictureTags.h"
-#include "Kestra/FF/Probe/ClockScan.h"
+#include "Kestra/FF/Probe/DiscontinuityScan.h"
 #include "Kestra/FF/Probe/FirstFrames.h"
 #include "Kestra/FF/Probe/LeftOut.h"
 #include "Kestra/FF/Probe/TrackRate.h"
@@ -41,8 +41,8 @@ bool IsPicture(const AVStream& stream) {
            !(stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS));
 }
 
-// Sound that begins late, of which nothing has been read yet: libav counts it out until it knows what it is like.
-int FindAnnouncedSound(const AVFormatContext& context) {
+// Audio that begins late, of which nothing has been read yet: libav counts it out until it knows what it is like.
+int FindAnnouncedAudio(const AVFormatContext& context) {
     for (unsigned index = 0; index < context.nb_streams; ++index)
         if (context.streams[index]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO &&
             Decoder::FindCodec(*context.streams[index]))
@@ -51,7 +51,7 @@ int FindAnnouncedSound(const AVFormatContext& context) {
 }
 
 // Better streams compare greater.
-std::tuple<bool, bool, std::int64_t, std::int64_t> PictureRank(const AVStream& stream) {
+std::tuple<bool, bool, std::int64_t, std::int64_t> VideoRank(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
     return {Decoder::FindCodec(stream) != nullptr, (stream.disposition & AV_DISPOSITION_DEFAULT) != 0,
             static_cast<std::int64_t>(parameters.width) * parameters.height, parameters.bit_rate};
@@ -73,7 +73,7 @@ void MediaProbe::Run() {
              "Cannot read \"" + path.ToUtf8() + "\": its pictures or sound stand in another file, which it names");
     details.end = FindFollowingFile(path, info.container, interrupted);
     demuxer.SetEnd(details.end);
-    details.streams = demuxer.GetKnownStreams();
+    details.streams = demuxer.GetStreamInfoCache();
     ChooseTracks();
     DecodeFirstFrames();
     RequireTracks();
@@ -134,12 +134,12 @@ void MediaProbe::ChooseTracks() {
     for (unsigned index = 0; index < context.nb_streams; ++index) {
         const AVStream& stream = *context.streams[index];
         CountTrack(stream);
-        if (IsPicture(stream) && (video.index < 0 || PictureRank(stream) > PictureRank(*context.streams[video.index])))
+        if (IsPicture(stream) && (video.index < 0 || VideoRank(stream) > VideoRank(*context.streams[video.index])))
             video.index = static_cast<int>(index);
     }
     audio.index = std::max(-1, av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, video.index, nullptr, 0));
     if (audio.index < 0)
-        audio.index = FindAnnouncedSound(context);
+        audio.index = FindAnnouncedAudio(context);
 }
 
 void MediaProbe::DecodeFirstFrames() {
@@ -198,13 +198,13 @@ void MediaProbe::NoteRate() {
 }
 
 void MediaProbe::JoinClocks() {
-    if (!ClockScan::IsNeeded(demuxer))
+    if (!DiscontinuityScan::IsNeeded(demuxer))
         return;
     std::vector<int> indices;
     for (const Track* track : Tracks())
         indices.push_back(track->index);
-    ClockScan scan(demuxer, indices);
-    PictureTimes times;
+    DiscontinuityScan scan(demuxer, indices);
+    FrameTimes times;
     scan.Run([&](const AVPacket& packet) {
         if (packet.stream_index == video.index)
             times.Take(packet, demuxer.GetStream(video.index));
@@ -215,12 +215,12 @@ void MediaProbe::JoinClocks() {
         video.times = std::move(times);
         return;
     }
-    details.clock = std::make_shared<ClockMap>(scan.GetMap());
+    details.clock = std::make_shared<TimestampMap>(scan.GetMap());
     demuxer.SetClock(details.clock);
 }
 
 void MediaProbe::ReportJoints() {
-    for (const ClockScan::Joint& joint : joints)
+    for (const DiscontinuityScan::Joint& joint : joints)
         details.damage.push_back(
             {path, joint.time - details.origin,
              "Timestamps jump by " + Seconds(joint.jump) + "; what follows was joined on without a gap"});
@@ -244,7 +244,7 @@ void MediaProbe::DescribeVideo() {
     Proc::VideoTrackInfo track;
     track.index = video.index;
     track.codec = avcodec_get_name(stream.codecpar->codec_id);
-    TagPicture(*video.first, stream, demuxer.GetContext());
+    TagFrame(*video.first, stream, demuxer.GetContext());
     details.tellsColour = TellsColour(first);
     GuessColour(*video.first, stream.codecpar->codec_id);
     details.peak = ColourConverter::PeakOf(first, first.color_trc);
@@ -257,7 +257,7 @@ void MediaProbe::DescribeVideo() {
     track.frame = sideways ? MakeFrameInfo(first.height, first.width, {aspect.den, aspect.num})
                            : MakeFrameInfo(first.width, first.height, aspect);
     const char* name =
-        av_get_pix_fmt_name(PictureRotator::OutputFormat(static_cast<AVPixelFormat>(first.format), orientation));
+        av_get_pix_fmt_name(FrameRotator::OutputFormat(static_cast<AVPixelFormat>(first.format), orientation));
     track.pixelFormat = name ? name : "";
     // Whoever cannot handle a pixel format refuses this one by its name.
     if (const std::string foreign = ForeignColourModel(stream); !foreign.empty())
@@ -266,7 +266,7 @@ void MediaProbe::DescribeVideo() {
     track.frameRate = rate.rate;
     track.variableFrameRate = rate.variable;
     DescribeFields(track, *video.first, *stream.codecpar);
-    track.stillPicture = IsPictureFormat(demuxer.GetFormatName()) && video.packets <= 1;
+    track.stillPicture = IsImageFormat(demuxer.GetFormatName()) && video.packets <= 1;
     if (track.stillPicture) {
         track.frameRate = STILL_RATE;
         video.end = video.start + FramesToTime(1, STILL_RATE);

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "Kestra/FF/Demux/Demuxer.h"
-#include "Kestra/FF/Probe/ClockScan.h"
+#include "Kestra/FF/Probe/AudioLevels.h"
+#include "Kestra/FF/Probe/DiscontinuityScan.h"
 #include "Kestra/FF/Probe/MediaSpan.h"
 #include "Kestra/FF/Probe/PacketSamples.h"
 #include "Kestra/FF/Probe/ProbedTrack.h"
 #include "Kestra/FF/Probe/RateChooser.h"
-#include "Kestra/FF/Probe/SoundLevels.h"
 #include "Kestra/FF/Probe/TrackDetails.h"
 #include <memory>
 
@@ -20,7 +20,7 @@ public:
     /// `interrupted` is borrowed for life.
     MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
 
-    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor sound, or when interrupted.
+    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor audio, or when interrupted.
     void Run();
 
     const Proc::MediaInfo& GetInfo() const { return info; }
@@ -44,11 +44,11 @@ private:
     void NoteRate();
     void SettleOrigin();
     std::int64_t AlignChunkedTracks();
-    /// Where fragments let pictures and sound begin at their start.
+    /// Where fragments let pictures and audio begin at their start.
     std::int64_t AlignFragmentsFromStart(bool byLibav);
-    void SettleSoundGrid();
-    std::optional<PictureSpan> PictureSpanOf() const;
-    std::optional<SoundSpan> SoundSpanOf();
+    void SettleAudioGrid();
+    std::optional<VideoSpan> VideoSpanOf() const;
+    std::optional<AudioSpan> AudioSpanOf();
     void SkipUndecodableLead();
     /// Of recordings that were put behind each other, the parts are joined.
     void JoinClocks();
@@ -62,10 +62,10 @@ private:
     void TakePacket(Track& track, const AVPacket& packet);
     std::int64_t TimeOf(Track& track, const AVPacket& packet);
     std::int64_t LengthOf(const Track& track, const AVPacket& packet);
-    /// Where timestamps of the sound jitter, its samples tell where it begins and ends.
-    void SteadySound();
+    /// Where timestamps of the audio jitter, its samples tell where it begins and ends.
+    void SteadyAudio();
     void FinishEnd(Track& track);
-    void FinishPictureEnd();
+    void FinishVideoEnd();
     /// An edit list may cut the last frame or block short.
     void FitToEditList(Track& track, bool isAudio);
     void DescribeVideo();
@@ -85,12 +85,12 @@ private:
     Track video;
     Track audio;
     std::unique_ptr<PacketSamples> packetSamples;
-    SoundLevels levels;
-    std::int64_t soundEnd = 0; ///< of all that there is, also where it is not heard
+    AudioLevels levels;
+    std::int64_t audioEnd = 0; ///< of all that there is, also where it is not heard
     bool levelsOfAll = false;  ///< of the whole file, not only of its end
     RateChoice rate;
     bool rateOfAll = false; ///< of the pictures
-    std::vector<ClockScan::Joint> joints;
+    std::vector<DiscontinuityScan::Joint> joints;
     Proc::MediaInfo info;
     TrackDetails details;
 };

@@ -1,4 +1,4 @@
-// What a media file promises and what it holds: where its sound lies by its samples, and where it ends too early.
+// What a media file promises and what it holds: where its audio lies by its samples, and where it ends too early.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Wording.h"
 #include "Kestra/FF/Demux/ContainerEnd.h"
@@ -22,7 +22,7 @@ void MediaProbe::BeginLevels(bool ofAll) {
     packetSamples = std::make_unique<PacketSamples>(demuxer.GetStream(audio.index));
 }
 
-void MediaProbe::SteadySound() {
+void MediaProbe::SteadyAudio() {
     if (audio.index < 0 || !levels.AreJittery())
         return;
     // Rare enough to be read through: then not one sample is taken for jitter.
@@ -69,8 +69,8 @@ void MediaProbe::ReportShortage() {
     const std::int64_t claim = ClaimedLength();
     const std::string begin = "The file ends at " + Seconds(info.duration) + ", ";
     const std::string bytes = std::to_string(end.missing) + " bytes";
-    // Sound behind the picture is there, whether it is heard or not.
-    const std::int64_t held = std::max(info.duration, soundEnd - details.origin);
+    // Audio behind the picture is there, whether it is heard or not.
+    const std::int64_t held = std::max(info.duration, audioEnd - details.origin);
     // A track that could not be searched for to the end of the file is missing behind all that was found.
     for (Proc::DamageReport& report : details.damage)
         report.time = report.incomplete ? info.duration : report.time;

@@ -58,18 +58,18 @@ void MediaProbe::FindEnds() {
             unknown.push_back(track);
     if (!unknown.empty())
         ScanToEnd(unknown);
-    SteadySound();
+    SteadyAudio();
 }
 
 void MediaProbe::SettleEnds() {
     if (video.index >= 0)
-        FinishPictureEnd();
+        FinishVideoEnd();
     if (audio.index < 0)
         return;
     if (details.audioJitter == 0)
         FinishEnd(audio);
-    soundEnd = audio.end;
-    audio.end = FindSoundEnd(PictureSpanOf(), *SoundSpanOf());
+    audioEnd = audio.end;
+    audio.end = FindAudioEnd(VideoSpanOf(), *AudioSpanOf());
 }
 
 bool MediaProbe::FindEndNear(Track& track, std::int64_t window) {
@@ -95,13 +95,13 @@ void MediaProbe::ScanToEnd(const std::vector<Track*>& tracks) {
         indices.push_back(track->index);
     demuxer.Select(indices);
     demuxer.Rewind();
-    const bool pictures = std::find(tracks.begin(), tracks.end(), &video) != tracks.end();
-    if (pictures && !video.times.AreWhole())
+    const bool frames = std::find(tracks.begin(), tracks.end(), &video) != tracks.end();
+    if (frames && !video.times.AreWhole())
         video.times = {};
     if (std::find(tracks.begin(), tracks.end(), &audio) != tracks.end())
         BeginLevels(true);
     ReadEnds();
-    if (pictures)
+    if (frames)
         video.times.SetWhole();
 }
 
@@ -198,7 +198,7 @@ void MediaProbe::FinishEnd(Track& track) {
 }
 
 // A length of whole frames is one, whatever the clock has rounded: clips that are joined neither grow nor shrink.
-void MediaProbe::FinishPictureEnd() {
+void MediaProbe::FinishVideoEnd() {
     const std::int64_t period = rate.rate > 0 ? FramesToTime(1, rate.rate) : 0;
     if (period > 0 && rate.variable && IsGuessedLength(video.lastLength, demuxer.GetStream(video.index)))
         video.end += period - video.lastLength;

@@ -1,11 +1,11 @@
 // Where the tracks of a media file begin, and how they belong together.
-#include "Kestra/FF/Av/AudioSettling.h"
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/DecoderPreroll.h"
 #include "Kestra/FF/Av/Wording.h"
 #include "Kestra/FF/Probe/ChunkStart.h"
 #include "Kestra/FF/Probe/FragmentTimes.h"
+#include "Kestra/FF/Probe/FrameGrain.h"
 #include "Kestra/FF/Probe/MediaProbe.h"
-#include "Kestra/FF/Probe/SoundGrain.h"
 #include <algorithm>
 #include <cstring>
 
@@ -18,31 +18,31 @@ constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
 
 } // namespace
 
-std::optional<PictureSpan> MediaProbe::PictureSpanOf() const {
+std::optional<VideoSpan> MediaProbe::VideoSpanOf() const {
     if (video.index < 0)
         return {};
-    return PictureSpan{video.start, video.end, rate.rate};
+    return VideoSpan{video.start, video.end, rate.rate};
 }
 
-std::optional<SoundSpan> MediaProbe::SoundSpanOf() {
+std::optional<AudioSpan> MediaProbe::AudioSpanOf() {
     if (audio.index < 0)
         return {};
     const AVCodecParameters& parameters = *demuxer.GetStream(audio.index).codecpar;
     const AVFrame& first = *audio.first;
     const int block = std::max(audio.frameSize, first.nb_samples);
-    return SoundSpan{audio.start, audio.end, SamplesToTime(PrimingSamples(parameters), first.sample_rate),
+    return AudioSpan{audio.start, audio.end, SamplesToTime(PrimingSamples(parameters), first.sample_rate),
                      SamplesToTime(PaddingSamples(parameters, block), first.sample_rate)};
 }
 
 void MediaProbe::SettleOrigin() {
-    const std::int64_t soundShift = AlignChunkedTracks();
-    details.origin = FindOrigin(PictureSpanOf(), SoundSpanOf());
+    const std::int64_t audioShift = AlignChunkedTracks();
+    details.origin = FindOrigin(VideoSpanOf(), AudioSpanOf());
     SkipUndecodableLead();
-    details.audioOrigin = details.origin - soundShift;
-    SettleSoundGrid();
+    details.audioOrigin = details.origin - audioShift;
+    SettleAudioGrid();
 }
 
-// Answers with what has been added to the times of the sound.
+// Answers with what has been added to the times of the audio.
 std::int64_t MediaProbe::AlignChunkedTracks() {
     if (video.index < 0 || audio.index < 0 || rate.rate <= 0 || video.firstDecodeTime == TIME_UNKNOWN ||
         video.secondDecodeTime == TIME_UNKNOWN)
@@ -58,19 +58,19 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
     const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
     const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(video.index).time_base);
     ChunkShift shift = fragments ? AlignFragments(start, sound, tick) : AlignChunks(start, sound);
-    video.start += shift.firstPicture;
-    if (shift.firstPicture > 0) {
+    video.start += shift.firstFrame;
+    if (shift.firstFrame > 0) {
         video.firstShown = video.start;
-        video.firstMoves = shift.firstPicture;
+        video.firstMoves = shift.firstFrame;
         // With its first picture where it belongs, it may be a constant one.
         if (rate.variable)
             ChooseRate();
     } else if (fragments) {
-        shift.sound = AlignFragmentsFromStart(byLibav);
+        shift.audio = AlignFragmentsFromStart(byLibav);
     }
     for (std::int64_t* time : {&audio.start, &audio.end})
-        *time += shift.sound;
-    return shift.sound;
+        *time += shift.audio;
+    return shift.audio;
 }
 
 std::int64_t MediaProbe::AlignFragmentsFromStart(bool byLibav) {
@@ -89,11 +89,11 @@ std::int64_t MediaProbe::AlignFragmentsFromStart(bool byLibav) {
     return late - priming.taken;
 }
 
-void MediaProbe::SettleSoundGrid() {
+void MediaProbe::SettleAudioGrid() {
     if (audio.index < 0)
         return;
     const AVFrame& first = *audio.first;
-    const SoundGrain grain = FindSoundGrain(demuxer.GetStream(audio.index), audio.frameSize, first.nb_samples);
+    const FrameGrain grain = FindFrameGrain(demuxer.GetStream(audio.index), audio.frameSize, first.nb_samples);
     details.audioGrain = grain.samples;
     details.grainOfContainer = grain.ofContainer;
     if (details.audioGrain > 0)
@@ -106,7 +106,7 @@ void MediaProbe::SkipUndecodableLead() {
     if (video.index < 0 || video.firstShown == TIME_UNKNOWN || video.start - video.firstShown <= LONGEST_LEAD)
         return;
     const std::int64_t begin = std::min(audio.index < 0 ? video.start : audio.start, video.firstShown);
-    // Sound that begins with the pictures that can be shown, or later, had nothing cut off.
+    // Audio that begins with the pictures that can be shown, or later, had nothing cut off.
     details.origin = video.start;
     details.notes.push_back("begins without a keyframe: what lies before the first picture that can be decoded, " +
                             Seconds(video.start - begin) + ", is left out");

@@ -10,8 +10,8 @@ namespace {
 // Two clocks of a millisecond are off each other by no more.
 constexpr std::int64_t ROUNDING = TIME_BASE / 500;
 
-std::int64_t PeriodOf(const PictureSpan& picture) {
-    return picture.rate > 0 ? FramesToTime(1, picture.rate) : 0;
+std::int64_t PeriodOf(const VideoSpan& frame) {
+    return frame.rate > 0 ? FramesToTime(1, frame.rate) : 0;
 }
 
 // The fewest whole frames that cover the lead.
@@ -24,19 +24,18 @@ std::int64_t FramesFor(std::int64_t lead, const boost::rational<long long>& rate
 
 } // namespace
 
-std::int64_t FindOrigin(const std::optional<PictureSpan>& picture, const std::optional<SoundSpan>& sound) {
-    if (!picture)
-        return sound ? sound->start : 0;
-    const std::int64_t lead = sound ? picture->start - sound->start : 0;
-    if (lead < PeriodOf(*picture) + (sound ? sound->priming : 0))
-        return picture->start;
-    return picture->rate > 0 ? picture->start - FramesToTime(FramesFor(lead, picture->rate), picture->rate)
-                             : sound->start;
+std::int64_t FindOrigin(const std::optional<VideoSpan>& frame, const std::optional<AudioSpan>& audio) {
+    if (!frame)
+        return audio ? audio->start : 0;
+    const std::int64_t lead = audio ? frame->start - audio->start : 0;
+    if (lead < PeriodOf(*frame) + (audio ? audio->priming : 0))
+        return frame->start;
+    return frame->rate > 0 ? frame->start - FramesToTime(FramesFor(lead, frame->rate), frame->rate) : audio->start;
 }
 
-std::int64_t FindSoundEnd(const std::optional<PictureSpan>& picture, const SoundSpan& sound) {
-    const std::int64_t over = picture ? sound.end - picture->end : 0;
-    return over > 0 && over < sound.padding + PeriodOf(*picture) ? picture->end : sound.end;
+std::int64_t FindAudioEnd(const std::optional<VideoSpan>& frame, const AudioSpan& audio) {
+    const std::int64_t over = frame ? audio.end - frame->end : 0;
+    return over > 0 && over < audio.padding + PeriodOf(*frame) ? frame->end : audio.end;
 }
 
 } // namespace Kestra::FF

@@ -8,12 +8,12 @@
 namespace Kestra::FF {
 
 /// Times are engine time on the container's own clock.
-struct PictureSpan {
+struct VideoSpan {
     std::int64_t start = 0;
     std::int64_t end = 0;
     boost::rational<long long> rate; ///< 0 when unknown
 };
-struct SoundSpan {
+struct AudioSpan {
     std::int64_t start = 0;
     std::int64_t end = 0;
     std::int64_t priming = 0; ///< what an encoder may put in front, which containers do not always mark
@@ -21,13 +21,13 @@ struct SoundSpan {
 };
 
 /// The instant that is time 0 of the media, for tracks of which one at least exists. It is the first picture's, or lies
-/// whole frames before it: on a grid of frames from there every picture has a frame. Sound that begins before the
+/// whole frames before it: on a grid of frames from there every picture has a frame. Audio that begins before the
 /// picture is cut there when it leads by less than a frame and its encoder's priming; a longer lead stays, and begins
 /// with silence of less than a frame.
-std::int64_t FindOrigin(const std::optional<PictureSpan>& picture, const std::optional<SoundSpan>& sound);
+std::int64_t FindOrigin(const std::optional<VideoSpan>& frame, const std::optional<AudioSpan>& audio);
 
-/// Where the sound ends: with the picture if it goes on for less than a filled-up block and one more frame, else where
+/// Where the audio ends: with the picture if it goes on for less than a filled-up block and one more frame, else where
 /// it ends itself.
-std::int64_t FindSoundEnd(const std::optional<PictureSpan>& picture, const SoundSpan& sound);
+std::int64_t FindAudioEnd(const std::optional<VideoSpan>& frame, const AudioSpan& audio);
 
 } // namespace Kestra::FF

@@ -1,4 +1,4 @@
-// Kestra::FF::PacketSamples: how many samples the packets of a sound track hold, told without decoding them.
+// Kestra::FF::PacketSamples: how many samples the packets of an audio track hold, told without decoding them.
 #pragma once
 
 #include "Kestra/FF/Av/Handles.h"

@@ -3,7 +3,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/Av/Handles.h"
-#include "Kestra/FF/Probe/PictureTimes.h"
+#include "Kestra/FF/Probe/FrameTimes.h"
 #include <deque>
 
 namespace Kestra::FF {
@@ -23,8 +23,8 @@ struct ProbedTrack {
     bool untimed = false;        ///< some packets have no presentation time
     bool guessed = false;        ///< that packet does not say how long it lasts
     std::int64_t packets = 0;
-    int frameSize = 0;  ///< samples of a whole block
-    PictureTimes times; ///< of the packets that were read; only of pictures
+    int frameSize = 0; ///< samples of a whole block
+    FrameTimes times;  ///< of the packets that were read; only of pictures
 
     /// Moves the packet that has waited longest; false when none does.
     bool TakeWaiting(AVPacket& packet) {

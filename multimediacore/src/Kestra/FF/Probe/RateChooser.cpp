@@ -58,7 +58,7 @@ RateChooser::RateChooser(const std::vector<std::vector<std::int64_t>>& runs, std
     , tick(nominal > 0 && 2 * static_cast<double>(tick) > PeriodOf(nominal) ? 0 : static_cast<double>(tick))
     , nominal(nominal) {
     for (const auto& run : runs)
-        pictures += run.size();
+        frames += run.size();
 }
 
 RateChooser::Line RateChooser::Fit(const std::vector<std::int64_t>& run,
@@ -152,10 +152,10 @@ bool RateChooser::IsSteady() const {
 
 RateChoice RateChooser::Choose() const {
     RateChoice choice;
-    choice.pictures = pictures;
+    choice.frames = frames;
     choice.rate = nominal > 0 ? Conf::NearStandardRate(boost::rational_cast<double>(nominal)) : Rate(0);
     choice.rate = choice.rate > 0 ? choice.rate : nominal;
-    choice.shown = pictures;
+    choice.shown = frames;
     if (runs.empty())
         return choice;
     const Line line = FitRun(LongestRun());
@@ -187,7 +187,7 @@ bool RateChooser::StandsOn(const Rate& rate) const {
         }
         periods += static_cast<std::size_t>(last) + 1;
     }
-    return periods <= SPARSEST_GRID * pictures;
+    return periods <= SPARSEST_GRID * frames;
 }
 
 // The lowest rate on whose grid all pictures stand, though many of its periods have none of their own.
@@ -229,7 +229,7 @@ std::size_t RateChooser::CountShown(const Rate& rate) const {
 }
 
 bool RateChooser::Shows(const Rate& rate, double part) const {
-    return static_cast<double>(CountShown(rate)) >= part * static_cast<double>(pictures);
+    return static_cast<double>(CountShown(rate)) >= part * static_cast<double>(frames);
 }
 
 // How far distances that are nearly whole periods are off them.
@@ -251,9 +251,9 @@ std::string DescribeChoice(const RateChoice& choice, bool whole) {
     std::string rest = std::to_string(1000 + thousandths % 1000).substr(1);
     rest.erase(rest.find_last_not_of('0') + 1);
     text = "variable frame rate, shown at " + text + (rest.empty() ? "" : "." + rest) + " frames a second";
-    if (choice.shown < choice.pictures)
-        text += ", which leaves out " + std::to_string(choice.pictures - choice.shown) + " of " +
-                (whole ? "its " : "the first ") + std::to_string(choice.pictures) + " pictures";
+    if (choice.shown < choice.frames)
+        text += ", which leaves out " + std::to_string(choice.frames - choice.shown) + " of " +
+                (whole ? "its " : "the first ") + std::to_string(choice.frames) + " pictures";
     return text;
 }
 

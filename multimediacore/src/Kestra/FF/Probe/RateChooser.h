@@ -12,7 +12,7 @@ namespace Kestra::FF {
 struct RateChoice {
     boost::rational<long long> rate; ///< 0 when nothing is known
     bool variable = false;           ///< pictures do not come at a constant distance
-    std::size_t pictures = 0;        ///< that were looked at
+    std::size_t frames = 0;          ///< that were looked at
     std::size_t shown = 0;           ///< of them, at that rate
 };
 
@@ -57,7 +57,7 @@ private:
     std::vector<std::vector<std::int64_t>> runs;
     double tick;
     Rate nominal;
-    std::size_t pictures = 0;
+    std::size_t frames = 0;
 };
 
 /// What a user is told of a variable rate: "variable frame rate, shown at 30 frames a second, which leaves out 2 of 63

@@ -10,7 +10,7 @@ namespace {
 // How much of a file with a variable rate is read to choose one: minutes of what telephones and screens record.
 constexpr std::size_t SCAN_BYTES = std::size_t{64} << 20;
 
-RateChooser MakeChooser(const PictureTimes& times, const AVStream& stream) {
+RateChooser MakeChooser(const FrameTimes& times, const AVStream& stream) {
     const bool usable = !times.AreIncomplete();
     return {usable ? times.Runs() : std::vector<std::vector<std::int64_t>>(), ToEngineTime(1, stream.time_base),
             NominalRate(stream)};
@@ -21,8 +21,8 @@ RateChooser MakeChooserByLength(std::int64_t length) {
     return {{}, 0, RateChooser::Rate(TIME_BASE, length)};
 }
 
-PictureTimes ScanTimes(Demuxer& demuxer, int index) {
-    PictureTimes times;
+FrameTimes ScanTimes(Demuxer& demuxer, int index) {
+    FrameTimes times;
     const AVStream* stream = nullptr;
     const PacketHandle packet = MakePacket();
     std::size_t bytes = 0;
@@ -48,14 +48,14 @@ TrackRate FindTrackRate(Demuxer& demuxer, const ProbedTrack& track) {
     AVStream& stream = demuxer.GetStream(track.index);
     if (track.times.AreIncomplete() && demuxer.HasFields(track.index) && track.lastLength > 0)
         return {MakeChooserByLength(track.lastLength).Choose(), true};
-    PictureTimes times = track.times;
+    FrameTimes times = track.times;
     times.MoveFirst(track.firstMoves);
     const RateChooser seen = MakeChooser(times, stream);
     if (track.times.AreWhole() || track.times.AreIncomplete())
         return {seen.Choose(), true};
-    PictureTimes index;
-    const bool listsPictures = !demuxer.HasFieldsApart(track.index) && track.firstMoves == 0;
-    if (listsPictures && index.TakeIndex(stream)) {
+    FrameTimes index;
+    const bool listsFrames = !demuxer.HasFieldsApart(track.index) && track.firstMoves == 0;
+    if (listsFrames && index.TakeIndex(stream)) {
         const RateChooser listed = MakeChooser(index, stream);
         // Even decoding times can hide uneven presentation.
         if (seen.IsSteady() || !listed.IsSteady())
@@ -63,7 +63,7 @@ TrackRate FindTrackRate(Demuxer& demuxer, const ProbedTrack& track) {
     } else if (seen.IsSteady()) {
         return {seen.Choose(), false};
     }
-    PictureTimes scanned = ScanTimes(demuxer, track.index);
+    FrameTimes scanned = ScanTimes(demuxer, track.index);
     scanned.MoveFirst(track.firstMoves);
     return {MakeChooser(scanned, demuxer.GetStream(track.index)).Choose(), scanned.AreWhole()};
 }

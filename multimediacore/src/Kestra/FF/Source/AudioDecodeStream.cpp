@@ -89,7 +89,7 @@ void AudioDecodeStream::Open() {
     const AVChannelLayout layout = ToAvLayout(track.channelLayout);
     normaliser = std::make_unique<SampleNormaliser>(ToAv(static_cast<Conf::SampleFormats>(track.sampleFormat)),
                                                     track.sampleRate, layout);
-    drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
+    drift = std::make_unique<AudioDrift>(track.sampleRate, source->GetDetails().audioJitter);
     demuxer = std::move(file);
 }
 
@@ -356,7 +356,7 @@ void AudioDecodeStream::StartOver() {
     // One that is emptied does not leave out again what the codec puts in front.
     OpenDecoder(*demuxer);
     // What comes has to be what came the first time.
-    drift = std::make_unique<SoundDrift>(track.sampleRate, source->GetDetails().audioJitter);
+    drift = std::make_unique<AudioDrift>(track.sampleRate, source->GetDetails().audioJitter);
     anchored = false;
     drained = false;
     settling = false;

@@ -1,10 +1,10 @@
-// Kestra::FF::AudioDecodeStream: the sound of a media file.
+// Kestra::FF::AudioDecodeStream: the audio of a media file.
 #pragma once
 
 #include "Kestra/Base/Time.h"
+#include "Kestra/FF/Decode/AudioDrift.h"
 #include "Kestra/FF/Decode/Decoder.h"
 #include "Kestra/FF/Decode/SampleNormaliser.h"
-#include "Kestra/FF/Decode/SoundDrift.h"
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Source/MediaSource.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
@@ -74,7 +74,7 @@ private:
     std::unique_ptr<Decoder> decoder;
     std::unique_ptr<SampleNormaliser> normaliser;
 
-    std::unique_ptr<SoundDrift> drift;
+    std::unique_ptr<AudioDrift> drift;
 
     std::deque<Block> blocks;          ///< decoded ahead, so that jitter can be told from a gap
     std::int64_t decodedAhead = 0;     ///< samples in them

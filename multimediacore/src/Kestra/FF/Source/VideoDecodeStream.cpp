@@ -5,9 +5,9 @@
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Picture/ColourNote.h"
 #include "Kestra/FF/Picture/DynamicMetadata.h"
-#include "Kestra/FF/Picture/EncodePicture.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
 #include "Kestra/FF/Picture/FieldOrder.h"
-#include "Kestra/FF/Picture/PictureTags.h"
+#include "Kestra/FF/Picture/FrameTags.h"
 #include "Kestra/FF/Source/InterruptibleRead.h"
 #include <algorithm>
 #include <cstring>
@@ -24,17 +24,17 @@ namespace {
 
 // Targets that lie no further ahead are reached faster by decoding on than by seeking.
 constexpr std::int64_t SHORTLY_AHEAD = TIME_BASE;
-// Near the target every picture is decoded, so that the one that covers it is at hand.
+// Near the target every frame is decoded, so that the one that covers it is at hand.
 constexpr std::int64_t SKIP_MARGIN = TIME_BASE / 2;
 constexpr std::int64_t FIRST_STEP_BACK = TIME_BASE;
 constexpr int STEP_BACK_GROWTH = 4;
 constexpr std::int64_t BACKWARD_JUMP = TIME_BASE;
-// From this many periods for each picture on, a consumer shows each field in one of its own.
+// From this many periods for each frame on, a consumer shows each field in one of its own.
 constexpr double RATE_OF_FIELDS = 1.5;
-// Pictures from this many pixels on are deinterlaced by two threads.
-constexpr int LARGE_PICTURE = 1280 * 720;
+// Frames from this many pixels on are deinterlaced by two threads.
+constexpr int LARGE_FRAME = 1280 * 720;
 
-// Program streams give one picture in many a time; the others are counted on from it, wrongly if reading began between.
+// Program streams give one frame in many a time; the others are counted on from it, wrongly if reading began between.
 bool TellsTimesOnlyInOrder(const char* container) {
     return std::strcmp(container, "mpeg") == 0;
 }
@@ -72,8 +72,7 @@ void VideoDecodeStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVi
     if (track.frameRate > 0)
         format->SetFrameRate(track.frameRate);
     const AVPixelFormat decoded = av_get_pix_fmt(track.pixelFormat.c_str());
-    format->SetPixelFormat(
-        FromAv(PictureRotator::OutputFormat(decoded, {track.rotation, source->GetDetails().flipped})));
+    format->SetPixelFormat(FromAv(FrameRotator::OutputFormat(decoded, {track.rotation, source->GetDetails().flipped})));
     format->SetColour(track.colour);
     source->GetDetails().hdr.TellIn(*format);
     Core::Property tree = format->GetProperty();
@@ -103,7 +102,7 @@ void VideoDecodeStream::PreferFields(const Conf::IFormatCodecVideo& format) {
     const double own = boost::rational_cast<double>(track.frameRate);
     const bool each = own > 0 && boost::rational_cast<double>(format.GetFrameRate()) >= RATE_OF_FIELDS * own;
     const bool kept = tree[Conf::IFormatCodecVideo::TAG_INTERLACED].GetBool() && IsOriented();
-    fields = kept ? Fields::Kept : each ? Fields::ToPictures : Fields::ToFrames;
+    fields = kept ? Fields::Kept : each ? Fields::FramePerField : Fields::OneFrame;
 }
 
 void VideoDecodeStream::Prepare() {
@@ -124,7 +123,7 @@ void VideoDecodeStream::Open() {
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
     if (!IsOriented())
-        rotator = std::make_unique<PictureRotator>(Orientation{track.rotation, source->GetDetails().flipped});
+        rotator = std::make_unique<FrameRotator>(Orientation{track.rotation, source->GetDetails().flipped});
     demuxer = std::move(file);
 }
 
@@ -134,7 +133,7 @@ void VideoDecodeStream::Seek(std::int64_t time, Proc::SeekMode mode) {
 
 void VideoDecodeStream::Reset() {
     interrupted = false;
-    ForgetPictures();
+    ForgetFrames();
     pendingSeek = SeekTarget{};
 }
 
@@ -168,7 +167,7 @@ void VideoDecodeStream::Present() {
     if (end > showFrom)
         NoteDynamicMetadata(*current->frame);
     std::vector<FrameHandle> shown = ShowCurrent();
-    // The second field is due half a period after the first, also where the picture then stands for longer.
+    // The second field is due half a period after the first, also where the frame then stands for longer.
     const std::int64_t period = track.frameRate > 0 ? FramesToTime(1, track.frameRate) : end - current->ownTime;
     const std::int64_t half = current->ownTime + std::min(period, end - current->ownTime) / 2;
     const bool two = shown.size() > 1;
@@ -186,7 +185,7 @@ void VideoDecodeStream::Push(FrameHandle frame, std::int64_t begin, std::int64_t
     ready.push_back(new DataVideoFF(std::move(upright), begin, end - begin));
 }
 
-// Any picture may be the first that has such.
+// Any frame may be the first that has such.
 void VideoDecodeStream::NoteDynamicMetadata(const AVFrame& frame) {
     if (dynamicNoted)
         return;
@@ -207,13 +206,13 @@ std::vector<FrameHandle> VideoDecodeStream::ShowCurrent() {
 
 std::vector<FrameHandle> VideoDecodeStream::Deinterlace() {
     const AVFrame& frame = *current->frame;
-    const bool pictures = fields == Fields::ToPictures;
+    const bool doubled = fields == Fields::FramePerField;
     if (!deinterlacer) {
-        const int threads = frame.width * frame.height >= LARGE_PICTURE ? 2 : 1;
+        const int threads = frame.width * frame.height >= LARGE_FRAME ? 2 : 1;
         deinterlacer = std::make_unique<Deinterlacer>(
-            pictures ? Deinterlacer::Output::Fields : Deinterlacer::Output::Frame, threads);
+            doubled ? Deinterlacer::Output::Fields : Deinterlacer::Output::Frame, threads);
         source->Note(std::string("interlaced (") + FieldOrderText(frame.top_field_first != 0) +
-                     (pictures ? "), deinterlaced to a picture for each field" : "), deinterlaced"));
+                     (doubled ? "), deinterlaced to a picture for each field" : "), deinterlaced"));
     }
     std::vector<FrameHandle> shown = deinterlacer->Deinterlace(previous ? previous->frame.get() : nullptr, frame,
                                                                next ? next->frame.get() : nullptr);
@@ -273,20 +272,20 @@ void VideoDecodeStream::ReportFlaws(const AVFrame& frame, std::int64_t time) {
 std::int64_t VideoDecodeStream::TimeOf(const AVFrame& frame) {
     const std::int64_t timestamp = ToEngineTime(frame.best_effort_timestamp, demuxer->GetStream(track.index).time_base);
     const std::int64_t time = timestamp == TIME_UNKNOWN ? TIME_UNKNOWN : timestamp - source->GetDetails().origin;
-    // The guess at the time of the last pictures of a joined part is made from packets of the next.
+    // The guess at the time of the last frames of a joined part is made from packets of the next.
     const bool wrong = source->GetDetails().clock && frame.pts == AV_NOPTS_VALUE && time <= lastDecoded;
     if (time != TIME_UNKNOWN && !wrong)
         return time;
     return lastDecoded < 0 ? 0 : lastDecoded + (track.frameRate > 0 ? FramesToTime(1, track.frameRate) : 1);
 }
 
-std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
+std::optional<VideoDecodeStream::Shown> VideoDecodeStream::DecodeNext() {
     while (FrameHandle frame = decoder->Next()) {
-        // After a seek, a picture without a time cannot be counted on from another.
+        // After a seek, a frame without a time cannot be counted on from another.
         if (!atStart && lastDecoded < 0 && frame->best_effort_timestamp == AV_NOPTS_VALUE)
             continue;
         const std::int64_t time = TimeOf(*frame);
-        // Two pictures at one time: the second would replace the first before it was shown.
+        // Two frames at one time: the second would replace the first before it was shown.
         if (!atStart && time <= lastDecoded) {
             if (lastDecoded - time > BACKWARD_JUMP && !winding)
                 source->Report(lastDecoded, "Timestamps run backwards; pictures are left out");
@@ -296,17 +295,17 @@ std::optional<VideoDecodeStream::Picture> VideoDecodeStream::DecodeNext() {
         if (time >= duration && !atStart)
             break;
         AVStream& stream = demuxer->GetStream(track.index);
-        TagPicture(*frame, stream, demuxer->GetContext());
+        TagFrame(*frame, stream, demuxer->GetContext());
         GuessColour(*frame, stream.codecpar->codec_id);
         TagFields(*frame, *stream.codecpar, source->GetDetails().fieldsByTrack);
         lastDecoded = time;
         // What begins late is shown from the start.
-        return Picture{std::move(frame), std::exchange(atStart, false) ? 0 : time, std::max<std::int64_t>(time, 0)};
+        return Shown{std::move(frame), std::exchange(atStart, false) ? 0 : time, std::max<std::int64_t>(time, 0)};
     }
     return {};
 }
 
-void VideoDecodeStream::ForgetPictures() {
+void VideoDecodeStream::ForgetFrames() {
     ready.clear();
     previous.reset();
     current.reset();
@@ -315,7 +314,7 @@ void VideoDecodeStream::ForgetPictures() {
 }
 
 void VideoDecodeStream::StartOver() {
-    ForgetPictures();
+    ForgetFrames();
     demuxer->Rewind();
     decoder->Flush();
     atStart = true;
@@ -332,15 +331,15 @@ void VideoDecodeStream::ApplySeek() {
     ready.clear();
     showFrom = target.mode == Proc::SeekMode::Exact ? target.time : 0;
     if (target.time >= duration) {
-        ForgetPictures();
+        ForgetFrames();
         position = duration;
     } else if (IsShortlyAhead(target.time)) {
         winding = true;
         WindTo(target.time);
     } else {
         SeekBack(target, true);
-        // A picture that nothing refers to can last long: then it was passed over, though it covers the target.
-        const Picture* earliest = previous ? &*previous : current ? &*current : nullptr;
+        // A frame that nothing refers to can last long: then it was passed over, though it covers the target.
+        const Shown* earliest = previous ? &*previous : current ? &*current : nullptr;
         if (earliest && earliest->ownTime < skippedUpTo)
             SeekBack(target, false);
         FetchPrevious(target);
@@ -365,7 +364,7 @@ void VideoDecodeStream::SeekBack(const SeekTarget& target, bool skipUnreferenced
         WindTo(target.time);
 }
 
-// Pictures of uneven lengths may put the landing on the very one that covers the target.
+// Frames of uneven lengths may put the landing on the very one that covers the target.
 void VideoDecodeStream::FetchPrevious(const SeekTarget& target) {
     if (fields == Fields::Kept || target.mode != Proc::SeekMode::Exact || !current || previous ||
         current->ownTime <= track.start)
@@ -374,19 +373,19 @@ void VideoDecodeStream::FetchPrevious(const SeekTarget& target) {
     WindTo(target.time);
 }
 
-// To deinterlace a picture, the one before is needed too.
+// To deinterlace a frame, the one before is needed too.
 std::int64_t VideoDecodeStream::LeadOf(std::int64_t time) const {
     return fields == Fields::Kept || track.frameRate <= 0 ? time : time - FramesToTime(3, track.frameRate * 2);
 }
 
 bool VideoDecodeStream::LandBefore(std::int64_t time, std::int64_t distance) {
     if (time - distance <= track.start) {
-        // Nothing is passed over at the start: its first picture has to be the one that linear reading gives.
+        // Nothing is passed over at the start: its first frame has to be the one that linear reading gives.
         winding = time > track.start;
         StartOver();
         return true;
     }
-    ForgetPictures();
+    ForgetFrames();
     keysToPass = 0;
     if (TellsTimesOnlyInOrder(demuxer->GetFormatName())) {
         if (!LandByReading(time - distance))

@@ -1,10 +1,10 @@
-// Kestra::FF::VideoDecodeStream: the pictures of a media file.
+// Kestra::FF::VideoDecodeStream: the frames of a media file.
 #pragma once
 
 #include "Kestra/FF/Decode/Decoder.h"
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Picture/Deinterlacer.h"
-#include "Kestra/FF/Picture/PictureRotator.h"
+#include "Kestra/FF/Picture/FrameRotator.h"
 #include "Kestra/FF/Source/MediaSource.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
@@ -16,9 +16,9 @@ namespace Kestra::FF {
 /// Delivers what the file holds. Opens a file of its own at the first read. Seeks take effect at the next read. Each
 /// frame keeps the time at which it begins, also the one that covers the target of a seek.
 ///
-/// Interlaced pictures stay as they are where nobody prefers progressive ones (TAG_INTERLACED) or they have to be
-/// turned. Otherwise each becomes one progressive picture, or two, of which each shows a field, for a consumer of a
-/// rate that shows them; pictures that are progressive keep their pixels.
+/// Interlaced frames stay as they are where nobody prefers progressive ones (TAG_INTERLACED) or they have to be
+/// turned. Otherwise each becomes one progressive frame, or two, of which each shows a field, for a consumer of a
+/// rate that shows them; frames that are progressive keep their pixels.
 class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
@@ -39,13 +39,13 @@ public:
 private:
     void Open();
     boost::intrusive_ptr<Proc::IDataVideo> ReadOn();
-    /// A decoded picture and where it begins in the stream.
-    struct Picture {
+    /// A decoded frame and where it begins in the stream.
+    struct Shown {
         FrameHandle frame;
         std::int64_t time = 0;
-        std::int64_t ownTime = 0; ///< differs in the first picture, which is shown from the start
+        std::int64_t ownTime = 0; ///< differs in the first frame, which is shown from the start
     };
-    enum class Fields { Kept, ToFrames, ToPictures };
+    enum class Fields { Kept, OneFrame, FramePerField };
     struct SeekTarget {
         std::int64_t time = 0;
         Proc::SeekMode mode = Proc::SeekMode::Exact;
@@ -54,7 +54,7 @@ private:
     bool SupplyPacket(AVPacket& packet);
     bool PassesKeyGate(const AVPacket& packet);
     void ChooseSkipping(const AVPacket& packet);
-    std::optional<Picture> DecodeNext();
+    std::optional<Shown> DecodeNext();
     std::int64_t TimeOf(const AVFrame& frame);
     void ReportFlaws(const AVFrame& frame, std::int64_t time);
     void OnDamage(std::int64_t timestamp, const std::string& reason);
@@ -65,7 +65,7 @@ private:
     bool LandByReading(std::int64_t time);
     void ListKeyframes();
     void StartOver();
-    void ForgetPictures();
+    void ForgetFrames();
     void WindTo(std::int64_t time);
     void PreferFields(const Conf::IFormatCodecVideo& format);
     bool IsOriented() const { return track.rotation == 0 && !source->GetDetails().flipped; }
@@ -83,27 +83,27 @@ private:
     std::atomic<bool> interrupted{false};
     std::unique_ptr<Demuxer> demuxer;
     std::unique_ptr<Decoder> decoder;
-    std::unique_ptr<PictureRotator> rotator;
-    std::unique_ptr<Deinterlacer> deinterlacer; ///< from the first interlaced picture on
+    std::unique_ptr<FrameRotator> rotator;
+    std::unique_ptr<Deinterlacer> deinterlacer; ///< from the first interlaced frame on
     Fields fields = Fields::Kept;
 
-    std::optional<Picture> previous; ///< decoded before `current`; only where fields are not kept
-    std::optional<Picture> current;  ///< what the next read returns
-    std::optional<Picture> next;     ///< its successor, which tells how long it lasts
-    /// What came of pictures before `current`, for the next reads.
+    std::optional<Shown> previous; ///< decoded before `current`; only where fields are not kept
+    std::optional<Shown> current;  ///< what the next read returns
+    std::optional<Shown> next;     ///< its successor, which tells how long it lasts
+    /// What came of frames before `current`, for the next reads.
     std::deque<boost::intrusive_ptr<Proc::IDataVideo>> ready;
     std::optional<SeekTarget> pendingSeek;
     bool dynamicNoted = false;
     std::int64_t position = 0;
     std::int64_t showFrom = 0;     ///< after a seek, what ends before is not shown
-    std::int64_t lastDecoded = -1; ///< time of the last decoded picture; times have to rise
-    bool atStart = true;           ///< no picture has been decoded since the start
+    std::int64_t lastDecoded = -1; ///< time of the last decoded frame; times have to rise
+    bool atStart = true;           ///< no frame has been decoded since the start
     bool awaitsKey = false;        ///< after a seek, packets before the first keyframe cannot be decoded
     std::size_t keysToPass = 0;    ///< while awaiting: keyframes that are passed over too
     /// Times of all keyframes, in the order of the file; only for containers that cannot be sought in.
     std::vector<std::int64_t> keyTimes;
-    bool winding = false;          ///< pictures are decoded only to be dropped
-    std::int64_t skipBefore = -1;  ///< unreferenced pictures before this time are not even decoded
+    bool winding = false;          ///< frames are decoded only to be dropped
+    std::int64_t skipBefore = -1;  ///< unreferenced frames before this time are not even decoded
     std::int64_t skippedUpTo = -1; ///< the latest time among packets that were offered for skipping
 };
 

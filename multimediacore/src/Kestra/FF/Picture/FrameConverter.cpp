@@ -1,0 +1,222 @@
+#include "Kestra/FF/Picture/FrameConverter.h"
+
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Picture/AlphaBlend.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
+#include "Kestra/FF/Picture/Premultiply.h"
+#include <string>
+#include <tuple>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace Kestra::FF {
+
+using Conf::ColourInfo;
+using Proc::TranscodingError;
+
+namespace {
+
+// The colour by which the pixels are to be read: guessed where the frame does not say.
+ColourInfo EffectiveColour(const AVFrame& frame) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    const bool full = frame.color_range == AVCOL_RANGE_JPEG || IsFullRangeFormat(format);
+    ColourInfo colour = CompleteColour(ColourOf(frame), frame.width, frame.height, format, full);
+    if (IsRgb(format))
+        colour.range = AVCOL_RANGE_JPEG;
+    return colour;
+}
+
+/// How many rows of pixels share one of chroma, as a power of two.
+int ChromaRowsOf(const AVFrame& frame) {
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    return descriptor ? descriptor->log2_chroma_h : 0;
+}
+
+bool IsWhole(const FrameRect& part, int width, int height) {
+    return part == FrameRect{0, 0, width, height};
+}
+
+bool SameColour(const ColourInfo& a, const ColourInfo& b) {
+    return MatrixClass(a.matrix) == MatrixClass(b.matrix) && a.range == b.range;
+}
+
+int ResolveRange(int tagged, AVPixelFormat from, AVPixelFormat to, int wanted) {
+    if (IsFullRangeFormat(to))
+        return AVCOL_RANGE_JPEG;
+    if (wanted != AVCOL_RANGE_UNSPECIFIED)
+        return wanted;
+    if (IsRgb(from))
+        return AVCOL_RANGE_MPEG;
+    return IsFullRangeFormat(from) ? static_cast<int>(AVCOL_RANGE_JPEG) : tagged;
+}
+
+void CopyTags(AVFrame& to, const AVFrame& from) {
+    Check(av_frame_copy_props(&to, &from), TranscodingError::OutOfMemory, "Copying the tags of a picture failed");
+}
+
+} // namespace
+
+bool FrameConverter::Setup::operator==(const Setup& other) const {
+    return std::tie(sourceWidth, sourceHeight, sourceFormat, width, height, format, pass.interpolation, pass.threads) ==
+               std::tie(other.sourceWidth, other.sourceHeight, other.sourceFormat, other.width, other.height,
+                        other.format, other.pass.interpolation, other.pass.threads) &&
+           SameColour(pass.before, other.pass.before) && SameColour(pass.after, other.pass.after);
+}
+
+ColourInfo FrameConverter::ResolveColour(const AVFrame& frame, AVPixelFormat format, const ColourInfo& wanted) {
+    ColourInfo colour = ColourOf(frame);
+    if (wanted.primaries != AVCOL_PRI_UNSPECIFIED)
+        colour.primaries = wanted.primaries;
+    if (wanted.transfer != AVCOL_TRC_UNSPECIFIED)
+        colour.transfer = wanted.transfer;
+    const bool wasRgb = IsRgb(static_cast<AVPixelFormat>(frame.format));
+    if (IsRgb(format)) {
+        colour.matrix = AVCOL_SPC_RGB;
+        colour.range = AVCOL_RANGE_JPEG;
+        return colour;
+    }
+    if (wanted.matrix != AVCOL_SPC_UNSPECIFIED && wanted.matrix != AVCOL_SPC_RGB)
+        colour.matrix = wanted.matrix;
+    else if (wasRgb || colour.matrix == AVCOL_SPC_RGB)
+        colour.matrix = CompleteColour(colour, frame.width, frame.height, format, false).matrix;
+    colour.range = ResolveRange(colour.range, static_cast<AVPixelFormat>(frame.format), format, wanted.range);
+    return colour;
+}
+
+void FrameConverter::Configure(const Setup& wanted) {
+    if (context && setup == wanted)
+        return;
+    const char* const what = "This conversion of pictures is not possible";
+    context.reset(Allocated(sws_alloc_context()));
+    const auto set = [this, what](const char* name, std::int64_t value) {
+        Check(av_opt_set_int(context.get(), name, value, 0), TranscodingError::FilterFailed, what);
+    };
+    const Pass& pass = wanted.pass;
+    const bool fullBefore = pass.before.range == AVCOL_RANGE_JPEG;
+    const bool fullAfter = pass.after.range == AVCOL_RANGE_JPEG;
+    set("srcw", wanted.sourceWidth);
+    set("srch", wanted.sourceHeight);
+    set("src_format", wanted.sourceFormat);
+    set("src_range", fullBefore);
+    set("dstw", wanted.width);
+    set("dsth", wanted.height);
+    set("dst_format", wanted.format);
+    set("dst_range", fullAfter);
+    set("sws_flags", pass.interpolation | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP);
+    set("threads", pass.threads);
+    Check(sws_init_context(context.get(), nullptr, nullptr), TranscodingError::FilterFailed, what);
+    // RGB has the coefficients of the matrix that it is made from or becomes.
+    const int before = pass.before.matrix == AVCOL_SPC_RGB ? pass.after.matrix : pass.before.matrix;
+    const int after = pass.after.matrix == AVCOL_SPC_RGB ? pass.before.matrix : pass.after.matrix;
+    constexpr int UNITY = 1 << 16;
+    // Fails where neither side is YUV: then there is nothing to be set.
+    sws_setColorspaceDetails(context.get(), sws_getCoefficients(before), fullBefore, sws_getCoefficients(after),
+                             fullAfter, 0, UNITY, UNITY);
+    setup = wanted;
+}
+
+void FrameConverter::Scale(const AVFrame& from, AVFrame& to, const Pass& pass) {
+    Configure({from.width, from.height, from.format, to.width, to.height, to.format, pass});
+    Check(sws_scale_frame(context.get(), &to, &from), TranscodingError::FilterFailed, "Converting a picture failed");
+}
+
+// The rows of the two fields show two instants: they must not be mixed.
+void FrameConverter::ScaleFields(const AVFrame& from, AVFrame& to, const Pass& pass) {
+    for (const bool bottom : {false, true}) {
+        const FrameHandle fromField = MakeFieldView(from, bottom);
+        const FrameHandle toField = MakeFieldView(to, bottom);
+        Scale(*fromField, *toField, pass);
+    }
+}
+
+void FrameConverter::Fill(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    const FrameRect source = AlignToChroma(target.source, format, frame.width, frame.height);
+    const FrameRect place =
+        AlignToChroma(target.place, static_cast<AVPixelFormat>(result.format), target.width, target.height);
+    const FrameHandle from = MakeView(frame, source);
+    const FrameHandle to = MakeView(result, place);
+    const bool rowsChange = source.height != place.height || ChromaRowsOf(frame) != ChromaRowsOf(result);
+    const bool fields = frame.interlaced_frame && rowsChange && source.height % 4 == 0 && place.height % 4 == 0 &&
+                        source.y % 4 == 0 && place.y % 4 == 0;
+    if (fields)
+        ScaleFields(*from, *to, pass);
+    else
+        Scale(*from, *to, pass);
+    // After the scaler, which writes whole vectors and so a little over the edge.
+    FillAround(result, place);
+}
+
+void FrameConverter::FillWeighted(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass) {
+    const bool scaled = target.source.width != target.place.width || target.source.height != target.place.height;
+    if (!scaled || result.format != frame.format || !NeedsPremultiplying(frame))
+        return Fill(result, frame, target, pass);
+    Fill(result, *Premultiplied(frame, flattened), target, pass);
+    Unpremultiply(result);
+}
+
+FrameHandle FrameConverter::Flatten(const AVFrame& frame) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    if (CanBlend(format))
+        return BlendOverBlack(frame, flattened);
+    FrameTarget target;
+    target.width = frame.width;
+    target.height = frame.height;
+    target.sampleAspect = frame.sample_aspect_ratio;
+    target.format = av_pix_fmt_desc_get(format)->comp[0].depth > 8 ? AV_PIX_FMT_GBRAP16 : AV_PIX_FMT_GBRAP;
+    target.source = target.place = {0, 0, frame.width, frame.height};
+    return BlendOverBlack(*FrameConverter().Convert(frame, target), flattened);
+}
+
+FrameHandle FrameConverter::Reshape(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
+                                    AVPixelFormat format) {
+    const Pass pass{change.before, change.after, target.interpolation, target.threads};
+    const bool done = frame.format == format && SameColour(pass.before, pass.after) &&
+                      IsWhole(target.place, target.width, target.height) &&
+                      IsWhole(target.source, target.width, target.height) && frame.width == target.width &&
+                      frame.height == target.height;
+    FrameHandle result = done ? MakeFrameReference(frame) : pool.Get(format, target.width, target.height);
+    if (!done)
+        CopyTags(*result, frame);
+    result->sample_aspect_ratio = target.sampleAspect;
+    SetColour(*result, change.after);
+    if (!done)
+        FillWeighted(*result, frame, target, pass);
+    return result;
+}
+
+// Size first: fewer pixels to convert where it shrinks, and what grows is as exact either way.
+FrameHandle FrameConverter::Recolour(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
+                                     AVPixelFormat format) {
+    const auto own = static_cast<AVPixelFormat>(frame.format);
+    const FrameHandle shaped = Reshape(frame, target, {change.before, change.before},
+                                       ColourConverter::FormatFor(own, target.width, target.height));
+    const AVPixelFormat made = ColourConverter::FormatFor(format, target.width, target.height);
+    FrameHandle result = colours.Convert(*shaped, change, made);
+    if (made == format)
+        return result;
+    FrameTarget rest = target;
+    rest.source = rest.place = {0, 0, target.width, target.height};
+    if (!finish)
+        finish = std::make_unique<FrameConverter>();
+    return finish->Reshape(*result, rest, {change.after, change.after}, format);
+}
+
+FrameHandle FrameConverter::Convert(const AVFrame& frame, const FrameTarget& target) {
+    const auto own = static_cast<AVPixelFormat>(frame.format);
+    const AVPixelFormat format = target.format == AV_PIX_FMT_NONE ? own : target.format;
+    const FrameHandle flat = HasAlpha(own) && !HasAlpha(format) ? Flatten(frame) : FrameHandle();
+    const AVFrame& whole = flat ? *flat : frame;
+    const ColourInfo tags = ResolveColour(whole, format, target.colour);
+    const ColourInfo before = EffectiveColour(whole);
+    const ColourChange change{before, Completed(tags, before)};
+    FrameHandle result = ColourConverter::IsNeeded(change) ? Recolour(whole, target, change, format)
+                                                           : Reshape(whole, target, change, format);
+    SetColour(*result, tags);
+    return result;
+}
+
+} // namespace Kestra::FF
