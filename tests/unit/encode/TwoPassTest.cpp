@@ -240,6 +240,20 @@ TEST_P(TwoPassFiles, NameEveryFileThatIsDamagedOrMissing) {
     EXPECT_EQ(passes.Run(false).size(), 12U) << "nothing but the damage was in the way";
 }
 
+TEST_P(TwoPassFiles, AreNoPlanForMorePicturesThanStandInThem) {
+    const Passes passes(GetParam());
+    passes.Run(true);
+    const std::string manifest = passes.log + ".manifest";
+    std::string lines = Content(manifest);
+    Overwrite(manifest, lines.replace(0, lines.find('\n'), "pictures 9000000000000000000"));
+    const auto failure = passes.Second();
+    // Those that read their statistics themselves count for themselves too.
+    if (failure.GetCode() == TranscodingError::None)
+        return;
+    EXPECT_EQ(failure.GetCode(), TranscodingError::SourceDamaged) << failure.GetDescription();
+    EXPECT_NE(failure.GetDescription().find(passes.log), std::string::npos) << failure.GetDescription();
+}
+
 TEST_P(TwoPassFiles, RefuseTheLogOfAFirstPassThatDidNotEnd) {
     const Passes passes(GetParam());
     passes.Run(true);

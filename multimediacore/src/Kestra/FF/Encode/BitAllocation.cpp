@@ -60,6 +60,9 @@ std::string BitAllocation::Line(std::int64_t number, const Picture& frame) {
 }
 
 std::optional<std::vector<BitAllocation::Picture>> BitAllocation::Parse(const std::string& lines, std::int64_t count) {
+    // Whoever tells of more of them than there are lines is not believed, as long as that takes no memory.
+    if (count > std::count(lines.begin(), lines.end(), '\n'))
+        return std::nullopt;
     std::vector<std::optional<Picture>> found(static_cast<std::size_t>(count));
     std::istringstream input(lines);
     for (std::string line; std::getline(input, line);) {

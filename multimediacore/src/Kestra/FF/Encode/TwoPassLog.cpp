@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/StatisticsManifest.h"
 #include "Kestra/FF/Encode/X265Parameters.h"
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -90,12 +91,13 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
     if (firstPass)
         return;
     // Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.
-    std::int64_t needed = 0;
+    double needed = 0;
     std::ifstream lines(path);
     for (std::string line; std::getline(lines, line);)
-        needed += NumberAfter(line, " misc:");
+        needed += static_cast<double>(NumberAfter(line, " misc:"));
     const double seconds = static_cast<double>(frames) / av_q2d(context.framerate);
-    const auto lowest = static_cast<std::int64_t>(std::ceil(static_cast<double>(needed) / seconds / 1000)) * 1000;
+    constexpr double most = 1e18;
+    const auto lowest = static_cast<std::int64_t>(std::clamp(std::ceil(needed / seconds / 1000) * 1000, 0.0, most));
     if (context.bit_rate / 1000 * 1000 < lowest)
         Fail(TranscodingError::CodecRefused, "libx264 cannot meet " + std::to_string(context.bit_rate) +
                                                  " bit/s in two passes: these pictures take at least " +
