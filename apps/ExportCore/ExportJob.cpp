@@ -16,6 +16,7 @@
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace ExportCore {
@@ -43,21 +44,26 @@ void ExportJob::start() {
     QMetaObject::invokeMethod(this, &ExportJob::prepare, Qt::QueuedConnection);
 }
 
+void ExportJob::enter(JobState next) {
+    assert(mayFollow(state, next));
+    state = next;
+}
+
+// A stop may come in the middle of a step, from what the step calls: what follows looks for a verdict.
 void ExportJob::attempt(const std::function<void()>& step) {
     try {
         step();
     } catch (const Refusal& refusal) {
-        refused = true;
-        failure = ProcessingError(TranscodingError::InvalidArgument, refusal.what());
+        setFailure(ProcessingError(TranscodingError::InvalidArgument, refusal.what()), ExportOutcome::Status::Refused);
     } catch (...) { // its kind is read from it, whatever it is
         setFailure(std::current_exception());
     }
-    if (failure)
+    if (verdict)
         concludeLater();
 }
 
 void ExportJob::prepare() {
-    if (ended || concluding)
+    if (state != JobState::Made)
         return;
     attempt([this] {
         RequestCheck::ranges(request);
@@ -68,6 +74,9 @@ void ExportJob::prepare() {
 }
 
 void ExportJob::openInputs() {
+    if (verdict)
+        return;
+    enter(JobState::OpeningInputs);
     opening = std::make_unique<InputOpening>(request, provider->preset());
     connect(opening.get(), &InputOpening::finished, this, &ExportJob::onOpened);
     follow(*opening, Watchdog::Wait::Start);
@@ -77,17 +86,17 @@ void ExportJob::openInputs() {
 void ExportJob::follow(BackgroundTask& task, Watchdog::Wait wait) {
     watchdog.expect(wait);
     connect(&task, &BackgroundTask::alive, this, [this, wait] {
-        if (!ownStop && !failure)
+        if (!verdict)
             watchdog.expect(wait);
     });
 }
 
 void ExportJob::onOpened(const std::exception_ptr& error) {
-    if (ended)
-        return;
-    // An opening that was interrupted fails, but it was the user's stop.
-    if (ownStop || failure)
+    // An opening that was interrupted fails, but that is not why the run ends.
+    if (state == JobState::Ending)
         return concludeLater();
+    if (state != JobState::OpeningInputs)
+        return;
     attempt([this, &error] {
         if (error)
             std::rethrow_exception(error);
@@ -117,13 +126,14 @@ void ExportJob::showTimeline() {
 }
 
 void ExportJob::editPreset() {
-    if (!failure)
+    if (!verdict)
         presetEdit.apply(*provider, project->video(), project->audio());
 }
 
 void ExportJob::beginOutput() {
-    if (failure)
+    if (verdict)
         return;
+    enter(JobState::MakingOutput);
     outputOpening =
         std::make_unique<OutputOpening>(request, QByteArray::fromStdString(provider->preset().containerId()));
     connect(outputOpening.get(), &OutputOpening::finished, this, &ExportJob::onOutputMade);
@@ -132,10 +142,10 @@ void ExportJob::beginOutput() {
 }
 
 void ExportJob::onOutputMade(const std::exception_ptr& error) {
-    if (ended)
+    if (state != JobState::MakingOutput && state != JobState::Ending)
         return;
     transaction = outputOpening->take();
-    if (ownStop || failure)
+    if (state == JobState::Ending)
         return concludeLater();
     attempt([this, &error] {
         if (error)
@@ -146,6 +156,7 @@ void ExportJob::onOutputMade(const std::exception_ptr& error) {
 }
 
 void ExportJob::beginTranscoding() {
+    enter(JobState::Starting);
     Export::Transcoder::Data data;
     data.composition = project->composition();
     data.streamRange = streamRange;
@@ -220,14 +231,19 @@ void ExportJob::countFrames() {
 }
 
 void ExportJob::onStarted() {
-    const bool first = !std::exchange(running, true);
-    watchdog.expect(ownStop ? Watchdog::Wait::Stop : Watchdog::Wait::Progress);
-    if (first)
-        Q_EMIT started();
+    if (state == JobState::Ending) // a later pass
+        return watchdog.expect(Watchdog::Wait::Stop);
+    if (state != JobState::Starting && state != JobState::Running)
+        return;
+    watchdog.expect(Watchdog::Wait::Progress);
+    if (state == JobState::Running)
+        return;
+    enter(JobState::Running);
+    Q_EMIT started();
 }
 
 void ExportJob::onProgress(int percent, KTime remaining) {
-    if (ownStop || failure)
+    if (state != JobState::Running)
         return;
     watchdog.expect(Watchdog::Wait::Progress);
     ExportProgress progress;
@@ -242,9 +258,7 @@ void ExportJob::onProgress(int percent, KTime remaining) {
 }
 
 void ExportJob::onFailed(const ProcessingError& error) {
-    // After a stop, whatever fails on the way out concerns nobody.
-    if (!failure && !ownStop)
-        failure = error;
+    setFailure(error, ExportOutcome::Status::Failed);
 }
 
 } // namespace ExportCore

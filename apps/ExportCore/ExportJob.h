@@ -6,6 +6,7 @@
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/JobState.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCore/Watchdog.h"
 #include "ExportCoreExport.h"
@@ -68,13 +69,17 @@ Q_SIGNALS:
     void finished(const ExportCore::ExportOutcome& outcome);
 
 private:
+    /// The one way from state to state.
+    void enter(JobState next);
     void attempt(const std::function<void()>& step);
     void prepare();
     void openInputs();
     void onOpened(const std::exception_ptr& error);
     void showTimeline();
     void follow(BackgroundTask& task, Watchdog::Wait wait);
-    bool endSoon(BackgroundTask* task);
+    /// Asks the task that runs to come to its end; false when none does.
+    bool interruptTask();
+    bool engineRuns() const;
     bool isPart(const QObject* object) const;
     void selectPreset();
     void editPreset();
@@ -92,13 +97,14 @@ private:
     void onProgress(int percent, KTime remaining);
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
-    void breakOff();
+    void breakOff(bool started);
     std::string whatStalled(Watchdog::Wait wait) const;
     std::string hungReads() const;
     std::string whatHangs() const;
     void tellHungReads();
 
     void setFailure(const std::exception_ptr& error);
+    void setFailure(const Kestra::Proc::ProcessingError& error, ExportOutcome::Status status);
     void collectDamage();
     void collectNotes();
     /// Where in the composition begins what is missing, when the request asks for it.
@@ -134,13 +140,11 @@ private:
     QElapsedTimer clock;
     ExpectedFile expected;
     ExportOutcome outcome;
-    std::optional<Kestra::Proc::ProcessingError> failure;
-    std::optional<Kestra::Proc::ProcessingError> stall; ///< of a run that was stopped
-    bool refused = false;
-    bool ownStop = false;
-    bool running = false; ///< the engine has told that it started
-    bool concluding = false;
-    bool ended = false;
+    JobState state = JobState::Made;
+    /// What ends the run before its file is done, the first cause; none while all is well.
+    std::optional<ExportOutcome::Status> verdict;
+    std::optional<Kestra::Proc::ProcessingError> failure; ///< of a run that is refused or has failed
+    std::optional<Kestra::Proc::ProcessingError> stall;   ///< of a run that was stopped
 };
 
 } // namespace ExportCore

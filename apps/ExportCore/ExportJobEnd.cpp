@@ -18,6 +18,7 @@
 #include "Types/Time.h"
 #include <QVariant>
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace ExportCore {
@@ -26,25 +27,25 @@ using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
 
 void ExportJob::stop() {
-    if (ended || ownStop)
+    if (state == JobState::Ended || verdict)
         return;
-    ownStop = true;
-    if (running && !concluding) {
+    verdict = ExportOutcome::Status::Stopped;
+    if (state == JobState::Running) {
+        enter(JobState::Ending);
         watchdog.expect(Watchdog::Wait::Stop);
         transcoder->stop();
         return;
     }
-    if (endSoon(opening.get()) || endSoon(outputOpening.get()) || endSoon(check.get()))
-        return;
     // A run that has not started cannot be stopped, only destroyed.
-    concludeLater();
+    if (!interruptTask())
+        concludeLater();
 }
 
 void ExportJob::fail(const std::exception_ptr& error) {
-    if (ended)
+    if (state == JobState::Ended)
         return;
     setFailure(error);
-    if (!endSoon(opening.get()) && !endSoon(outputOpening.get()) && !endSoon(check.get()))
+    if (!interruptTask())
         concludeLater();
 }
 
@@ -81,19 +82,34 @@ void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiv
         told.GetCode(), told.GetDescription() + " (whichever export this comes from, each that runs is ended)")));
 }
 
-bool ExportJob::endSoon(BackgroundTask* task) {
-    if (!task || !task->isRunning())
-        return false;
-    watchdog.expect(Watchdog::Wait::Interruption);
-    if (transaction)
-        transaction->forbid();
-    task->interrupt();
-    return true;
+bool ExportJob::interruptTask() {
+    for (BackgroundTask* task : std::initializer_list<BackgroundTask*>{opening.get(), outputOpening.get(), check.get()})
+        if (task && task->isRunning()) {
+            if (state == JobState::OpeningInputs || state == JobState::MakingOutput)
+                enter(JobState::Ending);
+            watchdog.expect(Watchdog::Wait::Interruption);
+            if (transaction)
+                transaction->forbid();
+            task->interrupt();
+            return true;
+        }
+    return false;
 }
 
 void ExportJob::setFailure(const std::exception_ptr& error) {
-    if (!failure && !ownStop)
-        failure = ProcessingError::MakeProcessingErrorFromException(error);
+    setFailure(ProcessingError::MakeProcessingErrorFromException(error), ExportOutcome::Status::Failed);
+}
+
+// After a stop, whatever fails on the way out concerns nobody.
+void ExportJob::setFailure(const ProcessingError& error, ExportOutcome::Status status) {
+    if (verdict)
+        return;
+    verdict = status;
+    failure = error;
+}
+
+bool ExportJob::engineRuns() const {
+    return transcoder && state != JobState::Starting;
 }
 
 std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
@@ -102,7 +118,8 @@ std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
     case Watchdog::Wait::Start:
         return "The export did not start within " + limit;
     case Watchdog::Wait::Progress:
-        return (check ? "Checking the finished file made no progress for " : "The export made no progress for ") +
+        return (state == JobState::Checking ? "Checking the finished file made no progress for "
+                                            : "The export made no progress for ") +
                limit;
     default:
         return "The export did not stop within " + limit;
@@ -123,34 +140,35 @@ std::string ExportJob::whatHangs() const {
     const std::string output = '"' + request.outputPath.toStdString() + '"';
     if (outputOpening && outputOpening->isRunning())
         return "Making a file beside " + output + " does not come to an end";
-    if (check)
+    if (state == JobState::Checking)
         return "Reading the finished file and moving it to " + output + " does not come to an end";
     const std::string reads = hungReads();
-    return reads.empty() && running ? "Encoding, or writing " + output + ", does not come back" : reads;
+    return reads.empty() && engineRuns() ? "Encoding, or writing " + output + ", does not come back" : reads;
 }
 
 void ExportJob::onStalled(Watchdog::Wait wait) {
     const std::string hung = whatHangs();
     const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
-    if (ownStop && !failure)
+    if (verdict == ExportOutcome::Status::Stopped)
         stall = error;
-    else if (!failure)
-        failure = error;
-    concluding = true;
-    breakOff();
+    else
+        setFailure(error, ExportOutcome::Status::Failed);
+    const bool started = engineRuns();
+    enter(JobState::BrokenOff);
+    breakOff(started);
     if (check)
         check->interrupt();
     if (!undo())
         return concludeCommitted();
-    finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
+    finish(*verdict);
 }
 
 /// What hangs may come back: it must find nothing that it could go on with.
-void ExportJob::breakOff() {
+void ExportJob::breakOff(bool started) {
     if (!transcoder)
         return;
     transcoder->disconnect(this);
-    if (!running) // cannot be stopped yet, only destroyed
+    if (!started) // cannot be stopped yet, only destroyed
         return transcoder.reset();
     // Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
     transcoder->stop();
@@ -162,22 +180,23 @@ void ExportJob::tellHungReads() {
     const std::string hung = hungReads();
     if (hung.empty())
         return;
-    if (!ownStop || failure)
+    if (verdict != ExportOutcome::Status::Stopped)
         outcome.warnings << QString::fromStdString(hung);
     else
         stall = ProcessingError(TranscodingError::Stalled, hung);
 }
 
 void ExportJob::concludeLater() {
-    if (std::exchange(concluding, true))
+    if (!mayFollow(state, JobState::Concluding)) // it is on its way, or behind
         return;
+    enter(JobState::Concluding);
     watchdog.disarm();
     // Not from inside a signal of the transcoder: it is destroyed there.
     QMetaObject::invokeMethod(this, &ExportJob::conclude, Qt::QueuedConnection);
 }
 
 void ExportJob::conclude() {
-    if (ended || check)
+    if (state != JobState::Concluding)
         return;
     transcoder.reset();
     if (project) {
@@ -185,12 +204,10 @@ void ExportJob::conclude() {
         collectNotes();
     }
     tellHungReads();
-    if (!failure && !ownStop && checkFile())
+    if (!verdict && checkFile())
         return;
     undo();
-    finish(failure && refused ? ExportOutcome::Status::Refused
-           : failure          ? ExportOutcome::Status::Failed
-                              : ExportOutcome::Status::Stopped);
+    finish(*verdict);
 }
 
 std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& report) const {
@@ -218,8 +235,9 @@ void ExportJob::collectDamage() {
         const std::string sentence = '"' + report.path.ToUtf8() + "\" is damaged at " +
                                      TimeText::format(Types::fromAvTime(report.time)) + ": " + report.what;
         const std::optional<KTime> missing = missingFrom(report);
-        if (missing && !failure && !ownStop)
-            failure = ProcessingError(TranscodingError::SourceDamaged, sentence + wayOut(*missing));
+        if (missing && !verdict)
+            setFailure(ProcessingError(TranscodingError::SourceDamaged, sentence + wayOut(*missing)),
+                       ExportOutcome::Status::Failed);
         else
             outcome.warnings << QString::fromStdString(sentence);
     }
@@ -238,6 +256,7 @@ void ExportJob::collectNotes() {
 }
 
 bool ExportJob::checkFile() {
+    enter(JobState::Checking);
     folderSynced = std::make_shared<std::atomic<bool>>(false);
     const auto last = [transaction = transaction, synced = folderSynced, output = request.outputPath.toUtf8(),
                        inputs = request.inputs] {
@@ -260,13 +279,13 @@ bool ExportJob::checkFile() {
 }
 
 void ExportJob::onChecked(const std::exception_ptr& error) {
-    if (ended)
+    if (state != JobState::Checking)
         return;
     if (!undo())
         return concludeCommitted();
     if (error)
         setFailure(error);
-    finish(failure ? ExportOutcome::Status::Failed : ExportOutcome::Status::Stopped);
+    finish(verdict.value_or(ExportOutcome::Status::Stopped));
 }
 
 /// A file that stands at its place is done, whatever was wished or failed after that.
@@ -305,7 +324,7 @@ void ExportJob::tellLeftover() {
     const std::string name = unfinishedPath.mid(unfinishedPath.lastIndexOf('/') + 1).toStdString();
     const std::string left = "The folder of \"" + request.outputPath.toStdString() +
                              "\" does not answer: an unfinished file may be left there, " + name;
-    if (ownStop && !failure && !stall)
+    if (verdict == ExportOutcome::Status::Stopped && !stall)
         stall = ProcessingError(TranscodingError::Stalled, left);
     else
         outcome.warnings << QString::fromStdString(left);
@@ -344,8 +363,7 @@ QString ExportJob::inUsersWords(const std::string& sentence) const {
 }
 
 void ExportJob::finish(ExportOutcome::Status status) {
-    if (std::exchange(ended, true))
-        return;
+    enter(JobState::Ended);
     watchdog.disarm();
     outcome.status = status;
     if (const auto& reason = failure ? failure : stall) {
