@@ -2,6 +2,7 @@
 #include "EditorPreset/Preset.h"
 #include "EditorPreset/PresetTags.h"
 #include "EditorPreset/TreeAccess.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/CreateDataHelper.h"
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
@@ -63,11 +64,6 @@ void copyPixelFormat(const Property& tree, Property& target) {
 void complete(Property& data, const char* key, CodecID codec, const std::string& container) {
     Kestra::Conf::CreateDataHelper(key, codec)->Apply(data);
     Kestra::Conf::CreateDataHelper(IPreset::KEY_FORMAT, container)->Apply(data);
-}
-
-bool isLossless(CodecID codec) {
-    return codec == CodecID::FLAC || codec == CodecID::ALAC || codec == CodecID::PCM_S16LE ||
-           codec == CodecID::PCM_S24LE || codec == CodecID::PCM;
 }
 
 void describeResizing(const Preset& preset, Property& video) {
@@ -139,7 +135,8 @@ Property Preset::muxerData() const {
 Property Preset::audioEncoderData() const {
     Property data;
     data.SetChild(IFormatCodec::TAG_CODEC_ID, std::string(Kestra::Conf::CodecIDToString(audioCodec())));
-    data.SetChild(IFormatCodec::TAG_BITRATE, isLossless(audioCodec()) ? std::int64_t{0} : audioBitrateBps());
+    data.SetChild(IFormatCodec::TAG_BITRATE,
+                  Kestra::ClientAPI::CodecLimits::IsLossless(audioCodec()) ? std::int64_t{0} : audioBitrateBps());
     if (sampleRate() != 0)
         data.SetChild(IFormatCodecAudio::TAG_SAMPLE_RATE, std::int64_t{sampleRate()});
     if (channelLayout() != 0)

@@ -23,8 +23,6 @@ namespace {
 constexpr int READ_AHEAD = 8;
 /// Samples a packet for codecs that take any number.
 constexpr int FREE_FRAME_SIZE = 2048;
-constexpr int DEEP_BITS = 24;
-constexpr int LEAST_MP3_PACKETS = 2;
 
 boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecAudio::Create();
@@ -68,8 +66,7 @@ std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
     auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec->name);
     const AVCodecContext& context = opened->GetContext();
-    if (codec->id == AV_CODEC_ID_VORBIS)
-        vorbis.reset(Allocated(av_vorbis_parse_init(context.extradata, context.extradata_size)));
+    lengthOf = Driver().LengthsOf(context);
     ChooseWindow(context);
     SkipToFirst();
     chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
@@ -97,9 +94,9 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
 }
 
 // Around a cut the encoder hears what is there, so that nothing clicks; the packets of it are whole, so that one begins
-// at the cut itself. Vorbis has no packets of a fixed length; its first one gives no audio.
+// at the cut itself. Where packets have no fixed length, the first one gives no audio.
 std::int64_t AudioEncoderCore::Surroundings(const AVCodecContext& context) const {
-    if (codec->id == AV_CODEC_ID_VORBIS || context.frame_size <= 0)
+    if (!Driver().HasFixedPackets() || context.frame_size <= 0)
         return 0;
     CodecParametersHandle parameters = MakeCodecParameters();
     Check(avcodec_parameters_from_context(parameters.get(), &context), TranscodingError::EncodeFailed,
@@ -148,9 +145,7 @@ CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& descript
     Check(av_channel_layout_copy(&context->ch_layout, &layout), TranscodingError::CodecRefused, "channel layout");
     context->time_base = {1, samples.rate};
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    if (av_get_packed_sample_fmt(samples.format) == AV_SAMPLE_FMT_S32 &&
-        (codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC))
-        context->bits_per_raw_sample = DEEP_BITS;
+    Driver().Settle(*context);
     SetAudioRateControl(*context, description);
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     return context;
@@ -185,25 +180,13 @@ FrameHandle AudioEncoderCore::NextFrame() {
     return frame;
 }
 
-// What a decoder makes of this packet. Encoders of fixed frames give the last one only what was asked of it.
-std::int64_t AudioEncoderCore::DecodedLength(const AVPacket& packet) {
-    if (packet.size == 0)
-        return 0;
-    if (vorbis)
-        return std::max(av_vorbis_parse_frame(vorbis.get(), packet.data, packet.size), 0);
-    const int frameSize = GetContext().frame_size;
-    return frameSize == 0 || codec->id == AV_CODEC_ID_FLAC || codec->id == AV_CODEC_ID_ALAC ? packet.duration
-                                                                                            : frameSize;
-}
-
 boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packet) {
     if (packet->pts == AV_NOPTS_VALUE)
         packet->pts = sent;
-    const std::int64_t length = DecodedLength(*packet);
+    const std::int64_t length = packet->size > 0 ? lengthOf(*packet) : 0;
     const std::int64_t end = packet->pts + length;
     const bool complete = sourceEnded || sent == total;
-    // A file with a single packet of MP3 is not taken for one by its readers.
-    const bool wanted = codec->id == AV_CODEC_ID_MP3 && packets < LEAST_MP3_PACKETS;
+    const bool wanted = packets < Driver().LeastPackets();
     if (complete && packet->size > 0 && packet->pts >= sent && !wanted)
         return nullptr;
     ++packets;

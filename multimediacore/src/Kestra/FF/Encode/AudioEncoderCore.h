@@ -2,13 +2,10 @@
 #pragma once
 
 #include "Kestra/FF/Data/SampleQueue.h"
+#include "Kestra/FF/Encode/AudioDriver.h"
 #include "Kestra/FF/Encode/AudioEncoderChoice.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
 #include "Kestra/Proc/IStreamAudio.h"
-
-extern "C" {
-#include <libavcodec/vorbis_parser.h>
-}
 
 namespace Kestra::FF {
 
@@ -35,10 +32,6 @@ protected:
     void ResetSource() override;
 
 private:
-    struct VorbisParserDeleter {
-        void operator()(AVVorbisParseContext* parser) const noexcept { av_vorbis_parse_free(&parser); }
-    };
-
     boost::intrusive_ptr<Conf::IFormatCodecAudio> MakeDescription() const;
     void BuildChain(const Conf::IFormatCodecAudio& description);
     std::int64_t Surroundings(const AVCodecContext& context) const;
@@ -46,14 +39,13 @@ private:
     void SkipToFirst();
     CodecContextHandle Configure(const Conf::IFormatCodecAudio& description, const OptionList& options) const;
     int FrameSize() const;
+    const AudioDriver& Driver() const { return AudioDriver::Of(*codec); }
     bool ReadOn();
-    std::int64_t DecodedLength(const AVPacket& packet);
 
     const boost::intrusive_ptr<Proc::IStreamAudio> stream;
     const AVCodec* codec;
     boost::intrusive_ptr<Proc::IStreamAudio> chain;
-    /// Vorbis alone has packets of differing lengths that only their bytes tell.
-    std::unique_ptr<AVVorbisParseContext, VorbisParserDeleter> vorbis;
+    AudioDriver::PacketLength lengthOf;
     EncodeSamples samples;
     SampleQueue queue;
     std::int64_t alignStart = 0;

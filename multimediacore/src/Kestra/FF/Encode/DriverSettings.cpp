@@ -1,5 +1,6 @@
 #include "Kestra/FF/Encode/DriverSettings.h"
 
+#include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
 #include <thread>
@@ -14,6 +15,15 @@ int Processors() {
 
 void RefuseSetting(const AVCodecContext& context, const std::string& what, SourcePlace place) {
     Fail(TranscodingError::CodecRefused, std::string(context.codec->name) + " refuses " + what, place);
+}
+
+void RefuseLayout(const AVCodec& codec, std::uint32_t wanted, const std::string& reason, SourcePlace place) {
+    const bool named = !Conf::IsDiscreteLayout(wanted);
+    Fail(TranscodingError::CodecRefused,
+         std::string(codec.name) + " cannot encode sound of " + std::to_string(Conf::CountChannels(wanted)) +
+             " channels" + (named ? std::string(" (") + Conf::LayoutRecord::Find(wanted)->name + ")" : "") + ": " +
+             reason + ". PCM in WAV holds any number of channels (preset \"wav\")",
+         place);
 }
 
 bool HasPrivateOption(const AVCodecContext& context, const char* name) {

@@ -18,6 +18,10 @@ int Processors();
 [[noreturn]] void RefuseSetting(const AVCodecContext& context, const std::string& what,
                                 SourcePlace place = SourcePlace::Here());
 
+/// Throws ProcException (CodecRefused): "ENCODER cannot encode sound of N channels (LAYOUT): REASON", with a way out.
+[[noreturn]] void RefuseLayout(const AVCodec& codec, std::uint32_t wanted, const std::string& reason,
+                               SourcePlace place = SourcePlace::Here());
+
 /// An option of the encoder's own; nothing where it has none of that name.
 bool HasPrivateOption(const AVCodecContext& context, const char* name);
 void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value);

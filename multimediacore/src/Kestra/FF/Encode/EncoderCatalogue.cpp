@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Encode/AudioDriver.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include <string>
 
@@ -12,20 +13,8 @@ using Proc::TranscodingError;
 
 namespace {
 
-struct Choice {
-    CodecID codec;
-    const char* encoder;
-};
-
-// Of audio; a codec that neither stands here nor has a driver has the library's own encoder.
-constexpr Choice CHOICES[] = {
-    {CodecID::AAC, "aac"},
-    {CodecID::Opus, "libopus"},
-    {CodecID::MP3, "libmp3lame"},
-    {CodecID::Vorbis, "libvorbis"},
-};
-
-/// Those of the codec that this installation has, the preferred one first.
+/// Those of the codec that this installation has, the preferred one first. One that has no driver has the library's
+/// own.
 std::vector<const AVCodec*> Installed(CodecID id) {
     std::vector<const AVCodec*> encoders;
     const auto add = [&encoders](const char* name) {
@@ -35,9 +24,9 @@ std::vector<const AVCodec*> Installed(CodecID id) {
     for (const VideoDriver* const driver : VideoDriver::All())
         if (driver->GetCodec() == id)
             add(driver->GetEncoder());
-    for (const Choice& choice : CHOICES)
-        if (choice.codec == id)
-            add(choice.encoder);
+    for (const AudioDriver* const driver : AudioDriver::All())
+        if (driver->GetCodec() == id && driver->GetEncoder())
+            add(driver->GetEncoder());
     if (encoders.empty())
         if (const AVCodec* const other = avcodec_find_encoder(ToAv(id)))
             encoders.push_back(other);
@@ -59,27 +48,6 @@ const AVCodec& FirstThatServes(const AVCodec& codec, Serves serves) {
         if (serves(VideoDriver::Of(*other)))
             return *other;
     return codec;
-}
-
-AVCodecID PcmOfBits(int bits) {
-    if (bits <= 8)
-        return AV_CODEC_ID_PCM_U8;
-    if (bits <= 16)
-        return AV_CODEC_ID_PCM_S16LE;
-    if (bits <= 24)
-        return AV_CODEC_ID_PCM_S24LE;
-    return bits <= 32 ? AV_CODEC_ID_PCM_S32LE : AV_CODEC_ID_PCM_S64LE;
-}
-
-AVCodecID PcmFor(AVSampleFormat format, int bits) {
-    constexpr int WHOLE_FLOAT = 32;
-    constexpr int WHOLE_DOUBLE = 64;
-    const AVSampleFormat packed = av_get_packed_sample_fmt(format);
-    if (packed == AV_SAMPLE_FMT_FLT && bits == WHOLE_FLOAT)
-        return AV_CODEC_ID_PCM_F32LE;
-    if (packed == AV_SAMPLE_FMT_DBL && bits == WHOLE_DOUBLE)
-        return AV_CODEC_ID_PCM_F64LE;
-    return bits > 0 ? PcmOfBits(bits) : AV_CODEC_ID_PCM_S16LE;
 }
 
 std::string NameIn(const Conf::IFormatCodec& description) {
@@ -128,11 +96,8 @@ const AVCodec& EncoderForExactRates(const AVCodec& codec) {
 
 const AVCodec& EncoderForSamples(const AVCodec& codec, const Conf::IFormatCodec& description,
                                  const Conf::IFormatCodecAudio& stream) {
-    if (description.GetCodecID() != CodecID::PCM)
-        return codec;
     const AVSampleFormat format = ToAv(static_cast<Conf::SampleFormats>(stream.GetSampleFormat()));
-    const AVCodec* const found = avcodec_find_encoder(PcmFor(format, stream.GetSampleBits()));
-    return found ? *found : codec;
+    return AudioDriver::Of(codec).EncoderFor(codec, description.GetCodecID(), format, stream.GetSampleBits());
 }
 
 } // namespace Kestra::FF

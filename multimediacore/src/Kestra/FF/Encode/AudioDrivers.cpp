@@ -1,0 +1,12 @@
+#include "Kestra/FF/Encode/AudioDrivers.h"
+
+namespace Kestra::FF {
+
+const std::vector<const AudioDriver*>& AudioDriver::All() {
+    static const std::vector<const AudioDriver*> drivers{
+        &AacDriver(), &OpusDriver(), &Mp3Driver(), &VorbisDriver(), &FlacDriver(), &AlacDriver(), &PcmDriver(),
+    };
+    return drivers;
+}
+
+} // namespace Kestra::FF
