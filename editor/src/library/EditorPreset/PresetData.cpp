@@ -10,6 +10,7 @@
 #include <limits>
 #include <locale>
 #include <sstream>
+#include <utility>
 
 using namespace EditorPreset;
 
@@ -45,8 +46,12 @@ void copyOptions(const Property& tree, const char* section, Property& target, co
 }
 
 void copyValue(const Property& tree, const char* section, const char* tag, Property& target, const char* targetTag) {
-    if (const Property* const node = findNode(tree, section, tag))
-        target.SetChild(targetTag, node->GetValue());
+    if (const Property* const node = findNode(tree, section, tag)) {
+        // Assigned and moved, never copied: see Property's copy constructor.
+        Property::Value value;
+        value = node->GetValue();
+        target.SetChild(targetTag, std::move(value));
+    }
 }
 
 /// Formats have several names; presets that mean the same one are alike.

@@ -6,6 +6,7 @@
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include <stdexcept>
+#include <utility>
 
 namespace Kestra::Conf {
 
@@ -30,8 +31,12 @@ public:
 
 private:
     static void AddMissing(Core::Property& tree, const Core::Property& settings) {
-        if (settings.HasValue() && !tree.HasValue())
-            tree.SetValue(settings.GetValue());
+        if (settings.HasValue() && !tree.HasValue()) {
+            // Assigned and moved, never copied: see Property's copy constructor.
+            Core::Property::Value value;
+            value = settings.GetValue();
+            tree.SetValue(std::move(value));
+        }
         for (const Core::Property& child : settings.GetChildren())
             AddMissing(tree[child.GetName()], child);
     }

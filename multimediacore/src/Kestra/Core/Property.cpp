@@ -131,9 +131,17 @@ Property::Property() = default;
 Property::Property(std::string nodeName, Value nodeValue)
     : name(std::move(nodeName))
     , value(std::move(nodeValue)) {}
-Property::Property(const Property&) = default;
+// The value is assigned: libstdc++ 12 takes a variant of these types for one that always holds something, and where the
+// copy of a text finds no memory it would destroy what is not there.
+Property::Property(const Property& other)
+    : name(other.name)
+    , children(other.children) {
+    value = other.value;
+}
 Property::Property(Property&&) noexcept = default;
-Property& Property::operator=(const Property&) = default;
+Property& Property::operator=(const Property& other) {
+    return *this = Property(other);
+}
 Property& Property::operator=(Property&&) noexcept = default;
 Property::~Property() = default;
 
