@@ -1,6 +1,7 @@
 #include "Kestra/Proc/EngineLog.h"
 
 #include "Kestra/FF/Av/LogWatch.h"
+#include "Kestra/FF/Av/MemoryWatch.h"
 #include <array>
 #include <atomic>
 #include <cstdarg>
@@ -36,6 +37,7 @@ void SendLines(void* object, int level, const char* format, va_list arguments,
 
 void OnLog(void* object, int level, const char* format, va_list arguments) {
     FF::LogWatch::Offer(level, format, arguments);
+    FF::MemoryWatch::Offer(object, level, format, arguments);
     if (level > chosenLevel)
         return;
     if (const auto receiver = lineReceiver.load())

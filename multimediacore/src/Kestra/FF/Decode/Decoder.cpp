@@ -1,6 +1,7 @@
 #include "Kestra/FF/Decode/Decoder.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/MemoryWatch.h"
 #include "Kestra/FF/Demux/StreamClaims.h"
 #include <cerrno>
 #include <cstring>
@@ -34,7 +35,7 @@ void AllowThreads(AVCodecContext& context) {
 
 } // namespace
 
-struct Decoder::Bound {
+struct Decoder::Bound : MemoryWatch {
     explicit Bound(const Proc::MediaLimits& limits)
         : limits(limits) {}
 
@@ -66,7 +67,7 @@ Decoder::Decoder(const AVStream& stream, int threads, const std::string& path, c
     context->pkt_timebase = stream.time_base;
     context->thread_count = threads;
     context->thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
-    context->opaque = bound.get();
+    context->opaque = static_cast<MemoryWatch*>(bound.get());
     context->get_buffer2 = GetBuffer;
     AllowThreads(*context);
     const int opened = avcodec_open2(context.get(), codec, nullptr);
@@ -79,7 +80,7 @@ Decoder::~Decoder() = default;
 
 // Called on decoding threads, before a frame takes its memory.
 int Decoder::GetBuffer(AVCodecContext* context, AVFrame* frame, int flags) {
-    auto& bound = *static_cast<Bound*>(context->opaque);
+    auto& bound = static_cast<Bound&>(*static_cast<MemoryWatch*>(context->opaque));
     if (FrameBytes(*frame) <= bound.limits.pictureBytes)
         return avcodec_default_get_buffer2(context, frame, flags);
     const std::lock_guard<std::mutex> lock(bound.mutex);
@@ -103,7 +104,8 @@ bool Decoder::Feed() {
     const int result = avcodec_send_packet(context.get(), packet.get());
     av_packet_unref(packet.get());
     if (result == AVERROR(ENOMEM))
-        throw std::bad_alloc();
+        bound->Tell();
+    bound->Check();
     if (result < 0 && damageReceiver)
         damageReceiver(timestamp, ErrorText(result));
     return true;
@@ -113,12 +115,13 @@ FrameHandle Decoder::Next() {
     FrameHandle frame = MakeFrame();
     for (int errors = 0; errors < MAX_ERRORS_IN_A_ROW;) {
         const int result = avcodec_receive_frame(context.get(), frame.get());
+        if (result == AVERROR(ENOMEM))
+            bound->Tell();
+        bound->Check();
         if (result >= 0)
             return frame;
         if (result == AVERROR_EOF)
             return {};
-        if (result == AVERROR(ENOMEM))
-            throw std::bad_alloc();
         if (result == AVERROR(EAGAIN)) {
             if (draining || !Feed())
                 return {};

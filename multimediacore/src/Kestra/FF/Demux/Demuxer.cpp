@@ -239,6 +239,8 @@ bool Demuxer::ReadFile(AVPacket& packet) {
             const int cause = context->pb ? context->pb->error : 0;
             if (cause < 0 && cause != AVERROR_EOF && cause != AVERROR_INVALIDDATA && cause != AVERROR_EXIT)
                 ThrowError(cause, TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" failed");
+            if (result == AVERROR(ENOMEM))
+                throw std::bad_alloc();
             if (result != AVERROR_EOF)
                 trouble = ErrorText(result);
             return false;

@@ -1,0 +1,31 @@
+// Kestra::FF::MemoryWatch: hears when a codec mentions that it got no memory.
+#pragma once
+
+#include <atomic>
+#include <cstdarg>
+
+namespace Kestra::FF {
+
+/// For decoders, some of which go on without what they could not allocate, and give pictures that are wrong. Its
+/// address is the `opaque` of the codec's context and of those that libav makes of it for its threads; it outlives
+/// them.
+class MemoryWatch {
+public:
+    MemoryWatch();
+    ~MemoryWatch();
+    MemoryWatch(const MemoryWatch&) = delete;
+    MemoryWatch& operator=(const MemoryWatch&) = delete;
+
+    /// From any thread.
+    void Tell() noexcept { told = true; }
+    /// Throws std::bad_alloc once that was told.
+    void Check() const;
+
+    /// For the one callback of libav's log, on whatever thread it comes.
+    static void Offer(void* object, int level, const char* format, va_list arguments) noexcept;
+
+private:
+    std::atomic<bool> told{false};
+};
+
+} // namespace Kestra::FF
