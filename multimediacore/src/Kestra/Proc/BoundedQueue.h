@@ -107,11 +107,13 @@ public:
 
     /// Lets go of what is queued.
     void Clear() {
-        std::deque<Pointer> dropped;
-        const std::lock_guard<std::mutex> lock(mutex);
-        dropped.swap(pieces);
-        bytes = 0;
-        roomOrCancelled.notify_all();
+        // Outside the lock, and one by one: another queue to hold them would take memory, of which there may be none.
+        for (Pointer dropped;; dropped.reset()) {
+            const std::lock_guard<std::mutex> lock(mutex);
+            if (pieces.empty())
+                return roomOrCancelled.notify_all();
+            dropped = TakeFront();
+        }
     }
 
     /// As it was made. Only while it has neither maker nor taker.
