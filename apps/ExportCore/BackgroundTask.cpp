@@ -31,9 +31,24 @@ struct BackgroundTask::Shared {
     void tellEnd(std::exception_ptr error) {
         const std::lock_guard<std::mutex> lock(mutex);
         computing.reset();
-        // Moved: the task's thread is the last to hold the error, and to free it.
-        if (task)
-            task->forwarder.Forward([owner = task, last = std::move(error)] { owner->end(last); });
+        ended = true;
+        last = std::move(error);
+        try {
+            if (task)
+                task->forwarder.Forward([owner = task] { owner->end(); });
+        } catch (const std::bad_alloc&) { // the task finds out when it looks for life
+        }
+    }
+
+    bool hasEnded() {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return ended;
+    }
+
+    /// Moved: the task's thread is the last to hold the error, and to free it.
+    std::exception_ptr takeError() {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return std::move(last);
     }
 
     /// Nanoseconds that the thread has computed; 0 when that cannot be told.
@@ -50,6 +65,8 @@ struct BackgroundTask::Shared {
     std::mutex mutex;                       ///< guards what follows
     BackgroundTask* task = nullptr;         ///< null once it is gone
     std::optional<clockid_t> computing;     ///< the thread's clock while it works
+    bool ended = false;                     ///< the work
+    std::exception_ptr last;                ///< what it ended with
     std::optional<Clock::time_point> since; ///< the interrupt
 };
 
@@ -90,14 +107,18 @@ void BackgroundTask::interrupt() {
 }
 
 void BackgroundTask::lookForLife() {
+    if (shared->hasEnded())
+        return end();
     const long long total = shared->computed();
     if (total > 0 && std::exchange(computed, total) != total)
         Q_EMIT alive();
 }
 
-void BackgroundTask::end(const std::exception_ptr& error) {
-    running = false;
+void BackgroundTask::end() {
+    if (!std::exchange(running, false))
+        return;
     timer.stop();
+    const std::exception_ptr error = shared->takeError();
     Q_EMIT finished(error);
 }
 

@@ -43,7 +43,7 @@ private:
     struct Shared;
 
     void lookForLife();
-    void end(const std::exception_ptr& error);
+    void end();
 
     Kestra::Util::FunctorExecutionForwarder forwarder;
     const std::string threadName;

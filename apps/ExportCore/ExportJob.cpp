@@ -27,8 +27,11 @@ using Kestra::Proc::TranscodingError;
 ExportJob::ExportJob(ExportRequest request, QObject* parent)
     : QObject(parent)
     , request(std::move(request))
-    , watchdog(this->request.limits, this) {
+    , watchdog(this->request.limits, this)
+    , conclusion(this) {
     connect(&watchdog, &Watchdog::stalled, this, &ExportJob::onStalled);
+    conclusion.setSingleShot(true);
+    connect(&conclusion, &QTimer::timeout, this, &ExportJob::conclude);
 }
 
 ExportJob::~ExportJob() {

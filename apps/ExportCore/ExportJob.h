@@ -13,6 +13,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 #include <atomic>
 #include <exception>
 #include <functional>
@@ -137,6 +138,7 @@ private:
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
     Watchdog watchdog;
+    QTimer conclusion;
     QElapsedTimer clock;
     ExpectedFile expected;
     ExportOutcome outcome;

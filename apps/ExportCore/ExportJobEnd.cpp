@@ -191,8 +191,9 @@ void ExportJob::concludeLater() {
         return;
     enter(JobState::Concluding);
     watchdog.disarm();
-    // Not from inside a signal of the transcoder: it is destroyed there.
-    QMetaObject::invokeMethod(this, &ExportJob::conclude, Qt::QueuedConnection);
+    // Not from inside a signal of the transcoder: it is destroyed there. By what is made beforehand: the run may have
+    // failed for want of memory.
+    conclusion.start(0);
 }
 
 void ExportJob::conclude() {
