@@ -1,0 +1,28 @@
+// Sweep::runInChild: one export in a process of its own, which may crash or hang.
+#pragma once
+
+#include "ExportCore/ExportRequest.h"
+#include "sweep/memory/MemoryFaults.h"
+
+namespace Sweep {
+
+/// How a process ended and what it had to say until then.
+struct ChildEnd {
+    enum class Kind { Came, Crashed, Hung };
+    Kind kind = Kind::Came;
+    int signal = 0;       ///< of a crash
+    bool ended = false;   ///< the export told of its end, once
+    bool stalled = false; ///< with the watchdog's words
+    int status = -1;      ///< as in ExportOutcome
+    char words[400] = ""; ///< of its failure
+    bool failed = false;  ///< an allocation
+    long ours = 0;        ///< allocations
+    long codecs = 0;
+    char asked[600] = ""; ///< who asked for what failed first
+    char fell[600] = "";  ///< where a crash was
+};
+
+/// Counts from the making of the job to its destruction. Hung is what has not ended after minutes.
+ChildEnd runInChild(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan);
+
+} // namespace Sweep
