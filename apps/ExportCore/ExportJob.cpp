@@ -95,11 +95,11 @@ void ExportJob::follow(BackgroundTask& task, Watchdog::Wait wait) {
 }
 
 void ExportJob::onOpened(const std::exception_ptr& error) {
-    // An opening that was interrupted fails, but that is not why the run ends.
-    if (state == JobState::Ending)
-        return concludeLater();
     if (state != JobState::OpeningInputs)
         return;
+    // An opening that was interrupted fails, but that is not why the run ends.
+    if (verdict)
+        return concludeLater();
     attempt([this, &error] {
         if (error)
             std::rethrow_exception(error);
@@ -145,10 +145,10 @@ void ExportJob::beginOutput() {
 }
 
 void ExportJob::onOutputMade(const std::exception_ptr& error) {
-    if (state != JobState::MakingOutput && state != JobState::Ending)
+    if (state != JobState::MakingOutput)
         return;
     transaction = outputOpening->take();
-    if (state == JobState::Ending)
+    if (verdict)
         return concludeLater();
     attempt([this, &error] {
         if (error)

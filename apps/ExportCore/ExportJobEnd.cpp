@@ -85,8 +85,6 @@ void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiv
 bool ExportJob::interruptTask() {
     for (BackgroundTask* task : std::initializer_list<BackgroundTask*>{opening.get(), outputOpening.get(), check.get()})
         if (task && task->isRunning()) {
-            if (state == JobState::OpeningInputs || state == JobState::MakingOutput)
-                enter(JobState::Ending);
             watchdog.expect(Watchdog::Wait::Interruption);
             if (transaction)
                 transaction->forbid();

@@ -10,7 +10,7 @@ enum class JobState {
     MakingOutput,  ///< the private file, on another thread
     Starting,      ///< the transcoder has its orders; the engine has not told that it started
     Running,       ///< it has
-    Ending,        ///< a thread that was interrupted, or the engine that was stopped, has not come to its end
+    Ending,        ///< it has been asked to stop
     Concluding,    ///< that was the last: the event loop's next turn says what follows
     Checking,      ///< the finished file is read back and moved to its place, on another thread
     BrokenOff,     ///< something hangs, and is being left
@@ -22,11 +22,9 @@ constexpr bool mayFollow(JobState from, JobState to) {
     case JobState::Made:
         return to == JobState::OpeningInputs || to == JobState::Concluding;
     case JobState::OpeningInputs:
-        return to == JobState::MakingOutput || to == JobState::Ending || to == JobState::Concluding ||
-               to == JobState::BrokenOff;
+        return to == JobState::MakingOutput || to == JobState::Concluding || to == JobState::BrokenOff;
     case JobState::MakingOutput:
-        return to == JobState::Starting || to == JobState::Ending || to == JobState::Concluding ||
-               to == JobState::BrokenOff;
+        return to == JobState::Starting || to == JobState::Concluding || to == JobState::BrokenOff;
     case JobState::Starting:
         return to == JobState::Running || to == JobState::Concluding || to == JobState::BrokenOff;
     case JobState::Running:

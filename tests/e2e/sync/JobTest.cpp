@@ -1,17 +1,22 @@
 // The life of one export in a process that goes on.
+#include "Composition/Object.h"
 #include "ExportCore/ExportJob.h"
 #include "ExportCore/TimeText.h"
+#include "Message/Types.h"
+#include "PubSub/Subscriber.h"
 #include "WatchedJob.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
 #include <cerrno>
 #include <cstdio>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <pthread.h>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
@@ -121,6 +126,41 @@ TEST_F(Job, AStopAtAnyTurnOfTheEventLoopIsAStop) {
         job->stop();
         ASSERT_TRUE(waitForEnd()) << turns;
         EXPECT_EQ(outcome.status, Status::Stopped) << turns;
+        EXPECT_NE(outcome.error.GetCode(), TranscodingError::Stalled) << outcome.error.GetDescription();
+        expectUntouched();
+    }
+}
+
+/// Calls when a project has put its composition on the bus, which a job does in the middle of a step.
+class WhenAProjectIsMade : public PubSub::Subscriber<Message::Types::Added<Composition::Object>> {
+public:
+    explicit WhenAProjectIsMade(std::function<void()> call)
+        : call(std::move(call)) {
+        subscribeAll(typeid(Composition::Object));
+    }
+    void notify(const Message::Types::Added<Composition::Object>&) override { call(); }
+
+private:
+    const std::function<void()> call;
+};
+
+TEST_F(Job, AStopInTheMiddleOfAStepIsAStopWhateverTheStepStillFinds) {
+    for (const bool refused : {false, true}) {
+        finishCount = 0;
+        ExportRequest asked = request();
+        if (refused)
+            asked.in = KTime(60'000); // behind the clip's end
+        make(asked);
+        int made = 0;
+        const WhenAProjectIsMade stopper([this, &made] {
+            ++made;
+            job->stop();
+        });
+        job->start();
+        ASSERT_TRUE(waitForEnd());
+        EXPECT_EQ(made, 1);
+        EXPECT_EQ(outcome.status, Status::Stopped) << outcome.error.GetDescription();
+        EXPECT_EQ(startCount, 0);
         expectUntouched();
     }
 }

@@ -58,9 +58,7 @@ TEST(JobState, OnlyARunThatIsConcludedIsChecked) {
 }
 
 TEST(JobState, OnlyWhatHasStartedIsStopped) {
-    EXPECT_FALSE(mayFollow(JobState::Made, JobState::Ending));
-    EXPECT_FALSE(mayFollow(JobState::Starting, JobState::Ending));
-    EXPECT_TRUE(mayFollow(JobState::Running, JobState::Ending));
+    EXPECT_EQ(before(JobState::Ending), std::set{JobState::Running});
 }
 
 } // namespace
