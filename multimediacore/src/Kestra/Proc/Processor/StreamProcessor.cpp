@@ -1,7 +1,7 @@
 #include "Kestra/Proc/Processor/StreamProcessor.h"
 #include "Kestra/Base/Exception.h"
 #include <stdexcept>
-#include <system_error>
+#include <exception>
 
 namespace Kestra::Proc {
 namespace {
@@ -52,7 +52,7 @@ void StreamProcessor::Start() {
     phase = Phase::Started;
     try {
         thread.Start("kestra-mux", [held = run] { held->Run(); });
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) { // no thread is to be had, or no memory for one
         run->Refuse(std::current_exception());
     }
 }
