@@ -1,7 +1,7 @@
 #include "Kestra/Proc/Processor/StreamProcessor.h"
 #include "Kestra/Base/Exception.h"
-#include <stdexcept>
 #include <exception>
+#include <stdexcept>
 
 namespace Kestra::Proc {
 namespace {
