@@ -56,7 +56,7 @@ public:
 private:
     bool Note(const std::string& kind, std::function<void()>& told);
 
-    const Plan plan;
+    const Plan plan{};
     mutable std::mutex mutex;
     std::function<void()> heard;
     std::vector<std::string> calls;
