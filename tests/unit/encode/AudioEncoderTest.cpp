@@ -248,6 +248,21 @@ TEST_P(AudioCodecs, EncodeAnEmptyStreamToNoSound) {
         EXPECT_EQ(packet->GetSize(), 0U);
 }
 
+TEST_P(AudioCodecs, EncodeEverySampleAlsoWhereTheLastBlockIsFull) {
+    for (const int samples : {4 * 1536, 4 * 1536 - 100, 4 * 1536 + 1, 6 * 1152, 6 * 1024, 7 * 960}) {
+        for (const bool known : {true, false}) {
+            AudioShape shape;
+            shape.samples = samples;
+            shape.durationKnown = known;
+            const auto packets = ReadAll(*AudioEncoder(MakeAudio(shape), Description(GetParam())));
+            const auto& last = *packets.back();
+            const std::int64_t end = last.GetTime() + last.GetDuration() - last.GetTrimEnd();
+            EXPECT_NEAR(static_cast<double>(end), static_cast<double>(SamplesToTime(samples, 48000)), 10.0)
+                << samples << known;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Encoders, AudioCodecs,
                          testing::Values("aac", "opus", "mp3", "flac", "pcm_s16le", "pcm_s24le", "vorbis", "alac",
                                          "ac3"));

@@ -163,20 +163,27 @@ bool AudioEncoderCore::ReadOn() {
     return !sourceEnded;
 }
 
+// The last samples come out of a decoder as much later as the codec puts in front. Encoders that are not drained give
+// them no packet of their own: silence behind them does.
+int AudioEncoderCore::TailSize() const {
+    return (codec->capabilities & AV_CODEC_CAP_DELAY) != 0 ? 0 : GetContext().initial_padding;
+}
+
 FrameHandle AudioEncoderCore::NextFrame() {
-    const std::int64_t left = total >= 0 ? total - sent : INT64_MAX;
-    const std::int64_t wanted = std::min<std::int64_t>(left, FrameSize());
-    while (queue.GetCount() < wanted && ReadOn())
+    while (queue.GetCount() < FrameSize() && ReadOn())
         ;
-    const std::int64_t count = total >= 0 ? wanted : std::min(wanted, queue.GetCount());
-    if (count == 0)
+    if (total < 0 && sourceEnded)
+        total = sent + queue.GetCount();
+    const std::int64_t left = total >= 0 ? total + TailSize() - fed : INT64_MAX;
+    const auto count = static_cast<int>(std::min<std::int64_t>(left, FrameSize()));
+    if (count == 0 || total == 0)
         return nullptr;
-    const AVChannelLayout layout = ToAvLayout(samples.layout);
     FrameHandle frame = queue.GetCount() > 0
-                            ? queue.Take(static_cast<int>(count))
-                            : MakeSamples(samples.format, samples.rate, layout, static_cast<int>(count));
-    frame->pts = sent;
-    sent += count;
+                            ? queue.Take(count)
+                            : MakeSamples(samples.format, samples.rate, ToAvLayout(samples.layout), count);
+    frame->pts = fed;
+    fed += count;
+    sent = total >= 0 ? std::min(fed, total) : fed;
     return frame;
 }
 
@@ -205,6 +212,7 @@ void AudioEncoderCore::ResetSource() {
     queue.Clear();
     stream->Reset();
     sent = 0;
+    fed = 0;
     packets = 0;
     position = 0;
     sourceEnded = false;

@@ -39,6 +39,7 @@ private:
     void SkipToFirst();
     CodecContextHandle Configure(const Conf::IFormatCodecAudio& description, const OptionList& options) const;
     int FrameSize() const;
+    int TailSize() const;
     const AudioDriver& Driver() const { return AudioDriver::Of(*codec); }
     bool ReadOn();
 
@@ -53,7 +54,8 @@ private:
     std::int64_t firstSample = 0;
     int packets = 0;         ///< given
     std::int64_t total = -1; ///< samples to be encoded; -1: as many as come
-    std::int64_t sent = 0;
+    std::int64_t sent = 0;   ///< of these
+    std::int64_t fed = 0;    ///< with the silence behind them
     std::int64_t position = 0;
     bool sourceEnded = false;
 };
