@@ -275,6 +275,19 @@ TEST(AudioEncoder, TakesAStreamOfUnknownLengthToItsEnd) {
     EXPECT_EQ(packets.back()->GetTime() + packets.back()->GetDuration(), SamplesToTime(30000, 48000));
 }
 
+TEST(AudioEncoder, ReadsNothingThatLiesBehindItsEnd) {
+    constexpr std::int64_t end = 3000;
+    AudioShape shape;
+    shape.samples = 10'000;
+    shape.wave = [](int, std::int64_t index) {
+        return index < end ? 0.1 : throw std::runtime_error("sample " + std::to_string(index));
+    };
+    const auto encoder = AudioEncoder(MakeAudio(shape), Description("pcm_s16le"));
+    encoder->GetPacketSource()->AlignTo(0, SamplesToTime(end, 48000));
+    const auto packets = ReadAll(*encoder);
+    EXPECT_EQ(packets.back()->GetTime() + packets.back()->GetDuration(), SamplesToTime(end, 48000));
+}
+
 TEST(AudioEncoder, RefusesAnUnknownOptionByName) {
     auto description = Description("aac");
     Options(description).SetChild("aac_codr", std::string("twoloop"));

@@ -170,7 +170,9 @@ int AudioEncoderCore::TailSize() const {
 }
 
 FrameHandle AudioEncoderCore::NextFrame() {
-    while (queue.GetCount() < FrameSize() && ReadOn())
+    // Not beyond the end: what lies behind a cut may be damaged, and is nobody's business.
+    const std::int64_t heard = total >= 0 ? total - sent : INT64_MAX;
+    while (queue.GetCount() < std::min<std::int64_t>(heard, FrameSize()) && ReadOn())
         ;
     if (total < 0 && sourceEnded)
         total = sent + queue.GetCount();
