@@ -42,16 +42,22 @@ protected:
     }
     std::shared_ptr<const Timeline> open() { return Timeline::open(paths); }
 
+    /// A rate of 0 means no pictures.
+    static ExportWindow window(const std::shared_ptr<const Timeline>& line, const Types::Range& range,
+                               const Rate& rate) {
+        const auto grid = rate > 0 ? std::optional(Kestra::FrameGrid(rate)) : std::nullopt;
+        return ExportWindow(range, Kestra::Ticks(line->duration()), grid);
+    }
     static Pictures pictures(const std::shared_ptr<const Timeline>& line, const Rate& rate, Types::Range range = {},
                              Kestra::Conf::FrameInfo frame = {320, 180, 16, 9}) {
-        const Pictures stream(new SequenceVideo(line, ExportWindow(range, line->duration(), rate), frame));
+        const Pictures stream(new SequenceVideo(line, window(line, range, rate), frame));
         return Kestra::Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(stream, 4);
     }
     static Sound sound(const std::shared_ptr<const Timeline>& line, int sampleRate, const Rate& pictureRate,
                        Types::Range range = {}) {
         Kestra::Conf::SampleInfo format;
         format.Init(Kestra::Conf::SAMPLE_FORMAT_FLT, sampleRate, Kestra::Conf::CHANNEL_LAYOUT_STEREO);
-        return new SequenceAudio(line, ExportWindow(range, line->duration(), pictureRate), format);
+        return new SequenceAudio(line, window(line, range, pictureRate), format);
     }
     /// Numbers modulo 16, -1 for flashes; checks times and sizes.
     static std::vector<int> numbers(const Pictures& stream, const Rate& rate) {
@@ -182,10 +188,10 @@ TEST_F(RealMediaTest, MixedSizesRatesAndSampleRatesStayInStep) {
     const auto line = open();
     for (const Rate& rate : {Rate(25), Rate(30000, 1001), Rate(60)}) {
         const std::vector<int> found = numbers(pictures(line, rate), rate);
-        const ExportWindow window({}, line->duration(), rate);
-        EXPECT_EQ(static_cast<std::int64_t>(found.size()), window.frames());
+        const ExportWindow part = window(line, {}, rate);
+        EXPECT_EQ(static_cast<std::int64_t>(found.size()), part.frames().Value());
         const Heard heard = listen(sound(line, 48000, rate));
-        EXPECT_EQ(heard.samples, window.samples(48000));
+        EXPECT_EQ(heard.samples, part.samples(Kestra::SampleGrid(48000)).Value());
         // The flash moves to the nearest output frame; the resampled beep rises within some samples.
         const int halfFrame = static_cast<int>(boost::rational_cast<double>(24000 / rate)) + 16;
         expectInStep(found, rate, heard, 48000, halfFrame);

@@ -58,15 +58,21 @@ protected:
         return Timeline::open(put(contents));
     }
     static Types::Range milliseconds(std::int64_t start, std::int64_t end) { return {KTime(start), KTime(end)}; }
+    /// A rate of 0 means no pictures.
+    static ExportWindow window(const std::shared_ptr<const Timeline>& line, const Types::Range& range,
+                               const Rate& rate) {
+        const auto grid = rate > 0 ? std::optional(Kestra::FrameGrid(rate)) : std::nullopt;
+        return ExportWindow(range, Kestra::Ticks(line->duration()), grid);
+    }
     static Pictures pictures(const std::shared_ptr<const Timeline>& line, const Rate& rate,
                              const Types::Range& range = {}) {
-        return new SequenceVideo(line, ExportWindow(range, line->duration(), rate), {128, 72, 16, 9});
+        return new SequenceVideo(line, window(line, range, rate), {128, 72, 16, 9});
     }
     static Sound sound(const std::shared_ptr<const Timeline>& line, int sampleRate, const Rate& pictureRate,
                        const Types::Range& range = {}) {
         Kestra::Conf::SampleInfo format;
         format.Init(Kestra::Conf::SAMPLE_FORMAT_FLTP, sampleRate, Kestra::Conf::CHANNEL_LAYOUT_STEREO);
-        return new SequenceAudio(line, ExportWindow(range, line->duration(), pictureRate), format);
+        return new SequenceAudio(line, window(line, range, pictureRate), format);
     }
     /// To the end; checks that frame n stands exactly for the nth period.
     static std::vector<int> numbers(const Pictures& stream, const Rate& rate) {

@@ -142,18 +142,20 @@ TEST_F(SequenceAudioTest, PictureAndSoundOfEveryClipBeginTogether) {
     const auto line = timeline(contents);
     for (const Rate& rate : {Rate(25), Rate(30000, 1001), Rate(24000, 1001), Rate(60)}) {
         const Types::Range cut = milliseconds(777, 40001);
-        const ExportWindow window(cut, line->duration(), rate);
-        const std::vector<Section> seen = pictureSections(*line, window);
-        const std::vector<Section> heard = soundSections(*line, window, 48000);
+        const ExportWindow part = window(line, cut, rate);
+        const Kestra::FrameGrid frames(rate);
+        const Kestra::SampleGrid samples(48000);
+        const PictureSpans seen = pictureSpans(*line, part);
+        const SoundSpans heard = soundSpans(*line, part, samples);
         // Within the last half frame of the range a clip may be heard that is not seen any more.
         ASSERT_LE(heard.size() - seen.size(), 1U);
         for (std::size_t i = 0; i < seen.size(); ++i) {
             ASSERT_EQ(seen[i].clip, heard[i].clip);
-            EXPECT_NEAR(heard[i].first, static_cast<double>(Kestra::FramesToTime(seen[i].first, rate)) / 14700, 0.51);
-            EXPECT_NEAR(heard[i].skip, static_cast<double>(Kestra::FramesToTime(seen[i].skip, rate)) / 14700, 0.51);
+            EXPECT_EQ(heard[i].first, samples.Nearest(frames.Begin(seen[i].first)));
+            EXPECT_EQ(heard[i].skip, samples.Nearest(frames.Begin(seen[i].skip)));
         }
-        EXPECT_EQ(seen.back().end(), window.frames());
-        EXPECT_EQ(heard.back().end(), window.samples(48000));
+        EXPECT_EQ(seen.back().end(), part.frames());
+        EXPECT_EQ(heard.back().end(), part.samples(samples));
     }
 }
 

@@ -6,6 +6,7 @@
 namespace Project::Tests {
 namespace {
 
+using Kestra::Ticks;
 using Kestra::TIME_BASE;
 
 class TimelineTest : public ProjectFixture {};
@@ -93,49 +94,53 @@ TEST_F(TimelineTest, WithoutPictureOrSoundTheDescriptionsAreTheDefaults) {
     EXPECT_EQ(audio.channelLayout, Kestra::Conf::CHANNEL_LAYOUT_STEREO);
 }
 
+const Ticks TEN_SECONDS(10 * TIME_BASE);
+const Kestra::FrameGrid GRID(25);
+
 TEST(ExportWindow, AnEmptyOrInvertedRangeIsTheWhole) {
     for (const Types::Range& range :
          {Types::Range(), Types::Range{KTime(500), KTime(500)}, Types::Range{KTime(900), KTime(100)}}) {
-        const ExportWindow window(range, 10 * TIME_BASE, 25);
-        EXPECT_EQ(window.start(), 0);
-        EXPECT_EQ(window.frames(), 250);
-        EXPECT_EQ(window.samples(48000), 480000);
+        const ExportWindow window(range, TEN_SECONDS, GRID);
+        EXPECT_EQ(window.start().Value(), 0);
+        EXPECT_EQ(window.frames().Value(), 250);
+        EXPECT_EQ(window.samples(Kestra::SampleGrid(48000)).Value(), 480000);
     }
 }
 
 TEST(ExportWindow, TheStartMovesToTheNearestFrameForPictureAndSound) {
-    const ExportWindow window({KTime(1013), KTime(2013)}, 10 * TIME_BASE, 25);
-    EXPECT_EQ(window.firstFrame(), 25);
-    EXPECT_EQ(window.start(), TIME_BASE);
-    EXPECT_EQ(window.frames(), 25);          // 1.013 s
-    EXPECT_EQ(window.samples(48000), 48624); // 1.013 s
-    EXPECT_EQ(ExportWindow({KTime(1020), KTime(2013)}, 10 * TIME_BASE, 25).firstFrame(), 26);
-    const ExportWindow ntsc({KTime(1000), KTime(2000)}, 10 * TIME_BASE, {30000, 1001});
-    EXPECT_EQ(ntsc.firstFrame(), 30);
-    EXPECT_EQ(ntsc.start(), 30 * (TIME_BASE / 30000 * 1001));
+    const ExportWindow window({KTime(1013), KTime(2013)}, TEN_SECONDS, GRID);
+    EXPECT_EQ(window.firstFrame().Value(), 25);
+    EXPECT_EQ(window.start().Value(), TIME_BASE);
+    EXPECT_EQ(window.frames().Value(), 25);                              // 1.013 s
+    EXPECT_EQ(window.samples(Kestra::SampleGrid(48000)).Value(), 48624); // 1.013 s
+    EXPECT_EQ(ExportWindow({KTime(1020), KTime(2013)}, TEN_SECONDS, GRID).firstFrame().Value(), 26);
+    const ExportWindow ntsc({KTime(1000), KTime(2000)}, TEN_SECONDS, Kestra::FrameGrid({30000, 1001}));
+    EXPECT_EQ(ntsc.firstFrame().Value(), 30);
+    EXPECT_EQ(ntsc.start().Value(), 30 * (TIME_BASE / 30000 * 1001));
 }
 
 TEST(ExportWindow, WithoutPicturesTheStartStaysExact) {
-    EXPECT_EQ(ExportWindow({KTime(1013), KTime(2013)}, 10 * TIME_BASE, 0).start(),
+    EXPECT_EQ(ExportWindow({KTime(1013), KTime(2013)}, TEN_SECONDS, std::nullopt).start().Value(),
               1013 * Kestra::TICKS_PER_MILLISECOND);
 }
 
 TEST(ExportWindow, AnEndAtTheRoundedDurationIsTheExactEnd) {
-    const std::int64_t duration = 10 * TIME_BASE + Kestra::TICKS_PER_MILLISECOND / 3;
-    EXPECT_EQ(ExportWindow({KTime(0), KTime(10000)}, duration, 0).end(), duration);
-    EXPECT_EQ(ExportWindow({KTime(0), KTime(99999)}, duration, 0).end(), duration);
-    EXPECT_EQ(ExportWindow({KTime(0), KTime(9999)}, duration, 0).end(), 9999 * Kestra::TICKS_PER_MILLISECOND);
+    const Ticks duration = TEN_SECONDS + Ticks(Kestra::TICKS_PER_MILLISECOND / 3);
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(10000)}, duration, std::nullopt).end(), duration);
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(99999)}, duration, std::nullopt).end(), duration);
+    EXPECT_EQ(ExportWindow({KTime(0), KTime(9999)}, duration, std::nullopt).end(),
+              Ticks(9999 * Kestra::TICKS_PER_MILLISECOND));
 }
 
 TEST(ExportWindow, ANegativeStartIsTheBeginning) {
-    EXPECT_EQ(ExportWindow({KTime(-700), KTime(1000)}, 10 * TIME_BASE, 25).start(), 0);
+    EXPECT_EQ(ExportWindow({KTime(-700), KTime(1000)}, TEN_SECONDS, GRID).start().Value(), 0);
 }
 
 TEST(ExportWindow, ARangeOutsideIsRefused) {
     using Kestra::Proc::ProcException;
-    EXPECT_THROW(ExportWindow({KTime(10000), KTime(11000)}, 10 * TIME_BASE, 25), ProcException);
-    EXPECT_THROW(ExportWindow({KTime(-900), KTime(-100)}, 10 * TIME_BASE, 25), ProcException);
-    EXPECT_THROW(ExportWindow({KTime(1000), KTime(1010)}, 10 * TIME_BASE, 25), ProcException); // no whole frame
+    EXPECT_THROW(ExportWindow({KTime(10000), KTime(11000)}, TEN_SECONDS, GRID), ProcException);
+    EXPECT_THROW(ExportWindow({KTime(-900), KTime(-100)}, TEN_SECONDS, GRID), ProcException);
+    EXPECT_THROW(ExportWindow({KTime(1000), KTime(1010)}, TEN_SECONDS, GRID), ProcException); // no whole frame
 }
 
 } // namespace

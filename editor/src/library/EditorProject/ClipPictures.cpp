@@ -1,8 +1,7 @@
 #include "EditorProject/ClipPictures.h"
 
-#include "EditorProject/GridSampler.h"
-#include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/Filters/FrameSampler.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 
@@ -10,23 +9,24 @@ namespace Project {
 namespace {
 
 using namespace Kestra;
+using Rule = Proc::SamplingRule;
 using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
 
 /// A shorter run is over before a thread of its own would have helped.
-constexpr std::int64_t LEAST_FRAMES_FOR_THREAD = 24;
+constexpr FrameIndex LEAST_FRAMES_FOR_THREAD{24};
 constexpr std::int64_t BYTES_AHEAD = 4LL * 1024 * 1024;
 
 Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 
-Video createBlack(const Section& section, const Conf::IFormatCodecVideo& target) {
+Video createBlack(const PictureSpan& span, const Conf::IFormatCodecVideo& target) {
     const auto format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target.GetProperty());
     // No clip has pictures; what is made up may have any format.
     if (format->GetPixelFormat() == Conf::PixelFormat::Unknown)
         format->SetPixelFormat(Conf::PixelFormat::YUV420P);
-    return filters().CreateBlack(format, FramesToTime(section.count, target.GetFrameRate()));
+    return filters().CreateBlack(format, FrameGrid(target.GetFrameRate()).Length(span.count).Value());
 }
 
 Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame) {
@@ -68,15 +68,16 @@ bool keepsFields(const Proc::VideoTrackInfo& track, const Conf::IFormatCodecVide
            track.frameRate == target.GetFrameRate();
 }
 
-Video createClipPictures(const Timeline& timeline, const Section& section, const Conf::IFormatCodecVideo& target) {
-    const Clip& clip = timeline.clips()[section.clip];
+Video createClipPictures(const Timeline& timeline, const PictureSpan& span, const Conf::IFormatCodecVideo& target) {
+    const Clip& clip = timeline.clips()[span.clip];
     if (!clip.info.video)
-        return createBlack(section, target);
-    Video pictures = timeline.source(section.clip).CreateVideoStream();
-    if (section.count >= LEAST_FRAMES_FOR_THREAD)
+        return createBlack(span, target);
+    Video pictures = timeline.source(span.clip).CreateVideoStream();
+    if (span.count >= LEAST_FRAMES_FOR_THREAD)
         pictures = filters().CreateReadAhead(pictures, framesAhead(clip.info.video->frame));
     const bool own = clip.info.video->frameRate == target.GetFrameRate();
-    pictures = new GridSampler(pictures, target.GetFrameRate(), own, section.skip, section.count);
+    const Rule rule(FrameGrid(target.GetFrameRate()), own ? Rule::Pace::Grid : Rule::Pace::Any);
+    pictures = new Proc::FrameSampler(pictures, {rule, Proc::FrameSampler::Repeats::AsOne, span.skip, span.count});
     Video resized = filters().CreateResizer(pictures, resizerSettings(target.GetFrameInfo()));
     resized->PreferFormat(*wishFor(*clip.info.video, target));
     return resized;

@@ -2,8 +2,7 @@
 
 #include "EditorProject/ExportWindow.h"
 #include "EditorProject/SampleDepth.h"
-#include "EditorProject/Section.h"
-#include "Kestra/Base/Time.h"
+#include "EditorProject/Span.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Conf/StandardRates.h"
 #include <algorithm>
@@ -43,14 +42,14 @@ void setRate(Media::Video& video, const Rate& rate) {
     video.frameRateDenominator = static_cast<std::uint32_t>(rate.denominator());
 }
 
-using Sections = std::vector<Section>;
+using ClipNumbers = std::vector<std::size_t>;
 
 // All clips, in the order in which they are asked for a description: those in the range first.
 template <class Has>
-const Clip* firstOf(const Timeline& timeline, const Sections& sections, Has has) {
-    for (const Section& section : sections)
-        if (has(timeline.clips()[section.clip]))
-            return &timeline.clips()[section.clip];
+const Clip* firstOf(const Timeline& timeline, const ClipNumbers& numbers, Has has) {
+    for (const std::size_t number : numbers)
+        if (has(timeline.clips()[number]))
+            return &timeline.clips()[number];
     const auto& clips = timeline.clips();
     const auto found = std::find_if(clips.begin(), clips.end(), has);
     return found == clips.end() ? nullptr : &*found;
@@ -64,35 +63,36 @@ bool hasSound(const Clip& clip) {
     return clip.info.audio.has_value();
 }
 
-Sections allOf(const Timeline& timeline) {
-    Sections sections(timeline.clips().size());
-    for (std::size_t clip = 0; clip < sections.size(); ++clip)
-        sections[clip].clip = clip;
-    return sections;
+ClipNumbers allOf(const Timeline& timeline) {
+    ClipNumbers numbers(timeline.clips().size());
+    std::iota(numbers.begin(), numbers.end(), std::size_t(0));
+    return numbers;
 }
 
 // Without pictures, and for less than two of them, the range is not on a grid of frames.
 ExportWindow windowOf(const Timeline& timeline, const Types::Range& range) {
-    const ExportWindow exact(range, timeline.duration(), 0);
+    const Ticks duration(timeline.duration());
+    const ExportWindow exact(range, duration, std::nullopt);
     const Clip* const pictures = firstOf(timeline, {}, hasPicture);
     if (!pictures)
         return exact;
     const Rate rate = isRate(pictures->info.video->frameRate) ? pictures->info.video->frameRate : DEFAULT_RATE;
-    const bool holdsFrames = TimeToFrames(exact.end() - exact.start(), rate) > 1;
-    return holdsFrames ? ExportWindow(range, timeline.duration(), rate) : exact;
+    const FrameGrid grid(rate);
+    const bool holdsFrames = grid.Nearest(exact.end() - exact.start()) > FrameIndex(1);
+    return holdsFrames ? ExportWindow(range, duration, grid) : exact;
 }
 
-Sections picturesIn(const Timeline& timeline, const Types::Range& range) {
+ClipNumbers picturesIn(const Timeline& timeline, const Types::Range& range) {
     if (range.end <= range.start)
         return allOf(timeline);
     const ExportWindow window = windowOf(timeline, range);
-    return window.rate() > 0 ? pictureSections(timeline, window) : Sections();
+    return window.grid() ? clipsOf(pictureSpans(timeline, window)) : ClipNumbers();
 }
 
-Sections soundsIn(const Timeline& timeline, const Types::Range& range) {
+ClipNumbers soundsIn(const Timeline& timeline, const Types::Range& range) {
     if (range.end <= range.start)
         return allOf(timeline);
-    return soundSections(timeline, windowOf(timeline, range), DEFAULT_SAMPLE_RATE);
+    return clipsOf(soundSpans(timeline, windowOf(timeline, range), SampleGrid(DEFAULT_SAMPLE_RATE)));
 }
 
 } // namespace
@@ -117,12 +117,12 @@ Media::Audio describeAudio(const Timeline& timeline, const Types::Range& range) 
     audio.sampleRate = DEFAULT_SAMPLE_RATE;
     audio.channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
     audio.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
-    const Sections sections = soundsIn(timeline, range);
-    const Clip* const found = firstOf(timeline, sections, hasSound);
+    const ClipNumbers clips = soundsIn(timeline, range);
+    const Clip* const found = firstOf(timeline, clips, hasSound);
     if (!found)
         return audio;
     const Proc::AudioTrackInfo& track = *found->info.audio;
-    if (const auto depth = SampleDepth::of(timeline, sections); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
+    if (const auto depth = SampleDepth::of(timeline, clips); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
         audio.sampleFormat = depth.format;
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;

@@ -1,13 +1,15 @@
 #include "EditorProject/ExportWindow.h"
 
 #include "Kestra/Base/SourcePlace.h"
-#include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
 
 namespace Project {
 namespace {
+
+using Kestra::FrameIndex;
+using Kestra::Ticks;
 
 [[noreturn]] void refuse(const Types::Range& range, const char* reason,
                          Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
@@ -17,8 +19,8 @@ namespace {
                       place);
 }
 
-[[noreturn]] void refuseLength(std::int64_t duration, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
-    const auto milliseconds = Types::fromAvTime(duration).count();
+[[noreturn]] void refuseLength(Ticks duration, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    const auto milliseconds = Types::fromAvTime(duration.Value()).count();
     const std::string length = milliseconds > 0 ? std::to_string(milliseconds) + " ms" : "less than a millisecond";
     Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
                                                   "What is to be exported lasts " + length +
@@ -28,19 +30,19 @@ namespace {
 
 } // namespace
 
-ExportWindow::ExportWindow(const Types::Range& range, std::int64_t duration, const boost::rational<long long>& rate)
+ExportWindow::ExportWindow(const Types::Range& range, Ticks duration, const std::optional<Kestra::FrameGrid>& grid)
     : to(duration)
-    , frameRate(rate) {
+    , frameGrid(grid) {
     if (range.end > range.start) {
-        from = std::max<std::int64_t>(0, Types::toAvTime(range.start));
+        from = std::max(Ticks(0), Ticks(Types::toAvTime(range.start)));
         // The last millisecond is the user's name for the very end, which rarely falls on a millisecond.
-        if (range.end < Types::fromAvTime(duration))
-            to = Types::toAvTime(range.end);
+        if (range.end < Types::fromAvTime(duration.Value()))
+            to = Ticks(Types::toAvTime(range.end));
         if (from >= to)
             refuse(range, "lies outside the project");
     }
     snapToFrames();
-    const bool nothing = from >= to || (frameRate > 0 && frames() == 0);
+    const bool nothing = from >= to || (frameGrid && frames() == FrameIndex(0));
     if (nothing && range.end <= range.start)
         refuseLength(duration);
     if (nothing)
@@ -48,18 +50,18 @@ ExportWindow::ExportWindow(const Types::Range& range, std::int64_t duration, con
 }
 
 void ExportWindow::snapToFrames() {
-    if (frameRate <= 0)
+    if (!frameGrid)
         return;
-    first = Kestra::TimeToFrames(from, frameRate);
-    from = Kestra::FramesToTime(first, frameRate);
+    first = frameGrid->Nearest(from);
+    from = frameGrid->Begin(first);
 }
 
-std::int64_t ExportWindow::frames() const {
-    return frameRate > 0 ? Kestra::TimeToFrames(to - from, frameRate) : 0;
+FrameIndex ExportWindow::frames() const {
+    return frameGrid ? frameGrid->Nearest(to - from) : FrameIndex(0);
 }
 
-std::int64_t ExportWindow::samples(int sampleRate) const {
-    return Kestra::TimeToSamples(to - from, sampleRate);
+Kestra::SampleIndex ExportWindow::samples(const Kestra::SampleGrid& sampleGrid) const {
+    return sampleGrid.Nearest(to - from);
 }
 
 } // namespace Project

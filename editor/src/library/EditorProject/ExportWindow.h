@@ -2,36 +2,37 @@
 #pragma once
 
 #include "EditorProjectExport.h"
+#include "Kestra/Base/FrameGrid.h"
+#include "Kestra/Base/SampleGrid.h"
 #include "Types/Range.h"
-#include <boost/rational.hpp>
-#include <cstdint>
+#include <optional>
 
 namespace Project {
 
-/// A value. Times are engine time. With pictures the start is the nearest of their frames, counted from the start of
+/// A value. With pictures the start is the nearest of their frames, counted from the start of
 /// the composition; sound begins there too, so both stay in step to the sample.
 class EDITORPROJECT_EXPORT ExportWindow {
 public:
-    /// `duration` is the timeline's; a rate of 0 means no pictures. An empty or inverted range is the whole timeline.
-    /// Throws Kestra::Proc::ProcException (InvalidArgument) when nothing of the range lies on it.
-    ExportWindow(const Types::Range& range, std::int64_t duration, const boost::rational<long long>& rate);
+    /// `duration` is the timeline's; without `grid` there are no pictures. An empty or inverted range is the whole
+    /// timeline. Throws Kestra::Proc::ProcException (InvalidArgument) when nothing of the range lies on it.
+    ExportWindow(const Types::Range& range, Kestra::Ticks duration, const std::optional<Kestra::FrameGrid>& grid);
 
-    std::int64_t start() const { return from; }
-    std::int64_t end() const { return to; }
-    const boost::rational<long long>& rate() const { return frameRate; }
+    Kestra::Ticks start() const { return from; }
+    Kestra::Ticks end() const { return to; }
+    const std::optional<Kestra::FrameGrid>& grid() const { return frameGrid; }
     /// The composition's frame with which it begins; 0 without pictures.
-    std::int64_t firstFrame() const { return first; }
+    Kestra::FrameIndex firstFrame() const { return first; }
     /// 0 without pictures.
-    std::int64_t frames() const;
-    std::int64_t samples(int sampleRate) const;
+    Kestra::FrameIndex frames() const;
+    Kestra::SampleIndex samples(const Kestra::SampleGrid& sampleGrid) const;
 
 private:
     void snapToFrames();
 
-    std::int64_t from = 0;
-    std::int64_t to;
-    boost::rational<long long> frameRate;
-    std::int64_t first = 0;
+    Kestra::Ticks from;
+    Kestra::Ticks to;
+    std::optional<Kestra::FrameGrid> frameGrid;
+    Kestra::FrameIndex first;
 };
 
 } // namespace Project

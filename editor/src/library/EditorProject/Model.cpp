@@ -3,7 +3,7 @@
 #include "EditorProject/Descriptions.h"
 #include "EditorProject/SequenceAudio.h"
 #include "EditorProject/SequenceVideo.h"
-#include "Kestra/Base/Time.h"
+#include "Kestra/Base/SampleGrid.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 
@@ -87,14 +87,14 @@ void Model::step(Streams& streams) {
 
 boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Video>& order) const {
     requireOwn(order.source, compositionObject.video());
-    const ExportWindow window(order.range, opened().duration(), rateOf(*order.source));
+    const ExportWindow window(order.range, Ticks(opened().duration()), FrameGrid(rateOf(*order.source)));
     const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
     return new SequenceVideo(shown, window, frame);
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {
     requireOwn(order.source, compositionObject.audio());
-    const ExportWindow window(order.range, opened().duration(), rateBeside(order));
+    const ExportWindow window(order.range, Ticks(opened().duration()), gridBeside(order));
     const Conf::SampleInfo format = soundOf(*order.source, audioDescription);
     return new SequenceAudio(shown, window, format);
 }
@@ -112,29 +112,30 @@ Model::Rate Model::rateOf(const Media::Video& description) const {
     return Rate(chosen.frameRateNumerator, chosen.frameRateDenominator);
 }
 
-Model::Rate Model::rateBeside(const Adoption<Media::Audio>& sound) const {
+std::optional<FrameGrid> Model::gridBeside(const Adoption<Media::Audio>& sound) const {
     // An export offers its pictures right before its sound.
     for (const auto& entry : videos.adoptions()) {
         const Adoption<Media::Video>& pictures = entry.second;
         if (pictures.number + 1 == sound.number && pictures.range == sound.range && pictures.source)
-            return rateOf(*pictures.source);
+            return FrameGrid(rateOf(*pictures.source));
     }
-    return 0;
+    return std::nullopt;
 }
 
 StreamLengths Model::lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const {
-    const ExportWindow window(range, opened().duration(), video ? rateOf(*video) : Rate(0));
+    const auto frameGrid = video ? std::optional(FrameGrid(rateOf(*video))) : std::nullopt;
+    const ExportWindow window(range, Ticks(opened().duration()), frameGrid);
     StreamLengths lengths;
-    lengths.start = window.start();
-    lengths.end = window.end();
+    lengths.start = window.start().Value();
+    lengths.end = window.end().Value();
     if (video) {
-        lengths.videoFrames = window.frames();
-        lengths.videoDuration = FramesToTime(lengths.videoFrames, window.rate());
+        lengths.videoFrames = window.frames().Value();
+        lengths.videoDuration = frameGrid->Length(window.frames()).Value();
     }
     if (audio) {
-        const int rate = soundOf(*audio, audioDescription).GetRate();
-        lengths.audioSamples = window.samples(rate);
-        lengths.audioDuration = SamplesToTime(lengths.audioSamples, rate);
+        const SampleGrid grid(soundOf(*audio, audioDescription).GetRate());
+        lengths.audioSamples = window.samples(grid).Value();
+        lengths.audioDuration = grid.Length(window.samples(grid)).Value();
     }
     return lengths;
 }

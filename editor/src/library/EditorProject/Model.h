@@ -6,9 +6,11 @@
 #include "EditorProject/FastTrackShare.h"
 #include "EditorProject/StreamLengths.h"
 #include "EditorProject/Timeline.h"
+#include "Kestra/Base/FrameGrid.h"
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Project {
 
@@ -44,7 +46,7 @@ private:
     using Rate = boost::rational<long long>;
 
     Rate rateOf(const Media::Video& description) const;
-    Rate rateBeside(const Adoption<Media::Audio>& sound) const;
+    std::optional<Kestra::FrameGrid> gridBeside(const Adoption<Media::Audio>& sound) const;
     boost::intrusive_ptr<Kestra::Proc::IStreamVideo> build(const Adoption<Media::Video>& order) const;
     boost::intrusive_ptr<Kestra::Proc::IStreamAudio> build(const Adoption<Media::Audio>& order) const;
     template <class Streams>

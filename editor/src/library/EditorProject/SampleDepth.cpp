@@ -33,12 +33,12 @@ bool SampleDepth::isFloatingPoint(std::int32_t format) {
     return isDouble(format) || nameOf(format).rfind("flt", 0) == 0;
 }
 
-SampleDepth SampleDepth::of(const Timeline& timeline, const std::vector<Section>& sections) {
+SampleDepth SampleDepth::of(const Timeline& timeline, const std::vector<std::size_t>& clips) {
     SampleDepth depth{Conf::SAMPLE_FORMAT_UNKNOWN};
     int whole = 0;    // bits of the deepest integer samples
     int floating = 0; // and of those in floating point, as far as they were not coded with loss
-    for (const Section& section : sections) {
-        const Clip& clip = timeline.clips()[section.clip];
+    for (const std::size_t number : clips) {
+        const Clip& clip = timeline.clips()[number];
         if (!clip.info.audio)
             continue;
         const Proc::AudioTrackInfo& track = *clip.info.audio;

@@ -1,9 +1,9 @@
 // Project::SampleDepth: the sample format that a timeline's sound, or a part of it, needs.
 #pragma once
 
-#include "EditorProject/Section.h"
 #include "EditorProject/Timeline.h"
 #include "EditorProjectExport.h"
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -16,8 +16,8 @@ struct EDITORPROJECT_EXPORT SampleDepth {
     std::int32_t format; ///< Kestra::Conf::SampleFormats; unknown where no clip has sound
     int bits = 0;        ///< of each sample; 0 where all sound was coded with loss
 
-    /// Of the clips in the sections.
-    static SampleDepth of(const Timeline& timeline, const std::vector<Section>& sections);
+    /// Of the clips with these numbers.
+    static SampleDepth of(const Timeline& timeline, const std::vector<std::size_t>& clips);
     static bool isFloatingPoint(std::int32_t format);
 };
 

@@ -1,7 +1,6 @@
 #include "EditorProject/SequenceAudio.h"
 
 #include "EditorProject/SampleDepth.h"
-#include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
@@ -17,34 +16,39 @@ Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 
+SampleIndex CountOf(const Proc::IDataAudio& block) {
+    return SampleIndex(block.GetSampleCount());
+}
+
 } // namespace
 
 SequenceAudio::SequenceAudio(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
                              const Conf::SampleInfo& format)
     : timeline(std::move(timeline))
-    , sections(soundSections(*this->timeline, window, format.GetRate()))
-    , samples(window.samples(format.GetRate()))
+    , grid(format.GetRate())
+    , spans(soundSpans(*this->timeline, window, grid))
+    , samples(window.samples(grid))
     , format(format)
-    , sampleBits(SampleDepth::of(*this->timeline, sections).bits) {
+    , sampleBits(SampleDepth::of(*this->timeline, clipsOf(spans)).bits) {
     // Left open, it would change from clip to clip.
     if (format.GetFormatRecord()->format == Conf::SAMPLE_FORMAT_UNKNOWN)
         this->format.SetFormatRecord(Conf::SampleFmtRecord::Find(Conf::SAMPLE_FORMAT_FLTP));
 }
 
-bool SequenceAudio::HasSound(const Section& candidate) const {
+bool SequenceAudio::HasSound(const SoundSpan& candidate) const {
     return timeline->clips()[candidate.clip].info.audio.has_value();
 }
 
 SequenceAudio::Block SequenceAudio::ReadAudio() {
     while (nextSample < samples) {
-        if (section && nextSample >= section->end())
+        if (span && nextSample >= span->end())
             Forget();
         OpenClip();
         const Block block = ReadClip();
-        if (block && block->GetSampleCount() > drop)
+        if (block && CountOf(*block) > drop)
             return Placed(block);
         if (block)
-            drop -= block->GetSampleCount();
+            drop -= CountOf(*block);
         else
             OpenSilence();
     }
@@ -52,24 +56,24 @@ SequenceAudio::Block SequenceAudio::ReadAudio() {
 }
 
 void SequenceAudio::OpenClip() {
-    if (section && clip)
+    if (span && clip)
         return;
-    section = &sectionAt(sections, nextSample);
-    if (!HasSound(*section))
+    span = &spanAt(spans, nextSample);
+    if (!HasSound(*span))
         return OpenSilence();
-    const std::int64_t place = section->skip + nextSample - section->first;
-    const auto sound = filters().CreateResampler(timeline->source(section->clip).CreateAudioStream(), format);
+    const SampleIndex place = span->skip + nextSample - span->first;
+    const auto sound = filters().CreateResampler(timeline->source(span->clip).CreateAudioStream(), format);
     clip.put(sound);
-    NoteLoss(*timeline->clips()[section->clip].info.audio);
+    NoteLoss(*timeline->clips()[span->clip].info.audio);
     silent = false;
     landed = false;
-    drop = 0;
-    if (place > 0)
-        sound->Seek(SamplesToTime(place, format.GetRate()), Proc::SeekMode::Exact);
+    drop = SampleIndex(0);
+    if (place > SampleIndex(0))
+        sound->Seek(grid.Begin(place).Value(), Proc::SeekMode::Exact);
 }
 
 void SequenceAudio::NoteLoss(const Proc::AudioTrackInfo& track) const {
-    Proc::IMediaSource& source = timeline->source(section->clip);
+    Proc::IMediaSource& source = timeline->source(span->clip);
     const bool isFloatingPoint = SampleDepth::isFloatingPoint(track.sampleFormat) && track.sampleBits > 0;
     if (isFloatingPoint && bitsKept > 0 && !SampleDepth::isFloatingPoint(encodedFormat))
         source.Note("its samples in floating point became integers of " + std::to_string(bitsKept) +
@@ -90,16 +94,16 @@ void SequenceAudio::NoteLoss(const Proc::AudioTrackInfo& track) const {
 }
 
 void SequenceAudio::OpenSilence() {
-    const std::int64_t left = section->end() - nextSample;
+    const SampleIndex left = span->end() - nextSample;
     if (silent && clip)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
-                                         "Silence ended " + std::to_string(left) + " samples too early"));
+                                         "Silence ended " + std::to_string(left.Value()) + " samples too early"));
     boost::intrusive_ptr<Conf::IFormatCodecAudio> description;
     GetAudioFormat(description);
-    clip.put(filters().CreateSilence(description, SamplesToTime(left, format.GetRate())));
+    clip.put(filters().CreateSilence(description, grid.Length(left).Value()));
     silent = true;
     landed = true;
-    drop = 0;
+    drop = SampleIndex(0);
 }
 
 SequenceAudio::Block SequenceAudio::ReadClip() {
@@ -107,19 +111,19 @@ SequenceAudio::Block SequenceAudio::ReadClip() {
     if (!block || landed)
         return block;
     landed = true;
-    const std::int64_t place = section->skip + nextSample - section->first;
-    drop = std::max<std::int64_t>(0, place - TimeToSamples(block->GetTime(), format.GetRate()));
+    const SampleIndex place = span->skip + nextSample - span->first;
+    drop = std::max(SampleIndex(0), place - grid.Nearest(Ticks(block->GetTime())));
     return block;
 }
 
 SequenceAudio::Block SequenceAudio::Placed(const Block& block) {
-    const std::int64_t count = std::min(block->GetSampleCount() - drop, section->end() - nextSample);
-    Block part = block->Slice(drop, count);
-    drop = 0;
-    const std::int64_t begin = SamplesToTime(nextSample, format.GetRate());
+    const SampleIndex count = std::min(CountOf(*block) - drop, span->end() - nextSample);
+    Block part = block->Slice(drop.Value(), count.Value());
+    drop = SampleIndex(0);
+    const Ticks begin = grid.Begin(nextSample);
     nextSample += count;
-    part->SetTime(begin);
-    part->SetDuration(SamplesToTime(nextSample, format.GetRate()) - begin);
+    part->SetTime(begin.Value());
+    part->SetDuration((grid.Begin(nextSample) - begin).Value());
     if (nextSample >= samples)
         Forget();
     return part;
@@ -127,7 +131,7 @@ SequenceAudio::Block SequenceAudio::Placed(const Block& block) {
 
 void SequenceAudio::Forget() {
     clip.close();
-    section = nullptr;
+    span = nullptr;
 }
 
 void SequenceAudio::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& result) const {
@@ -139,22 +143,22 @@ void SequenceAudio::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>
 }
 
 std::int64_t SequenceAudio::GetDuration() const {
-    return SamplesToTime(samples, format.GetRate());
+    return grid.Length(samples).Value();
 }
 
 std::int64_t SequenceAudio::GetPosition() const {
-    return SamplesToTime(nextSample, format.GetRate());
+    return grid.Begin(nextSample).Value();
 }
 
 void SequenceAudio::Seek(std::int64_t time, Proc::SeekMode) {
     Forget();
     const std::int64_t clamped = std::clamp<std::int64_t>(time, 0, GetDuration());
-    nextSample = std::min(TimeToSamples(clamped, format.GetRate()), samples);
+    nextSample = std::min(grid.Nearest(Ticks(clamped)), samples);
 }
 
 std::string SequenceAudio::Describe() const {
-    return "sound of " + std::to_string(sections.size()) + " clips from \"" +
-           timeline->clips()[sections.front().clip].path.ToUtf8() + "\" on";
+    return "sound of " + std::to_string(spans.size()) + " clips from \"" +
+           timeline->clips()[spans.front().clip].path.ToUtf8() + "\" on";
 }
 
 void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
@@ -174,7 +178,7 @@ void SequenceAudio::PreferFormat(const Conf::IFormatCodec& preferred) {
 void SequenceAudio::Reset() {
     clip.reset(); // first: it does not wait for ever
     Forget();
-    nextSample = 0;
+    nextSample = SampleIndex(0);
 }
 
 } // namespace Project

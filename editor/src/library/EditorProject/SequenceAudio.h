@@ -1,7 +1,7 @@
 // Project::SequenceAudio: the sound of a timeline's window in one format.
 #pragma once
 
-#include "EditorProject/Section.h"
+#include "EditorProject/Span.h"
 #include "EditorProject/StreamSlot.h"
 #include "EditorProjectExport.h"
 #include "Kestra/Conf/SampleInfo.h"
@@ -31,7 +31,7 @@ public:
 private:
     using Block = boost::intrusive_ptr<Kestra::Proc::IDataAudio>;
 
-    bool HasSound(const Section& candidate) const;
+    bool HasSound(const SoundSpan& candidate) const;
     void OpenClip();
     void OpenSilence();
     Block ReadClip();
@@ -40,8 +40,9 @@ private:
     void Forget();
 
     const std::shared_ptr<const Timeline> timeline;
-    const std::vector<Section> sections;
-    const std::int64_t samples;
+    const Kestra::SampleGrid grid;
+    const SoundSpans spans;
+    const Kestra::SampleIndex samples;
     Kestra::Conf::SampleInfo format;
     const int sampleBits; ///< that no clip's samples exceed
     /// What the encoder makes of it, as far as it has said.
@@ -51,11 +52,11 @@ private:
     int bitsKept = 0;
 
     StreamSlot<Kestra::Proc::IStreamAudio> clip; ///< the clip's sound, or silence in its place
-    const Section* section = nullptr;            ///< of the open clip
+    const SoundSpan* span = nullptr;             ///< of the open clip
     bool silent = false;
-    std::int64_t drop = 0; ///< samples of the open clip to be passed over
-    bool landed = false;   ///< the first block after opening has told where reading began
-    std::int64_t nextSample = 0;
+    Kestra::SampleIndex drop; ///< of the open clip, to be passed over
+    bool landed = false;      ///< the first block after opening has told where reading began
+    Kestra::SampleIndex nextSample;
 };
 
 } // namespace Project

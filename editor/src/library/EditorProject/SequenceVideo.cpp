@@ -1,7 +1,6 @@
 #include "EditorProject/SequenceVideo.h"
 
 #include "EditorProject/ClipPictures.h"
-#include "Kestra/Base/Time.h"
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
@@ -40,19 +39,19 @@ bool readFlag(const Conf::IFormatCodecVideo& format, const char* tag) {
 SequenceVideo::SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
                              const Conf::FrameInfo& frame)
     : timeline(std::move(timeline))
-    , rate(window.rate())
-    , sections(pictureSections(*this->timeline, window))
+    , grid(*window.grid())
+    , spans(pictureSpans(*this->timeline, window))
     , frames(window.frames())
     , target(Conf::IFormatCodecVideo::Create()) {
     target->InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
-    target->SetFrameRate(rate);
+    target->SetFrameRate(grid.GetRate());
     DescribePictures();
 }
 
 void SequenceVideo::DescribePictures() {
     PixelFormat format = PixelFormat::Unknown;
     const Proc::VideoTrackInfo* coloured = nullptr;
-    for (const Section& candidate : sections) {
+    for (const PictureSpan& candidate : spans) {
         const auto& video = timeline->clips()[candidate.clip].info.video;
         if (!video)
             continue;
@@ -73,15 +72,15 @@ void SequenceVideo::DescribePictures() {
 }
 
 void SequenceVideo::DescribeHdr(int transfer) {
-    for (const Section& section : sections) {
-        const auto& video = timeline->clips()[section.clip].info.video;
+    for (const PictureSpan& span : spans) {
+        const auto& video = timeline->clips()[span.clip].info.video;
         if (!video || video->colour.transfer != transfer)
             continue;
         boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
-        timeline->source(section.clip).CreateVideoStream()->GetVideoFormat(format);
+        timeline->source(span.clip).CreateVideoStream()->GetVideoFormat(format);
         const auto own = Conf::HdrInfo::Of(*format);
         hdr = hdrOfClips.empty() ? own : Conf::HdrInfo::Together(hdr, own);
-        hdrOfClips.emplace_back(section.clip, own);
+        hdrOfClips.emplace_back(span.clip, own);
     }
 }
 
@@ -94,7 +93,7 @@ void SequenceVideo::NoteOtherHdr() const {
     }
 }
 
-PixelFormat SequenceVideo::FormatOf(const Section& candidate) const {
+PixelFormat SequenceVideo::FormatOf(const PictureSpan& candidate) const {
     const Clip& shown = timeline->clips()[candidate.clip];
     const std::string& name = shown.info.video->pixelFormat;
     const PixelFormat format = Conf::PixelFormatFromString(name);
@@ -106,24 +105,24 @@ PixelFormat SequenceVideo::FormatOf(const Section& candidate) const {
 }
 
 void SequenceVideo::NoteLoss() const {
-    const auto& video = timeline->clips()[section->clip].info.video;
+    const auto& video = timeline->clips()[span->clip].info.video;
     if (!video)
         return;
     const Conf::FrameInfo own = video->frame;
     const Conf::FrameInfo frame = target->GetFrameInfo();
     if (own != frame && own.width - frame.width <= 1 && own.height - frame.height <= 1 &&
         (own.width != frame.width || own.height != frame.height))
-        timeline->source(section->clip)
+        timeline->source(span->clip)
             .Note("pictures of " + std::to_string(own.width) + "x" + std::to_string(own.height) +
                   " are encoded without their last column or line, as " + std::to_string(frame.width) + "x" +
                   std::to_string(frame.height));
-    const auto* from = Conf::PixelFormatRecord::Find(FormatOf(*section));
+    const auto* from = Conf::PixelFormatRecord::Find(FormatOf(*span));
     const auto* to = Conf::PixelFormatRecord::Find(target->GetPixelFormat());
     if (!from || !to)
         return;
     const std::string loss = formatOrdered ? Conf::AlphaLossInWords(*from, *to) : Conf::LossInWords(*from, *to);
     if (!loss.empty())
-        timeline->source(section->clip)
+        timeline->source(span->clip)
             .Note("pictures of " + std::string(from->name) + " are encoded as " + to->name + ": " + loss);
 }
 
@@ -133,10 +132,10 @@ boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
     if (!picture)
         Fetch();
     boost::intrusive_ptr<Proc::IDataVideo> frame = picture->Share();
-    const std::int64_t begin = FramesToTime(nextFrame, rate);
-    frame->SetTime(begin);
-    frame->SetDuration(FramesToTime(nextFrame + 1, rate) - begin);
-    if (++nextFrame >= pictureEnd)
+    const Ticks begin = grid.Begin(nextFrame);
+    frame->SetTime(begin.Value());
+    frame->SetDuration((grid.Begin(++nextFrame) - begin).Value());
+    if (nextFrame >= pictureEnd)
         picture.reset();
     if (nextFrame >= frames)
         Forget();
@@ -144,13 +143,13 @@ boost::intrusive_ptr<Proc::IDataVideo> SequenceVideo::ReadVideo() {
 }
 
 void SequenceVideo::Fetch() {
-    if (section && nextFrame >= section->end())
+    if (span && nextFrame >= span->end())
         Forget();
     OpenClip();
     picture = clip->ReadVideo();
     if (!picture)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
-                                         "The pictures of \"" + timeline->clips()[section->clip].path.ToUtf8() +
+                                         "The pictures of \"" + timeline->clips()[span->clip].path.ToUtf8() +
                                              "\" ended too early"));
     Take(*picture);
 }
@@ -158,9 +157,9 @@ void SequenceVideo::Fetch() {
 void SequenceVideo::OpenClip() {
     if (clip)
         return;
-    section = &sectionAt(sections, nextFrame);
+    span = &spanAt(spans, nextFrame);
     opened = nextFrame;
-    Section rest = *section;
+    PictureSpan rest = *span;
     rest.skip += nextFrame - rest.first;
     rest.count = rest.end() - nextFrame;
     rest.first = nextFrame;
@@ -169,14 +168,14 @@ void SequenceVideo::OpenClip() {
 }
 
 void SequenceVideo::Take(const Proc::IDataVideo& data) {
-    const std::int64_t end = opened + TimeToFrames(data.GetTime() + data.GetDuration(), rate);
-    pictureEnd = std::clamp(end, nextFrame + 1, section->end());
+    const FrameIndex end = opened + grid.Nearest(Ticks(data.GetTime() + data.GetDuration()));
+    pictureEnd = std::clamp(end, nextFrame + FrameIndex(1), span->end());
 }
 
 void SequenceVideo::Forget() {
     picture.reset();
     clip.close();
-    section = nullptr;
+    span = nullptr;
 }
 
 void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
@@ -188,24 +187,22 @@ void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>
 }
 
 std::int64_t SequenceVideo::GetDuration() const {
-    return FramesToTime(frames, rate);
+    return grid.Length(frames).Value();
 }
 
 std::int64_t SequenceVideo::GetPosition() const {
-    return FramesToTime(nextFrame, rate);
+    return grid.Begin(nextFrame).Value();
 }
 
 void SequenceVideo::Seek(std::int64_t time, Proc::SeekMode) {
     Forget();
     const std::int64_t clamped = std::clamp<std::int64_t>(time, 0, GetDuration());
-    nextFrame = TimeToFrames(clamped, rate);
-    if (FramesToTime(nextFrame, rate) > clamped)
-        --nextFrame;
+    nextFrame = grid.Covering(Ticks(clamped));
 }
 
 std::string SequenceVideo::Describe() const {
-    return "pictures of " + std::to_string(sections.size()) + " clips from \"" +
-           timeline->clips()[sections.front().clip].path.ToUtf8() + "\" on";
+    return "pictures of " + std::to_string(spans.size()) + " clips from \"" +
+           timeline->clips()[spans.front().clip].path.ToUtf8() + "\" on";
 }
 
 void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
@@ -236,7 +233,7 @@ void SequenceVideo::PreferFormat(const Conf::IFormatCodec& format) {
 void SequenceVideo::Reset() {
     clip.reset(); // first: it does not wait for ever
     Forget();
-    nextFrame = 0;
+    nextFrame = FrameIndex(0);
 }
 
 } // namespace Project

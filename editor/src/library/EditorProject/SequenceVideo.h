@@ -1,7 +1,7 @@
 // Project::SequenceVideo: the pictures of a timeline's window at a constant rate in one frame size.
 #pragma once
 
-#include "EditorProject/Section.h"
+#include "EditorProject/Span.h"
 #include "EditorProject/StreamSlot.h"
 #include "EditorProjectExport.h"
 #include "Kestra/Conf/FrameInfo.h"
@@ -17,7 +17,7 @@ namespace Project {
 /// one file is open at a time. Read errors of a clip name its file.
 class EDITORPROJECT_EXPORT SequenceVideo final : public Kestra::Proc::StreamBase<Kestra::Proc::IStreamVideo> {
 public:
-    /// The window has a rate.
+    /// The window has pictures.
     SequenceVideo(std::shared_ptr<const Timeline> timeline, const ExportWindow& window,
                   const Kestra::Conf::FrameInfo& frame);
 
@@ -33,7 +33,7 @@ public:
 
 private:
     void DescribePictures();
-    Kestra::Conf::PixelFormat FormatOf(const Section& candidate) const;
+    Kestra::Conf::PixelFormat FormatOf(const PictureSpan& candidate) const;
     void DescribeHdr(int transfer);
     void NoteOtherHdr() const;
     void NoteLoss() const;
@@ -43,9 +43,9 @@ private:
     void Forget();
 
     const std::shared_ptr<const Timeline> timeline;
-    const boost::rational<long long> rate;
-    const std::vector<Section> sections;
-    const std::int64_t frames;
+    const Kestra::FrameGrid grid;
+    const PictureSpans spans;
+    const Kestra::FrameIndex frames;
     /// What clips are brought to: frame and rate as ordered, colour as the first picture's of the highest
     /// dynamic range, the first picture's pixel format, or
     /// that of a later clip which holds all that the ones before it do; unless a consumer prefers others. So they do
@@ -59,11 +59,11 @@ private:
     bool offersFields = false; ///< the first picture is interlaced, and could stay so
 
     StreamSlot<Kestra::Proc::IStreamVideo> clip;
-    const Section* section = nullptr; ///< of the open clip
-    std::int64_t opened = 0;          ///< frame at which the clip was opened
-    std::int64_t nextFrame = 0;
+    const PictureSpan* span = nullptr; ///< of the open clip
+    Kestra::FrameIndex opened;         ///< at which the clip was opened
+    Kestra::FrameIndex nextFrame;
     boost::intrusive_ptr<Kestra::Proc::IDataVideo> picture; ///< shown up to `pictureEnd`
-    std::int64_t pictureEnd = 0;
+    Kestra::FrameIndex pictureEnd;
 };
 
 } // namespace Project

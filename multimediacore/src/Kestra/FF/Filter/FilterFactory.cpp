@@ -6,7 +6,7 @@
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/Proc/Filters/Concatenation.h"
 #include "Kestra/Proc/Filters/EffectHost.h"
-#include "Kestra/Proc/Filters/FrameRate.h"
+#include "Kestra/Proc/Filters/FrameSampler.h"
 #include "Kestra/Proc/Filters/PreferredFrameRate.h"
 #include "Kestra/Proc/Filters/ReadAheadAudio.h"
 #include "Kestra/Proc/Filters/ReadAheadVideo.h"
@@ -24,7 +24,7 @@ FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source, const P
     if (settings.GetFrameRate() == Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE)
         return CreateFrameRate(source, implName);
     RequireImplementation("frame rate filter", implName);
-    return new Proc::FrameRate(source, settings.GetFrameRate());
+    return new Proc::FrameSampler(source, {Proc::SamplingRule(FrameGrid(settings.GetFrameRate()))});
 }
 
 FilterFactory::Video FilterFactory::CreateFrameRate(const Video& source, const std::string& implName) {

@@ -2,7 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Conf/StandardRates.h"
-#include "Kestra/Proc/Filters/PicturePeriods.h"
+#include "Kestra/Proc/Filters/SamplingRule.h"
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -216,11 +216,13 @@ Rate RateChooser::FindLowestRate() const {
 }
 
 std::size_t RateChooser::CountShown(const Rate& rate) const {
+    const Proc::SamplingRule rule(FrameGrid(rate), Proc::SamplingRule::Pace::Grid);
     std::size_t shown = 0;
     for (const auto& run : runs) {
-        std::int64_t last = -1;
+        FrameIndex last(-1);
         for (const std::int64_t time : run) {
-            const std::int64_t period = last < 0 ? 0 : Proc::FirstPeriodAfter(last, time - run.front(), rate);
+            const bool isFirst = last < FrameIndex(0);
+            const FrameIndex period = isFirst ? FrameIndex(0) : rule.FirstShowingAfter(last, Ticks(time - run.front()));
             shown += period > last ? 1 : 0;
             last = period;
         }

@@ -2,7 +2,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/Filters/FrameDurations.h"
-#include "Kestra/Proc/Filters/FrameRate.h"
+#include "Kestra/Proc/Filters/FrameSampler.h"
 #include <algorithm>
 
 namespace Kestra::Proc {
@@ -22,7 +22,7 @@ IStreamVideo& PreferredFrameRate::Pacer() const {
     if (!pacer) {
         const auto rate = Rate();
         if (rate > 0)
-            pacer = new FrameRate(source, rate);
+            pacer = new FrameSampler(source, {SamplingRule(FrameGrid(rate))});
         else
             pacer = new FrameDurations(source);
     }

@@ -1,0 +1,41 @@
+#include "Kestra/Proc/Filters/SamplingRule.h"
+
+#include "Kestra/Base/Exception.h"
+#include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace Kestra::Proc {
+
+SamplingRule::SamplingRule(const FrameGrid& grid, Pace pace, const TimeMap& map)
+    : grid(grid)
+    , pace(pace)
+    , map(map) {
+    if (map.speed < 0)
+        KESTRA_THROW(std::invalid_argument("Frames are sampled forwards"));
+}
+
+FrameIndex SamplingRule::FirstShowing(Ticks time) const {
+    if (map.speed == 0)
+        return FrameIndex(time <= map.there ? INT64_MIN : INT64_MAX);
+    // The estimate may be one off either way; the middles decide.
+    FrameIndex index = grid.Nearest(map.FromSource(time)) - FrameIndex(1);
+    while (Shown(index) < time)
+        ++index;
+    return index;
+}
+
+bool SamplingRule::FollowsOn(FrameIndex following, Ticks time) const {
+    const Ticks begin = map.ToSource(grid.Begin(following));
+    const Ticks length = map.ToSource(grid.Begin(following + FrameIndex(1))) - begin;
+    return 4 * std::abs((time - begin).Value()) < 3 * length.Value();
+}
+
+FrameIndex SamplingRule::FirstShowingAfter(FrameIndex last, Ticks time) const {
+    const FrameIndex following = last + FrameIndex(1);
+    if (pace == Pace::Grid && FollowsOn(following, time))
+        return following;
+    return std::max(last, FirstShowing(time));
+}
+
+} // namespace Kestra::Proc

@@ -1,0 +1,42 @@
+// Kestra::Proc::SamplingRule: which frame of a grid shows which moment of a source.
+#pragma once
+
+#include "Kestra/Base/FrameGrid.h"
+#include "Kestra/Base/TimeMap.h"
+#include "KestraExport.h"
+
+namespace Kestra::Proc {
+
+/// A value. Frame n shows what the source shows at the map's value for the middle of period n: clocks that round to a
+/// millisecond then neither drop nor repeat a frame.
+class KESTRA_EXPORT SamplingRule {
+public:
+    enum class Pace {
+        Any,  ///< the middles alone decide
+        Grid, ///< the source's frames are meant for the grid, one each: those that come a little early or late are
+              ///< shown
+    };
+
+    /// Throws std::invalid_argument for a map that runs backwards.
+    explicit SamplingRule(const FrameGrid& grid, Pace pace = Pace::Any, const TimeMap& map = {});
+
+    const FrameGrid& GetGrid() const { return grid; }
+    /// The time of the source that frame `index` shows.
+    Ticks Shown(FrameIndex index) const { return map.ToSource(grid.Middle(index)); }
+    /// The first frame that shows what the source shows from `time` on; the greatest index where none does, and the
+    /// smallest one where every frame does: a map of speed 0 knows no other answers.
+    FrameIndex FirstShowing(Ticks time) const;
+    /// As FirstShowing, for the source's frame at `time` that follows one first shown in `last`. At the grid's pace it
+    /// takes the period after that one if it is off it by less than three quarters of a period. An answer not after
+    /// `last` replaces the frame before it.
+    FrameIndex FirstShowingAfter(FrameIndex last, Ticks time) const;
+
+private:
+    bool FollowsOn(FrameIndex following, Ticks time) const;
+
+    FrameGrid grid;
+    Pace pace;
+    TimeMap map;
+};
+
+} // namespace Kestra::Proc
