@@ -1,6 +1,7 @@
 // The life of one export in a process that goes on.
 #include "Composition/Object.h"
 #include "ExportCore/ExportJob.h"
+#include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/TimeText.h"
 #include "Message/Types.h"
 #include "PubSub/Subscriber.h"
@@ -97,6 +98,20 @@ TEST_F(Job, TellsStartThenProgressThenItsEndOnce) {
     EXPECT_EQ(outcome.facts.sizeBytes, TestFiles::read(output).size());
     EXPECT_EQ(outcome.facts.videoCodec, "h264");
     EXPECT_EQ(outcome.facts.audioCodec, "aac");
+}
+
+TEST(InstalledPresets, AllMakeAFileThatPassesItsCheck) {
+    const TestMedia::Folder folder;
+    TestMedia::FlashBeep clip;
+    clip.frames = 12;
+    TestMedia::makeFlashBeep(folder / "clip.mov", clip);
+    const auto ids = ExportCore::PresetCatalogue().ids();
+    EXPECT_GT(ids.size(), 30U);
+    for (const std::string& id : ids) {
+        const ExportOutcome made =
+            TestExport::run(TestExport::requestOf(folder / "clip.mov", id.c_str(), folder / ("made-" + id)));
+        EXPECT_EQ(made.status, Status::Done) << id << ": " << made.error.GetDescription();
+    }
 }
 
 TEST_F(Job, TwoJobsOneAfterTheOtherBothSucceed) {

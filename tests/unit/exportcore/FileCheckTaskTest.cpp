@@ -93,6 +93,20 @@ TEST_F(FileCheck, PicturesMayBeLargerThanThoseOfAStrangersFile) {
     EXPECT_FALSE(check());
 }
 
+// Matroska does not say how long its packets last, and what they hold of AAC says so to its decoder alone.
+TEST_F(FileCheck, KnowsHowLongPacketsLastWhereTheContainerDoesNotSay) {
+    constexpr int PACKETS = 100, SAMPLES = 1024;
+    const std::string sound = folder / "sound.mka";
+    TestMedia::runFfmpeg({"-y", "-f", "lavfi", "-i", "sine=sample_rate=48000", "-c:a", "aac", "-frames:a",
+                          std::to_string(PACKETS), sound});
+    const std::atomic<bool> interrupted{false};
+    const auto file = Kestra::Proc::CheckFile(Kestra::ioPath(sound), interrupted);
+    ASSERT_EQ(file.streams.size(), 1U);
+    ASSERT_EQ(file.streams[0].packets, PACKETS);
+    const auto length = static_cast<double>(file.streams[0].end - file.streams[0].start);
+    EXPECT_NEAR(length / Kestra::TIME_BASE, PACKETS * SAMPLES / 48000.0, 0.003);
+}
+
 TEST_F(FileCheck, AFileWithoutItsIndexIsFound) {
     QByteArray whole = TestFiles::read(path);
     whole.replace("moov", "none");

@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -94,7 +95,10 @@ std::vector<CodecParametersHandle> KeepLarge(const AVFormatContext& context, con
 } // namespace
 
 int AnalyseStreams(AVFormatContext& context, const Proc::MediaLimits& limits) {
-    const std::string pixels = std::to_string(std::max<std::int64_t>(limits.pictureBytes / BYTES_OF_A_PIXEL, 1));
+    // A higher one is no value to libav, which then opens no decoder at all and knows of no packet how long it lasts.
+    constexpr std::int64_t mostPixels = std::numeric_limits<int>::max();
+    const std::string pixels =
+        std::to_string(std::clamp<std::int64_t>(limits.pictureBytes / BYTES_OF_A_PIXEL, 1, mostPixels));
     const std::vector<CodecParametersHandle> large = KeepLarge(context, limits);
     std::vector<Dictionary> options(context.nb_streams);
     // libav takes an array of its own pointers, and leaves in each what it did not use.
