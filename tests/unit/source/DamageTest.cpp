@@ -75,6 +75,23 @@ TEST_F(Damage, WithinAFileIsConcealedAndReportedWithItsTime) {
     }
 }
 
+// The decoder tells in the words of a failed allocation that its list of frames is full of those that are missing.
+TEST_F(Damage, ThatFillsTheListOfAnHevcDecoderWithLostFramesIsNoWantOfMemory) {
+    const std::string whole =
+        make("whole.mkv", {"-f", "lavfi", "-i", "testsrc2=s=128x96:r=25:d=6", "-c:v", "libx265", "-x265-params",
+                           "log-level=none:keyint=250:min-keyint=250:scenecut=0:bframes=2:b-adapt=0:ref=16:"
+                           "allow-non-conformance=1"});
+    const std::string lossy = make(
+        "lossy.mkv", {"-i", whole, "-c", "copy", "-bsf:v", "noise=amount=0:drop='between(n,60,84)+between(n,86,110)'"});
+    const auto source = open(lossy);
+    const auto video = source->CreateVideoStream();
+    int frames = 0;
+    while (video->ReadVideo())
+        ++frames;
+    EXPECT_GT(frames, 60);
+    EXPECT_FALSE(source->TakeDamageReports().empty());
+}
+
 TEST_F(Damage, IsNotReportedForWholeFiles) {
     const auto source = open(makeMedia("a.mp4"));
     expectWholeStreams(*source);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <mutex>
@@ -50,9 +51,28 @@ MemoryWatch::~MemoryWatch() {
     watches.all.erase(std::find(watches.all.begin(), watches.all.end(), this));
 }
 
-void MemoryWatch::Check() const {
+void MemoryWatch::Check(int answer) {
+    if (answer == AVERROR(ENOMEM) && !IsOfFullList())
+        told = true;
     if (told)
         throw std::bad_alloc();
+}
+
+// The decoder of HEVC has a list of some frames. Where many are missing that others refer to, it is full, which the
+// decoder tells as if there were no memory: in its words, and mostly in its answer.
+void MemoryWatch::Take(const char* line) noexcept {
+    if (std::strstr(line, "DPB full"))
+        ++fullLists;
+    else
+        told = true;
+}
+
+bool MemoryWatch::IsOfFullList() noexcept {
+    int left = fullLists;
+    while (left > 0)
+        if (fullLists.compare_exchange_weak(left, left - 1))
+            return true;
+    return false;
 }
 
 void MemoryWatch::Offer(void* object, int level, const char* format, va_list arguments) noexcept {
@@ -70,7 +90,7 @@ void MemoryWatch::Offer(void* object, int level, const char* format, va_list arg
     const std::lock_guard<std::mutex> lock(watches.mutex);
     const auto found = std::find(watches.all.begin(), watches.all.end(), wanted);
     if (found != watches.all.end())
-        (*found)->Tell();
+        (*found)->Take(line.data());
 }
 
 } // namespace Kestra::FF

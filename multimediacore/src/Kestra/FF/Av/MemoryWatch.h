@@ -16,16 +16,20 @@ public:
     MemoryWatch(const MemoryWatch&) = delete;
     MemoryWatch& operator=(const MemoryWatch&) = delete;
 
-    /// From any thread.
-    void Tell() noexcept { told = true; }
-    /// Throws std::bad_alloc once that was told.
-    void Check() const;
+    /// Takes what the codec answered. Throws std::bad_alloc once it got no memory, whether it answered so or only
+    /// mentioned it.
+    void Check(int answer);
 
     /// For the one callback of libav's log, on whatever thread it comes.
     static void Offer(void* object, int level, const char* format, va_list arguments) noexcept;
 
 private:
+    /// A line that seems to be of memory.
+    void Take(const char* line) noexcept;
+    bool IsOfFullList() noexcept;
+
     std::atomic<bool> told{false};
+    std::atomic<int> fullLists{0}; ///< that were mentioned, and not answered with yet
 };
 
 } // namespace Kestra::FF

@@ -33,6 +33,11 @@ void AllowThreads(AVCodecContext& context) {
 #endif
 }
 
+std::string ReasonOf(int answer) {
+    // What is no want of memory all the same is of frames that refer to too many that are missing.
+    return ErrorText(answer == AVERROR(ENOMEM) ? AVERROR_INVALIDDATA : answer);
+}
+
 } // namespace
 
 struct Decoder::Bound : MemoryWatch {
@@ -103,11 +108,9 @@ bool Decoder::Feed() {
     const std::int64_t timestamp = packet->pts;
     const int result = avcodec_send_packet(context.get(), packet.get());
     av_packet_unref(packet.get());
-    if (result == AVERROR(ENOMEM))
-        bound->Tell();
-    bound->Check();
+    bound->Check(result);
     if (result < 0 && damageReceiver)
-        damageReceiver(timestamp, ErrorText(result));
+        damageReceiver(timestamp, ReasonOf(result));
     return true;
 }
 
@@ -115,9 +118,7 @@ FrameHandle Decoder::Next() {
     FrameHandle frame = MakeFrame();
     for (int errors = 0; errors < MAX_ERRORS_IN_A_ROW;) {
         const int result = avcodec_receive_frame(context.get(), frame.get());
-        if (result == AVERROR(ENOMEM))
-            bound->Tell();
-        bound->Check();
+        bound->Check(result);
         if (result >= 0)
             return frame;
         if (result == AVERROR_EOF)
@@ -128,7 +129,7 @@ FrameHandle Decoder::Next() {
         } else {
             ++errors;
             if (damageReceiver)
-                damageReceiver(AV_NOPTS_VALUE, ErrorText(result));
+                damageReceiver(AV_NOPTS_VALUE, ReasonOf(result));
         }
     }
     return {};
