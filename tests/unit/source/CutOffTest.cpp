@@ -114,6 +114,23 @@ TEST_F(CutOff, BehindTheFirstOfSeveralFilesInOneIsIncomplete) {
     }
 }
 
+TEST_F(CutOff, IsNotSaidOfWavPackThatEndsWithACheckSum) {
+    const std::string path = makeKind({"a.wv", {}});
+    const auto samples = readSamples(*open(path)->CreateAudioStream());
+    // A block of no samples, whose place is 0: what its own encoder puts behind the others, with what it is told to.
+    std::string block("wvpk\x2a\0\0\0\x10\x04", 10);
+    block += std::string(22, '\0') + std::string("\x26\x08", 2) + std::string(16, 'm');
+    std::ofstream(path, std::ios::binary | std::ios::app) << block;
+    const auto source = open(path);
+    EXPECT_TRUE(source->TakeDamageReports().empty());
+    EXPECT_EQ(readSamples(*source->CreateAudioStream()), samples);
+    // Another file behind it is still seen.
+    const std::string two = folder / "two.wv";
+    std::ofstream(two, std::ios::binary) << std::ifstream(path, std::ios::binary).rdbuf()
+                                         << std::ifstream(path, std::ios::binary).rdbuf();
+    EXPECT_TRUE(isIncomplete(open(two)->TakeDamageReports()));
+}
+
 TEST_F(CutOff, AfterTheMediaIsAWarningOnly) {
     const std::string path = makeKind({"a.mkv", {"-c:a", "flac"}});
     // The index is its last element.

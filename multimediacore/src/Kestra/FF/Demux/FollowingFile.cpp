@@ -141,7 +141,8 @@ std::int64_t BehindTta(FileBytes& bytes) {
     return IfAgain(bytes, BehindTags(bytes, end), 4);
 }
 
-// Each block says at which sample it begins. Tags may stand between two files.
+// Each block says at which sample it begins, but for those of no samples, which hold what else there is to say, such as
+// a checksum. Tags may stand between two files.
 std::int64_t BehindWavPack(FileBytes& bytes) {
     constexpr std::int64_t header = 32;
     bool begun = false;
@@ -150,10 +151,11 @@ std::int64_t BehindWavPack(FileBytes& bytes) {
         place = BehindTags(bytes, place);
         if (bytes.Name(place) != "wvpk")
             return 0;
-        const bool isFirst = bytes.Number(place + 16, 4, false) == 0;
+        const bool hasSamples = bytes.Number(place + 20, 4, false) > 0;
+        const bool isFirst = hasSamples && bytes.Number(place + 16, 4, false) == 0;
         if (begun && isFirst)
             return place;
-        begun = begun || !isFirst;
+        begun = begun || (hasSamples && !isFirst);
         place += 8 + static_cast<std::int64_t>(bytes.Number(place + 4, 4, false));
     }
     return 0;
