@@ -3,6 +3,8 @@
 #include "SourceFixture.h"
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <sstream>
 
 namespace TestMedia {
 namespace {
@@ -212,6 +214,41 @@ TEST_F(FragmentedClip, IsInStepWhereItsWriterLetsEverythingBeginAtTheStart) {
     }
 }
 
+TEST_F(FragmentedClip, IsInStepWhereEditListsTellWhereItBegins) {
+    const std::string path = write({25, "2", "frag_keyframe+delay_moov+negative_cts_offsets"});
+    const auto expectSo = [&] {
+        const auto source = open(path);
+        expectWholeAndInStep(source, 25);
+        EXPECT_TRUE(source->TakeNotes().empty());
+    };
+    expectSo();
+    // Most writers let pictures begin at the start, which takes no list, and only audio has one.
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    std::string changed = bytes.str();
+    changed.replace(changed.find("edts"), 4, "free");
+    std::ofstream(path, std::ios::binary) << changed;
+    expectSo();
+}
+
+TEST_F(FragmentedClip, IsInStepWhereItsWriterLeavesTheFirstSoundInFrontOfReorderedPictures) {
+    for (const char* codec : {"libmp3lame", "ac3", "flac", "libopus"}) {
+        SCOPED_TRACE(codec);
+        const auto source = open(write({25, "2", "frag_keyframe"}, {"-c:a", codec, "-strict", "-2"}));
+        expectWholeAndInStep(source, 25);
+        EXPECT_TRUE(source->TakeNotes().empty());
+    }
+}
+
+TEST_F(FragmentedClip, OfOpusIsInStepAsItTellsWhatItsEncoderPutInFront) {
+    for (const char* flags : {"frag_keyframe", "cmaf+frag_keyframe"}) {
+        SCOPED_TRACE(flags);
+        const auto source = open(write({25, "0", flags}, {"-c:a", "libopus", "-strict", "-2"}));
+        expectWholeAndInStep(source, 25);
+        EXPECT_TRUE(source->TakeNotes().empty());
+    }
+}
+
 TEST_F(FragmentedClip, OfUnknownOriginThatLetsEverythingBeginAtTheStartIsToldOf) {
     // Without the writer's name.
     const auto source = open(write({25, "2", "cmaf+frag_keyframe"}, {"-fflags", "+bitexact"}));
@@ -227,11 +264,17 @@ TEST_F(FragmentedClip, OfUnknownOriginThatLetsEverythingBeginAtTheStartIsToldOf)
 TEST_F(FragmentedClip, OfAFragmentForEachFrameKeepsItsSoundWhole) {
     // Its writer gives some packets of sound the time of the one behind them.
     const std::string tone = "aevalsrc=exprs='0.5*sin(6000*t)':s=48000:d=4";
-    for (const char* flags : {"cmaf+frag_every_frame", "frag_every_frame+empty_moov"}) {
-        SCOPED_TRACE(flags);
+    struct Kind {
+        const char* codec;
+        const char* flags;
+    };
+    for (const auto& [codec, flags] : {Kind{"aac", "cmaf+frag_every_frame"},
+                                       {"aac", "frag_every_frame+empty_moov"},
+                                       {"flac", "frag_every_frame+empty_moov"}}) {
+        SCOPED_TRACE(std::string(codec) + flags);
         const auto source =
             open(make("a.mp4", join(pictures("25", 100), {"-f", "lavfi", "-i", tone, "-c:v", "libx264", "-bf", "0",
-                                                          "-c:a", "aac", "-movflags", flags, "-y"})));
+                                                          "-c:a", codec, "-strict", "-2", "-movflags", flags, "-y"})));
         const auto stream = source->CreateAudioStream();
         const auto samples = readSamples(*stream);
         EXPECT_NEAR(static_cast<double>(samples.size()), 4 * 48000, 2048);
@@ -243,7 +286,10 @@ TEST_F(FragmentedClip, OfAFragmentForEachFrameKeepsItsSoundWhole) {
             at = next;
         }
         EXPECT_EQ(source->TakeNotes().size(), flags[0] == 'c' ? 1U : 0U); // what cmaf does not say
-        // From within them it sounds as when it is read from the start.
+        // From within them it sounds as when it is read from the start, unless they are so long that the first of them
+        // lies before what a seek listens to.
+        if (std::string(codec) == "flac")
+            continue;
         stream->Seek(3 * TIME_BASE, SeekMode::Exact);
         const auto sought = readSamples(*stream, 24000);
         ASSERT_GE(sought.size(), 24000U);

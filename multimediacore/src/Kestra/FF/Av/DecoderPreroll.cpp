@@ -72,6 +72,8 @@ std::int64_t LibavPrimingSamples(const AVCodecParameters& parameters) noexcept {
     case AV_CODEC_ID_AC3:
     case AV_CODEC_ID_EAC3:
         return AC3_PRIMING;
+    case AV_CODEC_ID_OPUS: // stands in its header
+        return std::max(parameters.initial_padding, 0);
     default:
         return 0;
     }

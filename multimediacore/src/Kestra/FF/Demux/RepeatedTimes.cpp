@@ -9,11 +9,7 @@ namespace Kestra::FF {
 namespace {
 
 // Of a gap that is one: what follows it is not held back for longer.
-constexpr std::size_t MOST_LATE = 16;
-
-std::int64_t EndOf(const AVPacket& packet) {
-    return packet.dts + packet.duration;
-}
+constexpr std::size_t MOST_LATE = 64;
 
 } // namespace
 
@@ -21,9 +17,13 @@ bool RepeatedTimes::AreNeeded(const char* container) {
     return std::strncmp(container, "mov", 3) == 0;
 }
 
+std::int64_t RepeatedTimes::LengthOf(const Track& track, const AVPacket& packet) {
+    return packet.duration > 0 ? packet.duration : track.step;
+}
+
 bool RepeatedTimes::IsLate(const Track& track, const AVPacket& packet) {
     return track.end != AV_NOPTS_VALUE && packet.dts > track.end &&
-           std::abs(packet.dts - track.end - packet.duration) <= 1;
+           std::abs(packet.dts - track.end - LengthOf(track, packet)) <= 1;
 }
 
 void RepeatedTimes::Push(PacketHandle packet, const AVStream& stream) {
@@ -44,7 +44,10 @@ void RepeatedTimes::Push(PacketHandle packet, const AVStream& stream) {
     const bool late = !waits && IsLate(track, *packet);
     if (late)
         track.gap = packet->dts - track.end;
-    track.end = EndOf(*packet);
+    else if (track.last != AV_NOPTS_VALUE && packet->dts > track.last)
+        track.step = packet->dts - track.last;
+    track.last = packet->dts;
+    track.end = packet->dts + LengthOf(track, *packet);
     (waits || late ? track.late : ready).push_back(std::move(packet));
 }
 

@@ -25,13 +25,16 @@ public:
 
 private:
     struct Track {
-        std::deque<PacketHandle> late; ///< wait for a packet that has a time once more
+        std::deque<PacketHandle> late;      ///< wait for a packet that has a time once more
+        std::int64_t last = AV_NOPTS_VALUE; ///< the time of the last packet
+        std::int64_t step = 0;              ///< from one packet to the next, which is their length where they tell none
         std::int64_t end = AV_NOPTS_VALUE;
         std::int64_t gap = 0; ///< before the first late one
     };
 
     void Release(Track& track);
     void MoveBack(Track& track);
+    static std::int64_t LengthOf(const Track& track, const AVPacket& packet);
     static bool IsLate(const Track& track, const AVPacket& packet);
 
     std::deque<PacketHandle> ready;

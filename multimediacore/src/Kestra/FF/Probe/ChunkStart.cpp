@@ -46,11 +46,20 @@ ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& audi
     return shift;
 }
 
+std::int64_t FirstBlockShift(const ChunkStart& start, const AudioStart& audioStart, const AVCodecParameters& audio,
+                             std::int64_t tick) {
+    const std::int64_t delay = start.shown - start.first;
+    const std::int64_t expected = delay - SamplesToTime(LibavPrimingSamples(audio), audio.sample_rate);
+    const std::int64_t rounding = tick + SamplesToTime(1, audio.sample_rate);
+    const bool isLeft = start.byLibav && delay > 0 && audioStart.first == start.first && audioStart.gap > rounding;
+    return isLeft && std::abs(audioStart.gap - expected) <= rounding ? audioStart.gap : 0;
+}
+
 UntoldPriming FindUntoldPriming(const AVCodecParameters& audio, bool byLibav) {
     const std::int64_t libavs = LibavPrimingSamples(audio);
-    if (audio.sample_rate <= 0 || audio.initial_padding > 0)
+    if (audio.sample_rate <= 0)
         return {};
-    if (byLibav && libavs > 0)
+    if (libavs > 0 && (byLibav || audio.initial_padding > 0))
         return {SamplesToTime(libavs, audio.sample_rate), 0};
     return {0, SamplesToTime(PrimingSamples(audio), audio.sample_rate)};
 }

@@ -31,8 +31,19 @@ ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& audio);
 /// the audio, to the next `tick` of their clock, but leaves the first one where it is. What lies before it is cut.
 ChunkShift AlignFragments(const ChunkStart& start, const AVCodecParameters& audio, std::int64_t tick);
 
-/// Fragments whose pictures are shown from the start on say nothing of what encoders put before the audio. libav's
-/// writer lets that, too, begin at the start; of others it is not known.
+/// What the first packets of audio say, likewise.
+struct AudioStart {
+    std::int64_t first = 0;
+    std::int64_t gap = 0; ///< between the first and the second
+};
+
+/// Where frames are reordered, libav's writer moves such fragments by how much later than decoded they are shown, but
+/// leaves the first packet of audio where it is. By how much that begins later than it says; engine time.
+std::int64_t FirstBlockShift(const ChunkStart& start, const AudioStart& audioStart, const AVCodecParameters& audio,
+                             std::int64_t tick);
+
+/// Fragments whose pictures are shown from the start on say nothing of what encoders put before the audio, unless the
+/// codec's own header does. libav's writer lets that, too, begin at the start; of others it is not known.
 struct UntoldPriming {
     std::int64_t taken = 0;    ///< what is taken for it; engine time
     std::int64_t possible = 0; ///< what there may be instead, engine time; 0 where it is known

@@ -24,11 +24,12 @@ std::int64_t WordsOf(unsigned flags) {
     return static_cast<std::int64_t>(std::bitset<32>(flags).count());
 }
 
-bool HasEditList(FileBytes& bytes, const FilmBox& film, std::uint64_t track) {
+bool HasEditList(FileBytes& bytes, const FilmBox& film, int track) {
+    const auto wanted = static_cast<std::uint64_t>(track);
     for (const FilmBox& part : BoxesIn(bytes, film.content, film.end)) {
         const FilmBox header = FindBox(bytes, part, {"tkhd"});
         const bool isLong = bytes.Number(header.content, 1, true) == 1;
-        if (part.name == "trak" && bytes.Number(header.content + (isLong ? 20 : 12), 4, true) == track)
+        if (part.name == "trak" && bytes.Number(header.content + (isLong ? 20 : 12), 4, true) == wanted)
             return FindBox(bytes, part, {"edts", "elst"}).end != 0;
     }
     return true; // nothing is known of it
@@ -74,11 +75,11 @@ private:
 
 } // namespace
 
-FragmentTimes FindFragmentTimes(const ioPath& path, int track, const std::atomic<bool>& interrupted) {
+FragmentTimes FindFragmentTimes(const ioPath& path, int video, int audio, const std::atomic<bool>& interrupted) {
     FileBytes bytes(path.ToUtf8(), interrupted);
     const FilmBox film = FindBox(bytes, BoxOfFile(bytes), {"moov"});
-    const auto number = static_cast<std::uint64_t>(track);
-    if (FindBox(bytes, film, {"mvex"}).end == 0 || HasEditList(bytes, film, number))
+    const auto number = static_cast<std::uint64_t>(video);
+    if (FindBox(bytes, film, {"mvex"}).end == 0)
         return {};
     Runs runs(bytes);
     const FilmBox file = BoxOfFile(bytes);
@@ -88,7 +89,9 @@ FragmentTimes FindFragmentTimes(const ioPath& path, int track, const std::atomic
         if (runs.AreEnough())
             break;
     }
-    return runs.GetTimes();
+    FragmentTimes times = runs.GetTimes();
+    times.tellsPriming = HasEditList(bytes, film, audio);
+    return times;
 }
 
 } // namespace Kestra::FF

@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Probe/AudioLevels.h"
+#include "Kestra/FF/Probe/ChunkStart.h"
 #include "Kestra/FF/Probe/DiscontinuityScan.h"
 #include "Kestra/FF/Probe/MediaSpan.h"
 #include "Kestra/FF/Probe/PacketSamples.h"
@@ -45,6 +46,7 @@ private:
     void SettleOrigin();
     std::int64_t AlignChunkedTracks();
     /// Where fragments let pictures and audio begin at their start.
+    AudioStart AudioStartOf();
     std::int64_t AlignFragmentsFromStart(bool byLibav);
     void SettleAudioGrid();
     std::optional<VideoSpan> VideoSpanOf() const;

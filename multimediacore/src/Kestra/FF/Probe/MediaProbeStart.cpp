@@ -58,6 +58,8 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
     const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
     const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(video.index).time_base);
     ChunkShift shift = fragments ? AlignFragments(start, sound, tick) : AlignChunks(start, sound);
+    if (fragments)
+        audio.start += FirstBlockShift(start, AudioStartOf(), sound, tick);
     video.start += shift.firstFrame;
     if (shift.firstFrame > 0) {
         video.firstShown = video.start;
@@ -73,14 +75,28 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
     return shift.audio;
 }
 
+// The second packet may not have been read for the first frames, but libav lists it as soon as its fragment is known.
+AudioStart MediaProbe::AudioStartOf() {
+    AVStream& stream = demuxer.GetStream(audio.index);
+    const AVIndexEntry* const first = avformat_index_get_entry(&stream, 0);
+    const AVIndexEntry* const second = avformat_index_get_entry(&stream, 1);
+    if (!second || audio.firstDecodeTime != ToEngineTime(first->timestamp, stream.time_base))
+        return {};
+    const std::int64_t end = audio.start + SamplesToTime(audio.first->nb_samples, audio.first->sample_rate);
+    return {audio.firstDecodeTime, ToEngineTime(second->timestamp, stream.time_base) - end};
+}
+
 std::int64_t MediaProbe::AlignFragmentsFromStart(bool byLibav) {
     const AVStream& stream = demuxer.GetStream(video.index);
-    const FragmentTimes times = FindFragmentTimes(path, stream.id, interrupted);
+    const AVStream& sound = demuxer.GetStream(audio.index);
+    const FragmentTimes times = FindFragmentTimes(path, stream.id, sound.id, interrupted);
     if (!times.fromStart)
         return 0;
     const std::int64_t late = ToEngineTime(times.late, stream.time_base);
-    const UntoldPriming priming = FindUntoldPriming(*demuxer.GetStream(audio.index).codecpar, byLibav);
-    if (priming.taken > 0)
+    if (times.tellsPriming)
+        return late;
+    const UntoldPriming priming = FindUntoldPriming(*sound.codecpar, byLibav);
+    if (priming.taken > 0 && sound.codecpar->initial_padding <= 0)
         details.notes.push_back("the file does not say what the sound's encoder put in front: " +
                                 Seconds(priming.taken) + " are taken for that, and left out");
     if (priming.possible > 0)
