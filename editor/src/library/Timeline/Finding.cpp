@@ -1,0 +1,10 @@
+#include "Timeline/Finding.h"
+
+namespace Timeline {
+
+std::string Finding::inWords() const {
+    std::string words = place.empty() ? text : place + ": " + text;
+    return pointer.empty() ? words : words + " (" + pointer + ")";
+}
+
+} // namespace Timeline

@@ -1,0 +1,36 @@
+#include "Timeline/Reader/OtioContext.h"
+
+namespace Timeline {
+
+OtioContext::Within::Within(OtioContext& context, const char* kind, const std::string& name)
+    : context(context) {
+    context.path.push_back(name.empty() ? std::string(kind) : std::string(kind) + " \"" + name + '"');
+}
+
+OtioContext::Within::~Within() {
+    context.path.pop_back();
+}
+
+void OtioContext::tell(Finding::Kind kind, const OtioNode& node, const std::string& text) {
+    if (findings.size() >= MOST_FINDINGS) {
+        ++untold;
+        untoldErrors = untoldErrors || kind != Finding::Kind::Warning;
+        return;
+    }
+    std::string place;
+    for (const std::string& part : path)
+        place += (place.empty() ? "" : ", ") + part;
+    findings.push_back({kind, place, node.pointer(), text});
+}
+
+std::vector<Finding> OtioContext::take() {
+    if (untold > 0)
+        findings.push_back({untoldErrors ? Finding::Kind::Error : Finding::Kind::Warning,
+                            {},
+                            {},
+                            std::to_string(untold) + " more findings are not listed"});
+    untold = 0;
+    return std::move(findings);
+}
+
+} // namespace Timeline

@@ -1,0 +1,51 @@
+// Timeline::OtioContext: what has been found so far, and where the reading stands.
+#pragma once
+
+#include "Timeline/Reader/ITimelineReader.h"
+#include "Timeline/Reader/OtioNode.h"
+#include <string>
+#include <vector>
+
+namespace Timeline {
+
+/// Used by one reading.
+class OtioContext {
+public:
+    /// More are counted, not told one by one.
+    static constexpr std::size_t MOST_FINDINGS = 1000;
+    /// How deep stacks and tracks may stand in each other.
+    static constexpr std::size_t DEEPEST = 64;
+
+    /// Names a part of the timeline while it lives.
+    class Within {
+    public:
+        Within(OtioContext& context, const char* kind, const std::string& name);
+        ~Within();
+        Within(const Within&) = delete;
+        Within& operator=(const Within&) = delete;
+
+    private:
+        OtioContext& context;
+    };
+
+    explicit OtioContext(const ReadingOptions& options)
+        : options(options) {}
+
+    void tell(Finding::Kind kind, const OtioNode& node, const std::string& text);
+    void error(const OtioNode& node, const std::string& text) { tell(Finding::Kind::Error, node, text); }
+    void warn(const OtioNode& node, const std::string& text) { tell(Finding::Kind::Warning, node, text); }
+    bool isTooDeep() const { return path.size() > DEEPEST; }
+
+    /// What was told, with a last one for those that were only counted.
+    std::vector<Finding> take();
+
+    const ReadingOptions& options;
+
+private:
+    std::vector<std::string> path;
+    std::vector<Finding> findings;
+    std::size_t untold = 0;
+    bool untoldErrors = false;
+};
+
+} // namespace Timeline

@@ -1,0 +1,309 @@
+#include "Timeline/Reader/OtioItems.h"
+
+#include "Kestra/Base/TimeMap.h"
+#include "Timeline/Reader/OtioSchema.h"
+#include "Timeline/Reader/OtioTime.h"
+#include "Timeline/Reader/TransitionFit.h"
+#include <algorithm>
+#include <cmath>
+
+namespace Timeline {
+namespace {
+
+using Kestra::Ticks;
+using Rate = boost::rational<long long>;
+
+constexpr double HIGHEST_SPEED = 1000;
+/// Fractions of a speed are exact to so much.
+constexpr long long SPEED_DENOMINATOR = 1'000'000;
+
+Rate speedOf(double scalar) {
+    return Rate(std::llround(scalar * SPEED_DENOMINATOR), SPEED_DENOMINATOR);
+}
+
+bool hasTracks(const Stack& stack, Track::Kind kind) {
+    for (const Track& track : stack.tracks())
+        if (track.kind() == kind)
+            return true;
+    return false;
+}
+
+} // namespace
+
+OtioItems::OtioItems(OtioContext& context, const OtioMedia& media)
+    : context(context)
+    , media(media) {}
+
+std::shared_ptr<const Stack> OtioItems::readRoot(const OtioNode& node) {
+    if (kindOf(node) != OtioKind::Stack) {
+        std::vector<Track> tracks;
+        if (auto track = readTrackOrItem(node))
+            tracks.push_back(std::move(*track));
+        return std::make_shared<Stack>(std::string(), std::move(tracks));
+    }
+    auto stack = readStack(node);
+    const Cut cut = readCut(node);
+    if (cut.isNone() || stack->tracks().empty())
+        return stack;
+    std::vector<Track> tracks;
+    for (const Track::Kind kind : {Track::Kind::Video, Track::Kind::Audio})
+        if (hasTracks(*stack, kind))
+            tracks.emplace_back(kind, std::string(), true, std::vector<Item>{cutOut(stack, cut)});
+    return std::make_shared<Stack>(stack->name(), std::move(tracks));
+}
+
+std::shared_ptr<const Stack> OtioItems::readStack(const OtioNode& node) {
+    const OtioContext::Within within(context, "stack", node.text("name"));
+    checkVersion(context, node);
+    std::vector<Track> tracks;
+    const OtioNode children = node["children"];
+    if (context.isTooDeep())
+        context.error(node, "stacks and tracks stand too deep in each other");
+    else if (!children.isArray())
+        context.error(children, "a stack has no list of children");
+    else
+        for (std::size_t index = 0; index < children.size(); ++index)
+            if (auto track = readTrackOrItem(children.at(index)))
+                tracks.push_back(std::move(*track));
+    return std::make_shared<Stack>(node.text("name"), std::move(tracks), readMarkers(node, Ticks(0)));
+}
+
+std::optional<Track> OtioItems::readTrackOrItem(const OtioNode& node) {
+    if (kindOf(node) == OtioKind::Track)
+        return readTrack(node);
+    auto item = readItem(node, Track::Kind::Video);
+    if (!item)
+        return std::nullopt;
+    return Track(Track::Kind::Video, item->name, true, {std::move(*item)});
+}
+
+std::optional<Track::Kind> OtioItems::trackKindOf(const OtioNode& node) {
+    const std::string kind = node.text("kind");
+    if (kind == "Audio")
+        return Track::Kind::Audio;
+    if (kind.empty())
+        context.warn(node, "the track does not say what it holds; it is taken for pictures");
+    else if (kind != "Video")
+        context.warn(node["kind"], "tracks of the kind \"" + kind + "\" are left out");
+    return kind.empty() || kind == "Video" ? std::optional(Track::Kind::Video) : std::nullopt;
+}
+
+std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
+    const OtioContext::Within within(context, "track", node.text("name"));
+    checkVersion(context, node);
+    const auto kind = trackKindOf(node);
+    const OtioNode children = node["children"];
+    if (!kind)
+        return std::nullopt;
+    if (context.isTooDeep() || !children.isArray()) {
+        context.error(children, context.isTooDeep() ? "stacks and tracks stand too deep in each other"
+                                                    : "a track has no list of children");
+        return std::nullopt;
+    }
+    Track track = readChildren(node, *kind);
+    const Cut cut = readCut(node);
+    if (cut.isNone())
+        return track;
+    auto alone = std::make_shared<Stack>(std::string(), std::vector<Track>{track});
+    return Track(*kind, track.name(), track.isEnabled(), {cutOut(std::move(alone), cut)});
+}
+
+Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind) {
+    const OtioNode children = node["children"];
+    std::vector<Item> items;
+    std::vector<PlacedTransition> transitions;
+    Ticks end;
+    for (std::size_t index = 0; index < children.size(); ++index) {
+        const OtioNode child = children.at(index);
+        if (kindOf(child) == OtioKind::Transition) {
+            if (auto transition = readTransition(child)) {
+                transition->at = items.size();
+                transitions.emplace_back(std::move(*transition), child);
+            }
+        } else if (auto item = readItem(child, kind)) {
+            for (Marker& marker : item->markers)
+                marker.range.start += end;
+            end += item->duration;
+            items.push_back(std::move(*item));
+        }
+    }
+    std::vector<Transition> fitted = fitTransitions(context, items, transitions);
+    return Track(kind, node.text("name"), node.flag("enabled", true), std::move(items), std::move(fitted),
+                 readMarkers(node, Ticks(0)));
+}
+
+std::optional<Item> OtioItems::readItem(const OtioNode& node, Track::Kind kind) {
+    switch (kindOf(node)) {
+    case OtioKind::Clip:
+        return readClip(node, kind);
+    case OtioKind::Gap:
+        return readGap(node);
+    case OtioKind::Stack:
+    case OtioKind::Track:
+        return readNested(node, kind);
+    case OtioKind::Transition:
+        context.warn(node, "a transition stands outside of a track and is left out");
+        return std::nullopt;
+    default:
+        context.warn(node, "\"" + node.text("OTIO_SCHEMA") + "\" is not known; there is a gap in its place");
+        return node.isObject() ? readGap(node) : std::nullopt;
+    }
+}
+
+std::optional<Item> OtioItems::readGap(const OtioNode& node) {
+    checkVersion(context, node);
+    if (!node.has("source_range"))
+        return std::nullopt;
+    const auto range = readRange(context, node["source_range"]);
+    if (!range || range->duration == Ticks(0))
+        return std::nullopt;
+    return Item{node.text("name"), range->duration, true, Gap{}, readMarkers(node, range->start)};
+}
+
+std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) {
+    const OtioContext::Within within(context, "clip", node.text("name"));
+    checkVersion(context, node);
+    Clip clip;
+    clip.media = media.read(node);
+    clip.excerpt.speed = readSpeed(node);
+    const auto range = rangeOfClip(node, clip, kind);
+    if (!range)
+        return std::nullopt;
+    if (range->duration == Ticks(0)) {
+        context.warn(node, "it lasts no time and is left out");
+        return std::nullopt;
+    }
+    clip.excerpt.start = range->start;
+    tellWhatIsBeyond(node, clip, range->duration);
+    return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
+                readMarkers(node, range->start)};
+}
+
+std::optional<TimeRange> OtioItems::rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind) {
+    const auto& available = clip.media.available;
+    if (available)
+        clip.origin = available->start;
+    if (node.has("source_range"))
+        return readRange(context, node["source_range"]);
+    if (available)
+        return available;
+    clip.origin = Ticks(0);
+    const auto length = context.options.lengthOf ? context.options.lengthOf(clip.media, kind) : std::nullopt;
+    if (length)
+        return TimeRange{Ticks(0), *length};
+    context.error(node, "nothing tells how long it lasts");
+    return std::nullopt;
+}
+
+void OtioItems::tellWhatIsBeyond(const OtioNode& node, const Clip& clip, Ticks duration) {
+    const auto& available = clip.media.available;
+    if (!available)
+        return;
+    const Kestra::TimeMap map{Ticks(0), clip.excerpt.start, clip.excerpt.speed};
+    const Ticks first = std::min(map.ToSource(Ticks(0)), map.ToSource(duration));
+    const Ticks last = std::max(map.ToSource(Ticks(0)), map.ToSource(duration));
+    const Ticks beyond = std::max(available->start - first, last - available->end());
+    if (beyond > Ticks(Kestra::TICKS_PER_MILLISECOND))
+        context.warn(node, "it goes " + std::to_string(beyond.Value() / Kestra::TICKS_PER_MILLISECOND) +
+                               " ms beyond what there is of its media");
+}
+
+std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind) {
+    std::shared_ptr<const Stack> stack;
+    if (kindOf(node) == OtioKind::Stack) {
+        stack = readStack(node);
+        if (stack->duration() > Ticks(0) && !hasTracks(*stack, kind))
+            context.warn(node, kind == Track::Kind::Video ? "it stands among pictures and has none"
+                                                          : "it stands among sound and has none");
+    } else {
+        std::vector<Track> tracks;
+        if (auto track = readTrack(node))
+            tracks.push_back(std::move(*track));
+        stack = std::make_shared<Stack>(node.text("name"), std::move(tracks));
+    }
+    const Cut cut = kindOf(node) == OtioKind::Stack ? readCut(node) : Cut{};
+    Item item = cutOut(stack, cut);
+    if (item.duration == Ticks(0)) {
+        if (cut.range)
+            context.warn(node, "it lasts no time and is left out");
+        return std::nullopt;
+    }
+    item.name = node.text("name");
+    item.enabled = node.flag("enabled", true);
+    return item;
+}
+
+Item OtioItems::cutOut(std::shared_ptr<const Stack> stack, const Cut& cut) {
+    const TimeRange range = cut.range.value_or(TimeRange{Ticks(0), stack->duration()});
+    std::vector<Marker> markers = stack->markers();
+    for (Marker& marker : markers)
+        marker.range.start -= range.start;
+    std::string name = stack->name();
+    return {std::move(name), range.duration, true, Nested{std::move(stack), {range.start, cut.speed}},
+            std::move(markers)};
+}
+
+OtioItems::Cut OtioItems::readCut(const OtioNode& node) {
+    Cut cut;
+    cut.speed = readSpeed(node);
+    if (node.has("source_range"))
+        cut.range = readRange(context, node["source_range"]);
+    return cut;
+}
+
+std::optional<Transition> OtioItems::readTransition(const OtioNode& node) {
+    const OtioContext::Within within(context, "transition", node.text("name"));
+    checkVersion(context, node);
+    const auto before = readTime(context, node["in_offset"]);
+    const auto behind = readTime(context, node["out_offset"]);
+    if (!before || !behind)
+        return std::nullopt;
+    const std::string type = node.text("transition_type");
+    if (*before >= Ticks(0) && *behind >= Ticks(0))
+        return Transition{node.text("name"), type, 0, *before, *behind};
+    context.error(node, "a transition reaches a negative time to one side");
+    return std::nullopt;
+}
+
+Rate OtioItems::readSpeed(const OtioNode& node) {
+    Rate speed = 1;
+    const OtioNode effects = node["effects"];
+    for (std::size_t index = 0; effects.isArray() && index < effects.size(); ++index) {
+        const OtioNode effect = effects.at(index);
+        const OtioKind kind = kindOf(effect);
+        checkVersion(context, effect);
+        const OtioNode scalar = effect["time_scalar"];
+        if (kind == OtioKind::FreezeFrame) {
+            speed = 0;
+        } else if (kind != OtioKind::TimeWarp) {
+            const std::string name = effect.text("effect_name");
+            context.warn(effect, "the effect \"" + name + "\" is not known and has none here");
+        } else if (scalar.value().IsNumber() && std::abs(scalar.value().GetDouble()) <= HIGHEST_SPEED) {
+            speed *= speedOf(scalar.value().GetDouble());
+        } else {
+            context.error(scalar, "the speed is no number from -1000 to 1000");
+        }
+    }
+    return speed;
+}
+
+std::vector<Marker> OtioItems::readMarkers(const OtioNode& node, Ticks shift) {
+    std::vector<Marker> markers;
+    const OtioNode list = node["markers"];
+    for (std::size_t index = 0; list.isArray() && index < list.size(); ++index) {
+        const OtioNode marker = list.at(index);
+        const OtioContext::Within within(context, "marker", marker.text("name"));
+        if (kindOf(marker) != OtioKind::Marker) {
+            context.warn(marker, "it is no marker and is left out");
+            continue;
+        }
+        checkVersion(context, marker);
+        if (auto range = readRange(context, marker["marked_range"])) {
+            range->start -= shift;
+            markers.push_back({marker.text("name"), marker.text("color"), marker.text("comment"), *range});
+        }
+    }
+    return markers;
+}
+
+} // namespace Timeline

@@ -1,0 +1,46 @@
+// Timeline::OtioItems: reads tracks and what stands in them.
+#pragma once
+
+#include "Timeline/Reader/OtioMedia.h"
+
+namespace Timeline {
+
+/// Used by one reading, whose context it borrows. What cannot be read is told and left out.
+class OtioItems {
+public:
+    OtioItems(OtioContext& context, const OtioMedia& media);
+
+    /// `node` is a Stack, or any item, which is then alone in one. Trimmed where the node is.
+    std::shared_ptr<const Stack> readRoot(const OtioNode& node);
+
+private:
+    /// A composition's own range and speed, laid over what stands in it.
+    struct Cut {
+        std::optional<TimeRange> range;
+        boost::rational<long long> speed = 1;
+
+        bool isNone() const { return !range && speed == 1; }
+    };
+
+    std::shared_ptr<const Stack> readStack(const OtioNode& node);
+    std::optional<Track> readTrackOrItem(const OtioNode& node);
+    std::optional<Track> readTrack(const OtioNode& node);
+    Track readChildren(const OtioNode& node, Track::Kind kind);
+    std::optional<Track::Kind> trackKindOf(const OtioNode& node);
+    std::optional<Item> readItem(const OtioNode& node, Track::Kind kind);
+    std::optional<Item> readGap(const OtioNode& node);
+    std::optional<Item> readClip(const OtioNode& node, Track::Kind kind);
+    std::optional<Item> readNested(const OtioNode& node, Track::Kind kind);
+    std::optional<Transition> readTransition(const OtioNode& node);
+    std::optional<TimeRange> rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind);
+    void tellWhatIsBeyond(const OtioNode& node, const Clip& clip, Kestra::Ticks duration);
+    boost::rational<long long> readSpeed(const OtioNode& node);
+    std::vector<Marker> readMarkers(const OtioNode& node, Kestra::Ticks shift);
+    Cut readCut(const OtioNode& node);
+    Item cutOut(std::shared_ptr<const Stack> stack, const Cut& cut);
+
+    OtioContext& context;
+    const OtioMedia& media;
+};
+
+} // namespace Timeline

@@ -1,0 +1,30 @@
+// Timeline::OtioMedia: reads what clips refer to.
+#pragma once
+
+#include "Timeline/Reader/MediaLocator.h"
+#include "Timeline/Reader/OtioContext.h"
+
+namespace Timeline {
+
+/// Used by one reading, whose context it borrows.
+class OtioMedia {
+public:
+    OtioMedia(OtioContext& context, MediaLocator locator);
+
+    /// The media that `clip` (a Clip of either version) shows. What cannot be found is told.
+    MediaReference read(const OtioNode& clip) const;
+
+private:
+    MediaTarget targetOf(const OtioNode& reference) const;
+    MediaTarget file(const OtioNode& reference) const;
+    MediaTarget sequence(const OtioNode& reference) const;
+    MediaTarget generator(const OtioNode& reference) const;
+    void readColour(const OtioNode& parameters, Generator& generator) const;
+    MediaTarget missing(const OtioNode& node, const std::string& url, const std::string& why,
+                        Finding::Kind kind = Finding::Kind::MissingMedia) const;
+
+    OtioContext& context;
+    MediaLocator locator;
+};
+
+} // namespace Timeline

@@ -1,0 +1,134 @@
+#include "Timeline/Reader/OtioReader.h"
+
+#include "Timeline/Reader/OtioItems.h"
+#include "Timeline/Reader/OtioSchema.h"
+#include "Timeline/Reader/OtioText.h"
+#include "Timeline/Reader/OtioTime.h"
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+namespace Timeline {
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const CONTENT = "content.otio"; ///< of a folder
+
+std::string extensionOf(const Kestra::ioPath& file) {
+    std::string path = file.ToUtf8();
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    std::string extension = fs::path(path).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return extension;
+}
+
+void collect(OtioContext& context, const OtioNode& node, std::vector<OtioNode>& found) {
+    const OtioKind kind = kindOf(node);
+    checkVersion(context, node);
+    if (kind == OtioKind::Timeline)
+        return found.push_back(node);
+    const OtioContext::Within within(context, "collection", node.text("name"));
+    const OtioNode children = kind == OtioKind::Collection ? node["children"] : node;
+    if (kind != OtioKind::Collection || !children.isArray() || context.isTooDeep())
+        return;
+    for (std::size_t index = 0; index < children.size(); ++index)
+        collect(context, children.at(index), found);
+}
+
+/// The names of timelines, for a sentence.
+std::string listed(const std::vector<OtioNode>& timelines) {
+    std::string names;
+    for (const OtioNode& one : timelines)
+        names += (names.empty() ? "\"" : ", \"") + one.text("name") + '"';
+    return names;
+}
+
+std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
+    std::vector<OtioNode> timelines;
+    collect(context, root, timelines);
+    const std::string& wanted = context.options.timeline;
+    const auto named = std::find_if(timelines.begin(), timelines.end(),
+                                    [&](const OtioNode& one) { return one.text("name") == wanted; });
+    if (!wanted.empty() && named != timelines.end())
+        return *named;
+    if (timelines.empty())
+        context.error(root, "there is no timeline in it");
+    else if (!wanted.empty())
+        context.error(root, "there is no timeline \"" + wanted + "\" in it; there are " + listed(timelines));
+    else if (timelines.size() > 1)
+        context.error(root, "there are several timelines in it, and none was chosen: " + listed(timelines));
+    else
+        return timelines.front();
+    return std::nullopt;
+}
+
+bool isItem(OtioKind kind) {
+    return kind == OtioKind::Stack || kind == OtioKind::Track || kind == OtioKind::Clip;
+}
+
+std::shared_ptr<const Document> readTimeline(OtioContext& context, const OtioNode& root, OtioItems& items) {
+    auto document = std::make_shared<Document>();
+    if (isItem(kindOf(root))) {
+        document->name = root.text("name");
+        document->tracks = items.readRoot(root);
+        return document;
+    }
+    const auto timeline = choose(context, root);
+    if (!timeline)
+        return nullptr;
+    document->name = timeline->text("name");
+    if (timeline->has("metadata"))
+        document->metadata = jsonOf((*timeline)["metadata"].value());
+    if (timeline->has("global_start_time"))
+        document->globalStart = readTime(context, (*timeline)["global_start_time"]);
+    const OtioNode tracks = (*timeline)["tracks"];
+    if (!isItem(kindOf(tracks))) {
+        context.error(tracks, "the timeline has no tracks");
+        return nullptr;
+    }
+    document->tracks = items.readRoot(tracks);
+    return document;
+}
+
+std::shared_ptr<const Document> readFrom(OtioContext& context, const std::string& path) {
+    const auto json = parseFile(context, path);
+    if (!json)
+        return nullptr;
+    std::error_code error;
+    const std::string folder = fs::absolute(path, error).parent_path().string();
+    if (error) {
+        context.error(OtioNode(*json), "the folder that it stands in cannot be told: " + error.message());
+        return nullptr;
+    }
+    const OtioMedia media(context, {folder, context.options.mediaRoot.ToUtf8()});
+    OtioItems items(context, media);
+    auto document = readTimeline(context, OtioNode(*json), items);
+    if (!document || document->duration() > Kestra::Ticks(0))
+        return document;
+    context.error(OtioNode(*json), "there is nothing on the timeline");
+    return nullptr;
+}
+
+} // namespace
+
+bool OtioReader::reads(const Kestra::ioPath& file) const {
+    const std::string extension = extensionOf(file);
+    return extension == ".otio" || extension == ".otiod";
+}
+
+Reading OtioReader::read(const Kestra::ioPath& file, const ReadingOptions& options) const {
+    OtioContext context(options);
+    std::string path = file.ToUtf8();
+    std::error_code error;
+    if (fs::is_directory(path, error))
+        path = (fs::path(path) / CONTENT).string();
+    Reading reading;
+    reading.document = readFrom(context, path);
+    reading.findings = context.take();
+    return reading;
+}
+
+} // namespace Timeline

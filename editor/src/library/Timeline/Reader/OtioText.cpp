@@ -1,0 +1,106 @@
+#include "Timeline/Reader/OtioText.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <rapidjson/error/en.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+#include <system_error>
+
+namespace Timeline {
+namespace {
+
+constexpr std::uintmax_t LONGEST = 1024ULL * 1024 * 1024;
+/// Nesting of JSON; stacks in stacks take four of it each. What parses and prints values may go so deep.
+constexpr int DEEPEST = 1000;
+
+void tell(OtioContext& context, const std::string& text) {
+    context.error(OtioNode(rapidjson::Value()), text);
+}
+
+std::optional<std::string> readFile(OtioContext& context, const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (!std::filesystem::is_regular_file(status)) {
+        const auto type = status.type();
+        const bool isThere = type != std::filesystem::file_type::not_found && type != std::filesystem::file_type::none;
+        tell(context, isThere                                         ? "it is no plain file"
+                      : type == std::filesystem::file_type::not_found ? "it is not there"
+                                                                      : error.message());
+        return std::nullopt;
+    }
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error || size > LONGEST) {
+        tell(context, error ? error.message() : "it is longer than a timeline should be (1 GiB)");
+        return std::nullopt;
+    }
+    std::string text(static_cast<std::size_t>(size), '\0');
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    file.read(text.data(), static_cast<std::streamsize>(size));
+    if (file.gcount() == static_cast<std::streamsize>(size))
+        return text;
+    tell(context, errno != 0 ? std::generic_category().message(errno) : "it became shorter while it was read");
+    return std::nullopt;
+}
+
+int depthOf(const std::string& json) {
+    int depth = 0, deepest = 0;
+    bool inText = false;
+    for (std::size_t index = 0; index < json.size(); ++index) {
+        const char letter = json[index];
+        if (inText) {
+            index += letter == '\\' ? 1 : 0;
+            inText = letter != '"';
+        } else if (letter == '"') {
+            inText = true;
+        } else if (letter == '{' || letter == '[') {
+            deepest = std::max(deepest, ++depth);
+        } else if (letter == '}' || letter == ']') {
+            --depth;
+        }
+    }
+    return deepest;
+}
+
+std::string placeOf(const std::string& text, std::size_t offset) {
+    const std::string before = text.substr(0, offset);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const std::size_t start = before.rfind('\n');
+    const std::size_t column = start == std::string::npos ? offset + 1 : offset - start;
+    return "line " + std::to_string(line) + ", column " + std::to_string(column);
+}
+
+} // namespace
+
+std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::string& path) {
+    const auto text = readFile(context, path);
+    if (!text)
+        return std::nullopt;
+    if (depthOf(*text) > DEEPEST) {
+        tell(context, "it nests deeper than a timeline should (" + std::to_string(DEEPEST) + ')');
+        return std::nullopt;
+    }
+    constexpr unsigned FLAGS = rapidjson::kParseNanAndInfFlag | rapidjson::kParseFullPrecisionFlag |
+                               rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
+    rapidjson::Document document;
+    document.Parse<FLAGS>(text->data(), text->size());
+    if (!document.HasParseError())
+        return document;
+    tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document.GetParseError())) + " (" +
+                      placeOf(*text, document.GetErrorOffset()) + ')');
+    return std::nullopt;
+}
+
+std::string jsonOf(const rapidjson::Value& value) {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer, rapidjson::UTF8<>, rapidjson::UTF8<>, rapidjson::CrtAllocator,
+                      rapidjson::kWriteNanAndInfFlag>
+        writer(buffer);
+    value.Accept(writer);
+    return std::string(buffer.GetString(), buffer.GetSize());
+}
+
+} // namespace Timeline

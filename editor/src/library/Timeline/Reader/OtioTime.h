@@ -1,0 +1,22 @@
+// Times as timelines write them, on the engine's clock.
+#pragma once
+
+#include "Timeline/Reader/OtioContext.h"
+#include <boost/rational.hpp>
+#include <optional>
+
+namespace Timeline {
+
+/// The exact rate that a rounded one stands for: 23.98 and 23.976 are 24000/1001. Nothing for what is no rate.
+std::optional<boost::rational<long long>> exactRate(double rate);
+
+/// `value` periods of `rate`; nothing where that is no time of a timeline (a year at most).
+std::optional<Kestra::Ticks> exactTime(double value, double rate);
+
+/// A RationalTime. Whatever is wrong with it is told as an error; then there is nothing.
+std::optional<Kestra::Ticks> readTime(OtioContext& context, const OtioNode& node);
+
+/// A TimeRange, likewise. Its duration is not negative.
+std::optional<TimeRange> readRange(OtioContext& context, const OtioNode& node);
+
+} // namespace Timeline

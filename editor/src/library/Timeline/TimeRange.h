@@ -1,0 +1,16 @@
+// Timeline::TimeRange: a stretch of time.
+#pragma once
+
+#include "Kestra/Base/Quantity.h"
+
+namespace Timeline {
+
+/// A value.
+struct TimeRange {
+    Kestra::Ticks start{};
+    Kestra::Ticks duration{}; ///< never negative
+
+    Kestra::Ticks end() const { return start + duration; }
+};
+
+} // namespace Timeline

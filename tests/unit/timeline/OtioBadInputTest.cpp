@@ -1,0 +1,153 @@
+// Timelines that are wrong: each is told with its place, and nothing crashes or hangs.
+#include "OtioFixture.h"
+#include <sys/stat.h>
+
+namespace Timeline::Tests {
+namespace {
+
+class OtioBadInput : public OtioFixture {
+protected:
+    /// The findings hold that sentence and are of that kind, all of them.
+    void expect(const std::string& json, Finding::Kind kind, const std::string& text) const {
+        const Reading reading = read(json);
+        EXPECT_NE(inWords(reading).find(text), std::string::npos) << inWords(reading) << json.substr(0, 300);
+        for (const Finding& one : reading.findings)
+            EXPECT_EQ(one.kind, kind) << one.inWords();
+    }
+    void expectError(const std::string& json, const std::string& text) const {
+        expect(json, Finding::Kind::Error, text);
+    }
+    void expectWarning(const std::string& json, const std::string& text) const {
+        expect(json, Finding::Kind::Warning, text);
+    }
+    std::string wrap(const std::string& child) const { return timelineOf({trackOf({clip(0, 5), child})}); }
+};
+
+TEST_F(OtioBadInput, OfFilesThatCannotBeRead) {
+    const OtioReader reader;
+    EXPECT_EQ(inWords(reader.read(Kestra::ioPath((folder / "none.otio").string()), {})), "it is not there\n");
+    EXPECT_EQ(inWords(reader.read(Kestra::ioPath("/dev/zero"), {})), "it is no plain file\n");
+    const std::string pipe = (folder / "pipe.otio").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(inWords(reader.read(Kestra::ioPath(pipe), {})), "it is no plain file\n");
+    std::filesystem::create_directories(folder / "empty.otiod");
+    EXPECT_EQ(inWords(reader.read(Kestra::ioPath((folder / "empty.otiod").string()), {})), "it is not there\n");
+}
+
+TEST_F(OtioBadInput, OfNoJson) {
+    expectError("", "it is no JSON: The document is empty");
+    expectError("{\"a\":\n  1,}", "(line 2, column 5)");
+    expectError("[1]", "there is no timeline in it");
+    expectError("{}", "there is no timeline in it");
+    expectError("3", "there is no timeline in it");
+    expectError(R"({"OTIO_SCHEMA":"Timeline.1"})", "the timeline has no tracks");
+    expectError("{\"name\":\"\xff\xfe\"}", "Invalid encoding");
+    expectError(timelineOf({}), "there is nothing on the timeline");
+    expectError(timelineOf({trackOf({})}), "there is nothing on the timeline");
+}
+
+TEST_F(OtioBadInput, OfAbsurdNesting) {
+    std::string nested = clip(0, 5);
+    for (int depth = 0; depth < 100; ++depth)
+        nested = stackOf({trackOf({nested})});
+    expectError(timelineOf({trackOf({clip(0, 5), nested})}), "stacks and tracks stand too deep in each other");
+    expectError(std::string(1000000, '['), "it nests deeper than a timeline should");
+    expectError(timelineOf({trackOf({clip(0, 5)})}, "t", R"(,"metadata":)" + std::string(100000, '[')),
+                "it nests deeper than a timeline should");
+    std::string fine = clip(0, 5);
+    for (int depth = 0; depth < 25; ++depth)
+        fine = stackOf({trackOf({fine})});
+    EXPECT_EQ(inWords(read(timelineOf({trackOf({fine})}))), "");
+}
+
+TEST_F(OtioBadInput, OfAMillionChildren) {
+    std::string children = clip(0, 5);
+    for (int index = 0; index < 1000000; ++index)
+        children += ",{}";
+    const Reading reading = read(objectOf(
+        "Timeline.1", "t",
+        R"(,"tracks":)" + stackOf({objectOf("Track.1", "v", R"(,"kind":"Video","children":[)" + children + "]")})));
+    ASSERT_TRUE(reading.document);
+    EXPECT_EQ(firstTrack(reading).items().size(), 1U);
+    EXPECT_EQ(reading.findings.size(), 1001U);
+    EXPECT_EQ(reading.findings.back().text, "999000 more findings are not listed");
+}
+
+TEST_F(OtioBadInput, OfTimes) {
+    const auto ranged = [](const std::string& start, const std::string& duration) {
+        return clipOf("c", rangeOf(start, duration), fileReference("a.mov"));
+    };
+    expectError(wrap(ranged(timeOf(0), timeOf("NaN", "25"))), "the value of a time is not finite");
+    expectError(wrap(ranged(timeOf(0), timeOf("5", "Infinity"))), "the rate of a time is not finite");
+    expectError(wrap(ranged(timeOf(0), timeOf("5", "0"))), "a time's rate is not above 0 or beyond all measure");
+    expectError(wrap(ranged(timeOf(0), timeOf("5", "-25"))), "a time's rate is not above 0 or beyond all measure");
+    expectError(wrap(ranged(timeOf(0), timeOf("\"5\"", "25"))), "the value of a time is no number");
+    expectError(wrap(ranged(timeOf(0), timeOf(-5))), "a duration is negative");
+    expectError(wrap(ranged(timeOf(0), timeOf("1e300", "25"))), "a time lies more than a year away");
+    expectError(wrap(ranged("null", timeOf(5))), "a time is missing");
+    expectError(wrap(clipOf("c", "7", fileReference("a.mov"))), "a range of time is missing");
+    expectWarning(wrap(ranged(timeOf(0), timeOf(0))), "clip \"c\": it lasts no time and is left out");
+}
+
+TEST_F(OtioBadInput, OfThePlaceIsToldAsAPointer) {
+    const Reading reading = read(wrap(clipOf("c", rangeOf(timeOf(0), timeOf("5", "0")), fileReference("a.mov"))));
+    ASSERT_EQ(reading.findings.size(), 1U);
+    EXPECT_EQ(reading.findings[0].pointer, "/tracks/children/0/children/1/source_range/duration");
+    EXPECT_EQ(reading.findings[0].place, "stack \"S\", track \"Video1\", clip \"c\"");
+}
+
+TEST_F(OtioBadInput, OfUnknownSchemasBecomesAGap) {
+    const Reading reading =
+        read(timelineOf({trackOf({objectOf("Wormhole.1", "w", R"(,"source_range":)" + rangeOf(0, 30)), clip(0, 5)})}));
+    EXPECT_EQ(reading.findings.at(0).text, "\"Wormhole.1\" is not known; there is a gap in its place");
+    EXPECT_EQ(reading.findings[0].kind, Finding::Kind::Warning);
+    EXPECT_EQ(firstTrack(reading).startOf(1), frames(30));
+    expectWarning(wrap("17"), "is not known");
+    expectWarning(wrap("null"), "is not known");
+}
+
+TEST_F(OtioBadInput, OfANewerVersionIsRefusedUnlessItIsReadLeniently) {
+    const std::string newer = timelineOf({trackOf({objectOf(
+        "Clip.3", "c", R"(,"media_reference":)" + fileReference("a.mov") + R"(,"source_range":)" + rangeOf(0, 5))})});
+    expectError(newer, "Clip.3 is newer than what can be read, Clip.2");
+    ReadingOptions lenient;
+    lenient.lenient = true;
+    const Reading reading = read(newer, lenient);
+    ASSERT_EQ(reading.findings.size(), 1U) << "once";
+    EXPECT_EQ(reading.findings[0].kind, Finding::Kind::Warning);
+    EXPECT_EQ(reading.document->duration(), frames(5));
+}
+
+TEST_F(OtioBadInput, OfTransitionsIsShortenedOrLeftOut) {
+    const auto timeline = [](const std::vector<std::string>& children) { return timelineOf({trackOf(children)}); };
+    expectWarning(timeline({clip(0, 10), transitionOf(15, 3), clip(50, 10)}), "is shortened to them");
+    expectWarning(timeline({clip(0, 10), transitionOf(3, 3), transitionOf(2, 2, "second"), clip(50, 10)}),
+                  "transition \"second\": it follows another transition and is left out");
+    expectWarning(timeline({clip(0, 10), transitionOf(0, 0), clip(50, 10)}), "there is no time for it");
+    expectWarning(timeline({clip(0, 10), transitionOf(3, 8), clip(50, 10), transitionOf(8, 3, "late"), clip(80, 10)}),
+                  "transition \"late\": it is longer than the clips beside it");
+    expectError(timeline({clip(0, 10), transitionOf(-3, 8), clip(50, 10)}), "reaches a negative time");
+    expectWarning(timelineOf({trackOf({clip(0, 5)}), transitionOf(1, 1)}), "stands outside of a track");
+    const Reading fitted =
+        read(timeline({clip(0, 10), transitionOf(3, 8), clip(50, 10), transitionOf(8, 3, "late"), clip(80, 10)}));
+    EXPECT_EQ(firstTrack(fitted).transitions().at(1).before, frames(2)) << "what the one before leaves of the clip";
+}
+
+TEST_F(OtioBadInput, OfTracksAndEffectsIsTold) {
+    expectWarning(timelineOf({trackOf({clip(0, 5)}), trackOf({clip(0, 5)}, "Subtitle")}),
+                  "tracks of the kind \"Subtitle\" are left out");
+    expectWarning(timelineOf({objectOf("Track.1", "t", R"(,"children":)" + listOf({clip(0, 5)}))}),
+                  "the track does not say what it holds");
+    expectError(timelineOf({trackOf({clip(0, 5)}), objectOf("Track.1", "t", R"(,"kind":"Video")")}),
+                "a track has no list of children");
+    expectWarning(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"Effect.1","effect_name":"blur"}])")),
+                  "the effect \"blur\" is not known and has none here");
+    expectError(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":NaN}])")),
+                "the speed is no number");
+    expectWarning(wrap(clip(0, 5, "e", R"(,"markers":[{"OTIO_SCHEMA":"Clip.1"}])")), "it is no marker and is left out");
+    expectWarning(timelineOf({trackOf({clip(0, 5), stackOf({trackOf({clip(0, 5)}, "Audio")})})}),
+                  "it stands among pictures and has none");
+}
+
+} // namespace
+} // namespace Timeline::Tests
