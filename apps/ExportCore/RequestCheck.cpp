@@ -8,6 +8,7 @@
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Timeline/Reader/OtioReader.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -72,6 +73,8 @@ void checkInput(const QString& input) {
         refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
     if (state->st_size == 0)
         refuse("Cannot read " + quoted(path) + ": it is empty");
+    if (Timeline::OtioReader().reads(Kestra::ioPath(path.toStdString())))
+        refuse("Cannot export " + quoted(path) + ": it is a timeline, which can be listed and checked only");
 }
 
 QByteArray folderOf(const QByteArray& path) {

@@ -8,6 +8,7 @@
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
+#include "cli/TimelineCommands.h"
 #include <QJsonArray>
 #include <cstdio>
 #include <exception>
@@ -83,7 +84,7 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
     return line.toStdString();
 }
 
-void describe(const std::string& path, const Options& options, QJsonArray& media) {
+void describeMedia(const std::string& path, const Options& options, QJsonArray& media) {
     const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(
         Kestra::ioPath(path), nullptr, options.mediaLimits);
     QStringList damage, notes;
@@ -100,24 +101,41 @@ void describe(const std::string& path, const Options& options, QJsonArray& media
         ErrorOutput::tell("note", '"' + path + "\": " + what.toStdString());
 }
 
+bool describeTimelineInput(const std::string& path, const Options& options, QJsonArray& timelines) {
+    QJsonObject timeline;
+    const bool isGood = describeTimeline(path, options, options.json ? &timeline : nullptr);
+    timelines.append(timeline);
+    return isGood;
+}
+
+void printJson(const QJsonArray& media, const QJsonArray& timelines) {
+    QJsonObject object{{key("media"), media}};
+    if (!timelines.isEmpty())
+        object.insert(key("timelines"), timelines);
+    std::printf("%s\n", jsonLine(object).c_str());
+}
+
 } // namespace
 
 int describeInputs(const Options& options) {
-    QJsonArray media;
+    bool isGood = true;
+    QJsonArray media, timelines;
     for (const bool onlyLook : {true, false})
         for (const std::string& input : options.inputs)
             try {
-                if (onlyLook)
+                if (onlyLook && !isTimeline(input))
                     ExportCore::RequestCheck::inputs({text(input)});
-                else
-                    describe(input, options, media);
+                else if (!onlyLook && isTimeline(input))
+                    isGood = describeTimelineInput(input, options, timelines) && isGood;
+                else if (!onlyLook)
+                    describeMedia(input, options, media);
             } catch (const std::exception& error) {
                 ErrorOutput::refuse(error.what(), input);
                 return EXIT_BAD_INPUT;
             }
     if (options.json)
-        std::printf("%s\n", jsonLine(QJsonObject{{key("media"), media}}).c_str());
-    return EXIT_DONE;
+        printJson(media, timelines);
+    return isGood ? EXIT_DONE : EXIT_BAD_INPUT;
 }
 
 } // namespace Cli

@@ -76,13 +76,15 @@ public:
         addRender();
         addPresets();
         addInfo();
+        addValidate();
     }
 
     void parse(int argc, char** argv) {
         app.parse(argc, argv);
-        options.command = presets->parsed() ? Options::Command::Presets
-                          : info->parsed()  ? Options::Command::Info
-                                            : Options::Command::Render;
+        options.command = presets->parsed()    ? Options::Command::Presets
+                          : info->parsed()     ? Options::Command::Info
+                          : validate->parsed() ? Options::Command::Validate
+                                               : Options::Command::Render;
         options.in = ExportCore::TimeText::parse(inText);
         options.out = ExportCore::TimeText::parse(outText);
         options.progress = progressStyles().at(progressText);
@@ -123,7 +125,7 @@ private:
     }
 
     void addInputs(CLI::App& command) {
-        command.add_option("INPUT", options.inputs, "Media files")->required()->type_name("");
+        command.add_option("INPUT", options.inputs, "Files")->required()->type_name("");
         command
             .add_option("--max-picture", pictureMebibytes, "How large a picture of an input may be in memory, in MiB")
             ->type_name("MIB")
@@ -143,10 +145,28 @@ private:
     }
 
     void addInfo() {
-        info = app.add_subcommand("info", "Say what media files hold");
+        info = app.add_subcommand("info", "Say what media files and timelines hold");
         info->fallthrough();
         addInputs(*info);
+        addTimelines(*info);
         info->add_flag("--json", options.json, "As JSON");
+    }
+
+    void addValidate() {
+        validate = app.add_subcommand("validate", "Say what is wrong with timelines");
+        validate->fallthrough();
+        addInputs(*validate);
+        addTimelines(*validate);
+        validate->add_flag("--json", options.json, "As JSON");
+        validate->footer(std::string("Exit code 0 when they can be rendered as they are, else 2.\n\n") + EXIT_CODES);
+    }
+
+    void addTimelines(CLI::App& command) {
+        command.add_option("--media-root", options.mediaRoot, "Where to look for media that are not in their place")
+            ->type_name("FOLDER");
+        command.add_option("--timeline", options.timeline, "Which timeline of a file that holds several")
+            ->type_name("NAME");
+        command.add_flag("--lenient", options.lenient, "Read newer versions of timelines as far as they are known");
     }
 
     Options& options;
@@ -154,6 +174,7 @@ private:
     CLI::App* render = nullptr;
     CLI::App* presets = nullptr;
     CLI::App* info = nullptr;
+    CLI::App* validate = nullptr;
     std::string inText;
     std::string outText;
     std::string progressText = "auto";
@@ -189,7 +210,7 @@ bool asksForJson(int argc, char** argv) {
     bool isInfo = false;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        isInfo = isInfo || word == "info";
+        isInfo = isInfo || word == "info" || word == "validate";
         if (isInfo && word == "--json")
             return true;
         if (word == "--progress=json" || (word == "--progress" && i + 1 < argc && std::string("json") == argv[i + 1]))
@@ -217,7 +238,7 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
         exitCode = EXIT_BAD_INPUT;
         return std::nullopt;
     }
-    const std::vector<std::string> commands{"render", "presets", "info"};
+    const std::vector<std::string> commands{"render", "presets", "info", "validate"};
     if (const std::string word = unknownCommand(argc, argv, commands); !word.empty()) {
         complain("there is no command \"" + word + '"' + ExportCore::NearNames::question(word, commands));
         exitCode = EXIT_BAD_INPUT;

@@ -13,7 +13,7 @@ enum class ProgressStyle { Automatic, Bar, Plain, Json, None };
 
 /// A value. Strings are the bytes of the command line, checked to be UTF-8.
 struct Options {
-    enum class Command { Render, Presets, Info };
+    enum class Command { Render, Presets, Info, Validate };
 
     Command command = Command::Render;
     bool verbose = false;
@@ -32,6 +32,10 @@ struct Options {
     ProgressStyle progress = ProgressStyle::Automatic;
 
     std::optional<std::string> tag;
+
+    std::string mediaRoot; ///< where media of timelines are looked for that are not in their place; empty: nowhere
+    std::string timeline;  ///< which of several in a file; empty: the only one
+    bool lenient = false;  ///< newer versions of what is known in timelines are read as far as they are known
 
     /// Reads the command line. Nothing when the program has to end at once, with `exitCode`: help or the version was
     /// asked for and has been printed, or the usage was wrong and one line on standard error says how.

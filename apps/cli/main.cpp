@@ -10,6 +10,7 @@
 #include "cli/Options.h"
 #include "cli/RenderCommand.h"
 #include "cli/SignalStop.h"
+#include "cli/TimelineCommands.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -31,6 +32,8 @@ int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
         return Cli::listPresets(options);
     case Cli::Options::Command::Info:
         return Cli::describeInputs(options);
+    case Cli::Options::Command::Validate:
+        return Cli::validateTimelines(options);
     case Cli::Options::Command::Render:
         break;
     }

@@ -23,7 +23,7 @@ TEST(Commands, VersionAndHelpGoToStandardOutput) {
         QRegularExpression(QStringLiteral("^editor-export \\d+\\.\\d+\\.\\d+\n$")).match(version.output).hasMatch());
     const Result help = run({"--help"});
     EXPECT_EQ(help.code, 0);
-    for (const char* word : {"render", "presets", "info", "--version"})
+    for (const char* word : {"render", "presets", "info", "validate", "--version"})
         EXPECT_TRUE(help.output.contains(QString::fromUtf8(word))) << word;
     const Result renderHelp = run({"render", "--help"});
     for (const char* word : {"--preset", "--output", "--in", "--out", "--overwrite", "--progress"})

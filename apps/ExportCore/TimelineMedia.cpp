@@ -1,0 +1,156 @@
+#include "ExportCore/TimelineMedia.h"
+
+#include "Kestra/Base/FrameGrid.h"
+#include "Kestra/Base/TimeMap.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/ISourceFactory.h"
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <new>
+
+namespace ExportCore {
+
+namespace {
+
+using Kestra::Ticks;
+using Kestra::Proc::MediaInfo;
+using Timeline::Finding;
+using Timeline::Track;
+
+/// The media's times that a clip shows; `last` is behind the last one.
+struct Shown {
+    Ticks first;
+    Ticks last;
+};
+
+Shown shownBy(const Timeline::Clip& clip, Ticks duration) {
+    const Ticks start = clip.excerpt.start - clip.origin.value_or(Ticks(0));
+    const Kestra::TimeMap map{Ticks(0), start, clip.excerpt.speed};
+    const Ticks end = map.ToSource(duration);
+    return {std::min(start, end), std::max(start, end)};
+}
+
+bool hasKind(const MediaInfo& info, Track::Kind kind) {
+    return kind == Track::Kind::Video ? info.video.has_value() : info.audio.has_value();
+}
+
+std::string inMilliseconds(Ticks time) {
+    return std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms";
+}
+
+std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
+    const Shown shown = shownBy(clip, duration);
+    const Kestra::FrameGrid grid(sequence.rate);
+    const std::int64_t first = std::max<std::int64_t>(0, grid.Covering(shown.first).Value());
+    const std::int64_t last = grid.Covering(std::max(shown.first, shown.last - Ticks(1))).Value();
+    std::int64_t missing = 0;
+    std::string name;
+    for (std::int64_t index = first; index <= last; ++index) {
+        std::error_code error;
+        const std::string candidate = sequence.nameOf(index);
+        if (std::filesystem::is_regular_file(std::filesystem::path(sequence.folder.ToUtf8()) / candidate, error))
+            continue;
+        if (missing++ == 0)
+            name = candidate;
+    }
+    if (missing == 0)
+        return {};
+    return std::to_string(missing) + " of the " + std::to_string(last - first + 1) +
+           " pictures that it shows are not there, the first one is \"" + name + '"';
+}
+
+std::string labelled(const char* what, const std::string& name) {
+    return name.empty() ? std::string(what) : std::string(what) + " \"" + name + '"';
+}
+
+} // namespace
+
+TimelineMedia::TimelineMedia(const Kestra::Proc::MediaLimits& limits)
+    : limits(limits) {}
+
+const TimelineMedia::Look& TimelineMedia::lookAt(const Kestra::ioPath& path) {
+    const auto known = looks.find(path.ToUtf8());
+    if (known != looks.end())
+        return known->second;
+    try {
+        const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(path, nullptr, limits);
+        return looks.emplace(path.ToUtf8(), source->GetInfo()).first->second;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        return looks.emplace(path.ToUtf8(), std::string(error.what())).first->second;
+    }
+}
+
+std::optional<Ticks> TimelineMedia::lengthOf(const Timeline::MediaReference& media, Track::Kind kind) {
+    const auto* const file = std::get_if<Timeline::MediaFile>(&media.target);
+    if (!file)
+        return std::nullopt;
+    const auto* const info = std::get_if<MediaInfo>(&lookAt(file->path));
+    if (!info || !hasKind(*info, kind) || (info->video && info->video->stillPicture))
+        return std::nullopt;
+    return info->duration > 0 ? std::optional(Ticks(info->duration)) : std::nullopt;
+}
+
+std::vector<Finding> TimelineMedia::check(const Timeline::Document& document) {
+    std::vector<Finding> findings;
+    check(*document.tracks, {}, findings);
+    return findings;
+}
+
+void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place, std::vector<Finding>& findings) {
+    const std::string inside = place.empty() ? std::string() : place + ", ";
+    for (const Track& track : stack.tracks()) {
+        const std::string trackPlace = inside + labelled("track", track.name());
+        for (const Timeline::Item& item : track.items()) {
+            if (const auto* nested = std::get_if<Timeline::Nested>(&item.content))
+                check(*nested->stack, trackPlace + ", " + labelled("stack", item.name), findings);
+            const auto* const clip = std::get_if<Timeline::Clip>(&item.content);
+            if (!clip)
+                continue;
+            Finding::Kind severity = Finding::Kind::Error;
+            const std::string trouble = troubleOf(*clip, track.kind(), item.duration, severity);
+            if (!trouble.empty())
+                findings.push_back({severity, trackPlace + ", " + labelled("clip", item.name), {}, trouble});
+        }
+    }
+}
+
+std::string TimelineMedia::troubleOf(const Timeline::Clip& clip, Track::Kind kind, Ticks duration,
+                                     Finding::Kind& severity) {
+    if (const auto* file = std::get_if<Timeline::MediaFile>(&clip.media.target))
+        return troubleOf(*file, clip, kind, duration, severity);
+    if (const auto* sequence = std::get_if<Timeline::ImageSequence>(&clip.media.target)) {
+        const bool refused = sequence->missing == Timeline::ImageSequence::MissingFrames::Refused;
+        severity = refused ? Finding::Kind::MissingMedia : Finding::Kind::Warning;
+        return kind == Track::Kind::Video ? ExportCore::troubleOf(*sequence, clip, duration)
+                                          : "pictures stand among sound";
+    }
+    return {};
+}
+
+std::string TimelineMedia::troubleOf(const Timeline::MediaFile& file, const Timeline::Clip& clip, Track::Kind kind,
+                                     Ticks duration, Finding::Kind& severity) {
+    const std::string name = "its media \"" + file.path.ToUtf8() + "\" ";
+    const Look& look = lookAt(file.path);
+    if (const auto* why = std::get_if<std::string>(&look))
+        return name + "cannot be opened: " + *why;
+    const auto& info = std::get<MediaInfo>(look);
+    if (!hasKind(info, kind))
+        return name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound");
+    // Without an origin the media's own time code would have to be known. A still picture lasts for ever.
+    if (!clip.origin || (info.video && info.video->stillPicture))
+        return {};
+    const Shown shown = shownBy(clip, duration);
+    const Ticks beyond = std::max(Ticks(0) - shown.first, shown.last - Ticks(info.duration));
+    const std::int64_t period =
+        info.video && info.video->frameRate > 0 ? Kestra::FramesToTime(1, info.video->frameRate) : 0;
+    if (beyond <= Ticks(std::max(period, Kestra::TICKS_PER_MILLISECOND)))
+        return {};
+    severity = Finding::Kind::Warning;
+    return name + "lasts " + inMilliseconds(Ticks(info.duration)) + "; the clip goes " + inMilliseconds(beyond) +
+           " beyond it";
+}
+
+} // namespace ExportCore

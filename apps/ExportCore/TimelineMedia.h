@@ -1,0 +1,42 @@
+// ExportCore::TimelineMedia: looks at the media that a timeline names.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include "Kestra/Proc/IMediaSource.h"
+#include "Kestra/Proc/MediaLimits.h"
+#include "Timeline/Reader/ITimelineReader.h"
+#include <map>
+#include <string>
+#include <variant>
+
+namespace ExportCore {
+
+/// Opens each file once and remembers what it holds, not the file. One thread at a time.
+class EXPORTCORE_EXPORT TimelineMedia {
+public:
+    explicit TimelineMedia(const Kestra::Proc::MediaLimits& limits = {});
+
+    /// How long a whole medium lasts among such tracks; nothing where it cannot be opened or, as a still picture, has
+    /// no length of its own.
+    std::optional<Kestra::Ticks> lengthOf(const Timeline::MediaReference& media, Timeline::Track::Kind kind);
+
+    /// What is wrong with the media of the document: files that cannot be opened, or lack what their track wants, parts
+    /// of them that do not exist, pictures of sequences that are not there. Each sentence once for each clip.
+    std::vector<Timeline::Finding> check(const Timeline::Document& document);
+
+private:
+    /// What a file holds, or why it cannot be told.
+    using Look = std::variant<Kestra::Proc::MediaInfo, std::string>;
+
+    const Look& lookAt(const Kestra::ioPath& path);
+    void check(const Timeline::Stack& stack, const std::string& place, std::vector<Timeline::Finding>& findings);
+    std::string troubleOf(const Timeline::Clip& clip, Timeline::Track::Kind kind, Kestra::Ticks duration,
+                          Timeline::Finding::Kind& severity);
+    std::string troubleOf(const Timeline::MediaFile& file, const Timeline::Clip& clip, Timeline::Track::Kind kind,
+                          Kestra::Ticks duration, Timeline::Finding::Kind& severity);
+
+    const Kestra::Proc::MediaLimits limits;
+    std::map<std::string, Look> looks;
+};
+
+} // namespace ExportCore

@@ -1,0 +1,14 @@
+// Timelines as JSON.
+#pragma once
+
+#include "Timeline/Reader/ITimelineReader.h"
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace Cli {
+
+QJsonArray jsonOf(const std::vector<Timeline::Finding>& findings);
+/// Without its findings.
+QJsonObject jsonOf(const Timeline::Document& document);
+
+} // namespace Cli

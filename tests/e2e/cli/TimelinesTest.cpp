@@ -1,0 +1,153 @@
+// "info" and "validate" of timelines, over real media.
+#include "Program.h"
+#include "support/FlashBeep.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+using TestCli::Result;
+using TestCli::run;
+
+namespace {
+
+QJsonObject objectOf(const Result& result) {
+    return QJsonDocument::fromJson(result.output.toUtf8()).object();
+}
+
+std::string timeOf(int frames) {
+    return R"({"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":)" + std::to_string(frames) + '}';
+}
+
+/// A clip of `media`, all of whose 50 frames are said to be there; without a range of its own where `frames` is 0.
+std::string clipOf(const std::string& name, const std::string& media, int start, int frames,
+                   const std::string& more = {}) {
+    const auto range = [](int first, int count) {
+        return R"({"OTIO_SCHEMA":"TimeRange.1","start_time":)" + timeOf(first) + R"(,"duration":)" + timeOf(count) +
+               '}';
+    };
+    const std::string told = frames > 0 ? R"(,"source_range":)" + range(start, frames) : std::string();
+    const std::string available = frames > 0 ? R"(,"available_range":)" + range(0, 500) : std::string();
+    return R"({"OTIO_SCHEMA":"Clip.1","name":")" + name + '"' + told + more +
+           R"(,"media_reference":{"OTIO_SCHEMA":"ExternalReference.1","target_url":")" + media + '"' + available + "}}";
+}
+
+class Timelines : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        media = std::make_unique<TestMedia::Folder>();
+        TestMedia::FlashBeep clip;
+        clip.frames = 50;
+        TestMedia::makeFlashBeep(*media / "both.mov", clip);
+        clip.sampleRate = 0;
+        TestMedia::makeFlashBeep(*media / "silent.mov", clip);
+    }
+    static void TearDownTestSuite() { media.reset(); }
+
+    /// A timeline of a track of pictures and one of sound.
+    static std::string write(const std::string& pictures, const std::string& sound,
+                             const std::string& name = "cut.otio") {
+        const auto track = [](const char* kind, const std::string& children) {
+            return R"({"OTIO_SCHEMA":"Track.1","name":")" + std::string(kind) + R"(1","kind":")" + kind +
+                   R"(","children":[)" + children + "]}";
+        };
+        std::ofstream(*media / name)
+            << R"({"OTIO_SCHEMA":"Timeline.1","name":"My cut","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+            << track("Video", pictures) << ',' << track("Audio", sound) << "]}}";
+        return *media / name;
+    }
+
+    static std::unique_ptr<TestMedia::Folder> media;
+};
+
+std::unique_ptr<TestMedia::Folder> Timelines::media;
+
+TEST_F(Timelines, AreListedClipByClip) {
+    const std::string cut =
+        write(clipOf("a", "both.mov", 5, 25) + ',' + clipOf("b", "silent.mov", 0, 50), clipOf("s", "both.mov", 0, 0));
+    const Result text = run({"info", cut});
+    EXPECT_EQ(text.code, 0) << text.errors.toStdString();
+    EXPECT_TRUE(text.errors.isEmpty()) << text.errors.toStdString();
+    EXPECT_TRUE(text.output.contains(QStringLiteral("timeline \"My cut\", 00:00:03.000, 2 tracks\n")));
+    EXPECT_TRUE(text.output.contains(QStringLiteral("audio track \"Audio1\": 00:00:02.000, 1 item, 0 transitions\n")))
+        << "a clip without a range lasts as long as its media";
+    EXPECT_TRUE(text.output.contains(QString::fromStdString("00:00:01.000  00:00:02.000  clip \"b\" of " +
+                                                            (*media / "silent.mov") + " from 00:00:00.000\n")))
+        << text.output.toStdString();
+    const Result json = run({"info", "--json", cut, *media / "both.mov"});
+    EXPECT_EQ(json.code, 0);
+    EXPECT_EQ(objectOf(json)[QStringLiteral("media")].toArray().size(), 1);
+    const QJsonObject timeline = objectOf(json)[QStringLiteral("timelines")].toArray().at(0).toObject();
+    EXPECT_EQ(timeline[QStringLiteral("durationMs")].toInt(), 3000);
+    const QJsonObject first =
+        timeline[QStringLiteral("tracks")].toArray().at(0)[QStringLiteral("items")].toArray().at(0).toObject();
+    EXPECT_EQ(first[QStringLiteral("mediaStartMs")].toInt(), 200);
+    EXPECT_EQ(first[QStringLiteral("media")].toString().toStdString(), *media / "both.mov");
+}
+
+TEST_F(Timelines, ThatAreRightAreValid) {
+    const std::string cut = write(clipOf("a", "both.mov", 5, 25), clipOf("s", "both.mov", 5, 25));
+    const Result result = run({"validate", cut});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_TRUE(result.output.isEmpty() && result.errors.isEmpty()) << result.output.toStdString();
+}
+
+TEST_F(Timelines, ThatAreWrongAreToldWithEveryFinding) {
+    std::ofstream(*media / "text.mov") << "no media at all";
+    const std::string cut = write(clipOf("gone", "gone.mov", 0, 10) + ',' + clipOf("broken", "text.mov", 0, 10) + ',' +
+                                      clipOf("long", "both.mov", 40, 50),
+                                  clipOf("mute", "silent.mov", 0, 10));
+    const Result text = run({"validate", cut});
+    EXPECT_EQ(text.code, 2);
+    const QStringList lines = text.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 4) << text.output.toStdString();
+    EXPECT_TRUE(
+        lines[0].contains(QStringLiteral("error: stack, track \"Video1\", clip \"gone\": the media \"gone.mov\" is not "
+                                         "there (/tracks/children/0/children/0/media_reference/target_url)")));
+    EXPECT_TRUE(lines[1].contains(QStringLiteral("clip \"broken\": its media ")) &&
+                lines[1].contains(QStringLiteral("cannot be opened: ")));
+    EXPECT_TRUE(lines[2].contains(QStringLiteral("warning: ")) &&
+                lines[2].endsWith(QStringLiteral("lasts 2000 ms; the clip goes 1600 ms beyond it")));
+    EXPECT_TRUE(lines[3].contains(QStringLiteral("clip \"mute\"")) &&
+                lines[3].endsWith(QStringLiteral("has no sound")));
+    const Result json = run({"validate", "--json", cut});
+    EXPECT_EQ(json.code, 2);
+    const QJsonArray findings =
+        objectOf(json)[QStringLiteral("timelines")].toArray().at(0)[QStringLiteral("findings")].toArray();
+    ASSERT_EQ(findings.size(), 4);
+    EXPECT_EQ(findings.at(0)[QStringLiteral("kind")].toString(), QStringLiteral("missing"));
+    EXPECT_EQ(findings.at(2)[QStringLiteral("kind")].toString(), QStringLiteral("warning"));
+}
+
+TEST_F(Timelines, WithWarningsAloneAreValid) {
+    const Result result = run({"validate", write(clipOf("long", "both.mov", 40, 50), {})});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_TRUE(result.output.contains(QStringLiteral("beyond it")));
+}
+
+TEST_F(Timelines, FindTheirMediaBelowAnotherFolder) {
+    const std::string cut = write(clipOf("a", "/elsewhere/both.mov", 0, 10), {}, "sub.otio");
+    EXPECT_EQ(run({"validate", cut}).code, 2);
+    EXPECT_EQ(run({"validate", "--media-root", *media / "", cut}).code, 0);
+}
+
+TEST_F(Timelines, ThatCannotBeReadAreRefusedWithTheReason) {
+    std::ofstream(*media / "bad.otio") << "{";
+    for (const char* const command : {"info", "validate"}) {
+        const Result result = run({command, *media / "bad.otio"});
+        EXPECT_EQ(result.code, 2) << command;
+        EXPECT_TRUE((result.output + result.errors).contains(QStringLiteral("it is no JSON"))) << command;
+        EXPECT_EQ(run({command, *media / "none.otio"}).code, 2) << command;
+    }
+}
+
+TEST_F(Timelines, AreNoMediaToExport) {
+    const std::string cut = write(clipOf("a", "both.mov", 0, 10), {});
+    const Result result = run({"render", cut, "-p", "mp4-h264-1080p", "-o", *media / "out.mp4"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("is a timeline"))) << result.errors.toStdString();
+    EXPECT_FALSE(std::filesystem::exists(*media / "out.mp4"));
+}
+
+} // namespace
