@@ -8,7 +8,7 @@
 
 #include "EditorPreset/CatalogueSchema.h"
 #include "EditorPreset/CatalogueError.h"
-#include <QFile>
+#include "EditorPreset/SchemaDocument.h"
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -24,19 +24,12 @@ namespace {
 
 constexpr std::size_t LONGEST_VALUE_SHOWN = 60;
 
-QJsonValue schemaDocument() {
-    QFile file(QStringLiteral(":/EditorPreset/catalogue.schema.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        KESTRA_THROW(Kestra::Exception("The built-in catalogue schema cannot be read"));
-    return QJsonDocument::fromJson(file.readAll()).object();
-}
-
 /// Parsed once; never changed afterwards.
 const valijson::Schema& schema() {
     static const std::unique_ptr<const valijson::Schema> parsed = [] {
         auto made = std::make_unique<valijson::Schema>();
         valijson::SchemaParser parser;
-        parser.populateSchema(valijson::adapters::QtJsonAdapter(schemaDocument()), *made);
+        parser.populateSchema(valijson::adapters::QtJsonAdapter(QJsonValue(schemaDocument())), *made);
         return made;
     }();
     return *parsed;

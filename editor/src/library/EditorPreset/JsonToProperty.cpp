@@ -1,5 +1,5 @@
 #include "EditorPreset/JsonToProperty.h"
-#include "EditorPreset/PresetTags.h"
+#include "EditorPreset/SettingTable.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <QJsonObject>
 #include <QString>
@@ -55,9 +55,12 @@ Property toProperty(const std::string& name, const QJsonValue& value) {
 
 Property toPresetTree(const QJsonObject& object, const JsonPlace& place) {
     Property tree = toProperty({}, object);
-    const QJsonValue rate = object.value(QLatin1String(TAG_VIDEO)).toObject().value(QLatin1String(TAG_FRAME_RATE));
-    if (rate.isString())
-        tree[TAG_VIDEO].SetChild(TAG_FRAME_RATE, toFrameRate(rate.toString(), place.at(TAG_VIDEO).at(TAG_FRAME_RATE)));
+    for (const SettingRow& row : Table::ROWS) {
+        const char* const section = nameOf(row.section);
+        const QJsonValue value = object.value(QLatin1String(section)).toObject().value(QLatin1String(row.name));
+        if (std::holds_alternative<FrameRateText>(row.values) && value.isString())
+            tree[section].SetChild(row.name, toFrameRate(value.toString(), place.at(section).at(row.name)));
+    }
     return tree;
 }
 

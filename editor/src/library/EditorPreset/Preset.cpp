@@ -1,70 +1,16 @@
 #include "EditorPreset/Preset.h"
 
 #include "EditorPreset/PresetTags.h"
+#include "EditorPreset/SettingTable.h"
 #include "EditorPreset/TreeAccess.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
-#include "Kestra/Conf/PixelFormat.h"
-#include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <utility>
 
 using namespace EditorPreset;
 
-namespace {
-
 using Kestra::Core::Property;
-
-struct ModeName {
-    Export::BitrateMode mode;
-    const char* catalogueName;
-    const char* encoderName;
-};
-constexpr ModeName MODES[] = {
-    {Export::BitrateMode::Constant, "constant", "cbr"},
-    {Export::BitrateMode::Automatic, "automatic", "abr"},
-    {Export::BitrateMode::Variable, "variable", "vbr"},
-    {Export::BitrateMode::Quality, "quality", "quality"},
-};
-
-struct LayoutName {
-    const char* name;
-    std::uint32_t layout;
-};
-constexpr LayoutName LAYOUTS[] = {
-    {"mono", Kestra::Conf::CHANNEL_LAYOUT_MONO},   {"stereo", Kestra::Conf::CHANNEL_LAYOUT_STEREO},
-    {"quad", Kestra::Conf::CHANNEL_LAYOUT_QUAD},   {"5.0", Kestra::Conf::CHANNEL_LAYOUT_5POINT0},
-    {"5.1", Kestra::Conf::CHANNEL_LAYOUT_5POINT1}, {"7.1", Kestra::Conf::CHANNEL_LAYOUT_7POINT1},
-};
-
-struct ResizeName {
-    const char* name;
-    Kestra::Proc::AspectMode mode;
-};
-constexpr ResizeName RESIZE_MODES[] = {
-    {"stretch", Kestra::Proc::AspectMode::Stretch},     {"keepSize", Kestra::Proc::AspectMode::KeepSize},
-    {"fitInside", Kestra::Proc::AspectMode::FitInside}, {"crop", Kestra::Proc::AspectMode::Crop},
-    {"letterbox", Kestra::Proc::AspectMode::Letterbox},
-};
-
-struct InterpolationName {
-    const char* name;
-    Kestra::Proc::Interpolation interpolation;
-};
-constexpr InterpolationName INTERPOLATIONS[] = {
-    {"nearest", Kestra::Proc::Interpolation::Nearest},
-    {"bilinear", Kestra::Proc::Interpolation::Bilinear},
-    {"bicubic", Kestra::Proc::Interpolation::Bicubic},
-    {"lanczos", Kestra::Proc::Interpolation::Lanczos},
-};
-
-/// What a preset without limits is taken to be meant for: more than the largest frame in use.
-constexpr int NO_SIZE_LIMIT = 16384;
-
-int readSide(const Property& tree, const char* tag, int neutral) {
-    return static_cast<int>(readNumber(tree, TAG_VIDEO, tag, neutral));
-}
-
-} // namespace
+using Kestra::Proc::AspectMode;
 
 Preset::Preset() = default;
 
@@ -81,7 +27,7 @@ std::string Preset::title() const {
 }
 
 std::string Preset::containerId() const {
-    return readString(tree, TAG_CONTAINER, TAG_ID);
+    return readString(tree, Setting::ContainerId);
 }
 
 bool Preset::hasVideo() const {
@@ -93,163 +39,139 @@ bool Preset::hasAudio() const {
 }
 
 Kestra::Conf::CodecID Preset::videoCodec() const {
-    return Kestra::Conf::CodecIDFromString(readString(tree, TAG_VIDEO, TAG_CODEC));
+    return Kestra::Conf::CodecIDFromString(readString(tree, Setting::VideoCodec));
 }
 
 Kestra::Conf::CodecID Preset::audioCodec() const {
-    return Kestra::Conf::CodecIDFromString(readString(tree, TAG_AUDIO, TAG_CODEC));
+    return Kestra::Conf::CodecIDFromString(readString(tree, Setting::AudioCodec));
 }
 
 int Preset::width() const {
-    return readSide(tree, TAG_WIDTH, 0);
+    return static_cast<int>(readNumber(tree, Setting::Width));
 }
 
 int Preset::height() const {
-    return readSide(tree, TAG_HEIGHT, 0);
+    return static_cast<int>(readNumber(tree, Setting::Height));
 }
 
 void Preset::setWidth(int pixels) {
-    writeNumber(tree, TAG_VIDEO, TAG_WIDTH, pixels);
+    writeNumber(tree, Setting::Width, pixels);
 }
 
 void Preset::setHeight(int pixels) {
-    writeNumber(tree, TAG_VIDEO, TAG_HEIGHT, pixels);
+    writeNumber(tree, Setting::Height, pixels);
 }
 
 int Preset::maxWidth() const {
-    return readSide(tree, TAG_MAX_WIDTH, NO_SIZE_LIMIT);
+    return static_cast<int>(readNumber(tree, Setting::MaxWidth));
 }
 
 int Preset::maxHeight() const {
-    return readSide(tree, TAG_MAX_HEIGHT, NO_SIZE_LIMIT);
+    return static_cast<int>(readNumber(tree, Setting::MaxHeight));
 }
 
 bool Preset::hasFixedResolution() const {
-    return readFlag(tree, TAG_VIDEO, TAG_FIXED_RESOLUTION);
+    return readFlag(tree, Setting::FixedResolution);
 }
 
 void Preset::setFixedResolution(bool fixed) {
-    writeValue(tree, TAG_VIDEO, TAG_FIXED_RESOLUTION, fixed);
-    const std::string mode = readString(tree, TAG_VIDEO, TAG_RESIZE);
+    writeValue(tree, Setting::FixedResolution, fixed);
+    const std::string mode = readString(tree, Setting::Resize);
     if (fixed && (mode == "fitInside" || mode == "keepSize"))
-        tree[TAG_VIDEO].RemoveChild(TAG_RESIZE);
+        removeValue(tree, Setting::Resize);
 }
 
 Kestra::Proc::SettingsResizer Preset::resizerSettings() const {
     Kestra::Proc::SettingsResizer settings;
     settings.target.width = static_cast<std::uint32_t>(width());
     settings.target.height = static_cast<std::uint32_t>(height());
-    settings.aspectMode =
-        hasFixedResolution() ? Kestra::Proc::AspectMode::Letterbox : Kestra::Proc::AspectMode::FitInside;
-    settings.interpolation = Kestra::Proc::Interpolation::Bicubic;
+    const auto usual = static_cast<std::int64_t>(hasFixedResolution() ? AspectMode::Letterbox : AspectMode::FitInside);
+    settings.aspectMode = static_cast<AspectMode>(readChoice(tree, Setting::Resize, usual));
+    settings.interpolation = static_cast<Kestra::Proc::Interpolation>(readChoice(tree, Setting::Interpolation));
     settings.oddSides =
-        Kestra::ClientAPI::CodecLimits::TakesOddSides(videoCodec(), readString(tree, TAG_VIDEO, TAG_PIXEL_FORMAT));
-    const std::string mode = readString(tree, TAG_VIDEO, TAG_RESIZE);
-    for (const ResizeName& entry : RESIZE_MODES) {
-        if (mode == entry.name)
-            settings.aspectMode = entry.mode;
-    }
-    const std::string interpolation = readString(tree, TAG_VIDEO, TAG_INTERPOLATION);
-    for (const InterpolationName& entry : INTERPOLATIONS) {
-        if (interpolation == entry.name)
-            settings.interpolation = entry.interpolation;
-    }
+        Kestra::ClientAPI::CodecLimits::TakesOddSides(videoCodec(), readString(tree, Setting::PixelFormat));
     return settings;
 }
 
 Preset::Rational Preset::frameRate() const {
-    const Property* const node = findNode(tree, TAG_VIDEO, TAG_FRAME_RATE);
+    const Property* const node = findNode(tree, Setting::FrameRate);
     return node == nullptr ? Kestra::Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE : node->GetRational();
 }
 
 void Preset::setFrameRate(const Rational& rate) {
-    writeValue(tree, TAG_VIDEO, TAG_FRAME_RATE, rate);
+    writeValue(tree, Setting::FrameRate, rate);
 }
 
 std::int64_t Preset::videoBitrateBps() const {
-    return readNumber(tree, TAG_VIDEO, TAG_BITRATE, 0);
+    return readNumber(tree, Setting::VideoBitrate);
 }
 
 void Preset::setVideoBitrateBps(std::int64_t bitsPerSecond) {
-    writeNumber(tree, TAG_VIDEO, TAG_BITRATE, bitsPerSecond);
+    writeNumber(tree, Setting::VideoBitrate, bitsPerSecond);
 }
 
 Export::BitrateMode Preset::videoBitrateMode() const {
-    const std::string name = readString(tree, TAG_VIDEO, TAG_BITRATE_MODE);
-    for (const ModeName& entry : MODES) {
-        if (name == entry.catalogueName)
-            return entry.mode;
-    }
-    return Export::BitrateMode::Automatic;
+    return static_cast<Export::BitrateMode>(readChoice(tree, Setting::BitrateMode));
 }
 
 void Preset::setVideoBitrateMode(Export::BitrateMode mode) {
-    for (const ModeName& entry : MODES) {
-        if (mode == entry.mode)
-            writeValue(tree, TAG_VIDEO, TAG_BITRATE_MODE, std::string(entry.catalogueName));
-    }
+    writeChoice(tree, Setting::BitrateMode, static_cast<std::int64_t>(mode));
 }
 
 std::string Preset::modeToString(Export::BitrateMode mode) {
-    for (const ModeName& entry : MODES) {
-        if (mode == entry.mode)
-            return entry.encoderName;
+    switch (mode) {
+    case Export::BitrateMode::Constant:
+        return "cbr";
+    case Export::BitrateMode::Automatic:
+        return "abr";
+    case Export::BitrateMode::Variable:
+        return "vbr";
+    case Export::BitrateMode::Quality:
+        return "quality";
     }
     return {};
 }
 
 double Preset::videoBitrateMultiplier() const {
-    const Property* const node = findNode(tree, TAG_VIDEO, TAG_MULTIPLIER);
-    return node == nullptr ? 1.0 : node->GetDouble();
+    return readFraction(tree, Setting::Multiplier);
 }
 
 double Preset::videoQuality() const {
-    const Property* const node = findNode(tree, TAG_VIDEO, TAG_QUALITY);
-    return node == nullptr ? 0.0 : node->GetDouble();
+    return readFraction(tree, Setting::Quality);
 }
 
 void Preset::setVideoQuality(double quality) {
-    writeValue(tree, TAG_VIDEO, TAG_QUALITY, quality);
+    writeValue(tree, Setting::Quality, quality);
 }
 
 bool Preset::isVideoTwoPassEncodingEnabled() const {
-    return readFlag(tree, TAG_VIDEO, TAG_TWO_PASS);
+    return readFlag(tree, Setting::TwoPass);
 }
 
 bool Preset::keepsDynamicRange() const {
-    return readString(tree, TAG_VIDEO, TAG_DYNAMIC_RANGE) == VALUE_SOURCE;
+    return readChoice(tree, Setting::DynamicRange) != 0;
 }
 
 std::int64_t Preset::audioBitrateBps() const {
-    return readNumber(tree, TAG_AUDIO, TAG_BITRATE, 0);
+    return readNumber(tree, Setting::AudioBitrate);
 }
 
 void Preset::setAudioBitrateBps(std::int64_t bitsPerSecond) {
-    writeNumber(tree, TAG_AUDIO, TAG_BITRATE, bitsPerSecond);
+    writeNumber(tree, Setting::AudioBitrate, bitsPerSecond);
 }
 
 std::uint32_t Preset::channelLayout() const {
-    const std::string name = readString(tree, TAG_AUDIO, TAG_CHANNEL_LAYOUT);
-    for (const LayoutName& entry : LAYOUTS) {
-        if (name == entry.name)
-            return entry.layout;
-    }
-    return Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN;
+    return static_cast<std::uint32_t>(readChoice(tree, Setting::ChannelLayout));
 }
 
 void Preset::setChannelLayout(std::uint32_t layout) {
-    if (layout == Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN)
-        writeValue(tree, TAG_AUDIO, TAG_CHANNEL_LAYOUT, std::string(VALUE_SOURCE));
-    for (const LayoutName& entry : LAYOUTS) {
-        if (layout == entry.layout)
-            writeValue(tree, TAG_AUDIO, TAG_CHANNEL_LAYOUT, std::string(entry.name));
-    }
+    writeChoice(tree, Setting::ChannelLayout, layout);
 }
 
 std::uint32_t Preset::sampleRate() const {
-    return static_cast<std::uint32_t>(readNumber(tree, TAG_AUDIO, TAG_SAMPLE_RATE, 0));
+    return static_cast<std::uint32_t>(readNumber(tree, Setting::SampleRate));
 }
 
 void Preset::setSampleRate(std::uint32_t samplesPerSecond) {
-    writeNumber(tree, TAG_AUDIO, TAG_SAMPLE_RATE, samplesPerSecond);
+    writeNumber(tree, Setting::SampleRate, samplesPerSecond);
 }

@@ -1,6 +1,7 @@
 #include "EditorPreset/PresetChecks.h"
 #include "EditorPreset/CatalogueText.h"
 #include "EditorPreset/PresetTags.h"
+#include "EditorPreset/SettingTable.h"
 #include "EditorPreset/TreeAccess.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
@@ -13,6 +14,8 @@
 #include <QString>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 
 namespace EditorPreset {
 
@@ -45,8 +48,8 @@ std::string listOf(const std::vector<std::string>& names) {
 
 void checkCodec(const std::string& container, CodecID codec, const JsonPlace& place) {
     if (!ContainerLimits::Holds(container, codec))
-        place.at(TAG_CODEC).refuse("the container \"" + container + "\" does not hold \"" +
-                                   Kestra::Conf::CodecIDToString(codec) + "\"");
+        place.refuse("the container \"" + container + "\" does not hold \"" + Kestra::Conf::CodecIDToString(codec) +
+                     "\"");
 }
 
 void checkStreams(const Preset& preset, const JsonPlace& place) {
@@ -56,26 +59,28 @@ void checkStreams(const Preset& preset, const JsonPlace& place) {
     if (!ContainerLimits::IsContainer(container))
         place.at(TAG_CONTAINER).refuse("unknown container \"" + container + "\"");
     if (preset.hasVideo())
-        checkCodec(container, preset.videoCodec(), place.at(TAG_VIDEO));
+        checkCodec(container, preset.videoCodec(), place.at(TAG_VIDEO).at(nameOf(Setting::VideoCodec)));
     if (preset.hasAudio())
-        checkCodec(container, preset.audioCodec(), place.at(TAG_AUDIO));
+        checkCodec(container, preset.audioCodec(), place.at(TAG_AUDIO).at(nameOf(Setting::AudioCodec)));
 }
 
-bool says(const Preset& preset, const char* section, const char* tag) {
-    return findNode(preset.property(), section, tag) != nullptr;
+bool says(const Preset& preset, Setting setting) {
+    return findNode(preset.property(), setting) != nullptr;
 }
 
 /// A profile or the absence of loss decides about bits there, so nothing may ask for any.
 void checkNoBits(const Preset& preset, const JsonPlace& place) {
+    if (CodecLimits::HasBitrate(preset.videoCodec()))
+        return;
     const std::string reason = nameOf(preset.videoCodec()) + " does not let its bitrate be chosen";
-    for (const char* const tag : {TAG_BITRATE, TAG_MULTIPLIER}) {
-        if (says(preset, TAG_VIDEO, tag))
-            place.at(tag).refuse(reason);
+    for (const Setting setting : {Setting::VideoBitrate, Setting::Multiplier}) {
+        if (says(preset, setting))
+            place.at(nameOf(setting)).refuse(reason);
     }
-    if (says(preset, TAG_VIDEO, TAG_BITRATE_MODE) && preset.videoBitrateMode() != Export::BitrateMode::Quality)
-        place.at(TAG_BITRATE_MODE).refuse(reason + ": its mode is \"quality\"");
+    if (says(preset, Setting::BitrateMode) && preset.videoBitrateMode() != Export::BitrateMode::Quality)
+        place.at(nameOf(Setting::BitrateMode)).refuse(reason + ": its mode is \"quality\"");
     if (preset.isVideoTwoPassEncodingEnabled())
-        place.at(TAG_TWO_PASS).refuse(reason + ", and two passes aim at one");
+        place.at(nameOf(Setting::TwoPass)).refuse(reason + ", and two passes aim at one");
 }
 
 void checkQuality(const Preset& preset, const JsonPlace& place) {
@@ -84,9 +89,9 @@ void checkQuality(const Preset& preset, const JsonPlace& place) {
     const std::string codec = nameOf(preset.videoCodec());
     if (preset.videoBitrateMode() == Export::BitrateMode::Quality && range.worst != 0 && quality == 0.0)
         place.refuse("the bitrate mode \"quality\" needs a quality");
-    if (!says(preset, TAG_VIDEO, TAG_QUALITY))
+    if (!says(preset, Setting::Quality))
         return;
-    const JsonPlace here = place.at(TAG_QUALITY);
+    const JsonPlace here = place.at(nameOf(Setting::Quality));
     if (range.worst == 0)
         here.refuse(codec + " has no scale of qualities");
     if (quality < range.best || quality > range.worst)
@@ -100,7 +105,7 @@ void checkQuality(const Preset& preset, const JsonPlace& place) {
 void checkVideoBitrate(const Preset& preset, const JsonPlace& place) {
     if (preset.videoBitrateMode() == Export::BitrateMode::Variable && preset.videoBitrateBps() == 0)
         place.refuse("the bitrate mode \"variable\" needs a bitrate");
-    if (!says(preset, TAG_VIDEO, TAG_BITRATE) || !preset.hasFixedResolution())
+    if (!says(preset, Setting::VideoBitrate) || !preset.hasFixedResolution())
         return;
     const auto format = Kestra::Conf::IFormatCodecVideo::Create();
     const auto width = static_cast<std::uint32_t>(preset.width()), height = static_cast<std::uint32_t>(preset.height());
@@ -110,7 +115,7 @@ void checkVideoBitrate(const Preset& preset, const JsonPlace& place) {
     const std::int64_t lowest = Kestra::ClientAPI::GetMinVideoBitrate(format);
     const std::int64_t highest = Kestra::ClientAPI::GetMaxVideoBitrate(format);
     if (preset.videoBitrateBps() < lowest || preset.videoBitrateBps() > highest)
-        place.at(TAG_BITRATE)
+        place.at(nameOf(Setting::VideoBitrate))
             .refuse(std::to_string(preset.videoBitrateBps()) + ": " + nameOf(preset.videoCodec()) + " at " +
                     std::to_string(width) + "x" + std::to_string(height) + " takes " + std::to_string(lowest) + " to " +
                     std::to_string(highest) + " bit/s");
@@ -120,13 +125,13 @@ void checkPicture(const Preset& preset, const JsonPlace& place) {
     const CodecID codec = preset.videoCodec();
     const Preset::Rational rate = preset.frameRate();
     if (rate > 0 && !CodecLimits::TakesFrameRate(codec, rate))
-        place.at(TAG_FRAME_RATE)
+        place.at(nameOf(Setting::FrameRate))
             .refuse(nameOf(codec) + " does not take " + std::to_string(rate.numerator()) + "/" +
                     std::to_string(rate.denominator()));
-    const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
+    const std::string format = readString(preset.property(), Setting::PixelFormat);
     const bool mute = codec == CodecID::H264 && format.compare(0, 4, "gray") == 0;
     if (!format.empty() && !EncoderQuery::TakesPixelFormat(codec, format))
-        place.at(TAG_PIXEL_FORMAT)
+        place.at(nameOf(Setting::PixelFormat))
             .refuse(nameOf(codec) + " does not take " + format +
                     (mute ? ": its files would not tell their colour; a grey picture fits into yuv420p" : ""));
 }
@@ -134,10 +139,10 @@ void checkPicture(const Preset& preset, const JsonPlace& place) {
 void checkProfile(const Preset& preset, const JsonPlace& place) {
     const CodecID codec = preset.videoCodec();
     const std::vector<std::string> known = CodecLimits::Profiles(codec);
-    const std::string profile = readString(preset.property(), TAG_VIDEO, TAG_PROFILE);
+    const std::string profile = readString(preset.property(), Setting::Profile);
     if (profile.empty() && !CodecLimits::NeedsProfile(codec))
         return;
-    const JsonPlace here = place.at(TAG_PROFILE);
+    const JsonPlace here = place.at(nameOf(Setting::Profile));
     if (profile.empty())
         place.refuse(nameOf(codec) + " needs a profile: " + listOf(known));
     if (std::find(known.begin(), known.end(), profile) == known.end())
@@ -151,41 +156,44 @@ void checkProfile(const Preset& preset, const JsonPlace& place) {
 void checkFields(const Preset& preset, const JsonPlace& place) {
     const bool kept = preset.videoEncoderData().ChildExists(Kestra::Conf::IFormatCodecVideo::TAG_INTERLACED);
     if (kept && !Kestra::ClientAPI::CodecLimits::CodesFields(preset.videoCodec()))
-        place.at(TAG_FIELDS)
+        place.at(nameOf(Setting::Fields))
             .refuse(std::string("\"") + Kestra::Conf::CodecIDToString(preset.videoCodec()) +
                     "\" does not code interlaced pictures");
 }
 
-void checkSide(int side, int limit, const char* tag, const JsonPlace& place) {
+void checkSide(int side, int limit, Setting setting, const JsonPlace& place) {
     if (side % 2 != 0)
-        place.at(tag).refuse(std::to_string(side) + " is odd: encoders need even sides");
+        place.at(nameOf(setting)).refuse(std::to_string(side) + " is odd: encoders need even sides");
     if (side > limit)
-        place.at(tag).refuse(std::to_string(side) + " is beyond the preset's own limit of " + std::to_string(limit));
+        place.at(nameOf(setting))
+            .refuse(std::to_string(side) + " is beyond the preset's own limit of " + std::to_string(limit));
 }
 
 void checkCodecSize(const Preset& preset, const JsonPlace& place) {
     const CodecID codec = preset.videoCodec();
     if (preset.width() != 0 && !CodecLimits::TakesWidth(codec, preset.width()))
-        place.at(TAG_WIDTH).refuse(nameOf(codec) + " does not take a width of " + std::to_string(preset.width()));
+        place.at(nameOf(Setting::Width))
+            .refuse(nameOf(codec) + " does not take a width of " + std::to_string(preset.width()));
     if (preset.height() != 0 && !CodecLimits::TakesHeight(codec, preset.height()))
-        place.at(TAG_HEIGHT).refuse(nameOf(codec) + " does not take a height of " + std::to_string(preset.height()));
+        place.at(nameOf(Setting::Height))
+            .refuse(nameOf(codec) + " does not take a height of " + std::to_string(preset.height()));
     if (preset.width() != 0 && !CodecLimits::TakesSize(codec, preset.width(), preset.height()))
-        place.at(preset.width() < preset.height() ? TAG_WIDTH : TAG_HEIGHT)
+        place.at(nameOf(preset.width() < preset.height() ? Setting::Width : Setting::Height))
             .refuse(nameOf(codec) + " does not take a side so short beside one of " +
                     std::to_string(std::max(preset.width(), preset.height())));
 }
 
 void checkSize(const Preset& preset, const JsonPlace& place) {
     if (preset.hasFixedResolution() && (preset.width() == 0 || preset.height() == 0))
-        place.at(TAG_FIXED_RESOLUTION).refuse("a fixed resolution needs width and height");
+        place.at(nameOf(Setting::FixedResolution)).refuse("a fixed resolution needs width and height");
     if ((preset.width() == 0) != (preset.height() == 0))
         place.refuse("width and height go together");
-    checkSide(preset.width(), preset.maxWidth(), TAG_WIDTH, place);
-    checkSide(preset.height(), preset.maxHeight(), TAG_HEIGHT, place);
+    checkSide(preset.width(), preset.maxWidth(), Setting::Width, place);
+    checkSide(preset.height(), preset.maxHeight(), Setting::Height, place);
     checkCodecSize(preset, place);
-    const std::string resize = readString(preset.property(), TAG_VIDEO, TAG_RESIZE);
+    const std::string resize = readString(preset.property(), Setting::Resize);
     if (preset.hasFixedResolution() && (resize == "keepSize" || resize == "fitInside"))
-        place.at(TAG_RESIZE).refuse("\"" + resize + "\" does not fill a fixed resolution");
+        place.at(nameOf(Setting::Resize)).refuse("\"" + resize + "\" does not fill a fixed resolution");
 }
 
 template <class Number>
@@ -199,6 +207,12 @@ void checkOneOf(Number wanted, const std::vector<Number>& known, CodecID codec, 
     place.refuse(std::to_string(wanted) + ": " + nameOf(codec) + " takes " + listOf(names));
 }
 
+void checkSampleRate(const Preset& preset, const JsonPlace& place) {
+    if (preset.sampleRate() != 0)
+        checkOneOf(static_cast<int>(preset.sampleRate()), CodecLimits::SampleRates(preset.audioCodec()),
+                   preset.audioCodec(), place.at(nameOf(Setting::SampleRate)));
+}
+
 void checkLayout(const Preset& preset, const JsonPlace& place) {
     const std::vector<std::uint32_t> known = CodecLimits::ChannelLayouts(preset.audioCodec());
     if (preset.channelLayout() == 0 || std::find(known.begin(), known.end(), preset.channelLayout()) != known.end())
@@ -207,8 +221,9 @@ void checkLayout(const Preset& preset, const JsonPlace& place) {
     names.reserve(known.size());
     for (const std::uint32_t layout : known)
         names.emplace_back(Kestra::Conf::LayoutRecord::Find(layout)->name);
-    place.refuse(readString(preset.property(), TAG_AUDIO, TAG_CHANNEL_LAYOUT) + ": " + nameOf(preset.audioCodec()) +
-                 " takes " + listOf(names));
+    place.at(nameOf(Setting::ChannelLayout))
+        .refuse(readString(preset.property(), Setting::ChannelLayout) + ": " + nameOf(preset.audioCodec()) + " takes " +
+                listOf(names));
 }
 
 std::int64_t soundLimit(const Preset& preset, int rate, std::uint32_t layout, std::int64_t (*limit)(const Property&)) {
@@ -220,7 +235,10 @@ std::int64_t soundLimit(const Preset& preset, int rate, std::uint32_t layout, st
 }
 
 /// Where rate or layout are the source's, what suits some source is accepted.
-void checkSoundBitrate(const Preset& preset, const JsonPlace& place) {
+void checkSoundBitrate(const Preset& preset, const JsonPlace& section) {
+    if (!says(preset, Setting::AudioBitrate))
+        return;
+    const JsonPlace place = section.at(nameOf(Setting::AudioBitrate));
     const CodecID codec = preset.audioCodec();
     const std::int64_t bitrate = preset.audioBitrateBps();
     if (!CodecLimits::HasBitrate(codec))
@@ -240,25 +258,27 @@ void checkSoundBitrate(const Preset& preset, const JsonPlace& place) {
         checkOneOf(bitrate, steps, codec, place);
 }
 
-void checkSound(const Preset& preset, const JsonPlace& place) {
-    if (preset.sampleRate() != 0)
-        checkOneOf(static_cast<int>(preset.sampleRate()), CodecLimits::SampleRates(preset.audioCodec()),
-                   preset.audioCodec(), place.at(TAG_SAMPLE_RATE));
-    checkLayout(preset, place.at(TAG_CHANNEL_LAYOUT));
-    if (says(preset, TAG_AUDIO, TAG_BITRATE))
-        checkSoundBitrate(preset, place.at(TAG_BITRATE));
+/// Lossless material of the archive follows its source's format.
+void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
+    if (!preset.keepsDynamicRange() || CodecLimits::IsLossless(preset.videoCodec()))
+        return;
+    const std::string format = readString(preset.property(), Setting::PixelFormat);
+    const bool deep = format.size() > 2 && (format.compare(format.size() - 2, 2, "10") == 0 ||
+                                            format.compare(format.size() - 2, 2, "12") == 0);
+    if (!deep)
+        place.at(nameOf(Setting::DynamicRange)).refuse("a high dynamic range takes a pixel format of 10 bits");
 }
 
-/// `data` holds the options as the library is given them.
+/// `data` holds the options as the library is given them, below `tag`.
 template <class WhyNot>
-void checkOptions(const Preset& preset, const char* section, const Property& data, const JsonPlace& place,
+void checkOptions(const Preset& preset, Setting setting, const Property& data, const char* tag, const JsonPlace& place,
                   const WhyNot& whyNot) {
-    const Property* const options = findNode(preset.property(), section, TAG_OPTIONS);
-    if (options == nullptr)
+    const Property* const options = findNode(preset.property(), setting);
+    if (options == nullptr || findNode(data, tag) == nullptr)
         return;
     for (const Property& option : options->GetChildren()) {
-        const JsonPlace here = place.at(section).at(TAG_OPTIONS).at(option.GetName());
-        const std::string value = data[option.GetName()].GetString();
+        const JsonPlace here = place.at(nameOf(setting)).at(option.GetName());
+        const std::string value = data[tag][option.GetName()].GetString();
         checkText(option.GetName(), here);
         checkText(value, here);
         const std::string reason = whyNot(option.GetName(), value);
@@ -267,65 +287,108 @@ void checkOptions(const Preset& preset, const char* section, const Property& dat
     }
 }
 
-void checkEncoderOptions(const Preset& preset, const char* section, CodecID codec, const Property& data,
-                         const JsonPlace& place, bool exactRate = false) {
-    if (findNode(data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE) != nullptr)
-        checkOptions(preset, section, data[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE], place,
-                     [codec, exactRate](const std::string& name, const std::string& value) {
-                         return EncoderQuery::WhyNotOption(codec, name, value, exactRate);
-                     });
-}
-
 bool needsExactRate(const Preset& preset) {
     return preset.videoBitrateMode() == Export::BitrateMode::Constant ||
            (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality);
 }
 
+void checkVideoOptions(const Preset& preset, const JsonPlace& place) {
+    checkOptions(preset, Setting::VideoOptions, preset.videoEncoderData(), IFormatCodec::TAG_CODEC_OPTIONS_ENCODE,
+                 place, [&preset](const std::string& name, const std::string& value) {
+                     return EncoderQuery::WhyNotOption(preset.videoCodec(), name, value, needsExactRate(preset));
+                 });
+}
+
+void checkAudioOptions(const Preset& preset, const JsonPlace& place) {
+    checkOptions(preset, Setting::AudioOptions, preset.audioEncoderData(), IFormatCodec::TAG_CODEC_OPTIONS_ENCODE,
+                 place, [&preset](const std::string& name, const std::string& value) {
+                     return EncoderQuery::WhyNotOption(preset.audioCodec(), name, value, false);
+                 });
+}
+
 void checkMuxerOptions(const Preset& preset, const JsonPlace& place) {
-    const Property data = preset.muxerData();
-    if (findNode(data, IFormatFile::TAG_MUXER_OPTIONS) != nullptr)
-        checkOptions(preset, TAG_CONTAINER, data[IFormatFile::TAG_MUXER_OPTIONS], place,
-                     [&preset](const std::string& name, const std::string& value) {
-                         return EncoderQuery::WhyNotMuxerOption(preset.containerId(), name, value);
-                     });
+    checkOptions(preset, Setting::MuxerOptions, preset.muxerData(), IFormatFile::TAG_MUXER_OPTIONS, place,
+                 [&preset](const std::string& name, const std::string& value) {
+                     return EncoderQuery::WhyNotMuxerOption(preset.containerId(), name, value);
+                 });
 }
 
-void checkVideo(const Preset& preset, const JsonPlace& place) {
-    if (!CodecLimits::HasBitrate(preset.videoCodec()))
-        checkNoBits(preset, place);
-    checkQuality(preset, place);
-    checkSize(preset, place);
-    checkPicture(preset, place);
-    checkProfile(preset, place);
-    checkVideoBitrate(preset, place);
+constexpr std::size_t MOST_SETTINGS = 6;
+
+/// Has the place of its section, or without one that of the preset.
+struct Step {
+    std::optional<Section> section;
+    void (*check)(const Preset& preset, const JsonPlace& place);
+    Setting settings[MOST_SETTINGS]; ///< that it has rules about
+    std::size_t count;
+};
+
+template <class... Settings>
+constexpr Step step(std::optional<Section> section, void (*check)(const Preset&, const JsonPlace&),
+                    Settings... settings) {
+    return {section, check, {settings...}, sizeof...(settings)};
 }
 
-/// Lossless material of the archive follows its source's format.
-void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
-    if (!preset.keepsDynamicRange() || CodecLimits::IsLossless(preset.videoCodec()))
-        return;
-    const std::string format = readString(preset.property(), TAG_VIDEO, TAG_PIXEL_FORMAT);
-    const bool deep = format.size() > 2 && (format.compare(format.size() - 2, 2, "10") == 0 ||
-                                            format.compare(format.size() - 2, 2, "12") == 0);
-    if (!deep)
-        place.at(TAG_DYNAMIC_RANGE).refuse("a high dynamic range takes a pixel format of 10 bits");
+/// In the order in which a preset is told its faults.
+constexpr Step STEPS[] = {
+    step({}, checkStreams, Setting::ContainerId, Setting::VideoCodec, Setting::AudioCodec),
+    step(Section::Container, checkMuxerOptions, Setting::MuxerOptions),
+    step(Section::Video, checkNoBits, Setting::VideoBitrate, Setting::Multiplier, Setting::BitrateMode,
+         Setting::TwoPass),
+    step(Section::Video, checkQuality, Setting::Quality, Setting::BitrateMode),
+    step(Section::Video, checkSize, Setting::Width, Setting::Height, Setting::MaxWidth, Setting::MaxHeight,
+         Setting::FixedResolution, Setting::Resize),
+    step(Section::Video, checkPicture, Setting::FrameRate, Setting::PixelFormat),
+    step(Section::Video, checkProfile, Setting::Profile),
+    step(Section::Video, checkVideoBitrate, Setting::VideoBitrate, Setting::BitrateMode),
+    step(Section::Video, checkDynamicRange, Setting::DynamicRange),
+    step(Section::Video, checkFields, Setting::Fields),
+    step(Section::Video, checkVideoOptions, Setting::VideoOptions),
+    step(Section::Audio, checkSampleRate, Setting::SampleRate),
+    step(Section::Audio, checkLayout, Setting::ChannelLayout),
+    step(Section::Audio, checkSoundBitrate, Setting::AudioBitrate),
+    step(Section::Audio, checkAudioOptions, Setting::AudioOptions),
+};
+
+constexpr bool isChecked(Setting setting) {
+    for (const Step& step : STEPS) {
+        for (std::size_t i = 0; i < step.count; ++i) {
+            if (step.settings[i] == setting)
+                return true;
+        }
+    }
+    return false;
+}
+
+constexpr bool areCheckedAsDeclared() {
+    for (const SettingRow& row : Table::ROWS) {
+        if (isChecked(row.setting) != (row.rules == Rules::More))
+            return false;
+    }
+    return true;
+}
+static_assert(areCheckedAsDeclared(), "a setting has rules by its row, but no step that checks it, or the reverse");
+
+bool has(const Preset& preset, Section section) {
+    switch (section) {
+    case Section::Container:
+        return true;
+    case Section::Video:
+        return preset.hasVideo();
+    case Section::Audio:
+        return preset.hasAudio();
+    }
+    return false;
 }
 
 } // namespace
 
 void checkPreset(const Preset& preset, const JsonPlace& place) {
-    checkStreams(preset, place);
-    checkMuxerOptions(preset, place);
-    if (preset.hasVideo()) {
-        checkVideo(preset, place.at(TAG_VIDEO));
-        checkDynamicRange(preset, place.at(TAG_VIDEO));
-        checkFields(preset, place.at(TAG_VIDEO));
-        checkEncoderOptions(preset, TAG_VIDEO, preset.videoCodec(), preset.videoEncoderData(), place,
-                            needsExactRate(preset));
-    }
-    if (preset.hasAudio()) {
-        checkSound(preset, place.at(TAG_AUDIO));
-        checkEncoderOptions(preset, TAG_AUDIO, preset.audioCodec(), preset.audioEncoderData(), place);
+    for (const Step& step : STEPS) {
+        if (!step.section)
+            step.check(preset, place);
+        else if (has(preset, *step.section))
+            step.check(preset, place.at(nameOf(*step.section)));
     }
 }
 

@@ -1,12 +1,10 @@
 // Preset: what muxer and encoders are told, and how presets are compared.
 #include "EditorPreset/Preset.h"
 #include "EditorPreset/PresetTags.h"
+#include "EditorPreset/SettingTable.h"
 #include "EditorPreset/TreeAccess.h"
-#include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/CreateDataHelper.h"
-#include "Kestra/Conf/IFormatCodecAudio.h"
-#include "Kestra/Conf/IFormatCodecVideo.h"
-#include "Kestra/Conf/IFormatFile.h"
+#include "Kestra/Conf/IFormatCodec.h"
 #include <limits>
 #include <locale>
 #include <sstream>
@@ -18,9 +16,6 @@ namespace {
 
 using Kestra::Conf::CodecID;
 using Kestra::Conf::IFormatCodec;
-using Kestra::Conf::IFormatCodecAudio;
-using Kestra::Conf::IFormatCodecVideo;
-using Kestra::Conf::IFormatFile;
 using Kestra::Conf::IPreset;
 using Kestra::Core::Property;
 
@@ -37,62 +32,33 @@ std::string optionText(const Property& option) {
     return text.str();
 }
 
-void copyOptions(const Property& tree, const char* section, Property& target, const char* targetTag) {
-    const Property* const options = findNode(tree, section, TAG_OPTIONS);
+void tellOptions(const Preset& preset, Setting setting, Property& data, const char* tag) {
+    const Property* const options = findNode(preset.property(), setting);
     if (options == nullptr)
         return;
     for (const Property& option : options->GetChildren())
-        target[targetTag].SetChild(option.GetName(), optionText(option));
+        data[tag].SetChild(option.GetName(), optionText(option));
 }
 
-void copyValue(const Property& tree, const char* section, const char* tag, Property& target, const char* targetTag) {
-    if (const Property* const node = findNode(tree, section, tag)) {
-        // Assigned and moved, never copied: see Property's copy constructor.
-        Property::Value value;
-        value = node->GetValue();
-        target.SetChild(targetTag, std::move(value));
+/// Every setting of the section that an engine's kind of setting is told.
+template <class EngineSetting>
+Property told(const Preset& preset) {
+    Property data;
+    for (const SettingRow& row : Table::ROWS) {
+        const EngineSetting* const as = std::get_if<EngineSetting>(&row.told.as);
+        if (as == nullptr)
+            continue;
+        if (row.told.value == nullptr)
+            tellOptions(preset, row.setting, data, TagOf(*as));
+        else if (Value value = row.told.value(preset, row.setting); value.index() != 0)
+            data.SetChild(TagOf(*as), std::move(value));
     }
-}
-
-/// Formats have several names; presets that mean the same one are alike.
-void copyPixelFormat(const Property& tree, Property& target) {
-    const Property* const node = findNode(tree, TAG_VIDEO, TAG_PIXEL_FORMAT);
-    if (node == nullptr)
-        return;
-    const std::string name = node->GetString();
-    const auto format = Kestra::Conf::PixelFormatFromString(name);
-    const bool known = Kestra::Conf::PixelFormatRecord::Find(format) != nullptr;
-    target.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT,
-                    known ? std::string(Kestra::Conf::PixelFormatToString(format)) : name);
+    return data;
 }
 
 void complete(Property& data, const char* key, CodecID codec, const std::string& container) {
     Kestra::Conf::CreateDataHelper(key, codec)->Apply(data);
     Kestra::Conf::CreateDataHelper(IPreset::KEY_FORMAT, container)->Apply(data);
-}
-
-void describeResizing(const Preset& preset, Property& video) {
-    const Kestra::Proc::SettingsResizer resizer = preset.resizerSettings();
-    video.SetChild(TAG_WIDTH, std::int64_t{preset.width()});
-    video.SetChild(TAG_HEIGHT, std::int64_t{preset.height()});
-    video.SetChild(TAG_RESIZE, static_cast<std::int64_t>(resizer.aspectMode));
-    video.SetChild(TAG_INTERPOLATION, static_cast<std::int64_t>(resizer.interpolation));
-    video.SetChild(TAG_FRAME_RATE, preset.frameRate());
-}
-
-/// Only what the bitrate mode makes use of.
-void describeBits(const Preset& preset, Property& video) {
-    const Export::BitrateMode mode = preset.videoBitrateMode();
-    const bool automatic = mode == Export::BitrateMode::Automatic || mode == Export::BitrateMode::Constant;
-    video.SetChild(TAG_BITRATE_MODE, static_cast<std::int64_t>(mode));
-    if (automatic)
-        video.SetChild(TAG_MULTIPLIER, preset.videoBitrateMultiplier());
-    else
-        video.SetChild(TAG_BITRATE, preset.videoBitrateBps());
-    if (mode == Export::BitrateMode::Quality)
-        video.SetChild(TAG_QUALITY, preset.videoQuality());
-    else
-        video.SetChild(TAG_TWO_PASS, preset.isVideoTwoPassEncodingEnabled());
 }
 
 /// Everything that shapes the file, defaults spelled out.
@@ -105,8 +71,10 @@ Property effect(const Preset& preset) {
         encoder.RemoveChild(IFormatCodec::TAG_BITRATE);
         Property& video = result.SetChild(TAG_VIDEO);
         video.Merge(encoder);
-        describeResizing(preset, video);
-        describeBits(preset, video);
+        for (const SettingRow& row : Table::ROWS) {
+            if (row.compared.value != nullptr && (row.compared.inModes & bitOf(preset.videoBitrateMode())) != 0)
+                video.SetChild(row.name, row.compared.value(preset, row.setting));
+        }
     }
     if (preset.hasAudio())
         result.SetChild(TAG_AUDIO).Merge(preset.audioEncoderData());
@@ -118,54 +86,27 @@ Property reserve(const Preset& preset) {
     Property result;
     if (!preset.hasVideo())
         return result;
-    result.SetChild(TAG_MAX_WIDTH, std::int64_t{preset.maxWidth()});
-    result.SetChild(TAG_MAX_HEIGHT, std::int64_t{preset.maxHeight()});
-    result.SetChild(TAG_FIXED_RESOLUTION, preset.hasFixedResolution());
-    result.SetChild(TAG_BITRATE, preset.videoBitrateBps());
-    result.SetChild(TAG_MULTIPLIER, preset.videoBitrateMultiplier());
-    result.SetChild(TAG_QUALITY, preset.videoQuality());
-    result.SetChild(TAG_TWO_PASS, preset.isVideoTwoPassEncodingEnabled());
+    for (const SettingRow& row : Table::ROWS) {
+        if (row.compared.value != nullptr && row.compared.inModes != Table::EVERY_MODE)
+            result.SetChild(row.name, row.compared.value(preset, row.setting));
+    }
     return result;
 }
 
 } // namespace
 
 Property Preset::muxerData() const {
-    Property data;
-    data.SetChild(IFormatFile::TAG_CONTAINER_ID, containerId());
-    copyOptions(tree, TAG_CONTAINER, data, IFormatFile::TAG_MUXER_OPTIONS);
-    return data;
+    return told<Kestra::Conf::ContainerSetting>(*this);
 }
 
 Property Preset::audioEncoderData() const {
-    Property data;
-    data.SetChild(IFormatCodec::TAG_CODEC_ID, std::string(Kestra::Conf::CodecIDToString(audioCodec())));
-    data.SetChild(IFormatCodec::TAG_BITRATE,
-                  Kestra::ClientAPI::CodecLimits::IsLossless(audioCodec()) ? std::int64_t{0} : audioBitrateBps());
-    if (sampleRate() != 0)
-        data.SetChild(IFormatCodecAudio::TAG_SAMPLE_RATE, std::int64_t{sampleRate()});
-    if (channelLayout() != 0)
-        data.SetChild(IFormatCodecAudio::TAG_CHANNEL_LAYOUT, std::int64_t{channelLayout()});
-    copyOptions(tree, TAG_AUDIO, data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
+    Property data = told<Kestra::Conf::AudioSetting>(*this);
     complete(data, IPreset::KEY_FILTER_AUDIO_CODEC, audioCodec(), containerId());
     return data;
 }
 
 Property Preset::videoEncoderData() const {
-    Property data;
-    data.SetChild(IFormatCodec::TAG_CODEC_ID, std::string(Kestra::Conf::CodecIDToString(videoCodec())));
-    data.SetChild(IFormatCodec::TAG_BITRATE, videoBitrateBps());
-    data.SetChild(IFormatCodec::TAG_BITRATE_MODE, modeToString(videoBitrateMode()));
-    if (videoBitrateMode() == Export::BitrateMode::Quality && videoQuality() != 0.0)
-        data.SetChild(IFormatCodec::TAG_QUALITY, videoQuality());
-    copyValue(tree, TAG_VIDEO, TAG_PROFILE, data, IFormatCodec::TAG_PROFILE);
-    copyPixelFormat(tree, data);
-    if (keepsDynamicRange())
-        data.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE, std::string(IFormatCodecVideo::DYNAMIC_RANGE_SOURCE));
-    copyValue(tree, TAG_VIDEO, TAG_GOP_SECONDS, data, IFormatCodecVideo::TAG_GOP_SECONDS);
-    if (readString(tree, TAG_VIDEO, TAG_FIELDS) == VALUE_SOURCE)
-        data.SetChild(IFormatCodecVideo::TAG_INTERLACED, true);
-    copyOptions(tree, TAG_VIDEO, data, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
+    Property data = told<Kestra::Conf::VideoSetting>(*this);
     complete(data, IPreset::KEY_FILTER_VIDEO_CODEC, videoCodec(), containerId());
     return data;
 }

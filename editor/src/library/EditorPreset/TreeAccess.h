@@ -1,6 +1,7 @@
 // Reading and writing a preset's tree, where every node may be missing.
 #pragma once
 
+#include "EditorPreset/SettingRow.h"
 #include "Kestra/Core/Property.h"
 #include <cstdint>
 #include <string>
@@ -9,19 +10,25 @@ namespace EditorPreset {
 
 /// Null when there is no such node.
 const Kestra::Core::Property* findNode(const Kestra::Core::Property& tree, const char* tag);
-const Kestra::Core::Property* findNode(const Kestra::Core::Property& tree, const char* section, const char* tag);
+const Kestra::Core::Property* findNode(const Kestra::Core::Property& tree, Setting setting);
 
-/// Empty, false or `neutral` when there is no such node. A node of another kind throws Kestra::Exception.
+/// Empty, or what the setting's row says of a missing one, when there is no such node; so is a choice that is none. A
+/// node of another kind throws Kestra::Exception.
 std::string readString(const Kestra::Core::Property& tree, const char* tag);
-std::string readString(const Kestra::Core::Property& tree, const char* section, const char* tag);
-bool readFlag(const Kestra::Core::Property& tree, const char* section, const char* tag);
-std::int64_t readNumber(const Kestra::Core::Property& tree, const char* section, const char* tag, std::int64_t neutral);
+std::string readString(const Kestra::Core::Property& tree, Setting setting);
+bool readFlag(const Kestra::Core::Property& tree, Setting setting);
+std::int64_t readNumber(const Kestra::Core::Property& tree, Setting setting);
+double readFraction(const Kestra::Core::Property& tree, Setting setting);
+/// The meaning of the name that stands there. The setting is one of choices.
+std::int64_t readChoice(const Kestra::Core::Property& tree, Setting setting);
+std::int64_t readChoice(const Kestra::Core::Property& tree, Setting setting, std::int64_t missing);
 
 /// Without the section nothing is written: a stream does not come to be by a value.
-void writeValue(Kestra::Core::Property& tree, const char* section, const char* tag,
-                Kestra::Core::Property::Value value);
-
+void writeValue(Kestra::Core::Property& tree, Setting setting, Kestra::Core::Property::Value value);
 /// The same; 0 takes the node away.
-void writeNumber(Kestra::Core::Property& tree, const char* section, const char* tag, std::int64_t number);
+void writeNumber(Kestra::Core::Property& tree, Setting setting, std::int64_t number);
+/// The same by the name of that meaning; one that has none changes nothing.
+void writeChoice(Kestra::Core::Property& tree, Setting setting, std::int64_t meaning);
+void removeValue(Kestra::Core::Property& tree, Setting setting);
 
 } // namespace EditorPreset

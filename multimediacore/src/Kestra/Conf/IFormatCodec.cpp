@@ -1,14 +1,15 @@
 #include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/EngineSetting.h"
 #include <utility>
 
 namespace Kestra::Conf {
 
-const char* const IFormatCodec::TAG_CODEC_ID = "codecId";
-const char* const IFormatCodec::TAG_BITRATE = "bitrate";
-const char* const IFormatCodec::TAG_BITRATE_MODE = "bitrateMode";
-const char* const IFormatCodec::TAG_QUALITY = "quality";
-const char* const IFormatCodec::TAG_PROFILE = "profile";
-const char* const IFormatCodec::TAG_CODEC_OPTIONS_ENCODE = "encodeOptions";
+const char* const IFormatCodec::TAG_CODEC_ID = TagOf(VideoSetting::Codec);
+const char* const IFormatCodec::TAG_BITRATE = TagOf(VideoSetting::Bitrate);
+const char* const IFormatCodec::TAG_BITRATE_MODE = TagOf(VideoSetting::BitrateMode);
+const char* const IFormatCodec::TAG_QUALITY = TagOf(VideoSetting::Quality);
+const char* const IFormatCodec::TAG_PROFILE = TagOf(VideoSetting::Profile);
+const char* const IFormatCodec::TAG_CODEC_OPTIONS_ENCODE = TagOf(VideoSetting::Options);
 const char* const IFormatCodec::TAG_TWO_PASS = "twoPass";
 const char* const IFormatCodec::TAG_TWO_PASS_LOG_FILE = "logFile";
 const char* const IFormatCodec::TAG_TWO_PASS_FIRST = "firstPass";

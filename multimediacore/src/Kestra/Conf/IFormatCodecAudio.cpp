@@ -1,12 +1,13 @@
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Base/Exception.h"
+#include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Conf/FormatCodecTree.h"
 #include <limits>
 
 namespace Kestra::Conf {
 
-const char* const IFormatCodecAudio::TAG_SAMPLE_RATE = "sampleRate";
-const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT = "channelLayout";
+const char* const IFormatCodecAudio::TAG_SAMPLE_RATE = TagOf(AudioSetting::SampleRate);
+const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT = TagOf(AudioSetting::ChannelLayout);
 const char* const IFormatCodecAudio::TAG_SAMPLE_FORMAT = "sampleFormat";
 const char* const IFormatCodecAudio::TAG_SAMPLE_BITS = "sampleBits";
 const char* const IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED = "channelLayoutOrdered";

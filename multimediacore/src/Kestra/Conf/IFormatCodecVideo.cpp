@@ -1,5 +1,6 @@
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Base/Exception.h"
+#include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Conf/FormatCodecTree.h"
 #include <limits>
 #include <utility>
@@ -11,17 +12,17 @@ const char* const IFormatCodecVideo::TAG_HEIGHT = "height";
 const char* const IFormatCodecVideo::TAG_ASPECT_NUMERATOR = "aspectNumerator";
 const char* const IFormatCodecVideo::TAG_ASPECT_DENOMINATOR = "aspectDenominator";
 const char* const IFormatCodecVideo::TAG_FRAME_RATE = "frameRate";
-const char* const IFormatCodecVideo::TAG_PIXEL_FORMAT = "pixelFormat";
+const char* const IFormatCodecVideo::TAG_PIXEL_FORMAT = TagOf(VideoSetting::PixelFormat);
 const char* const IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED = "pixelFormatOrdered";
 const char* const IFormatCodecVideo::TAG_COLOUR_PRIMARIES = "colourPrimaries";
 const char* const IFormatCodecVideo::TAG_COLOUR_TRANSFER = "colourTransfer";
 const char* const IFormatCodecVideo::TAG_COLOUR_MATRIX = "colourMatrix";
 const char* const IFormatCodecVideo::TAG_COLOUR_RANGE = "colourRange";
-const char* const IFormatCodecVideo::TAG_INTERLACED = "interlaced";
-const char* const IFormatCodecVideo::TAG_DYNAMIC_RANGE = "dynamicRange";
+const char* const IFormatCodecVideo::TAG_INTERLACED = TagOf(VideoSetting::Fields);
+const char* const IFormatCodecVideo::TAG_DYNAMIC_RANGE = TagOf(VideoSetting::DynamicRange);
 const char* const IFormatCodecVideo::DYNAMIC_RANGE_SOURCE = "source";
 const char* const IFormatCodecVideo::TAG_TOP_FIELD_FIRST = "topFieldFirst";
-const char* const IFormatCodecVideo::TAG_GOP_SECONDS = "gopSeconds";
+const char* const IFormatCodecVideo::TAG_GOP_SECONDS = TagOf(VideoSetting::GopSeconds);
 const char* const IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY = "approvedVbrModeOnly";
 
 namespace {

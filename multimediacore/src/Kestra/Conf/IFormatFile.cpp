@@ -1,10 +1,11 @@
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Base/RefCountImpl.h"
+#include "Kestra/Conf/EngineSetting.h"
 
 namespace Kestra::Conf {
 
-const char* const IFormatFile::TAG_CONTAINER_ID = "containerId";
-const char* const IFormatFile::TAG_MUXER_OPTIONS = "muxerOptions";
+const char* const IFormatFile::TAG_CONTAINER_ID = TagOf(ContainerSetting::Id);
+const char* const IFormatFile::TAG_MUXER_OPTIONS = TagOf(ContainerSetting::Options);
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Encode/AudioEncoderCore.h"
 
+#include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/DecoderPreroll.h"
@@ -28,6 +29,20 @@ boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree
     auto description = IFormatCodecAudio::Create();
     description->SetProperty(tree);
     return description;
+}
+
+/// Those that stand alone are obeyed here; of the others each case says where.
+void Obey(AVCodecContext& context, const IFormatCodecAudio& description, Conf::AudioSetting setting) {
+    switch (setting) {
+    case Conf::AudioSetting::Bitrate:
+        return SetAudioRateControl(context, description);
+    case Conf::AudioSetting::SampleRate:
+    case Conf::AudioSetting::ChannelLayout:
+        return; // in ChooseSamples, before there is an encoder
+    case Conf::AudioSetting::Codec:
+    case Conf::AudioSetting::Options:
+        return; // the encoder itself, and what it is told by name
+    }
 }
 
 } // namespace
@@ -146,7 +161,8 @@ CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& descript
     context->time_base = {1, samples.rate};
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     Driver().Settle(*context);
-    SetAudioRateControl(*context, description);
+    for (int setting = 0; setting < Conf::CountOf<Conf::AudioSetting>(); ++setting)
+        Obey(*context, description, static_cast<Conf::AudioSetting>(setting));
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
     return context;
 }

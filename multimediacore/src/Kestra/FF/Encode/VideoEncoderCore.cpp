@@ -1,5 +1,6 @@
 #include "Kestra/FF/Encode/VideoEncoderCore.h"
 
+#include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
@@ -56,6 +57,26 @@ void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& descr
              std::string(context.codec->name) + " refuses keyframes " + std::to_string(seconds) + " seconds apart");
     const double frames = std::round(seconds * av_q2d(context.framerate));
     context.gop_size = static_cast<int>(std::clamp(frames, 1.0, 1e6));
+}
+
+/// Those that stand alone are obeyed here; of the others each case says where.
+void Obey(AVCodecContext& context, const IFormatCodecVideo& description, Conf::VideoSetting setting) {
+    switch (setting) {
+    case Conf::VideoSetting::GopSeconds:
+        return SetKeyframeDistance(context, description);
+    case Conf::VideoSetting::Bitrate:
+    case Conf::VideoSetting::BitrateMode:
+    case Conf::VideoSetting::Quality:
+        return; // together, in SetRateControl
+    case Conf::VideoSetting::PixelFormat:
+    case Conf::VideoSetting::DynamicRange:
+    case Conf::VideoSetting::Fields:
+        return; // in ChooseInput, before there is an encoder
+    case Conf::VideoSetting::Codec:
+    case Conf::VideoSetting::Profile:
+    case Conf::VideoSetting::Options:
+        return; // in Open: the encoder, and what it is told by name
+    }
 }
 
 } // namespace
@@ -156,7 +177,8 @@ void VideoEncoderCore::SettleFields(const AVFrame& first) {
 CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& description, const OptionList& options) const {
     CodecContextHandle context = MakeCodecContext(codec);
     ConfigureInput(*context);
-    SetKeyframeDistance(*context, description);
+    for (int setting = 0; setting < Conf::CountOf<Conf::VideoSetting>(); ++setting)
+        Obey(*context, description, static_cast<Conf::VideoSetting>(setting));
     Driver().SetSpeed(*context, options);
     SetRateControl(*context, description, IsApprovedVbrOnly());
     options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);

@@ -142,10 +142,21 @@ void MuxerFF::ApplyOptions() {
         ApplyMovOptions();
     if (std::strcmp(container.muxer, "wav") == 0)
         SetOption(*context, "rf64", "auto");
-    const char* const tag = Conf::IFormatFile::TAG_MUXER_OPTIONS;
-    if (format->GetProperty().ChildExists(tag))
-        OptionList(format->GetProperty()[tag])
-            .ApplyTo(context.get(), "The container " + Name(), TranscodingError::MuxerRefused);
+    for (int setting = 0; setting < Conf::CountOf<Conf::ContainerSetting>(); ++setting)
+        Obey(static_cast<Conf::ContainerSetting>(setting));
+}
+
+void MuxerFF::Obey(Conf::ContainerSetting setting) {
+    const char* const tag = Conf::TagOf(setting);
+    switch (setting) {
+    case Conf::ContainerSetting::Id:
+        return; // it chose the muxer
+    case Conf::ContainerSetting::Options:
+        if (format->GetProperty().ChildExists(tag))
+            OptionList(format->GetProperty()[tag])
+                .ApplyTo(context.get(), "The container " + Name(), TranscodingError::MuxerRefused);
+        return;
+    }
 }
 
 void MuxerFF::ApplyMovOptions() {

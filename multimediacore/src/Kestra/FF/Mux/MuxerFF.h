@@ -4,6 +4,7 @@
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Conf/Container.h"
+#include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Mux/OutputIo.h"
@@ -30,6 +31,7 @@ private:
 
     void RequireState(State wanted, const char* operation, SourcePlace place = SourcePlace::Here()) const;
     void ApplyOptions();
+    void Obey(Conf::ContainerSetting setting);
     void ApplyMovOptions();
     std::int64_t MovieTimescale() const;
     std::int64_t TimeOffset(const AVStream& stream) const;
