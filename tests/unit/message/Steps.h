@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 #include <optional>
+#include <string>
 #include <vector>
 
 constexpr int VIEWS = 4;
@@ -52,7 +53,10 @@ struct Step {
 };
 
 std::ostream& operator<<(std::ostream& out, const Operation& operation);
+/// One line.
 std::ostream& operator<<(std::ostream& out, const Step& step);
+/// Of such a line, with or without its end; throws std::invalid_argument, which names what is no step.
+Step readStep(const std::string& line);
 
 /// Each reaction is given out once, those of one hook in their order.
 class Reactions {

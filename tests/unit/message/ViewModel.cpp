@@ -229,19 +229,26 @@ std::set<int> ViewModel::enumerate() {
 }
 
 bool ViewModel::appear(const View& view, int item) {
-    return hook(view, Hook::Added, text(item)) && hook(view, Hook::Changed3, text(item) + " 0 " + text(item)) &&
+    return hook(view, Hook::Added, text(item)) && changed(view, 0, numbers[item], text(item) + " 0 " + text(item)) &&
            hook(view, Hook::Changed1, text(item));
 }
 
 bool ViewModel::alter(const View& view, int item, int before) {
     const std::string old = std::to_string(before);
-    return hook(view, Hook::Changed3, text(item) + " " + old + " " + text(item)) &&
+    return changed(view, before, numbers[item], text(item) + " " + old + " " + text(item)) &&
            hook(view, Hook::Changed2, text(item) + " " + old) && hook(view, Hook::Changed1, text(item));
 }
 
 bool ViewModel::disappear(const View& view, int item) {
-    return hook(view, Hook::Changed3, text(item) + " " + text(item) + " 0") && hook(view, Hook::Changed1, text(item)) &&
-           hook(view, Hook::Removed, text(item));
+    return changed(view, numbers[item], 0, text(item) + " " + text(item) + " 0") &&
+           hook(view, Hook::Changed1, text(item)) && hook(view, Hook::Removed, text(item));
+}
+
+bool ViewModel::changed(const View& view, int before, int after, const std::string& arguments) {
+    if (parts)
+        for (const std::string& part : parts(before, after))
+            log.push_back(std::to_string(view->index) + " " + part);
+    return hook(view, Hook::Changed3, arguments);
 }
 
 bool ViewModel::hook(const View& view, Hook which, const std::string& arguments) {

@@ -43,6 +43,8 @@ public:
 
     std::vector<std::string> log;
     std::array<int, ITEMS> numbers{};
+    /// What a view of its kind tells part by part before it tells of the whole change, from one number to another.
+    std::function<std::vector<std::string>(int before, int after)> parts;
     std::array<int, KINDS> reentered{}; ///< how often each kind ran inside a hook
 
 private:
@@ -75,6 +77,7 @@ private:
     bool appear(const View& view, int item);
     bool alter(const View& view, int item, int before);
     bool disappear(const View& view, int item);
+    bool changed(const View& view, int before, int after, const std::string& arguments);
     bool hook(const View& view, Hook which, const std::string& arguments);
 
     void hear(State& view, int item);
