@@ -6,6 +6,7 @@
 #include "Kestra/Proc/IProcessingEvents.h"
 #include "Kestra/Util/FunctorExecutionForwarder.h"
 #include <chrono>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -20,7 +21,7 @@ KTime clockTime() {
 }
 
 /// Runs a list of passes one after the other. Engine events come on the engine's threads and only cross over there:
-/// everything else, the members included, belongs to the thread that made the runner.
+/// everything else, the members included but one, belongs to the thread that made the runner.
 class MultiPassStreamProcessingHelper final : public IStreamProcessingHelper, private Kestra::Proc::IProcessingEvents {
 public:
     explicit MultiPassStreamProcessingHelper(std::vector<ProcessorFactory> passFactories)
@@ -47,6 +48,7 @@ private:
     // The order is that of destruction, from the end: the processor joins its threads while the forwarder still takes
     // their events, and with the forwarder go the functors that point to this runner.
     std::vector<ProcessorFactory> passes;
+    std::exception_ptr lastError; ///< of a pass that had no memory to tell it; the forwarder orders write and read
     Kestra::Util::FunctorExecutionForwarder forwarder;
     KTime startTime;
     bool stopped = true;
@@ -69,6 +71,8 @@ void MultiPassStreamProcessingHelper::startProcessor(
     boost::intrusive_ptr<Kestra::Proc::IStreamProcessor> nextProcessor) {
     processor = std::move(nextProcessor);
     try {
+        // A pass may end for want of memory, and has to tell that.
+        forwarder.KeepPlace();
         processor->SetEventsReceiver(this);
         processor->Initialize();
         processor->Start();
@@ -91,11 +95,16 @@ void MultiPassStreamProcessingHelper::onStarted() {
 }
 
 void MultiPassStreamProcessingHelper::onError(std::exception_ptr error) {
-    forwarder.Forward([this, error = std::move(error)] { Q_EMIT processingFailed(error); });
+    try {
+        forwarder.Forward([this, error] { Q_EMIT processingFailed(error); });
+    } catch (const std::bad_alloc&) {
+        lastError = std::move(error);
+        forwarder.ForwardSurely([this] { Q_EMIT processingFailed(std::exchange(lastError, nullptr)); });
+    }
 }
 
 void MultiPassStreamProcessingHelper::onFinished() {
-    forwarder.Forward([this] { finishPass(); });
+    forwarder.ForwardSurely([this] { finishPass(); });
 }
 
 void MultiPassStreamProcessingHelper::onProgress(std::int32_t percent, std::int64_t position, std::int64_t duration,

@@ -44,7 +44,7 @@ bool LeavableThread::Call(const std::string& name, std::function<void()> body, s
     LeavableThread thread;
     try {
         thread.Start(name, body);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) { // no thread is to be had, or no memory for one
         body();
         return true;
     }

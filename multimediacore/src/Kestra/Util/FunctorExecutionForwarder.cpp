@@ -3,8 +3,10 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QObject>
-#include <deque>
+#include <list>
 #include <mutex>
+#include <new>
+#include <optional>
 #include <utility>
 
 namespace Kestra::Util {
@@ -17,6 +19,15 @@ QEvent::Type eventType() {
     return static_cast<QEvent::Type>(type);
 }
 
+using Functors = std::list<std::function<void()>>;
+
+/// All the memory that a functor needs on its way: there is the whole of it or none, as a functor that waits without an
+/// event would be run by the next one's.
+struct Place {
+    Functors node = Functors(1);
+    std::unique_ptr<QEvent> event = std::make_unique<QEvent>(eventType());
+};
+
 } // namespace
 
 /// Qt drops the posted events of a receiver that is destroyed: that is what keeps late functors from running. They wait
@@ -25,8 +36,18 @@ class FunctorExecutionForwarder::Receiver final : public QObject {
 public:
     void Take(std::function<void()> functor) {
         const std::lock_guard<std::mutex> lock(mutex);
-        waiting.push_back(std::move(functor));
-        QCoreApplication::postEvent(this, new QEvent(eventType()));
+        Queue(std::move(functor), Place());
+    }
+
+    void TakeSurely(std::function<void()> functor) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        Queue(std::move(functor), NewOrKeptPlace());
+    }
+
+    void KeepPlace() {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!kept)
+            kept.emplace();
     }
 
 protected:
@@ -39,6 +60,24 @@ protected:
     }
 
 private:
+    void Queue(std::function<void()> functor, Place place) {
+        place.node.front().swap(functor);
+        waiting.splice(waiting.end(), place.node);
+        QCoreApplication::postEvent(this, place.event.release());
+    }
+
+    Place NewOrKeptPlace() {
+        try {
+            return Place();
+        } catch (const std::bad_alloc&) {
+            if (!kept)
+                throw;
+            Place last = std::move(*kept);
+            kept.reset();
+            return last;
+        }
+    }
+
     std::function<void()> Next() {
         const std::lock_guard<std::mutex> lock(mutex);
         std::function<void()> first = std::move(waiting.front());
@@ -47,7 +86,8 @@ private:
     }
 
     std::mutex mutex;
-    std::deque<std::function<void()>> waiting;
+    Functors waiting;
+    std::optional<Place> kept;
 };
 
 FunctorExecutionForwarder::FunctorExecutionForwarder()
@@ -57,6 +97,14 @@ FunctorExecutionForwarder::~FunctorExecutionForwarder() = default;
 
 void FunctorExecutionForwarder::Forward(std::function<void()> functor) {
     receiver->Take(std::move(functor));
+}
+
+void FunctorExecutionForwarder::ForwardSurely(std::function<void()> functor) {
+    receiver->TakeSurely(std::move(functor));
+}
+
+void FunctorExecutionForwarder::KeepPlace() {
+    receiver->KeepPlace();
 }
 
 } // namespace Kestra::Util

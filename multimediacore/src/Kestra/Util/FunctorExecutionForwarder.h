@@ -19,6 +19,10 @@ public:
     /// of the calls: never inside Forward, also when that is called on the owner's thread. What has not run when the
     /// forwarder is destroyed never runs. An exception that a functor lets go leaves through the event loop.
     void Forward(std::function<void()> functor);
+    /// The same; where there is no memory for the functor's way, it goes by the place that was kept for it.
+    void ForwardSurely(std::function<void()> functor);
+    /// For one ForwardSurely to come. Thread-safe; has no effect while such a place is kept.
+    void KeepPlace();
 
 private:
     class Receiver;
