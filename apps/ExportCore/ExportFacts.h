@@ -4,10 +4,19 @@
 #include <QString>
 #include <string>
 
+namespace Kestra::Proc {
+struct CheckedFile;
+}
+
 namespace ExportCore {
+
+struct ExpectedFile;
 
 /// Read from the file itself after it was written.
 struct ExportFacts {
+    /// All but what only the end of the run tells: how long it took.
+    static ExportFacts of(const Kestra::Proc::CheckedFile& file, const ExpectedFile& expected, const QString& path);
+
     QString path;
     qint64 sizeBytes = 0;
     qint64 durationMs = 0;

@@ -105,7 +105,7 @@ private:
     void tellHungReads();
 
     void setFailure(const std::exception_ptr& error);
-    void setFailure(const Kestra::Proc::ProcessingError& error, ExportOutcome::Status status);
+    void setFailure(Kestra::Proc::ProcessingError error, ExportOutcome::Status status);
     void collectDamage();
     void collectNotes();
     /// Where in the composition begins what is missing, when the request asks for it.
@@ -114,16 +114,20 @@ private:
     std::string wayOut(KTime missing) const;
     void concludeLater();
     void conclude();
+    /// What is to be said of the run besides its verdict. Nothing of it runs any more.
+    void gather();
     /// False when it could not begin, which is the run's failure.
     bool checkFile();
     void onChecked(const std::exception_ptr& error);
     /// Lets go of the output. False when its file stands at its place all the same.
     bool undo();
+    bool undoElsewhere();
     void tellLeftover();
     void concludeCommitted();
-    void collectFacts();
     QString inUsersWords(const std::string& sentence) const;
     void finish(ExportOutcome::Status status);
+    void tellReason();
+    void namePaths();
 
     const ExportRequest request;
     PresetEdit presetEdit;
@@ -132,9 +136,16 @@ private:
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
     std::unique_ptr<OutputOpening> outputOpening;
-    std::shared_ptr<OutputTransaction> transaction;  ///< the check's too
-    QByteArray unfinishedPath;                       ///< empty while there is none
-    std::shared_ptr<std::atomic<bool>> folderSynced; ///< the check's too
+    std::shared_ptr<OutputTransaction> transaction; ///< the check's too
+    QByteArray unfinishedPath;                      ///< empty while there is none
+    /// The check's too. What is told of a finished file is known before it is moved to its place: from then on nothing
+    /// may fail.
+    struct Finished {
+        ExportFacts facts;
+        std::atomic<bool> factsKnown{false};
+        std::atomic<bool> folderSynced{false};
+    };
+    std::shared_ptr<Finished> finishedFile;
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
     Watchdog watchdog;

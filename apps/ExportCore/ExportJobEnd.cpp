@@ -19,6 +19,7 @@
 #include <QVariant>
 #include <algorithm>
 #include <initializer_list>
+#include <new>
 #include <utility>
 
 namespace ExportCore {
@@ -64,6 +65,40 @@ const QObject* partWith(const QObject* object) {
     return object;
 }
 
+// How an export ends for want of memory takes none itself: texts of up to 15 bytes stand in the string.
+const char* const WITHOUT_MEMORY = "out of memory";
+const char* const WITHOUT_WORDS = "It has stalled";
+
+ProcessingError errorOf(const std::exception_ptr& error) {
+    try {
+        return ProcessingError::MakeProcessingErrorFromException(error);
+    } catch (const std::bad_alloc&) {
+        return ProcessingError(TranscodingError::OutOfMemory, WITHOUT_MEMORY);
+    }
+}
+
+/// In words that say so.
+std::exception_ptr ofAnyExport(const std::exception_ptr& error) {
+    try {
+        const auto told = ProcessingError::MakeProcessingErrorFromException(error);
+        return std::make_exception_ptr(Kestra::Proc::ProcException(
+            told.GetCode(), told.GetDescription() + " (whichever export this comes from, each that runs is ended)"));
+    } catch (const std::bad_alloc&) {
+        return error;
+    }
+}
+
+/// Leaves out what there is no memory for.
+template <class Telling>
+bool tellIfMemoryAllows(const Telling& telling) {
+    try {
+        telling();
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 } // namespace
 
 bool ExportJob::isPart(const QObject* object) const {
@@ -75,11 +110,7 @@ void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiv
     const QObject* part = partWith(receiver);
     if (part && !isPart(part))
         return;
-    if (part)
-        return fail(error);
-    const auto told = ProcessingError::MakeProcessingErrorFromException(error);
-    fail(std::make_exception_ptr(Kestra::Proc::ProcException(
-        told.GetCode(), told.GetDescription() + " (whichever export this comes from, each that runs is ended)")));
+    fail(part ? error : ofAnyExport(error));
 }
 
 bool ExportJob::interruptTask() {
@@ -95,15 +126,15 @@ bool ExportJob::interruptTask() {
 }
 
 void ExportJob::setFailure(const std::exception_ptr& error) {
-    setFailure(ProcessingError::MakeProcessingErrorFromException(error), ExportOutcome::Status::Failed);
+    setFailure(errorOf(error), ExportOutcome::Status::Failed);
 }
 
 // After a stop, whatever fails on the way out concerns nobody.
-void ExportJob::setFailure(const ProcessingError& error, ExportOutcome::Status status) {
+void ExportJob::setFailure(ProcessingError error, ExportOutcome::Status status) {
     if (verdict)
         return;
     verdict = status;
-    failure = error;
+    failure = std::move(error);
 }
 
 bool ExportJob::engineRuns() const {
@@ -145,12 +176,15 @@ std::string ExportJob::whatHangs() const {
 }
 
 void ExportJob::onStalled(Watchdog::Wait wait) {
-    const std::string hung = whatHangs();
-    const ProcessingError error(TranscodingError::Stalled, whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
+    ProcessingError error(TranscodingError::Stalled, WITHOUT_WORDS);
+    tellIfMemoryAllows([&] {
+        const std::string hung = whatHangs();
+        error = ProcessingError(error.GetCode(), whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
+    });
     if (verdict == ExportOutcome::Status::Stopped)
-        stall = error;
+        stall = std::move(error);
     else
-        setFailure(error, ExportOutcome::Status::Failed);
+        setFailure(std::move(error), ExportOutcome::Status::Failed);
     const bool started = engineRuns();
     enter(JobState::BrokenOff);
     breakOff(started);
@@ -170,8 +204,11 @@ void ExportJob::breakOff(bool started) {
         return transcoder.reset();
     // Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
     transcoder->stop();
-    QMetaObject::invokeMethod(
-        this, [this] { transcoder.reset(); }, Qt::QueuedConnection);
+    // Where that finds no memory it goes with this job.
+    tellIfMemoryAllows([this] {
+        QMetaObject::invokeMethod(
+            this, [this] { transcoder.reset(); }, Qt::QueuedConnection);
+    });
 }
 
 void ExportJob::tellHungReads() {
@@ -197,16 +234,24 @@ void ExportJob::concludeLater() {
 void ExportJob::conclude() {
     if (state != JobState::Concluding)
         return;
+    try {
+        gather();
+    } catch (...) { // nobody else ends this run: nothing is waited for any more
+        setFailure(std::current_exception());
+    }
+    if (!verdict && checkFile())
+        return;
+    undo();
+    finish(*verdict);
+}
+
+void ExportJob::gather() {
     transcoder.reset();
     if (project) {
         collectDamage();
         collectNotes();
     }
     tellHungReads();
-    if (!verdict && checkFile())
-        return;
-    undo();
-    finish(*verdict);
 }
 
 std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& report) const {
@@ -256,22 +301,24 @@ void ExportJob::collectNotes() {
 
 bool ExportJob::checkFile() {
     enter(JobState::Checking);
-    folderSynced = std::make_shared<std::atomic<bool>>(false);
-    const auto last = [transaction = transaction, synced = folderSynced, output = request.outputPath.toUtf8(),
-                       inputs = request.inputs] {
-        transaction->sync();
-        if (RequestCheck::isInput(output, inputs))
-            KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
-                                                     "The output has become one of the inputs meanwhile"));
-        *synced = transaction->commit();
-    };
-    check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
-    connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
-    follow(*check, Watchdog::Wait::Progress);
     try {
+        finishedFile = std::make_shared<Finished>();
+        const auto last = [transaction = transaction, finished = finishedFile, path = request.outputPath,
+                           inputs = request.inputs, expected = expected](const Kestra::Proc::CheckedFile& file) {
+            finished->facts = ExportFacts::of(file, expected, path);
+            finished->factsKnown = true;
+            transaction->sync();
+            if (RequestCheck::isInput(path.toUtf8(), inputs))
+                KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
+                                                         "The output has become one of the inputs meanwhile"));
+            finished->folderSynced = transaction->commit();
+        };
+        check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
+        connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
+        follow(*check, Watchdog::Wait::Progress);
         check->start();
         return true;
-    } catch (...) { // no thread is to be had
+    } catch (...) { // no thread is to be had, or no memory
         setFailure(std::current_exception());
         return false;
     }
@@ -291,31 +338,45 @@ void ExportJob::onChecked(const std::exception_ptr& error) {
 void ExportJob::concludeCommitted() {
     failure.reset();
     stall.reset();
-    if (!*folderSynced)
+    if (!finishedFile->folderSynced)
         outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
-    collectFacts();
+    if (finishedFile->factsKnown)
+        outcome.facts = finishedFile->facts;
+    ExportFacts& facts = outcome.facts;
+    facts.elapsedMs = clock.elapsed();
+    if (facts.elapsedMs > 0)
+        facts.speed = static_cast<double>(facts.durationMs) / static_cast<double>(facts.elapsedMs);
     finish(ExportOutcome::Status::Done);
 }
 
 bool ExportJob::undo() {
     if (!transaction)
         return true;
+    try {
+        return undoElsewhere();
+    } catch (const std::bad_alloc&) { // here, then
+        const auto held = std::exchange(transaction, nullptr);
+        held->rollback();
+        return !held->isCommitted();
+    }
+}
+
+/// Not on this thread: a folder that does not answer would keep it. What it throws, it throws before it has begun.
+bool ExportJob::undoElsewhere() {
     constexpr std::chrono::seconds patience{2};
     const auto committed = std::make_shared<std::atomic<bool>>(false);
     const std::weak_ptr<OutputTransaction> left = transaction;
-    // Not on this thread: a folder that does not answer would keep it.
-    const bool ended = Kestra::LeavableThread::Call(
-        "remove-output",
-        [held = std::exchange(transaction, nullptr), committed]() mutable {
-            held->rollback();
-            *committed = held->isCommitted();
-            held.reset();
-        },
-        patience);
+    std::function<void()> removal = [held = transaction, committed]() mutable {
+        held->rollback();
+        *committed = held->isCommitted();
+        held.reset();
+    };
+    transaction.reset(); // the other thread alone holds it from here on
+    const bool ended = Kestra::LeavableThread::Call("remove-output", std::move(removal), patience);
     if (const auto hanging = ended ? nullptr : left.lock())
         hanging->leave();
     if (!ended && !*committed)
-        tellLeftover();
+        tellIfMemoryAllows([this] { tellLeftover(); });
     return !*committed;
 }
 
@@ -327,30 +388,6 @@ void ExportJob::tellLeftover() {
         stall = ProcessingError(TranscodingError::Stalled, left);
     else
         outcome.warnings << QString::fromStdString(left);
-}
-
-void ExportJob::collectFacts() {
-    const Kestra::Proc::CheckedFile& file = check->result();
-    ExportFacts& facts = outcome.facts;
-    facts.path = request.outputPath;
-    facts.sizeBytes = file.size;
-    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
-    facts.durationMs = Types::fromAvTime(length).milliseconds();
-    for (const Kestra::Proc::CheckedStream& stream : file.streams) {
-        if (stream.kind == Kestra::Proc::CheckedStream::Kind::Video) {
-            facts.frames = stream.packets;
-            facts.width = static_cast<int>(stream.frame.width);
-            facts.height = static_cast<int>(stream.frame.height);
-            facts.videoCodec = stream.codec;
-        } else if (stream.kind == Kestra::Proc::CheckedStream::Kind::Audio) {
-            facts.audioCodec = stream.codec;
-            facts.sampleRate = stream.sampleRate;
-            facts.channels = stream.channels;
-        }
-    }
-    facts.elapsedMs = clock.elapsed();
-    if (facts.elapsedMs > 0)
-        facts.speed = static_cast<double>(facts.durationMs) / static_cast<double>(facts.elapsedMs);
 }
 
 QString ExportJob::inUsersWords(const std::string& sentence) const {
@@ -365,15 +402,29 @@ void ExportJob::finish(ExportOutcome::Status status) {
     enter(JobState::Ended);
     watchdog.disarm();
     outcome.status = status;
-    if (const auto& reason = failure ? failure : stall) {
+    tellReason();
+    if (!tellIfMemoryAllows([this] { namePaths(); }))
+        outcome.paths.clear();
+    Q_EMIT finished(outcome);
+}
+
+void ExportJob::tellReason() {
+    auto& reason = failure ? failure : stall;
+    if (!reason)
+        return;
+    const bool told = tellIfMemoryAllows([this, &reason] {
         const QString words = inUsersWords(reason->GetDescription());
         outcome.errorPath = NamedPath::in(words, request);
         outcome.error = ProcessingError(reason->GetCode(), PlainText::escaped(words.toStdString()));
-    }
+    });
+    if (!told)
+        outcome.error = std::move(*reason);
+}
+
+void ExportJob::namePaths() {
     for (const QString& sentence : outcome.warnings + outcome.notes)
         if (const QString path = NamedPath::in(sentence, request); !path.isEmpty())
             outcome.paths.insert(sentence, path);
-    Q_EMIT finished(outcome);
 }
 
 } // namespace ExportCore

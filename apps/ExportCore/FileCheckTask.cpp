@@ -4,25 +4,26 @@
 #include "Kestra/Proc/Interrupted.h"
 
 namespace ExportCore {
+namespace {
 
-FileCheckTask::FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& expected,
-                             const std::function<void()>& last, QObject* parent)
-    : FileCheckTask(std::make_shared<Kestra::Proc::CheckedFile>(), path, expected, last, parent) {}
+void check(const Kestra::ioPath& path, const ExpectedFile& expected, const FileCheckTask::Last& last,
+           const std::atomic<bool>& interrupted) {
+    Kestra::Proc::CheckedFile file;
+    try {
+        file = Kestra::Proc::CheckFile(path, interrupted);
+    } catch (const Kestra::Proc::Interrupted&) {
+        return;
+    }
+    expected.require(file);
+    last(file);
+}
 
-FileCheckTask::FileCheckTask(const File& file, const Kestra::ioPath& path, const ExpectedFile& expected,
-                             const std::function<void()>& last, QObject* parent)
+} // namespace
+
+FileCheckTask::FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& expected, const Last& last,
+                             QObject* parent)
     : BackgroundTask(
-          "check-output",
-          [=](const std::atomic<bool>& interrupted) {
-              try {
-                  *file = Kestra::Proc::CheckFile(path, interrupted);
-              } catch (const Kestra::Proc::Interrupted&) {
-                  return;
-              }
-              expected.require(*file);
-              last();
-          },
-          parent)
-    , file(file) {}
+          "check-output", [=](const std::atomic<bool>& interrupted) { check(path, expected, last, interrupted); },
+          parent) {}
 
 } // namespace ExportCore

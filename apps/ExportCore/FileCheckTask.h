@@ -11,21 +11,12 @@ namespace ExportCore {
 class EXPORTCORE_EXPORT FileCheckTask : public BackgroundTask {
     Q_OBJECT
 public:
+    using Last = std::function<void(const Kestra::Proc::CheckedFile& file)>;
+
     /// `last` is called on the worker thread after the file was found right; what it throws is the check's failure. It
     /// owns what it touches.
-    FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& expected, const std::function<void()>& last,
+    FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& expected, const Last& last,
                   QObject* parent = nullptr);
-
-    /// After finished() without an error.
-    const Kestra::Proc::CheckedFile& result() const { return *file; }
-
-private:
-    using File = std::shared_ptr<Kestra::Proc::CheckedFile>;
-
-    FileCheckTask(const File& file, const Kestra::ioPath& path, const ExpectedFile& expected,
-                  const std::function<void()>& last, QObject* parent);
-
-    const File file;
 };
 
 } // namespace ExportCore

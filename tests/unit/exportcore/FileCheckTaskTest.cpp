@@ -30,7 +30,7 @@ protected:
 
     /// Null when the file was found right.
     std::exception_ptr check(const std::function<void()>& last = [] {}) {
-        FileCheckTask task(Kestra::ioPath(path), expected, last);
+        FileCheckTask task(Kestra::ioPath(path), expected, [last](const Kestra::Proc::CheckedFile&) { last(); });
         bool ended = false;
         std::exception_ptr result;
         QObject::connect(&task, &FileCheckTask::finished, [&](const std::exception_ptr& error) {
@@ -57,7 +57,7 @@ TEST_F(FileCheck, AnInterruptedCheckFindsNoFaultAndGoesNoFurther) {
     const std::atomic<bool> interrupted{true};
     EXPECT_THROW(Kestra::Proc::CheckFile(Kestra::ioPath(path), interrupted), Kestra::Proc::Interrupted);
     bool called = false;
-    FileCheckTask task(Kestra::ioPath(path), expected, [&called] { called = true; });
+    FileCheckTask task(Kestra::ioPath(path), expected, [&called](const Kestra::Proc::CheckedFile&) { called = true; });
     bool ended = false;
     QObject::connect(&task, &FileCheckTask::finished, [&ended](const std::exception_ptr& error) {
         ended = true;

@@ -1,0 +1,31 @@
+#include "ExportCore/ExportFacts.h"
+
+#include "ExportCore/ExpectedFile.h"
+#include "Kestra/Proc/FileCheck.h"
+#include "Types/Time.h"
+#include <algorithm>
+
+namespace ExportCore {
+
+ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const ExpectedFile& expected, const QString& path) {
+    ExportFacts facts;
+    facts.path = path;
+    facts.sizeBytes = file.size;
+    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
+    facts.durationMs = Types::fromAvTime(length).milliseconds();
+    for (const Kestra::Proc::CheckedStream& stream : file.streams) {
+        if (stream.kind == Kestra::Proc::CheckedStream::Kind::Video) {
+            facts.frames = stream.packets;
+            facts.width = static_cast<int>(stream.frame.width);
+            facts.height = static_cast<int>(stream.frame.height);
+            facts.videoCodec = stream.codec;
+        } else if (stream.kind == Kestra::Proc::CheckedStream::Kind::Audio) {
+            facts.audioCodec = stream.codec;
+            facts.sampleRate = stream.sampleRate;
+            facts.channels = stream.channels;
+        }
+    }
+    return facts;
+}
+
+} // namespace ExportCore
