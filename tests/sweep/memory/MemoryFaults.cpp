@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dlfcn.h>
 #include <execinfo.h>
 #include <link.h>
 #include <new>
@@ -133,6 +134,7 @@ void MemoryFaults::learn() {
 }
 
 void MemoryFaults::arm(const Plan& newPlan) {
+    armed = false;
     plan = newPlan;
     for (auto& count : counts)
         count = 0;
@@ -171,6 +173,32 @@ void MemoryFaults::name(const Places& places, char* text, std::size_t size) {
         const auto deep = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(place) - library->begin);
         written += static_cast<std::size_t>(
             std::snprintf(text + written, size - written, "%s%s+0x%zx", named++ ? " " : "", library->name, deep));
+    }
+}
+
+bool MemoryFaults::isInCodecs(const Places& places) {
+    for (const void* place : places) {
+        const Library* library = libraryOf(place);
+        if (library && library->asker != Asker::Standard && !begins(library->name, "libc.") &&
+            !begins(library->name, "linux-vdso"))
+            return library->asker == Asker::Codecs;
+    }
+    return false;
+}
+
+void MemoryFaults::nameCall(const Places& places, char* text, std::size_t size) {
+    *text = '\0';
+    const void* called = nullptr;
+    for (const void* place : places) {
+        const Asker asker = askerAt(place);
+        if (asker == Asker::Codecs) {
+            called = place;
+        } else if (asker == Asker::Ours) {
+            Dl_info info{};
+            if (called && dladdr(called, &info) != 0 && info.dli_sname)
+                std::snprintf(text, size, "%s", info.dli_sname);
+            return;
+        }
     }
 }
 

@@ -33,6 +33,10 @@ public:
 
     /// Where that is: the innermost places outside the standard library, "libKestra.so.0+0x1234 libavcodec.so.59+0x56".
     static void name(const Places& places, char* text, std::size_t size);
+    /// Whether the innermost place, but for those of who looks for it and of the system, is one of the codecs' code.
+    static bool isInCodecs(const Places& places);
+    /// The call of ours into the codecs that led there, "avformat_open_input"; empty on a thread of their own.
+    static void nameCall(const Places& places, char* text, std::size_t size);
 };
 
 } // namespace Sweep

@@ -3,10 +3,13 @@
 #include "ExportCore/ExportApplication.h"
 #include "ExportCore/ExportJob.h"
 #include <QCoreApplication>
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
 #include <execinfo.h>
 #include <memory>
 #include <poll.h>
@@ -24,19 +27,28 @@ constexpr int DEADLINE_MS = 300'000;
 /// Seen by both processes.
 ChildEnd* shared = nullptr;
 
-void tellCrash(int signal) {
-    MemoryFaults::disarm();
-    MemoryFaults::Places places{};
-    backtrace(places.data(), static_cast<int>(places.size()));
-    MemoryFaults::name(places, shared->fell, sizeof shared->fell);
-    std::raise(signal);
-}
-
 void tellAllocations() {
     shared->ours = MemoryFaults::count(MemoryFaults::Whose::Ours);
     shared->codecs = MemoryFaults::count(MemoryFaults::Whose::Codecs);
     shared->failed = MemoryFaults::hasFailed();
     MemoryFaults::name(MemoryFaults::where(), shared->asked, sizeof shared->asked);
+    MemoryFaults::nameCall(MemoryFaults::where(), shared->call, sizeof shared->call);
+}
+
+bool isOfACommit(const void* place) {
+    Dl_info info{};
+    return dladdr(place, &info) != 0 && info.dli_sname && std::strstr(info.dli_sname, "SetterChainD");
+}
+
+void tellCrash(int signal) {
+    MemoryFaults::disarm();
+    MemoryFaults::Places places{};
+    backtrace(places.data(), static_cast<int>(places.size()));
+    MemoryFaults::name(places, shared->fell, sizeof shared->fell);
+    shared->inCommit = signal == SIGABRT && std::any_of(places.begin(), places.end(), &isOfACommit);
+    shared->inCodecs = signal == SIGSEGV && MemoryFaults::isInCodecs(places);
+    tellAllocations();
+    std::raise(signal);
 }
 
 void tell(const ExportCore::ExportOutcome& outcome) {
@@ -58,7 +70,8 @@ void catchCrashes() {
         sigaction(signal, &action, nullptr);
 }
 
-void run(const ExportCore::ExportRequest& request, ExportCore::ExportApplication<QCoreApplication>& application) {
+void run(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan, From from,
+         ExportCore::ExportApplication<QCoreApplication>& application) {
     using ExportCore::ExportJob;
     ExportJob job(request);
     QObject::connect(&application.failures(), &ExportCore::EventLoopFailures::caught, &job,
@@ -67,20 +80,26 @@ void run(const ExportCore::ExportRequest& request, ExportCore::ExportApplication
         tell(outcome);
         QCoreApplication::quit();
     });
+    if (from == From::WholeProgress)
+        QObject::connect(&job, &ExportJob::progressChanged, [plan](const ExportCore::ExportProgress& progress) {
+            if (progress.percent == 100)
+                MemoryFaults::arm(plan);
+        });
     job.start();
     QCoreApplication::exec();
 }
 
-[[noreturn]] void live(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan) {
+[[noreturn]] void live(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan, From from) {
     catchCrashes();
     int count = 1;
     char name[] = "memory";
     char* arguments[] = {name, nullptr};
     ExportCore::ExportApplication<QCoreApplication> application(count, arguments);
     MemoryFaults::learn();
-    MemoryFaults::arm(plan);
+    if (from == From::TheBeginning)
+        MemoryFaults::arm(plan);
     try {
-        run(request, application);
+        run(request, plan, from, application);
     } catch (const std::bad_alloc&) { // what a main would tell of: the job could not even be made or begun
         shared->ended = true;
         shared->status = static_cast<int>(ExportCore::ExportOutcome::Status::Failed);
@@ -109,14 +128,14 @@ void waitFor(pid_t child, ChildEnd& end) {
 
 } // namespace
 
-ChildEnd runInChild(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan) {
+ChildEnd runInChild(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan, From from) {
     void* memory = mmap(nullptr, sizeof(ChildEnd), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED)
         std::abort();
     shared = new (memory) ChildEnd;
     const pid_t child = fork();
     if (child == 0)
-        live(request, plan);
+        live(request, plan, from);
     if (child < 0)
         std::abort();
     ChildEnd end;

@@ -18,11 +18,18 @@ struct ChildEnd {
     bool failed = false;  ///< an allocation
     long ours = 0;        ///< allocations
     long codecs = 0;
-    char asked[600] = ""; ///< who asked for what failed first
-    char fell[600] = "";  ///< where a crash was
+    char asked[600] = "";  ///< who asked for what failed first
+    char call[80] = "";    ///< of ours into the codecs, in which that was
+    char fell[600] = "";   ///< where a crash was
+    bool inCommit = false; ///< the crash was a throw while a change to the model was committed
+    bool inCodecs = false; ///< the crash was in the codecs' own code
 };
 
-/// Counts from the making of the job to its destruction. Hung is what has not ended after minutes.
-ChildEnd runInChild(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan);
+/// From where on allocations are counted, to the destruction of the job.
+enum class From { TheBeginning, WholeProgress };
+
+/// Hung is what has not ended after minutes.
+ChildEnd runInChild(const ExportCore::ExportRequest& request, const MemoryFaults::Plan& plan,
+                    From from = From::TheBeginning);
 
 } // namespace Sweep

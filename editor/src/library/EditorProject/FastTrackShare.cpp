@@ -28,11 +28,13 @@ void FastTrackShare::fastTrackAdded(const FastTrack::Object* object) {
 }
 
 void FastTrackShare::fastTrackRemoved(const FastTrack::Object* object) {
+    if (owner.isOwn(object)) // without a look at the others: it may be the end of this one, which takes no memory
+        return;
     // Asked for and not looked up in the table: of others that hear the same, this one may not have heard yet. The one
     // that goes is its owner's until everybody has been told.
     std::set<const FastTrack::Object*> others = enumerateAll();
     others.erase(object);
-    if (!owner.isOwn(object) && others.empty())
+    if (others.empty())
         owner.own();
 }
 

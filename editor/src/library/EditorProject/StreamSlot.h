@@ -6,6 +6,7 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <chrono>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace Project {
@@ -56,8 +57,11 @@ private:
         Pointer last = exchange(nullptr);
         if (!last)
             return;
-        Kestra::LeavableThread::Call(
-            "left-to-close", [held = std::move(last)]() mutable { held.reset(); }, patience);
+        try {
+            Kestra::LeavableThread::Call(
+                "left-to-close", [held = std::move(last)]() mutable { held.reset(); }, patience);
+        } catch (const std::bad_alloc&) { // on the way there, so it was closed here
+        }
     }
 
     std::mutex mutex;

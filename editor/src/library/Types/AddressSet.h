@@ -2,13 +2,15 @@
 #pragma once
 
 #include <algorithm>
+#include <boost/container/small_vector.hpp>
 #include <functional>
-#include <vector>
 
 namespace Types {
 
+/// The few that there usually are need no memory of their own: what holds such a set can be copied where there is none,
+/// and so be taken back by a destructor.
 template <class T>
-using AddressSet = std::vector<const T*>;
+using AddressSet = boost::container::small_vector<const T*, 4>;
 
 template <class T>
 bool contains(const AddressSet<T>& set, const T* item) {
