@@ -77,6 +77,9 @@ std::vector<Woven> wovenMedia() {
         {"FieldsOfH264ApartInMp4", "e.mp4", "50", 25, 352, 288, false, {}, 1, FieldPackets::Apart},
         {"FieldsOfH264TogetherInMp4", "g.mp4", "50", 25, 352, 288, true, {}, 1, FieldPackets::Together},
         {"FieldsOfH264TogetherInMkv", "g.mkv", "50", 25, 352, 288, true, {}, millisecond, FieldPackets::Together},
+        {"FieldsOfH264ApartInMpg", "e.mpg", "50", 25, 352, 288, true, {}, tick, FieldPackets::Apart},
+        {"FieldsOfH264WithOneTimeInVob", "f.vob", "50", 25, 352, 288, false, {}, tick, FieldPackets::OneTime},
+        {"FieldsOfH264TogetherInMpg", "g.mpg", "50", 25, 352, 288, true, {}, tick, FieldPackets::Together},
         {"FieldsOfH264WithoutContainer", "g.h264", "50", 25, 352, 288, true, {}, 1, FieldPackets::Together},
     };
 }

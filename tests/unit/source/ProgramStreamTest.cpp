@@ -129,13 +129,20 @@ std::vector<std::int64_t> shownByPlace(const std::vector<std::pair<int, std::int
     OrderTimes times;
     std::size_t next = 0;
     const OrderTimes::PlaceFinder finder = [&](const AVPacket&) { return std::optional<int>(pictures[next].first); };
-    for (; next < pictures.size(); ++next)
-        times.Push(picture(next == 0 ? 'I' : 'P', pictures[next].second, -1), finder);
-    times.End();
     std::vector<std::int64_t> result;
     const Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
-    for (; times.Pop(*packet); av_packet_unref(packet.get()))
-        result.push_back(packet->pts == AV_NOPTS_VALUE ? -1 : packet->pts / PERIOD);
+    const auto take = [&] {
+        for (; times.Pop(*packet); av_packet_unref(packet.get()))
+            result.push_back(packet->pts == AV_NOPTS_VALUE ? -1 : packet->pts / PERIOD);
+    };
+    for (; next < pictures.size(); ++next) {
+        Kestra::FF::PacketHandle pushed = picture('P', pictures[next].second, -1);
+        pushed->flags |= pictures[next].first == 0 ? AV_PKT_FLAG_KEY : 0;
+        times.Push(std::move(pushed), finder);
+        take();
+    }
+    times.End();
+    take();
     return result;
 }
 
@@ -145,6 +152,20 @@ TEST(OrderTimes, AreCountedByThePlacesOfThePictures) {
 
 TEST(OrderTimes, OfOnePictureThatHasThoseOfTheNextAreCountedAnew) {
     EXPECT_EQ(shownByPlace({{0, 5}, {6, 6}, {2, -1}, {4, 7}, {8, 9}}), (std::vector<std::int64_t>{5, 8, 6, 7, 9}));
+}
+
+TEST(OrderTimes, OfOnePictureThatHasThoseOfAMuchLaterOneAreCountedAnew) {
+    std::vector<std::pair<int, std::int64_t>> pictures{{0, 5}, {2, 6}, {4, 71}};
+    std::vector<std::int64_t> expected{5, 6, 7};
+    for (int place = 6; place < 140; place += 2) {
+        pictures.emplace_back(place, place == 134 ? 72 : place == 138 ? 74 : -1);
+        expected.push_back(5 + place / 2);
+    }
+    EXPECT_EQ(shownByPlace(pictures), expected);
+}
+
+TEST(OrderTimes, OfANewSequenceGoOnBehindTheOneBefore) {
+    EXPECT_EQ(shownByPlace({{0, 5}, {2, 6}, {0, -1}, {2, 9}, {4, 9}}), (std::vector<std::int64_t>{5, 6, 7, 8, 9}));
 }
 
 TEST(OrderTimes, KeepAGap) {

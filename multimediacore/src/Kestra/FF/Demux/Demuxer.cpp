@@ -170,14 +170,13 @@ void Demuxer::SetUpRepairs() {
     };
     if (RepeatedTimes::AreNeeded(GetFormatName()))
         append(repeatedTimes);
+    if (std::any_of(context->streams, context->streams + context->nb_streams,
+                    [](const AVStream* stream) { return FieldPairs::AreNeeded(*stream); }))
+        append(fieldPairs);
     if (fromStart && AnchorTimes::AreNeeded(GetFormatName())) {
         append(orderTimes);
         append(anchorTimes);
-        return;
     }
-    for (unsigned index = 0; index < context->nb_streams; ++index)
-        if (FieldPairs::AreNeeded(*context->streams[index]))
-            return append(fieldPairs);
 }
 
 bool Demuxer::IsFilm() const {

@@ -101,10 +101,10 @@ private:
     std::shared_ptr<const TimestampMap> clock;
     bool fromStart = true; ///< nothing has been sought since the file was opened
     // Each holds what was read and not yet given.
+    RepeatedTimes repeatedTimes;
+    FieldPairs fieldPairs;
     OrderTimes orderTimes;
     AnchorTimes anchorTimes;
-    FieldPairs fieldPairs;
-    RepeatedTimes repeatedTimes;
     std::vector<Repair> repairs;              ///< of those the ones that are needed, in the order of the packets' way
     std::int64_t countedTime = 0;             ///< of the next picture where the file tells no times
     std::int64_t readFrom = 0;                ///< where reading began; in bytes

@@ -18,6 +18,11 @@ void Append(AVPacket& first, const AVPacket& second) {
     const int size = first.size;
     Check(av_grow_packet(&first, second.size), TranscodingError::OutOfMemory, "Reading a packet failed");
     std::memcpy(first.data + size, second.data, static_cast<std::size_t>(second.size));
+    // Where a pack has one time for all that begins in it, it may be the second field's.
+    if (first.pts == AV_NOPTS_VALUE && second.pts != AV_NOPTS_VALUE)
+        first.pts = second.pts - second.duration;
+    if (first.dts == AV_NOPTS_VALUE && second.dts != AV_NOPTS_VALUE)
+        first.dts = second.dts - second.duration;
     first.duration = first.duration > 0 && second.duration > 0 ? first.duration + second.duration : 0;
     first.flags |= second.flags & AV_PKT_FLAG_CORRUPT;
 }

@@ -9,8 +9,9 @@ namespace Kestra::FF {
 
 namespace {
 
-// Pictures behind one that tell whether its time is right: more than begin in a few packs.
+// Pictures behind one that tell whether its time is right: more than begin in a few packs, and some that have a time.
 constexpr int ENOUGH_FRAMES = 48;
+constexpr int ENOUGH_TIMES = 3;
 // More than lie between two packs in any real file, also of many tracks.
 constexpr std::size_t LONGEST_QUEUE = 256;
 
@@ -67,6 +68,7 @@ void OrderTimes::Push(PacketHandle packet, const PlaceFinder& finder) {
         next.sequence = sequence;
         period = next.packet->duration;
         ++pictures;
+        timed += next.packet->pts == AV_NOPTS_VALUE ? 0 : 1;
     }
     queue.push_back(std::move(next));
 }
@@ -75,8 +77,9 @@ bool OrderTimes::Pop(AVPacket& packet) {
     if (queue.empty() || !CanSettle())
         return false;
     if (queue.front().ordered) {
-        Settle(queue.front());
         --pictures;
+        timed -= queue.front().packet->pts == AV_NOPTS_VALUE ? 0 : 1;
+        Settle(queue.front());
     }
     av_packet_move_ref(&packet, queue.front().packet.get());
     queue.pop_front();
@@ -84,7 +87,8 @@ bool OrderTimes::Pop(AVPacket& packet) {
 }
 
 bool OrderTimes::CanSettle() const {
-    return ended || !queue.front().ordered || pictures > ENOUGH_FRAMES || queue.size() >= LONGEST_QUEUE;
+    const bool enough = pictures > ENOUGH_FRAMES && timed > ENOUGH_TIMES;
+    return ended || !queue.front().ordered || enough || queue.size() >= LONGEST_QUEUE;
 }
 
 bool OrderTimes::IsNear(std::int64_t time, std::int64_t other) const {
@@ -104,10 +108,13 @@ int OrderTimes::Agreeing(const Waiting& first, std::int64_t start) const {
     }));
 }
 
+// Where no more of its times say something else, it goes on behind the sequence before.
 void OrderTimes::Begin(const Waiting& first) {
     startOf = first.sequence;
     start.reset();
-    int most = 0;
+    if (lastShown != AV_NOPTS_VALUE)
+        start = lastShown + period - first.place * period / step;
+    int most = start ? Agreeing(first, *start) : 0;
     for (const Waiting& other : queue) {
         if (!other.ordered || other.sequence != first.sequence || other.packet->pts == AV_NOPTS_VALUE)
             continue;
@@ -116,14 +123,15 @@ void OrderTimes::Begin(const Waiting& first) {
             start = StartOf(other);
         most = std::max(most, count);
     }
-    if (!start && lastShown != AV_NOPTS_VALUE)
-        start = lastShown + period - first.place * period / step;
 }
 
-// A gap goes on behind it, a wrong time does not.
+// A gap goes on behind it, a wrong time does not. One that is far off is believed unless others speak against it alone.
 bool OrderTimes::IsBehindGap(const Waiting& first) const {
     const std::int64_t own = StartOf(first);
-    return std::abs(own - *start) > LARGEST_ERROR * period || Agreeing(first, own) - 1 > Agreeing(first, *start);
+    const int with = Agreeing(first, own) - 1;
+    const int against = Agreeing(first, *start);
+    const bool isNearby = std::abs(own - *start) <= LARGEST_ERROR * period;
+    return isNearby ? with > against : with > 0 || against == 0;
 }
 
 void OrderTimes::Settle(const Waiting& first) {

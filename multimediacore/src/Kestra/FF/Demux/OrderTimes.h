@@ -50,6 +50,7 @@ private:
     int videoStream = -1; ///< which that is for
     std::deque<Waiting> queue;
     int pictures = 0; ///< in the queue
+    int timed = 0;    ///< those of them that have a time
     int sequence = 0;
     int lastPlace = INT32_MIN;
     int step = 2; ///< of places from one picture to the next
