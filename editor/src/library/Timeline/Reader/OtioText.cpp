@@ -83,8 +83,8 @@ std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::st
         tell(context, "it nests deeper than a timeline should (" + std::to_string(DEEPEST) + ')');
         return std::nullopt;
     }
-    constexpr unsigned FLAGS = rapidjson::kParseNanAndInfFlag | rapidjson::kParseFullPrecisionFlag |
-                               rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
+    constexpr unsigned FLAGS =
+        rapidjson::kParseNanAndInfFlag | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
     rapidjson::Document document;
     document.Parse<FLAGS>(text->data(), text->size());
     if (!document.HasParseError())
