@@ -32,6 +32,9 @@ Program::Program(const std::vector<std::string>& given) {
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("/nonexistent"));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
     process.setProcessEnvironment(environment);
+    // Who runs the tests in the background may ignore these, and a program that is told to ignore them does so.
+    for (const int number : {SIGINT, SIGQUIT, SIGHUP, SIGTERM})
+        std::signal(number, SIG_DFL);
 }
 
 Program::~Program() {
