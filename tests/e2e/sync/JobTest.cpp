@@ -1,5 +1,6 @@
 // The life of one export in a process that goes on.
 #include "Composition/Object.h"
+#include "Export/Transcoder.h"
 #include "ExportCore/ExportJob.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/TimeText.h"
@@ -9,6 +10,10 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QPointer>
+#include <QVariant>
 #include <cerrno>
 #include <cstdio>
 #include <functional>
@@ -17,6 +22,7 @@
 #include <pthread.h>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 using ExportCore::ExportJob;
@@ -178,6 +184,58 @@ TEST_F(Job, AStopInTheMiddleOfAStepIsAStopWhateverTheStepStillFinds) {
         EXPECT_EQ(startCount, 0);
         expectUntouched();
     }
+}
+
+int threadsOfThisProcess() {
+    return static_cast<int>(
+        QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+}
+
+// The opening has ended, but nobody has heard of it yet.
+TEST_F(Job, AStopThatFindsTheInputsOpenMakesNoProjectOfThem) {
+    make(request());
+    int made = 0;
+    const WhenAProjectIsMade counter([&made] { ++made; });
+    job->start();
+    const int before = threadsOfThisProcess();
+    QCoreApplication::sendPostedEvents(job.get());
+    while (threadsOfThisProcess() > before)
+        std::this_thread::yield();
+    job->stop();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(outcome.status, Status::Stopped) << outcome.error.GetDescription();
+    EXPECT_EQ(made, 0);
+    expectUntouched();
+}
+
+/// Finds the transcoder that a job makes: its start comes by events of an object that names it as its owner.
+class TranscoderFinder : public QObject {
+public:
+    TranscoderFinder() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject* receiver, QEvent*) override {
+        if (auto* const owner = qobject_cast<Export::Transcoder*>(receiver->property("owner").value<QObject*>()))
+            transcoder = owner;
+        return false;
+    }
+
+    QPointer<Export::Transcoder> transcoder;
+};
+
+TEST_F(Job, TellsNoProgressAfterAStop) {
+    const TranscoderFinder finder;
+    make(request());
+    job->start();
+    ASSERT_TRUE(waitUntil([this] { return !progress.empty(); }));
+    ASSERT_TRUE(finder.transcoder);
+    const std::size_t told = progress.size();
+    job->stop();
+    // The runner tells none either; the job does not count on that.
+    Q_EMIT finder.transcoder->progressChanged(99, KTime(0));
+    EXPECT_EQ(progress.size(), told);
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(progress.size(), told);
+    EXPECT_EQ(outcome.status, Status::Stopped);
 }
 
 TEST_F(Job, AStopAfterTheEndDoesNothing) {
