@@ -1,8 +1,12 @@
 #include "Kestra/Base/LeavableThread.h"
 #include "fakes/kestra/Gate.h"
+#include <functional>
 #include <gtest/gtest.h>
+#include <new>
 #include <pthread.h>
 #include <stdexcept>
+#include <thread>
+#include <utility>
 
 namespace Kestra {
 namespace {
@@ -30,6 +34,19 @@ struct Held {
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
     bool& gone;
+};
+
+/// Finds no memory for a copy once that is short.
+struct ThrowsWhenCopied {
+    explicit ThrowsWhenCopied(const bool& memoryIsShort)
+        : memoryIsShort(memoryIsShort) {}
+    ThrowsWhenCopied(const ThrowsWhenCopied& other)
+        : memoryIsShort(other.memoryIsShort) {
+        if (memoryIsShort)
+            throw std::bad_alloc();
+    }
+    ThrowsWhenCopied& operator=(const ThrowsWhenCopied&) = delete;
+    const bool& memoryIsShort;
 };
 
 TEST(LeavableThread, BearsItsNameCutToWhatTheSystemTakes) {
@@ -100,6 +117,17 @@ TEST(LeavableThread, CallsOnAThreadOfThatNameAndThrowsWhatTheCallThrew) {
         "a-call", [&name] { name = ThisThreadsName(); }, LONG));
     EXPECT_EQ(name, "a-call");
     EXPECT_THROW(LeavableThread::Call("a-call", &Fail, LONG), std::runtime_error);
+}
+
+TEST(LeavableThread, CallsOnThisThreadWhereThereIsNoMemoryForAnother) {
+    bool memoryIsShort = false;
+    std::thread::id caller;
+    std::function<void()> body = [&caller, copied = ThrowsWhenCopied(memoryIsShort)] {
+        caller = std::this_thread::get_id();
+    };
+    memoryIsShort = true;
+    EXPECT_TRUE(LeavableThread::Call("a-call", std::move(body), LONG));
+    EXPECT_EQ(caller, std::this_thread::get_id());
 }
 
 TEST(LeavableThread, CallsForNoLongerThanItHasPatience) {

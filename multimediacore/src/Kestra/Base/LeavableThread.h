@@ -22,7 +22,7 @@ namespace Kestra {
 class KESTRA_EXPORT LeavableThread {
 public:
     /// Makes a call on a thread of its own and waits for its end. False when it hangs: it has been left then. Throws
-    /// what the body threw. Where no thread is to be had, the call is made on this one.
+    /// what the body threw. Where no thread is to be had, or no memory for one, the call is made on this one.
     static bool Call(const std::string& name, std::function<void()> body, std::chrono::milliseconds patience);
 
     LeavableThread() = default;
