@@ -5,9 +5,12 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include <algorithm>
+#include <charconv>
 #include <exception>
 #include <filesystem>
 #include <new>
+#include <set>
+#include <system_error>
 
 namespace ExportCore {
 
@@ -39,25 +42,41 @@ std::string inMilliseconds(Ticks time) {
     return std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms";
 }
 
+/// Which pictures of a stretch are files. The folder is listed once, however long the stretch is said to be.
+std::set<std::int64_t> picturesThere(const Timeline::ImageSequence& sequence, std::int64_t first, std::int64_t last) {
+    std::set<std::int64_t> there;
+    std::error_code error, unseen;
+    for (std::filesystem::directory_iterator entry(sequence.folder.ToUtf8(), error), none; !error && entry != none;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        const std::size_t ends = sequence.prefix.size() + sequence.suffix.size();
+        if (name.size() <= ends || name.compare(0, sequence.prefix.size(), sequence.prefix) != 0)
+            continue;
+        const std::string digits = name.substr(sequence.prefix.size(), name.size() - ends);
+        std::int64_t number = 0;
+        const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+        const std::int64_t index = (number - sequence.firstNumber) / sequence.step;
+        if (failure == std::errc() && end == digits.data() + digits.size() && index >= first && index <= last &&
+            sequence.nameOf(index) == name && std::filesystem::is_regular_file(entry->path(), unseen))
+            there.insert(index);
+    }
+    return there;
+}
+
 std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
     const Shown shown = shownBy(clip, duration);
     const Kestra::FrameGrid grid(sequence.rate);
     const std::int64_t first = std::max<std::int64_t>(0, grid.Covering(shown.first).Value());
     const std::int64_t last = grid.Covering(std::max(shown.first, shown.last - Ticks(1))).Value();
-    std::int64_t missing = 0;
-    std::string name;
-    for (std::int64_t index = first; index <= last; ++index) {
-        std::error_code error;
-        const std::string candidate = sequence.nameOf(index);
-        if (std::filesystem::is_regular_file(std::filesystem::path(sequence.folder.ToUtf8()) / candidate, error))
-            continue;
-        if (missing++ == 0)
-            name = candidate;
-    }
+    const std::set<std::int64_t> there = picturesThere(sequence, first, last);
+    const std::int64_t missing = last - first + 1 - static_cast<std::int64_t>(there.size());
     if (missing == 0)
         return {};
+    std::int64_t index = first;
+    for (const std::int64_t one : there)
+        index += one == index ? 1 : 0;
     return std::to_string(missing) + " of the " + std::to_string(last - first + 1) +
-           " pictures that it shows are not there, the first one is \"" + name + '"';
+           " pictures that it shows are not there, the first one is \"" + sequence.nameOf(index) + '"';
 }
 
 std::string labelled(const char* what, const std::string& name) {

@@ -126,6 +126,26 @@ TEST_F(Timelines, WithWarningsAloneAreValid) {
     EXPECT_TRUE(result.output.contains(QStringLiteral("beyond it")));
 }
 
+TEST_F(Timelines, TellWhichPicturesOfASequenceAreMissing) {
+    for (const int number : {8, 9, 11, 14})
+        std::ofstream(*media / ("p." + std::to_string(100 + number) + ".png")) << number;
+    const auto sequence = [](int frames) {
+        return R"({"OTIO_SCHEMA":"Clip.1","name":"seq","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+               timeOf(0) + R"(,"duration":)" + timeOf(frames) +
+               R"(},"media_reference":{"OTIO_SCHEMA":"ImageSequenceReference.1","target_url_base":".","name_prefix":"p.","name_suffix":".png","start_frame":108,"rate":25,"available_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+               timeOf(0) + R"(,"duration":)" + timeOf(frames) + "}}}";
+    };
+    EXPECT_EQ(run({"validate", write(sequence(2), {})}).code, 0);
+    const Result some = run({"validate", write(sequence(5), {})});
+    EXPECT_EQ(some.code, 2);
+    EXPECT_TRUE(some.output.contains(
+        QStringLiteral("2 of the 5 pictures that it shows are not there, the first one is \"p.110.png\"")))
+        << some.output.toStdString();
+    const Result year = run({"validate", write(sequence(25 * 86400 * 365), {})});
+    EXPECT_TRUE(year.output.contains(QStringLiteral("788399996 of the 788400000 pictures")))
+        << year.output.toStdString();
+}
+
 TEST_F(Timelines, FindTheirMediaBelowAnotherFolder) {
     const std::string cut = write(clipOf("a", "/elsewhere/both.mov", 0, 10), {}, "sub.otio");
     EXPECT_EQ(run({"validate", cut}).code, 2);

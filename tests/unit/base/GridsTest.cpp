@@ -74,6 +74,12 @@ TEST(TimeMap, GoesThereAndBackAtEverySpeed) {
     }
 }
 
+TEST(TimeMap, EndsAtTheEndsOfTheRange) {
+    const TimeMap map{Ticks(0), Ticks(INT64_MAX / 2), 100};
+    EXPECT_EQ(map.ToSource(Ticks(INT64_MAX / 4)), Ticks(INT64_MAX));
+    EXPECT_EQ(TimeMap({Ticks(0), Ticks(INT64_MIN / 2), 100}).ToSource(Ticks(INT64_MIN / 4)), Ticks(INT64_MIN));
+}
+
 TEST(TimeMap, OfAFrozenFrameShowsOneTime) {
     const TimeMap map{Ticks(5), Ticks(77), 0};
     EXPECT_EQ(map.ToSource(Ticks(1000000)), Ticks(77));

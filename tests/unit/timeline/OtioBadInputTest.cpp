@@ -89,6 +89,22 @@ TEST_F(OtioBadInput, OfTimes) {
     expectWarning(wrap(ranged(timeOf(0), timeOf(0))), "clip \"c\": it lasts no time and is left out");
 }
 
+TEST_F(OtioBadInput, OfAbsurdLengthsAndSpeeds) {
+    const std::string year = clipOf("y", rangeOf(0, 25.0 * 86400 * 365), fileReference("a.mov"));
+    expectError(timelineOf({trackOf(std::vector<std::string>(1000, year))}), "the track lasts longer than a year");
+    std::string slower = R"({"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":0.999999})";
+    for (int doubling = 0; doubling < 8; ++doubling)
+        slower += ',' + slower;
+    EXPECT_EQ(inWords(read(timelineOf({trackOf({clip(0, 5, "s", R"(,"effects":[)" + slower + ']')})}))), "");
+    const std::string fast = R"({"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":50})";
+    expectError(wrap(clip(0, 5, "f", R"(,"effects":[)" + fast + ',' + fast + ']')),
+                "the speed is no number from -100 to 100");
+    ReadingOptions options;
+    options.lengthOf = [](const MediaReference&, Track::Kind) { return Ticks(INT64_MAX); };
+    const std::string open = objectOf("Clip.1", "o", R"(,"media_reference":)" + fileReference("a.mov"));
+    EXPECT_TRUE(read(timelineOf({trackOf({open})}), options).has(Finding::Kind::Error));
+}
+
 TEST_F(OtioBadInput, OfThePlaceIsToldAsAPointer) {
     const Reading reading = read(wrap(clipOf("c", rangeOf(timeOf(0), timeOf("5", "0")), fileReference("a.mov"))));
     ASSERT_EQ(reading.findings.size(), 1U);
@@ -143,7 +159,7 @@ TEST_F(OtioBadInput, OfTracksAndEffectsIsTold) {
     expectWarning(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"Effect.1","effect_name":"blur"}])")),
                   "the effect \"blur\" is not known and has none here");
     expectError(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":NaN}])")),
-                "the speed is no number");
+                "the speed is no number from -100 to 100");
     expectWarning(wrap(clip(0, 5, "e", R"(,"markers":[{"OTIO_SCHEMA":"Clip.1"}])")), "it is no marker and is left out");
     expectWarning(timelineOf({trackOf({clip(0, 5), stackOf({trackOf({clip(0, 5)}, "Audio")})})}),
                   "it stands among pictures and has none");

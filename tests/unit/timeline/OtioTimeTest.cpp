@@ -25,6 +25,14 @@ TEST(OtioRates, AreTheExactOnesThatRoundedOnesStandFor) {
     EXPECT_EQ(exactRate(24.5), Rate(49, 2)) << "no standard rate, and none near";
 }
 
+TEST(OtioFractions, AreThoseWithASmallDenominator) {
+    EXPECT_EQ(exactFraction(1.0 / 3), Rate(1, 3));
+    EXPECT_EQ(exactFraction(-0.75), Rate(-3, 4));
+    EXPECT_EQ(exactFraction(24000.0 / 1001 / 24), Rate(1000, 1001));
+    EXPECT_EQ(exactFraction(0), Rate(0));
+    EXPECT_EQ(exactFraction(-100), Rate(-100));
+}
+
 TEST(OtioRates, ThatAreNoneAreRefused) {
     for (const double rate : {0.0, -25.0, 1e300, std::nan(""), std::numeric_limits<double>::infinity()})
         EXPECT_FALSE(exactRate(rate)) << rate;

@@ -28,6 +28,13 @@ public:
         ++value;
         return *this;
     }
+    /// The sum, or the end of the range where it does not fit.
+    friend constexpr Quantity SaturatedSum(Quantity a, Quantity b) {
+        std::int64_t sum = 0;
+        if (__builtin_add_overflow(a.value, b.value, &sum))
+            sum = a.value < 0 ? INT64_MIN : INT64_MAX;
+        return Quantity(sum);
+    }
     friend constexpr Quantity operator+(Quantity a, Quantity b) { return a += b; }
     friend constexpr Quantity operator-(Quantity a, Quantity b) { return a -= b; }
     friend constexpr bool operator==(Quantity a, Quantity b) { return a.value == b.value; }

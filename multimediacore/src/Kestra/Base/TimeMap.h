@@ -17,13 +17,13 @@ struct TimeMap {
 
     /// Rounded to nearest; times that do not fit end at the ends of the range.
     Ticks ToSource(Ticks time) const {
-        return there + Ticks(MulDivRound((time - here).Value(), speed.numerator(), speed.denominator()));
+        return SaturatedSum(there, Ticks(MulDivRound((time - here).Value(), speed.numerator(), speed.denominator())));
     }
     /// The time at which `source` is shown, rounded to nearest. `speed` is not 0.
     Ticks FromSource(Ticks source) const {
         const long long sign = speed.numerator() < 0 ? -1 : 1;
-        return here +
-               Ticks(MulDivRound((source - there).Value(), sign * speed.denominator(), sign * speed.numerator()));
+        return SaturatedSum(
+            here, Ticks(MulDivRound((source - there).Value(), sign * speed.denominator(), sign * speed.numerator())));
     }
 };
 

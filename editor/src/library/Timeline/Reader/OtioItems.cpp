@@ -13,13 +13,7 @@ namespace {
 using Kestra::Ticks;
 using Rate = boost::rational<long long>;
 
-constexpr double HIGHEST_SPEED = 1000;
-/// Fractions of a speed are exact to so much.
-constexpr long long SPEED_DENOMINATOR = 1'000'000;
-
-Rate speedOf(double scalar) {
-    return Rate(std::llround(scalar * SPEED_DENOMINATOR), SPEED_DENOMINATOR);
-}
+constexpr double HIGHEST_SPEED = 100;
 
 bool hasTracks(const Stack& stack, Track::Kind kind) {
     for (const Track& track : stack.tracks())
@@ -121,6 +115,10 @@ Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind) {
                 transitions.emplace_back(std::move(*transition), child);
             }
         } else if (auto item = readItem(child, kind)) {
+            if (item->duration > LONGEST - end) {
+                context.error(child, "the track lasts longer than a year");
+                break;
+            }
             for (Marker& marker : item->markers)
                 marker.range.start += end;
             end += item->duration;
@@ -266,7 +264,7 @@ std::optional<Transition> OtioItems::readTransition(const OtioNode& node) {
 }
 
 Rate OtioItems::readSpeed(const OtioNode& node) {
-    Rate speed = 1;
+    double speed = 1;
     const OtioNode effects = node["effects"];
     for (std::size_t index = 0; effects.isArray() && index < effects.size(); ++index) {
         const OtioNode effect = effects.at(index);
@@ -278,13 +276,13 @@ Rate OtioItems::readSpeed(const OtioNode& node) {
         } else if (kind != OtioKind::TimeWarp) {
             const std::string name = effect.text("effect_name");
             context.warn(effect, "the effect \"" + name + "\" is not known and has none here");
-        } else if (scalar.value().IsNumber() && std::abs(scalar.value().GetDouble()) <= HIGHEST_SPEED) {
-            speed *= speedOf(scalar.value().GetDouble());
+        } else if (scalar.value().IsNumber() && std::abs(speed * scalar.value().GetDouble()) <= HIGHEST_SPEED) {
+            speed *= scalar.value().GetDouble();
         } else {
-            context.error(scalar, "the speed is no number from -1000 to 1000");
+            context.error(scalar, "the speed is no number from -100 to 100");
         }
     }
-    return speed;
+    return exactFraction(speed);
 }
 
 std::vector<Marker> OtioItems::readMarkers(const OtioNode& node, Ticks shift) {

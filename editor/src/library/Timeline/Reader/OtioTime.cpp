@@ -15,29 +15,7 @@ constexpr double ROUNDED = 0.0002;
 constexpr double HIGHEST_RATE = 10'000'000;
 constexpr long long LARGEST_DENOMINATOR = 100'000;
 constexpr double LARGEST_EXACT = 9007199254740992.0; // 2^53: what a double counts exactly
-constexpr double LONGEST = 366.0 * 24 * 3600;        // seconds
-
-/// The best fraction by its continued fraction (Khinchin, Continued Fractions, 1964).
-Rate fractionOf(double number) {
-    long long previousNumerator = 0, previousDenominator = 1, numerator = 1, denominator = 0;
-    double rest = number;
-    for (;;) {
-        const auto whole = static_cast<long long>(std::floor(rest));
-        const long long nextDenominator = whole * denominator + previousDenominator;
-        if (nextDenominator > LARGEST_DENOMINATOR)
-            break;
-        const long long nextNumerator = whole * numerator + previousNumerator;
-        previousNumerator = numerator;
-        previousDenominator = denominator;
-        numerator = nextNumerator;
-        denominator = nextDenominator;
-        const double part = rest - static_cast<double>(whole);
-        if (part < 1e-9)
-            break;
-        rest = 1 / part;
-    }
-    return Rate(numerator, denominator);
-}
+constexpr double LONGEST_SECONDS = static_cast<double>(LONGEST.Value() / Kestra::TIME_BASE);
 
 std::optional<double> readNumber(OtioContext& context, const OtioNode& node, const char* what) {
     if (!node.value().IsNumber()) {
@@ -53,6 +31,28 @@ std::optional<double> readNumber(OtioContext& context, const OtioNode& node, con
 
 } // namespace
 
+// By its continued fraction (Khinchin, Continued Fractions, 1964).
+Rate exactFraction(double number) {
+    long long previousNumerator = 0, previousDenominator = 1, numerator = 1, denominator = 0;
+    double rest = std::abs(number);
+    for (;;) {
+        const auto whole = static_cast<long long>(std::floor(rest));
+        const long long nextDenominator = whole * denominator + previousDenominator;
+        if (nextDenominator > LARGEST_DENOMINATOR)
+            break;
+        const long long nextNumerator = whole * numerator + previousNumerator;
+        previousNumerator = numerator;
+        previousDenominator = denominator;
+        numerator = nextNumerator;
+        denominator = nextDenominator;
+        const double part = rest - static_cast<double>(whole);
+        if (part < 1e-9)
+            break;
+        rest = 1 / part;
+    }
+    return Rate(number < 0 ? -numerator : numerator, denominator);
+}
+
 std::optional<Rate> exactRate(double rate) {
     if (!std::isfinite(rate) || rate <= 0 || rate > HIGHEST_RATE)
         return std::nullopt;
@@ -61,13 +61,13 @@ std::optional<Rate> exactRate(double rate) {
     const Rate standard = Kestra::Conf::NearStandardRate(rate);
     if (standard > 0 && std::abs(rate / boost::rational_cast<double>(standard) - 1) < ROUNDED)
         return standard;
-    const Rate fraction = fractionOf(rate);
+    const Rate fraction = exactFraction(rate);
     return fraction > 0 ? std::optional(fraction) : std::nullopt;
 }
 
 std::optional<Ticks> exactTime(double value, double rate) {
     const auto exact = exactRate(rate);
-    if (!exact || !std::isfinite(value) || std::abs(value / rate) > LONGEST)
+    if (!exact || !std::isfinite(value) || std::abs(value / rate) > LONGEST_SECONDS)
         return std::nullopt;
     if (value == std::floor(value) && std::abs(value) < LARGEST_EXACT)
         return Kestra::FrameGrid(*exact).Begin(Kestra::FrameIndex(static_cast<std::int64_t>(value)));

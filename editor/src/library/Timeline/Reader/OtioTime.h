@@ -1,6 +1,7 @@
 // Times as timelines write them, on the engine's clock.
 #pragma once
 
+#include "Kestra/Base/Time.h"
 #include "Timeline/Reader/OtioContext.h"
 #include <boost/rational.hpp>
 #include <optional>
@@ -10,7 +11,13 @@ namespace Timeline {
 /// The exact rate that a rounded one stands for: 23.98 and 23.976 are 24000/1001. Nothing for what is no rate.
 std::optional<boost::rational<long long>> exactRate(double rate);
 
-/// `value` periods of `rate`; nothing where that is no time of a timeline (a year at most).
+/// The fraction with a small denominator that a finite number stands for: 0.333333333 is 1/3.
+boost::rational<long long> exactFraction(double number);
+
+/// Nothing on a timeline lasts longer.
+constexpr Kestra::Ticks LONGEST(366LL * 24 * 3600 * Kestra::TIME_BASE);
+
+/// `value` periods of `rate`; nothing where that is beyond LONGEST, forwards or backwards.
 std::optional<Kestra::Ticks> exactTime(double value, double rate);
 
 /// A RationalTime. Whatever is wrong with it is told as an error; then there is nothing.
