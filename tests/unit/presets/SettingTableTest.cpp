@@ -151,18 +151,22 @@ TEST(SettingTable, EveryValueIsTakenOverAndMakesPresetsUnequal) {
 }
 
 TEST(SettingTable, WhatAnEngineIsToldStandsUnderItsTag) {
+    const auto isTold = [](const Property& data, const Property& before, const char* tag) {
+        return data.ChildExists(tag) && (!before.ChildExists(tag) || data[tag] != before[tag]);
+    };
     for (const SettingRow& row : Table::ROWS) {
-        Preset changed = smallest();
+        const Preset before = smallest();
+        Preset changed = before;
         changed.setVideoBitrateMode(Export::BitrateMode::Quality);
         changed.applyQualityModifier(modifierOf(row));
         if (const auto* const container = std::get_if<Kestra::Conf::ContainerSetting>(&row.told.as)) {
-            EXPECT_TRUE(changed.muxerData().ChildExists(TagOf(*container))) << row.name;
+            EXPECT_TRUE(isTold(changed.muxerData(), before.muxerData(), TagOf(*container))) << row.name;
         }
         if (const auto* const video = std::get_if<Kestra::Conf::VideoSetting>(&row.told.as)) {
-            EXPECT_TRUE(changed.videoEncoderData().ChildExists(TagOf(*video))) << row.name;
+            EXPECT_TRUE(isTold(changed.videoEncoderData(), before.videoEncoderData(), TagOf(*video))) << row.name;
         }
         if (const auto* const audio = std::get_if<Kestra::Conf::AudioSetting>(&row.told.as)) {
-            EXPECT_TRUE(changed.audioEncoderData().ChildExists(TagOf(*audio))) << row.name;
+            EXPECT_TRUE(isTold(changed.audioEncoderData(), before.audioEncoderData(), TagOf(*audio))) << row.name;
         }
     }
 }
