@@ -107,6 +107,30 @@ TEST_F(FileCheck, KnowsHowLongPacketsLastWhereTheContainerDoesNotSay) {
     EXPECT_NEAR(length / Kestra::TIME_BASE, PACKETS * SAMPLES / 48000.0, 0.003);
 }
 
+// Nor do packets of ALAC; but no sound lasts longer than its file, and the last packet no longer than the others.
+TEST_F(FileCheck, KnowsHowLongSoundLastsWhereNoPacketSaysSo) {
+    const struct {
+        const char* seconds;
+        std::vector<std::string> besides;
+        double tolerance;
+    } cases[] = {{"0.01", {}, 0.002},
+                 {"1", {}, 0.002},
+                 {"1", {"-f", "lavfi", "-i", "testsrc2=s=64x64:d=2", "-c:v", "ffv1"}, 4096 / 48000.0}};
+    for (const auto& each : cases) {
+        const std::string sound = folder / "sound.mkv";
+        std::vector<std::string> arguments{"-y", "-f", "lavfi", "-i",
+                                           std::string("sine=sample_rate=48000:d=") + each.seconds};
+        arguments.insert(arguments.end(), each.besides.begin(), each.besides.end());
+        arguments.insert(arguments.end(), {"-c:a", "alac", sound});
+        TestMedia::runFfmpeg(arguments);
+        const std::atomic<bool> interrupted{false};
+        const auto file = Kestra::Proc::CheckFile(Kestra::ioPath(sound), interrupted);
+        ASSERT_FALSE(file.streams.empty());
+        EXPECT_NEAR(static_cast<double>(file.streams.back().end) / Kestra::TIME_BASE, std::stod(each.seconds),
+                    each.tolerance);
+    }
+}
+
 TEST_F(FileCheck, AFileWithoutItsIndexIsFound) {
     QByteArray whole = TestFiles::read(path);
     whole.replace("moov", "none");

@@ -76,10 +76,18 @@ public:
         const int rate = std::max(result.sampleRate, 1);
         start = std::min(start.value_or(INT64_MAX), time + (isAudio ? SamplesToTime(head, rate) : 0));
         result.end = std::max(result.end, time + duration - (isAudio ? SamplesToTime(tail, rate) : 0));
+        untold = isAudio && duration == 0;
+        longest = std::max(longest, time - last);
+        last = time;
     }
 
-    CheckedStream Finish() {
+    /// `length` is the file's.
+    CheckedStream Finish(std::int64_t length) {
         result.start = start.value_or(0);
+        // Matroska does not say how long packets last, and ALAC's do not either. The file lasts as long as its longest
+        // track, and the last packet no longer than others.
+        if (untold)
+            result.end = std::max(result.end, longest == 0 ? length : std::min(length, last + longest));
         return result;
     }
 
@@ -87,6 +95,9 @@ private:
     const AVStream& stream;
     CheckedStream result;
     std::optional<std::int64_t> start;
+    bool untold = false;      ///< how long the last packet lasts
+    std::int64_t last = 0;    ///< when it begins
+    std::int64_t longest = 0; ///< from one packet to the next
 };
 
 void RequireWhole(const AVPacket& packet, const ioPath& path) {
@@ -99,7 +110,7 @@ void RequireWhole(const AVPacket& packet, const ioPath& path) {
     Fail(TranscodingError::OutputFailed, std::string("The finished file cannot be read: ") + error.what(), place);
 }
 
-std::vector<CheckedStream> ReadAll(Demuxer& demuxer) {
+std::vector<CheckedStream> ReadAll(Demuxer& demuxer, std::int64_t length) {
     AVFormatContext& context = demuxer.GetContext();
     std::vector<Tally> tallies;
     for (unsigned index = 0; index < context.nb_streams; ++index)
@@ -116,7 +127,7 @@ std::vector<CheckedStream> ReadAll(Demuxer& demuxer) {
         Fail(TranscodingError::OutputFailed, "The finished file cannot be read to its end: " + demuxer.GetTrouble());
     std::vector<CheckedStream> streams;
     std::transform(tallies.begin(), tallies.end(), std::back_inserter(streams),
-                   [](Tally& tally) { return tally.Finish(); });
+                   [length](Tally& tally) { return tally.Finish(length); });
     return streams;
 }
 
@@ -133,7 +144,7 @@ CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) 
         const AVFormatContext& context = demuxer.GetContext();
         if (context.duration != AV_NOPTS_VALUE)
             file.duration = FF::ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
-        file.streams = FF::ReadAll(demuxer);
+        file.streams = FF::ReadAll(demuxer, file.duration);
         if (interrupted)
             KESTRA_THROW(Interrupted());
         struct stat state = {};
