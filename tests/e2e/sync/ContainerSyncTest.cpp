@@ -48,6 +48,8 @@ const Packaging PACKAGINGS[] = {{"ts", "aac", 25},
                                 {"avi", "pcm_s16le", 25, "mpeg4", 2},
                                 {"avi", "ac3", 25, "mpeg4"},
                                 {"avi", "mp2", {30000, 1001}, "mpeg4"},
+                                {"avi", "mp2", 60, "libx264"},
+                                {"avi", "aac", 50, "mpeg4", 2},
                                 {"avi", "mp2", 25, "libx264", 2}};
 
 class Container : public ::testing::TestWithParam<Packaging> {

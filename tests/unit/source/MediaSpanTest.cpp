@@ -84,6 +84,14 @@ TEST(ChunkStart, MovesTheFirstPictureOverEmptyChunksOfLibavAlone) {
     }
 }
 
+TEST(ChunkStart, CutsWhatIsLessThanHalfABlockHoweverLongPicturesAre) {
+    AVCodecParameters mp2 = aac();
+    mp2.codec_id = AV_CODEC_ID_MP2;
+    mp2.frame_size = 0; // as AVI leaves it
+    for (const std::int64_t period : {10 * MS, 20 * MS, 40 * MS})
+        EXPECT_EQ(AlignChunks({0, period, 0, period, true}, mp2).audio, -SamplesToTime(481, 48000));
+}
+
 TEST(ChunkStart, MovesTheFirstPictureOfFragmentsOfLibavByThePrimingAlone) {
     constexpr std::int64_t tick = MS / 10;
     const std::int64_t second = PERIOD + PRIMING + tick / 2;

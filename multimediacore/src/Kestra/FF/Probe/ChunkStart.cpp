@@ -13,10 +13,15 @@ std::int64_t RoundedUp(std::int64_t value, std::int64_t unit) {
     return (value + unit - 1) / unit * unit;
 }
 
+// AVI does not tell it; of most codecs it is always the same.
+int SamplesOfBlock(AVCodecParameters audio) {
+    return std::max(av_get_audio_frame_duration2(&audio, 0), 1);
+}
+
 // For audio that has to begin earlier than the picture, libav's writer moves all by whole blocks of it, then pictures
 // by whole chunks.
 std::int64_t PaddingFor(const ChunkStart& start, std::int64_t priming, const AVCodecParameters& audio) {
-    const std::int64_t blocks = RoundedUp(priming, std::max(audio.frame_size, 1));
+    const std::int64_t blocks = RoundedUp(priming, SamplesOfBlock(audio));
     return RoundedUp(SamplesToTime(blocks, audio.sample_rate), start.period);
 }
 
@@ -30,8 +35,8 @@ ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& audio) 
         shift.firstFrame = empty;
     const std::int64_t lead = start.shown + shift.firstFrame - start.first;
     const std::int64_t ahead = SamplesToTime(priming, audio.sample_rate);
-    // By less than half a chunk the writer does not move the pictures.
-    if (lead > 0 || (lead == 0 && 2 * ahead < start.period))
+    // Less than half a block is none to the writer, and moves no picture.
+    if (lead > 0 || (lead == 0 && 2 * priming < SamplesOfBlock(audio)))
         shift.audio = lead - ahead;
     return shift;
 }

@@ -123,14 +123,18 @@ std::int64_t MediaProbe::LengthOf(const Track& track, const AVPacket& packet) {
 }
 
 // AVI and program streams leave presentation times out where reordering would make them differ. The picture that is
-// shown last then is as late after the last decoding time as the first one after the first.
+// shown last then is as late after the last decoding time as the first one after the first, which empty chunks may keep
+// apart from the second.
 std::int64_t MediaProbe::TimeOf(Track& track, const AVPacket& packet) {
     const AVRational timeBase = demuxer.GetStream(track.index).time_base;
     const std::int64_t shown = ToEngineTime(packet.pts, timeBase);
     track.untimed = track.untimed || shown == TIME_UNKNOWN;
     if (!track.untimed || packet.dts == AV_NOPTS_VALUE || track.firstDecodeTime == TIME_UNKNOWN)
         return shown;
-    const std::int64_t delay = std::max<std::int64_t>(track.start - track.firstDecodeTime, 0);
+    const std::int64_t begin = track.secondDecodeTime == TIME_UNKNOWN
+                                   ? track.firstDecodeTime
+                                   : std::max(track.firstDecodeTime, track.secondDecodeTime - LengthOf(track, packet));
+    const std::int64_t delay = std::max<std::int64_t>(track.start - begin, 0);
     return std::max(shown, ToEngineTime(packet.dts, timeBase) + delay);
 }
 
