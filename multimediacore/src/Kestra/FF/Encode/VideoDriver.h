@@ -1,4 +1,4 @@
-// Kestra::FF::VideoDriver: what is particular to one of the codec library's encoders of frames.
+// Kestra::FF::VideoDriver: what is particular to one of the codec library's encoders of pictures.
 #pragma once
 
 #include "Kestra/Conf/CodecID.h"
