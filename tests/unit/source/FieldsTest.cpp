@@ -80,6 +80,7 @@ std::vector<Woven> wovenMedia() {
         {"FieldsOfH264ApartInMpg", "e.mpg", "50", 25, 352, 288, true, {}, tick, FieldPackets::Apart},
         {"FieldsOfH264WithOneTimeInVob", "f.vob", "50", 25, 352, 288, false, {}, tick, FieldPackets::OneTime},
         {"FieldsOfH264TogetherInMpg", "g.mpg", "50", 25, 352, 288, true, {}, tick, FieldPackets::Together},
+        {"FieldsOfH264ApartInAvi", "e.avi", "50", 25, 352, 288, true, {}, 1, FieldPackets::Apart},
         {"FieldsOfH264WithoutContainer", "g.h264", "50", 25, 352, 288, true, {}, 1, FieldPackets::Together},
     };
 }

@@ -116,8 +116,8 @@ std::int64_t MediaProbe::LengthOf(const Track& track, const AVPacket& packet) {
     const std::int64_t length = packet.duration > 0 ? ToEngineTime(packet.duration, stream.time_base) : 0;
     const boost::rational<long long> rate = track.index == video.index ? NominalRate(stream) : 0;
     const std::int64_t exact = rate > 0 ? FramesToTime(1, rate) : 0;
-    // Clocks of a millisecond round the length; the exact one is known.
-    const std::int64_t tick = ToEngineTime(1, stream.time_base);
+    // Clocks of a millisecond round the length; the exact one is known. One that counts fields is off by a whole one.
+    const std::int64_t tick = std::min(ToEngineTime(1, stream.time_base), exact / 2);
     const bool half = demuxer.HasFields(track.index) && std::abs(2 * length - exact) <= 2 * tick;
     return exact > 0 && (length == 0 || half || std::abs(length - exact) <= tick) ? exact : length;
 }
