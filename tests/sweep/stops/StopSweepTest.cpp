@@ -1,4 +1,5 @@
 // A run is stopped, or destroyed, at every point: a turn of the event loop, an event, a call into the engine, a signal.
+#include "Kestra/Util/FunctorExecutionForwarder.h"
 #include "fakes/counting/CountedEngine.h"
 #include "support/FileHelpers.h"
 #include "support/WaitUntil.h"
@@ -53,8 +54,7 @@ public:
     /// From any thread: the action comes from the event loop of this one.
     void tickElsewhere(Clock which) {
         if (rings(which))
-            QMetaObject::invokeMethod(
-                &context, [this] { action(); }, Qt::QueuedConnection);
+            forwarder.Forward([this] { action(); });
     }
     void disarm() { SweepApplication::instance().afterEvent = nullptr; }
 
@@ -72,6 +72,8 @@ private:
     Ticks& ticks;
     const std::function<void()> action;
     QObject context;
+    // Its own lock orders what the threads do, where a sanitizer does not see Qt's.
+    Kestra::Util::FunctorExecutionForwarder forwarder;
 };
 
 constexpr int NEVER = -1;
