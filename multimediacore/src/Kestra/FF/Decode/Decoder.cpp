@@ -99,19 +99,16 @@ std::string Decoder::GetExcess() const {
     return bound->excess;
 }
 
-bool Decoder::Feed() {
-    if (!packetSupply || !packetSupply(*packet)) {
-        draining = true;
-        const int result = avcodec_send_packet(context.get(), nullptr);
-        return result >= 0 || result == AVERROR_EOF;
-    }
-    const std::int64_t timestamp = packet->pts;
-    const int result = avcodec_send_packet(context.get(), packet.get());
+// The end of the packets, too, is answered with what became of a packet before it: other frames come after one that
+// could not be decoded.
+void Decoder::Feed() {
+    draining = !packetSupply || !packetSupply(*packet);
+    const std::int64_t timestamp = draining ? AV_NOPTS_VALUE : packet->pts;
+    const int result = avcodec_send_packet(context.get(), draining ? nullptr : packet.get());
     av_packet_unref(packet.get());
     bound->Check(result);
-    if (result < 0 && damageReceiver)
+    if (result < 0 && !(draining && result == AVERROR_EOF) && damageReceiver)
         damageReceiver(timestamp, ReasonOf(result));
-    return true;
 }
 
 FrameHandle Decoder::Next() {
@@ -124,8 +121,9 @@ FrameHandle Decoder::Next() {
         if (result == AVERROR_EOF)
             return {};
         if (result == AVERROR(EAGAIN)) {
-            if (draining || !Feed())
+            if (draining)
                 return {};
+            Feed();
         } else {
             ++errors;
             if (damageReceiver)

@@ -42,7 +42,7 @@ public:
     static const AVCodec* FindCodec(const AVStream& stream);
 
 private:
-    bool Feed();
+    void Feed();
     static int GetBuffer(AVCodecContext* context, AVFrame* frame, int flags);
 
     struct Bound;
