@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <array>
 #include <atomic>
 #include <exception>
 #include <functional>
@@ -78,6 +79,8 @@ private:
     void onOpened(const std::exception_ptr& error);
     void showTimeline();
     void follow(BackgroundTask& task, Watchdog::Wait wait);
+    /// In the order in which they run; null where there is none yet.
+    std::array<BackgroundTask*, 3> tasks() const;
     /// Asks the task that runs to come to its end; false when none does.
     bool interruptTask();
     bool engineRuns() const;

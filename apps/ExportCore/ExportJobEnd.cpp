@@ -18,7 +18,6 @@
 #include "Types/Time.h"
 #include <QVariant>
 #include <algorithm>
-#include <initializer_list>
 #include <new>
 #include <utility>
 
@@ -113,8 +112,12 @@ void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiv
     fail(part ? error : ofAnyExport(error));
 }
 
+std::array<BackgroundTask*, 3> ExportJob::tasks() const {
+    return {opening.get(), outputOpening.get(), check.get()};
+}
+
 bool ExportJob::interruptTask() {
-    for (BackgroundTask* task : std::initializer_list<BackgroundTask*>{opening.get(), outputOpening.get(), check.get()})
+    for (BackgroundTask* task : tasks())
         if (task && task->isRunning()) {
             watchdog.expect(Watchdog::Wait::Interruption);
             if (transaction)
@@ -188,8 +191,9 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
     const bool started = engineRuns();
     enter(JobState::BrokenOff);
     breakOff(started);
-    if (check)
-        check->interrupt();
+    for (BackgroundTask* task : tasks())
+        if (task)
+            task->interrupt();
     if (!undo())
         return concludeCommitted();
     finish(*verdict);

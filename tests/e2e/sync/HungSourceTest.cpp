@@ -26,6 +26,7 @@ namespace Proc = Kestra::Proc;
 struct Calls {
     const std::shared_ptr<Script> script = std::make_shared<Script>();
     std::atomic<int> under{0};
+    std::atomic<const std::atomic<bool>*> interruption{nullptr}; ///< of the opening that is under way
 
     void call(const std::string& name) {
         ++under;
@@ -107,10 +108,11 @@ public:
         : media(CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path)))
         , calls(std::move(calls)) {}
 
-    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const Kestra::ioPath&, const std::atomic<bool>*,
+    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const Kestra::ioPath&, const std::atomic<bool>* interrupted,
                                                        const Proc::MediaLimits&) override {
         const auto held = media;
         const auto heldCalls = calls;
+        heldCalls->interruption = interrupted;
         heldCalls->call("open");
         return new ScriptedMedia(held, heldCalls);
     }
@@ -199,6 +201,10 @@ TEST_P(HungSource, IsAStallThatIsNamed) {
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
     expectNamed(outcome.error.GetDescription());
     expectUntouched();
+    if (isInOpening()) {
+        ASSERT_TRUE(calls->interruption.load());
+        EXPECT_TRUE(*calls->interruption.load()) << "an opening that comes back goes on with nothing";
+    }
     job.reset();
 }
 
