@@ -48,9 +48,9 @@ Property told(const Preset& preset) {
         const EngineSetting* const as = std::get_if<EngineSetting>(&row.told.as);
         if (as == nullptr)
             continue;
-        if (row.told.value == nullptr)
+        if (!row.told.value)
             tellOptions(preset, row.setting, data, TagOf(*as));
-        else if (Value value = row.told.value(preset, row.setting); value.index() != 0)
+        else if (Value value = (*row.told.value)(preset, row.setting); value.index() != 0)
             data.SetChild(TagOf(*as), std::move(value));
     }
     return data;
@@ -72,8 +72,8 @@ Property effect(const Preset& preset) {
         Property& video = result.SetChild(TAG_VIDEO);
         video.Merge(encoder);
         for (const SettingRow& row : Table::ROWS) {
-            if (row.compared.value != nullptr && (row.compared.inModes & bitOf(preset.videoBitrateMode())) != 0)
-                video.SetChild(row.name, row.compared.value(preset, row.setting));
+            if (row.compared.value && (row.compared.inModes & bitOf(preset.videoBitrateMode())) != 0)
+                video.SetChild(row.name, (*row.compared.value)(preset, row.setting));
         }
     }
     if (preset.hasAudio())
@@ -87,8 +87,8 @@ Property reserve(const Preset& preset) {
     if (!preset.hasVideo())
         return result;
     for (const SettingRow& row : Table::ROWS) {
-        if (row.compared.value != nullptr && row.compared.inModes != Table::EVERY_MODE)
-            result.SetChild(row.name, row.compared.value(preset, row.setting));
+        if (row.compared.value && row.compared.inModes != Table::EVERY_MODE)
+            result.SetChild(row.name, (*row.compared.value)(preset, row.setting));
     }
     return result;
 }

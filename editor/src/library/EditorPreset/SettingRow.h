@@ -7,6 +7,7 @@
 #include "Kestra/Core/Property.h"
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -71,13 +72,13 @@ using Reading = Kestra::Core::Property::Value (*)(const Preset& preset, Setting 
 struct Told {
     std::variant<std::monostate, Kestra::Conf::ContainerSetting, Kestra::Conf::VideoSetting, Kestra::Conf::AudioSetting>
         as;
-    Reading value; ///< null for Options, which are told by name
+    std::optional<Reading> value; ///< none for Options, which are told by name
 };
 
 /// How it counts when presets are compared.
 struct Compared {
     unsigned inModes; ///< a bit for each bitrate mode in which the file depends on it; else it is on offer only
-    Reading value;    ///< null where what is told says it
+    std::optional<Reading> value; ///< none where what is told says it
 };
 
 /// Whether the range that the schema holds says all, or PresetChecks has rules, too.

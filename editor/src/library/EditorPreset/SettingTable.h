@@ -83,8 +83,8 @@ constexpr Whole SIDE{2, LARGEST_SIDE};
 /// What a preset without limits is taken to be meant for: more than the largest frame in use.
 constexpr std::int64_t NO_SIZE_LIMIT = 16384;
 
-constexpr Told NOBODY{{}, nullptr};
-constexpr Compared AS_TOLD{0, nullptr};
+constexpr Told NOBODY{{}, std::nullopt};
+constexpr Compared AS_TOLD{0, std::nullopt};
 constexpr unsigned NO_MODE = 0;
 constexpr unsigned AUTOMATIC_MODES = bitOf(BitrateMode::Constant) | bitOf(BitrateMode::Automatic);
 constexpr unsigned QUALITY_MODE = bitOf(BitrateMode::Quality);
@@ -94,7 +94,7 @@ constexpr unsigned EVERY_MODE = RATE_MODES | QUALITY_MODE;
 constexpr SettingRow ROWS[] = {
     {Setting::ContainerId, Section::Container, "id", NameOf{containerNames}, 0,
      Told{ContainerSetting::Id, answer<&Preset::containerId>}, AS_TOLD, Rules::More, "The kind of file."},
-    {Setting::MuxerOptions, Section::Container, "options", Options{}, 0, Told{ContainerSetting::Options, nullptr},
+    {Setting::MuxerOptions, Section::Container, "options", Options{}, 0, Told{ContainerSetting::Options, std::nullopt},
      AS_TOLD, Rules::More, "Handed on by name; the names are the muxer's own."},
 
     {Setting::VideoCodec, Section::Video, "codec", NameOf{videoCodecNames}, 0,
@@ -146,7 +146,7 @@ constexpr SettingRow ROWS[] = {
     {Setting::Fields, Section::Video, "fields", OneOf(FIELDS), 0, Told{VideoSetting::Fields, keptFields}, AS_TOLD,
      Rules::More,
      "\"source\": interlaced pictures stay so where their size and rate do; otherwise they are deinterlaced."},
-    {Setting::VideoOptions, Section::Video, "options", Options{}, 0, Told{VideoSetting::Options, nullptr}, AS_TOLD,
+    {Setting::VideoOptions, Section::Video, "options", Options{}, 0, Told{VideoSetting::Options, std::nullopt}, AS_TOLD,
      Rules::More, "Handed on by name; the names are the encoder's own."},
 
     {Setting::AudioCodec, Section::Audio, "codec", NameOf{audioCodecNames}, 0,
@@ -159,7 +159,7 @@ constexpr SettingRow ROWS[] = {
     {Setting::ChannelLayout, Section::Audio, "channelLayout", OneOf(LAYOUTS), 0,
      Told{AudioSetting::ChannelLayout, answerUnlessOpen<&Preset::channelLayout>}, AS_TOLD, Rules::More,
      "The speakers; the source's when missing."},
-    {Setting::AudioOptions, Section::Audio, "options", Options{}, 0, Told{AudioSetting::Options, nullptr}, AS_TOLD,
+    {Setting::AudioOptions, Section::Audio, "options", Options{}, 0, Told{AudioSetting::Options, std::nullopt}, AS_TOLD,
      Rules::More, "Handed on by name; the names are the encoder's own."},
 };
 
@@ -194,7 +194,7 @@ constexpr bool tellsItsOwn(const SettingRow& row) {
 constexpr bool tellsSomething(const SettingRow& row) {
     const bool told = !std::holds_alternative<std::monostate>(row.told.as);
     const bool byName = std::holds_alternative<Options>(row.values);
-    return (told || row.compared.value != nullptr) && (row.told.value != nullptr) == (told && !byName);
+    return (told || row.compared.value.has_value()) && row.told.value.has_value() == (told && !byName);
 }
 
 constexpr bool isWhole() {
