@@ -168,10 +168,14 @@ void Demuxer::SetUpRepairs() {
         repair.Clear();
         repairs.push_back({&repair});
     };
+    const auto anyStream = [this](const auto& isOne) {
+        return std::any_of(context->streams, context->streams + context->nb_streams, isOne);
+    };
+    if (anyStream([this](const AVStream* stream) { return ChunkTimes::AreNeeded(GetFormatName(), *stream); }))
+        append(chunkTimes);
     if (RepeatedTimes::AreNeeded(GetFormatName()))
         append(repeatedTimes);
-    if (std::any_of(context->streams, context->streams + context->nb_streams,
-                    [](const AVStream* stream) { return FieldPairs::AreNeeded(*stream); }))
+    if (anyStream([](const AVStream* stream) { return FieldPairs::AreNeeded(*stream); }))
         append(fieldPairs);
     if (fromStart && AnchorTimes::AreNeeded(GetFormatName())) {
         append(orderTimes);
@@ -297,7 +301,8 @@ bool Demuxer::Seek(int stream, std::int64_t timestamp) {
     fromStart = false;
     SetUpRepairs();
     file.Allow(limits.pictureBytes);
-    if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar))
+    if (TellsNoTimes(GetFormatName()) || CountsByRate(GetFormatName(), *GetStream(stream).codecpar) ||
+        ChunkTimes::AreNeeded(GetFormatName(), GetStream(stream)))
         return false;
     if (clock)
         return SeekToEntry(stream, timestamp);

@@ -4,6 +4,7 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Demux/AnchorTimes.h"
+#include "Kestra/FF/Demux/ChunkTimes.h"
 #include "Kestra/FF/Demux/FieldPairs.h"
 #include "Kestra/FF/Demux/OrderTimes.h"
 #include "Kestra/FF/Demux/RepeatedTimes.h"
@@ -101,6 +102,7 @@ private:
     std::shared_ptr<const TimestampMap> clock;
     bool fromStart = true; ///< nothing has been sought since the file was opened
     // Each holds what was read and not yet given.
+    ChunkTimes chunkTimes;
     RepeatedTimes repeatedTimes;
     FieldPairs fieldPairs;
     OrderTimes orderTimes;

@@ -13,15 +13,16 @@ std::int64_t RoundedUp(std::int64_t value, std::int64_t unit) {
     return (value + unit - 1) / unit * unit;
 }
 
-// AVI does not tell it; of most codecs it is always the same.
-int SamplesOfBlock(AVCodecParameters audio) {
-    return std::max(av_get_audio_frame_duration2(&audio, 0), 1);
+// AVI does not tell it; of most codecs it is always the same, of others it is that of the first one.
+int SamplesOfBlock(const ChunkStart& start, AVCodecParameters audio) {
+    const int told = av_get_audio_frame_duration2(&audio, 0);
+    return std::max(told > 0 ? told : start.block, 1);
 }
 
 // For audio that has to begin earlier than the picture, libav's writer moves all by whole blocks of it, then pictures
 // by whole chunks.
 std::int64_t PaddingFor(const ChunkStart& start, std::int64_t priming, const AVCodecParameters& audio) {
-    const std::int64_t blocks = RoundedUp(priming, SamplesOfBlock(audio));
+    const std::int64_t blocks = RoundedUp(priming, SamplesOfBlock(start, audio));
     return RoundedUp(SamplesToTime(blocks, audio.sample_rate), start.period);
 }
 
@@ -36,7 +37,7 @@ ChunkShift AlignChunks(const ChunkStart& start, const AVCodecParameters& audio) 
     const std::int64_t lead = start.shown + shift.firstFrame - start.first;
     const std::int64_t ahead = SamplesToTime(priming, audio.sample_rate);
     // Less than half a block is none to the writer, and moves no picture.
-    if (lead > 0 || (lead == 0 && 2 * priming < SamplesOfBlock(audio)))
+    if (lead > 0 || (lead == 0 && 2 * priming < SamplesOfBlock(start, audio)))
         shift.audio = lead - ahead;
     return shift;
 }

@@ -14,6 +14,7 @@ struct ChunkStart {
     std::int64_t shown = 0;  ///< when the first picture is shown
     std::int64_t period = 0; ///< of the pictures
     bool byLibav = false;    ///< written by libav
+    int block = 0;           ///< samples in the first block of sound
 };
 
 /// What is to be added to times of the container; engine time.

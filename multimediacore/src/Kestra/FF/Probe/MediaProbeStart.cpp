@@ -53,8 +53,12 @@ std::int64_t MediaProbe::AlignChunkedTracks() {
     const char* const tag = fragments ? "encoder" : "software";
     const AVDictionaryEntry* writer = av_dict_get(demuxer.GetContext().metadata, tag, nullptr, 0);
     const bool byLibav = writer && std::strncmp(writer->value, "Lavf", 4) == 0;
-    const ChunkStart start{video.firstDecodeTime, video.secondDecodeTime, video.start, FramesToTime(1, rate.rate),
-                           byLibav};
+    const ChunkStart start{video.firstDecodeTime,
+                           video.secondDecodeTime,
+                           video.start,
+                           FramesToTime(1, rate.rate),
+                           byLibav,
+                           audio.first ? audio.first->nb_samples : 0};
     const AVCodecParameters& sound = *demuxer.GetStream(audio.index).codecpar;
     const std::int64_t tick = ToEngineTime(1, demuxer.GetStream(video.index).time_base);
     ChunkShift shift = fragments ? AlignFragments(start, sound, tick) : AlignChunks(start, sound);
