@@ -79,6 +79,10 @@ std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::C
            " pictures that it shows are not there, the first one is \"" + sequence.nameOf(index) + '"';
 }
 
+Finding found(Finding::Kind kind, const std::string& text) {
+    return {kind, {}, {}, text};
+}
+
 std::string labelled(const char* what, const std::string& name) {
     return name.empty() ? std::string(what) : std::string(what) + " \"" + name + '"';
 }
@@ -128,48 +132,49 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
             const auto* const clip = std::get_if<Timeline::Clip>(&item.content);
             if (!clip)
                 continue;
-            Finding::Kind severity = Finding::Kind::Error;
-            const std::string trouble = troubleOf(*clip, track.kind(), item.duration, severity);
-            if (!trouble.empty())
-                findings.push_back({severity, trackPlace + ", " + labelled("clip", item.name), {}, trouble});
+            if (auto finding = findingOf(*clip, track.kind(), item.duration)) {
+                finding->place = trackPlace + ", " + labelled("clip", item.name);
+                findings.push_back(std::move(*finding));
+            }
         }
     }
 }
 
-std::string TimelineMedia::troubleOf(const Timeline::Clip& clip, Track::Kind kind, Ticks duration,
-                                     Finding::Kind& severity) {
+std::optional<Finding> TimelineMedia::findingOf(const Timeline::Clip& clip, Track::Kind kind, Ticks duration) {
     if (const auto* file = std::get_if<Timeline::MediaFile>(&clip.media.target))
-        return troubleOf(*file, clip, kind, duration, severity);
-    if (const auto* sequence = std::get_if<Timeline::ImageSequence>(&clip.media.target)) {
-        const bool refused = sequence->missing == Timeline::ImageSequence::MissingFrames::Refused;
-        severity = refused ? Finding::Kind::MissingMedia : Finding::Kind::Warning;
-        return kind == Track::Kind::Video ? ExportCore::troubleOf(*sequence, clip, duration)
-                                          : "pictures stand among sound";
-    }
-    return {};
+        return findingOf(*file, clip, kind, duration);
+    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&clip.media.target);
+    if (!sequence)
+        return std::nullopt;
+    if (kind != Track::Kind::Video)
+        return found(Finding::Kind::Error, "pictures stand among sound");
+    const std::string trouble = troubleOf(*sequence, clip, duration);
+    if (trouble.empty())
+        return std::nullopt;
+    const bool refused = sequence->missing == Timeline::ImageSequence::MissingFrames::Refused;
+    return found(refused ? Finding::Kind::MissingMedia : Finding::Kind::Warning, trouble);
 }
 
-std::string TimelineMedia::troubleOf(const Timeline::MediaFile& file, const Timeline::Clip& clip, Track::Kind kind,
-                                     Ticks duration, Finding::Kind& severity) {
+std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
+                                                Track::Kind kind, Ticks duration) {
     const std::string name = "its media \"" + file.path.ToUtf8() + "\" ";
     const Look& look = lookAt(file.path);
     if (const auto* why = std::get_if<std::string>(&look))
-        return name + "cannot be opened: " + *why;
+        return found(Finding::Kind::Error, name + "cannot be opened: " + *why);
     const auto& info = std::get<MediaInfo>(look);
     if (!hasKind(info, kind))
-        return name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound");
+        return found(Finding::Kind::Error, name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound"));
     // Without an origin the media's own time code would have to be known. A still picture lasts for ever.
     if (!clip.origin || (info.video && info.video->stillPicture))
-        return {};
+        return std::nullopt;
     const Shown shown = shownBy(clip, duration);
     const Ticks beyond = std::max(Ticks(0) - shown.first, shown.last - Ticks(info.duration));
     const std::int64_t period =
         info.video && info.video->frameRate > 0 ? Kestra::FramesToTime(1, info.video->frameRate) : 0;
     if (beyond <= Ticks(std::max(period, Kestra::TICKS_PER_MILLISECOND)))
-        return {};
-    severity = Finding::Kind::Warning;
-    return name + "lasts " + inMilliseconds(Ticks(info.duration)) + "; the clip goes " + inMilliseconds(beyond) +
-           " beyond it";
+        return std::nullopt;
+    return found(Finding::Kind::Warning, name + "lasts " + inMilliseconds(Ticks(info.duration)) + "; the clip goes " +
+                                             inMilliseconds(beyond) + " beyond it");
 }
 
 } // namespace ExportCore

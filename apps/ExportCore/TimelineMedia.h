@@ -30,10 +30,11 @@ private:
 
     const Look& lookAt(const Kestra::ioPath& path);
     void check(const Timeline::Stack& stack, const std::string& place, std::vector<Timeline::Finding>& findings);
-    std::string troubleOf(const Timeline::Clip& clip, Timeline::Track::Kind kind, Kestra::Ticks duration,
-                          Timeline::Finding::Kind& severity);
-    std::string troubleOf(const Timeline::MediaFile& file, const Timeline::Clip& clip, Timeline::Track::Kind kind,
-                          Kestra::Ticks duration, Timeline::Finding::Kind& severity);
+    /// Without a place.
+    std::optional<Timeline::Finding> findingOf(const Timeline::Clip& clip, Timeline::Track::Kind kind,
+                                               Kestra::Ticks duration);
+    std::optional<Timeline::Finding> findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
+                                               Timeline::Track::Kind kind, Kestra::Ticks duration);
 
     const Kestra::Proc::MediaLimits limits;
     std::map<std::string, Look> looks;

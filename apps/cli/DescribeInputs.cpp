@@ -24,11 +24,6 @@ QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
 
-QString rateText(const boost::rational<long long>& rate) {
-    return rate.denominator() == 1 ? QString::number(rate.numerator())
-                                   : QString::number(rate.numerator()) + key("/") + QString::number(rate.denominator());
-}
-
 qint64 milliseconds(std::int64_t time) {
     return Types::fromAvTime(time).milliseconds();
 }
@@ -38,7 +33,7 @@ QJsonObject objectOf(const VideoTrackInfo& video) {
             {key("width"), static_cast<int>(video.frame.width)},
             {key("height"), static_cast<int>(video.frame.height)},
             {key("pixelFormat"), text(video.pixelFormat)},
-            {key("frameRate"), rateText(video.frameRate)},
+            {key("frameRate"), fractionText(video.frameRate)},
             {key("variableFrameRate"), video.variableFrameRate},
             {key("rotation"), video.rotation},
             {key("interlaced"), video.interlaced},
@@ -76,7 +71,7 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
                    text(ExportCore::TimeText::format(Types::fromAvTime(info.duration)));
     if (const auto& video = info.video)
         line += key(", ") + text(video->codec) + key(" %1x%2 ").arg(video->frame.width).arg(video->frame.height) +
-                text(video->pixelFormat) + key(", ") + rateText(video->frameRate) +
+                text(video->pixelFormat) + key(", ") + fractionText(video->frameRate) +
                 key(video->variableFrameRate ? " fps (variable)" : " fps");
     if (const auto& audio = info.audio)
         line += key(", ") + text(audio->codec) + key(" %1 Hz, %2 ").arg(audio->sampleRate).arg(audio->channels) +

@@ -53,6 +53,11 @@ QJsonArray remarks(const QStringList& sentences, const QHash<QString, QString>& 
 
 } // namespace
 
+QString fractionText(const boost::rational<long long>& value) {
+    const QString numerator = QString::number(value.numerator());
+    return value.denominator() == 1 ? numerator : numerator + key("/") + QString::number(value.denominator());
+}
+
 std::string jsonLine(const QJsonObject& object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
 }

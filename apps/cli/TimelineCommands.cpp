@@ -37,7 +37,7 @@ std::string mediaOf(const Timeline::Clip& clip) {
         return sequence->folder.ToUtf8() + '/' + sequence->nameOf(0) + " ...";
     if (const auto* missing = std::get_if<Timeline::MissingMedia>(&target))
         return missing->url + " (" + missing->why + ')';
-    return "made";
+    return nameOf(std::get<Timeline::Generator>(target).kind);
 }
 
 std::string speedOf(const Timeline::Excerpt& excerpt) {
@@ -45,7 +45,7 @@ std::string speedOf(const Timeline::Excerpt& excerpt) {
         return {};
     if (excerpt.speed == 0)
         return ", frozen";
-    return ", speed " + std::to_string(boost::rational_cast<double>(excerpt.speed));
+    return ", speed " + fractionText(excerpt.speed).toStdString();
 }
 
 void print(const Timeline::Stack& stack, const std::string& indent);
@@ -83,12 +83,7 @@ const char* labelOf(Finding::Kind kind) {
     return kind == Finding::Kind::Warning ? "warning" : "error";
 }
 
-} // namespace
-
-bool isTimeline(const std::string& input) {
-    return Timeline::OtioReader().reads(Kestra::ioPath(input));
-}
-
+/// With the findings about its media as well.
 Timeline::Reading readTimeline(const std::string& input, const Options& options) {
     ExportCore::TimelineMedia media(options.mediaLimits);
     Timeline::ReadingOptions reading;
@@ -104,6 +99,12 @@ Timeline::Reading readTimeline(const std::string& input, const Options& options)
     for (Finding& finding : media.check(*result.document))
         result.findings.push_back(std::move(finding));
     return result;
+}
+
+} // namespace
+
+bool isTimeline(const std::string& input) {
+    return Timeline::OtioReader().reads(Kestra::ioPath(input));
 }
 
 bool describeTimeline(const std::string& input, const Options& options, QJsonObject* json) {

@@ -10,13 +10,11 @@ namespace Cli {
 /// Whether the input is to be read as a timeline, by its name.
 bool isTimeline(const std::string& input);
 
-/// The timeline, with its findings about media as well.
-Timeline::Reading readTimeline(const std::string& input, const Options& options);
-
-/// Prints it, unless `json` takes it. Its findings are warnings; whether one of them is an error.
+/// Prints the timeline, and its findings on standard error, or puts both into `json` unless that is null. Returns
+/// whether there is a timeline; findings alone make none unreadable.
 bool describeTimeline(const std::string& input, const Options& options, QJsonObject* json);
 
-/// Prints every finding of every timeline and returns the exit code.
+/// Prints every finding of every timeline. Returns EXIT_BAD_INPUT when there are others than warnings.
 int validateTimelines(const Options& options);
 
 } // namespace Cli

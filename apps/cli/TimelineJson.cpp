@@ -27,28 +27,18 @@ QJsonArray arrayOf(const std::vector<Timeline::Marker>& markers) {
     return array;
 }
 
-QString rational(const boost::rational<long long>& value) {
-    const QString numerator = QString::number(value.numerator());
-    return value.denominator() == 1 ? numerator : numerator + key("/") + QString::number(value.denominator());
-}
-
 /// Adds what kind of medium it is, and which.
 void describe(QJsonObject& object, const Timeline::MediaTarget& target) {
     if (const auto* file = std::get_if<Timeline::MediaFile>(&target)) {
         object.insert(key("media"), text(file->path.ToUtf8()));
     } else if (const auto* sequence = std::get_if<Timeline::ImageSequence>(&target)) {
         object.insert(key("media"), text(sequence->folder.ToUtf8() + '/' + sequence->nameOf(0)));
-        object.insert(key("pictureRate"), rational(sequence->rate));
+        object.insert(key("pictureRate"), fractionText(sequence->rate));
     } else if (const auto* missing = std::get_if<Timeline::MissingMedia>(&target)) {
         object.insert(key("media"), text(missing->url));
         object.insert(key("missing"), text(missing->why));
     } else {
-        static const std::map<Timeline::Generator::Kind, const char*> names{
-            {Timeline::Generator::Kind::Bars, "bars"},
-            {Timeline::Generator::Kind::Colour, "color"},
-            {Timeline::Generator::Kind::Tone, "tone"},
-            {Timeline::Generator::Kind::Silence, "silence"}};
-        object.insert(key("generator"), key(names.at(std::get<Timeline::Generator>(target).kind)));
+        object.insert(key("generator"), key(nameOf(std::get<Timeline::Generator>(target).kind)));
     }
 }
 
@@ -57,7 +47,7 @@ QJsonObject stackOf(const Timeline::Stack& stack);
 void describe(QJsonObject& object, const Timeline::Excerpt& excerpt, Ticks origin) {
     object.insert(key("mediaStartMs"), milliseconds(excerpt.start - origin));
     if (excerpt.speed != 1)
-        object.insert(key("speed"), rational(excerpt.speed));
+        object.insert(key("speed"), fractionText(excerpt.speed));
 }
 
 QJsonObject itemOf(const Timeline::Item& item, Ticks start) {
@@ -128,6 +118,20 @@ const char* nameOf(Timeline::Finding::Kind kind) {
 }
 
 } // namespace
+
+const char* nameOf(Timeline::Generator::Kind kind) {
+    switch (kind) {
+    case Timeline::Generator::Kind::Bars:
+        return "bars";
+    case Timeline::Generator::Kind::Colour:
+        return "color";
+    case Timeline::Generator::Kind::Tone:
+        return "tone";
+    case Timeline::Generator::Kind::Silence:
+        break;
+    }
+    return "silence";
+}
 
 QJsonArray jsonOf(const std::vector<Timeline::Finding>& findings) {
     QJsonArray array;

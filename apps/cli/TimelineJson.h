@@ -7,6 +7,8 @@
 
 namespace Cli {
 
+/// "bars", "color", "tone", "silence".
+const char* nameOf(Timeline::Generator::Kind kind);
 QJsonArray jsonOf(const std::vector<Timeline::Finding>& findings);
 /// Without its findings.
 QJsonObject jsonOf(const Timeline::Document& document);

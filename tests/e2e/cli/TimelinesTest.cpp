@@ -86,6 +86,19 @@ TEST_F(Timelines, AreListedClipByClip) {
     EXPECT_EQ(first[QStringLiteral("media")].toString().toStdString(), *media / "both.mov");
 }
 
+TEST_F(Timelines, AreListedWithTheirSpeedsAndWhatIsMade) {
+    const std::string bars =
+        R"({"OTIO_SCHEMA":"Clip.1","name":"bars","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+        timeOf(0) + R"(,"duration":)" + timeOf(25) +
+        R"(},"media_reference":{"OTIO_SCHEMA":"GeneratorReference.1","generator_kind":"SMPTEBars","parameters":{}}})";
+    const std::string slow = R"(,"effects":[{"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":0.75}])";
+    const Result text = run({"info", write(clipOf("slow", "both.mov", 0, 25, slow) + ',' + bars, {})});
+    EXPECT_EQ(text.code, 0) << text.errors.toStdString();
+    EXPECT_TRUE(text.output.contains(QStringLiteral("both.mov from 00:00:00.000, speed 3/4\n")))
+        << text.output.toStdString();
+    EXPECT_TRUE(text.output.contains(QStringLiteral("clip \"bars\" of bars from "))) << text.output.toStdString();
+}
+
 TEST_F(Timelines, ThatAreRightAreValid) {
     const std::string cut = write(clipOf("a", "both.mov", 5, 25), clipOf("s", "both.mov", 5, 25));
     const Result result = run({"validate", cut});
@@ -136,6 +149,9 @@ TEST_F(Timelines, TellWhichPicturesOfASequenceAreMissing) {
                timeOf(0) + R"(,"duration":)" + timeOf(frames) + "}}}";
     };
     EXPECT_EQ(run({"validate", write(sequence(2), {})}).code, 0);
+    const Result heard = run({"validate", write(clipOf("a", "both.mov", 0, 10), sequence(2))});
+    EXPECT_EQ(heard.code, 2);
+    EXPECT_TRUE(heard.output.contains(QStringLiteral("pictures stand among sound"))) << heard.output.toStdString();
     const Result some = run({"validate", write(sequence(5), {})});
     EXPECT_EQ(some.code, 2);
     EXPECT_TRUE(some.output.contains(

@@ -6,31 +6,12 @@
 #include "Export/ExportStreams.h"
 #include "FastTrack/View.h"
 #include "Media/View.h"
-#include "unit/message/Steps.h"
+#include "unit/message/RealViews.h"
 #include "unit/stream/FakeStream.h"
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace Sweep {
-
-/// What a view tells, for who listens. `T` is the object's type.
-template <class T>
-class Telling {
-public:
-    std::function<void(Hook hook, const T* object, const T* before, const T* after)> onHook; ///< may destroy the view
-    std::function<void(const std::string& part)> onPart;
-
-protected:
-    void tell(Hook hook, const T* object, const T* before = nullptr, const T* after = nullptr) {
-        if (const auto action = onHook) // a copy, as it may go with the view
-            action(hook, object, before, after);
-    }
-    void part(const std::string& name) {
-        if (onPart)
-            onPart(name);
-    }
-};
 
 inline std::string flagText(const char* name, bool on) {
     return std::string(on ? "" : "not ") + name;

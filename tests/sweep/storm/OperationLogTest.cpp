@@ -3,7 +3,6 @@
 #include "sweep/storm/OperationLog.h"
 #include "sweep/ReferenceExport.h"
 #include "sweep/storm/AllKinds.h"
-#include "sweep/storm/RealViews.h"
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,129 +1,29 @@
 // Random steps over several views on one bus, against a plain model of what views promise.
+#include "unit/message/RealViews.h"
 #include "unit/message/RecordingView.h"
 #include "unit/message/ViewModel.h"
 #include <gtest/gtest.h>
-#include <memory>
 #include <rapidcheck.h>
-#include <set>
 
 namespace {
 
-/// The same steps on real views.
-class Real {
-public:
-    Real() {
-        for (int index = 0; index < VIEWS; ++index)
-            place(index, std::make_unique<RecordingView>(std::to_string(index), names, log));
-    }
+struct ItemKind {
+    using Object = Item;
 
-    void run(const Step& step) {
-        reactions.arm(step.reactions);
-        run(step.operation);
-    }
+    static void set(Item& item, int number) { item.number = number; }
+    static int numberOf(const Item& item) { return item.number; }
 
-    Log log;
-    std::array<Item, ITEMS> items;
-    std::array<std::unique_ptr<RecordingView>, VIEWS> views;
-
-private:
-    void place(int index, std::unique_ptr<RecordingView> view) {
-        for (int hook = 0; hook < HOOKS; ++hook)
-            view->actions[nameOf(Hook(hook))] = [this, index, hook] {
-                log.push_back("  table " + tableText(index));
-                if (const auto operation = reactions.take(index, Hook(hook)))
-                    run(*operation);
-            };
-        views[index] = std::move(view);
-    }
-
-    std::string tableText(int index) const {
-        std::string text;
-        for (const Item& item : items)
-            text += !views[index]->isObserved(&item) ? '-' : views[index]->isOwned(&item) ? 'O' : 'o';
-        return text;
-    }
-
-    void run(const Operation& operation) {
-        const std::string name = std::to_string(operation.view);
-        if (operation.kind == Kind::Destroy) {
-            views[operation.view].reset(); // first, so that the next one often lies at the same address
-            place(operation.view, std::make_unique<RecordingView>(name, names, log));
-        } else if (operation.kind == Kind::Copy)
-            place(operation.view, std::make_unique<RecordingView>(name, *views[operation.value % VIEWS]));
-        else
-            runOn(*views[operation.view], operation);
-    }
-
-    void runOn(RecordingView& view, const Operation& operation) {
-        Item* item = &items[operation.item];
-        switch (operation.kind) {
-        case Kind::Own:
-            view.own(item)->number = operation.value;
-            return;
-        case Kind::Add:
-            view.add(item)->number = operation.value;
-            return;
-        case Kind::Change:
-            view.change(item)->number = operation.value;
-            return;
-        case Kind::ChangeFirst:
-            view.change(nullptr)->number = operation.value;
-            return;
-        case Kind::Remove:
-            return view.remove(item);
-        case Kind::RemoveFirst:
-            return view.remove(nullptr);
-        case Kind::Observe:
-            return view.observe(item);
-        case Kind::Forget:
-            return view.forget(item);
-        case Kind::ObserveNew:
-            return view.observeNew(operation.isOn());
-        case Kind::ObserveAll:
-            return view.observeAll();
-        case Kind::ProcessAdds:
-            return view.processAddRequests(operation.isOn());
-        case Kind::Destroy:
-        case Kind::Copy:
-            return;
+    class View : public Message::View<Item>, public Telling<Item> {
+    protected:
+        void added(const Item* item) override { tell(Hook::Added, item); }
+        void changed(const Item* item, const Item* before, const Item* after) override {
+            tell(Hook::Changed3, item, before, after);
         }
-    }
-
-    Namer names{items.data(), ITEMS};
-    BusSpy spy{names, log};
-    Reactions reactions;
+        void changed(const Item* item, const Item* before) override { tell(Hook::Changed2, item, before); }
+        void changed(const Item* item) override { tell(Hook::Changed1, item); }
+        void removed(const Item* item) override { tell(Hook::Removed, item); }
+    };
 };
-
-int indexOf(const Real& real, const Item* item) {
-    return static_cast<int>(item - real.items.data());
-}
-
-void compareView(const ViewModel::State& model, const Real& real, const RecordingView& view) {
-    std::map<int, bool> table;
-    for (const Item* item : view.objects())
-        table[indexOf(real, item)] = view.isOwned(item);
-    RC_ASSERT(table == model.table);
-    RC_ASSERT(view.object() == (model.table.empty() ? nullptr : &real.items[model.table.begin()->first]));
-    for (int index = 0; index < ITEMS; ++index) {
-        const Item* item = &real.items[index];
-        const bool there = model.table.count(index) != 0;
-        RC_ASSERT(view.isObserved(item) == there);
-        RC_ASSERT(view.ownerPointer(item) == (model.owns(index) || !there ? item : nullptr));
-        RC_ASSERT(view.ownedPtr(item) == (model.owns(index) ? item : nullptr));
-    }
-}
-
-void compare(const ViewModel& model, const Real& real) {
-    RC_ASSERT(real.log == model.log);
-    for (int item = 0; item < ITEMS; ++item)
-        RC_ASSERT(real.items[item].number == model.numbers[item]);
-    for (int index = 0; index < VIEWS; ++index)
-        compareView(model.view(index), real, *real.views[index]);
-    std::set<int> everywhere;
-    for (const Item* item : real.views[0]->enumerateAll())
-        everywhere.insert(indexOf(real, item));
-    RC_ASSERT(everywhere == model.ownedItems());
-}
 
 rc::Gen<Operation> anyOperation() {
     return rc::gen::map(
@@ -180,13 +80,13 @@ void runBoth(int reactions, std::array<int, KINDS>& reentered) {
     const auto history = rc::gen::scale(3.0, rc::gen::container<std::vector<Step>>(anyStep(reactions)));
     for (int round = 0; round < 4; ++round) {
         ViewModel model;
-        Real real;
+        RealViews<ItemKind> real;
         for (const Step& step : *history) {
             model.log.clear();
             real.log.clear();
             model.run(step);
             real.run(step);
-            compare(model, real);
+            RC_ASSERT(real.differenceTo(model) == "");
         }
         for (int kind = 0; kind < KINDS; ++kind)
             reentered[kind] += model.reentered[kind];

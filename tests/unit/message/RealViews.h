@@ -1,17 +1,34 @@
-// Sweep::RealViews: steps of an operation log done to the editor's own views of a kind of objects.
+// Steps done to the product's own views of a kind of objects, and what they come to against the model's.
 #pragma once
 
-#include "sweep/storm/Kinds.h"
 #include "unit/message/BusSpy.h"
 #include "unit/message/ViewModel.h"
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
 
-namespace Sweep {
+/// What a view tells, for who listens. `T` is the object's type.
+template <class T>
+class Telling {
+public:
+    std::function<void(Hook hook, const T* object, const T* before, const T* after)> onHook; ///< may destroy the view
+    std::function<void(const std::string& part)> onPart;
 
+protected:
+    void tell(Hook hook, const T* object, const T* before = nullptr, const T* after = nullptr) {
+        if (const auto action = onHook) // a copy, as it may go with the view
+            action(hook, object, before, after);
+    }
+    void part(const std::string& name) {
+        if (onPart)
+            onPart(name);
+    }
+};
+
+/// ObjectKind has the type of the objects, what a number means in one (set, numberOf), and a View that is Telling.
 template <class ObjectKind>
 class RealViews {
     using T = typename ObjectKind::Object;
@@ -140,5 +157,3 @@ private:
     Reactions reactions;
     std::array<std::unique_ptr<View>, VIEWS> views;
 };
-
-} // namespace Sweep
