@@ -148,6 +148,16 @@ public:
     Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>&, std::int64_t) override {
         throw std::logic_error("nobody asks for this");
     }
+    boost::intrusive_ptr<Proc::IFrameBlender>
+    CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>&) override {
+        throw std::logic_error("nobody asks for this");
+    }
+    boost::intrusive_ptr<Proc::ISampleMixer> CreateSampleMixer(const Conf::SampleInfo&) override {
+        throw std::logic_error("nobody asks for this");
+    }
+    Audio CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) override {
+        throw std::logic_error("nobody asks for this");
+    }
 
 private:
     const Record record;

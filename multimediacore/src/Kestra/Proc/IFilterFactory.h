@@ -3,12 +3,16 @@
 
 #include "Kestra/Proc/IConcatenation.h"
 #include "Kestra/Proc/IEffectHost.h"
+#include "Kestra/Proc/IFrameBlender.h"
+#include "Kestra/Proc/ISampleMixer.h"
 #include "Kestra/Proc/IStreamAudio.h"
 #include "Kestra/Proc/IStreamVideo.h"
 #include "Kestra/Proc/ImplNames.h"
+#include "Kestra/Proc/Settings/Pitch.h"
 #include "Kestra/Proc/Settings/SettingsFilterDurationTrimmer.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include "Kestra/Proc/Settings/SettingsResizer.h"
+#include <boost/rational.hpp>
 #include <string>
 
 namespace Kestra::Proc {
@@ -50,6 +54,16 @@ public:
     /// `duration` of black in the format's frame, rate and colour.
     virtual Video CreateBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format, std::int64_t duration) = 0;
     virtual Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format, std::int64_t duration) = 0;
+    /// For frames of the format's size, in its pixel format or the sibling with alpha (Conf::BlendFormats); results
+    /// likewise, with its colour tags and shape of pixels. Throws std::invalid_argument for a null format or one
+    /// without a size, ProcException (NotSupported) for a pixel format that is of no pair.
+    virtual boost::intrusive_ptr<IFrameBlender>
+    CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) = 0;
+    /// Throws std::invalid_argument for sample formats but FLTP and DBLP, and for a format with anything open.
+    virtual boost::intrusive_ptr<ISampleMixer> CreateSampleMixer(const Conf::SampleInfo& format) = 0;
+    /// `source` at `speed` times its own, 1/100 to 100 (others: std::invalid_argument): exactly round(samples / speed)
+    /// samples, the first one at time 0.
+    virtual Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Pitch pitch) = 0;
 };
 
 } // namespace Kestra::Proc

@@ -10,11 +10,13 @@
 #include "Kestra/Proc/IEffectHost.h"
 #include "Kestra/Proc/IEffectVideo.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/IFrameBlender.h"
 #include "Kestra/Proc/IMediaSource.h"
 #include "Kestra/Proc/IMuxer.h"
 #include "Kestra/Proc/IMuxerFactory.h"
 #include "Kestra/Proc/IPacketSource.h"
 #include "Kestra/Proc/IProcessingEvents.h"
+#include "Kestra/Proc/ISampleMixer.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "Kestra/Proc/IStream.h"
 #include "Kestra/Proc/IStreamProcessor.h"
@@ -32,11 +34,13 @@ IEffectFactory::~IEffectFactory() = default;
 IEffectHost::~IEffectHost() = default;
 IEffectVideo::~IEffectVideo() = default;
 IFilterFactory::~IFilterFactory() = default;
+IFrameBlender::~IFrameBlender() = default;
 IMediaSource::~IMediaSource() = default;
 IMuxer::~IMuxer() = default;
 IMuxerFactory::~IMuxerFactory() = default;
 IPacketSource::~IPacketSource() = default;
 IProcessingEvents::~IProcessingEvents() = default;
+ISampleMixer::~ISampleMixer() = default;
 ISourceFactory::~ISourceFactory() = default;
 IStream::~IStream() = default;
 IStreamProcessor::~IStreamProcessor() = default;

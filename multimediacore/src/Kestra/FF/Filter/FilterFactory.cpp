@@ -7,6 +7,7 @@
 #include "Kestra/Proc/Filters/Concatenation.h"
 #include "Kestra/Proc/Filters/EffectHost.h"
 #include "Kestra/Proc/Filters/FrameSampler.h"
+#include "Kestra/Proc/Filters/NotImplemented.h"
 #include "Kestra/Proc/Filters/PreferredFrameRate.h"
 #include "Kestra/Proc/Filters/ReadAheadAudio.h"
 #include "Kestra/Proc/Filters/ReadAheadVideo.h"
@@ -70,6 +71,19 @@ FilterFactory::Video FilterFactory::CreateBlack(const boost::intrusive_ptr<Conf:
 FilterFactory::Audio FilterFactory::CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format,
                                                   std::int64_t duration) {
     return MakeSilence(format, duration);
+}
+
+boost::intrusive_ptr<Proc::IFrameBlender>
+FilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const Conf::SampleInfo&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+FilterFactory::Audio FilterFactory::CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) {
+    KESTRA_NOT_IMPLEMENTED();
 }
 
 std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory() {

@@ -31,6 +31,9 @@ public:
 
     /// Sides may be odd: the target's, and those of a source that is not scaled.
     bool oddSides = false;
+    /// Bars are transparent instead of black, in a format with alpha: the consumer's wish or its sibling
+    /// (Conf::BlendFormats), else the source's. A source that fills the target needs none and keeps its own.
+    bool transparentBars = false;
 
     /// The frame that a source frame comes out as. Sides are at least 2, and even unless they may be odd.
     Conf::FrameInfo GetOutputFrameSize(const Conf::FrameInfo& source) const;
