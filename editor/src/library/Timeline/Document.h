@@ -11,6 +11,8 @@ struct Document {
     std::shared_ptr<const Stack> tracks;        ///< never null
     std::optional<Kestra::Ticks> globalStart{}; ///< the time code at time 0
     std::string metadata{};                     ///< the timeline's own, as JSON; empty where there is none
+    /// Unless null, keeps alive what the document's media lie in: files unpacked from an archive.
+    std::shared_ptr<const void> resources{};
 
     Kestra::Ticks duration() const { return tracks->duration(); }
 };

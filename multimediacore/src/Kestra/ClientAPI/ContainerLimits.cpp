@@ -35,6 +35,22 @@ bool ContainerLimits::Holds(const std::string& container, CodecID codec) {
     return found != nullptr && std::find(found->codecs.begin(), found->codecs.end(), codec) != found->codecs.end();
 }
 
+bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) {
+    const Container* const found = Container::Find(container);
+    if (found == nullptr)
+        return false;
+    switch (field) {
+    case ProgrammeField::Title:
+    case ProgrammeField::Tags:
+        return true;
+    case ProgrammeField::TimeCode:
+        return found->timecode;
+    case ProgrammeField::Chapters:
+        return found->chapters;
+    }
+    return false;
+}
+
 std::vector<std::string> ContainerLimits::Extensions(const std::string& container, bool withPictures) {
     const Container* const found = Container::Find(container);
     if (found == nullptr)

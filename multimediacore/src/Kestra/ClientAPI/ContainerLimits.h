@@ -8,12 +8,17 @@
 
 namespace Kestra::ClientAPI {
 
+/// What Conf::ProgrammeInfo has of a programme.
+enum class ProgrammeField { Title, Tags, TimeCode, Chapters };
+
 /// Containers by their ids, as a format's description names them ("mp4", "mkv" ...). Of an id that is none everything
 /// is empty or false. Extensions are in lower case, without the dot.
 struct KESTRA_EXPORT ContainerLimits {
     static bool IsContainer(const std::string& container);
     /// The pairs that players and editors really read, not all that a muxer would write.
     static bool Holds(const std::string& container, Conf::CodecID codec);
+    /// Whether files of the container have a place for it. Of tags each container knows some keys; others may be lost.
+    static bool Holds(const std::string& container, ProgrammeField field);
     /// What files of the container are called, the usual one first; some belong to sound without pictures only.
     static std::vector<std::string> Extensions(const std::string& container, bool withPictures);
     /// Whether files so called are media or pictures of one certain kind, be it one that no container here is.

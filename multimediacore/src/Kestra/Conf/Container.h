@@ -16,6 +16,8 @@ struct KESTRA_EXPORT Container {
     const char* muxer; ///< as FFmpeg's libraries call it
     Family family;
     bool globalHeaders; ///< the encoders' headers are kept apart from the packets
+    bool timecode;      ///< it has a place for the first picture's time code
+    bool chapters;      ///< and one for chapters
     /// What players and editors really read, not all that a muxer would write.
     std::vector<CodecID> codecs;
     std::vector<std::string> extensions;        ///< the usual one first; in lower case, without the dot

@@ -51,6 +51,9 @@ struct MediaInfo {
     int videoTracks = 0;
     int audioTracks = 0;
     int otherTracks = 0;
+    /// Engine time of the first picture's time code: the number of the frame that it names, dropped ones not counted,
+    /// times the frame's period. Unset where there is none.
+    std::optional<std::int64_t> timecode{};
 };
 
 /// Damage that decoding concealed, or that ended a track early.

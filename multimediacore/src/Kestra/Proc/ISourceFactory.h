@@ -2,6 +2,8 @@
 
 #include "Kestra/Proc/IMediaSource.h"
 #include "Kestra/Proc/MediaLimits.h"
+#include "Kestra/Proc/Settings/SettingsGenerator.h"
+#include "Kestra/Proc/Settings/SettingsImageSequence.h"
 #include <atomic>
 
 namespace Kestra::Proc {
@@ -16,6 +18,22 @@ public:
     /// is read, makes it unreadable.
     virtual boost::intrusive_ptr<IMediaSource>
     OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted = nullptr, const MediaLimits& limits = {}) = 0;
+    /// A source of `settings.count` pictures without sound, evenly at the rate. All come in size and pixel format of
+    /// the first one that is there, whose path is the source's own. As OpenMedia, also of the limits, which hold for
+    /// each file; throws SourceNotFound where none of the files is there, std::invalid_argument for a rate, step or
+    /// count that is not positive. A file that is missing matters when its picture is read. A factory that has no such
+    /// sources throws NotSupported.
+    virtual boost::intrusive_ptr<IMediaSource> OpenSequence(const SettingsImageSequence& settings,
+                                                            const std::atomic<bool>* interrupted = nullptr,
+                                                            const MediaLimits& limits = {});
+    /// A source that makes its pictures or its sound, as long as the settings say. Its path is empty. Throws
+    /// std::invalid_argument for a negative duration, a rate that is not positive, and what else cannot be made:
+    /// pictures without a size, sound without channels. A factory that has no such sources throws NotSupported.
+    ///
+    /// Pictures are BT.709, limited, and share their pixels. Bars: of SMPTE RP 219 from a height of 720 on, of EG 1
+    /// below. A tone is a sine of 20 dB below full scale, the reference level of SMPTE RP 155; its phase counts from
+    /// time 0, wherever reading begins. Sound is in planar floating point.
+    virtual boost::intrusive_ptr<IMediaSource> CreateGenerator(const SettingsGenerator& settings);
 };
 
 } // namespace Kestra::Proc

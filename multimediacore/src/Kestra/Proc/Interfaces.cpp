@@ -1,4 +1,5 @@
 // The destructors of the interfaces that have nothing else: their tables of functions live in this library.
+#include "Kestra/Proc/Failure.h"
 #include "Kestra/Proc/ICodecFactory.h"
 #include "Kestra/Proc/IConcatenation.h"
 #include "Kestra/Proc/IData.h"
@@ -42,6 +43,16 @@ IPacketSource::~IPacketSource() = default;
 IProcessingEvents::~IProcessingEvents() = default;
 ISampleMixer::~ISampleMixer() = default;
 ISourceFactory::~ISourceFactory() = default;
+
+boost::intrusive_ptr<IMediaSource> ISourceFactory::OpenSequence(const SettingsImageSequence&, const std::atomic<bool>*,
+                                                                const MediaLimits&) {
+    Fail(TranscodingError::NotSupported, "This factory opens no sequences of pictures");
+}
+
+boost::intrusive_ptr<IMediaSource> ISourceFactory::CreateGenerator(const SettingsGenerator&) {
+    Fail(TranscodingError::NotSupported, "This factory makes neither pictures nor sound");
+}
+
 IStream::~IStream() = default;
 IStreamProcessor::~IStreamProcessor() = default;
 
