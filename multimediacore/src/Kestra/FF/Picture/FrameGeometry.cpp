@@ -29,6 +29,17 @@ int FirstComponent(const AVPixFmtDescriptor& descriptor, int plane) {
     return -1;
 }
 
+// Of a component that is none of the chroma planes of YUV.
+void ClearComponent(AVFrame& frame, const AVComponentDescriptor& component) {
+    const int bytes = (component.depth + component.shift + 7) / 8;
+    for (int y = 0; y < frame.height; ++y) {
+        std::uint8_t* sample = frame.data[component.plane] + component.offset +
+                               static_cast<std::ptrdiff_t>(y) * frame.linesize[component.plane];
+        for (int x = 0; x < frame.width; ++x, sample += component.step)
+            std::fill_n(sample, bytes, std::uint8_t{0});
+    }
+}
+
 } // namespace
 
 FrameHandle MakeView(const AVFrame& frame, const FrameRect& part) {
@@ -84,6 +95,17 @@ void FillBlack(AVFrame& frame, const FrameRect& part) {
     Check(av_image_fill_black(view->data, strides.data(), static_cast<AVPixelFormat>(view->format), view->color_range,
                               view->width, view->height),
           Proc::TranscodingError::FilterFailed, "Blackening a picture failed");
+}
+
+void FillClear(AVFrame& frame) {
+    const AVPixFmtDescriptor& descriptor = DescriptorOf(frame.format);
+    const bool rgb = (descriptor.flags & AV_PIX_FMT_FLAG_RGB) != 0;
+    if (!rgb)
+        FillBlack(frame, {0, 0, frame.width, frame.height});
+    const int alpha = (descriptor.flags & AV_PIX_FMT_FLAG_ALPHA) != 0 ? descriptor.nb_components - 1 : -1;
+    // Of red, green and blue nothing at all is black, in floating point as well.
+    for (int index = rgb ? 0 : alpha; index >= 0 && index < descriptor.nb_components; ++index)
+        ClearComponent(frame, descriptor.comp[index]);
 }
 
 void FillAround(AVFrame& frame, const FrameRect& part) {

@@ -26,6 +26,8 @@ FrameRect AlignToChroma(const FrameRect& rect, AVPixelFormat format, int width, 
 
 /// Blackens a part of the frame, by its format and range; alpha becomes opaque.
 void FillBlack(AVFrame& frame, const FrameRect& part);
+/// All of the frame black, and transparent where its format has alpha.
+void FillClear(AVFrame& frame);
 /// Blackens what lies around the part.
 void FillAround(AVFrame& frame, const FrameRect& part);
 

@@ -1,12 +1,19 @@
 #include "Kestra/FF/Source/SourceFactory.h"
 
 #include "Kestra/FF/Source/MediaSource.h"
+#include "Kestra/FF/Source/SequenceSource.h"
 
 namespace Kestra::FF {
 
 boost::intrusive_ptr<Proc::IMediaSource>
 SourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits) {
     return new MediaSource(path, interrupted, limits);
+}
+
+boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenSequence(const Proc::SettingsImageSequence& settings,
+                                                                     const std::atomic<bool>* interrupted,
+                                                                     const Proc::MediaLimits& limits) {
+    return new SequenceSource(settings, interrupted, limits);
 }
 
 std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory() {

@@ -10,6 +10,9 @@ public:
     boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
                                                        const std::atomic<bool>* interrupted = nullptr,
                                                        const Proc::MediaLimits& limits = {}) override;
+    boost::intrusive_ptr<Proc::IMediaSource> OpenSequence(const Proc::SettingsImageSequence& settings,
+                                                          const std::atomic<bool>* interrupted = nullptr,
+                                                          const Proc::MediaLimits& limits = {}) override;
 };
 
 std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory();
