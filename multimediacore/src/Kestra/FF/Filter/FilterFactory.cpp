@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Implementation.h"
 #include "Kestra/FF/Filter/Black.h"
+#include "Kestra/FF/Filter/FrameBlender.h"
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/Proc/Filters/Concatenation.h"
@@ -74,8 +75,8 @@ FilterFactory::Audio FilterFactory::CreateSilence(const boost::intrusive_ptr<Con
 }
 
 boost::intrusive_ptr<Proc::IFrameBlender>
-FilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>&) {
-    KESTRA_NOT_IMPLEMENTED();
+FilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) {
+    return MakeFrameBlender(format);
 }
 
 boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const Conf::SampleInfo&) {

@@ -7,6 +7,7 @@
 
 extern "C" {
 #include <libavutil/imgutils.h>
+#include <libavutil/intreadwrite.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -38,6 +39,22 @@ void ClearComponent(AVFrame& frame, const AVComponentDescriptor& component) {
         for (int x = 0; x < frame.width; ++x, sample += component.step)
             std::fill_n(sample, bytes, std::uint8_t{0});
     }
+}
+
+// libav blackens whole numbers only.
+void FillBlackFloat(AVFrame& frame) {
+    constexpr std::uint32_t ONE = 0x3F800000;
+    const AVPixFmtDescriptor& descriptor = DescriptorOf(frame.format);
+    const bool bigEndian = (descriptor.flags & AV_PIX_FMT_FLAG_BE) != 0;
+    for (int plane = 0; plane < descriptor.nb_components; ++plane)
+        for (int y = 0; y < frame.height; ++y) {
+            std::uint8_t* const row = frame.data[plane] + static_cast<std::ptrdiff_t>(y) * frame.linesize[plane];
+            for (int x = 0; x < frame.width; ++x)
+                if (bigEndian)
+                    AV_WB32(row + std::ptrdiff_t{4} * x, plane == 3 ? ONE : 0);
+                else
+                    AV_WL32(row + std::ptrdiff_t{4} * x, plane == 3 ? ONE : 0);
+        }
 }
 
 } // namespace
@@ -90,6 +107,8 @@ void FillBlack(AVFrame& frame, const FrameRect& part) {
     if (part.width <= 0 || part.height <= 0)
         return;
     const FrameHandle view = MakeView(frame, part);
+    if (DescriptorOf(view->format).flags & AV_PIX_FMT_FLAG_FLOAT)
+        return FillBlackFloat(*view);
     std::array<std::ptrdiff_t, 4> strides{};
     std::copy_n(view->linesize, strides.size(), strides.begin());
     Check(av_image_fill_black(view->data, strides.data(), static_cast<AVPixelFormat>(view->format), view->color_range,
@@ -108,13 +127,19 @@ void FillClear(AVFrame& frame) {
         ClearComponent(frame, descriptor.comp[index]);
 }
 
-void FillAround(AVFrame& frame, const FrameRect& part) {
+void FillAround(AVFrame& frame, const FrameRect& part, bool transparent) {
     const int right = part.x + part.width;
     const int bottom = part.y + part.height;
-    FillBlack(frame, {0, 0, frame.width, part.y});
-    FillBlack(frame, {0, bottom, frame.width, frame.height - bottom});
-    FillBlack(frame, {0, part.y, part.x, part.height});
-    FillBlack(frame, {right, part.y, frame.width - right, part.height});
+    const auto fill = [&frame, transparent](const FrameRect& bar) {
+        if (transparent && bar.width > 0 && bar.height > 0)
+            FillClear(*MakeView(frame, bar));
+        else
+            FillBlack(frame, bar);
+    };
+    fill({0, 0, frame.width, part.y});
+    fill({0, bottom, frame.width, frame.height - bottom});
+    fill({0, part.y, part.x, part.height});
+    fill({right, part.y, frame.width - right, part.height});
 }
 
 } // namespace Kestra::FF

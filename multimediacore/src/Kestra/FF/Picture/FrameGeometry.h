@@ -28,7 +28,7 @@ FrameRect AlignToChroma(const FrameRect& rect, AVPixelFormat format, int width, 
 void FillBlack(AVFrame& frame, const FrameRect& part);
 /// All of the frame black, and transparent where its format has alpha.
 void FillClear(AVFrame& frame);
-/// Blackens what lies around the part.
-void FillAround(AVFrame& frame, const FrameRect& part);
+/// Blackens what lies around the part, or clears it.
+void FillAround(AVFrame& frame, const FrameRect& part, bool transparent = false);
 
 } // namespace Kestra::FF
