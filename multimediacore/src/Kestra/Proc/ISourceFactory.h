@@ -28,11 +28,13 @@ public:
                                                             const MediaLimits& limits = {});
     /// A source that makes its pictures or its sound, as long as the settings say. Its path is empty. Throws
     /// std::invalid_argument for a negative duration, a rate that is not positive, and what else cannot be made:
-    /// pictures without a size, sound without channels. A factory that has no such sources throws NotSupported.
+    /// pictures without a size, sound without channels, a tone of half the sample rate or more. A factory that has no
+    /// such sources throws NotSupported.
     ///
-    /// Pictures are BT.709, limited, and share their pixels. Bars: of SMPTE RP 219 from a height of 720 on, of EG 1
-    /// below. A tone is a sine of 20 dB below full scale, the reference level of SMPTE RP 155; its phase counts from
-    /// time 0, wherever reading begins. Sound is in planar floating point.
+    /// Pictures are limited YUV of eight bits, BT.601 in the sizes of standard definition and BT.709 in others, and
+    /// share their pixels. Bars are those of SMPTE EG 1 and RP 219, respectively, as libavfilter draws them. A tone is
+    /// a sine of 20 dB below full scale, the reference level of SMPTE RP 155; its phase counts from time 0, wherever
+    /// reading begins. Sound is in planar floating point.
     virtual boost::intrusive_ptr<IMediaSource> CreateGenerator(const SettingsGenerator& settings);
 };
 

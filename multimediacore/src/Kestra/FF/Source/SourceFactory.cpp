@@ -1,5 +1,6 @@
 #include "Kestra/FF/Source/SourceFactory.h"
 
+#include "Kestra/FF/Source/GeneratorSource.h"
 #include "Kestra/FF/Source/MediaSource.h"
 #include "Kestra/FF/Source/SequenceSource.h"
 
@@ -14,6 +15,10 @@ boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenSequence(const Proc:
                                                                      const std::atomic<bool>* interrupted,
                                                                      const Proc::MediaLimits& limits) {
     return new SequenceSource(settings, interrupted, limits);
+}
+
+boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::CreateGenerator(const Proc::SettingsGenerator& settings) {
+    return new GeneratorSource(settings);
 }
 
 std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory() {

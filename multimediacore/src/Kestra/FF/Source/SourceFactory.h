@@ -13,6 +13,7 @@ public:
     boost::intrusive_ptr<Proc::IMediaSource> OpenSequence(const Proc::SettingsImageSequence& settings,
                                                           const std::atomic<bool>* interrupted = nullptr,
                                                           const Proc::MediaLimits& limits = {}) override;
+    boost::intrusive_ptr<Proc::IMediaSource> CreateGenerator(const Proc::SettingsGenerator& settings) override;
 };
 
 std::shared_ptr<Proc::ISourceFactory> MakeSourceFactory();
