@@ -120,7 +120,7 @@ void ExportJob::selectPreset() {
 void ExportJob::showTimeline() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
-    project->show(opening->timeline());
+    project->show(opening->sequence());
     streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())

@@ -263,13 +263,9 @@ std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& re
         return {};
     // Who asks for a part that lies before what is missing misses nothing.
     const KTime start = request.in.value_or(KTime(0));
-    for (const Project::Clip& clip : project->clips()) {
-        const KTime end = Types::fromAvTime(clip.start + std::min(report.time, clip.duration));
-        if (clip.path == report.path && start < Types::fromAvTime(clip.start + clip.duration) &&
-            (!request.out || *request.out > end))
-            return end;
-    }
-    return {};
+    const KTime end = request.out.value_or(project->duration() + KTime(1));
+    const std::optional<KTime> place = project->placeOf(report.path, report.time, start, end);
+    return place && *place < end ? place : std::nullopt;
 }
 
 std::string ExportJob::wayOut(KTime missing) const {
@@ -292,12 +288,9 @@ void ExportJob::collectDamage() {
 }
 
 void ExportJob::collectNotes() {
-    const auto& clips = project->clips();
-    const auto none = [&clips](const auto& has) { return std::none_of(clips.begin(), clips.end(), has); };
-    if (expected.hasVideo && none([](const Project::Clip& clip) { return clip.info.video.has_value(); }))
+    if (expected.hasVideo && !project->hasPictures())
         outcome.notes << tr("None of the inputs has a picture: what is shown is black");
-    if (expected.hasAudio && !expected.hasVideo &&
-        none([](const Project::Clip& clip) { return clip.info.audio.has_value(); }))
+    if (expected.hasAudio && !expected.hasVideo && !project->hasSound())
         outcome.notes << tr("None of the inputs has sound: what is heard is silence");
     for (const Kestra::Proc::SourceNote& note : project->takeNotes())
         outcome.notes << QString::fromStdString('"' + note.path.ToUtf8() + "\": " + note.what);

@@ -41,7 +41,7 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
     RequestCheck::outputName(request, preset);
     try {
         const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
-        opened.timeline = Project::Timeline::open(paths, &interrupted, request.mediaLimits, next);
+        opened.sequence = Render::Sequence::ofFiles(paths, &interrupted, request.mediaLimits, next);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||

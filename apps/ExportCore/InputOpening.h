@@ -2,9 +2,9 @@
 #pragma once
 
 #include "EditorPreset/Preset.h"
-#include "EditorProject/Timeline.h"
 #include "ExportCore/BackgroundTask.h"
 #include "ExportCore/ExportRequest.h"
+#include "Render/Sequence.h"
 #include <string>
 
 namespace ExportCore {
@@ -17,13 +17,13 @@ public:
     InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent = nullptr);
 
     /// After finished() without an error.
-    const std::shared_ptr<const Project::Timeline>& timeline() const { return opened->timeline; }
+    const Render::Sequence& sequence() const { return opened->sequence; }
     /// What is being done at the moment, for a message: 'Opening "/path"'.
     std::string step() const;
 
 private:
     struct Opened {
-        std::shared_ptr<const Project::Timeline> timeline;
+        Render::Sequence sequence;
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 

@@ -1,11 +1,11 @@
-#include "EditorProject/SequenceAudio.h"
-#include "EditorProject/SequenceVideo.h"
+#include "EditorProject/ExportWindow.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/Interrupted.h"
+#include "Render/Streams.h"
 #include "support/FlashBeep.h"
 #include <chrono>
 #include <cmath>
@@ -40,24 +40,22 @@ protected:
         paths.emplace_back(folder / name);
         return folder / name;
     }
-    std::shared_ptr<const Timeline> open() { return Timeline::open(paths); }
+    Render::Sequence open() { return Render::Sequence::ofFiles(paths); }
 
     /// A rate of 0 means no pictures.
-    static ExportWindow window(const std::shared_ptr<const Timeline>& line, const Types::Range& range,
-                               const Rate& rate) {
+    static ExportWindow window(const Render::Sequence& line, const Types::Range& range, const Rate& rate) {
         const auto grid = rate > 0 ? std::optional(Kestra::FrameGrid(rate)) : std::nullopt;
-        return ExportWindow(range, Kestra::Ticks(line->duration()), grid);
+        return ExportWindow(range, line.document->duration(), grid);
     }
-    static Pictures pictures(const std::shared_ptr<const Timeline>& line, const Rate& rate, Types::Range range = {},
+    static Pictures pictures(const Render::Sequence& line, const Rate& rate, Types::Range range = {},
                              Kestra::Conf::FrameInfo frame = {320, 180, 16, 9}) {
-        const Pictures stream(new SequenceVideo(line, window(line, range, rate), frame));
+        const Pictures stream = Render::createPictureStream(line, window(line, range, rate), frame);
         return Kestra::Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(stream, 4);
     }
-    static Sound sound(const std::shared_ptr<const Timeline>& line, int sampleRate, const Rate& pictureRate,
-                       Types::Range range = {}) {
+    static Sound sound(const Render::Sequence& line, int sampleRate, const Rate& pictureRate, Types::Range range = {}) {
         Kestra::Conf::SampleInfo format;
         format.Init(Kestra::Conf::SAMPLE_FORMAT_FLT, sampleRate, Kestra::Conf::CHANNEL_LAYOUT_STEREO);
-        return new SequenceAudio(line, window(line, range, pictureRate), format);
+        return Render::createSoundStream(line, window(line, range, pictureRate), format);
     }
     /// Numbers modulo 16, -1 for flashes; checks times and sizes.
     static std::vector<int> numbers(const Pictures& stream, const Rate& rate) {
@@ -217,7 +215,7 @@ TEST_F(RealMediaTest, ClipsWithoutPictureOrSoundAreBlackOrSilent) {
     make("blind.wav", blind);
     make("both.mov", clip(20));
     const auto line = open();
-    EXPECT_EQ(line->duration(), Kestra::FramesToTime(95, 25));
+    EXPECT_EQ(line.document->duration().Value(), Kestra::FramesToTime(95, 25));
     const Pictures stream = pictures(line, 25);
     int frame = 0;
     while (const auto picture = stream->ReadVideo()) {

@@ -122,6 +122,23 @@ CountedFilters::Audio CountedFilters::CreateSilence(const boost::intrusive_ptr<C
     return Counted(engine->CreateSilence(format, duration), "Silence");
 }
 
+boost::intrusive_ptr<Proc::IFrameBlender>
+CountedFilters::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) {
+    Call("CreateFrameBlender");
+    return engine->CreateFrameBlender(format);
+}
+
+boost::intrusive_ptr<Proc::ISampleMixer> CountedFilters::CreateSampleMixer(const Conf::SampleInfo& format) {
+    Call("CreateSampleMixer");
+    return engine->CreateSampleMixer(format);
+}
+
+CountedFilters::Audio CountedFilters::CreateTempo(const Audio& source, const boost::rational<long long>& speed,
+                                                  Proc::Pitch pitch) {
+    Call("CreateTempo");
+    return Counted(engine->CreateTempo(source, speed, pitch), "Tempo");
+}
+
 CountedEffects::CountedEffects(Counter counter)
     : counter(std::move(counter))
     , engine(FF::MakeEffectFactory()) {}

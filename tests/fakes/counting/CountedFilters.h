@@ -25,6 +25,10 @@ public:
     Audio CreateReadAhead(const Audio& source, int blocks) override;
     Video CreateBlack(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format, std::int64_t duration) override;
     Audio CreateSilence(const boost::intrusive_ptr<Conf::IFormatCodecAudio>& format, std::int64_t duration) override;
+    boost::intrusive_ptr<Proc::IFrameBlender>
+    CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) override;
+    boost::intrusive_ptr<Proc::ISampleMixer> CreateSampleMixer(const Conf::SampleInfo& format) override;
+    Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Proc::Pitch pitch) override;
 
 private:
     void Call(const char* method) const;

@@ -110,4 +110,17 @@ FakeFilterFactory::Audio FakeFilterFactory::CreateSilence(const boost::intrusive
     return makeSound(contents);
 }
 
+boost::intrusive_ptr<Proc::IFrameBlender>
+FakeFilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+boost::intrusive_ptr<Proc::ISampleMixer> FakeFilterFactory::CreateSampleMixer(const Conf::SampleInfo&) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+FakeFilterFactory::Audio FakeFilterFactory::CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
 } // namespace Project::Fakes

@@ -33,6 +33,10 @@ public:
                       std::int64_t duration) override;
     Audio CreateSilence(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio>& format,
                         std::int64_t duration) override;
+    boost::intrusive_ptr<Kestra::Proc::IFrameBlender>
+    CreateFrameBlender(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format) override;
+    boost::intrusive_ptr<Kestra::Proc::ISampleMixer> CreateSampleMixer(const Kestra::Conf::SampleInfo& format) override;
+    Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Kestra::Proc::Pitch pitch) override;
 
 private:
     std::shared_ptr<std::atomic<int>> scaledFrames = std::make_shared<std::atomic<int>>(0);

@@ -1,10 +1,11 @@
 #include "EditorProject/Descriptions.h"
 
 #include "EditorProject/ExportWindow.h"
-#include "EditorProject/SampleDepth.h"
-#include "EditorProject/Span.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Conf/StandardRates.h"
+#include "Render/SampleDepth.h"
+#include "Render/SequenceMedia.h"
+#include "Timeline/ClipVisit.h"
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -42,69 +43,51 @@ void setRate(Media::Video& video, const Rate& rate) {
     video.frameRateDenominator = static_cast<std::uint32_t>(rate.denominator());
 }
 
-using ClipNumbers = std::vector<std::size_t>;
+using Kind = Timeline::Track::Kind;
+using Source = Render::MediaPool::Source;
 
-// All clips, in the order in which they are asked for a description: those in the range first.
-template <class Has>
-const Clip* firstOf(const Timeline& timeline, const ClipNumbers& numbers, Has has) {
-    for (const std::size_t number : numbers)
-        if (has(timeline.clips()[number]))
-            return &timeline.clips()[number];
-    const auto& clips = timeline.clips();
-    const auto found = std::find_if(clips.begin(), clips.end(), has);
-    return found == clips.end() ? nullptr : &*found;
+bool has(const Proc::MediaInfo& info, Kind kind) {
+    return kind == Kind::Video ? info.video.has_value() : info.audio.has_value();
 }
 
-bool hasPicture(const Clip& clip) {
-    return clip.info.video.has_value();
-}
-
-bool hasSound(const Clip& clip) {
-    return clip.info.audio.has_value();
-}
-
-ClipNumbers allOf(const Timeline& timeline) {
-    ClipNumbers numbers(timeline.clips().size());
-    std::iota(numbers.begin(), numbers.end(), std::size_t(0));
-    return numbers;
+/// The first one anywhere; null where there is none.
+Source firstOf(const Render::Sequence& sequence, Kind kind) {
+    Source found;
+    Timeline::visitClips(*sequence.document->tracks,
+                         [&](const Timeline::Track& track, const Timeline::Item& item, const Timeline::Clip& clip) {
+                             if (found || track.kind() != kind || !track.isEnabled() || !item.enabled)
+                                 return;
+                             const Source source = sequence.media->open(clip.media);
+                             if (source && has(source->GetInfo(), kind))
+                                 found = source;
+                         });
+    return found;
 }
 
 // Without pictures, and for less than two of them, the range is not on a grid of frames.
-ExportWindow windowOf(const Timeline& timeline, const Types::Range& range) {
-    const Ticks duration(timeline.duration());
+ExportWindow windowOf(const Render::Sequence& sequence, const Types::Range& range) {
+    const Ticks duration = sequence.document->duration();
     const ExportWindow exact(range, duration, std::nullopt);
-    const Clip* const pictures = firstOf(timeline, {}, hasPicture);
+    const Source pictures = firstOf(sequence, Kind::Video);
     if (!pictures)
         return exact;
-    const Rate rate = isRate(pictures->info.video->frameRate) ? pictures->info.video->frameRate : DEFAULT_RATE;
-    const FrameGrid grid(rate);
+    const Rate own = pictures->GetInfo().video->frameRate;
+    const FrameGrid grid(isRate(own) ? own : DEFAULT_RATE);
     const bool holdsFrames = grid.Nearest(exact.end() - exact.start()) > FrameIndex(1);
     return holdsFrames ? ExportWindow(range, duration, grid) : exact;
 }
 
-ClipNumbers picturesIn(const Timeline& timeline, const Types::Range& range) {
-    if (range.end <= range.start)
-        return allOf(timeline);
-    const ExportWindow window = windowOf(timeline, range);
-    return window.grid() ? clipsOf(pictureSpans(timeline, window)) : ClipNumbers();
-}
-
-ClipNumbers soundsIn(const Timeline& timeline, const Types::Range& range) {
-    if (range.end <= range.start)
-        return allOf(timeline);
-    return clipsOf(soundSpans(timeline, windowOf(timeline, range), SampleGrid(DEFAULT_SAMPLE_RATE)));
-}
-
 } // namespace
 
-Media::Video describeVideo(const Timeline& timeline, const Types::Range& range) {
+Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Video video;
     setFrame(video, DEFAULT_FRAME);
     setRate(video, DEFAULT_RATE);
-    const Clip* const found = firstOf(timeline, picturesIn(timeline, range), hasPicture);
+    const std::vector<Source> media = Render::mediaSeen(sequence, windowOf(sequence, range));
+    const Source found = media.empty() ? firstOf(sequence, Kind::Video) : media.front();
     if (!found)
         return video;
-    const Proc::VideoTrackInfo& track = *found->info.video;
+    const Proc::VideoTrackInfo& track = *found->GetInfo().video;
     if (track.frame.width && track.frame.height)
         setFrame(video, track.frame);
     if (isRate(track.frameRate))
@@ -112,17 +95,18 @@ Media::Video describeVideo(const Timeline& timeline, const Types::Range& range) 
     return video;
 }
 
-Media::Audio describeAudio(const Timeline& timeline, const Types::Range& range) {
+Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Audio audio;
     audio.sampleRate = DEFAULT_SAMPLE_RATE;
     audio.channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
     audio.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
-    const ClipNumbers clips = soundsIn(timeline, range);
-    const Clip* const found = firstOf(timeline, clips, hasSound);
+    const std::vector<Source> media =
+        Render::mediaHeard(sequence, windowOf(sequence, range), SampleGrid(DEFAULT_SAMPLE_RATE));
+    const Source found = media.empty() ? firstOf(sequence, Kind::Audio) : media.front();
     if (!found)
         return audio;
-    const Proc::AudioTrackInfo& track = *found->info.audio;
-    if (const auto depth = SampleDepth::of(timeline, clips); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
+    const Proc::AudioTrackInfo& track = *found->GetInfo().audio;
+    if (const auto depth = Render::SampleDepth::of(media); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
         audio.sampleFormat = depth.format;
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;

@@ -1,7 +1,9 @@
 #include "EditorProject/EditorProject.h"
 
 #include "EditorProject/Model.h"
+#include "Render/SequenceMedia.h"
 #include "Types/Time.h"
+#include <algorithm>
 
 struct EditorProject::Private {
     explicit Private(EditorProject* owner)
@@ -15,6 +17,9 @@ struct EditorProject::Private {
                 project, [this] { build(); }, Qt::QueuedConnection);
     }
     void build();
+    std::vector<Render::MediaPool::Source> sources() const {
+        return model.sequence() ? model.sequence()->media->sources() : std::vector<Render::MediaPool::Source>();
+    }
 
     EditorProject* project;
     bool pending = false;
@@ -44,11 +49,11 @@ EditorProject::~EditorProject() = default;
 
 void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted,
                          const Kestra::Proc::MediaLimits& limits) {
-    show(Project::Timeline::open(media, interrupted, limits));
+    show(Render::Sequence::ofFiles(media, interrupted, limits));
 }
 
-void EditorProject::show(std::shared_ptr<const Project::Timeline> timeline) {
-    d->model.show(std::move(timeline));
+void EditorProject::show(Render::Sequence sequence) {
+    d->model.show(std::move(sequence));
 }
 
 void EditorProject::describe(const Types::Range& range) {
@@ -72,18 +77,33 @@ KTime EditorProject::duration() const {
 }
 
 std::int64_t EditorProject::exactDuration() const {
-    return d->model.timeline() ? d->model.timeline()->duration() : 0;
+    const Render::Sequence* const sequence = d->model.sequence();
+    return sequence ? sequence->document->duration().Value() : 0;
 }
 
-std::vector<Project::Clip> EditorProject::clips() const {
-    return d->model.timeline() ? d->model.timeline()->clips() : std::vector<Project::Clip>();
+bool EditorProject::hasPictures() const {
+    const auto sources = d->sources();
+    return std::any_of(sources.begin(), sources.end(), [](const auto& source) { return source->GetInfo().video; });
+}
+
+bool EditorProject::hasSound() const {
+    const auto sources = d->sources();
+    return std::any_of(sources.begin(), sources.end(), [](const auto& source) { return source->GetInfo().audio; });
+}
+
+std::optional<KTime> EditorProject::placeOf(const Kestra::ioPath& file, std::int64_t time, KTime from, KTime to) const {
+    using Kestra::Ticks;
+    if (!d->model.sequence())
+        return std::nullopt;
+    const auto place = Render::placeOf(*d->model.sequence(), file, Ticks(time), Ticks(Types::toAvTime(from)),
+                                       Ticks(Types::toAvTime(to)));
+    return place ? std::optional(Types::fromAvTime(place->Value())) : std::nullopt;
 }
 
 std::vector<Kestra::ioPath> EditorProject::sourcePaths() const {
     std::vector<Kestra::ioPath> paths;
-    if (d->model.timeline())
-        for (const auto& source : d->model.timeline()->sources())
-            paths.push_back(source->GetPath());
+    for (const auto& source : d->sources())
+        paths.push_back(source->GetPath());
     return paths;
 }
 
@@ -94,28 +114,25 @@ Project::StreamLengths EditorProject::expectedLengths(const Types::Range& stream
 
 std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {
     std::vector<Kestra::Proc::DamageReport> reports;
-    if (d->model.timeline())
-        for (const auto& source : d->model.timeline()->sources())
-            for (Kestra::Proc::DamageReport& report : source->TakeDamageReports())
-                reports.push_back(std::move(report));
+    for (const auto& source : d->sources())
+        for (Kestra::Proc::DamageReport& report : source->TakeDamageReports())
+            reports.push_back(std::move(report));
     return reports;
 }
 
 std::vector<Kestra::Proc::SourceNote> EditorProject::takeNotes() {
     std::vector<Kestra::Proc::SourceNote> notes;
-    if (d->model.timeline())
-        for (const auto& source : d->model.timeline()->sources())
-            for (Kestra::Proc::SourceNote& note : source->TakeNotes())
-                notes.push_back(std::move(note));
+    for (const auto& source : d->sources())
+        for (Kestra::Proc::SourceNote& note : source->TakeNotes())
+            notes.push_back(std::move(note));
     return notes;
 }
 
 std::vector<Kestra::ioPath> EditorProject::pathsBeingRead() const {
     std::vector<Kestra::ioPath> paths;
-    if (d->model.timeline())
-        for (const auto& source : d->model.timeline()->sources())
-            if (source->IsBeingRead())
-                paths.push_back(source->GetPath());
+    for (const auto& source : d->sources())
+        if (source->IsBeingRead())
+            paths.push_back(source->GetPath());
     return paths;
 }
 

@@ -1,21 +1,21 @@
-// EditorProject: media files as a project of the editor, the model's owner side of an export.
+// EditorProject: a timeline, or media files, as a project of the editor, the model's owner side of an export.
 #pragma once
 
 #include "Composition/Object.h"
-#include "EditorProject/Clip.h"
 #include "EditorProject/StreamLengths.h"
-#include "EditorProject/Timeline.h"
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
+#include "Render/Sequence.h"
 #include "Types/Range.h"
 #include <QObject>
 #include <atomic>
 #include <cstdint>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// Owns, in the sense of Message::View, its composition and every export stream that is offered with a description of
@@ -40,8 +40,8 @@ public:
     void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr,
               const Kestra::Proc::MediaLimits& limits = {});
 
-    /// As open(), with what has been opened elsewhere, perhaps on another thread. Not null.
-    void show(std::shared_ptr<const Project::Timeline> timeline);
+    /// As open(), with a timeline and what has been opened elsewhere, perhaps on another thread.
+    void show(Render::Sequence sequence);
 
     /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of
     /// it. Throws ProcException (InvalidArgument) for one that lies outside, and when nothing has been opened.
@@ -58,7 +58,12 @@ public:
     /// To the nearest millisecond, and exactly in engine time.
     KTime duration() const;
     std::int64_t exactDuration() const;
-    std::vector<Project::Clip> clips() const;
+    /// Whether any medium has a picture, or sound.
+    bool hasPictures() const;
+    bool hasSound() const;
+    /// Where in the part of the composition from `from` to `to` the file's contents from `time` (engine time) on would
+    /// be seen or heard first; nothing where they would not.
+    std::optional<KTime> placeOf(const Kestra::ioPath& file, std::int64_t time, KTime from, KTime to) const;
     /// Each file once.
     std::vector<Kestra::ioPath> sourcePaths() const;
 

@@ -8,7 +8,6 @@
 namespace Project {
 namespace {
 
-using Kestra::FrameIndex;
 using Kestra::Ticks;
 
 [[noreturn]] void refuse(const Types::Range& range, const char* reason,
@@ -28,40 +27,27 @@ using Kestra::Ticks;
                       place);
 }
 
+Render::Window windowOf(const Types::Range& range, Ticks duration, const std::optional<Kestra::FrameGrid>& grid) {
+    if (range.end <= range.start)
+        return Render::Window(Ticks(0), duration, grid);
+    const Ticks from = std::max(Ticks(0), Ticks(Types::toAvTime(range.start)));
+    // The last millisecond is the user's name for the very end, which rarely falls on a millisecond.
+    const bool toTheEnd = range.end >= Types::fromAvTime(duration.Value());
+    const Ticks to = toTheEnd ? duration : Ticks(Types::toAvTime(range.end));
+    if (from >= to)
+        refuse(range, "lies outside the project");
+    return Render::Window(from, to, grid);
+}
+
 } // namespace
 
 ExportWindow::ExportWindow(const Types::Range& range, Ticks duration, const std::optional<Kestra::FrameGrid>& grid)
-    : to(duration)
-    , frameGrid(grid) {
-    if (range.end > range.start) {
-        from = std::max(Ticks(0), Ticks(Types::toAvTime(range.start)));
-        // The last millisecond is the user's name for the very end, which rarely falls on a millisecond.
-        if (range.end < Types::fromAvTime(duration.Value()))
-            to = Ticks(Types::toAvTime(range.end));
-        if (from >= to)
-            refuse(range, "lies outside the project");
-    }
-    snapToFrames();
-    const bool nothing = from >= to || (frameGrid && frames() == FrameIndex(0));
-    if (nothing && range.end <= range.start)
-        refuseLength(duration);
-    if (nothing)
-        refuse(range, "is shorter than one frame");
-}
-
-void ExportWindow::snapToFrames() {
-    if (!frameGrid)
+    : Render::Window(windowOf(range, duration, grid)) {
+    if (!isEmpty())
         return;
-    first = frameGrid->Nearest(from);
-    from = frameGrid->Begin(first);
-}
-
-FrameIndex ExportWindow::frames() const {
-    return frameGrid ? frameGrid->Nearest(to - from) : FrameIndex(0);
-}
-
-Kestra::SampleIndex ExportWindow::samples(const Kestra::SampleGrid& sampleGrid) const {
-    return sampleGrid.Nearest(to - from);
+    if (range.end <= range.start)
+        refuseLength(duration);
+    refuse(range, "is shorter than one frame");
 }
 
 } // namespace Project

@@ -1,10 +1,10 @@
 #include "EditorProject/Model.h"
 
 #include "EditorProject/Descriptions.h"
-#include "EditorProject/SequenceAudio.h"
-#include "EditorProject/SequenceVideo.h"
+#include "EditorProject/ExportWindow.h"
 #include "Kestra/Base/SampleGrid.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Render/Streams.h"
 #include "Types/Time.h"
 
 namespace Project {
@@ -54,8 +54,8 @@ void Model::requireOwn(const M* description, const M* ofTheComposition) const {
                                          "An export stream names no media description of this project"));
 }
 
-void Model::show(std::shared_ptr<const Timeline> timeline) {
-    shown = std::move(timeline);
+void Model::show(Render::Sequence sequence) {
+    shown = std::move(sequence);
     describe({});
 }
 
@@ -64,7 +64,7 @@ void Model::describe(const Types::Range& range) {
     audioDescription = describeAudio(opened(), range);
     const auto chain = compositionChange(&compositionObject);
     chain->setVideo(&videoDescription).setAudio(&audioDescription);
-    chain->setDuration(Types::fromAvTime(shown->duration())).setVersion(chain->version() + 1);
+    chain->setDuration(Types::fromAvTime(duration().Value())).setVersion(chain->version() + 1);
 }
 
 void Model::step() {
@@ -87,19 +87,19 @@ void Model::step(Streams& streams) {
 
 boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Video>& order) const {
     requireOwn(order.source, compositionObject.video());
-    const ExportWindow window(order.range, Ticks(opened().duration()), FrameGrid(rateOf(*order.source)));
+    const ExportWindow window(order.range, duration(), FrameGrid(rateOf(*order.source)));
     const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
-    return new SequenceVideo(shown, window, frame);
+    return Render::createPictureStream(opened(), window, frame);
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {
     requireOwn(order.source, compositionObject.audio());
-    const ExportWindow window(order.range, Ticks(opened().duration()), gridBeside(order));
+    const ExportWindow window(order.range, duration(), gridBeside(order));
     const Conf::SampleInfo format = soundOf(*order.source, audioDescription);
-    return new SequenceAudio(shown, window, format);
+    return Render::createSoundStream(opened(), window, format);
 }
 
-const Timeline& Model::opened() const {
+const Render::Sequence& Model::opened() const {
     if (!shown)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,
                                          "There is nothing to export: no media file has been opened"));
@@ -124,7 +124,7 @@ std::optional<FrameGrid> Model::gridBeside(const Adoption<Media::Audio>& sound) 
 
 StreamLengths Model::lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const {
     const auto frameGrid = video ? std::optional(FrameGrid(rateOf(*video))) : std::nullopt;
-    const ExportWindow window(range, Ticks(opened().duration()), frameGrid);
+    const ExportWindow window(range, duration(), frameGrid);
     StreamLengths lengths;
     lengths.start = window.start().Value();
     lengths.end = window.end().Value();

@@ -5,8 +5,8 @@
 #include "EditorProject/ExportStreams.h"
 #include "EditorProject/FastTrackShare.h"
 #include "EditorProject/StreamLengths.h"
-#include "EditorProject/Timeline.h"
 #include "Kestra/Base/FrameGrid.h"
+#include "Render/Sequence.h"
 #include <exception>
 #include <functional>
 #include <memory>
@@ -23,10 +23,11 @@ public:
     /// Announces that the composition goes. Export streams are let go in silence: they are their users' own.
     ~Model() override;
 
-    void show(std::shared_ptr<const Timeline> timeline);
+    void show(Render::Sequence sequence);
     /// Describes the composition by what lies in the range.
     void describe(const Types::Range& range);
-    const std::shared_ptr<const Timeline>& timeline() const { return shown; }
+    /// Null before something is shown.
+    const Render::Sequence* sequence() const { return shown ? &*shown : nullptr; }
 
     Composition::Object* composition() { return &compositionObject; }
     const Media::Video& video() const { return videoDescription; }
@@ -55,9 +56,10 @@ private:
     bool isOwn(const M* description, const M* ofTheComposition) const;
     template <class M>
     void requireOwn(const M* description, const M* ofTheComposition) const;
-    const Timeline& opened() const;
+    const Render::Sequence& opened() const;
+    Kestra::Ticks duration() const { return opened().document->duration(); }
 
-    std::shared_ptr<const Timeline> shown;
+    std::optional<Render::Sequence> shown;
     Media::Video videoDescription;
     Media::Audio audioDescription;
     Composition::Object compositionObject;

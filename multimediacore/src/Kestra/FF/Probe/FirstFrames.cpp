@@ -149,8 +149,7 @@ void FirstFrames::Keep(PacketHandle packet, bool waits) {
     for (ProbedTrack* track : {&video, &audio}) {
         if (track->index != packet->stream_index)
             continue;
-        if (foundAt.try_emplace(track->index, bytesRead).second)
-            track->opening = MakePacketReference(*packet);
+        foundAt.try_emplace(track->index, bytesRead);
         for (std::int64_t* time : {&track->firstDecodeTime, &track->secondDecodeTime})
             if (*time == TIME_UNKNOWN) {
                 *time = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);

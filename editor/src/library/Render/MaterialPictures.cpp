@@ -1,0 +1,156 @@
+#include "Render/MaterialPictures.h"
+
+#include "Kestra/Conf/BlendFormats.h"
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/Filters/FrameSampler.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Render/MediaPlace.h"
+#include <algorithm>
+#include <cmath>
+
+namespace Render {
+
+using namespace Kestra;
+using Rule = Proc::SamplingRule;
+using Video = boost::intrusive_ptr<Proc::IStreamVideo>;
+
+namespace {
+
+/// A shorter run is over before a thread of its own would have helped.
+constexpr FrameIndex LEAST_FRAMES_FOR_THREAD{24};
+constexpr std::int64_t BYTES_AHEAD = 4LL * 1024 * 1024;
+
+Proc::IFilterFactory& filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+/// How many frames of that size are read ahead: bounded by memory.
+int framesAhead(const Conf::FrameInfo& frame) {
+    const std::int64_t bytes = std::max<std::int64_t>(1, std::int64_t(frame.width) * frame.height * 3 / 2);
+    return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 1, 8));
+}
+
+/// Width by height, as it is shown.
+double shapeOf(const Conf::FrameInfo& frame) {
+    const bool known = frame.aspectNumerator && frame.aspectDenominator;
+    return known ? double(frame.aspectNumerator) / frame.aspectDenominator : double(frame.width) / frame.height;
+}
+
+/// Whether bars beside such pictures would be narrower than what sides are rounded by.
+bool fills(const Conf::FrameInfo& pictures, const Conf::FrameInfo& frame) {
+    constexpr double ROUNDING = 2;
+    const double ratio = shapeOf(pictures) / shapeOf(frame);
+    return std::abs(frame.width * ratio - frame.width) < ROUNDING ||
+           std::abs(frame.height / ratio - frame.height) < ROUNDING;
+}
+
+Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame, Usage usage) {
+    Proc::SettingsResizer settings;
+    settings.target = frame;
+    settings.oddSides = true; // what was ordered is what the encoder takes
+    settings.aspectMode = Proc::AspectMode::Letterbox;
+    settings.interpolation = Proc::Interpolation::Bicubic;
+    settings.transparentBars = usage == Usage::Layer;
+    return settings;
+}
+
+MediaPool::Source generatorFor(const Timeline::Generator& made, const Conf::IFormatCodecVideo& target, Ticks duration) {
+    Proc::SettingsGenerator settings;
+    settings.kind = made.kind == Timeline::Generator::Kind::Bars ? Proc::SettingsGenerator::Kind::Bars
+                                                                 : Proc::SettingsGenerator::Kind::Colour;
+    settings.red = made.red;
+    settings.green = made.green;
+    settings.blue = made.blue;
+    settings.frame = target.GetFrameInfo();
+    settings.frameRate = target.GetFrameRate();
+    settings.duration = duration.Value();
+    return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
+}
+
+} // namespace
+
+bool isFull(const Timeline::Clip& clip, MediaPool& media, const Conf::FrameInfo& frame) {
+    const MediaPool::Source source = media.open(clip.media);
+    if (!source || !source->GetInfo().video)
+        return !source;
+    return !Conf::HasAlpha(PictureTarget::pixelFormatOf(*source)) && fills(source->GetInfo().video->frame, frame);
+}
+
+MaterialPictures::MaterialPictures(const Material& material, Usage usage, MediaPool& media, const PictureTarget& target,
+                                   const FrameGrid& grid)
+    : shown(material)
+    , use(usage)
+    , target(target)
+    , grid(grid)
+    , source(media.open(material.clip->media)) {}
+
+boost::intrusive_ptr<Conf::IFormatCodecVideo> MaterialPictures::wish(const Proc::IMediaSource& medium) const {
+    const Proc::VideoTrackInfo& track = *medium.GetInfo().video;
+    const char* const interlaced = Conf::IFormatCodecVideo::TAG_INTERLACED;
+    const char* const topFirst = Conf::IFormatCodecVideo::TAG_TOP_FIELD_FIRST;
+    Core::Property tree = target.format()->GetProperty();
+    const bool wanted = tree.ChildExists(interlaced) && tree[interlaced].GetBool();
+    // Fields of the other order would be shown in the wrong one by players that believe the file.
+    const bool sameOrder =
+        !track.interlaced || !tree.ChildExists(topFirst) || tree[topFirst].GetBool() == track.topFieldFirst;
+    tree.SetChild(interlaced, wanted && sameOrder && target.keepsFields(track));
+    auto wish = Conf::IFormatCodecVideo::Create();
+    wish->SetProperty(tree);
+    const bool isOpaque =
+        !Conf::HasAlpha(PictureTarget::pixelFormatOf(medium)) && fills(track.frame, target.format()->GetFrameInfo());
+    if (use == Usage::Layer && !isOpaque)
+        wish->SetPixelFormat(Conf::BlendFormatsFor(wish->GetPixelFormat()).alpha);
+    return wish;
+}
+
+Video MaterialPictures::create(FrameIndex first, FrameIndex count) const {
+    const auto* const made = std::get_if<Timeline::Generator>(&shown.clip->media.target);
+    const MediaPool::Source medium =
+        made ? generatorFor(*made, *target.format(), grid.Length(count + FrameIndex(1))) : source;
+    const Proc::MediaInfo& info = medium->GetInfo();
+    if (!info.video)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
+                                                                                       "\" has no pictures, which \"" +
+                                                                                       *shown.name + "\" would show"));
+    TimeMap map = made ? TimeMap{} : mediaMapOf(shown, info);
+    const FrameIndex from = made ? first : grid.Nearest(map.here);
+    map.here = made ? Ticks(0) : map.here - grid.Begin(from);
+    Video pictures = medium->CreateVideoStream();
+    if (count >= LEAST_FRAMES_FOR_THREAD && map.speed > 0)
+        pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame));
+    const bool own = info.video->frameRate == grid.GetRate() && map.speed == 1;
+    const Rule rule(grid, own ? Rule::Pace::Grid : Rule::Pace::Any, map);
+    pictures = new Proc::FrameSampler(pictures, {rule, Proc::FrameSampler::Repeats::AsOne, first - from, count});
+    const Video resized = filters().CreateResizer(pictures, resizerSettings(target.format()->GetFrameInfo(), use));
+    resized->PreferFormat(*wish(*medium));
+    return resized;
+}
+
+void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) {
+    streams.requireNoInterrupt();
+    opened = first;
+    stream = streams.open(create(first, end - first));
+    last = {};
+    if (source)
+        target.noteLoss(*source);
+}
+
+void MaterialPictures::prefer() {
+    if (stream && source)
+        stream->PreferFormat(*wish(*source));
+}
+
+MaterialPictures::Shown MaterialPictures::at(FrameIndex frame) {
+    while (!last.frame || last.end <= frame) {
+        last.frame = stream->ReadVideo();
+        if (!last.frame)
+            KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
+                                             "The pictures of \"" + *shown.name + "\" ended too early"));
+        last.end = opened + grid.Nearest(Ticks(last.frame->GetTime() + last.frame->GetDuration()));
+    }
+    return last;
+}
+
+} // namespace Render

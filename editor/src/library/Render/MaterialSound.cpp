@@ -1,0 +1,107 @@
+#include "Render/MaterialSound.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/ISourceFactory.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Render/MediaPlace.h"
+#include <algorithm>
+
+namespace Render {
+
+using namespace Kestra;
+
+namespace {
+
+Proc::IFilterFactory& filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+SampleIndex countOf(const Proc::IDataAudio& block) {
+    return SampleIndex(block.GetSampleCount());
+}
+
+} // namespace
+
+MaterialSound::MaterialSound(const Material& material, MediaPool& media, const SampleGrid& grid)
+    : shown(material)
+    , grid(grid)
+    , source(media.open(material.clip->media)) {}
+
+MediaPool::Source MaterialSound::generator(const SoundTarget& target) const {
+    const auto& made = std::get<Timeline::Generator>(shown.clip->media.target);
+    Proc::SettingsGenerator settings;
+    settings.kind = made.kind == Timeline::Generator::Kind::Tone ? Proc::SettingsGenerator::Kind::Tone
+                                                                 : Proc::SettingsGenerator::Kind::Silence;
+    settings.frequency = made.frequency;
+    settings.sampleRate = target.format().GetRate();
+    settings.channelLayout = target.format().GetLayoutRecord()->layout;
+    settings.duration = (shown.end - shown.map.here).Value();
+    return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
+}
+
+boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target) const {
+    const MediaPool::Source medium = source ? source : generator(target);
+    if (!medium->GetInfo().audio)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
+                                                                                       "\" has no sound, which \"" +
+                                                                                       *shown.name + "\" would play"));
+    auto sound = filters().CreateResampler(medium->CreateAudioStream(), target.format());
+    if (shown.map.speed != 1)
+        sound = filters().CreateTempo(sound, shown.map.speed, Proc::Pitch::Kept);
+    return sound;
+}
+
+void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target) {
+    streams.requireNoInterrupt();
+    ended = shown.map.speed <= 0;
+    if (ended) {
+        if (source && shown.map.speed < 0)
+            source->Note("where it runs backwards it is silent");
+        return;
+    }
+    stream = streams.open(create(target));
+    if (source)
+        target.noteLoss(*source);
+    const Ticks there = source ? mediaMapOf(shown, source->GetInfo()).there : Ticks(0);
+    const auto& speed = shown.map.speed;
+    const Ticks played(MulDivRound(there.Value(), speed.denominator(), speed.numerator()));
+    place = grid.Nearest(played) + first - planner.sampleAt(shown.map.here);
+    before = std::max(SampleIndex(0), SampleIndex(0) - place);
+    place = std::max(SampleIndex(0), place);
+    if (place > SampleIndex(0))
+        stream->Seek(grid.Begin(place).Value(), Proc::SeekMode::Exact);
+}
+
+SampleIndex MaterialSound::available() {
+    while (!block && !ended) {
+        block = stream->ReadAudio();
+        ended = !block;
+        if (!block)
+            break;
+        if (!std::exchange(landed, true))
+            place = std::max(SampleIndex(0), place - grid.Nearest(Ticks(block->GetTime())));
+        else
+            place = SampleIndex(0);
+        // Reading began earlier: so many samples are passed over.
+        while (block && place >= countOf(*block)) {
+            place -= countOf(*block);
+            block = stream->ReadAudio();
+            ended = !block;
+        }
+        if (block && place > SampleIndex(0))
+            block = block->Slice(place.Value(), (countOf(*block) - place).Value());
+    }
+    return block ? countOf(*block) : SampleIndex(0);
+}
+
+MaterialSound::Block MaterialSound::take(SampleIndex count) {
+    const SampleIndex all = countOf(*block);
+    if (count == all)
+        return std::exchange(block, nullptr);
+    const Block part = block->Slice(0, count.Value());
+    block = block->Slice(count.Value(), (all - count).Value());
+    return part;
+}
+
+} // namespace Render

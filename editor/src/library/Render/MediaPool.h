@@ -1,0 +1,38 @@
+// Render::MediaPool: the media of a timeline, opened.
+#pragma once
+
+#include "EditorRenderExport.h"
+#include "Kestra/Proc/IMediaSource.h"
+#include "Kestra/Proc/MediaLimits.h"
+#include "Timeline/Item.h"
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <vector>
+
+namespace Render {
+
+/// Opens each medium once, when it is first asked for, and remembers what it holds; no file stays open. Thread-safe.
+class EDITORRENDER_EXPORT MediaPool {
+public:
+    using Source = boost::intrusive_ptr<Kestra::Proc::IMediaSource>;
+
+    explicit MediaPool(const Kestra::Proc::MediaLimits& limits = {});
+
+    /// The opened file or image sequence behind a reference; null for what is made, not read, and for what is missing.
+    /// Throws Kestra::Proc::ProcException for what cannot be opened, also when `interrupted`, unless null, turns true
+    /// meanwhile.
+    Source open(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted = nullptr);
+    /// Each medium once, in the order of first use.
+    std::vector<Source> sources() const;
+
+private:
+    Source make(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) const;
+
+    const Kestra::Proc::MediaLimits limits;
+    mutable std::mutex mutex;
+    std::map<std::string, Source> opened;
+    std::vector<Source> order;
+};
+
+} // namespace Render

@@ -1,0 +1,33 @@
+// Render::Sequence: a timeline and its media, ready to be rendered.
+#pragma once
+
+#include "Render/MediaPool.h"
+#include "Timeline/Document.h"
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace Render {
+
+/// A value. Neither is null. Engine streams share both across threads.
+struct EDITORRENDER_EXPORT Sequence {
+    /// Told the index of each medium before it is opened; may be empty.
+    using Next = std::function<void(std::size_t index)>;
+
+    /// The files one after the other, each for its whole length, a still picture for 5 s; one that is named twice is
+    /// opened once. Throws Kestra::Proc::ProcException for what cannot be opened or has no length, and for an empty
+    /// list; also when `interrupted`, unless null, turns true meanwhile. Any thread.
+    static Sequence ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted = nullptr,
+                            const Kestra::Proc::MediaLimits& limits = {}, const Next& next = {});
+    /// A timeline, whose media are all opened. Throws as ofFiles().
+    static Sequence of(std::shared_ptr<const Timeline::Document> document,
+                       const std::atomic<bool>* interrupted = nullptr, const Kestra::Proc::MediaLimits& limits = {});
+
+    std::shared_ptr<const Timeline::Document> document;
+    std::shared_ptr<MediaPool> media;
+};
+
+/// For messages: how many clips it has, and the first one's name.
+std::string describe(const Sequence& sequence);
+
+} // namespace Render

@@ -1,0 +1,37 @@
+// Render::SoundPlanner: what is heard at each sample.
+#pragma once
+
+#include "Kestra/Base/SampleGrid.h"
+#include "Render/ScenePlanner.h"
+#include "Render/Window.h"
+
+namespace Render {
+
+/// Samples are counted from the start of a window. Sound that begins where a picture of its stack begins moves with
+/// that to the nearest frame, so both stay in step to the sample; without pictures in the window, and for other sound,
+/// the exact time counts. A stack is heard where it stands: among pictures only where none of the sound tracks beside
+/// it has a stack at the same time, which is then its sound.
+class SoundPlanner final : public ScenePlanner {
+public:
+    SoundPlanner(std::shared_ptr<const Timeline::Document> document, const Window& window,
+                 const Kestra::SampleGrid& grid);
+
+    Scene sceneAt(Kestra::SampleIndex sample) const;
+    /// The first sample at which a scene is over that begins before it.
+    Kestra::SampleIndex endOf(const Scene& scene) const { return sampleAt(scene.end); }
+    Kestra::SampleIndex endOf(const Material& material) const { return sampleAt(material.end); }
+    /// The sample nearest to a time of the composition; negative before the window.
+    Kestra::SampleIndex sampleAt(Kestra::Ticks time) const;
+
+private:
+    bool takes(const Timeline::Track& track) const override;
+    bool takesClips(const Timeline::Track& track) const override;
+    bool takesStack(const Timeline::Stack& around, const Timeline::Track& track, Kestra::Ticks start) const override;
+    Kestra::Ticks placed(const Timeline::Stack& stack, Kestra::Ticks time, Kestra::Ticks exact) const override;
+    bool isFull(const Timeline::Clip&) const override { return false; }
+
+    const Window window;
+    const Kestra::SampleGrid grid;
+};
+
+} // namespace Render

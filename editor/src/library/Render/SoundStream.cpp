@@ -1,0 +1,201 @@
+#include "Render/SoundStream.h"
+
+#include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/IFilterFactory.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Render/SampleDepth.h"
+#include "Render/Streams.h"
+#include "Render/Survey.h"
+#include <algorithm>
+#include <functional>
+
+namespace Render {
+
+using namespace Kestra;
+
+namespace {
+
+constexpr SampleIndex NONE{0};
+/// Mixed at a time where nothing else says how many.
+constexpr SampleIndex MIXED_AT_ONCE{1024};
+
+Proc::IFilterFactory& filters() {
+    return Core::CoreManager::Instance().GetFilterFactory();
+}
+
+SoundTarget targetOf(const Survey& heard, const Conf::SampleInfo& format) {
+    return SoundTarget(format, SampleDepth::of(heard.media).bits, heard.blends);
+}
+
+} // namespace
+
+SoundStream::SoundStream(Sequence heard, const Window& window, const Conf::SampleInfo& format)
+    : sequence(std::move(heard))
+    , window(window)
+    , grid(format.GetRate())
+    , samples(window.samples(grid))
+    , planner(sequence.document, window, grid)
+    , target(targetOf(Survey::ofSound(planner, samples, *sequence.media), format)) {}
+
+SoundStream::Block SoundStream::ReadAudio() {
+    if (nextSample >= samples)
+        return nullptr;
+    if (nextSample >= sceneEnd)
+        enter();
+    if (scene.parts.empty())
+        return placed(readSilence(left()));
+    return placed(isPlain(scene) ? readOne(scene.parts.front().material) : readMixed());
+}
+
+void SoundStream::enter() {
+    streams.requireNoInterrupt();
+    scene = planner.sceneAt(nextSample);
+    sceneEnd = std::min(planner.endOf(scene), samples);
+    closeUnused();
+}
+
+void SoundStream::closeUnused() {
+    silence = {};
+    const auto isUsed = [this](const std::unique_ptr<MaterialSound>& sound) {
+        bool used = false;
+        visitMaterials(scene.parts, [&](const Material& material) { used = used || material == sound->material(); });
+        return used;
+    };
+    open.erase(std::remove_if(open.begin(), open.end(), std::not_fn(isUsed)), open.end());
+}
+
+MaterialSound& SoundStream::sounding(const Material& material) {
+    const auto found =
+        std::find_if(open.begin(), open.end(), [&](const auto& sound) { return sound->material() == material; });
+    if (found != open.end())
+        return **found;
+    auto sound = std::make_unique<MaterialSound>(material, *sequence.media, grid);
+    sound->open(streams, nextSample, planner, target);
+    open.push_back(std::move(sound));
+    return *open.back();
+}
+
+SoundStream::Block SoundStream::readOne(const Material& material) {
+    MaterialSound& sound = sounding(material);
+    if (sound.silenceBefore() > NONE) {
+        const Block block = readSilence(std::min(sound.silenceBefore(), left()));
+        sound.passSilence(SampleIndex(block->GetSampleCount()));
+        return block;
+    }
+    const SampleIndex count = std::min(sound.available(), left());
+    return count > NONE ? sound.take(count) : readSilence(left());
+}
+
+SoundStream::Block SoundStream::readSilence(SampleIndex most) {
+    if (!silence || silenceEnd <= nextSample) {
+        silence = streams.open(filters().CreateSilence(target.description(), grid.Length(most).Value()));
+        silenceEnd = nextSample + most;
+    }
+    const Block block = silence->ReadAudio();
+    if (!block)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::FilterFailed,
+                                         "Silence ended " + std::to_string((silenceEnd - nextSample).Value()) +
+                                             " samples too early"));
+    return block->Slice(0, std::min(block->GetSampleCount(), most.Value()));
+}
+
+SoundStream::Block SoundStream::readMixed() {
+    const SampleIndex count = std::min(std::min(inStep(scene.parts), left()), MIXED_AT_ONCE);
+    return mix(scene.parts, count);
+}
+
+SampleIndex SoundStream::inStep(const Parts& parts) {
+    SampleIndex count = left();
+    visitMaterials(parts, [&](const Material& material) {
+        MaterialSound& sound = sounding(material);
+        const SampleIndex own = sound.silenceBefore() > NONE ? sound.silenceBefore() : sound.available();
+        if (own > NONE)
+            count = std::min(count, own);
+    });
+    return count;
+}
+
+SoundStream::Block SoundStream::mix(const Parts& parts, SampleIndex count) {
+    using Curve = Proc::MixVoice::Curve;
+    std::vector<Proc::MixVoice> voices;
+    for (const Part& part : parts) {
+        if (part.fade) {
+            const SampleIndex begin = planner.sampleAt(part.fade->begin);
+            const SampleIndex at = nextSample - begin;
+            const SampleIndex length = planner.sampleAt(part.fade->end) - begin;
+            if (!part.from.empty())
+                voices.push_back({mix(part.from, count), Curve::FadeOut, at, length});
+            if (!part.to.empty())
+                voices.push_back({mix(part.to, count), Curve::FadeIn, at, length});
+            continue;
+        }
+        MaterialSound& sound = sounding(part.material);
+        if (sound.silenceBefore() > NONE)
+            sound.passSilence(count);
+        else if (sound.available() > NONE)
+            voices.push_back({sound.take(count)});
+    }
+    return mixing().Mix(voices, count);
+}
+
+Proc::ISampleMixer& SoundStream::mixing() {
+    if (!mixer)
+        mixer = filters().CreateSampleMixer(target.format());
+    return *mixer;
+}
+
+SoundStream::Block SoundStream::placed(const Block& block) {
+    const Ticks begin = grid.Begin(nextSample);
+    nextSample += SampleIndex(block->GetSampleCount());
+    block->SetTime(begin.Value());
+    block->SetDuration((grid.Begin(nextSample) - begin).Value());
+    if (nextSample >= samples)
+        forget();
+    return block;
+}
+
+void SoundStream::forget() {
+    silence = {};
+    open.clear();
+    sceneEnd = SampleIndex(INT64_MIN);
+}
+
+void SoundStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const {
+    format = target.description();
+}
+
+std::int64_t SoundStream::GetDuration() const {
+    return grid.Length(samples).Value();
+}
+
+std::int64_t SoundStream::GetPosition() const {
+    return grid.Begin(nextSample).Value();
+}
+
+void SoundStream::Seek(std::int64_t time, Proc::SeekMode) {
+    forget();
+    const std::int64_t clamped = std::clamp<std::int64_t>(time, 0, GetDuration());
+    nextSample = std::min(grid.Nearest(Ticks(clamped)), samples);
+}
+
+std::string SoundStream::Describe() const {
+    return "sound of " + describe(sequence);
+}
+
+void SoundStream::PreferFormat(const Conf::IFormatCodec& format) {
+    if (const auto* audio = dynamic_cast<const Conf::IFormatCodecAudio*>(&format))
+        target.prefer(*audio, !open.empty() || silence);
+}
+
+void SoundStream::Reset() {
+    streams.reset(); // first: it does not wait for ever
+    forget();
+    nextSample = NONE;
+}
+
+boost::intrusive_ptr<Proc::IStreamAudio> createSoundStream(const Sequence& sequence, const Window& window,
+                                                           const Conf::SampleInfo& format) {
+    return new SoundStream(sequence, window, format);
+}
+
+} // namespace Render
