@@ -5,6 +5,8 @@
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
+#include <stdexcept>
 #include <vector>
 
 namespace Kestra::Proc {
@@ -63,6 +65,98 @@ TEST(FrameSampler, ShowsWhatEachFrameAloneWouldShow) {
                         EXPECT_EQ(readAll(sampler, rate), expected(40, own, wanted))
                             << own << " at " << rate << ", speed " << speed << " from " << first;
                     }
+}
+
+TEST(FrameSampler, ShowsBackwardsWhatEachFrameAloneWouldShow) {
+    for (const Rate& own : {Rate(24000, 1001), Rate(25), Rate(50), Rate(7, 3)})
+        for (const Rate& rate : {Rate(24), Rate(30000, 1001)})
+            for (const Rate& speed : {Rate(-1), Rate(-2), Rate(-1, 3), Rate(-133, 100), Rate(-30)})
+                for (const std::int64_t first : {0, 1, 31})
+                    for (const std::int64_t there : {1, 5, 40})
+                        for (const Repeats repeats : {Repeats::EachOnItsOwn, Repeats::AsOne}) {
+                            const TimeMap map{Ticks(TIME_BASE / 7), Ticks(there * TIME_BASE / 3), speed};
+                            const auto wanted = plan(rate, first, 120, map, repeats);
+                            FrameSampler sampler(fake(100, own), wanted);
+                            EXPECT_EQ(readAll(sampler, rate), expected(100, own, wanted))
+                                << own << " at " << rate << ", speed " << speed << " from " << first << " at " << there;
+                        }
+}
+
+/// Counts how often each of its frames is read, and how many are alive at a time.
+class Counted final : public FakeStreamVideo {
+public:
+    using FakeStreamVideo::FakeStreamVideo;
+
+    boost::intrusive_ptr<IDataVideo> ReadVideo() override {
+        const auto frame = FakeStreamVideo::ReadVideo();
+        if (!frame)
+            return {};
+        ++reads[dynamic_cast<const FakeFrame&>(*frame).GetNumber()];
+        const auto dead = [](const auto& other) { return other->GetRefCount() == 1; };
+        alive.erase(std::remove_if(alive.begin(), alive.end(), dead), alive.end());
+        alive.push_back(frame);
+        most = std::max(most, alive.size());
+        return frame;
+    }
+
+    std::map<int, int> reads;
+    std::size_t most = 0;
+
+private:
+    std::vector<boost::intrusive_ptr<IDataVideo>> alive;
+};
+
+TEST(FrameSampler, HoldsBackwardsABoundedNumberOfFramesAndReadsEachAFewTimes) {
+    // Of 32 MiB, and so light that time is what bounds them.
+    for (const auto& [side, most] : {std::pair{4096U, 6U}, {64U, 54U}}) {
+        const boost::intrusive_ptr<Counted> source(new Counted(400, 25, {side, side / 2, 0, 0}));
+        const TimeMap map{Ticks(0), Ticks(FramesToTime(400, 25)), -1};
+        FrameSampler sampler(source, plan(25, 0, 300, map));
+        EXPECT_EQ(readAll(sampler, 25).back(), 100);
+        EXPECT_LE(source->most, most);
+        EXPECT_EQ(source->reads.begin()->first, 100) << "what is not shown is not read";
+        for (const auto& [number, times] : source->reads)
+            EXPECT_LE(times, 3) << number;
+    }
+}
+
+TEST(FrameSampler, FindsBackwardsTheLastFrameOfASourceThatEndsEarlierThanItSays) {
+    /// Says that it lasts for thrice its frames.
+    class Boasting final : public FakeStreamVideo {
+    public:
+        using FakeStreamVideo::FakeStreamVideo;
+        std::int64_t GetDuration() const override { return 3 * FakeStreamVideo::GetDuration(); }
+    };
+    const TimeMap map{Ticks(0), Ticks(FramesToTime(300, 25)), -1};
+    const auto wanted = plan(25, 0, 300, map);
+    FrameSampler sampler(new Boasting(100, 25), wanted);
+    EXPECT_EQ(readAll(sampler, 25), expected(100, 25, wanted));
+    FrameSampler none(fake(0), wanted);
+    EXPECT_THROW(none.ReadVideo(), ProcException);
+}
+
+TEST(FrameSampler, BackwardsReadsTheSameAfterAResetAndFromWhereItIsMoved) {
+    const TimeMap map{Ticks(0), Ticks(2 * TIME_BASE), Rate(-3, 2)};
+    for (const Repeats repeats : {Repeats::EachOnItsOwn, Repeats::AsOne}) {
+        FrameSampler sampler(fake(60, 30), plan(24, 2, 30, map, repeats));
+        const auto whole = readAll(sampler, 24);
+        sampler.Reset();
+        EXPECT_EQ(readAll(sampler, 24), whole);
+        for (const int place : {25, 3, 0, 29}) {
+            sampler.Seek(FramesToTime(place, 24) + 1, SeekMode::Exact);
+            const auto frame = sampler.ReadVideo();
+            EXPECT_EQ(frame->GetTime(), FramesToTime(place, 24));
+            EXPECT_EQ(dynamic_cast<const FakeFrame&>(*frame).GetNumber(), whole[static_cast<std::size_t>(place)]);
+        }
+        sampler.Interrupt();
+        sampler.Seek(0, SeekMode::Exact);
+        EXPECT_THROW(sampler.ReadVideo(), Interrupted);
+    }
+}
+
+TEST(FrameSampler, NeedsANumberOfFramesToRunBackwards) {
+    const SamplingRule rule(FrameGrid(25), SamplingRule::Pace::Any, {Ticks(0), Ticks(TIME_BASE), -1});
+    EXPECT_THROW(FrameSampler(fake(50), {rule}), std::invalid_argument);
 }
 
 TEST(FrameSampler, GivesWhatIsRepeatedOnceWithItsWholeLength) {

@@ -84,8 +84,14 @@ TEST(FramePeriods, OfAFrozenSourceAllShowOneMoment) {
     EXPECT_EQ(frozen.FirstShowing(at(500.1)).Value(), INT64_MAX);
 }
 
-TEST(FramePeriods, DoNotRunBackwards) {
-    EXPECT_THROW(mapped(-1), std::invalid_argument);
+TEST(FramePeriods, ThatRunBackwardsShowEarlierTimesAndHaveNoFirst) {
+    const SamplingRule backwards = mapped(-1, 0, 500);
+    EXPECT_TRUE(backwards.RunsBackwards());
+    EXPECT_FALSE(mapped(0).RunsBackwards());
+    EXPECT_EQ(backwards.Shown(FrameIndex(0)), at(490));
+    EXPECT_EQ(backwards.Shown(FrameIndex(3)), at(430));
+    EXPECT_THROW(backwards.FirstShowing(at(400)), std::logic_error);
+    EXPECT_THROW(backwards.FirstShowingAfter(FrameIndex(1), at(400)), std::logic_error);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Filter/FrameBlender.h"
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include "Kestra/FF/Filter/Resizer.h"
+#include "Kestra/FF/Filter/SampleMixer.h"
 #include "Kestra/Proc/Filters/Concatenation.h"
 #include "Kestra/Proc/Filters/EffectHost.h"
 #include "Kestra/Proc/Filters/FrameSampler.h"
@@ -79,8 +80,8 @@ FilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecV
     return MakeFrameBlender(format);
 }
 
-boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const Conf::SampleInfo&) {
-    KESTRA_NOT_IMPLEMENTED();
+boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const Conf::SampleInfo& format) {
+    return new SampleMixer(format);
 }
 
 FilterFactory::Audio FilterFactory::CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) {

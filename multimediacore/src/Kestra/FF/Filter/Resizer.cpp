@@ -1,7 +1,9 @@
 #include "Kestra/FF/Filter/Resizer.h"
 
+#include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
+#include "Kestra/FF/Picture/EncoderInput.h"
 #include <algorithm>
 #include <cmath>
 
@@ -148,7 +150,8 @@ void Resizer::PreferFormat(const Conf::IFormatCodec& preferred) {
 
 void Resizer::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& result) const {
     source->GetVideoFormat(result);
-    const Conf::FrameInfo frame = output.width > 0 ? output : settings.GetOutputFrameSize(result->GetFrameInfo());
+    const Conf::FrameInfo sourceFrame = result->GetFrameInfo();
+    const Conf::FrameInfo frame = output.width > 0 ? output : settings.GetOutputFrameSize(sourceFrame);
     result->InitByFrameAspect(frame.width, frame.height, frame.aspectNumerator, frame.aspectDenominator);
     const FrameHandle picture = MakeFrame();
     const AVPixelFormat own = ToAv(result->GetPixelFormat());
@@ -157,9 +160,28 @@ void Resizer::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& resu
     picture->format = own;
     picture->height = static_cast<int>(frame.height);
     SetColour(*picture, result->GetColour());
-    const AVPixelFormat made = format == AV_PIX_FMT_NONE ? own : format;
-    result->SetColour(FrameConverter::ResolveColour(*picture, made, colour));
+    const AVPixelFormat made = FormatFor(own, ShowsBars(FitFrame(sourceFrame, frame, settings), frame));
+    result->SetColour(FrameConverter::ResolveColour(*picture, made, ColourFor(made)));
     result->SetPixelFormat(FromAv(made));
+}
+
+bool Resizer::ShowsBars(const Fitting& fitting, const Conf::FrameInfo& frame) const {
+    return settings.aspectMode == AspectMode::Letterbox &&
+           fitting.place != FrameRect{0, 0, static_cast<int>(frame.width), static_cast<int>(frame.height)};
+}
+
+AVPixelFormat Resizer::FormatFor(AVPixelFormat own, bool bars) const {
+    const AVPixelFormat made = format == AV_PIX_FMT_NONE ? own : format;
+    const bool transparent = settings.transparentBars && (bars || HasAlpha(own));
+    return transparent && !HasAlpha(made) ? ToAv(Conf::BlendFormatsFor(FromAv(made)).alpha) : made;
+}
+
+// A format that is of full range by name has a sibling that has to be told.
+Conf::ColourInfo Resizer::ColourFor(AVPixelFormat made) const {
+    Conf::ColourInfo result = colour;
+    if (made != format && format != AV_PIX_FMT_NONE && IsFullRangeFormat(format))
+        result.range = AVCOL_RANGE_JPEG;
+    return result;
 }
 
 FrameTarget Resizer::TargetFor(const AVFrame& picture) const {
@@ -169,8 +191,9 @@ FrameTarget Resizer::TargetFor(const AVFrame& picture) const {
     target.width = static_cast<int>(output.width);
     target.height = static_cast<int>(output.height);
     target.sampleAspect = SampleAspectOf(output);
-    target.format = format;
-    target.colour = colour;
+    target.format = FormatFor(static_cast<AVPixelFormat>(picture.format), ShowsBars(fitting, output));
+    target.colour = ColourFor(target.format);
+    target.transparentRest = settings.transparentBars && HasAlpha(target.format);
     target.source = fitting.source;
     target.place = fitting.place;
     target.interpolation = ScalerFlag(settings.interpolation);

@@ -7,6 +7,13 @@
 
 namespace Kestra::FF {
 
+/// The part of a picture that is shown in a frame, and where. Sides are in pixels.
+struct Fitting {
+    FrameRect source;
+    FrameRect place;
+};
+Fitting FitFrame(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
+
 /// All its frames have the size that the settings give the source's frame, also when single pictures of the source
 /// differ: those stand centred in it. A frame that comes again on the same pixels is not converted again.
 class Resizer final : public Proc::VideoFilterBase {
@@ -24,6 +31,10 @@ public:
 private:
     FrameTarget TargetFor(const AVFrame& picture) const;
     Conf::FrameInfo OutputFrame() const;
+    bool ShowsBars(const Fitting& fitting, const Conf::FrameInfo& frame) const;
+    /// What a picture of format `own` becomes.
+    AVPixelFormat FormatFor(AVPixelFormat own, bool bars) const;
+    Conf::ColourInfo ColourFor(AVPixelFormat made) const;
 
     const Proc::SettingsResizer settings;
     const int threads;
@@ -38,12 +49,5 @@ private:
 
 boost::intrusive_ptr<Proc::IStreamVideo> MakeResizer(const boost::intrusive_ptr<Proc::IStreamVideo>& source,
                                                      const Proc::SettingsResizer& settings, int threads = 1);
-
-/// The part of a picture that is shown in a frame, and where. Sides are in pixels.
-struct Fitting {
-    FrameRect source;
-    FrameRect place;
-};
-Fitting FitFrame(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
 
 } // namespace Kestra::FF

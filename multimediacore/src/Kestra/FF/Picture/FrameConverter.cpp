@@ -1,12 +1,15 @@
 #include "Kestra/FF/Picture/FrameConverter.h"
 
+#include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Picture/AlphaBlend.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
 #include "Kestra/FF/Picture/Premultiply.h"
+#include <algorithm>
 #include <string>
 #include <tuple>
+#include <type_traits>
 
 extern "C" {
 #include <libavutil/pixdesc.h>
@@ -51,6 +54,51 @@ int ResolveRange(int tagged, AVPixelFormat from, AVPixelFormat to, int wanted) {
     if (IsRgb(from))
         return AVCOL_RANGE_MPEG;
     return IsFullRangeFormat(from) ? static_cast<int>(AVCOL_RANGE_JPEG) : tagged;
+}
+
+AVPixelFormat AlphaFormat(AVPixelFormat format) {
+    return HasAlpha(format) ? format : ToAv(Conf::BlendFormatsFor(FromAv(format)).alpha);
+}
+
+int AlphaDepthOf(const AVFrame& frame) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    return HasAlpha(static_cast<AVPixelFormat>(frame.format)) ? descriptor.comp[descriptor.nb_components - 1].depth : 0;
+}
+
+template <class Sample>
+void MultiplyAlpha(AVFrame& frame, float factor, float highest) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    const AVComponentDescriptor& alpha = descriptor.comp[descriptor.nb_components - 1];
+    const float half = std::is_floating_point_v<Sample> ? 0.0F : 0.5F;
+    for (int y = 0; y < frame.height; ++y) {
+        std::uint8_t* const row =
+            frame.data[alpha.plane] + alpha.offset + static_cast<std::ptrdiff_t>(y) * frame.linesize[alpha.plane];
+        for (int x = 0; x < frame.width; ++x) {
+            auto& sample = *reinterpret_cast<Sample*>(row + static_cast<std::ptrdiff_t>(x) * alpha.step);
+            sample = static_cast<Sample>(std::min(static_cast<float>(sample) * factor + half, highest));
+        }
+    }
+}
+
+/// What makes samples deeper shifts them, alpha as well: opaque would let a 256th part through.
+void WidenAlpha(AVFrame& frame, int depthBefore) {
+    constexpr int FLOAT_DEPTH = 32;
+    constexpr int DEEPEST = 16; // floating point is made by way of it
+    const int depth = AlphaDepthOf(frame);
+    if (depthBefore == 0 || depthBefore >= std::min(depth, DEEPEST))
+        return;
+    const int made = std::min(depth, DEEPEST);
+    const auto highest = static_cast<float>((1U << made) - 1);
+    const float factor = highest / static_cast<float>(((1U << depthBefore) - 1) << (made - depthBefore));
+    if (depth == FLOAT_DEPTH)
+        MultiplyAlpha<float>(frame, factor, 1);
+    else
+        MultiplyAlpha<std::uint16_t>(frame, factor, highest);
+}
+
+bool IsPackedRgb(const AVFrame& frame) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    return IsRgb(format) && !(av_pix_fmt_desc_get(format)->flags & AV_PIX_FMT_FLAG_PLANAR);
 }
 
 void CopyTags(AVFrame& to, const AVFrame& from) {
@@ -121,6 +169,8 @@ void FrameConverter::Configure(const Setup& wanted) {
 void FrameConverter::Scale(const AVFrame& from, AVFrame& to, const Pass& pass) {
     Configure({from.width, from.height, from.format, to.width, to.height, to.format, pass});
     Check(sws_scale_frame(context.get(), &to, &from), TranscodingError::FilterFailed, "Converting a picture failed");
+    if (!IsPackedRgb(from)) // those the scaler widens itself
+        WidenAlpha(to, AlphaDepthOf(from));
 }
 
 // The rows of the two fields show two instants: they must not be mixed.
@@ -147,7 +197,7 @@ void FrameConverter::Fill(AVFrame& result, const AVFrame& frame, const FrameTarg
     else
         Scale(*from, *to, pass);
     // After the scaler, which writes whole vectors and so a little over the edge.
-    FillAround(result, place);
+    FillAround(result, place, target.transparentRest);
 }
 
 void FrameConverter::FillWeighted(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass) {
@@ -192,10 +242,12 @@ FrameHandle FrameConverter::Reshape(const AVFrame& frame, const FrameTarget& tar
 FrameHandle FrameConverter::Recolour(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
                                      AVPixelFormat format) {
     const auto own = static_cast<AVPixelFormat>(frame.format);
+    const AVPixelFormat kept = target.transparentRest ? AlphaFormat(own) : own;
     const FrameHandle shaped = Reshape(frame, target, {change.before, change.before},
-                                       ColourConverter::FormatFor(own, target.width, target.height));
+                                       ColourConverter::FormatFor(kept, target.width, target.height));
     const AVPixelFormat made = ColourConverter::FormatFor(format, target.width, target.height);
     FrameHandle result = colours.Convert(*shaped, change, made);
+    WidenAlpha(*result, AlphaDepthOf(*shaped));
     if (made == format)
         return result;
     FrameTarget rest = target;

@@ -21,6 +21,8 @@ struct FrameTarget {
     FrameRect source;
     /// Where it stands in the result; the rest is black.
     FrameRect place;
+    /// The rest is transparent, too; the format has alpha.
+    bool transparentRest = false;
     /// A scaler flag of libswscale.
     int interpolation = SWS_BICUBIC;
     int threads = 1;

@@ -149,7 +149,8 @@ void FirstFrames::Keep(PacketHandle packet, bool waits) {
     for (ProbedTrack* track : {&video, &audio}) {
         if (track->index != packet->stream_index)
             continue;
-        foundAt.try_emplace(track->index, bytesRead);
+        if (foundAt.try_emplace(track->index, bytesRead).second)
+            track->opening = MakePacketReference(*packet);
         for (std::int64_t* time : {&track->firstDecodeTime, &track->secondDecodeTime})
             if (*time == TIME_UNKNOWN) {
                 *time = ToEngineTime(packet->dts, demuxer.GetStream(track->index).time_base);

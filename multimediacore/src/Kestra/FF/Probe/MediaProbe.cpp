@@ -19,6 +19,7 @@
 #include "Kestra/FF/Probe/DiscontinuityScan.h"
 #include "Kestra/FF/Probe/FirstFrames.h"
 #include "Kestra/FF/Probe/LeftOut.h"
+#include "Kestra/FF/Probe/StartTimecode.h"
 #include "Kestra/FF/Probe/TrackRate.h"
 #include "Kestra/FF/Probe/TrackShape.h"
 #include <algorithm>
@@ -274,6 +275,7 @@ void MediaProbe::DescribeVideo() {
     track.start = video.start - details.origin;
     track.duration = video.end - video.start;
     info.duration = std::max(info.duration, video.end - details.origin);
+    info.timecode = FindStartTimecode(demuxer.GetContext(), video, rate.rate);
     info.video = track;
 }
 

@@ -13,6 +13,7 @@ struct ProbedTrack {
     int index = -1;
     FrameHandle first;
     std::deque<PacketHandle> waiting; ///< read, not yet decoded
+    PacketHandle opening;             ///< the first one in the file
     std::int64_t firstDecodeTime = TIME_UNKNOWN;
     std::int64_t secondDecodeTime = TIME_UNKNOWN;
     std::int64_t firstShown = TIME_UNKNOWN; ///< the earliest that was to be shown, whether it can be decoded or not

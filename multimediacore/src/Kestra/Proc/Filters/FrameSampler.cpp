@@ -1,7 +1,9 @@
 #include "Kestra/Proc/Filters/FrameSampler.h"
 
+#include "Kestra/Proc/Filters/BackwardFrames.h"
 #include "Kestra/Proc/ProcException.h"
 #include <algorithm>
+#include <stdexcept>
 
 namespace Kestra::Proc {
 
@@ -13,11 +15,23 @@ Ticks EndOf(const IDataVideo& frame) {
     return Ticks(frame.GetTime() + frame.GetDuration());
 }
 
+std::unique_ptr<BackwardFrames> MakeBackwards(const boost::intrusive_ptr<IStreamVideo>& source,
+                                              const FrameSampler::Plan& plan) {
+    if (!plan.rule.RunsBackwards())
+        return nullptr;
+    if (!plan.count)
+        KESTRA_THROW(std::invalid_argument("A number of frames has to be ordered of what runs backwards"));
+    return std::make_unique<BackwardFrames>(source, plan.rule.Shown(plan.first + *plan.count - FrameIndex(1)));
+}
+
 } // namespace
 
 FrameSampler::FrameSampler(const boost::intrusive_ptr<IStreamVideo>& source, const Plan& plan)
     : VideoFilterBase(source, "frame sampler")
-    , plan(plan) {}
+    , plan(plan)
+    , backwards(MakeBackwards(source, plan)) {}
+
+FrameSampler::~FrameSampler() = default;
 
 std::optional<FrameIndex> FrameSampler::Count() const {
     if (plan.count)
@@ -33,6 +47,8 @@ boost::intrusive_ptr<IDataVideo> FrameSampler::ReadVideo() {
     if (count && produced >= *count)
         return nullptr;
     const FrameIndex index = plan.first + produced;
+    if (backwards)
+        return ReadBackwards(index);
     if (!current)
         Start(index);
     if (!current)
@@ -53,10 +69,25 @@ void FrameSampler::Start(FrameIndex index) {
     if (!current && moved)
         ReadFrom(Ticks(0));
     if (!current && plan.count)
-        KESTRA_THROW(
-            ProcException(TranscodingError::SourceUnreadable, "No picture could be read from " + source->Describe()));
+        FailWithoutFrames();
     if (current)
         currentIndex = std::min(index, plan.rule.FirstShowing(Ticks(current->GetTime())));
+}
+
+void FrameSampler::FailWithoutFrames() const {
+    KESTRA_THROW(
+        ProcException(TranscodingError::SourceUnreadable, "No picture could be read from " + source->Describe()));
+}
+
+boost::intrusive_ptr<IDataVideo> FrameSampler::ReadBackwards(FrameIndex index) {
+    current = backwards->At(plan.rule.Shown(index));
+    if (!current)
+        FailWithoutFrames();
+    const FrameIndex left = *plan.count - produced;
+    FrameIndex run(1);
+    while (plan.repeats == Repeats::AsOne && run < left && backwards->StillShows(plan.rule.Shown(index + run)))
+        ++run;
+    return Give(run);
 }
 
 void FrameSampler::ReadFrom(Ticks place) {
@@ -137,6 +168,8 @@ void FrameSampler::Forget() {
     ended = false;
     current.reset();
     next.reset();
+    if (backwards)
+        backwards->Forget();
 }
 
 } // namespace Kestra::Proc

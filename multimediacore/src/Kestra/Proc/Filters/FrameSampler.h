@@ -3,14 +3,18 @@
 
 #include "Kestra/Proc/Filters/SamplingRule.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include <memory>
 #include <optional>
 
 namespace Kestra::Proc {
 
+class BackwardFrames;
+
 /// The frames of a grid, from `first` on, which stands at time 0 of this stream. Before the source's first frame that
 /// one is shown, after its last frame the last one. What is not shown is passed over, what is shown repeatedly shares
-/// its pixels. Begins to read at the first frame shown, and reads no frame before it is needed. Thread rules of
-/// IStream.
+/// its pixels. Begins to read at the first frame shown, and reads no frame before it is needed. A rule that
+/// runs backwards is obeyed by reading stretches of the source, each before the last one; their pictures are held, 128
+/// MiB of them at most. Thread rules of IStream.
 class KESTRA_EXPORT FrameSampler final : public VideoFilterBase {
 public:
     enum class Repeats {
@@ -28,8 +32,9 @@ public:
         std::optional<FrameIndex> count{};
     };
 
-    /// Throws std::invalid_argument for a null source.
+    /// Throws std::invalid_argument for a null source, and for a rule that runs backwards without a number of frames.
     FrameSampler(const boost::intrusive_ptr<IStreamVideo>& source, const Plan& plan);
+    ~FrameSampler() override;
 
     /// Throws ProcException (SourceUnreadable) when a number of frames is ordered and the source has none.
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
@@ -47,10 +52,13 @@ private:
     void Supply(FrameIndex index);
     FrameIndex AfterCurrent() const;
     FrameIndex RunLength(FrameIndex index) const;
+    boost::intrusive_ptr<IDataVideo> ReadBackwards(FrameIndex index);
+    [[noreturn]] void FailWithoutFrames() const;
     boost::intrusive_ptr<IDataVideo> Give(FrameIndex run);
     void Forget();
 
     const Plan plan;
+    const std::unique_ptr<BackwardFrames> backwards; ///< null where the rule runs forwards
     FrameIndex produced;
     bool moved = false;                       ///< the source does not stand at its start
     bool ended = false;                       ///< the source has no more frames

@@ -10,12 +10,11 @@ namespace Kestra::Proc {
 SamplingRule::SamplingRule(const FrameGrid& grid, Pace pace, const TimeMap& map)
     : grid(grid)
     , pace(pace)
-    , map(map) {
-    if (map.speed < 0)
-        KESTRA_THROW(std::invalid_argument("Frames are sampled forwards"));
-}
+    , map(map) {}
 
 FrameIndex SamplingRule::FirstShowing(Ticks time) const {
+    if (RunsBackwards())
+        KESTRA_THROW(std::logic_error("Backwards, what a frame shows first is what its source shows last"));
     if (map.speed == 0)
         return FrameIndex(time <= map.there ? INT64_MIN : INT64_MAX);
     // The estimate may be one off either way; the middles decide.
@@ -33,7 +32,7 @@ bool SamplingRule::FollowsOn(FrameIndex following, Ticks time) const {
 
 FrameIndex SamplingRule::FirstShowingAfter(FrameIndex last, Ticks time) const {
     const FrameIndex following = last + FrameIndex(1);
-    if (pace == Pace::Grid && FollowsOn(following, time))
+    if (!RunsBackwards() && pace == Pace::Grid && FollowsOn(following, time))
         return following;
     return std::max(last, FirstShowing(time));
 }

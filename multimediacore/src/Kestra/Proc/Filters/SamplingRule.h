@@ -17,10 +17,12 @@ public:
               ///< shown
     };
 
-    /// Throws std::invalid_argument for a map that runs backwards.
     explicit SamplingRule(const FrameGrid& grid, Pace pace = Pace::Any, const TimeMap& map = {});
 
     const FrameGrid& GetGrid() const { return grid; }
+    /// Later frames then show earlier times of the source, by the middles alone whatever the pace, and the two
+    /// questions for the first frame have no answer: they throw std::logic_error.
+    bool RunsBackwards() const { return map.speed < 0; }
     /// The time of the source that frame `index` shows.
     Ticks Shown(FrameIndex index) const { return map.ToSource(grid.Middle(index)); }
     /// The first frame that shows what the source shows from `time` on; the greatest index where none does, and the

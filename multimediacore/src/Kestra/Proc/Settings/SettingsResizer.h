@@ -31,8 +31,9 @@ public:
 
     /// Sides may be odd: the target's, and those of a source that is not scaled.
     bool oddSides = false;
-    /// Bars are transparent instead of black, in a format with alpha: the consumer's wish or its sibling
-    /// (Conf::BlendFormats), else the source's. A source that fills the target needs none and keeps its own.
+    /// For layers: bars of Letterbox are transparent, and alpha is not flattened where the consumer prefers a format
+    /// without; such pictures come in the sibling with alpha (Conf::BlendFormats) of what they would come in. Those
+    /// that fill the target and have no alpha come as they would.
     bool transparentBars = false;
 
     /// The frame that a source frame comes out as. Sides are at least 2, and even unless they may be odd.
