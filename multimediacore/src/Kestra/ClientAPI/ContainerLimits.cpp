@@ -51,6 +51,11 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
     return false;
 }
 
+bool ContainerLimits::HoldsTag(const std::string& container, const std::string& key) {
+    const Container* const found = Container::Find(container);
+    return found != nullptr && !key.empty() && (found->tags.empty() || Has(found->tags, key));
+}
+
 std::vector<std::string> ContainerLimits::Extensions(const std::string& container, bool withPictures) {
     const Container* const found = Container::Find(container);
     if (found == nullptr)

@@ -17,8 +17,11 @@ struct KESTRA_EXPORT ContainerLimits {
     static bool IsContainer(const std::string& container);
     /// The pairs that players and editors really read, not all that a muxer would write.
     static bool Holds(const std::string& container, Conf::CodecID codec);
-    /// Whether files of the container have a place for it. Of tags each container knows some keys; others may be lost.
+    /// Whether files of the container have a place for it; for time codes beside pictures only. Chapters of MP4 and MOV
+    /// follow each other without gaps: each lasts until the next one begins.
     static bool Holds(const std::string& container, ProgrammeField field);
+    /// Whether one of the tags of Conf::ProgrammeInfo is kept. Some containers know a few keys only.
+    static bool HoldsTag(const std::string& container, const std::string& key);
     /// What files of the container are called, the usual one first; some belong to sound without pictures only.
     static std::vector<std::string> Extensions(const std::string& container, bool withPictures);
     /// Whether files so called are media or pictures of one certain kind, be it one that no container here is.

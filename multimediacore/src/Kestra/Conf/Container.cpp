@@ -4,6 +4,18 @@
 
 namespace Kestra::Conf {
 
+namespace {
+
+const std::vector<std::string> TAGS_OF_MP4{"album",    "album_artist", "artist",  "comment",    "composer", "copyright",
+                                           "date",     "description",  "disc",    "episode_id", "genre",    "grouping",
+                                           "keywords", "lyrics",       "network", "show",       "synopsis", "track"};
+const std::vector<std::string> TAGS_OF_MOV{"album", "artist",   "comment", "copyright", "date",
+                                           "genre", "location", "make",    "model"};
+const std::vector<std::string> TAGS_OF_WAV{"album", "artist", "comment",  "copyright",
+                                           "date",  "genre",  "language", "track"};
+
+} // namespace
+
 const std::vector<Container>& Container::All() {
     static const std::vector<Container> table{
         {"mp4",
@@ -15,7 +27,8 @@ const std::vector<Container>& Container::All() {
          {CodecID::H264, CodecID::HEVC, CodecID::AV1, CodecID::VP9, CodecID::MPEG4, CodecID::MPEG2, CodecID::AAC,
           CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC},
          {"mp4", "m4v"},
-         {"m4a"}},
+         {"m4a"},
+         TAGS_OF_MP4},
         {"mov",
          "mov",
          Family::Mov,
@@ -25,7 +38,8 @@ const std::vector<Container>& Container::All() {
          {CodecID::H264, CodecID::HEVC, CodecID::ProRes, CodecID::DNxHD, CodecID::MJPEG, CodecID::MPEG4, CodecID::AAC,
           CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
          {"mov", "qt"},
-         {}},
+         {},
+         TAGS_OF_MOV},
         {"webm",
          "webm",
          Family::Matroska,
@@ -34,7 +48,8 @@ const std::vector<Container>& Container::All() {
          true,
          {CodecID::VP9, CodecID::VP8, CodecID::AV1, CodecID::Opus, CodecID::Vorbis},
          {"webm"},
-         {"weba"}},
+         {"weba"},
+         {}},
         {"mkv",
          "matroska",
          Family::Matroska,
@@ -45,10 +60,11 @@ const std::vector<Container>& Container::All() {
           CodecID::FFV1, CodecID::MJPEG, CodecID::ProRes, CodecID::AAC, CodecID::Opus, CodecID::MP3, CodecID::FLAC,
           CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::Vorbis, CodecID::AC3, CodecID::ALAC},
          {"mkv"},
-         {"mka"}},
-        {"m4a", "ipod", Family::Mov, true, false, true, {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}},
-        {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}},
-        {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}},
+         {"mka"},
+         {}},
+        {"m4a", "ipod", Family::Mov, true, false, true, {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}, TAGS_OF_MP4},
+        {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}, {}},
+        {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}},
         {"wav",
          "wav",
          Family::Other,
@@ -57,7 +73,8 @@ const std::vector<Container>& Container::All() {
          false,
          {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM},
          {"wav", "wave"},
-         {}},
+         {},
+         TAGS_OF_WAV},
     };
     return table;
 }

@@ -23,6 +23,9 @@ struct KESTRA_EXPORT Container {
     std::vector<std::string> extensions;        ///< the usual one first; in lower case, without the dot
     std::vector<std::string> extensionsOfSound; ///< beside those, for files without pictures
 
+    /// The keys of tags that its files keep, beside the title; empty: any.
+    std::vector<std::string> tags;
+
     static const std::vector<Container>& All();
     /// Null for an id that is none.
     static const Container* Find(const std::string& id);

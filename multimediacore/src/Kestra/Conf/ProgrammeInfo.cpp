@@ -1,5 +1,7 @@
 #include "Kestra/Conf/ProgrammeInfo.h"
 
+#include <algorithm>
+
 namespace Kestra::Conf {
 
 namespace {
@@ -30,6 +32,24 @@ void Tell(Core::Property& list, const ProgrammeInfo::Chapter& chapter) {
 }
 
 } // namespace
+
+ProgrammeInfo ProgrammeInfo::Part(std::int64_t start, std::int64_t end) const {
+    ProgrammeInfo part = *this;
+    if (timecode)
+        part.timecode = *timecode + start;
+    std::stable_sort(part.chapters.begin(), part.chapters.end(),
+                     [](const Chapter& a, const Chapter& b) { return a.start < b.start; });
+    std::int64_t next = end;
+    for (auto chapter = part.chapters.rbegin(); chapter != part.chapters.rend(); ++chapter) {
+        const std::int64_t begin = chapter->start;
+        chapter->end = std::min(chapter->end > begin ? chapter->end : next, end) - start;
+        chapter->start = std::max(begin - start, std::int64_t{0});
+        next = begin;
+    }
+    const auto isOutside = [](const Chapter& chapter) { return chapter.end <= chapter.start; };
+    part.chapters.erase(std::remove_if(part.chapters.begin(), part.chapters.end(), isOutside), part.chapters.end());
+    return part;
+}
 
 ProgrammeInfo ProgrammeInfo::Of(const IFormatCodec& format) {
     ProgrammeInfo info;

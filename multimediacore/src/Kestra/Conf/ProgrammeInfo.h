@@ -35,6 +35,10 @@ struct KESTRA_EXPORT ProgrammeInfo {
     bool dropFrame = false;
     std::vector<Chapter> chapters;
 
+    /// Of the part of the stream from `start` to `end`, whose time begins at 0. Chapters are in order then, none is
+    /// left outside, and one without a length lasts until the next one begins.
+    ProgrammeInfo Part(std::int64_t start, std::int64_t end) const;
+
     bool IsEmpty() const { return title.empty() && tags.empty() && !timecode && chapters.empty(); }
 
     /// Empty where the description tells nothing of it.

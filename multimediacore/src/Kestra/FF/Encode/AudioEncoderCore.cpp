@@ -101,6 +101,7 @@ void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
     Core::Property preferred = format->GetProperty();
     preferred.SetChild(IFormatCodecAudio::TAG_CHANNEL_LAYOUT_ORDERED, description.GetChannelLayout() != 0);
     format->SetProperty(preferred);
+    TakeProgramme(*format, stream->GetDuration());
     stream->PreferFormat(*format);
     Conf::SampleInfo target;
     target.Init(FromAv(samples.format), samples.rate, samples.layout);
@@ -245,6 +246,8 @@ void AudioEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& forma
     description->SetSampleRate(samples.rate);
     description->SetChannelLayout(samples.layout);
     description->SetSampleFormat(FromAv(samples.format));
+    if (!GetProgramme().IsEmpty())
+        GetProgramme().TellIn(*description);
     format = MakeAudioParameters(GetParameters(), {1, samples.rate}, description->GetProperty());
 }
 

@@ -1,7 +1,9 @@
 #include "Kestra/FF/Encode/EncoderCore.h"
 
+#include "Kestra/Base/Time.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/Proc/Interrupted.h"
+#include <algorithm>
 #include <utility>
 
 namespace Kestra::FF {
@@ -15,6 +17,17 @@ void EncoderCore::Initialize(const Core::Property& settings) {
     if (IsPrepared())
         Fail(Proc::TranscodingError::NotSupported, Describe() + " runs already and takes no settings any more");
     description.Merge(settings);
+}
+
+void EncoderCore::TakeProgramme(IFormatCodec& source, std::int64_t duration) {
+    const auto whole = Conf::ProgrammeInfo::Of(source);
+    if (whole.IsEmpty())
+        return;
+    std::int64_t end = duration == TIME_UNKNOWN ? 0 : duration;
+    for (const Conf::ProgrammeInfo::Chapter& chapter : whole.chapters)
+        end = duration == TIME_UNKNOWN ? std::max({end, chapter.end, chapter.start + 1}) : end;
+    programme = whole.Part(0, end);
+    Conf::ProgrammeInfo().TellIn(source);
 }
 
 OptionList EncoderCore::GetOptions(const std::vector<std::string>& apart) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/RefCountImpl.h"
-#include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/FF/Encode/EncoderLoop.h"
 #include "Kestra/Proc/IPacketSource.h"
 #include "Kestra/Proc/Settings/SettingsTwoPassEncoding.h"
@@ -28,6 +28,11 @@ protected:
     explicit EncoderCore(const Core::Property& description);
 
     const Core::Property& GetDescription() const { return description; }
+    /// To be called while opening: takes over what the source's description tells of the programme, up to `duration`,
+    /// and takes it out of that description, which is to become a wish.
+    void TakeProgramme(Conf::IFormatCodec& source, std::int64_t duration);
+    /// What the packets tell of it.
+    const Conf::ProgrammeInfo& GetProgramme() const { return programme; }
     bool IsPrepared() const { return loop != nullptr; }
     AVCodecContext& GetContext() const { return loop->GetContext(); }
     /// As they were when the codec had opened.
@@ -63,6 +68,7 @@ private:
     std::atomic<bool> interrupted{false};
     std::unique_ptr<EncoderLoop> loop;
     CodecParametersHandle parameters;
+    Conf::ProgrammeInfo programme;
     bool ended = false;
 };
 

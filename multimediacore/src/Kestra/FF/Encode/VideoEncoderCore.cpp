@@ -139,9 +139,10 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     preferred.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT_ORDERED,
                        description.GetProperty().ChildExists(IFormatCodecVideo::TAG_PIXEL_FORMAT));
     format->SetProperty(preferred);
-    stream->PreferFormat(*format);
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
+    TakeProgramme(*format, GetDuration());
+    stream->PreferFormat(*format);
     Proc::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
     Proc::SettingsFilterFrameRate settings;
     settings.SetFrameRate(rate);
@@ -295,6 +296,8 @@ void VideoEncoderCore::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& forma
     }
     FF::Describe(input, *description);
     description->SetFrameRate(rate);
+    if (!GetProgramme().IsEmpty())
+        GetProgramme().TellIn(*description);
     format = MakeVideoParameters(GetParameters(), TimeBase(), description->GetProperty(), hdr);
 }
 

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Filter/PacketSegment.h"
 
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/DecoderPreroll.h"
 #include "Kestra/FF/Av/Error.h"
@@ -137,6 +138,8 @@ void PacketSegment::GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& result) 
     parameters->initial_padding = static_cast<int>(padding);
     PatchOpusHeader(*parameters);
     result = MakeAudioParameters(*parameters, own.GetTimeBase(), format->GetProperty());
+    if (const auto programme = Conf::ProgrammeInfo::Of(*result); !programme.IsEmpty())
+        programme.Part(start, end).TellIn(*result);
 }
 
 std::int64_t PacketSegment::GetDuration() const {

@@ -4,6 +4,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/OptionList.h"
 #include "Kestra/FF/Data/DataRawFF.h"
+#include "Kestra/FF/Mux/ProgrammeWriter.h"
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -107,6 +108,8 @@ int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {
     AVStream* stream = Allocated(avformat_new_stream(context.get(), nullptr));
     CopyParameters(*stream, *parameters, *context->oformat, container.family == Conf::Container::Family::Mov);
     packetTimeBases.push_back(parameters->GetTimeBase());
+    if (programme.IsEmpty())
+        programme = Conf::ProgrammeInfo::Of(*codec);
     return stream->index;
 }
 
@@ -116,6 +119,7 @@ void MuxerFF::Open() {
         Fail(TranscodingError::MuxerRefused, "There is nothing to be written into " + Name() + ": no track");
     output->Open();
     ApplyOptions();
+    DescribeProgramme(*context, programme, container);
     context->pb = io->Get();
     context->flags |= AVFMT_FLAG_CUSTOM_IO;
     const auto refuse = [this](int result) {
@@ -165,7 +169,7 @@ void MuxerFF::ApplyMovOptions() {
         io->AllowReadingBack(*context);
     }
     SetOption(*context, "movie_timescale", std::to_string(MovieTimescale()).c_str());
-    SetOption(*context, "write_tmcd", "0");
+    SetOption(*context, "write_tmcd", programme.timecode && container.timecode ? "1" : "0");
 }
 
 // Lengths of tracks and edits are counted in this unit. The smallest common one of all tracks makes them exact.

@@ -6,6 +6,7 @@
 #include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Conf/IFormatFile.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Mux/OutputIo.h"
 #include "Kestra/Proc/IMuxer.h"
@@ -13,7 +14,8 @@
 
 namespace Kestra::FF {
 
-/// Takes packets of this engine's encoders. MP4 and MOV get their index in front of the media.
+/// Takes packets of this engine's encoders. MP4 and MOV get their index in front of the media. What the tracks'
+/// descriptions tell of the programme is written as far as the container has a place for it.
 class MuxerFF final : public Proc::IMuxer, public RefCountImpl {
 public:
     /// `container` outlives the muxer.
@@ -47,6 +49,7 @@ private:
     std::unique_ptr<OutputIo> io;
     OutputContextHandle context;
     std::vector<AVRational> packetTimeBases;
+    Conf::ProgrammeInfo programme; ///< as the first track that tells of one has it
     State state = State::Adding;
 };
 

@@ -1,4 +1,5 @@
 #include "Kestra/Base/Time.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Kestra/Proc/Segmenter.h"
 #include <algorithm>
@@ -17,6 +18,7 @@ public:
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
     boost::intrusive_ptr<IDataVideo> ReadVideo() override;
+    void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
     void Seek(std::int64_t time, SeekMode mode) override;
     std::string Describe() const override;
     void Reset() override;
@@ -36,6 +38,12 @@ private:
 std::int64_t VideoSegmenter::GetDuration() const {
     const std::int64_t whole = source->GetDuration();
     return whole == TIME_UNKNOWN ? TIME_UNKNOWN : std::max<std::int64_t>(std::min(end, whole) - start, 0);
+}
+
+void VideoSegmenter::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
+    source->GetVideoFormat(format);
+    if (const auto programme = Conf::ProgrammeInfo::Of(*format); !programme.IsEmpty())
+        programme.Part(start, end).TellIn(*format);
 }
 
 boost::intrusive_ptr<IDataVideo> VideoSegmenter::ReadVideo() {
