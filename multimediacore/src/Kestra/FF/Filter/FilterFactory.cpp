@@ -6,10 +6,10 @@
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/FF/Filter/SampleMixer.h"
+#include "Kestra/FF/Filter/Tempo.h"
 #include "Kestra/Proc/Filters/Concatenation.h"
 #include "Kestra/Proc/Filters/EffectHost.h"
 #include "Kestra/Proc/Filters/FrameSampler.h"
-#include "Kestra/Proc/Filters/NotImplemented.h"
 #include "Kestra/Proc/Filters/PreferredFrameRate.h"
 #include "Kestra/Proc/Filters/ReadAheadAudio.h"
 #include "Kestra/Proc/Filters/ReadAheadVideo.h"
@@ -84,8 +84,9 @@ boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const 
     return new SampleMixer(format);
 }
 
-FilterFactory::Audio FilterFactory::CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) {
-    KESTRA_NOT_IMPLEMENTED();
+FilterFactory::Audio FilterFactory::CreateTempo(const Audio& source, const boost::rational<long long>& speed,
+                                                Proc::Pitch pitch) {
+    return MakeTempo(source, speed, pitch);
 }
 
 std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory() {
