@@ -150,6 +150,25 @@ TEST(Tempo, HasEverySoundThatBeginsAfterQuietInItsPlaceWithinAMillisecond) {
         }
 }
 
+TEST(Tempo, HasASuddenSoundWithinOthersInItsPlace) {
+    Fakes::AudioShape shape = beepShape();
+    shape.wave = [](int, std::int64_t index) {
+        const auto place = static_cast<double>(index);
+        return 0.05 * std::sin(0.03 * place) + 0.05 * std::sin(0.0171 * place) + 0.9 * beeps(index, RATE);
+    };
+    for (const Speed& speed : {Speed(1, 2), Speed(3)}) {
+        std::vector<float> samples = samplesOf(tempoOf(Fakes::MakeAudio(shape), speed, Pitch::Kept));
+        for (float& sample : samples)
+            sample /= 5; // the quieter sounds are quiet to onsetsOf
+        const auto onsets = onsetsOf(samples);
+        ASSERT_EQ(onsets.size(), 4U) << speed;
+        for (std::size_t beep = 1; beep < onsets.size(); ++beep)
+            EXPECT_NEAR(static_cast<double>(onsets[beep]),
+                        static_cast<double>(beep) * RATE / boost::rational_cast<double>(speed), RATE / 1000)
+                << speed;
+    }
+}
+
 TEST(Tempo, HasThemThereAtOtherRatesAndInIntegersToo) {
     for (const int rate : {8000, 44100, 96000}) {
         Fakes::AudioShape shape = beepShape(rate, 3 * rate);

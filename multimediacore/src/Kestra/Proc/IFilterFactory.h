@@ -63,7 +63,7 @@ public:
     virtual boost::intrusive_ptr<ISampleMixer> CreateSampleMixer(const Conf::SampleInfo& format) = 0;
     /// `source` at `speed` times its own, 1/100 to 100 (others: std::invalid_argument): exactly round(samples / speed)
     /// samples of FLTP, the first one at time 0. At speed 1 the source itself. Where the pitch is kept, sounds that
-    /// begin after quiet are in their places to the sample, others within some 20 ms.
+    /// begin suddenly are in their places to the sample, others near theirs.
     virtual Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Pitch pitch) = 0;
 };
 

@@ -13,8 +13,8 @@ namespace Kestra::FF {
 
 /// Works in stretches: what a stretch of the source becomes begins at the very sample where it belongs. Where the pitch
 /// moves there is one. Where it is kept, libavfilter's atempo lays pieces of some 40 ms over each other where they fit
-/// best, which moves what is in them by up to half as much: a stretch therefore begins with every sound after a quiet,
-/// and these are in their places exactly.
+/// best, which moves what is in them by as much: a stretch therefore begins with every sudden sound, and these are in
+/// their places exactly.
 class Tempo final : public Proc::AudioFilterBase {
 public:
     using Speed = boost::rational<long long>;
