@@ -5,5 +5,6 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
   libavformat>=59 libavcodec>=59 libavfilter>=8 libavutil>=57 libswscale>=6 libswresample>=4)
 pkg_check_modules(GLOG REQUIRED IMPORTED_TARGET libglog)
+pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip>=1.7)
 find_path(VALIJSON_INCLUDE_DIR valijson/adapters/qtjson_adapter.hpp REQUIRED)
 find_path(RAPIDJSON_INCLUDE_DIR rapidjson/reader.h REQUIRED)

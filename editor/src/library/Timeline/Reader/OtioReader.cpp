@@ -4,6 +4,7 @@
 #include "Timeline/Reader/OtioSchema.h"
 #include "Timeline/Reader/OtioText.h"
 #include "Timeline/Reader/OtioTime.h"
+#include "Timeline/Reader/OtioZipReader.h"
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -116,10 +117,12 @@ std::shared_ptr<const Document> readFrom(OtioContext& context, const std::string
 
 bool OtioReader::reads(const Kestra::ioPath& file) const {
     const std::string extension = extensionOf(file);
-    return extension == ".otio" || extension == ".otiod";
+    return extension == ".otio" || extension == ".otiod" || OtioZipReader().reads(file);
 }
 
 Reading OtioReader::read(const Kestra::ioPath& file, const ReadingOptions& options) const {
+    if (OtioZipReader().reads(file))
+        return OtioZipReader().read(file, options);
     OtioContext context(options);
     std::string path = file.ToUtf8();
     std::error_code error;

@@ -5,8 +5,8 @@
 
 namespace Timeline {
 
-/// The JSON form of OpenTimelineIO (.otio), and folders of one with its media (.otiod).
-/// https://opentimelineio.readthedocs.io/en/stable/tutorials/otio-serialized-schema.html
+/// The JSON form of OpenTimelineIO (.otio), folders of one with its media (.otiod), and archives (.otioz), which it
+/// hands on to OtioZipReader. https://opentimelineio.readthedocs.io/en/stable/tutorials/otio-serialized-schema.html
 class EDITORTIMELINE_EXPORT OtioReader final : public ITimelineReader {
 public:
     bool reads(const Kestra::ioPath& file) const override;

@@ -1,0 +1,48 @@
+// Timeline::ZipArchive: the entries of a zip file.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct zip;
+
+namespace Timeline {
+
+/// Bound to one thread at a time. Trusts nothing that the archive says of itself.
+class ZipArchive {
+public:
+    struct Entry {
+        std::string name;
+        std::uint64_t index = 0;
+        std::uint64_t size = 0;   ///< unpacked, as the archive claims
+        std::uint64_t packed = 0; ///< what it takes in the archive
+        bool encrypted = false;
+        bool link = false; ///< not a plain file
+    };
+
+    ZipArchive() = default;
+    /// The reason why it is none that can be read, as a clause; empty where it is. Once.
+    std::string open(const std::string& path);
+
+    /// Folders are none of them. In the order of the archive.
+    const std::vector<Entry>& entries() const { return all; }
+    /// Why the entry is not to be unpacked to a folder with so many bytes free, as a clause; empty where it may be.
+    static std::string whyNot(const Entry& entry, std::uint64_t freeBytes);
+    /// Writes the entry into the file, which is there. Why that failed, as a clause; empty where it did not.
+    std::string unpack(const Entry& entry, const std::string& path) const;
+
+private:
+    struct Closer {
+        void operator()(zip* archive) const noexcept;
+    };
+
+    std::unique_ptr<zip, Closer> archive;
+    std::vector<Entry> all;
+};
+
+/// Whether the name leads to a place below the folder that it is unpacked to, and to no other on any system.
+bool staysInside(const std::string& name);
+
+} // namespace Timeline
