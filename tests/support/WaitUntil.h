@@ -9,13 +9,23 @@
 
 namespace TestSupport {
 
+/// Sleeps until there is an event, which it handles, or for a millisecond: a condition may come true without one.
+inline void waitForAnEvent() {
+    QTimer tick;
+    tick.start(1);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 /// Runs the event loop until `condition` holds; false when the deadline, which only a hang reaches, passes first.
 template <class Condition>
 bool waitUntil(Condition condition, int deadlineMilliseconds = 1'000'000) {
     const QDeadlineTimer deadline(deadlineMilliseconds);
-    while (!condition()) {
+    // Asked only when nothing is due any more; whoever asked all the time would take a processor from what is awaited.
+    for (bool idle = false; !condition(); idle = true) {
         if (deadline.hasExpired())
             return false;
+        if (idle)
+            waitForAnEvent();
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     }
     return true;
