@@ -1,12 +1,15 @@
 #include "support/FlashBeep.h"
 
+#include "support/MediaCache.h"
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <system_error>
 
 namespace TestMedia {
 namespace {
@@ -64,7 +67,9 @@ int numberOfLuma(double luma) {
     return number >= 0 && number < 16 && std::abs(luma - lumaOfFrame(number)) < 3 ? static_cast<int>(number) : -1;
 }
 
-void runFfmpeg(const std::vector<std::string>& arguments) {
+namespace {
+
+void runProgram(const std::vector<std::string>& arguments) {
     std::string command = "ffmpeg -hide_banner -nostdin -loglevel error -y";
     for (const std::string& argument : arguments)
         command += " " + quoted(argument);
@@ -78,6 +83,35 @@ void runFfmpeg(const std::vector<std::string>& arguments) {
     const int status = pclose(pipe);
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         throw std::runtime_error(command + "\n" + output);
+}
+
+/// The files that runFfmpeg() has made in this process.
+std::set<std::string>& madeHere() {
+    static std::set<std::string> paths;
+    return paths;
+}
+
+/// Whether it is worth keeping: what is made of an export, say, is another one in every run.
+bool isMadeOfOwnFiles(const std::vector<std::string>& arguments) {
+    // A filter may be longer than any path.
+    std::error_code noPath;
+    for (std::size_t at = 1; at < arguments.size(); ++at)
+        if (arguments[at - 1] == "-i" && std::filesystem::exists(arguments[at], noPath) &&
+            !madeHere().count(arguments[at]))
+            return false;
+    return true;
+}
+
+} // namespace
+
+void runFfmpeg(const std::vector<std::string>& arguments) {
+    const MediaCache cache = MediaCache::ofTheBuild();
+    const std::string key = isMadeOfOwnFiles(arguments) ? MediaCache::keyOf(arguments) : std::string();
+    if (!cache.fetch(key, arguments.back())) {
+        runProgram(arguments);
+        cache.keep(key, arguments.back());
+    }
+    madeHere().insert(arguments.back());
 }
 
 void makeFlashBeep(const std::string& path, const FlashBeep& media) {

@@ -42,7 +42,8 @@ int numberOfLuma(double luma);
 /// Writes the file (container by extension) with the ffmpeg program; throws std::runtime_error with its output when
 /// that fails.
 void makeFlashBeep(const std::string& path, const FlashBeep& media);
-/// Runs the ffmpeg program with these arguments; throws std::runtime_error with its output when it fails.
+/// Has the ffmpeg program make the file that the last of the arguments names, unless the same has been made before (see
+/// MediaCache); throws std::runtime_error with its output when it fails.
 void runFfmpeg(const std::vector<std::string>& arguments);
 
 /// A folder of its own under the temporary one, removed with everything in it.
