@@ -1,4 +1,4 @@
-// What the ffmpeg programs find in a file: the tests' own measure of what was kept.
+// What libav's own decoders find in a file: the tests' own measure of what was kept.
 #pragma once
 
 #include <QByteArray>
@@ -12,8 +12,9 @@ namespace TestKept {
 QStringList pictures(const std::string& path, const std::string& pixelFormat);
 /// The bytes of all pictures, converted where `pixelFormat` is not the file's own. Throws as pictures().
 QByteArray bytes(const std::string& path, const std::string& pixelFormat);
-/// The checksum of all samples as `codec` ("pcm_s24le"). Throws as pictures().
-QString sound(const std::string& path, const std::string& codec);
+/// Rate, channels and the checksum of all samples, each as the number that it stands for, of how many bits ever. Throws
+/// as pictures().
+QString sound(const std::string& path);
 /// What ffprobe tells of the first stream of that kind ("v", "a"), entries joined by commas, in ffprobe's order.
 QString told(const std::string& path, const std::string& kind, const std::string& entries);
 

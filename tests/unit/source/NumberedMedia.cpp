@@ -41,8 +41,10 @@ float sampleAt(const AVFrame& frame, int index) {
 } // namespace
 
 std::string numberedPictures(const std::string& rate, int frames) {
-    return "color=black:s=64x64:r=" + rate + ",trim=end_frame=" + std::to_string(frames) +
-           ",format=yuv420p,geq=lum='if(mod(floor(N/pow(2,floor(X/16)+4*floor(Y/16))),2),235,16)':cb=128:cr=128";
+    // Small pictures, enlarged: computing them pixel by pixel is slow.
+    return "color=black:s=4x4:r=" + rate + ",trim=end_frame=" + std::to_string(frames) +
+           ",format=yuv420p,geq=lum='if(mod(floor(N/pow(2,X+4*Y)),2),235,16)':cb=128:cr=128,"
+           "scale=64:64:flags=neighbor,setsar=1";
 }
 
 int numberIn(const Proc::IDataVideo& picture) {

@@ -44,9 +44,11 @@ int fieldNumber(const AVFrame& frame, bool bottom) {
 } // namespace
 
 std::string barPictures(const std::string& rate, int fields, int width, int height) {
-    return "color=black:s=" + std::to_string(width) + "x" + std::to_string(height) + ":r=" + rate +
-           ",trim=end_frame=" + std::to_string(fields) + ",format=yuv420p,geq=lum='if(between(X-N*" +
-           std::to_string(STEP) + ",0," + std::to_string(WIDTH - 1) + "),210,50)':cb=128:cr=128";
+    // One row, enlarged: computing all of them pixel by pixel is slow.
+    return "color=black:s=" + std::to_string(width) + "x1:r=" + rate + ",trim=end_frame=" + std::to_string(fields) +
+           ",format=yuv444p,geq=lum='if(between(X-N*" + std::to_string(STEP) + ",0," + std::to_string(WIDTH - 1) +
+           "),210,50)':cb=128:cr=128,scale=" + std::to_string(width) + ":" + std::to_string(height) +
+           ":flags=neighbor,format=yuv420p,setsar=1";
 }
 
 std::string weave(bool topFieldFirst) {
