@@ -96,8 +96,8 @@ TEST_F(BadOutput, AnEmptyName) {
 TEST_F(BadOutput, AFileThatAppearsDuringTheRunStays) {
     const std::string slow = folder / "slow.mov";
     TestMedia::FlashBeep media;
-    media.width = 1280;
-    media.height = 720;
+    media.width = 640;
+    media.height = 360;
     media.frames = 250;
     TestMedia::makeFlashBeep(slow, media);
     Program program({"render", slow, "-p", "mp4-h264-720p", "-o", output, "--progress", "json"});

@@ -11,7 +11,11 @@ namespace {
 
 class DiskFull : public ::testing::TestWithParam<const char*> {
 protected:
-    DiskFull() { TestMedia::makeFlashBeep(clip, {}); }
+    DiskFull() {
+        TestMedia::FlashBeep media;
+        media.frames = 50;
+        TestMedia::makeFlashBeep(clip, media);
+    }
 
     std::vector<std::string> command(const std::string& output) const {
         return {"render", clip, "-p", GetParam(), "-o", output, "--overwrite", "--progress", "none"};

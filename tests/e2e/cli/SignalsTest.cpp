@@ -14,8 +14,8 @@ protected:
     static void SetUpTestSuite() {
         folder = new TestMedia::Folder;
         TestMedia::FlashBeep media;
-        media.width = 1280;
-        media.height = 720;
+        media.width = 640;
+        media.height = 360;
         media.frames = 1500;
         TestMedia::makeFlashBeep(*folder / "long.mov", media);
     }

@@ -65,8 +65,8 @@ protected:
     static void SetUpTestSuite() {
         media = new TestMedia::Folder;
         TestMedia::FlashBeep flashBeep;
-        flashBeep.width = 1280;
-        flashBeep.height = 720;
+        flashBeep.width = 640;
+        flashBeep.height = 360;
         flashBeep.frames = 250;
         TestMedia::makeFlashBeep(*media / "clip.mov", flashBeep);
     }

@@ -19,14 +19,16 @@ class Sequence : public ::testing::Test {
 protected:
     Sequence() {
         FlashBeep first;
+        first.width = 160;
+        first.height = 90;
         first.frames = 75;
         make("first.mov", first);
         FlashBeep second;
         second.rate = {30000, 1001};
         second.frames = 90;
         second.period = 30;
-        second.width = 640;
-        second.height = 360;
+        second.width = 320;
+        second.height = 180;
         second.sampleRate = 44100;
         make("second.mkv", second);
         FlashBeep third;
@@ -97,8 +99,8 @@ TEST_F(Sequence, OfClipsWhoseFlashesLieOnItsFramesIsInStepToTheMillisecond) {
     fast.sampleRate = 44100;
     FlashBeep slow;
     slow.frames = 75;
-    slow.width = 640;
-    slow.height = 480;
+    slow.width = 192;
+    slow.height = 144;
     slow.channels = 1;
     FlashBeep film;
     film.rate = {24000, 1001};

@@ -63,6 +63,8 @@ protected:
         if (path.empty()) {
             path = *media / (std::string(source().name) + ".mov");
             TestMedia::FlashBeep flashBeep;
+            flashBeep.width = 160;
+            flashBeep.height = 90;
             flashBeep.rate = source().rate;
             flashBeep.frames = source().frames();
             flashBeep.period = source().period();

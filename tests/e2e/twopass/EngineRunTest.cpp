@@ -66,8 +66,15 @@ protected:
             auto description = Fakes::Description(GetParam());
             description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string("vbr"));
             description.SetChild(IFormatCodec::TAG_BITRATE, std::int64_t{400'000});
+            makeQuick(description);
             return Fakes::VideoEncoder(video, description);
         };
+    }
+    static void makeQuick(Kestra::Core::Property& description) {
+        if (GetParam() == std::string("vp9"))
+            Fakes::Options(description).SetChild("cpu-used", std::int64_t{5});
+        if (GetParam() == std::string("hevc"))
+            Fakes::Options(description).SetChild("preset", std::string("ultrafast"));
     }
     Export::EncoderFactory audioFactory() {
         return [this] { return Fakes::AudioEncoder(audio, Fakes::Description("aac")); };

@@ -29,8 +29,13 @@ inline double BitsPerSecond(const std::vector<boost::intrusive_ptr<Kestra::Proc:
     return static_cast<double>(bytes) * 8 / seconds;
 }
 
+/// By the quicker ways of the slow encoders: how long they look for the best one has no share in the bitrate.
 inline Kestra::Core::Property Rated(const char* codec, const char* mode, std::int64_t bitrate) {
     auto description = Fakes::Description(codec);
+    if (codec == std::string("vp9"))
+        Fakes::Options(description).SetChild("cpu-used", std::int64_t{5});
+    if (codec == std::string("hevc"))
+        Fakes::Options(description).SetChild("preset", std::string("ultrafast"));
     description.SetChild(Kestra::Conf::IFormatCodec::TAG_BITRATE_MODE, std::string(mode));
     description.SetChild(Kestra::Conf::IFormatCodec::TAG_BITRATE, bitrate);
     return description;
