@@ -27,11 +27,13 @@ void ShareAlpha(const AVFrame& frame, int y, int shiftX, int shiftY, std::vector
     int x = 0;
     if (shiftX == 1 && shiftY == 1 && lastY - firstY == 2) {
         // Whole groups of four, the usual case, in a loop that becomes vectors.
-        const auto* above = RowOf<Sample>(frame, 3, firstY);
-        const auto* below = RowOf<Sample>(frame, 3, firstY + 1);
-        for (; x < frame.width / 2; ++x, above += 2, below += 2)
-            row[static_cast<std::size_t>(x)] =
-                static_cast<Sample>((std::uint32_t{above[0]} + above[1] + below[0] + below[1] + 2) / 4);
+        const auto* const above = RowOf<Sample>(frame, 3, firstY);
+        const auto* const below = RowOf<Sample>(frame, 3, firstY + 1);
+        Sample* const shared = row.data();
+        const int groups = frame.width / 2;
+        for (; x < groups; ++x)
+            shared[x] = static_cast<Sample>(
+                (std::uint32_t{above[2 * x]} + above[2 * x + 1] + below[2 * x] + below[2 * x + 1] + 2) / 4);
     }
     for (; x < static_cast<int>(row.size()); ++x) {
         const int firstX = x << shiftX;
@@ -46,14 +48,27 @@ void ShareAlpha(const AVFrame& frame, int y, int shiftX, int shiftY, std::vector
 }
 
 /// `top` over an opaque `bottom`, weighted by top's alpha. The division by 2^depth - 1 is exact and needs no divider;
-/// no sum is greater than Sum holds.
+/// no sum is greater than Sum holds. Rows that are transparent or opaque throughout, as bars of layers are, are copied.
 template <class Sample>
-void OverRow(const Sample* bottom, const Sample* top, const Sample* alpha, Sample* result, int width, int depth) {
+void OverRow(const Sample* bottom, const Sample* top, const Sample* alpha, Sample* result, int width, int alphaDepth) {
+    constexpr int BYTE = 8;
+    const int depth = sizeof(Sample) == 1 ? BYTE : alphaDepth;
     using Sum = std::conditional_t<sizeof(Sample) == 1, std::uint16_t, std::uint32_t>;
     const auto highest = static_cast<Sum>((1U << depth) - 1);
     const auto half = static_cast<Sum>(1U << (depth - 1));
+    Sample any = 0;
+    auto all = static_cast<Sample>(highest);
     for (int x = 0; x < width; ++x) {
-        const auto sum = static_cast<Sum>(bottom[x] * (highest - alpha[x]) + Sum{top[x]} * alpha[x] + half);
+        any |= alpha[x];
+        all &= alpha[x];
+    }
+    if (any == 0 || all == highest) {
+        std::copy_n(any == 0 ? bottom : top, width, result);
+        return;
+    }
+    for (int x = 0; x < width; ++x) {
+        const auto rest = static_cast<Sample>(highest - alpha[x]);
+        const auto sum = static_cast<Sum>(Sum{bottom[x]} * rest + Sum{top[x]} * alpha[x] + half);
         result[x] = static_cast<Sample>(static_cast<Sum>(sum + (sum >> depth)) >> depth);
     }
 }
@@ -61,12 +76,17 @@ void OverRow(const Sample* bottom, const Sample* top, const Sample* alpha, Sampl
 /// Parts that MixRow counts in.
 constexpr std::uint32_t WHOLE = 1U << 16;
 
-/// The mean of two rows, `weight` of WHOLE of `to`, the rest of `from`.
+/// The mean of two rows, `weight` of WHOLE of `to`, the rest of `from`; neither is nothing.
 template <class Sample>
-void MixRow(const Sample* from, const Sample* to, Sample* result, int width, std::uint32_t weight) {
-    const std::uint32_t rest = WHOLE - weight;
-    for (int x = 0; x < width; ++x)
-        result[x] = static_cast<Sample>((from[x] * rest + to[x] * weight + WHOLE / 2) / WHOLE);
+void MixRow(const Sample* from, const Sample* to, Sample* result, int width, std::uint16_t weight) {
+    // Products of 16 bits each are cheap.
+    const auto rest = static_cast<std::uint16_t>(WHOLE - weight);
+    for (int x = 0; x < width; ++x) {
+        const std::uint16_t before = from[x];
+        const std::uint16_t after = to[x];
+        result[x] =
+            static_cast<Sample>((std::uint32_t{before} * rest + std::uint32_t{after} * weight + WHOLE / 2) / WHOLE);
+    }
 }
 
 } // namespace Kestra::FF

@@ -46,7 +46,7 @@ struct PlaneShape {
 constexpr int COLOUR_PLANES = 3;
 
 template <class Sample>
-void MixOpaque(const AVFrame& from, const AVFrame& to, std::uint32_t weight, AVFrame& result) {
+void MixOpaque(const AVFrame& from, const AVFrame& to, std::uint16_t weight, AVFrame& result) {
     for (int plane = 0; plane < COLOUR_PLANES; ++plane) {
         const PlaneShape shape(result, plane);
         for (int y = 0; y < shape.height; ++y)
@@ -58,16 +58,22 @@ void MixOpaque(const AVFrame& from, const AVFrame& to, std::uint32_t weight, AVF
 template <class Sample>
 void LayOverOpaque(const AVFrame& bottom, const AVFrame& top, AVFrame& result) {
     const int depth = DescriptorOf(top).comp[3].depth;
-    for (int plane = 0; plane < COLOUR_PLANES; ++plane) {
-        const PlaneShape shape(result, plane);
-        std::vector<Sample> shared(shape.IsShared() ? static_cast<std::size_t>(shape.width) : 0);
-        for (int y = 0; y < shape.height; ++y) {
-            if (shape.IsShared())
-                ShareAlpha(top, y, shape.shiftX, shape.shiftY, shared);
-            const Sample* const alpha = shape.IsShared() ? shared.data() : RowOf<Sample>(top, 3, y);
-            OverRow(RowOf<Sample>(bottom, plane, y), RowOf<Sample>(top, plane, y), alpha,
-                    RowOf<Sample>(result, plane, y), shape.width, depth);
-        }
+    const PlaneShape luma(result, 0);
+    const PlaneShape chroma(result, 1);
+    const auto lay = [&](int plane, int y, const Sample* alpha, int width) {
+        OverRow(RowOf<Sample>(bottom, plane, y), RowOf<Sample>(top, plane, y), alpha, RowOf<Sample>(result, plane, y),
+                width, depth);
+    };
+    for (int y = 0; y < luma.height; ++y)
+        for (int plane = 0; plane < (chroma.IsShared() ? 1 : COLOUR_PLANES); ++plane)
+            lay(plane, y, RowOf<Sample>(top, 3, y), luma.width);
+    if (!chroma.IsShared())
+        return;
+    std::vector<Sample> shared(static_cast<std::size_t>(chroma.width));
+    for (int y = 0; y < chroma.height; ++y) {
+        ShareAlpha(top, y, chroma.shiftX, chroma.shiftY, shared);
+        lay(1, y, shared.data(), chroma.width);
+        lay(2, y, shared.data(), chroma.width);
     }
 }
 
@@ -99,7 +105,6 @@ public:
         , highest(IsFloat(result) ? 1.0F : static_cast<float>((1U << DescriptorOf(result).comp[0].depth) - 1))
         , part(static_cast<std::size_t>(luma.width))
         , whole(part.size())
-        , alpha(part.size())
         , sharedPart(chroma.IsShared() ? static_cast<std::size_t>(chroma.width) : 0)
         , sharedWhole(sharedPart.size()) {}
 
@@ -135,31 +140,52 @@ private:
 
     void Weigh(int y) {
         LoadAlpha(to, y, part);
-        LoadAlpha(from, y, alpha);
+        LoadAlpha(from, y, whole);
+        if (weight)
+            WeighMix(*weight);
+        else
+            WeighLayer();
+    }
+
+    void WeighMix(float share) {
         for (std::size_t x = 0; x < part.size(); ++x) {
-            const float under = weight ? 1 - *weight : 1 - part[x];
-            part[x] *= weight ? *weight : 1.0F;
-            whole[x] = part[x] + alpha[x] * under;
+            part[x] *= share;
+            whole[x] = part[x] + whole[x] * (1 - share);
         }
+    }
+
+    void WeighLayer() {
+        for (std::size_t x = 0; x < part.size(); ++x)
+            whole[x] = part[x] + whole[x] * (1 - part[x]);
     }
 
     void LoadAlpha(const Layer& layer, int y, Floats& row) const {
         if (!layer.alpha)
             return std::fill(row.begin(), row.end(), layer.opacity);
         const Sample* const samples = RowOf<Sample>(layer.frame, 3, y);
+        float* const alpha = row.data();
         const float scale = 1 / highest;
-        for (std::size_t x = 0; x < row.size(); ++x)
-            row[x] = static_cast<float>(samples[x]) * scale;
+        const std::size_t width = row.size();
+        for (std::size_t x = 0; x < width; ++x)
+            alpha[x] = static_cast<float>(samples[x]) * scale;
     }
 
+    // Samples of 8 bits may lie anywhere, for all that compilers know: what loops read is named before them.
     void StoreAlpha(int y) {
         Sample* const samples = RowOf<Sample>(result, 3, y);
-        for (std::size_t x = 0; x < whole.size(); ++x)
-            samples[x] = Rounded(whole[x] * highest);
+        const float* const alpha = whole.data();
+        const float scale = highest;
+        const std::size_t width = whole.size();
+        for (std::size_t x = 0; x < width; ++x)
+            samples[x] = Rounded(alpha[x] * scale);
     }
 
     void Share(const Floats& row, Floats& shared) const {
-        for (std::size_t x = 0; x < row.size(); ++x)
+        std::size_t x = 0;
+        if (chroma.shiftX == 1) // the usual case, in a loop that becomes vectors
+            for (; x < row.size() / 2 * 2; x += 2)
+                shared[x / 2] += row[x] + row[x + 1];
+        for (; x < row.size(); ++x)
             shared[x >> chroma.shiftX] += row[x];
     }
 
@@ -174,9 +200,11 @@ private:
         const Sample* const below = RowOf<Sample>(from.frame, plane, y);
         const Sample* const above = RowOf<Sample>(to.frame, plane, y);
         Sample* const samples = RowOf<Sample>(result, plane, y);
-        for (std::size_t x = 0; x < weights.size(); ++x) {
+        const float* const weightOf = weights.data();
+        const std::size_t width = weights.size();
+        for (std::size_t x = 0; x < width; ++x) {
             const auto start = static_cast<float>(below[x]);
-            samples[x] = Rounded(start + (static_cast<float>(above[x]) - start) * weights[x]);
+            samples[x] = Rounded(start + (static_cast<float>(above[x]) - start) * weightOf[x]);
         }
     }
 
@@ -196,7 +224,6 @@ private:
     const float highest;
     Floats part;
     Floats whole;
-    Floats alpha;
     Floats sharedPart;
     Floats sharedWhole;
 };
@@ -225,7 +252,7 @@ bool MixHasAlpha(const AVFrame* from, const AVFrame* to) noexcept {
 void MixFrames(const AVFrame* from, const AVFrame* to, double weight, AVFrame& result) {
     if (MixHasAlpha(from, to) || IsFloat(result))
         return Blend(from, to, static_cast<float>(weight), result);
-    const auto parts = static_cast<std::uint32_t>(std::lround(weight * WHOLE));
+    const auto parts = static_cast<std::uint16_t>(std::clamp<long>(std::lround(weight * WHOLE), 1, WHOLE - 1));
     if (DescriptorOf(result).comp[0].depth > 8)
         MixOpaque<std::uint16_t>(*from, *to, parts, result);
     else
