@@ -158,6 +158,7 @@ public:
     Audio CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) override {
         throw std::logic_error("nobody asks for this");
     }
+    Audio CreateLimiter(const Audio&, double) override { throw std::logic_error("nobody asks for this"); }
 
 private:
     const Record record;

@@ -139,6 +139,11 @@ CountedFilters::Audio CountedFilters::CreateTempo(const Audio& source, const boo
     return Counted(engine->CreateTempo(source, speed, pitch), "Tempo");
 }
 
+CountedFilters::Audio CountedFilters::CreateLimiter(const Audio& source, double ceiling) {
+    Call("CreateLimiter");
+    return Counted(engine->CreateLimiter(source, ceiling), "Limiter");
+}
+
 CountedEffects::CountedEffects(Counter counter)
     : counter(std::move(counter))
     , engine(FF::MakeEffectFactory()) {}

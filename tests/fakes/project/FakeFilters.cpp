@@ -123,4 +123,8 @@ FakeFilterFactory::Audio FakeFilterFactory::CreateTempo(const Audio&, const boos
     KESTRA_NOT_IMPLEMENTED();
 }
 
+FakeFilterFactory::Audio FakeFilterFactory::CreateLimiter(const Audio&, double) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
 } // namespace Project::Fakes

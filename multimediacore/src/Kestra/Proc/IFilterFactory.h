@@ -65,6 +65,10 @@ public:
     /// samples of FLTP, the first one at time 0. At speed 1 the source itself. Where the pitch is kept, sounds that
     /// begin suddenly are in their places to the sample, others near theirs.
     virtual Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Pitch pitch) = 0;
+    /// `source` in samples of FLTP, none of which exceeds `ceiling` of full scale, 1/16 to 1 (others:
+    /// std::invalid_argument): what is louder is turned down some milliseconds ahead of its peak. Samples keep their
+    /// number and places.
+    virtual Audio CreateLimiter(const Audio& source, double ceiling) = 0;
 };
 
 } // namespace Kestra::Proc

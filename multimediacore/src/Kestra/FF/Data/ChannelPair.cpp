@@ -38,4 +38,19 @@ ChannelPair::ChannelPair(const AVChannelLayout& from, const AVChannelLayout& to)
     output = oneByOne ? Discrete(to.nb_channels) : Usual(to);
 }
 
+FrameHandle WithSpeakers(const AVFrame& block) {
+    constexpr int MOST = 63;
+    FrameHandle result = MakeFrameReference(block);
+    const int channels = block.ch_layout.nb_channels;
+    if (block.ch_layout.order == AV_CHANNEL_ORDER_NATIVE)
+        return result;
+    if (channels > MOST)
+        Fail(Proc::TranscodingError::NotSupported,
+             "Sound of " + std::to_string(channels) + " channels without speakers cannot be filtered");
+    av_channel_layout_uninit(&result->ch_layout);
+    Check(av_channel_layout_from_mask(&result->ch_layout, (std::uint64_t{1} << channels) - 1),
+          Proc::TranscodingError::FilterFailed, "channel layout");
+    return result;
+}
+
 } // namespace Kestra::FF

@@ -1,6 +1,8 @@
 // Kestra::FF::ChannelPair: the layouts of a conversion of audio, such that the resampler can tell what becomes of what.
 #pragma once
 
+#include "Kestra/FF/Av/Handles.h"
+
 extern "C" {
 #include <libavutil/channel_layout.h>
 }
@@ -15,5 +17,9 @@ struct ChannelPair {
     AVChannelLayout input;
     AVChannelLayout output;
 };
+
+/// `block` for libavfilter, which takes no channels of which nobody says where they are heard: they get speakers, for
+/// filters that treat each channel by itself. Throws ProcException (NotSupported) for more than there are speakers.
+FrameHandle WithSpeakers(const AVFrame& block);
 
 } // namespace Kestra::FF

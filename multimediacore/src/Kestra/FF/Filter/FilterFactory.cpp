@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Implementation.h"
 #include "Kestra/FF/Filter/Black.h"
 #include "Kestra/FF/Filter/FrameBlender.h"
+#include "Kestra/FF/Filter/Limiter.h"
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/FF/Filter/SampleMixer.h"
@@ -87,6 +88,10 @@ boost::intrusive_ptr<Proc::ISampleMixer> FilterFactory::CreateSampleMixer(const 
 FilterFactory::Audio FilterFactory::CreateTempo(const Audio& source, const boost::rational<long long>& speed,
                                                 Proc::Pitch pitch) {
     return MakeTempo(source, speed, pitch);
+}
+
+FilterFactory::Audio FilterFactory::CreateLimiter(const Audio& source, double ceiling) {
+    return MakeLimiter(source, ceiling);
 }
 
 std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory() {

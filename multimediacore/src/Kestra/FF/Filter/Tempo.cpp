@@ -4,6 +4,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Data/ChannelPair.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include <algorithm>
@@ -49,22 +50,6 @@ std::string MovedPitch(const Tempo::Speed& speed) {
     std::ostringstream text = Text();
     text << "asetrate=" << ratio.num * times << ",aresample=" << ratio.den * times << ",aformat=sample_fmts=fltp";
     return text.str();
-}
-
-/// libavfilter takes no channels of which nobody says where they are heard. Here each is for itself, whatever its name.
-FrameHandle WithSpeakers(const AVFrame& block) {
-    constexpr int MOST = 63;
-    FrameHandle result = MakeFrameReference(block);
-    const int channels = block.ch_layout.nb_channels;
-    if (block.ch_layout.order == AV_CHANNEL_ORDER_NATIVE)
-        return result;
-    if (channels > MOST)
-        Fail(Proc::TranscodingError::NotSupported,
-             "The speed of sound of " + std::to_string(channels) + " channels cannot be changed");
-    av_channel_layout_uninit(&result->ch_layout);
-    Check(av_channel_layout_from_mask(&result->ch_layout, (std::uint64_t{1} << channels) - 1),
-          Proc::TranscodingError::FilterFailed, FAILURE);
-    return result;
 }
 
 } // namespace
