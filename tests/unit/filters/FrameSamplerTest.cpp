@@ -120,6 +120,13 @@ TEST(FrameSampler, HoldsBackwardsABoundedNumberOfFramesAndReadsEachAFewTimes) {
     }
 }
 
+TEST(FrameSampler, ReadsTheFirstFrameOnceForAllThatLiesBeforeIt) {
+    const boost::intrusive_ptr<Counted> source(new Counted(100, 25));
+    FrameSampler sampler(source, plan(25, 0, 300, {Ticks(0), Ticks(FramesToTime(10, 25)), -1}));
+    EXPECT_EQ(readAll(sampler, 25).back(), 0);
+    EXPECT_EQ(source->reads[0], 1);
+}
+
 TEST(FrameSampler, FindsBackwardsTheLastFrameOfASourceThatEndsEarlierThanItSays) {
     /// Says that it lasts for thrice its frames.
     class Boasting final : public FakeStreamVideo {

@@ -4,6 +4,7 @@
 #include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/FileCheck.h"
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Kestra/Proc/IFilterFactory.h"
@@ -206,6 +207,7 @@ TEST(Programme, IsWrittenAsFarAsTheContainerHasAPlace) {
         ExpectChapters(found.chapters,
                        ContainerLimits::Holds(id, ProgrammeField::Chapters) ? wanted : std::vector<Chapter>{}, id);
         EXPECT_NEAR(found.seconds, 3, 0.06) << id << " is as long as what is in it";
+        EXPECT_NO_THROW(Proc::CheckFile(ioPath(path), std::atomic<bool>(false))) << id;
     }
 }
 

@@ -131,6 +131,18 @@ TEST_F(Sequence, HoldsThePictureBeforeAMissingOne) {
         << notes[0].what;
 }
 
+TEST_F(Sequence, HasNoPictureInAFileOfAnotherName) {
+    makeShot();
+    fs::rename(folder / "shot_0005.png", folder / "shot_5.png");
+    fs::rename(folder / "shot_0008.png", folder / "shot_0008b.png");
+    fs::copy_file(folder / "shot_0012.png", folder / "shot_0013.png");
+    const auto source = openSequence(shot(Missing::Held));
+    EXPECT_EQ(numbersOf(*source), (std::vector<int>{0, 1, 1, 3, 4, 4, 6, 7, 8, 9}));
+    const auto notes = source->TakeNotes();
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_NE(notes[0].what.find("2 are missing, \"shot_0005.png\""), std::string::npos) << notes[0].what;
+}
+
 TEST_F(Sequence, SharesThePixelsOfAPictureThatIsHeld) {
     makeShot();
     remove("shot_0004.png");
