@@ -67,7 +67,9 @@ void BlendPlane(const AVFrame& source, AVFrame& result, int plane, int black, co
     }
 }
 
-int BlackOf(int plane, const AVPixFmtDescriptor& descriptor, bool fullRange) {
+} // namespace
+
+int BlackOf(int plane, const AVPixFmtDescriptor& descriptor, bool fullRange) noexcept {
     const int depth = descriptor.comp[0].depth;
     if (descriptor.flags & AV_PIX_FMT_FLAG_RGB)
         return 0;
@@ -75,8 +77,6 @@ int BlackOf(int plane, const AVPixFmtDescriptor& descriptor, bool fullRange) {
         return 1 << (depth - 1);
     return fullRange ? 0 : 16 << (depth - 8);
 }
-
-} // namespace
 
 AVPixelFormat OpaqueFormat(AVPixelFormat format) noexcept {
     for (const Pair& pair : PAIRS)
@@ -89,6 +89,17 @@ bool CanBlend(AVPixelFormat format) noexcept {
     return OpaqueFormat(format) != AV_PIX_FMT_NONE;
 }
 
+void BlendPlanesOverBlack(const AVFrame& frame, AVFrame& result) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    for (int plane = 0; plane < 3; ++plane) {
+        const int black = BlackOf(plane, descriptor, frame.color_range == AVCOL_RANGE_JPEG);
+        if (descriptor.comp[0].depth > 8)
+            BlendPlane<std::uint16_t>(frame, result, plane, black, descriptor);
+        else
+            BlendPlane<std::uint8_t>(frame, result, plane, black, descriptor);
+    }
+}
+
 FrameHandle BlendOverBlack(const AVFrame& frame, FramePool& pool) {
     const auto format = static_cast<AVPixelFormat>(frame.format);
     const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
@@ -98,13 +109,7 @@ FrameHandle BlendOverBlack(const AVFrame& frame, FramePool& pool) {
         BlendPacked(frame, *result, descriptor.comp[3].offset);
         return result;
     }
-    for (int plane = 0; plane < 3; ++plane) {
-        const int black = BlackOf(plane, descriptor, frame.color_range == AVCOL_RANGE_JPEG);
-        if (descriptor.comp[0].depth > 8)
-            BlendPlane<std::uint16_t>(frame, *result, plane, black, descriptor);
-        else
-            BlendPlane<std::uint8_t>(frame, *result, plane, black, descriptor);
-    }
+    BlendPlanesOverBlack(frame, *result);
     return result;
 }
 

@@ -38,6 +38,13 @@ int ChromaRowsOf(const AVFrame& frame) {
     return descriptor ? descriptor->log2_chroma_h : 0;
 }
 
+/// Whether pixels that have chroma of their own come to share it.
+bool LosesChroma(const AVFrame& from, const AVFrame& to) {
+    const AVPixFmtDescriptor& before = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(from.format));
+    const AVPixFmtDescriptor& after = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(to.format));
+    return before.log2_chroma_w < after.log2_chroma_w || before.log2_chroma_h < after.log2_chroma_h;
+}
+
 bool IsWhole(const FrameRect& part, int width, int height) {
     return part == FrameRect{0, 0, width, height};
 }
@@ -202,9 +209,12 @@ void FrameConverter::Fill(AVFrame& result, const AVFrame& frame, const FrameTarg
 
 void FrameConverter::FillWeighted(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass) {
     const bool scaled = target.source.width != target.place.width || target.source.height != target.place.height;
-    if (!scaled || result.format != frame.format || !NeedsPremultiplying(frame))
+    const bool joined = scaled || LosesChroma(frame, result);
+    if (!joined || !CanPremultiply(static_cast<AVPixelFormat>(result.format)) || !NeedsPremultiplying(frame))
         return Fill(result, frame, target, pass);
-    Fill(result, *Premultiplied(frame, flattened), target, pass);
+    const FrameHandle weighted = Premultiplied(frame, flattened);
+    SetColour(*weighted, pass.before);
+    Fill(result, *weighted, target, pass);
     Unpremultiply(result);
 }
 

@@ -29,7 +29,7 @@ struct FrameTarget {
 };
 
 /// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling;
-/// where it is kept in the frame's own format, scaling weights colour by it.
+/// where it is kept, scaling and sharing of chroma weight colour by it (for formats that CanPremultiply knows).
 /// Interlaced frames are scaled field by field. One pass of libswscale does it all, unless the colour has to change
 /// by more than it does well: that follows in ColourConverter's pass.
 class FrameConverter {

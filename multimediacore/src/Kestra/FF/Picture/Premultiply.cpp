@@ -1,9 +1,13 @@
 #include "Kestra/FF/Picture/Premultiply.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Picture/AlphaBlend.h"
+#include "Kestra/FF/Picture/BlendRows.h"
 #include <algorithm>
+#include <climits>
 
 extern "C" {
+#include <libavutil/imgutils.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -14,29 +18,29 @@ namespace {
 constexpr int CHANNELS = 4;
 constexpr int OPAQUE = 255;
 
-bool IsWeighted(int format) noexcept {
+bool IsPacked(int format) noexcept {
     return format == AV_PIX_FMT_BGRA || format == AV_PIX_FMT_RGBA || format == AV_PIX_FMT_ARGB ||
            format == AV_PIX_FMT_ABGR;
+}
+
+bool IsDeep(const AVFrame& frame) noexcept {
+    return av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->comp[3].depth > CHAR_BIT;
 }
 
 int AlphaByte(const AVFrame& frame) noexcept {
     return av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->comp[3].offset;
 }
 
-std::uint8_t* RowOf(const AVFrame& frame, int y) noexcept {
+std::uint8_t* PixelsOf(const AVFrame& frame, int y) noexcept {
     return frame.data[0] + static_cast<std::ptrdiff_t>(y) * frame.linesize[0];
 }
 
-} // namespace
-
-bool NeedsPremultiplying(const AVFrame& frame) noexcept {
-    if (!IsWeighted(frame.format))
-        return false;
-    const int alphaByte = AlphaByte(frame);
-    for (int y = 0; y < frame.height; ++y) {
-        const std::uint8_t* alpha = RowOf(frame, y) + alphaByte;
+bool IsSeenThrough(const AVFrame& packed) noexcept {
+    const int alphaByte = AlphaByte(packed);
+    for (int y = 0; y < packed.height; ++y) {
+        const std::uint8_t* alpha = PixelsOf(packed, y) + alphaByte;
         int least = OPAQUE;
-        for (int x = 0; x < frame.width; ++x, alpha += CHANNELS)
+        for (int x = 0; x < packed.width; ++x, alpha += CHANNELS)
             least = std::min<int>(least, *alpha);
         if (least < OPAQUE)
             return true;
@@ -44,26 +48,38 @@ bool NeedsPremultiplying(const AVFrame& frame) noexcept {
     return false;
 }
 
-FrameHandle Premultiplied(const AVFrame& frame, FramePool& pool) {
-    FrameHandle result = pool.Get(static_cast<AVPixelFormat>(frame.format), frame.width, frame.height);
-    Check(av_frame_copy_props(result.get(), &frame), Proc::TranscodingError::FilterFailed, "properties of a picture");
+template <class Sample>
+bool ArePlanesSeenThrough(const AVFrame& frame) noexcept {
+    const int depth = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->comp[3].depth;
+    const auto highest = static_cast<Sample>((1U << depth) - 1);
+    for (int y = 0; y < frame.height; ++y) {
+        const auto* const alpha = RowOf<Sample>(frame, 3, y);
+        Sample least = highest;
+        for (int x = 0; x < frame.width; ++x)
+            least = std::min(least, alpha[x]);
+        if (least < highest)
+            return true;
+    }
+    return false;
+}
+
+void PremultiplyPixels(const AVFrame& frame, AVFrame& result) noexcept {
     const int alphaByte = AlphaByte(frame);
     for (int y = 0; y < frame.height; ++y) {
-        const std::uint8_t* from = RowOf(frame, y);
-        std::uint8_t* to = RowOf(*result, y);
+        const std::uint8_t* from = PixelsOf(frame, y);
+        std::uint8_t* to = PixelsOf(result, y);
         for (int x = 0; x < frame.width; ++x, from += CHANNELS, to += CHANNELS) {
             for (int channel = 0; channel < CHANNELS; ++channel)
                 to[channel] = static_cast<std::uint8_t>((from[channel] * from[alphaByte] + OPAQUE / 2) / OPAQUE);
             to[alphaByte] = from[alphaByte];
         }
     }
-    return result;
 }
 
-void Unpremultiply(AVFrame& frame) noexcept {
+void UnpremultiplyPixels(AVFrame& frame) noexcept {
     const int alphaByte = AlphaByte(frame);
     for (int y = 0; y < frame.height; ++y) {
-        std::uint8_t* pixel = RowOf(frame, y);
+        std::uint8_t* pixel = PixelsOf(frame, y);
         for (int x = 0; x < frame.width; ++x, pixel += CHANNELS) {
             const int alpha = pixel[alphaByte];
             if (alpha == 0 || alpha == OPAQUE)
@@ -74,6 +90,75 @@ void Unpremultiply(AVFrame& frame) noexcept {
             pixel[alphaByte] = static_cast<std::uint8_t>(alpha);
         }
     }
+}
+
+/// What is transparent stays black.
+template <class Sample>
+void UnpremultiplyRow(Sample* samples, const Sample* alpha, int width, int black, int highest) {
+    const auto most = static_cast<float>(highest);
+    const auto base = static_cast<float>(black);
+    for (int x = 0; x < width; ++x) {
+        const float weight = alpha[x] > 0 ? most / static_cast<float>(alpha[x]) : 0.0F;
+        const float value = base + (static_cast<float>(samples[x]) - base) * weight;
+        samples[x] = static_cast<Sample>(static_cast<int>(std::clamp(value, 0.0F, most) + 0.5F));
+    }
+}
+
+template <class Sample>
+void UnpremultiplyPlanes(AVFrame& frame) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    const int highest = (1 << descriptor.comp[3].depth) - 1;
+    for (int plane = 0; plane < 3; ++plane) {
+        const bool chroma = plane > 0 && !(descriptor.flags & AV_PIX_FMT_FLAG_RGB);
+        const int shiftX = chroma ? descriptor.log2_chroma_w : 0;
+        const int shiftY = chroma ? descriptor.log2_chroma_h : 0;
+        const int width = AV_CEIL_RSHIFT(frame.width, shiftX);
+        const int black = BlackOf(plane, descriptor, frame.color_range == AVCOL_RANGE_JPEG);
+        std::vector<Sample> shared(static_cast<std::size_t>(width));
+        for (int y = 0; y < AV_CEIL_RSHIFT(frame.height, shiftY); ++y) {
+            if (shiftX + shiftY > 0)
+                ShareAlpha(frame, y, shiftX, shiftY, shared);
+            const Sample* const alpha = shiftX + shiftY > 0 ? shared.data() : RowOf<Sample>(frame, 3, y);
+            UnpremultiplyRow(RowOf<Sample>(frame, plane, y), alpha, width, black, highest);
+        }
+    }
+}
+
+} // namespace
+
+bool CanPremultiply(AVPixelFormat format) noexcept {
+    return IsPacked(format) || CanBlend(format);
+}
+
+bool NeedsPremultiplying(const AVFrame& frame) noexcept {
+    if (!CanPremultiply(static_cast<AVPixelFormat>(frame.format)))
+        return false;
+    if (IsPacked(frame.format))
+        return IsSeenThrough(frame);
+    return IsDeep(frame) ? ArePlanesSeenThrough<std::uint16_t>(frame) : ArePlanesSeenThrough<std::uint8_t>(frame);
+}
+
+FrameHandle Premultiplied(const AVFrame& frame, FramePool& pool) {
+    FrameHandle result = pool.Get(static_cast<AVPixelFormat>(frame.format), frame.width, frame.height);
+    Check(av_frame_copy_props(result.get(), &frame), Proc::TranscodingError::FilterFailed, "properties of a picture");
+    if (IsPacked(frame.format)) {
+        PremultiplyPixels(frame, *result);
+        return result;
+    }
+    BlendPlanesOverBlack(frame, *result);
+    const int alphaBytes = frame.width * (IsDeep(frame) ? 2 : 1);
+    av_image_copy_plane(result->data[3], result->linesize[3], frame.data[3], frame.linesize[3], alphaBytes,
+                        frame.height);
+    return result;
+}
+
+void Unpremultiply(AVFrame& frame) {
+    if (IsPacked(frame.format))
+        UnpremultiplyPixels(frame);
+    else if (IsDeep(frame))
+        UnpremultiplyPlanes<std::uint16_t>(frame);
+    else
+        UnpremultiplyPlanes<std::uint8_t>(frame);
 }
 
 } // namespace Kestra::FF

@@ -5,12 +5,14 @@
 
 namespace Kestra::FF {
 
-/// Whether `frame` is of a format that is weighted here (packed, 8 bits) and shows something through. Scaled with
-/// straight alpha it would mix the colour that transparent pixels happen to have into the edges of the others.
+/// Whether frames of that format are weighted here: packed RGB of 8 bits, and planes of whole numbers.
+bool CanPremultiply(AVPixelFormat format) noexcept;
+/// Whether `frame` is of such a format and shows something through. Where several pixels become one with straight
+/// alpha, the colour that transparent ones happen to have is mixed into the edges of the others.
 bool NeedsPremultiplying(const AVFrame& frame) noexcept;
-/// Such a frame with its colour multiplied by its alpha, in a frame of `pool` with the same properties.
+/// Such a frame with its colours over black, and its alpha, in a frame of `pool` with the same properties.
 FrameHandle Premultiplied(const AVFrame& frame, FramePool& pool);
-/// Divides the colour by the alpha again, in place.
-void Unpremultiply(AVFrame& frame) noexcept;
+/// Takes the black out again, in place. The frame has its range tagged.
+void Unpremultiply(AVFrame& frame);
 
 } // namespace Kestra::FF
