@@ -101,7 +101,7 @@ boost::intrusive_ptr<Proc::IDataAudio> SampleMixer::Mix(const std::vector<MixVoi
         Measure<double>(*sum);
     else
         Measure<float>(*sum);
-    const boost::intrusive_ptr<Proc::IDataAudio> result = new DataAudioFF(std::move(sum), 0);
+    boost::intrusive_ptr<Proc::IDataAudio> result = new DataAudioFF(std::move(sum), 0);
     result->SetDuration(0);
     return result;
 }

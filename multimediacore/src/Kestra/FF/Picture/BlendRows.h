@@ -10,6 +10,9 @@
 
 namespace Kestra::FF {
 
+/// Added before what follows the point is cut off: unlike the library's functions, this becomes vectors.
+constexpr float ROUNDING = 0.5F;
+
 template <class Sample>
 const Sample* RowOf(const AVFrame& frame, int plane, int y) {
     return reinterpret_cast<const Sample*>(frame.data[plane] + static_cast<std::ptrdiff_t>(y) * frame.linesize[plane]);
@@ -27,13 +30,12 @@ void ShareAlpha(const AVFrame& frame, int y, int shiftX, int shiftY, std::vector
     int x = 0;
     if (shiftX == 1 && shiftY == 1 && lastY - firstY == 2) {
         // Whole groups of four, the usual case, in a loop that becomes vectors.
-        const auto* const above = RowOf<Sample>(frame, 3, firstY);
-        const auto* const below = RowOf<Sample>(frame, 3, firstY + 1);
+        const auto* above = RowOf<Sample>(frame, 3, firstY);
+        const auto* below = RowOf<Sample>(frame, 3, firstY + 1);
         Sample* const shared = row.data();
         const int groups = frame.width / 2;
-        for (; x < groups; ++x)
-            shared[x] = static_cast<Sample>(
-                (std::uint32_t{above[2 * x]} + above[2 * x + 1] + below[2 * x] + below[2 * x + 1] + 2) / 4);
+        for (; x < groups; ++x, above += 2, below += 2)
+            shared[x] = static_cast<Sample>((std::uint32_t{above[0]} + above[1] + below[0] + below[1] + 2) / 4);
     }
     for (; x < static_cast<int>(row.size()); ++x) {
         const int firstX = x << shiftX;

@@ -212,7 +212,7 @@ private:
         if constexpr (std::is_floating_point_v<Sample>)
             return value;
         else
-            return static_cast<Sample>(static_cast<int>(value + 0.5F));
+            return static_cast<Sample>(static_cast<int>(value + ROUNDING));
     }
 
     const Layer from;

@@ -100,7 +100,7 @@ void UnpremultiplyRow(Sample* samples, const Sample* alpha, int width, int black
     for (int x = 0; x < width; ++x) {
         const float weight = alpha[x] > 0 ? most / static_cast<float>(alpha[x]) : 0.0F;
         const float value = base + (static_cast<float>(samples[x]) - base) * weight;
-        samples[x] = static_cast<Sample>(static_cast<int>(std::clamp(value, 0.0F, most) + 0.5F));
+        samples[x] = static_cast<Sample>(static_cast<int>(std::clamp(value, 0.0F, most) + ROUNDING));
     }
 }
 
