@@ -13,6 +13,7 @@
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
@@ -121,6 +122,8 @@ void ExportJob::showTimeline() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
     project->show(opening->sequence());
+    for (const std::string& warning : opening->warnings())
+        outcome.warnings << QString::fromStdString(warning);
     streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
@@ -174,6 +177,22 @@ void ExportJob::beginTranscoding() {
     if (!transcoder->initialize(data, error))
         KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::InvalidArgument, error.toStdString()));
     expect();
+    noteProgramme();
+}
+
+/// What the container has no place for.
+void ExportJob::noteProgramme() {
+    using Kestra::ClientAPI::ContainerLimits;
+    using Kestra::ClientAPI::ProgrammeField;
+    const Kestra::Conf::ProgrammeInfo programme = project->programme(streamRange);
+    const std::string container = provider->preset().containerId();
+    const auto note = [&](bool has, ProgrammeField field, const QString& what) {
+        if (has && !ContainerLimits::Holds(container, field))
+            outcome.notes << what + tr(" left out: the file has no place for it");
+    };
+    note(!programme.title.empty(), ProgrammeField::Title, tr("The timeline's name is"));
+    note(!programme.chapters.empty(), ProgrammeField::Chapters, tr("Each of the timeline's markers is"));
+    note(programme.timecode.has_value(), ProgrammeField::TimeCode, tr("The timeline's time code is"));
 }
 
 void ExportJob::connectTranscoder() {

@@ -90,6 +90,7 @@ private:
     void beginOutput();
     void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
+    void noteProgramme();
     void connectTranscoder();
     void expect();
     Project::StreamLengths lengthsOf(const Media::Video* video, const Media::Audio* audio) const;

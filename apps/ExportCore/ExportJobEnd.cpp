@@ -293,7 +293,8 @@ void ExportJob::collectNotes() {
     if (expected.hasAudio && !expected.hasVideo && !project->hasSound())
         outcome.notes << tr("None of the inputs has sound: what is heard is silence");
     for (const Kestra::Proc::SourceNote& note : project->takeNotes())
-        outcome.notes << QString::fromStdString('"' + note.path.ToUtf8() + "\": " + note.what);
+        outcome.notes << QString::fromStdString(note.path.IsEmpty() ? note.what
+                                                                    : '"' + note.path.ToUtf8() + "\": " + note.what);
 }
 
 bool ExportJob::checkFile() {

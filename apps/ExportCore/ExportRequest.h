@@ -1,6 +1,7 @@
 // ExportCore::ExportRequest: everything one export is asked for.
 #pragma once
 
+#include "ExportCore/TimelineOpening.h"
 #include "ExportCore/WatchdogLimits.h"
 #include "KTime/KTime.h"
 #include "Kestra/Proc/MediaLimits.h"
@@ -15,7 +16,7 @@ namespace ExportCore {
 
 /// A value. Paths are UTF-8 on their way to the system, whatever the locale says.
 struct ExportRequest {
-    QStringList inputs;
+    QStringList inputs; ///< media files, one after the other, or one timeline
     std::string presetId;
     /// Name of one of the preset's quality modifiers; the preset as it is without one.
     std::optional<std::string> quality;
@@ -34,6 +35,8 @@ struct ExportRequest {
     WatchdogLimits limits;
     /// What the inputs may claim of themselves; who claims more is refused.
     Kestra::Proc::MediaLimits mediaLimits;
+    /// For an input that is a timeline, which must be the only one.
+    TimelineOptions timelines;
 };
 
 } // namespace ExportCore

@@ -4,6 +4,7 @@
 #include "ExportCore/RequestCheck.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include <algorithm>
 
 namespace ExportCore {
 
@@ -40,6 +41,8 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
     RequestCheck::output(request);
     RequestCheck::outputName(request, preset);
     try {
+        if (TimelineOpening::isTimeline(paths.front().ToUtf8()))
+            return openTimeline(opened, request, interrupted);
         const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
         opened.sequence = Render::Sequence::ofFiles(paths, &interrupted, request.mediaLimits, next);
     } catch (...) {
@@ -50,6 +53,39 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
             KESTRA_THROW(Refusal(error.GetDescription()));
         throw;
     }
+}
+
+namespace {
+
+/// All that stands in the way, as far as a line holds it.
+std::string refusalOf(const std::string& path, const TimelineOpening& timeline) {
+    constexpr std::size_t MOST = 5;
+    std::vector<std::string> reasons;
+    for (const Timeline::Finding& finding : timeline.reading.findings)
+        if (finding.kind != Timeline::Finding::Kind::Warning)
+            reasons.push_back(finding.inWords());
+    std::string text = "Cannot export \"" + path + '"';
+    for (std::size_t i = 0; i < std::min(MOST, reasons.size()); ++i)
+        text += (i == 0 ? ": " : "; ") + reasons[i];
+    if (reasons.size() > MOST)
+        text += "; and " + std::to_string(reasons.size() - MOST) + " more (validate tells them all)";
+    const bool onlyMissing = timeline.reading.document && !timeline.reading.has(Timeline::Finding::Kind::Error);
+    return onlyMissing ? text + ". With --missing black they are black and silent" : text;
+}
+
+} // namespace
+
+void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted) {
+    opened.at = 0;
+    const std::string path = request.inputs.front().toStdString();
+    const TimelineOpening timeline = TimelineOpening::read(path, request.timelines, request.mediaLimits, &interrupted);
+    if (!timeline.isFit())
+        KESTRA_THROW(Refusal(refusalOf(path, timeline)));
+    opened.sequence = timeline.sequence(&interrupted);
+    for (const auto& source : opened.sequence.media->sources())
+        RequestCheck::outputIsNo(source->GetPath(), request);
+    for (const Timeline::Finding& finding : timeline.reading.findings)
+        opened.warnings.push_back('"' + path + "\": " + finding.inWords());
 }
 
 } // namespace ExportCore

@@ -6,11 +6,12 @@
 #include "ExportCore/ExportRequest.h"
 #include "Render/Sequence.h"
 #include <string>
+#include <vector>
 
 namespace ExportCore {
 
-/// Looks whether inputs and output are fit, the output's name for the preset, then opens the inputs; throws Refusal for
-/// what is not fit.
+/// Looks whether inputs and output are fit, the output's name for the preset, then opens the inputs, a timeline with
+/// all its media; throws Refusal for what is not fit.
 class EXPORTCORE_EXPORT InputOpening : public BackgroundTask {
     Q_OBJECT
 public:
@@ -18,17 +19,21 @@ public:
 
     /// After finished() without an error.
     const Render::Sequence& sequence() const { return opened->sequence; }
+    /// What is remarkable about a timeline, one sentence each. After finished() without an error.
+    const std::vector<std::string>& warnings() const { return opened->warnings; }
     /// What is being done at the moment, for a message: 'Opening "/path"'.
     std::string step() const;
 
 private:
     struct Opened {
         Render::Sequence sequence;
+        std::vector<std::string> warnings;
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 
     InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
                  QObject* parent);
+    static void openTimeline(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted);
     static void open(Opened& opened, const ExportRequest& request, const Preset& preset,
                      const std::atomic<bool>& interrupted);
 

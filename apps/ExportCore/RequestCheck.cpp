@@ -8,7 +8,6 @@
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
-#include "Timeline/Reader/OtioReader.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -67,14 +66,14 @@ void checkInput(const QString& input) {
     const auto state = stateOf(path);
     if (!state)
         refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
-    if (const char* kind = kindOf(state->st_mode))
+    // A timeline may be a folder: who reads it tells what is wrong with it.
+    const bool isTimeline = TimelineOpening::isTimeline(path.toStdString());
+    if (const char* kind = kindOf(state->st_mode); kind && !(isTimeline && S_ISDIR(state->st_mode)))
         refuse("Cannot read " + quoted(path) + ": " + kind);
     if (!allows(path, R_OK))
         refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
     if (state->st_size == 0)
         refuse("Cannot read " + quoted(path) + ": it is empty");
-    if (Timeline::OtioReader().reads(Kestra::ioPath(path.toStdString())))
-        refuse("Cannot export " + quoted(path) + ": it is a timeline, which can be listed and checked only");
 }
 
 QByteArray folderOf(const QByteArray& path) {
@@ -167,6 +166,11 @@ void RequestCheck::inputs(const QStringList& inputs) {
         refuse("No input was given");
     for (const QString& input : inputs)
         checkInput(input);
+    if (inputs.size() == 1)
+        return;
+    for (const QString& input : inputs)
+        if (TimelineOpening::isTimeline(input.toStdString()))
+            refuse("Cannot export " + quoted(input.toUtf8()) + " beside other inputs: a timeline is exported alone");
 }
 
 bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
@@ -209,6 +213,12 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     target.folder = folderOf(target.path);
     checkFolder(target.folder, output);
     return target;
+}
+
+void RequestCheck::outputIsNo(const Kestra::ioPath& medium, const ExportRequest& request) {
+    const QByteArray output = request.outputPath.toUtf8();
+    if (isInput(output, {QString::fromStdString(medium.ToUtf8())}))
+        refuse("Cannot write " + quoted(output) + ": it is one of the timeline's media");
 }
 
 void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {

@@ -12,10 +12,13 @@ namespace ExportCore {
 
 /// Every operation throws Refusal for what it does not accept. Nothing is opened, made or changed.
 struct EXPORTCORE_EXPORT RequestCheck {
-    /// Each a regular file that can be read and is not empty; at least one.
+    /// Each a regular file, or a timeline's folder, that can be read and is not empty; at least one, and a timeline
+    /// alone.
     static void inputs(const QStringList& inputs);
     /// Not one of the inputs (through links neither), not standard output, and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
+    /// The output is not that medium of a timeline, through links neither.
+    static void outputIsNo(const Kestra::ioPath& medium, const ExportRequest& request);
     /// The output's name promises no other kind of file than the preset writes. A name without extension, or with one
     /// that stands for nothing, promises none.
     static void outputName(const ExportRequest& request, const Preset& preset);

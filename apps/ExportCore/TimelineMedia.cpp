@@ -2,8 +2,6 @@
 
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/TimeMap.h"
-#include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/ISourceFactory.h"
 #include <algorithm>
 #include <charconv>
 #include <exception>
@@ -89,28 +87,37 @@ std::string labelled(const char* what, const std::string& name) {
 
 } // namespace
 
-TimelineMedia::TimelineMedia(const Kestra::Proc::MediaLimits& limits)
-    : limits(limits) {}
+TimelineMedia::TimelineMedia(std::shared_ptr<Render::MediaPool> pool, const std::atomic<bool>* interrupted)
+    : pool(std::move(pool))
+    , interrupted(interrupted) {}
 
-const TimelineMedia::Look& TimelineMedia::lookAt(const Kestra::ioPath& path) {
-    const auto known = looks.find(path.ToUtf8());
+const TimelineMedia::Look& TimelineMedia::lookAt(const Timeline::MediaReference& media) {
+    const std::string path = std::get<Timeline::MediaFile>(media.target).path.ToUtf8();
+    const auto known = looks.find(path);
     if (known != looks.end())
         return known->second;
     try {
-        const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(path, nullptr, limits);
-        return looks.emplace(path.ToUtf8(), source->GetInfo()).first->second;
+        return looks.emplace(path, pool->open(media, interrupted)->GetInfo()).first->second;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        return looks.emplace(path.ToUtf8(), std::string(error.what())).first->second;
+        if (interrupted && *interrupted)
+            throw;
+        return looks.emplace(path, std::string(error.what())).first->second;
     }
 }
 
+std::string TimelineMedia::whyMissing(const Timeline::MediaReference& media) {
+    if (!std::holds_alternative<Timeline::MediaFile>(media.target))
+        return {};
+    const auto* const why = std::get_if<std::string>(&lookAt(media));
+    return why ? *why : std::string();
+}
+
 std::optional<Ticks> TimelineMedia::lengthOf(const Timeline::MediaReference& media, Track::Kind kind) {
-    const auto* const file = std::get_if<Timeline::MediaFile>(&media.target);
-    if (!file)
+    if (!std::holds_alternative<Timeline::MediaFile>(media.target))
         return std::nullopt;
-    const auto* const info = std::get_if<MediaInfo>(&lookAt(file->path));
+    const auto* const info = std::get_if<MediaInfo>(&lookAt(media));
     if (!info || !hasKind(*info, kind) || (info->video && info->video->stillPicture))
         return std::nullopt;
     return info->duration > 0 ? std::optional(Ticks(info->duration)) : std::nullopt;
@@ -158,9 +165,9 @@ std::optional<Finding> TimelineMedia::findingOf(const Timeline::Clip& clip, Trac
 std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
                                                 Track::Kind kind, Ticks duration) {
     const std::string name = "its media \"" + file.path.ToUtf8() + "\" ";
-    const Look& look = lookAt(file.path);
+    const Look& look = lookAt(clip.media);
     if (const auto* why = std::get_if<std::string>(&look))
-        return found(Finding::Kind::Error, name + "cannot be opened: " + *why);
+        return found(Finding::Kind::MissingMedia, name + "cannot be opened: " + *why);
     const auto& info = std::get<MediaInfo>(look);
     if (!hasKind(info, kind))
         return found(Finding::Kind::Error, name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound"));

@@ -2,19 +2,21 @@
 #pragma once
 
 #include "ExportCoreExport.h"
-#include "Kestra/Proc/IMediaSource.h"
-#include "Kestra/Proc/MediaLimits.h"
+#include "Render/MediaPool.h"
 #include "Timeline/Reader/ITimelineReader.h"
+#include <atomic>
 #include <map>
+#include <memory>
 #include <string>
 #include <variant>
 
 namespace ExportCore {
 
-/// Opens each file once and remembers what it holds, not the file. One thread at a time.
+/// Looks at each medium once, through a pool that others may use later. One thread at a time.
 class EXPORTCORE_EXPORT TimelineMedia {
 public:
-    explicit TimelineMedia(const Kestra::Proc::MediaLimits& limits = {});
+    /// `interrupted`, borrowed unless null, ends what takes long with Kestra::Proc::ProcException.
+    explicit TimelineMedia(std::shared_ptr<Render::MediaPool> pool, const std::atomic<bool>* interrupted = nullptr);
 
     /// How long a whole medium lasts among such tracks; nothing where it cannot be opened or, as a still picture, has
     /// no length of its own.
@@ -24,11 +26,14 @@ public:
     /// of them that do not exist, pictures of sequences that are not there. Each sentence once for each clip.
     std::vector<Timeline::Finding> check(const Timeline::Document& document);
 
+    /// Why a medium cannot be opened; empty for one that can.
+    std::string whyMissing(const Timeline::MediaReference& media);
+
 private:
     /// What a file holds, or why it cannot be told.
     using Look = std::variant<Kestra::Proc::MediaInfo, std::string>;
 
-    const Look& lookAt(const Kestra::ioPath& path);
+    const Look& lookAt(const Timeline::MediaReference& media);
     void check(const Timeline::Stack& stack, const std::string& place, std::vector<Timeline::Finding>& findings);
     /// Without a place.
     std::optional<Timeline::Finding> findingOf(const Timeline::Clip& clip, Timeline::Track::Kind kind,
@@ -36,7 +41,8 @@ private:
     std::optional<Timeline::Finding> findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
                                                Timeline::Track::Kind kind, Kestra::Ticks duration);
 
-    const Kestra::Proc::MediaLimits limits;
+    const std::shared_ptr<Render::MediaPool> pool;
+    const std::atomic<bool>* const interrupted;
     std::map<std::string, Look> looks;
 };
 

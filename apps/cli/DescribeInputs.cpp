@@ -1,6 +1,7 @@
 #include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
+#include "ExportCore/TimelineOpening.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "Types/Time.h"
@@ -118,9 +119,9 @@ int describeInputs(const Options& options) {
     for (const bool onlyLook : {true, false})
         for (const std::string& input : options.inputs)
             try {
-                if (onlyLook && !isTimeline(input))
+                if (onlyLook && !ExportCore::TimelineOpening::isTimeline(input))
                     ExportCore::RequestCheck::inputs({text(input)});
-                else if (!onlyLook && isTimeline(input))
+                else if (!onlyLook && ExportCore::TimelineOpening::isTimeline(input))
                     isGood = describeTimelineInput(input, options, timelines) && isGood;
                 else if (!onlyLook)
                     describeMedia(input, options, media);

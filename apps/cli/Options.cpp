@@ -88,6 +88,8 @@ public:
         options.in = ExportCore::TimeText::parse(inText);
         options.out = ExportCore::TimeText::parse(outText);
         options.progress = progressStyles().at(progressText);
+        if (missingText == "black")
+            options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
         options.mediaLimits.pictureBytes = pictureMebibytes << 20;
     }
 
@@ -96,9 +98,15 @@ public:
 
 private:
     void addRender() {
-        render = app.add_subcommand("render", "Export media files, one after the other, to one file");
+        render = app.add_subcommand("render", "Export media files, one after the other, or a timeline to one file");
         render->fallthrough();
         addInputs(*render);
+        addTimelines(*render);
+        render
+            ->add_option("--missing", missingText, "What media of a timeline that are missing become: refused or black")
+            ->type_name("WHAT")
+            ->check(CLI::IsMember({"refused", "black"}))
+            ->capture_default_str();
         render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")
             ->required()
             ->type_name("ID");
@@ -162,11 +170,14 @@ private:
     }
 
     void addTimelines(CLI::App& command) {
-        command.add_option("--media-root", options.mediaRoot, "Where to look for media that are not in their place")
+        command
+            .add_option("--media-root", options.timelines.mediaRoot,
+                        "Where to look for media that are not in their place")
             ->type_name("FOLDER");
-        command.add_option("--timeline", options.timeline, "Which timeline of a file that holds several")
+        command.add_option("--timeline", options.timelines.timeline, "Which timeline of a file that holds several")
             ->type_name("NAME");
-        command.add_flag("--lenient", options.lenient, "Read newer versions of timelines as far as they are known");
+        command.add_flag("--lenient", options.timelines.lenient,
+                         "Read newer versions of timelines as far as they are known");
     }
 
     Options& options;
@@ -178,6 +189,7 @@ private:
     std::string inText;
     std::string outText;
     std::string progressText = "auto";
+    std::string missingText = "refused";
     std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };
 

@@ -1,8 +1,8 @@
 // Cli::Options: the command line, read.
 #pragma once
 
+#include "ExportCore/TimelineOpening.h"
 #include "KTime/KTime.h"
-#include "Kestra/Proc/MediaLimits.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,9 +33,7 @@ struct Options {
 
     std::optional<std::string> tag;
 
-    std::string mediaRoot; ///< where media of timelines are looked for that are not in their place; empty: nowhere
-    std::string timeline;  ///< which of several in a file; empty: the only one
-    bool lenient = false;  ///< newer versions of what is known in timelines are read as far as they are known
+    ExportCore::TimelineOptions timelines;
 
     /// Reads the command line. Nothing when the program has to end at once, with `exitCode`: help or the version was
     /// asked for and has been printed, or the usage was wrong and one line on standard error says how.

@@ -33,6 +33,7 @@ ExportCore::ExportRequest requestOf(const Options& options) {
     request.out = options.out;
     request.brandingName = QString::fromStdString(options.branding);
     request.mediaLimits = options.mediaLimits;
+    request.timelines = options.timelines;
     return request;
 }
 

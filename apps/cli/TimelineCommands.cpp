@@ -2,8 +2,7 @@
 
 #include "ExportCore/PlainText.h"
 #include "ExportCore/TimeText.h"
-#include "ExportCore/TimelineMedia.h"
-#include "Timeline/Reader/OtioReader.h"
+#include "ExportCore/TimelineOpening.h"
 #include "Types/Time.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
@@ -83,29 +82,11 @@ const char* labelOf(Finding::Kind kind) {
     return kind == Finding::Kind::Warning ? "warning" : "error";
 }
 
-/// With the findings about its media as well.
 Timeline::Reading readTimeline(const std::string& input, const Options& options) {
-    ExportCore::TimelineMedia media(options.mediaLimits);
-    Timeline::ReadingOptions reading;
-    reading.mediaRoot = Kestra::ioPath(options.mediaRoot);
-    reading.timeline = options.timeline;
-    reading.lenient = options.lenient;
-    reading.lengthOf = [&media](const Timeline::MediaReference& reference, Timeline::Track::Kind kind) {
-        return media.lengthOf(reference, kind);
-    };
-    Timeline::Reading result = Timeline::OtioReader().read(Kestra::ioPath(input), reading);
-    if (!result.document)
-        return result;
-    for (Finding& finding : media.check(*result.document))
-        result.findings.push_back(std::move(finding));
-    return result;
+    return ExportCore::TimelineOpening::read(input, options.timelines, options.mediaLimits).reading;
 }
 
 } // namespace
-
-bool isTimeline(const std::string& input) {
-    return Timeline::OtioReader().reads(Kestra::ioPath(input));
-}
 
 bool describeTimeline(const std::string& input, const Options& options, QJsonObject* json) {
     const Timeline::Reading reading = readTimeline(input, options);

@@ -7,9 +7,6 @@
 
 namespace Cli {
 
-/// Whether the input is to be read as a timeline, by its name.
-bool isTimeline(const std::string& input);
-
 /// Prints the timeline, and its findings on standard error, or puts both into `json` unless that is null. Returns
 /// whether there is a timeline; findings alone make none unreadable.
 bool describeTimeline(const std::string& input, const Options& options, QJsonObject* json);

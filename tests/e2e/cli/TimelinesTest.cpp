@@ -1,67 +1,16 @@
 // "info" and "validate" of timelines, over real media.
-#include "Program.h"
-#include "support/FlashBeep.h"
+#include "TimelineFixture.h"
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 
-using TestCli::Result;
-using TestCli::run;
+using namespace TestCli;
 
 namespace {
 
 QJsonObject objectOf(const Result& result) {
     return QJsonDocument::fromJson(result.output.toUtf8()).object();
 }
-
-std::string timeOf(int frames) {
-    return R"({"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":)" + std::to_string(frames) + '}';
-}
-
-/// A clip of `media`, all of whose 50 frames are said to be there; without a range of its own where `frames` is 0.
-std::string clipOf(const std::string& name, const std::string& media, int start, int frames,
-                   const std::string& more = {}) {
-    const auto range = [](int first, int count) {
-        return R"({"OTIO_SCHEMA":"TimeRange.1","start_time":)" + timeOf(first) + R"(,"duration":)" + timeOf(count) +
-               '}';
-    };
-    const std::string told = frames > 0 ? R"(,"source_range":)" + range(start, frames) : std::string();
-    const std::string available = frames > 0 ? R"(,"available_range":)" + range(0, 500) : std::string();
-    return R"({"OTIO_SCHEMA":"Clip.1","name":")" + name + '"' + told + more +
-           R"(,"media_reference":{"OTIO_SCHEMA":"ExternalReference.1","target_url":")" + media + '"' + available + "}}";
-}
-
-class Timelines : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        media = std::make_unique<TestMedia::Folder>();
-        TestMedia::FlashBeep clip;
-        clip.frames = 50;
-        TestMedia::makeFlashBeep(*media / "both.mov", clip);
-        clip.sampleRate = 0;
-        TestMedia::makeFlashBeep(*media / "silent.mov", clip);
-    }
-    static void TearDownTestSuite() { media.reset(); }
-
-    /// A timeline of a track of pictures and one of sound.
-    static std::string write(const std::string& pictures, const std::string& sound,
-                             const std::string& name = "cut.otio") {
-        const auto track = [](const char* kind, const std::string& children) {
-            return R"({"OTIO_SCHEMA":"Track.1","name":")" + std::string(kind) + R"(1","kind":")" + kind +
-                   R"(","children":[)" + children + "]}";
-        };
-        std::ofstream(*media / name)
-            << R"({"OTIO_SCHEMA":"Timeline.1","name":"My cut","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
-            << track("Video", pictures) << ',' << track("Audio", sound) << "]}}";
-        return *media / name;
-    }
-
-    static std::unique_ptr<TestMedia::Folder> media;
-};
-
-std::unique_ptr<TestMedia::Folder> Timelines::media;
 
 TEST_F(Timelines, AreListedClipByClip) {
     const std::string cut =
@@ -176,14 +125,6 @@ TEST_F(Timelines, ThatCannotBeReadAreRefusedWithTheReason) {
         EXPECT_TRUE((result.output + result.errors).contains(QStringLiteral("it is no JSON"))) << command;
         EXPECT_EQ(run({command, *media / "none.otio"}).code, 2) << command;
     }
-}
-
-TEST_F(Timelines, AreNoMediaToExport) {
-    const std::string cut = write(clipOf("a", "both.mov", 0, 10), {});
-    const Result result = run({"render", cut, "-p", "mp4-h264-1080p", "-o", *media / "out.mp4"});
-    EXPECT_EQ(result.code, 2);
-    EXPECT_TRUE(result.errors.contains(QStringLiteral("is a timeline"))) << result.errors.toStdString();
-    EXPECT_FALSE(std::filesystem::exists(*media / "out.mp4"));
 }
 
 } // namespace

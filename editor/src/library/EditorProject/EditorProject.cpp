@@ -1,6 +1,8 @@
 #include "EditorProject/EditorProject.h"
 
+#include "EditorProject/ExportWindow.h"
 #include "EditorProject/Model.h"
+#include "Render/Programme.h"
 #include "Render/SequenceMedia.h"
 #include "Types/Time.h"
 #include <algorithm>
@@ -112,6 +114,14 @@ Project::StreamLengths EditorProject::expectedLengths(const Types::Range& stream
     return d->model.lengths(streamRange, video, audio);
 }
 
+Kestra::Conf::ProgrammeInfo EditorProject::programme(const Types::Range& streamRange) const {
+    const Render::Sequence* const sequence = d->model.sequence();
+    if (!sequence)
+        return {};
+    const Project::ExportWindow window(streamRange, sequence->document->duration(), std::nullopt);
+    return Render::programmeOf(*sequence->document, window);
+}
+
 std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {
     std::vector<Kestra::Proc::DamageReport> reports;
     for (const auto& source : d->sources())
@@ -121,11 +131,8 @@ std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {
 }
 
 std::vector<Kestra::Proc::SourceNote> EditorProject::takeNotes() {
-    std::vector<Kestra::Proc::SourceNote> notes;
-    for (const auto& source : d->sources())
-        for (Kestra::Proc::SourceNote& note : source->TakeNotes())
-            notes.push_back(std::move(note));
-    return notes;
+    const Render::Sequence* const sequence = d->model.sequence();
+    return sequence ? sequence->media->takeNotes() : std::vector<Kestra::Proc::SourceNote>();
 }
 
 std::vector<Kestra::ioPath> EditorProject::pathsBeingRead() const {

@@ -5,6 +5,7 @@
 #include "EditorProject/StreamLengths.h"
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
@@ -73,10 +74,13 @@ public:
     Project::StreamLengths expectedLengths(const Types::Range& streamRange, const Media::Video* video,
                                            const Media::Audio* audio) const;
 
+    /// What the file of an export of that range is told about its whole; see expectedLengths() for ranges.
+    Kestra::Conf::ProgrammeInfo programme(const Types::Range& streamRange) const;
+
     /// Damage that decoding concealed since the last call. May be called while streams are read.
     std::vector<Kestra::Proc::DamageReport> takeDamageReports();
-    /// What was noted about the material since the last call, each thing once a file. May be called while streams are
-    /// read.
+    /// What was noted about the material since the last call, each thing once a file; without a path what concerns all
+    /// of it. May be called while streams are read.
     std::vector<Kestra::Proc::SourceNote> takeNotes();
 
     /// The files that some thread is reading at this moment. When every stream has been let go, a thread that hangs.

@@ -134,7 +134,7 @@ void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) 
     stream = streams.open(create(first, end - first));
     last = {};
     if (source)
-        target.noteLoss(*source);
+        target.noteLoss(*source, use == Usage::Layer);
 }
 
 void MaterialPictures::prefer() {

@@ -8,6 +8,8 @@
 #include <atomic>
 #include <map>
 #include <mutex>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace Render {
@@ -26,6 +28,11 @@ public:
     /// Each medium once, in the order of first use.
     std::vector<Source> sources() const;
 
+    /// Adds a sentence about the whole, as what comes out of several media; one that has been noted is dropped.
+    void note(const std::string& what);
+    /// What has been noted about media and about the whole since the last call; the latter without a path.
+    std::vector<Kestra::Proc::SourceNote> takeNotes();
+
 private:
     Source make(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) const;
 
@@ -33,6 +40,8 @@ private:
     mutable std::mutex mutex;
     std::map<std::string, Source> opened;
     std::vector<Source> order;
+    std::set<std::string> noted;
+    std::vector<Kestra::Proc::SourceNote> notes;
 };
 
 } // namespace Render

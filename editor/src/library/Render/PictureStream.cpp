@@ -2,6 +2,7 @@
 
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include "Render/Programme.h"
 #include "Render/Streams.h"
 #include "Render/Survey.h"
 #include <algorithm>
@@ -136,6 +137,8 @@ void PictureStream::forget() {
 
 void PictureStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = target.offered();
+    if (const auto programme = programmeOf(*sequence.document, window); !programme.IsEmpty())
+        programme.TellIn(*format);
 }
 
 std::int64_t PictureStream::GetDuration() const {

@@ -109,7 +109,7 @@ bool PictureTarget::keepsFields(const Proc::VideoTrackInfo& track) const {
            track.frameRate == target->GetFrameRate();
 }
 
-void PictureTarget::noteLoss(Proc::IMediaSource& medium) const {
+void PictureTarget::noteLoss(Proc::IMediaSource& medium, bool layer) const {
     const Conf::FrameInfo own = medium.GetInfo().video->frame;
     const Conf::FrameInfo frame = target->GetFrameInfo();
     if (own != frame && own.width - frame.width <= 1 && own.height - frame.height <= 1 &&
@@ -121,6 +121,8 @@ void PictureTarget::noteLoss(Proc::IMediaSource& medium) const {
     const auto* to = Conf::PixelFormatRecord::Find(target->GetPixelFormat());
     if (!from || !to)
         return;
+    if (layer && from->alpha)
+        to = Conf::PixelFormatRecord::Find(Conf::BlendFormatsFor(to->Format()).alpha);
     const std::string loss = formatOrdered ? Conf::AlphaLossInWords(*from, *to) : Conf::LossInWords(*from, *to);
     if (!loss.empty())
         medium.Note("pictures of " + std::string(from->name) + " are encoded as " + to->name + ": " + loss);

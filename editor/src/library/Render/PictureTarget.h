@@ -27,8 +27,8 @@ public:
     boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> offered() const;
     void prefer(const Kestra::Conf::IFormatCodecVideo& wanted);
 
-    /// Notes what the target takes away from the medium's pictures.
-    void noteLoss(Kestra::Proc::IMediaSource& medium) const;
+    /// Notes what the target takes away from the medium's pictures; transparency is not lost where they are a `layer`.
+    void noteLoss(Kestra::Proc::IMediaSource& medium, bool layer) const;
 
     /// Whether the track's pictures come in the target's frame and rate as they are, so that fields survive.
     bool keepsFields(const Kestra::Proc::VideoTrackInfo& track) const;

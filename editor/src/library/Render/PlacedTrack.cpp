@@ -91,7 +91,7 @@ PlacedTrack::Standing PlacedTrack::at(Ticks moment) const {
         const Fade fade = fadeOf(*transition);
         change(fade.begin);
         change(fade.end);
-        if (fade.begin <= moment && moment < fade.end)
+        if (!standing.transition && fade.begin <= moment && moment < fade.end)
             standing.transition = transition;
     }
     return standing;

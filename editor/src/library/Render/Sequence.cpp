@@ -44,13 +44,12 @@ Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::
     return {Timeline::documentOf(list), media};
 }
 
-Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, const std::atomic<bool>* interrupted,
-                      const Kestra::Proc::MediaLimits& limits) {
-    const auto media = std::make_shared<MediaPool>(limits);
+Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::shared_ptr<MediaPool> media,
+                      const std::atomic<bool>* interrupted) {
     Timeline::visitClips(*document->tracks, [&](const auto&, const auto&, const Timeline::Clip& clip) {
         media->open(clip.media, interrupted);
     });
-    return {std::move(document), media};
+    return {std::move(document), std::move(media)};
 }
 
 std::string describe(const Sequence& sequence) {

@@ -19,9 +19,9 @@ struct EDITORRENDER_EXPORT Sequence {
     /// list; also when `interrupted`, unless null, turns true meanwhile. Any thread.
     static Sequence ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted = nullptr,
                             const Kestra::Proc::MediaLimits& limits = {}, const Next& next = {});
-    /// A timeline, whose media are all opened. Throws as ofFiles().
-    static Sequence of(std::shared_ptr<const Timeline::Document> document,
-                       const std::atomic<bool>* interrupted = nullptr, const Kestra::Proc::MediaLimits& limits = {});
+    /// A timeline, whose media are all opened, as far as those of the pool are not. Throws as ofFiles().
+    static Sequence of(std::shared_ptr<const Timeline::Document> document, std::shared_ptr<MediaPool> media,
+                       const std::atomic<bool>* interrupted = nullptr);
 
     std::shared_ptr<const Timeline::Document> document;
     std::shared_ptr<MediaPool> media;

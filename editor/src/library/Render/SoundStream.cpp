@@ -3,11 +3,15 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Render/Programme.h"
 #include "Render/SampleDepth.h"
 #include "Render/Streams.h"
 #include "Render/Survey.h"
 #include <algorithm>
+#include <cmath>
 #include <functional>
+#include <iomanip>
+#include <sstream>
 
 namespace Render {
 
@@ -144,13 +148,24 @@ Proc::ISampleMixer& SoundStream::mixing() {
     return *mixer;
 }
 
+/// Once all has been mixed.
+void SoundStream::notePeak() {
+    if (!mixer || mixer->Peak() <= 1)
+        return;
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(1) << 20 * std::log10(mixer->Peak());
+    sequence.media->note("The mix goes " + text.str() + " dB beyond full scale, which samples in integers cannot hold");
+}
+
 SoundStream::Block SoundStream::placed(const Block& block) {
     const Ticks begin = grid.Begin(nextSample);
     nextSample += SampleIndex(block->GetSampleCount());
     block->SetTime(begin.Value());
     block->SetDuration((grid.Begin(nextSample) - begin).Value());
-    if (nextSample >= samples)
+    if (nextSample >= samples) {
+        notePeak();
         forget();
+    }
     return block;
 }
 
@@ -162,6 +177,8 @@ void SoundStream::forget() {
 
 void SoundStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const {
     format = target.description();
+    if (const auto programme = programmeOf(*sequence.document, window); !programme.IsEmpty())
+        programme.TellIn(*format);
 }
 
 std::int64_t SoundStream::GetDuration() const {

@@ -39,6 +39,7 @@ private:
     Block mix(const Parts& parts, Kestra::SampleIndex count);
     Kestra::SampleIndex inStep(const Parts& parts);
     Kestra::Proc::ISampleMixer& mixing();
+    void notePeak();
     Block placed(const Block& block);
 
     const Sequence sequence;

@@ -1,0 +1,51 @@
+#include "ExportCore/TimelineOpening.h"
+
+#include "ExportCore/TimelineMedia.h"
+#include "Timeline/DocumentEdit.h"
+#include "Timeline/Reader/OtioReader.h"
+#include <utility>
+
+namespace ExportCore {
+
+using Timeline::Finding;
+
+bool TimelineOpening::isTimeline(const std::string& path) {
+    return Timeline::OtioReader().reads(Kestra::ioPath(path));
+}
+
+TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOptions& options,
+                                      const Kestra::Proc::MediaLimits& limits, const std::atomic<bool>* interrupted) {
+    TimelineOpening opening;
+    opening.media = std::make_shared<Render::MediaPool>(limits);
+    opening.missingAsBlack = options.missing == TimelineOptions::Missing::Black;
+    TimelineMedia media(opening.media, interrupted);
+    Timeline::ReadingOptions reading;
+    reading.mediaRoot = Kestra::ioPath(options.mediaRoot);
+    reading.timeline = options.timeline;
+    reading.lenient = options.lenient;
+    reading.lengthOf = [&media](const Timeline::MediaReference& reference, Timeline::Track::Kind kind) {
+        return media.lengthOf(reference, kind);
+    };
+    opening.reading = Timeline::OtioReader().read(Kestra::ioPath(path), reading);
+    if (!opening.reading.document)
+        return opening;
+    for (Finding& finding : media.check(*opening.reading.document))
+        opening.reading.findings.push_back(std::move(finding));
+    if (opening.missingAsBlack)
+        opening.reading.document =
+            Timeline::withMissing(*opening.reading.document, [&media](const Timeline::MediaReference& reference) {
+                return media.whyMissing(reference);
+            });
+    return opening;
+}
+
+bool TimelineOpening::isFit() const {
+    return reading.document && !reading.has(Finding::Kind::Error) &&
+           (missingAsBlack || !reading.has(Finding::Kind::MissingMedia));
+}
+
+Render::Sequence TimelineOpening::sequence(const std::atomic<bool>* interrupted) const {
+    return Render::Sequence::of(reading.document, media, interrupted);
+}
+
+} // namespace ExportCore

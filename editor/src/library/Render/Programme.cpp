@@ -1,0 +1,72 @@
+#include "Render/Programme.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace Render {
+
+using Kestra::Ticks;
+using Kestra::Conf::ProgrammeInfo;
+using Timeline::Marker;
+
+namespace {
+
+std::vector<const Marker*> markersOf(const Timeline::Stack& stack) {
+    std::vector<const Marker*> all;
+    const auto add = [&all](const std::vector<Marker>& markers) {
+        for (const Marker& marker : markers)
+            all.push_back(&marker);
+    };
+    add(stack.markers());
+    for (const Timeline::Track& track : stack.tracks()) {
+        add(track.markers());
+        for (const Timeline::Item& item : track.items())
+            add(item.markers);
+    }
+    std::stable_sort(all.begin(), all.end(),
+                     [](const Marker* a, const Marker* b) { return a->range.start < b->range.start; });
+    return all;
+}
+
+std::string titleOf(const Marker& marker, std::size_t number) {
+    if (!marker.name.empty())
+        return marker.name;
+    return marker.comment.empty() ? "Marker " + std::to_string(number) : marker.comment;
+}
+
+std::vector<ProgrammeInfo::Chapter> chaptersOf(const Timeline::Document& document, const Window& window) {
+    std::vector<ProgrammeInfo::Chapter> chapters;
+    for (const Marker* const marker : markersOf(*document.tracks)) {
+        const Ticks start = marker->range.start - window.start();
+        if (start < Ticks(0) || marker->range.start >= window.end())
+            continue;
+        if (!chapters.empty() && chapters.back().start == start.Value())
+            continue;
+        if (!chapters.empty())
+            chapters.back().end = start.Value();
+        chapters.push_back(
+            {start.Value(), (window.end() - window.start()).Value(), titleOf(*marker, chapters.size() + 1)});
+    }
+    return chapters;
+}
+
+/// Whether numbers are dropped at that rate, as writers of such time codes do without saying so.
+bool dropsNumbers(const Kestra::FrameGrid& grid) {
+    const auto ratio = grid.GetRate() / boost::rational<long long>(30000, 1001);
+    return ratio.denominator() == 1;
+}
+
+} // namespace
+
+ProgrammeInfo programmeOf(const Timeline::Document& document, const Window& window) {
+    ProgrammeInfo info;
+    info.title = document.name;
+    info.chapters = chaptersOf(document, window);
+    if (document.globalStart) {
+        info.timecode = (*document.globalStart + window.start()).Value();
+        info.dropFrame = window.grid() && dropsNumbers(*window.grid());
+    }
+    return info;
+}
+
+} // namespace Render
