@@ -82,6 +82,8 @@ int valueAt(const AVFrame& frame, int component, int x) {
     const AVComponentDescriptor& one = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->comp[component];
     const std::uint8_t* const sample =
         frame.data[one.plane] + (HEIGHT / 2) * frame.linesize[one.plane] + x * one.step + one.offset;
+    if (av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->flags & AV_PIX_FMT_FLAG_BE)
+        return sample[0] * 256 + sample[1];
     return one.depth > 8 ? *reinterpret_cast<const std::uint16_t*>(sample) : *sample;
 }
 
@@ -165,7 +167,8 @@ TEST(Alpha, IsOpaqueAndHalfInWhateverDepthItBecomes) {
                                           {"yuva422p12", 2},
                                           {"yuva420p16", 2},
                                           {"gbrap16", 2},
-                                          {"rgba64", 2}})
+                                          {"rgba64", 2},
+                                          {"rgba64be", 2}})
         for (const AVPixelFormat source : {AV_PIX_FMT_YUVA420P, AV_PIX_FMT_BGRA})
             for (const int alpha : {0, 127, 255}) {
                 Conf::ColourInfo colour;
