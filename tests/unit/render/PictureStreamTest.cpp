@@ -142,6 +142,15 @@ TEST_F(PictureStreamTest, AThousandTinyClipsAreOpenedOneAtATime) {
     EXPECT_EQ(media->streams().alive, 0);
 }
 
+TEST_F(PictureStreamTest, ClipsOfOneMediumHandItsDecoderOn) {
+    auto paths = put({clip(3), clip(2)});
+    const auto line = Render::Sequence::ofFiles({paths[0], paths[0], paths[1], paths[0]});
+    EXPECT_EQ(numbers(pictures(line, 25), 25),
+              joined({range(100000, 3), range(100000, 3), range(200000, 2), range(100000, 3)}));
+    EXPECT_EQ(media->streams().created, 3) << "one between two others is opened, and they are closed for it";
+    EXPECT_EQ(media->streams().alive, 0);
+}
+
 TEST_F(PictureStreamTest, ClipsShorterThanAFrameDoNotDrift) {
     // 1/100 s each: every fourth one or so is shown, and the whole keeps its length.
     const std::vector<int> found = numbers(pictures(timeline(std::vector<Contents>(1000, clip(1, 100))), 24), 24);

@@ -62,6 +62,15 @@ TEST_F(SoundStreamTest, ARangeCutsToTheSampleWhereThePictureIsCut) {
     EXPECT_EQ(runs(sound(line, 48000, 0, milliseconds(3413, 3414)), 48000), (std::vector<Stretch>{{1, 0, 163824, 48}}));
 }
 
+TEST_F(SoundStreamTest, ClipsOfOneMediumHandItsDecoderOn) {
+    const auto paths = put({clip(0, 4800)});
+    const auto line = Render::Sequence::ofFiles({paths[0], paths[0], paths[0]});
+    const int before = media->streams().created;
+    EXPECT_EQ(runs(sound(line, 48000, 0), 48000),
+              (std::vector<Stretch>{{1, 0, 0, 4800}, {1, 4800, 0, 4800}, {1, 9600, 0, 4800}}));
+    EXPECT_EQ(media->streams().created - before, 1);
+}
+
 TEST_F(SoundStreamTest, OddLengthsDoNotAddUpToADrift) {
     // 1/30 s and a bit: 1470.03 samples at 44.1 kHz each.
     Contents odd = clip(0, 1471, 44130);

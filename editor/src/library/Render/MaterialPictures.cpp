@@ -105,7 +105,7 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> MaterialPictures::wish(const Proc:
     return wish;
 }
 
-Video MaterialPictures::create(FrameIndex first, FrameIndex count) const {
+Video MaterialPictures::create(FrameIndex first, FrameIndex count) {
     const auto* const made = std::get_if<Timeline::Generator>(&shown.clip->media.target);
     const MediaPool::Source medium =
         made ? generatorFor(*made, *target.format(), grid.Length(count + FrameIndex(1))) : source;
@@ -117,7 +117,9 @@ Video MaterialPictures::create(FrameIndex first, FrameIndex count) const {
     TimeMap map = made ? TimeMap{} : mediaMapOf(shown, info);
     const FrameIndex from = made ? first : grid.Nearest(map.here);
     map.here = made ? Ticks(0) : map.here - grid.Begin(from);
-    Video pictures = medium->CreateVideoStream();
+    if (!decoded)
+        decoded = medium->CreateVideoStream();
+    Video pictures = decoded;
     if (count >= LEAST_FRAMES_FOR_THREAD && map.speed > 0)
         pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame));
     const bool own = info.video->frameRate == grid.GetRate() && map.speed == 1;
@@ -128,13 +130,22 @@ Video MaterialPictures::create(FrameIndex first, FrameIndex count) const {
     return resized;
 }
 
-void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) {
+void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, Decoded reused) {
     streams.requireNoInterrupt();
+    decoded = std::move(reused);
+    if (decoded)
+        decoded->Seek(0, Proc::SeekMode::Exact); // where a fresh one stands
     opened = first;
     stream = streams.open(create(first, end - first));
     last = {};
     if (source)
         target.noteLoss(*source, use == Usage::Layer);
+}
+
+MaterialPictures::Decoded MaterialPictures::close() {
+    stream = {};
+    last = {};
+    return source ? std::move(decoded) : nullptr;
 }
 
 void MaterialPictures::prefer() {

@@ -40,19 +40,22 @@ MediaPool::Source MaterialSound::generator(const SoundTarget& target) const {
     return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
 }
 
-boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target) const {
+boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target) {
     const MediaPool::Source medium = source ? source : generator(target);
     if (!medium->GetInfo().audio)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
                                                                                        "\" has no sound, which \"" +
                                                                                        *shown.name + "\" would play"));
-    auto sound = filters().CreateResampler(medium->CreateAudioStream(), target.format());
+    if (!decoded)
+        decoded = medium->CreateAudioStream();
+    auto sound = filters().CreateResampler(decoded, target.format());
     if (shown.map.speed != 1)
         sound = filters().CreateTempo(sound, shown.map.speed, Proc::Pitch::Kept);
     return sound;
 }
 
-void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target) {
+void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target,
+                         Decoded reused) {
     streams.requireNoInterrupt();
     ended = shown.map.speed <= 0;
     if (ended) {
@@ -60,6 +63,9 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
             source->Note("where it runs backwards it is silent");
         return;
     }
+    decoded = std::move(reused);
+    if (decoded)
+        decoded->Seek(0, Proc::SeekMode::Exact); // where a fresh one stands
     stream = streams.open(create(target));
     if (source)
         target.noteLoss(*source);
@@ -71,6 +77,12 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
     place = std::max(SampleIndex(0), place);
     if (place > SampleIndex(0))
         stream->Seek(grid.Begin(place).Value(), Proc::SeekMode::Exact);
+}
+
+MaterialSound::Decoded MaterialSound::close() {
+    stream = {};
+    block.reset();
+    return source ? std::move(decoded) : nullptr;
 }
 
 SampleIndex MaterialSound::available() {

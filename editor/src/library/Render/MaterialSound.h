@@ -15,14 +15,20 @@ class MaterialSound {
 public:
     using Streams = OpenStreams<Kestra::Proc::IStreamAudio>;
     using Block = boost::intrusive_ptr<Kestra::Proc::IDataAudio>;
+    using Decoded = boost::intrusive_ptr<Kestra::Proc::IStreamAudio>;
 
     MaterialSound(const Material& material, MediaPool& media, const Kestra::SampleGrid& grid);
 
     const Material& material() const { return shown; }
 
-    /// From sample `first` of the window on, borrowing `streams`. Throws Interrupted after an interrupt of those, and
-    /// ProcException.
-    void open(Streams& streams, Kestra::SampleIndex first, const SoundPlanner& planner, const SoundTarget& target);
+    /// From sample `first` of the window on, borrowing `streams`. `decoded`, unless null, is the medium's sound from
+    /// another one's close(), whose file and decoder are used again. Throws Interrupted after an interrupt of the
+    /// streams, and ProcException.
+    void open(Streams& streams, Kestra::SampleIndex first, const SoundPlanner& planner, const SoundTarget& target,
+              Decoded decoded);
+    /// Returns the medium's sound for another one; null where it is made.
+    Decoded close();
+    const MediaPool::Source& medium() const { return source; }
 
     /// How many samples can be taken at once; 0 where the sound has ended. Reads where none are at hand.
     Kestra::SampleIndex available();
@@ -33,13 +39,14 @@ public:
     void passSilence(Kestra::SampleIndex count) { before -= count; }
 
 private:
-    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> create(const SoundTarget& target) const;
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> create(const SoundTarget& target);
     MediaPool::Source generator(const SoundTarget& target) const;
 
     const Material shown;
     const Kestra::SampleGrid grid;
     const MediaPool::Source source;
 
+    Decoded decoded;
     Streams::Lease stream;
     Kestra::SampleIndex place;  ///< of the stream's next sample that is wanted
     Kestra::SampleIndex before; ///< samples of silence

@@ -6,7 +6,6 @@
 #include "Render/Streams.h"
 #include "Render/Survey.h"
 #include <algorithm>
-#include <functional>
 
 namespace Render {
 
@@ -53,6 +52,7 @@ void PictureStream::fetch() {
     if (current() >= sceneEnd)
         enter();
     const Shown shown = compose();
+    open.forgetLeft();
     picture = shown.frame;
     pictureEnd = std::clamp(shown.end, current() + FrameIndex(1), sceneEnd);
 }
@@ -61,16 +61,7 @@ void PictureStream::enter() {
     streams.requireNoInterrupt();
     scene = planner.sceneAt(current());
     sceneEnd = std::min(planner.endOf(scene), window.firstFrame() + frames);
-    closeUnused();
-}
-
-void PictureStream::closeUnused() {
-    const auto isUsed = [this](const std::unique_ptr<MaterialPictures>& pictures) {
-        bool used = false;
-        visitMaterials(scene.parts, [&](const Material& material) { used = used || material == pictures->material(); });
-        return used;
-    };
-    open.erase(std::remove_if(open.begin(), open.end(), std::not_fn(isUsed)), open.end());
+    open.keepOnly(scene, *sequence.media);
 }
 
 PictureStream::Shown PictureStream::compose() {
@@ -103,15 +94,13 @@ PictureStream::Shown PictureStream::show(const Part& part, bool onBlack) {
 }
 
 PictureStream::Shown PictureStream::show(const Material& material, Usage usage) {
-    const auto found = std::find_if(open.begin(), open.end(), [&](const auto& pictures) {
-        return pictures->material() == material && pictures->usage() == usage;
-    });
-    if (found != open.end())
-        return (*found)->at(current());
+    const auto isIt = [&](const MaterialPictures& one) { return one.material() == material && one.usage() == usage; };
+    if (MaterialPictures* const shown = open.find(isIt))
+        return shown->at(current());
     auto pictures = std::make_unique<MaterialPictures>(material, usage, *sequence.media, target, grid);
-    pictures->open(streams, current(), std::min(planner.endOf(material), window.firstFrame() + frames));
-    open.push_back(std::move(pictures));
-    return open.back()->at(current());
+    const FrameIndex end = std::min(planner.endOf(material), window.firstFrame() + frames);
+    pictures->open(streams, current(), end, open.takeLeft(pictures->medium()));
+    return open.add(std::move(pictures)).at(current());
 }
 
 PictureStream::Shown PictureStream::blackFrame() {

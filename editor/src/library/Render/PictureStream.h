@@ -4,6 +4,7 @@
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include "Kestra/Proc/IFrameBlender.h"
 #include "Render/MaterialPictures.h"
+#include "Render/OpenMaterials.h"
 #include "Render/Sequence.h"
 #include "Render/Window.h"
 #include <memory>
@@ -34,7 +35,6 @@ private:
     void fetch();
     void enter();
     void forget();
-    void closeUnused();
     Shown compose();
     Shown show(const Parts& parts, bool onBlack);
     Shown show(const Part& part, bool onBlack);
@@ -50,7 +50,7 @@ private:
     PictureTarget target;
 
     MaterialPictures::Streams streams;
-    std::vector<std::unique_ptr<MaterialPictures>> open;
+    OpenMaterials<MaterialPictures> open;
     boost::intrusive_ptr<Kestra::Proc::IFrameBlender> blender;
 
     Scene scene;

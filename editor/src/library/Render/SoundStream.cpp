@@ -9,7 +9,6 @@
 #include "Render/Survey.h"
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <iomanip>
 #include <sstream>
 
@@ -48,35 +47,25 @@ SoundStream::Block SoundStream::ReadAudio() {
         enter();
     if (scene.parts.empty())
         return placed(readSilence(left()));
-    return placed(isPlain(scene) ? readOne(scene.parts.front().material) : readMixed());
+    const Block block = isPlain(scene) ? readOne(scene.parts.front().material) : readMixed();
+    open.forgetLeft();
+    return placed(block);
 }
 
 void SoundStream::enter() {
     streams.requireNoInterrupt();
     scene = planner.sceneAt(nextSample);
     sceneEnd = std::min(planner.endOf(scene), samples);
-    closeUnused();
-}
-
-void SoundStream::closeUnused() {
     silence = {};
-    const auto isUsed = [this](const std::unique_ptr<MaterialSound>& sound) {
-        bool used = false;
-        visitMaterials(scene.parts, [&](const Material& material) { used = used || material == sound->material(); });
-        return used;
-    };
-    open.erase(std::remove_if(open.begin(), open.end(), std::not_fn(isUsed)), open.end());
+    open.keepOnly(scene, *sequence.media);
 }
 
 MaterialSound& SoundStream::sounding(const Material& material) {
-    const auto found =
-        std::find_if(open.begin(), open.end(), [&](const auto& sound) { return sound->material() == material; });
-    if (found != open.end())
-        return **found;
+    if (MaterialSound* const heard = open.find([&](const MaterialSound& one) { return one.material() == material; }))
+        return *heard;
     auto sound = std::make_unique<MaterialSound>(material, *sequence.media, grid);
-    sound->open(streams, nextSample, planner, target);
-    open.push_back(std::move(sound));
-    return *open.back();
+    sound->open(streams, nextSample, planner, target, open.takeLeft(sound->medium()));
+    return open.add(std::move(sound));
 }
 
 SoundStream::Block SoundStream::readOne(const Material& material) {
@@ -201,7 +190,7 @@ std::string SoundStream::Describe() const {
 
 void SoundStream::PreferFormat(const Conf::IFormatCodec& format) {
     if (const auto* audio = dynamic_cast<const Conf::IFormatCodecAudio*>(&format))
-        target.prefer(*audio, !open.empty() || silence);
+        target.prefer(*audio, !open.isEmpty() || silence);
 }
 
 void SoundStream::Reset() {

@@ -4,6 +4,7 @@
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include "Kestra/Proc/ISampleMixer.h"
 #include "Render/MaterialSound.h"
+#include "Render/OpenMaterials.h"
 #include "Render/Sequence.h"
 #include <memory>
 
@@ -30,7 +31,6 @@ private:
 
     void enter();
     void forget();
-    void closeUnused();
     MaterialSound& sounding(const Material& material);
     Kestra::SampleIndex left() const { return sceneEnd - nextSample; }
     Block readOne(const Material& material);
@@ -50,7 +50,7 @@ private:
     SoundTarget target;
 
     MaterialSound::Streams streams;
-    std::vector<std::unique_ptr<MaterialSound>> open;
+    OpenMaterials<MaterialSound> open;
     MaterialSound::Streams::Lease silence;
     Kestra::SampleIndex silenceEnd; ///< of the open silence
     boost::intrusive_ptr<Kestra::Proc::ISampleMixer> mixer;
