@@ -77,7 +77,7 @@ TEST_F(Settings, OneSideKeepsTheShapeAndMayEnlarge) {
     const ProbedMedia narrow = probe("mp4-h264-720p", "mp4", {"--set", "width=128"});
     EXPECT_EQ(narrow.video->width, 128);
     EXPECT_EQ(narrow.video->height, 72);
-    const ProbedMedia high = probe("webm-vp9-720p", "webm", {"--set", "height=180", "--set", "bitrate=250k"});
+    const ProbedMedia high = probe("mp4-mpeg4-720p", "mp4", {"--set", "height=180", "--set", "bitrate=250k"});
     EXPECT_EQ(high.video->width, 320);
     EXPECT_EQ(high.video->height, 180);
 }

@@ -36,7 +36,7 @@ Arguments operator+(Arguments first, const Arguments& second) {
 }
 
 const Case CASES[] = {
-    {"scaled", 1920, 1080, 1280, 720, "yuv420p", "null", HD + Arguments{"-color_range", "tv"}, "scale=1280:720", {}},
+    {"scaled", 960, 540, 640, 360, "yuv420p", "null", HD + Arguments{"-color_range", "tv"}, "scale=640:360", {}},
     {"tenBit", 640, 360, 640, 360, "yuv420p10le", "null", HD + Arguments{"-color_range", "tv"}, "scale", {}},
     {"fourTwoTwo", 640, 360, 640, 360, "yuv422p", "null", HD + Arguments{"-color_range", "tv"}, "scale", {}},
     {"interlaced",

@@ -30,7 +30,7 @@ protected:
             'tags': [{'name': 'all', 'default': 0, 'presets': ['film', 'sound']}],
             'presets': [
                 {'id': 'film', 'container': {'id': 'mp4', 'options': {'movflags': '+faststart'}},
-                 'video': {'codec': 'h264', 'width': 1280, 'height': 720, 'maxWidth': 1280, 'maxHeight': 720,
+                 'video': {'codec': 'h264', 'width': 854, 'height': 480, 'maxWidth': 854, 'maxHeight': 480,
                            'frameRate': 'source', 'bitrateMode': 'automatic', 'profile': 'high',
                            'options': {'preset': 'superfast'}},
                  'audio': {'codec': 'aac', 'bitrate': 192000, 'sampleRate': 48000, 'channelLayout': 'stereo'}},

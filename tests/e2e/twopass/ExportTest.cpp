@@ -80,8 +80,8 @@ protected:
     static void SetUpTestSuite() {
         folder = new TestMedia::Folder;
         TestMedia::runFfmpeg({"-f", "lavfi", "-i",
-                              "mandelbrot=size=128x80:rate=25:end_scale=0.01,trim=duration=10[a];"
-                              "testsrc2=size=128x80:rate=25,trim=duration=5[b];"
+                              "mandelbrot=size=96x64:rate=25:end_scale=0.01,trim=duration=10[a];"
+                              "testsrc2=size=96x64:rate=25,trim=duration=5[b];"
                               "[a][b]concat=n=2,noise=alls=6:allf=t,format=yuv420p",
                               "-c:v", "ffv1", *folder / "natural.mkv"});
     }
