@@ -63,16 +63,20 @@ bool ArePlanesSeenThrough(const AVFrame& frame) noexcept {
     return false;
 }
 
-void PremultiplyPixels(const AVFrame& frame, AVFrame& result) noexcept {
+void PremultiplyPixels(const AVFrame& frame, AVFrame& result) {
     const int alphaByte = AlphaByte(frame);
+    const int width = frame.width * CHANNELS;
+    const std::vector<std::uint8_t> black(static_cast<std::size_t>(width));
+    std::vector<std::uint8_t> weights(black.size());
     for (int y = 0; y < frame.height; ++y) {
-        const std::uint8_t* from = PixelsOf(frame, y);
-        std::uint8_t* to = PixelsOf(result, y);
-        for (int x = 0; x < frame.width; ++x, from += CHANNELS, to += CHANNELS) {
-            for (int channel = 0; channel < CHANNELS; ++channel)
-                to[channel] = static_cast<std::uint8_t>((from[channel] * from[alphaByte] + OPAQUE / 2) / OPAQUE);
-            to[alphaByte] = from[alphaByte];
+        const std::uint8_t* const from = PixelsOf(frame, y);
+        std::uint8_t* const weightOf = weights.data();
+        for (int x = 0; x < width; x += CHANNELS) {
+            // Each of the colours by its pixel's alpha, alpha itself by one: by loops that become vectors.
+            std::fill_n(weightOf + x, CHANNELS, from[x + alphaByte]);
+            weightOf[x + alphaByte] = OPAQUE;
         }
+        OverRow(black.data(), from, weightOf, PixelsOf(result, y), width, CHAR_BIT);
     }
 }
 
@@ -92,15 +96,23 @@ void UnpremultiplyPixels(AVFrame& frame) noexcept {
     }
 }
 
-/// What is transparent stays black.
+/// By value: what goes by reference, as std::clamp does, becomes no vectors.
+int Clamped(int value, int lowest, int highest) noexcept {
+    const int raised = value < lowest ? lowest : value;
+    return raised > highest ? highest : raised;
+}
+
+/// Colours are no further from black than their alpha, but for what scaling overshoots; what is transparent is black.
 template <class Sample>
 void UnpremultiplyRow(Sample* samples, const Sample* alpha, int width, int black, int highest) {
     const auto most = static_cast<float>(highest);
-    const auto base = static_cast<float>(black);
     for (int x = 0; x < width; ++x) {
-        const float weight = alpha[x] > 0 ? most / static_cast<float>(alpha[x]) : 0.0F;
-        const float value = base + (static_cast<float>(samples[x]) - base) * weight;
-        samples[x] = static_cast<Sample>(static_cast<int>(std::clamp(value, 0.0F, most) + ROUNDING));
+        const int weight = alpha[x];
+        const int colour = Clamped(samples[x] - black, -weight, weight);
+        const int divisor = weight < 1 ? 1 : weight;
+        const float whole = static_cast<float>(colour) * most / static_cast<float>(divisor);
+        const int rounded = static_cast<int>(whole + static_cast<float>(black) + ROUNDING);
+        samples[x] = static_cast<Sample>(Clamped(rounded, 0, highest));
     }
 }
 
