@@ -17,7 +17,7 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
                                       const Kestra::Proc::MediaLimits& limits, const std::atomic<bool>* interrupted) {
     TimelineOpening opening;
     opening.media = std::make_shared<Render::MediaPool>(limits);
-    opening.missingAsBlack = options.missing == TimelineOptions::Missing::Black;
+    opening.options = options;
     TimelineMedia media(opening.media, interrupted);
     Timeline::ReadingOptions reading;
     reading.mediaRoot = Kestra::ioPath(options.mediaRoot);
@@ -31,7 +31,7 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
         return opening;
     for (Finding& finding : media.check(*opening.reading.document))
         opening.reading.findings.push_back(std::move(finding));
-    if (opening.missingAsBlack)
+    if (options.missing == TimelineOptions::Missing::Black)
         opening.reading.document =
             Timeline::withMissing(*opening.reading.document, [&media](const Timeline::MediaReference& reference) {
                 return media.whyMissing(reference);
@@ -41,11 +41,13 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
 
 bool TimelineOpening::isFit() const {
     return reading.document && !reading.has(Finding::Kind::Error) &&
-           (missingAsBlack || !reading.has(Finding::Kind::MissingMedia));
+           (options.missing == TimelineOptions::Missing::Black || !reading.has(Finding::Kind::MissingMedia));
 }
 
 Render::Sequence TimelineOpening::sequence(const std::atomic<bool>* interrupted) const {
-    return Render::Sequence::of(reading.document, media, interrupted);
+    Render::Sequence sequence = Render::Sequence::of(reading.document, media, interrupted);
+    sequence.sound = options.sound;
+    return sequence;
 }
 
 } // namespace ExportCore

@@ -22,6 +22,7 @@ struct TimelineOptions {
     std::string timeline;  ///< which of several in a file; empty: the only one
     bool lenient = false;  ///< newer versions of what is known are read as far as they are known
     Missing missing = Missing::Refused;
+    Render::SoundOptions sound{};
 };
 
 /// A value: a timeline as it was read, what was found in it and in its media, and these. Any thread makes it.
@@ -40,7 +41,7 @@ struct EXPORTCORE_EXPORT TimelineOpening {
 
     Timeline::Reading reading;
     std::shared_ptr<Render::MediaPool> media;
-    bool missingAsBlack = false;
+    TimelineOptions options;
 };
 
 } // namespace ExportCore

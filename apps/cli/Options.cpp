@@ -64,6 +64,8 @@ std::string settingsText() {
     return text + '\n' + EXIT_CODES;
 }
 
+constexpr double BELOW_FULL_SCALE = 0.891; // -1 dB
+
 /// The parser and the texts that it fills.
 class Parser {
 public:
@@ -90,6 +92,10 @@ public:
         options.progress = progressStyles().at(progressText);
         if (missingText == "black")
             options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
+        if (pitchText == "moved")
+            options.timelines.sound.pitch = Kestra::Proc::Pitch::Moved;
+        if (limiter)
+            options.timelines.sound.ceiling = BELOW_FULL_SCALE;
         options.mediaLimits.pictureBytes = pictureMebibytes << 20;
     }
 
@@ -107,6 +113,13 @@ private:
             ->type_name("WHAT")
             ->check(CLI::IsMember({"refused", "black"}))
             ->capture_default_str();
+        render
+            ->add_option("--pitch", pitchText, "Of a timeline's sound at another speed: kept, or moved with the speed")
+            ->type_name("WHAT")
+            ->check(CLI::IsMember({"kept", "moved"}))
+            ->capture_default_str();
+        render->add_flag("--limiter", limiter,
+                         "Turn peaks of a timeline's mix down that go beyond -1 dB of full scale");
         render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")
             ->required()
             ->type_name("ID");
@@ -190,6 +203,8 @@ private:
     std::string outText;
     std::string progressText = "auto";
     std::string missingText = "refused";
+    std::string pitchText = "kept";
+    bool limiter = false;
     std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };
 

@@ -140,6 +140,30 @@ TEST_F(RenderedTimelines, ChangeTheSpeedOfSoundWithThatOfPictures) {
         EXPECT_LT(std::abs(offset), 0.022) << "half a frame is told by pictures, a millisecond by sound";
 }
 
+TEST_F(RenderedTimelines, MoveThePitchWithTheSpeedWhereThatIsOrdered) {
+    const std::string tone = *media / "tone.wav";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=1000:r=48000:d=2", tone});
+    const std::string cut = write({}, clipOf("s", "tone.wav", 0, 25, warpOf("LinearTimeWarp.1", 2)));
+    const auto crossings = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> arguments{"render",         cut,           "-p",         "wav", "-o",
+                                           *media / "o.wav", "--overwrite", "--progress", "none"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        TestMedia::runFfmpeg({"-i", *media / "o.wav", "-f", "s16le", "-ac", "1", *media / "o.raw"});
+        std::ifstream file(*media / "o.raw", std::ios::binary);
+        int count = 0;
+        std::int16_t last = 0, value = 0;
+        while (file.read(reinterpret_cast<char*>(&value), sizeof value)) {
+            count += last < 0 && value >= 0 ? 1 : 0;
+            last = value;
+        }
+        return count;
+    };
+    EXPECT_NEAR(crossings({}), 1000, 20);
+    EXPECT_NEAR(crossings({"--pitch", "moved"}), 2000, 20);
+}
+
 TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) {
     const auto twice = [](int later) {
         return writeTracks(track("Video", clipOf("a", "both.mov", 0, 40)) + ',' +
@@ -151,6 +175,11 @@ TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) 
     EXPECT_EQ(loud.code, 0) << loud.errors.toStdString();
     EXPECT_TRUE(loud.errors.contains(QStringLiteral("note: The mix goes 4.1 dB beyond full scale")))
         << loud.errors.toStdString();
+    EXPECT_GT(TestMedia::probe(out()).audio->peak, 0.99);
+    const Result limited = render(twice(1), {"--limiter"});
+    EXPECT_TRUE(limited.errors.contains(QStringLiteral("and its peaks are turned down")))
+        << limited.errors.toStdString();
+    EXPECT_NEAR(TestMedia::probe(out()).audio->peak, 0.89, 0.02);
     const Result apart = render(twice(10));
     EXPECT_FALSE(apart.errors.contains(QStringLiteral("beyond full scale"))) << apart.errors.toStdString();
     EXPECT_EQ(TestMedia::probe(out()).audio->onsets, (std::vector<long long>{0, 10 * 1920, 25 * 1920, 35 * 1920}));

@@ -23,10 +23,11 @@ SampleIndex countOf(const Proc::IDataAudio& block) {
 
 } // namespace
 
-MaterialSound::MaterialSound(const Material& material, MediaPool& media, const SampleGrid& grid)
+MaterialSound::MaterialSound(const Material& material, MediaPool& media, const SampleGrid& grid, Proc::Pitch pitch)
     : shown(material)
     , grid(grid)
-    , source(media.open(material.clip->media)) {}
+    , source(media.open(material.clip->media))
+    , pitch(pitch) {}
 
 MediaPool::Source MaterialSound::generator(const SoundTarget& target) const {
     const auto& made = std::get<Timeline::Generator>(shown.clip->media.target);
@@ -48,10 +49,9 @@ boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget
                                                                                        *shown.name + "\" would play"));
     if (!decoded)
         decoded = medium->CreateAudioStream();
-    auto sound = filters().CreateResampler(decoded, target.format());
-    if (shown.map.speed != 1)
-        sound = filters().CreateTempo(sound, shown.map.speed, Proc::Pitch::Kept);
-    return sound;
+    const bool asItIs = shown.map.speed == 1;
+    return filters().CreateResampler(asItIs ? decoded : filters().CreateTempo(decoded, shown.map.speed, pitch),
+                                     target.format());
 }
 
 void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target,

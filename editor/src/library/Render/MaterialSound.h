@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Proc/IStreamAudio.h"
+#include "Kestra/Proc/Settings/Pitch.h"
 #include "Render/MediaPool.h"
 #include "Render/OpenStreams.h"
 #include "Render/SoundPlanner.h"
@@ -17,7 +18,8 @@ public:
     using Block = boost::intrusive_ptr<Kestra::Proc::IDataAudio>;
     using Decoded = boost::intrusive_ptr<Kestra::Proc::IStreamAudio>;
 
-    MaterialSound(const Material& material, MediaPool& media, const Kestra::SampleGrid& grid);
+    MaterialSound(const Material& material, MediaPool& media, const Kestra::SampleGrid& grid,
+                  Kestra::Proc::Pitch pitch);
 
     const Material& material() const { return shown; }
 
@@ -45,6 +47,7 @@ private:
     const Material shown;
     const Kestra::SampleGrid grid;
     const MediaPool::Source source;
+    const Kestra::Proc::Pitch pitch;
 
     Decoded decoded;
     Streams::Lease stream;

@@ -41,7 +41,7 @@ Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::
             next(list.size());
         list.push_back(listed(*media->open({{}, Timeline::MediaFile{file}}, interrupted)));
     }
-    return {Timeline::documentOf(list), media};
+    return {Timeline::documentOf(list), media, {}};
 }
 
 Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::shared_ptr<MediaPool> media,
@@ -49,7 +49,7 @@ Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::s
     Timeline::visitClips(*document->tracks, [&](const auto&, const auto&, const Timeline::Clip& clip) {
         media->open(clip.media, interrupted);
     });
-    return {std::move(document), std::move(media)};
+    return {std::move(document), std::move(media), {}};
 }
 
 std::string describe(const Sequence& sequence) {

@@ -1,15 +1,25 @@
 // Render::Sequence: a timeline and its media, ready to be rendered.
 #pragma once
 
+#include "Kestra/Proc/Settings/Pitch.h"
 #include "Render/MediaPool.h"
 #include "Timeline/Document.h"
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace Render {
 
-/// A value. Neither is null. Engine streams share both across threads.
+/// A value: what is chosen for sound.
+struct SoundOptions {
+    /// What becomes of the pitch of clips that are played at another speed.
+    Kestra::Proc::Pitch pitch = Kestra::Proc::Pitch::Kept;
+    /// Peaks beyond so much of full scale, 1/16 to 1, are turned down; unset: none are.
+    std::optional<double> ceiling{};
+};
+
+/// A value. Neither document nor media is null. Engine streams share both across threads.
 struct EDITORRENDER_EXPORT Sequence {
     /// Told the index of each medium before it is opened; may be empty.
     using Next = std::function<void(std::size_t index)>;
@@ -25,6 +35,7 @@ struct EDITORRENDER_EXPORT Sequence {
 
     std::shared_ptr<const Timeline::Document> document;
     std::shared_ptr<MediaPool> media;
+    SoundOptions sound{};
 };
 
 /// For messages: how many clips it has, and the first one's name.

@@ -63,7 +63,7 @@ void SoundStream::enter() {
 MaterialSound& SoundStream::sounding(const Material& material) {
     if (MaterialSound* const heard = open.find([&](const MaterialSound& one) { return one.material() == material; }))
         return *heard;
-    auto sound = std::make_unique<MaterialSound>(material, *sequence.media, grid);
+    auto sound = std::make_unique<MaterialSound>(material, *sequence.media, grid, sequence.sound.pitch);
     sound->open(streams, nextSample, planner, target, open.takeLeft(sound->medium()));
     return open.add(std::move(sound));
 }
@@ -143,7 +143,9 @@ void SoundStream::notePeak() {
         return;
     std::ostringstream text;
     text << std::fixed << std::setprecision(1) << 20 * std::log10(mixer->Peak());
-    sequence.media->note("The mix goes " + text.str() + " dB beyond full scale, which samples in integers cannot hold");
+    sequence.media->note(
+        "The mix goes " + text.str() + " dB beyond full scale, " +
+        (sequence.sound.ceiling ? "and its peaks are turned down" : "which samples in integers cannot hold"));
 }
 
 SoundStream::Block SoundStream::placed(const Block& block) {
@@ -201,7 +203,8 @@ void SoundStream::Reset() {
 
 boost::intrusive_ptr<Proc::IStreamAudio> createSoundStream(const Sequence& sequence, const Window& window,
                                                            const Conf::SampleInfo& format) {
-    return new SoundStream(sequence, window, format);
+    const boost::intrusive_ptr<Proc::IStreamAudio> sound(new SoundStream(sequence, window, format));
+    return sequence.sound.ceiling ? filters().CreateLimiter(sound, *sequence.sound.ceiling) : sound;
 }
 
 } // namespace Render
