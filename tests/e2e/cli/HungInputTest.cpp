@@ -38,7 +38,7 @@ TEST_F(HungInputsEnd, KeepsNoStopFromComingToItsEndAndIsNamed) {
     ASSERT_TRUE(program.waitForError(QStringLiteral("progress")));
     program.signal(SIGTERM);
     const Result result = program.finish();
-    ASSERT_TRUE(waitUntilHung());
+    ASSERT_TRUE(isHung());
     EXPECT_EQ(result.code, 143) << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("share.mov\\\" does not come back")))
         << result.errors.toStdString();

@@ -53,8 +53,11 @@ protected:
         return {"render",         *folder / "share.mov", "-p",  "mp4-h264-1080p", "-o", output, "--overwrite", "--set",
                 "size=1920x1080", "--progress",          "json"};
     }
+    bool isHung() const {
+        return QFileInfo::exists(QString::fromStdString(mark));
+    }
     bool waitUntilHung() const {
-        return TestSupport::waitUntil([this] { return QFileInfo::exists(QString::fromStdString(mark)); });
+        return TestSupport::waitUntil([this] { return isHung(); });
     }
     /// Stops the program once it hangs: it ends by itself, says what does not come back, and changes nothing.
     void expectStopOf(Program& program, const std::vector<const char*>& words) const {
