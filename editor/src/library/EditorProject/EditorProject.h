@@ -36,12 +36,14 @@ public:
     /// Puts the files on the timeline, one after the other, each for its whole length (a still picture for 5 s);
     /// whatever was there before is replaced. Reads each file's description, which blocks; no file stays open. Throws
     /// Kestra::Proc::ProcException that names the file and the reason (also for an empty list), and then nothing has
-    /// changed. Streams built earlier keep what they show. `interrupted`, borrowed for the call unless null, makes it
-    /// throw early when a signal handler or another thread sets it. Files that claim more than `limits` are refused.
+    /// changed. Streams that are in use keep what they show, all others are built anew. `interrupted`, borrowed for the
+    /// call unless null, makes it throw early when a signal handler or another thread sets it. Files that claim more
+    /// than `limits` are refused.
     void open(const std::vector<Kestra::ioPath>& media, const std::atomic<bool>* interrupted = nullptr,
               const Kestra::Proc::MediaLimits& limits = {});
 
-    /// As open(), with a timeline and what has been opened elsewhere, perhaps on another thread.
+    /// As open(), with a timeline and what has been opened elsewhere, perhaps on another thread: also the timeline
+    /// before, edited. Its markers are objects of the model.
     void show(Render::Sequence sequence);
 
     /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of

@@ -1,11 +1,14 @@
 // Project::ExportStreams: the owner of the export streams of one medium.
 #pragma once
 
+#include "EditorProject/ExportSession.h"
 #include "Export/ExportStreams.h"
 #include <algorithm>
 #include <functional>
+#include <type_traits>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace Project {
 
@@ -14,10 +17,11 @@ template <class M>
 struct Adoption {
     enum class Stage { Ordered, Built, Available };
 
-    std::uint64_t number = 0; ///< counts the adoptions of both media
+    std::uint64_t number = 0; ///< in the order of the adoptions
     const M* source = nullptr;
     Types::Range range;
     Stage stage = Stage::Ordered;
+    std::shared_ptr<ExportSession> session{};
 };
 
 /// Adopts the streams that are offered with a description of this project and has them built, once more when source or
@@ -28,11 +32,11 @@ public:
     using Object = Stream::Object<M, I>;
     using Stage = typename Adoption<M>::Stage;
 
-    /// `ordered` is called, inside a delivery, when there is something to build. `numbers` counts adoptions. `isOwn`
-    /// tells whether a description stands in the project's composition; others' streams are others' to adopt.
-    ExportStreams(std::function<void()> ordered, std::uint64_t& numbers, std::function<bool(const M*)> isOwn)
+    /// `ordered` is called, inside a delivery, when there is something to build. `isOwn` tells whether a description
+    /// stands in the project's composition; others' streams are others' to adopt.
+    ExportStreams(std::function<void()> ordered, ExportSessions& sessions, std::function<bool(const M*)> isOwn)
         : ordered(std::move(ordered))
-        , numbers(numbers)
+        , sessions(sessions)
         , isOwn(std::move(isOwn)) {
         this->processAddRequests(true);
     }
@@ -65,6 +69,25 @@ public:
     /// The stream will not become available.
     void giveUp(const Object* stream) { adopted.at(stream).stage = Stage::Available; }
 
+    /// Has every stream that nobody uses yet built once more: the composition shows something else now.
+    void rebuild() {
+        std::vector<const Object*> unused;
+        for (const auto& entry : adopted)
+            if (!entry.first->using_)
+                unused.push_back(entry.first);
+        for (const Object* const stream : unused) {
+            const auto entry = adopted.find(stream);
+            if (entry == adopted.end()) // a receiver has taken it away meanwhile
+                continue;
+            entry->second.stage = Stage::Ordered;
+            const auto chain = this->streamChange(stream);
+            chain->impl.reset();
+            chain->available = false;
+        }
+        if (!unused.empty())
+            ordered();
+    }
+
     /// Lets go of the streams that render a description which leaves the model. Nothing is published: their user goes
     /// too.
     void forgetSource(const M* source) {
@@ -83,25 +106,51 @@ protected:
             Stream::View<M, I>::addRequested(stream);
     }
     void streamAdded(const Object* stream) override {
-        adopted[stream] = {++numbers, stream->source, stream->range, Stage::Ordered};
+        Adoption<M>& record = adopted[stream];
+        record = {++numbers, stream->source, stream->range, Stage::Ordered};
+        enterSession(record);
         ordered();
     }
-    void streamRemoved(const Object* stream) override { adopted.erase(stream); }
+    void streamRemoved(const Object* stream) override {
+        const auto entry = adopted.find(stream);
+        if (entry == adopted.end())
+            return;
+        entry->second.source = nullptr;
+        tellSession(entry->second);
+        adopted.erase(entry);
+    }
     void changeRequested(Object* stream, Object* proposed) override {
         const bool other = stream->source != proposed->source || stream->range != proposed->range;
         if (other && !proposed->using_) {
             proposed->impl.reset(); // shows something else than is asked for now
             proposed->available = false;
             Adoption<M>& record = adopted[stream];
-            record = {record.number, proposed->source, proposed->range, Stage::Ordered};
+            record.source = proposed->source;
+            record.range = proposed->range;
+            record.stage = Stage::Ordered;
+            tellSession(record);
             ordered();
         }
         Stream::View<M, I>::changeRequested(stream, proposed);
     }
 
 private:
+    void enterSession(Adoption<M>& record) {
+        if constexpr (std::is_same_v<M, Media::Video>)
+            record.session = sessions.begin(record.source, record.range);
+        else
+            record.session = sessions.join(record.range);
+    }
+    void tellSession(const Adoption<M>& record) {
+        if constexpr (std::is_same_v<M, Media::Video>) {
+            record.session->pictures = record.source;
+            record.session->range = record.range;
+        }
+    }
+
     std::function<void()> ordered;
-    std::uint64_t& numbers;
+    std::uint64_t numbers = 0;
+    ExportSessions& sessions;
     std::function<bool(const M*)> isOwn;
     std::unordered_map<const Object*, Adoption<M>> adopted;
 };

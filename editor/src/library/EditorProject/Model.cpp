@@ -30,9 +30,9 @@ Conf::SampleInfo soundOf(const Media::Audio& description, const Media::Audio& ow
 } // namespace
 
 Model::Model(std::function<void()> ordered)
-    : videos(ordered, adoptions,
+    : videos(ordered, sessions,
              [this](const Media::Video* description) { return isOwn(description, compositionObject.video()); })
-    , audios(std::move(ordered), adoptions,
+    , audios(std::move(ordered), sessions,
              [this](const Media::Audio* description) { return isOwn(description, compositionObject.audio()); }) {
     compositionOwn(&compositionObject);
 }
@@ -56,7 +56,10 @@ void Model::requireOwn(const M* description, const M* ofTheComposition) const {
 
 void Model::show(Render::Sequence sequence) {
     shown = std::move(sequence);
+    marks.show(*shown->document);
     describe({});
+    videos.rebuild();
+    audios.rebuild();
 }
 
 void Model::describe(const Types::Range& range) {
@@ -113,13 +116,9 @@ Model::Rate Model::rateOf(const Media::Video& description) const {
 }
 
 std::optional<FrameGrid> Model::gridBeside(const Adoption<Media::Audio>& sound) const {
-    // An export offers its pictures right before its sound.
-    for (const auto& entry : videos.adoptions()) {
-        const Adoption<Media::Video>& pictures = entry.second;
-        if (pictures.number + 1 == sound.number && pictures.range == sound.range && pictures.source)
-            return FrameGrid(rateOf(*pictures.source));
-    }
-    return std::nullopt;
+    const ExportSession& session = *sound.session;
+    const bool together = session.pictures && session.range == sound.range;
+    return together ? std::optional(FrameGrid(rateOf(*session.pictures))) : std::nullopt;
 }
 
 StreamLengths Model::lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const {

@@ -5,6 +5,7 @@
 #include "EditorProject/ExportStreams.h"
 #include "EditorProject/FastTrackShare.h"
 #include "EditorProject/StreamLengths.h"
+#include "EditorProject/TimelineMarks.h"
 #include "Kestra/Base/FrameGrid.h"
 #include "Render/Sequence.h"
 #include <exception>
@@ -23,6 +24,7 @@ public:
     /// Announces that the composition goes. Export streams are let go in silence: they are their users' own.
     ~Model() override;
 
+    /// Streams that are in use keep what they show, all others are built anew. No receiver may destroy the model.
     void show(Render::Sequence sequence);
     /// Describes the composition by what lies in the range.
     void describe(const Types::Range& range);
@@ -64,7 +66,8 @@ private:
     Media::Audio audioDescription;
     Composition::Object compositionObject;
     FastTrackShare fastTrack;
-    std::uint64_t adoptions = 0;
+    TimelineMarks marks;
+    ExportSessions sessions;
     VideoStreams videos;
     AudioStreams audios;
 };

@@ -1,5 +1,8 @@
 #include "Timeline/DocumentEdit.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace Timeline {
 namespace {
 
@@ -38,7 +41,53 @@ std::shared_ptr<const Stack> edited(const Stack& stack, const Why& why) {
     return std::make_shared<Stack>(stack.name(), std::move(tracks), stack.markers());
 }
 
+/// Fitted to the items beside them.
+std::vector<Transition> fitted(const std::vector<Transition>& transitions, const std::vector<Item>& items) {
+    std::vector<Transition> all;
+    for (Transition one : transitions) {
+        const Kestra::Ticks taken = !all.empty() && all.back().at + 1 == one.at ? all.back().behind : Kestra::Ticks(0);
+        one.before = one.at > 0 ? std::min(one.before, items[one.at - 1].duration - taken) : Kestra::Ticks(0);
+        one.behind = one.at < items.size() ? std::min(one.behind, items[one.at].duration) : Kestra::Ticks(0);
+        if (one.before + one.behind > Kestra::Ticks(0))
+            all.push_back(std::move(one));
+    }
+    return all;
+}
+
+std::shared_ptr<const Document> withTrack(const Document& document, std::size_t index, std::vector<Item> items,
+                                          const std::vector<Transition>& transitions) {
+    std::vector<Track> tracks = document.tracks->tracks();
+    const Track& old = tracks.at(index);
+    auto kept = fitted(transitions, items);
+    tracks[index] = Track(old.kind(), old.name(), old.isEnabled(), std::move(items), std::move(kept), old.markers());
+    auto result = std::make_shared<Document>(document);
+    result->tracks = std::make_shared<Stack>(document.tracks->name(), std::move(tracks), document.tracks->markers());
+    return result;
+}
+
 } // namespace
+
+std::shared_ptr<const Document> withItem(const Document& document, const ItemPlace& place, Item item) {
+    const Track& track = document.tracks->tracks().at(place.track);
+    std::vector<Item> items = track.items();
+    items.at(place.item) = std::move(item);
+    return withTrack(document, place.track, std::move(items), track.transitions());
+}
+
+std::shared_ptr<const Document> withoutItem(const Document& document, const ItemPlace& place) {
+    const Track& track = document.tracks->tracks().at(place.track);
+    std::vector<Item> items = track.items();
+    static_cast<void>(items.at(place.item));
+    items.erase(items.begin() + static_cast<std::ptrdiff_t>(place.item));
+    std::vector<Transition> transitions;
+    for (Transition one : track.transitions()) {
+        if (one.at == place.item || one.at == place.item + 1)
+            continue;
+        one.at -= one.at > place.item ? 1 : 0;
+        transitions.push_back(std::move(one));
+    }
+    return withTrack(document, place.track, std::move(items), transitions);
+}
 
 std::shared_ptr<const Document> withMissing(const Document& document, const Why& why) {
     auto result = std::make_shared<Document>(document);

@@ -1,4 +1,4 @@
-// Timeline::withMissing: a document without some of its media.
+// Timeline::withMissing, withItem, withoutItem: edited documents.
 #pragma once
 
 #include "EditorTimelineExport.h"
@@ -11,5 +11,19 @@ namespace Timeline {
 /// once.
 EDITORTIMELINE_EXPORT std::shared_ptr<const Document>
 withMissing(const Document& document, const std::function<std::string(const MediaReference&)>& why);
+
+/// Where an item stands in the document's own tracks.
+struct ItemPlace {
+    std::size_t track = 0;
+    std::size_t item = 0;
+};
+
+/// With another item in that place, trimmed or replaced; what follows in the track moves by the difference. A
+/// transition beside it that does not fit any more is shortened, or goes. Throws std::out_of_range for a place that
+/// there is not.
+EDITORTIMELINE_EXPORT std::shared_ptr<const Document> withItem(const Document& document, const ItemPlace& place,
+                                                               Item item);
+/// Without the item in that place and the transitions beside it; what follows moves up. Throws as withItem().
+EDITORTIMELINE_EXPORT std::shared_ptr<const Document> withoutItem(const Document& document, const ItemPlace& place);
 
 } // namespace Timeline

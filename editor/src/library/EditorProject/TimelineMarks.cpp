@@ -1,0 +1,47 @@
+#include "EditorProject/TimelineMarks.h"
+
+#include "Types/Time.h"
+
+namespace Project {
+
+using Kestra::Ticks;
+
+TimelineMarks::~TimelineMarks() {
+    removeAll();
+}
+
+void TimelineMarks::show(const Timeline::Document& document) {
+    removeAll();
+    own(document.tracks->markers());
+    for (const Timeline::Track& track : document.tracks->tracks()) {
+        own(track.markers());
+        for (const Timeline::Item& item : track.items())
+            own(item.markers);
+    }
+}
+
+void TimelineMarks::own(const std::vector<Timeline::Marker>& marks) {
+    for (const Timeline::Marker& mark : marks) {
+        Composition::Marker& marker = ownMarkers.emplace_back();
+        marker.time = Types::fromAvTime(mark.range.start.Value());
+        marker.name = QString::fromStdString(mark.name);
+        markerOwn(&marker);
+        if (mark.range.duration == Ticks(0))
+            continue;
+        Composition::Range& range = ownRanges.emplace_back();
+        range.range = {marker.time, Types::fromAvTime(mark.range.end().Value())};
+        range.name = marker.name;
+        rangeOwn(&range);
+    }
+}
+
+void TimelineMarks::removeAll() {
+    for (const Composition::Marker& marker : ownMarkers)
+        markerRemove(&marker);
+    for (const Composition::Range& range : ownRanges)
+        rangeRemove(&range);
+    ownMarkers.clear();
+    ownRanges.clear();
+}
+
+} // namespace Project

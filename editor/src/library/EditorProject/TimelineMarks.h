@@ -1,0 +1,29 @@
+// Project::TimelineMarks: the markers of a timeline as objects of the model.
+#pragma once
+
+#include "Composition/MarkerView.h"
+#include "Composition/RangeView.h"
+#include "Timeline/Document.h"
+#include <list>
+
+namespace Project {
+
+/// Owns a Composition::Marker for each marker of the document's tracks, their items and their stack, and a
+/// Composition::Range for each that lasts for some time. One thread.
+class TimelineMarks final : private Composition::MarkerView, private Composition::RangeView {
+public:
+    TimelineMarks() = default;
+    ~TimelineMarks() override;
+
+    /// In place of those before.
+    void show(const Timeline::Document& document);
+
+private:
+    void own(const std::vector<Timeline::Marker>& marks);
+    void removeAll();
+
+    std::list<Composition::Marker> ownMarkers;
+    std::list<Composition::Range> ownRanges;
+};
+
+} // namespace Project
