@@ -151,6 +151,13 @@ TEST_F(PictureStreamTest, ClipsOfOneMediumHandItsDecoderOn) {
     EXPECT_EQ(media->streams().alive, 0);
 }
 
+TEST_F(PictureStreamTest, ADecoderThatWasReadAheadIsHandedOn) {
+    const auto paths = put({clip(60)});
+    const auto line = Render::Sequence::ofFiles({paths[0], paths[0]});
+    EXPECT_EQ(numbers(pictures(line, 25), 25), joined({range(100000, 60), range(100000, 60)}));
+    EXPECT_EQ(media->streams().created, 1);
+}
+
 TEST_F(PictureStreamTest, ClipsShorterThanAFrameDoNotDrift) {
     // 1/100 s each: every fourth one or so is shown, and the whole keeps its length.
     const std::vector<int> found = numbers(pictures(timeline(std::vector<Contents>(1000, clip(1, 100))), 24), 24);

@@ -134,7 +134,7 @@ void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, 
     streams.requireNoInterrupt();
     decoded = std::move(reused);
     if (decoded)
-        decoded->Seek(0, Proc::SeekMode::Exact); // where a fresh one stands
+        decoded->Reset(); // also of the interrupt that ended its reading ahead
     opened = first;
     stream = streams.open(create(first, end - first));
     last = {};
@@ -145,7 +145,9 @@ void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, 
 MaterialPictures::Decoded MaterialPictures::close() {
     stream = {};
     last = {};
-    return source ? std::move(decoded) : nullptr;
+    // A thread that hung in reading ahead has been left with it.
+    const bool isFree = decoded && decoded->GetRefCount() == 1;
+    return source && isFree ? std::move(decoded) : nullptr;
 }
 
 void MaterialPictures::prefer() {

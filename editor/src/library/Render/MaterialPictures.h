@@ -38,7 +38,7 @@ public:
     /// medium's frames from another one's close(), whose file and decoder are used again. Throws Interrupted after an
     /// interrupt of the streams, and ProcException.
     void open(Streams& streams, Kestra::FrameIndex first, Kestra::FrameIndex end, Decoded decoded);
-    /// Returns the medium's frames for another one; null where they are made.
+    /// Returns the medium's frames for another one; null where they are made, or a thread that hangs still reads them.
     Decoded close();
     const MediaPool::Source& medium() const { return source; }
     /// The target has changed.

@@ -65,7 +65,7 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
     }
     decoded = std::move(reused);
     if (decoded)
-        decoded->Seek(0, Proc::SeekMode::Exact); // where a fresh one stands
+        decoded->Reset();
     stream = streams.open(create(target));
     if (source)
         target.noteLoss(*source);
