@@ -94,6 +94,7 @@ SoundStream::Block SoundStream::readSilence(SampleIndex most) {
 
 SoundStream::Block SoundStream::readMixed() {
     const SampleIndex count = std::min(std::min(inStep(scene.parts), left()), MIXED_AT_ONCE);
+    mixed.clear();
     return mix(scene.parts, count);
 }
 
@@ -122,13 +123,19 @@ SoundStream::Block SoundStream::mix(const Parts& parts, SampleIndex count) {
                 voices.push_back({mix(part.to, count), Curve::FadeIn, at, length});
             continue;
         }
-        MaterialSound& sound = sounding(part.material);
-        if (sound.silenceBefore() > NONE)
-            sound.passSilence(count);
-        else if (sound.available() > NONE)
-            voices.push_back({sound.take(count)});
+        if (const Block block = taken(sounding(part.material), count))
+            voices.push_back({block});
     }
     return mixing().Mix(voices, count);
+}
+
+SoundStream::Block SoundStream::taken(MaterialSound& sound, SampleIndex count) {
+    const auto [place, first] = mixed.try_emplace(&sound);
+    if (first && sound.silenceBefore() > NONE)
+        sound.passSilence(count);
+    else if (first && sound.available() > NONE)
+        place->second = sound.take(count);
+    return place->second;
 }
 
 Proc::ISampleMixer& SoundStream::mixing() {

@@ -6,6 +6,7 @@
 #include "Render/MaterialSound.h"
 #include "Render/OpenMaterials.h"
 #include "Render/Sequence.h"
+#include <map>
 #include <memory>
 
 namespace Render {
@@ -37,6 +38,8 @@ private:
     Block readSilence(Kestra::SampleIndex most);
     Block readMixed();
     Block mix(const Parts& parts, Kestra::SampleIndex count);
+    /// Null where it is silent.
+    Block taken(MaterialSound& sound, Kestra::SampleIndex count);
     Kestra::SampleIndex inStep(const Parts& parts);
     Kestra::Proc::ISampleMixer& mixing();
     void notePeak();
@@ -54,6 +57,8 @@ private:
     MaterialSound::Streams::Lease silence;
     Kestra::SampleIndex silenceEnd; ///< of the open silence
     boost::intrusive_ptr<Kestra::Proc::ISampleMixer> mixer;
+    /// What is being mixed: a stack that stands in two tracks at one time is read once and heard twice.
+    std::map<const MaterialSound*, Block> mixed;
 
     Scene scene;
     Kestra::SampleIndex sceneEnd; ///< the scene holds from the next sample up to it

@@ -1,0 +1,179 @@
+#include "RandomTimeline.h"
+
+#include "Kestra/Base/Time.h"
+#include <sstream>
+
+namespace TimelineTests {
+
+using Kestra::Ticks;
+using namespace Timeline;
+
+namespace {
+
+const Rate CLIP_SPEEDS[] = {1, 1, 1, 1, {1, 2}, 2, {3, 4}, 0, -1};
+const Rate STACK_SPEEDS[] = {1, 1, 1, {1, 2}, 2, 0, -1};
+
+} // namespace
+
+RandomTimeline::RandomTimeline(const KnownMedia& media, unsigned seed)
+    : media(media)
+    , engine(seed) {}
+
+std::shared_ptr<const Document> RandomTimeline::document(const Rate& rate) {
+    frameRate = rate;
+    auto made = std::make_shared<Document>();
+    do
+        made->tracks = std::make_shared<Stack>("", tracks({2, true}));
+    while (made->duration() < frames(1));
+    return made;
+}
+
+Ticks RandomTimeline::frames(std::int64_t count) const {
+    return Ticks(Kestra::FramesToTime(count, frameRate));
+}
+
+Ticks RandomTimeline::time(std::int64_t most) {
+    const Ticks whole = frames(upTo(most));
+    return upTo(6) > 0 ? whole : whole + Ticks(upTo(frames(1).Value()));
+}
+
+std::vector<Track> RandomTimeline::tracks(Allowed allowed) {
+    std::vector<Track> all;
+    for (std::int64_t left = 1 + upTo(2); left > 0; --left)
+        all.push_back(pictureTrack(allowed));
+    const std::vector<Item> beside = all.front().items();
+    for (std::int64_t left = upTo(2); left > 0; --left)
+        all.push_back(soundTrack(beside, allowed));
+    return all;
+}
+
+Track RandomTimeline::pictureTrack(Allowed allowed) {
+    std::vector<Item> items;
+    for (std::int64_t left = upTo(4); left > 0; --left)
+        items.push_back(item(allowed, false));
+    auto between = allowed.transitions ? transitions(items) : std::vector<Transition>();
+    return Track(Track::Kind::Video, "", upTo(11) > 0, std::move(items), std::move(between));
+}
+
+/// Cut like the pictures beside it, or in its own way.
+Track RandomTimeline::soundTrack(const std::vector<Item>& beside, Allowed allowed) {
+    std::vector<Item> items;
+    if (upTo(1) > 0) {
+        for (const Item& picture : beside) {
+            Item linked = picture;
+            if (std::holds_alternative<Clip>(picture.content))
+                linked.content = clip(true);
+            items.push_back(linked);
+        }
+    } else {
+        for (std::int64_t left = upTo(4); left > 0; --left)
+            items.push_back(item(allowed, true));
+    }
+    auto between = allowed.transitions ? transitions(items) : std::vector<Transition>();
+    return Track(Track::Kind::Audio, "", upTo(11) > 0, std::move(items), std::move(between));
+}
+
+std::vector<Transition> RandomTimeline::transitions(const std::vector<Item>& items) {
+    std::vector<Transition> all;
+    Ticks taken;
+    for (std::size_t at = 0; at <= items.size(); ++at) {
+        const Ticks before = at > 0 ? items[at - 1].duration - taken : Ticks(0);
+        const Ticks behind = at < items.size() ? items[at].duration : Ticks(0);
+        taken = Ticks(0);
+        if (upTo(2) > 0)
+            continue;
+        Transition one{"", "SMPTE_Dissolve", at, std::min(time(5), before),
+                       std::min(time(5), Ticks(behind.Value() / 2))};
+        if (one.before + one.behind < frames(1))
+            continue;
+        taken = one.behind;
+        all.push_back(one);
+    }
+    return all;
+}
+
+Item RandomTimeline::item(Allowed allowed, bool sound) {
+    Item made;
+    made.duration = time(11) + frames(1);
+    made.enabled = upTo(11) > 0;
+    const std::int64_t kind = upTo(11);
+    if (kind < 2 && allowed.depth > 0)
+        made.content = nested(allowed);
+    else if (kind < 10)
+        made.content = clip(sound);
+    return made;
+}
+
+Clip RandomTimeline::clip(bool sound) {
+    Clip made;
+    const auto known = sound ? media.sounds().size() : media.pictures().size();
+    const auto index = static_cast<std::size_t>(upTo(static_cast<std::int64_t>(known) - 1));
+    const std::string& path = sound ? media.sounds()[index].path : media.pictures()[index].path;
+    made.media = {"", MediaFile{Kestra::ioPath(path)}, {}};
+    if (upTo(14) == 0)
+        made.media.target = MissingMedia{"gone", "is not there"};
+    // Also before the media begin, and behind their end.
+    const auto place =
+        sound ? time(70) - frames(4)
+              : Ticks(Kestra::FramesToTime(upTo(media.pictures()[index].frames + 4) - 2, media.pictures()[index].rate));
+    const auto origin = frames(90'000);
+    made.excerpt = {place, CLIP_SPEEDS[upTo(std::size(CLIP_SPEEDS) - 1)]};
+    if (upTo(1) > 0) {
+        made.origin = origin;
+        made.excerpt.start += origin;
+    }
+    return made;
+}
+
+/// What is frozen has no transitions: which moment of one it would show, nothing says.
+Nested RandomTimeline::nested(Allowed allowed) {
+    const Rate speed = STACK_SPEEDS[upTo(std::size(STACK_SPEEDS) - 1)];
+    auto inner = std::make_shared<Stack>("", tracks({allowed.depth - 1, allowed.transitions && speed != 0}));
+    return {inner, {speed < 0 ? inner->duration() + frames(upTo(2)) : time(6), speed}};
+}
+
+namespace {
+
+std::string inFrames(Ticks time) {
+    std::ostringstream text;
+    text << static_cast<double>(time.Value()) / static_cast<double>(Kestra::TIME_BASE);
+    return text.str();
+}
+
+void tell(std::ostream& out, const Stack& stack, const std::string& indent);
+
+void tell(std::ostream& out, const Item& item, const std::string& indent) {
+    out << indent << inFrames(item.duration) << (item.enabled ? "" : " disabled");
+    if (const auto* clip = std::get_if<Clip>(&item.content)) {
+        const auto* const file = std::get_if<MediaFile>(&clip->media.target);
+        out << ' ' << (file ? file->path.ToUtf8() : "missing") << " from "
+            << inFrames(clip->excerpt.start - clip->origin.value_or(Ticks(0))) << " x " << clip->excerpt.speed
+            << (clip->origin ? " with origin" : "");
+    } else if (const auto* nested = std::get_if<Nested>(&item.content)) {
+        out << " stack from " << inFrames(nested->excerpt.start) << " x " << nested->excerpt.speed << '\n';
+        return tell(out, *nested->stack, indent + "    ");
+    }
+    out << '\n';
+}
+
+void tell(std::ostream& out, const Stack& stack, const std::string& indent) {
+    for (const Track& track : stack.tracks()) {
+        out << indent << (track.kind() == Track::Kind::Video ? "pictures" : "sound")
+            << (track.isEnabled() ? "" : " disabled") << '\n';
+        for (const Transition& one : track.transitions())
+            out << indent << "  dissolve at item " << one.at << ": " << inFrames(one.before) << " before, "
+                << inFrames(one.behind) << " behind\n";
+        for (const Item& item : track.items())
+            tell(out, item, indent + "  ");
+    }
+}
+
+} // namespace
+
+std::string describe(const Document& document) {
+    std::ostringstream text;
+    tell(text, *document.tracks, "");
+    return text.str();
+}
+
+} // namespace TimelineTests
