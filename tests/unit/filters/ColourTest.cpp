@@ -2,6 +2,7 @@
 #include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "unit/filters/ColourReference.h"
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <vector>
@@ -83,6 +84,22 @@ struct Named {
     ColourInfo colour;
 };
 const std::vector<Named> STANDARDS{{"709", BT709}, {"601/625", BT601_625}, {"601/525", BT601_525}, {"2020", BT2020}};
+
+TEST(Colours, APaletteIsReadAsTheColoursThatItHolds) {
+    const FrameHandle green(av_frame_alloc());
+    green->format = AV_PIX_FMT_PAL8;
+    green->width = 2 * BAR;
+    green->height = 8;
+    ASSERT_EQ(av_frame_get_buffer(green.get(), 0), 0);
+    std::fill_n(green->data[0], green->linesize[0] * 8, std::uint8_t{3});
+    reinterpret_cast<std::uint32_t*>(green->data[1])[3] = 0xFF00FF00;
+    const FrameHandle yuv = converted(*green, AV_PIX_FMT_YUV444P, BT709);
+    expectNear(middleOf(*yuv, 0), {173, 42, 26}, 1.01, "4:4:4");
+    const FrameHandle rgb = converted(*green, AV_PIX_FMT_GBRP, {});
+    EXPECT_EQ(rgb->data[0][0], 255);
+    EXPECT_EQ(rgb->data[1][0], 0);
+    EXPECT_EQ(rgb->data[2][0], 0);
+}
 
 TEST(Colours, BarsOfEveryStandardAndRangeComeOutInEveryOtherWithinOneCodeValue) {
     for (const Named& from : STANDARDS)

@@ -117,6 +117,14 @@ bool IsPackedRgb(const AVFrame& frame) {
     return IsRgb(format) && !(av_pix_fmt_desc_get(format)->flags & AV_PIX_FMT_FLAG_PLANAR);
 }
 
+/// What the scaler reads by way of a palette. It takes that for colours of BT.601 in limited range, but for packed RGB
+/// of the same size.
+bool HasPalette(AVPixelFormat format) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
+    const bool isRgb = (descriptor.flags & AV_PIX_FMT_FLAG_RGB) != 0;
+    return (descriptor.flags & AV_PIX_FMT_FLAG_PAL) || (isRgb && av_get_bits_per_pixel(&descriptor) <= 8);
+}
+
 void CopyTags(AVFrame& to, const AVFrame& from) {
     Check(av_frame_copy_props(&to, &from), TranscodingError::OutOfMemory, "Copying the tags of a picture failed");
 }
@@ -276,9 +284,19 @@ FrameHandle FrameConverter::Recolour(const AVFrame& frame, const FrameTarget& ta
     return finish->Reshape(*result, rest, {change.after, change.after}, format);
 }
 
+FrameHandle FrameConverter::Unfold(const AVFrame& frame) {
+    FrameHandle result = unfolded.Get(AV_PIX_FMT_BGRA, frame.width, frame.height);
+    CopyTags(*result, frame);
+    const ColourInfo colour = EffectiveColour(frame);
+    Scale(frame, *result, {colour, colour, SWS_POINT, 1});
+    return result;
+}
+
 FrameHandle FrameConverter::Convert(const AVFrame& frame, const FrameTarget& target) {
     const auto own = static_cast<AVPixelFormat>(frame.format);
     const AVPixelFormat format = target.format == AV_PIX_FMT_NONE ? own : target.format;
+    if (own != format && HasPalette(own))
+        return Convert(*Unfold(frame), target);
     const FrameHandle flat = HasAlpha(own) && !HasAlpha(format) ? Flatten(frame) : FrameHandle();
     const AVFrame& whole = flat ? *flat : frame;
     const ColourInfo tags = ResolveColour(whole, format, target.colour);

@@ -57,6 +57,7 @@ private:
     };
 
     FrameHandle Flatten(const AVFrame& frame);
+    FrameHandle Unfold(const AVFrame& frame);
     FrameHandle Reshape(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
                         AVPixelFormat format);
     FrameHandle Recolour(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
@@ -71,6 +72,7 @@ private:
     SwsContextHandle context;
     FramePool pool;
     FramePool flattened;
+    FramePool unfolded; ///< from a palette
     ColourConverter colours;
     /// For formats that the colours cannot be made in.
     std::unique_ptr<FrameConverter> finish;
