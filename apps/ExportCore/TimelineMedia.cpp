@@ -68,7 +68,7 @@ std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::C
     const std::int64_t last = grid.Covering(std::max(shown.first, shown.last - Ticks(1))).Value();
     const std::set<std::int64_t> there = picturesThere(sequence, first, last);
     const std::int64_t missing = last - first + 1 - static_cast<std::int64_t>(there.size());
-    if (missing == 0)
+    if (missing <= 0) // or what is shown ends before the first one
         return {};
     std::int64_t index = first;
     for (const std::int64_t one : there)
@@ -81,6 +81,15 @@ Finding found(Finding::Kind kind, const std::string& text) {
     return {kind, {}, {}, text};
 }
 
+std::optional<Finding> findingOf(const Timeline::Generator& made, Track::Kind kind) {
+    using Made = Timeline::Generator::Kind;
+    if (made.kind == Made::Tone && kind == Track::Kind::Video)
+        return found(Finding::Kind::Warning, "a tone stands among pictures, where it is not heard");
+    if (made.kind == Made::Bars && kind == Track::Kind::Audio)
+        return found(Finding::Kind::Warning, "bars stand among sound, where they are not seen");
+    return std::nullopt;
+}
+
 std::string labelled(const char* what, const std::string& name) {
     return name.empty() ? std::string(what) : std::string(what) + " \"" + name + '"';
 }
@@ -91,26 +100,29 @@ TimelineMedia::TimelineMedia(std::shared_ptr<Render::MediaPool> pool, const std:
     : pool(std::move(pool))
     , interrupted(interrupted) {}
 
-const TimelineMedia::Look& TimelineMedia::lookAt(const Timeline::MediaReference& media) {
-    const std::string path = std::get<Timeline::MediaFile>(media.target).path.ToUtf8();
-    const auto known = looks.find(path);
-    if (known != looks.end())
-        return known->second;
+TimelineMedia::Look TimelineMedia::open(const Timeline::MediaReference& media) {
     try {
-        return looks.emplace(path, pool->open(media, interrupted)->GetInfo()).first->second;
+        const auto source = pool->open(media, interrupted);
+        return source ? source->GetInfo() : MediaInfo();
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
         if (interrupted && *interrupted)
             throw;
-        return looks.emplace(path, std::string(error.what())).first->second;
+        return std::string(error.what());
     }
 }
 
+const TimelineMedia::Look& TimelineMedia::lookAt(const Timeline::MediaReference& media) {
+    const std::string path = std::get<Timeline::MediaFile>(media.target).path.ToUtf8();
+    const auto known = looks.find(path);
+    return known != looks.end() ? known->second : looks.emplace(path, open(media)).first->second;
+}
+
 std::string TimelineMedia::whyMissing(const Timeline::MediaReference& media) {
-    if (!std::holds_alternative<Timeline::MediaFile>(media.target))
-        return {};
-    const auto* const why = std::get_if<std::string>(&lookAt(media));
+    const bool isFile = std::holds_alternative<Timeline::MediaFile>(media.target);
+    const Look look = isFile ? lookAt(media) : open(media);
+    const auto* const why = std::get_if<std::string>(&look);
     return why ? *why : std::string();
 }
 
@@ -150,6 +162,8 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
 std::optional<Finding> TimelineMedia::findingOf(const Timeline::Clip& clip, Track::Kind kind, Ticks duration) {
     if (const auto* file = std::get_if<Timeline::MediaFile>(&clip.media.target))
         return findingOf(*file, clip, kind, duration);
+    if (const auto* made = std::get_if<Timeline::Generator>(&clip.media.target))
+        return ExportCore::findingOf(*made, kind);
     const auto* const sequence = std::get_if<Timeline::ImageSequence>(&clip.media.target);
     if (!sequence)
         return std::nullopt;

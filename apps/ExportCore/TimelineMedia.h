@@ -33,6 +33,8 @@ private:
     /// What a file holds, or why it cannot be told.
     using Look = std::variant<Kestra::Proc::MediaInfo, std::string>;
 
+    Look open(const Timeline::MediaReference& media);
+    /// Of a file.
     const Look& lookAt(const Timeline::MediaReference& media);
     void check(const Timeline::Stack& stack, const std::string& place, std::vector<Timeline::Finding>& findings);
     /// Without a place.

@@ -32,10 +32,9 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
     for (Finding& finding : media.check(*opening.reading.document))
         opening.reading.findings.push_back(std::move(finding));
     if (options.missing == TimelineOptions::Missing::Black)
-        opening.reading.document =
-            Timeline::withMissing(*opening.reading.document, [&media](const Timeline::MediaReference& reference) {
-                return media.whyMissing(reference);
-            });
+        opening.reading.document = Timeline::withMissing(
+            *Timeline::withBlackForMissingPictures(*opening.reading.document),
+            [&media](const Timeline::MediaReference& reference) { return media.whyMissing(reference); });
     return opening;
 }
 

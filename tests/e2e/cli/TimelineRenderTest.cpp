@@ -50,6 +50,41 @@ protected:
         return TestMedia::probe(out());
     }
     static std::string out() { return *media / "out.mkv"; }
+
+    /// Of all that is heard.
+    static int cyclesOf(const std::string& cut, const std::vector<std::string>& more = {}) {
+        std::vector<std::string> arguments{"render",         cut,           "-p",         "wav", "-o",
+                                           *media / "o.wav", "--overwrite", "--progress", "none"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        TestMedia::runFfmpeg({"-i", *media / "o.wav", "-f", "s16le", "-ac", "1", *media / "o.raw"});
+        std::ifstream file(*media / "o.raw", std::ios::binary);
+        int count = 0;
+        std::int16_t last = 0, value = 0;
+        while (file.read(reinterpret_cast<char*>(&value), sizeof value)) {
+            count += last < 0 && value >= 0 ? 1 : 0;
+            last = value;
+        }
+        return count;
+    }
+    static std::string madeOf(const std::string& kind, int frames, const std::string& more = {}) {
+        return R"({"OTIO_SCHEMA":"Clip.1","name":"made","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+               timeOf(0) + R"(,"duration":)" + timeOf(frames) + '}' + more +
+               R"(,"media_reference":{"OTIO_SCHEMA":"GeneratorReference.1","generator_kind":")" + kind +
+               R"(","parameters":{}}})";
+    }
+    /// Numbered pictures p.108.png and so on, of which 12 are said to be there.
+    static std::string numbered(int first, int frames) {
+        return R"({"OTIO_SCHEMA":"Clip.1","name":"seq","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+               timeOf(first) + R"(,"duration":)" + timeOf(frames) +
+               R"(},"media_reference":{"OTIO_SCHEMA":"ImageSequenceReference.1","target_url_base":".","name_prefix":"p.","name_suffix":".png","start_frame":108,"rate":25,"available_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
+               timeOf(108) + R"(,"duration":)" + timeOf(12) + "}}}";
+    }
+    static void makeNumbered() {
+        TestMedia::runFfmpeg(
+            {"-i", *media / "silent.mov", "-frames:v", "12", "-start_number", "108", *media / "p.%d.png"});
+    }
 };
 
 TEST_F(RenderedTimelines, AreTheCutToTheFrameAndToTheSample) {
@@ -144,24 +179,8 @@ TEST_F(RenderedTimelines, MoveThePitchWithTheSpeedWhereThatIsOrdered) {
     const std::string tone = *media / "tone.wav";
     TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=1000:r=48000:d=2", tone});
     const std::string cut = write({}, clipOf("s", "tone.wav", 0, 25, warpOf("LinearTimeWarp.1", 2)));
-    const auto crossings = [&](const std::vector<std::string>& more) {
-        std::vector<std::string> arguments{"render",         cut,           "-p",         "wav", "-o",
-                                           *media / "o.wav", "--overwrite", "--progress", "none"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        const Result result = run(arguments);
-        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
-        TestMedia::runFfmpeg({"-i", *media / "o.wav", "-f", "s16le", "-ac", "1", *media / "o.raw"});
-        std::ifstream file(*media / "o.raw", std::ios::binary);
-        int count = 0;
-        std::int16_t last = 0, value = 0;
-        while (file.read(reinterpret_cast<char*>(&value), sizeof value)) {
-            count += last < 0 && value >= 0 ? 1 : 0;
-            last = value;
-        }
-        return count;
-    };
-    EXPECT_NEAR(crossings({}), 1000, 20);
-    EXPECT_NEAR(crossings({"--pitch", "moved"}), 2000, 20);
+    EXPECT_NEAR(cyclesOf(cut), 1000, 20);
+    EXPECT_NEAR(cyclesOf(cut, {"--pitch", "moved"}), 2000, 20);
 }
 
 TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) {
@@ -186,30 +205,41 @@ TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) 
 }
 
 TEST_F(RenderedTimelines, ShowWhatIsMade) {
-    const auto madeOf = [](const std::string& kind) {
-        return R"({"OTIO_SCHEMA":"Clip.1","name":"made","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
-               timeOf(0) + R"(,"duration":)" + timeOf(10) +
-               R"(},"media_reference":{"OTIO_SCHEMA":"GeneratorReference.1","generator_kind":")" + kind +
-               R"(","parameters":{}}})";
-    };
     const auto found =
-        rendered(write(clipOf("a", "both.mov", 2, 5) + ',' + madeOf("SMPTEBars") + ',' + madeOf("black"), {}));
+        rendered(write(clipOf("a", "both.mov", 2, 5) + ',' + madeOf("SMPTEBars", 10) + ',' + madeOf("black", 10), {}));
     ASSERT_EQ(found.video->frames.size(), 25U);
     EXPECT_GT(found.video->frames[8].luma, 40);
     EXPECT_LT(found.video->frames[20].luma, 17);
 }
 
+TEST_F(RenderedTimelines, TellWhereWhatIsMadeIsNeitherSeenNorHeard) {
+    const QString errors = render(write(madeOf("tone", 5), madeOf("SMPTEBars", 5))).errors;
+    EXPECT_TRUE(errors.contains(QStringLiteral("a tone stands among pictures"))) << errors.toStdString();
+    EXPECT_TRUE(errors.contains(QStringLiteral("bars stand among sound"))) << errors.toStdString();
+}
+
+TEST_F(RenderedTimelines, TellWhereNothingIsSeen) {
+    const auto isTold = [](const std::string& pictures) {
+        return render(write(pictures, {})).errors.contains(QStringLiteral("None of the inputs has a picture"));
+    };
+    EXPECT_FALSE(isTold(madeOf("SMPTEBars", 5)));
+    EXPECT_TRUE(isTold(gapOf(5)));
+    EXPECT_TRUE(isTold(clipOf("a", "both.mov", 0, 5, R"(,"enabled":false)")));
+    EXPECT_FALSE(isTold(clipOf("a", "both.mov", 0, 5)));
+}
+
+TEST_F(RenderedTimelines, PlayWhatIsMadeBeforeItsCutAndAtAnySpeed) {
+    const std::string cut = write({}, madeOf("silence", 25) + ',' + dissolveOf(10, 10) + ',' +
+                                          madeOf("tone", 25, warpOf("LinearTimeWarp.1", 2)));
+    EXPECT_NEAR(cyclesOf(cut), 1400, 15) << "1000 Hz from the beginning of the fade on";
+}
+
 TEST_F(RenderedTimelines, ShowNumberedPicturesAtTheirRate) {
-    TestMedia::runFfmpeg({"-i", *media / "silent.mov", "-frames:v", "12", "-start_number", "108", *media / "p.%d.png"});
-    const std::string sequence =
-        R"({"OTIO_SCHEMA":"Clip.1","name":"seq","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
-        timeOf(112) + R"(,"duration":)" + timeOf(6) +
-        R"(},"media_reference":{"OTIO_SCHEMA":"ImageSequenceReference.1","target_url_base":".","name_prefix":"p.","name_suffix":".png","start_frame":108,"rate":25,"available_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
-        timeOf(108) + R"(,"duration":)" + timeOf(12) + "}}}";
+    makeNumbered();
     // Behind pictures in YUV, so that the numbers can be read.
     std::vector<int> expected = shown(2, 2);
     append(expected, shown(4, 6));
-    EXPECT_EQ(rendered(write(clipOf("a", "both.mov", 2, 2) + ',' + sequence, {})).numbers(), expected);
+    EXPECT_EQ(rendered(write(clipOf("a", "both.mov", 2, 2) + ',' + numbered(112, 6), {})).numbers(), expected);
 }
 
 TEST_F(RenderedTimelines, AreRefusedWhereMediaAreMissing) {
@@ -233,6 +263,20 @@ TEST_F(RenderedTimelines, ShowBlackInPlaceOfMediaThatCannotBeOpened) {
     const std::string cut = write(clipOf("a", "both.mov", 2, 5) + ',' + clipOf("broken", "text.mov", 0, 5), {});
     EXPECT_EQ(render(cut).code, 2);
     EXPECT_EQ(rendered(cut, {"--missing", "black"}).video->frames.size(), 10U);
+}
+
+TEST_F(RenderedTimelines, ShowBlackInPlaceOfNumberedPicturesThatAreMissing) {
+    makeNumbered();
+    std::filesystem::remove(*media / "p.108.png");
+    std::filesystem::remove(*media / "p.111.png");
+    const std::string cut = write(clipOf("a", "both.mov", 2, 2) + ',' + numbered(108, 6), {});
+    EXPECT_EQ(render(cut).code, 2);
+    const auto found = rendered(cut, {"--missing", "black"});
+    std::vector<int> expected = shown(2, 2);
+    append(expected, {-1, -1, 2, -1, 4, 5});
+    EXPECT_EQ(found.numbers(), expected);
+    EXPECT_LT(found.video->frames[2].luma, 17);
+    EXPECT_LT(found.video->frames[5].luma, 17);
 }
 
 TEST_F(RenderedTimelines, NeverReplaceTheirMedia) {

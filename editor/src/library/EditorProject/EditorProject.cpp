@@ -5,7 +5,6 @@
 #include "Render/Programme.h"
 #include "Render/SequenceMedia.h"
 #include "Types/Time.h"
-#include <algorithm>
 
 struct EditorProject::Private {
     explicit Private(EditorProject* owner)
@@ -84,13 +83,11 @@ std::int64_t EditorProject::exactDuration() const {
 }
 
 bool EditorProject::hasPictures() const {
-    const auto sources = d->sources();
-    return std::any_of(sources.begin(), sources.end(), [](const auto& source) { return source->GetInfo().video; });
+    return d->model.sequence() && Render::hasAny(*d->model.sequence(), Timeline::Track::Kind::Video);
 }
 
 bool EditorProject::hasSound() const {
-    const auto sources = d->sources();
-    return std::any_of(sources.begin(), sources.end(), [](const auto& source) { return source->GetInfo().audio; });
+    return d->model.sequence() && Render::hasAny(*d->model.sequence(), Timeline::Track::Kind::Audio);
 }
 
 std::optional<KTime> EditorProject::placeOf(const Kestra::ioPath& file, std::int64_t time, KTime from, KTime to) const {

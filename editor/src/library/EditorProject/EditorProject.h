@@ -61,7 +61,7 @@ public:
     /// To the nearest millisecond, and exactly in engine time.
     KTime duration() const;
     std::int64_t exactDuration() const;
-    /// Whether any medium has a picture, or sound.
+    /// Whether anything that is enabled has a picture, or sound, be it a medium or made.
     bool hasPictures() const;
     bool hasSound() const;
     /// Where in the part of the composition from `from` to `to` the file's contents from `time` (engine time) on would

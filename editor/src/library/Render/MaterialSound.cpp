@@ -29,7 +29,7 @@ MaterialSound::MaterialSound(const Material& material, MediaPool& media, const S
     , source(media.open(material.clip->media))
     , pitch(pitch) {}
 
-MediaPool::Source MaterialSound::generator(const SoundTarget& target) const {
+MediaPool::Source MaterialSound::generator(const SoundTarget& target, Ticks lasting) const {
     const auto& made = std::get<Timeline::Generator>(shown.clip->media.target);
     Proc::SettingsGenerator settings;
     settings.kind = made.kind == Timeline::Generator::Kind::Tone ? Proc::SettingsGenerator::Kind::Tone
@@ -37,12 +37,12 @@ MediaPool::Source MaterialSound::generator(const SoundTarget& target) const {
     settings.frequency = made.frequency;
     settings.sampleRate = target.format().GetRate();
     settings.channelLayout = target.format().GetLayoutRecord()->layout;
-    settings.duration = (shown.end - shown.map.here).Value();
+    settings.duration = MulDivRound(lasting.Value(), shown.map.speed.numerator(), shown.map.speed.denominator());
     return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
 }
 
-boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target) {
-    const MediaPool::Source medium = source ? source : generator(target);
+boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target, Ticks lasting) {
+    const MediaPool::Source medium = source ? source : generator(target, lasting);
     if (!medium->GetInfo().audio)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
                                                                                        "\" has no sound, which \"" +
@@ -59,20 +59,24 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
     streams.requireNoInterrupt();
     ended = shown.map.speed <= 0;
     if (ended) {
-        if (source && shown.map.speed < 0)
-            source->Note("where it runs backwards it is silent");
+        if (source)
+            source->Note(shown.map.speed < 0 ? "where it runs backwards it is silent"
+                                             : "where it stands still it is silent");
         return;
     }
     decoded = std::move(reused);
     if (decoded)
         decoded->Reset();
-    stream = streams.open(create(target));
+    // What is made begins where it is wanted, which may be before its cut.
+    const SampleIndex cut = planner.sampleAt(shown.map.here);
+    const SampleIndex begin = source ? cut : std::min(cut, first);
+    stream = streams.open(create(target, grid.Length(planner.endOf(shown) - begin)));
     if (source)
         target.noteLoss(*source);
     const Ticks there = source ? mediaMapOf(shown, source->GetInfo()).there : Ticks(0);
     const auto& speed = shown.map.speed;
     const Ticks played(MulDivRound(there.Value(), speed.denominator(), speed.numerator()));
-    place = grid.Nearest(played) + first - planner.sampleAt(shown.map.here);
+    place = grid.Nearest(played) + first - begin;
     before = std::max(SampleIndex(0), SampleIndex(0) - place);
     place = std::max(SampleIndex(0), place);
     if (place > SampleIndex(0))

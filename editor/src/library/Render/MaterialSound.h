@@ -41,8 +41,8 @@ public:
     void passSilence(Kestra::SampleIndex count) { before -= count; }
 
 private:
-    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> create(const SoundTarget& target);
-    MediaPool::Source generator(const SoundTarget& target) const;
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> create(const SoundTarget& target, Kestra::Ticks lasting);
+    MediaPool::Source generator(const SoundTarget& target, Kestra::Ticks lasting) const;
 
     const Material shown;
     const Kestra::SampleGrid grid;

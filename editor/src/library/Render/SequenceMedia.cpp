@@ -47,7 +47,40 @@ private:
     }
 };
 
+using Kind = Timeline::Track::Kind;
+
+bool has(const Timeline::MediaReference& reference, Kind kind, MediaPool& media) {
+    using Made = Timeline::Generator::Kind;
+    if (const auto* made = std::get_if<Timeline::Generator>(&reference.target))
+        return (made->kind == Made::Bars || made->kind == Made::Colour) == (kind == Kind::Video);
+    const MediaPool::Source source = media.open(reference);
+    return source && (kind == Kind::Video ? source->GetInfo().video.has_value() : source->GetInfo().audio.has_value());
+}
+
+bool has(const Timeline::Stack& stack, Kind kind, MediaPool& media) {
+    const auto isIn = [&](const Timeline::Track& track, const Timeline::Item& item) {
+        if (!item.enabled)
+            return false;
+        // Stacks among pictures are heard, too.
+        const auto* const nested = std::get_if<Timeline::Nested>(&item.content);
+        if (nested)
+            return (track.kind() == kind || kind == Kind::Audio) && has(*nested->stack, kind, media);
+        const auto* const clip = std::get_if<Timeline::Clip>(&item.content);
+        return clip && track.kind() == kind && has(clip->media, kind, media);
+    };
+    const auto& tracks = stack.tracks();
+    return std::any_of(tracks.begin(), tracks.end(), [&isIn](const Timeline::Track& track) {
+        const auto& items = track.items();
+        return track.isEnabled() &&
+               std::any_of(items.begin(), items.end(), [&](const Timeline::Item& item) { return isIn(track, item); });
+    });
+}
+
 } // namespace
+
+bool hasAny(const Sequence& sequence, Kind kind) {
+    return has(*sequence.document->tracks, kind, *sequence.media);
+}
 
 std::vector<MediaPool::Source> mediaSeen(const Sequence& sequence, const Window& window) {
     if (!window.grid())

@@ -1,4 +1,4 @@
-// Render::mediaSeen, mediaHeard, placeOf: which media of a sequence are used, and where.
+// Render::mediaSeen, mediaHeard, hasAny, placeOf: which media of a sequence are used, and where.
 #pragma once
 
 #include "EditorRenderExport.h"
@@ -16,6 +16,8 @@ EDITORRENDER_EXPORT std::vector<MediaPool::Source> mediaSeen(const Sequence& seq
 /// Likewise the media with sound.
 EDITORRENDER_EXPORT std::vector<MediaPool::Source> mediaHeard(const Sequence& sequence, const Window& window,
                                                               const Kestra::SampleGrid& grid);
+/// Whether anything that is enabled has pictures, or sound, be it a medium or made.
+EDITORRENDER_EXPORT bool hasAny(const Sequence& sequence, Timeline::Track::Kind kind);
 /// Where the sequence begins to show or play what the file holds from `time` on, among the clips that end after `from`:
 /// the first such place before `to`. A clip that ends before that time counts with its end.
 EDITORRENDER_EXPORT std::optional<Kestra::Ticks> placeOf(const Sequence& sequence, const Kestra::ioPath& file,

@@ -7,37 +7,35 @@ namespace Timeline {
 namespace {
 
 using Why = std::function<std::string(const MediaReference&)>;
+using Edit = std::function<void(MediaReference&)>;
 
-std::shared_ptr<const Stack> edited(const Stack& stack, const Why& why);
+std::shared_ptr<const Stack> edited(const Stack& stack, const Edit& edit);
 
 std::string urlOf(const MediaReference& media) {
     const auto* const file = std::get_if<MediaFile>(&media.target);
     return file ? file->path.ToUtf8() : media.name;
 }
 
-Item edited(Item item, const Why& why) {
-    if (auto* const nested = std::get_if<Nested>(&item.content)) {
-        nested->stack = edited(*nested->stack, why);
-    } else if (auto* const clip = std::get_if<Clip>(&item.content)) {
-        const std::string reason = why(clip->media);
-        if (!reason.empty())
-            clip->media.target = MissingMedia{urlOf(clip->media), reason};
-    }
+Item edited(Item item, const Edit& edit) {
+    if (auto* const nested = std::get_if<Nested>(&item.content))
+        nested->stack = edited(*nested->stack, edit);
+    else if (auto* const clip = std::get_if<Clip>(&item.content))
+        edit(clip->media);
     return item;
 }
 
-Track edited(const Track& track, const Why& why) {
+Track edited(const Track& track, const Edit& edit) {
     std::vector<Item> items;
     items.reserve(track.items().size());
     for (const Item& item : track.items())
-        items.push_back(edited(item, why));
+        items.push_back(edited(item, edit));
     return Track(track.kind(), track.name(), track.isEnabled(), std::move(items), track.transitions(), track.markers());
 }
 
-std::shared_ptr<const Stack> edited(const Stack& stack, const Why& why) {
+std::shared_ptr<const Stack> edited(const Stack& stack, const Edit& edit) {
     std::vector<Track> tracks;
     for (const Track& track : stack.tracks())
-        tracks.push_back(edited(track, why));
+        tracks.push_back(edited(track, edit));
     return std::make_shared<Stack>(stack.name(), std::move(tracks), stack.markers());
 }
 
@@ -91,7 +89,22 @@ std::shared_ptr<const Document> withoutItem(const Document& document, const Item
 
 std::shared_ptr<const Document> withMissing(const Document& document, const Why& why) {
     auto result = std::make_shared<Document>(document);
-    result->tracks = edited(*document.tracks, why);
+    result->tracks = edited(*document.tracks, [&why](MediaReference& media) {
+        const std::string reason = why(media);
+        if (!reason.empty())
+            media.target = MissingMedia{urlOf(media), reason};
+    });
+    return result;
+}
+
+std::shared_ptr<const Document> withBlackForMissingPictures(const Document& document) {
+    using MissingFrames = ImageSequence::MissingFrames;
+    auto result = std::make_shared<Document>(document);
+    result->tracks = edited(*document.tracks, [](MediaReference& media) {
+        auto* const sequence = std::get_if<ImageSequence>(&media.target);
+        if (sequence && sequence->missing == MissingFrames::Refused)
+            sequence->missing = MissingFrames::Black;
+    });
     return result;
 }
 

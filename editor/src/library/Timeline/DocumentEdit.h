@@ -1,4 +1,4 @@
-// Timeline::withMissing, withItem, withoutItem: edited documents.
+// Timeline::withMissing, withBlackForMissingPictures, withItem, withoutItem: edited documents.
 #pragma once
 
 #include "EditorTimelineExport.h"
@@ -11,6 +11,9 @@ namespace Timeline {
 /// once.
 EDITORTIMELINE_EXPORT std::shared_ptr<const Document>
 withMissing(const Document& document, const std::function<std::string(const MediaReference&)>& why);
+
+/// The document with black where numbered pictures are refused because they are not there.
+EDITORTIMELINE_EXPORT std::shared_ptr<const Document> withBlackForMissingPictures(const Document& document);
 
 /// Where an item stands in the document's own tracks.
 struct ItemPlace {
