@@ -177,12 +177,14 @@ bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
     const auto state = stateOf(path);
     if (!state)
         return false;
-    for (const QString& input : inputs) {
-        const auto source = stateOf(input.toUtf8());
-        if (source && source->st_dev == state->st_dev && source->st_ino == state->st_ino)
-            return true;
-    }
-    return false;
+    const auto isSame = [&state](const QByteArray& input) {
+        const auto source = stateOf(input);
+        return source && source->st_dev == state->st_dev && source->st_ino == state->st_ino;
+    };
+    return std::any_of(inputs.begin(), inputs.end(), [&isSame](const QString& input) {
+        // A timeline may be a folder, which is read by way of a file in it.
+        return isSame(input.toUtf8()) || isSame(input.toUtf8() + "/content.otio");
+    });
 }
 
 OutputTarget RequestCheck::output(const ExportRequest& request) {

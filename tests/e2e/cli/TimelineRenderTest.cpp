@@ -292,6 +292,16 @@ TEST_F(RenderedTimelines, NeverReplaceTheirMedia) {
     EXPECT_EQ(std::filesystem::file_size(*media / "own.mkv"), size);
 }
 
+TEST_F(RenderedTimelines, NeverReplaceWhatAFolderIsReadFrom) {
+    std::filesystem::create_directory(*media / "cut.otiod");
+    const std::string content = write(clipOf("a", "../both.mov", 0, 5), {}, "cut.otiod/content.otio");
+    const auto size = std::filesystem::file_size(content);
+    const Result result = run({"render", *media / "cut.otiod", "-p", "mkv-ffv1-flac", "-o", content, "--overwrite"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("it is one of the inputs"))) << result.errors.toStdString();
+    EXPECT_EQ(std::filesystem::file_size(content), size);
+}
+
 TEST_F(RenderedTimelines, KeepTheirMarkersAndTheirNameWhereTheContainerHasPlacesForThem) {
     const std::string markers =
         R"(,"markers":[{"OTIO_SCHEMA":"Marker.2","name":"Titles","marked_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
