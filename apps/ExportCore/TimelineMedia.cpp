@@ -192,7 +192,11 @@ std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file,
     const Ticks beyond = std::max(Ticks(0) - shown.first, shown.last - Ticks(info.duration));
     const std::int64_t period =
         info.video && info.video->frameRate > 0 ? Kestra::FramesToTime(1, info.video->frameRate) : 0;
-    if (beyond <= Ticks(std::max(period, Kestra::TICKS_PER_MILLISECOND)))
+    const Ticks tolerance(std::max(period, Kestra::TICKS_PER_MILLISECOND));
+    // Whoever read the timeline has told what goes beyond the range that is said to be there.
+    const auto& available = clip.media.available;
+    const bool isTold = available && available->duration <= Ticks(info.duration) + tolerance;
+    if (beyond <= tolerance || isTold)
         return std::nullopt;
     return found(Finding::Kind::Warning, name + "lasts " + inMilliseconds(Ticks(info.duration)) + "; the clip goes " +
                                              inMilliseconds(beyond) + " beyond it");

@@ -218,6 +218,17 @@ TEST_F(RenderedTimelines, TellWhereWhatIsMadeIsNeitherSeenNorHeard) {
     EXPECT_TRUE(errors.contains(QStringLiteral("bars stand among sound"))) << errors.toStdString();
 }
 
+TEST_F(RenderedTimelines, TellOnceWhatGoesBeyondItsMedium) {
+    const auto told = [](std::string cut, const std::string& available) {
+        cut.replace(cut.find(timeOf(500)), timeOf(500).size(), available);
+        return render(write(cut, {})).errors.count(QStringLiteral("beyond"));
+    };
+    const std::string cut = clipOf("a", "both.mov", 40, 20);
+    EXPECT_EQ(told(cut, timeOf(50)), 1) << "what there is said to be";
+    EXPECT_EQ(told(cut, timeOf(60)), 1) << "what there is";
+    EXPECT_EQ(told(clipOf("a", "both.mov", 30, 20), timeOf(50)), 0);
+}
+
 TEST_F(RenderedTimelines, TellWhereNothingIsSeen) {
     const auto isTold = [](const std::string& pictures) {
         return render(write(pictures, {})).errors.contains(QStringLiteral("None of the inputs has a picture"));
