@@ -166,6 +166,24 @@ TEST_F(RenderedTimelines, PlayClipsFasterBackwardsAndFrozen) {
     }
 }
 
+TEST_F(RenderedTimelines, KeepFieldsOnlyAtTheirOwnPaceAndUnderNothing) {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=s=320x180:r=50", "-vf",
+                          "tinterlace=interleave_top,setfield=tff", "-t", "1", "-c:v", "ffv1", "-field_order", "tt",
+                          *media / "fields.mkv"});
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=320x180,format=rgba,colorchannelmixer=aa=0.5",
+                          "-frames:v", "1", *media / "half.png"});
+    const QString taken = QStringLiteral("deinterlaced");
+    const std::string clip = clipOf("f", "fields.mkv", 0, 10);
+    EXPECT_FALSE(render(write(clip, {})).errors.contains(taken));
+    const Result fast = render(write(clipOf("f", "fields.mkv", 0, 10, warpOf("LinearTimeWarp.1", 2)), {}));
+    EXPECT_TRUE(fast.errors.contains(taken)) << fast.errors.toStdString();
+    const Result back = render(write(clipOf("f", "fields.mkv", 20, 10, warpOf("LinearTimeWarp.1", -1)), {}));
+    EXPECT_TRUE(back.errors.contains(taken)) << back.errors.toStdString();
+    const Result layered =
+        render(writeTracks(track("Video", clip) + ',' + track("Video", clipOf("h", "half.png", 0, 10))));
+    EXPECT_TRUE(layered.errors.contains(taken)) << layered.errors.toStdString();
+}
+
 TEST_F(RenderedTimelines, ChangeTheSpeedOfSoundWithThatOfPictures) {
     const auto found = rendered(write(clipOf("a", "both.mov", 0, 50, warpOf("LinearTimeWarp.1", 0.5)),
                                       clipOf("s", "both.mov", 0, 50, warpOf("LinearTimeWarp.1", 0.5))));

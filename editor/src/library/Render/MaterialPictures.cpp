@@ -95,7 +95,9 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> MaterialPictures::wish(const Proc:
     // Fields of the other order would be shown in the wrong one by players that believe the file.
     const bool sameOrder =
         !track.interlaced || !tree.ChildExists(topFirst) || tree[topFirst].GetBool() == track.topFieldFirst;
-    tree.SetChild(interlaced, wanted && sameOrder && target.keepsFields(track));
+    // Fields are shown in their order at their own pace alone, and only where nothing lies below.
+    const bool plain = use == Usage::Whole && shown.map.speed == 1;
+    tree.SetChild(interlaced, wanted && sameOrder && plain && target.keepsFields(track));
     auto wish = Conf::IFormatCodecVideo::Create();
     wish->SetProperty(tree);
     const bool isOpaque =
@@ -105,10 +107,9 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> MaterialPictures::wish(const Proc:
     return wish;
 }
 
-Video MaterialPictures::create(FrameIndex first, FrameIndex count) {
-    const auto* const made = std::get_if<Timeline::Generator>(&shown.clip->media.target);
-    const MediaPool::Source medium =
-        made ? generatorFor(*made, *target.format(), grid.Length(count + FrameIndex(1))) : source;
+Video MaterialPictures::create(const MediaPool::Source& medium, FrameIndex first, FrameIndex count,
+                               Video pictures) const {
+    const bool made = medium != source;
     const Proc::MediaInfo& info = medium->GetInfo();
     if (!info.video)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
@@ -117,9 +118,6 @@ Video MaterialPictures::create(FrameIndex first, FrameIndex count) {
     TimeMap map = made ? TimeMap{} : mediaMapOf(shown, info);
     const FrameIndex from = made ? first : grid.Nearest(map.here);
     map.here = made ? Ticks(0) : map.here - grid.Begin(from);
-    if (!decoded)
-        decoded = medium->CreateVideoStream();
-    Video pictures = decoded;
     if (count >= LEAST_FRAMES_FOR_THREAD && map.speed > 0)
         pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame));
     const bool own = info.video->frameRate == grid.GetRate() && map.speed == 1;
@@ -130,24 +128,30 @@ Video MaterialPictures::create(FrameIndex first, FrameIndex count) {
     return resized;
 }
 
-void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, Decoded reused) {
+void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) {
     streams.requireNoInterrupt();
-    decoded = std::move(reused);
+    opened = first;
+    last = {};
+    const auto* const made = std::get_if<Timeline::Generator>(&shown.clip->media.target);
+    const MediaPool::Source medium =
+        made ? generatorFor(*made, *target.format(), grid.Length(end - first + FrameIndex(1))) : source;
+    Video decoded = streams.takeLeft(source.get());
     if (decoded)
         decoded->Reset(); // also of the interrupt that ended its reading ahead
-    opened = first;
-    stream = streams.open(create(first, end - first));
-    last = {};
+    else
+        decoded = medium->CreateVideoStream();
+    stream = streams.open(create(medium, first, end - first, decoded), source ? decoded : nullptr);
     if (source)
         target.noteLoss(*source, use == Usage::Layer);
 }
 
-MaterialPictures::Decoded MaterialPictures::close() {
-    stream = {};
+void MaterialPictures::leave() {
     last = {};
-    // A thread that hung in reading ahead has been left with it.
-    const bool isFree = decoded && decoded->GetRefCount() == 1;
-    return source && isFree ? std::move(decoded) : nullptr;
+    // A decoder that is open keeps, or takes apart, fields as it did before.
+    const bool isAnyones = source && !source->GetInfo().video->interlaced;
+    if (isAnyones)
+        stream.leave(source.get());
+    stream = {};
 }
 
 void MaterialPictures::prefer() {

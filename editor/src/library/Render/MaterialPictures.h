@@ -26,7 +26,6 @@ class MaterialPictures {
 public:
     using Streams = OpenStreams<Kestra::Proc::IStreamVideo>;
     using Frame = boost::intrusive_ptr<Kestra::Proc::IDataVideo>;
-    using Decoded = boost::intrusive_ptr<Kestra::Proc::IStreamVideo>;
 
     MaterialPictures(const Material& material, Usage usage, MediaPool& media, const PictureTarget& target,
                      const Kestra::FrameGrid& grid);
@@ -34,12 +33,11 @@ public:
     const Material& material() const { return shown; }
     Usage usage() const { return use; }
 
-    /// For the composition's frames from `first` to before `end`, borrowing `streams`. `decoded`, unless null, are the
-    /// medium's frames from another one's close(), whose file and decoder are used again. Throws Interrupted after an
-    /// interrupt of the streams, and ProcException.
-    void open(Streams& streams, Kestra::FrameIndex first, Kestra::FrameIndex end, Decoded decoded);
-    /// Returns the medium's frames for another one; null where they are made, or a thread that hangs still reads them.
-    Decoded close();
+    /// For the composition's frames from `first` to before `end`, borrowing `streams`; goes on with what another of the
+    /// medium has left there. Throws Interrupted after an interrupt of the streams, and ProcException.
+    void open(Streams& streams, Kestra::FrameIndex first, Kestra::FrameIndex end);
+    /// Closes, and leaves the medium's file and decoder to another.
+    void leave();
     const MediaPool::Source& medium() const { return source; }
     /// The target has changed.
     void prefer();
@@ -52,7 +50,9 @@ public:
     Shown at(Kestra::FrameIndex frame);
 
 private:
-    boost::intrusive_ptr<Kestra::Proc::IStreamVideo> create(Kestra::FrameIndex first, Kestra::FrameIndex count);
+    boost::intrusive_ptr<Kestra::Proc::IStreamVideo>
+    create(const MediaPool::Source& medium, Kestra::FrameIndex first, Kestra::FrameIndex count,
+           boost::intrusive_ptr<Kestra::Proc::IStreamVideo> decoded) const;
     boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> wish(const Kestra::Proc::IMediaSource& medium) const;
 
     const Material shown;
@@ -61,7 +61,6 @@ private:
     const Kestra::FrameGrid grid;
     const MediaPool::Source source;
 
-    Decoded decoded;
     Streams::Lease stream;
     Kestra::FrameIndex opened; ///< at time 0 of the stream
     Shown last;                ///< what was read last

@@ -41,21 +41,28 @@ MediaPool::Source MaterialSound::generator(const SoundTarget& target, Ticks last
     return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
 }
 
-boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const SoundTarget& target, Ticks lasting) {
-    const MediaPool::Source medium = source ? source : generator(target, lasting);
-    if (!medium->GetInfo().audio)
-        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
-                                                                                       "\" has no sound, which \"" +
-                                                                                       *shown.name + "\" would play"));
-    if (!decoded)
-        decoded = medium->CreateAudioStream();
+boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::create(const boost::intrusive_ptr<Proc::IStreamAudio>& decoded,
+                                                               const SoundTarget& target) const {
     const bool asItIs = shown.map.speed == 1;
     return filters().CreateResampler(asItIs ? decoded : filters().CreateTempo(decoded, shown.map.speed, pitch),
                                      target.format());
 }
 
-void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target,
-                         Decoded reused) {
+boost::intrusive_ptr<Proc::IStreamAudio> MaterialSound::decode(Streams& streams, const SoundTarget& target,
+                                                               Ticks lasting) const {
+    if (auto left = streams.takeLeft(source.get())) {
+        left->Reset(); // also of the interrupt that ended its reading ahead
+        return left;
+    }
+    const MediaPool::Source medium = source ? source : generator(target, lasting);
+    if (!medium->GetInfo().audio)
+        KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceUnreadable, "\"" + medium->GetPath().ToUtf8() +
+                                                                                       "\" has no sound, which \"" +
+                                                                                       *shown.name + "\" would play"));
+    return medium->CreateAudioStream();
+}
+
+void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner& planner, const SoundTarget& target) {
     streams.requireNoInterrupt();
     ended = shown.map.speed <= 0;
     if (ended) {
@@ -64,13 +71,11 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
                                              : "where it stands still it is silent");
         return;
     }
-    decoded = std::move(reused);
-    if (decoded)
-        decoded->Reset();
     // What is made begins where it is wanted, which may be before its cut.
     const SampleIndex cut = planner.sampleAt(shown.map.here);
     const SampleIndex begin = source ? cut : std::min(cut, first);
-    stream = streams.open(create(target, grid.Length(planner.endOf(shown) - begin)));
+    const auto decoded = decode(streams, target, grid.Length(planner.endOf(shown) - begin));
+    stream = streams.open(create(decoded, target), source ? decoded : nullptr);
     if (source)
         target.noteLoss(*source);
     const Ticks there = source ? mediaMapOf(shown, source->GetInfo()).there : Ticks(0);
@@ -83,10 +88,9 @@ void MaterialSound::open(Streams& streams, SampleIndex first, const SoundPlanner
         stream->Seek(grid.Begin(place).Value(), Proc::SeekMode::Exact);
 }
 
-MaterialSound::Decoded MaterialSound::close() {
-    stream = {};
+void MaterialSound::leave() {
     block.reset();
-    return source ? std::move(decoded) : nullptr;
+    stream.leave(source.get());
 }
 
 SampleIndex MaterialSound::available() {

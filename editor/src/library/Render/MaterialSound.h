@@ -16,20 +16,17 @@ class MaterialSound {
 public:
     using Streams = OpenStreams<Kestra::Proc::IStreamAudio>;
     using Block = boost::intrusive_ptr<Kestra::Proc::IDataAudio>;
-    using Decoded = boost::intrusive_ptr<Kestra::Proc::IStreamAudio>;
 
     MaterialSound(const Material& material, MediaPool& media, const Kestra::SampleGrid& grid,
                   Kestra::Proc::Pitch pitch);
 
     const Material& material() const { return shown; }
 
-    /// From sample `first` of the window on, borrowing `streams`. `decoded`, unless null, is the medium's sound from
-    /// another one's close(), whose file and decoder are used again. Throws Interrupted after an interrupt of the
-    /// streams, and ProcException.
-    void open(Streams& streams, Kestra::SampleIndex first, const SoundPlanner& planner, const SoundTarget& target,
-              Decoded decoded);
-    /// Returns the medium's sound for another one; null where it is made.
-    Decoded close();
+    /// From sample `first` of the window on, borrowing `streams`; goes on with what another of the medium has left
+    /// there. Throws Interrupted after an interrupt of the streams, and ProcException.
+    void open(Streams& streams, Kestra::SampleIndex first, const SoundPlanner& planner, const SoundTarget& target);
+    /// Closes, and leaves the medium's file and decoder to another.
+    void leave();
     const MediaPool::Source& medium() const { return source; }
 
     /// How many samples can be taken at once; 0 where the sound has ended. Reads where none are at hand.
@@ -41,7 +38,10 @@ public:
     void passSilence(Kestra::SampleIndex count) { before -= count; }
 
 private:
-    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> create(const SoundTarget& target, Kestra::Ticks lasting);
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio>
+    create(const boost::intrusive_ptr<Kestra::Proc::IStreamAudio>& decoded, const SoundTarget& target) const;
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> decode(Streams& streams, const SoundTarget& target,
+                                                            Kestra::Ticks lasting) const;
     MediaPool::Source generator(const SoundTarget& target, Kestra::Ticks lasting) const;
 
     const Material shown;
@@ -49,7 +49,6 @@ private:
     const MediaPool::Source source;
     const Kestra::Proc::Pitch pitch;
 
-    Decoded decoded;
     Streams::Lease stream;
     Kestra::SampleIndex place;  ///< of the stream's next sample that is wanted
     Kestra::SampleIndex before; ///< samples of silence

@@ -5,28 +5,22 @@
 #include "Render/Scene.h"
 #include <algorithm>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace Render {
 
-/// A medium that goes on being used, elsewhere, keeps its file and its decoder: what a clip leaves behind is handed to
-/// the next one of the same medium. Opened is MaterialPictures or MaterialSound. One thread.
+/// Opened is MaterialPictures or MaterialSound. One thread.
 template <class Opened>
 class OpenMaterials {
 public:
-    using Decoded = typename Opened::Decoded;
-
-    /// Closes everything that the scene does not have. What is left behind lives until forgetLeft().
+    /// Closes everything that the scene does not have. A medium that goes on being used, elsewhere, leaves its file and
+    /// its decoder to what is opened of it next.
     void keepOnly(const Scene& scene, MediaPool& media) {
         for (std::unique_ptr<Opened>& one : open) {
             if (has(scene, [&one](const Material& material) { return material == one->material(); }))
                 continue;
-            const MediaPool::Source medium = one->medium();
-            Decoded decoded = one->close();
-            if (decoded &&
-                has(scene, [&](const Material& material) { return media.open(material.clip->media) == medium; }))
-                left.emplace_back(medium, std::move(decoded));
+            if (has(scene, [&](const Material& material) { return media.open(material.clip->media) == one->medium(); }))
+                one->leave();
             one.reset();
         }
         open.erase(std::remove(open.begin(), open.end(), nullptr), open.end());
@@ -42,23 +36,8 @@ public:
         open.push_back(std::move(one));
         return *open.back();
     }
-    /// What another clip of the medium has left behind; null where none has.
-    Decoded takeLeft(const MediaPool::Source& medium) {
-        const auto found =
-            std::find_if(left.begin(), left.end(), [&medium](const auto& entry) { return entry.first == medium; });
-        if (found == left.end())
-            return nullptr;
-        Decoded decoded = std::move(found->second);
-        left.erase(found);
-        return decoded;
-    }
-    void forgetLeft() { left.clear(); }
-
     bool isEmpty() const { return open.empty(); }
-    void clear() {
-        open.clear();
-        left.clear();
-    }
+    void clear() { open.clear(); }
     auto begin() const { return open.begin(); }
     auto end() const { return open.end(); }
 
@@ -71,7 +50,6 @@ private:
     }
 
     std::vector<std::unique_ptr<Opened>> open;
-    std::vector<std::pair<MediaPool::Source, Decoded>> left;
 };
 
 } // namespace Render

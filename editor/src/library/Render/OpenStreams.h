@@ -13,7 +13,8 @@
 
 namespace Render {
 
-/// Everything but interrupt() belongs to the reading thread, and outlives the leases.
+/// Holds every stream that is open, and alone: whoever reads one has a lease of it. Everything but interrupt() belongs
+/// to the reading thread, and outlives the leases.
 template <class I>
 class OpenStreams {
 public:
@@ -36,7 +37,13 @@ public:
         }
         ~Lease() {
             if (stream)
-                owner->close(stream);
+                owner->close(stream, nullptr);
+        }
+
+        /// Closes the stream, but keeps what it reads from for takeLeft(medium).
+        void leave(const void* medium) {
+            if (I* const last = std::exchange(stream, nullptr))
+                owner->close(last, medium);
         }
 
         explicit operator bool() const { return stream != nullptr; }
@@ -52,12 +59,13 @@ public:
     OpenStreams& operator=(const OpenStreams&) = delete;
     ~OpenStreams() { letGo(); }
 
-    /// Throws Interrupted, and takes nothing in, between an interrupt and the reset.
-    Lease open(const Pointer& stream) {
+    /// `source` is what the stream reads from, null where nobody could go on with it. Throws Interrupted, and takes
+    /// nothing in, between an interrupt and the reset.
+    Lease open(const Pointer& stream, const Pointer& source = nullptr) {
         const std::lock_guard<std::mutex> lock(mutex);
         if (interrupted)
             KESTRA_THROW(Kestra::Proc::Interrupted());
-        streams.push_back(stream);
+        streams.push_back({stream, source});
         return Lease(*this, stream.get());
     }
     /// Throws as open() does.
@@ -66,7 +74,46 @@ public:
         if (interrupted)
             KESTRA_THROW(Kestra::Proc::Interrupted());
     }
-    /// Lets all go and forgets an interrupt. Their leases may only be destroyed after it.
+    /// What a stream of that medium has left; null where none has.
+    Pointer takeLeft(const void* medium) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const auto found =
+            std::find_if(left.begin(), left.end(), [medium](const Left& entry) { return entry.medium == medium; });
+        if (found == left.end())
+            return nullptr;
+        Pointer source = std::move(found->source);
+        left.erase(found);
+        return source;
+    }
+    void forgetLeft() {
+        std::vector<Left> last;
+        const std::lock_guard<std::mutex> lock(mutex);
+        last.swap(left);
+    }
+    /// Closes all, but does not wait for ever: unlike that of the other calls, the thread may be one that nobody can do
+    /// without. Leases of them may only be destroyed after it.
+    void letGo() {
+        constexpr std::chrono::seconds patience{3}; // a thread that reads ahead has two of them
+        std::pair<std::vector<Open>, std::vector<Left>> last;
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            last.first.swap(streams);
+            last.second.swap(left);
+        }
+        if (last.first.empty() && last.second.empty())
+            return;
+        try {
+            Kestra::LeavableThread::Call(
+                "left-to-close",
+                [held = std::move(last)]() mutable {
+                    held.first.clear();
+                    held.second.clear();
+                },
+                patience);
+        } catch (const std::bad_alloc&) { // on the way there, so they were closed here
+        }
+    }
+    /// Lets all go and forgets an interrupt.
     void reset() {
         letGo();
         const std::lock_guard<std::mutex> lock(mutex);
@@ -75,42 +122,45 @@ public:
     void interrupt() {
         const std::lock_guard<std::mutex> lock(mutex);
         interrupted = true;
-        for (const Pointer& stream : streams)
-            stream->Interrupt();
+        for (const Open& entry : streams)
+            entry.stream->Interrupt();
     }
 
 private:
-    /// It ends outside the lock: it may wait for a thread.
-    void close(const I* stream) {
-        Pointer last;
-        const std::lock_guard<std::mutex> lock(mutex);
-        const auto found = std::find(streams.begin(), streams.end(), stream);
-        if (found == streams.end())
-            return;
-        last = std::move(*found);
-        streams.erase(found);
-    }
+    struct Open {
+        Pointer stream;
+        Pointer source;
+    };
+    struct Left {
+        const void* medium;
+        Pointer source;
+    };
 
-    /// As closing each, but not for ever: unlike that of the other calls, the thread may be one that nobody can do
-    /// without.
-    void letGo() {
-        constexpr std::chrono::seconds patience{3}; // a thread that reads ahead has two of them
-        std::vector<Pointer> last;
-        {
-            const std::lock_guard<std::mutex> lock(mutex);
-            last.swap(streams);
-        }
-        if (last.empty())
+    /// It ends outside the lock: it may wait for a thread.
+    void close(const I* stream, const void* medium) {
+        Open last = takeOut(stream);
+        last.stream.reset(); // before another reads from its source
+        // A thread that hung in reading ahead has been left with it.
+        const bool isFree = last.source && last.source->GetRefCount() == 1;
+        if (!isFree || !medium)
             return;
-        try {
-            Kestra::LeavableThread::Call(
-                "left-to-close", [held = std::move(last)]() mutable { held.clear(); }, patience);
-        } catch (const std::bad_alloc&) { // on the way there, so they were closed here
-        }
+        const std::lock_guard<std::mutex> lock(mutex);
+        left.push_back({medium, std::move(last.source)});
+    }
+    Open takeOut(const I* stream) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const auto found = std::find_if(streams.begin(), streams.end(),
+                                        [stream](const Open& entry) { return entry.stream == stream; });
+        if (found == streams.end())
+            return {};
+        Open last = std::move(*found);
+        streams.erase(found);
+        return last;
     }
 
     std::mutex mutex;
-    std::vector<Pointer> streams;
+    std::vector<Open> streams;
+    std::vector<Left> left;
     bool interrupted = false;
 };
 

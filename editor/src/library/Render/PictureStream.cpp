@@ -32,6 +32,10 @@ PictureStream::PictureStream(Sequence shown, const Window& window, const Conf::F
               [media = sequence.media, frame](const Timeline::Clip& clip) { return isFull(clip, *media, frame); })
     , target(targetOf(Survey::ofPictures(planner, window, *sequence.media), frame, grid)) {}
 
+PictureStream::~PictureStream() {
+    streams.letGo();
+}
+
 boost::intrusive_ptr<Proc::IDataVideo> PictureStream::ReadVideo() {
     if (nextFrame >= frames)
         return nullptr;
@@ -52,7 +56,7 @@ void PictureStream::fetch() {
     if (current() >= sceneEnd)
         enter();
     const Shown shown = compose();
-    open.forgetLeft();
+    streams.forgetLeft();
     picture = shown.frame;
     pictureEnd = std::clamp(shown.end, current() + FrameIndex(1), sceneEnd);
 }
@@ -99,7 +103,7 @@ PictureStream::Shown PictureStream::show(const Material& material, Usage usage) 
         return shown->at(current());
     auto pictures = std::make_unique<MaterialPictures>(material, usage, *sequence.media, target, grid);
     const FrameIndex end = std::min(planner.endOf(material), window.firstFrame() + frames);
-    pictures->open(streams, current(), end, open.takeLeft(pictures->medium()));
+    pictures->open(streams, current(), end);
     return open.add(std::move(pictures)).at(current());
 }
 

@@ -16,6 +16,7 @@ class PictureStream final : public Kestra::Proc::StreamBase<Kestra::Proc::IStrea
 public:
     /// The window has pictures.
     PictureStream(Sequence sequence, const Window& window, const Kestra::Conf::FrameInfo& frame);
+    ~PictureStream() override;
 
     boost::intrusive_ptr<Kestra::Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format) const override;

@@ -72,7 +72,7 @@ void PictureTarget::describe() {
     target->SetColour(coloured->colour);
     if (isHighRange(*coloured))
         describeHdr(coloured->colour.transfer);
-    offersFields = coloured->interlaced && keepsFields(*coloured);
+    offersFields = coloured->interlaced && keepsFields(*coloured) && !blends;
     setFlag(*target, Conf::IFormatCodecVideo::TAG_TOP_FIELD_FIRST, coloured->topFieldFirst);
 }
 
@@ -152,7 +152,7 @@ void PictureTarget::prefer(const Conf::IFormatCodecVideo& wanted) {
     if (!hdrOfMedia.empty() && colour.transfer == hdrOfMedia.front().first->GetInfo().video->colour.transfer)
         noteOtherHdr();
     setFlag(*target, Conf::IFormatCodecVideo::TAG_INTERLACED,
-            readFlag(wanted, Conf::IFormatCodecVideo::TAG_INTERLACED));
+            readFlag(wanted, Conf::IFormatCodecVideo::TAG_INTERLACED) && !blends);
 }
 
 } // namespace Render

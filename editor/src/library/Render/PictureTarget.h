@@ -17,7 +17,8 @@ class PictureTarget {
 public:
     using Source = boost::intrusive_ptr<Kestra::Proc::IMediaSource>;
 
-    /// Where anything `blends`, the pixel format is one that can be blended, and holds those of all media alike. Throws
+    /// Where anything `blends`, pictures are progressive, in a pixel format that can be blended and holds those of all
+    /// media alike. Throws
     /// ProcException (NotSupported) for media whose pixel format is unknown to the engine.
     PictureTarget(std::vector<Source> media, const Kestra::Conf::FrameInfo& frame,
                   const boost::rational<long long>& rate, bool blends);

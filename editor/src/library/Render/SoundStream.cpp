@@ -40,6 +40,10 @@ SoundStream::SoundStream(Sequence heard, const Window& window, const Conf::Sampl
     , planner(sequence.document, window, grid)
     , target(targetOf(Survey::ofSound(planner, samples, *sequence.media), format)) {}
 
+SoundStream::~SoundStream() {
+    streams.letGo();
+}
+
 SoundStream::Block SoundStream::ReadAudio() {
     if (nextSample >= samples)
         return nullptr;
@@ -48,7 +52,7 @@ SoundStream::Block SoundStream::ReadAudio() {
     if (scene.parts.empty())
         return placed(readSilence(left()));
     const Block block = isPlain(scene) ? readOne(scene.parts.front().material) : readMixed();
-    open.forgetLeft();
+    streams.forgetLeft();
     return placed(block);
 }
 
@@ -64,7 +68,7 @@ MaterialSound& SoundStream::sounding(const Material& material) {
     if (MaterialSound* const heard = open.find([&](const MaterialSound& one) { return one.material() == material; }))
         return *heard;
     auto sound = std::make_unique<MaterialSound>(material, *sequence.media, grid, sequence.sound.pitch);
-    sound->open(streams, nextSample, planner, target, open.takeLeft(sound->medium()));
+    sound->open(streams, nextSample, planner, target);
     return open.add(std::move(sound));
 }
 

@@ -16,6 +16,7 @@ class SoundStream final : public Kestra::Proc::StreamBase<Kestra::Proc::IStreamA
 public:
     /// `format` has a rate and a layout; an open sample format is float until a consumer prefers one.
     SoundStream(Sequence sequence, const Window& window, const Kestra::Conf::SampleInfo& format);
+    ~SoundStream() override;
 
     boost::intrusive_ptr<Kestra::Proc::IDataAudio> ReadAudio() override;
     void GetAudioFormat(boost::intrusive_ptr<Kestra::Conf::IFormatCodecAudio>& format) const override;

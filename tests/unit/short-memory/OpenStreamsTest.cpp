@@ -1,4 +1,4 @@
-#include "EditorProject/StreamSlot.h"
+#include "Render/OpenStreams.h"
 #include "unit/short-memory/ShortMemory.h"
 #include "unit/stream/FakeStream.h"
 #include <gtest/gtest.h>
@@ -20,20 +20,20 @@ private:
     bool& alive;
 };
 
-TEST(SlotWithoutMemory, LetsItsStreamGoAllTheSame) {
+TEST(OpenStreamsWithoutMemory, LetThemGoAllTheSame) {
     bool alive = false;
-    auto slot = std::make_unique<Project::StreamSlot<Kestra::Proc::IStreamVideo>>();
-    slot->put(new MortalStream(alive));
+    auto streams = std::make_unique<Render::OpenStreams<Kestra::Proc::IStreamVideo>>();
+    auto lease = streams->open(new MortalStream(alive));
     {
         const ShortMemory shortage;
-        slot->reset();
+        streams->reset();
         EXPECT_FALSE(alive);
         EXPECT_GT(shortage.refusals(), 0);
     }
-    slot->put(new MortalStream(alive));
+    lease = streams->open(new MortalStream(alive));
     {
         const ShortMemory shortage;
-        slot.reset(); // nothing may leave its destructor
+        streams->letGo(); // which its destructor does, and nothing may leave that
     }
     EXPECT_FALSE(alive);
 }

@@ -1,0 +1,104 @@
+"""Timelines for benchmarks/compare: their media, their OpenTimelineIO files and what the ffmpeg program is told instead."""
+import json
+
+RATE = 30
+MIXED = [("1920x1080", "30"), ("1280x720", "25"), ("640x360", "30000/1001"), ("1920x1080", "24"), ("720x576", "50")]
+SECONDS_EACH = 12
+HANDLE = 1  # seconds of material before and behind each clip
+CLIPS = 10000
+
+
+def time(seconds, rate=RATE):
+    return {"OTIO_SCHEMA": "RationalTime.1", "rate": rate, "value": round(seconds * rate)}
+
+
+def time_range(start, duration):
+    return {"OTIO_SCHEMA": "TimeRange.1", "start_time": time(start), "duration": time(duration)}
+
+
+def clip(media, start, duration, available):
+    return {"OTIO_SCHEMA": "Clip.1", "name": media, "source_range": time_range(start, duration),
+            "media_reference": {"OTIO_SCHEMA": "ExternalReference.1", "target_url": media,
+                                "available_range": time_range(0, available)}}
+
+
+def track(kind, children):
+    return {"OTIO_SCHEMA": "Track.1", "name": kind, "kind": kind, "children": children}
+
+
+def timeline(tracks):
+    return json.dumps({"OTIO_SCHEMA": "Timeline.1", "name": "compare", "tracks": {"OTIO_SCHEMA": "Stack.1", "children": tracks}})
+
+
+def write_clips(folder):
+    """Ten thousand clips of two frames each."""
+    children = [clip("two.mov", 0, 2 / RATE, 2 / RATE)] * CLIPS
+    (folder / "clips.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
+    (folder / "clips.txt").write_text("ffconcat version 1.0\n" + "file two.mov\n" * CLIPS)
+
+
+def write_mixed(folder):
+    """A minute of five clips of several sizes and rates; one cut is a dissolve of a second."""
+    dissolve = {"OTIO_SCHEMA": "Transition.1", "transition_type": "SMPTE_Dissolve", "in_offset": time(0.5),
+                "out_offset": time(0.5)}
+    children = [clip(f"mixed{i}.mp4", HANDLE, SECONDS_EACH, SECONDS_EACH + 2 * HANDLE) for i in range(len(MIXED))]
+    children.insert(2, dissolve)
+    (folder / "mixed.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
+
+
+def write_layers(folder):
+    """Ten seconds with a moving layer of half the size, half transparent."""
+    tracks = [track("Video", [clip("short.mp4", 0, 10, 10)]), track("Video", [clip("layer.mov", 0, 10, 10)]),
+              track("Audio", [clip("short.mp4", 0, 10, 10)])]
+    (folder / "layers.otio").write_text(timeline(tracks))
+
+
+def mixed_graph():
+    parts, pictures, sound = [], [], []
+    for i in range(len(MIXED)):
+        start, end = HANDLE, HANDLE + SECONDS_EACH
+        start, end = (start, end + 0.5) if i == 1 else (start - 0.5, end) if i == 2 else (start, end)
+        parts.append(f"[{i}:v]trim={start}:{end},setpts=PTS-STARTPTS,fps={RATE},scale=1920:1080:force_original_aspect_ratio="
+                     f"decrease:flags=bicubic,pad=1920:1080:-1:-1,setsar=1,settb=1/{RATE}[v{i}]")
+        parts.append(f"[{i}:a]atrim={start}:{end},asetpts=PTS-STARTPTS[a{i}]")
+        pictures.append(f"[v{i}]")
+        sound.append(f"[a{i}]")
+    parts.append(f"[v1][v2]xfade=duration=1:offset={SECONDS_EACH - 0.5},settb=1/{RATE}[vx]")
+    parts.append("[a1][a2]acrossfade=d=1:c1=qsin:c2=qsin[ax]")
+    joined = "[v0][a0][vx][ax][v3][a3][v4][a4]concat=n=4:v=1:a=1[v][a]"
+    return ";".join([*parts, joined])
+
+
+def media():
+    """By name: what ffmpeg is told to make it."""
+    quick = ["-c:v", "libx264", "-preset", "veryfast", "-crf", "18", "-pix_fmt", "yuv420p", "-c:a", "aac", "-ac", "2"]
+    wanted = {"two.mov": ["-f", "lavfi", "-t", str(2 / RATE), "-i", f"testsrc2=size=160x120:rate={RATE}", "-f", "lavfi", "-t", str(2 / RATE), "-i",
+                          "sine=frequency=440:sample_rate=48000:samples_per_frame=800", "-c:v", "libx264",
+                          "-pix_fmt", "yuv420p", "-c:a", "pcm_s16le", "-ac", "2"],
+              "layer.mov": ["-f", "lavfi", "-i", f"testsrc2=size=960x540:rate={RATE},format=rgba,colorchannelmixer=aa=0.5",
+                            "-t", "10", "-c:v", "qtrle"]}
+    for i, (size, rate) in enumerate(MIXED):
+        wanted[f"mixed{i}.mp4"] = ["-f", "lavfi", "-i", f"testsrc2=size={size}:rate={rate}", "-f", "lavfi", "-i",
+                                   f"sine=frequency={300 + 100 * i}:sample_rate=48000", "-t",
+                                   str(SECONDS_EACH + 2 * HANDLE), *quick]
+    return wanted
+
+
+def write(folder):
+    write_clips(folder)
+    write_mixed(folder)
+    write_layers(folder)
+
+
+def inputs(folder, name):
+    """ffmpeg's, up to the encoder's options."""
+    if name == "clips":
+        return ["-f", "concat", "-safe", "0", "-i", str(folder / "clips.txt")]
+    if name == "layers":
+        return ["-i", str(folder / "short.mp4"), "-i", str(folder / "layer.mov"), "-filter_complex",
+                "[1:v]scale=1920:1080:flags=bicubic,format=yuva420p[o];[0:v][o]overlay[v]", "-map", "[v]", "-map", "0:a", "-t",
+                "10"]
+    arguments = []
+    for i in range(len(MIXED)):
+        arguments += ["-i", str(folder / f"mixed{i}.mp4")]
+    return [*arguments, "-filter_complex", mixed_graph(), "-map", "[v]", "-map", "[a]"]
