@@ -144,8 +144,12 @@ std::vector<Finding> TimelineMedia::check(const Timeline::Document& document) {
 void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place, std::vector<Finding>& findings) {
     const std::string inside = place.empty() ? std::string() : place + ", ";
     for (const Track& track : stack.tracks()) {
+        if (!track.isEnabled())
+            continue;
         const std::string trackPlace = inside + labelled("track", track.name());
         for (const Timeline::Item& item : track.items()) {
+            if (!item.enabled)
+                continue;
             if (const auto* nested = std::get_if<Timeline::Nested>(&item.content))
                 check(*nested->stack, trackPlace + ", " + labelled("stack", item.name), findings);
             const auto* const clip = std::get_if<Timeline::Clip>(&item.content);

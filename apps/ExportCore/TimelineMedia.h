@@ -23,7 +23,8 @@ public:
     std::optional<Kestra::Ticks> lengthOf(const Timeline::MediaReference& media, Timeline::Track::Kind kind);
 
     /// What is wrong with the media of the document: files that cannot be opened, or lack what their track wants, parts
-    /// of them that do not exist, pictures of sequences that are not there. Each sentence once for each clip.
+    /// of them that do not exist, pictures of sequences that are not there. Each sentence once for each clip that is
+    /// switched on.
     std::vector<Timeline::Finding> check(const Timeline::Document& document);
 
     /// Why a medium cannot be opened; empty for one that can.

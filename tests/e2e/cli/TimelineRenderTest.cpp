@@ -287,6 +287,18 @@ TEST_F(RenderedTimelines, AreRefusedWhereMediaAreMissing) {
     EXPECT_TRUE(render(cut, {"--missing", "black"}).errors.contains(QStringLiteral("warning: ")));
 }
 
+TEST_F(RenderedTimelines, AskForNoMediaOfWhatIsSwitchedOff) {
+    std::ofstream(*media / "text.mov") << "no media at all";
+    const std::string off = R"(,"enabled":false)";
+    const std::string cut = write(clipOf("a", "both.mov", 2, 5) + ',' + clipOf("gone", "gone.mov", 0, 5, off) + ',' +
+                                      clipOf("broken", "text.mov", 0, 5, off),
+                                  {});
+    std::vector<int> expected = shown(2, 5);
+    append(expected, std::vector<int>(10, -1));
+    EXPECT_EQ(rendered(cut).numbers(), expected);
+    EXPECT_TRUE(render(cut).errors.contains(QStringLiteral("warning: "))) << "that one is not there is told";
+}
+
 TEST_F(RenderedTimelines, ShowBlackInPlaceOfMediaThatCannotBeOpened) {
     std::ofstream(*media / "text.mov") << "no media at all";
     const std::string cut = write(clipOf("a", "both.mov", 2, 5) + ',' + clipOf("broken", "text.mov", 0, 5), {});

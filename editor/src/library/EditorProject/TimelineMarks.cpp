@@ -1,5 +1,6 @@
 #include "EditorProject/TimelineMarks.h"
 
+#include "Timeline/ClipVisit.h"
 #include "Types/Time.h"
 
 namespace Project {
@@ -12,27 +13,20 @@ TimelineMarks::~TimelineMarks() {
 
 void TimelineMarks::show(const Timeline::Document& document) {
     removeAll();
-    own(document.tracks->markers());
-    for (const Timeline::Track& track : document.tracks->tracks()) {
-        own(track.markers());
-        for (const Timeline::Item& item : track.items())
-            own(item.markers);
-    }
+    Timeline::visitMarkers(*document.tracks, [this](const Timeline::Marker& mark) { own(mark); });
 }
 
-void TimelineMarks::own(const std::vector<Timeline::Marker>& marks) {
-    for (const Timeline::Marker& mark : marks) {
-        Composition::Marker& marker = ownMarkers.emplace_back();
-        marker.time = Types::fromAvTime(mark.range.start.Value());
-        marker.name = QString::fromStdString(mark.name);
-        markerOwn(&marker);
-        if (mark.range.duration == Ticks(0))
-            continue;
-        Composition::Range& range = ownRanges.emplace_back();
-        range.range = {marker.time, Types::fromAvTime(mark.range.end().Value())};
-        range.name = marker.name;
-        rangeOwn(&range);
-    }
+void TimelineMarks::own(const Timeline::Marker& mark) {
+    Composition::Marker& marker = ownMarkers.emplace_back();
+    marker.time = Types::fromAvTime(mark.range.start.Value());
+    marker.name = QString::fromStdString(mark.name);
+    markerOwn(&marker);
+    if (mark.range.duration == Ticks(0))
+        return;
+    Composition::Range& range = ownRanges.emplace_back();
+    range.range = {marker.time, Types::fromAvTime(mark.range.end().Value())};
+    range.name = marker.name;
+    rangeOwn(&range);
 }
 
 void TimelineMarks::removeAll() {

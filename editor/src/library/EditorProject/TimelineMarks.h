@@ -19,7 +19,7 @@ public:
     void show(const Timeline::Document& document);
 
 private:
-    void own(const std::vector<Timeline::Marker>& marks);
+    void own(const Timeline::Marker& mark);
     void removeAll();
 
     std::list<Composition::Marker> ownMarkers;

@@ -6,6 +6,7 @@
 
 namespace Render {
 
+using Kestra::MulDivRound;
 using Kestra::Ticks;
 using Kestra::TimeMap;
 using Timeline::Transition;
@@ -99,11 +100,13 @@ PlacedTrack::Standing PlacedTrack::at(Ticks moment) const {
 
 Fade PlacedTrack::fadeOf(const Transition& transition) const {
     const Ticks cut = edge(transition.at);
-    const auto lasting = [this](Ticks time) { return map.FromSource(time) - map.FromSource(Ticks(0)); };
-    Fade fade{cut - lasting(transition.before), cut + lasting(transition.behind)};
-    if (isBackwards())
-        std::swap(fade.begin, fade.end);
-    return fade;
+    const long long speed = map.speed.numerator(); // not 0: a frozen track shows no transition
+    const auto lasting = [&](Ticks time) {
+        return MulDivRound(time.Value(), map.speed.denominator(), std::abs(speed));
+    };
+    const Ticks first = isBackwards() ? transition.behind : transition.before;
+    const Ticks second = isBackwards() ? transition.before : transition.behind;
+    return {SaturatedSum(cut, Ticks(-lasting(first))), SaturatedSum(cut, Ticks(lasting(second)))};
 }
 
 Ticks PlacedTrack::endOf(std::size_t item) const {

@@ -1,5 +1,6 @@
 #include "Render/Programme.h"
 
+#include "Timeline/ClipVisit.h"
 #include <algorithm>
 #include <vector>
 
@@ -13,16 +14,7 @@ namespace {
 
 std::vector<const Marker*> markersOf(const Timeline::Stack& stack) {
     std::vector<const Marker*> all;
-    const auto add = [&all](const std::vector<Marker>& markers) {
-        for (const Marker& marker : markers)
-            all.push_back(&marker);
-    };
-    add(stack.markers());
-    for (const Timeline::Track& track : stack.tracks()) {
-        add(track.markers());
-        for (const Timeline::Item& item : track.items())
-            add(item.markers);
-    }
+    Timeline::visitMarkers(stack, [&all](const Marker& marker) { all.push_back(&marker); });
     std::stable_sort(all.begin(), all.end(),
                      [](const Marker* a, const Marker* b) { return a->range.start < b->range.start; });
     return all;

@@ -14,10 +14,10 @@ const std::vector<std::string> TAGS_OF_MOV{"album", "artist",   "comment", "copy
 const std::vector<std::string> TAGS_OF_WAV{"album", "artist", "comment",  "copyright",
                                            "date",  "genre",  "language", "track"};
 
-} // namespace
+using Family = Container::Family;
 
-const std::vector<Container>& Container::All() {
-    static const std::vector<Container> table{
+std::vector<Container> OfPictures() {
+    return {
         {"mp4",
          "mp4",
          Family::Mov,
@@ -62,6 +62,11 @@ const std::vector<Container>& Container::All() {
          {"mkv"},
          {"mka"},
          {}},
+    };
+}
+
+std::vector<Container> OfSoundAlone() {
+    return {
         {"m4a", "ipod", Family::Mov, true, false, true, {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}, TAGS_OF_MP4},
         {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}, {}},
         {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}},
@@ -76,6 +81,17 @@ const std::vector<Container>& Container::All() {
          {},
          TAGS_OF_WAV},
     };
+}
+
+} // namespace
+
+const std::vector<Container>& Container::All() {
+    static const std::vector<Container> table = [] {
+        std::vector<Container> all = OfPictures();
+        const std::vector<Container> sound = OfSoundAlone();
+        all.insert(all.end(), sound.begin(), sound.end());
+        return all;
+    }();
     return table;
 }
 

@@ -11,7 +11,19 @@ OtioContext::Within::~Within() {
     context.path.pop_back();
 }
 
+OtioContext::Unseen::Unseen(OtioContext& context, bool enabled)
+    : context(context)
+    , before(context.isUnseen) {
+    context.isUnseen = before || !enabled;
+}
+
+OtioContext::Unseen::~Unseen() {
+    context.isUnseen = before;
+}
+
 void OtioContext::tell(Finding::Kind kind, const OtioNode& node, const std::string& text) {
+    if (isUnseen && kind == Finding::Kind::MissingMedia)
+        kind = Finding::Kind::Warning;
     if (findings.size() >= MOST_FINDINGS) {
         ++untold;
         untoldErrors = untoldErrors || kind != Finding::Kind::Warning;

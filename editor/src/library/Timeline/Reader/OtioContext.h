@@ -28,6 +28,19 @@ public:
         OtioContext& context;
     };
 
+    /// While it lives, media that are missing are worth a warning only: nobody sees or hears what is switched off.
+    class Unseen {
+    public:
+        Unseen(OtioContext& context, bool enabled);
+        ~Unseen();
+        Unseen(const Unseen&) = delete;
+        Unseen& operator=(const Unseen&) = delete;
+
+    private:
+        OtioContext& context;
+        const bool before;
+    };
+
     explicit OtioContext(const ReadingOptions& options)
         : options(options) {}
 
@@ -43,6 +56,7 @@ public:
 
 private:
     std::vector<std::string> path;
+    bool isUnseen = false;
     std::vector<Finding> findings;
     std::size_t untold = 0;
     bool untoldErrors = false;

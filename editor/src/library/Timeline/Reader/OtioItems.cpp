@@ -103,6 +103,7 @@ std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
 }
 
 Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind) {
+    const OtioContext::Unseen unseen(context, node.flag("enabled", true));
     const OtioNode children = node["children"];
     std::vector<Item> items;
     std::vector<PlacedTransition> transitions;
@@ -159,6 +160,7 @@ std::optional<Item> OtioItems::readGap(const OtioNode& node) {
 }
 
 std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) {
+    const OtioContext::Unseen unseen(context, node.flag("enabled", true));
     const OtioContext::Within within(context, "clip", node.text("name"));
     checkVersion(context, node);
     Clip clip;
@@ -207,6 +209,7 @@ void OtioItems::tellWhatIsBeyond(const OtioNode& node, const Clip& clip, Ticks d
 }
 
 std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind) {
+    const OtioContext::Unseen unseen(context, node.flag("enabled", true));
     std::shared_ptr<const Stack> stack;
     if (kindOf(node) == OtioKind::Stack) {
         stack = readStack(node);
