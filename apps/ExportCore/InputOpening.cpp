@@ -81,9 +81,8 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
     const TimelineOpening timeline = TimelineOpening::read(path, request.timelines, request.mediaLimits, &interrupted);
     if (!timeline.isFit())
         KESTRA_THROW(Refusal(refusalOf(path, timeline)));
+    RequestCheck::outputIsNoneOf(timeline.reading.named, request);
     opened.sequence = timeline.sequence(&interrupted);
-    for (const auto& source : opened.sequence.media->sources())
-        RequestCheck::outputIsNo(source->GetPath(), request);
     for (const Timeline::Finding& finding : timeline.reading.findings)
         opened.warnings.push_back('"' + path + "\": " + finding.inWords());
 }

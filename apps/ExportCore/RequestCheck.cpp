@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <set>
@@ -24,6 +25,7 @@
 namespace ExportCore {
 namespace {
 
+namespace fs = std::filesystem;
 using Kestra::ClientAPI::ContainerLimits;
 
 [[noreturn]] void refuse(const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
@@ -39,6 +41,27 @@ std::optional<struct stat> stateOf(const QByteArray& path) {
     if (::stat(path.constData(), &state) != 0)
         return std::nullopt;
     return state;
+}
+
+bool isSame(const QByteArray& path, const struct stat& other) {
+    const auto state = stateOf(path);
+    return state && state->st_dev == other.st_dev && state->st_ino == other.st_ino;
+}
+
+/// Whether such a file is the medium, or one of the pictures that it consists of.
+bool isOf(const Timeline::MediaTarget& medium, const struct stat& file) {
+    if (const auto* single = std::get_if<Timeline::MediaFile>(&medium))
+        return isSame(QByteArray::fromStdString(single->path.ToUtf8()), file);
+    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&medium);
+    if (!sequence)
+        return false;
+    std::error_code error;
+    for (fs::directory_iterator entry(sequence->folder.ToUtf8(), error), none; !error && entry != none;
+         entry.increment(error))
+        if (sequence->isName(entry->path().filename().string()) &&
+            isSame(QByteArray::fromStdString(entry->path().string()), file))
+            return true;
+    return false;
 }
 
 bool allows(const QByteArray& path, int mode) {
@@ -177,13 +200,9 @@ bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
     const auto state = stateOf(path);
     if (!state)
         return false;
-    const auto isSame = [&state](const QByteArray& input) {
-        const auto source = stateOf(input);
-        return source && source->st_dev == state->st_dev && source->st_ino == state->st_ino;
-    };
-    return std::any_of(inputs.begin(), inputs.end(), [&isSame](const QString& input) {
+    return std::any_of(inputs.begin(), inputs.end(), [&state](const QString& input) {
         // A timeline may be a folder, which is read by way of a file in it.
-        return isSame(input.toUtf8()) || isSame(input.toUtf8() + "/content.otio");
+        return isSame(input.toUtf8(), *state) || isSame(input.toUtf8() + "/content.otio", *state);
     });
 }
 
@@ -217,9 +236,11 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     return target;
 }
 
-void RequestCheck::outputIsNo(const Kestra::ioPath& medium, const ExportRequest& request) {
+void RequestCheck::outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request) {
     const QByteArray output = request.outputPath.toUtf8();
-    if (isInput(output, {QString::fromStdString(medium.ToUtf8())}))
+    const auto state = stateOf(output);
+    const auto isThere = [&state](const Timeline::MediaTarget& medium) { return isOf(medium, *state); };
+    if (state && std::any_of(media.begin(), media.end(), isThere))
         refuse("Cannot write " + quoted(output) + ": it is one of the timeline's media");
 }
 

@@ -5,6 +5,8 @@
 #include "ExportCore/OutputTarget.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCoreExport.h"
+#include "Timeline/MediaReference.h"
+#include <vector>
 
 class Preset;
 
@@ -17,8 +19,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
     static void inputs(const QStringList& inputs);
     /// Not one of the inputs (through links neither), not standard output, and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
-    /// The output is not that medium of a timeline, through links neither.
-    static void outputIsNo(const Kestra::ioPath& medium, const ExportRequest& request);
+    /// The output is none of those files of a timeline, and no picture of those sequences, through links neither.
+    static void outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request);
     /// The output's name promises no other kind of file than the preset writes. A name without extension, or with one
     /// that stands for nothing, promises none.
     static void outputName(const ExportRequest& request, const Preset& preset);

@@ -38,6 +38,8 @@ struct EDITORTIMELINE_EXPORT ImageSequence {
 
     /// The name of the file with picture `index`, counted from 0.
     std::string nameOf(std::int64_t index) const;
+    /// Whether a file of that name would be one of such pictures, whatever its number.
+    bool isName(const std::string& file) const;
 };
 
 /// Picture or sound that is made, not read.

@@ -24,6 +24,9 @@ struct ReadingOptions {
 struct EDITORTIMELINE_EXPORT Reading {
     std::shared_ptr<const Document> document; ///< null where the errors leave nothing of it
     std::vector<Finding> findings;            ///< in the order of the file
+    /// Every file and every sequence of pictures that it names and that is there, shown or not: nothing to write over.
+    /// Of sequences only the folder and the names of the files are told.
+    std::vector<MediaTarget> named{};
 
     /// Whether something stands in the way of rendering it.
     bool has(Finding::Kind kind) const;

@@ -1,6 +1,7 @@
 #include "Timeline/Reader/OtioReader.h"
 
 #include "Timeline/Reader/OtioItems.h"
+#include "Timeline/Reader/OtioNames.h"
 #include "Timeline/Reader/OtioSchema.h"
 #include "Timeline/Reader/OtioText.h"
 #include "Timeline/Reader/OtioTime.h"
@@ -94,23 +95,23 @@ std::shared_ptr<const Document> readTimeline(OtioContext& context, const OtioNod
     return document;
 }
 
-std::shared_ptr<const Document> readFrom(OtioContext& context, const std::string& path) {
+void readFrom(OtioContext& context, const std::string& path, Reading& reading) {
     const auto json = parseFile(context, path);
     if (!json)
-        return nullptr;
+        return;
     std::error_code error;
     const std::string folder = fs::absolute(path, error).parent_path().string();
-    if (error) {
-        context.error(OtioNode(*json), "the folder that it stands in cannot be told: " + error.message());
-        return nullptr;
-    }
-    const OtioMedia media(context, {folder, context.options.mediaRoot.ToUtf8()});
+    if (error)
+        return context.error(OtioNode(*json), "the folder that it stands in cannot be told: " + error.message());
+    const MediaLocator locator(folder, context.options.mediaRoot.ToUtf8());
+    const OtioMedia media(context, locator);
     OtioItems items(context, media);
-    auto document = readTimeline(context, OtioNode(*json), items);
-    if (!document || document->duration() > Kestra::Ticks(0))
-        return document;
+    reading.document = readTimeline(context, OtioNode(*json), items);
+    reading.named = mediaNamedIn(OtioNode(*json), locator);
+    if (!reading.document || reading.document->duration() > Kestra::Ticks(0))
+        return;
     context.error(OtioNode(*json), "there is nothing on the timeline");
-    return nullptr;
+    reading.document = nullptr;
 }
 
 } // namespace
@@ -129,7 +130,7 @@ Reading OtioReader::read(const Kestra::ioPath& file, const ReadingOptions& optio
     if (fs::is_directory(path, error))
         path = (fs::path(path) / CONTENT).string();
     Reading reading;
-    reading.document = readFrom(context, path);
+    readFrom(context, path, reading);
     reading.findings = context.take();
     return reading;
 }
