@@ -25,23 +25,30 @@ FF::FrameHandle half(AVPixelFormat format) {
     const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
     const bool rgb = (descriptor.flags & AV_PIX_FMT_FLAG_RGB) != 0;
     picture->sample_aspect_ratio = {1, 1};
-    picture->color_range = rgb ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    const bool full = rgb || descriptor.nb_components == 2; // grey with alpha is always so
+    picture->color_range = full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     picture->colorspace = rgb ? AVCOL_SPC_RGB : AVCOL_SPC_BT709;
     const int depth = descriptor.comp[0].depth;
-    for (int component = 0; component < 4; ++component) {
+    const int alpha = descriptor.nb_components - 1;
+    for (int component = 0; component <= alpha; ++component) {
         const AVComponentDescriptor& one = descriptor.comp[component];
-        const bool chroma = !rgb && (component == 1 || component == 2);
+        const bool chroma = !rgb && component != 0 && component != alpha;
         const int shiftX = chroma ? descriptor.log2_chroma_w : 0;
         const int shiftY = chroma ? descriptor.log2_chroma_h : 0;
-        const int white = rgb || component == 3 ? (1 << depth) - 1 : (chroma ? 128 : 235) << (depth - 8);
-        const int unseen = component == 3 ? 0 : (chroma ? 40 : 16) << (depth - 8);
+        const std::int64_t highest = (std::int64_t{1} << depth) - 1;
+        const std::int64_t white = full || component == alpha ? highest : (chroma ? 128LL : 235LL) << (depth - 8);
+        const std::int64_t unseen = component == alpha ? 0 : (chroma ? 40LL : 16LL) << (depth - 8);
         for (int y = 0; y < AV_CEIL_RSHIFT(HEIGHT, shiftY); ++y)
             for (int x = 0; x < AV_CEIL_RSHIFT(WIDTH, shiftX); ++x) {
                 std::uint8_t* const sample =
                     picture->data[one.plane] + y * picture->linesize[one.plane] + x * one.step + one.offset;
-                const int value = (x << shiftX) < EDGE ? white : unseen;
-                if (depth > 8)
-                    *reinterpret_cast<std::uint16_t*>(sample) = static_cast<std::uint16_t>(value);
+                const std::int64_t value = (x << shiftX) < EDGE ? white : unseen;
+                const auto word = static_cast<std::uint16_t>(value);
+                if (depth > 16)
+                    *reinterpret_cast<float*>(sample) = static_cast<float>(value) / static_cast<float>(highest);
+                else if (depth > 8)
+                    *reinterpret_cast<std::uint16_t*>(sample) =
+                        (descriptor.flags & AV_PIX_FMT_FLAG_BE) != 0 ? __builtin_bswap16(word) : word;
                 else
                     *sample = static_cast<std::uint8_t>(value);
             }
@@ -53,7 +60,7 @@ FF::FrameHandle converted(const AVFrame& picture, AVPixelFormat format, int widt
     FF::FrameTarget target;
     target.width = target.place.width = width;
     target.height = target.place.height = HEIGHT;
-    target.source = {0, 0, WIDTH, HEIGHT};
+    target.source = {0, 0, picture.width, HEIGHT};
     target.format = format;
     target.colour.matrix = AVCOL_SPC_BT709;
     target.colour.range = AVCOL_RANGE_MPEG;
@@ -103,13 +110,25 @@ double stain(const AVFrame& layer, AVPixelFormat opaque) {
 } // namespace
 
 TEST(AlphaEdges, KeepTheColourOfWhatIsSeenWhenScaled) {
-    for (const AVPixelFormat source : {AV_PIX_FMT_BGRA, AV_PIX_FMT_YUVA420P, AV_PIX_FMT_YUVA444P10, AV_PIX_FMT_GBRAP})
+    for (const AVPixelFormat source : {AV_PIX_FMT_BGRA, AV_PIX_FMT_YUVA420P, AV_PIX_FMT_YUVA444P10, AV_PIX_FMT_GBRAP,
+                                       AV_PIX_FMT_RGBA64LE, AV_PIX_FMT_RGBA64BE, AV_PIX_FMT_YA8, AV_PIX_FMT_YA16LE,
+                                       AV_PIX_FMT_YA16BE, AV_PIX_FMT_GBRAPF32LE, AV_PIX_FMT_GBRAPF32BE})
         for (const int width : {48, 80, 144})
             for (const AVPixelFormat made : {AV_PIX_FMT_YUVA420P, AV_PIX_FMT_YUVA420P10}) {
                 const FF::FrameHandle layer = converted(*half(source), made, width);
                 EXPECT_LE(stain(*layer, made == AV_PIX_FMT_YUVA420P ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV420P10), 3)
                     << av_get_pix_fmt_name(source) << " " << av_get_pix_fmt_name(made) << " " << width;
             }
+}
+
+TEST(AlphaEdges, KeepItInTheFormatThatTheyHave) {
+    for (const AVPixelFormat format : {AV_PIX_FMT_RGBA64LE, AV_PIX_FMT_RGBA64BE, AV_PIX_FMT_YA8, AV_PIX_FMT_YA16BE,
+                                       AV_PIX_FMT_GBRAPF32LE, AV_PIX_FMT_GBRAPF32BE}) {
+        const FF::FrameHandle layer = converted(*half(format), format, 48);
+        EXPECT_EQ(layer->format, format);
+        EXPECT_LE(stain(*converted(*layer, AV_PIX_FMT_YUVA420P, 48), AV_PIX_FMT_YUV420P), 3)
+            << av_get_pix_fmt_name(format);
+    }
 }
 
 TEST(AlphaEdges, KeepItWherePixelsComeToShareTheirChroma) {

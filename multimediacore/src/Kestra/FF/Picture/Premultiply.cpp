@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Picture/AlphaBlend.h"
 #include "Kestra/FF/Picture/BlendRows.h"
+#include "Kestra/FF/Picture/SampleWeights.h"
 #include <algorithm>
 #include <climits>
 
@@ -139,7 +140,7 @@ void UnpremultiplyPlanes(AVFrame& frame) {
 } // namespace
 
 bool CanPremultiply(AVPixelFormat format) noexcept {
-    return IsPacked(format) || CanBlend(format);
+    return CanBlend(format) || HasSampleWeights(format);
 }
 
 bool NeedsPremultiplying(const AVFrame& frame) noexcept {
@@ -147,6 +148,8 @@ bool NeedsPremultiplying(const AVFrame& frame) noexcept {
         return false;
     if (IsPacked(frame.format))
         return IsSeenThrough(frame);
+    if (!CanBlend(static_cast<AVPixelFormat>(frame.format)))
+        return IsAnySeenThrough(frame);
     return IsDeep(frame) ? ArePlanesSeenThrough<std::uint16_t>(frame) : ArePlanesSeenThrough<std::uint8_t>(frame);
 }
 
@@ -155,6 +158,11 @@ FrameHandle Premultiplied(const AVFrame& frame, FramePool& pool) {
     Check(av_frame_copy_props(result.get(), &frame), Proc::TranscodingError::FilterFailed, "properties of a picture");
     if (IsPacked(frame.format)) {
         PremultiplyPixels(frame, *result);
+        return result;
+    }
+    if (!CanBlend(static_cast<AVPixelFormat>(frame.format))) {
+        Check(av_frame_copy(result.get(), &frame), Proc::TranscodingError::FilterFailed, "a copy of a picture");
+        WeightSamples(*result);
         return result;
     }
     BlendPlanesOverBlack(frame, *result);
@@ -167,6 +175,8 @@ FrameHandle Premultiplied(const AVFrame& frame, FramePool& pool) {
 void Unpremultiply(AVFrame& frame) {
     if (IsPacked(frame.format))
         UnpremultiplyPixels(frame);
+    else if (!CanBlend(static_cast<AVPixelFormat>(frame.format)))
+        UnweightSamples(frame);
     else if (IsDeep(frame))
         UnpremultiplyPlanes<std::uint16_t>(frame);
     else

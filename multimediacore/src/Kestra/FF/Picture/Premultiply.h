@@ -5,7 +5,8 @@
 
 namespace Kestra::FF {
 
-/// Whether frames of that format are weighted here: packed RGB of 8 bits, and planes of whole numbers.
+/// Whether frames of that format are weighted here: planes of whole numbers in the order of this machine, and what
+/// HasSampleWeights().
 bool CanPremultiply(AVPixelFormat format) noexcept;
 /// Whether `frame` is of such a format and shows something through. Where several pixels become one with straight
 /// alpha, the colour that transparent ones happen to have is mixed into the edges of the others.
