@@ -1,7 +1,13 @@
 // Timelines packed with their media: what is unpacked, for how long, and what is not to be trusted.
 #include "OtioFixture.h"
+#include "Timeline/Reader/PrivateFolder.h"
 #include "Timeline/Reader/ZipArchive.h"
+#include <algorithm>
+#include <array>
+#include <csignal>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <zip.h>
 
 namespace Timeline::Tests {
@@ -210,6 +216,53 @@ TEST_F(OtioZip, ThatIsDamagedIsToldByTheEntry) {
     put("cut.otioz", whole.substr(0, whole.size() / 2));
     EXPECT_NE(inWords(readZip(path)).find("it is no zip archive, or a damaged one"), std::string::npos);
     EXPECT_EQ(leftBehind(), 0U);
+}
+
+TEST_F(OtioZip, TellsWhatIsDamagedOnceHoweverOftenItIsShown) {
+    const std::string path = pack({cut({"media/b.mov", "media/b.mov"}), {"media/b.mov", "bytes of the medium b"}});
+    std::string changed = contentOf(path);
+    put("cut.otioz", changed.replace(changed.find("medium b"), 8, "medium x"));
+    const Reading reading = readZip(path);
+    EXPECT_EQ(reading.findings.size(), 1U) << inWords(reading);
+    for (const std::size_t clip : {0, 1})
+        EXPECT_TRUE(std::holds_alternative<MissingMedia>(clipAt(firstTrack(reading), clip).media.target))
+            << "nobody is to look for what is known to be damaged";
+}
+
+/// A folder of a process that was killed.
+std::string leftFolder() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::pipe(ends.data()), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const PrivateFolder folder;
+        std::ofstream(folder.path() + "/medium") << "bytes";
+        static_cast<void>(::write(ends[1], folder.path().data(), folder.path().size()));
+        ::raise(SIGKILL);
+    }
+    ::close(ends[1]);
+    EXPECT_EQ(::waitpid(child, nullptr, 0), child);
+    std::string path(4096, '\0');
+    path.resize(static_cast<std::size_t>(std::max<ssize_t>(0, ::read(ends[0], path.data(), path.size()))));
+    ::close(ends[0]);
+    return path;
+}
+
+TEST_F(OtioZip, LeavesNothingOfProcessesThatWereKilled) {
+    const PrivateFolder alive;
+    const std::string left = leftFolder();
+    ASSERT_TRUE(fs::exists(left + "/medium"));
+    const fs::path tmp = folder / "tmp";
+    const fs::path copied = tmp / "editor-export-timeline-copied", named = tmp / "editor-export-timeline-backup";
+    fs::copy(left, copied, fs::copy_options::recursive);
+    fs::create_directory(named);
+    std::ofstream(named / "own") << "work of the user";
+    fs::create_directory_symlink(left, tmp / "editor-export-timeline-linked");
+    const PrivateFolder next;
+    EXPECT_FALSE(fs::exists(left));
+    for (const fs::path& kept : {fs::path(alive.path()), copied / "medium", named / "own"})
+        EXPECT_TRUE(fs::exists(kept)) << kept;
+    EXPECT_TRUE(fs::is_symlink(tmp / "editor-export-timeline-linked"));
 }
 
 TEST(ZipEntry, IsHeldAgainstTheFreeSpace) {

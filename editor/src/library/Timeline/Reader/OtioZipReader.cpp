@@ -1,5 +1,6 @@
 #include "Timeline/Reader/OtioZipReader.h"
 
+#include "Timeline/DocumentEdit.h"
 #include "Timeline/Reader/OtioReader.h"
 #include "Timeline/Reader/ZipMedia.h"
 #include <algorithm>
@@ -58,8 +59,10 @@ Reading readWith(ZipMedia& media, const ReadingOptions& options) {
         return {nullptr, media.takeFindings()};
     Reading reading = OtioReader().read(Kestra::ioPath(*content), withMedia(options, media));
     if (reading.document) {
-        media.unpack(*reading.document->tracks);
-        auto kept = std::make_shared<Document>(*reading.document);
+        // What cannot be unpacked is told as an entry of the archive, and not as a medium once more.
+        auto kept = std::make_shared<Document>(*withMissing(*reading.document, [&media](const MediaReference& one) {
+            return media.unpack(one) ? std::string() : "cannot be unpacked";
+        }));
         kept->resources = media.folder();
         reading.document = std::move(kept);
     }

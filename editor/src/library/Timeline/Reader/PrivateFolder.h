@@ -6,7 +6,8 @@
 namespace Timeline {
 
 /// Below the system's folder for temporary files, for this user alone (0700). Removed with all that is in it; what
-/// cannot be removed stays, silently.
+/// cannot be removed stays, silently. What processes that were killed have left of the same user is removed when the
+/// next one is made.
 class PrivateFolder {
 public:
     /// Throws std::system_error.
@@ -20,6 +21,7 @@ public:
 
 private:
     std::string folder;
+    int mark = -1; ///< a file in it that is locked as long as this lives
 };
 
 } // namespace Timeline

@@ -89,36 +89,28 @@ std::optional<std::string> ZipMedia::fileOf(const std::string& entry) {
     return found->second.unpacked ? std::optional(found->second.path) : std::nullopt;
 }
 
-void ZipMedia::unpack(const MediaReference& media) {
+bool ZipMedia::unpack(const MediaReference& media) {
+    if (const auto* sequence = std::get_if<ImageSequence>(&media.target))
+        return unpackSequence(*sequence);
+    const auto* const file = std::get_if<MediaFile>(&media.target);
     const std::string inside = place->path() + '/';
-    if (const auto* file = std::get_if<MediaFile>(&media.target)) {
-        const std::string path = fs::path(file->path.ToUtf8()).lexically_normal().string();
-        if (startsWith(path, inside))
-            fileOf(path.substr(inside.size()));
-    } else if (const auto* sequence = std::get_if<ImageSequence>(&media.target)) {
-        unpackSequence(*sequence);
-    }
+    const std::string path = file ? fs::path(file->path.ToUtf8()).lexically_normal().string() : std::string();
+    return !startsWith(path, inside) || fileOf(path.substr(inside.size())).has_value();
 }
 
 // Which of the pictures will be asked for, the track decides.
-void ZipMedia::unpackSequence(const ImageSequence& sequence) {
+bool ZipMedia::unpackSequence(const ImageSequence& sequence) {
     const std::string folder = (fs::path(sequence.folder.ToUtf8()).lexically_normal() / "").string();
     const std::string inside = place->path() + '/';
     if (!startsWith(folder, inside))
-        return;
+        return true;
+    bool whole = true;
     const std::string start = folder.substr(inside.size()) + sequence.prefix;
-    for (auto file = files.lower_bound(start); file != files.end() && startsWith(file->first, start); ++file)
+    for (auto file = files.lower_bound(start); file != files.end() && startsWith(file->first, start); ++file) {
         unpack(file->second);
-}
-
-void ZipMedia::unpack(const Stack& stack) {
-    for (const Track& track : stack.tracks())
-        for (const Item& item : track.items()) {
-            if (const auto* clip = std::get_if<Clip>(&item.content))
-                unpack(clip->media);
-            else if (const auto* nested = std::get_if<Nested>(&item.content))
-                unpack(*nested->stack);
-        }
+        whole = whole && file->second.unpacked;
+    }
+    return whole;
 }
 
 } // namespace Timeline

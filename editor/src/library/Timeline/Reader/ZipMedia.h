@@ -25,9 +25,8 @@ public:
     const std::shared_ptr<const PrivateFolder>& folder() const { return place; }
     /// The file of the entry of that name, unpacked; nothing where there is none, or where it cannot be.
     std::optional<std::string> fileOf(const std::string& entry);
-    /// Unpacks what the reference names, and all that the document's do.
-    void unpack(const MediaReference& media);
-    void unpack(const Stack& stack);
+    /// Unpacks what the reference names. Whether nothing of it failed, which is told once.
+    bool unpack(const MediaReference& media);
     bool has(const std::string& entry) const { return files.count(entry) > 0; }
 
     std::vector<Finding> takeFindings() { return std::move(findings); }
@@ -41,7 +40,7 @@ private:
 
     void prepare(const ZipArchive::Entry& entry);
     void unpack(File& file);
-    void unpackSequence(const ImageSequence& sequence);
+    bool unpackSequence(const ImageSequence& sequence);
     void tell(const ZipArchive::Entry& entry, const std::string& clause);
 
     const ZipArchive& archive;
