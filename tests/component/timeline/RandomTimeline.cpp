@@ -23,7 +23,7 @@ std::shared_ptr<const Document> RandomTimeline::document(const Rate& rate) {
     frameRate = rate;
     auto made = std::make_shared<Document>();
     do
-        made->tracks = std::make_shared<Stack>("", tracks({2, true}));
+        made->tracks = std::make_shared<Stack>("", tracks(2));
     while (made->duration() < frames(1));
     return made;
 }
@@ -37,26 +37,26 @@ Ticks RandomTimeline::time(std::int64_t most) {
     return upTo(6) > 0 ? whole : whole + Ticks(upTo(frames(1).Value()));
 }
 
-std::vector<Track> RandomTimeline::tracks(Allowed allowed) {
+std::vector<Track> RandomTimeline::tracks(int depth) {
     std::vector<Track> all;
     for (std::int64_t left = 1 + upTo(2); left > 0; --left)
-        all.push_back(pictureTrack(allowed));
+        all.push_back(pictureTrack(depth));
     const std::vector<Item> beside = all.front().items();
     for (std::int64_t left = upTo(2); left > 0; --left)
-        all.push_back(soundTrack(beside, allowed));
+        all.push_back(soundTrack(beside, depth));
     return all;
 }
 
-Track RandomTimeline::pictureTrack(Allowed allowed) {
+Track RandomTimeline::pictureTrack(int depth) {
     std::vector<Item> items;
     for (std::int64_t left = upTo(4); left > 0; --left)
-        items.push_back(item(allowed, false));
-    auto between = allowed.transitions ? transitions(items) : std::vector<Transition>();
+        items.push_back(item(depth, false));
+    auto between = transitions(items);
     return Track(Track::Kind::Video, "", upTo(11) > 0, std::move(items), std::move(between));
 }
 
 /// Cut like the pictures beside it, or in its own way.
-Track RandomTimeline::soundTrack(const std::vector<Item>& beside, Allowed allowed) {
+Track RandomTimeline::soundTrack(const std::vector<Item>& beside, int depth) {
     std::vector<Item> items;
     if (upTo(1) > 0) {
         for (const Item& picture : beside) {
@@ -67,9 +67,9 @@ Track RandomTimeline::soundTrack(const std::vector<Item>& beside, Allowed allowe
         }
     } else {
         for (std::int64_t left = upTo(4); left > 0; --left)
-            items.push_back(item(allowed, true));
+            items.push_back(item(depth, true));
     }
-    auto between = allowed.transitions ? transitions(items) : std::vector<Transition>();
+    auto between = transitions(items);
     return Track(Track::Kind::Audio, "", upTo(11) > 0, std::move(items), std::move(between));
 }
 
@@ -92,13 +92,13 @@ std::vector<Transition> RandomTimeline::transitions(const std::vector<Item>& ite
     return all;
 }
 
-Item RandomTimeline::item(Allowed allowed, bool sound) {
+Item RandomTimeline::item(int depth, bool sound) {
     Item made;
     made.duration = time(11) + frames(1);
     made.enabled = upTo(11) > 0;
     const std::int64_t kind = upTo(11);
-    if (kind < 2 && allowed.depth > 0)
-        made.content = nested(allowed);
+    if (kind < 2 && depth > 0)
+        made.content = nested(depth);
     else if (kind < 10)
         made.content = clip(sound);
     return made;
@@ -125,10 +125,9 @@ Clip RandomTimeline::clip(bool sound) {
     return made;
 }
 
-/// What is frozen has no transitions: which moment of one it would show, nothing says.
-Nested RandomTimeline::nested(Allowed allowed) {
+Nested RandomTimeline::nested(int depth) {
     const Rate speed = STACK_SPEEDS[upTo(std::size(STACK_SPEEDS) - 1)];
-    auto inner = std::make_shared<Stack>("", tracks({allowed.depth - 1, allowed.transitions && speed != 0}));
+    auto inner = std::make_shared<Stack>("", tracks(depth - 1));
     return {inner, {speed < 0 ? inner->duration() + frames(upTo(2)) : time(6), speed}};
 }
 

@@ -17,17 +17,13 @@ public:
     std::int64_t upTo(std::int64_t most) { return std::uniform_int_distribution<std::int64_t>(0, most)(engine); }
 
 private:
-    struct Allowed {
-        int depth;
-        bool transitions;
-    };
-    std::vector<Timeline::Track> tracks(Allowed allowed);
-    Timeline::Track pictureTrack(Allowed allowed);
-    Timeline::Track soundTrack(const std::vector<Timeline::Item>& beside, Allowed allowed);
+    std::vector<Timeline::Track> tracks(int depth);
+    Timeline::Track pictureTrack(int depth);
+    Timeline::Track soundTrack(const std::vector<Timeline::Item>& beside, int depth);
     std::vector<Timeline::Transition> transitions(const std::vector<Timeline::Item>& items);
-    Timeline::Item item(Allowed allowed, bool sound);
+    Timeline::Item item(int depth, bool sound);
     Timeline::Clip clip(bool sound);
-    Timeline::Nested nested(Allowed allowed);
+    Timeline::Nested nested(int depth);
     Kestra::Ticks frames(std::int64_t count) const;
     Kestra::Ticks time(std::int64_t most);
 

@@ -64,9 +64,9 @@ ReferencePictures::Light ReferencePictures::look(const Stack& stack, const TimeM
 /// All of it stands still at one moment of its own.
 ReferencePictures::Light ReferencePictures::lookAtStill(const Track& track, const std::vector<Ticks>& starts,
                                                         const TimeMap& map) {
-    for (std::size_t i = 0; i < track.items().size(); ++i) {
-        if (map.there < starts[i] || starts[i + 1] <= map.there)
-            continue;
+    const auto lookInto = [&](std::size_t i) {
+        if (i == track.items().size())
+            return Light();
         Item still = track.items()[i];
         const auto stop = [&](Excerpt& excerpt) {
             excerpt.start = TimeMap{starts[i], excerpt.start, excerpt.speed}.ToSource(map.there);
@@ -76,6 +76,21 @@ ReferencePictures::Light ReferencePictures::lookAtStill(const Track& track, cons
         else if (auto* nested = std::get_if<Nested>(&still.content))
             stop(nested->excerpt);
         return look(still, Ticks(0), map);
+    };
+    const auto isIn = [&map](Ticks begin, Ticks end) { return begin <= map.there && map.there < end; };
+    for (std::size_t i = 0; i < track.items().size(); ++i) {
+        if (!isIn(starts[i], starts[i + 1]))
+            continue;
+        for (const Transition& one : track.transitions()) {
+            const Ticks begin = starts[one.at] - one.before, end = starts[one.at] + one.behind;
+            if ((one.at != i && one.at != i + 1) || !isIn(begin, end))
+                continue;
+            blended = true;
+            const auto done = static_cast<double>((grid.Middle(grid.Covering(map.there)) - begin).Value());
+            return mixed(one.at > 0 ? lookInto(one.at - 1) : Light(), lookInto(one.at),
+                         std::clamp(done / static_cast<double>((end - begin).Value()), 0.0, 1.0));
+        }
+        return lookInto(i);
     }
     return {};
 }

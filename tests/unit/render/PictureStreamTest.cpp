@@ -68,6 +68,23 @@ TEST_F(PictureStreamTest, ARepeatedFrameIsScaledOnce) {
     EXPECT_EQ(filters->scaled(), 50);
 }
 
+TEST_F(PictureStreamTest, AFormatWishedForLaterHoldsFromTheNextFrameOn) {
+    const Pictures stream = pictures(timeline({clip(20, 10)}), 60);
+    stream->ReadVideo();
+    stream->ReadVideo();
+    EXPECT_EQ(filters->scaled(), 1);
+    boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> wish;
+    stream->GetVideoFormat(wish);
+    wish->SetPixelFormat(Kestra::Conf::PixelFormat::YUV420P10);
+    stream->PreferFormat(*wish);
+    EXPECT_EQ(dynamic_cast<const Kestra::Fakes::FakeFrame&>(*stream->ReadVideo()).GetNumber(), 100000);
+    EXPECT_EQ(filters->scaled(), 2) << "the same picture, once more";
+    for (int frame = 3; frame < 6; ++frame)
+        stream->ReadVideo();
+    EXPECT_EQ(dynamic_cast<const Kestra::Fakes::FakeFrame&>(*stream->ReadVideo()).GetNumber(), 100001);
+    EXPECT_EQ(filters->scaled(), 3);
+}
+
 TEST_F(PictureStreamTest, AClipWithoutPictureIsBlack) {
     Contents sound;
     sound.samples = 48000;

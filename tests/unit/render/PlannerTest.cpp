@@ -2,6 +2,7 @@
 #include "Render/SoundPlanner.h"
 #include <cctype>
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 #include <sstream>
 
@@ -79,6 +80,8 @@ std::string words(const Part& part, Ticks middle) {
              << static_cast<double>(part.material.map.ToSource(middle).Value()) / static_cast<double>(FRAME) - 0.5;
         return text.str();
     }
+    if (part.fade->still)
+        middle = GRID.Middle(GRID.Covering(*part.fade->still));
     const double done = static_cast<double>((middle - part.fade->begin).Value()) /
                         static_cast<double>((part.fade->end - part.fade->begin).Value());
     text << '(' << words(part.from, middle) << " > " << words(part.to, middle) << " at " << done << ')';
@@ -188,6 +191,17 @@ TEST(PicturePlanner, DissolvesBackwardsInAStackThatRunsBackwards) {
     EXPECT_EQ(seen(plan, 7), "(B@2 > A@12 at 0.125)");
     EXPECT_EQ(seen(plan, 10), "(B@-1 > A@9 at 0.875)");
     EXPECT_EQ(seen(plan, 11), "A@8");
+}
+
+TEST(PicturePlanner, BlendsWhatAFrozenStackShowsInADissolve) {
+    const std::vector<Track> inner{pictures({clip("A", 10), clip("B", 10)}, {dissolve(1, 1, 3)})};
+    for (const auto& [moment, shown] : std::map<std::int64_t, std::string>{
+             {8, "A@7.5"}, {9, "(A@8.5 > B@-1.5 at 0.125)"}, {12, "(A@11.5 > B@1.5 at 0.875)"}, {13, "B@2.5"}}) {
+        const auto plan = planner({pictures({nested(inner, 20, moment, 0)})});
+        EXPECT_EQ(seen(plan, 0), shown) << moment;
+        EXPECT_EQ(seen(plan, 19), shown) << moment;
+        EXPECT_EQ(plan.endOf(plan.sceneAt(FrameIndex(0))), FrameIndex(20));
+    }
 }
 
 TEST(PicturePlanner, KeepsDeepSpeedsWithinReach) {

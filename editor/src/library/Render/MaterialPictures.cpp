@@ -154,11 +154,6 @@ void MaterialPictures::leave() {
     stream = {};
 }
 
-void MaterialPictures::prefer() {
-    if (stream && source)
-        stream->PreferFormat(*wish(*source));
-}
-
 MaterialPictures::Shown MaterialPictures::at(FrameIndex frame) {
     while (!last.frame || last.end <= frame) {
         last.frame = stream->ReadVideo();

@@ -39,8 +39,6 @@ public:
     /// Closes, and leaves the medium's file and decoder to another.
     void leave();
     const MediaPool::Source& medium() const { return source; }
-    /// The target has changed.
-    void prefer();
 
     struct Shown {
         Frame frame;

@@ -92,9 +92,12 @@ PictureStream::Shown PictureStream::show(const Part& part, bool onBlack) {
         return show(part.material, onBlack ? Usage::Whole : Usage::Layer);
     const Shown from = show(part.from, onBlack);
     const Shown to = show(part.to, onBlack);
-    const auto done = static_cast<double>((grid.Middle(current()) - part.fade->begin).Value());
+    const auto& still = part.fade->still;
+    const Ticks middle = grid.Middle(still ? grid.Covering(*still) : current());
+    const auto done = static_cast<double>((middle - part.fade->begin).Value());
     const auto whole = static_cast<double>((part.fade->end - part.fade->begin).Value());
-    return {blending().Mix(from.frame, to.frame, std::clamp(done / whole, 0.0, 1.0)), current() + FrameIndex(1)};
+    return {blending().Mix(from.frame, to.frame, std::clamp(done / whole, 0.0, 1.0)),
+            still ? std::min(from.end, to.end) : current() + FrameIndex(1)};
 }
 
 PictureStream::Shown PictureStream::show(const Material& material, Usage usage) {
@@ -158,8 +161,7 @@ void PictureStream::PreferFormat(const Conf::IFormatCodec& format) {
         return;
     target.prefer(*video);
     blender.reset();
-    for (const auto& pictures : open)
-        pictures->prefer();
+    forget(); // what has been read is in the format of before
 }
 
 void PictureStream::Reset() {

@@ -68,12 +68,8 @@ PlacedTrack::Standing PlacedTrack::at(Ticks moment) const {
     Standing standing;
     if (track.items().empty())
         return standing;
-    if (map.speed == 0) {
-        const std::size_t index = track.itemAt(map.there);
-        if (map.there >= Ticks(0) && index < track.items().size())
-            standing.item = index;
-        return standing;
-    }
+    if (map.speed == 0)
+        return atStill();
     const std::size_t index = itemAt(moment);
     const auto change = [&](Ticks time) {
         if (time > moment)
@@ -98,9 +94,28 @@ PlacedTrack::Standing PlacedTrack::at(Ticks moment) const {
     return standing;
 }
 
+PlacedTrack::Standing PlacedTrack::atStill() const {
+    Standing standing;
+    const std::size_t index = track.itemAt(map.there);
+    if (map.there < Ticks(0) || index == track.items().size())
+        return standing;
+    standing.item = index;
+    for (const std::size_t cut : {index + 1, index}) {
+        const Transition* const transition = transitionAt(cut);
+        const Fade fade = transition ? fadeOf(*transition) : Fade();
+        if (fade.begin <= map.there && map.there < fade.end)
+            standing.transition = transition;
+    }
+    return standing;
+}
+
 Fade PlacedTrack::fadeOf(const Transition& transition) const {
+    if (map.speed == 0) {
+        const Ticks still = track.startOf(transition.at);
+        return {still - transition.before, still + transition.behind, map.there};
+    }
     const Ticks cut = edge(transition.at);
-    const long long speed = map.speed.numerator(); // not 0: a frozen track shows no transition
+    const long long speed = map.speed.numerator();
     const auto lasting = [&](Ticks time) {
         return MulDivRound(time.Value(), map.speed.denominator(), std::abs(speed));
     };

@@ -35,6 +35,7 @@ public:
     bool isBackwards() const { return map.speed < 0; }
 
 private:
+    Standing atStill() const;
     /// The number of items for a moment before the first or behind the last.
     std::size_t itemAt(Kestra::Ticks moment) const;
     Kestra::Ticks edge(std::size_t index) const;

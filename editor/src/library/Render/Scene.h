@@ -28,6 +28,8 @@ struct Material {
 struct Fade {
     Kestra::Ticks begin{};
     Kestra::Ticks end{};
+    /// Set: it stands still at this moment; all three are times of a track that is frozen.
+    std::optional<Kestra::Ticks> still{};
 };
 
 struct Part;
