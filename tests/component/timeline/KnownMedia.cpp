@@ -3,6 +3,7 @@
 #include "Kestra/Base/FrameGrid.h"
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <stdexcept>
 
 namespace TimelineTests {
@@ -92,6 +93,11 @@ KnownMedia::KnownMedia() {
         medium.path = folder / ("s" + std::to_string(medium.id) + ".wav");
         make(medium);
     }
+}
+
+std::string KnownMedia::fileOf(const std::string& name, const std::string& content) const {
+    std::ofstream(folder / name) << content;
+    return folder / name;
 }
 
 const KnownPictures& KnownMedia::picturesOf(const std::string& path) const {

@@ -57,6 +57,10 @@ class KnownMedia {
 public:
     KnownMedia();
 
+    /// Where the media lie.
+    std::string folderPath() const { return folder / ""; }
+    /// The path of a file there with that content.
+    std::string fileOf(const std::string& name, const std::string& content) const;
     const std::vector<KnownPictures>& pictures() const { return allPictures; }
     const std::vector<KnownSound>& sounds() const { return allSounds; }
     const KnownPictures& picturesOf(const std::string& path) const;

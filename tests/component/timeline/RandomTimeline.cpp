@@ -1,7 +1,7 @@
 #include "RandomTimeline.h"
 
 #include "Kestra/Base/Time.h"
-#include <sstream>
+#include <utility>
 
 namespace TimelineTests {
 
@@ -15,16 +15,24 @@ const Rate STACK_SPEEDS[] = {1, 1, 1, {1, 2}, 2, 0, -1};
 
 } // namespace
 
-RandomTimeline::RandomTimeline(const KnownMedia& media, unsigned seed)
+RandomTimeline::RandomTimeline(const KnownMedia& media, Choices choices)
     : media(media)
-    , engine(seed) {}
+    , choices(std::move(choices)) {}
+
+std::int64_t RandomTimeline::upTo(std::int64_t most) {
+    return next < choices.size() ? choices[next++] % (most + 1) : 0;
+}
 
 std::shared_ptr<const Document> RandomTimeline::document(const Rate& rate) {
     frameRate = rate;
     auto made = std::make_shared<Document>();
-    do
-        made->tracks = std::make_shared<Stack>("", tracks(2));
-    while (made->duration() < frames(1));
+    made->tracks = std::make_shared<Stack>("", tracks(2));
+    if (made->duration() >= frames(1))
+        return made;
+    Item gap;
+    gap.duration = frames(1);
+    const std::vector<Track> least{Track(Track::Kind::Video, "", true, {gap})};
+    made->tracks = std::make_shared<Stack>("", least);
     return made;
 }
 
@@ -34,7 +42,7 @@ Ticks RandomTimeline::frames(std::int64_t count) const {
 
 Ticks RandomTimeline::time(std::int64_t most) {
     const Ticks whole = frames(upTo(most));
-    return upTo(6) > 0 ? whole : whole + Ticks(upTo(frames(1).Value()));
+    return upTo(6) < 6 ? whole : whole + Ticks(upTo(frames(1).Value()));
 }
 
 std::vector<Track> RandomTimeline::tracks(int depth) {
@@ -52,7 +60,7 @@ Track RandomTimeline::pictureTrack(int depth) {
     for (std::int64_t left = upTo(4); left > 0; --left)
         items.push_back(item(depth, false));
     auto between = transitions(items);
-    return Track(Track::Kind::Video, "", upTo(11) > 0, std::move(items), std::move(between));
+    return Track(Track::Kind::Video, "", upTo(11) < 11, std::move(items), std::move(between));
 }
 
 /// Cut like the pictures beside it, or in its own way.
@@ -70,7 +78,7 @@ Track RandomTimeline::soundTrack(const std::vector<Item>& beside, int depth) {
             items.push_back(item(depth, true));
     }
     auto between = transitions(items);
-    return Track(Track::Kind::Audio, "", upTo(11) > 0, std::move(items), std::move(between));
+    return Track(Track::Kind::Audio, "", upTo(11) < 11, std::move(items), std::move(between));
 }
 
 std::vector<Transition> RandomTimeline::transitions(const std::vector<Item>& items) {
@@ -80,7 +88,7 @@ std::vector<Transition> RandomTimeline::transitions(const std::vector<Item>& ite
         const Ticks before = at > 0 ? items[at - 1].duration - taken : Ticks(0);
         const Ticks behind = at < items.size() ? items[at].duration : Ticks(0);
         taken = Ticks(0);
-        if (upTo(2) > 0)
+        if (upTo(2) < 2)
             continue;
         Transition one{"", "SMPTE_Dissolve", at, std::min(time(5), before),
                        std::min(time(5), Ticks(behind.Value() / 2))};
@@ -95,11 +103,11 @@ std::vector<Transition> RandomTimeline::transitions(const std::vector<Item>& ite
 Item RandomTimeline::item(int depth, bool sound) {
     Item made;
     made.duration = time(11) + frames(1);
-    made.enabled = upTo(11) > 0;
+    made.enabled = upTo(11) < 11;
     const std::int64_t kind = upTo(11);
-    if (kind < 2 && depth > 0)
+    if (kind > 9 && depth > 0)
         made.content = nested(depth);
-    else if (kind < 10)
+    else if (kind > 1)
         made.content = clip(sound);
     return made;
 }
@@ -110,7 +118,7 @@ Clip RandomTimeline::clip(bool sound) {
     const auto index = static_cast<std::size_t>(upTo(static_cast<std::int64_t>(known) - 1));
     const std::string& path = sound ? media.sounds()[index].path : media.pictures()[index].path;
     made.media = {"", MediaFile{Kestra::ioPath(path)}, {}};
-    if (upTo(14) == 0)
+    if (upTo(14) == 14)
         made.media.target = MissingMedia{"gone", "is not there"};
     // Also before the media begin, and behind their end.
     const auto place =
@@ -129,50 +137,6 @@ Nested RandomTimeline::nested(int depth) {
     const Rate speed = STACK_SPEEDS[upTo(std::size(STACK_SPEEDS) - 1)];
     auto inner = std::make_shared<Stack>("", tracks(depth - 1));
     return {inner, {speed < 0 ? inner->duration() + frames(upTo(2)) : time(6), speed}};
-}
-
-namespace {
-
-std::string inFrames(Ticks time) {
-    std::ostringstream text;
-    text << static_cast<double>(time.Value()) / static_cast<double>(Kestra::TIME_BASE);
-    return text.str();
-}
-
-void tell(std::ostream& out, const Stack& stack, const std::string& indent);
-
-void tell(std::ostream& out, const Item& item, const std::string& indent) {
-    out << indent << inFrames(item.duration) << (item.enabled ? "" : " disabled");
-    if (const auto* clip = std::get_if<Clip>(&item.content)) {
-        const auto* const file = std::get_if<MediaFile>(&clip->media.target);
-        out << ' ' << (file ? file->path.ToUtf8() : "missing") << " from "
-            << inFrames(clip->excerpt.start - clip->origin.value_or(Ticks(0))) << " x " << clip->excerpt.speed
-            << (clip->origin ? " with origin" : "");
-    } else if (const auto* nested = std::get_if<Nested>(&item.content)) {
-        out << " stack from " << inFrames(nested->excerpt.start) << " x " << nested->excerpt.speed << '\n';
-        return tell(out, *nested->stack, indent + "    ");
-    }
-    out << '\n';
-}
-
-void tell(std::ostream& out, const Stack& stack, const std::string& indent) {
-    for (const Track& track : stack.tracks()) {
-        out << indent << (track.kind() == Track::Kind::Video ? "pictures" : "sound")
-            << (track.isEnabled() ? "" : " disabled") << '\n';
-        for (const Transition& one : track.transitions())
-            out << indent << "  dissolve at item " << one.at << ": " << inFrames(one.before) << " before, "
-                << inFrames(one.behind) << " behind\n";
-        for (const Item& item : track.items())
-            tell(out, item, indent + "  ");
-    }
-}
-
-} // namespace
-
-std::string describe(const Document& document) {
-    std::ostringstream text;
-    tell(text, *document.tracks, "");
-    return text.str();
 }
 
 } // namespace TimelineTests

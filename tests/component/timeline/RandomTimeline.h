@@ -3,18 +3,23 @@
 
 #include "KnownMedia.h"
 #include "Timeline/Document.h"
-#include <random>
+#include <cstdint>
+#include <vector>
 
 namespace TimelineTests {
 
-/// The same for the same seed.
+/// Whole numbers, each of which decides one thing. Fewer and smaller ones make a simpler timeline.
+using Choices = std::vector<std::uint32_t>;
+
+/// The same for the same choices; where they come to their end, all others are 0.
 class RandomTimeline {
 public:
-    RandomTimeline(const KnownMedia& media, unsigned seed);
+    RandomTimeline(const KnownMedia& media, Choices choices);
 
     /// Times are mostly whole frames of that rate. At least one frame long.
     std::shared_ptr<const Timeline::Document> document(const Rate& rate);
-    std::int64_t upTo(std::int64_t most) { return std::uniform_int_distribution<std::int64_t>(0, most)(engine); }
+    /// 0 is the simplest.
+    std::int64_t upTo(std::int64_t most);
 
 private:
     std::vector<Timeline::Track> tracks(int depth);
@@ -28,11 +33,9 @@ private:
     Kestra::Ticks time(std::int64_t most);
 
     const KnownMedia& media;
-    std::mt19937 engine;
+    const Choices choices;
+    std::size_t next = 0;
     Rate frameRate;
 };
-
-/// In words, to tell which one failed.
-std::string describe(const Timeline::Document& document);
 
 } // namespace TimelineTests
