@@ -21,6 +21,7 @@ struct Contents {
     int sampleRate = 48000;
     std::int32_t sampleFormat = Kestra::Conf::SAMPLE_FORMAT_S16;
     bool brokenPicture = false; ///< announced, but nothing can be read
+    bool still = false;         ///< the picture is said to have no length of its own
     std::int64_t duration = 0;  ///< 0: the longer of the two
 };
 

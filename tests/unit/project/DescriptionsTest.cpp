@@ -1,6 +1,7 @@
 #include "EditorProject/Descriptions.h"
 #include "EditorProject/ExportWindow.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Timeline/DocumentEdit.h"
 #include "fakes/project/RenderFixture.h"
 
 namespace Project::Tests {
@@ -81,6 +82,27 @@ TEST_F(DescriptionsTest, OnlyClipsInTheRangeDescribeIt) {
     EXPECT_EQ(describeVideo(line, milliseconds(4000, 4500)).frameRateNumerator, 25U);
     EXPECT_EQ(describeAudio(line, milliseconds(4000, 4500)).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_DBL);
     EXPECT_THROW(describeAudio(line, milliseconds(60000, 61000)), Kestra::Proc::ProcException);
+}
+
+/// The clips of `line` with their times told in those rates.
+Render::Sequence told(Render::Sequence line, const std::vector<Rate>& rates) {
+    for (std::size_t index = 0; index < rates.size(); ++index) {
+        Timeline::Item item = line.document->tracks->tracks().front().items()[index];
+        std::get<Timeline::Clip>(item.content).rate = rates[index];
+        line.document = Timeline::withItem(*line.document, {0, index}, item);
+    }
+    return line;
+}
+
+TEST_F(DescriptionsTest, StillPicturesHaveTheRateOfTheirPlace) {
+    Contents still = clip(1, 0);
+    still.still = true;
+    EXPECT_EQ(describeVideo(timeline({still, clip(50, 0, 30)})).frameRateNumerator, 25U) << "nothing tells one";
+    const Media::Video video = describeVideo(told(timeline({still, clip(50, 0, 30)}), {{24000, 1001}, 50}));
+    EXPECT_EQ(Rate(video.frameRateNumerator, video.frameRateDenominator), Rate(24000, 1001));
+    EXPECT_EQ(describeVideo(told(timeline({clip(50, 0, 30), still}), {24, 24})).frameRateNumerator, 30U)
+        << "moving ones have their own";
+    EXPECT_EQ(describeVideo(told(timeline({still}), {1000000})).frameRateNumerator, 25U) << "that is none";
 }
 
 TEST_F(DescriptionsTest, WithoutPictureOrSoundTheDescriptionsAreTheDefaults) {

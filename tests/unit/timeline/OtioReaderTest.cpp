@@ -30,6 +30,7 @@ TEST_F(OtioReaderTest, MixesRatesWithoutADrift) {
         children.push_back(clipOf("n", rangeOf(0, 1, 29.97), fileReference("a.mov")));
     const Reading reading = read(timelineOf({trackOf(children)}));
     EXPECT_EQ(reading.document->duration(), Ticks(1001 * (TIME_BASE / 30)));
+    EXPECT_EQ(clipAt(firstTrack(reading), 0).rate, (boost::rational<long long>(30000, 1001)));
 }
 
 TEST_F(OtioReaderTest, SubtractsTheMediasOwnTimeCode) {
@@ -56,6 +57,8 @@ TEST_F(OtioReaderTest, TakesTheWholeMediaWhereNoRangeIsTold) {
     const Track& track = firstTrack(reading);
     EXPECT_EQ(track.items()[0].duration, frames(40));
     EXPECT_EQ(clipAt(track, 0).excerpt.start - *clipAt(track, 0).origin, frames(0));
+    EXPECT_EQ(clipAt(track, 0).rate, boost::rational<long long>(25));
+    EXPECT_FALSE(clipAt(track, 1).rate);
     EXPECT_EQ(track.items()[1].duration, frames(7));
     EXPECT_EQ(reading.document->tracks->tracks()[1].duration(), frames(9));
     EXPECT_NE(inWords(read(timelineOf({trackOf({open})}))).find("nothing tells how long it lasts"), std::string::npos);

@@ -64,6 +64,25 @@ Source firstOf(const Render::Sequence& sequence, Kind kind) {
     return found;
 }
 
+/// In which the timeline tells the times of the first clip that shows the medium, or of any where there is none; 0
+/// where it does not.
+Rate toldRate(const Render::Sequence& sequence, const Source& medium) {
+    Rate told = 0;
+    Timeline::visitClips(
+        *sequence.document->tracks, [&](const Timeline::Track& track, const auto&, const Timeline::Clip& clip) {
+            if (told == 0 && track.kind() == Kind::Video && (!medium || sequence.media->open(clip.media) == medium))
+                told = clip.rate.value_or(0);
+        });
+    return told;
+}
+
+/// Still pictures have no rate of their own.
+Rate rateOf(const Render::Sequence& sequence, const Source& medium) {
+    const bool isMoving = medium && !medium->GetInfo().video->stillPicture;
+    const Rate rate = isMoving ? medium->GetInfo().video->frameRate : toldRate(sequence, medium);
+    return isRate(rate) ? rate : DEFAULT_RATE;
+}
+
 // Without pictures, and for less than two of them, the range is not on a grid of frames.
 ExportWindow windowOf(const Render::Sequence& sequence, const Types::Range& range) {
     const Ticks duration = sequence.document->duration();
@@ -71,8 +90,7 @@ ExportWindow windowOf(const Render::Sequence& sequence, const Types::Range& rang
     const Source pictures = firstOf(sequence, Kind::Video);
     if (!pictures)
         return exact;
-    const Rate own = pictures->GetInfo().video->frameRate;
-    const FrameGrid grid(isRate(own) ? own : DEFAULT_RATE);
+    const FrameGrid grid(rateOf(sequence, pictures));
     const bool holdsFrames = grid.Nearest(exact.end() - exact.start()) > FrameIndex(1);
     return holdsFrames ? ExportWindow(range, duration, grid) : exact;
 }
@@ -82,16 +100,14 @@ ExportWindow windowOf(const Render::Sequence& sequence, const Types::Range& rang
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Video video;
     setFrame(video, DEFAULT_FRAME);
-    setRate(video, DEFAULT_RATE);
     const std::vector<Source> media = Render::mediaSeen(sequence, windowOf(sequence, range));
     const Source found = media.empty() ? firstOf(sequence, Kind::Video) : media.front();
+    setRate(video, rateOf(sequence, found));
     if (!found)
         return video;
     const Proc::VideoTrackInfo& track = *found->GetInfo().video;
     if (track.frame.width && track.frame.height)
         setFrame(video, track.frame);
-    if (isRate(track.frameRate))
-        setRate(video, track.frameRate);
     return video;
 }
 

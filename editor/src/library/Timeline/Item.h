@@ -29,6 +29,8 @@ struct Clip {
     MediaReference media;
     Excerpt excerpt;
     std::optional<Kestra::Ticks> origin{};
+    /// That its times are told in: frames a second among pictures. For media that have no rate of their own.
+    std::optional<boost::rational<long long>> rate{};
 };
 
 /// A stack of tracks in the place of a clip. The excerpt's start counts from the stack's start.

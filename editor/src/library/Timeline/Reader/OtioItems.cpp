@@ -22,6 +22,14 @@ bool hasTracks(const Stack& stack, Track::Kind kind) {
     return false;
 }
 
+/// In which the range of a clip is told, or else that of its media.
+std::optional<boost::rational<long long>> rateOf(const OtioNode& clip) {
+    const OtioNode range =
+        clip.has("source_range") ? clip["source_range"] : OtioMedia::referenceOf(clip)["available_range"];
+    const OtioNode rate = range["duration"]["rate"];
+    return rate.value().IsNumber() ? exactRate(rate.value().GetDouble()) : std::nullopt;
+}
+
 } // namespace
 
 OtioItems::OtioItems(OtioContext& context, const OtioMedia& media)
@@ -174,6 +182,7 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
         return std::nullopt;
     }
     clip.excerpt.start = range->start;
+    clip.rate = rateOf(node);
     tellWhatIsBeyond(node, clip, range->duration);
     return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
                 readMarkers(node, range->start)};

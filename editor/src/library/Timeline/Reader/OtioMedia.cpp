@@ -40,20 +40,32 @@ std::optional<double> part(const OtioNode& node) {
     return number >= 0 && number <= 1 ? std::optional(number) : std::nullopt;
 }
 
+bool hasSeveral(const OtioNode& clip) {
+    return clip["media_references"].isObject();
+}
+
+std::string activeKeyOf(const OtioNode& clip) {
+    const std::string key = clip.text("active_media_reference_key");
+    return key.empty() ? DEFAULT_MEDIA : key;
+}
+
 } // namespace
 
 OtioMedia::OtioMedia(OtioContext& context, MediaLocator locator)
     : context(context)
     , locator(std::move(locator)) {}
 
+OtioNode OtioMedia::referenceOf(const OtioNode& clip) {
+    return hasSeveral(clip) ? clip["media_references"][activeKeyOf(clip).c_str()] : clip["media_reference"];
+}
+
 MediaReference OtioMedia::read(const OtioNode& clip) const {
-    std::string key = clip.text("active_media_reference_key");
-    key = key.empty() ? DEFAULT_MEDIA : key;
-    const bool several = clip.has("media_references") && clip["media_references"].isObject();
-    const OtioNode reference = several ? clip["media_references"][key.c_str()] : clip["media_reference"];
+    const OtioNode reference = referenceOf(clip);
     MediaReference media;
     if (!reference.isObject()) {
-        media.target = missing(reference, {}, several ? "\"" + key + "\" is not among its references" : "is not named");
+        const std::string why =
+            hasSeveral(clip) ? '"' + activeKeyOf(clip) + "\" is not among its references" : "is not named";
+        media.target = missing(reference, {}, why);
         return media;
     }
     media.name = reference.text("name");

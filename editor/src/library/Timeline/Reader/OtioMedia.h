@@ -11,7 +11,9 @@ class OtioMedia {
 public:
     OtioMedia(OtioContext& context, MediaLocator locator);
 
-    /// The media that `clip` (a Clip of either version) shows. What cannot be found is told.
+    /// The active reference of `clip`, a Clip of either version; a null where it has none.
+    static OtioNode referenceOf(const OtioNode& clip);
+    /// The media that it shows. What cannot be found is told.
     MediaReference read(const OtioNode& clip) const;
 
 private:
