@@ -4,7 +4,7 @@ include(CMakePackageConfigHelpers)
 set(EDITOREXPORT_DATADIR "${CMAKE_INSTALL_DATADIR}/editor-export")
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/EditorExport")
 
-install(TARGETS Kestra KestraQt EditorModel EditorPreset EditorExport EditorTimeline EditorRender EditorProject ExportCore
+install(TARGETS Kestra KestraFF KestraQt EditorModel EditorPreset EditorExport EditorTimeline EditorRender EditorProject ExportCore
   EXPORT EditorExportTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS editor-export RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

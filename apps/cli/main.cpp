@@ -1,8 +1,10 @@
 // editor-export: exports from the command line.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
+#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/LargestAllocation.h"
+#include "Kestra/Proc/LoadEngine.h"
 #include "cli/Descriptors.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
@@ -16,6 +18,7 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
+#include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
@@ -86,6 +89,26 @@ int runIn(ExportCore::ExportApplication<Application>& application, const Cli::Op
     return withOutputChecked(run(options, application.failures()));
 }
 
+/// Has the codecs' libraries loaded while the program starts. Waits for it at the end: a process does not end well
+/// while libraries come in. What goes wrong is told by the first who needs them.
+class EngineLoading {
+public:
+    explicit EngineLoading(Cli::Options::Command command) {
+        if (command == Cli::Options::Command::Presets)
+            return;
+        try {
+            thread.Start("load-engine", &Kestra::Proc::LoadEngine, [](const std::exception_ptr&) {});
+        } catch (const std::exception&) { // no thread is to be had
+        }
+    }
+    ~EngineLoading() { thread.JoinOrLeave(std::chrono::steady_clock::now() + std::chrono::minutes(1)); }
+    EngineLoading(const EngineLoading&) = delete;
+    EngineLoading& operator=(const EngineLoading&) = delete;
+
+private:
+    Kestra::LeavableThread thread;
+};
+
 /// Before anything that would abort for want of them.
 bool hasDescriptors() {
     if (Cli::canOpen(Cli::NEEDED_DESCRIPTORS))
@@ -132,6 +155,7 @@ int main(int argc, char** argv) {
     if (!hasDescriptors())
         return Cli::EXIT_EXPORT_FAILED;
     try {
+        const EngineLoading loading(options->command);
         return runWithWhatItNeeds(argc, argv, *options);
     } catch (const std::exception& error) {
         Cli::ErrorOutput::refuse(error.what());

@@ -6,6 +6,7 @@
 #include <set>
 #include <vector>
 
+using TestPresets::edited;
 using TestPresets::text;
 
 namespace {
@@ -32,7 +33,8 @@ QStringList enumeration(const char* definition, const char* property) {
 class InstalledCatalogueTest : public TestPresets::CatalogueFixture {
 protected:
     InstalledCatalogueTest() {
-        EXPECT_TRUE(storage.loadPresets(Kestra::ioPath(INSTALLED_CATALOGUE))) << storage.lastError();
+        writeCatalogue(readJson(INSTALLED_CATALOGUE)); // in other bytes, so that every check is made
+        EXPECT_TRUE(load(storage)) << storage.lastError();
     }
     std::deque<Preset> everyPreset() const {
         std::deque<Preset> all;
@@ -67,6 +69,29 @@ protected:
     }
     PresetStorage storage;
 };
+
+TEST_F(InstalledCatalogueTest, IsTheSameWithoutItsChecks) {
+    PresetStorage unchecked;
+    ASSERT_TRUE(unchecked.loadPresets(Kestra::ioPath(INSTALLED_CATALOGUE))) << unchecked.lastError();
+    EXPECT_EQ(unchecked.tags(), storage.tags());
+    for (const Preset& preset : everyPreset()) {
+        EXPECT_EQ(unchecked.preset(preset.id()).property().ToString(), preset.property().ToString());
+        const std::set<std::string> qualities = storage.qualityModifierTags(preset.id());
+        EXPECT_EQ(unchecked.qualityModifierTags(preset.id()), qualities);
+        for (const std::string& quality : qualities)
+            EXPECT_EQ(unchecked.qualityModifierData(preset.id(), quality).ToString(),
+                      storage.qualityModifierData(preset.id(), quality).ToString());
+    }
+}
+
+/// One byte is enough to have everything checked.
+TEST_F(InstalledCatalogueTest, IsCheckedOnceItIsAnother) {
+    writeCatalogue(
+        edited(readJson(INSTALLED_CATALOGUE), "/presets/0/video/options", TestPresets::object("{'nonsense': '1'}")));
+    PresetStorage other;
+    EXPECT_FALSE(load(other));
+    EXPECT_NE(other.lastError().find("nonsense"), std::string::npos) << other.lastError();
+}
 
 TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
     for (const char* const id : {"mp4-h264-2160p",

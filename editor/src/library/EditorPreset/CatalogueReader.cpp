@@ -3,6 +3,7 @@
 #include "EditorPreset/CatalogueKeys.h"
 #include "EditorPreset/CatalogueSchema.h"
 #include "EditorPreset/CatalogueText.h"
+#include "EditorPreset/CheckedCatalogue.h"
 #include "EditorPreset/JsonToProperty.h"
 #include "EditorPreset/PresetChecks.h"
 #include "EditorPreset/PresetTags.h"
@@ -53,17 +54,24 @@ std::string lineAndColumn(const QByteArray& bytes, int offset) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
-QJsonObject readDocument(const QString& path, const JsonPlace& place) {
+struct Document {
+    QJsonObject root;
+    bool isChecked = false; ///< it was when this library was built
+};
+
+Document readDocument(const QString& path, const JsonPlace& place) {
     const QByteArray bytes = readBytes(path, place);
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError)
         place.refuse("malformed JSON at " + lineAndColumn(bytes, error.offset) + ": " +
                      error.errorString().toStdString());
+    if (isCatalogueOfThisBuild(bytes))
+        return {document.object(), true};
     checkKeysAreUnique(bytes, place.file);
     const QJsonValue root = document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
     checkAgainstSchema(root, place.file);
-    return document.object();
+    return {document.object(), false};
 }
 
 /// A modifier changes what is there.
@@ -74,7 +82,8 @@ void checkMedia(const QJsonObject& modifier, const Preset& preset, const JsonPla
         place.at(TAG_AUDIO).refuse("the preset has no audio");
 }
 
-Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& preset, const JsonPlace& place) {
+Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& preset, bool isChecked,
+                                   const JsonPlace& place) {
     Catalogue::Modifiers result;
     for (auto modifier = modifiers.begin(); modifier != modifiers.end(); ++modifier) {
         const std::string name = modifier.key().toStdString();
@@ -84,13 +93,14 @@ Catalogue::Modifiers readModifiers(const QJsonObject& modifiers, const Preset& p
         Kestra::Core::Property data = toPresetTree(modifier.value().toObject(), here);
         Preset modified = preset;
         modified.applyQualityModifier(data);
-        checkPreset(modified, here);
+        if (!isChecked)
+            checkPreset(modified, here);
         result.emplace(name, std::move(data));
     }
     return result;
 }
 
-void readPreset(const QJsonObject& object, const JsonPlace& place, Catalogue& catalogue) {
+void readPreset(const QJsonObject& object, bool isChecked, const JsonPlace& place, Catalogue& catalogue) {
     QJsonObject settings = object;
     const QJsonObject modifiers = settings.take(key(TAG_QUALITY_MODIFIERS)).toObject();
     const Preset preset(toPresetTree(settings, place));
@@ -98,17 +108,19 @@ void readPreset(const QJsonObject& object, const JsonPlace& place, Catalogue& ca
     checkText(preset.title(), place.at(TAG_TITLE));
     if (catalogue.presets.count(preset.id()) != 0)
         place.at(TAG_ID).refuse("the id \"" + preset.id() + "\" stands for more than one preset");
-    checkPreset(preset, place);
-    Catalogue::Modifiers read = readModifiers(modifiers, preset, place.at(TAG_QUALITY_MODIFIERS));
+    if (!isChecked)
+        checkPreset(preset, place);
+    Catalogue::Modifiers read = readModifiers(modifiers, preset, isChecked, place.at(TAG_QUALITY_MODIFIERS));
     catalogue.presets.emplace(preset.id(), preset);
     if (!read.empty())
         catalogue.modifiers.emplace(preset.id(), std::move(read));
 }
 
-void readPresets(const QJsonObject& root, const JsonPlace& place, Catalogue& catalogue) {
-    const QJsonArray array = root.value(key(KEY_PRESETS)).toArray();
+void readPresets(const Document& document, const JsonPlace& place, Catalogue& catalogue) {
+    const QJsonArray array = document.root.value(key(KEY_PRESETS)).toArray();
     for (int index = 0; index < array.size(); ++index)
-        readPreset(array.at(index).toObject(), place.at(KEY_PRESETS).at(static_cast<std::size_t>(index)), catalogue);
+        readPreset(array.at(index).toObject(), document.isChecked,
+                   place.at(KEY_PRESETS).at(static_cast<std::size_t>(index)), catalogue);
 }
 
 /// `known` holds the presets that a tag may name.
@@ -181,21 +193,21 @@ Catalogue::Tag& tagNamed(Catalogue& catalogue, const std::string& name) {
 
 Catalogue readCatalogue(const QString& path) {
     const JsonPlace place{path.toStdString(), {}};
-    const QJsonObject root = readDocument(path, place);
+    const Document document = readDocument(path, place);
     Catalogue catalogue;
-    readPresets(root, place, catalogue);
-    catalogue.tags = readTags(root, place, catalogue.presets);
+    readPresets(document, place, catalogue);
+    catalogue.tags = readTags(document.root, place, catalogue.presets);
     if (catalogue.tags.empty())
         place.at(KEY_TAGS).refuse("the catalogue has no tags");
-    checkAllAreTagged(root, place, catalogue);
+    checkAllAreTagged(document.root, place, catalogue);
     return catalogue;
 }
 
 Catalogue readOverlay(const QString& path, const Catalogue& installed, const std::string& ownTag) {
     const JsonPlace place{path.toStdString(), {}};
-    const QJsonObject root = readDocument(path, place);
+    const Document document = readDocument(path, place);
     Catalogue own;
-    readPresets(root, place, own);
+    readPresets(document, place, own);
 
     Catalogue result = installed;
     for (const auto& [id, preset] : own.presets) {
@@ -203,7 +215,7 @@ Catalogue readOverlay(const QString& path, const Catalogue& installed, const std
         result.modifiers.erase(id);
     }
     result.modifiers.insert(own.modifiers.begin(), own.modifiers.end());
-    for (Catalogue::Tag& tag : readTags(root, place, result.presets))
+    for (Catalogue::Tag& tag : readTags(document.root, place, result.presets))
         tagNamed(result, tag.name) = tag;
     const std::set<std::string> tagged = taggedIds(result);
     for (const auto& [id, preset] : own.presets) {

@@ -1,22 +1,48 @@
 #include "Kestra/Core/CoreManager.h"
 
-#include "Kestra/FF/Data/DataVideoFFFactory.h"
-#include "Kestra/FF/Encode/CodecFactory.h"
-#include "Kestra/FF/Filter/EffectFactory.h"
-#include "Kestra/FF/Filter/FilterFactory.h"
-#include "Kestra/FF/Mux/MuxerFactory.h"
-#include "Kestra/FF/Source/SourceFactory.h"
+#include "Kestra/Engine/Backend.h"
+#include <mutex>
 #include <utility>
 
 namespace Kestra::Core {
 
+namespace {
+
+/// One factory: the backend's, made when it is first asked for, or another that has been set.
+template <class Factory>
+class FactorySlot {
+public:
+    using Make = std::shared_ptr<Factory> (Proc::IBackend::*)();
+
+    explicit FactorySlot(Make make)
+        : make(make) {}
+
+    Factory& Get() {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!factory)
+            factory = (Backend().*make)();
+        return *factory;
+    }
+    void Set(std::shared_ptr<Factory> chosen) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        factory = std::move(chosen);
+    }
+
+private:
+    const Make make;
+    std::mutex mutex;
+    std::shared_ptr<Factory> factory;
+};
+
+} // namespace
+
 struct CoreManager::Factories {
-    std::shared_ptr<Proc::IMuxerFactory> muxer = FF::MakeMuxerFactory();
-    std::shared_ptr<Proc::ICodecFactory> codec = FF::MakeCodecFactory();
-    std::shared_ptr<Proc::IFilterFactory> filter = FF::MakeFilterFactory();
-    std::shared_ptr<Proc::ISourceFactory> source = FF::MakeSourceFactory();
-    std::shared_ptr<Proc::IEffectFactory> effect = FF::MakeEffectFactory();
-    std::shared_ptr<Proc::IDataVideoFFFactory> dataVideo = FF::MakeDataVideoFFFactory();
+    FactorySlot<Proc::IMuxerFactory> muxer{&Proc::IBackend::MakeMuxerFactory};
+    FactorySlot<Proc::ICodecFactory> codec{&Proc::IBackend::MakeCodecFactory};
+    FactorySlot<Proc::IFilterFactory> filter{&Proc::IBackend::MakeFilterFactory};
+    FactorySlot<Proc::ISourceFactory> source{&Proc::IBackend::MakeSourceFactory};
+    FactorySlot<Proc::IEffectFactory> effect{&Proc::IBackend::MakeEffectFactory};
+    FactorySlot<Proc::IDataVideoFFFactory> dataVideo{&Proc::IBackend::MakeDataVideoFFFactory};
 };
 
 CoreManager::CoreManager()
@@ -31,46 +57,46 @@ CoreManager& CoreManager::Instance() {
 }
 
 Proc::IMuxerFactory& CoreManager::GetMuxerFactory() {
-    return *factories->muxer;
+    return factories->muxer.Get();
 }
 Proc::ICodecFactory& CoreManager::GetCodecFactory() {
-    return *factories->codec;
+    return factories->codec.Get();
 }
 Proc::IFilterFactory& CoreManager::GetFilterFactory() {
-    return *factories->filter;
+    return factories->filter.Get();
 }
 Proc::ISourceFactory& CoreManager::GetSourceFactory() {
-    return *factories->source;
+    return factories->source.Get();
 }
 Proc::IEffectFactory& CoreManager::GetEffectFactory() {
-    return *factories->effect;
+    return factories->effect.Get();
 }
 Proc::IDataVideoFFFactory& CoreManager::GetDataVideoFFFactory() {
-    return *factories->dataVideo;
+    return factories->dataVideo.Get();
 }
 
 void CoreManager::SetMuxerFactory(std::shared_ptr<Proc::IMuxerFactory> factory) {
-    factories->muxer = factory ? std::move(factory) : FF::MakeMuxerFactory();
+    factories->muxer.Set(std::move(factory));
 }
 
 void CoreManager::SetCodecFactory(std::shared_ptr<Proc::ICodecFactory> factory) {
-    factories->codec = factory ? std::move(factory) : FF::MakeCodecFactory();
+    factories->codec.Set(std::move(factory));
 }
 
 void CoreManager::SetFilterFactory(std::shared_ptr<Proc::IFilterFactory> factory) {
-    factories->filter = factory ? std::move(factory) : FF::MakeFilterFactory();
+    factories->filter.Set(std::move(factory));
 }
 
 void CoreManager::SetSourceFactory(std::shared_ptr<Proc::ISourceFactory> factory) {
-    factories->source = factory ? std::move(factory) : FF::MakeSourceFactory();
+    factories->source.Set(std::move(factory));
 }
 
 void CoreManager::SetEffectFactory(std::shared_ptr<Proc::IEffectFactory> factory) {
-    factories->effect = factory ? std::move(factory) : FF::MakeEffectFactory();
+    factories->effect.Set(std::move(factory));
 }
 
 void CoreManager::SetDataVideoFFFactory(std::shared_ptr<Proc::IDataVideoFFFactory> factory) {
-    factories->dataVideo = factory ? std::move(factory) : FF::MakeDataVideoFFFactory();
+    factories->dataVideo.Set(std::move(factory));
 }
 
 } // namespace Kestra::Core

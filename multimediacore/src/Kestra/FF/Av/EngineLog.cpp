@@ -1,4 +1,4 @@
-#include "Kestra/Proc/EngineLog.h"
+#include "Kestra/FF/Av/EngineLog.h"
 
 #include "Kestra/FF/Av/LogWatch.h"
 #include "Kestra/FF/Av/MemoryWatch.h"
@@ -11,7 +11,7 @@ extern "C" {
 #include <libavutil/log.h>
 }
 
-namespace Kestra {
+namespace Kestra::FF {
 
 namespace {
 
@@ -36,8 +36,8 @@ void SendLines(void* object, int level, const char* format, va_list arguments,
 }
 
 void OnLog(void* object, int level, const char* format, va_list arguments) {
-    FF::LogWatch::Offer(level, format, arguments);
-    FF::MemoryWatch::Offer(object, level, format, arguments);
+    LogWatch::Offer(level, format, arguments);
+    MemoryWatch::Offer(object, level, format, arguments);
     if (level > chosenLevel)
         return;
     if (const auto receiver = lineReceiver.load())
@@ -55,15 +55,15 @@ const bool silenced = [] {
 
 } // namespace
 
-void Proc::SetEngineLogReceiver(void (*receiver)(const std::string& line)) noexcept {
+void SetLogReceiver(void (*receiver)(const std::string& line)) noexcept {
     lineReceiver = receiver;
 }
 
-void Proc::SetEngineLogLevel(LogLevel level) noexcept {
-    chosenLevel = level == LogLevel::Quiet     ? AV_LOG_QUIET
-                  : level == LogLevel::Warning ? AV_LOG_WARNING
-                                               : AV_LOG_VERBOSE;
+void SetLogLevel(Proc::LogLevel level) noexcept {
+    chosenLevel = level == Proc::LogLevel::Quiet     ? AV_LOG_QUIET
+                  : level == Proc::LogLevel::Warning ? AV_LOG_WARNING
+                                                     : AV_LOG_VERBOSE;
     av_log_set_level(chosenLevel);
 }
 
-} // namespace Kestra
+} // namespace Kestra::FF

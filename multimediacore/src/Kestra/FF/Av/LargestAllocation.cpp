@@ -1,11 +1,11 @@
-#include "Kestra/Proc/LargestAllocation.h"
+#include "Kestra/FF/Av/LargestAllocation.h"
 
 extern "C" {
 #include <libavutil/mem.h>
 }
 #include <algorithm>
 
-namespace Kestra::Proc {
+namespace Kestra::FF {
 
 void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
     // Encoders size their packets for the worst case, which is more than the frame.
@@ -13,4 +13,4 @@ void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
     av_max_alloc(static_cast<std::size_t>(std::max(least, limits.pictureBytes * 2)));
 }
 
-} // namespace Kestra::Proc
+} // namespace Kestra::FF

@@ -1,4 +1,4 @@
-#include "Kestra/Proc/FileCheck.h"
+#include "Kestra/FF/Demux/FileCheck.h"
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
@@ -132,33 +132,30 @@ std::vector<CheckedStream> ReadAll(Demuxer& demuxer, std::int64_t length) {
 }
 
 } // namespace
-} // namespace Kestra::FF
-
-namespace Kestra::Proc {
 
 CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) {
     try {
-        FF::Demuxer demuxer(path, interrupted, FF::OwnFile());
+        Demuxer demuxer(path, interrupted, OwnFile());
         CheckedFile file;
         file.container = demuxer.GetFormatName();
         const AVFormatContext& context = demuxer.GetContext();
         if (context.duration != AV_NOPTS_VALUE)
-            file.duration = FF::ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
-        file.streams = FF::ReadAll(demuxer, file.duration);
+            file.duration = ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
+        file.streams = ReadAll(demuxer, file.duration);
         if (interrupted)
-            KESTRA_THROW(Interrupted());
+            KESTRA_THROW(Proc::Interrupted());
         struct stat state = {};
         if (stat(path.ToUtf8().c_str(), &state) == 0)
             file.size = state.st_size;
         return file;
-    } catch (const ProcException& error) {
+    } catch (const Proc::ProcException& error) {
         if (interrupted) // what such a reading meets is no fault of the file
-            KESTRA_THROW(Interrupted());
+            KESTRA_THROW(Proc::Interrupted());
         const int* code = boost::get_error_info<TagErrorCode>(error);
         if (code && *code == static_cast<int>(TranscodingError::OutputFailed))
             throw;
-        FF::RethrowAsOutput(error);
+        RethrowAsOutput(error);
     }
 }
 
-} // namespace Kestra::Proc
+} // namespace Kestra::FF

@@ -1,4 +1,4 @@
-#include "Kestra/ClientAPI/EncoderQuery.h"
+#include "Kestra/FF/Encode/EncoderQuery.h"
 
 #include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/PixelFormat.h"
@@ -13,14 +13,14 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
-namespace Kestra::ClientAPI {
+namespace Kestra::FF {
 
 namespace {
 
 using Conf::CodecID;
 
 AVPixelFormat FormatNamed(const std::string& name) {
-    const AVPixelFormat named = FF::ToAv(Conf::PixelFormatFromString(name));
+    const AVPixelFormat named = ToAv(Conf::PixelFormatFromString(name));
     return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
 }
 
@@ -29,7 +29,7 @@ std::string WhyNot(void* target, const std::string& owner, const std::string& na
     Core::Property options;
     options.SetChild(name, value);
     try {
-        FF::OptionList(options).ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
+        OptionList(options).ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
         return {};
     } catch (const Exception& refusal) {
         return refusal.what();
@@ -42,20 +42,19 @@ struct FreeFormat {
 
 } // namespace
 
-bool EncoderQuery::TakesPixelFormat(CodecID codec, const std::string& pixelFormat) {
+bool TakesPixelFormat(CodecID codec, const std::string& pixelFormat) {
     const AVPixelFormat format = FormatNamed(pixelFormat);
-    const std::vector<const AVCodec*> encoders = FF::EncodersOf(codec);
-    return format != AV_PIX_FMT_NONE && !encoders.empty() && FF::TakesFormat(*encoders.front(), format) &&
-           FF::VideoDriver::Of(*encoders.front()).TakesFormat(format);
+    const std::vector<const AVCodec*> encoders = EncodersOf(codec);
+    return format != AV_PIX_FMT_NONE && !encoders.empty() && TakesFormat(*encoders.front(), format) &&
+           VideoDriver::Of(*encoders.front()).TakesFormat(format);
 }
 
-std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, const std::string& value,
-                                       bool exactRate) {
+std::string WhyNotOption(CodecID codec, const std::string& name, const std::string& value, bool exactRate) {
     std::string reason = std::string("there is no encoder for ") + Conf::CodecIDToString(codec);
-    for (const AVCodec* const encoder : FF::EncodersOf(codec)) {
-        if (exactRate && encoder != &FF::EncoderForExactRates(*encoder))
+    for (const AVCodec* const encoder : EncodersOf(codec)) {
+        if (exactRate && encoder != &EncoderForExactRates(*encoder))
             continue;
-        const FF::CodecContextHandle context = FF::MakeCodecContext(encoder);
+        const CodecContextHandle context = MakeCodecContext(encoder);
         reason = WhyNot(context.get(), encoder->name, name, value);
         if (reason.empty())
             break;
@@ -63,8 +62,7 @@ std::string EncoderQuery::WhyNotOption(CodecID codec, const std::string& name, c
     return reason;
 }
 
-std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const std::string& name,
-                                            const std::string& value) {
+std::string WhyNotMuxerOption(const std::string& container, const std::string& name, const std::string& value) {
     const Conf::Container* const known = Conf::Container::Find(container);
     AVFormatContext* made = nullptr;
     if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
@@ -73,4 +71,4 @@ std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const 
     return WhyNot(context.get(), "the muxer for " + container, name, value);
 }
 
-} // namespace Kestra::ClientAPI
+} // namespace Kestra::FF

@@ -1,6 +1,7 @@
+#include "Kestra/FF/Filter/AudioSegmenter.h"
+
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Filter/PacketSegment.h"
-#include "Kestra/Proc/Segmenter.h"
 #include <stdexcept>
 
 namespace Kestra::FF {
@@ -38,18 +39,14 @@ private:
 
 } // namespace
 
-} // namespace Kestra::FF
-
-namespace Kestra::Proc {
-
-boost::intrusive_ptr<IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,
-                                                      std::int64_t start, std::int64_t end) {
+boost::intrusive_ptr<Proc::IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<Proc::IStreamRaw>& stream,
+                                                            std::int64_t start, std::int64_t end) {
     if (!stream || !stream->GetPacketSource())
         KESTRA_THROW(std::invalid_argument("a segment needs a stream of packets; it was given none"));
     if (start < 0 || end <= start)
         KESTRA_THROW(std::invalid_argument("a segment from " + std::to_string(start) + " to " + std::to_string(end) +
                                            " (engine time) of a stream is empty or begins before it"));
-    return new FF::SegmentStream(new FF::PacketSegment(stream->GetPacketSource(), start, end));
+    return new SegmentStream(new PacketSegment(stream->GetPacketSource(), start, end));
 }
 
-} // namespace Kestra::Proc
+} // namespace Kestra::FF

@@ -3,12 +3,13 @@
 
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include "Kestra/Proc/IConcatenation.h"
+#include "KestraExport.h"
 #include <vector>
 
 namespace Kestra::Proc {
 
 /// A part fills exactly its duration: its last picture is stretched or cut to the seam.
-class Concatenation final : public StreamBase<IConcatenation> {
+class KESTRA_EXPORT Concatenation final : public StreamBase<IConcatenation> {
 public:
     void Append(const boost::intrusive_ptr<IStreamVideo>& stream) override;
 

@@ -3,11 +3,12 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Proc/IEffectHost.h"
+#include "KestraExport.h"
 #include <vector>
 
 namespace Kestra::Proc {
 
-class EffectHost final : public IEffectHost, public RefCountImpl {
+class KESTRA_EXPORT EffectHost final : public IEffectHost, public RefCountImpl {
 public:
     /// Throws std::invalid_argument for a null source.
     explicit EffectHost(const boost::intrusive_ptr<IStreamVideo>& source);

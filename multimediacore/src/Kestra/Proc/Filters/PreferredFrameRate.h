@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "KestraExport.h"
 #include <atomic>
 #include <boost/rational.hpp>
 
@@ -9,7 +10,7 @@ namespace Kestra::Proc {
 
 /// As long as its source, whatever the rate: the last frame is cut or stretched. Where no rate is preferred, the
 /// source's pictures pass as they are; those of a source that has no rate come at STILL_RATE.
-class PreferredFrameRate final : public VideoFilterBase {
+class KESTRA_EXPORT PreferredFrameRate final : public VideoFilterBase {
 public:
     static constexpr int STILL_RATE = 25;
 

@@ -3,10 +3,11 @@
 
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/Filters/ReadAheadBase.h"
+#include "KestraExport.h"
 
 namespace Kestra::Proc {
 
-class ReadAheadAudio final : public ReadAheadBase<AudioFilterBase> {
+class KESTRA_EXPORT ReadAheadAudio final : public ReadAheadBase<AudioFilterBase> {
 public:
     ReadAheadAudio(const boost::intrusive_ptr<IStreamAudio>& source, int blocks);
 

@@ -3,10 +3,11 @@
 
 #include "Kestra/Proc/Filters/ReadAheadBase.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "KestraExport.h"
 
 namespace Kestra::Proc {
 
-class ReadAheadVideo final : public ReadAheadBase<VideoFilterBase> {
+class KESTRA_EXPORT ReadAheadVideo final : public ReadAheadBase<VideoFilterBase> {
 public:
     ReadAheadVideo(const boost::intrusive_ptr<IStreamVideo>& source, int pictures);
 

@@ -1,0 +1,11 @@
+#include "EditorPreset/CheckedCatalogue.h"
+
+#include <QCryptographicHash>
+
+namespace EditorPreset {
+
+bool isCatalogueOfThisBuild(const QByteArray& bytes) {
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex() == EDITORPRESET_CATALOGUE_SHA256;
+}
+
+} // namespace EditorPreset

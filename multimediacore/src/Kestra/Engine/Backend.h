@@ -1,0 +1,11 @@
+// Kestra::Backend: the codec libraries, loaded when they are first needed.
+#pragma once
+
+#include "Kestra/Proc/IBackend.h"
+
+namespace Kestra {
+
+/// As LoadEngine().
+Proc::IBackend& Backend();
+
+} // namespace Kestra

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Kestra/Proc/MediaLimits.h"
+
+namespace Kestra::FF {
+
+/// As Proc::SetLargestAllocation() says.
+void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept;
+
+} // namespace Kestra::FF

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Kestra/Proc/FileCheck.h"
+
+namespace Kestra::FF {
+
+/// As Proc::CheckFile() says.
+Proc::CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted);
+
+} // namespace Kestra::FF

@@ -1,0 +1,63 @@
+// What the program loads for what it is asked to do.
+#include "Program.h"
+#include "support/FlashBeep.h"
+#include <QFile>
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+
+namespace {
+
+/// What the dynamic linker says that it has opened.
+QString libraries(const std::vector<std::string>& arguments) {
+    Program program(arguments);
+    program.setEnvironment("LD_DEBUG", "files");
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 0) << result.errors.right(2000).toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("libKestra.so"))) << "the dynamic linker tells nothing";
+    return result.errors;
+}
+
+bool namesCodecs(const QString& told) {
+    return told.contains(QStringLiteral("libavcodec.so"));
+}
+
+TEST(Start, LoadsNoCodecsToHelpOrToList) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--help"}, {"--version"}, {"presets"}, {"presets", "--json"}})
+        EXPECT_FALSE(namesCodecs(libraries(arguments))) << arguments.front();
+}
+
+TEST(Start, LoadsCodecsForMedia) {
+    const TestMedia::Folder folder;
+    const std::string media = folder / "in.mov";
+    TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
+    EXPECT_TRUE(namesCodecs(libraries({"info", media})));
+}
+
+/// Beside its own library the engine's codecs are missing, as after half an installation.
+TEST(Start, WithoutItsCodecsListsAndSaysWhatIsMissing) {
+    const TestMedia::Folder folder;
+    const QString library = QFileInfo(QStringLiteral(KESTRA_LIBRARY)).canonicalFilePath();
+    ASSERT_TRUE(QFile::copy(library, QString::fromStdString(folder / KESTRA_SONAME)));
+    const std::string elsewhere = folder / "";
+    Program list({"presets"});
+    list.setEnvironment("LD_LIBRARY_PATH", elsewhere);
+    EXPECT_EQ(list.run().code, 0);
+
+    const std::string media = folder / "in.mov";
+    TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
+    const std::string output = folder / "out.mp4";
+    Program render({"render", media, "-p", "mp4-h264-1080p", "-o", output});
+    render.setEnvironment("LD_LIBRARY_PATH", elsewhere);
+    const Result result = render.run();
+    EXPECT_NE(result.code, 0);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("Cannot load the engine's codecs")))
+        << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QString::fromStdString(elsewhere))) << result.errors.toStdString();
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(output)));
+}
+
+} // namespace
