@@ -1,5 +1,6 @@
 #include "sweep/memory/MemoryFaults.h"
 
+#include "Kestra/Proc/LoadEngine.h"
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -130,6 +131,7 @@ void MemoryFaults::learn() {
     Places places{};
     backtrace(places.data(), static_cast<int>(places.size()));
     libraryCount = 0;
+    Kestra::Proc::LoadEngine(); // what comes later is nobody's
     dl_iterate_phdr(&learnOne, nullptr);
 }
 

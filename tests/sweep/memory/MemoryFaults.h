@@ -20,7 +20,7 @@ public:
     /// Places in the code, innermost first, as far as there are any.
     using Places = std::array<void*, 32>;
 
-    /// Once, before arm(): learns which libraries there are.
+    /// Once, before arm(): loads the codecs and learns which libraries there are.
     static void learn();
     /// Counts from here on, and fails as planned. Nothing fails before.
     static void arm(const Plan& plan);
