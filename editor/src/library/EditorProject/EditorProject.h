@@ -43,7 +43,7 @@ public:
               const Kestra::Proc::MediaLimits& limits = {});
 
     /// As open(), with a timeline and what has been opened elsewhere, perhaps on another thread: also the timeline
-    /// before, edited. Its markers are objects of the model.
+    /// before, edited. Its markers, tracks and clips are objects of the model.
     void show(Render::Sequence sequence);
 
     /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of

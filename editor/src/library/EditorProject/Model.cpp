@@ -57,6 +57,7 @@ void Model::requireOwn(const M* description, const M* ofTheComposition) const {
 void Model::show(Render::Sequence sequence) {
     shown = std::move(sequence);
     marks.show(*shown->document);
+    tracks.show(*shown->document);
     describe({});
     videos.rebuild();
     audios.rebuild();

@@ -6,6 +6,7 @@
 #include "EditorProject/FastTrackShare.h"
 #include "EditorProject/StreamLengths.h"
 #include "EditorProject/TimelineMarks.h"
+#include "EditorProject/TimelineTracks.h"
 #include "Kestra/Base/FrameGrid.h"
 #include "Render/Sequence.h"
 #include <exception>
@@ -67,6 +68,7 @@ private:
     Composition::Object compositionObject;
     FastTrackShare fastTrack;
     TimelineMarks marks;
+    TimelineTracks tracks{&compositionObject};
     ExportSessions sessions;
     VideoStreams videos;
     AudioStreams audios;
