@@ -80,6 +80,17 @@ TEST(TimeMap, EndsAtTheEndsOfTheRange) {
     EXPECT_EQ(TimeMap({Ticks(0), Ticks(INT64_MIN / 2), 100}).ToSource(Ticks(INT64_MIN / 4)), Ticks(INT64_MIN));
 }
 
+TEST(TimeMap, EndsThereToWhereWhatLiesBetweenDoesNotFit) {
+    const TimeMap late{Ticks(INT64_MAX - 10), Ticks(INT64_MAX - 10)};
+    EXPECT_EQ(late.ToSource(Ticks(INT64_MAX)), Ticks(INT64_MAX));
+    EXPECT_EQ(late.ToSource(Ticks(INT64_MIN)), Ticks(-11)) << "as early as can be told";
+    EXPECT_EQ(late.FromSource(Ticks(INT64_MIN)), Ticks(-11));
+    const TimeMap early{Ticks(-10), Ticks(0), 2};
+    EXPECT_EQ(early.ToSource(Ticks(INT64_MAX)), Ticks(INT64_MAX));
+    EXPECT_EQ(early.FromSource(Ticks(INT64_MAX)), Ticks(INT64_MAX / 2 - 10 + 1));
+    EXPECT_EQ(TimeMap({Ticks(INT64_MIN), Ticks(0), -1}).ToSource(Ticks(5)), Ticks(-INT64_MAX));
+}
+
 TEST(TimeMap, OfAFrozenFrameShowsOneTime) {
     const TimeMap map{Ticks(5), Ticks(77), 0};
     EXPECT_EQ(map.ToSource(Ticks(1000000)), Ticks(77));

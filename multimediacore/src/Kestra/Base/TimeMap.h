@@ -15,15 +15,23 @@ struct TimeMap {
     Ticks there{};
     boost::rational<long long> speed = 1;
 
-    /// Rounded to nearest; times that do not fit end at the ends of the range.
+    /// Rounded to nearest; times, and what lies between them, that do not fit end at the ends of the range.
     Ticks ToSource(Ticks time) const {
-        return SaturatedSum(there, Ticks(MulDivRound((time - here).Value(), speed.numerator(), speed.denominator())));
+        return SaturatedSum(there, Ticks(MulDivRound(Between(here, time), speed.numerator(), speed.denominator())));
     }
     /// The time at which `source` is shown, rounded to nearest. `speed` is not 0.
     Ticks FromSource(Ticks source) const {
         const long long sign = speed.numerator() < 0 ? -1 : 1;
         return SaturatedSum(
-            here, Ticks(MulDivRound((source - there).Value(), sign * speed.denominator(), sign * speed.numerator())));
+            here, Ticks(MulDivRound(Between(there, source), sign * speed.denominator(), sign * speed.numerator())));
+    }
+
+private:
+    static std::int64_t Between(Ticks from, Ticks to) {
+        std::int64_t ticks = 0;
+        if (__builtin_sub_overflow(to.Value(), from.Value(), &ticks))
+            return to < from ? INT64_MIN : INT64_MAX;
+        return ticks;
     }
 };
 
