@@ -12,6 +12,14 @@ using namespace Kestra;
 
 namespace {
 
+/// Shows what is on top, and the first side of what is mixed.
+class FakeBlender final : public Proc::IFrameBlender, public RefCountImpl {
+public:
+    Frame Mix(const Frame& from, const Frame&, double) override { return from; }
+    Frame Over(const Frame&, const Frame& top) override { return top; }
+    Frame Flatten(const Frame& frame) override { return frame; }
+};
+
 class FakeResizer final : public Proc::VideoFilterBase {
 public:
     FakeResizer(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const Conf::FrameInfo& target,
@@ -112,7 +120,7 @@ FakeFilterFactory::Audio FakeFilterFactory::CreateSilence(const boost::intrusive
 
 boost::intrusive_ptr<Proc::IFrameBlender>
 FakeFilterFactory::CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>&) {
-    KESTRA_NOT_IMPLEMENTED();
+    return new FakeBlender;
 }
 
 boost::intrusive_ptr<Proc::ISampleMixer> FakeFilterFactory::CreateSampleMixer(const Conf::SampleInfo&) {

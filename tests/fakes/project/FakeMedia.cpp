@@ -150,6 +150,7 @@ FakeMedia::FakeMedia(ioPath path, const Contents& contents, std::shared_ptr<Stre
         info.video->frame = {64, 36, 16, 9};
         info.video->frameRate = contents.rate;
         info.video->stillPicture = contents.still;
+        info.video->pixelFormat = contents.transparent ? "yuva420p" : "";
     }
     if (contents.samples > 0) {
         info.audio.emplace();

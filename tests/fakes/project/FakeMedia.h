@@ -22,7 +22,8 @@ struct Contents {
     std::int32_t sampleFormat = Kestra::Conf::SAMPLE_FORMAT_S16;
     bool brokenPicture = false; ///< announced, but nothing can be read
     bool still = false;         ///< the picture is said to have no length of its own
-    std::int64_t duration = 0;  ///< 0: the longer of the two
+    bool transparent = false;
+    std::int64_t duration = 0; ///< 0: the longer of the two
 };
 
 /// Counts streams that exist at a time; shared by everything that one factory makes.
@@ -30,6 +31,7 @@ struct StreamCount {
     std::atomic<int> alive{0};
     std::atomic<int> most{0};
     std::atomic<int> created{0};
+    std::atomic<int> among{0}; ///< of so many the last one with pictures was said to be
 
     void enter() {
         ++created;
@@ -78,6 +80,10 @@ public:
     const Kestra::Proc::MediaInfo& GetInfo() const override { return info; }
     boost::intrusive_ptr<Kestra::Proc::IStreamVideo> CreateVideoStream() override {
         return makePictures(contents, count);
+    }
+    boost::intrusive_ptr<Kestra::Proc::IStreamVideo> CreateVideoStreamAmong(int streams) override {
+        count->among = streams;
+        return CreateVideoStream();
     }
     boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(contents, count); }
     std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;

@@ -8,6 +8,7 @@
 namespace Project::Tests {
 namespace {
 
+using Kestra::Ticks;
 using Kestra::Proc::SeekMode;
 
 class PictureStreamTest : public RenderFixture {};
@@ -157,6 +158,24 @@ TEST_F(PictureStreamTest, AThousandTinyClipsAreOpenedOneAtATime) {
     EXPECT_EQ(numbers(pictures(line, 25), 25), expected);
     EXPECT_LE(media->streams().most, 2);
     EXPECT_EQ(media->streams().alive, 0);
+}
+
+TEST_F(PictureStreamTest, ADecoderIsToldHowManyOthersAreReadWithIt) {
+    Contents layer = clip(50);
+    layer.transparent = true;
+    std::vector<Timeline::Track> tracks;
+    for (const Kestra::ioPath& path : put({clip(50), layer, layer, layer, layer, layer})) {
+        Timeline::Item item;
+        item.duration = Ticks(2 * Kestra::TIME_BASE);
+        item.content = Timeline::Clip{{{}, Timeline::MediaFile{path}}, {}, Ticks(0)};
+        tracks.emplace_back(Timeline::Track::Kind::Video, "", true, std::vector{item},
+                            std::vector<Timeline::Transition>());
+        const auto document = std::make_shared<Timeline::Document>();
+        document->tracks = std::make_shared<Timeline::Stack>("", tracks);
+        const auto line = Render::Sequence::of(document, std::make_shared<Render::MediaPool>());
+        pictures(line, 25)->ReadVideo();
+        EXPECT_EQ(media->streams().among, static_cast<int>(tracks.size()));
+    }
 }
 
 TEST_F(PictureStreamTest, ClipsOfOneMediumHandItsDecoderOn) {

@@ -2,6 +2,8 @@
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "unit/source/SourceFixture.h"
 #include <cstdio>
+#include <filesystem>
+#include <malloc.h>
 #include <tuple>
 
 namespace TestMedia {
@@ -13,6 +15,11 @@ class OpeningAgain : public SourceTest {
 protected:
     std::string makeMp4(const std::string& name, const std::string& codec) {
         return make(name, join(pictures("24000/1001", 30), {"-c:v", codec, "-bf", "2"}));
+    }
+
+    static std::size_t countOf(const char* what) {
+        const std::filesystem::directory_iterator entries(std::string("/proc/self/") + what);
+        return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
     }
 
     const std::atomic<bool> never{false};
@@ -60,6 +67,34 @@ TEST_F(OpeningAgain, GoesOnWithThePicturesOfTheFirstOpening) {
         for (int number = 0; number < 30; ++number)
             EXPECT_EQ(read[static_cast<std::size_t>(number)].number, number);
     }
+}
+
+TEST_F(OpeningAgain, IsHowAMediumIsReadOfWhichOpeningKeepsLittle) {
+    constexpr int MANY = 100;
+    constexpr std::size_t LITTLE = 24 * 1024;
+    const std::string path = makeMp4("a.mp4", "libx264");
+    const auto before = open(path); // what is made once is there
+    const std::size_t files = countOf("fd"), memory = mallinfo2().uordblks;
+    std::vector<intrusive_ptr<IMediaSource>> sources;
+    for (int i = 0; i < MANY; ++i)
+        sources.push_back(open(path));
+    EXPECT_EQ(countOf("fd"), files);
+    EXPECT_LT((mallinfo2().uordblks - memory) / MANY, LITTLE);
+}
+
+TEST_F(OpeningAgain, AmongManyStartsFewerThreads) {
+    const auto source = open(makeMp4("a.mp4", "libx264"));
+    const auto threadsOf = [&source](int among) {
+        const std::size_t before = countOf("task");
+        const auto stream = source->CreateVideoStreamAmong(among);
+        EXPECT_TRUE(stream->ReadVideo());
+        return countOf("task") - before;
+    };
+    const std::size_t alone = threadsOf(1);
+    EXPECT_GE(alone, 2U);
+    EXPECT_EQ(threadsOf(4), alone);
+    EXPECT_LE(6 * threadsOf(6), 4 * alone);
+    EXPECT_EQ(threadsOf(20), 0U) << "the one that reads decodes";
 }
 
 /// Codec and container.

@@ -21,15 +21,25 @@ namespace {
 /// A shorter run is over before a thread of its own would have helped.
 constexpr FrameIndex LEAST_FRAMES_FOR_THREAD{24};
 constexpr std::int64_t BYTES_AHEAD = 4LL * 1024 * 1024;
+/// As many clips at a time read ahead as each would alone; more of them share what these may.
+constexpr int CLIPS_UNSHARED = 4;
+/// Held of all clips that run backwards, and of each at least: with less, it would be decoded many times over.
+constexpr std::size_t BYTES_BACKWARDS = std::size_t{128} << 20;
+constexpr std::size_t FEWEST_BYTES_BACKWARDS = std::size_t{32} << 20;
 
 Proc::IFilterFactory& filters() {
     return Core::CoreManager::Instance().GetFilterFactory();
 }
 
 /// How many frames of that size are read ahead: bounded by memory.
-int framesAhead(const Conf::FrameInfo& frame) {
+int framesAhead(const Conf::FrameInfo& frame, const Company& company) {
     const std::int64_t bytes = std::max<std::int64_t>(1, std::int64_t(frame.width) * frame.height * 3 / 2);
-    return static_cast<int>(std::clamp<std::int64_t>(BYTES_AHEAD / bytes, 1, 8));
+    const std::int64_t share = BYTES_AHEAD * CLIPS_UNSHARED / std::max(CLIPS_UNSHARED, company.clips);
+    return static_cast<int>(std::clamp<std::int64_t>(share / bytes, 1, 8));
+}
+
+std::size_t bytesBackwards(const Company& company) {
+    return std::max(FEWEST_BYTES_BACKWARDS, BYTES_BACKWARDS / static_cast<std::size_t>(std::max(1, company.backwards)));
 }
 
 /// Width by height, as it is shown.
@@ -108,7 +118,7 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> MaterialPictures::wish(const Proc:
 }
 
 Video MaterialPictures::create(const MediaPool::Source& medium, FrameIndex first, FrameIndex count,
-                               Video pictures) const {
+                               const Company& company, Video pictures) const {
     const bool made = medium != source;
     const Proc::MediaInfo& info = medium->GetInfo();
     if (!info.video)
@@ -119,16 +129,17 @@ Video MaterialPictures::create(const MediaPool::Source& medium, FrameIndex first
     const FrameIndex from = made ? first : grid.Nearest(map.here);
     map.here = made ? Ticks(0) : map.here - grid.Begin(from);
     if (count >= LEAST_FRAMES_FOR_THREAD && map.speed > 0)
-        pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame));
+        pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame, company));
     const bool own = info.video->frameRate == grid.GetRate() && map.speed == 1;
     const Rule rule(grid, own ? Rule::Pace::Grid : Rule::Pace::Any, map);
-    pictures = new Proc::FrameSampler(pictures, {rule, Proc::FrameSampler::Repeats::AsOne, first - from, count});
+    pictures = new Proc::FrameSampler(
+        pictures, {rule, Proc::FrameSampler::Repeats::AsOne, first - from, count, bytesBackwards(company)});
     const Video resized = filters().CreateResizer(pictures, resizerSettings(target.format()->GetFrameInfo(), use));
     resized->PreferFormat(*wish(*medium));
     return resized;
 }
 
-void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) {
+void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, const Company& company) {
     streams.requireNoInterrupt();
     opened = first;
     last = {};
@@ -139,8 +150,8 @@ void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end) 
     if (decoded)
         decoded->Reset(); // also of the interrupt that ended its reading ahead
     else
-        decoded = medium->CreateVideoStream();
-    stream = streams.open(create(medium, first, end - first, decoded), source ? decoded : nullptr);
+        decoded = medium->CreateVideoStreamAmong(company.clips);
+    stream = streams.open(create(medium, first, end - first, company, decoded), source ? decoded : nullptr);
     if (source)
         target.noteLoss(*source, use == Usage::Layer);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Proc/IStreamVideo.h"
+#include "Render/Company.h"
 #include "Render/MediaPool.h"
 #include "Render/OpenStreams.h"
 #include "Render/PicturePlanner.h"
@@ -35,7 +36,7 @@ public:
 
     /// For the composition's frames from `first` to before `end`, borrowing `streams`; goes on with what another of the
     /// medium has left there. Throws Interrupted after an interrupt of the streams, and ProcException.
-    void open(Streams& streams, Kestra::FrameIndex first, Kestra::FrameIndex end);
+    void open(Streams& streams, Kestra::FrameIndex first, Kestra::FrameIndex end, const Company& company);
     /// Closes, and leaves the medium's file and decoder to another.
     void leave();
     const MediaPool::Source& medium() const { return source; }
@@ -49,7 +50,7 @@ public:
 
 private:
     boost::intrusive_ptr<Kestra::Proc::IStreamVideo>
-    create(const MediaPool::Source& medium, Kestra::FrameIndex first, Kestra::FrameIndex count,
+    create(const MediaPool::Source& medium, Kestra::FrameIndex first, Kestra::FrameIndex count, const Company& company,
            boost::intrusive_ptr<Kestra::Proc::IStreamVideo> decoded) const;
     boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> wish(const Kestra::Proc::IMediaSource& medium) const;
 

@@ -106,7 +106,7 @@ PictureStream::Shown PictureStream::show(const Material& material, Usage usage) 
         return shown->at(current());
     auto pictures = std::make_unique<MaterialPictures>(material, usage, *sequence.media, target, grid);
     const FrameIndex end = std::min(planner.endOf(material), window.firstFrame() + frames);
-    pictures->open(streams, current(), end);
+    pictures->open(streams, current(), end, Company::in(scene));
     return open.add(std::move(pictures)).at(current());
 }
 

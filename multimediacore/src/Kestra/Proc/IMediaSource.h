@@ -83,6 +83,9 @@ public:
     /// or whole frames before it where sound really leads; then the first frame is shown from 0 on. Variable frame
     /// durations are kept. Throws ProcException (SourceUnreadable) when there is none.
     virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStream() = 0;
+    /// The same for one of so many streams that are read at a time: beyond four, they share the threads that four would
+    /// have for decoding. A source without threads need not tell them apart.
+    virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStreamAmong(int streams);
     /// Samples of the main audio track in their own format; silence before a late start and in gaps.
     virtual boost::intrusive_ptr<IStreamAudio> CreateAudioStream() = 0;
     /// What has been concealed so far by all its streams, at most a thousand entries; takes them.

@@ -37,6 +37,9 @@ IEffectVideo::~IEffectVideo() = default;
 IFilterFactory::~IFilterFactory() = default;
 IFrameBlender::~IFrameBlender() = default;
 IMediaSource::~IMediaSource() = default;
+boost::intrusive_ptr<IStreamVideo> IMediaSource::CreateVideoStreamAmong(int) {
+    return CreateVideoStream();
+}
 IMuxer::~IMuxer() = default;
 IMuxerFactory::~IMuxerFactory() = default;
 IPacketSource::~IPacketSource() = default;

@@ -28,10 +28,10 @@ MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupte
     notes = std::exchange(details.notes, {});
 }
 
-boost::intrusive_ptr<Proc::IStreamVideo> MediaSource::CreateVideoStream() {
+boost::intrusive_ptr<Proc::IStreamVideo> MediaSource::CreateVideoStreamAmong(int streams) {
     if (!info.video)
         Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no picture track");
-    return new VideoDecodeStream(this);
+    return new VideoDecodeStream(this, streams);
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> MediaSource::CreateAudioStream() {

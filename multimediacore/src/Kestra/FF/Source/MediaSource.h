@@ -15,7 +15,8 @@ public:
 
     const ioPath& GetPath() const override { return path; }
     const Proc::MediaInfo& GetInfo() const override { return info; }
-    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override;
+    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override { return CreateVideoStreamAmong(1); }
+    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStreamAmong(int streams) override;
     boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override;
     std::vector<Proc::DamageReport> TakeDamageReports() override;
     std::vector<Proc::SourceNote> TakeNotes() override;

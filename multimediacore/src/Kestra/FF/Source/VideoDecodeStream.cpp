@@ -39,14 +39,19 @@ bool TellsTimesOnlyInOrder(const char* container) {
     return std::strcmp(container, "mpeg") == 0;
 }
 
-int DecoderThreads() {
-    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) + 1, 2, 3);
+// What each would take alone is what as many streams at a time take as would alone; more of them share it.
+constexpr int STREAMS_UNSHARED = 4;
+
+int DecoderThreads(int streams) {
+    const int alone = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) + 1, 2, 3);
+    return std::clamp(STREAMS_UNSHARED * alone / std::max(1, streams), 1, alone);
 }
 
 } // namespace
 
-VideoDecodeStream::VideoDecodeStream(boost::intrusive_ptr<MediaSource> source)
+VideoDecodeStream::VideoDecodeStream(boost::intrusive_ptr<MediaSource> source, int among)
     : source(std::move(source))
+    , threads(DecoderThreads(among))
     , track(*this->source->GetInfo().video)
     , duration(track.start + track.duration)
     , pendingSeek(SeekTarget{}) {}
@@ -118,7 +123,7 @@ void VideoDecodeStream::Open() {
     file->SetEnd(source->GetDetails().end);
     file->Select({track.index});
     file->SetClock(source->GetDetails().clock);
-    decoder = std::make_unique<Decoder>(file->GetStream(track.index), DecoderThreads(), source->GetPath().ToUtf8(),
+    decoder = std::make_unique<Decoder>(file->GetStream(track.index), threads, source->GetPath().ToUtf8(),
                                         source->GetDetails().limits);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });

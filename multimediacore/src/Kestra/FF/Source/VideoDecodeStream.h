@@ -21,7 +21,8 @@ namespace Kestra::FF {
 /// rate that shows them; frames that are progressive keep their pixels.
 class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
-    explicit VideoDecodeStream(boost::intrusive_ptr<MediaSource> source);
+    /// One of so many streams that are read at a time: IMediaSource::CreateVideoStreamAmong.
+    VideoDecodeStream(boost::intrusive_ptr<MediaSource> source, int among);
     ~VideoDecodeStream() override;
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
@@ -78,6 +79,7 @@ private:
     std::int64_t LeadOf(std::int64_t time) const;
 
     const boost::intrusive_ptr<MediaSource> source;
+    const int threads; ///< that decode
     const Proc::VideoTrackInfo track;
     const std::int64_t duration;
     std::atomic<bool> interrupted{false};

@@ -10,7 +10,6 @@ namespace {
 
 constexpr Ticks LONGEST{2 * TIME_BASE};
 constexpr Ticks FIRST_GUESS{TIME_BASE / 2};
-constexpr std::size_t MOST_BYTES = std::size_t{128} << 20;
 constexpr std::int64_t STEP_BACK_GROWTH = 4;
 
 Ticks BeginOf(const boost::intrusive_ptr<IDataVideo>& frame) {
@@ -19,9 +18,10 @@ Ticks BeginOf(const boost::intrusive_ptr<IDataVideo>& frame) {
 
 } // namespace
 
-BackwardFrames::BackwardFrames(boost::intrusive_ptr<IStreamVideo> source, Ticks lowest)
+BackwardFrames::BackwardFrames(boost::intrusive_ptr<IStreamVideo> source, Ticks lowest, std::size_t mostBytes)
     : source(std::move(source))
     , lowest(std::max(lowest, Ticks(0)))
+    , mostBytes(mostBytes)
     , length(FIRST_GUESS) {}
 
 boost::intrusive_ptr<IDataVideo> BackwardFrames::At(Ticks time) {
@@ -68,7 +68,7 @@ void BackwardFrames::ReadFrom(Ticks begin, Ticks time) {
         bytes += frame->GetByteSize();
         stretch.push_back(std::move(frame));
         // What has no room any more is read again, with the stretch before.
-        for (; bytes > MOST_BYTES && stretch.size() > 1; stretch.pop_front()) {
+        for (; bytes > mostBytes && stretch.size() > 1; stretch.pop_front()) {
             bytes -= stretch.front()->GetByteSize();
             fromFirst = false;
         }
@@ -81,7 +81,7 @@ void BackwardFrames::Fit() {
     const IDataVideo& last = *stretch.back();
     const std::int64_t held = last.GetTime() + last.GetDuration() - stretch.front()->GetTime();
     const std::int64_t fitting =
-        MulDivRound(held, static_cast<std::int64_t>(MOST_BYTES), static_cast<std::int64_t>(bytes));
+        MulDivRound(held, static_cast<std::int64_t>(mostBytes), static_cast<std::int64_t>(bytes));
     length = std::clamp(Ticks(fitting), Ticks(1), LONGEST);
 }
 

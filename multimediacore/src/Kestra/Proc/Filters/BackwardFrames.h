@@ -8,14 +8,14 @@
 
 namespace Kestra::Proc {
 
-/// Reads forwards in stretches of which each lies before the last one read, and holds one at a time: what 2 s or 128
-/// MiB of pictures are, whichever is less, and always one. The length of the first is a guess; from then on it is
-/// fitted to what pictures weigh, so that each is read once, and those of the first stretch twice at most. Bound to its
-/// source's thread.
+/// Reads forwards in stretches of which each lies before the last one read, and holds one at a time: what 2 s or so
+/// many bytes of pictures are, whichever is less, and always one. The length of the first is a guess; from then on it
+/// is fitted to what pictures weigh, so that each is read once, and those of the first stretch twice at most. Bound to
+/// its source's thread.
 class BackwardFrames {
 public:
     /// Nothing before `lowest` will be asked for. The source is held and has to seek exactly.
-    BackwardFrames(boost::intrusive_ptr<IStreamVideo> source, Ticks lowest);
+    BackwardFrames(boost::intrusive_ptr<IStreamVideo> source, Ticks lowest, std::size_t mostBytes);
 
     /// What the source shows at `time`: its last picture that begins not after that, else its first one. Null where it
     /// has none. From one call to the next times do not rise.
@@ -32,6 +32,7 @@ private:
 
     const boost::intrusive_ptr<IStreamVideo> source;
     const Ticks lowest;
+    const std::size_t mostBytes;
     Ticks length;                                         ///< of the next stretch
     std::deque<boost::intrusive_ptr<IDataVideo>> stretch; ///< those not after the last one given
     std::size_t bytes = 0;                                ///< of them

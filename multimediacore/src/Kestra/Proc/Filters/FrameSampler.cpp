@@ -21,7 +21,8 @@ std::unique_ptr<BackwardFrames> MakeBackwards(const boost::intrusive_ptr<IStream
         return nullptr;
     if (!plan.count)
         KESTRA_THROW(std::invalid_argument("A number of frames has to be ordered of what runs backwards"));
-    return std::make_unique<BackwardFrames>(source, plan.rule.Shown(plan.first + *plan.count - FrameIndex(1)));
+    return std::make_unique<BackwardFrames>(source, plan.rule.Shown(plan.first + *plan.count - FrameIndex(1)),
+                                            plan.mostHeld);
 }
 
 } // namespace

@@ -13,8 +13,8 @@ class BackwardFrames;
 /// The frames of a grid, from `first` on, which stands at time 0 of this stream. Before the source's first frame that
 /// one is shown, after its last frame the last one. What is not shown is passed over, what is shown repeatedly shares
 /// its pixels. Begins to read at the first frame shown, and reads no frame before it is needed. A rule that
-/// runs backwards is obeyed by reading stretches of the source, each before the last one; their pictures are held, 128
-/// MiB of them at most. Thread rules of IStream.
+/// runs backwards is obeyed by reading stretches of the source, each before the last one, whose pictures are held.
+/// Thread rules of IStream.
 class KESTRA_EXPORT FrameSampler final : public VideoFilterBase {
 public:
     enum class Repeats {
@@ -30,6 +30,8 @@ public:
         /// Unset: as many as the source's duration holds, and where that is unknown until its last frame ends; the
         /// rule's map is then that of every time to itself and `first` is 0.
         std::optional<FrameIndex> count{};
+        /// Bytes of pictures that are held where the rule runs backwards.
+        std::size_t mostHeld = std::size_t{128} << 20;
     };
 
     /// Throws std::invalid_argument for a null source, and for a rule that runs backwards without a number of frames.
