@@ -2,6 +2,8 @@
 
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/TimeMap.h"
+#include "Render/MediaAhead.h"
+#include "Timeline/ClipVisit.h"
 #include <algorithm>
 #include <charconv>
 #include <exception>
@@ -136,6 +138,11 @@ std::optional<Ticks> TimelineMedia::lengthOf(const Timeline::MediaReference& med
 }
 
 std::vector<Finding> TimelineMedia::check(const Timeline::Document& document) {
+    std::vector<const Timeline::MediaReference*> media;
+    Timeline::visitClips(*document.tracks, [&media](const auto&, const auto&, const Timeline::Clip& clip) {
+        media.push_back(&clip.media);
+    });
+    const Render::MediaAhead ahead(*pool, std::move(media), interrupted);
     std::vector<Finding> findings;
     check(*document.tracks, {}, findings);
     return findings;

@@ -59,17 +59,36 @@ Kestra::Proc::SettingsImageSequence settingsOf(const ImageSequence& sequence, st
 MediaPool::MediaPool(const Kestra::Proc::MediaLimits& limits)
     : limits(limits) {}
 
+std::pair<std::size_t, bool> MediaPool::takePlace(const std::string& key) {
+    const auto known = places.find(key);
+    if (known != places.end())
+        return {known->second, false};
+    opened.emplace_back();
+    const std::size_t place = opened.size() - 1;
+    places.emplace(key, place);
+    return {place, true};
+}
+
 MediaPool::Source MediaPool::open(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) {
     const std::string key = keyOf(media);
     if (key.empty())
         return nullptr;
+    std::unique_lock<std::mutex> lock(mutex);
+    const std::size_t place = takePlace(key).first;
+    if (opened[place])
+        return opened[place];
+    lock.unlock(); // opening may take for ever
+    const Source made = make(media, interrupted);
+    lock.lock();
+    if (!opened[place])
+        opened[place] = made;
+    return opened[place];
+}
+
+bool MediaPool::isNew(const Timeline::MediaReference& media) {
+    const std::string key = keyOf(media);
     const std::lock_guard<std::mutex> lock(mutex);
-    Source& source = opened[key];
-    if (!source) {
-        source = make(media, interrupted);
-        order.push_back(source);
-    }
-    return source;
+    return !key.empty() && takePlace(key).second;
 }
 
 MediaPool::Source MediaPool::make(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) const {
@@ -81,7 +100,10 @@ MediaPool::Source MediaPool::make(const Timeline::MediaReference& media, const s
 
 std::vector<MediaPool::Source> MediaPool::sources() const {
     const std::lock_guard<std::mutex> lock(mutex);
-    return order;
+    std::vector<Source> all;
+    std::copy_if(opened.begin(), opened.end(), std::back_inserter(all),
+                 [](const Source& one) { return one != nullptr; });
+    return all;
 }
 
 void MediaPool::note(const std::string& what) {

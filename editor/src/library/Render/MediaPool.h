@@ -10,11 +10,14 @@
 #include <mutex>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Render {
 
-/// Opens each medium once, when it is first asked for, and remembers what it holds; no file stays open. Thread-safe.
+/// Opens each medium when it is first asked for, and remembers what it holds; no file stays open. Thread-safe: nobody
+/// waits for a medium that another thread is opening, whoever asks for the same one opens it as well, and the first to
+/// come through counts.
 class EDITORRENDER_EXPORT MediaPool {
 public:
     using Source = boost::intrusive_ptr<Kestra::Proc::IMediaSource>;
@@ -25,7 +28,9 @@ public:
     /// Throws Kestra::Proc::ProcException for what cannot be opened, also when `interrupted`, unless null, turns true
     /// meanwhile.
     Source open(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted = nullptr);
-    /// Each medium once, in the order of first use.
+    /// Whether there is something to be opened that nobody has asked for yet. It counts as asked for from now on.
+    bool isNew(const Timeline::MediaReference& media);
+    /// Each medium that has been opened once, in the order in which they were first asked for.
     std::vector<Source> sources() const;
 
     /// Adds a sentence about the whole, as what comes out of several media; one that has been noted is dropped.
@@ -34,12 +39,14 @@ public:
     std::vector<Kestra::Proc::SourceNote> takeNotes();
 
 private:
+    /// A medium's place among the opened ones, and whether it is a new one. The mutex is locked.
+    std::pair<std::size_t, bool> takePlace(const std::string& key);
     Source make(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) const;
 
     const Kestra::Proc::MediaLimits limits;
     mutable std::mutex mutex;
-    std::map<std::string, Source> opened;
-    std::vector<Source> order;
+    std::map<std::string, std::size_t> places;
+    std::vector<Source> opened; ///< by place; null for what has been asked for, but not been opened
     std::set<std::string> noted;
     std::vector<Kestra::Proc::SourceNote> notes;
 };

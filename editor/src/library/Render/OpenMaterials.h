@@ -16,14 +16,21 @@ public:
     /// Closes everything that the scene does not have. A medium that goes on being used, elsewhere, leaves its file and
     /// its decoder to what is opened of it next.
     void keepOnly(const Scene& scene, MediaPool& media) {
-        for (std::unique_ptr<Opened>& one : open) {
-            if (has(scene, [&one](const Material& material) { return material == one->material(); }))
+        for (auto one = open.begin(); one != open.end();) {
+            const auto isIt = [one](const Material& material) { return material == (*one)->material(); };
+            const auto isItsMedium = [one, &media](const Material& material) {
+                return media.open(material.clip->media) == (*one)->medium();
+            };
+            if (has(scene, isIt)) {
+                ++one;
                 continue;
-            if (has(scene, [&](const Material& material) { return media.open(material.clip->media) == one->medium(); }))
-                one->leave();
-            one.reset();
+            }
+            const bool goesOn = has(scene, isItsMedium);
+            const std::unique_ptr<Opened> last = std::move(*one);
+            one = open.erase(one); // before anything that may throw
+            if (goesOn)
+                last->leave();
         }
-        open.erase(std::remove(open.begin(), open.end(), nullptr), open.end());
     }
 
     /// Null where none is open.

@@ -5,8 +5,8 @@
 
 namespace Timeline {
 
-/// Calls `visit(track, item, clip)` for the clips of the stack and of those nested in it: tracks from the lowest one
-/// on, items in their order, whether they are enabled or not.
+/// Calls `visit(track, item, clip)` for the clips of the stack and of those nested in it that are switched on: tracks
+/// from the lowest one on, items in their order.
 template <class Visit>
 void visitClips(const Stack& stack, const Visit& visit) {
     for (const Track& track : stack.tracks()) {
