@@ -6,6 +6,7 @@ MIXED = [("1920x1080", "30"), ("1280x720", "25"), ("640x360", "30000/1001"), ("1
 SECONDS_EACH = 12
 HANDLE = 1  # seconds of material before and behind each clip
 CLIPS = 10000
+TITLE = b"takes the number of the file"
 
 
 def time(seconds, rate=RATE):
@@ -30,11 +31,30 @@ def timeline(tracks):
     return json.dumps({"OTIO_SCHEMA": "Timeline.1", "name": "compare", "tracks": {"OTIO_SCHEMA": "Stack.1", "children": tracks}})
 
 
+def concatenation(names):
+    """ffmpeg's list. Without their length it would count the file's own, which is in milliseconds."""
+    return "ffconcat version 1.0\n" + "".join(f"file {name}\nduration {2 / RATE:.6f}\n" for name in names)
+
+
 def write_clips(folder):
     """Ten thousand clips of two frames each."""
     children = [clip("two.mov", 0, 2 / RATE, 2 / RATE)] * CLIPS
     (folder / "clips.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
-    (folder / "clips.txt").write_text("ffconcat version 1.0\n" + "file two.mov\n" * CLIPS)
+    (folder / "clips.txt").write_text(concatenation(["two.mov"] * CLIPS))
+
+
+def write_files(folder):
+    """As many clips, each of a file of its own: copies of one, whose title tells them apart."""
+    names = [f"files/two{i:05}.mov" for i in range(CLIPS)]
+    children = [clip(name, 0, 2 / RATE, 2 / RATE) for name in names]
+    (folder / "files.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
+    (folder / "files.txt").write_text(concatenation(names))
+    (folder / "files").mkdir(exist_ok=True)
+    content = (folder / "titled.mov").read_bytes()
+    assert content.count(TITLE) == 1
+    for i, name in enumerate(names):
+        if not (folder / name).exists():
+            (folder / name).write_bytes(content.replace(TITLE, b"%0*d" % (len(TITLE), i)))
 
 
 def write_mixed(folder):
@@ -44,6 +64,27 @@ def write_mixed(folder):
     children = [clip(f"mixed{i}.mp4", HANDLE, SECONDS_EACH, SECONDS_EACH + 2 * HANDLE) for i in range(len(MIXED))]
     children.insert(2, dissolve)
     (folder / "mixed.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
+
+
+def write_melt(folder):
+    """The same for melt, whose frames are counted at the rate of the cut."""
+    def part(i, first, count, kind="entry"):
+        return f'<{kind} producer="m{i}" in="{first}" out="{first + count - 1}"/>'
+
+    whole, half, before = SECONDS_EACH * RATE, RATE // 2, HANDLE * RATE
+    producers = "".join(f'<producer id="m{i}"><property name="resource">{folder / f"mixed{i}.mp4"}</property></producer>'
+                        for i in range(len(MIXED)))
+    fades = "".join(f'<transition in="0" out="{2 * half - 1}"><property name="a_track">0</property><property name="b_track">1'
+                    f'</property><property name="mlt_service">{service}</property>{more}</transition>'
+                    for service, more in (("luma", ""), ("mix", '<property name="start">-1</property>')))
+    mix = (f'<tractor id="mix" in="0" out="{2 * half - 1}">{part(1, before + whole - half, 2 * half, "track")}'
+           f'{part(2, before - half, 2 * half, "track")}{fades}</tractor>')
+    entries = (part(0, before, whole) + part(1, before, whole - half) + f'<entry producer="mix" in="0" out="{2 * half - 1}"/>' +
+               part(2, before + half, whole - half) + part(3, before, whole) + part(4, before, whole))
+    (folder / "mixed.mlt").write_text(
+        f'<mlt><profile width="1920" height="1080" progressive="1" sample_aspect_num="1" sample_aspect_den="1" '
+        f'display_aspect_num="16" display_aspect_den="9" frame_rate_num="{RATE}" frame_rate_den="1" colorspace="709"/>'
+        f'{producers}{mix}<playlist id="cut">{entries}</playlist></mlt>')
 
 
 def write_layers(folder):
@@ -72,9 +113,10 @@ def mixed_graph():
 def media():
     """By name: what ffmpeg is told to make it."""
     quick = ["-c:v", "libx264", "-preset", "veryfast", "-crf", "18", "-pix_fmt", "yuv420p", "-c:a", "aac", "-ac", "2"]
-    wanted = {"two.mov": ["-f", "lavfi", "-t", str(2 / RATE), "-i", f"testsrc2=size=160x120:rate={RATE}", "-f", "lavfi", "-t", str(2 / RATE), "-i",
-                          "sine=frequency=440:sample_rate=48000:samples_per_frame=800", "-c:v", "libx264",
-                          "-pix_fmt", "yuv420p", "-c:a", "pcm_s16le", "-ac", "2"],
+    two = ["-f", "lavfi", "-t", str(2 / RATE), "-i", f"testsrc2=size=160x120:rate={RATE}", "-f", "lavfi", "-t", str(2 / RATE),
+           "-i", "sine=frequency=440:sample_rate=48000:samples_per_frame=800", "-c:v", "libx264", "-pix_fmt", "yuv420p",
+           "-c:a", "pcm_s16le", "-ac", "2"]
+    wanted = {"two.mov": two, "titled.mov": [*two, "-metadata", f"title={TITLE.decode()}"],
               "layer.mov": ["-f", "lavfi", "-i", f"testsrc2=size=960x540:rate={RATE},format=rgba,colorchannelmixer=aa=0.5",
                             "-t", "10", "-c:v", "qtrle"]}
     for i, (size, rate) in enumerate(MIXED):
@@ -86,14 +128,16 @@ def media():
 
 def write(folder):
     write_clips(folder)
+    write_files(folder)
     write_mixed(folder)
+    write_melt(folder)
     write_layers(folder)
 
 
 def inputs(folder, name):
     """ffmpeg's, up to the encoder's options."""
-    if name == "clips":
-        return ["-f", "concat", "-safe", "0", "-i", str(folder / "clips.txt")]
+    if name in ("clips", "files"):
+        return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")]
     if name == "layers":
         return ["-i", str(folder / "short.mp4"), "-i", str(folder / "layer.mov"), "-filter_complex",
                 "[1:v]scale=1920:1080:flags=bicubic,format=yuva420p[o];[0:v][o]overlay[v]", "-map", "[v]", "-map", "0:a", "-t",
