@@ -273,7 +273,7 @@ void expectNotImplemented(const Call& call, const char* function, int line) {
         EXPECT_EQ(*description, "Method not implemented");
         const auto* stack = boost::get_error_info<TagCallStack>(exception);
         ASSERT_TRUE(stack);
-        EXPECT_FALSE(stack->empty());
+        EXPECT_FALSE(stack->Text().empty());
         EXPECT_FALSE(boost::get_error_info<TagErrorCode>(exception)) << "two records and no more";
         const Origin origin = originOf(exception);
         EXPECT_NE(origin.function.find(function), std::string::npos) << origin.function;

@@ -6,7 +6,9 @@
 #include <boost/exception/info.hpp>
 #include <boost/throw_exception.hpp>
 #include <exception>
+#include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace Kestra {
 
@@ -23,13 +25,27 @@ private:
     std::string message;
 };
 
+/// Calls that were under way. They are quick to note; their names are looked up, in all libraries, when somebody reads.
+class KESTRA_EXPORT CallStack {
+public:
+    /// One frame a line, the innermost first. Never throws but for lack of memory; thread-safe.
+    std::string Text() const;
+
+private:
+    friend KESTRA_EXPORT CallStack GetCallStack();
+
+    std::vector<const void*> places;
+};
+
+/// The caller's. Never throws but for lack of memory; thread-safe.
+KESTRA_EXPORT CallStack GetCallStack();
+/// For boost::diagnostic_information.
+KESTRA_EXPORT std::ostream& operator<<(std::ostream& out, const CallStack& stack);
+
 /// Records attached with operator<<: a description, the call stack at the throw, the code of TranscodingError.
 using TagDescription = boost::error_info<struct TagDescriptionName, std::string>;
-using TagCallStack = boost::error_info<struct TagCallStackName, std::string>;
+using TagCallStack = boost::error_info<struct TagCallStackName, CallStack>;
 using TagErrorCode = boost::error_info<struct TagErrorCodeName, int>;
-
-/// The caller's call stack, one frame a line. Never throws but for lack of memory; thread-safe.
-KESTRA_EXPORT std::string GetCallStack();
 
 /// Throws `exception` wrapped for boost::diagnostic_information with the given place of origin.
 template <class E>
