@@ -1,9 +1,8 @@
 #include "support/FlashBeep.h"
 
 #include "support/MediaCache.h"
-#include <array>
+#include "support/Starter.h"
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <set>
@@ -70,19 +69,15 @@ int numberOfLuma(double luma) {
 namespace {
 
 void runProgram(const std::vector<std::string>& arguments) {
-    std::string command = "ffmpeg -hide_banner -nostdin -loglevel error -y";
-    for (const std::string& argument : arguments)
+    std::vector<std::string> all{"-hide_banner", "-nostdin", "-loglevel", "error", "-y"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    const auto process = TestSupport::ffmpeg().run(all);
+    if (WIFEXITED(process->status) && WEXITSTATUS(process->status) == 0)
+        return;
+    std::string command = "ffmpeg";
+    for (const std::string& argument : all)
         command += " " + quoted(argument);
-    FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    if (!pipe)
-        throw std::runtime_error("cannot run: " + command);
-    std::string output;
-    std::array<char, 512> line{};
-    while (fgets(line.data(), static_cast<int>(line.size()), pipe))
-        output += line.data();
-    const int status = pclose(pipe);
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error(command + "\n" + output);
+    throw std::runtime_error(command + "\n" + process->output + process->errors);
 }
 
 /// The files that runFfmpeg() has made in this process.

@@ -6,10 +6,7 @@
 #include <QFileInfo>
 #include <QtEndian>
 #include <csignal>
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using TestCli::Program;
@@ -89,41 +86,19 @@ void makeSparse(const std::string& path, const QByteArray& head) {
 
 class HostileInput : public ::testing::Test {
 protected:
-    struct Run {
-        int code = -1;
-        qint64 memory = 0;
-        QByteArray errors;
-    };
-
     /// Renders and measures what that takes.
-    Run render(const std::string& input, const std::vector<std::string>& more = {}) const {
-        std::vector<std::string> words{EDITOR_EXPORT_PROGRAM, "render", input, "-p", "mp4-h264-480p", "-o", output,
-                                       "--progress",          "none"};
+    Result render(const std::string& input, const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> words{"render", input, "-p", "mp4-h264-480p", "-o", output, "--progress", "none"};
         words.insert(words.end(), more.begin(), more.end());
-        const std::string errors = place / "errors";
-        std::vector<char*> arguments;
-        for (std::string& word : words)
-            arguments.push_back(word.data());
-        arguments.push_back(nullptr);
-        const pid_t child = fork();
-        if (child == 0) {
-            dup2(open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-            dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
-            execv(arguments.front(), arguments.data());
-            _exit(99);
-        }
-        int status = 0;
-        rusage usage = {};
-        EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, usage.ru_maxrss * 1024, TestFiles::read(errors)};
+        return TestCli::run(words);
     }
 
     void expectRefused(const std::string& input, const char* reason, const std::vector<std::string>& more = {}) const {
-        const Run run = render(input, more);
-        EXPECT_EQ(run.code, 2) << input << ": " << run.errors.constData();
-        EXPECT_EQ(run.errors.count('\n'), 1) << run.errors.constData();
-        EXPECT_TRUE(run.errors.contains(QByteArray::fromStdString(input))) << run.errors.constData();
-        EXPECT_TRUE(run.errors.contains(reason)) << run.errors.constData();
+        const Result run = render(input, more);
+        EXPECT_EQ(run.code, 2) << input << ": " << run.errors.toStdString();
+        EXPECT_EQ(run.errors.count(QLatin1Char('\n')), 1) << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains(QString::fromStdString(input))) << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains(QLatin1String(reason))) << run.errors.toStdString();
         EXPECT_LT(run.memory, MOST_MEMORY) << input;
         EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(output)));
     }
@@ -147,8 +122,8 @@ TEST_F(HostileInput, APlaylistUnderAnyNameOpensNothingThatItNames) {
           "../" + (place / "").substr((place / "").rfind('/', (place / "").size() - 2) + 1) + "clip.ts"}) {
         const QByteArray list = head + "#EXTINF:1,\n" + named.c_str() + "\n#EXT-X-ENDLIST\n";
         expectRefused(write("list.m3u8", list), "it is a playlist");
-        const Run run = render(write("list.mp4", list));
-        EXPECT_EQ(run.code, 2) << named << run.errors.constData();
+        const Result run = render(write("list.mp4", list));
+        EXPECT_EQ(run.code, 2) << named << run.errors.toStdString();
         expectRefused(write("list.ffconcat", QByteArray("ffconcat version 1.0\nfile '") + named.c_str() + "'\n"),
                       "it is a playlist");
     }
@@ -181,8 +156,8 @@ TEST_F(HostileInput, APictureThatIsTooLargeIsRefusedBeforeItIsDecoded) {
 TEST_F(HostileInput, TheLimitOfAPictureIsAnOption) {
     const std::string picture = write("grey.png", png(2048, 8));
     expectRefused(picture, "the limit is 3", {"--max-picture", "3"});
-    const Run run = render(picture, {"--max-picture", "4"});
-    EXPECT_EQ(run.code, 0) << run.errors.constData();
+    const Result run = render(picture, {"--max-picture", "4"});
+    EXPECT_EQ(run.code, 0) << run.errors.toStdString();
 }
 
 TEST_F(HostileInput, TextsInAPictureAreNotUnpacked) {
@@ -190,8 +165,8 @@ TEST_F(HostileInput, TextsInAPictureAreNotUnpacked) {
     const QByteArray comment = piece("zTXt", QByteArray("Comment\0\0", 9) + texts);
     const QByteArray profile = piece("iCCP", QByteArray("icc\0\0", 5) + texts);
     for (const QByteArray& more : {comment, profile}) {
-        const Run run = render(write("text.png", png(64, 8, more)), {"--overwrite"});
-        EXPECT_EQ(run.code, 0) << run.errors.constData();
+        const Result run = render(write("text.png", png(64, 8, more)), {"--overwrite"});
+        EXPECT_EQ(run.code, 0) << run.errors.toStdString();
         EXPECT_LT(run.memory, MOST_MEMORY);
     }
 }
@@ -208,8 +183,8 @@ TEST_F(HostileInput, PicturesThatAreTooFastAreRefused) {
     const std::string raw = folder / "million.h264";
     TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=s=64x64:r=1000000:d=0.00003", raw});
     expectRefused(raw, "more than 1000 frames a second");
-    const Run run = render(write("fastest.y4m", y4m("1000:1")));
-    EXPECT_EQ(run.code, 0) << run.errors.constData();
+    const Result run = render(write("fastest.y4m", y4m("1000:1")));
+    EXPECT_EQ(run.code, 0) << run.errors.toStdString();
 }
 
 TEST_F(HostileInput, ARateThatOnlyTheHeaderClaimsIsNotTaken) {
@@ -235,8 +210,8 @@ TEST_F(HostileInput, TheNumberOfTracksHasALimitThatIsAnOption) {
     TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=s=64x64:d=1", "-map", "0", "-map", "0", "-map", "0", film});
     expectRefused(film, "more than 2 tracks", {"--max-tracks", "2"});
     expectRefused(film, "more than 1 track,", {"--max-tracks", "1"});
-    const Run run = render(film, {"--max-tracks", "3"});
-    EXPECT_EQ(run.code, 0) << run.errors.constData();
+    const Result run = render(film, {"--max-tracks", "3"});
+    EXPECT_EQ(run.code, 0) << run.errors.toStdString();
 }
 
 TEST_F(HostileInput, ASearchThatFindsNothingHasAnEnd) {
@@ -251,10 +226,10 @@ TEST_F(HostileInput, ASearchAmongSeveralTracksHasAnEnd) {
         TestMedia::runFfmpeg(
             {"-f", "lavfi", "-i", "color=s=64x64:r=25:d=1", "-f", "lavfi", "-i", "sine=r=44100:d=1", film});
         makeSparse(film, TestFiles::read(film));
-        const Run run = render(film);
-        EXPECT_EQ(run.code, 1) << kind << run.errors.constData();
-        EXPECT_TRUE(run.errors.contains("nothing that can be read stands in the next 64 MiB"))
-            << run.errors.constData();
+        const Result run = render(film);
+        EXPECT_EQ(run.code, 1) << kind << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains(QLatin1String("nothing that can be read stands in the next 64 MiB")))
+            << run.errors.toStdString();
     }
 }
 
@@ -264,8 +239,8 @@ TEST_F(HostileInput, AnotherTrackMayTakeAnyRoomBetweenTwoPackets) {
                           "-af", "aselect='lt(t,0.5)+gt(t,5)'", "-c:v", "rawvideo", "-pix_fmt", "rgb24", "-c:a",
                           "pcm_s16le", "-allow_raw_vfw", "1", film});
     ASSERT_GT(QFileInfo(QString::fromStdString(film)).size(), 30 * MIB);
-    const Run run = render(film, {"--max-picture", "1"}); // the search is no longer than that, either
-    EXPECT_EQ(run.code, 0) << run.errors.constData();
+    const Result run = render(film, {"--max-picture", "1"}); // the search is no longer than that, either
+    EXPECT_EQ(run.code, 0) << run.errors.toStdString();
     const std::string end = folder / "end.raw";
     TestMedia::runFfmpeg({"-ss", "5.5", "-i", output, "-vn", "-ac", "1", "-f", "u8", end});
     const QByteArray samples = TestFiles::read(end);

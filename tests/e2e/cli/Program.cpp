@@ -4,11 +4,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QProcessEnvironment>
-#include <QTextCodec>
+#include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <sys/wait.h>
 
 namespace TestCli {
 namespace {
@@ -22,83 +21,79 @@ QStringList Result::errorLines() const {
     return errors.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-Program::Program(const std::vector<std::string>& given) {
-    // QProcess encodes arguments by this process's locale; the program has to do without any.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    for (const std::string& argument : given)
-        arguments << QString::fromStdString(argument);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+Program::Program(const std::vector<std::string>& arguments)
+    : arguments(arguments) {
+    for (const std::string& word : TestSupport::environmentOfThis())
+        environment[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
     // Nobody's own presets or settings have a say.
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("/nonexistent"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-    process.setProcessEnvironment(environment);
+    environment["XDG_CONFIG_HOME"] = "/nonexistent";
+    environment["LC_ALL"] = "C";
     // Who runs the tests in the background may ignore these, and a program that is told to ignore them does so.
     for (const int number : {SIGINT, SIGQUIT, SIGHUP, SIGTERM})
         std::signal(number, SIG_DFL);
 }
 
-Program::~Program() {
-    if (process.state() != QProcess::NotRunning) {
-        process.kill();
-        process.waitForFinished();
-    }
-}
-
-void Program::setEnvironment(const char* name, const std::string& value) {
-    QProcessEnvironment environment = process.processEnvironment();
-    environment.insert(QString::fromUtf8(name), QString::fromStdString(value));
-    process.setProcessEnvironment(environment);
-}
-
 void Program::dropRights() {
-    wrapper = QStringList{QStringLiteral("setpriv"), QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"),
-                          QStringLiteral("--clear-groups")};
+    wrapper = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
+}
+
+void Program::setWrapper(const QStringList& command) {
+    wrapper.clear();
+    for (const QString& word : command)
+        wrapper.push_back(word.toStdString());
 }
 
 void Program::start() {
-    QStringList command = wrapper;
-    command << QStringLiteral(EDITOR_EXPORT_PROGRAM) << arguments;
-    process.start(command.first(), command.mid(1));
-    if (!process.waitForStarted())
-        qFatal("Cannot run %s", qPrintable(command.first()));
+    static TestSupport::Starter program(EDITOR_EXPORT_PROGRAM);
+    std::vector<std::string> words;
+    for (const auto& [name, value] : environment)
+        words.push_back(name + '=' + value);
+    if (wrapper.empty() && !environment.count("LD_PRELOAD")) {
+        process = program.start(arguments, words);
+        return;
+    }
+    std::vector<std::string> command = wrapper;
+    command.emplace_back(EDITOR_EXPORT_PROGRAM);
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    process = TestSupport::startProgram(command, words);
 }
 
-bool Program::waitForError(const QString& text) {
+bool Program::waitUntil(const std::function<bool()>& condition) {
     const QDeadlineTimer deadline(DEADLINE);
-    while (!QString::fromUtf8(errors).contains(text)) {
-        if (process.state() == QProcess::NotRunning || deadline.hasExpired())
-            return false;
-        process.waitForReadyRead(50);
-        errors += process.readAllStandardError();
-    }
+    while (!condition())
+        if (deadline.hasExpired() || !process->wait(10))
+            return condition();
     return true;
 }
 
+bool Program::waitForError(const QString& text) {
+    return waitUntil([&] { return errors().contains(text); });
+}
+
 bool Program::waitUntilOpen(const QString& path) {
-    const QDir files(QStringLiteral("/proc/%1/fd").arg(process.processId()));
-    const QDeadlineTimer deadline(DEADLINE);
-    for (;;) {
-        for (const QFileInfo& file : files.entryInfoList(QDir::Files | QDir::System))
-            if (file.symLinkTarget() == path)
-                return true;
-        if (process.state() == QProcess::NotRunning || deadline.hasExpired())
-            return false;
-        process.waitForReadyRead(10);
-    }
+    return waitUntil([&] {
+        const QDir files(QStringLiteral("/proc/%1/fd").arg(process->number()));
+        const QFileInfoList all = files.entryInfoList(QDir::Files | QDir::System);
+        return std::any_of(all.begin(), all.end(), [&](const QFileInfo& file) { return file.symLinkTarget() == path; });
+    });
 }
 
 void Program::signal(int number) const {
-    ::kill(static_cast<pid_t>(process.processId()), number);
+    if (!process->ended())
+        ::kill(process->number(), number);
 }
 
 Result Program::finish() {
+    const QDeadlineTimer deadline(DEADLINE);
+    while (!deadline.hasExpired() && process->wait(static_cast<int>(deadline.remainingTime())))
+        ;
     Result result;
-    result.ended = process.state() == QProcess::NotRunning || process.waitForFinished(DEADLINE);
-    if (result.ended && process.exitStatus() == QProcess::NormalExit)
-        result.code = process.exitCode();
-    errors += process.readAllStandardError();
-    result.errors = QString::fromUtf8(errors);
-    result.output = QString::fromUtf8(process.readAllStandardOutput());
+    result.ended = process->ended();
+    if (result.ended && WIFEXITED(process->status))
+        result.code = WEXITSTATUS(process->status);
+    result.memory = process->usage.ru_maxrss * 1024;
+    result.errors = errors();
+    result.output = QString::fromStdString(process->output);
     // Also where the exit code is lost: to a second signal, or under another program.
     EXPECT_FALSE(result.errors.contains(QLatin1String("Sanitizer: ")) ||
                  result.errors.contains(QLatin1String("runtime error: ")))

@@ -1,12 +1,14 @@
 // The built program, run as people run it.
 #pragma once
 
-#include <QByteArray>
+#include "support/Starter.h"
 #include <QJsonObject>
 #include <QList>
-#include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <functional>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,25 +17,28 @@ namespace TestCli {
 struct Result {
     bool ended = false; ///< by itself, within the deadline
     int code = -1;      ///< -1 when a signal ended it
+    qint64 memory = 0;  ///< bytes that it had at most
     QString output;
     QString errors;
 
     QStringList errorLines() const;
 };
 
-/// One process. The destructor kills what still runs.
+/// One process. The destructor kills what still runs. It is started by a TestSupport::Starter, but under another
+/// program or with a library preloaded in the usual way.
 class Program {
 public:
     explicit Program(const std::vector<std::string>& arguments);
-    ~Program();
 
-    void setEnvironment(const char* name, const std::string& value);
+    void setEnvironment(const char* name, const std::string& value) { environment[name] = value; }
     /// As a user without any rights, where the test runs as root.
     void dropRights();
     /// Runs the program under another one, given with its arguments.
-    void setWrapper(const QStringList& command) { wrapper = command; }
+    void setWrapper(const QStringList& command);
 
     void start();
+    /// False when the program ended before.
+    bool waitUntil(const std::function<bool()>& condition);
     /// Waits until a line on standard error contains the text; false when the program ended before.
     bool waitForError(const QString& text);
     /// Waits until the program has the file open; false when it ended before.
@@ -46,10 +51,12 @@ public:
     }
 
 private:
-    QProcess process;
-    QStringList arguments;
-    QStringList wrapper;
-    QByteArray errors;
+    QString errors() const { return QString::fromStdString(process->errors); }
+
+    const std::vector<std::string> arguments;
+    std::vector<std::string> wrapper;
+    std::map<std::string, std::string> environment;
+    std::unique_ptr<TestSupport::Running> process;
 };
 
 Result run(const std::vector<std::string>& arguments);

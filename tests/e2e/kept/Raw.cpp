@@ -1,7 +1,7 @@
 #include "Raw.h"
 
+#include "support/Starter.h"
 #include <QCryptographicHash>
-#include <QProcess>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -154,10 +154,6 @@ double sampleOf(const AVFrame& frame, int channel, int index) {
     }
 }
 
-QString text(const std::string& bytes) {
-    return QString::fromStdString(bytes);
-}
-
 } // namespace
 
 QStringList pictures(const std::string& path, const std::string& pixelFormat) {
@@ -193,17 +189,12 @@ QString sound(const std::string& path) {
 }
 
 QString told(const std::string& path, const std::string& kind, const std::string& entries) {
-    QProcess probe;
-    probe.start(QStringLiteral("ffprobe"),
-                {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-select_streams"), text(kind + ":0"),
-                 QStringLiteral("-show_entries"), text("stream=" + entries), QStringLiteral("-of"),
-                 QStringLiteral("csv=p=0"), text(path)});
-    constexpr int deadline = 1'000'000;
-    const bool ended = probe.waitForFinished(deadline) && probe.exitCode() == 0;
-    const QString complaint = QString::fromUtf8(probe.readAllStandardError());
-    if (!ended || !complaint.isEmpty())
-        throw std::runtime_error(path + ": " + complaint.toStdString());
-    return QString::fromUtf8(probe.readAllStandardOutput()).trimmed();
+    static TestSupport::Starter ffprobe("ffprobe");
+    const auto ended = ffprobe.run(
+        {"-v", "error", "-select_streams", kind + ":0", "-show_entries", "stream=" + entries, "-of", "csv=p=0", path});
+    if (ended->status != 0 || !ended->errors.empty())
+        throw std::runtime_error(path + ": " + ended->errors);
+    return QString::fromStdString(ended->output).trimmed();
 }
 
 } // namespace TestKept

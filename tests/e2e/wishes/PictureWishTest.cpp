@@ -1,7 +1,7 @@
 // Every picture codec with what a catalogue can wish for: refused, or the file has just that.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "WishFixture.h"
-#include <QProcess>
+#include "support/Starter.h"
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -54,12 +54,11 @@ protected:
         return {{text("width"), width}, {text("height"), height}, {text("fixedResolution"), true}};
     }
     std::string profileOfFile() const {
-        QProcess probe;
-        probe.start(text("ffprobe"),
-                    {text("-v"), text("error"), text("-select_streams"), text("v"), text("-show_entries"),
-                     text("stream=profile"), text("-of"), text("csv=p=0"), QString::fromStdString(path)});
-        EXPECT_TRUE(probe.waitForFinished());
-        return QString::fromUtf8(probe.readAllStandardOutput()).trimmed().toStdString();
+        static TestSupport::Starter ffprobe("ffprobe");
+        const auto ended = ffprobe.run(
+            {"-v", "error", "-select_streams", "v", "-show_entries", "stream=profile", "-of", "csv=p=0", path});
+        EXPECT_EQ(ended->status, 0) << ended->errors;
+        return QString::fromStdString(ended->output).trimmed().toStdString();
     }
     ProbedMedia exported() { return WishFixture::exported("short.mkv", GetParam().container); }
 };
