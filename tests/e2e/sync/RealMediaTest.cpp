@@ -22,7 +22,8 @@ QStringList files() {
     return names;
 }
 
-/// By presets like those that people have, but for an encoder that does not look long for the best way.
+/// By presets like those that people have, but for small pictures and an encoder that does not look long for the best
+/// way.
 class RealMedia : public TestPresets::CatalogueFixture {
 protected:
     RealMedia() {
@@ -30,7 +31,7 @@ protected:
             'tags': [{'name': 'all', 'default': 0, 'presets': ['film', 'sound']}],
             'presets': [
                 {'id': 'film', 'container': {'id': 'mp4', 'options': {'movflags': '+faststart'}},
-                 'video': {'codec': 'h264', 'width': 854, 'height': 480, 'maxWidth': 854, 'maxHeight': 480,
+                 'video': {'codec': 'h264', 'width': 480, 'height': 270, 'maxWidth': 480, 'maxHeight': 270,
                            'frameRate': 'source', 'bitrateMode': 'automatic', 'profile': 'high',
                            'options': {'preset': 'superfast'}},
                  'audio': {'codec': 'aac', 'bitrate': 192000, 'sampleRate': 48000, 'channelLayout': 'stereo'}},

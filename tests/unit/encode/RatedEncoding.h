@@ -8,13 +8,13 @@ namespace EncodeTest {
 /// A little noise, new in each picture: it takes bits, and more of them the better it is shown.
 inline Fakes::VideoShape Noise(int frames) {
     Fakes::VideoShape shape;
-    shape.width = 160;
-    shape.height = 128;
+    shape.width = 80;
+    shape.height = 64;
     shape.frames = frames;
     shape.paint = [](AVFrame& frame, int index) {
         std::uint32_t state = static_cast<std::uint32_t>(index) * 2654435761U + 1;
         for (int plane = 0; plane < 3; ++plane)
-            for (int at = 0; at < frame.linesize[plane] * (plane ? 64 : 128); ++at) {
+            for (int at = 0; at < frame.linesize[plane] * (plane ? 32 : 64); ++at) {
                 state = state * 1664525U + 1013904223U;
                 frame.data[plane][at] = static_cast<std::uint8_t>(112 + (state >> 27));
             }
