@@ -12,6 +12,7 @@
 #include <execinfo.h>
 #include <link.h>
 #include <new>
+#include <unwind.h>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define SWEEP_HAS_NO_MEMORY 1
@@ -90,16 +91,20 @@ Asker askerAt(const void* place) {
     return library ? library->asker : Asker::Other;
 }
 
+/// Goes on outwards until somebody stands there who is not the standard library.
+_Unwind_Reason_Code lookAt(_Unwind_Context* context, void* found) {
+    const Asker asker = askerAt(reinterpret_cast<const void*>(_Unwind_GetIP(context)));
+    if (asker == Asker::Standard)
+        return _URC_NO_REASON;
+    *static_cast<Asker*>(found) = asker;
+    return _URC_NORMAL_STOP;
+}
+
 /// The standard library asks for somebody.
 Asker behindTheStandard() {
-    MemoryFaults::Places places{};
-    const int depth = backtrace(places.data(), static_cast<int>(places.size()));
-    for (int at = 0; at < depth; ++at) {
-        const Asker asker = askerAt(places[static_cast<std::size_t>(at)]);
-        if (asker != Asker::Standard)
-            return asker;
-    }
-    return Asker::Other;
+    Asker asker = Asker::Other;
+    _Unwind_Backtrace(&lookAt, &asker);
+    return asker;
 }
 
 bool failsFor(Asker asker) {

@@ -39,7 +39,7 @@ public:
         , ticks(ticks)
         , action(std::move(action)) {
         SweepApplication::instance().afterEvent = [this] { tick(Clock::Event); };
-        // Turns are counted by turning, which keeps a core busy.
+        // Turns are counted by turning, which keeps a core busy until it rings.
         if (clock == Clock::Turn)
             turn();
     }
@@ -62,8 +62,10 @@ private:
     bool rings(Clock which) { return ticks[static_cast<std::size_t>(which)]++ == at && which == clock; }
     void turn() {
         QTimer::singleShot(0, &context, [this] {
-            tick(Clock::Turn);
-            turn();
+            if (rings(Clock::Turn))
+                action();
+            else
+                turn();
         });
     }
 
