@@ -78,48 +78,76 @@ void forLuma(const AVFrame& frame, Use use) {
     }
 }
 
+/// The quarter of a side that lies around its middle.
+struct Middle {
+    explicit Middle(int side)
+        : first((side - side / 4) / 2)
+        , end((side + side / 4 + 1) / 2) {}
+
+    int first, end;
+};
+
 double middleLuma(const AVFrame& frame) {
+    const Middle across(frame.width), down(frame.height);
     double sum = 0;
-    long long count = 0;
-    forLuma(frame, [&](int x, int y, int value) {
-        if (std::abs(2 * x + 1 - frame.width) > frame.width / 4 ||
-            std::abs(2 * y + 1 - frame.height) > frame.height / 4)
-            return;
-        sum += value;
-        ++count;
-    });
+    const auto add = [&](auto* values) {
+        long long row = 0;
+        for (int x = across.first; x < across.end; ++x)
+            row += values[x];
+        sum += static_cast<double>(row);
+    };
     const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    for (int y = down.first; y < down.end; ++y) {
+        const std::uint8_t* row = frame.data[0] + static_cast<std::ptrdiff_t>(y) * frame.linesize[0];
+        if (descriptor->comp[0].depth > 8)
+            add(reinterpret_cast<const std::uint16_t*>(row));
+        else
+            add(row);
+    }
+    const long long count = static_cast<long long>(across.end - across.first) * (down.end - down.first);
     return sum / bitsAbove8(*descriptor) / static_cast<double>(std::max(1LL, count));
 }
 
-/// The sample as a number of which 1 is full scale.
-double sampleAt(const AVFrame& frame, int channel, int index) {
-    const auto format = static_cast<AVSampleFormat>(frame.format);
-    const bool planar = av_sample_fmt_is_planar(format) != 0;
-    const std::uint8_t* data = frame.extended_data[planar ? channel : 0];
-    const std::ptrdiff_t place =
-        planar ? index : static_cast<std::ptrdiff_t>(index) * frame.ch_layout.nb_channels + channel;
-    switch (av_get_packed_sample_fmt(format)) {
-    case AV_SAMPLE_FMT_U8:
-        return (data[place] - 128) / 128.0;
-    case AV_SAMPLE_FMT_S16:
-        return reinterpret_cast<const std::int16_t*>(data)[place] / 32768.0;
-    case AV_SAMPLE_FMT_S32:
-        return reinterpret_cast<const std::int32_t*>(data)[place] / 2147483648.0;
-    case AV_SAMPLE_FMT_FLT:
-        return reinterpret_cast<const float*>(data)[place];
-    case AV_SAMPLE_FMT_DBL:
-        return reinterpret_cast<const double*>(data)[place];
-    default:
-        throw std::runtime_error("unknown sample format");
+/// Raises each level to that of the loudest channel; `value` makes a number of a sample, of which 1 is full scale.
+template <class Sample, class Value>
+void raise(std::vector<double>& levels, const AVFrame& frame, Value value) {
+    const int channels = frame.ch_layout.nb_channels;
+    const bool planar = av_sample_fmt_is_planar(static_cast<AVSampleFormat>(frame.format)) != 0;
+    const std::ptrdiff_t step = planar ? 1 : channels;
+    for (int channel = 0; channel < channels; ++channel) {
+        const auto* samples = reinterpret_cast<const Sample*>(frame.extended_data[planar ? channel : 0]);
+        samples += planar ? 0 : channel;
+        for (double& level : levels) {
+            level = std::max(level, std::abs(value(*samples)));
+            samples += step;
+        }
     }
 }
 
-double loudness(const AVFrame& frame, int index) {
-    double loudest = 0;
-    for (int channel = 0; channel < frame.ch_layout.nb_channels; ++channel)
-        loudest = std::max(loudest, std::abs(sampleAt(frame, channel, index)));
-    return loudest;
+/// Of every sample, in its loudest channel.
+std::vector<double> levelsOf(const AVFrame& frame) {
+    std::vector<double> levels(static_cast<std::size_t>(frame.nb_samples));
+    const auto plain = [](double sample) { return sample; };
+    switch (av_get_packed_sample_fmt(static_cast<AVSampleFormat>(frame.format))) {
+    case AV_SAMPLE_FMT_U8:
+        raise<std::uint8_t>(levels, frame, [](std::uint8_t sample) { return (sample - 128) / 128.0; });
+        break;
+    case AV_SAMPLE_FMT_S16:
+        raise<std::int16_t>(levels, frame, [](std::int16_t sample) { return sample / 32768.0; });
+        break;
+    case AV_SAMPLE_FMT_S32:
+        raise<std::int32_t>(levels, frame, [](std::int32_t sample) { return sample / 2147483648.0; });
+        break;
+    case AV_SAMPLE_FMT_FLT:
+        raise<float>(levels, frame, plain);
+        break;
+    case AV_SAMPLE_FMT_DBL:
+        raise<double>(levels, frame, plain);
+        break;
+    default:
+        throw std::runtime_error("unknown sample format");
+    }
+    return levels;
 }
 
 /// Finds where sound begins.
@@ -133,8 +161,8 @@ public:
             audio.start = time;
         const double expected = audio.start + static_cast<double>(audio.samples) / audio.sampleRate;
         audio.gaps += std::abs(time - expected) > 0.0005 ? 1 : 0;
-        for (int index = 0; index < frame.nb_samples; ++index)
-            take(loudness(frame, index));
+        for (const double level : levelsOf(frame))
+            take(level);
     }
 
 private:
