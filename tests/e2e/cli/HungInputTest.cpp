@@ -45,4 +45,12 @@ TEST_F(HungInputsEnd, KeepsNoStopFromComingToItsEndAndIsNamed) {
     expectUntouched();
 }
 
+TEST_F(HungInputsEnd, IsNotWaitedForWhereNothingHangs) {
+    Program program({"info", *folder / "share.mov"});
+    prepare(program, {"", "read", "no-such-thread", "0"}, "share.mov");
+    program.start();
+    EXPECT_FALSE(waitUntilHung(program));
+    EXPECT_EQ(program.finish().code, 0);
+}
+
 } // namespace

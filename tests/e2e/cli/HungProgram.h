@@ -4,7 +4,6 @@
 #include "Program.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
-#include "support/WaitUntil.h"
 #include <QFileInfo>
 #include <gtest/gtest.h>
 
@@ -56,13 +55,14 @@ protected:
     bool isHung() const {
         return QFileInfo::exists(QString::fromStdString(mark));
     }
-    bool waitUntilHung() const {
-        return TestSupport::waitUntil([this] { return isHung(); });
+    /// False when the program ended and nothing had hung.
+    bool waitUntilHung(Program& program) const {
+        return program.waitUntil([this] { return isHung(); });
     }
     /// Stops the program once it hangs: it ends by itself, says what does not come back, and changes nothing.
     void expectStopOf(Program& program, const std::vector<const char*>& words) const {
         program.start();
-        ASSERT_TRUE(waitUntilHung());
+        ASSERT_TRUE(waitUntilHung(program)) << program.finish().errors.toStdString();
         program.signal(SIGTERM);
         const Result result = program.finish();
         EXPECT_TRUE(result.ended);
