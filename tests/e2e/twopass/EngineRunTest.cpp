@@ -119,8 +119,7 @@ protected:
     }
     bool waitForEnd() {
         return TestSupport::waitUntil(
-            [this] { return !emissions.empty() && (emissions.back() == "stopped" || emissions.back() == "failed"); },
-            60'000);
+            [this] { return !emissions.empty() && (emissions.back() == "stopped" || emissions.back() == "failed"); });
     }
 
     /// The files of the statistics.
