@@ -30,13 +30,13 @@ constexpr int FRAMES = 50;
 
 Fakes::VideoShape movingNoise() {
     Fakes::VideoShape shape;
-    shape.width = 160;
-    shape.height = 128;
+    shape.width = 80;
+    shape.height = 64;
     shape.frames = FRAMES;
     shape.paint = [](AVFrame& frame, int index) {
         std::uint32_t state = static_cast<std::uint32_t>(index) * 2654435761U + 1;
         for (int plane = 0; plane < 3; ++plane)
-            for (int at = 0; at < frame.linesize[plane] * (plane ? 64 : 128); ++at) {
+            for (int at = 0; at < frame.linesize[plane] * (plane ? 32 : 64); ++at) {
                 state = state * 1664525U + 1013904223U;
                 frame.data[plane][at] = static_cast<std::uint8_t>(60 + (at + index) % 64 + (state >> 29));
             }
@@ -65,7 +65,7 @@ protected:
                 beforeVideoEncoder(videoEncoders);
             auto description = Fakes::Description(GetParam());
             description.SetChild(IFormatCodec::TAG_BITRATE_MODE, std::string("vbr"));
-            description.SetChild(IFormatCodec::TAG_BITRATE, std::int64_t{400'000});
+            description.SetChild(IFormatCodec::TAG_BITRATE, std::int64_t{100'000});
             makeQuick(description);
             return Fakes::VideoEncoder(video, description);
         };
