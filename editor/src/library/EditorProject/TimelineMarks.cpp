@@ -1,6 +1,6 @@
 #include "EditorProject/TimelineMarks.h"
 
-#include "Timeline/ClipVisit.h"
+#include "Timeline/MarkerList.h"
 #include "Types/Time.h"
 
 namespace Project {
@@ -13,7 +13,8 @@ TimelineMarks::~TimelineMarks() {
 
 void TimelineMarks::show(const Timeline::Document& document) {
     removeAll();
-    Timeline::visitMarkers(*document.tracks, [this](const Timeline::Marker& mark) { own(mark); });
+    for (const Timeline::Marker& mark : Timeline::markersOf(*document.tracks))
+        own(mark);
 }
 
 void TimelineMarks::own(const Timeline::Marker& mark) {

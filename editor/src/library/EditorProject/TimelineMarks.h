@@ -8,7 +8,7 @@
 
 namespace Project {
 
-/// Owns a Composition::Marker for each marker of the document's tracks, their items and their stack, and a
+/// Owns a Composition::Marker for each marker that the document has and shows, those in nested stacks too, and a
 /// Composition::Range for each that lasts for some time. One thread.
 class TimelineMarks final : private Composition::MarkerView, private Composition::RangeView {
 public:

@@ -1,6 +1,6 @@
 #include "Render/Programme.h"
 
-#include "Timeline/ClipVisit.h"
+#include "Timeline/MarkerList.h"
 #include <algorithm>
 #include <vector>
 
@@ -12,11 +12,10 @@ using Timeline::Marker;
 
 namespace {
 
-std::vector<const Marker*> markersOf(const Timeline::Stack& stack) {
-    std::vector<const Marker*> all;
-    Timeline::visitMarkers(stack, [&all](const Marker& marker) { all.push_back(&marker); });
+std::vector<Marker> sortedMarkersOf(const Timeline::Stack& stack) {
+    std::vector<Marker> all = Timeline::markersOf(stack);
     std::stable_sort(all.begin(), all.end(),
-                     [](const Marker* a, const Marker* b) { return a->range.start < b->range.start; });
+                     [](const Marker& a, const Marker& b) { return a.range.start < b.range.start; });
     return all;
 }
 
@@ -28,16 +27,16 @@ std::string titleOf(const Marker& marker, std::size_t number) {
 
 std::vector<ProgrammeInfo::Chapter> chaptersOf(const Timeline::Document& document, const Window& window) {
     std::vector<ProgrammeInfo::Chapter> chapters;
-    for (const Marker* const marker : markersOf(*document.tracks)) {
-        const Ticks start = marker->range.start - window.start();
-        if (start < Ticks(0) || marker->range.start >= window.end())
+    for (const Marker& marker : sortedMarkersOf(*document.tracks)) {
+        const Ticks start = marker.range.start - window.start();
+        if (start < Ticks(0) || marker.range.start >= window.end())
             continue;
         if (!chapters.empty() && chapters.back().start == start.Value())
             continue;
         if (!chapters.empty())
             chapters.back().end = start.Value();
         chapters.push_back(
-            {start.Value(), (window.end() - window.start()).Value(), titleOf(*marker, chapters.size() + 1)});
+            {start.Value(), (window.end() - window.start()).Value(), titleOf(marker, chapters.size() + 1)});
     }
     return chapters;
 }

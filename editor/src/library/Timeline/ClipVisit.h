@@ -1,4 +1,4 @@
-// Timeline::visitClips, visitMarkers: every clip and every marker of a stack.
+// Timeline::visitClips: every clip of a stack.
 #pragma once
 
 #include "Timeline/Stack.h"
@@ -20,21 +20,6 @@ void visitClips(const Stack& stack, const Visit& visit) {
             else if (const auto* nested = std::get_if<Nested>(&item.content))
                 visitClips(*nested->stack, visit);
         }
-    }
-}
-
-/// Calls `visit(marker)` for the stack's own markers and those of its tracks and their items; not of nested stacks.
-template <class Visit>
-void visitMarkers(const Stack& stack, const Visit& visit) {
-    const auto all = [&visit](const std::vector<Marker>& markers) {
-        for (const Marker& marker : markers)
-            visit(marker);
-    };
-    all(stack.markers());
-    for (const Track& track : stack.tracks()) {
-        all(track.markers());
-        for (const Item& item : track.items())
-            all(item.markers);
     }
 }
 

@@ -102,15 +102,16 @@ std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
                                                     : "a track has no list of children");
         return std::nullopt;
     }
-    Track track = readChildren(node, *kind);
     const Cut cut = readCut(node);
+    std::vector<Marker> markers = readMarkers(node, Ticks(0));
     if (cut.isNone())
-        return track;
-    auto alone = std::make_shared<Stack>(std::string(), std::vector<Track>{track});
+        return readChildren(node, *kind, std::move(markers));
+    const Track track = readChildren(node, *kind, {});
+    auto alone = std::make_shared<Stack>(std::string(), std::vector<Track>{track}, std::move(markers));
     return Track(*kind, track.name(), track.isEnabled(), {cutOut(std::move(alone), cut)});
 }
 
-Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind) {
+Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind, std::vector<Marker> markers) {
     const OtioContext::Unseen unseen(context, node.flag("enabled", true));
     const OtioNode children = node["children"];
     std::vector<Item> items;
@@ -136,7 +137,7 @@ Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind) {
     }
     std::vector<Transition> fitted = fitTransitions(context, items, transitions);
     return Track(kind, node.text("name"), node.flag("enabled", true), std::move(items), std::move(fitted),
-                 readMarkers(node, Ticks(0)));
+                 std::move(markers));
 }
 
 std::optional<Item> OtioItems::readItem(const OtioNode& node, Track::Kind kind) {

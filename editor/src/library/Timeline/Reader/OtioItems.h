@@ -25,7 +25,7 @@ private:
     std::shared_ptr<const Stack> readStack(const OtioNode& node);
     std::optional<Track> readTrackOrItem(const OtioNode& node);
     std::optional<Track> readTrack(const OtioNode& node);
-    Track readChildren(const OtioNode& node, Track::Kind kind);
+    Track readChildren(const OtioNode& node, Track::Kind kind, std::vector<Marker> markers);
     std::optional<Track::Kind> trackKindOf(const OtioNode& node);
     std::optional<Item> readItem(const OtioNode& node, Track::Kind kind);
     std::optional<Item> readGap(const OtioNode& node);
