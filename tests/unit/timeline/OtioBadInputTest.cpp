@@ -134,6 +134,24 @@ TEST_F(OtioBadInput, OfANewerVersionIsRefusedUnlessItIsReadLeniently) {
     EXPECT_EQ(reading.document->duration(), frames(5));
 }
 
+TEST_F(OtioBadInput, OfDissolvesOfStacksWithNothingBeyondTheCutIsTold) {
+    const auto words = [this](const std::string& before, const std::string& behind) {
+        return inWords(read(timelineOf({trackOf({before, transitionOf(3, 4), behind})})));
+    };
+    const auto stack = [](double start, double count, const std::string& more = {}) {
+        return stackOf({trackOf({clip(0, 30)})}, R"(,"source_range":)" + rangeOf(start, count) + more);
+    };
+    const std::string backwards = R"(,"effects":[)" + objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":-1)") + ']';
+    const std::string lacksEnd = "transition \"cross\": the stack before it has too little beyond the cut: for 160 ms";
+    const std::string lacksStart = "the stack behind it has too little before the cut: for 120 ms";
+    EXPECT_EQ(words(stack(5, 10), stack(5, 10)), "");
+    EXPECT_NE(words(stack(20, 10), clip(50, 10)).find(lacksEnd), std::string::npos);
+    EXPECT_NE(words(stack(18, 10), clip(50, 10)).find("for 80 ms"), std::string::npos);
+    EXPECT_NE(words(clip(50, 10), stack(0, 10)).find(lacksStart), std::string::npos);
+    EXPECT_NE(words(stack(10, 10, backwards), clip(50, 10)).find(lacksEnd), std::string::npos);
+    EXPECT_EQ(words(stack(30, 10, R"(,"enabled":false)"), clip(50, 10)), "");
+}
+
 TEST_F(OtioBadInput, OfTransitionsIsShortenedOrLeftOut) {
     const auto timeline = [](const std::vector<std::string>& children) { return timelineOf({trackOf(children)}); };
     expectWarning(timeline({clip(0, 10), transitionOf(15, 3), clip(50, 10)}), "is shortened to them");

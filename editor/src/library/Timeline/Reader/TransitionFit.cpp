@@ -1,10 +1,44 @@
 #include "Timeline/Reader/TransitionFit.h"
 
+#include "Kestra/Base/TimeMap.h"
+#include "Timeline/Stack.h"
 #include <algorithm>
 
 namespace Timeline {
 
 using Kestra::Ticks;
+
+namespace {
+
+/// How much of the stretch `first` to `last` of an item's place, beyond the item itself, its stack lacks. Clips hold
+/// their first and last pictures there.
+Ticks lackOf(const Item& item, Ticks first, Ticks last) {
+    const auto* const nested = std::get_if<Nested>(&item.content);
+    if (!nested || !item.enabled || nested->excerpt.speed == 0)
+        return Ticks(0);
+    const Kestra::TimeMap map{Ticks(0), nested->excerpt.start, nested->excerpt.speed};
+    const auto [start, end] = std::minmax({map.FromSource(Ticks(0)), map.FromSource(nested->stack->duration())});
+    return last - first - std::max(Ticks(0), std::min(last, end) - std::max(first, start));
+}
+
+void tellWhatIsLacking(OtioContext& context, const std::vector<Item>& items, const Transition& transition,
+                       const OtioNode& node) {
+    const auto tell = [&](Ticks lack, const char* text) {
+        if (lack > Ticks(Kestra::TICKS_PER_MILLISECOND))
+            context.warn(node, text + std::to_string(lack.Value() / Kestra::TICKS_PER_MILLISECOND) +
+                                   " ms there is nothing to be seen or heard of it");
+    };
+    if (transition.at > 0) {
+        const Item& item = items[transition.at - 1];
+        tell(lackOf(item, item.duration, item.duration + transition.behind),
+             "the stack before it has too little beyond the cut: for ");
+    }
+    if (transition.at < items.size())
+        tell(lackOf(items[transition.at], Ticks(0) - transition.before, Ticks(0)),
+             "the stack behind it has too little before the cut: for ");
+}
+
+} // namespace
 
 std::vector<Transition> fitTransitions(OtioContext& context, const std::vector<Item>& items,
                                        const std::vector<PlacedTransition>& transitions) {
@@ -29,6 +63,7 @@ std::vector<Transition> fitTransitions(OtioContext& context, const std::vector<I
         }
         if (transition.before != wanted.before || transition.behind != wanted.behind)
             context.warn(node, "it is longer than the clips beside it and is shortened to them");
+        tellWhatIsLacking(context, items, transition, node);
         fitted.push_back(std::move(transition));
     }
     return fitted;
