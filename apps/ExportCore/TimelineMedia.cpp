@@ -3,9 +3,11 @@
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/TimeMap.h"
 #include "Render/MediaAhead.h"
+#include "Render/MediaOrigin.h"
 #include "Timeline/ClipVisit.h"
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -27,8 +29,8 @@ struct Shown {
     Ticks last;
 };
 
-Shown shownBy(const Timeline::Clip& clip, Ticks duration) {
-    const Ticks start = clip.excerpt.start - clip.origin.value_or(Ticks(0));
+Shown shownBy(const Timeline::Clip& clip, Ticks origin, Ticks duration) {
+    const Ticks start = clip.excerpt.start - origin;
     const Kestra::TimeMap map{Ticks(0), start, clip.excerpt.speed};
     const Ticks end = map.ToSource(duration);
     return {std::min(start, end), std::max(start, end)};
@@ -40,6 +42,19 @@ bool hasKind(const MediaInfo& info, Track::Kind kind) {
 
 std::string inMilliseconds(Ticks time) {
     return std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms";
+}
+
+/// What is seen or heard where a clip goes so far beyond one end of its medium.
+std::string inPlaceOf(Ticks beyond, const boost::rational<long long>& speed, Track::Kind kind, const char* picture,
+                      Ticks duration) {
+    const Ticks lasting =
+        speed == 0 ? duration
+                   : Ticks(Kestra::MulDivRound(beyond.Value(), speed.denominator(), std::abs(speed.numerator())));
+    const bool always = lasting >= duration;
+    if (kind == Track::Kind::Audio)
+        return always ? "is silent throughout" : "is silent for " + inMilliseconds(lasting);
+    return always ? std::string("shows nothing but the ") + picture
+                  : std::string("holds the ") + picture + " for " + inMilliseconds(lasting);
 }
 
 /// Which pictures of a stretch are files. The folder is listed once, however long the stretch is said to be.
@@ -64,7 +79,7 @@ std::set<std::int64_t> picturesThere(const Timeline::ImageSequence& sequence, st
 }
 
 std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
-    const Shown shown = shownBy(clip, duration);
+    const Shown shown = shownBy(clip, clip.origin.value_or(Ticks(0)), duration);
     const Kestra::FrameGrid grid(sequence.rate);
     const std::int64_t first = std::max<std::int64_t>(0, grid.Covering(shown.first).Value());
     const std::int64_t last = grid.Covering(std::max(shown.first, shown.last - Ticks(1))).Value();
@@ -196,21 +211,28 @@ std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file,
     const auto& info = std::get<MediaInfo>(look);
     if (!hasKind(info, kind))
         return found(Finding::Kind::Error, name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound"));
-    // Without an origin the media's own time code would have to be known. A still picture lasts for ever.
-    if (!clip.origin || (info.video && info.video->stillPicture))
+    if (info.duration <= 0 || (info.video && info.video->stillPicture)) // lasts nobody knows how long, or for ever
         return std::nullopt;
-    const Shown shown = shownBy(clip, duration);
-    const Ticks beyond = std::max(Ticks(0) - shown.first, shown.last - Ticks(info.duration));
+    const Shown shown = shownBy(clip, Render::originOf(clip, info), duration);
+    const Ticks before = Ticks(0) - shown.first;
+    const Ticks behind = shown.last - Ticks(info.duration);
     const std::int64_t period =
         info.video && info.video->frameRate > 0 ? Kestra::FramesToTime(1, info.video->frameRate) : 0;
     const Ticks tolerance(std::max(period, Kestra::TICKS_PER_MILLISECOND));
     // Whoever read the timeline has told what goes beyond the range that is said to be there.
     const auto& available = clip.media.available;
     const bool isTold = available && available->duration <= Ticks(info.duration) + tolerance;
-    if (beyond <= tolerance || isTold)
+    if (isTold || std::max(before, behind) <= tolerance)
         return std::nullopt;
-    return found(Finding::Kind::Warning, name + "lasts " + inMilliseconds(Ticks(info.duration)) + "; the clip goes " +
-                                             inMilliseconds(beyond) + " beyond it");
+    std::string text = name + "lasts " + inMilliseconds(Ticks(info.duration));
+    const auto add = [&](Ticks beyond, const char* end, const char* picture) {
+        if (beyond > tolerance)
+            text += "; the clip goes " + inMilliseconds(beyond) + end + " and " +
+                    inPlaceOf(beyond, clip.excerpt.speed, kind, picture, duration);
+    };
+    add(before, " before its beginning", "first picture");
+    add(behind, " beyond it", "last picture");
+    return found(Finding::Kind::Warning, text);
 }
 
 } // namespace ExportCore

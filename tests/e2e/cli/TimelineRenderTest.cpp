@@ -248,6 +248,26 @@ TEST_F(RenderedTimelines, TellOnceWhatGoesBeyondItsMedium) {
     EXPECT_EQ(told(clipOf("a", "both.mov", 30, 20), timeOf(50)), 0);
 }
 
+TEST_F(RenderedTimelines, TellWhatGoesBeyondAMediumOfWhichNoRangeIsTold) {
+    const auto found = [](int start, int frames, const char* kind = "Video", const std::string& more = {}) {
+        std::string cut = clipOf("a", "both.mov", start, frames, more);
+        const std::size_t range = cut.find(R"(,"available_range")");
+        cut.replace(range, std::string::npos, "}}");
+        const Result result = run({"validate", writeTracks(track(kind, cut))});
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        const QString text = result.output.trimmed();
+        return text.mid(text.indexOf(QStringLiteral("lasts "))).toStdString();
+    };
+    EXPECT_EQ(found(40, 20), "lasts 2000 ms; the clip goes 400 ms beyond it and holds the last picture for 400 ms");
+    EXPECT_EQ(found(40, 20, "Audio"), "lasts 2000 ms; the clip goes 400 ms beyond it and is silent for 400 ms");
+    EXPECT_EQ(found(-5, 10),
+              "lasts 2000 ms; the clip goes 200 ms before its beginning and holds the first picture for 200 ms");
+    EXPECT_EQ(found(100, 10), "lasts 2000 ms; the clip goes 2400 ms beyond it and shows nothing but the last picture");
+    EXPECT_EQ(found(10, 20, "Video", warpOf("LinearTimeWarp.1", -1)),
+              "lasts 2000 ms; the clip goes 400 ms before its beginning and holds the first picture for 400 ms");
+    EXPECT_EQ(found(0, 50).find("beyond"), std::string::npos);
+}
+
 TEST_F(RenderedTimelines, TellWhereNothingIsSeen) {
     const auto isTold = [](const std::string& pictures) {
         return render(write(pictures, {})).errors.contains(QStringLiteral("None of the inputs has a picture"));
@@ -397,6 +417,25 @@ TEST_F(RenderedTimelines, KeepTheirMarkersAndTheirNameWhereTheContainerHasPlaces
     EXPECT_EQ(bare.code, 0) << bare.errors.toStdString();
     EXPECT_TRUE(bare.errors.contains(QStringLiteral("note: Each of the timeline's markers is left out")))
         << bare.errors.toStdString();
+}
+
+TEST_F(RenderedTimelines, KeepTheMarkersOfWhatIsCutAsAWhole) {
+    const auto range = [](int start, int frames) {
+        return R"({"OTIO_SCHEMA":"TimeRange.1","start_time":)" + timeOf(start) + R"(,"duration":)" + timeOf(frames) +
+               '}';
+    };
+    const std::string marked =
+        clipOf("a", "both.mov", 0, 40,
+               R"(,"markers":[{"OTIO_SCHEMA":"Marker.2","name":"Titles","marked_range":)" + range(25, 1) + "}]");
+    ASSERT_EQ(render(writeTracks(R"({"OTIO_SCHEMA":"Track.1","kind":"Video","source_range":)" + range(10, 30) +
+                                 R"(,"children":[)" + marked + "]}"))
+                  .code,
+              0);
+    TestMedia::runFfmpeg({"-i", out(), "-f", "ffmetadata", *media / "told.txt"});
+    std::stringstream text;
+    text << std::ifstream(*media / "told.txt").rdbuf();
+    EXPECT_NE(text.str().find("START=600000000"), std::string::npos) << text.str();
+    EXPECT_NE(text.str().find("title=Titles"), std::string::npos) << text.str();
 }
 
 TEST_F(RenderedTimelines, AreExportedAlone) {

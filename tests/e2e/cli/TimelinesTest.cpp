@@ -70,7 +70,8 @@ TEST_F(Timelines, ThatAreWrongAreToldWithEveryFinding) {
     EXPECT_TRUE(lines[1].contains(QStringLiteral("clip \"broken\": its media ")) &&
                 lines[1].contains(QStringLiteral("cannot be opened: ")));
     EXPECT_TRUE(lines[2].contains(QStringLiteral("warning: ")) &&
-                lines[2].endsWith(QStringLiteral("lasts 2000 ms; the clip goes 1600 ms beyond it")));
+                lines[2].endsWith(QStringLiteral("lasts 2000 ms; the clip goes 1600 ms beyond it and holds the last "
+                                                 "picture for 1600 ms")));
     EXPECT_TRUE(lines[3].contains(QStringLiteral("clip \"mute\"")) &&
                 lines[3].endsWith(QStringLiteral("has no sound")));
     const Result json = run({"validate", "--json", cut});
