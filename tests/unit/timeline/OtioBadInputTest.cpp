@@ -118,8 +118,32 @@ TEST_F(OtioBadInput, OfUnknownSchemasBecomesAGap) {
     EXPECT_EQ(reading.findings.at(0).text, "\"Wormhole.1\" is not known; there is a gap in its place");
     EXPECT_EQ(reading.findings[0].kind, Finding::Kind::Warning);
     EXPECT_EQ(firstTrack(reading).startOf(1), frames(30));
-    expectWarning(wrap("17"), "is not known");
+    expectWarning(wrap("17"), "is not known; it has no length either, and what follows begins at its place");
     expectWarning(wrap("null"), "is not known");
+}
+
+TEST_F(OtioBadInput, OfSchemasWithoutAProperVersionIsNotTakenForAKnownOne) {
+    for (const char* const schema : {"Clip", "Clip.", "Clip.x", "Clip.-1", "Clip.0", "Clip.2x", ""})
+        expectWarning(wrap(objectOf(schema, "c", R"(,"source_range":)" + rangeOf(0, 30))),
+                      '"' + std::string(schema) + "\" is not known; there is a gap in its place");
+    expectError(
+        wrap(objectOf("Clip.99999999999999", "c",
+                      R"(,"media_reference":)" + fileReference("a.mov") + R"(,"source_range":)" + rangeOf(0, 5))),
+        "Clip.99999999999999 is newer than what can be read, Clip.2");
+}
+
+TEST_F(OtioBadInput, OfMembersThatStandTwiceTakesTheLastAndTellsIt) {
+    const Reading reading = read(timelineOf(
+        {trackOf({objectOf("Gap.1", "g",
+                           R"(,"source_range":null,"source_range":)" + rangeOf(0, 5) + R"(,"source_range":)" +
+                               rangeOf(0, 30) + R"(,"metadata":{"a~/":{"b":1,"b":2}})"),
+                  clip(0, 5)})}));
+    EXPECT_EQ(firstTrack(reading).startOf(1), frames(30));
+    ASSERT_EQ(reading.findings.size(), 3U) << inWords(reading);
+    EXPECT_EQ(reading.findings[0].text, "\"source_range\" stands in it more than once; the last one counts");
+    EXPECT_EQ(reading.findings[0].pointer, "/tracks/children/0/children/0");
+    EXPECT_EQ(reading.findings[0].kind, Finding::Kind::Warning);
+    EXPECT_EQ(reading.findings[2].pointer, "/tracks/children/0/children/0/metadata/a~0~1");
 }
 
 TEST_F(OtioBadInput, OfANewerVersionIsRefusedUnlessItIsReadLeniently) {

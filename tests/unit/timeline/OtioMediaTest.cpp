@@ -64,7 +64,7 @@ TEST_F(OtioMediaTest, AreSequencesOfPictures) {
     const auto& found = std::get<ImageSequence>(target(reading));
     EXPECT_EQ(found.folder.ToUtf8(), (folder / "seq").string());
     EXPECT_EQ(found.nameOf(1), "p.0012.png");
-    EXPECT_EQ(found.rate, boost::rational<long long>(24000, 1001));
+    EXPECT_EQ(found.rate, boost::rational<long long>(12000, 1001)); // each stands for two frames
     EXPECT_EQ(found.missing, ImageSequence::MissingFrames::Held);
 }
 

@@ -173,6 +173,10 @@ TEST_F(OtioReaderTest, ChoosesATimelineByItsName) {
     options.timeline = "long";
     EXPECT_EQ(read(two, options).document->duration(), frames(50));
     EXPECT_EQ(inWords(read(two)), "there are several timelines in it, and none was chosen: \"short\", \"long\"\n");
+    const std::string twins = objectOf("SerializableCollection.1", "c",
+                                       R"(,"children":)" + listOf({timelineOf({trackOf({clip(0, 5)})}, "long"),
+                                                                   timelineOf({trackOf({clip(0, 50)})}, "long")}));
+    EXPECT_EQ(inWords(read(twins, options)).find("2 timelines in it are called \"long\""), 0U);
     options.timeline = "other";
     const Reading none = read(two, options);
     EXPECT_FALSE(none.document);

@@ -31,9 +31,9 @@ struct EDITORTIMELINE_EXPORT ImageSequence {
     std::string prefix;    ///< of each file's name, before the number
     std::string suffix;    ///< and behind it
     std::int64_t firstNumber = 0;
-    std::int64_t step = 1; ///< from one number to the next; at least 1
-    int digits = 0;        ///< numbers are filled up with noughts to so many
-    boost::rational<long long> rate = 1;
+    std::int64_t step = 1;               ///< from one number to the next; at least 1
+    int digits = 0;                      ///< numbers are filled up with noughts to so many
+    boost::rational<long long> rate = 1; ///< pictures a second, of those that there are
     MissingFrames missing = MissingFrames::Refused;
 
     /// The name of the file with picture `index`, counted from 0.

@@ -153,9 +153,16 @@ std::optional<Item> OtioItems::readItem(const OtioNode& node, Track::Kind kind) 
         context.warn(node, "a transition stands outside of a track and is left out");
         return std::nullopt;
     default:
-        context.warn(node, "\"" + node.text("OTIO_SCHEMA") + "\" is not known; there is a gap in its place");
-        return node.isObject() ? readGap(node) : std::nullopt;
+        return readUnknown(node);
     }
+}
+
+std::optional<Item> OtioItems::readUnknown(const OtioNode& node) {
+    auto gap = node.isObject() ? readGap(node) : std::nullopt;
+    context.warn(node, "\"" + node.text("OTIO_SCHEMA") + "\" is not known; " +
+                           (gap ? "there is a gap in its place"
+                                : "it has no length either, and what follows begins at its place"));
+    return gap;
 }
 
 std::optional<Item> OtioItems::readGap(const OtioNode& node) {

@@ -28,6 +28,7 @@ private:
     Track readChildren(const OtioNode& node, Track::Kind kind, std::vector<Marker> markers);
     std::optional<Track::Kind> trackKindOf(const OtioNode& node);
     std::optional<Item> readItem(const OtioNode& node, Track::Kind kind);
+    std::optional<Item> readUnknown(const OtioNode& node);
     std::optional<Item> readGap(const OtioNode& node);
     std::optional<Item> readClip(const OtioNode& node, Track::Kind kind);
     std::optional<Item> readNested(const OtioNode& node, Track::Kind kind);

@@ -135,7 +135,8 @@ MediaTarget OtioMedia::sequence(const OtioNode& reference) const {
                                             : ImageSequence::MissingFrames::Refused;
     if (!policy.empty() && policy != "error" && frames == ImageSequence::MissingFrames::Refused)
         context.warn(reference["missing_frame_policy"], "frames that are missing are an error, not \"" + policy + '"');
-    return ImageSequence{*path, prefix, suffix, *first, *step, static_cast<int>(*digits), *rate, frames};
+    // The rate is that of all frames, those that are left out included.
+    return ImageSequence{*path, prefix, suffix, *first, *step, static_cast<int>(*digits), *rate / *step, frames};
 }
 
 MediaTarget OtioMedia::generator(const OtioNode& reference) const {

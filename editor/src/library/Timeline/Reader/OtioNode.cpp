@@ -1,13 +1,17 @@
 #include "Timeline/Reader/OtioNode.h"
 
+#include <algorithm>
 #include <charconv>
+#include <climits>
 
 namespace Timeline {
 namespace {
 
 const rapidjson::Value NOTHING;
 
-std::string escaped(const std::string& name) {
+} // namespace
+
+std::string OtioNode::escaped(const std::string& name) {
     std::string result;
     for (const char letter : name) {
         if (letter == '~')
@@ -19,8 +23,6 @@ std::string escaped(const std::string& name) {
     }
     return result;
 }
-
-} // namespace
 
 OtioNode::OtioNode(const rapidjson::Value& value, std::string pointer)
     : json(&value)
@@ -54,11 +56,15 @@ bool OtioNode::flag(const char* member, bool otherwise) const {
 
 OtioNode::Schema OtioNode::schema() const {
     const std::string whole = text("OTIO_SCHEMA");
-    const std::size_t dot = whole.rfind('.');
-    Schema schema{whole.substr(0, dot)};
-    if (dot != std::string::npos)
-        std::from_chars(whole.data() + dot + 1, whole.data() + whole.size(), schema.version);
-    return schema;
+    const std::size_t dot = std::min(whole.rfind('.'), whole.size());
+    const char* const end = whole.data() + whole.size();
+    int version = 0;
+    const auto [rest, error] = std::from_chars(std::min(whole.data() + dot + 1, end), end, version);
+    if (error == std::errc::result_out_of_range && rest == end && whole[dot + 1] != '-')
+        version = INT_MAX;
+    if (rest != end || version < 1)
+        return {whole, 0};
+    return {whole.substr(0, dot), version};
 }
 
 } // namespace Timeline

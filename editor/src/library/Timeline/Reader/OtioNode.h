@@ -13,8 +13,11 @@ public:
     /// As a schema's name and version are written: "Clip.2".
     struct Schema {
         std::string name;
-        int version = 0; ///< 0 where none is told
+        int version = 0; ///< from 1 on, what no number holds is the largest; 0 where it is written otherwise
     };
+
+    /// A member's name as a step of a pointer.
+    static std::string escaped(const std::string& name);
 
     explicit OtioNode(const rapidjson::Value& value, std::string pointer = {});
 

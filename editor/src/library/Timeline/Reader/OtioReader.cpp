@@ -52,11 +52,14 @@ std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
     std::vector<OtioNode> timelines;
     collect(context, root, timelines);
     const std::string& wanted = context.options.timeline;
-    const auto named = std::find_if(timelines.begin(), timelines.end(),
-                                    [&](const OtioNode& one) { return one.text("name") == wanted; });
-    if (!wanted.empty() && named != timelines.end())
+    const auto isWanted = [&](const OtioNode& one) { return one.text("name") == wanted; };
+    const auto named = std::find_if(timelines.begin(), timelines.end(), isWanted);
+    const auto count = wanted.empty() ? 0 : std::count_if(timelines.begin(), timelines.end(), isWanted);
+    if (count == 1)
         return *named;
-    if (timelines.empty())
+    if (count > 1)
+        context.error(*named, std::to_string(count) + " timelines in it are called \"" + wanted + '"');
+    else if (timelines.empty())
         context.error(root, "there is no timeline in it");
     else if (!wanted.empty())
         context.error(root, "there is no timeline \"" + wanted + "\" in it; there are " + listed(timelines));

@@ -32,8 +32,10 @@ constexpr std::array<Known, 18> KNOWN{{{"Timeline", OtioKind::Timeline, 1},
                                        {"Marker", OtioKind::Marker, 3}}};
 
 const Known* find(const OtioNode& node) {
-    const std::string name = node.schema().name;
-    const auto found = std::find_if(KNOWN.begin(), KNOWN.end(), [&name](const Known& one) { return name == one.name; });
+    const OtioNode::Schema schema = node.schema();
+    const auto found = std::find_if(KNOWN.begin(), KNOWN.end(), [&schema](const Known& one) {
+        return schema.version > 0 && schema.name == one.name;
+    });
     return found == KNOWN.end() ? nullptr : &*found;
 }
 
@@ -50,8 +52,8 @@ void checkVersion(OtioContext& context, const OtioNode& node) {
     if (!known || schema.version <= known->newest)
         return;
     context.tell(context.options.lenient ? Finding::Kind::Warning : Finding::Kind::Error, node,
-                 schema.name + '.' + std::to_string(schema.version) + " is newer than what can be read, " +
-                     schema.name + '.' + std::to_string(known->newest));
+                 node.text("OTIO_SCHEMA") + " is newer than what can be read, " + schema.name + '.' +
+                     std::to_string(known->newest));
 }
 
 } // namespace Timeline

@@ -4,9 +4,11 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <rapidjson/error/en.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+#include <string_view>
 #include <system_error>
 
 namespace Timeline {
@@ -73,6 +75,33 @@ std::string placeOf(const std::string& text, std::size_t offset) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
+void settleDoubles(OtioContext& context, rapidjson::Value& value, const std::string& pointer);
+
+/// Of several members of one name the last one counts, as for most who read JSON; it takes the first one's place.
+void settleMembers(OtioContext& context, rapidjson::Value& object, const std::string& pointer) {
+    std::map<std::string_view, rapidjson::Value*> first;
+    for (auto& member : object.GetObject()) {
+        const std::string_view name(member.name.GetString(), member.name.GetStringLength());
+        const auto [known, isNew] = first.emplace(name, &member.value);
+        if (isNew)
+            continue;
+        known->second->Swap(member.value);
+        context.warn(OtioNode(object, pointer),
+                     '"' + std::string(name) + "\" stands in it more than once; the last one counts");
+    }
+    for (const auto& [name, member] : first)
+        if (member->IsObject() || member->IsArray())
+            settleDoubles(context, *member, pointer + '/' + OtioNode::escaped(std::string(name)));
+}
+
+void settleDoubles(OtioContext& context, rapidjson::Value& value, const std::string& pointer) {
+    if (value.IsObject())
+        return settleMembers(context, value, pointer);
+    if (value.IsArray())
+        for (rapidjson::SizeType index = 0; index < value.Size(); ++index)
+            settleDoubles(context, value[index], pointer + '/' + std::to_string(index));
+}
+
 } // namespace
 
 std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::string& path) {
@@ -87,8 +116,10 @@ std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::st
         rapidjson::kParseNanAndInfFlag | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
     rapidjson::Document document;
     document.Parse<FLAGS>(text->data(), text->size());
-    if (!document.HasParseError())
+    if (!document.HasParseError()) {
+        settleDoubles(context, document, {});
         return document;
+    }
     tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document.GetParseError())) + " (" +
                       placeOf(*text, document.GetErrorOffset()) + ')');
     return std::nullopt;
