@@ -10,10 +10,15 @@ using TestCli::Result;
 
 namespace {
 
+/// For what the dynamic linker looks at, which it does as a process begins.
+QStringList inEnvironment(const std::string& variable) {
+    return {QStringLiteral("/usr/bin/env"), QString::fromStdString(variable)};
+}
+
 /// What the dynamic linker says that it has opened.
 QString libraries(const std::vector<std::string>& arguments) {
     Program program(arguments);
-    program.setEnvironment("LD_DEBUG", "files");
+    program.setWrapper(inEnvironment("LD_DEBUG=files"));
     const Result result = program.run();
     EXPECT_EQ(result.code, 0) << result.errors.right(2000).toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("libKestra.so"))) << "the dynamic linker tells nothing";
@@ -24,13 +29,13 @@ bool namesCodecs(const QString& told) {
     return told.contains(QStringLiteral("libavcodec.so"));
 }
 
-TEST(Start, LoadsNoCodecsToHelpOrToList) {
+TEST(Loading, LoadsNoCodecsToHelpOrToList) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"--help"}, {"--version"}, {"presets"}, {"presets", "--json"}})
         EXPECT_FALSE(namesCodecs(libraries(arguments))) << arguments.front();
 }
 
-TEST(Start, LoadsCodecsForMedia) {
+TEST(Loading, LoadsCodecsForMedia) {
     const TestMedia::Folder folder;
     const std::string media = folder / "in.mov";
     TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
@@ -38,20 +43,20 @@ TEST(Start, LoadsCodecsForMedia) {
 }
 
 /// Beside its own library the engine's codecs are missing, as after half an installation.
-TEST(Start, WithoutItsCodecsListsAndSaysWhatIsMissing) {
+TEST(Loading, WithoutItsCodecsListsAndSaysWhatIsMissing) {
     const TestMedia::Folder folder;
     const QString library = QFileInfo(QStringLiteral(KESTRA_LIBRARY)).canonicalFilePath();
     ASSERT_TRUE(QFile::copy(library, QString::fromStdString(folder / KESTRA_SONAME)));
     const std::string elsewhere = folder / "";
     Program list({"presets"});
-    list.setEnvironment("LD_LIBRARY_PATH", elsewhere);
+    list.setWrapper(inEnvironment("LD_LIBRARY_PATH=" + elsewhere));
     EXPECT_EQ(list.run().code, 0);
 
     const std::string media = folder / "in.mov";
     TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
     const std::string output = folder / "out.mp4";
     Program render({"render", media, "-p", "mp4-h264-1080p", "-o", output});
-    render.setEnvironment("LD_LIBRARY_PATH", elsewhere);
+    render.setWrapper(inEnvironment("LD_LIBRARY_PATH=" + elsewhere));
     const Result result = render.run();
     EXPECT_NE(result.code, 0);
     EXPECT_TRUE(result.errors.contains(QStringLiteral("Cannot load the engine's codecs")))
