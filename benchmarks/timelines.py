@@ -140,7 +140,7 @@ def inputs(folder, name):
         return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")]
     if name == "layers":
         return ["-i", str(folder / "short.mp4"), "-i", str(folder / "layer.mov"), "-filter_complex",
-                "[1:v]scale=1920:1080:flags=bicubic,format=yuva420p[o];[0:v][o]overlay[v]", "-map", "[v]", "-map", "0:a", "-t",
+                "[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709,format=yuva420p[o];[0:v][o]overlay[v]", "-map", "[v]", "-map", "0:a", "-t",
                 "10"]
     arguments = []
     for i in range(len(MIXED)):

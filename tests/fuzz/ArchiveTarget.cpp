@@ -10,8 +10,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using Kestra::Ticks;
-
 constexpr const char* CUT = "cut.otioz";
 constexpr const char* UNPACKED = "unpacked";
 constexpr const char* WITNESS = "witness"; ///< what leads out of the archive would find it
@@ -42,11 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const Place place;
     Fuzz::Bytes bytes(data, size);
     // The first byte says how it is read.
-    Timeline::ReadingOptions options;
     const unsigned how = bytes.next();
-    options.lenient = (how & 1) != 0;
-    if ((how & 2) != 0)
-        options.lengthOf = [](const Timeline::MediaReference&, Timeline::Track::Kind) { return Ticks(1000); };
+    const auto options = Fuzz::readingOptions((how & 1) != 0, (how & 2) != 0);
     place.folder.write(CUT, bytes.rest());
     {
         const auto reading = Timeline::OtioReader().read(Kestra::ioPath(place.folder.path(CUT)), options);

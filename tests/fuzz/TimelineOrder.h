@@ -7,6 +7,15 @@
 
 namespace Fuzz {
 
+/// Where it is `measured`, media that do not tell their length have one.
+inline Timeline::ReadingOptions readingOptions(bool lenient, bool measured) {
+    Timeline::ReadingOptions options;
+    options.lenient = lenient;
+    if (measured)
+        options.lengthOf = [](const Timeline::MediaReference&, Timeline::Track::Kind) { return Kestra::Ticks(1000); };
+    return options;
+}
+
 inline void requireOrder(const Timeline::Stack& stack);
 
 inline void requireOrder(const Timeline::Track& track) {

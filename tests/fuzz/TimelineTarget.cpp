@@ -4,8 +4,6 @@
 
 namespace {
 
-using Kestra::Ticks;
-
 constexpr const char* CUT = "cut.otio";
 
 struct Place {
@@ -19,12 +17,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const Place place;
     Fuzz::Bytes bytes(data, size);
     // The first byte says how it is read.
-    Timeline::ReadingOptions options;
     const unsigned how = bytes.next();
-    options.lenient = (how & 1) != 0;
+    auto options = Fuzz::readingOptions((how & 1) != 0, (how & 4) != 0);
     options.timeline = (how & 2) != 0 ? "a" : "";
-    if ((how & 4) != 0)
-        options.lengthOf = [](const Timeline::MediaReference&, Timeline::Track::Kind) { return Ticks(1000); };
     place.folder.write(CUT, bytes.rest());
     const auto reading = Timeline::OtioReader().read(Kestra::ioPath(place.folder.path(CUT)), options);
     Fuzz::requireOrder(reading);

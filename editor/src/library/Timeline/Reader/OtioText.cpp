@@ -4,12 +4,13 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <rapidjson/error/en.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 #include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace Timeline {
 namespace {
@@ -75,31 +76,55 @@ std::string placeOf(const std::string& text, std::size_t offset) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
-void settleDoubles(OtioContext& context, rapidjson::Value& value, const std::string& pointer);
+/// Where a value stands, from the innermost step on.
+struct Place {
+    const Place* outer;
+    std::string_view member; ///< empty of data for an element
+    std::size_t index;
+};
 
-/// Of several members of one name the last one counts, as for most who read JSON; it takes the first one's place.
-void settleMembers(OtioContext& context, rapidjson::Value& object, const std::string& pointer) {
-    std::map<std::string_view, rapidjson::Value*> first;
-    for (auto& member : object.GetObject()) {
-        const std::string_view name(member.name.GetString(), member.name.GetStringLength());
-        const auto [known, isNew] = first.emplace(name, &member.value);
-        if (isNew)
-            continue;
-        known->second->Swap(member.value);
-        context.warn(OtioNode(object, pointer),
-                     '"' + std::string(name) + "\" stands in it more than once; the last one counts");
-    }
-    for (const auto& [name, member] : first)
-        if (member->IsObject() || member->IsArray())
-            settleDoubles(context, *member, pointer + '/' + OtioNode::escaped(std::string(name)));
+std::string pointerOf(const Place* place) {
+    if (!place)
+        return {};
+    return pointerOf(place->outer) + '/' +
+           (place->member.data() ? OtioNode::escaped(std::string(place->member)) : std::to_string(place->index));
 }
 
-void settleDoubles(OtioContext& context, rapidjson::Value& value, const std::string& pointer) {
-    if (value.IsObject())
-        return settleMembers(context, value, pointer);
+/// Of members of one name the last one stays, as for most who read JSON.
+void dropDoubles(OtioContext& context, rapidjson::Value& object, const Place* place) {
+    std::vector<std::pair<std::string_view, rapidjson::SizeType>> names;
+    names.reserve(object.MemberCount());
+    for (const auto& member : object.GetObject())
+        names.emplace_back(std::string_view(member.name.GetString(), member.name.GetStringLength()), names.size());
+    std::sort(names.begin(), names.end());
+    std::vector<rapidjson::SizeType> doubles;
+    for (std::size_t next = 1; next < names.size(); ++next) {
+        const auto& [name, index] = names[next - 1];
+        if (name != names[next].first)
+            continue;
+        doubles.push_back(index);
+        if (next < 2 || names[next - 2].first != name)
+            context.warn(OtioNode(object, pointerOf(place)),
+                         '"' + std::string(name) + "\" stands in it more than once; the last one counts");
+    }
+    std::sort(doubles.rbegin(), doubles.rend());
+    for (const rapidjson::SizeType index : doubles)
+        object.EraseMember(object.MemberBegin() + index);
+}
+
+void settleDoubles(OtioContext& context, rapidjson::Value& value, const Place* place = nullptr) {
     if (value.IsArray())
-        for (rapidjson::SizeType index = 0; index < value.Size(); ++index)
-            settleDoubles(context, value[index], pointer + '/' + std::to_string(index));
+        for (rapidjson::SizeType index = 0; index < value.Size(); ++index) {
+            const Place inside{place, {}, index};
+            settleDoubles(context, value[index], &inside);
+        }
+    if (!value.IsObject())
+        return;
+    dropDoubles(context, value, place);
+    for (auto& member : value.GetObject()) {
+        const Place inside{place, {member.name.GetString(), member.name.GetStringLength()}, 0};
+        settleDoubles(context, member.value, &inside);
+    }
 }
 
 } // namespace
@@ -117,7 +142,7 @@ std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::st
     rapidjson::Document document;
     document.Parse<FLAGS>(text->data(), text->size());
     if (!document.HasParseError()) {
-        settleDoubles(context, document, {});
+        settleDoubles(context, document);
         return document;
     }
     tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document.GetParseError())) + " (" +
