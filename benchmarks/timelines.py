@@ -145,4 +145,5 @@ def inputs(folder, name):
     arguments = []
     for i in range(len(MIXED)):
         arguments += ["-i", str(folder / f"mixed{i}.mp4")]
-    return [*arguments, "-filter_complex", mixed_graph(), "-map", "[v]", "-map", "[a]"]
+    # xfade gives one frame more.
+    return [*arguments, "-filter_complex", mixed_graph(), "-map", "[v]", "-map", "[a]", "-t", str(len(MIXED) * SECONDS_EACH)]
