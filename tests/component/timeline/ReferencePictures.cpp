@@ -131,9 +131,31 @@ ReferencePictures::Light ReferencePictures::look(const Item& item, Ticks begin, 
     if (!item.enabled)
         return {};
     if (const auto* inner = std::get_if<Nested>(&item.content))
-        return look(*inner->stack, within(map, begin, inner->excerpt));
+        return lookInto(*inner->stack, within(map, begin, inner->excerpt));
     const auto* const clip = std::get_if<Clip>(&item.content);
     return clip ? look(*clip, within(map, begin, clip->excerpt)) : Light();
+}
+
+/// Where nothing of the stack stands, its first or last picture stays.
+ReferencePictures::Light ReferencePictures::lookInto(const Stack& stack, const TimeMap& map) {
+    Ticks length;
+    for (const Track& track : stack.tracks())
+        if (track.kind() == Track::Kind::Video && track.isEnabled())
+            length = std::max(length, track.duration());
+    if (length == Ticks(0))
+        return {};
+    const auto frozen = [&](Ticks time) {
+        return look(stack, {Ticks(0), std::clamp(time, Ticks(0), length - Ticks(1)), 0});
+    };
+    if (map.speed == 0)
+        return frozen(map.there);
+    const Ticks start = placed(map, Ticks(0)), finish = placed(map, length);
+    const Ticks first = std::min(start, finish), end = std::max(start, finish), moment = middle - Ticks(1);
+    if (moment < first)
+        return frozen(map.ToSource(grid.Middle(grid.Nearest(first))));
+    if (moment >= end)
+        return frozen(map.ToSource(grid.Middle(grid.Nearest(end) - Kestra::FrameIndex(1))));
+    return look(stack, map);
 }
 
 ReferencePictures::Light ReferencePictures::look(const Clip& clip, const TimeMap& map) {

@@ -33,6 +33,7 @@ private:
     static Light mixed(const Light& from, const Light& to, double weight);
 
     Light look(const Timeline::Stack& stack, const Kestra::TimeMap& map);
+    Light lookInto(const Timeline::Stack& stack, const Kestra::TimeMap& map);
     Light look(const Timeline::Track& track, const Kestra::TimeMap& map);
     Light lookAtStill(const Timeline::Track& track, const std::vector<Kestra::Ticks>& starts,
                       const Kestra::TimeMap& map);

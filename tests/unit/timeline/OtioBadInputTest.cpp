@@ -175,7 +175,23 @@ TEST_F(OtioBadInput, OfDissolvesOfStacksWithNothingBeyondTheCutIsTold) {
     EXPECT_NE(words(stack(18, 10), clip(50, 10)).find("for 80 ms"), std::string::npos);
     EXPECT_NE(words(clip(50, 10), stack(0, 10)).find(lacksStart), std::string::npos);
     EXPECT_NE(words(stack(10, 10, backwards), clip(50, 10)).find(lacksEnd), std::string::npos);
-    EXPECT_EQ(words(stack(30, 10, R"(,"enabled":false)"), clip(50, 10)), "");
+    EXPECT_EQ(words(stack(20, 10, R"(,"enabled":false)"), clip(50, 10)), "");
+}
+
+TEST_F(OtioBadInput, OfStacksAndTracksBeyondTheirContentsIsTold) {
+    const std::string beyond = "ms beyond what there is of its contents";
+    const std::string twice = R"(,"effects":[)" + objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":2)") + ']';
+    const auto stack = [](const std::string& more) { return stackOf({trackOf({clip(0, 30)})}, more); };
+    const auto range = [](double start, double count) { return R"(,"source_range":)" + rangeOf(start, count); };
+    EXPECT_EQ(inWords(read(timelineOf({trackOf({stack(range(5, 25))})}))), "");
+    expectWarning(timelineOf({trackOf({stack(range(25, 10))})}), "it goes 200 " + beyond);
+    expectWarning(timelineOf({trackOf({stack(range(-2, 10))})}), "it goes 80 " + beyond);
+    expectWarning(timelineOf({trackOf({stack(twice)})}), "it goes 1200 " + beyond);
+    expectWarning(
+        timelineOf({objectOf("Track.1", "t", R"(,"kind":"Video","children":)" + listOf({clip(0, 5)}) + range(0, 10))}),
+        "it goes 200 " + beyond);
+    EXPECT_EQ(inWords(read(timelineOf({trackOf({stackOf({}, range(0, 10)), clip(0, 5)})}))), "")
+        << "a place to be kept";
 }
 
 TEST_F(OtioBadInput, OfTransitionsIsShortenedOrLeftOut) {

@@ -109,6 +109,10 @@ PlacedTrack::Standing PlacedTrack::atStill() const {
     return standing;
 }
 
+std::pair<Ticks, Ticks> PlacedTrack::contents() const {
+    return std::minmax({edge(0), edge(track.items().size())});
+}
+
 Fade PlacedTrack::fadeOf(const Transition& transition) const {
     if (map.speed == 0) {
         const Ticks still = track.startOf(transition.at);

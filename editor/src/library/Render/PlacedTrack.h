@@ -5,6 +5,8 @@
 #include "Render/Scene.h"
 #include "Timeline/Track.h"
 #include <functional>
+#include <optional>
+#include <utility>
 
 namespace Render {
 
@@ -26,6 +28,8 @@ public:
     };
     Standing at(Kestra::Ticks moment) const;
 
+    /// Where the track begins and is over, the earlier moment first. Not of one that is frozen.
+    std::pair<Kestra::Ticks, Kestra::Ticks> contents() const;
     /// Of a transition of the track.
     Fade fadeOf(const Timeline::Transition& transition) const;
     /// Where the item is wanted no more, transitions included.

@@ -41,10 +41,48 @@ Scene ScenePlanner::sceneOf(const Timeline::Stack& stack, const TimeMap& map, Ti
     return scene;
 }
 
+PlacedTrack ScenePlanner::placedOn(const Timeline::Stack& stack, const Timeline::Track& track,
+                                   const TimeMap& map) const {
+    return {track, map, [this, &stack](Ticks time, Ticks exact) { return placed(stack, time, exact); }};
+}
+
+const Timeline::Track* ScenePlanner::longestTrack(const Timeline::Stack& stack) const {
+    const Timeline::Track* longest = nullptr;
+    for (const Timeline::Track& track : stack.tracks())
+        if (track.isEnabled() && takes(track) && track.duration() > (longest ? longest->duration() : Ticks(0)))
+            longest = &track;
+    return longest;
+}
+
+std::optional<ScenePlanner::Held> ScenePlanner::heldOf(const Timeline::Stack& stack, const TimeMap& map,
+                                                       Ticks moment) const {
+    const Kestra::FrameGrid* const grid = frames();
+    const Timeline::Track* const longest = grid ? longestTrack(stack) : nullptr;
+    if (!longest)
+        return std::nullopt;
+    const Ticks last = longest->duration() - Ticks(1);
+    if (map.speed == 0)
+        return Held{std::clamp(map.there, Ticks(0), last), NEVER};
+    const auto [begin, end] = placedOn(stack, *longest, map).contents();
+    if (begin <= moment && moment < end)
+        return std::nullopt;
+    const bool isBefore = moment < begin;
+    const Ticks shown = grid->Middle(isBefore ? grid->Nearest(begin) : grid->Nearest(end) - Kestra::FrameIndex(1));
+    return Held{std::clamp(map.ToSource(shown), Ticks(0), last), isBefore ? begin : NEVER};
+}
+
+Scene ScenePlanner::sceneOfNested(const Timeline::Stack& stack, const TimeMap& map, Ticks moment, Ticks limit) const {
+    const auto held = heldOf(stack, map, moment);
+    if (!held)
+        return sceneOf(stack, map, moment, limit);
+    Scene scene = sceneOf(stack, TimeMap{Ticks(0), held->time, 0}, moment, limit);
+    scene.end = std::min(scene.end, held->end);
+    return scene;
+}
+
 Scene ScenePlanner::sceneOf(const Timeline::Stack& stack, const Timeline::Track& track, const TimeMap& map,
                             Ticks moment, Ticks limit) const {
-    const PlacedTrack onComposition(track, map,
-                                    [this, &stack](Ticks time, Ticks exact) { return placed(stack, time, exact); });
+    const PlacedTrack onComposition = placedOn(stack, track, map);
     const PlacedTrack::Standing standing = onComposition.at(moment);
     const Place place{stack, track, onComposition, moment, limit};
     Scene scene;
@@ -83,7 +121,7 @@ Scene ScenePlanner::sceneOf(const Place& place, std::size_t index) const {
     if (const auto* nested = std::get_if<Timeline::Nested>(&item.content)) {
         if (!takesStack(place.stack, place.track, place.track.startOf(index)))
             return {};
-        return sceneOf(*nested->stack, place.placed.mapOf(index, nested->excerpt), place.moment, end);
+        return sceneOfNested(*nested->stack, place.placed.mapOf(index, nested->excerpt), place.moment, end);
     }
     const auto* const clip = std::get_if<Timeline::Clip>(&item.content);
     if (!clip || !takesClips(place.track) || std::holds_alternative<Timeline::MissingMedia>(clip->media.target))

@@ -28,6 +28,7 @@ private:
     bool takesClips(const Timeline::Track& track) const override;
     bool takesStack(const Timeline::Stack& around, const Timeline::Track& track, Kestra::Ticks start) const override;
     Kestra::Ticks placed(const Timeline::Stack& stack, Kestra::Ticks time, Kestra::Ticks exact) const override;
+    const Kestra::FrameGrid* frames() const override { return nullptr; }
     bool isFull(const Timeline::Clip&) const override { return false; }
 
     const Window window;

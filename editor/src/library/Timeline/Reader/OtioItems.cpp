@@ -30,6 +30,17 @@ std::optional<boost::rational<long long>> rateOf(const OtioNode& clip) {
     return rate.value().IsNumber() ? exactRate(rate.value().GetDouble()) : std::nullopt;
 }
 
+/// Where `duration` of an excerpt goes beyond `there`, which is what there is of `whose`.
+void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Excerpt& excerpt, Ticks duration,
+                      const TimeRange& there, const char* whose) {
+    const Kestra::TimeMap map{Ticks(0), excerpt.start, excerpt.speed};
+    const auto [first, last] = std::minmax({map.ToSource(Ticks(0)), map.ToSource(duration)});
+    const Ticks beyond = std::max(there.start - first, last - there.end());
+    if (beyond > Ticks(Kestra::TICKS_PER_MILLISECOND))
+        context.warn(node, "it goes " + std::to_string(beyond.Value() / Kestra::TICKS_PER_MILLISECOND) +
+                               " ms beyond what there is of its " + whose);
+}
+
 } // namespace
 
 OtioItems::OtioItems(OtioContext& context, const OtioMedia& media)
@@ -47,10 +58,11 @@ std::shared_ptr<const Stack> OtioItems::readRoot(const OtioNode& node) {
     const Cut cut = readCut(node);
     if (cut.isNone() || stack->tracks().empty())
         return stack;
+    const Item whole = cutOut(node, stack, cut);
     std::vector<Track> tracks;
     for (const Track::Kind kind : {Track::Kind::Video, Track::Kind::Audio})
         if (hasTracks(*stack, kind))
-            tracks.emplace_back(kind, std::string(), true, std::vector<Item>{cutOut(stack, cut)});
+            tracks.emplace_back(kind, std::string(), true, std::vector<Item>{whole});
     return std::make_shared<Stack>(stack->name(), std::move(tracks));
 }
 
@@ -108,7 +120,7 @@ std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
         return readChildren(node, *kind, std::move(markers));
     const Track track = readChildren(node, *kind, {});
     auto alone = std::make_shared<Stack>(std::string(), std::vector<Track>{track}, std::move(markers));
-    return Track(*kind, track.name(), track.isEnabled(), {cutOut(std::move(alone), cut)});
+    return Track(*kind, track.name(), track.isEnabled(), {cutOut(node, std::move(alone), cut)});
 }
 
 Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind, std::vector<Marker> markers) {
@@ -191,7 +203,8 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     }
     clip.excerpt.start = range->start;
     clip.rate = rateOf(node);
-    tellWhatIsBeyond(node, clip, range->duration);
+    if (clip.media.available)
+        tellWhatIsBeyond(context, node, clip.excerpt, range->duration, *clip.media.available, "media");
     return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
                 readMarkers(node, range->start)};
 }
@@ -212,19 +225,6 @@ std::optional<TimeRange> OtioItems::rangeOfClip(const OtioNode& node, Clip& clip
     return std::nullopt;
 }
 
-void OtioItems::tellWhatIsBeyond(const OtioNode& node, const Clip& clip, Ticks duration) {
-    const auto& available = clip.media.available;
-    if (!available)
-        return;
-    const Kestra::TimeMap map{Ticks(0), clip.excerpt.start, clip.excerpt.speed};
-    const Ticks first = std::min(map.ToSource(Ticks(0)), map.ToSource(duration));
-    const Ticks last = std::max(map.ToSource(Ticks(0)), map.ToSource(duration));
-    const Ticks beyond = std::max(available->start - first, last - available->end());
-    if (beyond > Ticks(Kestra::TICKS_PER_MILLISECOND))
-        context.warn(node, "it goes " + std::to_string(beyond.Value() / Kestra::TICKS_PER_MILLISECOND) +
-                               " ms beyond what there is of its media");
-}
-
 std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind) {
     const OtioContext::Unseen unseen(context, node.flag("enabled", true));
     std::shared_ptr<const Stack> stack;
@@ -240,7 +240,7 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
         stack = std::make_shared<Stack>(node.text("name"), std::move(tracks));
     }
     const Cut cut = kindOf(node) == OtioKind::Stack ? readCut(node) : Cut{};
-    Item item = cutOut(stack, cut);
+    Item item = cutOut(node, stack, cut);
     if (item.duration == Ticks(0)) {
         if (cut.range)
             context.warn(node, "it lasts no time and is left out");
@@ -251,8 +251,11 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
     return item;
 }
 
-Item OtioItems::cutOut(std::shared_ptr<const Stack> stack, const Cut& cut) {
-    const TimeRange range = cut.range.value_or(TimeRange{Ticks(0), stack->duration()});
+Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut) {
+    const TimeRange contents{Ticks(0), stack->duration()};
+    const TimeRange range = cut.range.value_or(contents);
+    if (contents.duration > Ticks(0))
+        tellWhatIsBeyond(context, node, {range.start, cut.speed}, range.duration, contents, "contents");
     std::vector<Marker> markers = stack->markers();
     for (Marker& marker : markers)
         marker.range.start -= range.start;

@@ -34,11 +34,11 @@ private:
     std::optional<Item> readNested(const OtioNode& node, Track::Kind kind);
     std::optional<Transition> readTransition(const OtioNode& node);
     std::optional<TimeRange> rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind);
-    void tellWhatIsBeyond(const OtioNode& node, const Clip& clip, Kestra::Ticks duration);
     boost::rational<long long> readSpeed(const OtioNode& node);
     std::vector<Marker> readMarkers(const OtioNode& node, Kestra::Ticks shift);
     Cut readCut(const OtioNode& node);
-    Item cutOut(std::shared_ptr<const Stack> stack, const Cut& cut);
+    /// Tells where the cut goes beyond the stack's contents.
+    Item cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut);
 
     OtioContext& context;
     const OtioMedia& media;

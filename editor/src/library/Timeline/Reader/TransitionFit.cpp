@@ -10,8 +10,7 @@ using Kestra::Ticks;
 
 namespace {
 
-/// How much of the stretch `first` to `last` of an item's place, beyond the item itself, its stack lacks. Clips hold
-/// their first and last pictures there.
+/// How much of the stretch `first` to `last` of an item's place, beyond the item itself, its stack lacks.
 Ticks lackOf(const Item& item, Ticks first, Ticks last) {
     const auto* const nested = std::get_if<Nested>(&item.content);
     if (!nested || !item.enabled || nested->excerpt.speed == 0)
@@ -26,7 +25,7 @@ void tellWhatIsLacking(OtioContext& context, const std::vector<Item>& items, con
     const auto tell = [&](Ticks lack, const char* text) {
         if (lack > Ticks(Kestra::TICKS_PER_MILLISECOND))
             context.warn(node, text + std::to_string(lack.Value() / Kestra::TICKS_PER_MILLISECOND) +
-                                   " ms there is nothing to be seen or heard of it");
+                                   " ms its picture stands still, and nothing is heard of it");
     };
     if (transition.at > 0) {
         const Item& item = items[transition.at - 1];
