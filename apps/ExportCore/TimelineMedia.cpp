@@ -78,6 +78,14 @@ std::set<std::int64_t> picturesThere(const Timeline::ImageSequence& sequence, st
     return there;
 }
 
+/// Up to the last picture that is there.
+std::optional<Ticks> lengthOf(const Timeline::ImageSequence& sequence) {
+    const std::set<std::int64_t> there = picturesThere(sequence, 0, INT64_MAX);
+    if (there.empty())
+        return std::nullopt;
+    return Kestra::FrameGrid(sequence.rate).Begin(Kestra::FrameIndex(*there.rbegin() + 1));
+}
+
 std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
     const Shown shown = shownBy(clip, clip.origin.value_or(Ticks(0)), duration);
     const Kestra::FrameGrid grid(sequence.rate);
@@ -144,6 +152,8 @@ std::string TimelineMedia::whyMissing(const Timeline::MediaReference& media) {
 }
 
 std::optional<Ticks> TimelineMedia::lengthOf(const Timeline::MediaReference& media, Track::Kind kind) {
+    if (const auto* const sequence = std::get_if<Timeline::ImageSequence>(&media.target))
+        return ExportCore::lengthOf(*sequence);
     if (!std::holds_alternative<Timeline::MediaFile>(media.target))
         return std::nullopt;
     const auto* const info = std::get_if<MediaInfo>(&lookAt(media));

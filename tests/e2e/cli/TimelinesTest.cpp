@@ -112,6 +112,20 @@ TEST_F(Timelines, TellWhichPicturesOfASequenceAreMissing) {
         << year.output.toStdString();
 }
 
+TEST_F(Timelines, AskTheFolderHowLongASequenceIs) {
+    const std::string sequence =
+        R"({"OTIO_SCHEMA":"Clip.1","name":"seq","media_reference":{"OTIO_SCHEMA":"ImageSequenceReference.1",)"
+        R"("target_url_base":".","name_prefix":"q.","name_suffix":".png","start_frame":8,"frame_step":2,"rate":25}})";
+    const Result none = run({"validate", write(sequence, {})});
+    EXPECT_TRUE(none.output.contains(QStringLiteral("nothing tells how long it lasts"))) << none.output.toStdString();
+    for (const int number : {6, 8, 9, 10, 12, 14})
+        std::ofstream(*media / ("q." + std::to_string(number) + ".png")) << number;
+    const Result result = run({"info", "--json", write(sequence, {})});
+    const QJsonObject timeline = objectOf(result)[QStringLiteral("timelines")].toArray().at(0).toObject();
+    EXPECT_NEAR(timeline[QStringLiteral("tracks")].toArray().at(0)[QStringLiteral("durationMs")].toDouble(), 320, 1e-6)
+        << result.output.toStdString();
+}
+
 TEST_F(Timelines, FindTheirMediaBelowAnotherFolder) {
     const std::string cut = write(clipOf("a", "/elsewhere/both.mov", 0, 10), {}, "sub.otio");
     EXPECT_EQ(run({"validate", cut}).code, 2);

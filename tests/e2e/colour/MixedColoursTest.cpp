@@ -112,6 +112,7 @@ TEST_F(MixedColours, OfAHighRangeBecomeStandardAndAreNoted) {
     EXPECT_NEAR(middle(pictureOf(file, 0), 0), 180, 2);
     EXPECT_NEAR(middle(pictureOf(file, 1), 0), 201, 3);
     EXPECT_EQ(notesOf("high dynamic range (PQ, up to 10000 cd/m2), tone-mapped to BT."), 1);
+    EXPECT_EQ(notesOf("(mobius curve)"), 1);
 }
 
 TEST_F(MixedColours, OfAHighRangeAreKeptByPresetsThatSaySo) {

@@ -131,6 +131,22 @@ TEST_F(Sequence, HoldsThePictureBeforeAMissingOne) {
         << notes[0].what;
 }
 
+TEST_F(Sequence, GoesOnWhereNobodyKnowsItsEnd) {
+    makeShot();
+    remove("shot_0005.png");
+    auto settings = shot(Missing::Held);
+    settings.count.reset();
+    const auto source = openSequence(settings);
+    EXPECT_EQ(source->GetPath().ToUtf8(), folder / "shot_0003.png") << "one slash";
+    std::vector<int> numbers;
+    for (const ReadPicture& picture : readPictures(*source->CreateVideoStream(), 12))
+        numbers.push_back(picture.number);
+    EXPECT_EQ(numbers, (std::vector<int>{0, 1, 1, 3, 4, 5, 6, 7, 8, 9, 9, 9}));
+    const auto notes = source->TakeNotes();
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_EQ(notes[0].what.find("pictures of it are missing, \"shot_0005.png\" to begin with"), 0U) << notes[0].what;
+}
+
 TEST_F(Sequence, HasNoPictureInAFileOfAnotherName) {
     makeShot();
     fs::rename(folder / "shot_0005.png", folder / "shot_5.png");

@@ -14,11 +14,11 @@ using Timeline::MediaFile;
 
 namespace {
 
-/// How many pictures of a sequence there are said to be.
-std::int64_t countOf(const Timeline::MediaReference& media) {
-    constexpr std::int64_t MOST = 1'000'000'000; // of a sequence that does not tell
+/// How many pictures of a sequence there are said to be, if anything says so.
+std::optional<std::int64_t> countOf(const Timeline::MediaReference& media) {
+    constexpr std::int64_t MOST = 1'000'000'000;
     if (!media.available)
-        return MOST;
+        return std::nullopt;
     const Kestra::FrameGrid grid(std::get<ImageSequence>(media.target).rate);
     return std::clamp<std::int64_t>(grid.Nearest(media.available->duration).Value(), 1, MOST);
 }
@@ -34,10 +34,10 @@ std::string keyOf(const Timeline::MediaReference& media) {
     return sequence->folder.ToUtf8() + '/' + sequence->nameOf(0) + '\n' + std::to_string(sequence->step) + ' ' +
            std::to_string(sequence->digits) + ' ' + std::to_string(rate.numerator()) + '/' +
            std::to_string(rate.denominator()) + ' ' + std::to_string(static_cast<int>(sequence->missing)) + ' ' +
-           std::to_string(countOf(media));
+           std::to_string(countOf(media).value_or(0));
 }
 
-Kestra::Proc::SettingsImageSequence settingsOf(const ImageSequence& sequence, std::int64_t count) {
+Kestra::Proc::SettingsImageSequence settingsOf(const ImageSequence& sequence, std::optional<std::int64_t> count) {
     using Missing = Kestra::Proc::SettingsImageSequence::Missing;
     Kestra::Proc::SettingsImageSequence settings;
     settings.folder = sequence.folder;

@@ -50,7 +50,7 @@ std::string ChangeText(const ColourChange& change, double peak) {
     const std::string after = NameOf(change.after);
     if (fromHigh && !toHigh)
         return "high dynamic range (" + before + ", up to " + std::to_string(static_cast<int>(peak)) +
-               " cd/m2), tone-mapped to " + after;
+               " cd/m2), tone-mapped to " + after + " (mobius curve)";
     if (toHigh && !fromHigh)
         return "standard dynamic range, placed in " + after + " with its white at " + WhiteText();
     return before == after ? std::string() : "colours converted from " + before + " to " + after;

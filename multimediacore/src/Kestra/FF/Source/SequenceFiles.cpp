@@ -56,7 +56,7 @@ std::string SequenceFiles::NameOf(std::int64_t index) const {
 }
 
 ioPath SequenceFiles::PathOf(std::int64_t index) const {
-    return ioPath(settings.folder.ToUtf8() + "/" + NameOf(index));
+    return ioPath((fs::path(settings.folder.ToUtf8()) / NameOf(index)).string());
 }
 
 std::optional<std::int64_t> SequenceFiles::IndexOf(const std::string& name) const {
@@ -71,7 +71,7 @@ std::optional<std::int64_t> SequenceFiles::IndexOf(const std::string& name) cons
         return std::nullopt;
     std::int64_t distance = 0;
     if (__builtin_sub_overflow(number, settings.firstNumber, &distance) || distance < 0 ||
-        distance % settings.step != 0 || distance / settings.step >= settings.count)
+        distance % settings.step != 0 || (settings.count && distance / settings.step >= *settings.count))
         return std::nullopt;
     // "7" and "007" are two names, of which the sequence has one.
     const std::int64_t index = distance / settings.step;

@@ -19,7 +19,6 @@ public:
     ioPath PathOf(std::int64_t index) const;
     /// Indices of those that are there, rising.
     const std::vector<std::int64_t>& GetPresent() const { return present; }
-    std::int64_t CountMissing() const { return settings.count - static_cast<std::int64_t>(present.size()); }
     /// Of those that are there the last before `index`, and the first behind it.
     std::optional<std::int64_t> PresentBefore(std::int64_t index) const;
     std::optional<std::int64_t> PresentBehind(std::int64_t index) const;

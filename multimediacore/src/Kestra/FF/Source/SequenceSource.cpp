@@ -13,11 +13,13 @@ using Proc::TranscodingError;
 namespace {
 
 const std::atomic<bool> NEVER{false};
+/// That one whose end nobody knows is said to have.
+constexpr std::int64_t MOST_PICTURES = 1'000'000'000;
 
 const Proc::SettingsImageSequence& Checked(const Proc::SettingsImageSequence& settings) {
     std::int64_t last = 0;
-    const bool positive = settings.rate > 0 && settings.step > 0 && settings.count > 0;
-    if (!positive || __builtin_mul_overflow(settings.count, settings.step, &last) ||
+    const bool positive = settings.rate > 0 && settings.step > 0 && settings.count.value_or(1) > 0;
+    if (!positive || __builtin_mul_overflow(settings.count.value_or(MOST_PICTURES), settings.step, &last) ||
         __builtin_add_overflow(last, settings.firstNumber, &last) || settings.firstNumber == INT64_MIN)
         KESTRA_THROW(std::invalid_argument("A sequence of pictures needs a rate, a step and a number of pictures above "
                                            "0, and numbers within 64 bits"));
@@ -44,7 +46,7 @@ SequenceSource::SequenceSource(const Proc::SettingsImageSequence& settings, cons
     info.audio.reset();
     info.audioTracks = 0;
     info.timecode.reset();
-    info.duration = FramesToTime(settings.count, settings.rate);
+    info.duration = FramesToTime(GetCount(), settings.rate);
     info.video->frameRate = settings.rate;
     info.video->variableFrameRate = false;
     info.video->stillPicture = false;
@@ -53,14 +55,25 @@ SequenceSource::SequenceSource(const Proc::SettingsImageSequence& settings, cons
     info.video->pixelFormat = SequenceVideo::FormatFor(info.video->pixelFormat);
 }
 
+std::int64_t SequenceSource::GetCount() const {
+    return settings.count.value_or(MOST_PICTURES);
+}
+
+std::string SequenceSource::MissingCount() const {
+    if (!settings.count)
+        return "pictures of it are";
+    // One that went away since the folder was listed is not among those that were counted then.
+    const auto present = static_cast<std::int64_t>(files.GetPresent().size());
+    const std::int64_t count = std::max<std::int64_t>(*settings.count - present, 1);
+    return "of its " + std::to_string(*settings.count) + " pictures " + std::to_string(count) +
+           (count == 1 ? " is" : " are");
+}
+
 void SequenceSource::NoteMissing(std::int64_t index) {
     if (missingNoted.test_and_set())
         return;
     const bool held = settings.missing == Proc::SettingsImageSequence::Missing::Held;
-    // One that went away since the folder was listed is not among those that were counted then.
-    const std::int64_t count = std::max<std::int64_t>(files.CountMissing(), 1);
-    Note("of its " + std::to_string(settings.count) + " pictures " + std::to_string(count) +
-         (count == 1 ? " is" : " are") + " missing, \"" + files.NameOf(index) +
+    Note(MissingCount() + " missing, \"" + files.NameOf(index) +
          (held ? "\" to begin with; the one before, or else the next one, stands in each one's place"
                : "\" to begin with; black stands in each one's place"));
 }

@@ -25,6 +25,8 @@ public:
 
     const SequenceFiles& GetFiles() const { return files; }
     const Proc::SettingsImageSequence& GetSettings() const { return settings; }
+    /// Of pictures, as far as may be read.
+    std::int64_t GetCount() const;
     /// Both are told once in the source's life, whichever picture is the first. Thread-safe.
     void NoteMissing(std::int64_t index);
     void NoteConformed(std::int64_t index, const std::string& own, const std::string& wanted);
@@ -32,6 +34,8 @@ public:
     MediaSource& GetFirst() { return *first; }
 
 private:
+    std::string MissingCount() const;
+
     const Proc::SettingsImageSequence settings;
     const SequenceFiles files;
     const boost::intrusive_ptr<MediaSource> first;

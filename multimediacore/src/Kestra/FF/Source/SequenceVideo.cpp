@@ -41,7 +41,7 @@ SequenceVideo::SequenceVideo(boost::intrusive_ptr<SequenceSource> given)
     , told(source->GetFirst().CreateVideoStream())
     , format(av_get_pix_fmt(source->GetInfo().video->pixelFormat.c_str()))
     , grid(source->GetSettings().rate)
-    , count(source->GetSettings().count)
+    , count(source->GetCount())
     , reader(interrupted, source->GetFirst().GetDetails().limits) {}
 
 void SequenceVideo::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& result) const {

@@ -4,6 +4,7 @@
 #include "Kestra/Base/ioPath.h"
 #include <boost/rational.hpp>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace Kestra::Proc {
@@ -25,7 +26,7 @@ struct SettingsImageSequence {
     std::int64_t step = 1;
     int digits = 0;
     boost::rational<long long> rate = 1; ///< pictures a second
-    std::int64_t count = 0;              ///< pictures that may be asked for
+    std::optional<std::int64_t> count{}; ///< pictures that may be asked for; unset: nobody knows how many there are
     Missing missing = Missing::Refused;
 };
 
