@@ -94,20 +94,24 @@ def write_layers(folder):
     (folder / "layers.otio").write_text(timeline(tracks))
 
 
-def mixed_graph():
-    parts, pictures, sound = [], [], []
+def mixed_parts():
+    """The graphs of pictures and of sound."""
+    parts, sound = [], []
     for i in range(len(MIXED)):
         start, end = HANDLE, HANDLE + SECONDS_EACH
         start, end = (start, end + 0.5) if i == 1 else (start - 0.5, end) if i == 2 else (start, end)
         parts.append(f"[{i}:v]trim={start}:{end},setpts=PTS-STARTPTS,fps={RATE},scale=1920:1080:force_original_aspect_ratio="
                      f"decrease:flags=bicubic,pad=1920:1080:-1:-1,setsar=1,settb=1/{RATE}[v{i}]")
-        parts.append(f"[{i}:a]atrim={start}:{end},asetpts=PTS-STARTPTS[a{i}]")
-        pictures.append(f"[v{i}]")
-        sound.append(f"[a{i}]")
-    parts.append(f"[v1][v2]xfade=duration=1:offset={SECONDS_EACH - 0.5},settb=1/{RATE}[vx]")
-    parts.append("[a1][a2]acrossfade=d=1:c1=qsin:c2=qsin[ax]")
-    joined = "[v0][a0][vx][ax][v3][a3][v4][a4]concat=n=4:v=1:a=1[v][a]"
-    return ";".join([*parts, joined])
+        sound.append(f"[{i}:a]atrim={start}:{end},asetpts=PTS-STARTPTS[a{i}]")
+    # The fade gives one frame more.
+    parts.append(f"[v1][v2]xfade=duration=1:offset={SECONDS_EACH - 0.5},settb=1/{RATE}[vx];[v0][vx][v3][v4]concat=n=4,"
+                 f"trim=end_frame={len(MIXED) * SECONDS_EACH * RATE}[v]")
+    sound.append("[a1][a2]acrossfade=d=1:c1=qsin:c2=qsin[ax];[a0][ax][a3][a4]concat=n=4:v=0:a=1[a]")
+    return ";".join(parts), ";".join(sound)
+
+
+LAYERS = ("[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709,format=yuva420p[o];[0:v][o]overlay,trim=duration=10[v]",
+          "[0:a]atrim=duration=10[a]")
 
 
 def media():
@@ -126,24 +130,34 @@ def media():
     return wanted
 
 
-def write(folder):
-    write_clips(folder)
-    write_files(folder)
-    write_mixed(folder)
-    write_melt(folder)
-    write_layers(folder)
+WRITERS = {"clips.otio": [write_clips], "files.otio": [write_files], "mixed.otio": [write_mixed, write_melt],
+           "layers.otio": [write_layers]}
+
+
+def needed(name):
+    """The media of a timeline; of everything else none."""
+    return {"clips.otio": ["two.mov"], "files.otio": ["titled.mov"], "mixed.otio": [f"mixed{i}.mp4" for i in range(len(MIXED))],
+            "layers.otio": ["short.mp4", "layer.mov"]}.get(name, [])
+
+
+def write(folder, name):
+    for writer in WRITERS.get(name, []):
+        writer(folder)
+
+
+def pictures(folder, name):
+    """ffmpeg's inputs, and a graph that makes the timeline's pictures [v] of them."""
+    if name in ("clips", "files"):
+        return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")], "[0:v]null[v]"
+    names = ["short.mp4", "layer.mov"] if name == "layers" else [f"mixed{i}.mp4" for i in range(len(MIXED))]
+    return [part for one in names for part in ("-i", str(folder / one))], LAYERS[0] if name == "layers" else mixed_parts()[0]
 
 
 def inputs(folder, name):
     """ffmpeg's, up to the encoder's options."""
+    files, graph = pictures(folder, name)
     if name in ("clips", "files"):
-        return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")]
-    if name == "layers":
-        return ["-i", str(folder / "short.mp4"), "-i", str(folder / "layer.mov"), "-filter_complex",
-                "[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709,format=yuva420p[o];[0:v][o]overlay[v]", "-map", "[v]", "-map", "0:a", "-t",
-                "10"]
-    arguments = []
-    for i in range(len(MIXED)):
-        arguments += ["-i", str(folder / f"mixed{i}.mp4")]
-    # xfade gives one frame more.
-    return [*arguments, "-filter_complex", mixed_graph(), "-map", "[v]", "-map", "[a]", "-t", str(len(MIXED) * SECONDS_EACH)]
+        return files
+    sound = LAYERS[1] if name == "layers" else mixed_parts()[1]
+    length = 10 if name == "layers" else len(MIXED) * SECONDS_EACH
+    return [*files, "-filter_complex", f"{graph};{sound}", "-map", "[v]", "-map", "[a]", "-t", str(length)]
