@@ -40,13 +40,18 @@ void SetCrf(AVCodecContext& context, double quality) {
         RefuseSetting(context, "the quality " + Decimal(quality));
 }
 
+int ThreadsBesideOthers() {
+    return std::clamp(Processors(), 2, MOST_SLICE_THREADS);
+}
+
+// As many columns as there is room for: libvpx does so by itself, and threads wait less where there are more tiles.
 void SetTileThreads(AVCodecContext& context) {
-    context.thread_count = std::min(Processors(), MOST_SLICE_THREADS);
+    constexpr int NARROWEST_TILE = 256;
+    constexpr int MOST_COLUMNS = 4; // 16 of them
+    context.thread_count = ThreadsBesideOthers();
     SetPrivate(context, "row-mt", 1);
-    // Tiles are at least 256 pixels wide, and at most 4096.
     int columns = 0;
-    while (columns < 4 && (context.width >> columns > 4096 ||
-                           ((context.width >> (columns + 1)) >= 256 && (1 << (columns + 1)) <= context.thread_count)))
+    while (columns < MOST_COLUMNS && context.width >> (columns + 1) >= NARROWEST_TILE)
         ++columns;
     SetPrivate(context, "tile-columns", columns);
 }

@@ -29,7 +29,11 @@ void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value);
 /// Constant quality by the option "crf".
 void SetCrf(AVCodecContext& context, double quality);
 
-/// Tiles and threads for them, of encoders that have both.
+/// Threads of encoders that make the same of any number of them, but something else of one alone: two at least, so that
+/// no output depends on the machine.
+int ThreadsBesideOthers();
+
+/// Tiles, and threads that share out their rows, of encoders that have both. The width alone decides about tiles.
 void SetTileThreads(AVCodecContext& context);
 
 } // namespace Kestra::FF

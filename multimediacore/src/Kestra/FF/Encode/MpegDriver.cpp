@@ -1,3 +1,4 @@
+#include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/VideoDrivers.h"
 #include <algorithm>
 #include <climits>
@@ -11,6 +12,13 @@ namespace {
 class MpegDriver : public VideoDriver {
 public:
     using VideoDriver::VideoDriver;
+
+    // Each thread writes a slice of its own, which nothing is predicted into: the height alone decides how many.
+    void SetSpeed(AVCodecContext& context, const OptionList&) const override {
+        constexpr int LINES_OF_A_SLICE = 128;
+        context.thread_count = std::clamp(context.height / LINES_OF_A_SLICE, 1, MOST_SLICE_THREADS);
+        context.thread_type = FF_THREAD_SLICE;
+    }
 
     // They allow themselves four megabits of drift, whatever the bitrate is.
     void SetDrift(AVCodecContext& context) const override {
