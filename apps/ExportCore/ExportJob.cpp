@@ -9,9 +9,12 @@
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
+#include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/PresetChoice.h"
 #include "ExportCore/PresetSelection.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimeText.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Proc/ProcException.h"
@@ -114,8 +117,20 @@ void ExportJob::selectPreset() {
     provider = PresetSelection::makeProvider();
     if (const std::string warning = provider->catalogueWarning(); !warning.empty())
         outcome.warnings << QString::fromStdString(warning);
-    PresetSelection::select(*provider, request.presetId);
+    PresetSelection::select(*provider, choosePreset());
     presetEdit = RequestCheck::presetEdit(request, *provider);
+}
+
+/// The catalogue is read once more only where the request names no preset itself.
+std::string ExportJob::choosePreset() {
+    const auto tags = provider->tags();
+    if (!request.presetId.empty() && std::find(tags.begin(), tags.end(), request.presetId) == tags.end())
+        return request.presetId;
+    const PresetChoice choice = PresetChoice::of(request.presetId, request.outputPath, PresetCatalogue());
+    if (!choice.reason.empty())
+        outcome.notes
+            << tr("The preset is %1, %2").arg(QString::fromStdString(choice.id), QString::fromStdString(choice.reason));
+    return choice.id;
 }
 
 void ExportJob::showTimeline() {
@@ -124,11 +139,23 @@ void ExportJob::showTimeline() {
     project->show(opening->sequence());
     for (const std::string& warning : opening->warnings())
         outcome.warnings << QString::fromStdString(warning);
-    streamRange = RequestCheck::streamRange(request, project->duration(), OutroPictures::length(request.brandingName));
+    cutInputs();
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
         project->describe(streamRange);
     collectDamage();
+}
+
+void ExportJob::cutInputs() {
+    const Media::Video& video = project->video();
+    cut = CutPoints::of(request, project->hasPictures()
+                                     ? TimePoint::Rate({video.frameRateNumerator, video.frameRateDenominator})
+                                     : std::nullopt);
+    const KTime length = project->duration();
+    streamRange = RequestCheck::streamRange(request, cut, length, OutroPictures::length(request.brandingName));
+    if (cut.out && *cut.out > length)
+        outcome.notes << tr("The inputs end before the out point, at %1: so does the file")
+                             .arg(QString::fromStdString(TimeText::format(length)));
 }
 
 void ExportJob::editPreset() {

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "EditorProject/StreamLengths.h"
+#include "ExportCore/CutPoints.h"
 #include "ExportCore/ExpectedFile.h"
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
-#include "ExportCore/ExportRequest.h"
 #include "ExportCore/JobState.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCore/Watchdog.h"
@@ -86,6 +86,8 @@ private:
     bool engineRuns() const;
     bool isPart(const QObject* object) const;
     void selectPreset();
+    std::string choosePreset();
+    void cutInputs();
     void editPreset();
     void beginOutput();
     void onOutputMade(const std::exception_ptr& error);
@@ -135,6 +137,7 @@ private:
 
     const ExportRequest request;
     PresetEdit presetEdit;
+    CutPoints cut;
     Types::Range streamRange;
     std::unique_ptr<EditorProject> project;
     std::unique_ptr<Export::PresetProvider> provider;

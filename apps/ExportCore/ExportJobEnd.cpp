@@ -262,14 +262,14 @@ std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& re
     if (!report.incomplete)
         return {};
     // Who asks for a part that lies before what is missing misses nothing.
-    const KTime start = request.in.value_or(KTime(0));
-    const KTime end = request.out.value_or(project->duration() + KTime(1));
+    const KTime start = cut.in.value_or(KTime(0));
+    const KTime end = cut.out.value_or(project->duration() + KTime(1));
     const std::optional<KTime> place = project->placeOf(report.path, report.time, start, end);
     return place && *place < end ? place : std::nullopt;
 }
 
 std::string ExportJob::wayOut(KTime missing) const {
-    if (missing <= request.in.value_or(KTime(0)))
+    if (missing <= cut.in.value_or(KTime(0)))
         return {};
     return "; what comes before can be exported with --out " + TimeText::format(missing);
 }

@@ -1,9 +1,9 @@
 // ExportCore::ExportRequest: everything one export is asked for.
 #pragma once
 
+#include "ExportCore/TimePoint.h"
 #include "ExportCore/TimelineOpening.h"
 #include "ExportCore/WatchdogLimits.h"
-#include "KTime/KTime.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Types/Range.h"
 #include <QString>
@@ -17,6 +17,7 @@ namespace ExportCore {
 /// A value. Paths are UTF-8 on their way to the system, whatever the locale says.
 struct ExportRequest {
     QStringList inputs; ///< media files, one after the other, or one timeline
+    /// The id of a preset, or a tag, which means its default; empty: the one that suits outputPath.
     std::string presetId;
     /// Name of one of the preset's quality modifiers; the preset as it is without one.
     std::optional<std::string> quality;
@@ -25,9 +26,10 @@ struct ExportRequest {
     QString outputPath;
     /// Whether a file that stands at outputPath may be replaced.
     bool overwrite = false;
-    /// The part of the inputs to export; what is left open is their start and their end.
-    std::optional<KTime> in;
-    std::optional<KTime> out;
+    /// The part of the inputs to export, as CutPoints reads it; what is left open is their start and their end.
+    std::optional<TimePoint> in;
+    std::optional<TimePoint> out;
+    std::optional<TimePoint> duration;
     /// A window on the finished streams, the outro included, snapped to frames; zero to zero is none.
     Types::Range exportRange;
     /// Names the outro (see OutroPictures); empty for none.

@@ -3,8 +3,48 @@
 #include "EditorSettings/Settings.h"
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
+#include <algorithm>
+#include <set>
+#include <tuple>
+#include <utility>
 
 namespace ExportCore {
+namespace {
+
+/// Of a preset: more is better, the picture first, and then what its name promises.
+using Worth = std::tuple<double, std::int64_t, std::ptrdiff_t>;
+
+std::ptrdiff_t worthOfName(const std::string& name) {
+    static const std::vector<std::string> rising{"draft", "low", "medium", "high", "best"};
+    const auto found = std::find(rising.begin(), rising.end(), name);
+    return found == rising.end() ? -1 : found - rising.begin();
+}
+
+double worthOfPicture(const Preset& preset) {
+    using Kestra::ClientAPI::CodecLimits;
+    if (!CodecLimits::HasBitrate(preset.videoCodec())) { // its profile decides; they are listed from least to most
+        const std::vector<std::string> profiles = CodecLimits::Profiles(preset.videoCodec());
+        return static_cast<double>(std::find(profiles.begin(), profiles.end(), preset.videoProfile()) -
+                                   profiles.begin());
+    }
+    switch (preset.videoBitrateMode()) {
+    case Export::BitrateMode::Quality:
+        return -preset.videoQuality(); // less is better on the codecs' scales
+    case Export::BitrateMode::Variable:
+        return static_cast<double>(preset.videoBitrateBps());
+    case Export::BitrateMode::Constant:
+    case Export::BitrateMode::Automatic:
+        break;
+    }
+    return preset.videoBitrateMultiplier();
+}
+
+Worth worthOf(const Preset& preset, const std::string& name) {
+    return {preset.hasVideo() ? worthOfPicture(preset) : 0, preset.audioBitrateBps(), worthOfName(name)};
+}
+
+} // namespace
 
 PresetCatalogue::PresetCatalogue() {
     if (!storage.loadPresets(Kestra::ioPath(Settings::presetFilePath().toStdString())))
@@ -38,8 +78,26 @@ std::vector<std::string> PresetCatalogue::idsOf(const std::string& tag) const {
     return found->second;
 }
 
-std::set<std::string> PresetCatalogue::qualitiesOf(const std::string& id) const {
-    return storage.qualityModifierTags(id);
+std::string PresetCatalogue::defaultOf(const std::string& tag) const {
+    return idsOf(tag).at(storage.defaultPresetIndex(tag));
+}
+
+std::vector<std::string> PresetCatalogue::qualitiesOf(const std::string& id) const {
+    const std::set<std::string> names = storage.qualityModifierTags(id);
+    std::vector<std::pair<Worth, std::string>> byWorth;
+    for (const std::string& name : names)
+        byWorth.emplace_back(worthOf(withQuality(id, name), name), name);
+    std::stable_sort(byWorth.begin(), byWorth.end(), [](const auto& a, const auto& b) { return a.first > b.first; });
+    std::vector<std::string> sorted;
+    for (auto& [worth, name] : byWorth)
+        sorted.push_back(std::move(name));
+    return sorted;
+}
+
+Preset PresetCatalogue::withQuality(const std::string& id, const std::string& quality) const {
+    Preset changed = preset(id);
+    changed.applyQualityModifier(storage.qualityModifierData(id, quality));
+    return changed;
 }
 
 Preset PresetCatalogue::preset(const std::string& id) const {

@@ -4,7 +4,6 @@
 #include "EditorPreset/PresetStorage.h"
 #include "ExportCoreExport.h"
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -25,8 +24,12 @@ public:
     std::vector<std::string> tagsOf(const std::string& id) const;
     /// The presets of a tag. Throws Refusal with near names for a tag that is none.
     std::vector<std::string> idsOf(const std::string& tag) const;
-    /// Names of a preset's quality modifiers, sorted.
-    std::set<std::string> qualitiesOf(const std::string& id) const;
+    /// Of a tag. Throws as idsOf.
+    std::string defaultOf(const std::string& tag) const;
+    /// Names of a preset's quality modifiers, the one that gives most bits first.
+    std::vector<std::string> qualitiesOf(const std::string& id) const;
+    /// The preset with one of them applied. Throws as preset().
+    Preset withQuality(const std::string& id, const std::string& quality) const;
     /// Throws Refusal with near names for an id that is none.
     Preset preset(const std::string& id) const;
 

@@ -3,6 +3,7 @@
 #include "Export/PresetProvider.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/OutputExtension.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
@@ -126,7 +127,7 @@ void checkStanding(const struct stat& state, const QByteArray& output, const Exp
     if (RequestCheck::isInput(output, request.inputs))
         refuse("Cannot write " + quoted(output) + ": it is one of the inputs");
     if (!request.overwrite)
-        refuse("Cannot write " + quoted(output) + ": it exists already and overwriting was not asked for");
+        refuse("Cannot write " + quoted(output) + ": it exists already (--overwrite replaces it)");
     if (!allows(output, W_OK))
         refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
 }
@@ -140,25 +141,13 @@ QByteArray placeOfNew(const QByteArray& output) {
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
 }
 
-/// In lower case, without the dot; empty where the name has none. A dot in front hides a file, it begins no extension.
-std::string extensionOf(const QByteArray& path) {
-    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
-    const int dot = name.lastIndexOf('.');
-    return dot <= 0 ? std::string() : name.mid(dot + 1).toLower().toStdString();
-}
-
-bool isCalled(const Preset& preset, const std::string& extension) {
-    const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
-    return std::find(usual.begin(), usual.end(), extension) != usual.end();
-}
-
 /// Those of the same media and size first.
 std::vector<std::string> presetsFor(const std::string& extension, const Preset& like) {
     std::vector<std::pair<int, std::string>> fitting;
     const PresetCatalogue catalogue;
     for (const std::string& id : catalogue.ids()) {
         const Preset preset = catalogue.preset(id);
-        if (isCalled(preset, extension))
+        if (OutputExtension::suits(preset, extension))
             fitting.emplace_back(
                 (preset.hasVideo() == like.hasVideo() ? 0 : 2) + (preset.maxHeight() == like.maxHeight() ? 0 : 1), id);
     }
@@ -246,8 +235,8 @@ void RequestCheck::outputIsNoneOf(const std::vector<Timeline::MediaTarget>& medi
 
 void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {
     const QByteArray output = request.outputPath.toUtf8();
-    const std::string extension = extensionOf(output);
-    if (!ContainerLimits::IsKnownExtension(extension) || isCalled(preset, extension))
+    const std::string extension = OutputExtension::of(output);
+    if (!ContainerLimits::IsKnownExtension(extension) || OutputExtension::suits(preset, extension))
         return;
     const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
     const std::vector<std::string> fitting = presetsFor(extension, preset);
@@ -268,30 +257,26 @@ PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::
 }
 
 void RequestCheck::ranges(const ExportRequest& request) {
-    if (request.in && *request.in < KTime(0))
-        refuse("The in point " + TimeText::format(*request.in) + " lies before the start");
-    if (request.out && *request.out <= request.in.value_or(KTime(0)))
-        refuse("The out point " + TimeText::format(*request.out) + " does not lie after the in point " +
-               TimeText::format(request.in.value_or(KTime(0))));
+    if (!CutPoints::countFrames(request))
+        CutPoints::of(request, {});
     const Types::Range& window = request.exportRange;
     if (window != Types::Range() && (window.start < KTime(0) || window.end <= window.start))
         refuse("The export range from " + TimeText::format(window.start) + " to " + TimeText::format(window.end) +
                " is empty");
 }
 
-Types::Range RequestCheck::streamRange(const ExportRequest& request, KTime duration, KTime outro) {
+Types::Range RequestCheck::streamRange(const ExportRequest& request, const CutPoints& cut, KTime duration,
+                                       KTime outro) {
     ranges(request);
-    const std::string outside = " lies outside the inputs, which last " + TimeText::format(duration);
-    if (request.in && *request.in >= duration)
-        refuse("The in point " + TimeText::format(*request.in) + outside);
-    if (request.out && *request.out > duration)
-        refuse("The out point " + TimeText::format(*request.out) + outside);
-    const Types::Range range{request.in.value_or(KTime(0)), request.out.value_or(duration)};
+    if (cut.in && *cut.in >= duration)
+        refuse("The in point " + TimeText::format(*cut.in) + " lies outside the inputs, which last " +
+               TimeText::format(duration));
+    const Types::Range range{cut.in.value_or(KTime(0)), std::min(cut.out.value_or(duration), duration)};
     const KTime lasting = range.end - range.start + outro;
     if (request.exportRange.end > lasting)
         refuse("The end of the export range " + TimeText::format(request.exportRange.end) +
                " lies outside what is exported, which lasts " + TimeText::format(lasting));
-    return request.in || request.out ? range : Types::Range();
+    return cut.in || cut.out ? range : Types::Range();
 }
 
 } // namespace ExportCore

@@ -1,7 +1,7 @@
 // ExportCore::RequestCheck: what can be refused before anything opens.
 #pragma once
 
-#include "ExportCore/ExportRequest.h"
+#include "ExportCore/CutPoints.h"
 #include "ExportCore/OutputTarget.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCoreExport.h"
@@ -27,11 +27,13 @@ struct EXPORTCORE_EXPORT RequestCheck {
     /// What the request wants changed in the preset that the provider has selected: a quality that the preset has, and
     /// settings that read well and fit it.
     static PresetEdit presetEdit(const ExportRequest& request, const Export::PresetProvider& provider);
-    /// The points in order and the export range not inverted, as far as that is known without the inputs' length.
+    /// The points in order and the export range not inverted, as far as that is known without the inputs.
     static void ranges(const ExportRequest& request);
-    /// The part of the composition to export; zero to zero, which is all of it, when no point was given. Both points
-    /// must lie inside. The export range may reach into an outro of `outro` behind that part.
-    static Types::Range streamRange(const ExportRequest& request, KTime duration, KTime outro = KTime(0));
+    /// The part of the composition to export; zero to zero, which is all of it, when no point was given. It begins
+    /// inside, and ends with the composition where it was to end behind that. The export range may reach into an outro
+    /// of `outro` behind that part.
+    static Types::Range streamRange(const ExportRequest& request, const CutPoints& cut, KTime duration,
+                                    KTime outro = KTime(0));
     /// Whether the path is, through whatever links, one of the inputs.
     static bool isInput(const QByteArray& path, const QStringList& inputs);
 

@@ -1,11 +1,15 @@
 #include "ExportCore/SettingText.h"
 
+#include "Kestra/Conf/StandardRates.h"
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <map>
 
 namespace ExportCore {
 namespace {
+
+using Ratio = boost::rational<long long>;
 
 constexpr std::int64_t LARGEST = std::numeric_limits<std::int64_t>::max();
 
@@ -60,14 +64,36 @@ std::optional<double> SettingText::decimal(const std::string& text) {
     return result.ec == std::errc() && result.ptr == end ? std::optional<double>(number) : std::nullopt;
 }
 
-std::optional<boost::rational<long long>> SettingText::ratio(const std::string& text) {
+std::optional<Ratio> SettingText::frameRate(const std::string& text) {
+    static const std::map<std::string, Ratio> names{
+        {"film", 24}, {"pal", 25}, {"ntsc", {30000, 1001}}, {"ntsc-film", {24000, 1001}}};
+    if (const auto named = names.find(text); named != names.end())
+        return named->second;
+    const std::size_t point = text.find('.');
+    if (point == std::string::npos)
+        return ratio(text);
+    constexpr std::size_t MOST_PLACES = 6;
+    const std::string places = text.substr(point + 1);
+    const auto digits = wholeNumber(text.substr(0, point) + places);
+    if (point == 0 || places.empty() || places.size() > MOST_PLACES || !digits || *digits > std::int64_t(1) << 31)
+        return std::nullopt;
+    long long unit = 1;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        unit *= 10;
+    const Ratio exact(*digits, unit);
+    const Ratio standard = Kestra::Conf::NearStandardRate(boost::rational_cast<double>(exact));
+    const bool abbreviates = standard.denominator() != 1 && abs(standard - exact) * 2 <= Ratio(1, unit);
+    return abbreviates ? standard : exact;
+}
+
+std::optional<Ratio> SettingText::ratio(const std::string& text) {
     const std::size_t line = text.find('/');
     const auto above = wholeNumber(text.substr(0, line));
     const auto below = line == std::string::npos ? std::int64_t{1} : wholeNumber(text.substr(line + 1));
     constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
     if (!above || !below || *below < 1 || *above > largest || *below > largest)
         return std::nullopt;
-    return boost::rational<long long>(*above, *below);
+    return Ratio(*above, *below);
 }
 
 } // namespace ExportCore

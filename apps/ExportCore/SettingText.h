@@ -19,6 +19,9 @@ struct EXPORTCORE_EXPORT SettingText {
     static std::optional<double> decimal(const std::string& text);
     /// "25" or "30000/1001"; nothing, too, for a zero below the line and for parts above 2^31.
     static std::optional<boost::rational<long long>> ratio(const std::string& text);
+    /// As a ratio; "29.97" and its like mean the broadcast rate that they abbreviate, 30000/1001, other decimals
+    /// themselves. Also "film" (24), "pal" (25), "ntsc" (30000/1001) and "ntsc-film" (24000/1001).
+    static std::optional<boost::rational<long long>> frameRate(const std::string& text);
 
     SettingText() = delete;
 };

@@ -1,6 +1,7 @@
 #include "ExportCore/TimeText.h"
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <regex>
 
 namespace ExportCore {
@@ -19,15 +20,18 @@ qint64 fractionOf(const std::string& digits) {
 
 } // namespace
 
+const char* const TimeText::FORMS = "HH:MM:SS.mmm, MM:SS, seconds (90, 90.5s) or frames (120f)";
+
 std::optional<KTime> TimeText::parse(const std::string& text) {
-    static const std::regex clock(R"((\d{1,7}):([0-5]\d):([0-5]\d)(?:\.(\d{1,12}))?)");
-    static const std::regex seconds(R"((\d{1,10})(?:\.(\d{1,12}))?)");
+    static const std::regex clock(R"((?:(\d{1,7}):([0-5]\d)|([0-5]?\d)):([0-5]\d)(?:\.(\d{1,12}))?)");
+    static const std::regex seconds(R"((\d{1,10})(?:\.(\d{1,12}))?s?)");
     std::smatch parts;
     qint64 whole = 0;
     std::string fraction;
     if (std::regex_match(text, parts, clock)) {
-        whole = (toNumber(parts[1]) * 60 + toNumber(parts[2])) * 60 + toNumber(parts[3]);
-        fraction = parts[4];
+        const qint64 minutes = parts[3].matched ? toNumber(parts[3]) : toNumber(parts[2]);
+        whole = (toNumber(parts[1]) * 60 + minutes) * 60 + toNumber(parts[4]);
+        fraction = parts[5];
     } else if (std::regex_match(text, parts, seconds)) {
         whole = toNumber(parts[1]);
         fraction = parts[2];
@@ -37,6 +41,17 @@ std::optional<KTime> TimeText::parse(const std::string& text) {
     if (whole > qint64(1'000'000) * 3600)
         return std::nullopt;
     return KTime(whole * 1000 + fractionOf(fraction));
+}
+
+std::optional<TimePoint> TimeText::parsePoint(const std::string& text) {
+    if (const auto time = parse(text))
+        return TimePoint(*time);
+    static const std::regex frames(R"((\d{1,10})f)");
+    std::smatch parts;
+    if (!std::regex_match(text, parts, frames))
+        return std::nullopt;
+    const qint64 count = toNumber(parts[1]);
+    return count <= std::numeric_limits<qint32>::max() ? std::optional(TimePoint::ofFrames(count)) : std::nullopt;
 }
 
 std::string TimeText::format(KTime time) {

@@ -5,9 +5,13 @@
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
+#include "cli/PresetText.h"
 #include <QJsonArray>
 #include <algorithm>
 #include <cstdio>
+#include <limits>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace Cli {
 namespace {
@@ -19,36 +23,45 @@ QJsonValue codecOf(bool exists, Kestra::Conf::CodecID codec) {
     return exists ? QJsonValue(key(Kestra::Conf::CodecIDToString(codec))) : QJsonValue();
 }
 
-/// By quality there is nothing to spread over two passes: the setting waits there for another bitrate mode.
-bool runsTwoPasses(const Preset& preset) {
-    return preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+QJsonArray arrayOf(const std::vector<std::string>& texts) {
+    QJsonArray array;
+    for (const std::string& text : texts)
+        array.append(QString::fromStdString(text));
+    return array;
+}
+
+std::vector<std::string> defaultOf(const std::string& id, const PresetCatalogue& catalogue) {
+    std::vector<std::string> tags = catalogue.tagsOf(id);
+    const auto isOther = [&](const std::string& tag) { return catalogue.defaultOf(tag) != id; };
+    tags.erase(std::remove_if(tags.begin(), tags.end(), isOther), tags.end());
+    return tags;
 }
 
 QJsonObject objectOf(const Preset& preset, const PresetCatalogue& catalogue) {
-    QJsonArray tags;
-    for (const std::string& tag : catalogue.tagsOf(preset.id()))
-        tags.append(QString::fromStdString(tag));
-    QJsonArray qualities;
-    for (const std::string& quality : catalogue.qualitiesOf(preset.id()))
-        qualities.append(QString::fromStdString(quality));
     return {{key("id"), QString::fromStdString(preset.id())},
             {key("title"), QString::fromStdString(preset.title())},
-            {key("tags"), tags},
+            {key("tags"), arrayOf(catalogue.tagsOf(preset.id()))},
+            {key("defaultOf"), arrayOf(defaultOf(preset.id(), catalogue))},
             {key("container"), QString::fromStdString(preset.containerId())},
             {key("video"), codecOf(preset.hasVideo(), preset.videoCodec())},
             {key("audio"), codecOf(preset.hasAudio(), preset.audioCodec())},
-            {key("twoPass"), runsTwoPasses(preset)},
-            {key("quality"), qualities}};
+            {key("twoPass"), PresetText::runsTwoPasses(preset)},
+            {key("quality"), arrayOf(catalogue.qualitiesOf(preset.id()))}};
 }
 
-std::string lineOf(const Preset& preset, const PresetCatalogue& catalogue, std::size_t width) {
-    std::string head = preset.id();
-    head.resize(std::max(width, head.size()), ' ');
-    const std::set<std::string> qualities = catalogue.qualitiesOf(preset.id());
-    const std::string quality = qualities.empty()
-                                    ? std::string()
-                                    : ", quality " + NameList::joined({qualities.begin(), qualities.end()}, "|", "|");
-    return head + ' ' + preset.title() + " [" + NameList::joined(catalogue.tagsOf(preset.id())) + ']' + quality;
+std::string markedIds(const std::string& tag, const PresetCatalogue& catalogue) {
+    std::vector<std::string> ids = catalogue.idsOf(tag);
+    for (std::string& id : ids)
+        if (id == catalogue.defaultOf(tag))
+            id += '*';
+    return NameList::joined(ids);
+}
+
+/// Of standard output, where it is a terminal.
+std::size_t columns() {
+    winsize size = {};
+    const bool isTerminal = isatty(STDOUT_FILENO) && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isTerminal ? size.ws_col : std::numeric_limits<std::size_t>::max();
 }
 
 void printLines(const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
@@ -56,27 +69,68 @@ void printLines(const std::vector<std::string>& ids, const PresetCatalogue& cata
     for (const std::string& id : ids)
         width = std::max(width, id.size());
     for (const std::string& id : ids)
-        std::printf("%s\n", lineOf(catalogue.preset(id), catalogue, width).c_str());
+        std::printf("%s\n", PresetText::line(catalogue.preset(id), catalogue, width, columns()).c_str());
+}
+
+void printTags(const PresetCatalogue& catalogue) {
+    for (const std::string& tag : catalogue.tags())
+        std::printf("%s: %s\n", tag.c_str(), markedIds(tag, catalogue).c_str());
+}
+
+QJsonArray tagList(const PresetCatalogue& catalogue) {
+    QJsonArray all;
+    for (const std::string& tag : catalogue.tags())
+        all.append(QJsonObject{{key("name"), QString::fromStdString(tag)},
+                               {key("default"), QString::fromStdString(catalogue.defaultOf(tag))},
+                               {key("presets"), arrayOf(catalogue.idsOf(tag))}});
+    return all;
+}
+
+/// Each once, in the order in which they were asked for.
+std::vector<std::string> chosen(const Options& options, const PresetCatalogue& catalogue) {
+    if (options.inputs.empty())
+        return options.tag ? catalogue.idsOf(*options.tag) : catalogue.ids();
+    for (const std::string& id : options.inputs)
+        catalogue.preset(id); // refuses what is none
+    return options.inputs;
+}
+
+void printText(const Options& options, const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
+    if (options.listTags)
+        return printTags(catalogue);
+    if (options.inputs.empty())
+        return printLines(ids, catalogue);
+    for (const std::string& id : ids)
+        std::printf("%s", PresetText::whole(catalogue.preset(id), catalogue).c_str());
+}
+
+QJsonObject listOf(const Options& options, const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
+    QJsonObject list;
+    if (options.listTags) {
+        list.insert(key("tags"), tagList(catalogue));
+    } else {
+        QJsonArray presets;
+        for (const std::string& id : ids)
+            presets.append(objectOf(catalogue.preset(id), catalogue));
+        list.insert(key("presets"), presets);
+    }
+    if (!catalogue.warning().empty())
+        list.insert(key("warnings"), QJsonArray{QString::fromStdString(catalogue.warning())});
+    return list;
 }
 
 } // namespace
 
 int listPresets(const Options& options) {
     const PresetCatalogue catalogue;
-    if (!catalogue.warning().empty() && !options.json)
-        ErrorOutput::tell("warning", catalogue.warning());
-    const std::vector<std::string> ids = options.tag ? catalogue.idsOf(*options.tag) : catalogue.ids();
+    const std::vector<std::string> ids = chosen(options, catalogue);
     if (options.json) {
-        QJsonArray presets;
-        for (const std::string& id : ids)
-            presets.append(objectOf(catalogue.preset(id), catalogue));
-        QJsonObject list{{key("presets"), presets}};
-        if (!catalogue.warning().empty())
-            list.insert(key("warnings"), QJsonArray{QString::fromStdString(catalogue.warning())});
-        std::printf("%s\n", jsonLine(list).c_str());
+        std::printf("%s\n", jsonLine(listOf(options, ids, catalogue)).c_str());
         return EXIT_DONE;
     }
-    printLines(ids, catalogue);
+    if (!catalogue.warning().empty())
+        ErrorOutput::tell("warning", catalogue.warning());
+    printText(options, ids, catalogue);
     return EXIT_DONE;
 }
 

@@ -12,6 +12,8 @@
 #include <cstdio>
 #include <map>
 #include <system_error>
+#include <unistd.h>
+#include <utility>
 
 namespace Cli {
 namespace {
@@ -35,8 +37,8 @@ std::string checkProgress(const std::string& text) {
 }
 
 std::string checkTime(const std::string& text) {
-    return ExportCore::TimeText::parse(text) ? std::string()
-                                             : '"' + text + "\" is no time; write HH:MM:SS.mmm or seconds";
+    return ExportCore::TimeText::parsePoint(text) ? std::string()
+                                                  : '"' + text + "\" is no time; write " + ExportCore::TimeText::FORMS;
 }
 
 constexpr int LARGEST_LIMIT = 1'000'000;
@@ -50,12 +52,16 @@ std::string checkLimit(const std::string& text) {
                : '"' + text + "\" is no whole number from 1 to " + std::to_string(LARGEST_LIMIT);
 }
 
+bool stands(const std::string& path) {
+    return ::access(path.c_str(), F_OK) == 0;
+}
+
 bool isUtf8(const std::string& text) {
     return QString::fromStdString(text).toStdString() == text;
 }
 
 std::string settingsText() {
-    std::string text = "Times are HH:MM:SS.mmm or seconds.\n\nSettings (--set KEY=VALUE):\n";
+    std::string text = std::string("Times are ") + ExportCore::TimeText::FORMS + ".\n\nSettings (--set KEY=VALUE):\n";
     for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys()) {
         std::string head = std::string("  ") + key.name + '=' + key.value;
         head.resize(std::max<std::size_t>(head.size() + 1, 24), ' ');
@@ -81,14 +87,17 @@ public:
         addValidate();
     }
 
-    void parse(int argc, char** argv) {
-        app.parse(argc, argv);
+    /// `words` without the program's own name.
+    void parse(std::vector<std::string> words) {
+        std::reverse(words.begin(), words.end()); // as the library wants them
+        app.parse(std::move(words));
         options.command = presets->parsed()    ? Options::Command::Presets
                           : info->parsed()     ? Options::Command::Info
                           : validate->parsed() ? Options::Command::Validate
                                                : Options::Command::Render;
-        options.in = ExportCore::TimeText::parse(inText);
-        options.out = ExportCore::TimeText::parse(outText);
+        options.in = ExportCore::TimeText::parsePoint(inText);
+        options.out = ExportCore::TimeText::parsePoint(outText);
+        options.duration = ExportCore::TimeText::parsePoint(durationText);
         options.progress = progressStyles().at(progressText);
         if (missingText == "black")
             options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
@@ -97,12 +106,28 @@ public:
         if (limiter)
             options.timelines.sound.ceiling = BELOW_FULL_SCALE;
         options.mediaLimits.pictureBytes = pictureMebibytes << 20;
+        if (options.command == Options::Command::Render && output->count() == 0)
+            takeOutput();
     }
 
     int print(const CLI::ParseError& error) { return app.exit(error); }
     std::string help() const { return app.help(); }
 
 private:
+    /// The last of several names is the output, where no such file stands.
+    void takeOutput() {
+        const std::string last = options.inputs.back();
+        const std::string missing = "no output file was given; name it behind the inputs or with --output";
+        if (options.inputs.size() < 2)
+            throw CLI::ValidationError(missing);
+        if (stands(last))
+            throw CLI::ValidationError(missing + " (\"" + last +
+                                       "\" is a file already: to replace it, write --output \"" + last +
+                                       "\" --overwrite)");
+        options.output = last;
+        options.inputs.pop_back();
+    }
+
     void addRender() {
         render = app.add_subcommand("render", "Export media files, one after the other, or a timeline to one file");
         render->fallthrough();
@@ -120,10 +145,15 @@ private:
             ->capture_default_str();
         render->add_flag("--limiter", limiter,
                          "Turn peaks of a timeline's mix down that go beyond -1 dB of full scale");
-        render->add_option("-p,--preset", options.preset, "Id of the preset (see presets)")
-            ->required()
+        render
+            ->add_option("-p,--preset", options.preset,
+                         "Id of the preset, or a tag for its default (see presets); by default the output's extension "
+                         "tells")
             ->type_name("ID");
-        render->add_option("-o,--output", options.output, "The file to write")->required()->type_name("FILE");
+        output = render->add_option(
+            "-o,--output", options.output,
+            "The file to write; by default the last of several INPUTs, unless that is a file already");
+        output->type_name("FILE");
         addChanges();
         render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
         render->add_option("--progress", progressText, "auto, bar, plain, json (one object a line) or none")
@@ -141,6 +171,9 @@ private:
             ->allow_extra_args(false);
         render->add_option("--in", inText, "Where to begin")->type_name("TIME")->check(checkTime);
         render->add_option("--out", outText, "Where to end")->type_name("TIME")->check(checkTime);
+        render->add_option("--duration", durationText, "How long it lasts, from --in on or up to --out")
+            ->type_name("TIME")
+            ->check(checkTime);
         render->add_option("--branding", options.branding, "Append this outro (demo); none by default")
             ->type_name("NAME");
     }
@@ -159,10 +192,13 @@ private:
     }
 
     void addPresets() {
-        presets = app.add_subcommand("presets", "List the presets");
+        presets = app.add_subcommand("presets", "List the presets, or show some of them whole");
         presets->fallthrough();
+        presets->add_option("ID", options.inputs, "Presets to be shown whole")->type_name("");
         presets->add_option("--tag", options.tag, "Only those of this tag")->type_name("NAME");
+        presets->add_flag("--tags", options.listTags, "The tags, each with its presets");
         presets->add_flag("--json", options.json, "As JSON");
+        presets->footer(std::string("An asterisk marks a tag's default preset.\n\n") + EXIT_CODES);
     }
 
     void addInfo() {
@@ -199,8 +235,10 @@ private:
     CLI::App* presets = nullptr;
     CLI::App* info = nullptr;
     CLI::App* validate = nullptr;
+    CLI::Option* output = nullptr;
     std::string inText;
     std::string outText;
+    std::string durationText;
     std::string progressText = "auto";
     std::string missingText = "refused";
     std::string pitchText = "kept";
@@ -208,14 +246,23 @@ private:
     std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };
 
-/// What was given in place of a command; empty when nothing was.
-std::string unknownCommand(int argc, char** argv, const std::vector<std::string>& known) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (word.empty() || word.front() != '-')
-            return std::find(known.begin(), known.end(), word) == known.end() ? word : std::string();
-    }
-    return {};
+/// The first word that is no option; empty where there is none.
+std::string commandOf(const std::vector<std::string>& words) {
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [](const std::string& word) { return word.empty() || word[0] != '-'; });
+    return found == words.end() ? std::string() : *found;
+}
+
+bool isFileName(const std::string& word) {
+    return word.empty() || (word[0] != '-' && (word.find_first_of("./") != std::string::npos || stands(word)));
+}
+
+/// Files alone are to be exported: "in.mov out.mp4" means "render in.mov out.mp4". A slip of a command is none.
+bool meansRender(const std::vector<std::string>& words, const std::vector<std::string>& commands) {
+    const std::string first = commandOf(words);
+    return std::find(commands.begin(), commands.end(), first) == commands.end() &&
+           (isFileName(first) || ExportCore::NearNames::find(first, commands).empty()) &&
+           std::any_of(words.begin(), words.end(), isFileName);
 }
 
 /// The parser counts arguments aloud; people want to know what is wrong with theirs.
@@ -266,13 +313,17 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
         return std::nullopt;
     }
     const std::vector<std::string> commands{"render", "presets", "info", "validate"};
-    if (const std::string word = unknownCommand(argc, argv, commands); !word.empty()) {
-        complain("there is no command \"" + word + '"' + ExportCore::NearNames::question(word, commands));
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (meansRender(words, commands))
+        words.insert(words.begin(), commands.front());
+    const std::string command = commandOf(words);
+    if (!command.empty() && std::find(commands.begin(), commands.end(), command) == commands.end()) {
+        complain("there is no command \"" + command + '"' + ExportCore::NearNames::question(command, commands));
         exitCode = EXIT_BAD_INPUT;
         return std::nullopt;
     }
     try {
-        parser.parse(argc, argv);
+        parser.parse(std::move(words));
         return options;
     } catch (const CLI::ParseError& error) {
         const bool asked = error.get_exit_code() == 0;

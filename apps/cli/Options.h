@@ -1,8 +1,8 @@
 // Cli::Options: the command line, read.
 #pragma once
 
+#include "ExportCore/TimePoint.h"
 #include "ExportCore/TimelineOpening.h"
-#include "KTime/KTime.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,19 +19,21 @@ struct Options {
     bool verbose = false;
     bool json = false;
 
-    std::vector<std::string> inputs;
-    std::string preset;
+    std::vector<std::string> inputs; ///< of presets their ids
+    std::string preset;              ///< an id or a tag; empty: the output's extension tells
     std::string output;
     std::optional<std::string> quality;
     std::vector<std::string> settings;
-    std::optional<KTime> in;
-    std::optional<KTime> out;
+    std::optional<ExportCore::TimePoint> in;
+    std::optional<ExportCore::TimePoint> out;
+    std::optional<ExportCore::TimePoint> duration;
     std::string branding; ///< empty: none
     bool overwrite = false;
     Kestra::Proc::MediaLimits mediaLimits;
     ProgressStyle progress = ProgressStyle::Automatic;
 
     std::optional<std::string> tag;
+    bool listTags = false;
 
     ExportCore::TimelineOptions timelines;
 

@@ -23,9 +23,9 @@ std::vector<std::string> wordsOf(Fuzz::Bytes bytes) {
     return words;
 }
 
-void checkTime(const std::optional<KTime>& time) {
-    if (time)
-        Fuzz::require(!ExportCore::TimeText::format(*time).empty(), "a time can be told");
+void checkTime(const std::optional<ExportCore::TimePoint>& point) {
+    if (point)
+        Fuzz::require(!ExportCore::TimeText::format(point->at(25)).empty(), "a time can be told");
 }
 
 void check(const Cli::Options& options) {
@@ -33,6 +33,7 @@ void check(const Cli::Options& options) {
     Fuzz::require(options.command == Command::Presets || !options.inputs.empty(), "something is to be read");
     checkTime(options.in);
     checkTime(options.out);
+    checkTime(options.duration);
 }
 
 /// As far as a request is checked before anything is opened.
@@ -44,6 +45,7 @@ void request(const Cli::Options& options, Export::PresetProvider& provider) {
     request.outputPath = QString::fromStdString(options.output);
     request.in = options.in;
     request.out = options.out;
+    request.duration = options.duration;
     try {
         ExportCore::PresetSelection::select(provider, request.presetId);
         ExportCore::RequestCheck::ranges(request);

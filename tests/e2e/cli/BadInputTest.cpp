@@ -152,7 +152,9 @@ TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "3", "--out", "2"}), 2, {"00:00:03.000", "00:00:02.000"});
     expectRefused(command(clip, {"--in", "2", "--out", "2"}), 2, {"does not lie after"});
     expectRefused(command(clip, {"--in", "4"}), 2, {"00:00:04.000", "outside"});
-    expectRefused(command(clip, {"--out", "4.001"}), 2, {"00:00:04.001", "outside"});
+    expectRefused(command(clip, {"--in", "2", "--out", "3", "--duration", "1"}), 2, {"two of them say"});
+    expectRefused(command(clip, {"--in", "50f", "--out", "2"}), 2, {"00:00:02.000", "does not lie after"});
+    expectRefused(command(clip, {"--out", "1", "--duration", "1:00"}), 2, {"before the start"});
     expectRefused(command(clip, {"--in", "2", "--out", "2.001"}), 2, {"2000 to 2001 ms", "shorter than one frame"});
 }
 

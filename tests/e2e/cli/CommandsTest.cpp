@@ -28,8 +28,9 @@ TEST(Commands, VersionAndHelpGoToStandardOutput) {
     const Result renderHelp = run({"render", "--help"});
     for (const char* word : {"--preset", "--output", "--in", "--out", "--overwrite", "--progress"})
         EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(word))) << word;
-    for (const char* line : {"Usage: editor-export render [OPTIONS] INPUT...\n", "--in TIME ", "--progress STYLE ",
-                             "Times are HH:MM:SS.mmm or seconds.\n", "Exit codes: 0 done, "})
+    for (const char* line :
+         {"Usage: editor-export render [OPTIONS] INPUT...\n", "--in TIME ", "--progress STYLE ",
+          "Times are HH:MM:SS.mmm, MM:SS, seconds (90, 90.5s) or frames (120f).\n", "Exit codes: 0 done, "})
         EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(line))) << renderHelp.output.toStdString();
     EXPECT_TRUE(version.errors.isEmpty() && help.errors.isEmpty() && renderHelp.errors.isEmpty());
 }
@@ -49,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(std::vector<std::string>{"transmogrify"}, std::vector<std::string>{"--nonsense"},
                       std::vector<std::string>{"render"}, std::vector<std::string>{"render", "a.mp4"},
                       std::vector<std::string>{"render", "-p", "x", "-o", "y"},
-                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--in", "1:30"},
+                      std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--in", "1:3"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--out=-5"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--progress", "loud"},
                       std::vector<std::string>{"render", "a", "-p", "x", "-o", "y", "--nonsense"},
@@ -66,8 +67,8 @@ TEST(Commands, WrongUsageIsToldInWordsOfThePeopleWhoUseIt) {
               "editor-export: --progress: \"3\" is none of auto, bar, plain, json, none (see --help)\n");
     EXPECT_EQ(complaint({"-o", "z"}), "editor-export: --output can be given only once (see --help)\n");
     EXPECT_EQ(complaint({"--set"}), "editor-export: --set needs a value (see --help)\n");
-    EXPECT_EQ(complaint({"--in", "1:30"}),
-              "editor-export: --in: \"1:30\" is no time; write HH:MM:SS.mmm or seconds (see --help)\n");
+    EXPECT_EQ(complaint({"--in", "1:3"}), "editor-export: --in: \"1:3\" is no time; write HH:MM:SS.mmm, MM:SS, seconds "
+                                          "(90, 90.5s) or frames (120f) (see --help)\n");
 }
 
 TEST(Commands, NoneShowsTheHelp) {
@@ -118,9 +119,15 @@ TEST(Commands, PresetsTellTheirQualities) {
         qualities.insert(value.toObject().value(QStringLiteral("id")).toString(),
                          value.toObject().value(QStringLiteral("quality")).toArray());
     EXPECT_EQ(qualities.value(QStringLiteral("mp4-h264-720p")),
-              (QJsonArray{QStringLiteral("high"), QStringLiteral("low"), QStringLiteral("medium")}));
+              (QJsonArray{QStringLiteral("high"), QStringLiteral("medium"), QStringLiteral("low")}))
+        << "the best one first";
+    EXPECT_EQ(
+        qualities.value(QStringLiteral("mov-prores-1080p")),
+        (QJsonArray{QStringLiteral("high"), QStringLiteral("medium"), QStringLiteral("low"), QStringLiteral("draft")}));
+    EXPECT_EQ(qualities.value(QStringLiteral("mkv-ffv1-flac")),
+              (QJsonArray{QStringLiteral("high"), QStringLiteral("medium"), QStringLiteral("low")}));
     EXPECT_TRUE(qualities.value(QStringLiteral("flac")).isEmpty());
-    EXPECT_TRUE(run({"presets"}).output.contains(QStringLiteral("720p [mp4, web], quality high|low|medium\n")));
+    EXPECT_TRUE(run({"presets"}).output.contains(QStringLiteral("720p [mp4, web], quality high|medium|low\n")));
 }
 
 TEST(Commands, HelpListsEverySetting) {
@@ -146,6 +153,31 @@ TEST(Commands, PresetsStandInColumns) {
          run({"presets", "--tag", "two-pass"}).output.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
         columns << QRegularExpression(QStringLiteral(" +\\K[A-Z]")).match(line).capturedStart();
     EXPECT_EQ(columns.size(), 1);
+}
+
+TEST(Commands, PresetsMarkTheDefaultsOfTags) {
+    EXPECT_TRUE(run({"presets"}).output.contains(QStringLiteral("up to 1080p [mp4*, web*], quality")));
+    const Result tags = run({"presets", "--tags"});
+    EXPECT_TRUE(tags.output.contains(QStringLiteral("\naudio: m4a-aac*, mp3, flac, wav\n")))
+        << tags.output.toStdString();
+    const QJsonObject json = objectOf(run({"presets", "--json", "--tags"}));
+    const QJsonObject first = json[QStringLiteral("tags")].toArray().at(0).toObject();
+    EXPECT_EQ(first[QStringLiteral("name")], QStringLiteral("mp4"));
+    EXPECT_EQ(first[QStringLiteral("default")], QStringLiteral("mp4-h264-1080p"));
+    EXPECT_TRUE(first[QStringLiteral("presets")].toArray().contains(QStringLiteral("mp4-h264-720p")));
+}
+
+TEST(Commands, PresetsAreShownWhole) {
+    const Result result = run({"presets", "mp4-h264-720p", "mov-prores-1080p"});
+    EXPECT_EQ(result.code, 0);
+    for (const char* const words :
+         {"mp4-h264-720p: MP4", "mp4 (.mp4, .m4v)", "h264, up to 1280x720, the source's rate",
+          "bitrate by size and rate", "aac, 192 kbit/s, 48000 Hz, stereo", "high: ", "profile proxy"})
+        EXPECT_TRUE(result.output.contains(QString::fromUtf8(words))) << words << result.output.toStdString();
+    EXPECT_LT(result.output.indexOf(QStringLiteral("high: ")), result.output.indexOf(QStringLiteral("low: ")));
+    const Result none = run({"presets", "mp4-h264-72p"});
+    EXPECT_EQ(none.code, 2);
+    EXPECT_TRUE(none.errors.contains(QStringLiteral("did you mean mp4-h264-720p"))) << none.errors.toStdString();
 }
 
 TEST(Commands, AnUnknownTagHasNearNames) {

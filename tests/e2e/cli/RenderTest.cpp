@@ -42,6 +42,48 @@ TEST_F(Render, MakesARightFileAndPrintsItsFacts) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
 }
 
+TEST_F(Render, TakesTwoNamesAloneAndSaysWhichPreset) {
+    const std::string output = place / "film.mp4";
+    const Result result = run({clip, output});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("note: The preset is mp4-h264-1080p, the default for .mp4")))
+        << result.errors.toStdString();
+    EXPECT_EQ(TestMedia::probe(output).video->frames.size(), 100U);
+    const auto before = TestFiles::read(output);
+    const Result again = run({clip, output});
+    EXPECT_EQ(again.code, 2);
+    EXPECT_TRUE(again.errors.contains(QStringLiteral("is a file already"))) << again.errors.toStdString();
+    EXPECT_EQ(TestFiles::read(output), before);
+}
+
+TEST_F(Render, TakesTheLastOfSeveralNamesForTheOutputAndATagForItsDefault) {
+    const std::string output = place / "both.m4a";
+    const Result result = run({"-p", "audio", clip, clip, output, "--progress", "none"});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("m4a-aac, the default of \"audio\"")))
+        << result.errors.toStdString();
+    EXPECT_EQ(TestMedia::probe(output).audio->samples, 8 * 48000);
+}
+
+TEST_F(Render, CutsAtFramesAndForADurationAndEndsWithItsInputs) {
+    const std::string output = place / "cut.mp4";
+    const auto framesOf = [&](const std::vector<std::string>& points) {
+        std::vector<std::string> arguments{"render", clip,          "-p",         "mp4-h264-480p", "-o",
+                                           output,   "--overwrite", "--progress", "none"};
+        arguments.insert(arguments.end(), points.begin(), points.end());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        EXPECT_EQ(result.errors.contains(QStringLiteral("The inputs end before the out point, at 00:00:04.000")),
+                  points.back() == "1:00")
+            << result.errors.toStdString();
+        return TestMedia::probe(output).video->frames.size();
+    };
+    EXPECT_EQ(framesOf({"--in", "10f", "--out", "30f"}), 20U);
+    EXPECT_EQ(framesOf({"--in", "0:01", "--duration", "1.2s"}), 30U);
+    EXPECT_EQ(framesOf({"--out", "3", "--duration", "25f"}), 25U);
+    EXPECT_EQ(framesOf({"--in", "3", "--out", "1:00"}), 25U);
+}
+
 TEST_F(Render, AFewSamplesOfSoundMakeAWholeFile) {
     for (const int samples : {1, 47, 480}) {
         const std::string input = place / "short.wav", output = place / "short.mp3";

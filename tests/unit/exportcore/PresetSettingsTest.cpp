@@ -89,7 +89,7 @@ TEST(PresetSettings, AValueThatDoesNotParseIsRefusedWithTheWayToWriteIt) {
         {"size=-2x2", "as 1280x720"},
         {"width=", "as 720"},
         {"height=1e3", "as 720"},
-        {"frame-rate=29.97", "30000/1001"},
+        {"frame-rate=30fps", "30000/1001"},
         {"frame-rate=30/0", "30000/1001"},
         {"frame-rate=-25", "30000/1001"},
         {"bitrate=fast", "2500k or 2.5M"},

@@ -8,10 +8,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using ExportCore::CutPoints;
 using ExportCore::ExportRequest;
 using ExportCore::OutputTarget;
 using ExportCore::Refusal;
 using ExportCore::RequestCheck;
+using ExportCore::TimePoint;
 
 namespace {
 
@@ -219,32 +221,54 @@ TEST_F(Request, PointsOutOfOrderAreRefused) {
     EXPECT_REFUSED(RequestCheck::ranges(request), "does not lie after");
 }
 
-TEST_F(Request, PointsOutsideTheInputsAreRefused) {
+TEST_F(Request, ADurationStandsForOneOfThePoints) {
+    const auto cut = [this](std::optional<TimePoint> in, std::optional<TimePoint> out,
+                            std::optional<TimePoint> duration) {
+        request.in = in;
+        request.out = out;
+        request.duration = duration;
+        return CutPoints::of(request, 25);
+    };
+    const auto expect = [](const CutPoints& found, std::optional<KTime> in, std::optional<KTime> out) {
+        EXPECT_EQ(found.in, in);
+        EXPECT_EQ(found.out, out);
+    };
+    expect(cut(KTime(1000), {}, KTime(500)), KTime(1000), KTime(1500));
+    expect(cut({}, KTime(1000), KTime(400)), KTime(600), KTime(1000));
+    expect(cut({}, {}, KTime(500)), std::nullopt, KTime(500));
+    expect(cut(TimePoint::ofFrames(25), {}, TimePoint::ofFrames(50)), KTime(1000), KTime(3000));
+    EXPECT_REFUSED(cut(KTime(0), KTime(1000), KTime(1000)), "two of them say");
+    EXPECT_REFUSED(cut({}, KTime(1000), KTime(1001)), "before the start");
+    EXPECT_REFUSED(cut({}, {}, KTime(0)), "is none");
+    EXPECT_REFUSED(cut(TimePoint::ofFrames(50), KTime(2000), {}), "does not lie after");
+    EXPECT_REFUSED(CutPoints::of(request, {}), "Frame 50 is no time: none of the inputs has pictures");
+    EXPECT_EQ(refusalOf([&] { RequestCheck::ranges(request); }), "") << "nobody knows yet how long a frame is";
+}
+
+TEST_F(Request, BeginsInsideTheInputsAndEndsWithThem) {
     const KTime length(4000);
-    request.in = KTime(4000);
-    EXPECT_REFUSED(RequestCheck::streamRange(request, length), "lies outside the inputs, which last 00:00:04.000");
-    request.in.reset();
-    request.out = KTime(4001);
-    EXPECT_REFUSED(RequestCheck::streamRange(request, length), "lies outside");
+    EXPECT_REFUSED(RequestCheck::streamRange(request, {KTime(4000), {}}, length),
+                   "lies outside the inputs, which last 00:00:04.000");
+    EXPECT_EQ(RequestCheck::streamRange(request, {{}, KTime(4001)}, length), (Types::Range{KTime(0), length}));
+    EXPECT_EQ(RequestCheck::streamRange(request, {KTime(1000), KTime(9000)}, length),
+              (Types::Range{KTime(1000), length}));
 }
 
 TEST_F(Request, WhatIsLeftOpenIsTheStartAndTheEnd) {
     const KTime length(4000);
-    EXPECT_EQ(RequestCheck::streamRange(request, length), Types::Range());
-    request.in = KTime(1000);
-    EXPECT_EQ(RequestCheck::streamRange(request, length), (Types::Range{KTime(1000), length}));
-    request.in.reset();
-    request.out = KTime(3000);
-    EXPECT_EQ(RequestCheck::streamRange(request, length), (Types::Range{KTime(0), KTime(3000)}));
+    EXPECT_EQ(RequestCheck::streamRange(request, {}, length), Types::Range());
+    EXPECT_EQ(RequestCheck::streamRange(request, {KTime(1000), {}}, length), (Types::Range{KTime(1000), length}));
+    EXPECT_EQ(RequestCheck::streamRange(request, {{}, KTime(3000)}, length), (Types::Range{KTime(0), KTime(3000)}));
 }
 
 TEST_F(Request, TheExportRangeLiesInsideWhatIsExported) {
     request.in = KTime(1000);
     request.out = KTime(3000);
     request.exportRange = {KTime(500), KTime(2000)};
-    EXPECT_EQ(refusalOf([&] { RequestCheck::streamRange(request, KTime(4000)); }), "");
+    EXPECT_EQ(refusalOf([&] { RequestCheck::streamRange(request, CutPoints::of(request, {}), KTime(4000)); }), "");
     request.exportRange.end = KTime(2001);
-    EXPECT_REFUSED(RequestCheck::streamRange(request, KTime(4000)), "lies outside what is exported");
+    EXPECT_REFUSED(RequestCheck::streamRange(request, CutPoints::of(request, {}), KTime(4000)),
+                   "lies outside what is exported");
     request.exportRange = {KTime(500), KTime(400)};
     EXPECT_REFUSED(RequestCheck::ranges(request), "is empty");
 }

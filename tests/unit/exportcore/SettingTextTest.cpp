@@ -54,4 +54,24 @@ TEST(SettingText, RatiosAreReduced) {
         EXPECT_FALSE(SettingText::ratio(text)) << text;
 }
 
+TEST(SettingText, FrameRatesHaveTheirUsualNames) {
+    using Rate = boost::rational<long long>;
+    EXPECT_EQ(SettingText::frameRate("25"), Rate(25));
+    EXPECT_EQ(SettingText::frameRate("30000/1001"), Rate(30000, 1001));
+    EXPECT_EQ(SettingText::frameRate("29.97"), Rate(30000, 1001));
+    EXPECT_EQ(SettingText::frameRate("29.970"), Rate(30000, 1001));
+    EXPECT_EQ(SettingText::frameRate("23.976"), Rate(24000, 1001));
+    EXPECT_EQ(SettingText::frameRate("23.98"), Rate(24000, 1001));
+    EXPECT_EQ(SettingText::frameRate("59.94"), Rate(60000, 1001));
+    EXPECT_EQ(SettingText::frameRate("119.88"), Rate(120000, 1001));
+    EXPECT_EQ(SettingText::frameRate("12.5"), Rate(25, 2));
+    EXPECT_EQ(SettingText::frameRate("25.0"), Rate(25));
+    EXPECT_EQ(SettingText::frameRate("29.9"), Rate(299, 10)) << "abbreviates nothing";
+    EXPECT_EQ(SettingText::frameRate("29.98"), Rate(1499, 50));
+    EXPECT_EQ(SettingText::frameRate("film"), Rate(24));
+    EXPECT_EQ(SettingText::frameRate("ntsc"), Rate(30000, 1001));
+    for (const char* const text : {"", ".", ".5", "25.", "1.2.3", "-25", "25fps", "9999999999.5", "1.0000001", "NTSC "})
+        EXPECT_FALSE(SettingText::frameRate(text)) << text;
+}
+
 } // namespace

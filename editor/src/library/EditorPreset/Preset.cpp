@@ -140,6 +140,10 @@ double Preset::videoQuality() const {
     return readFraction(tree, Setting::Quality);
 }
 
+std::string Preset::videoProfile() const {
+    return readString(tree, Setting::Profile);
+}
+
 void Preset::setVideoQuality(double quality) {
     writeValue(tree, Setting::Quality, quality);
 }

@@ -61,6 +61,8 @@ public:
     /// In the codec's own scale; 0 when the preset gives none.
     double videoQuality() const;
     void setVideoQuality(double quality);
+    /// By the encoder's name; empty when the preset gives none.
+    std::string videoProfile() const;
     bool isVideoTwoPassEncodingEnabled() const;
     /// PQ and HLG stay what they are; else they become a standard range.
     bool keepsDynamicRange() const;

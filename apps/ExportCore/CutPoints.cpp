@@ -1,0 +1,48 @@
+#include "ExportCore/CutPoints.h"
+
+#include "ExportCore/Refusal.h"
+#include "ExportCore/TimeText.h"
+
+namespace ExportCore {
+namespace {
+
+using Given = std::optional<TimePoint>;
+
+std::optional<KTime> timeOf(const Given& point, const TimePoint::Rate& rate) {
+    return point ? std::optional(point->at(rate)) : std::nullopt;
+}
+
+void requireOrder(const CutPoints& cut) {
+    const KTime start = cut.in.value_or(KTime(0));
+    if (start < KTime(0))
+        KESTRA_THROW(Refusal("The in point " + TimeText::format(start) + " lies before the start"));
+    if (cut.out && *cut.out <= start)
+        KESTRA_THROW(Refusal("The out point " + TimeText::format(*cut.out) + " does not lie after the in point " +
+                             TimeText::format(start)));
+}
+
+} // namespace
+
+CutPoints CutPoints::of(const ExportRequest& request, const TimePoint::Rate& rate) {
+    CutPoints cut{timeOf(request.in, rate), timeOf(request.out, rate)};
+    if (const auto duration = timeOf(request.duration, rate)) {
+        if (cut.in && cut.out)
+            KESTRA_THROW(
+                Refusal("In point, out point and duration were given; two of them say where to begin and end"));
+        if (*duration <= KTime(0))
+            KESTRA_THROW(Refusal("The duration " + TimeText::format(*duration) + " is none"));
+        if (cut.out)
+            cut.in = *cut.out - *duration;
+        else
+            cut.out = cut.in.value_or(KTime(0)) + *duration;
+    }
+    requireOrder(cut);
+    return cut;
+}
+
+bool CutPoints::countFrames(const ExportRequest& request) {
+    const auto counts = [](const Given& point) { return point && point->frames; };
+    return counts(request.in) || counts(request.out) || counts(request.duration);
+}
+
+} // namespace ExportCore
