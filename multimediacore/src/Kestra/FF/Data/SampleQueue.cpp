@@ -11,14 +11,28 @@ extern "C" {
 
 namespace Kestra::FF {
 
-FrameHandle MakeSamples(AVSampleFormat format, int rate, const AVChannelLayout& layout, int samples) {
+namespace {
+
+FrameHandle MakeRoom(AVSampleFormat format, int rate, const AVChannelLayout& layout, int samples) {
     FrameHandle frame = MakeFrame();
     frame->format = format;
     frame->sample_rate = rate;
     frame->nb_samples = samples;
     Check(av_channel_layout_copy(&frame->ch_layout, &layout), Proc::TranscodingError::OutOfMemory, "channel layout");
     Check(av_frame_get_buffer(frame.get(), 0), Proc::TranscodingError::OutOfMemory, "buffer for samples");
-    av_samples_set_silence(frame->extended_data, 0, samples, layout.nb_channels, format);
+    return frame;
+}
+
+void Silence(AVFrame& frame, int from) {
+    av_samples_set_silence(frame.extended_data, from, frame.nb_samples - from, frame.ch_layout.nb_channels,
+                           static_cast<AVSampleFormat>(frame.format));
+}
+
+} // namespace
+
+FrameHandle MakeSamples(AVSampleFormat format, int rate, const AVChannelLayout& layout, int samples) {
+    FrameHandle frame = MakeRoom(format, rate, layout, samples);
+    Silence(*frame, 0);
     return frame;
 }
 
@@ -61,7 +75,7 @@ FrameHandle SampleQueue::Take(int samples) {
     }
     const AVFrame& first = *blocks.front();
     const auto format = static_cast<AVSampleFormat>(first.format);
-    FrameHandle result = MakeSamples(format, first.sample_rate, first.ch_layout, samples);
+    FrameHandle result = MakeRoom(format, first.sample_rate, first.ch_layout, samples);
     int filled = 0;
     while (filled < samples && !blocks.empty()) {
         const AVFrame& block = *blocks.front();
@@ -71,6 +85,8 @@ FrameHandle SampleQueue::Take(int samples) {
         filled += part;
         Skip(part);
     }
+    if (filled < samples)
+        Silence(*result, filled);
     return result;
 }
 

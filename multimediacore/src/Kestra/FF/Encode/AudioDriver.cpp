@@ -69,4 +69,8 @@ AudioDriver::PacketLength AudioDriver::LengthsOf(const AVCodecContext& context) 
     };
 }
 
+std::shared_ptr<PacketJoiner> AudioDriver::MakeJoiner(const AVCodecContext&) const {
+    return std::make_shared<PacketJoiner>();
+}
+
 } // namespace Kestra::FF

@@ -3,7 +3,11 @@
 
 #include "Kestra/Conf/CodecID.h"
 #include "Kestra/FF/Av/Handles.h"
+#include "Kestra/FF/Encode/ChunkRule.h"
+#include "Kestra/FF/Encode/PacketJoiner.h"
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,6 +56,12 @@ public:
     virtual PacketLength LengthsOf(const AVCodecContext& context) const;
     /// Fewer packets are no file to its readers.
     virtual int LeastPackets() const { return 0; }
+    /// How what the open context encodes may be encoded in parts; nothing where packets hang together.
+    virtual std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const { return std::nullopt; }
+    /// The context's quality while an encoder opens that begins within the sound; then it is what it was before.
+    virtual int QualityToBeginWith(const AVCodecContext& context) const { return context.global_quality; }
+    /// For one track in such parts.
+    virtual std::shared_ptr<PacketJoiner> MakeJoiner(const AVCodecContext& context) const;
 
 private:
     const Conf::CodecID codec;

@@ -4,7 +4,8 @@ namespace Kestra::FF {
 
 const std::vector<const AudioDriver*>& AudioDriver::All() {
     static const std::vector<const AudioDriver*> drivers{
-        &AacDriver(), &OpusDriver(), &Mp3Driver(), &VorbisDriver(), &FlacDriver(), &AlacDriver(), &PcmDriver(),
+        &AacDriver(),    &OpusDriver(), &Ac3Driver(),  &Mp3Driver(),
+        &VorbisDriver(), &FlacDriver(), &AlacDriver(), &PcmDriver(),
     };
     return drivers;
 }

@@ -7,6 +7,7 @@ namespace Kestra::FF {
 
 const AudioDriver& AacDriver();
 const AudioDriver& OpusDriver();
+const AudioDriver& Ac3Driver();
 const AudioDriver& Mp3Driver();
 const AudioDriver& VorbisDriver();
 const AudioDriver& FlacDriver();

@@ -8,7 +8,11 @@
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Data/DataRawFF.h"
+#include "Kestra/FF/Encode/ChunkEncoder.h"
+#include "Kestra/FF/Encode/ChunkedLoop.h"
+#include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Encode/SampleBatches.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 #include <climits>
@@ -21,9 +25,14 @@ using Proc::TranscodingError;
 
 namespace {
 
-constexpr int READ_AHEAD = 8;
+/// Batches.
+constexpr int READ_AHEAD = 3;
 /// Samples a packet for codecs that take any number.
 constexpr int FREE_FRAME_SIZE = 2048;
+/// More than these wait for their sound to be decoded.
+constexpr int MOST_WORKERS = 8;
+/// So that a thread that has done its chunk finds the next one.
+constexpr int WAITING_CHUNKS = 2;
 
 boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecAudio::Create();
@@ -45,7 +54,51 @@ void Obey(AVCodecContext& context, const IFormatCodecAudio& description, Conf::A
     }
 }
 
+/// What a thread needs to open an encoder, beside the options.
+struct Settings {
+    const AVCodec* codec;
+    EncodeSamples samples;
+    boost::intrusive_ptr<const IFormatCodecAudio> description;
+};
+
+CodecContextHandle Configure(const Settings& settings, const OptionList& options) {
+    const EncodeSamples& samples = settings.samples;
+    CodecContextHandle context = MakeCodecContext(settings.codec);
+    context->sample_fmt = samples.format;
+    context->sample_rate = samples.rate;
+    const AVChannelLayout layout = ToAvLayout(samples.layout);
+    Check(av_channel_layout_copy(&context->ch_layout, &layout), TranscodingError::CodecRefused, "channel layout");
+    context->time_base = {1, samples.rate};
+    context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    AudioDriver::Of(*settings.codec).Settle(*context);
+    for (int setting = 0; setting < Conf::CountOf<Conf::AudioSetting>(); ++setting)
+        Obey(*context, *settings.description, static_cast<Conf::AudioSetting>(setting));
+    options.ApplyTo(context.get(), settings.codec->name, TranscodingError::CodecRefused);
+    return context;
+}
+
+std::unique_ptr<IEncoderLoop> OpenWith(const Settings& settings, const OptionList& options) {
+    const auto configure = [&](const OptionList& chosen) { return Configure(settings, chosen); };
+    return std::make_unique<EncoderLoop>(configure, options, settings.codec->name);
+}
+
+/// For what begins within the sound.
+std::unique_ptr<IEncoderLoop> OpenInside(const Settings& settings, const OptionList& options) {
+    const AudioDriver& driver = AudioDriver::Of(*settings.codec);
+    int before = 0;
+    const auto configure = [&](const OptionList& chosen) {
+        CodecContextHandle context = Configure(settings, chosen);
+        before = std::exchange(context->global_quality, driver.QualityToBeginWith(*context));
+        return context;
+    };
+    auto opened = std::make_unique<EncoderLoop>(configure, options, settings.codec->name);
+    opened->GetContext().global_quality = before;
+    return opened;
+}
+
 } // namespace
+
+const char* const AudioEncoderCore::TAG_WORKERS = "workers";
 
 AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
                                    const Core::Property& description)
@@ -75,17 +128,38 @@ std::int64_t AudioEncoderCore::GetDuration() const {
     return SamplesToTime(TimeToSamples(duration, samples.rate), samples.rate);
 }
 
-std::unique_ptr<EncoderLoop> AudioEncoderCore::Open() {
+std::unique_ptr<IEncoderLoop> AudioEncoderCore::Open() {
     const auto description = MakeDescription();
     BuildChain(*description);
-    const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    auto opened = std::make_unique<EncoderLoop>(configure, GetOptions({}), codec->name);
+    const auto open = [settings = Settings{codec, samples, description}, options = GetOptions({})](bool inside) {
+        return inside ? OpenInside(settings, options) : OpenWith(settings, options);
+    };
+    std::unique_ptr<IEncoderLoop> opened = open(false);
     const AVCodecContext& context = opened->GetContext();
     lengthOf = Driver().LengthsOf(context);
     ChooseWindow(context);
     SkipToFirst();
+    chain = new SampleBatches(chain, total < 0 ? INT64_MAX : total - queue.GetCount());
     chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
-    return opened;
+    const auto rule = CountWorkers() > 0 ? Driver().ChunksOf(context) : std::nullopt;
+    return rule ? InChunks(std::move(opened), *rule, open) : std::move(opened);
+}
+
+std::unique_ptr<IEncoderLoop> AudioEncoderCore::InChunks(std::unique_ptr<IEncoderLoop> model, const ChunkRule& rule,
+                                                         ChunkEncoder::OpenOne open) {
+    const std::shared_ptr<PacketJoiner> joiner = Driver().MakeJoiner(model->GetContext());
+    const auto encoder = std::make_shared<ChunkEncoder>(std::move(open), model->GetContext(), joiner);
+    const int threads = CountWorkers();
+    workers->Start(
+        [encoder](const EncoderChunk& chunk, const auto& cancelled) { return encoder->Encode(chunk, cancelled); },
+        threads);
+    return std::make_unique<ChunkedLoop>(std::move(model), rule, joiner, workers, threads + WAITING_CHUNKS);
+}
+
+int AudioEncoderCore::CountWorkers() const {
+    const Core::Property& tree = EncoderCore::GetDescription();
+    return tree.ChildExists(TAG_WORKERS) ? static_cast<int>(tree[TAG_WORKERS].GetInt64())
+                                         : std::min(Processors(), MOST_WORKERS);
 }
 
 void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {
@@ -153,21 +227,6 @@ void AudioEncoderCore::SkipToFirst() {
     }
 }
 
-CodecContextHandle AudioEncoderCore::Configure(const IFormatCodecAudio& description, const OptionList& options) const {
-    CodecContextHandle context = MakeCodecContext(codec);
-    context->sample_fmt = samples.format;
-    context->sample_rate = samples.rate;
-    const AVChannelLayout layout = ToAvLayout(samples.layout);
-    Check(av_channel_layout_copy(&context->ch_layout, &layout), TranscodingError::CodecRefused, "channel layout");
-    context->time_base = {1, samples.rate};
-    context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    Driver().Settle(*context);
-    for (int setting = 0; setting < Conf::CountOf<Conf::AudioSetting>(); ++setting)
-        Obey(*context, description, static_cast<Conf::AudioSetting>(setting));
-    options.ApplyTo(context.get(), codec->name, TranscodingError::CodecRefused);
-    return context;
-}
-
 int AudioEncoderCore::FrameSize() const {
     return GetContext().frame_size > 0 ? GetContext().frame_size : FREE_FRAME_SIZE;
 }
@@ -226,7 +285,13 @@ boost::intrusive_ptr<Proc::IDataRaw> AudioEncoderCore::Finish(PacketHandle packe
     return result;
 }
 
+void AudioEncoderCore::InterruptSource() {
+    stream->Interrupt();
+    workers->Interrupt();
+}
+
 void AudioEncoderCore::ResetSource() {
+    workers->Reset();
     chain.reset();
     queue.Clear();
     stream->Reset();

@@ -4,6 +4,8 @@
 #include "Kestra/FF/Data/SampleQueue.h"
 #include "Kestra/FF/Encode/AudioDriver.h"
 #include "Kestra/FF/Encode/AudioEncoderChoice.h"
+#include "Kestra/FF/Encode/ChunkEncoder.h"
+#include "Kestra/FF/Encode/ChunkWorkers.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
 #include "Kestra/Proc/IStreamAudio.h"
 
@@ -11,8 +13,14 @@ namespace Kestra::FF {
 
 /// Packets for round(duration x rate) samples. The first sample has time 0; what the codec puts before it has negative
 /// times, what it adds after the last is trimmed off the last packet.
+///
+/// Where the codec permits, parts of the sound are encoded at a time, on as many threads as there are processors; the
+/// packets do not depend on their number.
 class AudioEncoderCore final : public EncoderCore {
 public:
+    /// Int64, in the description: so many threads instead; 0: all by one encoder. For tests.
+    static const char* const TAG_WORKERS;
+
     /// Throws ProcException (CodecNotFound).
     AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Core::Property& description);
 
@@ -25,10 +33,10 @@ public:
     std::string Describe() const override;
 
 protected:
-    std::unique_ptr<EncoderLoop> Open() override;
+    std::unique_ptr<IEncoderLoop> Open() override;
     FrameHandle NextFrame() override;
     boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
-    void InterruptSource() override { stream->Interrupt(); }
+    void InterruptSource() override;
     void ResetSource() override;
 
 private:
@@ -37,7 +45,9 @@ private:
     std::int64_t Surroundings(const AVCodecContext& context) const;
     void ChooseWindow(const AVCodecContext& context);
     void SkipToFirst();
-    CodecContextHandle Configure(const Conf::IFormatCodecAudio& description, const OptionList& options) const;
+    std::unique_ptr<IEncoderLoop> InChunks(std::unique_ptr<IEncoderLoop> model, const ChunkRule& rule,
+                                           ChunkEncoder::OpenOne open);
+    int CountWorkers() const;
     int FrameSize() const;
     int TailSize() const;
     const AudioDriver& Driver() const { return AudioDriver::Of(*codec); }
@@ -49,6 +59,7 @@ private:
     AudioDriver::PacketLength lengthOf;
     EncodeSamples samples;
     SampleQueue queue;
+    const std::shared_ptr<ChunkWorkers> workers = std::make_shared<ChunkWorkers>();
     std::int64_t alignStart = 0;
     std::int64_t alignEnd = INT64_MAX;
     std::int64_t firstSample = 0;

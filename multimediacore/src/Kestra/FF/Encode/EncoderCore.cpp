@@ -49,7 +49,7 @@ std::optional<Proc::SettingsTwoPassEncoding> EncoderCore::GetTwoPass() const {
 void EncoderCore::Prepare() {
     if (IsPrepared())
         return;
-    std::unique_ptr<EncoderLoop> opened = Open();
+    std::unique_ptr<IEncoderLoop> opened = Open();
     parameters = MakeCodecParameters();
     Check(avcodec_parameters_from_context(parameters.get(), &opened->GetContext()),
           Proc::TranscodingError::EncodeFailed, "The encoder's parameters");
@@ -62,14 +62,14 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
         if (interrupted)
             KESTRA_THROW(Proc::Interrupted());
         PacketHandle packet;
-        const EncoderLoop::Step step = Receive(packet);
-        ended = step == EncoderLoop::Step::End;
+        const IEncoderLoop::Step step = Receive(packet);
+        ended = step == IEncoderLoop::Step::End;
         if (ended)
             AtEnd();
         boost::intrusive_ptr<Proc::IDataRaw> result;
-        if (step == EncoderLoop::Step::Packet)
+        if (step == IEncoderLoop::Step::Packet)
             result = Finish(std::move(packet));
-        else if (step == EncoderLoop::Step::NeedsFrame)
+        else if (step == IEncoderLoop::Step::NeedsFrame)
             result = SendNext();
         if (result)
             return result;
@@ -77,7 +77,7 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     return nullptr;
 }
 
-EncoderLoop::Step EncoderCore::Receive(PacketHandle& packet) {
+IEncoderLoop::Step EncoderCore::Receive(PacketHandle& packet) {
     try {
         return loop->Receive(packet);
     } catch (const Proc::ProcException&) {

@@ -3,7 +3,8 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
-#include "Kestra/FF/Encode/EncoderLoop.h"
+#include "Kestra/FF/Av/OptionList.h"
+#include "Kestra/FF/Encode/IEncoderLoop.h"
 #include "Kestra/Proc/IPacketSource.h"
 #include "Kestra/Proc/Settings/SettingsTwoPassEncoding.h"
 #include <atomic>
@@ -44,7 +45,7 @@ protected:
     std::optional<Proc::SettingsTwoPassEncoding> GetTwoPass() const;
 
     /// Readies the source and returns the open codec.
-    virtual std::unique_ptr<EncoderLoop> Open() = 0;
+    virtual std::unique_ptr<IEncoderLoop> Open() = 0;
     /// The next frame with its pts, null at the end.
     virtual FrameHandle NextFrame() = 0;
     /// The packet as it leaves; null drops it.
@@ -59,14 +60,14 @@ protected:
     virtual void ResetSource() = 0;
 
 private:
-    EncoderLoop::Step Receive(PacketHandle& packet);
+    IEncoderLoop::Step Receive(PacketHandle& packet);
     void Send(const AVFrame* frame);
     boost::intrusive_ptr<Proc::IDataRaw> SendNext();
 
     Core::Property description;
     /// For a packet many frames may be encoded, whose source need not wait for anything.
     std::atomic<bool> interrupted{false};
-    std::unique_ptr<EncoderLoop> loop;
+    std::unique_ptr<IEncoderLoop> loop;
     CodecParametersHandle parameters;
     Conf::ProgrammeInfo programme;
     bool ended = false;

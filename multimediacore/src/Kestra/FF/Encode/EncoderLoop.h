@@ -3,15 +3,15 @@
 
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Av/OptionList.h"
+#include "Kestra/FF/Encode/IEncoderLoop.h"
 #include <functional>
 #include <string>
 
 namespace Kestra::FF {
 
 /// The one place that sends frames and receives packets.
-class EncoderLoop {
+class EncoderLoop final : public IEncoderLoop {
 public:
-    enum class Step { Packet, NeedsFrame, End };
     /// Makes a context with all settings and these options, not opened yet.
     using Configure = std::function<CodecContextHandle(const OptionList&)>;
 
@@ -20,12 +20,10 @@ public:
     EncoderLoop(const Configure& configure, const OptionList& options, const std::string& encoderName,
                 const std::string& advice = std::string());
 
-    AVCodecContext& GetContext() const { return *context; }
-    Step Receive(PacketHandle& packet);
-    /// Only destruction may follow.
-    void Close() { context.reset(); }
-    /// Null ends the stream.
-    void Send(const AVFrame* frame);
+    AVCodecContext& GetContext() const override { return *context; }
+    Step Receive(PacketHandle& packet) override;
+    void Send(const AVFrame* frame) override;
+    void Close() override { context.reset(); }
 
 private:
     CodecContextHandle context;

@@ -2,6 +2,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Encode/AudioDrivers.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
+#include "Kestra/FF/Encode/FlacJoiner.h"
 #include <algorithm>
 
 namespace Kestra::FF {
@@ -30,6 +31,8 @@ public:
     PacketLength LengthsOf(const AVCodecContext&) const override {
         return [](const AVPacket& packet) { return packet.duration; };
     }
+    // What a packet holds depends on no other.
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{}; }
 
 private:
     static constexpr int DEEPEST = 24;
@@ -45,6 +48,9 @@ public:
         if (Conf::CountChannels(wanted) > most)
             RefuseLayout(own, wanted, "it holds 8 at most");
         return PackedDriver::LayoutFor(own, wanted);
+    }
+    std::shared_ptr<PacketJoiner> MakeJoiner(const AVCodecContext&) const override {
+        return std::make_shared<FlacJoiner>();
     }
 };
 

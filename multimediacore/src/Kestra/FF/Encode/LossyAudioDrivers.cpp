@@ -1,4 +1,4 @@
-// Encoders that choose what to leave out: AAC, Opus, MP3, Vorbis.
+// Encoders that choose what to leave out: AAC, Opus, AC-3, MP3, Vorbis.
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/AudioDrivers.h"
 #include <algorithm>
@@ -15,15 +15,66 @@ using Proc::TranscodingError;
 
 namespace {
 
+std::int64_t OptionOf(const AVCodecContext& context, const char* name) {
+    std::int64_t value = 0;
+    return av_opt_get_int(context.priv_data, name, 0, &value) < 0 ? 0 : value;
+}
+
+class Aac final : public AudioDriver {
+public:
+    Aac()
+        : AudioDriver(Conf::CodecID::AAC, "aac") {}
+
+    // A decoder keeps nothing of earlier packets but half of a window, unless they predict.
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext& context) const override {
+        if (OptionOf(context, "aac_pred") != 0 || OptionOf(context, "aac_ltp") != 0)
+            return std::nullopt;
+        return ChunkRule{8, 1};
+    }
+    // Its rate control begins far below where it stays, and takes seconds to climb there. From above, where this puts
+    // it, it falls within some packets.
+    int QualityToBeginWith(const AVCodecContext& context) const override {
+        constexpr int highest = 1 << 16;
+        return (context.flags & AV_CODEC_FLAG_QSCALE) != 0 ? context.global_quality : highest;
+    }
+};
+
 class Opus final : public AudioDriver {
 public:
     Opus()
         : AudioDriver(Conf::CodecID::Opus, "libopus") {}
 
+    // Packets of its transform tell energies by those before, and after some twenty of them its encoders agree on
+    // these. Its coder for speech does not come together: such a seam can be heard. Where the bitrate leaves no doubt
+    // that it is not used, there are chunks.
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext& context) const override {
+        constexpr int leadInMs = 480;
+        if (MayCodeSpeech(context))
+            return std::nullopt;
+        return ChunkRule{context.sample_rate * leadInMs / 1000 / context.frame_size, 1};
+    }
     void SetMode(AVCodecContext& context, const std::string& mode) const override {
         Check(av_opt_set(context.priv_data, "vbr", mode == "cbr" ? "off" : "on", 0), TranscodingError::CodecRefused,
               "vbr");
     }
+
+private:
+    static bool MayCodeSpeech(const AVCodecContext& context) {
+        constexpr std::int64_t voip = 2048;
+        constexpr std::int64_t surelyMusic = 80000;
+        const std::int64_t streams = context.ch_layout.nb_channels > 2 ? context.ch_layout.nb_channels : 1;
+        return context.bit_rate < surelyMusic * streams || OptionOf(context, "application") == voip ||
+               OptionOf(context, "fec") != 0 || OptionOf(context, "dtx") != 0;
+    }
+};
+
+class Ac3 final : public AudioDriver {
+public:
+    Ac3()
+        : AudioDriver(Conf::CodecID::AC3, "ac3") {}
+
+    // Nothing but the half of a window leads from packet to packet.
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{1, 0}; }
 };
 
 class Mp3 final : public AudioDriver {
@@ -60,12 +111,17 @@ public:
 } // namespace
 
 const AudioDriver& AacDriver() {
-    static const AudioDriver driver(Conf::CodecID::AAC, "aac");
+    static const Aac driver;
     return driver;
 }
 
 const AudioDriver& OpusDriver() {
     static const Opus driver;
+    return driver;
+}
+
+const AudioDriver& Ac3Driver() {
+    static const Ac3 driver;
     return driver;
 }
 

@@ -8,6 +8,7 @@
 #include "Kestra/FF/Data/DataRawFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Encode/EncoderLoop.h"
 #include "Kestra/FF/Encode/VideoConform.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
@@ -107,7 +108,7 @@ std::int64_t VideoEncoderCore::GetDuration() const {
     return frameCount >= 0 ? FramesToTime(frameCount, rate) : stream->GetDuration();
 }
 
-std::unique_ptr<EncoderLoop> VideoEncoderCore::Open() {
+std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     const auto description = MakeDescription();
     const auto twoPass = GetTwoPass();
     if (twoPass || description->GetBitrateMode() == "cbr")

@@ -25,7 +25,7 @@ public:
     std::string Describe() const override;
 
 protected:
-    std::unique_ptr<EncoderLoop> Open() override;
+    std::unique_ptr<IEncoderLoop> Open() override;
     FrameHandle NextFrame() override;
     boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
     boost::intrusive_ptr<Proc::IDataRaw> AfterSend() override;

@@ -1,0 +1,74 @@
+#include "Kestra/FF/Encode/ChunkEncoder.h"
+
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/Proc/Interrupted.h"
+#include <string>
+#include <utility>
+
+namespace Kestra::FF {
+
+using Packets = EncoderChunk::Packets;
+using Proc::TranscodingError;
+
+namespace {
+
+std::vector<std::uint8_t> HeaderOf(const AVCodecContext& context) {
+    return {context.extradata, context.extradata + context.extradata_size};
+}
+
+} // namespace
+
+ChunkEncoder::ChunkEncoder(OpenOne open, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner)
+    : open(std::move(open))
+    , header(HeaderOf(model))
+    , padding(model.initial_padding)
+    , frameSize(model.frame_size)
+    , joiner(std::move(joiner)) {}
+
+Packets ChunkEncoder::Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) const {
+    const std::unique_ptr<IEncoderLoop> loop = open(chunk.first != INT64_MIN);
+    RequireSameHeader(loop->GetContext());
+    Packets kept;
+    for (const auto& frame : chunk.frames) {
+        if (cancelled)
+            KESTRA_THROW(Proc::Interrupted());
+        loop->Send(frame.get());
+        Receive(*loop, chunk, kept);
+    }
+    if (chunk.end == INT64_MAX) {
+        loop->Send(nullptr);
+        Receive(*loop, chunk, kept);
+    }
+    RequireAll(chunk, kept);
+    return kept;
+}
+
+// A file has one header for all of them.
+void ChunkEncoder::RequireSameHeader(const AVCodecContext& context) const {
+    if (HeaderOf(context) != header)
+        Fail(TranscodingError::EncodeFailed, std::string(context.codec->name) + " gave two parts of the sound "
+                                                                                "different headers");
+}
+
+void ChunkEncoder::Receive(IEncoderLoop& loop, const EncoderChunk& chunk, Packets& kept) const {
+    PacketHandle packet;
+    while (loop.Receive(packet) == IEncoderLoop::Step::Packet) {
+        if (packet->pts < chunk.first || packet->pts >= chunk.end)
+            continue;
+        joiner->Place(packet, NumberOf(packet->pts));
+        kept.push_back(std::move(packet));
+    }
+}
+
+// The last chunk has as many as come.
+void ChunkEncoder::RequireAll(const EncoderChunk& chunk, const Packets& kept) const {
+    if (chunk.end == INT64_MAX)
+        return;
+    const std::int64_t first = std::max(chunk.first, -padding);
+    const std::int64_t wanted = (chunk.end - first) / frameSize;
+    if (static_cast<std::int64_t>(kept.size()) != wanted)
+        Fail(TranscodingError::EncodeFailed, "A part of the sound has " + std::to_string(kept.size()) +
+                                                 " packets instead of " + std::to_string(wanted));
+}
+
+} // namespace Kestra::FF

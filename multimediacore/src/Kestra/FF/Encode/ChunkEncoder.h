@@ -1,0 +1,40 @@
+// Kestra::FF::ChunkEncoder: encodes one chunk from its lead-in to its last packet.
+#pragma once
+
+#include "Kestra/FF/Encode/EncoderChunk.h"
+#include "Kestra/FF/Encode/EncoderLoop.h"
+#include "Kestra/FF/Encode/PacketJoiner.h"
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace Kestra::FF {
+
+/// Any number of threads may encode at a time, a chunk each.
+class ChunkEncoder {
+public:
+    /// Opens one more encoder with the same settings, for the beginning or for what lies inside the sound; called by
+    /// several threads.
+    using OpenOne = std::function<std::unique_ptr<IEncoderLoop>(bool inside)>;
+
+    /// `model` is one of them; it is only looked at.
+    ChunkEncoder(OpenOne open, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner);
+
+    /// Throws ProcException (EncodeFailed), and Interrupted soon after `cancelled` has become true.
+    EncoderChunk::Packets Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) const;
+
+private:
+    void RequireSameHeader(const AVCodecContext& context) const;
+    void Receive(IEncoderLoop& loop, const EncoderChunk& chunk, EncoderChunk::Packets& kept) const;
+    void RequireAll(const EncoderChunk& chunk, const EncoderChunk::Packets& kept) const;
+    std::int64_t NumberOf(std::int64_t pts) const { return (pts + padding) / frameSize; }
+
+    const OpenOne open;
+    const std::vector<std::uint8_t> header;
+    const std::int64_t padding;
+    const std::int64_t frameSize;
+    const std::shared_ptr<const PacketJoiner> joiner;
+};
+
+} // namespace Kestra::FF

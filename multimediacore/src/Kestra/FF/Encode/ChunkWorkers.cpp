@@ -1,0 +1,158 @@
+#include "Kestra/FF/Encode/ChunkWorkers.h"
+
+#include "Kestra/Proc/Interrupted.h"
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <system_error>
+#include <utility>
+
+namespace Kestra::FF {
+
+using Packets = EncoderChunk::Packets;
+
+namespace {
+
+constexpr std::chrono::seconds PATIENCE{2};
+
+} // namespace
+
+/// Once done, nobody but the taker touches it.
+struct ChunkWorkers::Job {
+    explicit Job(EncoderChunk chunk)
+        : chunk(std::move(chunk)) {}
+
+    EncoderChunk chunk;
+    Packets packets;
+    std::exception_ptr failure;
+    bool done = false;
+};
+
+struct ChunkWorkers::Shared {
+    void Work();
+    std::shared_ptr<Job> Next();
+    void Run(Job& job) noexcept;
+
+    Encode encode; ///< set before the first thread starts
+    std::atomic<bool> cancelled{false};
+
+    std::mutex mutex; ///< guards what follows, and whether a job is done
+    std::condition_variable waitingOrCancelled;
+    std::condition_variable doneOrCancelled;
+    std::deque<std::shared_ptr<Job>> waiting;
+    std::size_t idle = 0; ///< threads that wait for one
+};
+
+ChunkWorkers::ChunkWorkers()
+    : shared(std::make_shared<Shared>()) {}
+
+ChunkWorkers::~ChunkWorkers() {
+    Reset();
+}
+
+void ChunkWorkers::Start(Encode encode, int most) {
+    shared->encode = std::move(encode);
+    mostThreads = static_cast<std::size_t>(most);
+}
+
+void ChunkWorkers::Submit(EncoderChunk chunk) {
+    auto job = std::make_shared<Job>(std::move(chunk));
+    jobs.push_back(job);
+    bool busy = false;
+    {
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        shared->waiting.push_back(std::move(job));
+        busy = shared->waiting.size() > shared->idle;
+    }
+    if (busy && threads.size() < mostThreads)
+        StartThread();
+    shared->waitingOrCancelled.notify_one();
+}
+
+// One is enough: where no more are to be had, it takes longer.
+void ChunkWorkers::StartThread() {
+    threads.emplace_back();
+    try {
+        threads.back().Start("kestra-chunk", [held = shared] { held->Work(); });
+    } catch (const std::system_error&) {
+        threads.pop_back();
+        mostThreads = threads.size();
+        if (threads.empty())
+            throw;
+    }
+}
+
+void ChunkWorkers::Shared::Work() {
+    while (const std::shared_ptr<Job> job = Next()) {
+        Run(*job);
+        const std::lock_guard<std::mutex> lock(mutex);
+        job->done = true;
+        doneOrCancelled.notify_one();
+    }
+}
+
+std::shared_ptr<ChunkWorkers::Job> ChunkWorkers::Shared::Next() {
+    std::unique_lock<std::mutex> lock(mutex);
+    ++idle;
+    waitingOrCancelled.wait(lock, [this] { return cancelled || !waiting.empty(); });
+    --idle;
+    if (cancelled)
+        return nullptr;
+    auto job = std::move(waiting.front());
+    waiting.pop_front();
+    return job;
+}
+
+void ChunkWorkers::Shared::Run(Job& job) noexcept {
+    try {
+        job.packets = encode(job.chunk, cancelled);
+    } catch (...) {
+        job.failure = std::current_exception();
+    }
+    job.chunk.frames.clear();
+}
+
+std::size_t ChunkWorkers::GetCount() const {
+    return jobs.size();
+}
+
+bool ChunkWorkers::IsNextDone() const {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    return !jobs.empty() && jobs.front()->done;
+}
+
+Packets ChunkWorkers::Take() {
+    const std::shared_ptr<Job> job = jobs.front();
+    {
+        std::unique_lock<std::mutex> lock(shared->mutex);
+        shared->doneOrCancelled.wait(lock, [&] { return job->done || shared->cancelled; });
+        if (!job->done)
+            KESTRA_THROW(Proc::Interrupted());
+    }
+    jobs.pop_front();
+    if (job->failure)
+        std::rethrow_exception(job->failure);
+    return std::move(job->packets);
+}
+
+void ChunkWorkers::Interrupt() {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    shared->cancelled = true;
+    shared->waitingOrCancelled.notify_all();
+    shared->doneOrCancelled.notify_all();
+}
+
+void ChunkWorkers::Reset() {
+    Interrupt();
+    const auto deadline = std::chrono::steady_clock::now() + PATIENCE;
+    for (LeavableThread& thread : threads)
+        thread.JoinOrLeave(deadline);
+    threads.clear();
+    jobs.clear();
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    shared->waiting.clear();
+    shared->cancelled = false;
+}
+
+} // namespace Kestra::FF
