@@ -1,4 +1,5 @@
 #include "Timeline/DocumentEdit.h"
+#include "Timeline/MarkerList.h"
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -54,6 +55,38 @@ TEST(DocumentEdit, RemovesAnItemWithTheTransitionsBesideIt) {
     EXPECT_EQ(trackOf(after).transitions()[0].at, 1U);
     EXPECT_EQ(trackOf(after).transitions()[0].behind, Ticks(40));
     EXPECT_TRUE(trackOf(withoutItem(three(), {0, 1})).transitions().empty());
+}
+
+TEST(DocumentEdit, LeavesSharedWhatTracksShare) {
+    Item nested;
+    nested.duration = Ticks(10);
+    nested.content = Nested{three().tracks, {}};
+    Document document;
+    document.tracks = std::make_shared<Stack>("", std::vector<Track>{Track(Track::Kind::Video, "", true, {nested}),
+                                                                     Track(Track::Kind::Audio, "", true, {nested})});
+    const auto after = withMissing(document, [](const MediaReference&) { return std::string("is broken"); });
+    const auto stackIn = [&](std::size_t track) {
+        return std::get<Nested>(after->tracks->tracks()[track].items()[0].content).stack;
+    };
+    EXPECT_EQ(stackIn(0), stackIn(1)) << "it would have its markers twice";
+}
+
+TEST(DocumentEdit, MovesMarkersWithTheirItems) {
+    std::vector<Item> items{clip("a", 100), clip("b", 100), clip("c", 100)};
+    for (Item& item : items)
+        item.markers.push_back({"in " + item.name, "", "", {Ticks(60), Ticks(0)}});
+    Document cut;
+    cut.tracks = std::make_shared<Stack>("", std::vector<Track>{Track(Track::Kind::Video, "V", true, items)});
+    const auto markers = [](const std::shared_ptr<const Document>& document) {
+        std::string words;
+        for (const Marker& one : markersOf(*document->tracks))
+            words += one.name + '@' + std::to_string(one.range.start.Value()) + ' ';
+        return words;
+    };
+    EXPECT_EQ(markers(withoutItem(cut, {0, 0})), "in b@60 in c@160 ");
+    EXPECT_EQ(markers(withoutItem(cut, {0, 1})), "in a@60 in c@160 ");
+    items[0].duration = Ticks(50);
+    EXPECT_EQ(markers(withItem(cut, {0, 0}, items[0])), "in b@110 in c@210 ") << "that of a lies behind its end";
 }
 
 TEST(DocumentEdit, RefusesAPlaceThatThereIsNot) {

@@ -49,6 +49,17 @@ TEST_F(MarkerListTest, CutsOffWhatIsNotShown) {
     EXPECT_EQ(markersOfStack(ranged(4, 10), 0), "");
 }
 
+TEST_F(MarkerListTest, HasOfItemsWhatLiesWithinThem) {
+    const auto ofClip = [this](double at, double lasting) {
+        return markers(timelineOf({trackOf({clip(0, 10), clip(50, 10, "b", marked("m", at, lasting)), clip(0, 10)})}));
+    };
+    EXPECT_EQ(ofClip(53, 2), "m@13+2");
+    EXPECT_EQ(ofClip(48, 5), "m@10+3");
+    EXPECT_EQ(ofClip(58, 5), "m@18+2");
+    EXPECT_EQ(ofClip(60, 0), "") << "it belongs to what the clip does not show";
+    EXPECT_EQ(ofClip(30, 0), "");
+}
+
 TEST_F(MarkerListTest, HasThoseOfTheFrameThatIsFrozen) {
     EXPECT_EQ(markersOfStack(ranged(15, 8) + played(0)), "m@10+8");
     EXPECT_EQ(markersOfStack(ranged(14, 8) + played(0), 0), "m@10+0");

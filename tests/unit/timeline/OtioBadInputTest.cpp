@@ -148,6 +148,23 @@ TEST_F(OtioBadInput, OfMembersThatStandTwiceTakesTheLastAndTellsIt) {
               R"({"y":3,"x":2})");
 }
 
+TEST_F(OtioBadInput, OfMembersThatAllStandTwiceIsReadInTime) {
+    constexpr int COUNT = 300000;
+    std::string members;
+    for (int index = 0; index < COUNT; ++index)
+        members += "\"a\":" + std::to_string(index) + ',';
+    for (int index = 0; index < COUNT; ++index)
+        members += "\"b" + std::to_string(index) + "\":0,";
+    const Reading reading =
+        read(timelineOf({trackOf({clip(0, 5)})}, "t", R"(,"metadata":{"first":1,)" + members + R"("last":2})"));
+    ASSERT_TRUE(reading.document) << inWords(reading);
+    EXPECT_EQ(reading.findings.size(), 1U);
+    const std::string& kept = reading.document->metadata;
+    const std::string start = R"({"first":1,"a":299999,"b0":0,"b1":0,)", end = R"(,"b299999":0,"last":2})";
+    EXPECT_EQ(kept.substr(0, start.size()), start);
+    EXPECT_EQ(kept.substr(kept.size() - end.size()), end);
+}
+
 TEST_F(OtioBadInput, OfANewerVersionIsRefusedUnlessItIsReadLeniently) {
     const std::string newer = timelineOf({trackOf({objectOf(
         "Clip.3", "c", R"(,"media_reference":)" + fileReference("a.mov") + R"(,"source_range":)" + rangeOf(0, 5))})});
@@ -207,6 +224,25 @@ TEST_F(OtioBadInput, OfTransitionsIsShortenedOrLeftOut) {
     const Reading fitted =
         read(timeline({clip(0, 10), transitionOf(3, 8), clip(50, 10), transitionOf(8, 3, "late"), clip(80, 10)}));
     EXPECT_EQ(firstTrack(fitted).transitions().at(1).before, frames(2)) << "what the one before leaves of the clip";
+}
+
+TEST_F(OtioBadInput, OfMarkersLeavesThemOutAndReadsTheRest) {
+    const auto marked = [this](const std::string& marker) {
+        return wrap(clip(0, 5, "e", R"(,"markers":[)" + marker + ']'));
+    };
+    const auto marker = [](const std::string& range) {
+        return objectOf("Marker.2", "m", R"(,"marked_range":)" + range);
+    };
+    expectWarning(marked(objectOf("Marker.2", "m")),
+                  "marker \"m\": a range of time is missing; the marker is left out");
+    expectWarning(marked(marker(rangeOf("null", timeOf(1)))), "a time is missing; the marker is left out");
+    expectWarning(marked(marker(rangeOf(0, -1))), "a duration is negative; the marker is left out");
+    expectWarning(marked(marker(rangeOf(timeOf("0", "0"), timeOf(1)))), "; the marker is left out");
+    const Reading reading = read(marked(marker("7") + ',' + marker(rangeOf(2, 1))));
+    ASSERT_TRUE(reading.document);
+    EXPECT_EQ(firstTrack(reading).items().at(1).markers.size(), 1U);
+    expectError(marked(objectOf("Marker.4", "m", R"(,"marked_range":)" + rangeOf(0, 1))),
+                "newer than what can be read");
 }
 
 TEST_F(OtioBadInput, OfTracksAndEffectsIsTold) {

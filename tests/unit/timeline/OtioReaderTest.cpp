@@ -90,6 +90,16 @@ TEST_F(OtioReaderTest, ReadsTimeWarpsAndFreezes) {
     EXPECT_EQ(track.duration(), frames(30)) << "a warp changes what is shown, not for how long";
 }
 
+TEST_F(OtioReaderTest, PassesOverEffectsThatAreSwitchedOff) {
+    const std::string off = R"(,"enabled":false)";
+    const std::string effects =
+        listOf({objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":2)" + off), objectOf("FreezeFrame.1", "", off),
+                objectOf("Effect.1", "", off), objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":3,"enabled":true)")});
+    const Reading reading = read(timelineOf({trackOf({clip(0, 10, "a", R"(,"effects":)" + effects)})}));
+    EXPECT_EQ(inWords(reading), "");
+    EXPECT_EQ(clipAt(firstTrack(reading), 0).excerpt.speed, 3);
+}
+
 TEST_F(OtioReaderTest, ReadsTransitionsBetweenTheirNeighbours) {
     const Reading reading =
         read(timelineOf({trackOf({transitionOf(0, 5, "in"), clip(0, 50), transitionOf(10, 12), clip(100, 50)})}));
@@ -135,16 +145,23 @@ TEST_F(OtioReaderTest, CutsATimelineThatHasARange) {
     EXPECT_EQ(reading.document->tracks->tracks()[1].kind(), Track::Kind::Audio);
 }
 
-TEST_F(OtioReaderTest, KeepsMarkersInTheTimeOfTheirTrack) {
-    const auto marker = [](const char* schema, double at) {
-        return objectOf(schema, "m", R"(,"color":"RED","comment":"look","marked_range":)" + rangeOf(at, 2));
+TEST_F(OtioReaderTest, KeepsMarkersInTheTimeOfTheirItem) {
+    const auto marker = [](const char* schema, const char* range, double at) {
+        return objectOf(schema, "m",
+                        R"(,"color":"RED","comment":"look",")" + std::string(range) + "\":" + rangeOf(at, 2));
     };
-    const std::string marked = clip(10, 50, "a", R"(,"markers":[)" + marker("Marker.1", 15) + "]");
-    const std::string track = trackOf({gapOf(100), marked}, "Video", R"(,"markers":[)" + marker("Marker.3", 7) + "]");
+    const std::string marked =
+        clip(10, 50, "a",
+             R"(,"markers":)" + listOf({marker("Marker.1", "range", 15), marker("Marker.1", "marked_range", 16),
+                                        marker("Marker.2", "marked_range", 17)}));
+    const std::string track =
+        trackOf({gapOf(100), marked}, "Video", R"(,"markers":[)" + marker("Marker.3", "marked_range", 7) + "]");
     const Reading reading = read(timelineOf({track}));
     EXPECT_EQ(inWords(reading), "");
-    const Marker& found = firstTrack(reading).items()[1].markers.at(0);
-    EXPECT_EQ(found.range.start, frames(105));
+    ASSERT_EQ(firstTrack(reading).items()[1].markers.size(), 3U);
+    EXPECT_EQ(firstTrack(reading).items()[1].markers[2].range.start, frames(7));
+    const Marker& found = firstTrack(reading).items()[1].markers[0];
+    EXPECT_EQ(found.range.start, frames(5));
     EXPECT_EQ(found.range.duration, frames(2));
     EXPECT_EQ(found.name + found.colour + found.comment, "mREDlook");
     EXPECT_EQ(firstTrack(reading).markers().at(0).range.start, frames(7));
@@ -169,6 +186,9 @@ TEST_F(OtioReaderTest, ChoosesATimelineByItsName) {
     const std::string two = objectOf("SerializableCollection.1", "c",
                                      R"(,"children":)" + listOf({timelineOf({trackOf({clip(0, 5)})}, "short"),
                                                                  timelineOf({trackOf({clip(0, 50)})}, "long")}));
+    const std::string old =
+        objectOf("SerializeableCollection.1", "c", R"(,"children":)" + listOf({timelineOf({trackOf({clip(0, 5)})})}));
+    EXPECT_EQ(inWords(read(old)), "");
     ReadingOptions options;
     options.timeline = "long";
     EXPECT_EQ(read(two, options).document->duration(), frames(50));

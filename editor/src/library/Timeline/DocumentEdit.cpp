@@ -1,6 +1,7 @@
 #include "Timeline/DocumentEdit.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace Timeline {
@@ -9,35 +10,48 @@ namespace {
 using Why = std::function<std::string(const MediaReference&)>;
 using Edit = std::function<void(MediaReference&)>;
 
-std::shared_ptr<const Stack> edited(const Stack& stack, const Edit& edit);
-
 std::string urlOf(const MediaReference& media) {
     const auto* const file = std::get_if<MediaFile>(&media.target);
     return file ? file->path.ToUtf8() : media.name;
 }
 
-Item edited(Item item, const Edit& edit) {
-    if (auto* const nested = std::get_if<Nested>(&item.content))
-        nested->stack = edited(*nested->stack, edit);
-    else if (auto* const clip = std::get_if<Clip>(&item.content))
-        edit(clip->media);
-    return item;
-}
+/// Gives every clip another medium. What tracks share stays shared.
+class MediaEdit {
+public:
+    explicit MediaEdit(Edit edit)
+        : edit(std::move(edit)) {}
 
-Track edited(const Track& track, const Edit& edit) {
-    std::vector<Item> items;
-    items.reserve(track.items().size());
-    for (const Item& item : track.items())
-        items.push_back(edited(item, edit));
-    return Track(track.kind(), track.name(), track.isEnabled(), std::move(items), track.transitions(), track.markers());
-}
+    std::shared_ptr<const Stack> edited(const Stack& stack) {
+        const auto known = done.find(&stack);
+        if (known != done.end())
+            return known->second;
+        std::vector<Track> tracks;
+        for (const Track& track : stack.tracks())
+            tracks.push_back(edited(track));
+        return done[&stack] = std::make_shared<Stack>(stack.name(), std::move(tracks), stack.markers());
+    }
 
-std::shared_ptr<const Stack> edited(const Stack& stack, const Edit& edit) {
-    std::vector<Track> tracks;
-    for (const Track& track : stack.tracks())
-        tracks.push_back(edited(track, edit));
-    return std::make_shared<Stack>(stack.name(), std::move(tracks), stack.markers());
-}
+private:
+    Track edited(const Track& track) {
+        std::vector<Item> items;
+        items.reserve(track.items().size());
+        for (const Item& item : track.items())
+            items.push_back(edited(item));
+        return Track(track.kind(), track.name(), track.isEnabled(), std::move(items), track.transitions(),
+                     track.markers());
+    }
+
+    Item edited(Item item) {
+        if (auto* const nested = std::get_if<Nested>(&item.content))
+            nested->stack = edited(*nested->stack);
+        else if (auto* const clip = std::get_if<Clip>(&item.content))
+            edit(clip->media);
+        return item;
+    }
+
+    const Edit edit;
+    std::map<const Stack*, std::shared_ptr<const Stack>> done;
+};
 
 /// Fitted to the items beside them.
 std::vector<Transition> fitted(const std::vector<Transition>& transitions, const std::vector<Item>& items) {
@@ -89,22 +103,24 @@ std::shared_ptr<const Document> withoutItem(const Document& document, const Item
 
 std::shared_ptr<const Document> withMissing(const Document& document, const Why& why) {
     auto result = std::make_shared<Document>(document);
-    result->tracks = edited(*document.tracks, [&why](MediaReference& media) {
+    const Edit edit = [&why](MediaReference& media) {
         const std::string reason = why(media);
         if (!reason.empty())
             media.target = MissingMedia{urlOf(media), reason};
-    });
+    };
+    result->tracks = MediaEdit(edit).edited(*document.tracks);
     return result;
 }
 
 std::shared_ptr<const Document> withBlackForMissingPictures(const Document& document) {
     using MissingFrames = ImageSequence::MissingFrames;
     auto result = std::make_shared<Document>(document);
-    result->tracks = edited(*document.tracks, [](MediaReference& media) {
+    const Edit edit = [](MediaReference& media) {
         auto* const sequence = std::get_if<ImageSequence>(&media.target);
         if (sequence && sequence->missing == MissingFrames::Refused)
             sequence->missing = MissingFrames::Black;
-    });
+    };
+    result->tracks = MediaEdit(edit).edited(*document.tracks);
     return result;
 }
 

@@ -21,7 +21,8 @@ struct ItemPlace {
     std::size_t item = 0;
 };
 
-/// With another item in that place, trimmed or replaced; what follows in the track moves by the difference. A
+/// With another item in that place, trimmed or replaced; what follows in the track moves by the difference, with its
+/// markers. A
 /// transition beside it that does not fit any more is shortened, or goes. Throws std::out_of_range for a place that
 /// there is not.
 EDITORTIMELINE_EXPORT std::shared_ptr<const Document> withItem(const Document& document, const ItemPlace& place,

@@ -45,7 +45,7 @@ struct Item {
     Kestra::Ticks duration{}; ///< in the track; above 0
     bool enabled = true;      ///< otherwise as a gap
     std::variant<Gap, Clip, Nested> content;
-    std::vector<Marker> markers{}; ///< in the time of the track
+    std::vector<Marker> markers{}; ///< counted from its start; what lies beyond its ends is not shown
 };
 
 } // namespace Timeline

@@ -11,7 +11,7 @@ struct Marker {
     std::string name;
     std::string colour; ///< as the timeline has it, such as "RED"
     std::string comment;
-    TimeRange range; ///< in the time of the track or stack that it stands in
+    TimeRange range; ///< in the time of the track or stack, or from the start of the item, that it stands in
 };
 
 } // namespace Timeline

@@ -24,6 +24,14 @@ bool isShown(const TimeRange& part, const TimeRange& window) {
            (part.end() > window.start || (part.start == window.start && part.duration == Ticks(0)));
 }
 
+/// What `window` shows of that range.
+std::optional<TimeRange> withinOf(const TimeRange& range, const TimeRange& window) {
+    if (!isShown(range, window))
+        return std::nullopt;
+    const Ticks first = std::max(range.start, window.start);
+    return TimeRange{first, std::min(range.end(), window.end()) - first};
+}
+
 /// Where `window`, which shows the excerpt, has that range of the source.
 std::optional<TimeRange> shownOf(const TimeRange& range, const Excerpt& excerpt, const TimeRange& window) {
     if (excerpt.speed == 0) {
@@ -33,10 +41,7 @@ std::optional<TimeRange> shownOf(const TimeRange& range, const Excerpt& excerpt,
     }
     const TimeMap map{window.start, excerpt.start, excerpt.speed};
     const auto [start, end] = std::minmax({map.FromSource(range.start), map.FromSource(range.end())});
-    if (!isShown({start, end - start}, window))
-        return std::nullopt;
-    const Ticks first = std::max(start, window.start);
-    return TimeRange{first, std::min(end, window.end()) - first};
+    return withinOf({start, end - start}, window);
 }
 
 /// Of the stack's tracks; its own are already among those of the item that it is.
@@ -52,6 +57,14 @@ void appendShown(std::vector<Marker>& all, const Nested& nested, const TimeRange
     }
 }
 
+void appendOwn(std::vector<Marker>& all, const Item& item, const TimeRange& window) {
+    for (Marker marker : item.markers)
+        if (const auto shown = withinOf({window.start + marker.range.start, marker.range.duration}, window)) {
+            marker.range = *shown;
+            all.push_back(std::move(marker));
+        }
+}
+
 void append(std::vector<Marker>& all, const Track& track, Known& known) {
     append(all, track.markers());
     for (std::size_t index = 0; index < track.items().size(); ++index) {
@@ -60,7 +73,7 @@ void append(std::vector<Marker>& all, const Track& track, Known& known) {
         const TimeRange window{track.startOf(index), item.duration};
         if (!item.enabled || (nested && !known.emplace(nested->stack.get(), window.start).second))
             continue;
-        append(all, item.markers);
+        appendOwn(all, item, window);
         if (nested)
             appendShown(all, *nested, window);
     }

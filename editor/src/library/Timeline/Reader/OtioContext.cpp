@@ -24,6 +24,9 @@ OtioContext::Unseen::~Unseen() {
 void OtioContext::tell(Finding::Kind kind, const OtioNode& node, const std::string& text) {
     if (isUnseen && kind == Finding::Kind::MissingMedia)
         kind = Finding::Kind::Warning;
+    const bool isSpared = consequence && kind == Finding::Kind::Error;
+    if (isSpared)
+        kind = Finding::Kind::Warning;
     if (findings.size() >= MOST_FINDINGS) {
         ++untold;
         untoldErrors = untoldErrors || kind != Finding::Kind::Warning;
@@ -32,7 +35,7 @@ void OtioContext::tell(Finding::Kind kind, const OtioNode& node, const std::stri
     std::string place;
     for (const std::string& part : path)
         place += (place.empty() ? "" : ", ") + part;
-    findings.push_back({kind, place, node.pointer(), text});
+    findings.push_back({kind, place, node.pointer(), isSpared ? text + "; " + consequence : text});
 }
 
 std::vector<Finding> OtioContext::take() {

@@ -41,6 +41,21 @@ public:
         const bool before;
     };
 
+    /// While it lives, errors are warnings that end in `consequence`: what is wrong stands in nobody's way.
+    class Spared {
+    public:
+        Spared(OtioContext& context, const char* consequence)
+            : context(context) {
+            context.consequence = consequence;
+        }
+        ~Spared() { context.consequence = nullptr; }
+        Spared(const Spared&) = delete;
+        Spared& operator=(const Spared&) = delete;
+
+    private:
+        OtioContext& context;
+    };
+
     explicit OtioContext(const ReadingOptions& options)
         : options(options) {}
 
@@ -57,6 +72,7 @@ public:
 private:
     std::vector<std::string> path;
     bool isUnseen = false;
+    const char* consequence = nullptr; ///< of errors that are warnings; null where errors are errors
     std::vector<Finding> findings;
     std::size_t untold = 0;
     bool untoldErrors = false;

@@ -1,19 +1,17 @@
 #include "Timeline/Reader/OtioItems.h"
 
 #include "Kestra/Base/TimeMap.h"
+#include "Timeline/Reader/OtioMarkers.h"
 #include "Timeline/Reader/OtioSchema.h"
+#include "Timeline/Reader/OtioSpeed.h"
 #include "Timeline/Reader/OtioTime.h"
 #include "Timeline/Reader/TransitionFit.h"
 #include <algorithm>
-#include <cmath>
 
 namespace Timeline {
 namespace {
 
 using Kestra::Ticks;
-using Rate = boost::rational<long long>;
-
-constexpr double HIGHEST_SPEED = 100;
 
 bool hasTracks(const Stack& stack, Track::Kind kind) {
     for (const Track& track : stack.tracks())
@@ -79,7 +77,7 @@ std::shared_ptr<const Stack> OtioItems::readStack(const OtioNode& node) {
         for (std::size_t index = 0; index < children.size(); ++index)
             if (auto track = readTrackOrItem(children.at(index)))
                 tracks.push_back(std::move(*track));
-    return std::make_shared<Stack>(node.text("name"), std::move(tracks), readMarkers(node, Ticks(0)));
+    return std::make_shared<Stack>(node.text("name"), std::move(tracks), readMarkers(context, node, Ticks(0)));
 }
 
 std::optional<Track> OtioItems::readTrackOrItem(const OtioNode& node) {
@@ -115,7 +113,7 @@ std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
         return std::nullopt;
     }
     const Cut cut = readCut(node);
-    std::vector<Marker> markers = readMarkers(node, Ticks(0));
+    std::vector<Marker> markers = readMarkers(context, node, Ticks(0));
     if (cut.isNone())
         return readChildren(node, *kind, std::move(markers));
     const Track track = readChildren(node, *kind, {});
@@ -141,8 +139,6 @@ Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind, std::vecto
                 context.error(child, "the track lasts longer than a year");
                 break;
             }
-            for (Marker& marker : item->markers)
-                marker.range.start += end;
             end += item->duration;
             items.push_back(std::move(*item));
         }
@@ -184,7 +180,7 @@ std::optional<Item> OtioItems::readGap(const OtioNode& node) {
     const auto range = readRange(context, node["source_range"]);
     if (!range || range->duration == Ticks(0))
         return std::nullopt;
-    return Item{node.text("name"), range->duration, true, Gap{}, readMarkers(node, range->start)};
+    return Item{node.text("name"), range->duration, true, Gap{}, readMarkers(context, node, range->start)};
 }
 
 std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) {
@@ -193,7 +189,7 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     checkVersion(context, node);
     Clip clip;
     clip.media = media.read(node);
-    clip.excerpt.speed = readSpeed(node);
+    clip.excerpt.speed = readSpeed(context, node);
     const auto range = rangeOfClip(node, clip, kind);
     if (!range)
         return std::nullopt;
@@ -206,7 +202,7 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     if (clip.media.available)
         tellWhatIsBeyond(context, node, clip.excerpt, range->duration, *clip.media.available, "media");
     return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
-                readMarkers(node, range->start)};
+                readMarkers(context, node, range->start)};
 }
 
 std::optional<TimeRange> OtioItems::rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind) {
@@ -266,7 +262,7 @@ Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack,
 
 OtioItems::Cut OtioItems::readCut(const OtioNode& node) {
     Cut cut;
-    cut.speed = readSpeed(node);
+    cut.speed = readSpeed(context, node);
     if (node.has("source_range"))
         cut.range = readRange(context, node["source_range"]);
     return cut;
@@ -284,47 +280,6 @@ std::optional<Transition> OtioItems::readTransition(const OtioNode& node) {
         return Transition{node.text("name"), type, 0, *before, *behind};
     context.error(node, "a transition reaches a negative time to one side");
     return std::nullopt;
-}
-
-Rate OtioItems::readSpeed(const OtioNode& node) {
-    double speed = 1;
-    const OtioNode effects = node["effects"];
-    for (std::size_t index = 0; effects.isArray() && index < effects.size(); ++index) {
-        const OtioNode effect = effects.at(index);
-        const OtioKind kind = kindOf(effect);
-        checkVersion(context, effect);
-        const OtioNode scalar = effect["time_scalar"];
-        if (kind == OtioKind::FreezeFrame) {
-            speed = 0;
-        } else if (kind != OtioKind::TimeWarp) {
-            const std::string name = effect.text("effect_name");
-            context.warn(effect, "the effect \"" + name + "\" is not known and has none here");
-        } else if (scalar.value().IsNumber() && std::abs(speed * scalar.value().GetDouble()) <= HIGHEST_SPEED) {
-            speed *= scalar.value().GetDouble();
-        } else {
-            context.error(scalar, "the speed is no number from -100 to 100");
-        }
-    }
-    return exactFraction(speed);
-}
-
-std::vector<Marker> OtioItems::readMarkers(const OtioNode& node, Ticks shift) {
-    std::vector<Marker> markers;
-    const OtioNode list = node["markers"];
-    for (std::size_t index = 0; list.isArray() && index < list.size(); ++index) {
-        const OtioNode marker = list.at(index);
-        const OtioContext::Within within(context, "marker", marker.text("name"));
-        if (kindOf(marker) != OtioKind::Marker) {
-            context.warn(marker, "it is no marker and is left out");
-            continue;
-        }
-        checkVersion(context, marker);
-        if (auto range = readRange(context, marker["marked_range"])) {
-            range->start -= shift;
-            markers.push_back({marker.text("name"), marker.text("color"), marker.text("comment"), *range});
-        }
-    }
-    return markers;
 }
 
 } // namespace Timeline

@@ -34,8 +34,6 @@ private:
     std::optional<Item> readNested(const OtioNode& node, Track::Kind kind);
     std::optional<Transition> readTransition(const OtioNode& node);
     std::optional<TimeRange> rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind);
-    boost::rational<long long> readSpeed(const OtioNode& node);
-    std::vector<Marker> readMarkers(const OtioNode& node, Kestra::Ticks shift);
     Cut readCut(const OtioNode& node);
     /// Tells where the cut goes beyond the stack's contents.
     Item cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut);

@@ -12,8 +12,9 @@ struct Known {
     int newest;
 };
 
-constexpr std::array<Known, 18> KNOWN{{{"Timeline", OtioKind::Timeline, 1},
+constexpr std::array<Known, 19> KNOWN{{{"Timeline", OtioKind::Timeline, 1},
                                        {"SerializableCollection", OtioKind::Collection, 1},
+                                       {"SerializeableCollection", OtioKind::Collection, 1},
                                        {"Stack", OtioKind::Stack, 1},
                                        {"Track", OtioKind::Track, 1},
                                        {"Sequence", OtioKind::Track, 1},

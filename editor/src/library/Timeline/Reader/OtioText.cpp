@@ -90,6 +90,21 @@ std::string pointerOf(const Place* place) {
            (place->member.data() ? OtioNode::escaped(std::string(place->member)) : std::to_string(place->index));
 }
 
+/// In one go, however many there are.
+void dropMembers(rapidjson::Value& object, const std::vector<bool>& dropped) {
+    auto kept = object.MemberBegin();
+    auto member = object.MemberBegin();
+    for (const bool isDropped : dropped) {
+        if (!isDropped) {
+            kept->name.Swap(member->name);
+            kept->value.Swap(member->value);
+            ++kept;
+        }
+        ++member;
+    }
+    object.EraseMember(kept, object.MemberEnd());
+}
+
 /// Of members of one name the last one stays, as for most who read JSON.
 void dropDoubles(OtioContext& context, rapidjson::Value& object, const Place* place) {
     std::vector<std::pair<std::string_view, rapidjson::SizeType>> names;
@@ -97,19 +112,19 @@ void dropDoubles(OtioContext& context, rapidjson::Value& object, const Place* pl
     for (const auto& member : object.GetObject())
         names.emplace_back(std::string_view(member.name.GetString(), member.name.GetStringLength()), names.size());
     std::sort(names.begin(), names.end());
-    std::vector<rapidjson::SizeType> doubles;
+    std::vector<bool> dropped(names.size());
+    bool hasDoubles = false;
     for (std::size_t next = 1; next < names.size(); ++next) {
         const auto& [name, index] = names[next - 1];
         if (name != names[next].first)
             continue;
-        doubles.push_back(index);
+        dropped[index] = hasDoubles = true;
         if (next < 2 || names[next - 2].first != name)
             context.warn(OtioNode(object, pointerOf(place)),
                          '"' + std::string(name) + "\" stands in it more than once; the last one counts");
     }
-    std::sort(doubles.rbegin(), doubles.rend());
-    for (const rapidjson::SizeType index : doubles)
-        object.EraseMember(object.MemberBegin() + index);
+    if (hasDoubles)
+        dropMembers(object, dropped);
 }
 
 void settleDoubles(OtioContext& context, rapidjson::Value& value, const Place* place = nullptr) {
