@@ -78,7 +78,7 @@ class Case:
         return [*cut, "-i", str(WORK / self.source)]
 
     def scale(self):
-        return "null" if self.size == HD else f"scale={self.size[0]}:{self.size[1]}:flags=bicubic"
+        return "null" if self.size == HD else f"scale={self.size[0]}:{self.size[1]}:flags=bicubic:{timelines.CHROMA}"
 
     def reference(self):
         """What the outputs ought to look like: ffmpeg's inputs, and a graph that ends in [v]."""

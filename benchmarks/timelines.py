@@ -7,6 +7,9 @@ SECONDS_EACH = 12
 HANDLE = 1  # seconds of material before and behind each clip
 CLIPS = 10000
 TITLE = b"takes the number of the file"
+# Beside the left pixel, where it is; left to itself ffmpeg's scaler moves it.
+CHROMA_OUT = "out_h_chr_pos=0:out_v_chr_pos=128"
+CHROMA = f"in_h_chr_pos=0:in_v_chr_pos=128:{CHROMA_OUT}"
 
 
 def time(seconds, rate=RATE):
@@ -101,7 +104,7 @@ def mixed_parts():
         start, end = HANDLE, HANDLE + SECONDS_EACH
         start, end = (start, end + 0.5) if i == 1 else (start - 0.5, end) if i == 2 else (start, end)
         parts.append(f"[{i}:v]trim={start}:{end},setpts=PTS-STARTPTS,fps={RATE},scale=1920:1080:force_original_aspect_ratio="
-                     f"decrease:flags=bicubic,pad=1920:1080:-1:-1,setsar=1,settb=1/{RATE}[v{i}]")
+                     f"decrease:flags=bicubic:{CHROMA},pad=1920:1080:-1:-1,setsar=1,settb=1/{RATE}[v{i}]")
         sound.append(f"[{i}:a]atrim={start}:{end},asetpts=PTS-STARTPTS[a{i}]")
     # The fade gives one frame more.
     parts.append(f"[v1][v2]xfade=duration=1:offset={SECONDS_EACH - 0.5},settb=1/{RATE}[vx];[v0][vx][v3][v4]concat=n=4,"
@@ -110,7 +113,8 @@ def mixed_parts():
     return ";".join(parts), ";".join(sound)
 
 
-LAYERS = ("[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709,format=yuva420p[o];[0:v][o]overlay,trim=duration=10[v]",
+LAYERS = (f"[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709:{CHROMA_OUT},format=yuva420p[o];[0:v][o]overlay,"
+          "trim=duration=10[v]",
           "[0:a]atrim=duration=10[a]")
 
 

@@ -4,6 +4,7 @@ find_package(Boost 1.74 EXACT REQUIRED COMPONENTS stacktrace_backtrace)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
   libavformat>=59 libavcodec>=59 libavfilter>=8 libavutil>=57 libswscale>=6 libswresample>=4)
+pkg_check_modules(ZIMG REQUIRED IMPORTED_TARGET zimg>=3)
 pkg_check_modules(GLOG REQUIRED IMPORTED_TARGET libglog)
 pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip>=1.7)
 find_path(VALIJSON_INCLUDE_DIR valijson/adapters/qtjson_adapter.hpp REQUIRED)

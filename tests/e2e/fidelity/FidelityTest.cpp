@@ -35,8 +35,11 @@ Arguments operator+(Arguments first, const Arguments& second) {
     return first;
 }
 
+/// Chroma stands beside the left pixel; left to itself the program's scaler moves it.
+const char* const SCALED = "scale=640:360:in_h_chr_pos=0:in_v_chr_pos=128:out_h_chr_pos=0:out_v_chr_pos=128";
+
 const Case CASES[] = {
-    {"scaled", 960, 540, 640, 360, "yuv420p", "null", HD + Arguments{"-color_range", "tv"}, "scale=640:360", {}},
+    {"scaled", 960, 540, 640, 360, "yuv420p", "null", HD + Arguments{"-color_range", "tv"}, SCALED, {}},
     {"tenBit", 640, 360, 640, 360, "yuv420p10le", "null", HD + Arguments{"-color_range", "tv"}, "scale", {}},
     {"fourTwoTwo", 640, 360, 640, 360, "yuv422p", "null", HD + Arguments{"-color_range", "tv"}, "scale", {}},
     {"interlaced",

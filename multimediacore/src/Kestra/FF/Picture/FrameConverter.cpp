@@ -5,6 +5,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Picture/AlphaBlend.h"
 #include "Kestra/FF/Picture/BlendRows.h"
+#include "Kestra/FF/Picture/ChromaPlace.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
 #include "Kestra/FF/Picture/Premultiply.h"
 #include <algorithm>
@@ -132,9 +133,10 @@ void CopyTags(AVFrame& to, const AVFrame& from) {
 } // namespace
 
 bool FrameConverter::Setup::operator==(const Setup& other) const {
-    return std::tie(sourceWidth, sourceHeight, sourceFormat, width, height, format, pass.interpolation, pass.threads) ==
-               std::tie(other.sourceWidth, other.sourceHeight, other.sourceFormat, other.width, other.height,
-                        other.format, other.pass.interpolation, other.pass.threads) &&
+    return std::tie(sourceWidth, sourceHeight, sourceFormat, width, height, format, sourceLocation, pass.interpolation,
+                    pass.threads) == std::tie(other.sourceWidth, other.sourceHeight, other.sourceFormat, other.width,
+                                              other.height, other.format, other.sourceLocation,
+                                              other.pass.interpolation, other.pass.threads) &&
            SameColour(pass.before, other.pass.before) && SameColour(pass.after, other.pass.after);
 }
 
@@ -179,6 +181,7 @@ void FrameConverter::Configure(const Setup& wanted) {
     set("dst_range", fullAfter);
     set("sws_flags", pass.interpolation | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP);
     set("threads", pass.threads);
+    PlaceChroma(wanted);
     Check(sws_init_context(context.get(), nullptr, nullptr), TranscodingError::FilterFailed, what);
     // RGB has the coefficients of the matrix that it is made from or becomes.
     const int before = pass.before.matrix == AVCOL_SPC_RGB ? pass.after.matrix : pass.before.matrix;
@@ -190,8 +193,25 @@ void FrameConverter::Configure(const Setup& wanted) {
     setup = wanted;
 }
 
+// Left to itself it has chroma between the pixels, and moves it by up to half a pixel.
+void FrameConverter::PlaceChroma(const Setup& wanted) {
+    const auto place = [this](const char* end, int format, AVChromaLocation location) {
+        const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(format));
+        const ChromaPlace at = PlaceOf(location);
+        const std::string prefix(end);
+        if (descriptor.log2_chroma_w)
+            av_opt_set_int(context.get(), (prefix + "_h_chr_pos").c_str(), at.across, 0);
+        if (descriptor.log2_chroma_h)
+            av_opt_set_int(context.get(), (prefix + "_v_chr_pos").c_str(), at.down, 0);
+    };
+    place("src", wanted.sourceFormat, wanted.sourceLocation);
+    place("dst", wanted.format, MADE_LOCATION);
+}
+
 void FrameConverter::Scale(const AVFrame& from, AVFrame& to, const Pass& pass) {
-    Configure({from.width, from.height, from.format, to.width, to.height, to.format, pass});
+    if (planar.Scale(from, to, {pass.before, pass.after, pass.interpolation}))
+        return;
+    Configure({from.width, from.height, from.format, to.width, to.height, to.format, ChromaLocationOf(from), pass});
     Check(sws_scale_frame(context.get(), &to, &from), TranscodingError::FilterFailed, "Converting a picture failed");
     if (!IsPackedRgb(from)) // those the scaler widens itself
         WidenAlpha(to, AlphaDepthOf(from));
@@ -256,8 +276,10 @@ FrameHandle FrameConverter::Reshape(const AVFrame& frame, const FrameTarget& tar
                       IsWhole(target.source, target.width, target.height) && frame.width == target.width &&
                       frame.height == target.height;
     FrameHandle result = done ? MakeFrameReference(frame) : pool.Get(format, target.width, target.height);
-    if (!done)
+    if (!done) {
         CopyTags(*result, frame);
+        result->chroma_location = MADE_LOCATION;
+    }
     result->sample_aspect_ratio = target.sampleAspect;
     SetColour(*result, change.after);
     if (!done)

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/FF/Picture/ColourConverter.h"
 #include "Kestra/FF/Picture/FrameGeometry.h"
+#include "Kestra/FF/Picture/PlanarScaler.h"
 
 namespace Kestra::FF {
 
@@ -30,8 +31,9 @@ struct FrameTarget {
 
 /// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling;
 /// where it is kept, scaling and sharing of chroma weight colour by it (for formats that CanPremultiply knows).
-/// Interlaced frames are scaled field by field. One pass of libswscale does it all, unless the colour has to change
-/// by more than it does well: that follows in ColourConverter's pass.
+/// Interlaced frames are scaled field by field. One pass of libswscale or of PlanarScaler does it all, unless the
+/// colour has to change by more than they do well: that follows in ColourConverter's pass. Chroma is read where the
+/// frame says that it is, and stands beside the left pixel in what is made.
 class FrameConverter {
 public:
     /// The frame itself, on the same pixels, when it already is what is wanted. Times and side data stay.
@@ -52,6 +54,7 @@ private:
     struct Setup {
         int sourceWidth = 0, sourceHeight = 0, sourceFormat = -1;
         int width = 0, height = 0, format = -1;
+        AVChromaLocation sourceLocation = AVCHROMA_LOC_UNSPECIFIED;
         Pass pass;
         bool operator==(const Setup& other) const;
     };
@@ -63,6 +66,7 @@ private:
     FrameHandle Recolour(const AVFrame& frame, const FrameTarget& target, const ColourChange& change,
                          AVPixelFormat format);
     void Configure(const Setup& wanted);
+    void PlaceChroma(const Setup& wanted);
     void FillWeighted(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass);
     void Fill(AVFrame& result, const AVFrame& frame, const FrameTarget& target, const Pass& pass);
     void Scale(const AVFrame& from, AVFrame& to, const Pass& pass);
@@ -70,6 +74,7 @@ private:
 
     Setup setup;
     SwsContextHandle context;
+    PlanarScaler planar;
     FramePool pool;
     FramePool flattened;
     FramePool unfolded; ///< from a palette
