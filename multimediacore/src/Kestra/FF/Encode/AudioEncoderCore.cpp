@@ -12,6 +12,7 @@
 #include "Kestra/FF/Encode/ChunkedLoop.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
+#include "Kestra/FF/Encode/PacketBursts.h"
 #include "Kestra/FF/Encode/SampleBatches.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
@@ -31,8 +32,8 @@ constexpr int READ_AHEAD = 3;
 constexpr int FREE_FRAME_SIZE = 2048;
 /// More than these wait for their sound to be decoded.
 constexpr int MOST_WORKERS = 8;
-/// So that a thread that has done its chunk finds the next one.
-constexpr int WAITING_CHUNKS = 2;
+/// So that a thread that has done its chunk finds another one.
+constexpr int WAITING_CHUNKS = 1;
 
 boost::intrusive_ptr<IFormatCodecAudio> DescriptionOf(const Core::Property& tree) {
     auto description = IFormatCodecAudio::Create();
@@ -142,13 +143,13 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::Open() {
     chain = new SampleBatches(chain, total < 0 ? INT64_MAX : total - queue.GetCount());
     chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
     const auto rule = CountWorkers() > 0 ? Driver().ChunksOf(context) : std::nullopt;
-    return rule ? InChunks(std::move(opened), *rule, open) : std::move(opened);
+    return rule ? InChunks(std::move(opened), *rule, open) : std::make_unique<PacketBursts>(std::move(opened));
 }
 
 std::unique_ptr<IEncoderLoop> AudioEncoderCore::InChunks(std::unique_ptr<IEncoderLoop> model, const ChunkRule& rule,
                                                          ChunkEncoder::OpenOne open) {
     const std::shared_ptr<PacketJoiner> joiner = Driver().MakeJoiner(model->GetContext());
-    const auto encoder = std::make_shared<ChunkEncoder>(std::move(open), model->GetContext(), joiner);
+    const auto encoder = std::make_shared<ChunkEncoder>(std::move(open), rule.reusable, model->GetContext(), joiner);
     const int threads = CountWorkers();
     workers->Start(
         [encoder](const EncoderChunk& chunk, const auto& cancelled) { return encoder->Encode(chunk, cancelled); },

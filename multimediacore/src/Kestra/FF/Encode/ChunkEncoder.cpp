@@ -18,29 +18,51 @@ std::vector<std::uint8_t> HeaderOf(const AVCodecContext& context) {
 
 } // namespace
 
-ChunkEncoder::ChunkEncoder(OpenOne open, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner)
+ChunkEncoder::ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& model,
+                           std::shared_ptr<const PacketJoiner> joiner)
     : open(std::move(open))
+    , reusable(reusable)
     , header(HeaderOf(model))
     , padding(model.initial_padding)
     , frameSize(model.frame_size)
     , joiner(std::move(joiner)) {}
 
-Packets ChunkEncoder::Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) const {
-    const std::unique_ptr<IEncoderLoop> loop = open(chunk.first != INT64_MIN);
-    RequireSameHeader(loop->GetContext());
-    Packets kept;
+Packets ChunkEncoder::Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) {
+    std::unique_ptr<IEncoderLoop> loop = TakeOne(chunk.first != INT64_MIN);
+    Packets packets;
     for (const auto& frame : chunk.frames) {
         if (cancelled)
             KESTRA_THROW(Proc::Interrupted());
         loop->Send(frame.get());
-        Receive(*loop, chunk, kept);
+        Receive(*loop, chunk, packets);
     }
     if (chunk.end == INT64_MAX) {
         loop->Send(nullptr);
-        Receive(*loop, chunk, kept);
+        Receive(*loop, chunk, packets);
     }
-    RequireAll(chunk, kept);
-    return kept;
+    RequireAll(chunk, packets);
+    if (reusable && chunk.end != INT64_MAX)
+        KeepOne(std::move(loop));
+    return packets;
+}
+
+std::unique_ptr<IEncoderLoop> ChunkEncoder::TakeOne(bool inside) {
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!kept.empty()) {
+            auto loop = std::move(kept.back());
+            kept.pop_back();
+            return loop;
+        }
+    }
+    auto loop = open(inside);
+    RequireSameHeader(loop->GetContext());
+    return loop;
+}
+
+void ChunkEncoder::KeepOne(std::unique_ptr<IEncoderLoop> loop) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    kept.push_back(std::move(loop));
 }
 
 // A file has one header for all of them.
@@ -50,24 +72,24 @@ void ChunkEncoder::RequireSameHeader(const AVCodecContext& context) const {
                                                                                 "different headers");
 }
 
-void ChunkEncoder::Receive(IEncoderLoop& loop, const EncoderChunk& chunk, Packets& kept) const {
+void ChunkEncoder::Receive(IEncoderLoop& loop, const EncoderChunk& chunk, Packets& packets) const {
     PacketHandle packet;
     while (loop.Receive(packet) == IEncoderLoop::Step::Packet) {
         if (packet->pts < chunk.first || packet->pts >= chunk.end)
             continue;
         joiner->Place(packet, NumberOf(packet->pts));
-        kept.push_back(std::move(packet));
+        packets.push_back(std::move(packet));
     }
 }
 
 // The last chunk has as many as come.
-void ChunkEncoder::RequireAll(const EncoderChunk& chunk, const Packets& kept) const {
+void ChunkEncoder::RequireAll(const EncoderChunk& chunk, const Packets& packets) const {
     if (chunk.end == INT64_MAX)
         return;
     const std::int64_t first = std::max(chunk.first, -padding);
     const std::int64_t wanted = (chunk.end - first) / frameSize;
-    if (static_cast<std::int64_t>(kept.size()) != wanted)
-        Fail(TranscodingError::EncodeFailed, "A part of the sound has " + std::to_string(kept.size()) +
+    if (static_cast<std::int64_t>(packets.size()) != wanted)
+        Fail(TranscodingError::EncodeFailed, "A part of the sound has " + std::to_string(packets.size()) +
                                                  " packets instead of " + std::to_string(wanted));
 }
 

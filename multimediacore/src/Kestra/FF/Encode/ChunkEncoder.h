@@ -7,6 +7,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace Kestra::FF {
@@ -18,23 +19,28 @@ public:
     /// several threads.
     using OpenOne = std::function<std::unique_ptr<IEncoderLoop>(bool inside)>;
 
-    /// `model` is one of them; it is only looked at.
-    ChunkEncoder(OpenOne open, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner);
+    /// `model` is one of them; it is only looked at. Reusable encoders are kept for chunks to come.
+    ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner);
 
     /// Throws ProcException (EncodeFailed), and Interrupted soon after `cancelled` has become true.
-    EncoderChunk::Packets Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) const;
+    EncoderChunk::Packets Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled);
 
 private:
+    std::unique_ptr<IEncoderLoop> TakeOne(bool inside);
+    void KeepOne(std::unique_ptr<IEncoderLoop> loop);
     void RequireSameHeader(const AVCodecContext& context) const;
-    void Receive(IEncoderLoop& loop, const EncoderChunk& chunk, EncoderChunk::Packets& kept) const;
-    void RequireAll(const EncoderChunk& chunk, const EncoderChunk::Packets& kept) const;
+    void Receive(IEncoderLoop& loop, const EncoderChunk& chunk, EncoderChunk::Packets& packets) const;
+    void RequireAll(const EncoderChunk& chunk, const EncoderChunk::Packets& packets) const;
     std::int64_t NumberOf(std::int64_t pts) const { return (pts + padding) / frameSize; }
 
     const OpenOne open;
+    const bool reusable;
     const std::vector<std::uint8_t> header;
     const std::int64_t padding;
     const std::int64_t frameSize;
     const std::shared_ptr<const PacketJoiner> joiner;
+    std::mutex mutex; ///< guards what follows
+    std::vector<std::unique_ptr<IEncoderLoop>> kept;
 };
 
 } // namespace Kestra::FF

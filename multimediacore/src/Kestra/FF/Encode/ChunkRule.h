@@ -7,6 +7,8 @@ namespace Kestra::FF {
 struct ChunkRule {
     int leadIn = 0; ///< that an encoder hears before its first packet counts
     int behind = 0; ///< that have to follow before its last packet comes out
+    /// Packets depend on their own frame alone, so that an encoder may go on with any other chunk.
+    bool reusable = false;
 };
 
 } // namespace Kestra::FF

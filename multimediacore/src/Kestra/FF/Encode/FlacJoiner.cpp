@@ -7,6 +7,7 @@
 #include <utility>
 
 extern "C" {
+#include <libavutil/bswap.h>
 #include <libavutil/crc.h>
 #include <libavutil/intreadwrite.h>
 }
@@ -65,7 +66,49 @@ Number Coded(std::int64_t number) {
 }
 
 std::uint32_t Crc16(const std::uint8_t* bytes, int size) {
-    return av_crc(av_crc_get_table(AV_CRC_16_ANSI), 0, bytes, static_cast<std::size_t>(size));
+    const auto* const table = av_crc_get_table(AV_CRC_16_ANSI);
+    return av_bswap16(static_cast<std::uint16_t>(av_crc(table, 0, bytes, static_cast<std::size_t>(size))));
+}
+
+// Polynomials over two, modulo that of the checksum.
+std::uint32_t Times(std::uint32_t a, std::uint32_t b) {
+    std::uint32_t product = 0;
+    for (int bit = 15; bit >= 0; --bit) {
+        product <<= 1;
+        product ^= (product & 0x10000) != 0 ? 0x18005 : 0;
+        product ^= (b >> bit & 1) != 0 ? a : 0;
+    }
+    return product;
+}
+
+/// What `checksum` becomes when so many bytes of zero follow.
+std::uint32_t Followed(std::uint32_t checksum, int bytes) {
+    constexpr std::uint32_t byByte = 1 << 8;
+    std::uint32_t square = byByte;
+    for (std::uint32_t left = static_cast<std::uint32_t>(bytes); left > 0; left >>= 1) {
+        checksum = (left & 1) != 0 ? Times(checksum, square) : checksum;
+        square = Times(square, square);
+    }
+    return checksum;
+}
+
+/// A packet of the frame's bytes in which a number of `size` bytes has room in the place of one of `before`.
+PacketHandle WithRoom(PacketHandle frame, int before, int size) {
+    if (before == size) {
+        Check(av_packet_make_writable(frame.get()), TranscodingError::OutOfMemory, "packet");
+        return frame;
+    }
+    PacketHandle result = MakePacket();
+    Check(av_new_packet(result.get(), frame->size + size - before), TranscodingError::OutOfMemory, "packet");
+    Check(av_packet_copy_props(result.get(), frame.get()), TranscodingError::OutOfMemory, "packet");
+    std::memcpy(result->data, frame->data, NUMBER_AT);
+    std::memcpy(result->data + NUMBER_AT + size, frame->data + NUMBER_AT + before,
+                static_cast<std::size_t>(frame->size - NUMBER_AT - before));
+    return result;
+}
+
+int SizeOfHeader(const std::uint8_t* frame, int sizeOfNumber) {
+    return NUMBER_AT + sizeOfNumber + SizeOfRest(frame) + 1;
 }
 
 void SealHeader(std::uint8_t* frame, int size) {
@@ -102,17 +145,15 @@ void FlacJoiner::Place(PacketHandle& packet, std::int64_t number) const {
     const Number placed = Coded(number);
     if (before == placed.size && std::memcmp(packet->data + NUMBER_AT, placed.bytes.data(), placed.size) == 0)
         return;
-    PacketHandle result = MakePacket();
-    Check(av_new_packet(result.get(), packet->size + placed.size - before), TranscodingError::OutOfMemory, "packet");
-    Check(av_packet_copy_props(result.get(), packet.get()), TranscodingError::OutOfMemory, "packet");
-    std::uint8_t* const data = result->data;
-    std::memcpy(data, packet->data, NUMBER_AT);
+    const std::uint32_t header = Crc16(packet->data, SizeOfHeader(packet->data, before));
+    packet = WithRoom(std::move(packet), before, placed.size);
+    std::uint8_t* const data = packet->data;
     std::memcpy(data + NUMBER_AT, placed.bytes.data(), static_cast<std::size_t>(placed.size));
-    std::memcpy(data + NUMBER_AT + placed.size, packet->data + NUMBER_AT + before,
-                static_cast<std::size_t>(packet->size - NUMBER_AT - before));
-    SealHeader(data, NUMBER_AT + placed.size + SizeOfRest(data) + 1);
-    AV_WL16(data + result->size - END_SIZE, Crc16(data, result->size - END_SIZE));
-    packet = std::move(result);
+    const int size = SizeOfHeader(data, placed.size);
+    SealHeader(data, size);
+    // The sum of a frame is linear in its bytes: what follows the header need not be summed up again.
+    std::uint8_t* const end = data + packet->size - END_SIZE;
+    AV_WB16(end, AV_RB16(end) ^ Followed(header ^ Crc16(data, size), packet->size - END_SIZE - size));
 }
 
 void FlacJoiner::Join(AVPacket& packet) {

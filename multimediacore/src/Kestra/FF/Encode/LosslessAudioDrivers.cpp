@@ -31,8 +31,7 @@ public:
     PacketLength LengthsOf(const AVCodecContext&) const override {
         return [](const AVPacket& packet) { return packet.duration; };
     }
-    // What a packet holds depends on no other.
-    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{}; }
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{0, 0, true}; }
 
 private:
     static constexpr int DEEPEST = 24;

@@ -29,7 +29,7 @@ public:
     std::optional<ChunkRule> ChunksOf(const AVCodecContext& context) const override {
         if (OptionOf(context, "aac_pred") != 0 || OptionOf(context, "aac_ltp") != 0)
             return std::nullopt;
-        return ChunkRule{8, 1};
+        return ChunkRule{8, 1, false};
     }
     // Its rate control begins far below where it stays, and takes seconds to climb there. From above, where this puts
     // it, it falls within some packets.
@@ -51,7 +51,7 @@ public:
         constexpr int leadInMs = 480;
         if (MayCodeSpeech(context))
             return std::nullopt;
-        return ChunkRule{context.sample_rate * leadInMs / 1000 / context.frame_size, 1};
+        return ChunkRule{context.sample_rate * leadInMs / 1000 / context.frame_size, 1, false};
     }
     void SetMode(AVCodecContext& context, const std::string& mode) const override {
         Check(av_opt_set(context.priv_data, "vbr", mode == "cbr" ? "off" : "on", 0), TranscodingError::CodecRefused,
@@ -74,7 +74,7 @@ public:
         : AudioDriver(Conf::CodecID::AC3, "ac3") {}
 
     // Nothing but the half of a window leads from packet to packet.
-    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{1, 0}; }
+    std::optional<ChunkRule> ChunksOf(const AVCodecContext&) const override { return ChunkRule{1, 0, false}; }
 };
 
 class Mp3 final : public AudioDriver {
