@@ -1,6 +1,7 @@
 #include "ExportCore/TimelineOpening.h"
 
 #include "ExportCore/TimelineMedia.h"
+#include "Kestra/Proc/ProcException.h"
 #include "Timeline/DocumentEdit.h"
 #include "Timeline/Reader/OtioReader.h"
 #include <utility>
@@ -26,7 +27,11 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
     reading.lengthOf = [&media](const Timeline::MediaReference& reference, Timeline::Track::Kind kind) {
         return media.lengthOf(reference, kind);
     };
+    reading.interrupted = interrupted;
     opening.reading = Timeline::OtioReader().read(Kestra::ioPath(path), reading);
+    if (interrupted && *interrupted)
+        KESTRA_THROW(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::SourceUnreadable,
+                                                 "Reading \"" + path + "\" was interrupted"));
     if (!opening.reading.document)
         return opening;
     for (Finding& finding : media.check(*opening.reading.document))

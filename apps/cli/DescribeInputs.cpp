@@ -80,9 +80,10 @@ std::string lineOf(const std::string& path, const MediaInfo& info) {
     return line.toStdString();
 }
 
-void describeMedia(const std::string& path, const Options& options, QJsonArray& media) {
+void describeMedia(const std::string& path, const Options& options, const std::atomic<bool>& interrupted,
+                   QJsonArray& media) {
     const auto source = Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(
-        Kestra::ioPath(path), nullptr, options.mediaLimits);
+        Kestra::ioPath(path), &interrupted, options.mediaLimits);
     QStringList damage, notes;
     for (const Kestra::Proc::DamageReport& report : source->TakeDamageReports())
         damage << text(report.what);
@@ -97,9 +98,10 @@ void describeMedia(const std::string& path, const Options& options, QJsonArray& 
         ErrorOutput::tell("note", '"' + path + "\": " + what.toStdString());
 }
 
-bool describeTimelineInput(const std::string& path, const Options& options, QJsonArray& timelines) {
+bool describeTimelineInput(const std::string& path, const Options& options, const std::atomic<bool>& interrupted,
+                           QJsonArray& timelines) {
     QJsonObject timeline;
-    const bool isGood = describeTimeline(path, options, options.json ? &timeline : nullptr);
+    const bool isGood = describeTimeline(path, options, interrupted, options.json ? &timeline : nullptr);
     timelines.append(timeline);
     return isGood;
 }
@@ -113,7 +115,7 @@ void printJson(const QJsonArray& media, const QJsonArray& timelines) {
 
 } // namespace
 
-int describeInputs(const Options& options) {
+int describeInputs(const Options& options, const std::atomic<bool>& interrupted) {
     bool isGood = true;
     QJsonArray media, timelines;
     for (const bool onlyLook : {true, false})
@@ -122,9 +124,9 @@ int describeInputs(const Options& options) {
                 if (onlyLook && !ExportCore::TimelineOpening::isTimeline(input))
                     ExportCore::RequestCheck::inputs({text(input)});
                 else if (!onlyLook && ExportCore::TimelineOpening::isTimeline(input))
-                    isGood = describeTimelineInput(input, options, timelines) && isGood;
+                    isGood = describeTimelineInput(input, options, interrupted, timelines) && isGood;
                 else if (!onlyLook)
-                    describeMedia(input, options, media);
+                    describeMedia(input, options, interrupted, media);
             } catch (const std::exception& error) {
                 ErrorOutput::refuse(error.what(), input);
                 return EXIT_BAD_INPUT;

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "cli/Options.h"
+#include <atomic>
 
 namespace Cli {
 
 /// Both print to standard output and return the exit code. Throw ExportCore::Refusal.
 int listPresets(const Options& options);
-int describeInputs(const Options& options);
+/// Ends early when `interrupted` turns true.
+int describeInputs(const Options& options, const std::atomic<bool>& interrupted);
 
 } // namespace Cli

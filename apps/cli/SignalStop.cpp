@@ -3,7 +3,6 @@
 #include "Kestra/Util/RemovalOnTheSpot.h"
 #include "cli/ExitCode.h"
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -16,6 +15,7 @@ namespace {
 
 constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
 constexpr unsigned PATIENCE_SECONDS = 2;
+constexpr unsigned LAST_PATIENCE_SECONDS = 5;
 
 // What a signal handler may use.
 std::array<char, PATH_MAX> sessionFolder;
@@ -23,16 +23,25 @@ std::atomic<int> signalsSeen{0};
 std::atomic<int> firstSignal{0};
 std::atomic<int> lastCode{0};
 std::array<int, 2> wakePipe{-1, -1};
+std::atomic<bool> flag{false};
 
 void onAlarm(int) {
     _exit(lastCode);
 }
 
 // Where the end itself hangs, in a folder that does not answer.
-void setAlarm(int code) noexcept {
+void setAlarm(int code, unsigned seconds) noexcept {
     lastCode = code;
     signal(SIGALRM, onAlarm);
-    alarm(PATIENCE_SECONDS);
+    alarm(seconds);
+}
+
+void onSignalForFlag(int number) {
+    if (signalsSeen.fetch_add(1) > 0)
+        SignalStop::endOnTheSpot(EXIT_SIGNAL_BASE + number);
+    firstSignal = number;
+    flag = true;
+    setAlarm(EXIT_SIGNAL_BASE + number, LAST_PATIENCE_SECONDS);
 }
 
 void onSignal(int number) {
@@ -46,15 +55,9 @@ void onSignal(int number) {
     errno = savedError;
 }
 
-} // namespace
-
-SignalStop::SignalStop() {
-    if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        qFatal("No pipe for signals: %s", std::strerror(errno));
-    notifier = std::make_unique<QSocketNotifier>(wakePipe[0], QSocketNotifier::Read);
-    connect(notifier.get(), &QSocketNotifier::activated, this, &SignalStop::onReadable);
+void handleSignals(void (*handler)(int)) {
     struct sigaction action = {};
-    action.sa_handler = onSignal;
+    action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
     for (const int number : SIGNALS) {
@@ -66,9 +69,36 @@ SignalStop::SignalStop() {
     }
 }
 
-SignalStop::~SignalStop() {
+void handleNoSignals() {
     for (const int number : SIGNALS)
         signal(number, SIG_DFL);
+}
+
+} // namespace
+
+SignalFlag::SignalFlag() {
+    handleSignals(&onSignalForFlag);
+}
+
+SignalFlag::~SignalFlag() {
+    handleNoSignals();
+    alarm(0);
+}
+
+const std::atomic<bool>& SignalFlag::isSet() const {
+    return flag;
+}
+
+SignalStop::SignalStop() {
+    if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        qFatal("No pipe for signals: %s", std::strerror(errno));
+    notifier = std::make_unique<QSocketNotifier>(wakePipe[0], QSocketNotifier::Read);
+    connect(notifier.get(), &QSocketNotifier::activated, this, &SignalStop::onReadable);
+    handleSignals(&onSignal);
+}
+
+SignalStop::~SignalStop() {
+    handleNoSignals();
     notifier.reset();
     for (int& end : wakePipe)
         close(std::exchange(end, -1));
@@ -80,7 +110,7 @@ void SignalStop::setSessionFolder(const QByteArray& path) {
 }
 
 void SignalStop::endOnTheSpot(int code) noexcept {
-    setAlarm(code);
+    setAlarm(code, PATIENCE_SECONDS);
     if (sessionFolder[0] != '\0')
         rmdir(sessionFolder.data());
     Kestra::Util::RemovalOnTheSpot::removeAll();

@@ -1,9 +1,10 @@
-// Cli::SignalStop: interruption from outside, gently at first.
+// Cli::SignalStop, SignalFlag: interruption from outside, gently at first.
 #pragma once
 
 #include <QByteArray>
 #include <QObject>
 #include <QSocketNotifier>
+#include <atomic>
 #include <memory>
 
 namespace Cli {
@@ -31,6 +32,18 @@ private:
     void onReadable();
 
     std::unique_ptr<QSocketNotifier> notifier;
+};
+
+/// The same for what runs without an event loop: the first signal sets a flag, and after five seconds more, or by the
+/// second, the process ends on the spot. One at a time, and none beside a SignalStop.
+class SignalFlag {
+public:
+    SignalFlag();
+    ~SignalFlag();
+    SignalFlag(const SignalFlag&) = delete;
+    SignalFlag& operator=(const SignalFlag&) = delete;
+
+    const std::atomic<bool>& isSet() const;
 };
 
 } // namespace Cli

@@ -82,14 +82,15 @@ const char* labelOf(Finding::Kind kind) {
     return kind == Finding::Kind::Warning ? "warning" : "error";
 }
 
-Timeline::Reading readTimeline(const std::string& input, const Options& options) {
-    return ExportCore::TimelineOpening::read(input, options.timelines, options.mediaLimits).reading;
+Timeline::Reading readTimeline(const std::string& input, const Options& options, const std::atomic<bool>& interrupted) {
+    return ExportCore::TimelineOpening::read(input, options.timelines, options.mediaLimits, &interrupted).reading;
 }
 
 } // namespace
 
-bool describeTimeline(const std::string& input, const Options& options, QJsonObject* json) {
-    const Timeline::Reading reading = readTimeline(input, options);
+bool describeTimeline(const std::string& input, const Options& options, const std::atomic<bool>& interrupted,
+                      QJsonObject* json) {
+    const Timeline::Reading reading = readTimeline(input, options, interrupted);
     if (json) {
         *json = reading.document ? jsonOf(*reading.document) : QJsonObject();
         json->insert(key("path"), QString::fromStdString(input));
@@ -108,11 +109,11 @@ bool describeTimeline(const std::string& input, const Options& options, QJsonObj
     return reading.document != nullptr;
 }
 
-int validateTimelines(const Options& options) {
+int validateTimelines(const Options& options, const std::atomic<bool>& interrupted) {
     bool good = true;
     QJsonArray timelines;
     for (const std::string& input : options.inputs) {
-        const Timeline::Reading reading = readTimeline(input, options);
+        const Timeline::Reading reading = readTimeline(input, options, interrupted);
         good =
             good && reading.document && !reading.has(Finding::Kind::Error) && !reading.has(Finding::Kind::MissingMedia);
         if (options.json)

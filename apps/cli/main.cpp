@@ -29,14 +29,27 @@
 
 namespace {
 
+/// What looks at media is ended by a signal with all that it has unpacked.
+template <class Command>
+int runInterruptibly(const Command& command, const Cli::Options& options) {
+    const Cli::SignalFlag signal;
+    int code = Cli::EXIT_BAD_INPUT;
+    try {
+        code = command(options, signal.isSet());
+    } catch (const std::exception& error) {
+        Cli::ErrorOutput::refuse(error.what());
+    }
+    return signal.isSet() ? Cli::EXIT_SIGNAL_BASE + Cli::SignalStop::received() : code;
+}
+
 int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
     switch (options.command) {
     case Cli::Options::Command::Presets:
         return Cli::listPresets(options);
     case Cli::Options::Command::Info:
-        return Cli::describeInputs(options);
+        return runInterruptibly(Cli::describeInputs, options);
     case Cli::Options::Command::Validate:
-        return Cli::validateTimelines(options);
+        return runInterruptibly(Cli::validateTimelines, options);
     case Cli::Options::Command::Render:
         break;
     }

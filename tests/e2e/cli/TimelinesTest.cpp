@@ -1,8 +1,11 @@
 // "info" and "validate" of timelines, over real media.
 #include "TimelineFixture.h"
+#include "support/FileHelpers.h"
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <csignal>
 #include <filesystem>
+#include <zip.h>
 
 using namespace TestCli;
 
@@ -130,6 +133,46 @@ TEST_F(Timelines, FindTheirMediaBelowAnotherFolder) {
     const std::string cut = write(clipOf("a", "/elsewhere/both.mov", 0, 10), {}, "sub.otio");
     EXPECT_EQ(run({"validate", cut}).code, 2);
     EXPECT_EQ(run({"validate", "--media-root", *media / "", cut}).code, 0);
+}
+
+/// A timeline with a medium that takes half a second to unpack.
+void packSlowly(const std::string& path, const std::string& timeline) {
+    std::string noise(12 << 20, '\0');
+    std::uint32_t number = 1;
+    for (char& one : noise)
+        one = static_cast<char>((number = number * 1664525 + 1013904223) >> 24);
+    int error = 0;
+    zip_t* const archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+    ASSERT_TRUE(archive);
+    const auto add = [archive](const char* name, const std::string& content, zip_int32_t method) {
+        zip_source_t* const source = zip_source_buffer(archive, content.data(), content.size(), 0);
+        const zip_int64_t index = zip_file_add(archive, name, source, 0);
+        EXPECT_EQ(zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), method, 1), 0) << name;
+    };
+    add("content.otio", timeline, ZIP_CM_STORE);
+    add("media/slow.mov", noise, ZIP_CM_BZIP2);
+    EXPECT_EQ(zip_close(archive), 0);
+}
+
+TEST_F(Timelines, ThatAreEndedByASignalLeaveNothingOfTheirArchives) {
+    const TestMedia::Folder place, temporary;
+    const std::string cut = write(clipOf("slow", "media/slow.mov", 0, 10), {}, "slow.otio");
+    packSlowly(place / "slow.otioz", TestFiles::read(cut).toStdString());
+    const auto isAtIt = [&temporary] {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(temporary / ""))
+            if (entry.path().filename() == "slow.mov" && entry.file_size() > 0)
+                return true;
+        return false;
+    };
+    for (const char* const command : {"validate", "info"}) {
+        Program program({command, place / "slow.otioz"});
+        program.setEnvironment("TMPDIR", temporary / "");
+        program.start();
+        ASSERT_TRUE(program.waitUntil(isAtIt)) << program.finish().errors.toStdString();
+        program.signal(SIGTERM);
+        EXPECT_EQ(program.finish().code, 128 + SIGTERM) << command;
+        EXPECT_TRUE(std::filesystem::is_empty(temporary / "")) << command;
+    }
 }
 
 TEST_F(Timelines, ThatCannotBeReadAreRefusedWithTheReason) {

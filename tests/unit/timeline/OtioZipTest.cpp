@@ -155,6 +155,61 @@ TEST_F(OtioZip, HasThePicturesOfSequencesAndOfWhatIsNested) {
     EXPECT_EQ(contentOf(shot / "../n.mov"), "nested");
 }
 
+TEST_F(OtioZip, FindsItsMediaHoweverTheFolderIsWritten) {
+    const std::string path = pack({cut({"media/b.mov"}), {"media/b.mov", "bytes"}, {"media/c.mov", "others"}});
+    fs::create_directory_symlink(folder / "tmp", folder / "link");
+    for (const char* const written : {"tmp/../tmp", "./tmp//", "link", "tmp/../link/."}) {
+        ::setenv("TMPDIR", (folder / written).c_str(), 1);
+        const Reading reading = readZip(path);
+        EXPECT_EQ(inWords(reading), "") << written;
+        const fs::path file = fileOf(reading, 0);
+        EXPECT_EQ(file.parent_path().parent_path().parent_path(), fs::canonical(folder / "tmp")) << written;
+        EXPECT_EQ(contentOf(file), "bytes") << written;
+        EXPECT_FALSE(fs::exists(file.parent_path() / "c.mov")) << "an empty file is no medium";
+    }
+    for (const std::string& none : {std::string(), (folder / "none").string(), (folder / "a.mov").string()}) {
+        ::setenv("TMPDIR", none.c_str(), 1);
+        const Reading reading = readZip(path);
+        EXPECT_EQ(inWords(reading), "") << none;
+        EXPECT_EQ(fs::path(fileOf(reading, 0)).parent_path().parent_path().parent_path(), fs::canonical("/tmp"));
+    }
+}
+
+TEST_F(OtioZip, AddsUpWhatItUnpacks) {
+    std::vector<std::string> media;
+    std::vector<Packed> entries;
+    for (int index = 0; index < 9; ++index) {
+        media.push_back("media/" + std::to_string(index) + ".mov");
+        entries.push_back({media.back(), std::string(16 << 20, '\0'), false});
+    }
+    entries.push_back(cut(media));
+    const std::string path = pack(entries);
+    const Reading reading = readZip(path);
+    ASSERT_EQ(reading.findings.size(), 2U) << inWords(reading);
+    EXPECT_EQ(reading.findings[0].text.find("its entry \"media/7.mov\" makes 129 MiB of an archive of "), 0U)
+        << inWords(reading);
+    EXPECT_EQ(fs::file_size(fileOf(reading, 6)), 16U << 20);
+}
+
+TEST_F(OtioZip, IsNotUnpackedAnyFurtherWhenThatIsInterrupted) {
+    std::atomic<bool> interrupted{false};
+    ReadingOptions options;
+    options.interrupted = &interrupted;
+    options.lengthOf = [&interrupted](const MediaReference&, Track::Kind) {
+        interrupted = true;
+        return std::optional(frames(7));
+    };
+    const std::string open = objectOf("Clip.1", "c", R"(,"media_reference":)" + fileReference("media/b.mov"));
+    const std::string known = clipOf("d", rangeOf(0, 5), fileReference("media/c.mov"));
+    const Reading reading = readZip(pack({{"content.otio", timelineOf({trackOf({open, known})})},
+                                          {"media/b.mov", "bytes"},
+                                          {"media/c.mov", "others"}}),
+                                    options);
+    EXPECT_EQ(inWords(reading), "its entry \"media/c.mov\" is not unpacked: that was stopped\n");
+    EXPECT_EQ(contentOf(fileOf(reading, 0)), "bytes");
+    EXPECT_TRUE(reading.has(Finding::Kind::Error));
+}
+
 TEST_F(OtioZip, TellsMediaThatAreNotInIt) {
     const Reading reading = readZip(pack({cut({"media/none.mov"})}));
     EXPECT_TRUE(reading.has(Finding::Kind::MissingMedia)) << inWords(reading);
@@ -269,11 +324,26 @@ TEST(ZipEntry, IsHeldAgainstTheFreeSpace) {
     ZipArchive::Entry entry;
     entry.name = "media/b.mov";
     entry.size = entry.packed = 1000ULL << 20;
-    EXPECT_EQ(ZipArchive::whyNot(entry, 1064ULL << 20), "");
-    EXPECT_EQ(ZipArchive::whyNot(entry, 1063ULL << 20),
-              "takes 1000 MiB, and where it would be unpacked 1063 MiB are free");
+    const auto whyNot = [&entry](std::uint64_t free) { return ZipArchive::whyNot(entry, {free, 0, entry.packed}); };
+    EXPECT_EQ(whyNot(1064ULL << 20), "");
+    EXPECT_EQ(whyNot(1063ULL << 20), "takes 1000 MiB, and where it would be unpacked 1063 MiB are free");
     entry.size = entry.packed = UINT64_MAX;
-    EXPECT_NE(ZipArchive::whyNot(entry, 1000ULL << 20), "");
+    EXPECT_NE(whyNot(1000ULL << 20), "");
+}
+
+TEST(ZipEntry, IsHeldAgainstTheArchiveTogetherWithTheOthers) {
+    constexpr std::uint64_t MEBIBYTE = 1 << 20;
+    ZipArchive::Entry entry;
+    entry.name = "media/b.mov";
+    entry.size = 16 * MEBIBYTE;
+    entry.packed = 16 << 10;
+    const auto whyNot = [&entry](std::uint64_t unpacked, std::uint64_t archive) {
+        return ZipArchive::whyNot(entry, {UINT64_MAX, unpacked, archive});
+    };
+    EXPECT_EQ(whyNot(112 * MEBIBYTE, 1000), "") << "so little does no harm";
+    EXPECT_EQ(whyNot(113 * MEBIBYTE, 1000), "makes 129 MiB of an archive of 1000 bytes, which media never do");
+    EXPECT_EQ(whyNot(984 * MEBIBYTE, 20 * MEBIBYTE), "");
+    EXPECT_NE(whyNot(1034 * MEBIBYTE, 20 * MEBIBYTE), "");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "Kestra/Base/ioPath.h"
 #include "Timeline/Document.h"
 #include "Timeline/Finding.h"
+#include <atomic>
 #include <functional>
 
 namespace Timeline {
@@ -18,6 +19,8 @@ struct ReadingOptions {
     /// How long media last whose length the timeline does not tell, and nothing where they cannot be read. Called on
     /// the reading thread. Empty: unknown.
     std::function<std::optional<Kestra::Ticks>(const MediaReference&, Track::Kind)> lengthOf{};
+    /// Borrowed for the call, unless null: ends what takes long when it turns true. What is lacking then is an error.
+    const std::atomic<bool>* interrupted = nullptr;
 };
 
 /// A value.

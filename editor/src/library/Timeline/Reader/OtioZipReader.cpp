@@ -36,7 +36,7 @@ ReadingOptions withMedia(const ReadingOptions& options, ZipMedia& media) {
     ReadingOptions own = options;
     if (options.lengthOf)
         own.lengthOf = [&](const MediaReference& reference, Track::Kind kind) {
-            media.unpack(reference);
+            media.failsToUnpack(reference);
             return options.lengthOf(reference, kind);
         };
     return own;
@@ -61,8 +61,9 @@ Reading readWith(ZipMedia& media, const ReadingOptions& options) {
     if (reading.document) {
         // What cannot be unpacked is told as an entry of the archive, and not as a medium once more.
         auto kept = std::make_shared<Document>(*withMissing(*reading.document, [&media](const MediaReference& one) {
-            return media.unpack(one) ? std::string() : "cannot be unpacked";
+            return media.failsToUnpack(one) ? "cannot be unpacked" : std::string();
         }));
+        media.removeRest();
         kept->resources = media.folder();
         reading.document = std::move(kept);
     }
@@ -84,7 +85,7 @@ Reading OtioZipReader::read(const Kestra::ioPath& file, const ReadingOptions& op
     if (const std::string trouble = archive.open(file.ToUtf8()); !trouble.empty())
         return refusal(trouble);
     try {
-        ZipMedia media(archive);
+        ZipMedia media(archive, options.interrupted);
         return readWith(media, options);
     } catch (const std::system_error& error) {
         return refusal("there is no folder to unpack it to: " + error.code().message());

@@ -74,10 +74,17 @@ int markIn(const std::string& folder) {
     return -1;
 }
 
+/// In plain form, so that the paths of what lies in it can be compared.
+fs::path temporaryFolder() {
+    std::error_code error;
+    const fs::path told = fs::temp_directory_path(error);
+    return fs::canonical(error ? fs::path("/tmp") : told);
+}
+
 } // namespace
 
 PrivateFolder::PrivateFolder() {
-    const fs::path parent = fs::absolute(fs::temp_directory_path());
+    const fs::path parent = temporaryFolder();
     sweep(parent);
     folder = (parent / (std::string(PREFIX) + "XXXXXX")).string();
     if (!::mkdtemp(folder.data()))

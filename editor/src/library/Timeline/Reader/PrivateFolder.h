@@ -5,9 +5,9 @@
 
 namespace Timeline {
 
-/// Below the system's folder for temporary files, for this user alone (0700). Removed with all that is in it; what
-/// cannot be removed stays, silently. What processes that were killed have left of the same user is removed when the
-/// next one is made.
+/// Below the system's folder for temporary files, or /tmp where there is none, for this user alone (0700). Removed with
+/// all that is in it; what cannot be removed stays, silently. What processes that were killed have left of the same
+/// user is removed when the next one is made.
 class PrivateFolder {
 public:
     /// Throws std::system_error.
@@ -16,7 +16,7 @@ public:
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
 
-    /// Absolute.
+    /// Absolute, without links and steps back.
     const std::string& path() const { return folder; }
 
 private:

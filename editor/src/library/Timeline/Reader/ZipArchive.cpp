@@ -19,6 +19,9 @@ constexpr std::int64_t MOST_ENTRIES = 1'000'000;
 // Deflated media hardly become smaller at all. What is short is let pass: it may be black.
 constexpr std::uint64_t MOST_TIMES = 200;
 constexpr std::uint64_t SHORT = 16ULL << 20;
+// Likewise of all that is unpacked: many that are short, and such as share their bytes, add up.
+constexpr std::uint64_t MOST_TIMES_TOGETHER = 50;
+constexpr std::uint64_t SHORT_TOGETHER = 128ULL << 20;
 /// What is to be left of the disk.
 constexpr std::uint64_t RESERVE = 64ULL << 20;
 constexpr int UNIX_MODE_SHIFT = 16;
@@ -59,6 +62,9 @@ std::string ZipArchive::open(const std::string& path) {
     const auto status = fs::status(path, error);
     if (!fs::is_regular_file(status))
         return fs::exists(status) ? "it is no plain file" : "it is not there";
+    bytes = fs::file_size(path, error);
+    if (error)
+        return error.message();
     int code = 0;
     archive.reset(zip_open(path.c_str(), ZIP_RDONLY, &code));
     if (!archive)
@@ -86,7 +92,7 @@ std::string ZipArchive::open(const std::string& path) {
     return {};
 }
 
-std::string ZipArchive::whyNot(const Entry& entry, std::uint64_t freeBytes) {
+std::string ZipArchive::whyNot(const Entry& entry, const Room& room) {
     if (!staysInside(entry.name))
         return "has a name that leads out of the archive";
     if (entry.link)
@@ -96,13 +102,18 @@ std::string ZipArchive::whyNot(const Entry& entry, std::uint64_t freeBytes) {
     if (entry.size > SHORT && entry.size / MOST_TIMES > entry.packed)
         return "claims to hold " + mebibytes(entry.size) + " in " + std::to_string(entry.packed) +
                " bytes, which media never do";
-    if (entry.size > freeBytes || freeBytes - entry.size < RESERVE)
-        return "takes " + mebibytes(entry.size) + ", and where it would be unpacked " + mebibytes(freeBytes) +
+    if (entry.size > room.free || room.free - entry.size < RESERVE)
+        return "takes " + mebibytes(entry.size) + ", and where it would be unpacked " + mebibytes(room.free) +
                " are free";
+    const std::uint64_t together = room.unpacked + entry.size;
+    if (together > SHORT_TOGETHER && together / MOST_TIMES_TOGETHER > room.archive)
+        return "makes " + mebibytes(together) + " of an archive of " + std::to_string(room.archive) +
+               " bytes, which media never do";
     return {};
 }
 
-std::string ZipArchive::unpack(const Entry& entry, const std::string& path) const {
+std::string ZipArchive::unpack(const Entry& entry, const std::string& path,
+                               const std::atomic<bool>* interrupted) const {
     const std::unique_ptr<zip_file_t, FileCloser> file(zip_fopen_index(archive.get(), entry.index, 0));
     if (!file)
         return std::string("cannot be unpacked: ") + zip_strerror(archive.get());
@@ -111,6 +122,8 @@ std::string ZipArchive::unpack(const Entry& entry, const std::string& path) cons
     std::uint64_t written = 0;
     errno = 0;
     while (target) {
+        if (interrupted && *interrupted)
+            return "is not unpacked: that was stopped";
         const zip_int64_t got = zip_fread(file.get(), buffer.data(), buffer.size());
         if (got < 0)
             return std::string("is damaged: ") + zip_file_strerror(file.get());

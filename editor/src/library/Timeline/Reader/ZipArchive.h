@@ -1,6 +1,7 @@
 // Timeline::ZipArchive: the entries of a zip file.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,16 +23,26 @@ public:
         bool link = false; ///< not a plain file
     };
 
+    /// What the unpacking of an archive may take.
+    struct Room {
+        std::uint64_t free = 0;     ///< where it is unpacked, in bytes
+        std::uint64_t unpacked = 0; ///< by now
+        std::uint64_t archive = 0;  ///< its own size
+    };
+
     ZipArchive() = default;
     /// The reason why it is none that can be read, as a clause; empty where it is. Once.
     std::string open(const std::string& path);
 
     /// Folders are none of them. In the order of the archive.
     const std::vector<Entry>& entries() const { return all; }
-    /// Why the entry is not to be unpacked to a folder with so many bytes free, as a clause; empty where it may be.
-    static std::string whyNot(const Entry& entry, std::uint64_t freeBytes);
-    /// Writes the entry into the file, which is there. Why that failed, as a clause; empty where it did not.
-    std::string unpack(const Entry& entry, const std::string& path) const;
+    /// Of the file.
+    std::uint64_t size() const { return bytes; }
+    /// Why the entry is not to be unpacked beside what was already, as a clause; empty where it may be.
+    static std::string whyNot(const Entry& entry, const Room& room);
+    /// Writes the entry into the file, which is there. Why that failed, as a clause; empty where it did not. Fails when
+    /// `interrupted`, borrowed unless null, turns true.
+    std::string unpack(const Entry& entry, const std::string& path, const std::atomic<bool>* interrupted) const;
 
 private:
     struct Closer {
@@ -40,6 +51,7 @@ private:
 
     std::unique_ptr<zip, Closer> archive;
     std::vector<Entry> all;
+    std::uint64_t bytes = 0;
 };
 
 /// Whether the name leads to a place below the folder that it is unpacked to, and to no other on any system.

@@ -40,8 +40,9 @@ std::string makeFile(const std::string& path) {
 
 } // namespace
 
-ZipMedia::ZipMedia(const ZipArchive& archive)
+ZipMedia::ZipMedia(const ZipArchive& archive, const std::atomic<bool>* interrupted)
     : archive(archive)
+    , interrupted(interrupted)
     , place(std::make_shared<PrivateFolder>()) {
     for (const ZipArchive::Entry& entry : archive.entries())
         if (entry.name == CONTENT || entry.name == VERSION || startsWith(entry.name, MEDIA))
@@ -69,16 +70,28 @@ void ZipMedia::prepare(const ZipArchive::Entry& entry) {
 void ZipMedia::unpack(File& file) {
     if (file.unpacked || file.path.empty())
         return;
-    std::string trouble = ZipArchive::whyNot(*file.entry, freeBytesAt(place->path()));
+    std::string trouble = ZipArchive::whyNot(*file.entry, {freeBytesAt(place->path()), unpackedBytes, archive.size()});
     if (trouble.empty())
-        trouble = archive.unpack(*file.entry, file.path);
+        trouble = archive.unpack(*file.entry, file.path, interrupted);
     file.unpacked = trouble.empty();
-    if (file.unpacked)
+    if (file.unpacked) {
+        unpackedBytes += file.entry->size;
         return;
+    }
     tell(*file.entry, trouble);
+    remove(file);
+}
+
+void ZipMedia::remove(File& file) {
     std::error_code ignored;
     fs::remove(file.path, ignored);
     file.path.clear();
+}
+
+void ZipMedia::removeRest() {
+    for (auto& [name, file] : files)
+        if (!file.unpacked && !file.path.empty())
+            remove(file);
 }
 
 std::optional<std::string> ZipMedia::fileOf(const std::string& entry) {
@@ -89,28 +102,32 @@ std::optional<std::string> ZipMedia::fileOf(const std::string& entry) {
     return found->second.unpacked ? std::optional(found->second.path) : std::nullopt;
 }
 
-bool ZipMedia::unpack(const MediaReference& media) {
+std::optional<std::string> ZipMedia::insideOf(const Kestra::ioPath& path) const {
+    const std::string plain = fs::path(path.ToUtf8()).lexically_normal().string();
+    const std::string folder = place->path() + '/';
+    return startsWith(plain, folder) ? std::optional(plain.substr(folder.size())) : std::nullopt;
+}
+
+bool ZipMedia::failsToUnpack(const MediaReference& media) {
     if (const auto* sequence = std::get_if<ImageSequence>(&media.target))
-        return unpackSequence(*sequence);
+        return failsToUnpack(*sequence);
     const auto* const file = std::get_if<MediaFile>(&media.target);
-    const std::string inside = place->path() + '/';
-    const std::string path = file ? fs::path(file->path.ToUtf8()).lexically_normal().string() : std::string();
-    return !startsWith(path, inside) || fileOf(path.substr(inside.size())).has_value();
+    const auto inside = file ? insideOf(file->path) : std::nullopt;
+    return inside && !fileOf(*inside);
 }
 
 // Which of the pictures will be asked for, the track decides.
-bool ZipMedia::unpackSequence(const ImageSequence& sequence) {
-    const std::string folder = (fs::path(sequence.folder.ToUtf8()).lexically_normal() / "").string();
-    const std::string inside = place->path() + '/';
-    if (!startsWith(folder, inside))
-        return true;
-    bool whole = true;
-    const std::string start = folder.substr(inside.size()) + sequence.prefix;
+bool ZipMedia::failsToUnpack(const ImageSequence& sequence) {
+    const auto inside = insideOf(Kestra::ioPath((fs::path(sequence.folder.ToUtf8()) / "").string()));
+    if (!inside)
+        return false;
+    bool failed = false;
+    const std::string start = *inside + sequence.prefix;
     for (auto file = files.lower_bound(start); file != files.end() && startsWith(file->first, start); ++file) {
         unpack(file->second);
-        whole = whole && file->second.unpacked;
+        failed = failed || !file->second.unpacked;
     }
-    return whole;
+    return failed;
 }
 
 } // namespace Timeline
