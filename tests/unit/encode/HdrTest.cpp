@@ -94,6 +94,24 @@ TEST(Hdr, IsToldByTheStreamOfHevc) {
     ExpectTold(Kestra::FF::HdrMetadataOf(*file.Video().pictures.front()), "hevc");
 }
 
+TEST(Hdr, KeepsThePlaceOfChroma) {
+    for (const AVChromaLocation place : {AVCHROMA_LOC_TOPLEFT, AVCHROMA_LOC_LEFT, AVCHROMA_LOC_UNSPECIFIED}) {
+        const Fakes::ScratchFolder folder;
+        auto shape = Graded(PQ);
+        shape.paint = [place](AVFrame& frame, int index) {
+            Grade(frame, index);
+            frame.chroma_location = place;
+        };
+        auto description = Fakes::Description("hevc");
+        description.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string("yuv420p10"));
+        description.SetChild(IFormatCodecVideo::TAG_DYNAMIC_RANGE,
+                             std::string(IFormatCodecVideo::DYNAMIC_RANGE_SOURCE));
+        Fakes::WriteFile(folder.File("out.mp4"), "mp4", {Fakes::VideoEncoder(Fakes::MakeVideo(shape), description)});
+        EXPECT_EQ(Fakes::Decode(folder.File("out.mp4")).Video().pictures.at(0)->chroma_location,
+                  place == AVCHROMA_LOC_UNSPECIFIED ? AVCHROMA_LOC_LEFT : place);
+    }
+}
+
 TEST(Hdr, IsNotToldOfAnOrdinaryTransfer) {
     const Fakes::ScratchFolder folder;
     EXPECT_TRUE(ToldByContainer(Encode(folder, "hevc", "mkv", "yuv420p10", BT709)).IsEmpty());

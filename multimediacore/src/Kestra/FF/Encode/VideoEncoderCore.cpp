@@ -13,6 +13,7 @@
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
 #include "Kestra/FF/Encode/VideoRateControl.h"
+#include "Kestra/FF/Picture/ChromaPlace.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include <algorithm>
 #include <climits>
@@ -156,12 +157,13 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
 }
 
 // The order of the fields, and mostly the display of grading, stand in the frames alone, and the encoder has to know
-// them before the first one.
+// them before the first one. So does the place of chroma, which is another one in most of a high range.
 void VideoEncoderCore::Peek() {
     peeked = chain->ReadVideo();
     if (!peeked)
         return;
     const AVFrame& frame = FrameOf(*peeked);
+    chroma = ChromaLocationOf(frame);
     if (CarriesHdr(input.colour.transfer, input.format) && !tellsHdr)
         hdr = HdrMetadataOf(frame);
     if (input.interlaced)
@@ -204,7 +206,7 @@ void VideoEncoderCore::ConfigureInput(AVCodecContext& context) const {
     context.color_trc = static_cast<AVColorTransferCharacteristic>(input.colour.transfer);
     context.colorspace = static_cast<AVColorSpace>(input.colour.matrix);
     context.color_range = static_cast<AVColorRange>(input.colour.range);
-    context.chroma_sample_location = AVCHROMA_LOC_LEFT;
+    context.chroma_sample_location = chroma;
     context.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     context.field_order = AV_FIELD_PROGRESSIVE;
     if (offersFields)

@@ -51,7 +51,8 @@ private:
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
     EncoderInput input;
-    HdrMetadata hdr; ///< for container and stream
+    HdrMetadata hdr;                             ///< for container and stream
+    AVChromaLocation chroma = AVCHROMA_LOC_LEFT; ///< that of the first picture, where that is looked at
     boost::rational<long long> rate{0};
     std::int64_t frameCount = -1; ///< -1: as many as come
     std::int64_t framesSent = 0;
