@@ -186,6 +186,37 @@ TEST_F(RandomTimelines, ShowInEveryFrameWhatTheCutSays) {
     EXPECT_GT(told.pixels, 50 * told.frames) << "too few pixels could be told";
 }
 
+/// Whole pictures of the medium, from its third on, for `lengths` of its own periods each.
+Timeline::Track cutsOf(const KnownPictures& medium, const std::vector<int>& lengths) {
+    const FrameGrid own(medium.rate);
+    std::vector<Timeline::Item> items;
+    for (const int length : lengths) {
+        Timeline::Clip clip;
+        clip.media = {"", Timeline::MediaFile{Kestra::ioPath(medium.path)}, {}};
+        clip.origin = Ticks(0);
+        clip.excerpt.start = own.Begin(FrameIndex(2));
+        Timeline::Item item;
+        item.duration = own.Length(FrameIndex(length));
+        item.content = std::move(clip);
+        items.push_back(std::move(item));
+    }
+    return Timeline::Track(Timeline::Track::Kind::Video, "", true, std::move(items));
+}
+
+TEST_F(RandomTimelines, ShowNoPictureBehindTheRangeOfAClipWhereRatesDiffer) {
+    PicturesTold told;
+    for (const KnownPictures& medium : media->pictures())
+        for (const Rate& rate : {Rate(25), Rate(24000, 1001), Rate(30), Rate(50)}) {
+            auto document = std::make_shared<Timeline::Document>();
+            document->tracks = std::make_shared<Timeline::Stack>(
+                "", std::vector<Timeline::Track>{cutsOf(medium, {7, 3, 4, 2, 5, 3, 2})});
+            const Render::Window window(Ticks(0), document->duration(), FrameGrid(rate));
+            EXPECT_EQ(troubleWithPictures(*media, {Render::Sequence::of(document, opened), window}, told), "")
+                << medium.id << " of " << medium.rate << " at " << rate;
+        }
+    EXPECT_GT(told.pixels, 10 * told.frames);
+}
+
 constexpr int SAMPLE_RATE = 8000;
 /// Samples in which a tone is looked for.
 constexpr int STRETCH = 320;

@@ -13,6 +13,7 @@ using namespace Timeline;
 namespace {
 
 constexpr double BLACK_Y = 16, BLACK_UV = 128;
+constexpr Ticks FOREVER{INT64_MAX};
 
 /// Source time at `time` of what stands at `begin` with that excerpt, inside of what `map` maps.
 TimeMap within(const TimeMap& map, Ticks begin, const Excerpt& excerpt) {
@@ -75,7 +76,7 @@ ReferencePictures::Light ReferencePictures::lookAtStill(const Track& track, cons
             stop(clip->excerpt);
         else if (auto* nested = std::get_if<Nested>(&still.content))
             stop(nested->excerpt);
-        return look(still, Ticks(0), map);
+        return look(still, Ticks(0), map, FOREVER);
     };
     const auto isIn = [&map](Ticks begin, Ticks end) { return begin <= map.there && map.there < end; };
     for (std::size_t i = 0; i < track.items().size(); ++i) {
@@ -109,7 +110,15 @@ ReferencePictures::Light ReferencePictures::look(const Track& track, const TimeM
     const auto isIn = [&](Ticks a, Ticks b) { return std::min(a, b) <= moment && moment < std::max(a, b); };
     const auto lasting = [&map](Ticks span) { return map.FromSource(span) - map.FromSource(Ticks(0)); };
     const auto lookInto = [&](std::size_t index) {
-        return index < track.items().size() ? look(track.items()[index], edges[index], map) : Light();
+        if (index == track.items().size())
+            return Light();
+        // What it takes of its source may be over before the last frame on which it is placed.
+        const std::size_t cut = map.speed > 0 ? index + 1 : index;
+        Ticks end = starts[cut];
+        for (const Transition& one : track.transitions())
+            if (one.at == cut)
+                end += map.speed > 0 ? one.behind : Ticks(0) - one.before;
+        return look(track.items()[index], edges[index], map, edges[index] + lasting(end - starts[index]));
     };
     for (std::size_t i = 0; i < track.items().size(); ++i) {
         if (!isIn(edges[i], edges[i + 1]))
@@ -127,42 +136,43 @@ ReferencePictures::Light ReferencePictures::look(const Track& track, const TimeM
     return {};
 }
 
-ReferencePictures::Light ReferencePictures::look(const Item& item, Ticks begin, const TimeMap& map) {
+ReferencePictures::Light ReferencePictures::look(const Item& item, Ticks begin, const TimeMap& map, Ticks until) {
     if (!item.enabled)
         return {};
     if (const auto* inner = std::get_if<Nested>(&item.content))
         return lookInto(*inner->stack, within(map, begin, inner->excerpt));
     const auto* const clip = std::get_if<Clip>(&item.content);
-    return clip ? look(*clip, within(map, begin, clip->excerpt)) : Light();
+    return clip ? look(*clip, within(map, begin, clip->excerpt), until) : Light();
 }
 
-/// Where nothing of the stack stands, its first or last picture stays.
+/// Beyond its ends its first or last frame stays.
 ReferencePictures::Light ReferencePictures::lookInto(const Stack& stack, const TimeMap& map) {
-    Ticks length;
-    for (const Track& track : stack.tracks())
-        if (track.kind() == Track::Kind::Video && track.isEnabled())
-            length = std::max(length, track.duration());
-    if (length == Ticks(0))
+    if (stack.duration() == Ticks(0))
         return {};
-    const auto frozen = [&](Ticks time) {
-        return look(stack, {Ticks(0), std::clamp(time, Ticks(0), length - Ticks(1)), 0});
-    };
     if (map.speed == 0)
-        return frozen(map.there);
-    const Ticks start = placed(map, Ticks(0)), finish = placed(map, length);
-    const Ticks first = std::min(start, finish), end = std::max(start, finish), moment = middle - Ticks(1);
-    if (moment < first)
-        return frozen(map.ToSource(grid.Middle(grid.Nearest(first))));
-    if (moment >= end)
-        return frozen(map.ToSource(grid.Middle(grid.Nearest(end) - Kestra::FrameIndex(1))));
-    return look(stack, map);
+        return look(stack, {Ticks(0), std::clamp(map.there, Ticks(0), stack.duration() - Ticks(1)), 0});
+    const Ticks start = placed(map, Ticks(0)), finish = placed(map, stack.duration());
+    const Kestra::FrameIndex first = grid.Nearest(std::min(start, finish)), end = grid.Nearest(std::max(start, finish));
+    const Ticks now = middle, moment = middle - Ticks(1);
+    if (moment < std::min(start, finish))
+        middle = grid.Middle(first);
+    else if (moment >= std::max(start, finish))
+        middle = grid.Middle(end - Kestra::FrameIndex(1));
+    const Light light = look(stack, map);
+    middle = now;
+    return light;
 }
 
-ReferencePictures::Light ReferencePictures::look(const Clip& clip, const TimeMap& map) {
+ReferencePictures::Light ReferencePictures::look(const Clip& clip, const TimeMap& map, Ticks until) {
     const auto* const file = std::get_if<MediaFile>(&clip.media.target);
     if (!file)
         return {};
-    return lookAt(media.picturesOf(file->path.ToUtf8()), map.ToSource(middle) - clip.origin.value_or(Ticks(0)));
+    Ticks shown = map.ToSource(middle);
+    if (map.speed > 0 && until < FOREVER)
+        shown = std::min(shown, map.ToSource(until) - Ticks(Kestra::TICKS_PER_MILLISECOND));
+    else if (map.speed < 0 && until < FOREVER)
+        shown = std::max(shown, map.ToSource(until));
+    return lookAt(media.picturesOf(file->path.ToUtf8()), shown - clip.origin.value_or(Ticks(0)));
 }
 
 ReferencePictures::Light ReferencePictures::lookAt(const KnownPictures& medium, Ticks time) {

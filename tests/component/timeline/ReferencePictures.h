@@ -37,8 +37,9 @@ private:
     Light look(const Timeline::Track& track, const Kestra::TimeMap& map);
     Light lookAtStill(const Timeline::Track& track, const std::vector<Kestra::Ticks>& starts,
                       const Kestra::TimeMap& map);
-    Light look(const Timeline::Item& item, Kestra::Ticks begin, const Kestra::TimeMap& map);
-    Light look(const Timeline::Clip& clip, const Kestra::TimeMap& map);
+    /// Of a clip nothing is seen that comes later than what is shown at `until`.
+    Light look(const Timeline::Item& item, Kestra::Ticks begin, const Kestra::TimeMap& map, Kestra::Ticks until);
+    Light look(const Timeline::Clip& clip, const Kestra::TimeMap& map, Kestra::Ticks until);
     Light lookAt(const KnownPictures& medium, Kestra::Ticks time);
     Kestra::Ticks placed(const Kestra::TimeMap& map, Kestra::Ticks time) const;
 

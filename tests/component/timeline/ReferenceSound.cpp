@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 
 namespace TimelineTests {
 
@@ -18,6 +19,40 @@ constexpr long long RESAMPLED_EDGE = 48;
 /// And a change of speed, which is made in stretches, so many.
 constexpr long long SETTLING = 480;
 constexpr double EXACT = 1e-4, RESAMPLED = 0.01;
+
+/// The sound that clips of it play, in words, those within stacks included.
+std::set<std::string> soundsOf(const Stack& stack) {
+    std::set<std::string> all;
+    for (const Track& track : stack.tracks())
+        for (const Item& item : track.items()) {
+            if (const auto* nested = std::get_if<Nested>(&item.content))
+                all.merge(soundsOf(*nested->stack));
+            const auto* const clip = std::get_if<Clip>(&item.content);
+            const auto* const file = clip ? std::get_if<MediaFile>(&clip->media.target) : nullptr;
+            if (file && track.kind() == Track::Kind::Audio)
+                all.insert(file->path.ToUtf8() + ' ' + std::to_string(clip->excerpt.start.Value()) + ' ' +
+                           std::to_string(item.duration.Value()));
+        }
+    return all;
+}
+
+/// Whether some sound track has a stack of the same name, at some time of `begin` to `end`, with a piece of its sound.
+bool isHeardBeside(const Stack& around, const Item& item, Ticks begin, Ticks end) {
+    const auto* const nested = std::get_if<Nested>(&item.content);
+    for (const Track& track : around.tracks())
+        for (std::size_t i = 0; track.kind() == Track::Kind::Audio && i < track.items().size(); ++i) {
+            const Item& other = track.items()[i];
+            const auto* const beside = std::get_if<Nested>(&other.content);
+            if (!beside || other.name != item.name || track.startOf(i) >= end || begin >= track.startOf(i + 1))
+                continue;
+            if (beside->stack == nested->stack)
+                return true;
+            for (const std::string& sound : soundsOf(*beside->stack))
+                if (soundsOf(*nested->stack).count(sound) != 0)
+                    return true;
+        }
+    return false;
+}
 
 /// The track's item that begins at that time, with everything on.
 const Item* beginningAt(const Track& track, Ticks time) {
@@ -97,11 +132,9 @@ void ReferenceSound::add(const Stack& stack, const Track& track, const TimeMap& 
             if (track.kind() == Track::Kind::Audio)
                 add(*clip, {edges[i], clip->excerpt.start, map.speed * clip->excerpt.speed}, here);
         } else if (const auto* nested = std::get_if<Nested>(&item.content)) {
-            const bool heardBeside = std::any_of(stack.tracks().begin(), stack.tracks().end(), [&](const Track& other) {
-                const Item* const beside = beginningAt(other, track.startOf(i));
-                return other.kind() == Track::Kind::Audio && beside && std::holds_alternative<Nested>(beside->content);
-            });
-            if (track.kind() == Track::Kind::Audio || !heardBeside)
+            const bool ownSound = track.kind() == Track::Kind::Audio ||
+                                  !isHeardBeside(stack, item, track.startOf(i), track.startOf(i + 1));
+            if (ownSound)
                 add(*nested->stack, {edges[i], nested->excerpt.start, map.speed * nested->excerpt.speed}, here);
         }
     }

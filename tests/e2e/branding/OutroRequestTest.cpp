@@ -67,10 +67,10 @@ TEST_F(OutroRequest, MayHaveAnExportRangeUpToTheOutrosEnd) {
     const KTime duration(4000);
     ExportRequest wanted = request("demo");
     wanted.exportRange = {KTime(1000), KTime(9000)};
-    EXPECT_NO_THROW(ExportCore::RequestCheck::streamRange(wanted, duration, KTime(5000)));
-    EXPECT_THROW(ExportCore::RequestCheck::streamRange(wanted, duration), ExportCore::Refusal);
+    EXPECT_NO_THROW(ExportCore::RequestCheck::streamRange(wanted, {}, duration, KTime(5000)));
+    EXPECT_THROW(ExportCore::RequestCheck::streamRange(wanted, {}, duration), ExportCore::Refusal);
     wanted.exportRange = {KTime(1000), KTime(9001)};
-    EXPECT_THROW(ExportCore::RequestCheck::streamRange(wanted, duration, KTime(5000)), ExportCore::Refusal);
+    EXPECT_THROW(ExportCore::RequestCheck::streamRange(wanted, {}, duration, KTime(5000)), ExportCore::Refusal);
     EXPECT_EQ(TestExport::run(wanted).status, Status::Refused);
     expectNothingWritten();
 }

@@ -84,6 +84,22 @@ TEST(FramePeriods, OfAFrozenSourceAllShowOneMoment) {
     EXPECT_EQ(frozen.FirstShowing(at(500.1)).Value(), INT64_MAX);
 }
 
+TEST(FramePeriods, ShowNothingBeyondTheFurthestTime) {
+    const SamplingRule bounded(FrameGrid(50), Pace::Any, {}, at(100));
+    EXPECT_EQ(bounded.Shown(FrameIndex(4)), at(90));
+    EXPECT_EQ(bounded.Shown(FrameIndex(5)), at(100));
+    EXPECT_EQ(bounded.Shown(FrameIndex(50)), at(100));
+    EXPECT_EQ(bounded.FirstShowing(at(100)).Value(), 5);
+    EXPECT_EQ(bounded.FirstShowing(at(100.1)).Value(), INT64_MAX);
+    EXPECT_EQ(bounded.FirstShowingAfter(FrameIndex(4), at(101)).Value(), INT64_MAX);
+    const SamplingRule paced(FrameGrid(50), Pace::Grid, {}, at(100));
+    EXPECT_EQ(paced.FirstShowingAfter(FrameIndex(4), at(97)).Value(), 5);
+    EXPECT_EQ(paced.FirstShowingAfter(FrameIndex(4), at(101)).Value(), INT64_MAX);
+    const SamplingRule backwards(FrameGrid(50), Pace::Any, {at(0), at(500), -1}, at(480));
+    EXPECT_EQ(backwards.Shown(FrameIndex(0)), at(490));
+    EXPECT_EQ(backwards.Shown(FrameIndex(3)), at(480));
+}
+
 TEST(FramePeriods, ThatRunBackwardsShowEarlierTimesAndHaveNoFirst) {
     const SamplingRule backwards = mapped(-1, 0, 500);
     EXPECT_TRUE(backwards.RunsBackwards());

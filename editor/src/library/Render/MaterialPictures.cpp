@@ -9,6 +9,7 @@
 #include "Render/MediaPlace.h"
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace Render {
 
@@ -64,6 +65,14 @@ Proc::SettingsResizer resizerSettings(const Conf::FrameInfo& frame, Usage usage)
     settings.interpolation = Proc::Interpolation::Bicubic;
     settings.transparentBars = usage == Usage::Layer;
     return settings;
+}
+
+/// The last time of the medium that is to be seen, short of the next frame's even where clocks round to a millisecond.
+std::optional<Ticks> furthestOf(const Material& material, const TimeMap& map) {
+    if (material.until == Ticks(INT64_MAX))
+        return std::nullopt;
+    const Ticks end = map.ToSource(material.until);
+    return map.speed > 0 ? end - Ticks(TICKS_PER_MILLISECOND) : end;
 }
 
 MediaPool::Source generatorFor(const Timeline::Generator& made, const Conf::IFormatCodecVideo& target, Ticks duration) {
@@ -126,12 +135,13 @@ Video MaterialPictures::create(const MediaPool::Source& medium, FrameIndex first
                                                                                        "\" has no pictures, which \"" +
                                                                                        *shown.name + "\" would show"));
     TimeMap map = made ? TimeMap{} : mediaMapOf(shown, info);
+    const auto furthest = made ? std::nullopt : furthestOf(shown, map);
     const FrameIndex from = made ? first : grid.Nearest(map.here);
     map.here = made ? Ticks(0) : map.here - grid.Begin(from);
     if (count >= LEAST_FRAMES_FOR_THREAD && map.speed > 0)
         pictures = filters().CreateReadAhead(pictures, framesAhead(info.video->frame, company));
     const bool own = info.video->frameRate == grid.GetRate() && map.speed == 1;
-    const Rule rule(grid, own ? Rule::Pace::Grid : Rule::Pace::Any, map);
+    const Rule rule(grid, own ? Rule::Pace::Grid : Rule::Pace::Any, map, furthest);
     pictures = new Proc::FrameSampler(
         pictures, {rule, Proc::FrameSampler::Repeats::AsOne, first - from, count, bytesBackwards(company)});
     const Video resized = filters().CreateResizer(pictures, resizerSettings(target.format()->GetFrameInfo(), use));

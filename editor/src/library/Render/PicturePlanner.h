@@ -28,7 +28,7 @@ private:
     }
     bool takes(const Timeline::Track& track) const override;
     bool takesClips(const Timeline::Track& track) const override { return takes(track); }
-    bool takesStack(const Timeline::Stack&, const Timeline::Track&, Kestra::Ticks) const override { return true; }
+    bool takesStack(const Timeline::Track&, const Timeline::Nested&) const override { return true; }
     Kestra::Ticks placed(const Timeline::Stack&, Kestra::Ticks, Kestra::Ticks exact) const override;
     const Kestra::FrameGrid* frames() const override { return &grid; }
     bool isFull(const Timeline::Clip& clip) const override { return full(clip); }

@@ -109,10 +109,6 @@ PlacedTrack::Standing PlacedTrack::atStill() const {
     return standing;
 }
 
-std::pair<Ticks, Ticks> PlacedTrack::contents() const {
-    return std::minmax({edge(0), edge(track.items().size())});
-}
-
 Fade PlacedTrack::fadeOf(const Transition& transition) const {
     if (map.speed == 0) {
         const Ticks still = track.startOf(transition.at);
@@ -134,6 +130,15 @@ Ticks PlacedTrack::endOf(std::size_t item) const {
     const std::size_t cut = isBackwards() ? item : item + 1;
     const Transition* const transition = transitionAt(cut);
     return transition ? fadeOf(*transition).end : edge(cut);
+}
+
+Ticks PlacedTrack::materialEndOf(std::size_t item) const {
+    if (map.speed == 0)
+        return NEVER;
+    const std::size_t cut = isBackwards() ? item : item + 1;
+    const Transition* const transition = transitionAt(cut);
+    const Ticks more = !transition ? Ticks(0) : isBackwards() ? Ticks(0) - transition->before : transition->behind;
+    return TimeMap{edge(item), track.startOf(item), map.speed}.FromSource(track.startOf(cut) + more);
 }
 
 TimeMap PlacedTrack::mapOf(std::size_t item, const Timeline::Excerpt& excerpt) const {

@@ -5,8 +5,6 @@
 #include "Render/Scene.h"
 #include "Timeline/Track.h"
 #include <functional>
-#include <optional>
-#include <utility>
 
 namespace Render {
 
@@ -28,12 +26,12 @@ public:
     };
     Standing at(Kestra::Ticks moment) const;
 
-    /// Where the track begins and is over, the earlier moment first. Not of one that is frozen.
-    std::pair<Kestra::Ticks, Kestra::Ticks> contents() const;
     /// Of a transition of the track.
     Fade fadeOf(const Timeline::Transition& transition) const;
     /// Where the item is wanted no more, transitions included.
     Kestra::Ticks endOf(std::size_t item) const;
+    /// Where its material is over that begins where the item is placed; not placed itself.
+    Kestra::Ticks materialEndOf(std::size_t item) const;
     /// From the composition's time to that of the item's source, as the excerpt says.
     Kestra::TimeMap mapOf(std::size_t item, const Timeline::Excerpt& excerpt) const;
     bool isBackwards() const { return map.speed < 0; }

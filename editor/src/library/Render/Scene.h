@@ -17,10 +17,12 @@ struct Material {
     /// knows the origin.
     Kestra::TimeMap map{};
     Kestra::Ticks end{}; ///< of the composition: nobody wants it from there on
+    /// Of the composition: where what the timeline takes of the clip is over. What is placed on frames may end later.
+    Kestra::Ticks until{INT64_MAX};
 
     friend bool operator==(const Material& a, const Material& b) {
         return a.clip == b.clip && a.map.here == b.map.here && a.map.there == b.map.there &&
-               a.map.speed == b.map.speed && a.end == b.end;
+               a.map.speed == b.map.speed && a.end == b.end && a.until == b.until;
     }
 };
 
@@ -28,7 +30,7 @@ struct Material {
 struct Fade {
     Kestra::Ticks begin{};
     Kestra::Ticks end{};
-    /// Set: it stands still at this moment; all three are times of a track that is frozen.
+    /// Set: it stands still at this moment, and all three are of whatever clock has stopped.
     std::optional<Kestra::Ticks> still{};
 };
 

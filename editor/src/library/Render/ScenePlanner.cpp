@@ -18,6 +18,21 @@ void putBelow(Parts& parts, Parts&& lower) {
     parts.insert(parts.begin(), std::make_move_iterator(lower.begin()), std::make_move_iterator(lower.end()));
 }
 
+/// Stops all of it at a moment, and shows it up to `end`.
+void hold(Parts& parts, Ticks moment, Ticks end) {
+    for (Part& part : parts) {
+        if (part.fade && !part.fade->still)
+            part.fade->still = moment;
+        hold(part.from, moment, end);
+        hold(part.to, moment, end);
+        Material& material = part.material;
+        const Ticks shown = std::min(moment, material.until - Ticks(Kestra::TICKS_PER_MILLISECOND));
+        material.map = TimeMap{Ticks(0), material.map.ToSource(shown), 0};
+        material.end = end;
+        material.until = NEVER;
+    }
+}
+
 } // namespace
 
 ScenePlanner::ScenePlanner(std::shared_ptr<const Timeline::Document> document)
@@ -41,50 +56,39 @@ Scene ScenePlanner::sceneOf(const Timeline::Stack& stack, const TimeMap& map, Ti
     return scene;
 }
 
-PlacedTrack ScenePlanner::placedOn(const Timeline::Stack& stack, const Timeline::Track& track,
-                                   const TimeMap& map) const {
-    return {track, map, [this, &stack](Ticks time, Ticks exact) { return placed(stack, time, exact); }};
-}
-
-const Timeline::Track* ScenePlanner::longestTrack(const Timeline::Stack& stack) const {
-    const Timeline::Track* longest = nullptr;
-    for (const Timeline::Track& track : stack.tracks())
-        if (track.isEnabled() && takes(track) && track.duration() > (longest ? longest->duration() : Ticks(0)))
-            longest = &track;
-    return longest;
-}
-
-std::optional<ScenePlanner::Held> ScenePlanner::heldOf(const Timeline::Stack& stack, const TimeMap& map,
-                                                       Ticks moment) const {
-    const Kestra::FrameGrid* const grid = frames();
-    const Timeline::Track* const longest = grid ? longestTrack(stack) : nullptr;
-    if (!longest)
-        return std::nullopt;
-    const Ticks last = longest->duration() - Ticks(1);
-    if (map.speed == 0)
-        return Held{std::clamp(map.there, Ticks(0), last), NEVER};
-    const auto [begin, end] = placedOn(stack, *longest, map).contents();
-    if (begin <= moment && moment < end)
-        return std::nullopt;
-    const bool isBefore = moment < begin;
-    const Ticks shown = grid->Middle(isBefore ? grid->Nearest(begin) : grid->Nearest(end) - Kestra::FrameIndex(1));
-    return Held{std::clamp(map.ToSource(shown), Ticks(0), last), isBefore ? begin : NEVER};
+std::pair<Ticks, Ticks> ScenePlanner::edgesOf(const Timeline::Stack& stack, const TimeMap& map) const {
+    const auto edge = [&](Ticks time) {
+        const Ticks exact = map.FromSource(time);
+        return map.speed < 0 ? exact : placed(stack, time, exact);
+    };
+    return std::minmax({edge(Ticks(0)), edge(stack.duration())});
 }
 
 Scene ScenePlanner::sceneOfNested(const Timeline::Stack& stack, const TimeMap& map, Ticks moment, Ticks limit) const {
-    const auto held = heldOf(stack, map, moment);
-    if (!held)
+    const Kestra::FrameGrid* const grid = frames();
+    if (!grid || stack.duration() == Ticks(0))
         return sceneOf(stack, map, moment, limit);
-    Scene scene = sceneOf(stack, TimeMap{Ticks(0), held->time, 0}, moment, limit);
-    scene.end = std::min(scene.end, held->end);
+    if (map.speed == 0) {
+        const Ticks still = std::clamp(map.there, Ticks(0), stack.duration() - Ticks(1));
+        return sceneOf(stack, TimeMap{Ticks(0), still, 0}, moment, limit);
+    }
+    const auto [begin, end] = edgesOf(stack, map);
+    if (begin <= moment && moment < end)
+        return sceneOf(stack, map, moment, limit);
+    const bool isBefore = moment < begin;
+    const Ticks middle = grid->Middle(isBefore ? grid->Nearest(begin) : grid->Nearest(end) - Kestra::FrameIndex(1));
+    Scene scene = sceneOf(stack, map, middle - Ticks(1), limit);
+    hold(scene.parts, middle, limit);
+    scene.end = isBefore ? begin : NEVER;
     return scene;
 }
 
 Scene ScenePlanner::sceneOf(const Timeline::Stack& stack, const Timeline::Track& track, const TimeMap& map,
                             Ticks moment, Ticks limit) const {
-    const PlacedTrack onComposition = placedOn(stack, track, map);
+    const PlacedTrack onComposition(track, map,
+                                    [this, &stack](Ticks time, Ticks exact) { return placed(stack, time, exact); });
     const PlacedTrack::Standing standing = onComposition.at(moment);
-    const Place place{stack, track, onComposition, moment, limit};
+    const Place place{track, onComposition, moment, limit};
     Scene scene;
     if (standing.transition)
         scene = sceneOf(place, *standing.transition);
@@ -119,7 +123,7 @@ Scene ScenePlanner::sceneOf(const Place& place, std::size_t index) const {
     if (!item.enabled)
         return {};
     if (const auto* nested = std::get_if<Timeline::Nested>(&item.content)) {
-        if (!takesStack(place.stack, place.track, place.track.startOf(index)))
+        if (!takesStack(place.track, *nested))
             return {};
         return sceneOfNested(*nested->stack, place.placed.mapOf(index, nested->excerpt), place.moment, end);
     }
@@ -131,7 +135,7 @@ Scene ScenePlanner::sceneOf(const Place& place, std::size_t index) const {
     Scene scene;
     scene.isFull = isFull(*clip);
     Part part;
-    part.material = {clip, &item.name, map, end};
+    part.material = {clip, &item.name, map, end, place.placed.materialEndOf(index)};
     scene.parts.push_back(std::move(part));
     return scene;
 }

@@ -6,7 +6,7 @@
 #include "Render/Scene.h"
 #include "Timeline/Document.h"
 #include <memory>
-#include <optional>
+#include <utility>
 
 namespace Render {
 
@@ -27,11 +27,11 @@ protected:
     virtual bool takes(const Timeline::Track& track) const = 0;
     /// Whether clips of such a track do; stacks in it may also where they do not.
     virtual bool takesClips(const Timeline::Track& track) const = 0;
-    /// Whether a stack that begins at `start` of the track does.
-    virtual bool takesStack(const Timeline::Stack& around, const Timeline::Track& track, Kestra::Ticks start) const = 0;
+    /// Whether a stack that stands in the track does.
+    virtual bool takesStack(const Timeline::Track& track, const Timeline::Nested& nested) const = 0;
     /// Where something begins or ends that stands at `time` of the stack and at `exact` of the composition.
     virtual Kestra::Ticks placed(const Timeline::Stack& stack, Kestra::Ticks time, Kestra::Ticks exact) const = 0;
-    /// Of which the first and the last one are held beyond a nested stack's contents; null: nothing is held.
+    /// Of which a nested stack's first and last one are held beyond its duration; null: nothing is held.
     virtual const Kestra::FrameGrid* frames() const = 0;
     /// Whether a clip hides everything below it.
     virtual bool isFull(const Timeline::Clip& clip) const = 0;
@@ -39,28 +39,19 @@ protected:
 private:
     /// Where a search has come to.
     struct Place {
-        const Timeline::Stack& stack;
         const Timeline::Track& track;
         const PlacedTrack& placed;
         Kestra::Ticks moment;
         Kestra::Ticks limit; ///< of what lies around
     };
 
-    struct Held {
-        Kestra::Ticks time; ///< of the stack, at which it stands still
-        Kestra::Ticks end;  ///< of the composition, up to which it does
-    };
-
     Scene sceneOf(const Timeline::Stack& stack, const Kestra::TimeMap& map, Kestra::Ticks moment,
                   Kestra::Ticks limit) const;
-    /// Likewise of a stack in a track, which holds its first and last pictures beyond its contents, as clips do.
+    /// Likewise of a stack in a track, whose first and last frames are held beyond its duration, as clips' are.
     Scene sceneOfNested(const Timeline::Stack& stack, const Kestra::TimeMap& map, Kestra::Ticks moment,
                         Kestra::Ticks limit) const;
-    /// Nothing within a nested stack's contents.
-    std::optional<Held> heldOf(const Timeline::Stack& stack, const Kestra::TimeMap& map, Kestra::Ticks moment) const;
-    /// The longest one of what this planner takes; null where none has any length.
-    const Timeline::Track* longestTrack(const Timeline::Stack& stack) const;
-    PlacedTrack placedOn(const Timeline::Stack& stack, const Timeline::Track& track, const Kestra::TimeMap& map) const;
+    /// Where a stack begins and where it is over, the earlier moment first. Not of one that is frozen.
+    std::pair<Kestra::Ticks, Kestra::Ticks> edgesOf(const Timeline::Stack& stack, const Kestra::TimeMap& map) const;
     Scene sceneOf(const Timeline::Stack& stack, const Timeline::Track& track, const Kestra::TimeMap& map,
                   Kestra::Ticks moment, Kestra::Ticks limit) const;
     Scene sceneOf(const Place& place, const Timeline::Transition& transition) const;

@@ -27,7 +27,8 @@ SoundPlanner::SoundPlanner(std::shared_ptr<const Timeline::Document> document, c
                            const Kestra::SampleGrid& grid)
     : ScenePlanner(std::move(document))
     , window(window)
-    , grid(grid) {}
+    , grid(grid)
+    , linked(this->document()) {}
 
 Scene SoundPlanner::sceneAt(SampleIndex sample) const {
     const Ticks begin = grid.Begin(sample);
@@ -47,13 +48,8 @@ bool SoundPlanner::takesClips(const Track& track) const {
     return track.kind() == Track::Kind::Audio;
 }
 
-bool SoundPlanner::takesStack(const Timeline::Stack& around, const Track& track, Ticks start) const {
-    const auto& tracks = around.tracks();
-    return takesClips(track) || std::none_of(tracks.begin(), tracks.end(), [start](const Track& other) {
-               const Timeline::Item* const beside = itemFrom(other, start);
-               return other.kind() == Track::Kind::Audio && beside &&
-                      std::holds_alternative<Timeline::Nested>(beside->content);
-           });
+bool SoundPlanner::takesStack(const Track& track, const Timeline::Nested& nested) const {
+    return takesClips(track) || !linked.isHeardElsewhere(nested);
 }
 
 Ticks SoundPlanner::placed(const Timeline::Stack& stack, Ticks time, Ticks exact) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Base/SampleGrid.h"
+#include "Render/LinkedStacks.h"
 #include "Render/ScenePlanner.h"
 #include "Render/Window.h"
 
@@ -9,8 +10,8 @@ namespace Render {
 
 /// Samples are counted from the start of a window. Sound that begins where a picture of its stack begins moves with
 /// that to the nearest frame, so both stay in step to the sample; without pictures in the window, and for other sound,
-/// the exact time counts. A stack is heard where it stands: among pictures only where none of the sound tracks beside
-/// it has a stack at the same time, which is then its sound.
+/// the exact time counts. A stack is heard where it stands: among pictures only where no sound track beside it has its
+/// sound, see LinkedStacks.
 class SoundPlanner final : public ScenePlanner {
 public:
     SoundPlanner(std::shared_ptr<const Timeline::Document> document, const Window& window,
@@ -26,13 +27,14 @@ public:
 private:
     bool takes(const Timeline::Track& track) const override;
     bool takesClips(const Timeline::Track& track) const override;
-    bool takesStack(const Timeline::Stack& around, const Timeline::Track& track, Kestra::Ticks start) const override;
+    bool takesStack(const Timeline::Track& track, const Timeline::Nested& nested) const override;
     Kestra::Ticks placed(const Timeline::Stack& stack, Kestra::Ticks time, Kestra::Ticks exact) const override;
     const Kestra::FrameGrid* frames() const override { return nullptr; }
     bool isFull(const Timeline::Clip&) const override { return false; }
 
     const Window window;
     const Kestra::SampleGrid grid;
+    const LinkedStacks linked;
 };
 
 } // namespace Render

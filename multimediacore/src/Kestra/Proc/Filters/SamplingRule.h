@@ -4,6 +4,7 @@
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/TimeMap.h"
 #include "KestraExport.h"
+#include <optional>
 
 namespace Kestra::Proc {
 
@@ -17,14 +18,16 @@ public:
               ///< shown
     };
 
-    explicit SamplingRule(const FrameGrid& grid, Pace pace = Pace::Any, const TimeMap& map = {});
+    /// No time of the source beyond `furthest` is shown, in the direction in which the map runs; that one stands still.
+    explicit SamplingRule(const FrameGrid& grid, Pace pace = Pace::Any, const TimeMap& map = {},
+                          std::optional<Ticks> furthest = {});
 
     const FrameGrid& GetGrid() const { return grid; }
     /// Later frames then show earlier times of the source, by the middles alone whatever the pace, and the two
     /// questions for the first frame have no answer: they throw std::logic_error.
     bool RunsBackwards() const { return map.speed < 0; }
     /// The time of the source that frame `index` shows.
-    Ticks Shown(FrameIndex index) const { return map.ToSource(grid.Middle(index)); }
+    Ticks Shown(FrameIndex index) const;
     /// The first frame that shows what the source shows from `time` on; the greatest index where none does, and the
     /// smallest one where every frame does: a map of speed 0 knows no other answers.
     FrameIndex FirstShowing(Ticks time) const;
@@ -39,6 +42,7 @@ private:
     FrameGrid grid;
     Pace pace;
     TimeMap map;
+    std::optional<Ticks> furthest;
 };
 
 } // namespace Kestra::Proc
