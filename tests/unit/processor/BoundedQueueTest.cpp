@@ -129,6 +129,20 @@ TEST(BoundedQueue, BlocksThePusherWhenItsPiecesAreUsedUp) {
     EXPECT_TRUE(third.get());
 }
 
+TEST(BoundedQueue, KeepsAPusherWaitingUntilHalfOfItIsEmptyWhereThatIsWanted) {
+    QueueLimits limits = Pieces(4);
+    limits.wakeAtHalf = true;
+    Queue queue(limits);
+    for (int time = 1; time <= 4; ++time)
+        queue.Push(MakePacket(time));
+    auto fifth = OnAnotherThread([&] { return queue.Push(MakePacket(5)); });
+    queue.Pop();
+    EXPECT_TRUE(Waits(fifth)) << "there is room for one";
+    queue.Pop();
+    EXPECT_TRUE(fifth.get());
+    EXPECT_TRUE(queue.Push(MakePacket(6))) << "who does not wait takes what room there is";
+}
+
 TEST(BoundedQueue, TakesASinglePieceOfAnySize) {
     for (const QueueLimits& limits : {QueueLimits{10, 5}, QueueLimits{0, 0}, Pieces(0)}) {
         Queue queue(limits);

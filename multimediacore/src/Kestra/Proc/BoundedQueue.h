@@ -20,6 +20,9 @@ struct QueueLimits {
     /// From the first piece's time to the last one's, in engine time.
     std::int64_t time = std::numeric_limits<std::int64_t>::max();
     std::size_t pieces = std::numeric_limits<std::size_t>::max();
+    /// Who waits for room in a full queue waits until half of it is empty: to wake a thread for each piece takes longer
+    /// than to hand over a small one.
+    bool wakeAtHalf = false;
 };
 
 /// The time by which a queue is ordered.
@@ -55,7 +58,8 @@ public:
     /// Waits for room for this piece. False, and the piece is dropped, once the queue is cancelled.
     bool Push(Pointer piece) {
         std::unique_lock<std::mutex> lock(mutex);
-        roomOrCancelled.wait(lock, [&] { return cancelled || HasRoomFor(*piece); });
+        if (!cancelled && !HasRoomFor(*piece))
+            roomOrCancelled.wait(lock, [&] { return cancelled || (HasRoomFor(*piece) && IsDrained()); });
         if (cancelled)
             return false;
         const std::size_t size = piece->GetByteSize();
@@ -138,8 +142,15 @@ private:
         Pointer taken = std::move(pieces.front());
         pieces.pop_front();
         bytes -= taken->GetByteSize();
-        roomOrCancelled.notify_one();
+        if (IsDrained())
+            roomOrCancelled.notify_one();
         return taken;
+    }
+
+    bool IsDrained() const {
+        return !limits.wakeAtHalf || pieces.empty() ||
+               (pieces.size() <= limits.pieces / 2 && bytes <= limits.bytes / 2 &&
+                TimeInQueue(*pieces.back()) - TimeInQueue(*pieces.front()) <= limits.time / 2);
     }
 
     bool HasRoom() const {

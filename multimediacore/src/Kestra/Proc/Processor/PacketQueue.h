@@ -10,6 +10,7 @@ namespace Kestra::Proc {
 /// queued.
 using PacketQueue = BoundedQueue<IDataRaw>;
 
-constexpr QueueLimits PACKET_LIMITS{std::size_t{32} * 1024 * 1024, 2 * TIME_BASE};
+constexpr QueueLimits PACKET_LIMITS{std::size_t{32} * 1024 * 1024, 2 * TIME_BASE,
+                                    std::numeric_limits<std::size_t>::max(), true};
 
 } // namespace Kestra::Proc
