@@ -136,6 +136,7 @@ TEST(BoundedQueue, KeepsAPusherWaitingUntilHalfOfItIsEmptyWhereThatIsWanted) {
     for (int time = 1; time <= 4; ++time)
         queue.Push(MakePacket(time));
     auto fifth = OnAnotherThread([&] { return queue.Push(MakePacket(5)); });
+    EXPECT_TRUE(Waits(fifth));
     queue.Pop();
     EXPECT_TRUE(Waits(fifth)) << "there is room for one";
     queue.Pop();
