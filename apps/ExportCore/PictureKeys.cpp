@@ -179,6 +179,21 @@ void editQuality(const PresetSettings& settings, const Media::Video&, Preset& pr
     preset.setVideoQuality(*settings.quality);
 }
 
+void readFirstPass(const SettingEntry& entry, PresetSettings& settings) {
+    if (entry.value != "full" && entry.value != "half")
+        entry.refuse("write full or half");
+    settings.fullFirstPass = entry.value == "full";
+}
+
+void requireTwoPasses(const PresetSettings&, const Preset& preset) {
+    if (!preset.isVideoTwoPassEncodingEnabled() || preset.videoBitrateMode() == Export::BitrateMode::Quality)
+        SettingKey::refuse("first-pass", quoted(preset) + " encodes in one pass");
+}
+
+void editFirstPass(const PresetSettings& settings, const Media::Video&, Preset& preset) {
+    preset.setFullFirstPass(*settings.fullFirstPass);
+}
+
 } // namespace
 
 std::vector<SettingKey> SettingKey::ofPicture() {
@@ -212,6 +227,11 @@ std::vector<SettingKey> SettingKey::ofPicture() {
          readQuality,
          requireQuality,
          editQuality,
+         insideAnyway},
+        {{"first-pass", "SIZE", "full or half: of the pictures that the first of two passes looks at", true},
+         readFirstPass,
+         requireTwoPasses,
+         editFirstPass,
          insideAnyway},
     };
 }

@@ -1,6 +1,7 @@
 // Exports in two passes, measured in the files that come out.
 #include "ExportCore/ExportJob.h"
 #include "Exported.h"
+#include "ScratchPlace.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/MediaProbe.h"
@@ -13,6 +14,7 @@ using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
 using ExportCore::ExportProgress;
 using ExportCore::ExportRequest;
+using TestExport::ScratchPlace;
 using TestMedia::ProbedMedia;
 using TestSupport::waitUntil;
 using Status = ExportOutcome::Status;
@@ -40,21 +42,6 @@ const Target TARGETS[] = {{"mp4-h264-1080p-2pass", "mp4", 300'000},
                           {"mp4-hevc-1080p-2pass", "mp4", 250'000},
                           {"mp4-mpeg4-720p-2pass", "mp4", 400'000},
                           {"webm-vp9-1080p-2pass", "webm", 250'000}};
-
-/// Scratch directories go into a folder that a test can look into.
-class ScratchPlace {
-public:
-    ScratchPlace() { qputenv("TMPDIR", QByteArray::fromStdString(folder / "")); }
-    ~ScratchPlace() { before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before) != 0; }
-    ScratchPlace(const ScratchPlace&) = delete;
-    ScratchPlace& operator=(const ScratchPlace&) = delete;
-
-    QStringList names() const { return TestFiles::namesIn(folder / ""); }
-
-private:
-    const TestMedia::Folder folder;
-    const QByteArray before = qgetenv("TMPDIR");
-};
 
 class TwoPassExport : public ::testing::TestWithParam<Target> {
 protected:

@@ -1,11 +1,8 @@
 // Encoders that see the pictures twice.
 #include "Kestra/Proc/Interrupted.h"
-#include "RatedEncoding.h"
-#include <csignal>
+#include "Passes.h"
 #include <filesystem>
 #include <fstream>
-#include <set>
-#include <sys/resource.h>
 
 using namespace Fakes;
 using namespace EncodeTest;
@@ -15,8 +12,6 @@ using Conf::IFormatCodecVideo;
 using Proc::TranscodingError;
 
 namespace {
-
-using Packets = std::vector<boost::intrusive_ptr<Proc::IDataRaw>>;
 
 /// Pictures that differ in what they demand: a second of almost nothing, then one of noise, and so on.
 VideoShape Uneven(int frames) {
@@ -30,62 +25,6 @@ VideoShape Uneven(int frames) {
                 frame.data[plane][at] = static_cast<std::uint8_t>(plane ? 128 : 60 + at / 997 % 100 + index % 3);
     };
     return shape;
-}
-
-/// Both passes over one log in a folder of its own.
-class Passes {
-public:
-    explicit Passes(std::string codec, VideoShape shape = Noise(12))
-        : codec(std::move(codec))
-        , stream(MakeVideo(std::move(shape))) {}
-
-    boost::intrusive_ptr<Proc::IEncoder> Make(bool first) const {
-        Proc::SettingsTwoPassEncoding settings;
-        settings.SetLogFile(log);
-        settings.firstPass = first;
-        auto description = Rated(codec.c_str(), mode.c_str(), bitrate);
-        const auto encoder = VideoEncoder(stream, description);
-        encoder->Initialize(Proc::IEncoder::Settings2Property(settings));
-        encoder->Reset();
-        return encoder;
-    }
-    Packets Run(bool first) const { return ReadAll(*Make(first)); }
-
-    /// What the second pass fails with.
-    Proc::ProcessingError Second() const {
-        return Failure([this] { Run(false); });
-    }
-    std::set<std::string> Files() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(folder.File(""))))
-            names.insert(entry.path().filename().string());
-        return names;
-    }
-
-    /// How a first pass fails when no file may grow beyond so many bytes.
-    Proc::ProcessingError FirstWithRoomFor(std::size_t bytes) const {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit before = {};
-        getrlimit(RLIMIT_FSIZE, &before);
-        rlimit tight = before;
-        tight.rlim_cur = bytes;
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-        const auto failure = Failure([this] { Run(true); });
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
-        return failure;
-    }
-
-    const ScratchFolder folder;
-    const std::string codec;
-    const boost::intrusive_ptr<Proc::IStreamVideo> stream;
-    std::string log = folder.File("pass:1 of 2.log");
-    std::string mode = "vbr";
-    std::int64_t bitrate = 125000;
-};
-
-std::string Content(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void Overwrite(const std::string& path, const std::string& content) {

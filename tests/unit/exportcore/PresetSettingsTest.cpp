@@ -52,6 +52,8 @@ TEST(PresetSettings, EveryKeyIsRead) {
     EXPECT_EQ(PresetSettings::parse({"width=640"}).width, 640);
     EXPECT_EQ(PresetSettings::parse({"height=360"}).height, 360);
     EXPECT_EQ(PresetSettings::parse({"quality=23.5"}).quality, 23.5);
+    EXPECT_EQ(PresetSettings::parse({"first-pass=full"}).fullFirstPass, true);
+    EXPECT_EQ(PresetSettings::parse({"first-pass=half"}).fullFirstPass, false);
     EXPECT_EQ(PresetSettings::parse({"frame-rate=source"}).frameRate, boost::rational<long long>(0));
 }
 
@@ -97,6 +99,7 @@ TEST(PresetSettings, AValueThatDoesNotParseIsRefusedWithTheWayToWriteIt) {
         {"bitrate=1.5", "2500k or 2.5M"},
         {"quality=good", "own scale, as 23"},
         {"quality=-1", "own scale, as 23"},
+        {"first-pass=quarter", "write full or half"},
         {"sample-rate=high", "48000 or 44.1k"},
         {"channels=3", "mono, stereo"},
         {"channels=two", "mono, stereo"},
@@ -171,6 +174,11 @@ TEST(PresetSettings, WhatTheCodecDoesNotTakeIsRefusedWithWhatItTakes) {
     EXPECT_THAT(misfit("mov-prores-1080p", {"bitrate=50M"}), HasSubstr("prores does not let its bitrate be chosen"));
     EXPECT_THAT(misfit("flac", {"audio-bitrate=500k"}), HasSubstr("flac does not let its bitrate be chosen"));
     EXPECT_EQ(misfit("mp4-h264-720p", {"quality=51", "frame-rate=source", "channels=7.1", "sample-rate=96000"}), "");
+}
+
+TEST(PresetSettings, AFirstPassIsSetWhereThereAreTwo) {
+    EXPECT_EQ(misfit("mp4-h264-1080p-2pass", {"first-pass=full"}), "");
+    EXPECT_THAT(misfit("mp4-h264-1080p", {"first-pass=full"}), HasSubstr("encodes in one pass"));
 }
 
 TEST(PresetSettings, TwoPassesAndAQualityExcludeEachOther) {

@@ -129,6 +129,28 @@ TEST(Resizer, ScalesARepeatedPictureOnce) {
     EXPECT_EQ(second->GetTime(), FramesToTime(1, 25));
 }
 
+TEST(Resizer, ScalesForADraftStraightToItsSize) {
+    const auto stream =
+        resize(makePicture(AV_PIX_FMT_YUV420P, 80, 120, {200, 90, 160}), target(320, 120, AspectMode::Letterbox));
+    const auto format = Conf::IFormatCodecVideo::Create();
+    Conf::Draft::TellIn(*format, Conf::Draft{160, 60});
+    stream->PreferFormat(*format);
+    boost::intrusive_ptr<Conf::IFormatCodecVideo> offered;
+    stream->GetVideoFormat(offered);
+    EXPECT_EQ(offered->GetFrameInfo().width, 320U);
+    const auto draft = stream->ReadVideo();
+    EXPECT_EQ(draft->GetFrameInfo().width, 160U);
+    EXPECT_EQ(draft->GetFrameInfo().height, 60U);
+    for (const int x : {0, 30, 59, 100, 159})
+        EXPECT_EQ(lumaAt(*draft, x, 30), 16) << x;
+    for (const int x : {60, 80, 99})
+        EXPECT_EQ(lumaAt(*draft, x, 30), 200) << x;
+    stream->Reset();
+    Conf::Draft::TellIn(*format, std::nullopt);
+    stream->PreferFormat(*format);
+    EXPECT_EQ(stream->ReadVideo()->GetFrameInfo().width, 320U);
+}
+
 TEST(Resizer, DrawsBarsInTheBlackOfTheRange) {
     for (const int range : {AVCOL_RANGE_MPEG, AVCOL_RANGE_JPEG}) {
         FrameHandle picture = makePicture(AV_PIX_FMT_YUV420P, 40, 60, {200, 90, 160});

@@ -152,6 +152,10 @@ bool Preset::isVideoTwoPassEncodingEnabled() const {
     return readFlag(tree, Setting::TwoPass);
 }
 
+void Preset::setFullFirstPass(bool full) {
+    writeValue(tree, Setting::FirstPass, std::string(full ? "full" : "half"));
+}
+
 bool Preset::keepsDynamicRange() const {
     return readChoice(tree, Setting::DynamicRange) != 0;
 }

@@ -69,6 +69,13 @@ Value keptFields(const Preset& preset, Setting setting) {
     return readChoice(preset.property(), setting) != 0 ? Value(true) : Value();
 }
 
+Value fullFirstPass(const Preset& preset, Setting setting) {
+    const bool isMade =
+        preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+    const bool isFull = isMade && readChoice(preset.property(), setting) != 0;
+    return isFull ? Value(std::string(Kestra::Conf::IFormatCodecVideo::FIRST_PASS_FULL)) : Value();
+}
+
 Value audioBitrate(const Preset& preset, Setting) {
     return Kestra::ClientAPI::CodecLimits::IsLossless(preset.audioCodec()) ? std::int64_t{0} : preset.audioBitrateBps();
 }

@@ -121,7 +121,7 @@ PictureStream::Shown PictureStream::blackFrame() {
 
 Proc::IFrameBlender& PictureStream::blending() {
     if (!blender)
-        blender = filters().CreateFrameBlender(target.format());
+        blender = filters().CreateFrameBlender(target.blended());
     return *blender;
 }
 

@@ -1,6 +1,7 @@
 #include "Render/PictureTarget.h"
 
 #include "Kestra/Conf/BlendFormats.h"
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/Proc/ProcException.h"
 
@@ -132,8 +133,18 @@ boost::intrusive_ptr<Conf::IFormatCodecVideo> PictureTarget::offered() const {
     auto format = Conf::IFormatCodecVideo::Create();
     format->SetProperty(target->GetProperty());
     setFlag(*format, Conf::IFormatCodecVideo::TAG_INTERLACED, offersFields);
+    Conf::Draft::TellIn(*format, std::nullopt);
     if (!hdrOfMedia.empty())
         hdr.TellIn(*format);
+    return format;
+}
+
+boost::intrusive_ptr<Conf::IFormatCodecVideo> PictureTarget::blended() const {
+    auto format = Conf::IFormatCodecVideo::Create();
+    format->SetProperty(target->GetProperty());
+    const Conf::FrameInfo whole = target->GetFrameInfo();
+    if (const auto draft = Conf::Draft::Of(*target))
+        format->InitByFrameAspect(draft->width, draft->height, whole.aspectNumerator, whole.aspectDenominator);
     return format;
 }
 
@@ -153,6 +164,7 @@ void PictureTarget::prefer(const Conf::IFormatCodecVideo& wanted) {
         noteOtherHdr();
     setFlag(*target, Conf::IFormatCodecVideo::TAG_INTERLACED,
             readFlag(wanted, Conf::IFormatCodecVideo::TAG_INTERLACED) && !blends);
+    Conf::Draft::TellIn(*target, Conf::Draft::Of(wanted));
 }
 
 } // namespace Render

@@ -26,6 +26,8 @@ public:
     const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format() const { return target; }
     /// As format(), for the stream's consumer: with what it tells beyond.
     boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> offered() const;
+    /// As format(), with the frame that pictures are blended in: smaller for a consumer of drafts.
+    boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> blended() const;
     void prefer(const Kestra::Conf::IFormatCodecVideo& wanted);
 
     /// Notes what the target takes away from the medium's pictures; transparency is not lost where they are a `layer`.

@@ -16,6 +16,7 @@ enum class VideoSetting {
     DynamicRange,
     GopSeconds,
     Fields,
+    FirstPass,
     Options,
 };
 
@@ -53,6 +54,8 @@ constexpr const char* TagOf(VideoSetting setting) {
         return "gopSeconds";
     case VideoSetting::Fields:
         return "interlaced";
+    case VideoSetting::FirstPass:
+        return "firstPass";
     case VideoSetting::Options:
         return "encodeOptions";
     }

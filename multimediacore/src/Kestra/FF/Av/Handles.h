@@ -107,6 +107,7 @@ public:
         if (av_dict_set(&entries, key, value, 0) < 0)
             throw std::bad_alloc();
     }
+    bool Has(const char* key) const { return av_dict_get(entries, key, nullptr, 0) != nullptr; }
     AVDictionary** Address() { return &entries; }
     /// The first entry that is left, null when none is.
     const AVDictionaryEntry* First() const { return av_dict_get(entries, "", nullptr, AV_DICT_IGNORE_SUFFIX); }

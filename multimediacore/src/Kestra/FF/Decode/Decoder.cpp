@@ -142,6 +142,10 @@ void Decoder::SkipUnreferenced(bool skip) {
     context->skip_frame = skip ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
 }
 
+void Decoder::SkipLoopFilter(bool skip) {
+    context->skip_loop_filter = skip ? AVDISCARD_ALL : AVDISCARD_DEFAULT;
+}
+
 void Decoder::SkipPixels() {
     context->skip_loop_filter = AVDISCARD_ALL;
     context->skip_idct = AVDISCARD_ALL;

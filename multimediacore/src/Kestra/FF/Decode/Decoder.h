@@ -30,6 +30,9 @@ public:
     void Flush();
     /// Whether frames that no other one refers to are passed over, from the next packet on.
     void SkipUnreferenced(bool skip);
+    /// Whether blocks stay unsmoothed, from the next packet on: sooner done, and further from what was encoded with
+    /// each frame up to the next keyframe.
+    void SkipLoopFilter(bool skip);
     /// From now on frames come with all that is told about them, but what their pixels show is of no account.
     void SkipPixels();
 

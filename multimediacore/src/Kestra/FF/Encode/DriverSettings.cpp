@@ -35,6 +35,19 @@ void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value) {
         Check(av_opt_set_int(context.priv_data, name, value, 0), TranscodingError::CodecRefused, name);
 }
 
+bool HasListedParameter(const AVCodecContext& context, const char* list, const char* name) {
+    Dictionary parameters;
+    Check(av_opt_get_dict_val(context.priv_data, list, 0, parameters.Address()), TranscodingError::CodecRefused, list);
+    return parameters.Has(name);
+}
+
+void SetListedParameter(AVCodecContext& context, const char* list, const char* name, const char* value) {
+    Dictionary parameters;
+    Check(av_opt_get_dict_val(context.priv_data, list, 0, parameters.Address()), TranscodingError::CodecRefused, list);
+    parameters.Set(name, value);
+    Check(av_opt_set_dict_val(context.priv_data, list, *parameters.Address(), 0), TranscodingError::CodecRefused, list);
+}
+
 void SetCrf(AVCodecContext& context, double quality) {
     if (av_opt_set_double(context.priv_data, "crf", quality, 0) < 0)
         RefuseSetting(context, "the quality " + Decimal(quality));

@@ -26,6 +26,11 @@ int Processors();
 bool HasPrivateOption(const AVCodecContext& context, const char* name);
 void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value);
 
+/// Parameters that an encoder takes in one list, by the option of that name ("x264-params"). Setting adds to those that
+/// are there. Both throw ProcException (CodecRefused).
+bool HasListedParameter(const AVCodecContext& context, const char* list, const char* name);
+void SetListedParameter(AVCodecContext& context, const char* list, const char* name, const char* value);
+
 /// Constant quality by the option "crf".
 void SetCrf(AVCodecContext& context, double quality);
 

@@ -1,12 +1,11 @@
 #include "Kestra/FF/Encode/TwoPassLog.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/StatisticsManifest.h"
-#include "Kestra/FF/Encode/X265Parameters.h"
+#include "Kestra/FF/Encode/X264Statistics.h"
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <utility>
 
@@ -20,10 +19,8 @@ using Proc::TranscodingError;
 
 namespace {
 
-/// The number behind `label` in a line of statistics; 0 where there is none.
-std::int64_t NumberAfter(const std::string& line, const char* label) {
-    const std::size_t at = line.find(label);
-    return at == std::string::npos ? 0 : std::strtoll(line.c_str() + at + std::strlen(label), nullptr, 10);
+double PixelsOf(const AVCodecContext& context) {
+    return static_cast<double>(context.width) * context.height;
 }
 
 /// What the encoder says of the frame in a packet.
@@ -90,14 +87,18 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
     Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
     if (firstPass)
         return;
-    // Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.
-    double needed = 0;
-    std::ifstream lines(path);
-    for (std::string line; std::getline(lines, line);)
-        needed += static_cast<double>(NumberAfter(line, " misc:"));
+    // It would leave short films, and those that its statistics describe roughly, far from their rate.
+    if (!HasListedParameter(context, "x264-params", "ratetol"))
+        SetListedParameter(context, "x264-params", "ratetol", "0.1");
+    const X264Statistics::Summary found = X264Statistics::Read(path);
+    RequireX264Rate(context, found.fixedBits * X264Statistics::BitsForPixels(PixelsOf(context) / found.pixels));
+}
+
+// Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.
+void TwoPassLog::RequireX264Rate(const AVCodecContext& context, double bits) const {
     const double seconds = static_cast<double>(frames) / av_q2d(context.framerate);
     constexpr double most = 1e18;
-    const auto lowest = static_cast<std::int64_t>(std::clamp(std::ceil(needed / seconds / 1000) * 1000, 0.0, most));
+    const auto lowest = static_cast<std::int64_t>(std::clamp(std::ceil(bits / seconds / 1000) * 1000, 0.0, most));
     if (context.bit_rate / 1000 * 1000 < lowest)
         Fail(TranscodingError::CodecRefused, "libx264 cannot meet " + std::to_string(context.bit_rate) +
                                                  " bit/s in two passes: these pictures take at least " +
@@ -105,8 +106,8 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
 }
 
 void TwoPassLog::ConfigureX265(AVCodecContext& context) const {
-    SetX265Parameter(context, "pass", firstPass ? "1" : "2");
-    SetX265Parameter(context, "stats", path.c_str());
+    SetListedParameter(context, "x265-params", "pass", firstPass ? "1" : "2");
+    SetListedParameter(context, "x265-params", "stats", path.c_str());
 }
 
 void TwoPassLog::ConfigureFrames(AVCodecContext& context) {

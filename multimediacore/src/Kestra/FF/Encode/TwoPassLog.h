@@ -45,6 +45,7 @@ private:
 
     void Read();
     void ConfigureX264(AVCodecContext& context) const;
+    void RequireX264Rate(const AVCodecContext& context, double bits) const;
     void ConfigureX265(AVCodecContext& context) const;
     void ConfigureFrames(AVCodecContext& context);
     void CountFrames() const;

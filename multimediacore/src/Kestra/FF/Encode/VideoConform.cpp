@@ -34,10 +34,11 @@ bool SamePixels(const AVFrame& a, const AVFrame& b) {
 
 } // namespace
 
-VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input)
+VideoConform::VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input,
+                           const std::optional<Conf::Draft>& draft)
     : VideoFilterBase(source, "conform")
     , input(input)
-    , target(TargetFor(input)) {
+    , target(draft ? DraftOf(TargetFor(input), *draft) : TargetFor(input)) {
     boost::intrusive_ptr<Conf::IFormatCodecVideo> format;
     source->GetVideoFormat(format);
     const AVPixelFormat own = ToAv(format->GetPixelFormat());
@@ -69,10 +70,15 @@ FrameHandle VideoConform::Conform(const AVFrame& frame) {
     FrameHandle result = converter.Convert(*source, target);
     result->format = input.format;
     SetColour(*result, input.colour);
-    const bool keepsFields = input.interlaced && frame.height == input.height;
+    const bool keepsFields = KeepsFields(frame);
     result->interlaced_frame = keepsFields ? frame.interlaced_frame : 0;
     result->top_field_first = keepsFields ? frame.top_field_first : 0;
     return result;
+}
+
+// Of a draft, frames come in either size.
+bool VideoConform::KeepsFields(const AVFrame& frame) const {
+    return input.interlaced && (frame.height == input.height || frame.height == target.height);
 }
 
 void VideoConform::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {

@@ -7,10 +7,12 @@
 
 namespace Kestra::FF {
 
-/// Every frame comes out as `input` says. One that is shown several times is converted once.
+/// Every frame comes out as `input` says, or in the smaller size of a `draft`. One that is shown several times is
+/// converted once.
 class VideoConform final : public Proc::VideoFilterBase {
 public:
-    VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input);
+    VideoConform(const boost::intrusive_ptr<Proc::IStreamVideo>& source, const EncoderInput& input,
+                 const std::optional<Conf::Draft>& draft = std::nullopt);
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override;
     void GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const override;
@@ -18,6 +20,7 @@ public:
 
 private:
     FrameHandle Conform(const AVFrame& frame);
+    bool KeepsFields(const AVFrame& frame) const;
 
     const EncoderInput input;
     FrameTarget target;

@@ -50,4 +50,10 @@ void VideoDriver::SetFastFirstPass(AVCodecContext& context) const {
     context.mb_decision = FF_MB_DECISION_SIMPLE;
 }
 
+bool VideoDriver::ScalesStatistics(const OptionList&) const {
+    return false;
+}
+
+void VideoDriver::SetDraftRate(AVCodecContext&, double) const {}
+
 } // namespace Kestra::FF

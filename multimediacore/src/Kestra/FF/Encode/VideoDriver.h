@@ -75,6 +75,10 @@ public:
 
     virtual Statistics GetStatistics() const { return Statistics::None; }
     virtual void SetFastFirstPass(AVCodecContext& context) const;
+    /// Whether a second pass takes what the first has seen in smaller frames, with these options.
+    virtual bool ScalesStatistics(const OptionList& options) const;
+    /// For a first pass over frames of that part of the pixels: the rate that goes with it.
+    virtual void SetDraftRate(AVCodecContext& context, double part) const;
 
 private:
     const Conf::CodecID codec;

@@ -9,6 +9,7 @@
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/EncoderLoop.h"
+#include "Kestra/FF/Encode/FirstPassDraft.h"
 #include "Kestra/FF/Encode/VideoConform.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Encode/VideoEncoderChoice.h"
@@ -49,6 +50,12 @@ bool IsInterlaced(const IFormatCodecVideo& format) {
     return tree.ChildExists(IFormatCodecVideo::TAG_INTERLACED) && tree[IFormatCodecVideo::TAG_INTERLACED].GetBool();
 }
 
+bool WantsFullFirstPass(const IFormatCodecVideo& description) {
+    const Core::Property& tree = description.GetProperty();
+    const char* const tag = IFormatCodecVideo::TAG_FIRST_PASS;
+    return tree.ChildExists(tag) && tree[tag].GetString() == IFormatCodecVideo::FIRST_PASS_FULL;
+}
+
 void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& description) {
     const char* const tag = IFormatCodecVideo::TAG_GOP_SECONDS;
     if (!description.GetProperty().ChildExists(tag))
@@ -73,7 +80,8 @@ void Obey(AVCodecContext& context, const IFormatCodecVideo& description, Conf::V
     case Conf::VideoSetting::PixelFormat:
     case Conf::VideoSetting::DynamicRange:
     case Conf::VideoSetting::Fields:
-        return; // in ChooseInput, before there is an encoder
+    case Conf::VideoSetting::FirstPass:
+        return; // before there is an encoder
     case Conf::VideoSetting::Codec:
     case Conf::VideoSetting::Profile:
     case Conf::VideoSetting::Options:
@@ -117,11 +125,23 @@ std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     BuildChain(*description);
     if (twoPass)
         log = std::make_unique<TwoPassLog>(*twoPass, *codec);
-    OptionList options = GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+    OptionList options = EncoderOptions();
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
     return std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(input));
+}
+
+OptionList VideoEncoderCore::EncoderOptions() const {
+    return GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
+}
+
+std::optional<Conf::Draft> VideoEncoderCore::ChooseDraft(const IFormatCodecVideo& description) const {
+    const auto twoPass = GetTwoPass();
+    if (!twoPass || !twoPass->firstPass || WantsFullFirstPass(description) ||
+        !Driver().ScalesStatistics(EncoderOptions()))
+        return std::nullopt;
+    return FirstPassDraft(input, frameCount, rate);
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
@@ -144,12 +164,14 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
     TakeProgramme(*format, GetDuration());
+    draft = ChooseDraft(description);
+    Conf::Draft::TellIn(*format, draft);
     stream->PreferFormat(*format);
     Proc::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
     Proc::SettingsFilterFrameRate settings;
     settings.SetFrameRate(rate);
     const boost::intrusive_ptr<Proc::IStreamVideo> conform =
-        new VideoConform(filters.CreateFrameRate(stream, settings), input);
+        new VideoConform(filters.CreateFrameRate(stream, settings), input, draft);
     chain = filters.CreateReadAhead(conform, FramesAhead(input));
     chain->Prepare();
     if (input.interlaced || CarriesHdr(input.colour.transfer, input.format))
@@ -189,10 +211,20 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     SetHdrMetadata(*context, hdr);
     Driver().Settle(*context);
     if (log && log->IsFirstPass())
-        Driver().SetFastFirstPass(*context);
+        ConfigureFirstPass(*context);
     if (log)
         log->Configure(*context);
     return context;
+}
+
+void VideoEncoderCore::ConfigureFirstPass(AVCodecContext& context) const {
+    Driver().SetFastFirstPass(context);
+    if (!draft)
+        return;
+    context.width = static_cast<int>(draft->width);
+    context.height = static_cast<int>(draft->height);
+    const double whole = static_cast<double>(input.width) * input.height;
+    Driver().SetDraftRate(context, static_cast<double>(context.width) * context.height / whole);
 }
 
 void VideoEncoderCore::ConfigureInput(AVCodecContext& context) const {

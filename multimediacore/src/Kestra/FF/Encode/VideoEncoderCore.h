@@ -1,7 +1,7 @@
 // Kestra::FF::VideoEncoderCore: packets from frames.
 #pragma once
 
-#include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
 #include "Kestra/FF/Encode/TwoPassLog.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
@@ -40,7 +40,10 @@ private:
     void Peek();
     void SettleFields(const AVFrame& first);
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
+    std::optional<Conf::Draft> ChooseDraft(const Conf::IFormatCodecVideo& description) const;
     void ConfigureInput(AVCodecContext& context) const;
+    void ConfigureFirstPass(AVCodecContext& context) const;
+    OptionList EncoderOptions() const;
     bool IsApprovedVbrOnly() const;
     const VideoDriver& Driver() const;
     AVRational TimeBase() const;
@@ -51,6 +54,7 @@ private:
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
     EncoderInput input;
+    std::optional<Conf::Draft> draft;            ///< what is encoded instead, by a first pass
     HdrMetadata hdr;                             ///< for container and stream
     AVChromaLocation chroma = AVCHROMA_LOC_LEFT; ///< that of the first picture, where that is looked at
     boost::rational<long long> rate{0};

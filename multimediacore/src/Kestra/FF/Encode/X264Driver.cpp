@@ -1,6 +1,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/VideoDrivers.h"
+#include "Kestra/FF/Encode/X264Statistics.h"
 #include <algorithm>
 
 extern "C" {
@@ -54,6 +55,25 @@ public:
 
     Statistics GetStatistics() const override { return Statistics::X264; }
     void SetFastFirstPass(AVCodecContext& context) const override { SetPrivate(context, "fastfirstpass", 1); }
+    // It scales what stands in its statistics, and its trees of macroblocks. What is said in pixels stays in pixels.
+    bool ScalesStatistics(const OptionList& options) const override {
+        const auto& all = options.Get();
+        return std::none_of(all.begin(), all.end(), [](const OptionList::Option& option) {
+            return option.name == "avcintra-class" || option.value.find("crop-rect") != std::string::npos;
+        });
+    }
+
+    // With the quantisers that the second pass will need, what stands in the statistics is nearer to what will be.
+    void SetDraftRate(AVCodecContext& context, double part) const override {
+        const double factor = X264Statistics::BitsForPixels(part);
+        const auto scaled = [factor](auto rate) {
+            const double least = 1000;
+            return rate > 0 ? static_cast<decltype(rate)>(std::max(static_cast<double>(rate) * factor, least)) : rate;
+        };
+        context.bit_rate = scaled(context.bit_rate);
+        context.rc_max_rate = scaled(context.rc_max_rate);
+        context.rc_buffer_size = scaled(context.rc_buffer_size);
+    }
 };
 
 } // namespace

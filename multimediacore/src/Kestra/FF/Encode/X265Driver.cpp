@@ -1,10 +1,11 @@
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/VideoDrivers.h"
-#include "Kestra/FF/Encode/X265Parameters.h"
 
 namespace Kestra::FF {
 
 namespace {
+
+constexpr const char* LIST = "x265-params";
 
 class Driver final : public VideoDriver {
 public:
@@ -27,10 +28,12 @@ public:
     // It fills up what is missing.
     std::int64_t LowestRateOf(std::int64_t) const override { return 0; }
     // It writes on standard error, past the library's log; parameters of a preset take the place of all that are set.
-    void Settle(AVCodecContext& context) const override { SetX265Parameter(context, "log-level", "none"); }
+    void Settle(AVCodecContext& context) const override { SetListedParameter(context, LIST, "log-level", "none"); }
 
     Statistics GetStatistics() const override { return Statistics::X265; }
-    void SetFastFirstPass(AVCodecContext& context) const override { SetX265Parameter(context, "slow-firstpass", "0"); }
+    void SetFastFirstPass(AVCodecContext& context) const override {
+        SetListedParameter(context, LIST, "slow-firstpass", "0");
+    }
 };
 
 } // namespace

@@ -144,6 +144,7 @@ void Resizer::PreferFormat(const Conf::IFormatCodec& preferred) {
     if (const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&preferred)) {
         format = ToAv(video->GetPixelFormat());
         colour = video->GetColour();
+        draft = Conf::Draft::Of(*video);
     }
     source->PreferFormat(preferred);
 }
@@ -198,7 +199,7 @@ FrameTarget Resizer::TargetFor(const AVFrame& picture) const {
     target.place = fitting.place;
     target.interpolation = ScalerFlag(settings.interpolation);
     target.threads = threads;
-    return target;
+    return draft ? DraftOf(target, *draft) : target;
 }
 
 boost::intrusive_ptr<Proc::IDataVideo> Resizer::ReadVideo() {

@@ -15,7 +15,8 @@ struct Fitting {
 Fitting FitFrame(const Conf::FrameInfo& picture, const Conf::FrameInfo& frame, const Proc::SettingsResizer& settings);
 
 /// All its frames have the size that the settings give the source's frame, also when single pictures of the source
-/// differ: those stand centred in it. A frame that comes again on the same pixels is not converted again.
+/// differ: those stand centred in it. A frame that comes again on the same pixels is not converted again. For a draft
+/// frames come in its smaller size; the description stays that of the whole.
 class Resizer final : public Proc::VideoFilterBase {
 public:
     /// `threads`: slices that one frame is converted in at a time.
@@ -41,6 +42,7 @@ private:
     Conf::FrameInfo output; ///< 0 x 0 until the first read
     AVPixelFormat format = AV_PIX_FMT_NONE;
     Conf::ColourInfo colour;
+    std::optional<Conf::Draft> draft;
     FrameConverter converter;
     /// The last frame and what became of it. Holding the frame keeps its memory from being given to another.
     FrameHandle lastFrame;

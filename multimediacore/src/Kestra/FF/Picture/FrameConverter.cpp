@@ -126,11 +126,33 @@ bool HasPalette(AVPixelFormat format) {
     return (descriptor.flags & AV_PIX_FMT_FLAG_PAL) || (isRgb && av_get_bits_per_pixel(&descriptor) <= 8);
 }
 
+int ScalerFlags(int interpolation) {
+    constexpr int CARE = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+    return interpolation == SWS_FAST_BILINEAR ? interpolation : interpolation | CARE;
+}
+
+/// Pixels of a side of `whole`, on one of `part`, on whole chroma samples.
+int Shrunk(int pixels, int whole, int part) {
+    return static_cast<int>(std::int64_t{pixels} * part / whole) / 2 * 2;
+}
+
 void CopyTags(AVFrame& to, const AVFrame& from) {
     Check(av_frame_copy_props(&to, &from), TranscodingError::OutOfMemory, "Copying the tags of a picture failed");
 }
 
 } // namespace
+
+FrameTarget DraftOf(const FrameTarget& target, const Conf::Draft& draft) {
+    FrameTarget result = target;
+    result.width = static_cast<int>(draft.width);
+    result.height = static_cast<int>(draft.height);
+    result.place.x = Shrunk(target.place.x, target.width, result.width);
+    result.place.y = Shrunk(target.place.y, target.height, result.height);
+    result.place.width = std::max(2, Shrunk(target.place.width, target.width, result.width));
+    result.place.height = std::max(2, Shrunk(target.place.height, target.height, result.height));
+    result.interpolation = SWS_FAST_BILINEAR;
+    return result;
+}
 
 bool FrameConverter::Setup::operator==(const Setup& other) const {
     return std::tie(sourceWidth, sourceHeight, sourceFormat, width, height, format, sourceLocation, pass.interpolation,
@@ -179,7 +201,7 @@ void FrameConverter::Configure(const Setup& wanted) {
     set("dsth", wanted.height);
     set("dst_format", wanted.format);
     set("dst_range", fullAfter);
-    set("sws_flags", pass.interpolation | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP);
+    set("sws_flags", ScalerFlags(pass.interpolation));
     set("threads", pass.threads);
     PlaceChroma(wanted);
     Check(sws_init_context(context.get(), nullptr, nullptr), TranscodingError::FilterFailed, what);

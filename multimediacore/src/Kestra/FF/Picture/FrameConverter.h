@@ -1,6 +1,7 @@
 // Kestra::FF::FrameConverter: part, place, size, pixel format and colour of frames.
 #pragma once
 
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "Kestra/FF/Av/FramePool.h"
 #include "Kestra/FF/Picture/ColourConverter.h"
@@ -28,6 +29,9 @@ struct FrameTarget {
     int interpolation = SWS_BICUBIC;
     int threads = 1;
 };
+
+/// The same in the smaller frame of a draft, and scaled quickly.
+FrameTarget DraftOf(const FrameTarget& target, const Conf::Draft& draft);
 
 /// Bound to one thread at a time. Alpha is kept where the target format has it, else blended over black before scaling;
 /// where it is kept, scaling and sharing of chroma weight colour by it (for formats that CanPremultiply knows).

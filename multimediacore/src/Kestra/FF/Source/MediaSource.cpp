@@ -47,9 +47,11 @@ std::vector<Proc::DamageReport> MediaSource::TakeDamageReports() {
 
 void MediaSource::Report(std::int64_t time, const std::string& what, bool incomplete) {
     const std::lock_guard<std::mutex> lock(mutex);
-    if (reports.size() >= MAX_REPORTS)
-        return;
-    if (!reports.empty() && reports.back().what == what && std::abs(reports.back().time - time) < SAME_DAMAGE)
+    // Two passes meet it twice.
+    const bool isTold = std::any_of(reports.begin(), reports.end(), [&](const Proc::DamageReport& told) {
+        return told.what == what && std::abs(told.time - time) < SAME_DAMAGE;
+    });
+    if (isTold || reports.size() >= MAX_REPORTS)
         return;
     // What codecs put before the start is no time of the media.
     reports.push_back({path, std::max<std::int64_t>(time, 0), what, incomplete});

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Source/VideoDecodeStream.h"
 
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
@@ -90,6 +91,7 @@ void VideoDecodeStream::PreferFormat(const Conf::IFormatCodec& format) {
     if (!video)
         return;
     PreferFields(*video);
+    PreferDraft(Conf::Draft::Of(*video).has_value());
     const ColourChange change{track.colour, Completed(video->GetColour(), track.colour)};
     if (ColourConverter::IsNeeded(change) && !ColourConverter::IsPossible(change))
         Fail(Proc::TranscodingError::FilterFailed, "The colours of \"" + Describe() + "\" (" +
@@ -110,6 +112,13 @@ void VideoDecodeStream::PreferFields(const Conf::IFormatCodecVideo& format) {
     fields = kept ? Fields::Kept : each ? Fields::FramePerField : Fields::OneFrame;
 }
 
+// Only from a keyframe on: a reset goes back to one, and a decoder that is handed on has been reset.
+void VideoDecodeStream::PreferDraft(bool preferred) {
+    draft = preferred;
+    if (decoder)
+        decoder->SkipLoopFilter(draft);
+}
+
 void VideoDecodeStream::Prepare() {
     if (decoder)
         return;
@@ -125,6 +134,7 @@ void VideoDecodeStream::Open() {
     file->SetClock(source->GetDetails().clock);
     decoder = std::make_unique<Decoder>(file->GetStream(track.index), threads, source->GetPath().ToUtf8(),
                                         source->GetDetails().limits);
+    decoder->SkipLoopFilter(draft);
     decoder->SetPacketSupply([this](AVPacket& packet) { return SupplyPacket(packet); });
     decoder->SetDamageReceiver([this](std::int64_t time, const std::string& reason) { OnDamage(time, reason); });
     if (!IsOriented())

@@ -18,7 +18,8 @@ namespace Kestra::FF {
 ///
 /// Interlaced frames stay as they are where nobody prefers progressive ones (TAG_INTERLACED) or they have to be
 /// turned. Otherwise each becomes one progressive frame, or two, of which each shows a field, for a consumer of a
-/// rate that shows them; frames that are progressive keep their pixels.
+/// rate that shows them; frames that are progressive keep their pixels. For a draft they are decoded without their loop
+/// filter.
 class VideoDecodeStream final : public Proc::StreamBase<Proc::IStreamVideo> {
 public:
     /// One of so many streams that are read at a time: IMediaSource::CreateVideoStreamAmong.
@@ -69,6 +70,7 @@ private:
     void ForgetFrames();
     void WindTo(std::int64_t time);
     void PreferFields(const Conf::IFormatCodecVideo& format);
+    void PreferDraft(bool preferred);
     bool IsOriented() const { return track.rotation == 0 && !source->GetDetails().flipped; }
     std::vector<FrameHandle> ShowCurrent();
     std::vector<FrameHandle> Deinterlace();
@@ -96,6 +98,7 @@ private:
     std::deque<boost::intrusive_ptr<Proc::IDataVideo>> ready;
     std::optional<SeekTarget> pendingSeek;
     bool dynamicNoted = false;
+    bool draft = false; ///< frames are looked at roughly
     std::int64_t position = 0;
     std::int64_t showFrom = 0;     ///< after a seek, what ends before is not shown
     std::int64_t lastDecoded = -1; ///< time of the last decoded frame; times have to rise

@@ -1,0 +1,18 @@
+// What stands in the statistics that x264's first pass writes.
+#pragma once
+
+#include <string>
+
+namespace Kestra::FF::X264Statistics {
+
+/// By what x264 multiplies the bits of frames when those of its second pass have so many times the pixels.
+double BitsForPixels(double factor);
+
+struct Summary {
+    double pixels = 1;    ///< of the frames that the first pass was given
+    double fixedBits = 0; ///< what no quantiser takes away, in all of them together
+};
+/// Of a file that has been verified.
+Summary Read(const std::string& path);
+
+} // namespace Kestra::FF::X264Statistics
