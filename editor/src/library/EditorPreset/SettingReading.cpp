@@ -70,9 +70,7 @@ Value keptFields(const Preset& preset, Setting setting) {
 }
 
 Value fullFirstPass(const Preset& preset, Setting setting) {
-    const bool isMade =
-        preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
-    const bool isFull = isMade && readChoice(preset.property(), setting) != 0;
+    const bool isFull = readChoice(preset.property(), setting) != 0;
     return isFull ? Value(std::string(Kestra::Conf::IFormatCodecVideo::FIRST_PASS_FULL)) : Value();
 }
 

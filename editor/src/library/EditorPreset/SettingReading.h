@@ -20,7 +20,6 @@ Value usedQuality(const Preset& preset, Setting setting);
 Value pixelFormatName(const Preset& preset, Setting setting);
 Value keptRange(const Preset& preset, Setting setting);
 Value keptFields(const Preset& preset, Setting setting);
-/// Where there are two passes, and it is the whole.
 Value fullFirstPass(const Preset& preset, Setting setting);
 /// 0 for codecs that know none.
 Value audioBitrate(const Preset& preset, Setting setting);
