@@ -1,6 +1,7 @@
 // Random timelines, rendered by the engine: every frame and every sample is what the cut says.
 #include "RandomTimeline.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "ReferencePictures.h"
@@ -25,6 +26,7 @@ namespace {
 using Kestra::FrameGrid;
 using Kestra::FrameIndex;
 using Kestra::Ticks;
+using Kestra::Conf::Draft;
 
 /// What is looked for is the same in every run, unless the environment says otherwise.
 const int PARAMETERS = ::setenv("RC_PARAMS", "seed=20261 max_success=200", 0);
@@ -215,6 +217,82 @@ TEST_F(RandomTimelines, ShowNoPictureBehindTheRangeOfAClipWhereRatesDiffer) {
                 << medium.id << " of " << medium.rate << " at " << rate;
         }
     EXPECT_GT(told.pixels, 10 * told.frames);
+}
+
+void prefer(Kestra::Proc::IStreamVideo& stream, const std::optional<Draft>& draft) {
+    boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo> format;
+    stream.GetVideoFormat(format);
+    EXPECT_FALSE(Draft::Of(*format));
+    Draft::TellIn(*format, draft);
+    stream.PreferFormat(*format);
+}
+
+/// What the whole shows there, if all that a pixel of half the size is made of is alike.
+std::optional<Colour> expectedInHalf(ReferencePictures& reference, FrameIndex number, int x, int y) {
+    std::optional<Colour> all;
+    for (const int across : {2 * x - 4, 2 * x + 5})
+        for (const int down : {2 * y - 4, 2 * y + 5}) {
+            const auto one = reference.at(number, across, down);
+            if (!one || (all && difference(*one, *all) > 2))
+                return std::nullopt;
+            all = one;
+        }
+    return all;
+}
+
+std::string troubleWithHalf(const AVFrame& frame, ReferencePictures& reference, FrameIndex number, PicturesTold& told) {
+    for (int y = 2; y < frame.height - 2; ++y)
+        for (int x = 2; x < frame.width - 2; ++x) {
+            const auto expected = expectedInHalf(reference, number, x, y);
+            told.pixels += expected ? 1 : 0;
+            if (expected && difference(colourAt(frame, x, y), *expected) > 5)
+                return "draft " + std::to_string(number.Value()) + " at " + std::to_string(x) + ',' + std::to_string(y);
+        }
+    return {};
+}
+
+/// A first reading in drafts and a second one in whole pictures.
+std::string troubleWithDrafts(const KnownMedia& media, const Shown& shown, PicturesTold& told) {
+    const Draft half{ReferencePictures::WIDTH / 2, ReferencePictures::HEIGHT / 2};
+    const auto stream = Render::createPictureStream(shown.sequence, shown.window,
+                                                    {ReferencePictures::WIDTH, ReferencePictures::HEIGHT, 16, 9});
+    ReferencePictures reference(media, *shown.sequence.document, *shown.window.grid());
+    prefer(*stream, half);
+    PicturesTold ofWhole;
+    std::string trouble;
+    FrameIndex drafts(0), whole(0);
+    while (const auto picture = stream->ReadVideo()) {
+        const AVFrame& frame = Kestra::FF::FrameOf(*picture);
+        // Black where nothing is seen is no work in any size.
+        const bool isHalf = frame.width == static_cast<int>(half.width);
+        if (isHalf && trouble.empty())
+            trouble = troubleWithHalf(frame, reference, shown.window.firstFrame() + drafts, told);
+        told.frames += isHalf ? 1 : 0;
+        ++drafts;
+    }
+    stream->Reset();
+    prefer(*stream, std::nullopt);
+    while (const auto picture = stream->ReadVideo()) {
+        const AVFrame& frame = Kestra::FF::FrameOf(*picture);
+        if (frame.width != ReferencePictures::WIDTH)
+            return "drafts are left";
+        if (trouble.empty())
+            trouble = troubleWith(frame, reference, shown.window.firstFrame() + whole, ofWhole);
+        ++whole;
+    }
+    told.blended += reference.hasBlended() ? 1 : 0;
+    return drafts == whole ? trouble : "there are not as many drafts as whole frames";
+}
+
+TEST_F(RandomTimelines, ShowTheSameInDraftsAndThenWhole) {
+    PicturesTold told;
+    expectNone("drafts show what the cut says",
+               [&told](const Shown& shown) { return troubleWithDrafts(*media, shown, told); });
+    if (std::getenv(REPLAYED))
+        return;
+    EXPECT_GT(told.blended, 60);
+    EXPECT_GT(told.frames, 1000) << "too few were drafts";
+    EXPECT_GT(told.pixels, told.frames) << "too few pixels could be told";
 }
 
 constexpr int SAMPLE_RATE = 8000;
