@@ -182,16 +182,19 @@ void editQuality(const PresetSettings& settings, const Media::Video&, Preset& pr
 void readFirstPass(const SettingEntry& entry, PresetSettings& settings) {
     if (entry.value != "full" && entry.value != "half")
         entry.refuse("write full or half");
-    settings.fullFirstPass = entry.value == "full";
+    settings.halfFirstPass = entry.value == "half";
 }
 
-void requireTwoPasses(const PresetSettings&, const Preset& preset) {
+void requireTwoPasses(const PresetSettings& settings, const Preset& preset) {
     if (!preset.isVideoTwoPassEncodingEnabled() || preset.videoBitrateMode() == Export::BitrateMode::Quality)
         SettingKey::refuse("first-pass", quoted(preset) + " encodes in one pass");
+    if (*settings.halfFirstPass && preset.videoCodec() != Kestra::Conf::CodecID::H264)
+        SettingKey::refuse("first-pass",
+                           std::string("that of ") + CodecIDToString(preset.videoCodec()) + " looks at whole pictures");
 }
 
 void editFirstPass(const PresetSettings& settings, const Media::Video&, Preset& preset) {
-    preset.setFullFirstPass(*settings.fullFirstPass);
+    preset.setHalfFirstPass(*settings.halfFirstPass);
 }
 
 } // namespace

@@ -37,7 +37,7 @@ struct EXPORTCORE_EXPORT PresetSettings {
     std::optional<boost::rational<long long>> frameRate; ///< MARK_USE_ORIGINAL_FRAMERATE for the source's
     std::optional<std::int64_t> bitrateBps;
     std::optional<double> quality; ///< on the codec's scale
-    std::optional<bool> fullFirstPass;
+    std::optional<bool> halfFirstPass;
     std::optional<int> sampleRate;
     std::optional<std::uint32_t> channelLayout;
     std::optional<std::int64_t> audioBitrateBps;

@@ -85,14 +85,14 @@ TestMedia::Folder* HalfFirstPass::folder = nullptr;
 } // namespace
 
 TEST_F(HalfFirstPass, MeetsTheBitrateOverThirtySeconds) {
-    EXPECT_EQ(sizeOfFirstPass(request({"bitrate=400k"})), "128x72");
+    EXPECT_EQ(sizeOfFirstPass(request({"bitrate=400k", "first-pass=half"})), "128x72");
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(outcome.facts.frames, 750);
     EXPECT_NEAR(pictureRate(30), BITRATE, 0.03 * BITRATE);
 }
 
-TEST_F(HalfFirstPass, IsWholeWhereThatIsOrdered) {
-    ExportRequest wanted = request({"bitrate=400k", "first-pass=full"});
+TEST_F(HalfFirstPass, IsMadeWhereItIsOrderedAlone) {
+    ExportRequest wanted = request({"bitrate=400k"});
     wanted.out = KTime(8000);
     EXPECT_EQ(sizeOfFirstPass(wanted), "256x144");
     EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
@@ -100,14 +100,14 @@ TEST_F(HalfFirstPass, IsWholeWhereThatIsOrdered) {
 }
 
 TEST_F(HalfFirstPass, IsWholeOfAShortPart) {
-    ExportRequest wanted = request({"bitrate=400k"});
+    ExportRequest wanted = request({"bitrate=400k", "first-pass=half"});
     wanted.out = KTime(3000);
     EXPECT_EQ(sizeOfFirstPass(wanted), "256x144");
     EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
 }
 
 TEST_F(HalfFirstPass, IsHalfOfWhatPicturesAreScaledTo) {
-    ExportRequest wanted = request({"bitrate=400k", "size=320x320", "frame-rate=30"});
+    ExportRequest wanted = request({"bitrate=400k", "size=320x320", "frame-rate=30", "first-pass=half"});
     wanted.out = KTime(8000);
     EXPECT_EQ(sizeOfFirstPass(wanted), "160x160");
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();

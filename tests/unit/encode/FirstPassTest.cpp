@@ -52,6 +52,12 @@ std::string TypesIn(const std::string& log) {
     return types;
 }
 
+/// Whether x264 says in what it puts before the first picture that it works with this parameter.
+bool WorksWith(const Packets& packets, const std::string& parameter) {
+    const auto* const bytes = reinterpret_cast<const char*>(packets.front()->GetBytes());
+    return std::string(bytes, packets.front()->GetSize()).find(' ' + parameter + ' ') != std::string::npos;
+}
+
 std::string KeysOf(const Packets& packets, int frames) {
     std::string keys(static_cast<std::size_t>(frames), '.');
     for (const auto& packet : packets) {
@@ -80,6 +86,16 @@ VideoShape Moving(int frames, int width = 160, int height = 128) {
     };
     return shape;
 }
+
+/// Whose first pass may look at halves.
+class HalfPasses : public Passes {
+public:
+    template <typename Pictures>
+    HalfPasses(std::string codec, Pictures pictures)
+        : Passes(std::move(codec), std::move(pictures)) {
+        extra.SetChild(IFormatCodecVideo::TAG_FIRST_PASS, std::string(IFormatCodecVideo::FIRST_PASS_HALF));
+    }
+};
 
 /// Passes frames on, and remembers what was wished for.
 class Wishes final : public Proc::VideoFilterBase {
@@ -123,7 +139,7 @@ TEST(FirstPassDraft, IsNotMadeOfShortFilms) {
 }
 
 TEST(FirstPass, OfX264LooksAtHalfOfTheWidthAndHeight) {
-    Passes passes("h264", Moving(ENOUGH));
+    HalfPasses passes("h264", Moving(ENOUGH));
     passes.bitrate = 500000;
     EXPECT_EQ(passes.Run(true).size(), static_cast<std::size_t>(ENOUGH));
     const std::string log = Content(passes.log);
@@ -139,7 +155,7 @@ TEST(FirstPass, OfX264LooksAtHalfOfTheWidthAndHeight) {
 }
 
 TEST(FirstPass, LeavesTheSecondItsWholePictures) {
-    const Passes passes("h264", Moving(ENOUGH));
+    const HalfPasses passes("h264", Moving(ENOUGH));
     passes.Run(true);
     const auto encoder = passes.Make(false);
     encoder->Prepare();
@@ -157,16 +173,26 @@ TEST(FirstPass, LeavesTheSecondItsWholePictures) {
     EXPECT_EQ(file.Video().pictures.front()->height, 128);
 }
 
-TEST(FirstPass, LooksAtWholePicturesWhereThatIsOrdered) {
-    Passes passes("h264", Moving(ENOUGH));
-    passes.extra.SetChild(IFormatCodecVideo::TAG_FIRST_PASS, std::string(IFormatCodecVideo::FIRST_PASS_FULL));
+TEST(FirstPass, LooksAtWholePicturesWhereHalvesAreNotOrdered) {
+    const Passes passes("h264", Moving(ENOUGH));
     passes.Run(true);
     EXPECT_EQ(SizeIn(Content(passes.log)), "160x128");
     EXPECT_EQ(passes.Run(false).size(), static_cast<std::size_t>(ENOUGH));
 }
 
+TEST(FirstPass, OfHalvesHasTheSecondKeepToItsBitrateSooner) {
+    const Passes whole("h264", Moving(ENOUGH));
+    whole.Run(true);
+    EXPECT_TRUE(WorksWith(whole.Run(false), "ratetol=1.0"));
+    HalfPasses halves("h264", Moving(ENOUGH));
+    halves.Run(true);
+    EXPECT_TRUE(WorksWith(halves.Run(false), "ratetol=0.1"));
+    Options(halves.extra).SetChild("x264-params", std::string("ratetol=0.5"));
+    EXPECT_TRUE(WorksWith(halves.Run(false), "ratetol=0.5")) << "as the preset has it";
+}
+
 TEST(FirstPass, LooksAtWholePicturesWhereOptionsCountTheirPixels) {
-    Passes passes("h264", Moving(ENOUGH));
+    HalfPasses passes("h264", Moving(ENOUGH));
     Options(passes.extra).SetChild("x264-params", std::string("crop-rect=0,0,100,0"));
     passes.Run(true);
     EXPECT_EQ(SizeIn(Content(passes.log)), "160x128");
@@ -174,7 +200,7 @@ TEST(FirstPass, LooksAtWholePicturesWhereOptionsCountTheirPixels) {
 }
 
 TEST(FirstPass, LooksAtWholePicturesOfAShortFilm) {
-    const Passes passes("h264", Moving(50));
+    const HalfPasses passes("h264", Moving(50));
     passes.Run(true);
     EXPECT_EQ(SizeIn(Content(passes.log)), "160x128");
     EXPECT_EQ(passes.Run(false).size(), 50U);
@@ -197,7 +223,7 @@ TEST(FirstPass, SuitsPicturesOfEveryFormatAndTheLargest) {
         shape.format = one.format;
         shape.frames = one.width > 1000 ? 6 : ENOUGH;
         shape.rate = one.width > 1000 ? 1 : 25;
-        Passes passes("h264", shape);
+        HalfPasses passes("h264", shape);
         passes.extra.SetChild(IFormatCodecVideo::TAG_PIXEL_FORMAT, std::string(one.name));
         Options(passes.extra).SetChild("preset", std::string("veryfast"));
         passes.Run(true);
@@ -213,7 +239,7 @@ TEST(FirstPass, KeepsFieldsApart) {
         frame.interlaced_frame = 1;
         frame.top_field_first = 1;
     };
-    Passes passes("h264", shape);
+    HalfPasses passes("h264", shape);
     passes.extra.SetChild(IFormatCodecVideo::TAG_INTERLACED, true);
     passes.Run(true);
     const std::string log = Content(passes.log);
@@ -229,10 +255,10 @@ TEST(FirstPass, AsksForDraftsAndTheSecondForWholePictures) {
     };
     for (const Case& one : {Case{"h264", true}, Case{"hevc", false}, Case{"vp9", false}, Case{"mpeg4", false}}) {
         const boost::intrusive_ptr<Wishes> wishes = new Wishes(MakeVideo(Moving(ENOUGH)));
-        Passes passes(one.codec, wishes);
+        HalfPasses passes(one.codec, wishes);
         passes.Make(true)->Prepare();
         EXPECT_EQ(wishes->isDraft, std::vector<bool>{one.draft}) << one.codec;
-        Passes written(one.codec, MakeVideo(Moving(12)));
+        HalfPasses written(one.codec, MakeVideo(Moving(12)));
         written.Run(true);
         passes.log = written.log;
         passes.Make(false)->Prepare();

@@ -52,8 +52,8 @@ TEST(PresetSettings, EveryKeyIsRead) {
     EXPECT_EQ(PresetSettings::parse({"width=640"}).width, 640);
     EXPECT_EQ(PresetSettings::parse({"height=360"}).height, 360);
     EXPECT_EQ(PresetSettings::parse({"quality=23.5"}).quality, 23.5);
-    EXPECT_EQ(PresetSettings::parse({"first-pass=full"}).fullFirstPass, true);
-    EXPECT_EQ(PresetSettings::parse({"first-pass=half"}).fullFirstPass, false);
+    EXPECT_EQ(PresetSettings::parse({"first-pass=full"}).halfFirstPass, false);
+    EXPECT_EQ(PresetSettings::parse({"first-pass=half"}).halfFirstPass, true);
     EXPECT_EQ(PresetSettings::parse({"frame-rate=source"}).frameRate, boost::rational<long long>(0));
 }
 
@@ -177,8 +177,13 @@ TEST(PresetSettings, WhatTheCodecDoesNotTakeIsRefusedWithWhatItTakes) {
 }
 
 TEST(PresetSettings, AFirstPassIsSetWhereThereAreTwo) {
-    EXPECT_EQ(misfit("mp4-h264-1080p-2pass", {"first-pass=full"}), "");
-    EXPECT_THAT(misfit("mp4-h264-1080p", {"first-pass=full"}), HasSubstr("encodes in one pass"));
+    EXPECT_EQ(misfit("mp4-h264-1080p-2pass", {"first-pass=half"}), "");
+    EXPECT_THAT(misfit("mp4-h264-1080p", {"first-pass=half"}), HasSubstr("encodes in one pass"));
+}
+
+TEST(PresetSettings, AHalfFirstPassIsSetWhereTheEncoderHasOne) {
+    EXPECT_THAT(misfit("mp4-hevc-1080p-2pass", {"first-pass=half"}), HasSubstr("hevc looks at whole pictures"));
+    EXPECT_EQ(misfit("mp4-hevc-1080p-2pass", {"first-pass=full"}), "");
 }
 
 TEST(PresetSettings, TwoPassesAndAQualityExcludeEachOther) {

@@ -282,13 +282,13 @@ TEST_F(PresetTest, TwoPassesCountForTheFileOnlyWhereTheModeTakesThem) {
     EXPECT_FALSE(twice.equalsTo(once));
 }
 
-TEST_F(PresetTest, TheSizeOfAFirstPassIsToldWhereItIsTheWhole) {
+TEST_F(PresetTest, TheSizeOfAFirstPassIsToldWhereItIsHalf) {
     const char* const tag = Kestra::Conf::IFormatCodecVideo::TAG_FIRST_PASS;
     Preset edited = preset("large");
-    edited.setFullFirstPass(true);
-    EXPECT_EQ(edited.videoEncoderData()[tag].GetString(), "full");
+    edited.setHalfFirstPass(true);
+    EXPECT_EQ(edited.videoEncoderData()[tag].GetString(), "half");
     EXPECT_FALSE(edited.equalsTo(preset("large")));
-    edited.setFullFirstPass(false);
+    edited.setHalfFirstPass(false);
     EXPECT_FALSE(edited.videoEncoderData().ChildExists(tag));
     EXPECT_TRUE(edited.affectsAs(preset("large")));
 }

@@ -152,8 +152,8 @@ bool Preset::isVideoTwoPassEncodingEnabled() const {
     return readFlag(tree, Setting::TwoPass);
 }
 
-void Preset::setFullFirstPass(bool full) {
-    writeValue(tree, Setting::FirstPass, std::string(full ? "full" : "half"));
+void Preset::setHalfFirstPass(bool half) {
+    writeValue(tree, Setting::FirstPass, std::string(half ? "half" : "full"));
 }
 
 bool Preset::keepsDynamicRange() const {

@@ -64,8 +64,8 @@ public:
     /// By the encoder's name; empty when the preset gives none.
     std::string videoProfile() const;
     bool isVideoTwoPassEncodingEnabled() const;
-    /// Whether the first of two passes looks at whole pictures; else at smaller ones where that does.
-    void setFullFirstPass(bool full);
+    /// Whether the first of two passes looks at smaller pictures where that does; else at whole ones.
+    void setHalfFirstPass(bool half);
     /// PQ and HLG stay what they are; else they become a standard range.
     bool keepsDynamicRange() const;
 

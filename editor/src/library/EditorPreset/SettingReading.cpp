@@ -69,9 +69,9 @@ Value keptFields(const Preset& preset, Setting setting) {
     return readChoice(preset.property(), setting) != 0 ? Value(true) : Value();
 }
 
-Value fullFirstPass(const Preset& preset, Setting setting) {
-    const bool isFull = readChoice(preset.property(), setting) != 0;
-    return isFull ? Value(std::string(Kestra::Conf::IFormatCodecVideo::FIRST_PASS_FULL)) : Value();
+Value halfFirstPass(const Preset& preset, Setting setting) {
+    const bool isHalf = readChoice(preset.property(), setting) != 0;
+    return isHalf ? Value(std::string(Kestra::Conf::IFormatCodecVideo::FIRST_PASS_HALF)) : Value();
 }
 
 Value audioBitrate(const Preset& preset, Setting) {

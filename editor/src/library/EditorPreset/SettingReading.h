@@ -20,7 +20,7 @@ Value usedQuality(const Preset& preset, Setting setting);
 Value pixelFormatName(const Preset& preset, Setting setting);
 Value keptRange(const Preset& preset, Setting setting);
 Value keptFields(const Preset& preset, Setting setting);
-Value fullFirstPass(const Preset& preset, Setting setting);
+Value halfFirstPass(const Preset& preset, Setting setting);
 /// 0 for codecs that know none.
 Value audioBitrate(const Preset& preset, Setting setting);
 Value aspectMode(const Preset& preset, Setting setting);

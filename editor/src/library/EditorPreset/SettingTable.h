@@ -73,7 +73,7 @@ constexpr Choice MODES[] = {{"constant", as(BitrateMode::Constant)},
                             {"quality", as(BitrateMode::Quality)}};
 constexpr Choice RANGES[] = {{"standard", 0}, {VALUE_SOURCE, 1}};
 constexpr Choice FIELDS[] = {{"progressive", 0}, {VALUE_SOURCE, 1}};
-constexpr Choice FIRST_PASSES[] = {{"half", 0}, {"full", 1}};
+constexpr Choice FIRST_PASSES[] = {{"full", 0}, {"half", 1}};
 constexpr Choice LAYOUTS[] = {
     {VALUE_SOURCE, as(Kestra::Conf::CHANNEL_LAYOUT_UNKNOWN)}, {"mono", as(Kestra::Conf::CHANNEL_LAYOUT_MONO)},
     {"stereo", as(Kestra::Conf::CHANNEL_LAYOUT_STEREO)},      {"quad", as(Kestra::Conf::CHANNEL_LAYOUT_QUAD)},
@@ -149,8 +149,8 @@ constexpr SettingRow ROWS[] = {
      Rules::More,
      "\"source\": interlaced pictures stay so where their size and rate do; otherwise they are deinterlaced."},
     {Setting::FirstPass, Section::Video, "firstPass", OneOf(FIRST_PASSES), 0,
-     Told{VideoSetting::FirstPass, fullFirstPass}, AS_TOLD, Rules::Range,
-     "Of two: \"half\", when missing, may look at half the width and height, \"full\" does not."},
+     Told{VideoSetting::FirstPass, halfFirstPass}, AS_TOLD, Rules::Range,
+     "Of two: \"full\", when missing, looks at whole pictures, \"half\" at half the width and height where it can."},
     {Setting::VideoOptions, Section::Video, "options", Options{}, 0, Told{VideoSetting::Options, std::nullopt}, AS_TOLD,
      Rules::More, "Handed on by name; the names are the encoder's own."},
 

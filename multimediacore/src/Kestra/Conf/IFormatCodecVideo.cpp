@@ -24,7 +24,7 @@ const char* const IFormatCodecVideo::DYNAMIC_RANGE_SOURCE = "source";
 const char* const IFormatCodecVideo::TAG_TOP_FIELD_FIRST = "topFieldFirst";
 const char* const IFormatCodecVideo::TAG_GOP_SECONDS = TagOf(VideoSetting::GopSeconds);
 const char* const IFormatCodecVideo::TAG_FIRST_PASS = TagOf(VideoSetting::FirstPass);
-const char* const IFormatCodecVideo::FIRST_PASS_FULL = "full";
+const char* const IFormatCodecVideo::FIRST_PASS_HALF = "half";
 const char* const IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY = "approvedVbrModeOnly";
 
 namespace {

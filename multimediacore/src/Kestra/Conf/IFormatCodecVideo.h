@@ -30,10 +30,10 @@ public:
     static const char* const TAG_DYNAMIC_RANGE;
     static const char* const DYNAMIC_RANGE_SOURCE;
     static const char* const TAG_GOP_SECONDS; ///< double: longest distance of keyframes
-    /// "half" (so when it is missing) or "full": the first of two passes may look at frames of half the width and
-    /// height.
+    /// "full" (so when it is missing) or "half": the first of two passes looks at frames of half the width and height
+    /// where the encoder can.
     static const char* const TAG_FIRST_PASS;
-    static const char* const FIRST_PASS_FULL;
+    static const char* const FIRST_PASS_HALF;
     /// Within the encode options: only the codec's proven way of variable bitrate, with a bounded peak.
     static const char* const TAG_APPROVED_VBR_MODE_ONLY;
 

@@ -87,11 +87,12 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
     Check(av_opt_set(context.priv_data, "stats", path.c_str(), 0), TranscodingError::CodecRefused, "stats");
     if (firstPass)
         return;
-    // It would leave short films, and those that its statistics describe roughly, far from their rate.
-    if (!HasListedParameter(context, "x264-params", "ratetol"))
-        SetListedParameter(context, "x264-params", "ratetol", "0.1");
     const X264Statistics::Summary found = X264Statistics::Read(path);
-    RequireX264Rate(context, found.fixedBits * X264Statistics::BitsForPixels(PixelsOf(context) / found.pixels));
+    const double factor = PixelsOf(context) / found.pixels;
+    // It would leave films that its statistics describe roughly far from their rate.
+    if (factor > 1 && !HasListedParameter(context, "x264-params", "ratetol"))
+        SetListedParameter(context, "x264-params", "ratetol", "0.1");
+    RequireX264Rate(context, found.fixedBits * X264Statistics::BitsForPixels(factor));
 }
 
 // Asked here, since x264 would only say that something is wrong, and keep what it has allocated by then.

@@ -50,10 +50,10 @@ bool IsInterlaced(const IFormatCodecVideo& format) {
     return tree.ChildExists(IFormatCodecVideo::TAG_INTERLACED) && tree[IFormatCodecVideo::TAG_INTERLACED].GetBool();
 }
 
-bool WantsFullFirstPass(const IFormatCodecVideo& description) {
+bool WantsHalfFirstPass(const IFormatCodecVideo& description) {
     const Core::Property& tree = description.GetProperty();
     const char* const tag = IFormatCodecVideo::TAG_FIRST_PASS;
-    return tree.ChildExists(tag) && tree[tag].GetString() == IFormatCodecVideo::FIRST_PASS_FULL;
+    return tree.ChildExists(tag) && tree[tag].GetString() == IFormatCodecVideo::FIRST_PASS_HALF;
 }
 
 void SetKeyframeDistance(AVCodecContext& context, const IFormatCodecVideo& description) {
@@ -138,7 +138,7 @@ OptionList VideoEncoderCore::EncoderOptions() const {
 
 std::optional<Conf::Draft> VideoEncoderCore::ChooseDraft(const IFormatCodecVideo& description) const {
     const auto twoPass = GetTwoPass();
-    if (!twoPass || !twoPass->firstPass || WantsFullFirstPass(description) ||
+    if (!twoPass || !twoPass->firstPass || !WantsHalfFirstPass(description) ||
         !Driver().ScalesStatistics(EncoderOptions()))
         return std::nullopt;
     return FirstPassDraft(input, frameCount, rate);
