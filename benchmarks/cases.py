@@ -166,14 +166,14 @@ def one_pass(name, goal, preset, size=HD, **more):
                 size, x264=X264(preset), **more)
 
 
-def two_passes(name, goal, size, bitrate, source="natural.mp4"):
+def two_passes(name, goal, size, bitrate, source="natural.mp4", only_named=False, **more):
     """Bound by the peak that the preset's bitrate mode allows."""
     settings = video("h264", size, bitrateMode="variable", bitrate=bitrate, twoPass=True, profile="high", pixelFormat="yuv420p",
-                     gopSeconds=5, options={"preset": "medium"})
+                     gopSeconds=5, options={"preset": "medium"}, **more)
     arguments = ["-c:v", "libx264", "-preset", "medium", "-b:v", str(bitrate), "-maxrate", str(bitrate * 3 // 2), "-bufsize",
                  str(bitrate * 3), "-profile:v", "high", "-g", "150", "-pix_fmt", "yuv420p"]
     return Case(name, Goals(goal, TWO_PASSES_MEMORY), {"container": MP4, "video": settings, "audio": AAC}, arguments, source, size,
-                x264=X264("medium", bitrate=bitrate))
+                x264=X264("medium", bitrate=bitrate), only_named=only_named)
 
 
 def other_codecs():
@@ -241,6 +241,7 @@ def cases():
         two_passes("x264-2pass", 0.82, HD, 8000000),
         two_passes("x264-2pass-720p", 0.87, SMALL_HD, 4000000),
         two_passes("x264-2pass-480p", 0.87, SD, 2000000),
+        two_passes("x264-2pass-half", 0.82, HD, 8000000, only_named=True, firstPass="half"),
         *footage, *other_codecs(), *sound_alone(), *cut_together(),
         Case("memory-1-minute", Goals(), long, fast_arguments, "minute.mp4", (640, 360), sound=AC3_ARGUMENTS),
         Case("memory-20-minutes", Goals(), long, fast_arguments, "minutes.mp4", (640, 360), sound=AC3_ARGUMENTS, only_named=True),

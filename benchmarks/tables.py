@@ -6,7 +6,7 @@ MEANINGS = """- wall, CPU, memory: editor-export / other program, median (lowest
 - busy: share of all processors' time that was used, by editor-export and by the other.
 - limit: ratio of wall time that would be reached if all processors did nothing but what ffmpeg's decoder and encoder do alone.
 - alone: wall time of ffmpeg's encoder from raw frames, and of its decoder to nothing, each / ffmpeg's wall time.
-- takes: seconds of wall time and of CPU, and peak memory, of editor-export in median.
+- takes: seconds of wall time and of CPU, and peak memory, of editor-export in median; open files where they are bounded.
 - like: SSIM to the source, of sound its distance to its distortion, each minus the other's; size: ratio of the files' sizes."""
 
 
@@ -29,6 +29,8 @@ def row(name, goals, pairs, limits, like, size):
     busy = [middle(lambda one: one.busy(), side) for side in zip(*pairs)]
     takes = (f"{middle(lambda one: one.wall, mine):.1f} s, {middle(lambda one: one.cpu, mine):.1f} s, "
              f"{middle(lambda one: one.memory, mine):.0f} MiB")
+    files = max(one.files for one in mine)
+    takes += f", {files} files" if files else ""
     return (name, spread(wall), met(goals.wall, statistics.median(wall)), spread(cpu), spread(memory),
             met(goals.memory, statistics.median(memory)), f"{busy[0]:.0%} / {busy[1]:.0%}", *limits, takes, like, f"{size:.2f}")
 
