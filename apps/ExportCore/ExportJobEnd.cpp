@@ -4,6 +4,7 @@
 #include "EditorProject/EditorProject.h"
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
+#include "ExportCore/DamageText.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/InputOpening.h"
 #include "ExportCore/NamedPath.h"
@@ -276,8 +277,7 @@ std::string ExportJob::wayOut(KTime missing) const {
 
 void ExportJob::collectDamage() {
     for (const Kestra::Proc::DamageReport& report : project->takeDamageReports()) {
-        const std::string sentence = '"' + report.path.ToUtf8() + "\" is damaged at " +
-                                     TimeText::format(Types::fromAvTime(report.time)) + ": " + report.what;
+        const std::string sentence = damageText(report);
         const std::optional<KTime> missing = missingFrom(report);
         if (missing && !verdict)
             setFailure(ProcessingError(TranscodingError::SourceDamaged, sentence + wayOut(*missing)),

@@ -57,6 +57,9 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
 
 namespace {
 
+const char* const PLACE_OF_MISSING =
+    "what is missing is black, or what lies on lower tracks where there is something, and silent";
+
 /// All that stands in the way, as far as a line holds it.
 std::string refusalOf(const std::string& path, const TimelineOpening& timeline) {
     constexpr std::size_t MOST = 5;
@@ -70,7 +73,7 @@ std::string refusalOf(const std::string& path, const TimelineOpening& timeline) 
     if (reasons.size() > MOST)
         text += "; and " + std::to_string(reasons.size() - MOST) + " more (validate tells them all)";
     const bool onlyMissing = timeline.reading.document && !timeline.reading.has(Timeline::Finding::Kind::Error);
-    return onlyMissing ? text + ". With --missing black they are black and silent" : text;
+    return onlyMissing ? text + ". With --missing black " + PLACE_OF_MISSING : text;
 }
 
 } // namespace
@@ -85,6 +88,8 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
     opened.sequence = timeline.sequence(&interrupted);
     for (const Timeline::Finding& finding : timeline.reading.findings)
         opened.warnings.push_back('"' + path + "\": " + finding.inWords());
+    if (timeline.reading.has(Timeline::Finding::Kind::MissingMedia))
+        opened.warnings.push_back('"' + path + "\": " + PLACE_OF_MISSING);
 }
 
 } // namespace ExportCore

@@ -89,8 +89,13 @@ std::optional<Ticks> lengthOf(const Timeline::ImageSequence& sequence) {
 std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
     const Shown shown = shownBy(clip, clip.origin.value_or(Ticks(0)), duration);
     const Kestra::FrameGrid grid(sequence.rate);
-    const std::int64_t first = std::max<std::int64_t>(0, grid.Covering(shown.first).Value());
-    const std::int64_t last = grid.Covering(std::max(shown.first, shown.last - Ticks(1))).Value();
+    // Beyond what there is said to be, which whoever read the timeline has told, the first or the last one is held.
+    const auto& available = clip.media.available;
+    const std::int64_t end =
+        available ? std::max<std::int64_t>(1, grid.Nearest(available->duration).Value()) : INT64_MAX;
+    const auto within = [end](Kestra::FrameIndex index) { return std::clamp<std::int64_t>(index.Value(), 0, end - 1); };
+    const std::int64_t first = within(grid.Covering(shown.first));
+    const std::int64_t last = within(grid.Covering(std::max(shown.first, shown.last - Ticks(1))));
     const std::set<std::int64_t> there = picturesThere(sequence, first, last);
     const std::int64_t missing = last - first + 1 - static_cast<std::int64_t>(there.size());
     if (missing <= 0) // or what is shown ends before the first one

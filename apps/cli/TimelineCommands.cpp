@@ -3,6 +3,7 @@
 #include "ExportCore/PlainText.h"
 #include "ExportCore/TimeText.h"
 #include "ExportCore/TimelineOpening.h"
+#include "ExportCore/TimelineTrial.h"
 #include "Types/Time.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
@@ -13,6 +14,7 @@
 namespace Cli {
 namespace {
 
+using ExportCore::TimelineOpening;
 using Kestra::Ticks;
 using Timeline::Finding;
 
@@ -82,15 +84,23 @@ const char* labelOf(Finding::Kind kind) {
     return kind == Finding::Kind::Warning ? "warning" : "error";
 }
 
-Timeline::Reading readTimeline(const std::string& input, const Options& options, const std::atomic<bool>& interrupted) {
-    return ExportCore::TimelineOpening::read(input, options.timelines, options.mediaLimits, &interrupted).reading;
+TimelineOpening readTimeline(const std::string& input, const Options& options, const std::atomic<bool>& interrupted) {
+    return TimelineOpening::read(input, options.timelines, options.mediaLimits, &interrupted);
+}
+
+/// With what rendering it would meet.
+Timeline::Reading readToRender(const std::string& input, const Options& options, const std::atomic<bool>& interrupted) {
+    TimelineOpening opening = readTimeline(input, options, interrupted);
+    for (Finding& finding : ExportCore::obstaclesOf(opening, &interrupted))
+        opening.reading.findings.push_back(std::move(finding));
+    return std::move(opening.reading);
 }
 
 } // namespace
 
 bool describeTimeline(const std::string& input, const Options& options, const std::atomic<bool>& interrupted,
                       QJsonObject* json) {
-    const Timeline::Reading reading = readTimeline(input, options, interrupted);
+    const Timeline::Reading reading = readTimeline(input, options, interrupted).reading;
     if (json) {
         *json = reading.document ? jsonOf(*reading.document) : QJsonObject();
         json->insert(key("path"), QString::fromStdString(input));
@@ -113,7 +123,7 @@ int validateTimelines(const Options& options, const std::atomic<bool>& interrupt
     bool good = true;
     QJsonArray timelines;
     for (const std::string& input : options.inputs) {
-        const Timeline::Reading reading = readTimeline(input, options, interrupted);
+        const Timeline::Reading reading = readToRender(input, options, interrupted);
         good =
             good && reading.document && !reading.has(Finding::Kind::Error) && !reading.has(Finding::Kind::MissingMedia);
         if (options.json)

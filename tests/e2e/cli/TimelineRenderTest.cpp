@@ -292,6 +292,16 @@ TEST_F(RenderedTimelines, ShowNumberedPicturesAtTheirRate) {
     EXPECT_EQ(rendered(write(clipOf("a", "both.mov", 2, 2) + ',' + numbered(112, 6), {})).numbers(), expected);
 }
 
+TEST_F(RenderedTimelines, HoldTheLastOfNumberedPictures) {
+    makeNumbered();
+    std::vector<int> expected = shown(2, 2);
+    append(expected, shown(8, 4));
+    append(expected, std::vector<int>(3, 11));
+    const std::string cut = write(clipOf("a", "both.mov", 2, 2) + ',' + numbered(116, 7), {});
+    EXPECT_EQ(rendered(cut).numbers(), expected);
+    EXPECT_TRUE(render(cut).errors.contains(QStringLiteral("holds the last picture for 120 ms at its end")));
+}
+
 TEST_F(RenderedTimelines, AreRefusedWhereMediaAreMissing) {
     const std::string cut = write(clipOf("a", "both.mov", 2, 5) + ',' + clipOf("gone", "gone.mov", 0, 5), {});
     std::filesystem::remove(out());
@@ -306,6 +316,16 @@ TEST_F(RenderedTimelines, AreRefusedWhereMediaAreMissing) {
     append(expected, std::vector<int>(5, -1));
     EXPECT_EQ(rendered(cut, {"--missing", "black"}).numbers(), expected);
     EXPECT_TRUE(render(cut, {"--missing", "black"}).errors.contains(QStringLiteral("warning: ")));
+}
+
+TEST_F(RenderedTimelines, TellWhatStandsInPlaceOfWhatIsMissing) {
+    const std::string cut = writeTracks(track("Video", clipOf("a", "both.mov", 2, 10)) + ',' +
+                                        track("Video", gapOf(5) + ',' + clipOf("gone", "gone.mov", 0, 5)));
+    const auto told = QStringLiteral("black, or what lies on lower tracks where there is something, and silent");
+    EXPECT_TRUE(render(cut).errors.contains(told));
+    EXPECT_EQ(rendered(cut, {"--missing", "black"}).numbers(), shown(2, 10));
+    EXPECT_TRUE(render(cut, {"--missing", "black"}).errors.contains(told));
+    EXPECT_FALSE(render(write(clipOf("a", "both.mov", 2, 10), {}), {"--missing", "black"}).errors.contains(told));
 }
 
 TEST_F(RenderedTimelines, AskForNoMediaOfWhatIsSwitchedOff) {

@@ -86,6 +86,28 @@ TEST_F(Timelines, ThatAreWrongAreToldWithEveryFinding) {
     EXPECT_EQ(findings.at(2)[QStringLiteral("kind")].toString(), QStringLiteral("warning"));
 }
 
+TEST_F(Timelines, ThatCannotBeRenderedAreNotValid) {
+    std::string half = write(clipOf("a", "both.mov", 2, 1), {});
+    std::string text = TestFiles::read(half).toStdString();
+    text.replace(text.rfind(timeOf(1)), timeOf(1).size(), R"({"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":0.4})");
+    std::ofstream(half) << text;
+    const Result shorter = run({"validate", half});
+    EXPECT_EQ(shorter.code, 2);
+    EXPECT_TRUE(shorter.output.contains(QStringLiteral("16 ms, which is shorter than one frame")))
+        << shorter.output.toStdString();
+    TestMedia::FlashBeep clip;
+    clip.frames = 100;
+    TestMedia::makeFlashBeep(*media / "torn.mkv", clip);
+    std::filesystem::resize_file(*media / "torn.mkv", std::filesystem::file_size(*media / "torn.mkv") / 2);
+    const std::string cut = write(clipOf("a", "torn.mkv", 0, 90), {});
+    const Result torn = run({"validate", cut});
+    EXPECT_EQ(torn.code, 2);
+    EXPECT_TRUE(torn.output.contains(QStringLiteral("it is incomplete"))) << torn.output.toStdString();
+    const Result rendered = run({"render", cut, "-p", "mkv-ffv1-flac", "-o", *media / "torn.out.mkv"});
+    EXPECT_EQ(rendered.code, 1);
+    EXPECT_TRUE(rendered.errors.contains(QStringLiteral("it is incomplete"))) << rendered.errors.toStdString();
+}
+
 TEST_F(Timelines, WithWarningsAloneAreValid) {
     const Result result = run({"validate", write(clipOf("long", "both.mov", 40, 50), {})});
     EXPECT_EQ(result.code, 0);
@@ -93,8 +115,9 @@ TEST_F(Timelines, WithWarningsAloneAreValid) {
 }
 
 TEST_F(Timelines, TellWhichPicturesOfASequenceAreMissing) {
-    for (const int number : {8, 9, 11, 14})
-        std::ofstream(*media / ("p." + std::to_string(100 + number) + ".png")) << number;
+    TestMedia::runFfmpeg({"-i", *media / "silent.mov", "-frames:v", "7", "-start_number", "108", *media / "p.%d.png"});
+    for (const int number : {110, 112, 113})
+        std::filesystem::remove(*media / ("p." + std::to_string(number) + ".png"));
     const auto sequence = [](int frames) {
         return R"({"OTIO_SCHEMA":"Clip.1","name":"seq","source_range":{"OTIO_SCHEMA":"TimeRange.1","start_time":)" +
                timeOf(0) + R"(,"duration":)" + timeOf(frames) +

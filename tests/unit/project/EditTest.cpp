@@ -42,6 +42,33 @@ TEST_F(EditorProjectTest, AnEditLeavesAStreamAloneThatIsInUse) {
         << "in step with the pictures still";
 }
 
+TEST_F(EditorProjectTest, AnEditMayLeaveNothing) {
+    Render::Sequence cut = Render::Sequence::ofFiles(put({clip(100, 192000)}));
+    project->show(cut);
+    User user(project->composition());
+    user.offer({});
+    ASSERT_TRUE(until([&] { return user.ready(); }));
+    const Render::Sequence before = cut;
+    for (const std::size_t track : {0, 1})
+        cut.document = Timeline::withoutItem(*cut.document, {track, 0});
+    const std::uint64_t version = project->composition()->version();
+    project->show(cut);
+    EXPECT_GT(project->composition()->version(), version);
+    EXPECT_EQ(project->composition()->duration(), KTime(0));
+    EXPECT_EQ(project->video().width, 1920U);
+    EXPECT_FALSE(user.ready()) << "it would show what is no longer there";
+    ASSERT_TRUE(until([&] { return project->streamError() != nullptr; }));
+    try {
+        std::rethrow_exception(project->streamError());
+    } catch (const Kestra::Proc::ProcException& error) {
+        EXPECT_STREQ(error.what(), "There is nothing to export: the composition is empty");
+    }
+    EXPECT_THROW(project->expectedLengths({}, &project->video(), nullptr), Kestra::Proc::ProcException);
+    project->show(before);
+    EXPECT_EQ(project->composition()->duration(), KTime(4000));
+    EXPECT_NE(project->video().width, 1920U);
+}
+
 /// Sees the clips of the model, and how often one changed, came or went.
 class ClipLooker : private Message::View<Composition::Clip> {
 public:
@@ -118,6 +145,20 @@ TEST_F(EditorProjectTest, ClipsOfTheModelFollowAnEdit) {
     EXPECT_EQ(clips.altered, 1);
     edit(cut.document);
     EXPECT_EQ(clips.came + clips.altered + clips.went, 0) << "nothing is different";
+}
+
+TEST_F(EditorProjectTest, AnEditThatCannotBeDescribedChangesNothing) {
+    Render::Sequence cut = Render::Sequence::ofFiles(put({clip(100, 0)}));
+    project->show(cut);
+    const std::uint64_t version = project->composition()->version();
+    Timeline::Item other = cut.document->tracks->tracks()[0].items()[0];
+    other.duration = Kestra::Ticks(Kestra::TIME_BASE);
+    std::get<Timeline::Clip>(other.content).media.target = Timeline::MediaFile{Kestra::ioPath("/nowhere/b.mov")};
+    cut.document = Timeline::withItem(*cut.document, {0, 0}, other);
+    EXPECT_THROW(project->show(cut), std::exception);
+    EXPECT_EQ(project->composition()->version(), version);
+    EXPECT_EQ(project->duration(), KTime(4000));
+    EXPECT_EQ(ClipLooker().clips().at(0)->range, (Types::Range{KTime(0), KTime(4000)}));
 }
 
 TEST_F(EditorProjectTest, MarkersOfTheTimelineAreObjectsOfTheModel) {

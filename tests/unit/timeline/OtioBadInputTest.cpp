@@ -31,7 +31,8 @@ TEST_F(OtioBadInput, OfFilesThatCannotBeRead) {
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(inWords(reader.read(Kestra::ioPath(pipe), {})), "it is no plain file\n");
     std::filesystem::create_directories(folder / "empty.otiod");
-    EXPECT_EQ(inWords(reader.read(Kestra::ioPath((folder / "empty.otiod").string()), {})), "it is not there\n");
+    EXPECT_EQ(inWords(reader.read(Kestra::ioPath((folder / "empty.otiod").string()), {})),
+              "there is no content.otio in it\n");
 }
 
 TEST_F(OtioBadInput, OfNoJson) {
@@ -185,28 +186,49 @@ TEST_F(OtioBadInput, OfDissolvesOfStacksWithNothingBeyondTheCutIsTold) {
         return stackOf({trackOf({clip(0, 30)})}, R"(,"source_range":)" + rangeOf(start, count) + more);
     };
     const std::string backwards = R"(,"effects":[)" + objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":-1)") + ']';
-    const std::string lacksEnd = "transition \"cross\": the stack before it has too little beyond the cut: for 160 ms";
-    const std::string lacksStart = "the stack behind it has too little before the cut: for 120 ms";
+    const std::string lacksEnd =
+        "transition \"cross\": the stack \"S\" before it has too little beyond the cut: for 160 ms";
+    const std::string lacksStart = "the stack \"S\" behind it has too little before the cut: for 120 ms";
     EXPECT_EQ(words(stack(5, 10), stack(5, 10)), "");
     EXPECT_NE(words(stack(20, 10), clip(50, 10)).find(lacksEnd), std::string::npos);
     EXPECT_NE(words(stack(18, 10), clip(50, 10)).find("for 80 ms"), std::string::npos);
     EXPECT_NE(words(clip(50, 10), stack(0, 10)).find(lacksStart), std::string::npos);
     EXPECT_NE(words(stack(10, 10, backwards), clip(50, 10)).find(lacksEnd), std::string::npos);
     EXPECT_EQ(words(stack(20, 10, R"(,"enabled":false)"), clip(50, 10)), "");
+    const std::string heard = stackOf({trackOf({clip(0, 30)}, "Audio")}, R"(,"source_range":)" + rangeOf(20, 10));
+    const std::string sound = inWords(read(timelineOf({trackOf({heard, transitionOf(3, 4), clip(50, 10)}, "Audio")})));
+    EXPECT_NE(sound.find("for 160 ms nothing is heard of it"), std::string::npos) << sound;
 }
 
 TEST_F(OtioBadInput, OfStacksAndTracksBeyondTheirContentsIsTold) {
-    const std::string beyond = "ms beyond what there is of its contents";
-    const std::string twice = R"(,"effects":[)" + objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":2)") + ']';
-    const auto stack = [](const std::string& more) { return stackOf({trackOf({clip(0, 30)})}, more); };
+    const auto told = [this](const std::string& children, const char* kind = "Video") {
+        return inWords(read(timelineOf({trackOf({children}, kind)})));
+    };
+    const auto stack = [](const std::string& more, const char* kind = "Video") {
+        return stackOf({trackOf({clip(0, 30)}, kind)}, more);
+    };
     const auto range = [](double start, double count) { return R"(,"source_range":)" + rangeOf(start, count); };
-    EXPECT_EQ(inWords(read(timelineOf({trackOf({stack(range(5, 25))})}))), "");
-    expectWarning(timelineOf({trackOf({stack(range(25, 10))})}), "it goes 200 " + beyond);
-    expectWarning(timelineOf({trackOf({stack(range(-2, 10))})}), "it goes 80 " + beyond);
-    expectWarning(timelineOf({trackOf({stack(twice)})}), "it goes 1200 " + beyond);
-    expectWarning(
-        timelineOf({objectOf("Track.1", "t", R"(,"kind":"Video","children":)" + listOf({clip(0, 5)}) + range(0, 10))}),
-        "it goes 200 " + beyond);
+    const auto speed = [](double scalar) {
+        return R"(,"effects":[)" + objectOf("LinearTimeWarp.1", "", R"(,"time_scalar":)" + number(scalar)) + ']';
+    };
+    const std::string place = "stack \"S\", track \"Video1\", stack \"S\": ";
+    const std::string beyond = place + "it goes beyond what there is of its contents and ";
+    const auto is = [&beyond](const std::string& what) { return beyond + what + " (/tracks/children/0/children/0)\n"; };
+    EXPECT_EQ(told(stack(range(5, 25))), "");
+    EXPECT_EQ(told(stack(range(25, 10))), is("holds the last picture for 200 ms at its end"));
+    EXPECT_EQ(told(stack(range(-2, 10))), is("holds the first picture for 80 ms at its start"));
+    EXPECT_EQ(told(stack(range(-5, 40))),
+              is("holds the first picture for 200 ms at its start and holds the last picture "
+                 "for 200 ms at its end"));
+    EXPECT_EQ(told(stack(range(40, 5))), is("holds the last picture throughout"));
+    EXPECT_EQ(told(stack(speed(2))), is("holds the last picture for 600 ms at its end")) << "not those of its contents";
+    EXPECT_EQ(told(stack(range(5, 10) + speed(-1))), is("holds the first picture for 200 ms at its end"));
+    EXPECT_EQ(told(stack(range(35, 10) + speed(-1))), is("holds the last picture for 200 ms at its start"));
+    EXPECT_EQ(told(stack(range(35, 10) + speed(0))), is("holds the last picture throughout"));
+    EXPECT_NE(told(stack(range(25, 10), "Audio"), "Audio").find("its contents and is silent for 200 ms at its end"),
+              std::string::npos);
+    EXPECT_NE(inWords(read(timelineOf({trackOf({clip(0, 5)}, "Video", range(0, 10))}))).find("for 200 ms at its end"),
+              std::string::npos);
     EXPECT_EQ(inWords(read(timelineOf({trackOf({stackOf({}, range(0, 10)), clip(0, 5)})}))), "")
         << "a place to be kept";
 }

@@ -222,6 +222,8 @@ TEST_F(OtioZip, ThatIsNoneIsRefused) {
     EXPECT_NE(inWords(readZip(put("cut.otioz", "no archive at all"))).find("it is no zip archive"), std::string::npos);
     expectError({{"media/b.mov", "bytes"}}, "there is no content.otio in it");
     expectError({cut({"media/b.mov"}), {"version.txt", "2.0.0"}}, "it is an archive of version 2");
+    for (const char* const known : {"1", "1\n", "1.0.0\r\n", "1 "})
+        EXPECT_EQ(inWords(readZip(pack({cut({"media/b.mov"}), {"version.txt", known}, {"media/b.mov", "bytes"}}))), "");
     ReadingOptions lenient;
     lenient.lenient = true;
     const Reading reading =

@@ -95,12 +95,29 @@ ExportWindow windowOf(const Render::Sequence& sequence, const Types::Range& rang
     return holdsFrames ? ExportWindow(range, duration, grid) : exact;
 }
 
+/// There is no window on it.
+bool isEmpty(const Render::Sequence& sequence, const Types::Range& range) {
+    return sequence.document->duration() == Ticks(0) && range.end <= range.start;
+}
+
+std::vector<Source> seenIn(const Render::Sequence& sequence, const Types::Range& range) {
+    if (isEmpty(sequence, range))
+        return {};
+    return Render::mediaSeen(sequence, windowOf(sequence, range));
+}
+
+std::vector<Source> heardIn(const Render::Sequence& sequence, const Types::Range& range) {
+    if (isEmpty(sequence, range))
+        return {};
+    return Render::mediaHeard(sequence, windowOf(sequence, range), SampleGrid(DEFAULT_SAMPLE_RATE));
+}
+
 } // namespace
 
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Video video;
     setFrame(video, DEFAULT_FRAME);
-    const std::vector<Source> media = Render::mediaSeen(sequence, windowOf(sequence, range));
+    const std::vector<Source> media = seenIn(sequence, range);
     const Source found = media.empty() ? firstOf(sequence, Kind::Video) : media.front();
     setRate(video, rateOf(sequence, found));
     if (!found)
@@ -116,8 +133,7 @@ Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range&
     audio.sampleRate = DEFAULT_SAMPLE_RATE;
     audio.channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
     audio.sampleFormat = Conf::SAMPLE_FORMAT_FLTP;
-    const std::vector<Source> media =
-        Render::mediaHeard(sequence, windowOf(sequence, range), SampleGrid(DEFAULT_SAMPLE_RATE));
+    const std::vector<Source> media = heardIn(sequence, range);
     const Source found = media.empty() ? firstOf(sequence, Kind::Audio) : media.front();
     if (!found)
         return audio;

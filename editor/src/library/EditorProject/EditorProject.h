@@ -43,7 +43,9 @@ public:
               const Kestra::Proc::MediaLimits& limits = {});
 
     /// As open(), with a timeline and what has been opened elsewhere, perhaps on another thread: also the timeline
-    /// before, edited. Its markers, tracks and clips are objects of the model.
+    /// before, edited. Its markers, tracks and clips are objects of the model. An empty one is shown as well, with the
+    /// descriptions of one without media; streams of it cannot be built, so who exports it hears that at the start.
+    /// Throws ProcException for a medium that has not been opened and cannot be, and then nothing has changed.
     void show(Render::Sequence sequence);
 
     /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of

@@ -21,10 +21,10 @@ using Kestra::Ticks;
 [[noreturn]] void refuseLength(Ticks duration, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
     const auto milliseconds = Types::fromAvTime(duration.Value()).count();
     const std::string length = milliseconds > 0 ? std::to_string(milliseconds) + " ms" : "less than a millisecond";
-    Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument,
-                                                  "What is to be exported lasts " + length +
-                                                      ", which is shorter than one frame of picture"),
-                      place);
+    const std::string text = duration == Ticks(0) ? "There is nothing to export: the composition is empty"
+                                                  : "What is to be exported lasts " + length +
+                                                        ", which is shorter than one frame of picture";
+    Kestra::ThrowFrom(Kestra::Proc::ProcException(Kestra::Proc::TranscodingError::InvalidArgument, text), place);
 }
 
 Render::Window windowOf(const Types::Range& range, Ticks duration, const std::optional<Kestra::FrameGrid>& grid) {

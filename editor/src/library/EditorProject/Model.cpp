@@ -55,17 +55,25 @@ void Model::requireOwn(const M* description, const M* ofTheComposition) const {
 }
 
 void Model::show(Render::Sequence sequence) {
+    // What may throw comes first.
+    const Media::Video video = describeVideo(sequence);
+    const Media::Audio audio = describeAudio(sequence);
     shown = std::move(sequence);
     marks.show(*shown->document);
     tracks.show(*shown->document);
-    describe({});
+    publish(video, audio);
     videos.rebuild();
     audios.rebuild();
 }
 
 void Model::describe(const Types::Range& range) {
-    videoDescription = describeVideo(opened(), range);
-    audioDescription = describeAudio(opened(), range);
+    const Media::Video video = describeVideo(opened(), range);
+    publish(video, describeAudio(opened(), range));
+}
+
+void Model::publish(const Media::Video& video, const Media::Audio& audio) {
+    videoDescription = video;
+    audioDescription = audio;
     const auto chain = compositionChange(&compositionObject);
     chain->setVideo(&videoDescription).setAudio(&audioDescription);
     chain->setDuration(Types::fromAvTime(duration().Value())).setVersion(chain->version() + 1);

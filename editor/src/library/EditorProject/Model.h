@@ -26,6 +26,7 @@ public:
     ~Model() override;
 
     /// Streams that are in use keep what they show, all others are built anew. No receiver may destroy the model.
+    /// Throws why it cannot be described, and then nothing has changed.
     void show(Render::Sequence sequence);
     /// Describes the composition by what lies in the range.
     void describe(const Types::Range& range);
@@ -49,6 +50,8 @@ protected:
 private:
     using Rate = boost::rational<long long>;
 
+    /// As the composition's own.
+    void publish(const Media::Video& video, const Media::Audio& audio);
     Rate rateOf(const Media::Video& description) const;
     std::optional<Kestra::FrameGrid> gridBeside(const Adoption<Media::Audio>& sound) const;
     boost::intrusive_ptr<Kestra::Proc::IStreamVideo> build(const Adoption<Media::Video>& order) const;

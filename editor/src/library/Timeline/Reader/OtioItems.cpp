@@ -1,12 +1,11 @@
 #include "Timeline/Reader/OtioItems.h"
 
-#include "Kestra/Base/TimeMap.h"
 #include "Timeline/Reader/OtioMarkers.h"
 #include "Timeline/Reader/OtioSchema.h"
 #include "Timeline/Reader/OtioSpeed.h"
 #include "Timeline/Reader/OtioTime.h"
+#include "Timeline/Reader/Shortage.h"
 #include "Timeline/Reader/TransitionFit.h"
-#include <algorithm>
 
 namespace Timeline {
 namespace {
@@ -28,17 +27,6 @@ std::optional<boost::rational<long long>> rateOf(const OtioNode& clip) {
     return rate.value().IsNumber() ? exactRate(rate.value().GetDouble()) : std::nullopt;
 }
 
-/// Where `duration` of an excerpt goes beyond `there`, which is what there is of `whose`.
-void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Excerpt& excerpt, Ticks duration,
-                      const TimeRange& there, const char* whose) {
-    const Kestra::TimeMap map{Ticks(0), excerpt.start, excerpt.speed};
-    const auto [first, last] = std::minmax({map.ToSource(Ticks(0)), map.ToSource(duration)});
-    const Ticks beyond = std::max(there.start - first, last - there.end());
-    if (beyond > Ticks(Kestra::TICKS_PER_MILLISECOND))
-        context.warn(node, "it goes " + std::to_string(beyond.Value() / Kestra::TICKS_PER_MILLISECOND) +
-                               " ms beyond what there is of its " + whose);
-}
-
 } // namespace
 
 OtioItems::OtioItems(OtioContext& context, const OtioMedia& media)
@@ -56,7 +44,9 @@ std::shared_ptr<const Stack> OtioItems::readRoot(const OtioNode& node) {
     const Cut cut = readCut(node);
     if (cut.isNone() || stack->tracks().empty())
         return stack;
-    const Item whole = cutOut(node, stack, cut);
+    const OtioContext::Within within(context, "stack", node.text("name"));
+    const bool isSeen = hasTracks(*stack, Track::Kind::Video);
+    const Item whole = cutOut(node, stack, cut, isSeen ? Track::Kind::Video : Track::Kind::Audio);
     std::vector<Track> tracks;
     for (const Track::Kind kind : {Track::Kind::Video, Track::Kind::Audio})
         if (hasTracks(*stack, kind))
@@ -118,7 +108,7 @@ std::optional<Track> OtioItems::readTrack(const OtioNode& node) {
         return readChildren(node, *kind, std::move(markers));
     const Track track = readChildren(node, *kind, {});
     auto alone = std::make_shared<Stack>(std::string(), std::vector<Track>{track}, std::move(markers));
-    return Track(*kind, track.name(), track.isEnabled(), {cutOut(node, std::move(alone), cut)});
+    return Track(*kind, track.name(), track.isEnabled(), {cutOut(node, std::move(alone), cut, *kind)});
 }
 
 Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind, std::vector<Marker> markers) {
@@ -143,7 +133,7 @@ Track OtioItems::readChildren(const OtioNode& node, Track::Kind kind, std::vecto
             items.push_back(std::move(*item));
         }
     }
-    std::vector<Transition> fitted = fitTransitions(context, items, transitions);
+    std::vector<Transition> fitted = fitTransitions(context, items, transitions, kind);
     return Track(kind, node.text("name"), node.flag("enabled", true), std::move(items), std::move(fitted),
                  std::move(markers));
 }
@@ -200,7 +190,7 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     clip.excerpt.start = range->start;
     clip.rate = rateOf(node);
     if (clip.media.available)
-        tellWhatIsBeyond(context, node, clip.excerpt, range->duration, *clip.media.available, "media");
+        tellWhatIsBeyond(context, node, {clip.excerpt, range->duration}, {*clip.media.available, "its media"}, kind);
     return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
                 readMarkers(context, node, range->start)};
 }
@@ -236,7 +226,8 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
         stack = std::make_shared<Stack>(node.text("name"), std::move(tracks));
     }
     const Cut cut = kindOf(node) == OtioKind::Stack ? readCut(node) : Cut{};
-    Item item = cutOut(node, stack, cut);
+    const OtioContext::Within within(context, kindOf(node) == OtioKind::Stack ? "stack" : "track", node.text("name"));
+    Item item = cutOut(node, stack, cut, kind);
     if (item.duration == Ticks(0)) {
         if (cut.range)
             context.warn(node, "it lasts no time and is left out");
@@ -247,11 +238,11 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
     return item;
 }
 
-Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut) {
+Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut, Track::Kind kind) {
     const TimeRange contents{Ticks(0), stack->duration()};
     const TimeRange range = cut.range.value_or(contents);
     if (contents.duration > Ticks(0))
-        tellWhatIsBeyond(context, node, {range.start, cut.speed}, range.duration, contents, "contents");
+        tellWhatIsBeyond(context, node, {{range.start, cut.speed}, range.duration}, {contents, "its contents"}, kind);
     std::vector<Marker> markers = stack->markers();
     for (Marker& marker : markers)
         marker.range.start -= range.start;

@@ -36,7 +36,7 @@ private:
     std::optional<TimeRange> rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind);
     Cut readCut(const OtioNode& node);
     /// Tells where the cut goes beyond the stack's contents.
-    Item cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut);
+    Item cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut, Track::Kind kind);
 
     OtioContext& context;
     const OtioMedia& media;

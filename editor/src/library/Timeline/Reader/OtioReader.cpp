@@ -130,10 +130,14 @@ Reading OtioReader::read(const Kestra::ioPath& file, const ReadingOptions& optio
     OtioContext context(options);
     std::string path = file.ToUtf8();
     std::error_code error;
-    if (fs::is_directory(path, error))
-        path = (fs::path(path) / CONTENT).string();
     Reading reading;
-    readFrom(context, path, reading);
+    const bool isFolder = fs::is_directory(path, error);
+    if (isFolder)
+        path = (fs::path(path) / CONTENT).string();
+    if (isFolder && !fs::exists(path, error))
+        context.error(OtioNode(rapidjson::Value()), "there is no content.otio in it");
+    else
+        readFrom(context, path, reading);
     reading.findings = context.take();
     return reading;
 }

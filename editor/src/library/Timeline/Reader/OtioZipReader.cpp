@@ -27,7 +27,8 @@ std::string foreignVersion(ZipMedia& media) {
         return {};
     std::ifstream file(*path);
     std::string version;
-    std::getline(file, version, '.');
+    std::getline(file, version);
+    version.resize(std::min(version.find_first_of(". \t\r"), version.size()));
     return version == "1" ? std::string() : version.substr(0, 20);
 }
 

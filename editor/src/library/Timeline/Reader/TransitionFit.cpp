@@ -20,27 +20,31 @@ Ticks lackOf(const Item& item, Ticks first, Ticks last) {
     return last - first - std::max(Ticks(0), std::min(last, end) - std::max(first, start));
 }
 
-void tellWhatIsLacking(OtioContext& context, const std::vector<Item>& items, const Transition& transition,
-                       const OtioNode& node) {
-    const auto tell = [&](Ticks lack, const char* text) {
-        if (lack > Ticks(Kestra::TICKS_PER_MILLISECOND))
-            context.warn(node, text + std::to_string(lack.Value() / Kestra::TICKS_PER_MILLISECOND) +
-                                   " ms its picture stands still, and nothing is heard of it");
+void tellWhatIsLacking(OtioContext& context, const std::vector<Item>& items, const PlacedTransition& placed,
+                       Track::Kind kind) {
+    const auto& [transition, node] = placed;
+    const auto tell = [&, where = &node](const Item& item, Ticks lack, const char* text) {
+        if (lack <= Ticks(Kestra::TICKS_PER_MILLISECOND))
+            return;
+        const std::string what = kind == Track::Kind::Video ? " ms its picture stands still, and nothing is heard of it"
+                                                            : " ms nothing is heard of it";
+        context.warn(*where, "the stack \"" + item.name + "\" " + text +
+                                 std::to_string(lack.Value() / Kestra::TICKS_PER_MILLISECOND) + what);
     };
     if (transition.at > 0) {
         const Item& item = items[transition.at - 1];
-        tell(lackOf(item, item.duration, item.duration + transition.behind),
-             "the stack before it has too little beyond the cut: for ");
+        tell(item, lackOf(item, item.duration, item.duration + transition.behind),
+             "before it has too little beyond the cut: for ");
     }
     if (transition.at < items.size())
-        tell(lackOf(items[transition.at], Ticks(0) - transition.before, Ticks(0)),
-             "the stack behind it has too little before the cut: for ");
+        tell(items[transition.at], lackOf(items[transition.at], Ticks(0) - transition.before, Ticks(0)),
+             "behind it has too little before the cut: for ");
 }
 
 } // namespace
 
 std::vector<Transition> fitTransitions(OtioContext& context, const std::vector<Item>& items,
-                                       const std::vector<PlacedTransition>& transitions) {
+                                       const std::vector<PlacedTransition>& transitions, Track::Kind kind) {
     std::vector<Transition> fitted;
     for (const auto& [wanted, node] : transitions) {
         const OtioContext::Within within(context, "transition", wanted.name);
@@ -62,7 +66,7 @@ std::vector<Transition> fitTransitions(OtioContext& context, const std::vector<I
         }
         if (transition.before != wanted.before || transition.behind != wanted.behind)
             context.warn(node, "it is longer than the clips beside it and is shortened to them");
-        tellWhatIsLacking(context, items, transition, node);
+        tellWhatIsLacking(context, items, {transition, node}, kind);
         fitted.push_back(std::move(transition));
     }
     return fitted;
