@@ -194,6 +194,7 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
                 continue;
             if (auto finding = findingOf(*clip, track.kind(), item.duration)) {
                 finding->place = trackPlace + ", " + labelled("clip", item.name);
+                finding->pointer = item.pointer;
                 findings.push_back(std::move(*finding));
             }
         }

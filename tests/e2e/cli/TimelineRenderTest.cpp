@@ -256,7 +256,8 @@ TEST_F(RenderedTimelines, TellWhatGoesBeyondAMediumOfWhichNoRangeIsTold) {
         const Result result = run({"validate", writeTracks(track(kind, cut))});
         EXPECT_EQ(result.code, 0) << result.errors.toStdString();
         const QString text = result.output.trimmed();
-        return text.mid(text.indexOf(QStringLiteral("lasts "))).toStdString();
+        const int begin = text.indexOf(QStringLiteral("lasts "));
+        return text.mid(begin, text.lastIndexOf(QStringLiteral(" (/")) - begin).toStdString();
     };
     EXPECT_EQ(found(40, 20), "lasts 2000 ms; the clip goes 400 ms beyond it and holds the last picture for 400 ms");
     EXPECT_EQ(found(40, 20, "Audio"), "lasts 2000 ms; the clip goes 400 ms beyond it and is silent for 400 ms");

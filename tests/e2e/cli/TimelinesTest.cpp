@@ -74,9 +74,9 @@ TEST_F(Timelines, ThatAreWrongAreToldWithEveryFinding) {
                 lines[1].contains(QStringLiteral("cannot be opened: ")));
     EXPECT_TRUE(lines[2].contains(QStringLiteral("warning: ")) &&
                 lines[2].endsWith(QStringLiteral("lasts 2000 ms; the clip goes 1600 ms beyond it and holds the last "
-                                                 "picture for 1600 ms")));
+                                                 "picture for 1600 ms (/tracks/children/0/children/2)")));
     EXPECT_TRUE(lines[3].contains(QStringLiteral("clip \"mute\"")) &&
-                lines[3].endsWith(QStringLiteral("has no sound")));
+                lines[3].endsWith(QStringLiteral("has no sound (/tracks/children/1/children/0)")));
     const Result json = run({"validate", "--json", cut});
     EXPECT_EQ(json.code, 2);
     const QJsonArray findings =

@@ -46,6 +46,8 @@ struct Item {
     bool enabled = true;      ///< otherwise as a gap
     std::variant<Gap, Clip, Nested> content;
     std::vector<Marker> markers{}; ///< counted from its start; what lies beyond its ends is not shown
+    /// Of a clip, to its place in the file that it was read from (RFC 6901), for messages; otherwise empty.
+    std::string pointer{};
 };
 
 } // namespace Timeline

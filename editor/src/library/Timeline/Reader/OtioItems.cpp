@@ -191,8 +191,12 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     clip.rate = rateOf(node);
     if (clip.media.available)
         tellWhatIsBeyond(context, node, {clip.excerpt, range->duration}, {*clip.media.available, "its media"}, kind);
-    return Item{node.text("name"), range->duration, node.flag("enabled", true), std::move(clip),
-                readMarkers(context, node, range->start)};
+    return Item{node.text("name"),
+                range->duration,
+                node.flag("enabled", true),
+                std::move(clip),
+                readMarkers(context, node, range->start),
+                node.pointer()};
 }
 
 std::optional<TimeRange> OtioItems::rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind) {
