@@ -1,5 +1,6 @@
 #include "ExportCore/InputOpening.h"
 
+#include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
 #include "Kestra/Proc/ProcException.h"
@@ -28,16 +29,29 @@ std::string InputOpening::step() const {
                                       : "Looking at \"" + request.outputPath.toStdString() + '"';
 }
 
-void InputOpening::open(Opened& opened, const ExportRequest& request, const Preset& preset,
-                        const std::atomic<bool>& interrupted) {
+/// What is wrong with any of them is told at once.
+std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const QStringList& inputs) {
     std::vector<Kestra::ioPath> paths;
-    for (const QString& input : request.inputs) {
+    std::vector<std::string> refusals;
+    for (const QString& input : inputs) {
         opened.at = static_cast<int>(paths.size());
-        RequestCheck::inputs(QStringList(input));
+        try {
+            RequestCheck::inputs(QStringList(input));
+        } catch (const Refusal& refusal) {
+            refusals.emplace_back(refusal.what());
+        }
         paths.emplace_back(input.toStdString());
     }
     opened.at = static_cast<int>(paths.size());
-    RequestCheck::inputs(request.inputs); // their number
+    if (!refusals.empty())
+        KESTRA_THROW(Refusal(NameList::joined(refusals, "; ", "; ")));
+    RequestCheck::inputs(inputs); // their number
+    return paths;
+}
+
+void InputOpening::open(Opened& opened, const ExportRequest& request, const Preset& preset,
+                        const std::atomic<bool>& interrupted) {
+    const std::vector<Kestra::ioPath> paths = requireInputs(opened, request.inputs);
     RequestCheck::output(request);
     RequestCheck::outputName(request, preset);
     try {

@@ -33,6 +33,7 @@ private:
 
     InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
                  QObject* parent);
+    static std::vector<Kestra::ioPath> requireInputs(Opened& opened, const QStringList& inputs);
     static void openTimeline(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted);
     static void open(Opened& opened, const ExportRequest& request, const Preset& preset,
                      const std::atomic<bool>& interrupted);

@@ -148,6 +148,16 @@ TEST_F(BadInput, ALimitThatIsNoWholeNumber) {
                           {option, '"' + std::string(limit) + "\" is no whole number from 1 to 1000000"});
 }
 
+TEST_F(BadInput, AllOfItIsToldAtOnce) {
+    const std::string text = sources / "text.mov", empty = sources / "empty.mov", gone = sources / "gone.mov";
+    TestFiles::write(text, "This is no film, and it is not meant to be one.");
+    TestFiles::write(empty, "");
+    expectRefused(command(clip, {gone, empty}), 2, {"gone.mov", "; ", "empty.mov\": it is empty"});
+    const std::string other = sources / "other.mov";
+    TestFiles::write(other, "Nor is this.");
+    expectRefused(command(text, {clip, other}), 2, {"text.mov", "; ", "other.mov"});
+}
+
 TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "3", "--out", "2"}), 2, {"00:00:03.000", "00:00:02.000"});
     expectRefused(command(clip, {"--in", "2", "--out", "2"}), 2, {"does not lie after"});

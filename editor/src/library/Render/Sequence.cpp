@@ -2,8 +2,11 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Kestra/Proc/ProcessingError.h"
 #include "Timeline/ClipVisit.h"
 #include "Timeline/Reader/MediaList.h"
+#include <exception>
+#include <string>
 
 namespace Render {
 
@@ -28,6 +31,33 @@ Timeline::ListedMedia listed(const Kestra::Proc::IMediaSource& media) {
     return entry;
 }
 
+/// All that cannot be opened is told at once; what happens to a medium that can be told in no such way, is thrown on.
+class UnreadMedia {
+public:
+    void add(const std::exception_ptr& error) {
+        const auto reason = Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(error);
+        const bool isUnread = reason.GetCode() == TranscodingError::SourceNotFound ||
+                              reason.GetCode() == TranscodingError::SourceUnreadable;
+        if (!isUnread)
+            std::rethrow_exception(error);
+        first = first ? first : error;
+        reasons += (reasons.empty() ? "" : "; ") + reason.GetDescription();
+        code = count++ == 0 ? reason.GetCode() : code;
+    }
+    void throwIfAny() const {
+        if (count == 1)
+            std::rethrow_exception(first);
+        if (count > 1)
+            KESTRA_THROW(ProcException(code, reasons));
+    }
+
+private:
+    std::exception_ptr first;
+    std::string reasons;
+    TranscodingError code = TranscodingError::SourceUnreadable;
+    int count = 0;
+};
+
 } // namespace
 
 Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted,
@@ -36,11 +66,19 @@ Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::
         KESTRA_THROW(ProcException(TranscodingError::InvalidArgument, "No media file was given to open"));
     const auto media = std::make_shared<MediaPool>(limits);
     std::vector<Timeline::ListedMedia> list;
-    for (const Kestra::ioPath& file : files) {
+    UnreadMedia unread;
+    for (std::size_t index = 0; index < files.size(); ++index) {
         if (next)
-            next(list.size());
-        list.push_back(listed(*media->open({{}, Timeline::MediaFile{file}}, interrupted)));
+            next(index);
+        try {
+            list.push_back(listed(*media->open({{}, Timeline::MediaFile{files[index]}}, interrupted)));
+        } catch (const ProcException&) {
+            if (interrupted && *interrupted)
+                throw;
+            unread.add(std::current_exception());
+        }
     }
+    unread.throwIfAny();
     return {Timeline::documentOf(list), media, {}};
 }
 

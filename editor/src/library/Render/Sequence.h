@@ -25,8 +25,8 @@ struct EDITORRENDER_EXPORT Sequence {
     using Next = std::function<void(std::size_t index)>;
 
     /// The files one after the other, each for its whole length, a still picture for 5 s; one that is named twice is
-    /// opened once. Throws Kestra::Proc::ProcException for what cannot be opened or has no length, and for an empty
-    /// list; also when `interrupted`, unless null, turns true meanwhile. Any thread.
+    /// opened once. Throws Kestra::Proc::ProcException for what cannot be opened or has no length, all of it told at
+    /// once, and for an empty list; also when `interrupted`, unless null, turns true meanwhile. Any thread.
     static Sequence ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted = nullptr,
                             const Kestra::Proc::MediaLimits& limits = {}, const Next& next = {});
     /// A timeline, whose media are all opened, as far as those of the pool are not. Throws as ofFiles().
