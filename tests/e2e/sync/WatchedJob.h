@@ -12,8 +12,8 @@
 
 namespace TestExport {
 
-/// The output is "film.mp4", which holds "old", alone in its folder. Who makes something hang opens it and then resets
-/// the job before this goes.
+/// The output is "film", whatever the preset writes; it holds "old", alone in its folder. Who makes something hang
+/// opens it and then resets the job before this goes.
 class WatchedJob {
 protected:
     WatchedJob() { TestFiles::write(output, "old"); }
@@ -42,11 +42,11 @@ protected:
     }
     void expectUntouched() const {
         EXPECT_EQ(TestFiles::read(output), "old");
-        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film.mp4")));
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("film")));
     }
 
     const TestMedia::Folder place;
-    const std::string output = place / "film.mp4";
+    const std::string output = place / "film";
     std::unique_ptr<ExportCore::ExportJob> job;
     ExportCore::ExportOutcome outcome;
     int startCount = 0;
