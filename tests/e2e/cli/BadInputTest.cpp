@@ -200,7 +200,7 @@ TEST_F(BadSettings, AnUnknownKeyWithNearNames) {
 
 TEST_F(BadSettings, AValueThatDoesNotParse) {
     for (const char* const setting :
-         {"size=big", "size=1280", "width=-640", "frame-rate=29.97", "frame-rate=25/0", "bitrate=fast", "bitrate=-1",
+         {"size=big", "size=1280", "width=-640", "frame-rate=30fps", "frame-rate=25/0", "bitrate=fast", "bitrate=-1",
           "quality=nan", "sample-rate=0x10", "channels=3", "audio-bitrate="})
         expectSettingRefused("mp4-h264-720p", setting, {"Cannot set", "write "});
 }
