@@ -7,12 +7,12 @@ from cases import SoundCase, TimelineCase, WORK
 
 def handbrake(case, output):
     x264 = case.x264
-    if not x264:
+    # Its cut begins at another frame.
+    if not x264 or case.cut:
         return []
-    cut = ["--start-at", f"seconds:{case.cut[0]}", "--stop-at", f"seconds:{case.cut[1] - case.cut[0]}"] if case.cut else []
     rate = ["-b", str(x264.bitrate // 1000), "--two-pass", "--turbo"] if x264.bitrate else ["-q", str(x264.quality)]
     peak = f":vbv-maxrate={x264.bitrate * 3 // 2000}:vbv-bufsize={x264.bitrate * 3 // 1000}" if x264.bitrate else ""
-    return [["HandBrakeCLI", "-i", str(WORK / case.source), *cut, "-o", str(output), "-f", "av_mp4", "-O", "-e", "x264",
+    return [["HandBrakeCLI", "-i", str(WORK / case.source), "-o", str(output), "-f", "av_mp4", "-O", "-e", "x264",
              "--encoder-preset", x264.preset, "--encoder-profile", "high", "-x", f"keyint=150{peak}", *rate, "--vfr", "--crop",
              "0:0:0:0", "-w", str(case.size[0]), "-l", str(case.size[1]), "--non-anamorphic", "--no-comb-detect", "--no-deinterlace",
              "--no-decomb", "-a", "1", "-E", "av_aac", "-B", "192", "-R", "48", "-6", "stereo"]]

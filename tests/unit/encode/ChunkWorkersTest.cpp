@@ -1,8 +1,10 @@
 // Threads that encode chunks: order, failures, ends.
 #include "Kestra/FF/Encode/ChunkWorkers.h"
 #include "Kestra/Proc/Interrupted.h"
+#include <atomic>
 #include <condition_variable>
 #include <gtest/gtest.h>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -125,4 +127,38 @@ TEST(ChunkWorkers, WakeWhoWaitsForThemWhenTheyAreInterruptedAndWorkAgainAfterARe
     workers.Start([](const EncoderChunk& chunk, const std::atomic<bool>&) { return PacketOf(chunk); }, 1);
     workers.Submit(Chunk(7));
     EXPECT_EQ(workers.Take().front()->pts, 7);
+}
+
+TEST(ChunkWorkers, HaveNothingToDoWithAThreadThatWasLeft) {
+    Gate begun, opened, released;
+    std::atomic<int> calls{0};
+    auto thread = std::make_shared<int>(); // as long as it has its call
+    const std::weak_ptr<int> left = thread;
+    ChunkWorkers workers;
+    workers.Start(
+        [&, held = std::move(thread)](const EncoderChunk& chunk, const std::atomic<bool>&) {
+            ++calls;
+            begun.Arrive();
+            opened.WaitFor(1);
+            return PacketOf(chunk);
+        },
+        1);
+    workers.Submit(Chunk(1));
+    begun.WaitFor(1);
+    workers.Reset();
+    workers.Start(
+        [&](const EncoderChunk& chunk, const std::atomic<bool>&) {
+            released.WaitFor(1);
+            return PacketOf(chunk);
+        },
+        1);
+    workers.Submit(Chunk(2));
+    workers.Submit(Chunk(3)); // waits for a thread
+    opened.Arrive();
+    while (!left.expired() && calls < 2)
+        std::this_thread::yield();
+    EXPECT_EQ(calls, 1);
+    released.Arrive();
+    EXPECT_EQ(workers.Take().front()->pts, 2);
+    EXPECT_EQ(workers.Take().front()->pts, 3);
 }

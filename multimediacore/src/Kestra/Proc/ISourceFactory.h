@@ -18,11 +18,11 @@ public:
     /// is read, makes it unreadable.
     virtual boost::intrusive_ptr<IMediaSource>
     OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted = nullptr, const MediaLimits& limits = {}) = 0;
-    /// A source of `settings.count` pictures without sound, evenly at the rate. All come in size and pixel format of
-    /// the first one that is there, whose path is the source's own. As OpenMedia, also of the limits, which hold for
-    /// each file; throws SourceNotFound where none of the files is there, std::invalid_argument for a rate, step or
-    /// count that is not positive. A file that is missing matters when its picture is read. A factory that has no such
-    /// sources throws NotSupported.
+    /// A source of `settings.count` pictures (unset: of more than anybody reads) without sound, evenly at the rate. All
+    /// come in size and pixel format of the first one that is there, whose path is the source's own. As OpenMedia, also
+    /// of the limits, which hold for each file; throws SourceNotFound where none of the files is there,
+    /// std::invalid_argument for a rate, step or count that is not positive. A file that is missing matters when its
+    /// picture is read. A factory that has no such sources throws NotSupported.
     virtual boost::intrusive_ptr<IMediaSource> OpenSequence(const SettingsImageSequence& settings,
                                                             const std::atomic<bool>* interrupted = nullptr,
                                                             const MediaLimits& limits = {});

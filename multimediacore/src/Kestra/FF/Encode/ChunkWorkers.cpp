@@ -23,6 +23,8 @@ struct ChunkWorkers::Job {
     explicit Job(EncoderChunk chunk)
         : chunk(std::move(chunk)) {}
 
+    void Run(const Encode& encode, const std::atomic<bool>& cancelled) noexcept;
+
     EncoderChunk chunk;
     Packets packets;
     std::exception_ptr failure;
@@ -30,14 +32,13 @@ struct ChunkWorkers::Job {
 };
 
 struct ChunkWorkers::Shared {
-    void Work();
-    std::shared_ptr<Job> Next();
-    void Run(Job& job) noexcept;
+    void Work(const Encode& encode, std::int64_t start);
+    std::shared_ptr<Job> Next(std::int64_t start);
 
-    Encode encode; ///< set before the first thread starts
     std::atomic<bool> cancelled{false};
 
-    std::mutex mutex; ///< guards what follows, and whether a job is done
+    std::mutex mutex;        ///< guards what follows, and whether a job is done
+    std::int64_t resets = 0; ///< a thread that was left at one has nothing to do with what comes later
     std::condition_variable waitingOrCancelled;
     std::condition_variable doneOrCancelled;
     std::deque<std::shared_ptr<Job>> waiting;
@@ -52,7 +53,7 @@ ChunkWorkers::~ChunkWorkers() {
 }
 
 void ChunkWorkers::Start(Encode encode, int most) {
-    shared->encode = std::move(encode);
+    this->encode = std::move(encode);
     mostThreads = static_cast<std::size_t>(most);
 }
 
@@ -74,7 +75,7 @@ void ChunkWorkers::Submit(EncoderChunk chunk) {
 void ChunkWorkers::StartThread() {
     threads.emplace_back();
     try {
-        threads.back().Start("kestra-chunk", [held = shared] { held->Work(); });
+        threads.back().Start("kestra-chunk", [held = shared, call = encode, at = resets] { held->Work(call, at); });
     } catch (const std::system_error&) {
         threads.pop_back();
         mostThreads = threads.size();
@@ -83,17 +84,19 @@ void ChunkWorkers::StartThread() {
     }
 }
 
-void ChunkWorkers::Shared::Work() {
-    while (const std::shared_ptr<Job> job = Next()) {
-        Run(*job);
+void ChunkWorkers::Shared::Work(const Encode& encode, std::int64_t start) {
+    while (const std::shared_ptr<Job> job = Next(start)) {
+        job->Run(encode, cancelled);
         const std::lock_guard<std::mutex> lock(mutex);
         job->done = true;
         doneOrCancelled.notify_one();
     }
 }
 
-std::shared_ptr<ChunkWorkers::Job> ChunkWorkers::Shared::Next() {
+std::shared_ptr<ChunkWorkers::Job> ChunkWorkers::Shared::Next(std::int64_t start) {
     std::unique_lock<std::mutex> lock(mutex);
+    if (start != resets)
+        return nullptr;
     ++idle;
     waitingOrCancelled.wait(lock, [this] { return cancelled || !waiting.empty(); });
     --idle;
@@ -104,13 +107,13 @@ std::shared_ptr<ChunkWorkers::Job> ChunkWorkers::Shared::Next() {
     return job;
 }
 
-void ChunkWorkers::Shared::Run(Job& job) noexcept {
+void ChunkWorkers::Job::Run(const Encode& encode, const std::atomic<bool>& cancelled) noexcept {
     try {
-        job.packets = encode(job.chunk, cancelled);
+        packets = encode(chunk, cancelled);
     } catch (...) {
-        job.failure = std::current_exception();
+        failure = std::current_exception();
     }
-    job.chunk.frames.clear();
+    chunk.frames.clear();
 }
 
 std::size_t ChunkWorkers::GetCount() const {
@@ -152,6 +155,7 @@ void ChunkWorkers::Reset() {
     jobs.clear();
     const std::lock_guard<std::mutex> lock(shared->mutex);
     shared->waiting.clear();
+    shared->resets = ++resets;
     shared->cancelled = false;
 }
 

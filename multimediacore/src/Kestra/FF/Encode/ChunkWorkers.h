@@ -47,6 +47,8 @@ private:
     const std::shared_ptr<Shared> shared;
     std::deque<std::shared_ptr<Job>> jobs; ///< in order, not taken yet
     std::list<LeavableThread> threads;
+    Encode encode;
+    std::int64_t resets = 0;
     std::size_t mostThreads = 1;
 };
 

@@ -24,6 +24,10 @@ const AVPixFmtDescriptor& DescriptorOf(int format) {
     return *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(format));
 }
 
+int DepthOf(int format) {
+    return DescriptorOf(format).comp[0].depth;
+}
+
 /// Three planes of whole numbers, luma and chroma, in the machine's byte order.
 bool IsPlain(const AVPixFmtDescriptor& descriptor) {
     constexpr std::uint64_t OTHER = AV_PIX_FMT_FLAG_BE | AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM |
@@ -55,12 +59,8 @@ bool Fits(const AVFrame& frame) {
 bool IsBetterHere(const AVFrame& from, const AVFrame& to, const PlanarScaler::Job& job) {
     const bool sameSize = from.width == to.width && from.height == to.height;
     const bool known = job.interpolation == SWS_BICUBIC || job.interpolation == SWS_LANCZOS;
-    return known && (sameSize || DescriptorOf(to.format).comp[0].depth == 8) &&
+    return known && (sameSize || DepthOf(to.format) == 8) &&
            MatrixClass(job.before.matrix) == MatrixClass(job.after.matrix) && job.before.matrix != AVCOL_SPC_RGB;
-}
-
-int DepthOf(int format) {
-    return DescriptorOf(format).comp[0].depth;
 }
 
 /// With libswscale's parameters.
@@ -113,8 +113,9 @@ void PlanarScaler::Build(const Side& source, const Side& target, int interpolati
     if (!graph && zimg_get_last_error(nullptr, 0) == ZIMG_ERROR_OUT_OF_MEMORY)
         throw std::bad_alloc();
     std::size_t size = 0;
-    if (graph && zimg_filter_graph_get_tmp_size(graph.get(), &size) == ZIMG_ERROR_SUCCESS)
-        memory.reset(::operator new(size, ALIGNMENT));
+    if (graph && zimg_filter_graph_get_tmp_size(graph.get(), &size) != ZIMG_ERROR_SUCCESS)
+        graph.reset();
+    memory.reset(graph ? ::operator new(size, ALIGNMENT) : nullptr);
     builtSource = source;
     builtTarget = target;
     builtInterpolation = interpolation;

@@ -11,7 +11,6 @@
 #include "Kestra/FF/Picture/FrameTags.h"
 #include "Kestra/FF/Source/InterruptibleRead.h"
 #include <algorithm>
-#include <cstring>
 #include <thread>
 #include <utility>
 
@@ -34,11 +33,6 @@ constexpr std::int64_t BACKWARD_JUMP = TIME_BASE;
 constexpr double RATE_OF_FIELDS = 1.5;
 // Frames from this many pixels on are deinterlaced by two threads.
 constexpr int LARGE_FRAME = 1280 * 720;
-
-// Program streams give one frame in many a time; the others are counted on from it, wrongly if reading began between.
-bool TellsTimesOnlyInOrder(const char* container) {
-    return std::strcmp(container, "mpeg") == 0;
-}
 
 // What each would take alone is what as many streams at a time take as would alone; more of them share it.
 constexpr int STREAMS_UNSHARED = 4;
@@ -402,9 +396,11 @@ bool VideoDecodeStream::LandBefore(std::int64_t time, std::int64_t distance) {
     }
     ForgetFrames();
     keysToPass = 0;
-    if (TellsTimesOnlyInOrder(demuxer->GetFormatName())) {
-        if (!LandByReading(time - distance))
+    if (KeyframeList::IsNeededFor(*demuxer)) {
+        const auto before = keyframes.CountBefore(time - distance, *demuxer, track.index, source->GetDetails().origin);
+        if (!before)
             return false;
+        keysToPass = *before;
     } else {
         const AVRational timeBase = demuxer->GetStream(track.index).time_base;
         if (!demuxer->Seek(track.index, FromEngineTime(time - distance + source->GetDetails().origin, timeBase)))
@@ -415,28 +411,6 @@ bool VideoDecodeStream::LandBefore(std::int64_t time, std::int64_t distance) {
     awaitsKey = true;
     current = DecodeNext();
     return current && current->time <= time;
-}
-
-void VideoDecodeStream::ListKeyframes() {
-    const AVRational timeBase = demuxer->GetStream(track.index).time_base;
-    const PacketHandle packet = MakePacket();
-    demuxer->Rewind();
-    while (demuxer->Read(*packet)) {
-        const std::int64_t timestamp = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
-        if (packet->flags & AV_PKT_FLAG_KEY)
-            keyTimes.push_back(ToEngineTime(timestamp, timeBase) - source->GetDetails().origin);
-    }
-}
-
-bool VideoDecodeStream::LandByReading(std::int64_t time) {
-    if (keyTimes.empty())
-        ListKeyframes();
-    const auto later = std::upper_bound(keyTimes.begin(), keyTimes.end(), time);
-    if (later == keyTimes.begin())
-        return false;
-    keysToPass = static_cast<std::size_t>(later - keyTimes.begin()) - 1;
-    demuxer->Rewind();
-    return true;
 }
 
 void VideoDecodeStream::WindTo(std::int64_t time) {

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Picture/Deinterlacer.h"
 #include "Kestra/FF/Picture/FrameRotator.h"
+#include "Kestra/FF/Source/KeyframeList.h"
 #include "Kestra/FF/Source/MediaSource.h"
 #include "Kestra/Proc/Filters/StreamBase.h"
 #include <atomic>
@@ -64,8 +65,6 @@ private:
     bool IsShortlyAhead(std::int64_t time) const;
     void SeekBack(const SeekTarget& target, bool skipUnreferenced);
     bool LandBefore(std::int64_t time, std::int64_t distance);
-    bool LandByReading(std::int64_t time);
-    void ListKeyframes();
     void StartOver();
     void ForgetFrames();
     void WindTo(std::int64_t time);
@@ -105,8 +104,7 @@ private:
     bool atStart = true;           ///< no frame has been decoded since the start
     bool awaitsKey = false;        ///< after a seek, packets before the first keyframe cannot be decoded
     std::size_t keysToPass = 0;    ///< while awaiting: keyframes that are passed over too
-    /// Times of all keyframes, in the order of the file; only for containers that cannot be sought in.
-    std::vector<std::int64_t> keyTimes;
+    KeyframeList keyframes;        ///< only for containers that cannot be sought in
     bool winding = false;          ///< frames are decoded only to be dropped
     std::int64_t skipBefore = -1;  ///< unreferenced frames before this time are not even decoded
     std::int64_t skippedUpTo = -1; ///< the latest time among packets that were offered for skipping
