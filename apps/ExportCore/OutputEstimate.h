@@ -1,0 +1,34 @@
+// ExportCore::OutputEstimate: what a file will be like, before it is made.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include "KTime/KTime.h"
+#include "Media/Audio.h"
+#include "Media/Video.h"
+#include <QtGlobal>
+
+namespace Export {
+class PresetProvider;
+}
+
+namespace ExportCore {
+
+/// A value. The model is written down in docs/bitrates.md.
+struct EXPORTCORE_EXPORT OutputEstimate {
+    /// For what the provider has selected, edits included (PresetEdit), and `duration` of these inputs, an outro's
+    /// length included. Null stands for a medium that the inputs lack or that is not exported. On the provider's
+    /// thread; touches no file.
+    static OutputEstimate of(const Export::PresetProvider& provider, const Media::Video* video,
+                             const Media::Audio* audio, KTime duration);
+
+    KTime duration;
+    qint64 frames = 0;     ///< exact; 0 without picture
+    qint64 videoBytes = 0; ///< 0 without picture
+    qint64 audioBytes = 0; ///< 0 without sound
+    qint64 sizeBytes = 0;  ///< of the whole file
+    /// No bitrate was ordered, so that the material decides: the size may well be half of that, or twice as much. Else
+    /// it is met within what encoders keep to, some percent, and undershot by material that needs less.
+    bool rough = false;
+};
+
+} // namespace ExportCore
