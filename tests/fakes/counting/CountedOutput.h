@@ -18,6 +18,7 @@ public:
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override;
     void AlignTo(std::int64_t start, std::int64_t end) override;
+    void RunBesideOthers() override { inner->RunBesideOthers(); }
     void Interrupt() override { inner->Interrupt(); }
     void Reset() override;
     std::string Describe() const override;

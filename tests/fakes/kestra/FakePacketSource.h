@@ -22,8 +22,9 @@ struct PacketPlan {
     std::shared_ptr<void> lifeToken;
 };
 
-/// Calls in its script: "Prepare", "ReadRaw <number>", "GetDuration", "AlignTo <start> <end>", "Interrupt", "Reset".
-/// Interrupt opens the script's gates, unless it is stubborn; from then to Reset every read throws Interrupted.
+/// Calls in its script: "Prepare", "ReadRaw <number>", "GetDuration", "AlignTo <start> <end>", "RunBesideOthers",
+/// "Interrupt", "Reset". Interrupt opens the script's gates, unless it is stubborn; from then to Reset every read
+/// throws Interrupted.
 class FakePacketSource : public Proc::IPacketSource, public RefCountImpl {
 public:
     FakePacketSource(PacketPlan plan, std::shared_ptr<Script> script);
@@ -39,6 +40,7 @@ public:
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
     void AlignTo(std::int64_t start, std::int64_t end) override;
+    void RunBesideOthers() override { script->Call("RunBesideOthers"); }
     void Interrupt() override;
     void Reset() override;
     std::string Describe() const override { return "fake packets"; }

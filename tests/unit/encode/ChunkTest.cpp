@@ -3,6 +3,8 @@
 #include "Kestra/FF/Data/DataRawFF.h"
 #include "Kestra/FF/Encode/AudioEncoderCore.h"
 #include "Kestra/Proc/Interrupted.h"
+#include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <functional>
 #include <map>
@@ -61,6 +63,13 @@ Core::Property With(Core::Property description, std::int64_t workers) {
 
 Packets Encode(const AudioShape& shape, const Core::Property& description, std::int64_t workers) {
     return ReadAll(*AudioEncoder(MakeAudio(shape), With(description, workers)));
+}
+
+/// As where other tracks are encoded at the same time.
+Packets EncodeBesideOthers(const AudioShape& shape, const Core::Property& description) {
+    const auto encoder = AudioEncoder(MakeAudio(shape), description);
+    encoder->GetPacketSource()->RunBesideOthers();
+    return ReadAll(*encoder);
 }
 
 /// Side data as well.
@@ -168,6 +177,37 @@ TEST_P(Chunks, DoNotDependOnTheBlocksThatTheSoundComesIn) {
     EXPECT_TRUE(AreSame(Whole(2), Encode(sound, Settings(), 2)));
     sound.block = 65536;
     EXPECT_TRUE(AreSame(Whole(2), Encode(sound, Settings(), 2)));
+}
+
+TEST_P(Chunks, AreTheSameOneAfterTheOtherBesideOtherTracks) {
+    EXPECT_TRUE(AreSame(Whole(2), EncodeBesideOthers(Part(LONG), Settings())));
+    const int frame = GetParam().frame;
+    for (const int over : {-1, 0, 1, frame, frame + 1, 2 * frame + 1, 4 * frame})
+        EXPECT_TRUE(AreSame(Encode(Part(ChunkSamples() + over), Settings(), 2),
+                            EncodeBesideOthers(Part(ChunkSamples() + over), Settings())))
+            << over;
+}
+
+TEST_P(Chunks, BesideOtherTracksAreNotWaitedFor) {
+    AudioShape sound = Part(LONG);
+    std::atomic<std::int64_t> heard{0};
+    sound.wave = [&heard, wave = sound.wave](int channel, std::int64_t index) {
+        heard = std::max(heard.load(), index);
+        return wave(channel, index);
+    };
+    const auto encoder = AudioEncoder(MakeAudio(sound), Settings());
+    encoder->GetPacketSource()->RunBesideOthers();
+    ASSERT_TRUE(encoder->ReadRaw());
+    EXPECT_LT(heard, CHUNK / 2);
+}
+
+TEST_P(Chunks, BesideOtherTracksAreTheSameAfterAReset) {
+    const auto encoder = AudioEncoder(MakeAudio(Part(LONG)), Settings());
+    encoder->GetPacketSource()->RunBesideOthers();
+    for (int packets = 0; packets < 100; ++packets)
+        ASSERT_TRUE(encoder->ReadRaw());
+    encoder->Reset();
+    EXPECT_TRUE(AreSame(ReadAll(*encoder), Whole(2)));
 }
 
 TEST_P(Chunks, AreTheSameAfterAReset) {

@@ -40,6 +40,22 @@ TEST_F(ProcessorRun, ReportsStartedWhenAllEncodersArePreparedAndTheHeaderIsWritt
     EXPECT_LT(IndexOf("started"), IndexOf("muxer:Write 0"));
 }
 
+TEST_F(ProcessorRun, TellsEncodersThatTheyAreSeveralBeforeTheyOpen) {
+    RunToEnd();
+    EXPECT_LT(IndexOf("video:RunBesideOthers"), IndexOf("video:Prepare"));
+    EXPECT_LT(IndexOf("audio:RunBesideOthers"), IndexOf("audio:Prepare"));
+}
+
+TEST_F(ProcessorRun, LeavesAnEncoderThatIsAloneAllProcessors) {
+    processor = CreateStreamProcessor({new FakeEncoder(audioPlan, audio)}, new FakeMuxer(muxer));
+    processor->SetEventsReceiver(&events);
+    processor->Initialize();
+    processor->Start();
+    ASSERT_TRUE(events.WaitForEnd());
+    EXPECT_TRUE(log->Contains("audio:Prepare"));
+    EXPECT_FALSE(log->Contains("audio:RunBesideOthers"));
+}
+
 TEST_F(ProcessorRun, WaitsForTheSlowestEncoderBeforeItOpensTheMuxer) {
     const auto gate = audio->BlockAt("Prepare");
     Launch();

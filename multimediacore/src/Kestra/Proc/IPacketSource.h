@@ -22,6 +22,9 @@ public:
     /// Tells a maker of packets that only [start, end) will be kept, before the first read. One whose packets cannot
     /// carry a trim (FLAC) begins and ends its packets on these times; every other may ignore it.
     virtual void AlignTo(std::int64_t start, std::int64_t end) = 0;
+    /// Tells a maker of packets, before Prepare(), that others are at work at the same time: what would run beside
+    /// itself to be faster keeps to the thread that reads it. The packets are the same.
+    virtual void RunBesideOthers() {}
     virtual void Interrupt() = 0;
     virtual void Reset() = 0;
     virtual std::string Describe() const = 0;

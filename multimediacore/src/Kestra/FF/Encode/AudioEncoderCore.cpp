@@ -10,6 +10,7 @@
 #include "Kestra/FF/Data/DataRawFF.h"
 #include "Kestra/FF/Encode/ChunkEncoder.h"
 #include "Kestra/FF/Encode/ChunkedLoop.h"
+#include "Kestra/FF/Encode/ChunksInLine.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/PacketBursts.h"
@@ -150,6 +151,8 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::InChunks(std::unique_ptr<IEncode
                                                          ChunkEncoder::OpenOne open) {
     const std::shared_ptr<PacketJoiner> joiner = Driver().MakeJoiner(model->GetContext());
     const auto encoder = std::make_shared<ChunkEncoder>(std::move(open), rule.reusable, model->GetContext(), joiner);
+    if (besideOthers)
+        return std::make_unique<ChunksInLine>(std::move(model), rule, joiner, encoder);
     const int threads = CountWorkers();
     workers->Start(
         [encoder](const EncoderChunk& chunk, const auto& cancelled) { return encoder->Encode(chunk, cancelled); },

@@ -14,8 +14,8 @@ namespace Kestra::FF {
 /// Packets for round(duration x rate) samples. The first sample has time 0; what the codec puts before it has negative
 /// times, what it adds after the last is trimmed off the last packet.
 ///
-/// Where the codec permits, parts of the sound are encoded at a time, on as many threads as there are processors; the
-/// packets do not depend on their number.
+/// Where the codec permits, parts of the sound are encoded at a time, on as many threads as there are processors, or
+/// one after the other beside other tracks, whose encoders keep the processors busy; the packets do not depend on it.
 class AudioEncoderCore final : public EncoderCore {
 public:
     /// Int64, in the description: so many threads instead; 0: all by one encoder. For tests.
@@ -30,6 +30,7 @@ public:
     /// Encodes only [start, end) and what a decoder needs around it, one packet beginning at `start`, whatever the
     /// codec. The times of the packets stay those of the whole stream.
     void AlignTo(std::int64_t start, std::int64_t end) override;
+    void RunBesideOthers() override { besideOthers = true; }
     std::string Describe() const override;
 
 protected:
@@ -60,6 +61,7 @@ private:
     EncodeSamples samples;
     SampleQueue queue;
     const std::shared_ptr<ChunkWorkers> workers = std::make_shared<ChunkWorkers>();
+    bool besideOthers = false;
     std::int64_t alignStart = 0;
     std::int64_t alignEnd = INT64_MAX;
     std::int64_t firstSample = 0;

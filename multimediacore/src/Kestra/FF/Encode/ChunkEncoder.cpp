@@ -27,23 +27,50 @@ ChunkEncoder::ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& mo
     , frameSize(model.frame_size)
     , joiner(std::move(joiner)) {}
 
+ChunkEncoder::Run::Run(ChunkEncoder& encoder, std::int64_t first)
+    : encoder(encoder)
+    , first(first)
+    , loop(encoder.TakeOne(first != INT64_MIN)) {}
+
+void ChunkEncoder::Run::Send(const AVFrame* frame) {
+    loop->Send(frame);
+    PacketHandle packet;
+    while (loop->Receive(packet) == IEncoderLoop::Step::Packet) {
+        if (packet->pts < first)
+            continue;
+        encoder.joiner->Place(packet, encoder.NumberOf(packet->pts));
+        packets.push_back(std::move(packet));
+    }
+}
+
+PacketHandle ChunkEncoder::Run::Take(std::int64_t end) {
+    if (packets.empty() || packets.front()->pts >= end)
+        return nullptr;
+    PacketHandle packet = std::move(packets.front());
+    packets.pop_front();
+    ++taken;
+    return packet;
+}
+
+Packets ChunkEncoder::Run::Finish(std::int64_t end) {
+    while (!packets.empty() && packets.back()->pts >= end)
+        packets.pop_back();
+    encoder.RequireAll(first, end, taken + static_cast<std::int64_t>(packets.size()));
+    if (encoder.reusable && end != INT64_MAX)
+        encoder.KeepOne(std::move(loop));
+    return std::move(packets);
+}
+
 Packets ChunkEncoder::Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) {
-    std::unique_ptr<IEncoderLoop> loop = TakeOne(chunk.first != INT64_MIN);
-    Packets packets;
+    Run run(*this, chunk.first);
     for (const auto& frame : chunk.frames) {
         if (cancelled)
             KESTRA_THROW(Proc::Interrupted());
-        loop->Send(frame.get());
-        Receive(*loop, chunk, packets);
+        run.Send(frame.get());
     }
-    if (chunk.end == INT64_MAX) {
-        loop->Send(nullptr);
-        Receive(*loop, chunk, packets);
-    }
-    RequireAll(chunk, packets);
-    if (reusable && chunk.end != INT64_MAX)
-        KeepOne(std::move(loop));
-    return packets;
+    if (chunk.end == INT64_MAX)
+        run.Send(nullptr);
+    return run.Finish(chunk.end);
 }
 
 std::unique_ptr<IEncoderLoop> ChunkEncoder::TakeOne(bool inside) {
@@ -72,25 +99,14 @@ void ChunkEncoder::RequireSameHeader(const AVCodecContext& context) const {
                                                                                 "different headers");
 }
 
-void ChunkEncoder::Receive(IEncoderLoop& loop, const EncoderChunk& chunk, Packets& packets) const {
-    PacketHandle packet;
-    while (loop.Receive(packet) == IEncoderLoop::Step::Packet) {
-        if (packet->pts < chunk.first || packet->pts >= chunk.end)
-            continue;
-        joiner->Place(packet, NumberOf(packet->pts));
-        packets.push_back(std::move(packet));
-    }
-}
-
 // The last chunk has as many as come.
-void ChunkEncoder::RequireAll(const EncoderChunk& chunk, const Packets& packets) const {
-    if (chunk.end == INT64_MAX)
+void ChunkEncoder::RequireAll(std::int64_t first, std::int64_t end, std::int64_t count) const {
+    if (end == INT64_MAX)
         return;
-    const std::int64_t first = std::max(chunk.first, -padding);
-    const std::int64_t wanted = (chunk.end - first) / frameSize;
-    if (static_cast<std::int64_t>(packets.size()) != wanted)
-        Fail(TranscodingError::EncodeFailed, "A part of the sound has " + std::to_string(packets.size()) +
-                                                 " packets instead of " + std::to_string(wanted));
+    const std::int64_t wanted = (end - std::max(first, -padding)) / frameSize;
+    if (count != wanted)
+        Fail(TranscodingError::EncodeFailed,
+             "A part of the sound has " + std::to_string(count) + " packets instead of " + std::to_string(wanted));
 }
 
 } // namespace Kestra::FF

@@ -1,4 +1,4 @@
-// Kestra::FF::ChunkEncoder: encodes one chunk from its lead-in to its last packet.
+// Kestra::FF::ChunkEncoder: encodes chunks, each from its lead-in to its last packet.
 #pragma once
 
 #include "Kestra/FF/Encode/EncoderChunk.h"
@@ -22,6 +22,28 @@ public:
     /// `model` is one of them; it is only looked at. Reusable encoders are kept for chunks to come.
     ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner);
 
+    /// A chunk frame by frame. The encoder outlives it.
+    class Run {
+    public:
+        /// `first`: as in EncoderChunk.
+        Run(ChunkEncoder& encoder, std::int64_t first);
+
+        /// Null ends the stream with this chunk. Throws ProcException (EncodeFailed).
+        void Send(const AVFrame* frame);
+        /// The next of its packets with a pts before `end`; null when none has come yet.
+        PacketHandle Take(std::int64_t end);
+        /// No more frames of a chunk that ends there; the rest of its packets. Throws ProcException (EncodeFailed) for
+        /// one that lacks some.
+        EncoderChunk::Packets Finish(std::int64_t end);
+
+    private:
+        ChunkEncoder& encoder;
+        const std::int64_t first;
+        std::unique_ptr<IEncoderLoop> loop;
+        EncoderChunk::Packets packets;
+        std::int64_t taken = 0;
+    };
+
     /// Throws ProcException (EncodeFailed), and Interrupted soon after `cancelled` has become true.
     EncoderChunk::Packets Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled);
 
@@ -29,8 +51,7 @@ private:
     std::unique_ptr<IEncoderLoop> TakeOne(bool inside);
     void KeepOne(std::unique_ptr<IEncoderLoop> loop);
     void RequireSameHeader(const AVCodecContext& context) const;
-    void Receive(IEncoderLoop& loop, const EncoderChunk& chunk, EncoderChunk::Packets& packets) const;
-    void RequireAll(const EncoderChunk& chunk, const EncoderChunk::Packets& packets) const;
+    void RequireAll(std::int64_t first, std::int64_t end, std::int64_t count) const;
     std::int64_t NumberOf(std::int64_t pts) const { return (pts + padding) / frameSize; }
 
     const OpenOne open;

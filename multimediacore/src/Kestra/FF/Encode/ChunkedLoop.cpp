@@ -5,19 +5,11 @@
 
 namespace Kestra::FF {
 
-namespace {
-
-/// Eight seconds, at the usual rates: the lead-in is a small part of it, and so is what an end without others to encode
-/// beside takes.
-constexpr int CHUNK_SAMPLES = 384 * 1024;
-
-} // namespace
-
 ChunkedLoop::ChunkedLoop(std::unique_ptr<IEncoderLoop> opened, const ChunkRule& rule,
                          std::shared_ptr<PacketJoiner> joiner, std::shared_ptr<ChunkWorkers> workers, int ahead)
     : model(std::move(opened))
     , rule(rule)
-    , framesInChunk(std::max(CHUNK_SAMPLES / model->GetContext().frame_size, rule.leadIn + rule.behind + 1))
+    , framesInChunk(rule.FramesInChunk(model->GetContext().frame_size))
     , joiner(std::move(joiner))
     , workers(std::move(workers))
     , ahead(static_cast<std::size_t>(ahead)) {}

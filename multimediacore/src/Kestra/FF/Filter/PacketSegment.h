@@ -21,6 +21,7 @@ public:
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
     void AlignTo(std::int64_t, std::int64_t) override {}
+    void RunBesideOthers() override { source->RunBesideOthers(); }
     void Interrupt() override { source->Interrupt(); }
     void Reset() override;
     std::string Describe() const override;

@@ -98,6 +98,11 @@ bool ProcessingRun::KeepWhatIsQueued() {
 }
 
 void ProcessingRun::LaunchEncoders() {
+    for (const auto& stream : streams) {
+        if (const auto& source = stream->GetPacketSource(); source && streams.size() > 1) {
+            source->RunBesideOthers();
+        }
+    }
     for (const auto& encoder : encoders) {
         encoder->Start([run = weak_from_this()](std::exception_ptr cause) { OnEncoderFailure(run, std::move(cause)); });
     }
