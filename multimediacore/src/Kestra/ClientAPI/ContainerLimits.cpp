@@ -1,6 +1,7 @@
 #include "Kestra/ClientAPI/ContainerLimits.h"
 
 #include "Kestra/Conf/Container.h"
+#include "Kestra/Conf/Language.h"
 #include <algorithm>
 #include <iterator>
 
@@ -47,6 +48,12 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
         return found->timecode;
     case ProgrammeField::Chapters:
         return found->chapters;
+    case ProgrammeField::Cover:
+        return found->cover;
+    case ProgrammeField::Subtitles:
+        return found->subtitles != nullptr;
+    case ProgrammeField::SubtitleStyles:
+        return found->styledSubtitles != nullptr;
     }
     return false;
 }
@@ -54,6 +61,33 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
 bool ContainerLimits::HoldsTag(const std::string& container, const std::string& key) {
     const Container* const found = Container::Find(container);
     return found != nullptr && !key.empty() && (found->tags.empty() || Has(found->tags, key));
+}
+
+std::string ContainerLimits::LanguageIn(const std::string& container, const std::string& language) {
+    const Container* const found = Container::Find(container);
+    const std::string code = Conf::Language::CodeOf(language);
+    if (found == nullptr || code.empty())
+        return {};
+    switch (found->languages) {
+    case Container::Languages::ByTag:
+        return HoldsTag(container, "language") ? code : std::string();
+    case Container::Languages::QuickTime:
+        return Conf::Language::QuickTimeName(code);
+    case Container::Languages::Terminological:
+        return code;
+    case Container::Languages::Bibliographic:
+        return Conf::Language::BibliographicCode(code);
+    }
+    return {};
+}
+
+Conf::Subtitles ContainerLimits::SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles) {
+    const Container* const found = Container::Find(container);
+    if (found != nullptr && found->subtitles != nullptr)
+        return found->subtitlesOneAtATime ? subtitles.OneAtATime() : subtitles;
+    Conf::Subtitles none = subtitles;
+    none.cues.clear();
+    return none;
 }
 
 std::vector<std::string> ContainerLimits::Extensions(const std::string& container, bool withPictures) {

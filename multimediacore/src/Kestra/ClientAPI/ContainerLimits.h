@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Conf/CodecID.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "KestraExport.h"
 #include <string>
 #include <vector>
@@ -9,7 +10,7 @@
 namespace Kestra::ClientAPI {
 
 /// What Conf::ProgrammeInfo has of a programme.
-enum class ProgrammeField { Title, Tags, TimeCode, Chapters };
+enum class ProgrammeField { Title, Tags, TimeCode, Chapters, Cover, Subtitles, SubtitleStyles };
 
 /// Containers by their ids, as a format's description names them ("mp4", "mkv" ...). Of an id that is none everything
 /// is empty or false. Extensions are in lower case, without the dot.
@@ -18,10 +19,16 @@ struct KESTRA_EXPORT ContainerLimits {
     /// The pairs that players and editors really read, not all that a muxer would write.
     static bool Holds(const std::string& container, Conf::CodecID codec);
     /// Whether files of the container have a place for it; for time codes beside pictures only. Chapters of MP4 and MOV
-    /// follow each other without gaps: each lasts until the next one begins.
+    /// follow each other without gaps: each lasts until the next one begins. A cover has its place in files without
+    /// pictures, subtitles theirs beside pictures or sound.
     static bool Holds(const std::string& container, ProgrammeField field);
     /// Whether one of the tags of Conf::ProgrammeInfo is kept. Some containers know a few keys only.
     static bool HoldsTag(const std::string& container, const std::string& key);
+    /// How a track's language is told there, be it in a tag of the whole; empty where it cannot be.
+    static std::string LanguageIn(const std::string& container, const std::string& language);
+    /// Subtitles as files of the container hold them: where one text follows the other, those that share time are one.
+    /// Without cues where there is no place for them.
+    static Conf::Subtitles SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles);
     /// What files of the container are called, the usual one first; some belong to sound without pictures only.
     static std::vector<std::string> Extensions(const std::string& container, bool withPictures);
     /// Whether files so called are media or pictures of one certain kind, be it one that no container here is.

@@ -15,6 +15,7 @@ const std::vector<std::string> TAGS_OF_WAV{"album", "artist", "comment",  "copyr
                                            "date",  "genre",  "language", "track"};
 
 using Family = Container::Family;
+using Languages = Container::Languages;
 
 std::vector<Container> OfPictures() {
     return {
@@ -28,7 +29,12 @@ std::vector<Container> OfPictures() {
           CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC},
          {"mp4", "m4v"},
          {"m4a"},
-         TAGS_OF_MP4},
+         TAGS_OF_MP4,
+         Languages::Terminological,
+         true,
+         "mov_text",
+         nullptr,
+         true},
         {"mov",
          "mov",
          Family::Mov,
@@ -39,7 +45,12 @@ std::vector<Container> OfPictures() {
           CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
          {"mov", "qt"},
          {},
-         TAGS_OF_MOV},
+         TAGS_OF_MOV,
+         Languages::QuickTime,
+         false,
+         "mov_text",
+         nullptr,
+         true},
         {"webm",
          "webm",
          Family::Matroska,
@@ -49,7 +60,10 @@ std::vector<Container> OfPictures() {
          {CodecID::VP9, CodecID::VP8, CodecID::AV1, CodecID::Opus, CodecID::Vorbis},
          {"webm"},
          {"weba"},
-         {}},
+         {},
+         Languages::Bibliographic,
+         false,
+         "webvtt"},
         {"mkv",
          "matroska",
          Family::Matroska,
@@ -61,15 +75,30 @@ std::vector<Container> OfPictures() {
           CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::Vorbis, CodecID::AC3, CodecID::ALAC},
          {"mkv"},
          {"mka"},
-         {}},
+         {},
+         Languages::Bibliographic,
+         true,
+         "subrip",
+         "ass"},
     };
 }
 
 std::vector<Container> OfSoundAlone() {
     return {
-        {"m4a", "ipod", Family::Mov, true, false, true, {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"}, {}, TAGS_OF_MP4},
-        {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}, {}},
-        {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}},
+        {"m4a",
+         "ipod",
+         Family::Mov,
+         true,
+         false,
+         true,
+         {CodecID::AAC, CodecID::ALAC},
+         {"m4a", "m4b"},
+         {},
+         TAGS_OF_MP4,
+         Languages::Terminological,
+         true},
+        {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}, {}, Languages::ByTag, true},
+        {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}, Languages::ByTag, true},
         {"wav",
          "wav",
          Family::Other,

@@ -11,6 +11,9 @@ namespace Kestra::Conf {
 /// One row of the table, which Container.cpp holds: a new container is one more.
 struct KESTRA_EXPORT Container {
     enum class Family { Other, Mov, Matroska };
+    /// How the language of a track is told: not at all but by a tag of the whole, by its number in QuickTime, or by one
+    /// of the two codes of ISO 639-2.
+    enum class Languages { ByTag, QuickTime, Terminological, Bibliographic };
 
     const char* id;    ///< in descriptions and catalogues
     const char* muxer; ///< as FFmpeg's libraries call it
@@ -25,6 +28,13 @@ struct KESTRA_EXPORT Container {
 
     /// The keys of tags that its files keep, beside the title; empty: any.
     std::vector<std::string> tags;
+    Languages languages = Languages::ByTag;
+    bool cover = false; ///< files without pictures hold one that stands for the whole
+    /// The codecs of text that is shown, as FFmpeg's libraries call them: of plain text and of such with styles of its
+    /// own. Null where there is none.
+    const char* subtitles = nullptr;
+    const char* styledSubtitles = nullptr;
+    bool subtitlesOneAtATime = false; ///< one text follows the other, none stands beside another
 
     static const std::vector<Container>& All();
     /// Null for an id that is none.

@@ -14,6 +14,16 @@ constexpr const char* TAG_DROP_FRAME = "dropFrame";
 constexpr const char* TAG_CHAPTERS = "chapters";
 constexpr const char* TAG_START = "start";
 constexpr const char* TAG_END = "end";
+constexpr const char* TAG_PICTURE = "picture";
+constexpr const char* TAG_SOUND = "sound";
+constexpr const char* TAG_LANGUAGE = "language";
+constexpr const char* TAG_COVER = "cover";
+constexpr const char* TAG_MIME_TYPE = "mimeType";
+constexpr const char* TAG_BYTES = "bytes";
+constexpr const char* TAG_WIDTH = "width";
+constexpr const char* TAG_HEIGHT = "height";
+constexpr const char* TAG_PIXEL_FORMAT = "pixelFormat";
+constexpr const char* TAG_SUBTITLES = "subtitles";
 
 // Children are told apart by their names, so those of a list are numbered.
 Core::Property& Append(Core::Property& list) {
@@ -31,7 +41,46 @@ void Tell(Core::Property& list, const ProgrammeInfo::Chapter& chapter) {
     node.SetChild(TAG_TITLE, chapter.title);
 }
 
+void Tell(Core::Property& told, const char* tag, const ProgrammeInfo::TrackName& name) {
+    Core::Property& node = told.SetChild(tag);
+    node.SetChild(TAG_LANGUAGE, name.language);
+    node.SetChild(TAG_TITLE, name.title);
+}
+
+ProgrammeInfo::TrackName NameOf(const Core::Property& node) {
+    return {node[TAG_LANGUAGE].GetString(), node[TAG_TITLE].GetString()};
+}
+
+void Tell(Core::Property& told, const ProgrammeInfo::Cover& cover) {
+    if (cover.bytes.empty())
+        return;
+    Core::Property& node = told.SetChild(TAG_COVER);
+    node.SetChild(TAG_MIME_TYPE, cover.mimeType);
+    node.SetChild(TAG_BYTES, cover.bytes);
+    node.SetChild(TAG_WIDTH, std::int64_t{cover.width});
+    node.SetChild(TAG_HEIGHT, std::int64_t{cover.height});
+    node.SetChild(TAG_PIXEL_FORMAT, cover.pixelFormat);
+}
+
+ProgrammeInfo::Cover CoverOf(const Core::Property& tree) {
+    if (!tree.ChildExists(TAG_COVER))
+        return {};
+    const Core::Property& node = tree[TAG_COVER];
+    return {node[TAG_MIME_TYPE].GetString(), node[TAG_BYTES].GetString(), static_cast<int>(node[TAG_WIDTH].GetInt64()),
+            static_cast<int>(node[TAG_HEIGHT].GetInt64()), node[TAG_PIXEL_FORMAT].GetString()};
+}
+
 } // namespace
+
+bool ProgrammeInfo::IsEmpty() const {
+    return *this == ProgrammeInfo();
+}
+
+bool operator==(const ProgrammeInfo& a, const ProgrammeInfo& b) {
+    return a.title == b.title && a.tags == b.tags && a.timecode == b.timecode && a.dropFrame == b.dropFrame &&
+           a.chapters == b.chapters && a.picture == b.picture && a.sound == b.sound && a.cover == b.cover &&
+           a.subtitles == b.subtitles;
+}
 
 ProgrammeInfo ProgrammeInfo::Part(std::int64_t start, std::int64_t end) const {
     ProgrammeInfo part = *this;
@@ -48,6 +97,10 @@ ProgrammeInfo ProgrammeInfo::Part(std::int64_t start, std::int64_t end) const {
     }
     const auto isOutside = [](const Chapter& chapter) { return chapter.end <= chapter.start; };
     part.chapters.erase(std::remove_if(part.chapters.begin(), part.chapters.end(), isOutside), part.chapters.end());
+    part.subtitles.clear();
+    for (const Subtitles& track : subtitles)
+        if (Subtitles shown = track.Part(start, end); !shown.cues.empty())
+            part.subtitles.push_back(std::move(shown));
     return part;
 }
 
@@ -64,6 +117,11 @@ ProgrammeInfo ProgrammeInfo::Of(const IFormatCodec& format) {
     info.dropFrame = tree[TAG_DROP_FRAME].GetBool();
     for (const Core::Property& node : tree[TAG_CHAPTERS].GetChildren())
         info.chapters.push_back(ChapterOf(node));
+    info.picture = NameOf(tree[TAG_PICTURE]);
+    info.sound = NameOf(tree[TAG_SOUND]);
+    info.cover = CoverOf(tree);
+    for (const Core::Property& node : tree[TAG_SUBTITLES].GetChildren())
+        info.subtitles.push_back(Subtitles::Of(node));
     return info;
 }
 
@@ -82,6 +140,12 @@ void ProgrammeInfo::TellIn(IFormatCodec& format) const {
         Core::Property& marks = told.SetChild(TAG_CHAPTERS);
         for (const Chapter& chapter : chapters)
             Tell(marks, chapter);
+        Tell(told, TAG_PICTURE, picture);
+        Tell(told, TAG_SOUND, sound);
+        Tell(told, cover);
+        Core::Property& tracks = told.SetChild(TAG_SUBTITLES);
+        for (const Subtitles& track : subtitles)
+            track.TellIn(Append(tracks));
     }
     format.SetProperty(tree);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Kestra/Conf/IFormatCodec.h"
+#include "Kestra/Conf/Subtitles.h"
 #include <optional>
 #include <utility>
 #include <vector>
@@ -23,6 +24,30 @@ struct KESTRA_EXPORT ProgrammeInfo {
         }
     };
 
+    /// What a track of pictures or sound is called.
+    struct TrackName {
+        std::string language; ///< as its file tells it; empty where it does not
+        std::string title;
+
+        friend bool operator==(const TrackName& a, const TrackName& b) {
+            return a.language == b.language && a.title == b.title;
+        }
+    };
+
+    /// A picture that stands for the programme, as the file that holds it has it.
+    struct Cover {
+        std::string mimeType; ///< "image/jpeg" or "image/png"
+        std::string bytes;    ///< empty where there is none
+        int width = 0;
+        int height = 0;
+        std::string pixelFormat; ///< as the decoder library names it
+
+        friend bool operator==(const Cover& a, const Cover& b) {
+            return a.mimeType == b.mimeType && a.bytes == b.bytes && a.width == b.width && a.height == b.height &&
+                   a.pixelFormat == b.pixelFormat;
+        }
+    };
+
     /// Text is UTF-8 throughout; empty where there is none.
     std::string title;
     /// Beside the title: keys as FFmpeg's libraries name them ("comment", "artist", "date" ...) and their values. Of
@@ -34,22 +59,24 @@ struct KESTRA_EXPORT ProgrammeInfo {
     /// 30000/1001.
     bool dropFrame = false;
     std::vector<Chapter> chapters;
+    TrackName picture;
+    TrackName sound;
+    Cover cover; ///< written into files without pictures
+    std::vector<Subtitles> subtitles;
 
     /// Of the part of the stream from `start` to `end`, whose time begins at 0. Chapters are in order then, none is
-    /// left outside, and one without a length lasts until the next one begins.
+    /// left outside, and one without a length lasts until the next one begins. Subtitles that show nothing there are
+    /// gone.
     ProgrammeInfo Part(std::int64_t start, std::int64_t end) const;
 
-    bool IsEmpty() const { return title.empty() && tags.empty() && !timecode && chapters.empty(); }
+    bool IsEmpty() const;
 
     /// Empty where the description tells nothing of it.
     static ProgrammeInfo Of(const IFormatCodec& format);
     /// Replaces what the description told; an empty one takes it away.
     void TellIn(IFormatCodec& format) const;
 
-    friend bool operator==(const ProgrammeInfo& a, const ProgrammeInfo& b) {
-        return a.title == b.title && a.tags == b.tags && a.timecode == b.timecode && a.dropFrame == b.dropFrame &&
-               a.chapters == b.chapters;
-    }
+    friend KESTRA_EXPORT bool operator==(const ProgrammeInfo& a, const ProgrammeInfo& b);
     friend bool operator!=(const ProgrammeInfo& a, const ProgrammeInfo& b) { return !(a == b); }
 };
 

@@ -4,6 +4,7 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/Conf/FrameInfo.h"
 #include "Kestra/Conf/PixelFormat.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "KestraExport.h"
 #include <atomic>
 #include <cstdint>
@@ -13,11 +14,12 @@
 namespace Kestra::Proc {
 
 struct CheckedStream {
-    enum class Kind { Video, Audio, Other };
+    enum class Kind { Video, Audio, Subtitles, Cover, Other };
 
     Kind kind = Kind::Other;
     std::string codec;        ///< as the decoder library names it
-    std::int64_t packets = 0; ///< those that are shown or heard
+    std::int64_t packets = 0; ///< those that are shown or heard; of subtitles those with text
+    std::string language;     ///< as the container tells it; empty where it does not
     std::int64_t start = 0;   ///< engine time of the first of them, trimmed as the container says
     std::int64_t end = 0;     ///< engine time at which the last of them ends, trimmed likewise
     Conf::FrameInfo frame;
@@ -31,6 +33,7 @@ struct CheckedFile {
     std::int64_t size = 0;     ///< bytes
     std::int64_t duration = 0; ///< engine time, as the container claims; 0 when it does not
     std::vector<CheckedStream> streams;
+    Conf::ProgrammeInfo programme; ///< title, tags, chapters and cover
 };
 
 /// Reads every packet of the file to its end; decodes no more than it takes to tell the streams' formats. Throws

@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Demux/Demuxer.h"
+#include "Kestra/FF/Demux/FileContents.h"
 #include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <boost/exception/get_error_info.hpp>
@@ -29,7 +30,11 @@ CheckedStream Describe(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
     CheckedStream result;
     result.codec = avcodec_get_name(parameters.codec_id);
-    if (parameters.codec_type == AVMEDIA_TYPE_VIDEO) {
+    if (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) {
+        result.kind = CheckedStream::Kind::Cover;
+    } else if (parameters.codec_type == AVMEDIA_TYPE_SUBTITLE) {
+        result.kind = CheckedStream::Kind::Subtitles;
+    } else if (parameters.codec_type == AVMEDIA_TYPE_VIDEO) {
         result.kind = CheckedStream::Kind::Video;
         result.frame = MakeFrameInfo(parameters.width, parameters.height, parameters.sample_aspect_ratio);
         result.colour = {parameters.color_primaries, parameters.color_trc, parameters.color_space,
@@ -55,6 +60,13 @@ std::pair<std::int64_t, std::int64_t> TrimOf(const AVPacket& packet) {
     return {read(0), read(4)};
 }
 
+/// Between two texts QuickTime has one without any.
+constexpr int EMPTY_TEXT = 2;
+
+bool HasText(const AVPacket& packet, const AVStream& stream) {
+    return packet.size > (stream.codecpar->codec_id == AV_CODEC_ID_MOV_TEXT ? EMPTY_TEXT : 0);
+}
+
 /// Counts the packets of one stream.
 class Tally {
 public:
@@ -67,6 +79,8 @@ public:
         const bool isAudio = result.kind == CheckedStream::Kind::Audio;
         const auto [head, tail] = isAudio ? TrimOf(packet) : std::pair<std::int64_t, std::int64_t>{0, 0};
         if (packet.flags & AV_PKT_FLAG_DISCARD)
+            return;
+        if (result.kind == CheckedStream::Kind::Subtitles && !HasText(packet, stream))
             return;
         ++result.packets;
         const std::int64_t timestamp = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
@@ -142,6 +156,11 @@ CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) 
         if (context.duration != AV_NOPTS_VALUE)
             file.duration = ToEngineTime(context.duration, AVRational{1, AV_TIME_BASE});
         file.streams = ReadAll(demuxer, file.duration);
+        std::vector<std::string> notes;
+        Proc::MediaContents contents = ContentsOf(context, 0, notes);
+        for (std::size_t index = 0; index < file.streams.size(); ++index)
+            file.streams[index].language = contents.tracks[index].language;
+        file.programme = std::move(contents.programme);
         if (interrupted)
             KESTRA_THROW(Proc::Interrupted());
         struct stat state = {};

@@ -1,9 +1,11 @@
 #include "Kestra/FF/Mux/MuxerFF.h"
 
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/OptionList.h"
 #include "Kestra/FF/Data/DataRawFF.h"
+#include "Kestra/FF/Mux/CoverWriter.h"
 #include "Kestra/FF/Mux/ProgrammeWriter.h"
 #include <algorithm>
 #include <climits>
@@ -25,6 +27,8 @@ constexpr const char* WRITER = "EditorExport";
 constexpr int SKIP_SIDE_DATA_SIZE = 10;
 constexpr int SKIP_END_OFFSET = 4;
 constexpr std::int64_t USUAL_MOVIE_TIMESCALE = 90000;
+constexpr std::int64_t LONGEST_HOLD = AV_TIME_BASE;
+constexpr AVRational MILLISECONDS{1, 1000};
 
 void SetOption(AVFormatContext& context, const char* name, const char* value) {
     Check(av_opt_set(&context, name, value, AV_OPT_SEARCH_CHILDREN), TranscodingError::MuxerRefused, name);
@@ -120,6 +124,7 @@ void MuxerFF::Open() {
     output->Open();
     ApplyOptions();
     DescribeProgramme(*context, programme, container);
+    AddExtras();
     context->pb = io->Get();
     context->flags |= AVFMT_FLAG_CUSTOM_IO;
     const auto refuse = [this](int result) {
@@ -136,6 +141,29 @@ void MuxerFF::Open() {
     avio_flush(io->Get());
     Demand(0, "Writing the header of");
     state = State::Open;
+    if (coverTrack >= 0)
+        WriteExtra(*MakeCoverPacket(programme.cover, coverTrack));
+}
+
+/// Beside the tracks of the encoders, behind them.
+void MuxerFF::AddExtras() {
+    coverTrack = AddCover(*context, programme.cover, container);
+    for (const Conf::Subtitles& told : programme.subtitles)
+        if (Conf::Subtitles held = ClientAPI::ContainerLimits::SubtitlesIn(container.id, told); !held.cues.empty())
+            subtitles.emplace_back(*context, std::move(held), container);
+    // A track that has nothing to say for long holds the others back no longer than that.
+    if (coverTrack >= 0 || !subtitles.empty())
+        context->max_interleave_delta = LONGEST_HOLD;
+}
+
+void MuxerFF::WriteExtra(AVPacket& packet) {
+    av_packet_rescale_ts(&packet, MILLISECONDS, context->streams[packet.stream_index]->time_base);
+    Demand(av_interleaved_write_frame(context.get(), &packet), "Writing to");
+}
+
+void MuxerFF::WriteSubtitles(std::int64_t until) {
+    for (SubtitleWriter& track : subtitles)
+        track.Write(until, [this](AVPacket& packet) { WriteExtra(packet); });
 }
 
 void MuxerFF::ApplyOptions() {
@@ -214,14 +242,16 @@ PacketHandle MuxerFF::MakeOutgoing(const Proc::IDataRaw& packet, const AVStream&
 
 void MuxerFF::Write(int index, const boost::intrusive_ptr<Proc::IDataRaw>& packet) {
     RequireState(State::Open, "write a packet");
-    if (!packet || index < 0 || index >= static_cast<int>(context->nb_streams))
+    if (!packet || index < 0 || index >= static_cast<int>(packetTimeBases.size()))
         Fail(TranscodingError::InvalidArgument, "A muxer was given no packet, or one of an unknown track");
+    WriteSubtitles(packet->GetDecodeTime());
     const PacketHandle outgoing = MakeOutgoing(*packet, *context->streams[index]);
     Demand(av_interleaved_write_frame(context.get(), outgoing.get()), "Writing to");
 }
 
 void MuxerFF::Finish() {
     RequireState(State::Open, "finish");
+    WriteSubtitles(INT64_MAX);
     Demand(av_write_trailer(context.get()), "Completing");
     avio_flush(io->Get());
     Demand(0, "Completing");

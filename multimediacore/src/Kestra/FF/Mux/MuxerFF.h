@@ -9,6 +9,7 @@
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Mux/OutputIo.h"
+#include "Kestra/FF/Mux/SubtitleWriter.h"
 #include "Kestra/Proc/IMuxer.h"
 #include <vector>
 
@@ -31,6 +32,9 @@ public:
 private:
     enum class State { Adding, Open, Done };
 
+    void AddExtras();
+    void WriteExtra(AVPacket& packet);
+    void WriteSubtitles(std::int64_t until);
     void RequireState(State wanted, const char* operation, SourcePlace place = SourcePlace::Here()) const;
     void ApplyOptions();
     void Obey(Conf::ContainerSetting setting);
@@ -50,6 +54,8 @@ private:
     OutputContextHandle context;
     std::vector<AVRational> packetTimeBases;
     Conf::ProgrammeInfo programme; ///< as the first track that tells of one has it
+    std::vector<SubtitleWriter> subtitles;
+    int coverTrack = -1;
     State state = State::Adding;
 };
 

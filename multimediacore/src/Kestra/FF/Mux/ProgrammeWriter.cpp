@@ -1,6 +1,7 @@
 #include "Kestra/FF/Mux/ProgrammeWriter.h"
 
 #include "Kestra/Base/Time.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
 #include <array>
@@ -20,6 +21,7 @@ namespace {
 constexpr std::int64_t SECONDS_A_DAY = 86400;
 constexpr const char* TITLE = "title";
 constexpr const char* TIMECODE = "timecode";
+constexpr const char* LANGUAGE = "language";
 /// What the muxer says itself.
 constexpr const char* OWN_KEYS[] = {TITLE, TIMECODE, "encoder", "encoding_tool"};
 
@@ -32,11 +34,27 @@ bool IsOwn(const std::string& key) {
                                       [&key](const char* own) { return av_strcasecmp(key.c_str(), own) == 0; });
 }
 
-const AVStream* FindPictures(const AVFormatContext& context) {
+AVStream* Find(const AVFormatContext& context, AVMediaType type) {
     for (unsigned index = 0; index < context.nb_streams; ++index)
-        if (context.streams[index]->codecpar->codec_type == AVMEDIA_TYPE_VIDEO)
+        if (context.streams[index]->codecpar->codec_type == type)
             return context.streams[index];
     return nullptr;
+}
+
+void Name(AVStream* stream, const ProgrammeInfo::TrackName& name, const Conf::Container& container) {
+    if (!stream || container.languages == Conf::Container::Languages::ByTag)
+        return;
+    const std::string language = ClientAPI::ContainerLimits::LanguageIn(container.id, name.language);
+    if (!language.empty())
+        Set(&stream->metadata, LANGUAGE, language);
+    SetTrackTitle(*stream, name.title, container);
+}
+
+/// Where tracks have no language, the sound's is that of the file.
+void TagLanguage(AVFormatContext& context, const ProgrammeInfo& programme, const Conf::Container& container) {
+    const std::string language = ClientAPI::ContainerLimits::LanguageIn(container.id, programme.sound.language);
+    if (container.languages == Conf::Container::Languages::ByTag && !language.empty())
+        Set(&context.metadata, LANGUAGE, language);
 }
 
 void AddChapter(AVFormatContext& context, const ProgrammeInfo::Chapter& chapter) {
@@ -65,6 +83,15 @@ void AddChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chap
 
 } // namespace
 
+void SetTrackTitle(AVStream& stream, const std::string& title, const Conf::Container& container) {
+    if (title.empty())
+        return;
+    Set(&stream.metadata, TITLE, title);
+    // Not every reader of such files looks for titles, but all read this name.
+    if (container.family == Conf::Container::Family::Mov)
+        Set(&stream.metadata, "handler_name", title);
+}
+
 std::string TimecodeText(std::int64_t time, AVRational rate, bool dropFrame) {
     const bool drops = dropFrame && rate.den == 1001 && rate.num % 30000 == 0;
     AVTimecode code = {};
@@ -87,7 +114,10 @@ void DescribeProgramme(AVFormatContext& context, const ProgrammeInfo& programme,
             Set(&context.metadata, key.c_str(), value);
     if (!programme.title.empty())
         Set(&context.metadata, TITLE, programme.title);
-    const AVStream* const pictures = FindPictures(context);
+    TagLanguage(context, programme, container);
+    AVStream* const pictures = Find(context, AVMEDIA_TYPE_VIDEO);
+    Name(pictures, programme.picture, container);
+    Name(Find(context, AVMEDIA_TYPE_AUDIO), programme.sound, container);
     if (programme.timecode && container.timecode && pictures) {
         const std::string text = TimecodeText(*programme.timecode, pictures->avg_frame_rate, programme.dropFrame);
         if (!text.empty())

@@ -11,8 +11,11 @@ namespace Kestra::FF {
 /// These need a rate that has them. Empty for a rate that time codes cannot count.
 std::string TimecodeText(std::int64_t time, AVRational rate, bool dropFrame);
 
+/// Before the header is written.
+void SetTrackTitle(AVStream& stream, const std::string& title, const Conf::Container& container);
+
 /// Tells the context, whose tracks are there and whose header is not written, what of the programme the container has a
-/// place for.
+/// place for: tags, chapters, the names of the tracks of pictures and sound.
 void DescribeProgramme(AVFormatContext& context, const Conf::ProgrammeInfo& programme,
                        const Conf::Container& container);
 

@@ -1,0 +1,99 @@
+#include "Kestra/FF/Mux/SubtitleWriter.h"
+
+#include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Mux/ProgrammeWriter.h"
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+extern "C" {
+#include <libavutil/mem.h>
+}
+
+namespace Kestra::FF {
+
+using Conf::Container;
+using Conf::Subtitles;
+using Proc::TranscodingError;
+
+namespace {
+
+constexpr AVRational MILLISECONDS{1, 1000};
+/// What markup an encoder may add to a text, at most so many times its bytes, and what it adds in any case.
+constexpr std::size_t MARKUP = 8;
+constexpr std::size_t FRAME = 4096;
+
+const AVCodec& CodecFor(const Subtitles& subtitles, const Container& container) {
+    const bool styled = subtitles.styled && container.styledSubtitles;
+    const AVCodec* const codec = avcodec_find_encoder_by_name(styled ? container.styledSubtitles : container.subtitles);
+    if (!codec)
+        Fail(TranscodingError::CodecNotFound,
+             std::string("This installation has no encoder of subtitles for the container \"") + container.id + '"');
+    return *codec;
+}
+
+void SetTag(AVStream& stream, const char* key, const std::string& value) {
+    if (!value.empty())
+        Check(av_dict_set(&stream.metadata, key, value.c_str(), 0), TranscodingError::OutOfMemory, "metadata");
+}
+
+/// The event under its number in this file.
+std::string Numbered(const std::string& event, std::size_t number) {
+    const std::size_t comma = event.find(',');
+    return std::to_string(number) + (comma == std::string::npos ? "," : event.substr(comma));
+}
+
+} // namespace
+
+SubtitleWriter::SubtitleWriter(AVFormatContext& context, Subtitles told, const Container& container)
+    : subtitles(std::move(told))
+    , stream(*Allocated(avformat_new_stream(&context, nullptr))) {
+    const AVCodec& codec = CodecFor(subtitles, container);
+    encoder = MakeCodecContext(&codec);
+    encoder->time_base = MILLISECONDS;
+    const std::size_t size = subtitles.header.size();
+    encoder->subtitle_header = static_cast<std::uint8_t*>(Allocated(av_mallocz(size + 1)));
+    encoder->subtitle_header_size = static_cast<int>(size);
+    std::memcpy(encoder->subtitle_header, subtitles.header.data(), size);
+    Check(avcodec_open2(encoder.get(), &codec, nullptr), TranscodingError::CodecRefused, "subtitles");
+    Check(avcodec_parameters_from_context(stream.codecpar, encoder.get()), TranscodingError::MuxerRefused, "subtitles");
+    stream.codecpar->codec_tag = 0;
+    stream.time_base = MILLISECONDS;
+    stream.disposition = subtitles.forced ? AV_DISPOSITION_FORCED : 0;
+    SetTag(stream, "language", ClientAPI::ContainerLimits::LanguageIn(container.id, subtitles.language));
+    SetTrackTitle(stream, subtitles.title, container);
+}
+
+void SubtitleWriter::Write(std::int64_t until, const std::function<void(AVPacket&)>& take) {
+    for (; next < subtitles.cues.size() && subtitles.cues[next].start <= until; ++next)
+        take(*Encode(subtitles.cues[next], next));
+}
+
+PacketHandle SubtitleWriter::Encode(const Subtitles::Cue& cue, std::size_t number) {
+    std::string event = Numbered(cue.event, number);
+    AVSubtitleRect rect = {};
+    rect.type = SUBTITLE_ASS;
+    rect.ass = event.data();
+    AVSubtitleRect* rects[] = {&rect};
+    AVSubtitle subtitle = {};
+    subtitle.num_rects = 1;
+    subtitle.rects = rects;
+    subtitle.end_display_time = static_cast<std::uint32_t>(FromEngineTime(cue.end - cue.start, MILLISECONDS));
+    std::vector<std::uint8_t> bytes(event.size() * MARKUP + FRAME);
+    const int size =
+        Check(avcodec_encode_subtitle(encoder.get(), bytes.data(), static_cast<int>(bytes.size()), &subtitle),
+              TranscodingError::CodecRefused, "A subtitle");
+    PacketHandle packet = MakePacket();
+    Check(av_new_packet(packet.get(), size), TranscodingError::OutOfMemory, "a subtitle");
+    std::copy_n(bytes.begin(), size, packet->data);
+    packet->stream_index = stream.index;
+    const std::int64_t start = FromEngineTime(cue.start, MILLISECONDS);
+    packet->pts = packet->dts = start;
+    packet->duration = std::max<std::int64_t>(FromEngineTime(cue.end, MILLISECONDS) - start, 1);
+    packet->flags |= AV_PKT_FLAG_KEY;
+    return packet;
+}
+
+} // namespace Kestra::FF
