@@ -96,6 +96,8 @@ void ExpectedFile::require(const CheckedFile& file) const {
     }
     if (video && audio)
         requireStep(*video, *audio);
+    if (const std::string fault = programme.faultOf(file); !fault.empty())
+        fail(fault);
 }
 
 } // namespace ExportCore

@@ -21,6 +21,7 @@
 #include "Types/Time.h"
 #include <algorithm>
 #include <cassert>
+#include <limits>
 #include <utility>
 
 namespace ExportCore {
@@ -119,6 +120,8 @@ void ExportJob::selectPreset() {
         outcome.warnings << QString::fromStdString(warning);
     PresetSelection::select(*provider, choosePreset());
     presetEdit = RequestCheck::presetEdit(request, *provider);
+    presetEdit.dropMedia(*provider);
+    presetEdit.settings.requireFit(provider->preset());
 }
 
 /// The catalogue is read once more only where the request names no preset itself.
@@ -139,6 +142,8 @@ void ExportJob::showTimeline() {
     project->show(opening->sequence());
     for (const std::string& warning : opening->warnings())
         outcome.warnings << QString::fromStdString(warning);
+    for (const std::string& note : opening->notes())
+        outcome.notes << QString::fromStdString(note);
     cutInputs();
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
@@ -220,6 +225,25 @@ void ExportJob::noteProgramme() {
     note(!programme.title.empty(), ProgrammeField::Title, tr("The timeline's name is"));
     note(!programme.chapters.empty(), ProgrammeField::Chapters, tr("Each of the timeline's markers is"));
     note(programme.timecode.has_value(), ProgrammeField::TimeCode, tr("The timeline's time code is"));
+    const auto all = opening->sequence().programme;
+    if (all && programme.subtitles.size() < all->subtitles.size())
+        outcome.notes << tr("Subtitles that show nothing in the range are left out");
+    promise(programme, container);
+}
+
+void ExportJob::promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container) {
+    const Types::Range window = snappedExportRange();
+    const bool isCut = window != Types::Range();
+    const std::int64_t none = std::numeric_limits<std::int64_t>::max();
+    PromisedProgramme& promised = expected.programme;
+    promised.container = container;
+    promised.programme = isCut ? programme.Part(Types::toAvTime(window.start), Types::toAvTime(window.end)) : programme;
+    promised.length =
+        std::min(expected.hasVideo ? expected.videoDuration : none, expected.hasAudio ? expected.audioDuration : none);
+    // Times are told to the millisecond, and a range begins with a whole picture.
+    promised.tolerance = 2 * Kestra::TICKS_PER_MILLISECOND;
+    if (expected.frames > 0)
+        promised.tolerance += expected.videoDuration / expected.frames;
 }
 
 void ExportJob::connectTranscoder() {

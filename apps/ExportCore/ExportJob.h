@@ -93,6 +93,7 @@ private:
     void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
     void noteProgramme();
+    void promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container);
     void connectTranscoder();
     void expect();
     Project::StreamLengths lengthsOf(const Media::Video* video, const Media::Audio* audio) const;

@@ -3,6 +3,7 @@
 
 #include "ExportCore/TimePoint.h"
 #include "ExportCore/TimelineOpening.h"
+#include "ExportCore/TrackOptions.h"
 #include "ExportCore/WatchdogLimits.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Types/Range.h"
@@ -30,6 +31,8 @@ struct ExportRequest {
     std::optional<TimePoint> in;
     std::optional<TimePoint> out;
     std::optional<TimePoint> duration;
+    /// Of a timeline, which names its sound itself, no track can be chosen.
+    TrackOptions tracks;
     /// A window on the finished streams, the outro included, snapped to frames; zero to zero is none.
     Types::Range exportRange;
     /// Names the outro (see OutroPictures); empty for none.

@@ -1,5 +1,6 @@
 #include "ExportCore/InputOpening.h"
 
+#include "ExportCore/InputProgramme.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
@@ -56,9 +57,8 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
     RequestCheck::outputName(request, preset);
     try {
         if (TimelineOpening::isTimeline(paths.front().ToUtf8()))
-            return openTimeline(opened, request, interrupted);
-        const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
-        opened.sequence = Render::Sequence::ofFiles(paths, &interrupted, request.mediaLimits, next);
+            return openTimeline(opened, request, preset, interrupted);
+        openFiles(opened, paths, request, preset, interrupted);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||
@@ -67,6 +67,24 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const Pres
             KESTRA_THROW(Refusal(error.GetDescription()));
         throw;
     }
+}
+
+namespace {
+
+InputProgramme::File fileOf(const Preset& preset) {
+    return {preset.containerId(), preset.hasVideo(), preset.hasAudio()};
+}
+
+} // namespace
+
+void InputOpening::openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,
+                             const Preset& preset, const std::atomic<bool>& interrupted) {
+    const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
+    opened.sequence = Render::Sequence::ofFiles(paths, &interrupted, request.mediaLimits, next, request.tracks.choice);
+    opened.at = 0;
+    InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(preset), interrupted);
+    opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>(std::move(told.programme));
+    opened.notes = std::move(told.notes);
 }
 
 namespace {
@@ -92,14 +110,21 @@ std::string refusalOf(const std::string& path, const TimelineOpening& timeline) 
 
 } // namespace
 
-void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted) {
+void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, const Preset& preset,
+                                const std::atomic<bool>& interrupted) {
     opened.at = 0;
     const std::string path = request.inputs.front().toStdString();
+    if (request.tracks.sound == TrackOptions::Sound::Chosen)
+        KESTRA_THROW(Refusal("No sound track can be chosen of \"" + path +
+                             "\": a timeline names its sound itself; --audio none leaves it out"));
     const TimelineOpening timeline = TimelineOpening::read(path, request.timelines, request.mediaLimits, &interrupted);
     if (!timeline.isFit())
         KESTRA_THROW(Refusal(refusalOf(path, timeline)));
     RequestCheck::outputIsNoneOf(timeline.reading.named, request);
     opened.sequence = timeline.sequence(&interrupted);
+    InputProgramme::noteLeftOut(opened.sequence, request.tracks, fileOf(preset));
+    if (!request.tracks.metadata)
+        opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>();
     for (const Timeline::Finding& finding : timeline.reading.findings)
         opened.warnings.push_back('"' + path + "\": " + finding.inWords());
     if (timeline.reading.has(Timeline::Finding::Kind::MissingMedia))

@@ -21,6 +21,8 @@ public:
     const Render::Sequence& sequence() const { return opened->sequence; }
     /// What is remarkable about a timeline, one sentence each. After finished() without an error.
     const std::vector<std::string>& warnings() const { return opened->warnings; }
+    /// What of the inputs gets lost, and is no single medium's. After finished() without an error.
+    const std::vector<std::string>& notes() const { return opened->notes; }
     /// What is being done at the moment, for a message: 'Opening "/path"'.
     std::string step() const;
 
@@ -28,13 +30,17 @@ private:
     struct Opened {
         Render::Sequence sequence;
         std::vector<std::string> warnings;
+        std::vector<std::string> notes;
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 
     InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
                  QObject* parent);
     static std::vector<Kestra::ioPath> requireInputs(Opened& opened, const QStringList& inputs);
-    static void openTimeline(Opened& opened, const ExportRequest& request, const std::atomic<bool>& interrupted);
+    static void openTimeline(Opened& opened, const ExportRequest& request, const Preset& preset,
+                             const std::atomic<bool>& interrupted);
+    static void openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,
+                          const Preset& preset, const std::atomic<bool>& interrupted);
     static void open(Opened& opened, const ExportRequest& request, const Preset& preset,
                      const std::atomic<bool>& interrupted);
 

@@ -1,13 +1,35 @@
 #include "ExportCore/PresetEdit.h"
 
+#include "EditorPreset/PresetTags.h"
 #include "Export/PresetProvider.h"
+#include "ExportCore/Refusal.h"
 #include "ExportCore/SettingKey.h"
 
 namespace ExportCore {
 
+void PresetEdit::dropMedia(Export::PresetProvider& provider) const {
+    const Preset whole = provider.preset();
+    const bool dropsVideo = withoutVideo && whole.hasVideo();
+    const bool dropsAudio = withoutAudio && whole.hasAudio();
+    if (!dropsVideo && !dropsAudio)
+        return;
+    if ((dropsVideo || !whole.hasVideo()) && (dropsAudio || !whole.hasAudio()))
+        KESTRA_THROW(Refusal("Nothing is left to export: the preset \"" + whole.id() + "\" has " +
+                             (whole.hasVideo() && whole.hasAudio() ? "picture and sound, and neither is wanted"
+                              : whole.hasVideo()                   ? "no sound, and the picture is not wanted"
+                                                                   : "no picture, and the sound is not wanted")));
+    Kestra::Core::Property tree = whole.property();
+    if (dropsVideo)
+        tree.RemoveChild(EditorPreset::TAG_VIDEO);
+    if (dropsAudio)
+        tree.RemoveChild(EditorPreset::TAG_AUDIO);
+    provider.updatePreset(nullptr, Preset(tree));
+}
+
 void PresetEdit::apply(Export::PresetProvider& provider, const Media::Video& video, const Media::Audio& audio) const {
     if (!modifier.empty())
         provider.updatePreset(&video, provider.modifiedPreset(modifier));
+    dropMedia(provider);
     provider.updateResolutionPresetIfNeeded(&video);
     if (settings.empty())
         return;

@@ -247,6 +247,10 @@ void RequestCheck::outputName(const ExportRequest& request, const Preset& preset
 
 PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::PresetProvider& provider) {
     PresetEdit edit;
+    edit.withoutVideo = !request.tracks.picture;
+    edit.withoutAudio = request.tracks.sound == TrackOptions::Sound::None;
+    if (request.tracks.sound == TrackOptions::Sound::Chosen && !provider.preset().hasAudio())
+        refuse("The preset \"" + provider.preset().id() + "\" has no sound to take a track for");
     if (request.quality) {
         edit.modifier = *request.quality;
         requireQuality(edit.modifier, provider);

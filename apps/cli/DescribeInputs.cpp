@@ -1,14 +1,12 @@
-#include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
-#include "ExportCore/TimeText.h"
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
-#include "Types/Time.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
+#include "cli/MediaText.h"
 #include "cli/TimelineCommands.h"
 #include <QJsonArray>
 #include <cstdio>
@@ -17,67 +15,18 @@
 namespace Cli {
 namespace {
 
-using Kestra::Proc::AudioTrackInfo;
-using Kestra::Proc::MediaInfo;
-using Kestra::Proc::VideoTrackInfo;
-
 QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
 
-qint64 milliseconds(std::int64_t time) {
-    return Types::fromAvTime(time).milliseconds();
-}
-
-QJsonObject objectOf(const VideoTrackInfo& video) {
-    return {{key("codec"), text(video.codec)},
-            {key("width"), static_cast<int>(video.frame.width)},
-            {key("height"), static_cast<int>(video.frame.height)},
-            {key("pixelFormat"), text(video.pixelFormat)},
-            {key("frameRate"), fractionText(video.frameRate)},
-            {key("variableFrameRate"), video.variableFrameRate},
-            {key("rotation"), video.rotation},
-            {key("interlaced"), video.interlaced},
-            {key("stillPicture"), video.stillPicture},
-            {key("startMs"), milliseconds(video.start)},
-            {key("durationMs"), milliseconds(video.duration)}};
-}
-
-QJsonObject objectOf(const AudioTrackInfo& audio) {
-    return {{key("codec"), text(audio.codec)},
-            {key("sampleRate"), audio.sampleRate},
-            {key("channels"), audio.channels},
-            {key("startMs"), milliseconds(audio.start)},
-            {key("durationMs"), milliseconds(audio.duration)}};
-}
-
-QJsonObject objectOf(const std::string& path, const MediaInfo& info, const QStringList& damage,
+QJsonObject objectOf(const std::string& path, const Kestra::Proc::MediaInfo& info, const QStringList& damage,
                      const QStringList& notes) {
-    QJsonObject object{{key("path"), text(path)},
-                       {key("container"), text(info.container)},
-                       {key("durationMs"), milliseconds(info.duration)}};
-    if (info.video)
-        object.insert(key("video"), objectOf(*info.video));
-    if (info.audio)
-        object.insert(key("audio"), objectOf(*info.audio));
+    QJsonObject object = mediaObject(path, info);
     if (!damage.isEmpty())
         object.insert(key("damage"), QJsonArray::fromStringList(damage));
     if (!notes.isEmpty())
         object.insert(key("notes"), QJsonArray::fromStringList(notes));
     return object;
-}
-
-std::string lineOf(const std::string& path, const MediaInfo& info) {
-    QString line = text(ExportCore::PlainText::escaped(path)) + key(": ") + text(info.container) + key(", ") +
-                   text(ExportCore::TimeText::format(Types::fromAvTime(info.duration)));
-    if (const auto& video = info.video)
-        line += key(", ") + text(video->codec) + key(" %1x%2 ").arg(video->frame.width).arg(video->frame.height) +
-                text(video->pixelFormat) + key(", ") + fractionText(video->frameRate) +
-                key(video->variableFrameRate ? " fps (variable)" : " fps");
-    if (const auto& audio = info.audio)
-        line += key(", ") + text(audio->codec) + key(" %1 Hz, %2 ").arg(audio->sampleRate).arg(audio->channels) +
-                key(audio->channels == 1 ? "channel" : "channels");
-    return line.toStdString();
 }
 
 void describeMedia(const std::string& path, const Options& options, const std::atomic<bool>& interrupted,
@@ -91,7 +40,7 @@ void describeMedia(const std::string& path, const Options& options, const std::a
         notes << text(note.what);
     if (options.json)
         return media.append(objectOf(path, source->GetInfo(), damage, notes));
-    std::printf("%s\n", lineOf(path, source->GetInfo()).c_str());
+    std::fputs(mediaText(path, source->GetInfo()).c_str(), stdout);
     for (const QString& what : damage)
         ErrorOutput::tell("warning", '"' + path + "\": " + what.toStdString());
     for (const QString& what : notes)

@@ -41,6 +41,12 @@ std::string checkTime(const std::string& text) {
                                                   : '"' + text + "\" is no time; write " + ExportCore::TimeText::FORMS;
 }
 
+std::string checkAudio(const std::string& text) {
+    return ExportCore::TrackOptions().chooseSound(text)
+               ? std::string()
+               : '"' + text + "\" is no sound track; write its number, its language (as in eng or en), all or none";
+}
+
 constexpr int LARGEST_LIMIT = 1'000'000;
 
 std::string checkLimit(const std::string& text) {
@@ -105,6 +111,11 @@ public:
             options.timelines.sound.pitch = Kestra::Proc::Pitch::Moved;
         if (limiter)
             options.timelines.sound.ceiling = BELOW_FULL_SCALE;
+        if (!audioText.empty())
+            options.tracks.chooseSound(audioText);
+        options.tracks.picture = videoText != "none";
+        options.tracks.metadata = metadataText != "none";
+        options.tracks.subtitles = subtitlesText != "none";
         options.mediaLimits.pictureBytes = pictureMebibytes << 20;
         if (options.command == Options::Command::Render && output->count() == 0)
             takeOutput();
@@ -154,12 +165,33 @@ private:
             "-o,--output", options.output,
             "The file to write; by default the last of several INPUTs, unless that is a file already");
         output->type_name("FILE");
+        addTracks();
         addChanges();
         render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
         render->add_option("--progress", progressText, "auto, bar, plain, json (one object a line) or none")
             ->type_name("STYLE")
             ->check(checkProgress);
         render->footer(settingsText());
+    }
+
+    /// Which of the inputs' tracks, and what of their descriptions, the file takes.
+    void addTracks() {
+        render
+            ->add_option("--audio", audioText,
+                         "The sound track: its number, as info lists it, or its language; none; all, where there is "
+                         "one; by default the inputs' own choice")
+            ->type_name("TRACK")
+            ->check(checkAudio);
+        const auto addSwitch = [this](const char* name, std::string& text, const char* what) {
+            render->add_option(name, text, what)
+                ->type_name("WHAT")
+                ->check(CLI::IsMember({"kept", "none"}))
+                ->capture_default_str();
+        };
+        addSwitch("--video", videoText, "The picture: kept or none");
+        addSwitch("--metadata", metadataText,
+                  "Title, tags, chapters, languages, cover: kept, as far as the file can hold them, or none");
+        addSwitch("--subtitles", subtitlesText, "Subtitles of text: kept, where the file can hold them, or none");
     }
 
     /// What makes the file other than preset and inputs do.
@@ -242,6 +274,10 @@ private:
     std::string progressText = "auto";
     std::string missingText = "refused";
     std::string pitchText = "kept";
+    std::string audioText;
+    std::string videoText = "kept";
+    std::string metadataText = "kept";
+    std::string subtitlesText = "kept";
     bool limiter = false;
     std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };

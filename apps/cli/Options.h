@@ -3,6 +3,7 @@
 
 #include "ExportCore/TimePoint.h"
 #include "ExportCore/TimelineOpening.h"
+#include "ExportCore/TrackOptions.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +29,7 @@ struct Options {
     std::optional<ExportCore::TimePoint> out;
     std::optional<ExportCore::TimePoint> duration;
     std::string branding; ///< empty: none
+    ExportCore::TrackOptions tracks;
     bool overwrite = false;
     Kestra::Proc::MediaLimits mediaLimits;
     ProgressStyle progress = ProgressStyle::Automatic;

@@ -31,6 +31,7 @@ ExportCore::ExportRequest requestOf(const Options& options) {
     request.overwrite = options.overwrite;
     request.in = options.in;
     request.out = options.out;
+    request.tracks = options.tracks;
     request.duration = options.duration;
     request.brandingName = QString::fromStdString(options.branding);
     request.mediaLimits = options.mediaLimits;

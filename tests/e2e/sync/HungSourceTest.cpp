@@ -109,7 +109,7 @@ public:
         , calls(std::move(calls)) {}
 
     boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const Kestra::ioPath&, const std::atomic<bool>* interrupted,
-                                                       const Proc::MediaLimits&) override {
+                                                       const Proc::MediaLimits&, const Proc::TrackChoice&) override {
         const auto held = media;
         const auto heldCalls = calls;
         heldCalls->interruption = interrupted;

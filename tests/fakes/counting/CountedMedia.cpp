@@ -38,10 +38,12 @@ CountedSources::CountedSources(Counter counter)
     : counter(std::move(counter))
     , engine(FF::MakeSourceFactory()) {}
 
-boost::intrusive_ptr<Proc::IMediaSource>
-CountedSources::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits) {
+boost::intrusive_ptr<Proc::IMediaSource> CountedSources::OpenMedia(const ioPath& path,
+                                                                   const std::atomic<bool>* interrupted,
+                                                                   const Proc::MediaLimits& limits,
+                                                                   const Proc::TrackChoice& choice) {
     counter->Call("SourceFactory.OpenMedia");
-    return new CountedMedia(engine->OpenMedia(path, interrupted, limits), counter);
+    return new CountedMedia(engine->OpenMedia(path, interrupted, limits, choice), counter);
 }
 
 } // namespace Kestra::Fakes

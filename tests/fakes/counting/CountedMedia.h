@@ -11,7 +11,8 @@ public:
     explicit CountedSources(Counter counter);
 
     boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted,
-                                                       const Proc::MediaLimits& limits) override;
+                                                       const Proc::MediaLimits& limits,
+                                                       const Proc::TrackChoice& choice) override;
 
 private:
     const Counter counter;

@@ -172,7 +172,8 @@ std::vector<Proc::DamageReport> FakeMedia::TakeDamageReports() {
 }
 
 boost::intrusive_ptr<Proc::IMediaSource> FakeSourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>*,
-                                                                      const Proc::MediaLimits&) {
+                                                                      const Proc::MediaLimits&,
+                                                                      const Proc::TrackChoice&) {
     const auto found = media.find(path.ToUtf8());
     if (found == media.end())
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceNotFound, path.ToUtf8() + ": no such file"));

@@ -107,7 +107,8 @@ public:
 
     boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path,
                                                                const std::atomic<bool>* interrupted,
-                                                               const Kestra::Proc::MediaLimits& limits) override;
+                                                               const Kestra::Proc::MediaLimits& limits,
+                                                               const Kestra::Proc::TrackChoice& choice) override;
 
 private:
     std::map<std::string, Contents> media;

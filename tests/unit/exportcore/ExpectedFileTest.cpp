@@ -61,6 +61,14 @@ TEST_F(Verdict, OneFrameTooFewOrTooManyIsFound) {
     EXPECT_TRUE(blames("101 pictures instead of 100"));
 }
 
+TEST_F(Verdict, ABrokenPromiseIsFound) {
+    expected.programme.container = "mp4";
+    expected.programme.programme.title = "A film";
+    EXPECT_TRUE(blames("it does not have its title"));
+    file.programme.title = "A film";
+    EXPECT_EQ(fault(), "");
+}
+
 TEST_F(Verdict, AMissingTrackIsFound) {
     const CheckedFile whole = file;
     file.streams = {whole.streams[0]};

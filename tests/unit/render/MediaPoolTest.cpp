@@ -22,7 +22,8 @@ public:
         : opening(std::move(opening)) {}
 
     boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path, const std::atomic<bool>*,
-                                                               const Kestra::Proc::MediaLimits&) override {
+                                                               const Kestra::Proc::MediaLimits&,
+                                                               const Kestra::Proc::TrackChoice&) override {
         ++openings;
         opening(path.ToUtf8());
         return new FakeMedia(path, {}, {});

@@ -116,7 +116,7 @@ Kestra::Conf::ProgrammeInfo EditorProject::programme(const Types::Range& streamR
     if (!sequence)
         return {};
     const Project::ExportWindow window(streamRange, sequence->document->duration(), std::nullopt);
-    return Render::programmeOf(*sequence->document, window);
+    return Render::programmeOf(*sequence, window);
 }
 
 std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {

@@ -56,8 +56,9 @@ Kestra::Proc::SettingsImageSequence settingsOf(const ImageSequence& sequence, st
 
 } // namespace
 
-MediaPool::MediaPool(const Kestra::Proc::MediaLimits& limits)
-    : limits(limits) {}
+MediaPool::MediaPool(const Kestra::Proc::MediaLimits& limits, Kestra::Proc::TrackChoice choice)
+    : limits(limits)
+    , choice(std::move(choice)) {}
 
 std::pair<std::size_t, bool> MediaPool::takePlace(const std::string& key) {
     const auto known = places.find(key);
@@ -95,7 +96,7 @@ MediaPool::Source MediaPool::make(const Timeline::MediaReference& media, const s
     auto& factory = Kestra::Core::CoreManager::Instance().GetSourceFactory();
     if (const auto* sequence = std::get_if<ImageSequence>(&media.target))
         return factory.OpenSequence(settingsOf(*sequence, countOf(media)), interrupted, limits);
-    return factory.OpenMedia(std::get<MediaFile>(media.target).path, interrupted, limits);
+    return factory.OpenMedia(std::get<MediaFile>(media.target).path, interrupted, limits, choice);
 }
 
 std::vector<MediaPool::Source> MediaPool::sources() const {

@@ -4,6 +4,7 @@
 #include "EditorRenderExport.h"
 #include "Kestra/Proc/IMediaSource.h"
 #include "Kestra/Proc/MediaLimits.h"
+#include "Kestra/Proc/TrackChoice.h"
 #include "Timeline/Item.h"
 #include <atomic>
 #include <map>
@@ -22,7 +23,8 @@ class EDITORRENDER_EXPORT MediaPool {
 public:
     using Source = boost::intrusive_ptr<Kestra::Proc::IMediaSource>;
 
-    explicit MediaPool(const Kestra::Proc::MediaLimits& limits = {});
+    /// `choice` is that of every file.
+    explicit MediaPool(const Kestra::Proc::MediaLimits& limits = {}, Kestra::Proc::TrackChoice choice = {});
 
     /// The opened file or image sequence behind a reference; null for what is made, not read, and for what is missing.
     /// Throws Kestra::Proc::ProcException for what cannot be opened, also when `interrupted`, unless null, turns true
@@ -44,6 +46,7 @@ private:
     Source make(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted) const;
 
     const Kestra::Proc::MediaLimits limits;
+    const Kestra::Proc::TrackChoice choice;
     mutable std::mutex mutex;
     std::map<std::string, std::size_t> places;
     std::vector<Source> opened; ///< by place; null for what has been asked for, but not been opened

@@ -30,7 +30,8 @@ PictureStream::PictureStream(Sequence shown, const Window& window, const Conf::F
     , frames(window.frames())
     , planner(sequence.document, grid,
               [media = sequence.media, frame](const Timeline::Clip& clip) { return isFull(clip, *media, frame); })
-    , target(targetOf(Survey::ofPictures(planner, window, *sequence.media), frame, grid)) {}
+    , target(targetOf(Survey::ofPictures(planner, window, *sequence.media), frame, grid))
+    , programme(programmeOf(sequence, window)) {}
 
 PictureStream::~PictureStream() {
     streams.letGo();
@@ -133,7 +134,7 @@ void PictureStream::forget() {
 
 void PictureStream::GetVideoFormat(boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) const {
     format = target.offered();
-    if (const auto programme = programmeOf(*sequence.document, window); !programme.IsEmpty())
+    if (!programme.IsEmpty())
         programme.TellIn(*format);
 }
 

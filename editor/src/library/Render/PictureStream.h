@@ -49,6 +49,7 @@ private:
     const Kestra::FrameIndex frames;
     const PicturePlanner planner;
     PictureTarget target;
+    const Kestra::Conf::ProgrammeInfo programme;
 
     MaterialPictures::Streams streams;
     OpenMaterials<MaterialPictures> open;

@@ -60,4 +60,14 @@ ProgrammeInfo programmeOf(const Timeline::Document& document, const Window& wind
     return info;
 }
 
+ProgrammeInfo programmeOf(const Sequence& sequence, const Window& window) {
+    ProgrammeInfo info = programmeOf(*sequence.document, window);
+    if (!sequence.programme)
+        return info;
+    ProgrammeInfo told = sequence.programme->Part(window.start().Value(), window.end().Value());
+    told.timecode = info.timecode;
+    told.dropFrame = info.dropFrame;
+    return told;
+}
+
 } // namespace Render

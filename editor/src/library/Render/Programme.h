@@ -3,8 +3,8 @@
 
 #include "EditorRenderExport.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
+#include "Render/Sequence.h"
 #include "Render/Window.h"
-#include "Timeline/Document.h"
 
 namespace Render {
 
@@ -12,5 +12,7 @@ namespace Render {
 /// from it to the next one, or to the window's end. Markers of the tracks and their items count as those of the whole;
 /// of several at one place the first one does. One without a name is called by its comment, else by its number.
 EDITORRENDER_EXPORT Kestra::Conf::ProgrammeInfo programmeOf(const Timeline::Document& document, const Window& window);
+/// The same of a sequence, which may say something else of itself.
+EDITORRENDER_EXPORT Kestra::Conf::ProgrammeInfo programmeOf(const Sequence& sequence, const Window& window);
 
 } // namespace Render

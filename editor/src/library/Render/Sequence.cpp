@@ -61,10 +61,11 @@ private:
 } // namespace
 
 Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted,
-                           const Kestra::Proc::MediaLimits& limits, const Next& next) {
+                           const Kestra::Proc::MediaLimits& limits, const Next& next,
+                           const Kestra::Proc::TrackChoice& choice) {
     if (files.empty())
         KESTRA_THROW(ProcException(TranscodingError::InvalidArgument, "No media file was given to open"));
-    const auto media = std::make_shared<MediaPool>(limits);
+    const auto media = std::make_shared<MediaPool>(limits, choice);
     std::vector<Timeline::ListedMedia> list;
     UnreadMedia unread;
     for (std::size_t index = 0; index < files.size(); ++index) {
@@ -79,7 +80,7 @@ Sequence Sequence::ofFiles(const std::vector<Kestra::ioPath>& files, const std::
         }
     }
     unread.throwIfAny();
-    return {Timeline::documentOf(list), media, {}};
+    return {Timeline::documentOf(list), media, {}, {}};
 }
 
 Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::shared_ptr<MediaPool> media,
@@ -87,7 +88,7 @@ Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::s
     Timeline::visitClips(*document->tracks, [&](const auto&, const auto&, const Timeline::Clip& clip) {
         media->open(clip.media, interrupted);
     });
-    return {std::move(document), std::move(media), {}};
+    return {std::move(document), std::move(media), {}, {}};
 }
 
 std::string describe(const Sequence& sequence) {

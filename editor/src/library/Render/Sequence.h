@@ -1,6 +1,7 @@
 // Render::Sequence: a timeline and its media, ready to be rendered.
 #pragma once
 
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Proc/Settings/Pitch.h"
 #include "Render/MediaPool.h"
 #include "Timeline/Document.h"
@@ -28,7 +29,8 @@ struct EDITORRENDER_EXPORT Sequence {
     /// opened once. Throws Kestra::Proc::ProcException for what cannot be opened or has no length, all of it told at
     /// once, and for an empty list; also when `interrupted`, unless null, turns true meanwhile. Any thread.
     static Sequence ofFiles(const std::vector<Kestra::ioPath>& files, const std::atomic<bool>* interrupted = nullptr,
-                            const Kestra::Proc::MediaLimits& limits = {}, const Next& next = {});
+                            const Kestra::Proc::MediaLimits& limits = {}, const Next& next = {},
+                            const Kestra::Proc::TrackChoice& choice = {});
     /// A timeline, whose media are all opened, as far as those of the pool are not. Throws as ofFiles().
     static Sequence of(std::shared_ptr<const Timeline::Document> document, std::shared_ptr<MediaPool> media,
                        const std::atomic<bool>* interrupted = nullptr);
@@ -36,6 +38,8 @@ struct EDITORRENDER_EXPORT Sequence {
     std::shared_ptr<const Timeline::Document> document;
     std::shared_ptr<MediaPool> media;
     SoundOptions sound{};
+    /// What its file says of itself, in the sequence's own time, but for the time code; unset: what the document does.
+    std::shared_ptr<const Kestra::Conf::ProgrammeInfo> programme{};
 };
 
 /// For messages: how many clips it has, and the first one's name.

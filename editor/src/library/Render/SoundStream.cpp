@@ -38,7 +38,8 @@ SoundStream::SoundStream(Sequence heard, const Window& window, const Conf::Sampl
     , grid(format.GetRate())
     , samples(window.samples(grid))
     , planner(sequence.document, window, grid)
-    , target(targetOf(Survey::ofSound(planner, samples, *sequence.media), format)) {}
+    , target(targetOf(Survey::ofSound(planner, samples, *sequence.media), format))
+    , programme(programmeOf(sequence, window)) {}
 
 SoundStream::~SoundStream() {
     streams.letGo();
@@ -179,7 +180,7 @@ void SoundStream::forget() {
 
 void SoundStream::GetAudioFormat(boost::intrusive_ptr<Conf::IFormatCodecAudio>& format) const {
     format = target.description();
-    if (const auto programme = programmeOf(*sequence.document, window); !programme.IsEmpty())
+    if (!programme.IsEmpty())
         programme.TellIn(*format);
 }
 

@@ -52,6 +52,7 @@ private:
     const Kestra::SampleIndex samples;
     const SoundPlanner planner;
     SoundTarget target;
+    const Kestra::Conf::ProgrammeInfo programme;
 
     MaterialSound::Streams streams;
     OpenMaterials<MaterialSound> open;

@@ -7,6 +7,8 @@
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/IStreamAudio.h"
 #include "Kestra/Proc/IStreamVideo.h"
+#include "Kestra/Proc/MediaContents.h"
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,6 +56,7 @@ struct MediaInfo {
     /// Engine time of the first picture's time code: the number of the frame that it names, dropped ones not counted,
     /// times the frame's period. Unset where there is none.
     std::optional<std::int64_t> timecode{};
+    MediaContents contents{}; ///< all that the file lists, beside what the above says of the main tracks
 };
 
 /// Damage that decoding concealed, or that ended a track early.
@@ -88,6 +91,10 @@ public:
     virtual boost::intrusive_ptr<IStreamVideo> CreateVideoStreamAmong(int streams);
     /// Samples of the main audio track in their own format; silence before a late start and in gaps.
     virtual boost::intrusive_ptr<IStreamAudio> CreateAudioStream() = 0;
+    /// The text of those tracks, by their index, in their order; what cannot be read of it is noted. Reads the file,
+    /// which takes long where it is large. Throws ProcException, and Interrupted when `interrupted` turns true.
+    virtual std::vector<Conf::Subtitles> ReadSubtitles(const std::vector<int>& tracks,
+                                                       const std::atomic<bool>& interrupted);
     /// What has been concealed so far by all its streams, at most a thousand entries; takes them.
     virtual std::vector<DamageReport> TakeDamageReports() = 0;
     /// What opening it and its streams have noted so far, each phrase once in the source's life; takes them.

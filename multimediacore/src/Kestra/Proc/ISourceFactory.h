@@ -4,6 +4,7 @@
 #include "Kestra/Proc/MediaLimits.h"
 #include "Kestra/Proc/Settings/SettingsGenerator.h"
 #include "Kestra/Proc/Settings/SettingsImageSequence.h"
+#include "Kestra/Proc/TrackChoice.h"
 #include <atomic>
 
 namespace Kestra::Proc {
@@ -15,9 +16,11 @@ public:
     /// empty, not media, neither picture nor sound), each naming the path and the reason. Ends early, with
     /// SourceUnreadable, when `interrupted` turns true: any thread or signal handler may set it. It is borrowed for
     /// the call; null for an opening that is never interrupted. What the file claims beyond `limits`, here or while it
-    /// is read, makes it unreadable.
-    virtual boost::intrusive_ptr<IMediaSource>
-    OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted = nullptr, const MediaLimits& limits = {}) = 0;
+    /// is read, makes it unreadable, and so does a choice among its tracks that it has not.
+    virtual boost::intrusive_ptr<IMediaSource> OpenMedia(const ioPath& path,
+                                                         const std::atomic<bool>* interrupted = nullptr,
+                                                         const MediaLimits& limits = {},
+                                                         const TrackChoice& choice = {}) = 0;
     /// A source of `settings.count` pictures (unset: of more than anybody reads) without sound, evenly at the rate. All
     /// come in size and pixel format of the first one that is there, whose path is the source's own. As OpenMedia, also
     /// of the limits, which hold for each file; throws SourceNotFound where none of the files is there,

@@ -40,6 +40,9 @@ IMediaSource::~IMediaSource() = default;
 boost::intrusive_ptr<IStreamVideo> IMediaSource::CreateVideoStreamAmong(int) {
     return CreateVideoStream();
 }
+std::vector<Conf::Subtitles> IMediaSource::ReadSubtitles(const std::vector<int>& tracks, const std::atomic<bool>&) {
+    return std::vector<Conf::Subtitles>(tracks.size());
+}
 IMuxer::~IMuxer() = default;
 IMuxerFactory::~IMuxerFactory() = default;
 IPacketSource::~IPacketSource() = default;

@@ -123,6 +123,9 @@ Proc::MediaContents ContentsOf(const AVFormatContext& context, std::int64_t orig
     Proc::MediaContents contents;
     for (unsigned index = 0; index < context.nb_streams; ++index)
         contents.tracks.push_back(ListedOf(*context.streams[index], context.nb_chapters > 0));
+    if (TagsItsTracks(context))
+        for (ListedTrack& track : contents.tracks)
+            track.title.clear();
     TakeLanguage(context, contents.tracks);
     ReadTags(context, contents.programme, notes);
     contents.programme.chapters = ChaptersOf(context, origin);

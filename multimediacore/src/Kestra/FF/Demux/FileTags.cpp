@@ -177,12 +177,11 @@ private:
     std::vector<std::string>& notes;
 };
 
-/// Whose files have their tags in the tracks.
+} // namespace
+
 bool TagsItsTracks(const AVFormatContext& context) {
     return std::string_view(context.iformat->name) == "ogg";
 }
-
-} // namespace
 
 std::string TagOf(const AVDictionary* tags, const char* key) {
     const AVDictionaryEntry* const entry = av_dict_get(tags, key, nullptr, 0);

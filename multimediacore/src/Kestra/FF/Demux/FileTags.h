@@ -13,6 +13,9 @@ std::string TagOf(const AVDictionary* tags, const char* key);
 /// The language of a track; empty where the file does not tell one.
 std::string LanguageOf(const AVStream& stream);
 
+/// Whether it is the tracks of such a file that have the tags of the whole, and so none of their own.
+bool TagsItsTracks(const AVFormatContext& context);
+
 /// Title and tags of the file, and of its first track where it is the tracks that have them, as in Ogg. Keys are in
 /// lower case. Left out is what speaks of the file, its coding or its makers' programs. What is too large to be a tag
 /// is left out, too, and what is in no UTF-8 read as best it can be: both are noted.

@@ -1,11 +1,14 @@
 #include "Kestra/FF/Probe/MediaProbe.h"
 
+#include "Kestra/Conf/Language.h"
 #include "Kestra/Conf/StandardRates.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/Wording.h"
 #include "Kestra/FF/Decode/Decoder.h"
 #include "Kestra/FF/Decode/SamplePlacement.h"
+#include "Kestra/FF/Demux/FileContents.h"
+#include "Kestra/FF/Demux/FileTags.h"
 #include "Kestra/FF/Demux/FollowingFile.h"
 #include "Kestra/FF/Demux/ForeignSamples.h"
 #include "Kestra/FF/Demux/StreamClaims.h"
@@ -18,7 +21,6 @@
 #include "Kestra/FF/Picture/Orientation.h"
 #include "Kestra/FF/Probe/DiscontinuityScan.h"
 #include "Kestra/FF/Probe/FirstFrames.h"
-#include "Kestra/FF/Probe/LeftOut.h"
 #include "Kestra/FF/Probe/StartTimecode.h"
 #include "Kestra/FF/Probe/TrackRate.h"
 #include "Kestra/FF/Probe/TrackShape.h"
@@ -51,6 +53,34 @@ int FindAnnouncedAudio(const AVFormatContext& context) {
     return -1;
 }
 
+bool IsChosen(const AVStream& stream, const Proc::TrackChoice& choice) {
+    if (stream.codecpar->codec_type != AVMEDIA_TYPE_AUDIO)
+        return false;
+    return choice.sound ? stream.index == *choice.sound
+                        : Conf::Language::AreSame(LanguageOf(stream), choice.soundLanguage);
+}
+
+int FindChosenAudio(const AVFormatContext& context, const Proc::TrackChoice& choice) {
+    for (unsigned index = 0; index < context.nb_streams; ++index)
+        if (IsChosen(*context.streams[index], choice))
+            return static_cast<int>(index);
+    return -1;
+}
+
+/// "1 (eng), 2": the container's numbers.
+std::string AudioTracksOf(const AVFormatContext& context) {
+    std::string names;
+    for (unsigned index = 0; index < context.nb_streams; ++index) {
+        const AVStream& stream = *context.streams[index];
+        if (stream.codecpar->codec_type != AVMEDIA_TYPE_AUDIO)
+            continue;
+        const std::string language = LanguageOf(stream);
+        names += (names.empty() ? "" : ", ") + std::to_string(stream.index) +
+                 (language.empty() ? std::string() : " (" + language + ')');
+    }
+    return names;
+}
+
 // Better streams compare greater.
 std::tuple<bool, bool, std::int64_t, std::int64_t> VideoRank(const AVStream& stream) {
     const AVCodecParameters& parameters = *stream.codecpar;
@@ -60,9 +90,11 @@ std::tuple<bool, bool, std::int64_t, std::int64_t> VideoRank(const AVStream& str
 
 } // namespace
 
-MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits)
+MediaProbe::MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
+                       Proc::TrackChoice choice)
     : path(path)
     , interrupted(interrupted)
+    , choice(std::move(choice))
     , demuxer(path, interrupted, limits) {
     details.limits = limits;
 }
@@ -93,7 +125,7 @@ void MediaProbe::Run() {
     RefuseInterrupted();
     if (const std::string newcomer = demuxer.GetNewcomer(); !newcomer.empty())
         details.damage.push_back({path, info.duration, newcomer, true});
-    NoteWhatIsLeftOut(demuxer.GetContext(), video.index, audio.index, details.notes);
+    info.contents = ContentsOf(demuxer.GetContext(), details.origin, details.notes);
 }
 
 // What was read until then says nothing of the file.
@@ -138,9 +170,27 @@ void MediaProbe::ChooseTracks() {
         if (IsPicture(stream) && (video.index < 0 || VideoRank(stream) > VideoRank(*context.streams[video.index])))
             video.index = static_cast<int>(index);
     }
+    ChooseAudio();
+}
+
+void MediaProbe::ChooseAudio() {
+    AVFormatContext& context = demuxer.GetContext();
+    if (choice.IsMade() && info.audioTracks > 0) {
+        audio.index = FindChosenAudio(context, choice);
+        if (audio.index < 0)
+            RefuseChoice("it has no such sound track; it has " + AudioTracksOf(context));
+        return;
+    }
     audio.index = std::max(-1, av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, video.index, nullptr, 0));
     if (audio.index < 0)
         audio.index = FindAnnouncedAudio(context);
+}
+
+void MediaProbe::RefuseChoice(const std::string& reason, SourcePlace place) const {
+    const std::string wanted =
+        choice.sound ? std::to_string(*choice.sound) : "in the language \"" + choice.soundLanguage + '"';
+    Fail(TranscodingError::SourceUnreadable,
+         "Cannot take sound track " + wanted + " of \"" + path.ToUtf8() + "\": " + reason, place);
 }
 
 void MediaProbe::DecodeFirstFrames() {
@@ -162,6 +212,8 @@ void MediaProbe::DecodeFirstFrames() {
 
 // Without a reason it was nothing but an announcement, which is named as left out.
 void MediaProbe::Drop(Track& track, const std::string& reason) {
+    if (&track == &audio && choice.IsMade())
+        RefuseChoice(reason.empty() ? "nothing of it ever comes" : reason);
     if (!reason.empty())
         details.damage.push_back({path, 0, reason, !demuxer.GetTrouble().empty()});
     track.index = -1;

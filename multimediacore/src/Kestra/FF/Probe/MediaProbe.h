@@ -1,6 +1,7 @@
 // Kestra::FF::MediaProbe: finds out what a media file holds.
 #pragma once
 
+#include "Kestra/Base/SourcePlace.h"
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Probe/AudioLevels.h"
 #include "Kestra/FF/Probe/ChunkStart.h"
@@ -10,6 +11,7 @@
 #include "Kestra/FF/Probe/ProbedTrack.h"
 #include "Kestra/FF/Probe/RateChooser.h"
 #include "Kestra/FF/Probe/TrackDetails.h"
+#include "Kestra/Proc/TrackChoice.h"
 #include <memory>
 
 namespace Kestra::FF {
@@ -19,9 +21,11 @@ namespace Kestra::FF {
 class MediaProbe {
 public:
     /// `interrupted` is borrowed for life.
-    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits);
+    MediaProbe(const ioPath& path, const std::atomic<bool>& interrupted, const Proc::MediaLimits& limits,
+               Proc::TrackChoice choice = {});
 
-    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor audio, or when interrupted.
+    /// Once. Throws ProcException (SourceUnreadable) when there is neither picture nor audio, when there is no track as
+    /// chosen, or when interrupted.
     void Run();
 
     const Proc::MediaInfo& GetInfo() const { return info; }
@@ -35,6 +39,8 @@ private:
     void RefuseInterrupted() const;
     void RequireTracks() const;
     void ChooseTracks();
+    void ChooseAudio();
+    [[noreturn]] void RefuseChoice(const std::string& reason, SourcePlace place = SourcePlace::Here()) const;
     void CountTrack(const AVStream& stream);
     void DecodeFirstFrames();
     static void KeepTail(Track& track, const AVPacket& packet);
@@ -83,6 +89,7 @@ private:
 
     ioPath path;
     const std::atomic<bool>& interrupted;
+    const Proc::TrackChoice choice;
     Demuxer demuxer;
     Track video;
     Track audio;

@@ -4,6 +4,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Probe/MediaProbe.h"
 #include "Kestra/FF/Source/AudioDecodeStream.h"
+#include "Kestra/FF/Source/SubtitleReader.h"
 #include "Kestra/FF/Source/VideoDecodeStream.h"
 #include <algorithm>
 #include <utility>
@@ -17,10 +18,11 @@ constexpr std::int64_t SAME_DAMAGE = TIME_BASE / 10;
 
 } // namespace
 
-MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits)
+MediaSource::MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits,
+                         const Proc::TrackChoice& choice)
     : path(path) {
     static const std::atomic<bool> never{false};
-    MediaProbe probe(path, interrupted ? *interrupted : never, limits);
+    MediaProbe probe(path, interrupted ? *interrupted : never, limits, choice);
     probe.Run();
     info = probe.GetInfo();
     details = probe.GetDetails();
@@ -38,6 +40,16 @@ boost::intrusive_ptr<Proc::IStreamAudio> MediaSource::CreateAudioStream() {
     if (!info.audio)
         Fail(Proc::TranscodingError::SourceUnreadable, "\"" + path.ToUtf8() + "\" holds no sound track");
     return new AudioDecodeStream(this);
+}
+
+std::vector<Conf::Subtitles> MediaSource::ReadSubtitles(const std::vector<int>& tracks,
+                                                        const std::atomic<bool>& interrupted) {
+    const Reading reading(*this);
+    SubtitleReader reader(path, details, tracks, interrupted);
+    reader.Run();
+    for (const std::string& trouble : reader.GetTroubles())
+        Note(trouble);
+    return reader.Take();
 }
 
 std::vector<Proc::DamageReport> MediaSource::TakeDamageReports() {

@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/FF/Probe/TrackDetails.h"
+#include "Kestra/Proc/TrackChoice.h"
 #include <atomic>
 #include <mutex>
 
@@ -11,13 +12,16 @@ namespace Kestra::FF {
 class MediaSource final : public Proc::IMediaSource, public RefCountImpl {
 public:
     /// Opens and probes the file. Throws ProcException, also when `interrupted`, unless null, turns true meanwhile.
-    MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits);
+    MediaSource(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits,
+                const Proc::TrackChoice& choice = {});
 
     const ioPath& GetPath() const override { return path; }
     const Proc::MediaInfo& GetInfo() const override { return info; }
     boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override { return CreateVideoStreamAmong(1); }
     boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStreamAmong(int streams) override;
     boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override;
+    std::vector<Conf::Subtitles> ReadSubtitles(const std::vector<int>& tracks,
+                                               const std::atomic<bool>& interrupted) override;
     std::vector<Proc::DamageReport> TakeDamageReports() override;
     std::vector<Proc::SourceNote> TakeNotes() override;
     bool IsBeingRead() const override { return readers > 0; }

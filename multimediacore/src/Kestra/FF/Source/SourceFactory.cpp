@@ -6,9 +6,11 @@
 
 namespace Kestra::FF {
 
-boost::intrusive_ptr<Proc::IMediaSource>
-SourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>* interrupted, const Proc::MediaLimits& limits) {
-    return new MediaSource(path, interrupted, limits);
+boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenMedia(const ioPath& path,
+                                                                  const std::atomic<bool>* interrupted,
+                                                                  const Proc::MediaLimits& limits,
+                                                                  const Proc::TrackChoice& choice) {
+    return new MediaSource(path, interrupted, limits, choice);
 }
 
 boost::intrusive_ptr<Proc::IMediaSource> SourceFactory::OpenSequence(const Proc::SettingsImageSequence& settings,

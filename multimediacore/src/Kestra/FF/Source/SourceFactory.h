@@ -9,7 +9,8 @@ class SourceFactory final : public Proc::ISourceFactory {
 public:
     boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const ioPath& path,
                                                        const std::atomic<bool>* interrupted = nullptr,
-                                                       const Proc::MediaLimits& limits = {}) override;
+                                                       const Proc::MediaLimits& limits = {},
+                                                       const Proc::TrackChoice& choice = {}) override;
     boost::intrusive_ptr<Proc::IMediaSource> OpenSequence(const Proc::SettingsImageSequence& settings,
                                                           const std::atomic<bool>* interrupted = nullptr,
                                                           const Proc::MediaLimits& limits = {}) override;

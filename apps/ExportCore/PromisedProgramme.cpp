@@ -1,0 +1,120 @@
+#include "ExportCore/PromisedProgramme.h"
+
+#include "ExportCore/TimeText.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/Language.h"
+#include "Types/Time.h"
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace ExportCore {
+namespace {
+
+using Kestra::ClientAPI::ContainerLimits;
+using Kestra::ClientAPI::ProgrammeField;
+using Kestra::Conf::Language;
+using Kestra::Conf::ProgrammeInfo;
+using Kestra::Conf::Subtitles;
+using Kestra::Proc::CheckedFile;
+using Kestra::Proc::CheckedStream;
+using Chapter = ProgrammeInfo::Chapter;
+
+bool isNear(const Chapter& a, const Chapter& b, std::int64_t tolerance) {
+    return std::abs(a.start - b.start) <= tolerance;
+}
+
+/// What every container keeps of a text: no blanks around it, no control characters, not all of a long one.
+std::string essenceOf(const std::string& text) {
+    constexpr std::size_t KEPT = 200;
+    std::string essence;
+    for (const char letter : text.substr(0, text.find('\0')))
+        if (static_cast<unsigned char>(letter) > ' ' && essence.size() < KEPT)
+            essence.push_back(letter);
+    return essence;
+}
+
+std::string chapterFault(const PromisedProgramme& promise, const std::vector<Chapter>& found) {
+    const std::vector<Chapter>& chapters = promise.programme.chapters;
+    for (const Chapter& chapter : chapters) {
+        if (chapter.start + promise.tolerance >= promise.length)
+            continue;
+        const auto isIts = [&](const Chapter& other) { return isNear(chapter, other, promise.tolerance); };
+        const auto isNamed = [&](const Chapter& other) {
+            return isIts(other) && essenceOf(other.title) == essenceOf(chapter.title);
+        };
+        // Of those that stand so close together that their times are the same there, one may be another.
+        const bool isAlone = std::count_if(chapters.begin(), chapters.end(), isIts) == 1;
+        const bool isThere =
+            isAlone ? std::any_of(found.begin(), found.end(), isNamed) : std::any_of(found.begin(), found.end(), isIts);
+        if (!isThere)
+            return "it has no chapter \"" + chapter.title + "\" at " +
+                   TimeText::format(Types::fromAvTime(chapter.start));
+    }
+    return {};
+}
+
+std::vector<const CheckedStream*> streamsOf(const CheckedFile& file, CheckedStream::Kind kind) {
+    std::vector<const CheckedStream*> streams;
+    for (const CheckedStream& stream : file.streams)
+        if (stream.kind == kind)
+            streams.push_back(&stream);
+    return streams;
+}
+
+std::string subtitleFault(const PromisedProgramme& promise, const CheckedFile& file) {
+    const auto found = streamsOf(file, CheckedStream::Kind::Subtitles);
+    std::size_t next = 0;
+    for (const Subtitles& told : promise.programme.subtitles) {
+        const Subtitles held = ContainerLimits::SubtitlesIn(promise.container, told);
+        const auto isSure = [&promise](const Subtitles::Cue& cue) {
+            return cue.start + promise.tolerance < promise.length;
+        };
+        const auto least = std::count_if(held.cues.begin(), held.cues.end(), isSure);
+        if (least == 0) // the track need not be there
+            continue;
+        if (next >= found.size())
+            return "it lacks a track of subtitles";
+        const CheckedStream& track = *found[next++];
+        if (track.packets < least || track.packets > static_cast<std::int64_t>(held.cues.size()))
+            return "it holds " + std::to_string(track.packets) + " subtitles instead of " +
+                   std::to_string(held.cues.size());
+        if (!held.language.empty() && !Language::AreSame(track.language, held.language))
+            return "its subtitles are not told to be in the language " + held.language;
+    }
+    return {};
+}
+
+std::string languageFault(const CheckedFile& file, CheckedStream::Kind kind, const ProgrammeInfo::TrackName& name) {
+    for (const CheckedStream* stream : streamsOf(file, kind))
+        if (!name.language.empty() && !Language::AreSame(stream->language, name.language))
+            return "a track is not told to be in the language " + name.language;
+    return {};
+}
+
+} // namespace
+
+std::string PromisedProgramme::faultOf(const CheckedFile& file) const {
+    std::string fault;
+    const auto look = [&fault](const auto& find) {
+        if (fault.empty())
+            fault = find();
+    };
+    const auto holds = [this](ProgrammeField field) { return ContainerLimits::Holds(container, field); };
+    const std::string title = essenceOf(programme.title);
+    if (holds(ProgrammeField::Title) && !title.empty() && title != essenceOf(file.programme.title))
+        fault = "it does not have its title";
+    if (holds(ProgrammeField::Chapters))
+        look([&] { return chapterFault(*this, file.programme.chapters); });
+    look([&] { return languageFault(file, CheckedStream::Kind::Video, programme.picture); });
+    look([&] { return languageFault(file, CheckedStream::Kind::Audio, programme.sound); });
+    const bool hasPictures = !streamsOf(file, CheckedStream::Kind::Video).empty();
+    if (!programme.cover.bytes.empty() && !hasPictures && holds(ProgrammeField::Cover) &&
+        streamsOf(file, CheckedStream::Kind::Cover).empty())
+        look([] { return std::string("it lacks its cover"); });
+    if (holds(ProgrammeField::Subtitles))
+        look([&] { return subtitleFault(*this, file); });
+    return fault;
+}
+
+} // namespace ExportCore

@@ -1,0 +1,60 @@
+#include "ExportCore/SubtitleJoin.h"
+
+#include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/Language.h"
+
+namespace ExportCore {
+
+using Kestra::ClientAPI::ContainerLimits;
+using Kestra::Conf::Language;
+using Kestra::Conf::Subtitles;
+
+SubtitleJoin::Joined& SubtitleJoin::joinedFor(const Key& key, const Subtitles& track) {
+    const auto [place, isNew] = places.emplace(key, tracks.size());
+    if (!isNew)
+        return tracks[place->second];
+    Joined begun{track, false};
+    begun.track.cues.clear();
+    tracks.push_back(std::move(begun));
+    return tracks.back();
+}
+
+bool SubtitleJoin::add(const Subtitles& track, std::int64_t at) {
+    const std::pair<std::string, bool> kind(Language::CodeOf(track.language), track.forced);
+    const int number = counts[kind]++;
+    if (track.cues.empty())
+        return false;
+    Joined& joined = joinedFor({kind.first, kind.second, number}, track);
+    const bool isStyled = joined.track.styled || track.styled;
+    joined.stylesDiffer = joined.stylesDiffer || (isStyled && joined.track.header != track.header);
+    joined.track.styled = isStyled;
+    if (joined.track.title != track.title)
+        joined.track.title.clear();
+    for (const Subtitles::Cue& cue : track.cues)
+        joined.track.cues.push_back({cue.start + at, cue.end + at, cue.event});
+    return true;
+}
+
+std::vector<Subtitles> SubtitleJoin::take(const std::string& container, bool named, std::vector<std::string>& notes) {
+    std::vector<Subtitles> taken;
+    for (Joined& joined : tracks) {
+        Subtitles& track = joined.track;
+        const std::string held = ContainerLimits::LanguageIn(container, track.language);
+        if (joined.stylesDiffer) {
+            notes.emplace_back("Styles of subtitles are left out: the inputs' differ");
+            track.styled = false;
+        }
+        if (track.styled && !ContainerLimits::Holds(container, Kestra::ClientAPI::ProgrammeField::SubtitleStyles))
+            notes.emplace_back("Styles of subtitles are left out: the file has no place for them");
+        if (named && !track.language.empty() && held.empty())
+            notes.push_back("The subtitles' language, " + track.language +
+                            ", is left out: the file has no place for it");
+        track.language = named ? held : std::string();
+        if (!named)
+            track.title.clear();
+        taken.push_back(std::move(track));
+    }
+    return taken;
+}
+
+} // namespace ExportCore

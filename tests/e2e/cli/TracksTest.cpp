@@ -1,0 +1,119 @@
+// Which of the inputs' tracks come into the file, and what "info" says of them.
+#include "TracksFixture.h"
+#include "support/MediaProbe.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+
+namespace TestCli {
+namespace {
+
+class Tracks : public TracksTest {
+protected:
+    /// Pictures, German sound of two channels, English sound of one with a title.
+    std::string film() const {
+        return make("film.mkv",
+                    {pictures(),
+                     tone(440),
+                     tone(880),
+                     {"-map", "0", "-map", "1", "-map", "2", "-ac:a:0", "2", "-ac:a:1", "1"},
+                     {"-metadata:s:a:0", "language=ger", "-metadata:s:a:1", "language=eng", "-metadata:s:a:1",
+                      "title=Commentary", "-disposition:a:0", "default", "-disposition:a:1", "0"},
+                     quick()});
+    }
+    static int channels(const std::string& path) { return TestMedia::probe(path).audio->channels; }
+};
+
+TEST_F(Tracks, AreAllListedByInfo) {
+    const std::string path = make(
+        "film.mkv", {pictures(),
+                     tone(440),
+                     {"-i", write("a.srt", "1\n00:00:00,000 --> 00:00:01,000\nWords\n")},
+                     {"-i", tags("title=A film\nartist=Somebody\n" + chapter(0, 1000, "One"))},
+                     {"-map", "0", "-map", "1", "-map", "2", "-map_metadata", "3", "-metadata:s:a:0", "language=ger",
+                      "-metadata:s:s:0", "title=Signs", "-disposition:s:0", "forced", "-c:s", "subrip"},
+                     quick()});
+    const std::string text = run({"info", path}).output.toStdString();
+    for (const char* line :
+         {"\n  track 0: picture, mpeg4 64x64, 25 fps", "\n  track 1: sound, pcm_s16le 48000 Hz, mono, ger",
+          "\n  track 2: subtitles, subrip, \"Signs\", forced\n", "\n  title: A film\n", "\n  artist: Somebody\n",
+          "\n  chapter 1: 00:00:00.000 to 00:00:01.000, \"One\"\n"})
+        EXPECT_THAT(text, HasSubstr(line));
+    EXPECT_EQ(text.find("left out"), std::string::npos);
+    const QJsonObject medium = QJsonDocument::fromJson(run({"info", path, "--json"}).output.toUtf8())
+                                   .object()[QStringLiteral("media")]
+                                   .toArray()[0]
+                                   .toObject();
+    const QJsonArray tracks = medium[QStringLiteral("tracks")].toArray();
+    ASSERT_EQ(tracks.size(), 3);
+    EXPECT_EQ(tracks[1].toObject()[QStringLiteral("kind")].toString(), QStringLiteral("audio"));
+    EXPECT_EQ(tracks[1].toObject()[QStringLiteral("language")].toString(), QStringLiteral("ger"));
+    EXPECT_EQ(tracks[1].toObject()[QStringLiteral("channelLayout")].toString(), QStringLiteral("mono"));
+    EXPECT_TRUE(tracks[1].toObject()[QStringLiteral("main")].toBool());
+    EXPECT_TRUE(tracks[2].toObject()[QStringLiteral("forced")].toBool());
+    EXPECT_TRUE(tracks[2].toObject()[QStringLiteral("text")].toBool());
+    EXPECT_EQ(medium[QStringLiteral("tags")].toObject()[QStringLiteral("title")].toString(), QStringLiteral("A film"));
+    EXPECT_EQ(medium[QStringLiteral("chapters")].toArray()[0].toObject()[QStringLiteral("endMs")].toInt(), 1000);
+}
+
+TEST_F(Tracks, OfSoundAreChosenByNumberAndByLanguage) {
+    const std::string path = film();
+    render({path, "-p", "mkv-ffv1-flac"}, "default.mkv");
+    EXPECT_EQ(channels(place / "default.mkv"), 2);
+    EXPECT_THAT(said, HasSubstr("left out: 1 sound track (2, eng)\n"));
+    for (const char* choice : {"2", "eng", "en", "en-GB"}) {
+        const auto file = render({path, "-p", "mkv-ffv1-flac", "--audio", choice}, "chosen.mkv");
+        EXPECT_EQ(channels(place / "chosen.mkv"), 1) << choice;
+        EXPECT_THAT(said, HasSubstr("left out: 1 sound track (1, ger)\n"));
+        EXPECT_EQ(file.all("audio")[0].tag("language"), "eng") << choice;
+        EXPECT_EQ(file.all("audio")[0].tag("title"), "Commentary") << choice;
+    }
+}
+
+TEST_F(Tracks, ThatAreNotThereAreRefusedWithThoseThatAre) {
+    const std::string path = film();
+    const std::vector<std::string> order{path, path, "-p", "mkv-ffv1-flac", "-o", place / "a.mkv", "--audio"};
+    const auto with = [&order](const std::string& choice) {
+        std::vector<std::string> all = order;
+        all.push_back(choice);
+        return refusal(all);
+    };
+    EXPECT_THAT(with("0"), HasSubstr("Cannot take sound track 0 of \"" + path +
+                                     "\": it has no such sound track; it has 1 (ger), 2 (eng)"));
+    EXPECT_THAT(with("fr"), HasSubstr("it has 1 (ger), 2 (eng)"));
+    EXPECT_THAT(with("french"), HasSubstr("is no sound track"));
+    EXPECT_THAT(with("all"), HasSubstr("Cannot put all 2 sound tracks of"));
+}
+
+TEST_F(Tracks, OfOneKindAreLeftOutOnOrder) {
+    const std::string path = film();
+    const auto silent = render({path, "-p", "mp4-h264-480p", "--audio", "none"}, "silent.mp4");
+    EXPECT_TRUE(silent.all("audio").empty());
+    EXPECT_EQ(silent.all("video").size(), 1U);
+    EXPECT_THAT(said, HasSubstr("left out: 2 sound tracks (1, ger; 2, eng)\n"));
+    const auto blind = render({path, "-p", "mkv-ffv1-flac", "--video", "none"}, "blind.mka");
+    EXPECT_TRUE(blind.all("video").empty());
+    EXPECT_EQ(blind.all("audio").size(), 1U);
+    EXPECT_THAT(said, HasSubstr("left out: 1 picture track (0), 1 sound track (2, eng)\n"));
+    const std::string output = place / "none.mp4";
+    EXPECT_THAT(refusal({path, "-p", "mp4-h264-480p", "-o", output, "--audio", "none", "--video", "none"}),
+                HasSubstr("Nothing is left to export"));
+    EXPECT_THAT(refusal({path, "-p", "mp3", "-o", place / "none.mp3", "--audio", "none"}),
+                HasSubstr("Nothing is left to export"));
+    EXPECT_THAT(refusal({path, "-p", "mp4-h264-480p", "-o", output, "--audio", "none", "--set", "audio-bitrate=96k"}),
+                HasSubstr("audio-bitrate"));
+}
+
+TEST_F(Tracks, OfSoundThatAreAloneAreAllOfThem) {
+    const std::string path = make("one.mkv", {pictures(), tone(440), quick()});
+    EXPECT_EQ(render({path, "-p", "mp4-h264-480p", "--audio", "all"}, "all.mp4").all("audio").size(), 1U);
+    const std::string mute = make("mute.mkv", {pictures(), quick()});
+    render({mute, path, "-p", "mp4-h264-480p", "--audio", "1"}, "joined.mp4");
+    EXPECT_THAT(refusal({mute, "-p", "mp4-h264-480p", "-o", place / "b.mp4", "--audio", "1"}),
+                HasSubstr("none of the inputs has sound"));
+}
+
+} // namespace
+} // namespace TestCli
