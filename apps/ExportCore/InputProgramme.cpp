@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace ExportCore {
 namespace {
@@ -112,6 +113,8 @@ public:
             result.programme.picture = picture.in(file.container, "The picture's", result.notes);
         if (options.metadata && file.sound)
             result.programme.sound = sound.in(file.container, "The sound's", result.notes);
+        if (shortened)
+            result.notes.emplace_back("Titles of chapters are cut off: the file has no place for such long ones");
         result.programme.subtitles = subtitles.take(file.container, options.metadata, result.notes);
         for (const Source& source : sources)
             if (const std::string left = lefts[source.get()].of(source->GetInfo().contents); !left.empty())
@@ -144,6 +147,9 @@ private:
         for (ProgrammeInfo::Chapter chapter : contents.programme.Part(0, lasting).chapters) {
             chapter.start += at;
             chapter.end += at;
+            const std::string whole =
+                std::exchange(chapter.title, ContainerLimits::ChapterTitleIn(file.container, chapter.title));
+            shortened = shortened || whole != chapter.title;
             programme.chapters.push_back(chapter);
         }
     }
@@ -183,6 +189,7 @@ private:
     std::vector<Source> sources; ///< each once
     std::map<const Kestra::Proc::IMediaSource*, LeftOut> lefts;
     bool isFirst = true;
+    bool shortened = false; ///< the title of a chapter
 };
 
 void requireOneSound(const Source& source) {

@@ -34,14 +34,23 @@ std::string essenceOf(const std::string& text) {
     return essence;
 }
 
+/// One may be cut off, but not at its very beginning.
+bool isSame(const std::string& a, const std::string& b) {
+    constexpr std::size_t SURE = 50;
+    const std::size_t common = std::min(a.size(), b.size());
+    return a == b || (common >= SURE && a.compare(0, common, b, 0, common) == 0);
+}
+
 std::string chapterFault(const PromisedProgramme& promise, const std::vector<Chapter>& found) {
     const std::vector<Chapter>& chapters = promise.programme.chapters;
     for (const Chapter& chapter : chapters) {
         if (chapter.start + promise.tolerance >= promise.length)
             continue;
         const auto isIts = [&](const Chapter& other) { return isNear(chapter, other, promise.tolerance); };
+        const std::string title = essenceOf(chapter.title);
+        // Where there is none, some readers make one up.
         const auto isNamed = [&](const Chapter& other) {
-            return isIts(other) && essenceOf(other.title) == essenceOf(chapter.title);
+            return isIts(other) && (title.empty() || isSame(essenceOf(other.title), title));
         };
         // Of those that stand so close together that their times are the same there, one may be another.
         const bool isAlone = std::count_if(chapters.begin(), chapters.end(), isIts) == 1;
@@ -102,7 +111,7 @@ std::string PromisedProgramme::faultOf(const CheckedFile& file) const {
     };
     const auto holds = [this](ProgrammeField field) { return ContainerLimits::Holds(container, field); };
     const std::string title = essenceOf(programme.title);
-    if (holds(ProgrammeField::Title) && !title.empty() && title != essenceOf(file.programme.title))
+    if (holds(ProgrammeField::Title) && !title.empty() && !isSame(title, essenceOf(file.programme.title)))
         fault = "it does not have its title";
     if (holds(ProgrammeField::Chapters))
         look([&] { return chapterFault(*this, file.programme.chapters); });

@@ -47,6 +47,21 @@ TEST_F(Promise, IsKeptByAFileThatHasAllOfIt) {
     EXPECT_EQ(promised.faultOf(file), "");
 }
 
+TEST_F(Promise, OfAChapterWithoutATitleIsKeptWhateverAReaderCallsIt) {
+    promised.programme.chapters[1].title.clear();
+    EXPECT_EQ(promised.faultOf(file), "");
+    file.programme.chapters.pop_back();
+    EXPECT_NE(promised.faultOf(file), "");
+}
+
+TEST_F(Promise, IsKeptByALongTitleThatIsCutOff) {
+    promised.programme.chapters[1].title = std::string(150, 'a');
+    file.programme.chapters[1].title = std::string(120, 'a');
+    EXPECT_EQ(promised.faultOf(file), "");
+    file.programme.chapters[1].title = std::string(20, 'a');
+    EXPECT_NE(promised.faultOf(file), "");
+}
+
 TEST_F(Promise, IsBrokenWithoutTheTitle) {
     file.programme.title = "Another film";
     EXPECT_EQ(promised.faultOf(file), "it does not have its title");

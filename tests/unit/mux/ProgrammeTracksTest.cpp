@@ -117,6 +117,24 @@ TEST_F(ProgrammeNames, AreToldByATagWhereTracksHaveNone) {
     }
 }
 
+TEST_F(ProgrammeNames, OfChaptersAreCutOffWhereNotAllReadersTakeLongOnes) {
+    ProgrammeInfo told;
+    std::string title;
+    for (int i = 0; i < 100; ++i)
+        title += "ä";
+    told.chapters = {{0, SECOND, title}, {SECOND, 3 * SECOND, "Two"}};
+    for (const Conf::Container& container : Conf::Container::All()) {
+        const auto file = write(container.id, told);
+        if (!container.chapters)
+            continue;
+        const std::string held = ContainerLimits::ChapterTitleIn(container.id, title);
+        EXPECT_EQ(held, container.id == std::string("mp3") ? title.substr(0, 120) : title);
+        ASSERT_EQ(file.chapters.size(), 2U) << container.id;
+        EXPECT_EQ(file.chapters[0].title, held) << container.id;
+    }
+    EXPECT_EQ(ContainerLimits::ChapterTitleIn("mp3", 'a' + title).size(), 119U) << "no character is cut in two";
+}
+
 TEST_F(ProgrammeCover, StandsInFilesWithoutPicturesThatHaveAPlaceForIt) {
     ProgrammeInfo told;
     // The smallest picture that there is.

@@ -81,6 +81,17 @@ std::string ContainerLimits::LanguageIn(const std::string& container, const std:
     return {};
 }
 
+std::string ContainerLimits::ChapterTitleIn(const std::string& container, const std::string& title) {
+    const Container* const found = Container::Find(container);
+    const auto most = static_cast<std::size_t>(found != nullptr ? found->chapterTitle : 0);
+    if (most == 0 || title.size() <= most)
+        return title;
+    std::size_t end = most;
+    while (end > 0 && (static_cast<unsigned char>(title[end]) & 0xC0) == 0x80)
+        --end;
+    return title.substr(0, end);
+}
+
 Conf::Subtitles ContainerLimits::SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles) {
     const Container* const found = Container::Find(container);
     if (found != nullptr && found->subtitles != nullptr)

@@ -26,6 +26,8 @@ struct KESTRA_EXPORT ContainerLimits {
     static bool HoldsTag(const std::string& container, const std::string& key);
     /// How a track's language is told there, be it in a tag of the whole; empty where it cannot be.
     static std::string LanguageIn(const std::string& container, const std::string& language);
+    /// A chapter's title as far as every reader of such files takes it; cut off between two characters.
+    static std::string ChapterTitleIn(const std::string& container, const std::string& title);
     /// Subtitles as files of the container hold them: where one text follows the other, those that share time are one.
     /// Without cues where there is no place for them.
     static Conf::Subtitles SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles);

@@ -14,6 +14,9 @@ const std::vector<std::string> TAGS_OF_MOV{"album", "artist",   "comment", "copy
 const std::vector<std::string> TAGS_OF_WAV{"album", "artist", "comment",  "copyright",
                                            "date",  "genre",  "language", "track"};
 
+/// Some readers take the sizes within a chapter's frame for plain numbers, which they are below 128 only.
+constexpr int ID3_CHAPTER_TITLE = 120;
+
 using Family = Container::Family;
 using Languages = Container::Languages;
 
@@ -97,7 +100,22 @@ std::vector<Container> OfSoundAlone() {
          TAGS_OF_MP4,
          Languages::Terminological,
          true},
-        {"mp3", "mp3", Family::Other, false, false, true, {CodecID::MP3}, {"mp3"}, {}, {}, Languages::ByTag, true},
+        {"mp3",
+         "mp3",
+         Family::Other,
+         false,
+         false,
+         true,
+         {CodecID::MP3},
+         {"mp3"},
+         {},
+         {},
+         Languages::ByTag,
+         true,
+         nullptr,
+         nullptr,
+         false,
+         ID3_CHAPTER_TITLE},
         {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}, Languages::ByTag, true},
         {"wav",
          "wav",

@@ -73,12 +73,15 @@ void AddChapter(AVFormatContext& context, const ProgrammeInfo::Chapter& chapter)
     Set(&made->metadata, TITLE, chapter.title);
 }
 
-void AddChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chapter>& chapters, bool isMov) {
+void AddChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chapter>& chapters,
+                 const Conf::Container& container) {
+    const bool isMov = container.family == Conf::Container::Family::Mov;
     // The track of chapters in such files knows lengths only, so that what lies before the first is to be one as well.
     if (isMov && !chapters.empty() && chapters.front().start > 0)
         AddChapter(context, {0, chapters.front().start, {}});
     for (const ProgrammeInfo::Chapter& chapter : chapters)
-        AddChapter(context, chapter);
+        AddChapter(context, {chapter.start, chapter.end,
+                             ClientAPI::ContainerLimits::ChapterTitleIn(container.id, chapter.title)});
 }
 
 } // namespace
@@ -124,7 +127,7 @@ void DescribeProgramme(AVFormatContext& context, const ProgrammeInfo& programme,
             Set(&context.metadata, TIMECODE, text);
     }
     if (container.chapters)
-        AddChapters(context, programme.chapters, container.family == Conf::Container::Family::Mov);
+        AddChapters(context, programme.chapters, container);
 }
 
 } // namespace Kestra::FF

@@ -39,6 +39,14 @@ void SetTag(AVStream& stream, const char* key, const std::string& value) {
         Check(av_dict_set(&stream.metadata, key, value.c_str(), 0), TranscodingError::OutOfMemory, "metadata");
 }
 
+/// Plain text knows no style to go back to but that without any. Not every encoder takes the one for the other.
+std::string WithoutResets(std::string event) {
+    const std::string reset = "{\\r}";
+    for (std::size_t at = event.find(reset); at != std::string::npos; at = event.find(reset, at))
+        event.replace(at, reset.size(), "{\\b0\\i0\\u0}");
+    return event;
+}
+
 /// The event under its number in this file.
 std::string Numbered(const std::string& event, std::size_t number) {
     const std::size_t comma = event.find(',');
@@ -72,7 +80,7 @@ void SubtitleWriter::Write(std::int64_t until, const std::function<void(AVPacket
 }
 
 PacketHandle SubtitleWriter::Encode(const Subtitles::Cue& cue, std::size_t number) {
-    std::string event = Numbered(cue.event, number);
+    std::string event = Numbered(subtitles.styled ? cue.event : WithoutResets(cue.event), number);
     AVSubtitleRect rect = {};
     rect.type = SUBTITLE_ASS;
     rect.ass = event.data();
