@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/MemoryWatch.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Demux/StreamClaims.h"
 #include <cerrno>
 #include <cstring>
@@ -19,18 +20,6 @@ constexpr int MAX_ERRORS_IN_A_ROW = 1000;
 bool CarriesAlpha(const AVStream& stream) {
     const AVDictionaryEntry* mode = av_dict_get(stream.metadata, "alpha_mode", nullptr, 0);
     return mode && std::strcmp(mode->value, "1") == 0;
-}
-
-// Up to the version that takes it for granted, libav has to be told that callbacks may come from any thread.
-void AllowThreads(AVCodecContext& context) {
-#if FF_API_THREAD_SAFE_CALLBACKS
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-    context.thread_safe_callbacks = 1;
-#pragma GCC diagnostic pop
-#else
-    static_cast<void>(context);
-#endif
 }
 
 std::string ReasonOf(int answer) {

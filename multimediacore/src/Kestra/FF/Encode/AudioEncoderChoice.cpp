@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Encode/AudioDriver.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include <algorithm>
@@ -19,11 +20,11 @@ namespace {
 constexpr int DEFAULT_RATE = 48000;
 
 int NearestRate(const AVCodec& codec, int wanted) {
-    if (!codec.supported_samplerates)
+    if (!SampleRatesOf(codec))
         return wanted;
     int above = 0;
     int below = 0;
-    for (const int* known = codec.supported_samplerates; *known != 0; ++known) {
+    for (const int* known = SampleRatesOf(codec); *known != 0; ++known) {
         const int rate = *known;
         if (rate >= wanted && (above == 0 || rate < above))
             above = rate;
@@ -46,10 +47,10 @@ int Unfitness(AVSampleFormat candidate, AVSampleFormat wanted) {
 }
 
 AVSampleFormat NearestFormat(const AVCodec& codec, AVSampleFormat wanted) {
-    if (!codec.sample_fmts)
+    if (!SampleFormatsOf(codec))
         return wanted;
-    AVSampleFormat best = codec.sample_fmts[0];
-    for (const AVSampleFormat* known = codec.sample_fmts; *known != AV_SAMPLE_FMT_NONE; ++known) {
+    AVSampleFormat best = *SampleFormatsOf(codec);
+    for (const AVSampleFormat* known = SampleFormatsOf(codec); *known != AV_SAMPLE_FMT_NONE; ++known) {
         if (*known == wanted)
             return wanted;
         if (Unfitness(*known, wanted) < Unfitness(best, wanted))

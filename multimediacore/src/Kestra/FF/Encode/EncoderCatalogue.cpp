@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Encode/AudioDriver.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include <string>
@@ -78,9 +79,9 @@ std::vector<const AVCodec*> EncodersOf(CodecID id) {
 }
 
 bool TakesFormat(const AVCodec& codec, AVPixelFormat format) {
-    if (!codec.pix_fmts)
+    if (!PixelFormatsOf(codec))
         return true;
-    for (const AVPixelFormat* known = codec.pix_fmts; *known != AV_PIX_FMT_NONE; ++known)
+    for (const AVPixelFormat* known = PixelFormatsOf(codec); *known != AV_PIX_FMT_NONE; ++known)
         if (*known == format)
             return true;
     return false;

@@ -1,6 +1,7 @@
 #include "Kestra/FF/Encode/VideoConform.h"
 
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include <algorithm>
 #include <thread>
@@ -71,8 +72,8 @@ FrameHandle VideoConform::Conform(const AVFrame& frame) {
     result->format = input.format;
     SetColour(*result, input.colour);
     const bool keepsFields = KeepsFields(frame);
-    result->interlaced_frame = keepsFields ? frame.interlaced_frame : 0;
-    result->top_field_first = keepsFields ? frame.top_field_first : 0;
+    SetHoldsFields(*result, keepsFields && HoldsFields(frame));
+    SetTopFieldFirst(*result, keepsFields && IsTopFieldFirst(frame));
     return result;
 }
 

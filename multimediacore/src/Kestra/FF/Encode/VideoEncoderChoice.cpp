@@ -5,6 +5,7 @@
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
@@ -47,7 +48,7 @@ auto Unfitness(const PixelFormatRecord& from, const PixelFormatRecord& to) {
 AVPixelFormat LeastLossy(const AVCodec& codec, PixelFormat source) {
     const PixelFormatRecord& from = RecordOf(source, codec);
     const PixelFormatRecord* best = nullptr;
-    for (const AVPixelFormat* known = codec.pix_fmts; *known != AV_PIX_FMT_NONE; ++known) {
+    for (const AVPixelFormat* known = PixelFormatsOf(codec); *known != AV_PIX_FMT_NONE; ++known) {
         const PixelFormatRecord* const record = PixelFormatRecord::Find(FromAv(*known));
         if (record == &from)
             return *known;
@@ -68,8 +69,8 @@ AVPixelFormat NearestFormat(const AVCodec& codec, PixelFormat source) {
     if ((made || !driver.FollowsStream()) && TakesFormat(codec, driver.UsualFormat()))
         return driver.UsualFormat();
     const PixelFormat plain = made ? PixelFormat::YUV420P : FromAv(PlainFormat(ToAv(source)));
-    return codec.pix_fmts ? LeastLossy(codec, plain == PixelFormat::Unknown ? source : plain)
-                          : ToAv(RecordOf(plain, codec).Format());
+    return PixelFormatsOf(codec) ? LeastLossy(codec, plain == PixelFormat::Unknown ? source : plain)
+                                 : ToAv(RecordOf(plain, codec).Format());
 }
 
 std::string TagOf(const IFormatCodecVideo& description, const char* tag) {

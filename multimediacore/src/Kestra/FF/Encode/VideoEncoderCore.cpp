@@ -4,6 +4,7 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Data/CodecParametersFF.h"
 #include "Kestra/FF/Data/DataRawFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
@@ -194,8 +195,8 @@ void VideoEncoderCore::Peek() {
 
 // Material that is interlaced in parts may begin with a progressive frame.
 void VideoEncoderCore::SettleFields(const AVFrame& first) {
-    if (first.interlaced_frame)
-        input.topFieldFirst = first.top_field_first != 0;
+    if (HoldsFields(first))
+        input.topFieldFirst = IsTopFieldFirst(first);
     else if (Driver().FlagsFields() || !offersFields)
         input.interlaced = false;
 }
@@ -265,12 +266,8 @@ FrameHandle VideoEncoderCore::NextFrame() {
         return nullptr;
     FrameHandle frame = MakeFrameReference(FrameOf(*data));
     frame->pts = framesSent++;
-    // A decoder's mark; the wrapper of x265 keeps a copy of each, and loses those of frames that a stop leaves behind.
-    frame->reordered_opaque = 0;
-    frame->pkt_duration = 1;
     // What the source's encoder chose for this frame is nothing to this one.
-    frame->pict_type = AV_PICTURE_TYPE_NONE;
-    frame->key_frame = 0;
+    ForgetCoding(*frame);
     frame->quality = GetContext().global_quality;
     if (log)
         log->Guide(*frame);

@@ -4,6 +4,7 @@
 #include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Picture/FrameBlend.h"
 #include "Kestra/FF/Picture/FrameGeometry.h"
@@ -65,9 +66,9 @@ FrameHandle FrameBlender::MakeResult(bool withAlpha, const AVFrame& first, const
         pool.Get(withAlpha ? alpha : opaque, static_cast<int>(frame.width), static_cast<int>(frame.height));
     Check(av_frame_copy_props(result.get(), &first), TranscodingError::OutOfMemory, "properties of a picture");
     // Where one of the two shows two instants, what is made of both does.
-    if (second && second->interlaced_frame && !first.interlaced_frame) {
-        result->interlaced_frame = second->interlaced_frame;
-        result->top_field_first = second->top_field_first;
+    if (second && HoldsFields(*second) && !HoldsFields(first)) {
+        SetHoldsFields(*result, true);
+        SetTopFieldFirst(*result, IsTopFieldFirst(*second));
     }
     return result;
 }

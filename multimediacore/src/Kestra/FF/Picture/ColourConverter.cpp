@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Picture/FrameGeometry.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include <algorithm>
@@ -186,7 +187,7 @@ FrameHandle ColourConverter::Run(const AVFrame& frame, const ColourChange& chang
     before.transfer = TransferClass(before.transfer);
     before.primaries = PrimariesClass(before.primaries);
     SetColour(*tagged, before);
-    tagged->interlaced_frame = 0;
+    SetHoldsFields(*tagged, false);
     return graph->Filter(*tagged);
 }
 
@@ -203,9 +204,9 @@ FrameHandle ColourConverter::ConvertFields(const AVFrame& frame, const ColourCha
 }
 
 FrameHandle ColourConverter::Convert(const AVFrame& frame, const ColourChange& change, AVPixelFormat format) {
-    const bool fields = frame.interlaced_frame && frame.height % 4 == 0;
+    const bool fields = HoldsFields(frame) && frame.height % 4 == 0;
     FrameHandle result = fields ? ConvertFields(frame, change, format) : Run(frame, change, format);
-    result->interlaced_frame = frame.interlaced_frame;
+    SetHoldsFields(*result, HoldsFields(frame));
     if (change.before.transfer != change.after.transfer)
         RemoveHdrMetadata(*result);
     SetColour(*result, change.after);

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Picture/Deinterlacer.h"
 
+#include "Kestra/FF/Av/OlderCalls.h"
 #include <string>
 
 namespace Kestra::FF {
@@ -61,7 +62,7 @@ std::vector<FrameHandle> Deinterlacer::Deinterlace(const AVFrame* previous, cons
     }
     std::vector<FrameHandle> frames = Receive();
     for (const FrameHandle& frame : frames) {
-        frame->interlaced_frame = 0;
+        SetHoldsFields(*frame, false);
         frame->pts = picture.pts;
     }
     return frames;

@@ -1,5 +1,7 @@
 #include "Kestra/FF/Picture/DynamicMetadata.h"
 
+#include "Kestra/FF/Av/OlderCalls.h"
+
 extern "C" {
 #include <libavutil/dovi_meta.h>
 }
@@ -14,7 +16,7 @@ constexpr int PROFILE_OF_H264 = 9; // its base is always an ordinary one
 
 const AVDOVIDecoderConfigurationRecord* DolbyVisionOf(const AVStream& stream) {
     std::size_t size = 0;
-    const std::uint8_t* data = av_stream_get_side_data(&stream, AV_PKT_DATA_DOVI_CONF, &size);
+    const std::uint8_t* data = SideDataOf(stream, AV_PKT_DATA_DOVI_CONF, size);
     return data && size >= sizeof(AVDOVIDecoderConfigurationRecord)
                ? reinterpret_cast<const AVDOVIDecoderConfigurationRecord*>(data)
                : nullptr;

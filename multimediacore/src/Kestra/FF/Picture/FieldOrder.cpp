@@ -1,5 +1,7 @@
 #include "Kestra/FF/Picture/FieldOrder.h"
 
+#include "Kestra/FF/Av/OlderCalls.h"
+
 namespace Kestra::FF {
 
 namespace {
@@ -35,19 +37,19 @@ bool SaysTopFieldFirst(const AVCodecParameters& track) noexcept {
 }
 
 bool IsLoneField(const AVFrame& frame, AVCodecID codec) noexcept {
-    return codec == AV_CODEC_ID_HEVC && frame.interlaced_frame != 0;
+    return codec == AV_CODEC_ID_HEVC && HoldsFields(frame);
 }
 
 bool OnlyTrackTells(const AVFrame& first, const AVCodecParameters& track) noexcept {
-    return !first.interlaced_frame && SaysInterlaced(track) && !FlagsEachFrame(track.codec_id);
+    return !HoldsFields(first) && SaysInterlaced(track) && !FlagsEachFrame(track.codec_id);
 }
 
 void TagFields(AVFrame& frame, const AVCodecParameters& track, bool onlyTrackTells) {
     if (IsLoneField(frame, track.codec_id)) {
-        frame.interlaced_frame = 0;
+        SetHoldsFields(frame, false);
     } else if (onlyTrackTells) {
-        frame.interlaced_frame = 1;
-        frame.top_field_first = SaysTopFieldFirst(track) ? 1 : 0;
+        SetHoldsFields(frame, true);
+        SetTopFieldFirst(frame, SaysTopFieldFirst(track));
     }
 }
 

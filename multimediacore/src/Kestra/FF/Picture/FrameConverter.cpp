@@ -3,6 +3,7 @@
 #include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Picture/AlphaBlend.h"
 #include "Kestra/FF/Picture/BlendRows.h"
 #include "Kestra/FF/Picture/ChromaPlace.h"
@@ -256,7 +257,7 @@ void FrameConverter::Fill(AVFrame& result, const AVFrame& frame, const FrameTarg
     const FrameHandle from = MakeView(frame, source);
     const FrameHandle to = MakeView(result, place);
     const bool rowsChange = source.height != place.height || ChromaRowsOf(frame) != ChromaRowsOf(result);
-    const bool fields = frame.interlaced_frame && rowsChange && source.height % 4 == 0 && place.height % 4 == 0 &&
+    const bool fields = HoldsFields(frame) && rowsChange && source.height % 4 == 0 && place.height % 4 == 0 &&
                         source.y % 4 == 0 && place.y % 4 == 0;
     if (fields)
         ScaleFields(*from, *to, pass);

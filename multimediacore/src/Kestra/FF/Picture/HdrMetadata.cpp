@@ -1,6 +1,7 @@
 #include "Kestra/FF/Picture/HdrMetadata.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -31,7 +32,7 @@ std::optional<Metadata> Read(const AVFrame& frame, AVFrameSideDataType type) {
 
 void Copy(AVFrame& frame, AVFrameSideDataType type, const AVStream& stream, AVPacketSideDataType from) {
     std::size_t size = 0;
-    const std::uint8_t* data = av_stream_get_side_data(&stream, from, &size);
+    const std::uint8_t* data = SideDataOf(stream, from, size);
     if (!data || size == 0 || av_frame_get_side_data(&frame, type))
         return;
     std::memcpy(Allocated(av_frame_new_side_data(&frame, type, size))->data, data, size);
@@ -40,7 +41,7 @@ void Copy(AVFrame& frame, AVFrameSideDataType type, const AVStream& stream, AVPa
 template <class Metadata>
 void Write(AVStream& stream, AVPacketSideDataType type, const std::optional<Metadata>& metadata) {
     if (metadata)
-        std::memcpy(Allocated(av_stream_new_side_data(&stream, type, sizeof(Metadata))), &*metadata, sizeof(Metadata));
+        std::memcpy(Allocated(AddSideData(stream, type, sizeof(Metadata))), &*metadata, sizeof(Metadata));
 }
 
 constexpr int PLACES_PER_ONE = 50000;

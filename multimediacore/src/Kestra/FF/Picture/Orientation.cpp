@@ -1,5 +1,6 @@
 #include "Kestra/FF/Picture/Orientation.h"
 
+#include "Kestra/FF/Av/OlderCalls.h"
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -27,7 +28,7 @@ Orientation ReadDisplayMatrix(const std::int32_t* matrix) {
 Orientation FindOrientation(const AVStream& stream, const AVFrame* frame) {
     constexpr std::size_t MATRIX_SIZE = 9 * sizeof(std::int32_t);
     std::size_t size = 0;
-    const std::uint8_t* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    const std::uint8_t* matrix = SideDataOf(stream, AV_PKT_DATA_DISPLAYMATRIX, size);
     if (matrix && size >= MATRIX_SIZE)
         return ReadDisplayMatrix(reinterpret_cast<const std::int32_t*>(matrix));
     const AVFrameSideData* data = frame ? av_frame_get_side_data(frame, AV_FRAME_DATA_DISPLAYMATRIX) : nullptr;

@@ -4,6 +4,7 @@
 #include "Kestra/Conf/StandardRates.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Av/Wording.h"
 #include "Kestra/FF/Decode/Decoder.h"
 #include "Kestra/FF/Decode/SamplePlacement.h"
@@ -284,9 +285,9 @@ void MediaProbe::DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, con
         details.notes.push_back("coded field by field; each field is shown as a picture of its own");
     details.fieldsByTrack = OnlyTrackTells(first, parameters);
     TagFields(first, parameters, details.fieldsByTrack);
-    const bool flagged = first.interlaced_frame != 0;
+    const bool flagged = HoldsFields(first);
     track.interlaced = flagged || SaysInterlaced(parameters);
-    track.topFieldFirst = flagged ? first.top_field_first != 0 : SaysTopFieldFirst(parameters);
+    track.topFieldFirst = flagged ? IsTopFieldFirst(first) : SaysTopFieldFirst(parameters);
 }
 
 void MediaProbe::DescribeVideo() {

@@ -3,6 +3,7 @@
 #include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Picture/ColourNote.h"
 #include "Kestra/FF/Picture/DynamicMetadata.h"
@@ -206,7 +207,7 @@ void VideoDecodeStream::NoteDynamicMetadata(const AVFrame& frame) {
 
 // What is not interlaced stays on its own pixels.
 std::vector<FrameHandle> VideoDecodeStream::ShowCurrent() {
-    if (fields != Fields::Kept && current->frame->interlaced_frame)
+    if (fields != Fields::Kept && HoldsFields(*current->frame))
         return Deinterlace();
     std::vector<FrameHandle> shown;
     shown.push_back(fields == Fields::Kept ? std::move(current->frame) : MakeFrameReference(*current->frame));
@@ -220,7 +221,7 @@ std::vector<FrameHandle> VideoDecodeStream::Deinterlace() {
         const int threads = frame.width * frame.height >= LARGE_FRAME ? 2 : 1;
         deinterlacer = std::make_unique<Deinterlacer>(
             doubled ? Deinterlacer::Output::Fields : Deinterlacer::Output::Frame, threads);
-        source->Note(std::string("interlaced (") + FieldOrderText(frame.top_field_first != 0) +
+        source->Note(std::string("interlaced (") + FieldOrderText(IsTopFieldFirst(frame)) +
                      (doubled ? "), deinterlaced to a picture for each field" : "), deinterlaced"));
     }
     std::vector<FrameHandle> shown = deinterlacer->Deinterlace(previous ? previous->frame.get() : nullptr, frame,
