@@ -1,6 +1,11 @@
 # Flags and the two functions by which every room is declared.
 include(GNUInstallDirs)
 include(GenerateExportHeader)
+include(LibraryExports)
+
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Debug, Release, RelWithDebInfo, MinSizeRel, or None for CMAKE_CXX_FLAGS alone" FORCE)
+endif()
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -9,14 +14,38 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
-set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}:$ORIGIN")
+# One folder for all libraries, as the engine looks for its codecs beside itself; never one of a project around this one.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+if(EDITOREXPORT_RELOCATABLE)
+  set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}:$ORIGIN")
+else()
+  set(CMAKE_INSTALL_RPATH "")
+endif()
+
+# While the first number is 0, the second rises with every change that a program built before would not survive.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(EDITOREXPORT_SOVERSION "0.${PROJECT_VERSION_MINOR}")
+else()
+  set(EDITOREXPORT_SOVERSION "${PROJECT_VERSION_MAJOR}")
+endif()
+configure_file("${CMAKE_CURRENT_LIST_DIR}/EditorExportVersion.h.in" "${PROJECT_BINARY_DIR}/include/EditorExportVersion.h" @ONLY)
 
 find_program(EDITOREXPORT_CCACHE ccache)
-if(EDITOREXPORT_CCACHE)
+if(EDITOREXPORT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${EDITOREXPORT_CCACHE}")
+endif()
+
+# What is built for others says nothing of the folder that it was built in; what is built to be looked at does, by which
+# debuggers find the sources.
+set(reproducible OFF)
+if(CMAKE_BUILD_TYPE MATCHES "^(RelWithDebInfo|Release|MinSizeRel)$")
+  set(reproducible ON)
+endif()
+option(EDITOREXPORT_REPRODUCIBLE "Nothing that is built depends on the folder it is built in" ${reproducible})
+if(EDITOREXPORT_REPRODUCIBLE)
+  add_compile_options("-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${PROJECT_BINARY_DIR}=build")
 endif()
 
 add_library(editorexport_flags INTERFACE)
@@ -62,7 +91,7 @@ function(editorexport_room folder)
     set(scope INTERFACE)
     add_library(${room} INTERFACE)
   endif()
-  target_include_directories(${room} ${scope} "${ARG_ROOT}" "${CMAKE_BINARY_DIR}/include")
+  target_include_directories(${room} ${scope} "${ARG_ROOT}" "${PROJECT_BINARY_DIR}/include")
   foreach(lower IN LISTS ARG_DEPENDS)
     editorexport_room_target(lower_room "${lower}")
     if(NOT TARGET ${lower_room})
@@ -90,22 +119,28 @@ function(editorexport_room_target out folder)
   set(${out} "${room}" PARENT_SCOPE)
 endfunction()
 
-# editorexport_library(NAME ROOT dir [PUBLIC libs...] [PRIVATE libs...])
+# editorexport_library(NAME ROOT dir [DESCRIPTION text] EXPORTS names... [PUBLIC libs...] [PRIVATE libs...])
 # The shared library of all the rooms that name it; headers are included relative to ROOT. Generates <NAME>Export.h with the
 # macros <NAME>_EXPORT (types) in capitals. Tests that look inside link NAME_inner beside NAME: it gives them what NAME
-# keeps to itself.
+# keeps to itself. EXPORTS are the namespaces and global classes whose symbols may leave it, if they are marked, too. One
+# with a DESCRIPTION is for embedders to link, and gets a pkg-config file.
 function(editorexport_library name)
-  cmake_parse_arguments(ARG "" "ROOT" "PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "ROOT;DESCRIPTION" "EXPORTS;PUBLIC;PRIVATE" ${ARGN})
   get_property(rooms GLOBAL PROPERTY EDITOREXPORT_ROOMS_OF_${name})
   add_library(${name} SHARED)
   add_library(EditorExport::${name} ALIAS ${name})
   string(TOUPPER ${name} upper)
   generate_export_header(${name} BASE_NAME ${upper}
-    EXPORT_FILE_NAME "${CMAKE_BINARY_DIR}/include/${name}Export.h")
+    EXPORT_FILE_NAME "${PROJECT_BINARY_DIR}/include/${name}Export.h")
   target_include_directories(${name} PUBLIC
-    $<BUILD_INTERFACE:${ARG_ROOT}> $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>
+    $<BUILD_INTERFACE:${ARG_ROOT}> $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/EditorExport>)
-  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${EDITOREXPORT_SOVERSION})
+  target_compile_features(${name} INTERFACE cxx_std_17)
+  editorexport_limit_exports(${name} ${ARG_EXPORTS})
+  set_property(GLOBAL APPEND PROPERTY EDITOREXPORT_LIBRARIES ${name})
+  set_property(GLOBAL PROPERTY EDITOREXPORT_PUBLIC_OF_${name} ${ARG_PUBLIC})
+  set_property(GLOBAL PROPERTY EDITOREXPORT_DESCRIPTION_OF_${name} "${ARG_DESCRIPTION}")
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   foreach(room IN LISTS rooms)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:${room}>)

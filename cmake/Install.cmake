@@ -1,14 +1,27 @@
-# The install tree: libraries, headers, the program, resources, the CMake package and the pkg-config file.
+# The install tree, by components:
+#   runtime      the libraries and the catalogue of presets
+#   tools        the programs, and what desktops and shells know them by
+#   development  headers, the CMake package, pkg-config files, examples
+# A program's own CMakeLists.txt may install more beside it (its page, completions, icons): with COMPONENT tools.
 include(CMakePackageConfigHelpers)
+include(PkgConfigFiles)
 
 set(EDITOREXPORT_DATADIR "${CMAKE_INSTALL_DATADIR}/editor-export")
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/EditorExport")
+get_property(libraries GLOBAL PROPERTY EDITOREXPORT_LIBRARIES)
 
-install(TARGETS Kestra KestraFF KestraQt EditorModel EditorPreset EditorExport EditorTimeline EditorRender EditorProject ExportCore
-  EXPORT EditorExportTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS editor-export RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# What runs.
+install(TARGETS ${libraries} EXPORT EditorExportTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
+install(FILES resources/presets/catalogue.json resources/presets/catalogue.schema.json
+  DESTINATION ${EDITOREXPORT_DATADIR}/presets COMPONENT runtime)
+foreach(program editor-export editor-export-dialog)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+  endif()
+endforeach()
 
+# What programs are built with.
 set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/EditorExport")
 get_property(api_headers GLOBAL PROPERTY EDITOREXPORT_API_HEADERS)
 get_property(api_roots GLOBAL PROPERTY EDITOREXPORT_API_ROOTS)
@@ -19,21 +32,32 @@ foreach(root IN LISTS api_roots)
     if(is_below)
       cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${root}" OUTPUT_VARIABLE included_as)
       cmake_path(GET included_as PARENT_PATH folder)
-      install(FILES "${header}" DESTINATION "${header_dir}/${folder}")
+      install(FILES "${header}" DESTINATION "${header_dir}/${folder}" COMPONENT development)
     endif()
   endforeach()
 endforeach()
-install(DIRECTORY "${CMAKE_BINARY_DIR}/include/" DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY resources/presets DESTINATION ${EDITOREXPORT_DATADIR})
+foreach(name IN LISTS libraries)
+  get_property(description GLOBAL PROPERTY EDITOREXPORT_DESCRIPTION_OF_${name})
+  if(description)
+    install(FILES "${PROJECT_BINARY_DIR}/include/${name}Export.h" DESTINATION ${header_dir} COMPONENT development)
+  endif()
+endforeach()
+list(JOIN api_headers "\n" list_of_headers)
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/api-headers.txt" CONTENT "${list_of_headers}\n" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/include/EditorExportVersion.h" DESTINATION ${header_dir} COMPONENT development)
 
-install(EXPORT EditorExportTargets NAMESPACE EditorExport:: DESTINATION ${package_dir})
-configure_package_config_file(cmake/EditorExportConfig.cmake.in "${CMAKE_BINARY_DIR}/EditorExportConfig.cmake"
+install(EXPORT EditorExportTargets NAMESPACE EditorExport:: DESTINATION ${package_dir} COMPONENT development)
+configure_package_config_file(cmake/EditorExportConfig.cmake.in "${PROJECT_BINARY_DIR}/EditorExportConfig.cmake"
   INSTALL_DESTINATION ${package_dir})
-write_basic_package_version_file("${CMAKE_BINARY_DIR}/EditorExportConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
-install(FILES "${CMAKE_BINARY_DIR}/EditorExportConfig.cmake" "${CMAKE_BINARY_DIR}/EditorExportConfigVersion.cmake"
-  DESTINATION ${package_dir})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(compatibility SameMinorVersion)
+else()
+  set(compatibility SameMajorVersion)
+endif()
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/EditorExportConfigVersion.cmake" COMPATIBILITY ${compatibility})
+install(FILES "${PROJECT_BINARY_DIR}/EditorExportConfig.cmake" "${PROJECT_BINARY_DIR}/EditorExportConfigVersion.cmake"
+  DESTINATION ${package_dir} COMPONENT development)
+editorexport_install_pkg_config_files()
 
-# The tree may be moved: the file finds its prefix from its own place.
-file(RELATIVE_PATH EDITOREXPORT_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-configure_file(cmake/EditorExport.pc.in "${CMAKE_BINARY_DIR}/EditorExport.pc" @ONLY)
-install(FILES "${CMAKE_BINARY_DIR}/EditorExport.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(EDITOREXPORT_EXAMPLES_DIR "${CMAKE_INSTALL_DATADIR}/editor-export/examples" CACHE STRING "Where examples are installed")
+install(DIRECTORY examples/ DESTINATION ${EDITOREXPORT_EXAMPLES_DIR} COMPONENT development)

@@ -11,7 +11,7 @@ DOCUMENTS = {"docs/conformance.md": ["Behaviour", "Tests"], "docs/material.md": 
 MACRO = re.compile(r"^\s*(?:TYPED_)?(?:TEST|TEST_F|TEST_P|RC_GTEST_PROP|RC_GTEST_FIXTURE_PROP|TYPED_TEST_P)\s*\(\s*"
                    r"(\w+)\s*,\s*(\w+)\s*[,)]", re.M)
 NAME = re.compile(r"`(?:\w+/)?(\w+)\.(\w+)(?:/\w+)?`")
-LINT = re.compile(r"`(lint\.\w+|consumer\.\w+|e2e\.\w+)`")
+LINT = re.compile(r"`(lint\.\w+|consumer\.\w+|abi\.\w+|e2e\.\w+)`")
 
 
 def tests_of(text):
