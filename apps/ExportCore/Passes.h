@@ -1,0 +1,21 @@
+// ExportCore::Passes: how often an export looks at its pictures.
+#pragma once
+
+#include "ExportCoreExport.h"
+
+class Preset;
+
+namespace ExportCore {
+
+/// A value.
+struct EXPORTCORE_EXPORT Passes {
+    /// `hasPictures` says whether the inputs have any.
+    static Passes of(const Preset& preset, bool hasPictures = true);
+
+    int count = 1;
+    /// How many times as long as the first one the second takes, as measured: a first pass need not look as closely,
+    /// and makes no sound.
+    double laterCosts = 1;
+};
+
+} // namespace ExportCore

@@ -1,0 +1,139 @@
+#include "ExportCore/RunForecast.h"
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using ExportCore::RunForecast;
+
+namespace {
+
+/// One pass of a run that is played, times in milliseconds.
+struct Pass {
+    double length = 0;  ///< from its start to its end
+    double latency = 0; ///< until the first packet comes
+    double bend = 1;    ///< 1: always as fast; 2: ever slower
+};
+
+double partAt(const Pass& pass, double time) {
+    const double coming = std::max(0.0, time - pass.latency) / (pass.length - pass.latency);
+    return std::pow(std::min(1.0, coming), 1 / pass.bend);
+}
+
+/// What the engine says: whole seconds of the pass that it looks at, once it has looked for two of them.
+qint64 guessOf(double part, double time, bool isLast, std::size_t passes) {
+    constexpr double SETTLING = 2000;
+    if (time < SETTLING || part <= 0)
+        return -1;
+    if (isLast)
+        return static_cast<qint64>(std::lround(time * (1 - part) / part / 1000)) * 1000;
+    const double done = part / static_cast<double>(passes);
+    return static_cast<qint64>(time / done * (1 - done));
+}
+
+struct Worst {
+    double error = 0; ///< as a part of what was left
+    double at = 0;    ///< as a part of the run
+    int unknown = 0;  ///< times that nothing was told
+};
+
+/// From a tenth of the run on, until a twentieth of it is left.
+Worst worstOf(RunForecast& forecast, const std::vector<Pass>& passes) {
+    constexpr double INTERVAL = 100;
+    double all = 0, begun = 0;
+    for (const Pass& pass : passes)
+        all += pass.length;
+    Worst worst;
+    for (std::size_t index = 0; index < passes.size(); ++index) {
+        forecast.beginPass(static_cast<qint64>(begun));
+        for (double time = INTERVAL; time < passes[index].length; time += INTERVAL) {
+            const double part = partAt(passes[index], time);
+            const auto percent = static_cast<int>((100.0 * static_cast<double>(index) + std::floor(part * 100)) /
+                                                  static_cast<double>(passes.size()));
+            const auto now = static_cast<qint64>(begun + time);
+            forecast.advance(percent, guessOf(part, time, index + 1 == passes.size(), passes.size()), now);
+            const double gone = begun + time, left = all - gone;
+            if (gone < all / 10 || left < all / 20)
+                continue;
+            const qint64 told = forecast.remaining(now);
+            worst.unknown += told < 0 ? 1 : 0;
+            const double error = std::abs(static_cast<double>(told) - left) / left;
+            if (told >= 0 && error > worst.error)
+                worst = {error, gone / all, worst.unknown};
+        }
+        begun += passes[index].length;
+    }
+    return worst;
+}
+
+void expectWithinThirtyPercent(RunForecast forecast, const std::vector<Pass>& passes) {
+    const Worst worst = worstOf(forecast, passes);
+    EXPECT_LE(worst.error, 0.3) << "at " << worst.at << " of the run";
+    EXPECT_EQ(worst.unknown, 0);
+}
+
+TEST(Forecast, OfASteadyRunIsRightFromATenthOn) {
+    for (const double seconds : {10, 60, 3600, 36'000})
+        expectWithinThirtyPercent(RunForecast({1, 1000, 1.5}), {{seconds * 1000, 0, 1}});
+}
+
+TEST(Forecast, IsNotMisledByAnEncoderThatLooksAheadForSeconds) {
+    expectWithinThirtyPercent(RunForecast({1, 1000, 1.5}), {{40'000, 3000, 1}});
+    expectWithinThirtyPercent(RunForecast({2, 1000, 2}), {{40'000, 3000, 1}, {80'000, 6000, 1}});
+}
+
+TEST(Forecast, CountsBothPassesWhateverTheyTake) {
+    for (const double ratio : {0.8, 1.0, 2.0, 4.0})
+        for (const double seconds : {10, 100, 5000})
+            expectWithinThirtyPercent(RunForecast({2, 1000, ratio}),
+                                      {{seconds * 1000, 300, 1}, {seconds * 1000 * ratio, 600, 1}});
+}
+
+TEST(Forecast, OfALaterPassComesToGoByItsOwnPace) {
+    RunForecast forecast({2, 1000, 2});
+    forecast.beginPass(0);
+    forecast.advance(50, 0, 10'000);
+    forecast.beginPass(10'000);
+    EXPECT_EQ(forecast.remaining(10'000), 20'000) << "what is expected";
+    for (int percent = 51; percent <= 75; ++percent)
+        forecast.advance(percent, -1, 10'000 + (percent - 50) * 1000);
+    EXPECT_NEAR(static_cast<double>(forecast.remaining(35'000)), 25'000, 100) << "it takes five times as long";
+}
+
+TEST(Forecast, FollowsMaterialThatBecomesSlower) {
+    RunForecast forecast({1, 1000, 1});
+    const Worst worst = worstOf(forecast, {{600'000, 0, 1.15}});
+    EXPECT_LE(worst.error, 0.3) << "at " << worst.at;
+}
+
+TEST(Forecast, CountsDownBetweenTwoPercents) {
+    RunForecast forecast({1, 100, 1});
+    forecast.beginPass(0);
+    forecast.advance(10, -1, 1000);
+    forecast.advance(20, -1, 2000);
+    EXPECT_EQ(forecast.remaining(2000), 8000);
+    EXPECT_EQ(forecast.remaining(2500), 7500);
+    EXPECT_EQ(forecast.remaining(99'000), 0);
+}
+
+TEST(Forecast, TellsFramesASecondOfThePassThatRuns) {
+    RunForecast forecast({2, 1000, 1});
+    EXPECT_EQ(forecast.framesPerSecond(), 0);
+    forecast.beginPass(0);
+    forecast.advance(5, -1, 1000);
+    forecast.advance(10, -1, 2000);
+    EXPECT_NEAR(forecast.framesPerSecond(), 100, 0.01) << "a tenth of a pass in a second";
+    EXPECT_EQ(forecast.pass(), 1);
+}
+
+TEST(Forecast, IsUnknownWhileNothingHasCome) {
+    RunForecast forecast({2, 1000, 1});
+    EXPECT_EQ(forecast.remaining(100), -1);
+    forecast.advance(10, -1, 100);
+    EXPECT_EQ(forecast.remaining(100), -1) << "no pass has begun";
+    forecast.beginPass(200);
+    EXPECT_EQ(forecast.remaining(300), -1);
+    forecast.advance(0, -1, 400);
+    EXPECT_EQ(forecast.remaining(400), -1);
+}
+
+} // namespace
