@@ -1,6 +1,7 @@
 #include "Kestra/ClientAPI/EncoderQuery.h"
 #include "Kestra/Engine/Backend.h"
 #include "Kestra/Proc/FileCheck.h"
+#include "Kestra/Proc/LibraryVersions.h"
 #include "Kestra/Proc/Segmenter.h"
 
 namespace Kestra {
@@ -23,6 +24,10 @@ std::string EncoderQuery::WhyNotMuxerOption(const std::string& container, const 
 
 Proc::CheckedFile Proc::CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) {
     return Backend().CheckFile(path, interrupted);
+}
+
+std::vector<Proc::LibraryVersion> Proc::GetLibraryVersions() {
+    return Backend().GetLibraryVersions();
 }
 
 boost::intrusive_ptr<Proc::IStreamRaw> Proc::CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,

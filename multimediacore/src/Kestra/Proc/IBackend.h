@@ -5,6 +5,7 @@
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/FileCheck.h"
 #include "Kestra/Proc/IStreamRaw.h"
+#include "Kestra/Proc/LibraryVersions.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include <memory>
 
@@ -39,6 +40,8 @@ public:
                                      bool exactRate) = 0;
     virtual std::string WhyNotMuxerOption(const std::string& container, const std::string& name,
                                           const std::string& value) = 0;
+
+    virtual std::vector<LibraryVersion> GetLibraryVersions() = 0;
 
     virtual void SetLogLevel(LogLevel level) noexcept = 0;
     virtual void SetLogReceiver(void (*receiver)(const std::string& line)) noexcept = 0;

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Av/EngineLog.h"
 #include "Kestra/FF/Av/LargestAllocation.h"
+#include "Kestra/FF/Av/LibraryVersions.h"
 #include "Kestra/FF/Data/DataVideoFFFactory.h"
 #include "Kestra/FF/Demux/FileCheck.h"
 #include "Kestra/FF/Encode/CodecFactory.h"
@@ -45,6 +46,8 @@ public:
                                   const std::string& value) override {
         return FF::WhyNotMuxerOption(container, name, value);
     }
+
+    std::vector<Proc::LibraryVersion> GetLibraryVersions() override { return FF::GetLibraryVersions(); }
 
     void SetLogLevel(Proc::LogLevel level) noexcept override { FF::SetLogLevel(level); }
     void SetLogReceiver(void (*receiver)(const std::string& line)) noexcept override { FF::SetLogReceiver(receiver); }
