@@ -17,6 +17,9 @@ public:
     /// Why the user's own presets are left out; empty when they are not, or when there are none.
     const std::string& warning() const { return storage.warning(); }
 
+    /// As PresetStorage::faultOf().
+    std::string faultOf(const std::string& ownPresets) const { return storage.faultOf(Kestra::ioPath(ownPresets)); }
+
     /// Every id once, in catalogue order.
     const std::vector<std::string>& ids() const { return known; }
     std::vector<std::string> tags() const;

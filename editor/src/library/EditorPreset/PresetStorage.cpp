@@ -17,17 +17,20 @@ const Catalogue::Tag* findTag(const Catalogue& catalogue, const std::string& nam
     return found == catalogue.tags.end() ? nullptr : &*found;
 }
 
-/// Lays the user's own presets over the installed ones. Returns why they were left out; empty when they were not.
-std::string overlayOwn(Catalogue& catalogue) {
-    const QString own = Settings::userPresetFilePath();
-    if (!QFileInfo::exists(own))
-        return {};
+/// Lays presets over the installed ones. Returns why they were left out; empty when they were not.
+std::string overlay(const QString& own, Catalogue& catalogue) {
     try {
         catalogue = EditorPreset::readOverlay(own, catalogue, PresetStorage::TAG_OWN_PRESETS);
         return {};
     } catch (const Kestra::Exception& refusal) {
-        return std::string("Your own presets are left out: ") + refusal.what();
+        return refusal.what();
     }
+}
+
+std::string overlayUsersOwn(Catalogue& catalogue) {
+    const QString own = Settings::userPresetFilePath();
+    const std::string fault = QFileInfo::exists(own) ? overlay(own, catalogue) : std::string();
+    return fault.empty() ? fault : "Your own presets are left out: " + fault;
 }
 
 } // namespace
@@ -37,7 +40,7 @@ const char* const PresetStorage::TAG_OWN_PRESETS = "own-presets";
 bool PresetStorage::loadPresets(const Kestra::ioPath& path) {
     try {
         Catalogue read = EditorPreset::readCatalogue(QString::fromStdString(path.ToUtf8()));
-        ownError = overlayOwn(read);
+        ownError = overlayUsersOwn(read);
         catalogue = std::move(read);
     } catch (const Kestra::Exception& refusal) {
         error = refusal.what();
@@ -45,6 +48,11 @@ bool PresetStorage::loadPresets(const Kestra::ioPath& path) {
     }
     error.clear();
     return true;
+}
+
+std::string PresetStorage::faultOf(const Kestra::ioPath& ownPresets) const {
+    Catalogue copy = catalogue;
+    return overlay(QString::fromStdString(ownPresets.ToUtf8()), copy);
 }
 
 std::deque<std::string> PresetStorage::tags() const {

@@ -28,6 +28,10 @@ public:
     /// reason"; empty when it did not.
     const std::string& warning() const { return ownError; }
 
+    /// Why a file of own presets could not be laid over what has been loaded, "file: /json/pointer: reason"; empty when
+    /// it could. Changes nothing.
+    std::string faultOf(const Kestra::ioPath& ownPresets) const;
+
     /// In catalogue order.
     std::deque<std::string> tags() const;
     /// Row of the tag's default preset; 0 for a tag that is none.
