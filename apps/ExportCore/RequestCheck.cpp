@@ -2,6 +2,7 @@
 
 #include "Export/PresetProvider.h"
 #include "ExportCore/NameList.h"
+#include "ExportCore/NearFiles.h"
 #include "ExportCore/NearNames.h"
 #include "ExportCore/OutputExtension.h"
 #include "ExportCore/PresetCatalogue.h"
@@ -28,6 +29,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using Kestra::ClientAPI::ContainerLimits;
+
+/// Why the last look at a path failed, and what may have been meant where it leads nowhere.
+std::string whyNot(const QByteArray& path) {
+    const int error = errno;
+    return std::strerror(error) + (error == ENOENT ? NearFiles::question(path) : std::string());
+}
 
 [[noreturn]] void refuse(const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
     Kestra::ThrowFrom(Refusal(what), place);
@@ -89,7 +96,7 @@ void checkInput(const QString& input) {
     const QByteArray path = input.toUtf8();
     const auto state = stateOf(path);
     if (!state)
-        refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
+        refuse("Cannot read " + quoted(path) + ": " + whyNot(path));
     // A timeline may be a folder: who reads it tells what is wrong with it.
     const bool isTimeline = TimelineOpening::isTimeline(path.toStdString());
     if (const char* kind = kindOf(state->st_mode); kind && !(isTimeline && S_ISDIR(state->st_mode)))
@@ -114,7 +121,7 @@ QByteArray resolved(const QByteArray& path) {
 void checkFolder(const QByteArray& folder, const QByteArray& output) {
     const auto state = stateOf(folder);
     if (!state)
-        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno));
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + whyNot(folder));
     if (!S_ISDIR(state->st_mode))
         refuse("Cannot write " + quoted(output) + ": " + quoted(folder) + " is not a folder");
     if (!allows(folder, W_OK | X_OK))
@@ -195,13 +202,17 @@ bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
     });
 }
 
-OutputTarget RequestCheck::output(const ExportRequest& request) {
-    const QByteArray output = request.outputPath.toUtf8();
-    if (output.isEmpty())
+void RequestCheck::outputIsNamed(const ExportRequest& request) {
+    if (request.outputPath.isEmpty())
         refuse("No output file was given");
-    if (output == "-")
+    if (request.outputPath == QLatin1String("-"))
         refuse("Cannot write \"-\": standard output is no place for an export, which is a file that is checked when it "
                "is complete");
+}
+
+OutputTarget RequestCheck::output(const ExportRequest& request) {
+    outputIsNamed(request);
+    const QByteArray output = request.outputPath.toUtf8();
     OutputTarget target;
     target.replace = request.overwrite;
     if (const auto state = stateOf(output)) {

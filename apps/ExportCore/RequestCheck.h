@@ -17,6 +17,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
     /// Each a regular file, or a timeline's folder, that can be read and is not empty; at least one, and a timeline
     /// alone.
     static void inputs(const QStringList& inputs);
+    /// The output has a name, and it is not that of standard output.
+    static void outputIsNamed(const ExportRequest& request);
     /// Not one of the inputs (through links neither), not standard output, and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
     /// The output is none of those files of a timeline, and no picture of those sequences, through links neither.
