@@ -1,7 +1,6 @@
 #include "ExportCore/ExportFacts.h"
 
 #include "ExportCore/ExpectedFile.h"
-#include "Kestra/Proc/FileCheck.h"
 #include "Types/Time.h"
 #include <algorithm>
 
@@ -11,6 +10,7 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
     ExportFacts facts;
     facts.path = path;
     facts.sizeBytes = file.size;
+    facts.streams = file.streams;
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     facts.durationMs = Types::fromAvTime(length).milliseconds();
     for (const Kestra::Proc::CheckedStream& stream : file.streams) {

@@ -1,12 +1,10 @@
 // ExportCore::ExportFacts: what is known of a finished file.
 #pragma once
 
+#include "Kestra/Proc/FileCheck.h"
 #include <QString>
 #include <string>
-
-namespace Kestra::Proc {
-struct CheckedFile;
-}
+#include <vector>
 
 namespace ExportCore {
 
@@ -27,6 +25,7 @@ struct ExportFacts {
     std::string audioCodec; ///< empty without sound
     int sampleRate = 0;
     int channels = 0;
+    std::vector<Kestra::Proc::CheckedStream> streams; ///< each as it was found
     qint64 elapsedMs = 0;
     double speed = 0; ///< seconds of media a second
 };

@@ -33,10 +33,13 @@ ExportJob::ExportJob(ExportRequest request, QObject* parent)
     : QObject(parent)
     , request(std::move(request))
     , watchdog(this->request.limits, this)
-    , conclusion(this) {
+    , conclusion(this)
+    , trial(this) {
     connect(&watchdog, &Watchdog::stalled, this, &ExportJob::onStalled);
     conclusion.setSingleShot(true);
     connect(&conclusion, &QTimer::timeout, this, &ExportJob::conclude);
+    trial.setSingleShot(true);
+    connect(&trial, &QTimer::timeout, this, &ExportJob::onTrialEnded);
 }
 
 ExportJob::~ExportJob() {
@@ -75,6 +78,7 @@ void ExportJob::prepare() {
         return;
     attempt([this] {
         RequestCheck::ranges(request);
+        RequestCheck::outputIsNamed(request);
         OutroPictures::require(request.brandingName);
         selectPreset();
         openInputs();
@@ -209,6 +213,7 @@ void ExportJob::beginTranscoding() {
     if (!transcoder->initialize(data, error))
         KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::InvalidArgument, error.toStdString()));
     expect();
+    plan();
     noteProgramme();
 }
 
@@ -301,33 +306,6 @@ void ExportJob::expectOutro() {
 void ExportJob::countFrames() {
     if (expected.hasVideo)
         expected.frames = Kestra::TimeToFrames(expected.videoDuration, provider->frameRate(&project->video()));
-}
-
-void ExportJob::onStarted() {
-    if (state == JobState::Ending) // a later pass
-        return watchdog.expect(Watchdog::Wait::Stop);
-    if (state != JobState::Starting && state != JobState::Running)
-        return;
-    watchdog.expect(Watchdog::Wait::Progress);
-    if (state == JobState::Running)
-        return;
-    enter(JobState::Running);
-    Q_EMIT started();
-}
-
-void ExportJob::onProgress(int percent, KTime remaining) {
-    if (state != JobState::Running)
-        return;
-    watchdog.expect(Watchdog::Wait::Progress);
-    ExportProgress progress;
-    progress.percent = percent;
-    progress.elapsedMs = clock.elapsed();
-    progress.remainingMs = remaining < KTime(0) ? -1 : remaining.milliseconds();
-    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
-    if (progress.elapsedMs > 0)
-        progress.speed = static_cast<double>(length) / Kestra::TICKS_PER_MILLISECOND * percent / 100.0 /
-                         static_cast<double>(progress.elapsedMs);
-    Q_EMIT progressChanged(progress);
 }
 
 void ExportJob::onFailed(const ProcessingError& error) {

@@ -6,8 +6,10 @@
 #include "ExportCore/ExpectedFile.h"
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
+#include "ExportCore/FileGrowth.h"
 #include "ExportCore/JobState.h"
 #include "ExportCore/PresetEdit.h"
+#include "ExportCore/RunForecast.h"
 #include "ExportCore/Watchdog.h"
 #include "ExportCoreExport.h"
 #include <QByteArray>
@@ -101,8 +103,14 @@ private:
     void countFrames();
     Types::Range snappedExportRange() const;
 
+    void plan();
+    std::vector<ExportPlan::Stream> plannedStreams() const;
+    void requireRoom() const;
+    void onTrialEnded();
+
     void onStarted();
     void onProgress(int percent, KTime remaining);
+    void endRunning(ExportOutcome::Status status);
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
     void breakOff(bool started);
@@ -158,8 +166,12 @@ private:
     std::unique_ptr<FileCheckTask> check;
     Watchdog watchdog;
     QTimer conclusion;
+    QTimer trial; ///< of a run that is not to be made: how long it is tried
     QElapsedTimer clock;
     ExpectedFile expected;
+    std::optional<RunForecast> forecast;
+    std::optional<FileGrowth> growth;
+    qint64 startedAt = 0; ///< by the clock
     ExportOutcome outcome;
     JobState state = JobState::Made;
     /// What ends the run before its file is done, the first cause; none while all is well.

@@ -30,13 +30,9 @@ using Kestra::Proc::TranscodingError;
 void ExportJob::stop() {
     if (state == JobState::Ended || verdict)
         return;
+    if (state == JobState::Running)
+        return endRunning(ExportOutcome::Status::Stopped);
     verdict = ExportOutcome::Status::Stopped;
-    if (state == JobState::Running) {
-        enter(JobState::Ending);
-        watchdog.expect(Watchdog::Wait::Stop);
-        transcoder->stop();
-        return;
-    }
     // A run that has not started cannot be stopped, only destroyed.
     if (!interruptTask())
         concludeLater();
@@ -185,7 +181,7 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
         const std::string hung = whatHangs();
         error = ProcessingError(error.GetCode(), whatStalled(wait) + (hung.empty() ? "" : ": " + hung));
     });
-    if (verdict == ExportOutcome::Status::Stopped)
+    if (verdict == ExportOutcome::Status::Stopped || verdict == ExportOutcome::Status::Planned)
         stall = std::move(error);
     else
         setFailure(std::move(error), ExportOutcome::Status::Failed);
@@ -220,7 +216,7 @@ void ExportJob::tellHungReads() {
     const std::string hung = hungReads();
     if (hung.empty())
         return;
-    if (verdict != ExportOutcome::Status::Stopped)
+    if (verdict != ExportOutcome::Status::Stopped && verdict != ExportOutcome::Status::Planned)
         outcome.warnings << QString::fromStdString(hung);
     else
         stall = ProcessingError(TranscodingError::Stalled, hung);
@@ -243,6 +239,10 @@ void ExportJob::conclude() {
         gather();
     } catch (...) { // nobody else ends this run: nothing is waited for any more
         setFailure(std::current_exception());
+    }
+    if (!verdict && request.dryRun) {
+        outcome.plan->exportMs = clock.elapsed() - startedAt;
+        verdict = ExportOutcome::Status::Planned;
     }
     if (!verdict && checkFile())
         return;
@@ -339,7 +339,7 @@ void ExportJob::concludeCommitted() {
     if (!finishedFile->folderSynced)
         outcome.warnings << tr("The folder of the finished file could not be brought to the disk");
     if (finishedFile->factsKnown)
-        outcome.facts = finishedFile->facts;
+        outcome.facts = std::move(finishedFile->facts); // without taking memory
     ExportFacts& facts = outcome.facts;
     facts.elapsedMs = clock.elapsed();
     if (facts.elapsedMs > 0)

@@ -27,6 +27,10 @@ struct ExportRequest {
     QString outputPath;
     /// Whether a file that stands at outputPath may be replaced.
     bool overwrite = false;
+    /// Nothing is made: all is checked that can be checked before, the encoders are opened, the export is tried for
+    /// some seconds to see how long it takes, and where a size is known to be too large for the disk it fails. An
+    /// unfinished file is made and removed.
+    bool dryRun = false;
     /// The part of the inputs to export, as CutPoints reads it; what is left open is their start and their end.
     std::optional<TimePoint> in;
     std::optional<TimePoint> out;

@@ -1,5 +1,6 @@
 #include "ExportCore/OutputOpening.h"
 
+#include "ExportCore/FreeSpace.h"
 #include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/RequestCheck.h"
@@ -17,6 +18,7 @@ OutputOpening::OutputOpening(const std::shared_ptr<Made>& made, const ExportRequ
               // The inputs may have taken long to open: what stands at the output now is what counts.
               const OutputTarget target = RequestCheck::output(request);
               LeftoverSweep::run(target.folder);
+              made->freeBytes = FreeSpace::beside(QString::fromUtf8(target.path));
               if (!interrupted)
                   made->transaction = std::make_shared<OutputTransaction>(target, extension);
           },

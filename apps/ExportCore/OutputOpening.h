@@ -5,6 +5,7 @@
 #include "ExportCore/ExportRequest.h"
 #include <QByteArray>
 #include <memory>
+#include <optional>
 
 namespace ExportCore {
 
@@ -19,11 +20,14 @@ public:
 
     /// After finished() without an error; null from then on.
     std::shared_ptr<OutputTransaction> take() { return std::move(made->transaction); }
+    /// After finished() without an error; as FreeSpace::beside().
+    std::optional<qint64> freeBytes() const { return made->freeBytes; }
 
 private:
     /// The thread's alone until it has finished. A thread that was left removes what it made.
     struct Made {
         std::shared_ptr<OutputTransaction> transaction;
+        std::optional<qint64> freeBytes;
     };
 
     OutputOpening(const std::shared_ptr<Made>& made, const ExportRequest& request, const QByteArray& extension,

@@ -10,6 +10,15 @@ namespace Cli {
 /// with the program's name in front, or, once that has been asked for, an object.
 struct ErrorOutput {
     static void useJson();
+    /// Where lines go from now on: a descriptor, which stays the caller's.
+    static void useDescriptor(int descriptor);
+    /// Warnings, notes and what libraries log are not said; errors are.
+    static void beQuiet();
+    /// What libraries log is not said, though it may be kept.
+    static void keepLogsOut();
+    /// Every line is kept at the end of that file, too, with the time in front; libraries' lines included. False, with
+    /// the reason in errno, when it cannot be opened.
+    static bool keepIn(const std::string& path);
 
     /// For an end without an outcome: wrong usage, or standard output that cannot be written. As JSON "refused" or
     /// "failed". `path` is the file that it is about, as it was given; empty where it is about none.
@@ -20,6 +29,14 @@ struct ErrorOutput {
     /// What libraries log, in lines of their own.
     static void log(const std::string& line);
     static void print(const QJsonObject& object);
+    /// The object, or the sentence.
+    static void tellJob(const QJsonObject& object, const std::string& what);
+    /// A line without anything in front.
+    static void line(const std::string& text);
+
+    /// The last line of a terminal, which is written again and again: lines go above it. Shows as much of it as the
+    /// terminal is wide; empty takes it away.
+    static void showStatus(const std::string& text);
 
     ErrorOutput() = delete;
 };

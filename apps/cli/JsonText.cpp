@@ -1,6 +1,6 @@
 #include "cli/JsonText.h"
 
-#include <QJsonArray>
+#include "Types/Time.h"
 #include <QJsonDocument>
 
 namespace Cli {
@@ -8,6 +8,7 @@ namespace {
 
 using ExportCore::ExportFacts;
 using ExportCore::ExportOutcome;
+using ExportCore::ExportPlan;
 
 QString typeOf(ExportOutcome::Status status) {
     switch (status) {
@@ -17,6 +18,8 @@ QString typeOf(ExportOutcome::Status status) {
         return key("refused");
     case ExportOutcome::Status::Failed:
         return key("failed");
+    case ExportOutcome::Status::Planned:
+        return key("planned");
     case ExportOutcome::Status::Stopped:
         break;
     }
@@ -38,6 +41,52 @@ void addFacts(QJsonObject& object, const ExportFacts& facts) {
         object.insert(key("audio"), QJsonObject{{key("codec"), QString::fromStdString(facts.audioCodec)},
                                                 {key("sampleRate"), facts.sampleRate},
                                                 {key("channels"), facts.channels}});
+}
+
+QJsonObject objectOf(const ExportPlan::Stream& stream, qint64 frames) {
+    const bool isPicture = stream.kind == ExportPlan::Stream::Kind::Video;
+    QJsonObject object{{key("kind"), key(isPicture ? "video" : "audio")},
+                       {key("codec"), QString::fromStdString(stream.codec)}};
+    if (isPicture) {
+        object.insert(key("width"), stream.width);
+        object.insert(key("height"), stream.height);
+        object.insert(key("frameRate"), fractionText(stream.frameRate));
+        object.insert(key("frames"), frames);
+    } else {
+        object.insert(key("sampleRate"), stream.sampleRate);
+        object.insert(key("channels"), stream.channels);
+    }
+    if (!stream.profile.empty())
+        object.insert(key("profile"), QString::fromStdString(stream.profile));
+    if (stream.bitrateBps > 0)
+        object.insert(key("bitrate"), stream.bitrateBps);
+    if (stream.quality > 0)
+        object.insert(key("quality"), stream.quality);
+    return object;
+}
+
+QJsonObject objectOf(const Kestra::Proc::CheckedStream& stream) {
+    using Kind = Kestra::Proc::CheckedStream::Kind;
+    const auto milliseconds = [](std::int64_t time) { return Types::fromAvTime(time).milliseconds(); };
+    QJsonObject object{{key("kind"), key(stream.kind == Kind::Video   ? "video"
+                                         : stream.kind == Kind::Audio ? "audio"
+                                                                      : "other")},
+                       {key("codec"), QString::fromStdString(stream.codec)},
+                       {key("packets"), static_cast<qint64>(stream.packets)},
+                       {key("startMs"), milliseconds(stream.start)},
+                       {key("endMs"), milliseconds(stream.end)}};
+    if (stream.kind == Kind::Video) {
+        object.insert(key("width"), static_cast<int>(stream.frame.width));
+        object.insert(key("height"), static_cast<int>(stream.frame.height));
+    } else if (stream.kind == Kind::Audio) {
+        object.insert(key("sampleRate"), stream.sampleRate);
+        object.insert(key("channels"), stream.channels);
+    }
+    return object;
+}
+
+QJsonValue knownOr(qint64 value) {
+    return value < 0 ? QJsonValue() : QJsonValue(value);
 }
 
 QJsonArray remarks(const QStringList& sentences, const QHash<QString, QString>& paths) {
@@ -62,10 +111,35 @@ std::string jsonLine(const QJsonObject& object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
 }
 
+QJsonObject planObject(const ExportPlan& plan) {
+    QJsonArray streams;
+    for (const ExportPlan::Stream& stream : plan.streams)
+        streams.append(objectOf(stream, plan.estimate.frames));
+    return {{key("output"), plan.path},
+            {key("preset"), QString::fromStdString(plan.preset)},
+            {key("container"), QString::fromStdString(plan.container)},
+            {key("passes"), plan.passes},
+            {key("streams"), streams},
+            {key("durationMs"), plan.estimate.duration.milliseconds()},
+            {key("sizeBytes"), plan.estimate.sizeBytes},
+            {key("sizeIsRough"), plan.estimate.rough},
+            {key("freeBytes"), knownOr(plan.freeBytes.value_or(-1))},
+            {key("exportMs"), knownOr(plan.exportMs)}};
+}
+
+QJsonArray streamsOf(const ExportFacts& facts) {
+    QJsonArray streams;
+    for (const Kestra::Proc::CheckedStream& stream : facts.streams)
+        streams.append(objectOf(stream));
+    return streams;
+}
+
 QJsonObject outcomeObject(const ExportOutcome& outcome) {
     QJsonObject object{{key("type"), typeOf(outcome.status)}};
     if (outcome.status == ExportOutcome::Status::Done)
         addFacts(object, outcome.facts);
+    if (outcome.status == ExportOutcome::Status::Planned)
+        object.insert(key("plan"), planObject(*outcome.plan));
     // A run that was stopped has one when something in it hung.
     if (!outcome.error.GetDescription().empty()) {
         object.insert(key("error"), QString::fromUtf8(Kestra::Proc::TranscodingErrorToString(outcome.error.GetCode())));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ExportCore/ExportOutcome.h"
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 #include <boost/rational.hpp>
@@ -16,7 +17,11 @@ inline QString key(const char* text) {
 QString fractionText(const boost::rational<long long>& value);
 /// The object on one line, UTF-8, without a line end.
 std::string jsonLine(const QJsonObject& object);
-/// "type" is "done", "refused", "failed" or "stopped".
+/// What is going to be made. Unknown is null.
+QJsonObject planObject(const ExportCore::ExportPlan& plan);
+/// The streams that were found in the finished file.
+QJsonArray streamsOf(const ExportCore::ExportFacts& facts);
+/// "type" is "done", "refused", "failed", "stopped" or "planned".
 QJsonObject outcomeObject(const ExportCore::ExportOutcome& outcome);
 
 } // namespace Cli

@@ -6,11 +6,11 @@
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
 #include "cli/PresetText.h"
+#include "cli/Terminal.h"
 #include <QJsonArray>
 #include <algorithm>
 #include <cstdio>
 #include <limits>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace Cli {
@@ -59,9 +59,8 @@ std::string markedIds(const std::string& tag, const PresetCatalogue& catalogue) 
 
 /// Of standard output, where it is a terminal.
 std::size_t columns() {
-    winsize size = {};
-    const bool isTerminal = isatty(STDOUT_FILENO) && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isTerminal ? size.ws_col : std::numeric_limits<std::size_t>::max();
+    const auto known = Terminal::columns(STDOUT_FILENO);
+    return known ? static_cast<std::size_t>(*known) : std::numeric_limits<std::size_t>::max();
 }
 
 void printLines(const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
@@ -120,6 +119,13 @@ QJsonObject listOf(const Options& options, const std::vector<std::string>& ids, 
 }
 
 } // namespace
+
+int describePresets(const Options& options) {
+    const PresetCatalogue catalogue;
+    for (const std::string& name : options.described == "tags" ? catalogue.tags() : catalogue.ids())
+        std::printf("%s\n", name.c_str());
+    return EXIT_DONE;
+}
 
 int listPresets(const Options& options) {
     const PresetCatalogue catalogue;

@@ -1,62 +1,23 @@
 #include "cli/Options.h"
 
 #include "ExportCore/NearNames.h"
-#include "ExportCore/PresetSettings.h"
-#include "ExportCore/TimeText.h"
+#include "ExportCore/Refusal.h"
+#include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
-#include <CLI/CLI.hpp>
+#include "cli/HelpText.h"
+#include "cli/ManPage.h"
+#include "cli/Terminal.h"
 #include <QString>
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
+#include <cstring>
 #include <map>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
 namespace Cli {
 namespace {
-
-const char* const EXIT_CODES =
-    "Exit codes: 0 done, 1 the export failed, 2 wrong usage or bad input, 130 or 143 stopped by a signal.";
-
-const std::map<std::string, ProgressStyle>& progressStyles() {
-    static const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
-                                                             {"bar", ProgressStyle::Bar},
-                                                             {"plain", ProgressStyle::Plain},
-                                                             {"json", ProgressStyle::Json},
-                                                             {"none", ProgressStyle::None}};
-    return styles;
-}
-
-/// CLI11 hands a check the text and takes an error message back; empty is good.
-std::string checkProgress(const std::string& text) {
-    return progressStyles().count(text) != 0 ? std::string()
-                                             : '"' + text + "\" is none of auto, bar, plain, json, none";
-}
-
-std::string checkTime(const std::string& text) {
-    return ExportCore::TimeText::parsePoint(text) ? std::string()
-                                                  : '"' + text + "\" is no time; write " + ExportCore::TimeText::FORMS;
-}
-
-std::string checkAudio(const std::string& text) {
-    return ExportCore::TrackOptions().chooseSound(text)
-               ? std::string()
-               : '"' + text + "\" is no sound track; write its number, its language (as in eng or en), all or none";
-}
-
-constexpr int LARGEST_LIMIT = 1'000'000;
-
-std::string checkLimit(const std::string& text) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool whole = error == std::errc() && end == text.data() + text.size();
-    return whole && number >= 1 && number <= LARGEST_LIMIT
-               ? std::string()
-               : '"' + text + "\" is no whole number from 1 to " + std::to_string(LARGEST_LIMIT);
-}
 
 bool stands(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
@@ -65,222 +26,6 @@ bool stands(const std::string& path) {
 bool isUtf8(const std::string& text) {
     return QString::fromStdString(text).toStdString() == text;
 }
-
-std::string settingsText() {
-    std::string text = std::string("Times are ") + ExportCore::TimeText::FORMS + ".\n\nSettings (--set KEY=VALUE):\n";
-    for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys()) {
-        std::string head = std::string("  ") + key.name + '=' + key.value;
-        head.resize(std::max<std::size_t>(head.size() + 1, 24), ' ');
-        text += head + key.meaning + '\n';
-    }
-    return text + '\n' + EXIT_CODES;
-}
-
-constexpr double BELOW_FULL_SCALE = 0.891; // -1 dB
-
-/// The parser and the texts that it fills.
-class Parser {
-public:
-    explicit Parser(Options& options)
-        : options(options) {
-        app.require_subcommand(1);
-        app.set_version_flag("--version", std::string("editor-export ") + EDITOREXPORT_VERSION);
-        app.add_flag("-v,--verbose", options.verbose, "Write logs to standard error");
-        app.footer(EXIT_CODES);
-        addRender();
-        addPresets();
-        addInfo();
-        addValidate();
-    }
-
-    /// `words` without the program's own name.
-    void parse(std::vector<std::string> words) {
-        std::reverse(words.begin(), words.end()); // as the library wants them
-        app.parse(std::move(words));
-        options.command = presets->parsed()    ? Options::Command::Presets
-                          : info->parsed()     ? Options::Command::Info
-                          : validate->parsed() ? Options::Command::Validate
-                                               : Options::Command::Render;
-        options.in = ExportCore::TimeText::parsePoint(inText);
-        options.out = ExportCore::TimeText::parsePoint(outText);
-        options.duration = ExportCore::TimeText::parsePoint(durationText);
-        options.progress = progressStyles().at(progressText);
-        if (missingText == "black")
-            options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
-        if (pitchText == "moved")
-            options.timelines.sound.pitch = Kestra::Proc::Pitch::Moved;
-        if (limiter)
-            options.timelines.sound.ceiling = BELOW_FULL_SCALE;
-        if (!audioText.empty())
-            options.tracks.chooseSound(audioText);
-        options.tracks.picture = videoText != "none";
-        options.tracks.metadata = metadataText != "none";
-        options.tracks.subtitles = subtitlesText != "none";
-        options.mediaLimits.pictureBytes = pictureMebibytes << 20;
-        if (options.command == Options::Command::Render && output->count() == 0)
-            takeOutput();
-    }
-
-    int print(const CLI::ParseError& error) { return app.exit(error); }
-    std::string help() const { return app.help(); }
-
-private:
-    /// The last of several names is the output, where no such file stands.
-    void takeOutput() {
-        const std::string last = options.inputs.back();
-        const std::string missing = "no output file was given; name it behind the inputs or with --output";
-        if (options.inputs.size() < 2)
-            throw CLI::ValidationError(missing);
-        if (stands(last))
-            throw CLI::ValidationError(missing + " (\"" + last +
-                                       "\" is a file already: to replace it, write --output \"" + last +
-                                       "\" --overwrite)");
-        options.output = last;
-        options.inputs.pop_back();
-    }
-
-    void addRender() {
-        render = app.add_subcommand("render", "Export media files, one after the other, or a timeline to one file");
-        render->fallthrough();
-        addInputs(*render);
-        addTimelines(*render);
-        render
-            ->add_option("--missing", missingText, "What media of a timeline that are missing become: refused or black")
-            ->type_name("WHAT")
-            ->check(CLI::IsMember({"refused", "black"}))
-            ->capture_default_str();
-        render
-            ->add_option("--pitch", pitchText, "Of a timeline's sound at another speed: kept, or moved with the speed")
-            ->type_name("WHAT")
-            ->check(CLI::IsMember({"kept", "moved"}))
-            ->capture_default_str();
-        render->add_flag("--limiter", limiter,
-                         "Turn peaks of a timeline's mix down that go beyond -1 dB of full scale");
-        render
-            ->add_option("-p,--preset", options.preset,
-                         "Id of the preset, or a tag for its default (see presets); by default the output's extension "
-                         "tells")
-            ->type_name("ID");
-        output = render->add_option(
-            "-o,--output", options.output,
-            "The file to write; by default the last of several INPUTs, unless that is a file already");
-        output->type_name("FILE");
-        addTracks();
-        addChanges();
-        render->add_flag("--overwrite", options.overwrite, "Replace the output when it exists");
-        render->add_option("--progress", progressText, "auto, bar, plain, json (one object a line) or none")
-            ->type_name("STYLE")
-            ->check(checkProgress);
-        render->footer(settingsText());
-    }
-
-    /// Which of the inputs' tracks, and what of their descriptions, the file takes.
-    void addTracks() {
-        render
-            ->add_option("--audio", audioText,
-                         "The sound track: its number, as info lists it, or its language; none; all, where there is "
-                         "one; by default the inputs' own choice")
-            ->type_name("TRACK")
-            ->check(checkAudio);
-        const auto addSwitch = [this](const char* name, std::string& text, const char* what) {
-            render->add_option(name, text, what)
-                ->type_name("WHAT")
-                ->check(CLI::IsMember({"kept", "none"}))
-                ->capture_default_str();
-        };
-        addSwitch("--video", videoText, "The picture: kept or none");
-        addSwitch("--metadata", metadataText,
-                  "Title, tags, chapters, languages, cover: kept, as far as the file can hold them, or none");
-        addSwitch("--subtitles", subtitlesText, "Subtitles of text: kept, where the file can hold them, or none");
-    }
-
-    /// What makes the file other than preset and inputs do.
-    void addChanges() {
-        render->add_option("--quality", options.quality, "One of the preset's qualities (see presets)")
-            ->type_name("NAME");
-        render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once")
-            ->type_name("KEY=VALUE")
-            ->allow_extra_args(false);
-        render->add_option("--in", inText, "Where to begin")->type_name("TIME")->check(checkTime);
-        render->add_option("--out", outText, "Where to end")->type_name("TIME")->check(checkTime);
-        render->add_option("--duration", durationText, "How long it lasts, from --in on or up to --out")
-            ->type_name("TIME")
-            ->check(checkTime);
-        render->add_option("--branding", options.branding, "Append this outro (demo); none by default")
-            ->type_name("NAME");
-    }
-
-    void addInputs(CLI::App& command) {
-        command.add_option("INPUT", options.inputs, "Files")->required()->type_name("");
-        command
-            .add_option("--max-picture", pictureMebibytes, "How large a picture of an input may be in memory, in MiB")
-            ->type_name("MIB")
-            ->check(checkLimit)
-            ->capture_default_str();
-        command.add_option("--max-tracks", options.mediaLimits.tracks, "How many tracks an input may have")
-            ->type_name("N")
-            ->check(checkLimit)
-            ->capture_default_str();
-    }
-
-    void addPresets() {
-        presets = app.add_subcommand("presets", "List the presets, or show some of them whole");
-        presets->fallthrough();
-        presets->add_option("ID", options.inputs, "Presets to be shown whole")->type_name("");
-        presets->add_option("--tag", options.tag, "Only those of this tag")->type_name("NAME");
-        presets->add_flag("--tags", options.listTags, "The tags, each with its presets");
-        presets->add_flag("--json", options.json, "As JSON");
-        presets->footer(std::string("An asterisk marks a tag's default preset.\n\n") + EXIT_CODES);
-    }
-
-    void addInfo() {
-        info = app.add_subcommand("info", "Say what media files and timelines hold");
-        info->fallthrough();
-        addInputs(*info);
-        addTimelines(*info);
-        info->add_flag("--json", options.json, "As JSON");
-    }
-
-    void addValidate() {
-        validate = app.add_subcommand("validate", "Say what is wrong with timelines");
-        validate->fallthrough();
-        addInputs(*validate);
-        addTimelines(*validate);
-        validate->add_flag("--json", options.json, "As JSON");
-        validate->footer(std::string("Exit code 0 when they can be rendered as they are, else 2.\n\n") + EXIT_CODES);
-    }
-
-    void addTimelines(CLI::App& command) {
-        command
-            .add_option("--media-root", options.timelines.mediaRoot,
-                        "Where to look for media that are not in their place")
-            ->type_name("FOLDER");
-        command.add_option("--timeline", options.timelines.timeline, "Which timeline of a file that holds several")
-            ->type_name("NAME");
-        command.add_flag("--lenient", options.timelines.lenient,
-                         "Read newer versions of timelines as far as they are known");
-    }
-
-    Options& options;
-    CLI::App app{"Exports media files with the editor's presets.", "editor-export"};
-    CLI::App* render = nullptr;
-    CLI::App* presets = nullptr;
-    CLI::App* info = nullptr;
-    CLI::App* validate = nullptr;
-    CLI::Option* output = nullptr;
-    std::string inText;
-    std::string outText;
-    std::string durationText;
-    std::string progressText = "auto";
-    std::string missingText = "refused";
-    std::string pitchText = "kept";
-    std::string audioText;
-    std::string videoText = "kept";
-    std::string metadataText = "kept";
-    std::string subtitlesText = "kept";
-    bool limiter = false;
-    std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
-};
 
 /// The first word that is no option; empty where there is none.
 std::string commandOf(const std::vector<std::string>& words) {
@@ -301,8 +46,42 @@ bool meansRender(const std::vector<std::string>& words, const std::vector<std::s
            std::any_of(words.begin(), words.end(), isFileName);
 }
 
+/// Columns for help: on a terminal all that there are, up to what is read with ease.
+std::size_t columnsOf(int descriptor) {
+    constexpr int USUAL = 80, NARROWEST = 20, WIDEST = 110;
+    return static_cast<std::size_t>(std::clamp(Terminal::columns(descriptor).value_or(USUAL), NARROWEST, WIDEST));
+}
+
+/// The names of the options of the command that was chosen, and of the program.
+std::vector<std::string> optionNames(const CommandLine& line) {
+    std::vector<std::string> names;
+    const std::vector<std::string> chosen = line.chosen();
+    for (const CommandText& command : line.table())
+        if (command.words.size() <= chosen.size() &&
+            std::equal(command.words.begin(), command.words.end(), chosen.begin()))
+            for (const OptionText& option : command.options)
+                names.insert(names.end(), option.names.begin(), option.names.end());
+    return names;
+}
+
+/// What nobody took: options that are none, with those that may be meant.
+std::string reasonOf(const CLI::ExtrasError&, const CommandLine& line) {
+    std::string text;
+    for (const std::string& word : line.left()) {
+        const bool isOption = word.size() > 1 && word[0] == '-';
+        const std::string name = word.substr(0, word.find('='));
+        text += text.empty() ? "" : "; ";
+        text += isOption
+                    ? "there is no option \"" + name + '"' + ExportCore::NearNames::question(name, optionNames(line))
+                    : '"' + word + "\" was not expected";
+    }
+    return text;
+}
+
 /// The parser counts arguments aloud; people want to know what is wrong with theirs.
-std::string reasonOf(const CLI::ParseError& error) {
+std::string reasonOf(const CLI::ParseError& error, const CommandLine& line) {
+    if (const auto* extras = dynamic_cast<const CLI::ExtrasError*>(&error))
+        return reasonOf(*extras, line);
     std::string text = error.what();
     const std::size_t colon = text.find(':');
     if (colon == std::string::npos || !dynamic_cast<const CLI::ArgumentMismatch*>(&error))
@@ -329,7 +108,43 @@ bool asksForJson(int argc, char** argv) {
     return false;
 }
 
+/// For builds and for shells: not in the help.
+const char* const DESCRIBE = "--describe=";
+
+std::optional<Options> describe(const std::string& what, const CommandTable& table, int& exitCode) {
+    static const std::map<std::string, std::string (*)(const CommandTable&)> texts{
+        {"man", &manPage}, {"bash", &bashCompletion}, {"zsh", &zshCompletion}, {"fish", &fishCompletion}};
+    exitCode = EXIT_DONE;
+    if (const auto text = texts.find(what); text != texts.end()) {
+        std::fputs(text->second(table).c_str(), stdout);
+        return std::nullopt;
+    }
+    if (what == "presets" || what == "tags") {
+        Options options;
+        options.command = Options::Command::Describe;
+        options.described = what;
+        return options;
+    }
+    complain("nothing is called \"" + what + "\" that could be described");
+    exitCode = EXIT_BAD_INPUT;
+    return std::nullopt;
+}
+
 } // namespace
+
+Options Options::ofJob(const std::vector<std::string>& words) {
+    Options options;
+    CommandLine line(options);
+    options.words = words;
+    std::vector<std::string> all{"render"};
+    all.insert(all.end(), words.begin(), words.end());
+    try {
+        line.parse(std::move(all));
+    } catch (const CLI::ParseError& error) {
+        KESTRA_THROW(ExportCore::Refusal(reasonOf(error, line)));
+    }
+    return options;
+}
 
 std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
     if (asksForJson(argc, argv))
@@ -342,16 +157,19 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
         }
     }
     Options options;
-    Parser parser(options);
+    CommandLine line(options);
     if (argc <= 1) {
-        std::fputs(parser.help().c_str(), stderr);
+        std::fputs(HelpText::of(line.table(), {}, columnsOf(STDERR_FILENO)).c_str(), stderr);
         exitCode = EXIT_BAD_INPUT;
         return std::nullopt;
     }
-    const std::vector<std::string> commands{"render", "presets", "info", "validate"};
+    const std::vector<std::string> commands{"render", "queue", "presets", "info", "validate"};
     std::vector<std::string> words(argv + 1, argv + argc);
+    options.words = words;
     if (meansRender(words, commands))
         words.insert(words.begin(), commands.front());
+    if (words.size() == 1 && words[0].rfind(DESCRIBE, 0) == 0)
+        return describe(words[0].substr(std::strlen(DESCRIBE)), line.table(), exitCode);
     const std::string command = commandOf(words);
     if (!command.empty() && std::find(commands.begin(), commands.end(), command) == commands.end()) {
         complain("there is no command \"" + command + '"' + ExportCore::NearNames::question(command, commands));
@@ -359,15 +177,19 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
         return std::nullopt;
     }
     try {
-        parser.parse(std::move(words));
+        line.parse(std::move(words));
+        return options;
+    } catch (const CLI::CallForHelp&) {
+        std::fputs(HelpText::of(line.table(), line.chosen(), columnsOf(STDOUT_FILENO)).c_str(), stdout);
+        exitCode = EXIT_DONE;
+    } catch (const CLI::CallForVersion&) {
+        options.command = Command::Version;
         return options;
     } catch (const CLI::ParseError& error) {
-        const bool asked = error.get_exit_code() == 0;
-        exitCode = asked ? parser.print(error) : EXIT_BAD_INPUT;
-        if (!asked)
-            complain(reasonOf(error));
-        return std::nullopt;
+        complain(reasonOf(error, line));
+        exitCode = EXIT_BAD_INPUT;
     }
+    return std::nullopt;
 }
 
 } // namespace Cli

@@ -14,10 +14,13 @@ enum class ProgressStyle { Automatic, Bar, Plain, Json, None };
 
 /// A value. Strings are the bytes of the command line, checked to be UTF-8.
 struct Options {
-    enum class Command { Render, Presets, Info, Validate };
+    enum class Command { Render, Queue, Presets, PresetFiles, Info, Validate, Version, Describe };
 
     Command command = Command::Render;
+    std::vector<std::string> words; ///< all of them, as they were given, without the program's name
     bool verbose = false;
+    bool quiet = false; ///< errors alone are told
+    std::string log;    ///< a file that keeps all that is told; empty: none
     bool json = false;
 
     std::vector<std::string> inputs; ///< of presets their ids
@@ -31,13 +34,24 @@ struct Options {
     std::string branding; ///< empty: none
     ExportCore::TrackOptions tracks;
     bool overwrite = false;
+    bool dryRun = false;
+    bool each = false;  ///< every input is an export of its own into the folder `output`
+    std::string report; ///< a file to be written; empty: none
     Kestra::Proc::MediaLimits mediaLimits;
     ProgressStyle progress = ProgressStyle::Automatic;
 
+    std::string queueFile;
+    std::string described; ///< what Describe prints: "presets" or "tags"
+
+    enum class PresetAction { Export, Import, Validate, Diff };
+    PresetAction presetAction = PresetAction::Export;
     std::optional<std::string> tag;
     bool listTags = false;
 
     ExportCore::TimelineOptions timelines;
+
+    /// One job of a queue: the words behind "render". Throws ExportCore::Refusal.
+    static Options ofJob(const std::vector<std::string>& words);
 
     /// Reads the command line. Nothing when the program has to end at once, with `exitCode`: help or the version was
     /// asked for and has been printed, or the usage was wrong and one line on standard error says how.

@@ -1,6 +1,7 @@
 #include "cli/PresetText.h"
 
 #include "ExportCore/NameList.h"
+#include "ExportCore/Passes.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
@@ -8,6 +9,7 @@
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "cli/JsonText.h"
+#include "cli/OutcomeText.h"
 #include <cstdio>
 
 namespace Cli {
@@ -37,9 +39,7 @@ std::string numberText(double number) {
 }
 
 std::string bitrateText(std::int64_t bitsPerSecond) {
-    constexpr double KILO = 1e3, MEGA = 1e6;
-    const auto bits = static_cast<double>(bitsPerSecond);
-    return bits >= MEGA ? numberText(bits / MEGA) + " Mbit/s" : numberText(bits / KILO) + " kbit/s";
+    return OutcomeText::bitrate(bitsPerSecond);
 }
 
 /// Of the largest frame that the preset makes, or of 1080p where it keeps every size.
@@ -149,7 +149,7 @@ std::string qualityRows(const Preset& preset, const PresetCatalogue& catalogue) 
 } // namespace
 
 bool PresetText::runsTwoPasses(const Preset& preset) {
-    return preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != BitrateMode::Quality;
+    return ExportCore::Passes::of(preset).count > 1;
 }
 
 std::string PresetText::line(const Preset& preset, const PresetCatalogue& catalogue, std::size_t idWidth,

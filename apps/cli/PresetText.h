@@ -13,7 +13,6 @@ struct PresetText {
                             std::size_t columns);
     /// Several lines: what the preset does with a source, and what its qualities change.
     static std::string whole(const Preset& preset, const ExportCore::PresetCatalogue& catalogue);
-    /// By quality there is nothing to spread over two passes: the setting waits there for another bitrate mode.
     static bool runsTwoPasses(const Preset& preset);
 
     PresetText() = delete;

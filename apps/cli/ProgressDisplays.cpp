@@ -4,11 +4,8 @@
 #include "cli/ErrorOutput.h"
 #include "cli/JsonText.h"
 #include "cli/ProgressText.h"
+#include "cli/Terminal.h"
 #include <QElapsedTimer>
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace Cli {
@@ -27,39 +24,19 @@ public:
     void ended(const ExportOutcome&) override {}
 };
 
-/// It may change at any time.
-int terminalColumns() {
-    constexpr int usual = 80;
-    winsize size = {};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
-}
-
-/// One line that is written again and again.
+/// One line that is written again and again. The width of the terminal may change at any time.
 class Bar : public IProgressDisplay {
 public:
     void started() override { show(ExportProgress()); }
     void progress(const ExportProgress& progress) override { show(progress); }
-    void ended(const ExportOutcome&) override {
-        if (shown > 0)
-            std::fprintf(stderr, "\r%*s\r", std::min(static_cast<int>(shown), terminalColumns() - 1), "");
-    }
+    void ended(const ExportOutcome&) override { ErrorOutput::showStatus({}); }
 
 private:
-    void show(const ExportProgress& progress) {
-        // The last column stays free: a terminal that is written to its edge may go on to the next line.
-        const int columns = terminalColumns() - 1;
-        std::string line = progressBar(progress, columns);
-        const std::size_t length = line.size();
-        // Blanks over what is left of a longer line before.
-        const std::size_t covered = std::min(shown, static_cast<std::size_t>(std::max(columns, 0)));
-        if (length < covered)
-            line.append(covered - length, ' ');
-        shown = length;
-        std::fprintf(stderr, "\r%s", line.c_str());
-        std::fflush(stderr);
+    static void show(const ExportProgress& progress) {
+        constexpr int usual = 80;
+        // The last column stays free.
+        ErrorOutput::showStatus(progressBar(progress, Terminal::columns(STDERR_FILENO).value_or(usual) - 1));
     }
-
-    std::size_t shown = 0;
 };
 
 class PlainLines : public IProgressDisplay {
@@ -70,7 +47,7 @@ public:
         if (sinceLast.isValid() && sinceLast.elapsed() < interval)
             return;
         sinceLast.start();
-        std::fprintf(stderr, "%s\n", progressText(progress).c_str());
+        ErrorOutput::line(progressText(progress));
     }
     void ended(const ExportOutcome&) override {}
 
@@ -84,9 +61,13 @@ public:
     void progress(const ExportProgress& progress) override {
         QJsonObject object{{key("type"), key("progress")},
                            {key("percent"), progress.percent},
+                           {key("pass"), progress.pass},
+                           {key("passes"), progress.passes},
                            {key("elapsedMs"), progress.elapsedMs},
-                           {key("speed"), progress.speed}};
+                           {key("speed"), progress.speed},
+                           {key("framesPerSecond"), progress.framesPerSecond}};
         // Unknown is null, so that nobody computes with -1.
+        object.insert(key("bytes"), progress.bytes < 0 ? QJsonValue() : QJsonValue(progress.bytes));
         object.insert(key("remainingMs"), progress.remainingMs < 0 ? QJsonValue() : QJsonValue(progress.remainingMs));
         print(object);
     }

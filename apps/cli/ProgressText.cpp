@@ -1,5 +1,6 @@
 #include "cli/ProgressText.h"
 
+#include "ExportCore/SizeText.h"
 #include <algorithm>
 #include <cstdio>
 
@@ -19,13 +20,21 @@ std::string clockText(qint64 milliseconds) {
 } // namespace
 
 std::string progressText(const ExportCore::ExportProgress& progress) {
-    char head[32];
-    std::snprintf(head, sizeof head, "%d %%", progress.percent);
-    std::string text = head;
-    if (progress.speed > 0) {
-        std::snprintf(head, sizeof head, ", %.2fx", progress.speed);
-        text += head;
+    char part[64];
+    std::snprintf(part, sizeof part, "%d %%", progress.percent);
+    std::string text = part;
+    if (progress.framesPerSecond > 0) {
+        constexpr double HUNDRED = 99.95;
+        std::snprintf(part, sizeof part, ", %.*f fps", progress.framesPerSecond < HUNDRED ? 1 : 0,
+                      progress.framesPerSecond);
+        text += part;
     }
+    if (progress.speed > 0) {
+        std::snprintf(part, sizeof part, ", %.2fx", progress.speed);
+        text += part;
+    }
+    if (progress.bytes >= 0)
+        text += ", " + ExportCore::SizeText::format(progress.bytes);
     if (progress.remainingMs >= 0)
         text += ", " + clockText(progress.remainingMs) + " left";
     return text;
@@ -35,6 +44,10 @@ std::string progressBar(const ExportCore::ExportProgress& progress, int columns)
     constexpr int widest = 30, narrowest = 5, frame = 3; // the frame: two brackets and a blank
     ExportCore::ExportProgress told = progress;
     const auto room = [&] { return columns - static_cast<int>(progressText(told).size()); };
+    if (room() < frame + narrowest)
+        told.framesPerSecond = 0;
+    if (room() < frame + narrowest)
+        told.bytes = -1;
     if (room() < 0)
         told.speed = 0;
     if (room() < 0)

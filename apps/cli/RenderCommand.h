@@ -1,4 +1,4 @@
-// The command "render".
+// The commands "render" and "queue".
 #pragma once
 
 #include "ExportCore/EventLoopFailures.h"
@@ -8,5 +8,7 @@ namespace Cli {
 
 /// Runs one export in the application's event loop and returns the exit code.
 int render(const Options& options, ExportCore::EventLoopFailures& failures);
+/// The same for the jobs of a queue.
+int runQueueFile(const Options& options, ExportCore::EventLoopFailures& failures);
 
 } // namespace Cli

@@ -1,30 +1,39 @@
 // editor-export: exports from the command line.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
+#include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
 #include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/LargestAllocation.h"
 #include "Kestra/Proc/LoadEngine.h"
 #include "cli/Descriptors.h"
+#include "cli/ErrorCapture.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
+#include "cli/JobRunner.h"
 #include "cli/ListCommands.h"
 #include "cli/Options.h"
+#include "cli/PresetFiles.h"
 #include "cli/RenderCommand.h"
 #include "cli/SignalStop.h"
 #include "cli/TimelineCommands.h"
+#include "cli/VersionCommand.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <malloc.h>
+#include <memory>
 #include <string>
 
 namespace {
@@ -46,6 +55,14 @@ int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
     switch (options.command) {
     case Cli::Options::Command::Presets:
         return Cli::listPresets(options);
+    case Cli::Options::Command::PresetFiles:
+        return Cli::handlePresetFiles(options);
+    case Cli::Options::Command::Describe:
+        return Cli::describePresets(options);
+    case Cli::Options::Command::Version:
+        return Cli::printVersions();
+    case Cli::Options::Command::Queue:
+        return Cli::runQueueFile(options, failures);
     case Cli::Options::Command::Info:
         return runInterruptibly(Cli::describeInputs, options);
     case Cli::Options::Command::Validate:
@@ -107,7 +124,8 @@ int runIn(ExportCore::ExportApplication<Application>& application, const Cli::Op
 class EngineLoading {
 public:
     explicit EngineLoading(Cli::Options::Command command) {
-        if (command == Cli::Options::Command::Presets)
+        using Command = Cli::Options::Command;
+        if (command == Command::Presets || command == Command::PresetFiles || command == Command::Describe)
             return;
         try {
             thread.Start("load-engine", &Kestra::Proc::LoadEngine, [](const std::exception_ptr&) {});
@@ -122,6 +140,33 @@ private:
     Kestra::LeavableThread thread;
 };
 
+/// Throws ExportCore::Refusal. Nothing is written over: a file that is there is gone on with.
+void keepLog(const Cli::Options& options) {
+    if (options.log.empty())
+        return;
+    const auto inputs = Cli::JobRunner::requestOf(options).inputs;
+    const bool isOther = ExportCore::RequestCheck::isInput(QByteArray::fromStdString(options.log), inputs) ||
+                         options.log == options.output || options.log == options.queueFile;
+    if (isOther || !Cli::ErrorOutput::keepIn(options.log))
+        KESTRA_THROW(ExportCore::Refusal("Cannot keep the log in \"" + options.log + "\": " +
+                                         (isOther ? "it is the output or one of the inputs" : std::strerror(errno))));
+}
+
+/// What is written past everybody is caught while the result exists.
+std::unique_ptr<Cli::ErrorCapture> tellWhatIsAskedFor(const Cli::Options& options) {
+    const bool logs = options.verbose || !options.log.empty();
+    if (options.quiet)
+        Cli::ErrorOutput::beQuiet();
+    if (!options.verbose && !options.log.empty())
+        Cli::ErrorOutput::keepLogsOut();
+    speakThroughOneMouth();
+    silenceWhoSpeaksPastIt(options);
+    Kestra::Proc::SetEngineLogLevel(logs ? Kestra::Proc::LogLevel::Verbose : Kestra::Proc::LogLevel::Quiet);
+    Export::setTranscoderLogOutput(logs ? Export::TranscoderLogOutput::StandardError
+                                        : Export::TranscoderLogOutput::None);
+    return options.progress == Cli::ProgressStyle::Json ? std::make_unique<Cli::ErrorCapture>() : nullptr;
+}
+
 /// Before anything that would abort for want of them.
 bool hasDescriptors() {
     if (Cli::canOpen(Cli::NEEDED_DESCRIPTORS))
@@ -133,7 +178,8 @@ bool hasDescriptors() {
 
 /// An outro's picture is one of the user interface's, which takes time to start; other runs do without.
 int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
-    if (options.branding.empty()) {
+    // The jobs of a queue may have one each.
+    if (options.branding.empty() && options.command != Cli::Options::Command::Queue) {
         ExportCore::ExportApplication<QCoreApplication> application(argc, argv);
         return runIn(application, options);
     }
@@ -159,15 +205,12 @@ int main(int argc, char** argv) {
     const auto options = Cli::Options::read(argc, argv, exitCode);
     if (!options)
         return withOutputChecked(exitCode);
-    speakThroughOneMouth();
-    silenceWhoSpeaksPastIt(*options);
-    Kestra::Proc::SetEngineLogLevel(options->verbose ? Kestra::Proc::LogLevel::Verbose : Kestra::Proc::LogLevel::Quiet);
     Kestra::Proc::SetLargestAllocation(options->mediaLimits);
-    Export::setTranscoderLogOutput(options->verbose ? Export::TranscoderLogOutput::StandardError
-                                                    : Export::TranscoderLogOutput::None);
     if (!hasDescriptors())
         return Cli::EXIT_EXPORT_FAILED;
     try {
+        keepLog(*options);
+        const auto capture = tellWhatIsAskedFor(*options);
         const EngineLoading loading(options->command);
         return runWithWhatItNeeds(argc, argv, *options);
     } catch (const std::exception& error) {

@@ -31,7 +31,7 @@ bool namesCodecs(const QString& told) {
 
 TEST(Loading, LoadsNoCodecsToHelpOrToList) {
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--help"}, {"--version"}, {"presets"}, {"presets", "--json"}})
+         {std::vector<std::string>{"--help"}, {"--describe=man"}, {"presets"}, {"presets", "--json"}})
         EXPECT_FALSE(namesCodecs(libraries(arguments))) << arguments.front();
 }
 
@@ -40,6 +40,7 @@ TEST(Loading, LoadsCodecsForMedia) {
     const std::string media = folder / "in.mov";
     TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
     EXPECT_TRUE(namesCodecs(libraries({"info", media})));
+    EXPECT_TRUE(namesCodecs(libraries({"--version"}))) << "whose versions it tells";
 }
 
 /// Beside its own library the engine's codecs are missing, as after half an installation.

@@ -21,6 +21,17 @@ TEST(ProgressText, TellsPercentSpeedAndTimeLeft) {
     EXPECT_EQ(progressText(progress), "37 %, 1.75x, 0:42 left");
 }
 
+TEST(ProgressText, TellsFramesASecondAndBytes) {
+    ExportProgress progress;
+    progress.percent = 37;
+    progress.framesPerSecond = 48.25;
+    progress.bytes = 12'340'000;
+    EXPECT_EQ(progressText(progress), "37 %, 48.2 fps, 12.3 MB");
+    progress.framesPerSecond = 412.7;
+    progress.bytes = 0;
+    EXPECT_EQ(progressText(progress), "37 %, 413 fps, 0 bytes");
+}
+
 TEST(ProgressText, LeavesOutWhatIsNotKnown) {
     EXPECT_EQ(progressText(ExportProgress()), "0 %");
 }
@@ -43,6 +54,8 @@ TEST(ProgressBar, FitsEveryWidthFromTwentyColumnsOn) {
     longest.percent = 100;
     longest.speed = 123.45;
     longest.remainingMs = 359'999'000;
+    longest.framesPerSecond = 12'345;
+    longest.bytes = 999'000'000;
     for (int columns = 19; columns < 200; ++columns) {
         for (const int percent : {0, 7, 100}) {
             longest.percent = percent;
@@ -63,6 +76,19 @@ TEST(ProgressBar, LeavesOutSpeedThenBarThenTime) {
     EXPECT_EQ(Cli::progressBar(progress, 25), "50 %, 1.50x, 0:42 left");
     EXPECT_EQ(Cli::progressBar(progress, 21), "50 %, 0:42 left");
     EXPECT_EQ(Cli::progressBar(progress, 13), "[###---] 50 %");
+}
+
+TEST(ProgressBar, LeavesOutFramesThenBytesBeforeAllElse) {
+    ExportProgress progress;
+    progress.percent = 50;
+    progress.speed = 1.5;
+    progress.remainingMs = 42'000;
+    progress.framesPerSecond = 48.2;
+    progress.bytes = 12'300'000;
+    EXPECT_EQ(Cli::progressBar(progress, 80),
+              "[###############---------------] 50 %, 48.2 fps, 1.50x, 12.3 MB, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 44), "[#####-----] 50 %, 1.50x, 12.3 MB, 0:42 left");
+    EXPECT_EQ(Cli::progressBar(progress, 34), "[####-----] 50 %, 1.50x, 0:42 left");
 }
 
 } // namespace

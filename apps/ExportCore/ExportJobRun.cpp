@@ -1,0 +1,148 @@
+// How a run goes: what it is going to make, what it tells on its way, and how it is only tried.
+#include "EditorProject/EditorProject.h"
+#include "Export/PresetProvider.h"
+#include "Export/Transcoder.h"
+#include "ExportCore/ExportJob.h"
+#include "ExportCore/OutputOpening.h"
+#include "ExportCore/Passes.h"
+#include "ExportCore/SizeText.h"
+#include "Kestra/Base/Time.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/Conf/Codec.h"
+#include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/Proc/ProcException.h"
+#include "Types/Time.h"
+#include <algorithm>
+
+namespace ExportCore {
+
+using Kestra::Proc::TranscodingError;
+
+namespace {
+
+/// Long enough for the engine to tell how long it will take.
+constexpr int TRIAL_MILLISECONDS = 2500;
+
+ExportPlan::Stream pictureOf(const Export::PresetProvider& provider, const Media::Video& source,
+                             const Media::Video& made) {
+    const Preset preset = provider.preset();
+    const bool hasBitrate = Kestra::ClientAPI::CodecLimits::HasBitrate(preset.videoCodec());
+    const bool byQuality = preset.videoBitrateMode() == Export::BitrateMode::Quality;
+    ExportPlan::Stream stream;
+    stream.codec = Kestra::Conf::CodecIDToString(preset.videoCodec());
+    stream.profile = preset.videoProfile();
+    stream.bitrateBps = hasBitrate && !byQuality ? provider.bitrate(&source).maximum : 0;
+    stream.quality = hasBitrate && byQuality ? preset.videoQuality() : 0;
+    stream.width = static_cast<int>(made.width);
+    stream.height = static_cast<int>(made.height);
+    stream.frameRate = provider.frameRate(&source);
+    return stream;
+}
+
+ExportPlan::Stream soundOf(const Export::PresetProvider& provider, const Media::Audio& source) {
+    const Preset preset = provider.preset();
+    const Kestra::Conf::AudioCodec* const codec = Kestra::Conf::Codec::FindAudio(preset.audioCodec());
+    const std::uint32_t layout = preset.channelLayout() != 0 ? preset.channelLayout() : source.channelLayout;
+    ExportPlan::Stream stream;
+    stream.kind = ExportPlan::Stream::Kind::Audio;
+    stream.codec = Kestra::Conf::CodecIDToString(preset.audioCodec());
+    stream.bitrateBps = codec && !codec->lossless ? provider.bitrate(&source).maximum : 0;
+    stream.sampleRate = preset.sampleRate() > 0 ? static_cast<int>(preset.sampleRate()) : source.sampleRate;
+    stream.channels = Kestra::Conf::CountChannels(layout);
+    return stream;
+}
+
+} // namespace
+
+/// After expect().
+void ExportJob::plan() {
+    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
+    const Passes passes = Passes::of(provider->preset(), expected.hasVideo);
+    ExportPlan& plan = outcome.plan.emplace();
+    plan.path = request.outputPath;
+    plan.preset = provider->preset().id();
+    plan.container = provider->preset().containerId();
+    plan.passes = passes.count;
+    plan.streams = plannedStreams();
+    plan.estimate = OutputEstimate::of(*provider, expected.hasVideo ? &project->video() : nullptr,
+                                       expected.hasAudio ? &project->audio() : nullptr, Types::fromAvTime(length));
+    plan.estimate.frames = expected.frames;
+    plan.freeBytes = outputOpening->freeBytes();
+    forecast.emplace(RunForecast::Run{passes.count, expected.frames, passes.laterCosts});
+    growth.emplace(unfinishedPath);
+    if (request.dryRun)
+        requireRoom();
+}
+
+std::vector<ExportPlan::Stream> ExportJob::plannedStreams() const {
+    std::vector<ExportPlan::Stream> streams;
+    if (expected.hasVideo)
+        streams.push_back(pictureOf(*provider, project->video(), transcoder->videoPreset()));
+    if (expected.hasAudio)
+        streams.push_back(soundOf(*provider, project->audio()));
+    return streams;
+}
+
+void ExportJob::requireRoom() const {
+    const ExportPlan& plan = *outcome.plan;
+    if (!plan.freeBytes || plan.estimate.sizeBytes <= *plan.freeBytes)
+        return;
+    KESTRA_THROW(Kestra::Proc::ProcException(
+        TranscodingError::DiskFull, "The file will take " + std::string(plan.estimate.rough ? "roughly " : "") +
+                                        SizeText::format(plan.estimate.sizeBytes) + ", but beside \"" +
+                                        request.outputPath.toStdString() + "\" only " +
+                                        SizeText::format(*plan.freeBytes) + " are free"));
+}
+
+void ExportJob::onStarted() {
+    if (state == JobState::Ending) // a later pass
+        return watchdog.expect(Watchdog::Wait::Stop);
+    if (state != JobState::Starting && state != JobState::Running)
+        return;
+    watchdog.expect(Watchdog::Wait::Progress);
+    forecast->beginPass(clock.elapsed());
+    if (state == JobState::Running)
+        return;
+    enter(JobState::Running);
+    startedAt = clock.elapsed();
+    if (request.dryRun)
+        trial.start(TRIAL_MILLISECONDS);
+    Q_EMIT started();
+}
+
+void ExportJob::onProgress(int percent, KTime remaining) {
+    if (state != JobState::Running)
+        return;
+    watchdog.expect(Watchdog::Wait::Progress);
+    ExportProgress progress;
+    progress.percent = percent;
+    progress.elapsedMs = clock.elapsed();
+    forecast->advance(percent, remaining < KTime(0) ? -1 : remaining.milliseconds(), progress.elapsedMs);
+    progress.pass = forecast->pass();
+    progress.passes = outcome.plan->passes;
+    progress.remainingMs = forecast->remaining(progress.elapsedMs);
+    progress.framesPerSecond = forecast->framesPerSecond();
+    progress.bytes = growth->bytes();
+    const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
+    if (progress.elapsedMs > 0)
+        progress.speed = static_cast<double>(length) / Kestra::TICKS_PER_MILLISECOND * percent / 100.0 /
+                         static_cast<double>(progress.elapsedMs);
+    Q_EMIT progressChanged(progress);
+}
+
+void ExportJob::onTrialEnded() {
+    if (state != JobState::Running || verdict)
+        return;
+    const qint64 remaining = forecast->remaining(clock.elapsed());
+    outcome.plan->exportMs = remaining < 0 ? -1 : clock.elapsed() - startedAt + remaining;
+    endRunning(ExportOutcome::Status::Planned);
+}
+
+void ExportJob::endRunning(ExportOutcome::Status status) {
+    verdict = status;
+    enter(JobState::Ending);
+    watchdog.expect(Watchdog::Wait::Stop);
+    transcoder->stop();
+}
+
+} // namespace ExportCore

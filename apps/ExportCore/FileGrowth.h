@@ -1,0 +1,34 @@
+// ExportCore::FileGrowth: how large a file under way is.
+#pragma once
+
+#include "ExportCoreExport.h"
+#include "Kestra/Base/LeavableThread.h"
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <atomic>
+#include <memory>
+
+namespace ExportCore {
+
+/// Looks on a thread of its own, as a folder may not answer; that thread is left at the end then. Bound to one thread.
+class EXPORTCORE_EXPORT FileGrowth {
+public:
+    explicit FileGrowth(QByteArray path);
+
+    /// The bytes that were found by the last look that has come to its end, -1 before; begins another one when half a
+    /// second has gone since. Returns at once.
+    qint64 bytes();
+
+private:
+    struct Look {
+        std::atomic<qint64> bytes{-1};
+        std::atomic<bool> ended{true};
+    };
+
+    const QByteArray path;
+    const std::shared_ptr<Look> look;
+    Kestra::LeavableThread thread;
+    QElapsedTimer sinceLook;
+};
+
+} // namespace ExportCore

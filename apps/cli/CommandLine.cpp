@@ -1,0 +1,196 @@
+#include "cli/CommandLine.h"
+
+#include "ExportCore/NameList.h"
+#include "ExportCore/TimeText.h"
+#include <algorithm>
+#include <unistd.h>
+
+namespace Cli {
+namespace {
+
+constexpr double BELOW_FULL_SCALE = 0.891; // -1 dB
+
+ProgressStyle styleOf(const std::string& name) {
+    static const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
+                                                             {"bar", ProgressStyle::Bar},
+                                                             {"plain", ProgressStyle::Plain},
+                                                             {"json", ProgressStyle::Json},
+                                                             {"none", ProgressStyle::None}};
+    return styles.at(name);
+}
+
+bool stands(const std::string& path) {
+    return ::access(path.c_str(), F_OK) == 0;
+}
+
+/// "INPUT...", "[ID]...", "FILE".
+std::string argumentsOf(const CLI::Option& option) {
+    const std::string name = option.get_required() ? option.get_name(true) : '[' + option.get_name(true) + ']';
+    return option.get_items_expected_max() > 1 ? name + "..." : name;
+}
+
+} // namespace
+
+CommandLine::CommandLine(Options& options)
+    : options(options) {
+    app.require_subcommand(1);
+    addGeneral();
+    addRender();
+    addQueue();
+    addPresets();
+    addPresetFiles();
+    addInfo();
+    addValidate();
+}
+
+void CommandLine::parse(std::vector<std::string> words) {
+    std::reverse(words.begin(), words.end()); // as the library wants them
+    app.parse(std::move(words));
+    options.command = command();
+    takeTexts();
+    if (options.command == Options::Command::Render && output->count() == 0)
+        takeOutput();
+}
+
+Options::Command CommandLine::command() {
+    for (const auto& [subcommand, action] : presetActions)
+        if (subcommand->parsed()) {
+            options.presetAction = action;
+            return Options::Command::PresetFiles;
+        }
+    return presets->parsed()    ? Options::Command::Presets
+           : queue->parsed()    ? Options::Command::Queue
+           : info->parsed()     ? Options::Command::Info
+           : validate->parsed() ? Options::Command::Validate
+                                : Options::Command::Render;
+}
+
+void CommandLine::takeTexts() {
+    options.in = ExportCore::TimeText::parsePoint(inText);
+    options.out = ExportCore::TimeText::parsePoint(outText);
+    options.duration = ExportCore::TimeText::parsePoint(durationText);
+    options.progress = styleOf(progressText);
+    if (missingText == "black")
+        options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
+    if (pitchText == "moved")
+        options.timelines.sound.pitch = Kestra::Proc::Pitch::Moved;
+    if (limiter)
+        options.timelines.sound.ceiling = BELOW_FULL_SCALE;
+    if (!audioText.empty())
+        options.tracks.chooseSound(audioText);
+    options.tracks.picture = videoText != "none";
+    options.tracks.metadata = metadataText != "none";
+    options.tracks.subtitles = subtitlesText != "none";
+    options.mediaLimits.pictureBytes = pictureMebibytes << 20;
+}
+
+/// The last of several names is the output, where no such file stands.
+void CommandLine::takeOutput() {
+    const std::string last = options.inputs.back();
+    const std::string missing = "no output file was given; name it behind the inputs or with --output";
+    if (options.inputs.size() < 2)
+        throw CLI::ValidationError(missing);
+    if (stands(last))
+        throw CLI::ValidationError(missing + " (\"" + last + "\" is a file already: to replace it, write --output \"" +
+                                   last + "\" --overwrite)");
+    options.output = last;
+    options.inputs.pop_back();
+}
+
+CLI::App* CommandLine::addCommand(CLI::App& parent, const char* name, const char* summary, Text text) {
+    CLI::App* const command = parent.add_subcommand(name, summary);
+    command->fallthrough();
+    texts[command] = std::move(text);
+    return command;
+}
+
+CLI::Option* CommandLine::typed(CLI::Option* option, const char* value, ValueKind kind) {
+    kinds[option].kind = kind;
+    return option->type_name(value);
+}
+
+CLI::Option* CommandLine::addFile(CLI::App& command, const char* names, std::string& value, const char* meaning) {
+    return typed(command.add_option(names, value, meaning), "FILE", ValueKind::File);
+}
+
+CLI::Option* CommandLine::addChoice(CLI::App& command, const char* names, std::string& value,
+                                    std::vector<std::string> choices, const char* meaning) {
+    CLI::Option* const option = typed(command.add_option(names, value, meaning), "WHAT", ValueKind::Choice);
+    // The library's own check would print the values in its own way.
+    option->check([choices](const std::string& text) {
+        if (std::find(choices.begin(), choices.end(), text) != choices.end())
+            return std::string();
+        std::string all;
+        for (const std::string& choice : choices)
+            all += (all.empty() ? "" : ", ") + choice;
+        return '"' + text + "\" is none of " + all;
+    });
+    kinds[option].choices = std::move(choices);
+    return option;
+}
+
+std::vector<std::string> CommandLine::chosen() const {
+    std::vector<std::string> words;
+    for (std::vector<CLI::App*> below = app.get_subcommands(); !below.empty(); below = below.front()->get_subcommands())
+        words.push_back(below.front()->get_name());
+    return words;
+}
+
+CommandTable CommandLine::table() const {
+    CommandTable table;
+    list(app, {}, table);
+    return table;
+}
+
+void CommandLine::list(const CLI::App& command, const std::vector<std::string>& words, CommandTable& table) const {
+    table.push_back(textOf(command, words));
+    for (const CLI::App* below : command.get_subcommands([](const CLI::App*) { return true; })) {
+        std::vector<std::string> longer = words;
+        longer.push_back(below->get_name());
+        list(*below, longer, table);
+    }
+}
+
+CommandText CommandLine::textOf(const CLI::App& command, std::vector<std::string> words) const {
+    CommandText text;
+    text.words = std::move(words);
+    text.summary = command.get_description();
+    if (const auto more = texts.find(&command); more != texts.end()) {
+        text.notes = more->second.notes;
+        text.examples = more->second.examples;
+        text.argumentKind = more->second.arguments;
+    }
+    for (const CLI::Option* option : command.get_options()) {
+        if (option->get_positional())
+            text.arguments = argumentsOf(*option);
+        else
+            text.options.push_back(textOf(*option));
+    }
+    if (text.arguments.empty())
+        text.argumentKind = ValueKind::None;
+    return text;
+}
+
+OptionText CommandLine::textOf(const CLI::Option& option) const {
+    OptionText text;
+    for (const std::string& name : option.get_snames())
+        text.names.push_back('-' + name);
+    for (const std::string& name : option.get_lnames())
+        text.names.push_back("--" + name);
+    text.meaning = option.get_description();
+    const bool isFlag = option.get_items_expected_max() == 0;
+    text.value = isFlag ? std::string() : option.get_type_name();
+    text.kind = isFlag ? ValueKind::None : ValueKind::Text;
+    if (const auto kind = kinds.find(&option); kind != kinds.end()) {
+        text.kind = kind->second.kind;
+        text.choices = kind->second.choices;
+        if (!text.choices.empty())
+            text.meaning += ": " + ExportCore::NameList::joined(text.choices, " or ");
+    }
+    if (!option.get_default_str().empty())
+        text.meaning += "; " + option.get_default_str() + " by default";
+    text.repeats = option.get_items_expected_max() > 1;
+    return text;
+}
+
+} // namespace Cli

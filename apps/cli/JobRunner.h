@@ -1,0 +1,34 @@
+// Cli::JobRunner: exports, one after the other, and what is said of them.
+#pragma once
+
+#include "ExportCore/EventLoopFailures.h"
+#include "ExportCore/ExportOutcome.h"
+#include "ExportCore/ExportRequest.h"
+#include "cli/Options.h"
+#include "cli/SignalStop.h"
+
+namespace Cli {
+
+/// Runs in the application's event loop. One at a time.
+class JobRunner {
+public:
+    explicit JobRunner(ExportCore::EventLoopFailures& failures);
+
+    struct Ended {
+        int code = 0; ///< for the exit
+        ExportCore::ExportOutcome outcome;
+    };
+    /// One export, from its first word to its result or its error, and its report. Ends the process when the export
+    /// hangs.
+    Ended run(const Options& options);
+    /// Once a signal has come nothing more is to be begun.
+    static bool isStopped() { return SignalStop::received() != 0; }
+
+    static ExportCore::ExportRequest requestOf(const Options& options);
+
+private:
+    ExportCore::EventLoopFailures& failures;
+    SignalStop signalStop;
+};
+
+} // namespace Cli

@@ -1,0 +1,62 @@
+#include "cli/JobTally.h"
+
+#include "ExportCore/NameList.h"
+#include "ExportCore/PlainText.h"
+#include "cli/ErrorOutput.h"
+#include "cli/ExitCode.h"
+#include "cli/JsonText.h"
+
+namespace Cli {
+
+void JobTally::tell(const char* status, std::size_t index, const std::string& output) const {
+    ErrorOutput::tellJob({{key("type"), key("job")},
+                          {key("status"), key(status)},
+                          {key("number"), static_cast<int>(index + 1)},
+                          {key("count"), static_cast<int>(count)},
+                          {key("output"), QString::fromStdString(output)}},
+                         "job " + std::to_string(index + 1) + " of " + std::to_string(count) + ", \"" + output +
+                             "\": " + status);
+}
+
+void JobTally::begin(std::size_t index, const std::string& output) const {
+    tell("begun", index, output);
+}
+
+void JobTally::skip(std::size_t index, const std::string& output) {
+    ++before;
+    tell("done before", index, output);
+}
+
+void JobTally::end(std::size_t index, const std::string& output, int code) {
+    begun = begun || code != EXIT_BAD_INPUT;
+    if (code == EXIT_DONE) {
+        ++done;
+        return;
+    }
+    if (code > EXIT_SIGNAL_BASE)
+        signalCode = code;
+    failed.push_back(index + 1);
+    tell(code > EXIT_SIGNAL_BASE ? "stopped" : "failed", index, output);
+}
+
+int JobTally::exitCode() const {
+    if (signalCode != 0)
+        return signalCode;
+    return failed.empty() ? EXIT_DONE : EXIT_EXPORT_FAILED;
+}
+
+std::string JobTally::summary() const {
+    std::string text = std::to_string(count) + (count == 1 ? " job: " : " jobs: ") + std::to_string(done) + " done";
+    if (before > 0)
+        text += ", " + std::to_string(before) + " done before";
+    std::vector<std::string> numbers;
+    for (const std::size_t number : failed)
+        numbers.push_back(std::to_string(number));
+    if (!failed.empty())
+        text += ", " + std::to_string(failed.size()) + " failed (number " +
+                ExportCore::NameList::joined(numbers, " and ") + ')';
+    const std::size_t left = count - done - before - failed.size();
+    return left > 0 ? text + ", " + std::to_string(left) + " not begun" : text;
+}
+
+} // namespace Cli

@@ -1,0 +1,194 @@
+#include "cli/QueueFile.h"
+
+#include "ExportCore/NearNames.h"
+#include "ExportCore/Refusal.h"
+#include "cli/CommandLine.h"
+#include "cli/ErrorOutput.h"
+#include "cli/JsonText.h"
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+#include <algorithm>
+#include <sys/file.h>
+
+namespace Cli {
+namespace {
+
+using ExportCore::Refusal;
+
+constexpr int VERSION = 1;
+
+[[noreturn]] void refuse(const QString& path, const std::string& why,
+                         Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Refusal("Cannot run \"" + path.toStdString() + "\": " + why), place);
+}
+
+/// The object in a file; `version` is the member that says of what form it is.
+QJsonObject objectIn(QFile& file, const char* version) {
+    if (!file.isOpen() && !file.open(QIODevice::ReadOnly))
+        refuse(file.fileName(), file.errorString().toStdString());
+    QJsonParseError error{};
+    const QByteArray bytes = file.readAll();
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError)
+        refuse(file.fileName(), "line " + std::to_string(1 + bytes.left(error.offset).count('\n')) + ": " +
+                                    error.errorString().toStdString());
+    const QJsonValue form = document.object().value(key(version));
+    if (form.toInt() != VERSION)
+        refuse(file.fileName(), '"' + std::string(version) + "\" is not " + std::to_string(VERSION) +
+                                    ", the form that this program reads");
+    return document.object();
+}
+
+/// What concerns all of a queue is no job's.
+bool isOfJobs(const std::string& option) {
+    static const std::vector<std::string> others{"help", "progress", "log",     "quiet",  "verbose",
+                                                 "each", "json",     "dry-run", "version"};
+    return std::find(others.begin(), others.end(), option) == others.end();
+}
+
+std::vector<std::string> namesOfMembers() {
+    Options options;
+    std::vector<std::string> names{"inputs"};
+    for (const CommandText& command : CommandLine(options).table())
+        if (command.words == std::vector<std::string>{"render"})
+            for (const OptionText& option : command.options)
+                if (const std::string name = option.names.back().substr(2); isOfJobs(name))
+                    names.push_back(name);
+    return names;
+}
+
+std::string textOf(const QJsonValue& value) {
+    if (value.isString())
+        return value.toString().toStdString();
+    if (value.isDouble())
+        return QString::number(value.toDouble(), 'g', 15).toStdString();
+    KESTRA_THROW(Refusal("a text or a number is expected"));
+}
+
+std::vector<std::string> textsOf(const QJsonValue& value) {
+    std::vector<std::string> texts;
+    if (!value.isArray())
+        return {textOf(value)};
+    for (const QJsonValue& one : value.toArray())
+        texts.push_back(textOf(one));
+    return texts;
+}
+
+void addWords(const std::string& name, const QJsonValue& value, std::vector<std::string>& words) {
+    static const std::vector<std::string> known = namesOfMembers();
+    if (std::find(known.begin(), known.end(), name) == known.end())
+        KESTRA_THROW(Refusal("a job has no such member" + ExportCore::NearNames::question(name, known)));
+    if (value.isBool()) {
+        if (value.toBool())
+            words.push_back("--" + name);
+        return;
+    }
+    for (const std::string& text : textsOf(value))
+        words.push_back("--" + name + '=' + text);
+}
+
+std::vector<std::string> wordsOf(const QJsonObject& job) {
+    std::vector<std::string> words, inputs;
+    for (auto member = job.begin(); member != job.end(); ++member)
+        try {
+            if (member.key() == QLatin1String("inputs"))
+                inputs = textsOf(member.value());
+            else
+                addWords(member.key().toStdString(), member.value(), words);
+        } catch (const Refusal& refusal) {
+            KESTRA_THROW(Refusal('"' + member.key().toStdString() + "\": " + refusal.what()));
+        }
+    if (inputs.empty() || !job.contains(key("output")))
+        KESTRA_THROW(Refusal(inputs.empty() ? "\"inputs\" names no file" : "\"output\" is missing"));
+    words.emplace_back("--"); // whatever follows is a name
+    words.insert(words.end(), inputs.begin(), inputs.end());
+    return words;
+}
+
+QueueFile::Job jobOf(const QJsonValue& value) {
+    QueueFile::Job job;
+    job.output = value.toObject().value(key("output")).toString().toStdString();
+    job.digest =
+        QString::fromLatin1(QCryptographicHash::hash(QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact),
+                                                     QCryptographicHash::Sha256)
+                                .toHex());
+    try {
+        if (!value.isObject())
+            KESTRA_THROW(Refusal("an object is expected"));
+        job.words = wordsOf(value.toObject());
+    } catch (const Refusal& refusal) {
+        job.words.clear();
+        job.fault = refusal.what();
+    }
+    return job;
+}
+
+/// What tells that a file is still the one that was made.
+QJsonObject factsOf(const std::string& output) {
+    const QFileInfo file(QString::fromStdString(output));
+    return {{key("output"), file.absoluteFilePath()},
+            {key("sizeBytes"), file.size()},
+            {key("modified"), file.lastModified().toUTC().toString(Qt::ISODateWithMs)}};
+}
+
+} // namespace
+
+QueueFile::QueueFile(const std::string& path)
+    : file(QString::fromStdString(path))
+    , statePath(file.fileName() + QStringLiteral(".state")) {
+    lock();
+    readJobs();
+    readState();
+}
+
+void QueueFile::lock() {
+    if (!file.open(QIODevice::ReadOnly))
+        refuse(file.fileName(), file.errorString().toStdString());
+    if (::flock(file.handle(), LOCK_EX | LOCK_NB) != 0)
+        refuse(file.fileName(), "another process is running it");
+}
+
+void QueueFile::readJobs() {
+    const QJsonObject object = objectIn(file, "queue");
+    for (auto member = object.begin(); member != object.end(); ++member)
+        if (member.key() != QLatin1String("queue") && member.key() != QLatin1String("jobs"))
+            refuse(file.fileName(),
+                   '"' + member.key().toStdString() + "\" is no member of a queue, which has \"queue\" and \"jobs\"");
+    const QJsonArray jobs = object.value(key("jobs")).toArray();
+    if (jobs.isEmpty())
+        refuse(file.fileName(), "\"jobs\" is no list of jobs");
+    for (const QJsonValue& job : jobs)
+        all.push_back(jobOf(job));
+}
+
+void QueueFile::readState() {
+    QFile state(statePath);
+    if (!state.exists())
+        return;
+    try {
+        done = objectIn(state, "queueState").value(key("done")).toObject();
+    } catch (const Refusal& refusal) {
+        KESTRA_THROW(Refusal(refusal.what() + std::string("; without that file all jobs are begun anew")));
+    }
+}
+
+bool QueueFile::isDone(const Job& job) const {
+    return !job.output.empty() && QFileInfo::exists(QString::fromStdString(job.output)) &&
+           done.value(job.digest).toObject() == factsOf(job.output);
+}
+
+bool QueueFile::keep(const Job& job) {
+    done.insert(job.digest, factsOf(job.output));
+    QSaveFile state(statePath);
+    const QByteArray bytes = QJsonDocument(QJsonObject{{key("queueState"), VERSION}, {key("done"), done}}).toJson();
+    if (state.open(QIODevice::WriteOnly) && state.write(bytes) == bytes.size() && state.commit())
+        return true;
+    ErrorOutput::fail("cannot keep what is done in \"" + statePath.toStdString() +
+                      "\": " + state.errorString().toStdString());
+    return false;
+}
+
+} // namespace Cli

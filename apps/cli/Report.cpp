@@ -1,0 +1,120 @@
+#include "cli/Report.h"
+
+#include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimeText.h"
+#include "cli/ErrorOutput.h"
+#include "cli/ExitCode.h"
+#include "cli/JobRunner.h"
+#include "cli/JsonText.h"
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace Cli {
+namespace {
+
+using ExportCore::ExportOutcome;
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+QJsonArray arrayOf(const std::vector<std::string>& texts) {
+    QJsonArray array;
+    for (const std::string& one : texts)
+        array.append(text(one));
+    return array;
+}
+
+/// "00:01:30.000" or "120f".
+QJsonValue pointOf(const std::optional<ExportCore::TimePoint>& point) {
+    if (!point)
+        return {};
+    return text(point->frames ? std::to_string(*point->frames) + 'f' : ExportCore::TimeText::format(point->time));
+}
+
+QJsonObject requestObject(const Options& options) {
+    return {{key("arguments"), arrayOf(options.words)},
+            {key("inputs"), arrayOf(options.inputs)},
+            {key("output"), text(options.output)},
+            {key("preset"), options.preset.empty() ? QJsonValue() : QJsonValue(text(options.preset))},
+            {key("quality"), options.quality ? QJsonValue(text(*options.quality)) : QJsonValue()},
+            {key("settings"), arrayOf(options.settings)},
+            {key("in"), pointOf(options.in)},
+            {key("out"), pointOf(options.out)},
+            {key("duration"), pointOf(options.duration)},
+            {key("branding"), options.branding.empty() ? QJsonValue() : QJsonValue(text(options.branding))},
+            {key("overwrite"), options.overwrite},
+            {key("dryRun"), options.dryRun}};
+}
+
+QJsonObject fileObject(const ExportCore::ExportFacts& facts) {
+    return {{key("path"), facts.path},
+            {key("sizeBytes"), facts.sizeBytes},
+            {key("durationMs"), facts.durationMs},
+            {key("streams"), streamsOf(facts)}};
+}
+
+QJsonObject resultObject(const QJsonObject& outcome, int exitCode) {
+    QJsonObject result{{key("status"), outcome.value(key("type"))}, {key("exitCode"), exitCode}};
+    for (const char* member : {"error", "code", "message", "path"})
+        if (outcome.contains(key(member)))
+            result.insert(key(member), outcome.value(key(member)));
+    return result;
+}
+
+} // namespace
+
+Report::Report(const Options& options)
+    : options(options)
+    , started(QDateTime::currentDateTimeUtc()) {
+    if (options.report.empty())
+        return;
+    const QByteArray path = QByteArray::fromStdString(options.report);
+    const QFileInfo file(text(options.report));
+    const std::string name = '"' + options.report + '"';
+    if (ExportCore::RequestCheck::isInput(path, JobRunner::requestOf(options).inputs) ||
+        options.report == options.output)
+        KESTRA_THROW(
+            ExportCore::Refusal("Cannot write the report " + name + ": it is the output or one of the inputs"));
+    if (file.isDir() || !file.absoluteDir().exists())
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " +
+                                         (file.isDir() ? "it is a folder" : "its folder does not exist")));
+    if (file.exists() && !options.overwrite)
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name +
+                                         ": it exists already (--overwrite replaces it, and the output)"));
+}
+
+QJsonObject Report::object(const ExportOutcome& outcome, int exitCode) const {
+    const QDateTime ended = QDateTime::currentDateTimeUtc();
+    const QJsonObject told = outcomeObject(outcome);
+    QJsonObject report{{key("report"), VERSION},
+                       {key("program"), key("editor-export " EDITOREXPORT_VERSION)},
+                       {key("request"), requestObject(options)},
+                       {key("plan"), outcome.plan ? QJsonValue(planObject(*outcome.plan)) : QJsonValue()},
+                       {key("file"), outcome.status == ExportOutcome::Status::Done
+                                         ? QJsonValue(fileObject(outcome.facts))
+                                         : QJsonValue()},
+                       {key("result"), resultObject(told, exitCode)},
+                       {key("warnings"), told.value(key("warnings")).toArray()},
+                       {key("notes"), told.value(key("notes")).toArray()},
+                       {key("times"), QJsonObject{{key("started"), started.toString(Qt::ISODateWithMs)},
+                                                  {key("ended"), ended.toString(Qt::ISODateWithMs)},
+                                                  {key("elapsedMs"), started.msecsTo(ended)}}}};
+    return report;
+}
+
+int Report::write(const ExportOutcome& outcome, int exitCode) const {
+    if (options.report.empty())
+        return exitCode;
+    QSaveFile file(text(options.report));
+    const QByteArray bytes = QJsonDocument(object(outcome, exitCode)).toJson();
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return exitCode;
+    ErrorOutput::fail("cannot write the report \"" + options.report + "\": " + file.errorString().toStdString());
+    return exitCode == EXIT_DONE ? EXIT_EXPORT_FAILED : exitCode;
+}
+
+} // namespace Cli

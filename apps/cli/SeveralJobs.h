@@ -1,0 +1,15 @@
+// Cli: several exports of one command line.
+#pragma once
+
+#include "cli/JobRunner.h"
+
+namespace Cli {
+
+/// Exports every input by itself into the folder that is the output. Returns the exit code: 0 when all are done, 2 when
+/// none was begun, else 1; a signal's when one came, and then nothing more is begun. Throws ExportCore::Refusal where
+/// nothing can be begun.
+int exportEach(const Options& options, JobRunner& runner);
+/// Runs the jobs of a file that are not done yet; likewise, but for 2.
+int runQueue(const Options& options, JobRunner& runner);
+
+} // namespace Cli

@@ -1,0 +1,15 @@
+// Cli::Terminal: where the program's words are shown.
+#pragma once
+
+#include <optional>
+
+namespace Cli {
+
+struct Terminal {
+    /// How wide the terminal is behind that descriptor; nothing where it is none, or does not tell.
+    static std::optional<int> columns(int descriptor);
+
+    Terminal() = delete;
+};
+
+} // namespace Cli

@@ -1,0 +1,131 @@
+// What "--dry-run" finds and prints without making anything.
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+using TestCli::run;
+
+namespace {
+
+QString name(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class DryRun : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = new TestMedia::Folder;
+        TestMedia::FlashBeep media;
+        media.frames = 100;
+        TestMedia::makeFlashBeep(*folder / "clip.mov", media);
+    }
+    static void TearDownTestSuite() { delete folder; }
+
+    Result plan(std::vector<std::string> more = {}) const {
+        std::vector<std::string> arguments{"render", clip, "-p", "mp4-h264-480p", "-o", output, "--dry-run"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return run(arguments);
+    }
+    static QJsonObject objectOf(const Result& result) {
+        return QJsonDocument::fromJson(result.output.toUtf8()).object();
+    }
+
+    static TestMedia::Folder* folder;
+    const std::string clip = *folder / "clip.mov";
+    const TestMedia::Folder place;
+    const std::string output = place / "film.mp4";
+};
+
+TestMedia::Folder* DryRun::folder = nullptr;
+
+TEST_F(DryRun, PrintsThePlanAndMakesNothing) {
+    const Result result = plan();
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    for (const char* pattern : {"film\\.mp4: 00:00:04\\.000, mp4 by the preset mp4-h264-480p\n",
+                                "  picture: h264 \\(high\\) 320x180, 25 fps, 100 frames, \\S+ [kM]bit/s\n",
+                                "  sound: aac 48000 Hz, 2 channels, 128 kbit/s\n",
+                                "  size: about \\S+ kB; \\S+ [kMGT]B are free\n", "  time: about \\S+ s\n"})
+        EXPECT_TRUE(result.output.contains(QRegularExpression(name(pattern))))
+            << pattern << result.output.toStdString();
+    EXPECT_TRUE(result.errors.isEmpty()) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(DryRun, LeavesWhatStandsAtTheOutput) {
+    TestFiles::write(output, "old");
+    EXPECT_EQ(plan().code, 2) << "without --overwrite";
+    EXPECT_EQ(plan({"-y"}).code, 0);
+    EXPECT_EQ(TestFiles::read(output), "old");
+    EXPECT_EQ(TestFiles::namesIn(place / "").size(), 1);
+}
+
+TEST_F(DryRun, TellsAsJsonWhatTheExportThenMakes) {
+    const QJsonObject planned = objectOf(plan({"--json"})).value(name("plan")).toObject();
+    const Result made = run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--json"});
+    ASSERT_EQ(made.code, 0);
+    const QJsonObject found = objectOf(made);
+    const QJsonArray streams = planned.value(name("streams")).toArray();
+    ASSERT_EQ(streams.size(), 2);
+    for (const char* member : {"codec", "width", "height", "frames"})
+        EXPECT_EQ(streams[0].toObject().value(name(member)), found.value(name("video")).toObject().value(name(member)))
+            << member;
+    for (const char* member : {"codec", "sampleRate", "channels"})
+        EXPECT_EQ(streams[1].toObject().value(name(member)), found.value(name("audio")).toObject().value(name(member)))
+            << member;
+    EXPECT_EQ(planned.value(name("durationMs")), found.value(name("durationMs")));
+    EXPECT_EQ(planned.value(name("output")), found.value(name("output")));
+    EXPECT_GT(planned.value(name("sizeBytes")).toInt(), 0);
+    EXPECT_FALSE(planned.value(name("sizeIsRough")).toBool(true));
+    EXPECT_GT(planned.value(name("freeBytes")).toDouble(), 0);
+    EXPECT_GT(planned.value(name("exportMs")).toInt(), 0);
+}
+
+TEST_F(DryRun, IsOneObjectWhereProgressIsJson) {
+    const Result result = plan({"--progress", "json"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(TestCli::jsonLines(result.errors).last().value(name("type")).toString(), name("planned"));
+    EXPECT_EQ(objectOf(result).value(name("type")).toString(), name("planned"));
+}
+
+TEST_F(DryRun, IsRoughWhereAQualityDecides) {
+    const Result result = plan({"--set", "quality=30"});
+    EXPECT_TRUE(result.output.contains(name("size: roughly "))) << result.output.toStdString();
+    EXPECT_TRUE(result.output.contains(name(", quality 30\n")));
+}
+
+TEST_F(DryRun, CountsTwoPasses) {
+    const Result result = run({"render", clip, "-p", "mp4-h264-1080p-2pass", "-o", output, "--dry-run"});
+    EXPECT_TRUE(result.output.contains(name(" s, in 2 passes\n"))) << result.output.toStdString();
+}
+
+TEST_F(DryRun, RefusesWhatAnExportWouldRefuse) {
+    EXPECT_EQ(run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "film.webm", "--dry-run"}).code, 2);
+    EXPECT_EQ(run({"render", place / "no.mov", "-p", "mp4-h264-480p", "-o", output, "--dry-run"}).code, 2);
+    EXPECT_EQ(run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "no/film.mp4", "--dry-run"}).code, 2);
+}
+
+TEST_F(DryRun, FailsWhereTheFileWouldNotFitOnTheDisk) {
+    const std::string mountPoint = place / "small";
+    Program program({"render", clip, "-p", "wav", "-o", mountPoint + "/sound.wav", "--dry-run"});
+    program.setWrapper(
+        {name("unshare"), name("-m"), name("sh"), name("-c"),
+         name("mkdir -p '%1' && mount -t tmpfs -o size=64k none '%1' || exit 77; shift; \"$@\"; code=$?; "
+              "test -z \"$(ls -A '%1')\" || exit 88; exit $code")
+             .arg(QString::fromStdString(mountPoint)),
+         name("sh"), name("-")});
+    const Result result = program.run();
+    if (result.code == 77 || result.errors.contains(name("unshare")))
+        GTEST_SKIP() << "no right to mount: " << result.errors.toStdString();
+    EXPECT_EQ(result.code, 1) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QRegularExpression(
+        name("disk full\\): The file will take 7\\d\\d kB, but beside .* only 6\\d\\.\\d kB are free"))))
+        << result.errors.toStdString();
+}
+
+} // namespace

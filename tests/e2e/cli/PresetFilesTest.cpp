@@ -1,0 +1,96 @@
+// "presets export", "import", "validate" and "diff".
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <gtest/gtest.h>
+
+using TestCli::Program;
+using TestCli::Result;
+
+namespace {
+
+QString name(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class PresetFiles : public ::testing::Test {
+protected:
+    Result presets(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), "presets");
+        Program program(arguments);
+        program.setEnvironment("XDG_CONFIG_HOME", place / "config");
+        return program.run();
+    }
+    /// The same preset under a name of its own.
+    void writeOwn(const char* id, int bitrate) const {
+        TestFiles::write(file,
+                         "{\"version\": 1, \"presets\": [{\"id\": \"" + QByteArray(id) +
+                             "\", \"container\": {\"id\": \"mp3\"}, \"audio\": {\"codec\": \"mp3\", \"bitrate\": " +
+                             QByteArray::number(bitrate) + "}}]}");
+    }
+
+    const TestMedia::Folder place;
+    const std::string file = place / "mine.json";
+};
+
+TEST_F(PresetFiles, AreExportedInTheFormThatIsImported) {
+    ASSERT_EQ(presets({"export", "mp3", "flac", "-o", file}).code, 0);
+    EXPECT_EQ(presets({"validate", file}).code, 0);
+    const QJsonObject object = QJsonDocument::fromJson(TestFiles::read(file)).object();
+    EXPECT_EQ(object.value(name("presets")).toArray().size(), 2);
+    EXPECT_EQ(presets({"export", "mp3", "flac"}).output.toUtf8(), TestFiles::read(file));
+    EXPECT_EQ(presets({"export", "mp3", "-o", file}).code, 2) << "it exists";
+    EXPECT_EQ(presets({"export", "mp3", "-o", file, "-y"}).code, 0);
+    const Result unknown = presets({"export", "mp4"});
+    EXPECT_EQ(unknown.code, 2);
+}
+
+TEST_F(PresetFiles, AreImportedToBeUsed) {
+    writeOwn("my-sound", 128000);
+    ASSERT_EQ(presets({"import", file}).code, 0);
+    EXPECT_TRUE(presets({"my-sound"}).output.contains(name("128 kbit/s")));
+    writeOwn("my-sound", 192000);
+    const Result refused = presets({"import", file});
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_TRUE(refused.errors.contains(name("--overwrite"))) << refused.errors.toStdString();
+    EXPECT_EQ(presets({"import", file, "-y"}).code, 0);
+    EXPECT_TRUE(presets({"my-sound"}).output.contains(name("192 kbit/s")));
+    writeOwn("another", 96000);
+    EXPECT_EQ(presets({"import", file}).code, 0);
+    EXPECT_TRUE(presets({"my-sound"}).output.contains(name("192 kbit/s"))) << "what was there stays";
+}
+
+TEST_F(PresetFiles, OfAnInstalledIdAreImportedOnlyWhereThatIsSaid) {
+    writeOwn("mp3", 64000);
+    EXPECT_EQ(presets({"import", file}).code, 2);
+    EXPECT_EQ(presets({"import", file, "-y"}).code, 0);
+    EXPECT_TRUE(presets({"mp3"}).output.contains(name("64 kbit/s")));
+}
+
+TEST_F(PresetFiles, ThatAreWrongAreToldWithThePlaceAndNotImported) {
+    writeOwn("my-sound", 5);
+    const Result checked = presets({"validate", file});
+    EXPECT_EQ(checked.code, 2);
+    EXPECT_TRUE(checked.output.contains(name("mine.json: /presets/0/audio/bitrate: "))) << checked.output.toStdString();
+    EXPECT_EQ(presets({"import", file}).code, 2);
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList({name("mine.json")})) << "nothing was made";
+    TestFiles::write(file, "nonsense");
+    EXPECT_EQ(presets({"validate", file}).code, 2);
+    EXPECT_EQ(presets({"validate", place / "nothing"}).code, 2);
+}
+
+TEST_F(PresetFiles, AreComparedSettingBySetting) {
+    EXPECT_EQ(presets({"diff", "mp3", "mp3"}).code, 0);
+    const Result result = presets({"diff", "mp4-h264-1080p", "mp4-h264-720p"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(result.output.contains(name("/video/width: 1920 | 1280\n"))) << result.output.toStdString();
+    EXPECT_FALSE(result.output.contains(name("/video/codec")));
+    writeOwn("my-sound", 128000);
+    const Result withFile = presets({"diff", "mp3", file});
+    EXPECT_TRUE(withFile.output.contains(name("/audio/sampleRate: 48000 | -\n"))) << withFile.output.toStdString();
+    EXPECT_EQ(presets({"diff", "mp3"}).code, 2);
+}
+
+} // namespace

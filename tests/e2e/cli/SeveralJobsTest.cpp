@@ -1,0 +1,213 @@
+// Several exports of one command line: "--each" and "queue".
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+using TestCli::Program;
+using TestCli::Result;
+using TestCli::run;
+
+namespace {
+
+QString name(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class SeveralJobs : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = new TestMedia::Folder;
+        TestMedia::FlashBeep media;
+        media.frames = 10;
+        media.samples = 48'000 / 25 * 10;
+        for (const char* clip : {"one.mov", "two.mov", "three.mov"})
+            TestMedia::makeFlashBeep(*folder / clip, media);
+    }
+    static void TearDownTestSuite() { delete folder; }
+
+    static QJsonObject job(const std::string& input, const std::string& output) {
+        return {{name("inputs"), QJsonArray{QString::fromStdString(input)}},
+                {name("output"), QString::fromStdString(output)},
+                {name("preset"), name("mp4-h264-480p")}};
+    }
+    QJsonObject job(const char* clip) const { return job(*folder / clip, place / (std::string(clip) + ".mp4")); }
+    void writeQueue(const QJsonArray& jobs) const {
+        TestFiles::write(queue, QJsonDocument(QJsonObject{{name("queue"), 1}, {name("jobs"), jobs}}).toJson());
+    }
+    bool stands(const char* file) const { return QFileInfo::exists(QString::fromStdString(place / file)); }
+    QDateTime changed(const char* file) const { return QFileInfo(QString::fromStdString(place / file)).lastModified(); }
+
+    static TestMedia::Folder* folder;
+    const TestMedia::Folder place;
+    const std::string queue = place / "jobs.json";
+};
+
+TestMedia::Folder* SeveralJobs::folder = nullptr;
+
+TEST_F(SeveralJobs, OfAQueueAreRunOneAfterTheOtherAndTheOneWithAnErrorIsNamed) {
+    writeQueue({job("one.mov"), job("two.mov"), job(*folder / "missing.mov", place / "no.mp4"), job("three.mov")});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 1);
+    for (const char* file : {"one.mov.mp4", "two.mov.mp4", "three.mov.mp4"})
+        EXPECT_TRUE(stands(file)) << file;
+    EXPECT_TRUE(
+        result.errors.contains(name("job 3 of 4, \"") + QString::fromStdString(place / "no.mp4") + name("\": failed")))
+        << result.errors.toStdString();
+    EXPECT_TRUE(result.output.endsWith(name("4 jobs: 3 done, 1 failed (number 3)\n"))) << result.output.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueThatAreDoneAreNotDoneAgain) {
+    writeQueue({job("one.mov"), job("two.mov")});
+    ASSERT_EQ(run({"queue", queue}).code, 0);
+    const QDateTime first = changed("one.mov.mp4");
+    QFile::remove(QString::fromStdString(place / "two.mov.mp4"));
+    writeQueue({job("three.mov"), job("one.mov"), job("two.mov")});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(changed("one.mov.mp4"), first);
+    EXPECT_TRUE(stands("two.mov.mp4")) << "it had gone";
+    EXPECT_TRUE(result.output.endsWith(name("3 jobs: 2 done, 1 done before\n"))) << result.output.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueThatWereChangedAreNotTakenForDone) {
+    writeQueue({job("one.mov")});
+    ASSERT_EQ(run({"queue", queue}).code, 0);
+    TestFiles::write(place / "one.mov.mp4", "another");
+    EXPECT_EQ(run({"queue", queue}).code, 1) << "another file is not replaced without a word";
+    EXPECT_EQ(TestFiles::read(place / "one.mov.mp4"), "another");
+    QJsonObject again = job("one.mov");
+    again.insert(name("overwrite"), true);
+    writeQueue({again});
+    EXPECT_EQ(run({"queue", queue}).code, 0);
+}
+
+TEST_F(SeveralJobs, OfAQueueTakeTheOptionsOfRender) {
+    QJsonObject first = job("one.mov");
+    first.insert(name("set"), QJsonArray{name("bitrate=300k"), name("size=64x64")});
+    first.insert(name("out"), name("5f"));
+    first.insert(name("report"), QString::fromStdString(place / "report.json"));
+    QJsonObject wrong = job("two.mov");
+    wrong.insert(name("prest"), name("x"));
+    QJsonObject alsoWrong = job("three.mov");
+    alsoWrong.insert(name("in"), name("soon"));
+    writeQueue({first, wrong, alsoWrong});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(result.errors.contains(name("\"prest\": a job has no such member; did you mean preset")))
+        << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(name("\"soon\" is no time"))) << result.errors.toStdString();
+    const QJsonObject report = QJsonDocument::fromJson(TestFiles::read(place / "report.json")).object();
+    const QJsonObject picture =
+        report.value(name("file")).toObject().value(name("streams")).toArray().first().toObject();
+    EXPECT_EQ(picture.value(name("packets")).toInt(), 5);
+    EXPECT_EQ(picture.value(name("width")).toInt(), 64);
+}
+
+TEST_F(SeveralJobs, OfAQueueCountNamesFromWhereItStands) {
+    QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(place / "-odd name.mov"));
+    writeQueue({job("-odd name.mov", "film.mp4")});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_TRUE(stands("film.mp4"));
+}
+
+TEST_F(SeveralJobs, OfAQueueAreObjectsInJson) {
+    writeQueue({job("one.mov"), job(*folder / "missing.mov", place / "no.mp4")});
+    const Result result = run({"queue", queue, "--progress", "json"});
+    QStringList statuses;
+    for (const QJsonObject& object : TestCli::jsonLines(result.errors)) {
+        EXPECT_FALSE(object.isEmpty()) << result.errors.toStdString();
+        if (object.value(name("type")).toString() == name("job"))
+            statuses << object.value(name("status")).toString();
+    }
+    EXPECT_EQ(statuses, QStringList({name("begun"), name("begun"), name("failed")}));
+    EXPECT_EQ(TestCli::jsonLines(result.output).size(), 1) << "the file that was made";
+}
+
+TEST_F(SeveralJobs, OfAQueueThatIsNoneAreRefusedWithTheReason) {
+    const std::pair<const char*, const char*> bad[] = {
+        {"", "illegal value"},
+        {"{\n\"queue\": 1,\n\"jobs\" []}", "line 3"},
+        {"[]", "\"queue\" is not 1"},
+        {R"({"queue": 2, "jobs": [{}]})", "\"queue\" is not 1"},
+        {R"({"queue": 1})", "\"jobs\" is no list of jobs"},
+        {R"({"queue": 1, "jobs": [], "more": 1})", "\"more\" is no member"},
+        {R"({"queue": 1, "jobs": "all"})", "\"jobs\" is no list of jobs"}};
+    for (const auto& [text, reason] : bad) {
+        TestFiles::write(queue, text);
+        const Result result = run({"queue", queue});
+        EXPECT_EQ(result.code, 2) << text;
+        EXPECT_TRUE(result.errors.contains(name(reason))) << result.errors.toStdString();
+    }
+    EXPECT_EQ(run({"queue", place / "nothing.json"}).code, 2);
+    EXPECT_EQ(run({"queue", place / ""}).code, 2);
+}
+
+TEST_F(SeveralJobs, OfAQueueThatHaveNoFormAreNamed) {
+    writeQueue(
+        {QJsonValue(3), QJsonObject{}, QJsonObject{{name("inputs"), QJsonArray{QJsonObject{}}}}, job("one.mov")});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 1);
+    for (const char* reason : {"an object is expected", "\"inputs\" names no file", "a text or a number is expected"})
+        EXPECT_TRUE(result.errors.contains(name(reason))) << reason << result.errors.toStdString();
+    EXPECT_TRUE(stands("one.mov.mp4"));
+}
+
+TEST_F(SeveralJobs, OfAQueueAreOneProcessAtATime) {
+    writeQueue({job("one.mov")});
+    QFile held(QString::fromStdString(queue));
+    ASSERT_TRUE(held.open(QIODevice::ReadOnly));
+    ASSERT_EQ(::flock(held.handle(), LOCK_EX), 0);
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("another process is running it"))) << result.errors.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueWhoseStateIsBrokenAreRefusedWithAWayOut) {
+    writeQueue({job("one.mov")});
+    TestFiles::write(queue + ".state", "{");
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("without that file all jobs are begun anew")))
+        << result.errors.toStdString();
+}
+
+TEST_F(SeveralJobs, OfEachInputGoIntoAFolder) {
+    const Result result =
+        run({"render", *folder / "one.mov", *folder / "two.mov", "--each", "-p", "m4a-aac", "-o", place / ""});
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList({name("one.m4a"), name("two.m4a")}));
+}
+
+TEST_F(SeveralJobs, OfEachInputGoOnBehindOneThatFails) {
+    const Result result =
+        run({"render", *folder / "missing.mov", *folder / "two.mov", "--each", "-p", "mp3", "-o", place / ""});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(stands("two.mp3"));
+    EXPECT_EQ(run({"render", *folder / "missing.mov", "--each", "-p", "mp3", "-o", place / ""}).code, 2)
+        << "nothing was begun";
+}
+
+TEST_F(SeveralJobs, OfEachInputNeedAFolderAPresetAndNamesOfTheirOwn) {
+    const std::string clip = *folder / "one.mov";
+    const auto refusal = [&](const std::vector<std::string>& arguments) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 2);
+        return result.errors.toStdString();
+    };
+    EXPECT_NE(refusal({"render", clip, "--each", "-p", "mp3", "-o", place / "no"}).find("make it first"),
+              std::string::npos);
+    EXPECT_NE(refusal({"render", clip, "--each", "-p", "mp3", "-o", clip}).find("that is none"), std::string::npos);
+    EXPECT_NE(refusal({"render", clip, "--each", "-o", place / ""}).find("Name a preset"), std::string::npos);
+    EXPECT_NE(refusal({"render", clip, clip, "--each", "-p", "mp3", "-o", place / ""}).find("would both become"),
+              std::string::npos);
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+} // namespace
