@@ -191,6 +191,20 @@ TEST_F(Programmes, OfSoundAloneKeepTheirCover) {
     EXPECT_THAT(said, HasSubstr("left out: 1 attached picture (1)"));
 }
 
+TEST_F(Programmes, ThatAreNotInTheFileFailTheExport) {
+    std::string catalogue = TestFiles::read(EDITOR_EXPORT_CATALOGUE).toStdString();
+    const std::string plain = R"("container": {"id": "mp3"})";
+    ASSERT_NE(catalogue.find(plain), std::string::npos);
+    catalogue.replace(catalogue.find(plain), plain.size(),
+                      R"("container": {"id": "mp3", "options": {"id3v2_version": 0}})");
+    const std::string song = make("song.mka", {tone(440), {"-metadata", "title=A song", "-c:a", "flac"}});
+    Program program({"render", song, "-p", "mp3", "-o", place / "a.mp3", "--progress", "none"});
+    program.setEnvironment("EDITOR_EXPORT_PRESETS", write("catalogue.json", catalogue));
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.errors.toStdString(), HasSubstr("found wrong: it does not have its title"));
+}
+
 TEST_F(Programmes, ThatAreNoUtf8AreReadAsTheyWereMeant) {
     const std::string path = make(
         "film.mkv", {pictures(), tone(440), {"-metadata", "title=12345", "-metadata", "artist=Somebody"}, quick()});
