@@ -93,6 +93,9 @@ TEST_F(Tracks, OfOneKindAreLeftOutOnOrder) {
     EXPECT_TRUE(silent.all("audio").empty());
     EXPECT_EQ(silent.all("video").size(), 1U);
     EXPECT_THAT(said, HasSubstr("left out: 2 sound tracks (1, ger; 2, eng)\n"));
+    EXPECT_TRUE(
+        render({path, "-p", "mp4-h264-480p", "--quality", "low", "--audio", "none"}, "low.mp4").all("audio").empty())
+        << "a quality does not bring it back";
     const auto blind = render({path, "-p", "mkv-ffv1-flac", "--video", "none"}, "blind.mka");
     EXPECT_TRUE(blind.all("video").empty());
     EXPECT_EQ(blind.all("audio").size(), 1U);
