@@ -11,6 +11,9 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
 
 namespace Cli {
 namespace {
@@ -79,6 +82,9 @@ Report::Report(const Options& options)
         options.report == options.output)
         KESTRA_THROW(
             ExportCore::Refusal("Cannot write the report " + name + ": it is the output or one of the inputs"));
+    struct stat state = {};
+    if (::lstat(path.constData(), &state) != 0 && errno != ENOENT)
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " + std::strerror(errno)));
     if (file.isDir() || !file.absoluteDir().exists())
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " +
                                          (file.isDir() ? "it is a folder" : "its folder does not exist")));

@@ -1,0 +1,154 @@
+// Every option with what nobody means.
+#include "Program.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using TestCli::Result;
+using TestCli::run;
+
+namespace {
+
+QString name(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// The options of a command that take a value, and those that take none, as the program itself lists them.
+struct OptionNames {
+    std::vector<std::string> valued, flags;
+};
+
+OptionNames optionsOf(const std::string& command) {
+    OptionNames names;
+    const QString help = run({command, "--help"}).output;
+    const QRegularExpression row(name("^  (?:-\\w, )?(--[a-z-]+)( [A-Z])?"), QRegularExpression::MultilineOption);
+    for (auto match = row.globalMatch(help); match.hasNext();) {
+        const QRegularExpressionMatch one = match.next();
+        (one.captured(2).isEmpty() ? names.flags : names.valued).push_back(one.captured(1).toStdString());
+    }
+    return names;
+}
+
+class HostileOptions : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = new TestMedia::Folder;
+        TestMedia::FlashBeep media;
+        media.frames = 5;
+        media.samples = 48'000 / 5;
+        TestMedia::makeFlashBeep(*folder / "clip.mov", media);
+    }
+    static void TearDownTestSuite() { delete folder; }
+
+    /// A word that every option has to refuse or can do with: no other end than these, and one error that says why.
+    static void expectSaidOrDone(const Result& result, const std::string& what) {
+        EXPECT_TRUE(result.ended) << what;
+        EXPECT_TRUE(result.code == 0 || result.code == 2) << what << ": " << result.code << result.errors.toStdString();
+        if (result.code != 2)
+            return;
+        const QStringList errors = result.errorLines().filter(QRegularExpression(name("^editor-export: (?!note: )")));
+        // What is wrong with a timeline is a result.
+        EXPECT_EQ(errors.size() + (result.output.isEmpty() ? 0 : 1), 1) << what << ": " << result.errors.toStdString();
+        EXPECT_FALSE(result.errors.contains(QRegularExpression(name("std::|terminate|basic_string"))))
+            << what << ": " << result.errors.toStdString();
+    }
+
+    static TestMedia::Folder* folder;
+    const std::string clip = *folder / "clip.mov";
+    const TestMedia::Folder place;
+};
+
+TestMedia::Folder* HostileOptions::folder = nullptr;
+
+const std::vector<std::string>& oddWords() {
+    static const std::vector<std::string> words{
+        "",
+        "nonsense",
+        "-1",
+        "--",
+        "99999999999999999999999999",
+        "\xE2\x80\xAE\xF0\x9F\x8E\xAC",
+        std::string(100'000, 'x'),
+    };
+    return words;
+}
+
+TEST_F(HostileOptions, OfRenderWithOddValuesAreRefusedOrDone) {
+    const OptionNames names = optionsOf("render");
+    ASSERT_GT(names.valued.size(), 15U);
+    for (const std::string& option : names.valued) {
+        if (option == "--output")
+            continue;
+        for (const std::string& word : oddWords()) {
+            const bool isFile = option == "--log" || option == "--report" || option == "--media-root";
+            if (isFile && word == "nonsense")
+                continue; // a name like any other
+            std::vector<std::string> arguments{"render", clip, "-p", "mp4-h264-480p", "-y", "--dry-run"};
+            if (option == "--preset")
+                arguments.erase(arguments.begin() + 2, arguments.begin() + 4);
+            arguments.push_back(option + '=' + word);
+            arguments.insert(arguments.end(), {"-o", place / "film.mp4"});
+            expectSaidOrDone(run(arguments), option + '=' + word.substr(0, 40));
+        }
+    }
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(HostileOptions, ThatTakeNoValueRefuseOne) {
+    for (const std::string& option : optionsOf("render").flags) {
+        const Result result =
+            run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "film.mp4", option + "=nonsense"});
+        EXPECT_EQ(result.code, option == "--help" ? result.code : 2) << option << result.errors.toStdString();
+    }
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(HostileOptions, OfOtherCommandsAreRefusedOrDone) {
+    for (const char* command : {"presets", "info", "validate", "queue"})
+        for (const std::string& option : optionsOf(command).valued)
+            for (const std::string& word : oddWords()) {
+                if (option == "--log" && word == "nonsense")
+                    continue;
+                const Result result = run({command, option + '=' + word, clip});
+                expectSaidOrDone(result, std::string(command) + ' ' + option + '=' + word.substr(0, 40));
+            }
+}
+
+TEST_F(HostileOptions, OfOutputsAreRefusedByName) {
+    const auto refusal = [&](const std::string& output) {
+        const Result result = run({"render", clip, "-p", "mp4-h264-480p", "-o", output});
+        EXPECT_EQ(result.code, 2) << output.substr(0, 40);
+        EXPECT_EQ(result.errorLines().size(), 1) << result.errors.toStdString();
+        return result.errors;
+    };
+    EXPECT_TRUE(refusal("-").contains(name("standard output is no place for an export")));
+    EXPECT_TRUE(refusal("").contains(name("No output file was given")));
+    EXPECT_TRUE(refusal(place / std::string(300, 'x')).contains(name("File name too long")));
+    const QString both = refusal(place / "film.webm");
+    EXPECT_TRUE(both.contains(name("\"mp4-h264-480p\" writes .mp4")) && both.contains(name("not .webm")))
+        << both.toStdString();
+    const Result unnamed = run({"render", clip, "-o", "-"});
+    EXPECT_TRUE(unnamed.errors.contains(name("standard output is no place for an export")))
+        << unnamed.errors.toStdString();
+}
+
+TEST_F(HostileOptions, ThatAreNoneHaveNearNames) {
+    const auto refusal = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> arguments{"render", clip, "-o", place / "film.mp4"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 2);
+        return result.errors;
+    };
+    EXPECT_TRUE(
+        refusal({"--qualty", "high"}).contains(name("there is no option \"--qualty\"; did you mean --quality")));
+    EXPECT_TRUE(refusal({"--dry-rnu"}).contains(name("did you mean --dry-run?")));
+    EXPECT_TRUE(refusal({"--zzzzzzzzzzzz=3"}).contains(name("there is no option \"--zzzzzzzzzzzz\" (see --help)")));
+    const Result file = run({"render", *folder / "clpi.mov", "-o", place / "film.mp4"});
+    EXPECT_TRUE(file.errors.contains(name("; did you mean \"") + QString::fromStdString(clip) + name("\"?")))
+        << file.errors.toStdString();
+    EXPECT_EQ(file.code, 2);
+}
+
+} // namespace
