@@ -17,6 +17,7 @@
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
@@ -48,6 +49,12 @@ ExportJob::~ExportJob() {
     outputOpening.reset();
     transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
     undo();
+}
+
+std::shared_ptr<Kestra::Proc::PictureBox> ExportJob::watchPictures() {
+    if (!pictureBox)
+        pictureBox = std::make_shared<Kestra::Proc::PictureBox>();
+    return pictureBox;
 }
 
 void ExportJob::start() {
@@ -143,6 +150,7 @@ std::string ExportJob::choosePreset() {
 void ExportJob::showTimeline() {
     project = std::make_unique<EditorProject>();
     connect(project.get(), &EditorProject::streamFailed, this, &ExportJob::fail);
+    project->tapPictures(pictureBox);
     project->show(opening->sequence());
     for (const std::string& warning : opening->warnings())
         outcome.warnings << QString::fromStdString(warning);

@@ -32,8 +32,9 @@ class Transcoder;
 } // namespace Export
 
 namespace Kestra::Proc {
+class PictureBox;
 struct DamageReport;
-}
+} // namespace Kestra::Proc
 
 namespace ExportCore {
 
@@ -55,6 +56,9 @@ public:
     explicit ExportJob(ExportRequest request, QObject* parent = nullptr);
     ~ExportJob() override;
 
+    /// For who wants to see what is being encoded; its pictures are those of the inputs, without an outro. Before
+    /// start().
+    std::shared_ptr<Kestra::Proc::PictureBox> watchPictures();
     /// Once. Returns at once.
     void start();
     /// Ends the run soon; the outcome is Stopped unless the run had failed or ended before.
@@ -149,6 +153,7 @@ private:
     CutPoints cut;
     Types::Range streamRange;
     std::unique_ptr<EditorProject> project;
+    std::shared_ptr<Kestra::Proc::PictureBox> pictureBox; ///< null where nobody looks
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
     std::unique_ptr<OutputOpening> outputOpening;

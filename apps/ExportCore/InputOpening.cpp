@@ -16,8 +16,11 @@ using Kestra::Proc::TranscodingError;
 InputOpening::InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent)
     : InputOpening(std::make_shared<Opened>(), request, preset, parent) {}
 
-InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
-                           QObject* parent)
+InputOpening::InputOpening(const ExportRequest& request, QObject* parent)
+    : InputOpening(std::make_shared<Opened>(), request, std::nullopt, parent) {}
+
+InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
+                           const std::optional<Preset>& preset, QObject* parent)
     : BackgroundTask(
           "open-inputs", [=](const std::atomic<bool>& interrupted) { open(*opened, request, preset, interrupted); },
           parent)
@@ -50,11 +53,13 @@ std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const QS
     return paths;
 }
 
-void InputOpening::open(Opened& opened, const ExportRequest& request, const Preset& preset,
+void InputOpening::open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                         const std::atomic<bool>& interrupted) {
     const std::vector<Kestra::ioPath> paths = requireInputs(opened, request.inputs);
-    RequestCheck::output(request);
-    RequestCheck::outputName(request, preset);
+    if (preset) {
+        RequestCheck::output(request);
+        RequestCheck::outputName(request, *preset);
+    }
     try {
         if (TimelineOpening::isTimeline(paths.front().ToUtf8()))
             return openTimeline(opened, request, preset, interrupted);
@@ -78,11 +83,13 @@ InputProgramme::File fileOf(const Preset& preset) {
 } // namespace
 
 void InputOpening::openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,
-                             const Preset& preset, const std::atomic<bool>& interrupted) {
+                             const std::optional<Preset>& preset, const std::atomic<bool>& interrupted) {
     const auto next = [&opened](std::size_t index) { opened.at = static_cast<int>(index); };
     opened.sequence = Render::Sequence::ofFiles(paths, &interrupted, request.mediaLimits, next, request.tracks.choice);
     opened.at = 0;
-    InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(preset), interrupted);
+    if (!preset)
+        return;
+    InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(*preset), interrupted);
     opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>(std::move(told.programme));
     opened.notes = std::move(told.notes);
 }
@@ -110,7 +117,7 @@ std::string refusalOf(const std::string& path, const TimelineOpening& timeline) 
 
 } // namespace
 
-void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, const Preset& preset,
+void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                                 const std::atomic<bool>& interrupted) {
     opened.at = 0;
     const std::string path = request.inputs.front().toStdString();
@@ -122,7 +129,8 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
         KESTRA_THROW(Refusal(refusalOf(path, timeline)));
     RequestCheck::outputIsNoneOf(timeline.reading.named, request);
     opened.sequence = timeline.sequence(&interrupted);
-    InputProgramme::noteLeftOut(opened.sequence, request.tracks, fileOf(preset));
+    if (preset)
+        InputProgramme::noteLeftOut(opened.sequence, request.tracks, fileOf(*preset));
     if (!request.tracks.metadata)
         opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>();
     for (const Timeline::Finding& finding : timeline.reading.findings)

@@ -5,6 +5,7 @@
 #include "ExportCore/BackgroundTask.h"
 #include "ExportCore/ExportRequest.h"
 #include "Render/Sequence.h"
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ class EXPORTCORE_EXPORT InputOpening : public BackgroundTask {
     Q_OBJECT
 public:
     InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent = nullptr);
+    /// The inputs alone: nothing is asked of an output yet.
+    explicit InputOpening(const ExportRequest& request, QObject* parent = nullptr);
 
     /// After finished() without an error.
     const Render::Sequence& sequence() const { return opened->sequence; }
@@ -34,14 +37,15 @@ private:
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 
-    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const Preset& preset,
-                 QObject* parent);
+    /// Without a preset there is no output yet.
+    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
+                 const std::optional<Preset>& preset, QObject* parent);
     static std::vector<Kestra::ioPath> requireInputs(Opened& opened, const QStringList& inputs);
-    static void openTimeline(Opened& opened, const ExportRequest& request, const Preset& preset,
+    static void openTimeline(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                              const std::atomic<bool>& interrupted);
     static void openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,
-                          const Preset& preset, const std::atomic<bool>& interrupted);
-    static void open(Opened& opened, const ExportRequest& request, const Preset& preset,
+                          const std::optional<Preset>& preset, const std::atomic<bool>& interrupted);
+    static void open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                      const std::atomic<bool>& interrupted);
 
     const ExportRequest request;

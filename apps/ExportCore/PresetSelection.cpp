@@ -21,9 +21,11 @@ Preset emptied(const std::string& id) {
     return Preset(tree);
 }
 
+} // namespace
+
 /// The provider keeps what it has when the preset asked for equals it under another name. An export goes by the name:
 /// qualities and edits belong to it.
-void selectInTag(Export::PresetProvider& provider, const std::string& id) {
+void PresetSelection::selectInTag(Export::PresetProvider& provider, const std::string& id) {
     provider.selectPreset(id);
     if (isSelected(provider, id))
         return;
@@ -32,8 +34,6 @@ void selectInTag(Export::PresetProvider& provider, const std::string& id) {
     if (!isSelected(provider, id))
         KESTRA_THROW(Refusal("The preset \"" + id + "\" cannot be selected"));
 }
-
-} // namespace
 
 std::unique_ptr<Export::PresetProvider> PresetSelection::makeProvider() {
     try {

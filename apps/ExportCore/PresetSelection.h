@@ -18,6 +18,9 @@ struct EXPORTCORE_EXPORT PresetSelection {
     /// with near names for an id that is none.
     static void select(Export::PresetProvider& provider, const std::string& id);
 
+    /// Likewise one of the presets of the current tag; an id that is none of those throws Refusal.
+    static void selectInTag(Export::PresetProvider& provider, const std::string& id);
+
     PresetSelection() = delete;
 };
 

@@ -61,6 +61,10 @@ void EditorProject::describe(const Types::Range& range) {
     d->model.describe(range);
 }
 
+void EditorProject::tapPictures(std::shared_ptr<Kestra::Proc::PictureBox> box) {
+    d->model.tapPictures(std::move(box));
+}
+
 Composition::Object* EditorProject::composition() {
     return d->model.composition();
 }

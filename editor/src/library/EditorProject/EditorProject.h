@@ -6,6 +6,7 @@
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
+#include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
@@ -51,6 +52,9 @@ public:
     /// What has been opened is described, from now on, by what lies in the range; an empty or inverted one is all of
     /// it. Throws ProcException (InvalidArgument) for one that lies outside, and when nothing has been opened.
     void describe(const Types::Range& range);
+
+    /// Streams of pictures that are built from now on show what they pass: see PictureTap. Null: they do not.
+    void tapPictures(std::shared_ptr<Kestra::Proc::PictureBox> box);
 
     /// Never null; the same object all the time. It has no video and no audio description before open(), and both
     /// after.

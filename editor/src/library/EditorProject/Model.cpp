@@ -101,7 +101,8 @@ boost::intrusive_ptr<Proc::IStreamVideo> Model::build(const Adoption<Media::Vide
     requireOwn(order.source, compositionObject.video());
     const ExportWindow window(order.range, duration(), FrameGrid(rateOf(*order.source)));
     const Conf::FrameInfo frame = frameOf(*order.source, videoDescription);
-    return Render::createPictureStream(opened(), window, frame);
+    const auto pictures = Render::createPictureStream(opened(), window, frame);
+    return pictureBox ? new Proc::PictureTap(pictures, pictureBox) : pictures;
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audio>& order) const {

@@ -8,6 +8,7 @@
 #include "EditorProject/TimelineMarks.h"
 #include "EditorProject/TimelineTracks.h"
 #include "Kestra/Base/FrameGrid.h"
+#include "Kestra/Proc/Filters/PictureTap.h"
 #include "Render/Sequence.h"
 #include <exception>
 #include <functional>
@@ -30,6 +31,8 @@ public:
     void show(Render::Sequence sequence);
     /// Describes the composition by what lies in the range.
     void describe(const Types::Range& range);
+    /// As EditorProject::tapPictures().
+    void tapPictures(std::shared_ptr<Kestra::Proc::PictureBox> box) { pictureBox = std::move(box); }
     /// Null before something is shown.
     const Render::Sequence* sequence() const { return shown ? &*shown : nullptr; }
 
@@ -66,6 +69,7 @@ private:
     Kestra::Ticks duration() const { return opened().document->duration(); }
 
     std::optional<Render::Sequence> shown;
+    std::shared_ptr<Kestra::Proc::PictureBox> pictureBox; ///< null where nobody looks
     Media::Video videoDescription;
     Media::Audio audioDescription;
     Composition::Object compositionObject;

@@ -2,6 +2,7 @@
 #include "Kestra/Engine/Backend.h"
 #include "Kestra/Proc/FileCheck.h"
 #include "Kestra/Proc/LibraryVersions.h"
+#include "Kestra/Proc/PictureReading.h"
 #include "Kestra/Proc/Segmenter.h"
 
 namespace Kestra {
@@ -33,6 +34,10 @@ std::vector<Proc::LibraryVersion> Proc::GetLibraryVersions() {
 boost::intrusive_ptr<Proc::IStreamRaw> Proc::CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,
                                                                   std::int64_t start, std::int64_t end) {
     return Backend().CreateAudioSegmenter(stream, start, end);
+}
+
+Proc::RgbPicture Proc::ReadPicture(const IDataVideo& picture, int width, int height) {
+    return Backend().ReadPicture(picture, width, height);
 }
 
 } // namespace Kestra

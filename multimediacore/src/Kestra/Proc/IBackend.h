@@ -7,6 +7,7 @@
 #include "Kestra/Proc/IStreamRaw.h"
 #include "Kestra/Proc/LibraryVersions.h"
 #include "Kestra/Proc/MediaLimits.h"
+#include "Kestra/Proc/PictureReading.h"
 #include <memory>
 
 namespace Kestra::Proc {
@@ -34,6 +35,8 @@ public:
     virtual CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) = 0;
     virtual boost::intrusive_ptr<IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,
                                                                   std::int64_t start, std::int64_t end) = 0;
+
+    virtual RgbPicture ReadPicture(const IDataVideo& picture, int width, int height) = 0;
 
     virtual bool TakesPixelFormat(Conf::CodecID codec, const std::string& pixelFormat) = 0;
     virtual std::string WhyNotOption(Conf::CodecID codec, const std::string& name, const std::string& value,

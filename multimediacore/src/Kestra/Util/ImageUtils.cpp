@@ -1,6 +1,7 @@
 #include "Kestra/Util/ImageUtils.h"
 
 #include "Kestra/Base/Exception.h"
+#include "Kestra/Proc/PictureReading.h"
 
 #include <QImage>
 #include <QtEndian>
@@ -45,6 +46,12 @@ boost::intrusive_ptr<Proc::IDataVideo> ImageUtils::PixmapToFrame(const QPixmap& 
     return factory.CreateDataVideo(
         frame, Conf::PixelFormat::BGRA,
         [&image](std::uint8_t* pixels, std::ptrdiff_t stride) { writePixels(image, pixels, stride); });
+}
+
+QImage ImageUtils::FrameToImage(const Proc::IDataVideo& picture, const QSize& limit) {
+    const Proc::RgbPicture read = Proc::ReadPicture(picture, limit.width(), limit.height());
+    // A copy, as the image would only refer to the pixels.
+    return QImage(read.pixels.data(), read.width, read.height, 3 * read.width, QImage::Format_RGB888).copy();
 }
 
 } // namespace Kestra::Util

@@ -3,7 +3,9 @@
 
 #include "Kestra/Proc/IDataVideoFFFactory.h"
 #include "KestraQtExport.h"
+#include <QImage>
 #include <QPixmap>
+#include <QSize>
 
 namespace Kestra::Util {
 
@@ -14,6 +16,9 @@ public:
     /// std::invalid_argument for a null pixmap.
     static boost::intrusive_ptr<Proc::IDataVideo> PixmapToFrame(const QPixmap& pixmap,
                                                                 Proc::IDataVideoFFFactory& factory);
+
+    /// The picture for a display, as Proc::ReadPicture() gives it within `limit`. Any thread.
+    static QImage FrameToImage(const Proc::IDataVideo& picture, const QSize& limit);
 
     ImageUtils() = delete;
 };

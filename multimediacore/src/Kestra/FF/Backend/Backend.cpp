@@ -2,6 +2,7 @@
 #include "Kestra/FF/Av/LargestAllocation.h"
 #include "Kestra/FF/Av/LibraryVersions.h"
 #include "Kestra/FF/Data/DataVideoFFFactory.h"
+#include "Kestra/FF/Data/PictureReader.h"
 #include "Kestra/FF/Demux/FileCheck.h"
 #include "Kestra/FF/Encode/CodecFactory.h"
 #include "Kestra/FF/Encode/EncoderQuery.h"
@@ -33,6 +34,10 @@ public:
     boost::intrusive_ptr<Proc::IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<Proc::IStreamRaw>& stream,
                                                                 std::int64_t start, std::int64_t end) override {
         return FF::CreateAudioSegmenter(stream, start, end);
+    }
+
+    Proc::RgbPicture ReadPicture(const Proc::IDataVideo& picture, int width, int height) override {
+        return FF::ReadPicture(picture, width, height);
     }
 
     bool TakesPixelFormat(Conf::CodecID codec, const std::string& pixelFormat) override {

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Kestra/Proc/PictureReading.h"
+
+namespace Kestra::FF {
+
+/// As Proc::ReadPicture().
+Proc::RgbPicture ReadPicture(const Proc::IDataVideo& picture, int width, int height);
+
+} // namespace Kestra::FF
