@@ -1,0 +1,347 @@
+#include "dialog/Models/ExportForm.h"
+
+#include "ExportCore/OutputExtension.h"
+#include "ExportCore/OutroPictures.h"
+#include "ExportCore/PresetSelection.h"
+#include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimeText.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
+#include "dialog/Models/OutputName.h"
+#include "dialog/Models/PresetObstacle.h"
+#include "dialog/Models/PresetText.h"
+#include <algorithm>
+
+namespace Dialog {
+
+using ExportCore::Refusal;
+using ExportCore::TimeText;
+
+ExportForm::ExportForm(QObject* parent)
+    : QObject(parent)
+    , provider(ExportCore::PresetSelection::makeProvider())
+    , list(new PresetList(*provider, catalogue, media, this))
+    , chosenId(provider->originalPreset().id()) {
+    connect(&media, &SourceMedia::changed, this, &ExportForm::onSourceChanged);
+}
+
+ExportForm::~ExportForm() {
+    delete list; // before the model below it
+}
+
+QString ExportForm::catalogueWarning() const {
+    return QString::fromStdString(provider->catalogueWarning());
+}
+
+void ExportForm::onSourceChanged() {
+    if (media.isReady()) {
+        firstMark = 0;
+        lastMark = static_cast<int>(media.places().size()) - 1;
+    } else {
+        chosenPart = Part::Whole;
+        cutIn.clear();
+        cutOut.clear();
+    }
+    list->refresh();
+    suggestOutput();
+    Q_EMIT sourceChanged();
+    change();
+}
+
+void ExportForm::selectTag(const std::string& tag) {
+    if (tag == provider->currentTag())
+        return;
+    provider->selectTag(tag);
+    // A preset that equals the one before leaves that selected, under an id that the tag may not have.
+    const auto ids = provider->availablePresets();
+    const std::string id = provider->originalPreset().id();
+    if (!ids.empty() && std::find(ids.begin(), ids.end(), id) == ids.end())
+        ExportCore::PresetSelection::selectInTag(
+            *provider, ids.at(static_cast<std::size_t>(provider->modelIndexForCurrentPreset().row())));
+    follow();
+}
+
+void ExportForm::selectPreset(const QString& id) {
+    if (id.toStdString() == chosenId)
+        return;
+    ExportCore::PresetSelection::selectInTag(*provider, id.toStdString());
+    follow();
+}
+
+/// The provider has another preset.
+void ExportForm::follow() {
+    chosenId = provider->originalPreset().id();
+    nameForKind();
+    Q_EMIT presetChanged();
+    change();
+}
+
+void ExportForm::change() {
+    applyEdits();
+    Q_EMIT changed();
+}
+
+/// The provider's preset becomes what would be exported, for what is derived from it.
+void ExportForm::applyEdits() {
+    customRefusal.clear();
+    provider->updatePreset(nullptr, provider->originalPreset());
+    if (!media.isReady())
+        return;
+    try {
+        const ExportCore::PresetEdit edit = ExportCore::RequestCheck::presetEdit(request(), *provider);
+        edit.apply(*provider, media.project().video(), media.project().audio());
+    } catch (const Refusal& refusal) {
+        customRefusal = QString::fromStdString(refusal.what());
+    }
+}
+
+void ExportForm::suggestOutput() {
+    if (!pathIsSuggested && !path.isEmpty())
+        return;
+    path = OutputName::suggestedFor(media.paths(), extension());
+    pathIsSuggested = true;
+}
+
+/// Another kind of file is to be made.
+void ExportForm::nameForKind() {
+    if (pathIsSuggested)
+        suggestOutput();
+    else
+        path = OutputName::withExtension(path, extension());
+}
+
+QString ExportForm::extension() const {
+    const Preset preset = provider->originalPreset();
+    return PresetText::extension(preset, preset.hasVideo() && withPicture);
+}
+
+std::vector<std::string> ExportForm::qualities() const {
+    return catalogue.qualitiesOf(chosenId);
+}
+
+std::string ExportForm::quality() const {
+    const auto own = edits.find(chosenId);
+    return own == edits.end() ? std::string() : own->second.quality;
+}
+
+void ExportForm::setQuality(const std::string& name) {
+    if (name == quality())
+        return;
+    edits[chosenId].quality = name;
+    Q_EMIT provider->qualityChanged();
+    change();
+}
+
+const CustomSettings& ExportForm::custom() const {
+    static const CustomSettings none;
+    const auto own = edits.find(chosenId);
+    return own == edits.end() ? none : own->second.custom;
+}
+
+bool ExportForm::usesCustom() const {
+    const auto own = edits.find(chosenId);
+    return own != edits.end() && own->second.usesCustom;
+}
+
+void ExportForm::setCustom(const CustomSettings& settings) {
+    if (settings == custom())
+        return;
+    edits[chosenId].custom = settings;
+    change();
+}
+
+void ExportForm::setUsesCustom(bool use) {
+    if (use == usesCustom())
+        return;
+    edits[chosenId].usesCustom = use;
+    change();
+}
+
+void ExportForm::resetCustom() {
+    setCustom({});
+}
+
+double ExportForm::usualQuality() const {
+    const Preset preset = provider->originalPreset();
+    if (preset.videoQuality() > 0)
+        return preset.videoQuality();
+    const auto scale = Kestra::ClientAPI::CodecLimits::VideoQuality(preset.videoCodec());
+    return (scale.best + scale.worst) / 2;
+}
+
+int ExportForm::usualKilobits() const {
+    constexpr int usual = 8000, bitsInKilobit = 1000;
+    if (!media.isReady())
+        return usual;
+    const auto bitrate = provider->bitrate(&media.project().video()).maximum / bitsInKilobit;
+    return bitrate > 0 ? static_cast<int>(bitrate) : usual;
+}
+
+void ExportForm::setPart(Part part) {
+    if (part == chosenPart)
+        return;
+    chosenPart = part;
+    change();
+}
+
+void ExportForm::setCut(const QString& in, const QString& out) {
+    if (in == cutIn && out == cutOut)
+        return;
+    cutIn = in;
+    cutOut = out;
+    change();
+}
+
+void ExportForm::setPlaces(int first, int last) {
+    if (first == firstMark && last == lastMark)
+        return;
+    firstMark = first;
+    lastMark = last;
+    change();
+}
+
+void ExportForm::setStreams(bool picture, bool sound) {
+    if (picture == withPicture && sound == withSound)
+        return;
+    withPicture = picture;
+    withSound = sound;
+    nameForKind();
+    change();
+}
+
+void ExportForm::setBranding(const QString& name) {
+    if (name == outro)
+        return;
+    outro = name;
+    change();
+}
+
+void ExportForm::setOutput(const QString& wanted) {
+    if (wanted == path)
+        return;
+    path = wanted;
+    pathIsSuggested = wanted.isEmpty();
+    change();
+}
+
+std::optional<KTime> ExportForm::pointOf(const QString& text) const {
+    const auto point = TimeText::parsePoint(text.trimmed().toStdString());
+    if (!point || (point->frames && !media.rate()))
+        return std::nullopt;
+    try {
+        return point->at(media.rate());
+    } catch (const Refusal&) { // too many frames
+        return std::nullopt;
+    }
+}
+
+std::optional<Types::Range> ExportForm::cutRange() const {
+    const auto in = cutIn.trimmed().isEmpty() ? std::optional(KTime(0)) : pointOf(cutIn);
+    const auto out = cutOut.trimmed().isEmpty() ? std::optional(media.duration()) : pointOf(cutOut);
+    if (!in || !out || *out <= *in || *in >= media.duration())
+        return std::nullopt;
+    return Types::Range{*in, std::min(*out, media.duration())};
+}
+
+std::optional<Types::Range> ExportForm::markedRange() const {
+    const auto count = static_cast<int>(media.places().size());
+    if (firstMark < 0 || lastMark <= firstMark || lastMark >= count)
+        return std::nullopt;
+    return Types::Range{media.places()[static_cast<std::size_t>(firstMark)].time,
+                        media.places()[static_cast<std::size_t>(lastMark)].time};
+}
+
+std::optional<Types::Range> ExportForm::range() const {
+    if (!media.isReady())
+        return std::nullopt;
+    switch (chosenPart) {
+    case Part::Cut:
+        return cutRange();
+    case Part::Markers:
+        return markedRange();
+    case Part::Whole:
+        break;
+    }
+    return Types::Range{KTime(0), media.duration()};
+}
+
+QString ExportForm::presetProblem() const {
+    if (const QString obstacle = PresetObstacle::of(preset(), media); !obstacle.isEmpty())
+        return tr("This preset is not possible: %1").arg(obstacle);
+    const bool picture = withPicture && preset().hasVideo(), sound = withSound && preset().hasAudio();
+    if (!picture && !sound)
+        return tr("Neither picture nor sound would be in the file");
+    return customRefusal.isEmpty() ? QString() : tr("The custom settings do not fit");
+}
+
+QString ExportForm::rangeProblem() const {
+    if (range())
+        return {};
+    if (chosenPart == Part::Markers)
+        return tr("The first marker must come before the ending one");
+    for (const QString& text : {cutIn, cutOut})
+        if (!text.trimmed().isEmpty() && !pointOf(text))
+            return tr("“%1” is no time; write minutes and seconds as 1:30, or frames as 120f").arg(text);
+    return tr("The in point must lie before the out point, and before the end");
+}
+
+QString ExportForm::problem() const {
+    if (!media.isReady())
+        return media.state() == SourceMedia::State::Refused   ? tr("What was opened cannot be exported")
+               : media.state() == SourceMedia::State::Opening ? tr("The source is being opened")
+                                                              : tr("Open what is to be exported");
+    if (const QString reason = presetProblem(); !reason.isEmpty())
+        return reason;
+    if (const QString reason = rangeProblem(); !reason.isEmpty())
+        return reason;
+    if (path.trimmed().isEmpty())
+        return tr("The file needs a name");
+    try {
+        ExportCore::RequestCheck::outputName(request(), editedPreset());
+    } catch (const Refusal& refusal) {
+        return QString::fromStdString(refusal.what());
+    }
+    return {};
+}
+
+ExportCore::ExportRequest ExportForm::request() const {
+    ExportCore::ExportRequest request;
+    request.inputs = media.paths();
+    if (media.isMissingBlack())
+        request.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
+    request.presetId = chosenId;
+    if (const std::string name = quality(); !name.empty())
+        request.quality = name;
+    if (usesCustom())
+        request.settings = custom().texts();
+    request.tracks.picture = withPicture;
+    if (!withSound)
+        request.tracks.sound = ExportCore::TrackOptions::Sound::None;
+    request.outputPath = path;
+    request.brandingName = outro;
+    const auto part = range();
+    if (part && chosenPart != Part::Whole) {
+        if (part->start > KTime(0))
+            request.in = part->start;
+        if (part->end < media.duration())
+            request.out = part->end;
+    }
+    return request;
+}
+
+std::optional<ExportCore::OutputEstimate> ExportForm::estimate() const {
+    const auto part = range();
+    if (!part || !presetProblem().isEmpty())
+        return std::nullopt;
+    const EditorProject& project = media.project();
+    const KTime length = part->end - part->start + ExportCore::OutroPictures::length(outro);
+    return ExportCore::OutputEstimate::of(*provider, withPicture ? &project.video() : nullptr,
+                                          withSound ? &project.audio() : nullptr, length);
+}
+
+void ExportForm::retranslate() {
+    provider->retranslate();
+    list->refresh();
+}
+
+} // namespace Dialog

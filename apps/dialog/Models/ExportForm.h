@@ -1,0 +1,145 @@
+// Dialog::ExportForm: all that somebody chooses for an export.
+#pragma once
+
+#include "Export/PresetProvider.h"
+#include "ExportCore/ExportRequest.h"
+#include "ExportCore/OutputEstimate.h"
+#include "ExportCore/PresetCatalogue.h"
+#include "dialog/Models/CustomSettings.h"
+#include "dialog/Models/PresetList.h"
+#include "dialog/Models/SourceMedia.h"
+#include <QObject>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Dialog {
+
+/// The state of the window's form, without widgets. Every setter leads to changed(), unless nothing changes.
+class ExportForm : public QObject {
+    Q_OBJECT
+public:
+    enum class Part {
+        Whole,
+        Cut,     ///< from the in point to the out point
+        Markers, ///< from one place of the timeline to another
+    };
+    Q_ENUM(Part)
+
+    /// Restores the last used tag and preset. Throws ExportCore::Refusal when the presets cannot be read.
+    explicit ExportForm(QObject* parent = nullptr);
+    ~ExportForm() override;
+
+    SourceMedia& source() { return media; }
+    const SourceMedia& source() const { return media; }
+    PresetList& presets() { return *list; }
+    /// Why the user's own presets are left out; empty when they are not.
+    QString catalogueWarning() const;
+
+    std::vector<std::string> tags() const { return provider->tags(); }
+    std::string tag() const { return provider->currentTag(); }
+    void selectTag(const std::string& tag);
+    std::string presetId() const { return chosenId; }
+    /// One of the current tag's.
+    void selectPreset(const QString& id);
+    /// The catalogue's version.
+    Preset preset() const { return provider->originalPreset(); }
+    /// With everything that is changed in it, as far as that is possible.
+    Preset editedPreset() const { return provider->preset(); }
+    /// Names, the one that gives most bits first.
+    std::vector<std::string> qualities() const;
+    /// Empty: the preset as it is.
+    std::string quality() const;
+    void setQuality(const std::string& name);
+
+    /// Of the selected preset; they stay its own when another one is selected.
+    const CustomSettings& custom() const;
+    bool usesCustom() const;
+    void setCustom(const CustomSettings& settings);
+    void setUsesCustom(bool use);
+    void resetCustom();
+    /// What the preset itself would come to: on the codec's scale, and in kbit/s for the source; where it does not
+    /// tell, the middle of the scale and some usual bitrate.
+    double usualQuality() const;
+    int usualKilobits() const;
+
+    Part part() const { return chosenPart; }
+    void setPart(Part part);
+    QString inText() const { return cutIn; }
+    QString outText() const { return cutOut; }
+    /// As people write times; empty for the source's own end.
+    void setCut(const QString& in, const QString& out);
+    int firstPlace() const { return firstMark; }
+    int lastPlace() const { return lastMark; }
+    /// Indexes of SourceMedia::places().
+    void setPlaces(int first, int last);
+    /// What is exported of a source that is ready; nothing where what is chosen names no part of it.
+    std::optional<Types::Range> range() const;
+
+    bool hasPicture() const { return withPicture; }
+    bool hasSound() const { return withSound; }
+    void setStreams(bool picture, bool sound);
+    /// Of the file, without the dot.
+    QString extension() const;
+    QString branding() const { return outro; }
+    void setBranding(const QString& name);
+    QString output() const { return path; }
+    void setOutput(const QString& wanted);
+
+    /// Why it cannot be exported as it stands, the first reason; empty when it can, as far as that is known.
+    QString problem() const;
+    /// What is wrong with the custom settings; empty when nothing is.
+    QString customProblem() const { return customRefusal; }
+    /// Of what stands there.
+    ExportCore::ExportRequest request() const;
+    /// Nothing where problem() tells why.
+    std::optional<ExportCore::OutputEstimate> estimate() const;
+    /// Remembers tag and preset for the next start.
+    void commit() { provider->commit(); }
+    void retranslate();
+
+Q_SIGNALS:
+    void changed();
+    /// Another preset is selected, or other presets are listed.
+    void presetChanged();
+    void sourceChanged();
+
+private:
+    struct Edits {
+        std::string quality;
+        CustomSettings custom;
+        bool usesCustom = false;
+    };
+    void onSourceChanged();
+    void follow();
+    void change();
+    void applyEdits();
+    void suggestOutput();
+    void nameForKind();
+    QString presetProblem() const;
+    QString rangeProblem() const;
+    std::optional<KTime> pointOf(const QString& text) const;
+    std::optional<Types::Range> cutRange() const;
+    std::optional<Types::Range> markedRange() const;
+
+    const ExportCore::PresetCatalogue catalogue;
+    SourceMedia media;
+    std::unique_ptr<Export::PresetProvider> provider;
+    PresetList* list;
+    std::string chosenId;
+    std::map<std::string, Edits> edits; ///< by preset
+    QString customRefusal;
+    Part chosenPart = Part::Whole;
+    QString cutIn;
+    QString cutOut;
+    int firstMark = 0;
+    int lastMark = 0;
+    bool withPicture = true;
+    bool withSound = true;
+    QString outro;
+    QString path;
+    bool pathIsSuggested = true;
+};
+
+} // namespace Dialog

@@ -1,0 +1,208 @@
+#include "dialog/Models/JobQueue.h"
+
+#include "ExportCore/ExportJob.h"
+#include <algorithm>
+#include <utility>
+
+namespace Dialog {
+
+using ExportCore::ExportJob;
+
+JobQueue::JobQueue(QObject* parent)
+    : QAbstractTableModel(parent) {}
+
+JobQueue::~JobQueue() = default;
+
+int JobQueue::add(const ExportCore::ExportRequest& request, const QString& preset) {
+    Job job;
+    job.id = ++lastId;
+    job.request = request;
+    job.preset = preset;
+    const auto row = static_cast<int>(jobs.size());
+    beginInsertRows({}, row, row);
+    jobs.push_back(job);
+    endInsertRows();
+    beginLater();
+    return job.id;
+}
+
+void JobQueue::start() {
+    if (waiting() == 0 || going)
+        return;
+    going = true;
+    beginLater();
+}
+
+int JobQueue::tryAgain(int id) {
+    const Job* const before = job(id);
+    return before ? add(before->request, before->preset) : 0;
+}
+
+void JobQueue::stop(int id) {
+    Job* const job = find(id);
+    if (!job)
+        return;
+    if (job->state == Job::State::Waiting)
+        return remove(id);
+    if (job->state != Job::State::Running)
+        return;
+    job->state = Job::State::Stopping;
+    tell(id);
+    run->stop();
+}
+
+void JobQueue::stopAll() {
+    for (int row = rowCount() - 1; row >= 0; --row)
+        stop(at(row).id);
+}
+
+void JobQueue::remove(int id) {
+    const int row = rowOf(id);
+    if (row < 0 || at(row).isRunning())
+        return;
+    beginRemoveRows({}, row, row);
+    jobs.erase(jobs.begin() + row);
+    endRemoveRows();
+}
+
+const Job* JobQueue::job(int id) const {
+    const int row = rowOf(id);
+    return row < 0 ? nullptr : &at(row);
+}
+
+Job* JobQueue::find(int id) {
+    const int row = rowOf(id);
+    return row < 0 ? nullptr : &jobs[static_cast<std::size_t>(row)];
+}
+
+int JobQueue::rowOf(int id) const {
+    const auto found = std::find_if(jobs.begin(), jobs.end(), [id](const Job& job) { return job.id == id; });
+    return found == jobs.end() ? -1 : static_cast<int>(found - jobs.begin());
+}
+
+const Job* JobQueue::running() const {
+    return run ? job(runId) : nullptr;
+}
+
+int JobQueue::waiting() const {
+    return static_cast<int>(
+        std::count_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; }));
+}
+
+bool JobQueue::isOrdered(const QString& outputPath) const {
+    return std::any_of(jobs.begin(), jobs.end(), [&outputPath](const Job& job) {
+        return job.state != Job::State::Ended && job.request.outputPath == outputPath;
+    });
+}
+
+std::shared_ptr<Kestra::Proc::PictureBox> JobQueue::pictures() const {
+    return run ? pictureBox : nullptr;
+}
+
+bool JobQueue::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
+    if (!run)
+        return false;
+    run->failInEventLoop(error, receiver);
+    return true;
+}
+
+void JobQueue::beginLater() {
+    if (going && !run && !std::exchange(beginning, true))
+        QMetaObject::invokeMethod(this, &JobQueue::begin, Qt::QueuedConnection);
+}
+
+void JobQueue::begin() {
+    beginning = false;
+    if (run)
+        return;
+    const auto next =
+        std::find_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; });
+    if (next == jobs.end()) { // taken out meanwhile
+        going = false;
+        return;
+    }
+    next->state = Job::State::Running;
+    runId = next->id;
+    run = std::make_unique<ExportJob>(next->request);
+    pictureBox = run->watchPictures();
+    connect(run.get(), &ExportJob::started, this, &JobQueue::onStarted);
+    connect(run.get(), &ExportJob::progressChanged, this, &JobQueue::onProgress);
+    connect(run.get(), &ExportJob::finished, this, &JobQueue::onFinished);
+    run->start();
+    tell(runId);
+}
+
+void JobQueue::onStarted() {
+    find(runId)->started = true;
+    tell(runId);
+}
+
+void JobQueue::onProgress(const ExportCore::ExportProgress& progress) {
+    find(runId)->progress = progress;
+    tell(runId);
+}
+
+void JobQueue::onFinished(const ExportCore::ExportOutcome& outcome) {
+    Job& job = *find(runId);
+    job.state = Job::State::Ended;
+    job.outcome = outcome;
+    run->setParent(this);
+    run.release()->deleteLater(); // this is one of its signals
+    pictureBox.reset();
+    const int ended = runId;
+    tell(ended);
+    Q_EMIT jobEnded(ended);
+    going = waiting() > 0;
+    beginLater();
+    if (!going)
+        Q_EMIT emptied();
+}
+
+void JobQueue::tell(int id) {
+    const int row = rowOf(id);
+    Q_EMIT dataChanged(index(row, 0), index(row, COLUMNS - 1));
+    Q_EMIT jobChanged(id);
+}
+
+int JobQueue::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(jobs.size());
+}
+
+int JobQueue::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : COLUMNS;
+}
+
+QVariant JobQueue::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const Job& job = at(index.row());
+    if (role == ROLE_PERCENT)
+        return job.isRunning() ? job.progress.percent : -1;
+    if (role == Qt::ToolTipRole)
+        return job.request.outputPath;
+    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
+        return {};
+    switch (index.column()) {
+    case COLUMN_NAME:
+        return job.name();
+    case COLUMN_PRESET:
+        return job.preset;
+    default:
+        return job.stateText();
+    }
+}
+
+QVariant JobQueue::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case COLUMN_NAME:
+        return tr("File");
+    case COLUMN_PRESET:
+        return tr("Preset");
+    default:
+        return tr("State");
+    }
+}
+
+} // namespace Dialog

@@ -1,0 +1,91 @@
+// Dialog::JobQueue: exports, one after the other.
+#pragma once
+
+#include "dialog/Models/Job.h"
+#include <QAbstractTableModel>
+#include <exception>
+#include <memory>
+#include <vector>
+
+namespace ExportCore {
+class ExportJob;
+}
+namespace Kestra::Proc {
+class PictureBox;
+}
+
+namespace Dialog {
+
+/// Once started it runs the first one that waits whenever none runs, until none waits any more. Each goes through its
+/// states once; tryAgain() makes a new one. Destruction ends the one that runs.
+class JobQueue : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum Column { COLUMN_NAME, COLUMN_PRESET, COLUMN_STATE, COLUMNS };
+    enum Role {
+        ROLE_PERCENT = Qt::UserRole, ///< of one that runs, else -1
+    };
+
+    explicit JobQueue(QObject* parent = nullptr);
+    ~JobQueue() override;
+
+    /// Its id.
+    int add(const ExportCore::ExportRequest& request, const QString& preset);
+    /// The first one begins in one of the event loop's next turns.
+    void start();
+    bool isStarted() const { return going; }
+    /// Another one with the same request, at the end; its id.
+    int tryAgain(int id);
+    /// One that waits is taken out of the list; one that runs ends soon; others stay as they are.
+    void stop(int id);
+    void stopAll();
+    /// Of one that does not run.
+    void remove(int id);
+
+    /// Null for an id that is none. Until the list changes.
+    const Job* job(int id) const;
+    const Job& at(int row) const { return jobs[static_cast<std::size_t>(row)]; }
+    /// -1 for an id that is none.
+    int rowOf(int id) const;
+    /// Null when none does.
+    const Job* running() const;
+    bool isIdle() const { return !run; }
+    int waiting() const;
+    /// Whether that is where one that runs or waits is to write to.
+    bool isOrdered(const QString& outputPath) const;
+    /// What the one that runs shows; null when none does.
+    std::shared_ptr<Kestra::Proc::PictureBox> pictures() const;
+    /// As ExportJob::failInEventLoop(); false when nothing runs that it could concern.
+    bool failInEventLoop(const std::exception_ptr& error, QObject* receiver);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+Q_SIGNALS:
+    /// Anything of it.
+    void jobChanged(int id);
+    void jobEnded(int id);
+    /// Nothing runs any more, and nothing waits, of what was started.
+    void emptied();
+
+private:
+    Job* find(int id);
+    void beginLater();
+    void begin();
+    void onStarted();
+    void onProgress(const ExportCore::ExportProgress& progress);
+    void onFinished(const ExportCore::ExportOutcome& outcome);
+    void tell(int id);
+
+    std::vector<Job> jobs;
+    int lastId = 0;
+    std::unique_ptr<ExportCore::ExportJob> run;
+    std::shared_ptr<Kestra::Proc::PictureBox> pictureBox;
+    int runId = 0;
+    bool going = false;
+    bool beginning = false;
+};
+
+} // namespace Dialog

@@ -1,0 +1,45 @@
+#include "dialog/Models/OutputName.h"
+
+#include "ExportCore/OutputExtension.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace Dialog {
+namespace {
+
+/// Where a file's extension begins, its dot included; the end of a name without one.
+int endOfStem(const QString& path) {
+    const std::string extension = ExportCore::OutputExtension::of(path.toUtf8());
+    return extension.empty() ? path.size() : path.lastIndexOf(QLatin1Char('.'));
+}
+
+} // namespace
+
+QString OutputName::suggestedFor(const QStringList& inputs, const QString& extension) {
+    if (inputs.isEmpty())
+        return {};
+    const QString first = QFileInfo(inputs.front()).absoluteFilePath();
+    const QString stem = first.left(endOfStem(first));
+    const QString plain = stem + QLatin1Char('.') + extension;
+    const auto isInput = [&inputs](const QString& path) {
+        for (const QString& input : inputs)
+            if (QFileInfo(input).absoluteFilePath() == path)
+                return true;
+        return false;
+    };
+    if (!isInput(plain))
+        return plain;
+    return QCoreApplication::translate("Dialog::OutputName", "%1 (export)", "a file's name").arg(stem) +
+           QLatin1Char('.') + extension;
+}
+
+QString OutputName::withExtension(const QString& path, const QString& extension) {
+    if (path.isEmpty() || path.endsWith(QLatin1Char('/')))
+        return path;
+    const std::string own = ExportCore::OutputExtension::of(path.toUtf8());
+    const bool isKind = Kestra::ClientAPI::ContainerLimits::IsKnownExtension(own);
+    return (isKind ? path.left(endOfStem(path)) : path) + QLatin1Char('.') + extension;
+}
+
+} // namespace Dialog

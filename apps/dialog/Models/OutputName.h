@@ -1,0 +1,18 @@
+// Dialog::OutputName: names for files that are yet to be made.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace Dialog {
+
+struct OutputName {
+    /// Beside the first input, with its name and that extension; none of the inputs. Looks at no file.
+    static QString suggestedFor(const QStringList& inputs, const QString& extension);
+    /// The path with that extension in place of one that stands for a kind of media, else behind the name.
+    static QString withExtension(const QString& path, const QString& extension);
+
+    OutputName() = delete;
+};
+
+} // namespace Dialog

@@ -1,0 +1,22 @@
+// Dialog::PresetObstacle: why a preset is of no use for a source.
+#pragma once
+
+#include "EditorPreset/Preset.h"
+#include <QCoreApplication>
+#include <QString>
+
+namespace Dialog {
+
+class SourceMedia;
+
+struct PresetObstacle {
+    Q_DECLARE_TR_FUNCTIONS(Dialog::PresetObstacle)
+
+public:
+    /// A sentence for people; empty where nothing is in the way, and for a source that is not ready.
+    static QString of(const Preset& preset, const SourceMedia& source);
+
+    PresetObstacle() = delete;
+};
+
+} // namespace Dialog

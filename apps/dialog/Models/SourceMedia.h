@@ -1,0 +1,81 @@
+// Dialog::SourceMedia: what is to be exported.
+#pragma once
+
+#include "EditorProject/EditorProject.h"
+#include "ExportCore/InputOpening.h"
+#include <QObject>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+namespace Dialog {
+
+/// A place of a timeline that has a name, or one of its ends.
+struct MarkedPlace {
+    QString name;
+    KTime time;
+};
+
+/// Media files, one after the other, or one timeline. Opened on another thread.
+class SourceMedia : public QObject {
+    Q_OBJECT
+public:
+    enum class State {
+        Empty,   ///< nothing was opened yet
+        Opening, ///< under way
+        Ready,
+        Refused, ///< whyRefused() tells
+    };
+    Q_ENUM(State)
+
+    explicit SourceMedia(QObject* parent = nullptr);
+    ~SourceMedia() override;
+
+    /// In place of what was open, or is being opened. An empty list is nothing. `missingIsBlack` as in TimelineOptions.
+    void open(const QStringList& files, bool missingIsBlack = false);
+
+    State state() const { return current; }
+    bool isReady() const { return current == State::Ready; }
+    const QStringList& paths() const { return files; }
+    bool isMissingBlack() const { return missingBlack; }
+    /// For people: one line.
+    QString whyRefused() const { return refusal; }
+    /// Whether it would be ready if what is missing were black.
+    bool lacksMedia() const { return lacking; }
+    const QStringList& warnings() const { return remarks; }
+    /// The first one's name, and how many follow.
+    QString name() const;
+    /// Size, rates and length, for people; empty unless it is ready.
+    QString facts() const;
+
+    /// All below: of one that is ready.
+    const EditorProject& project() const { return *shown; }
+    const Render::Sequence& sequence() const { return *opened; }
+    bool hasPictures() const { return shown->hasPictures(); }
+    bool hasSound() const { return shown->hasSound(); }
+    KTime duration() const { return shown->duration(); }
+    ExportCore::TimePoint::Rate rate() const;
+    /// Start, markers, end, each time once; only the two ends where there are no markers.
+    const std::vector<MarkedPlace>& places() const { return marks; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void onOpened(const std::exception_ptr& error);
+    void show();
+    void refuse(const QString& reason);
+
+    QStringList files;
+    bool missingBlack = false;
+    State current = State::Empty;
+    QString refusal;
+    bool lacking = false;
+    QStringList remarks;
+    std::unique_ptr<ExportCore::InputOpening> opening;
+    std::unique_ptr<Render::Sequence> opened;
+    std::unique_ptr<EditorProject> shown;
+    std::vector<MarkedPlace> marks;
+};
+
+} // namespace Dialog

@@ -1,0 +1,25 @@
+// Dialog::Translations: the user's language.
+#pragma once
+
+#include <QLocale>
+#include <QTranslator>
+
+class QCoreApplication;
+
+namespace Dialog {
+
+/// Installed as long as it lives. What is not translated is English.
+class Translations {
+public:
+    explicit Translations(QCoreApplication& application, const QLocale& locale = QLocale());
+    ~Translations();
+    Translations(const Translations&) = delete;
+    Translations& operator=(const Translations&) = delete;
+
+private:
+    QCoreApplication& application;
+    QTranslator ofTheWindow;
+    QTranslator ofQt;
+};
+
+} // namespace Dialog

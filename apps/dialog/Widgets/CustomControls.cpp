@@ -1,0 +1,185 @@
+// Dialog::SettingsPane: the controls of a preset's settings.
+#include "dialog/Widgets/SettingsPane.h"
+
+#include "ExportCore/OutroPictures.h"
+#include "ExportCore/Thumbnails.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
+#include "dialog/Models/ExportForm.h"
+#include "dialog/Models/PeoplesText.h"
+#include "dialog/Models/PresetText.h"
+#include "ui_SettingsPane.h"
+#include <QScopedValueRollback>
+#include <QStandardItemModel>
+
+namespace Dialog {
+namespace {
+
+using Kestra::ClientAPI::CodecLimits;
+using RateControl = CustomSettings::RateControl;
+
+constexpr const char* SIZES[] = {"3840x2160", "2560x1440", "1920x1080", "1280x720",
+                                 "854x480",   "1080x1920", "1080x1080"};
+constexpr const char* FRAME_RATES[] = {"source", "23.976", "24", "25", "29.97", "30", "50", "59.94", "60"};
+constexpr const char* SOUND_BITRATES[] = {"64k", "96k", "128k", "192k", "256k", "320k"};
+
+void setItemEnabled(QComboBox& box, int index, bool enabled) {
+    if (auto* const model = qobject_cast<QStandardItemModel*>(box.model()))
+        model->item(index)->setEnabled(enabled);
+}
+
+/// What is typed or chosen, as settings are written.
+QString valueOf(const QComboBox& box) {
+    const int index = box.findText(box.currentText());
+    if (index >= 0)
+        return box.itemData(index).toString();
+    constexpr char16_t times = 0x00d7;
+    return box.currentText().remove(QLatin1Char(' ')).replace(QChar(times), QLatin1Char('x'));
+}
+
+void showValue(QComboBox& box, const QString& value) {
+    if (valueOf(box) == value)
+        return;
+    const int index = box.findData(value);
+    box.setCurrentIndex(index);
+    if (index < 0)
+        box.setEditText(value);
+}
+
+void prepare(QComboBox& box, const QString& placeholder) {
+    box.clear();
+    box.setInsertPolicy(QComboBox::NoInsert);
+    box.lineEdit()->setPlaceholderText(placeholder);
+}
+
+} // namespace
+
+void SettingsPane::fillFixedLists() {
+    const QScopedValueRollback<bool> guard(showing, true);
+    const QString asThePreset = tr("as the preset says");
+    prepare(*ui->sizeBox, asThePreset);
+    for (const char* size : SIZES) {
+        const QString value = QString::fromLatin1(size);
+        ui->sizeBox->addItem(QString(value).replace(QLatin1Char('x'), QStringLiteral(" × ")), value);
+    }
+    prepare(*ui->frameRateBox, asThePreset);
+    for (const char* rate : FRAME_RATES) {
+        const QString value = QString::fromLatin1(rate);
+        ui->frameRateBox->addItem(value == QStringLiteral("source") ? tr("as the source") : value, value);
+    }
+    ui->brandingBox->clear();
+    ui->brandingBox->addItem(tr("None"), QString());
+    for (const std::string& name : ExportCore::OutroPictures::names())
+        ui->brandingBox->addItem(PresetText::name(name), QString::fromStdString(name));
+}
+
+void SettingsPane::fillForPreset() {
+    const QScopedValueRollback<bool> guard(showing, true);
+    ui->qualityBox->clear();
+    ui->qualityBox->addItem(tr("As the preset says"), QString());
+    for (const std::string& name : form->qualities())
+        ui->qualityBox->addItem(PresetText::name(name), QString::fromStdString(name));
+    ui->qualityBox->setEnabled(ui->qualityBox->count() > 1);
+    fillControls();
+    fillSound();
+}
+
+void SettingsPane::fillControls() {
+    const Preset preset = form->preset();
+    const bool hasVideo = preset.hasVideo();
+    const auto scale = CodecLimits::VideoQuality(preset.videoCodec());
+    ui->controlBox->clear();
+    ui->controlBox->addItem(tr("As the preset says"), static_cast<int>(RateControl::OfPreset));
+    ui->controlBox->addItem(tr("Constant quality"), static_cast<int>(RateControl::Quality));
+    ui->controlBox->addItem(tr("Average bitrate"), static_cast<int>(RateControl::Bitrate));
+    const bool twoPasses =
+        preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+    setItemEnabled(*ui->controlBox, 1, scale.worst > 0 && !twoPasses);
+    setItemEnabled(*ui->controlBox, 2, CodecLimits::HasBitrate(preset.videoCodec()));
+    for (QWidget* const widget : {static_cast<QWidget*>(ui->sizeBox), static_cast<QWidget*>(ui->frameRateBox),
+                                  static_cast<QWidget*>(ui->controlBox)})
+        widget->setEnabled(hasVideo);
+    ui->qualitySpin->setDecimals(scale.fractions ? 1 : 0);
+    ui->qualitySpin->setRange(scale.best, scale.worst);
+}
+
+void SettingsPane::fillSound() {
+    const Preset preset = form->preset();
+    ui->sampleRateBox->clear();
+    ui->sampleRateBox->addItem(tr("As the preset says"), QString());
+    if (preset.hasAudio())
+        for (const int rate : CodecLimits::SampleRates(preset.audioCodec()))
+            ui->sampleRateBox->addItem(PeoplesText::sampleRate(rate), QString::number(rate));
+    ui->sampleRateBox->setEnabled(preset.hasAudio());
+    prepare(*ui->soundBitrateBox, tr("as the preset says"));
+    for (const char* bitrate : SOUND_BITRATES) {
+        const QString value = QString::fromLatin1(bitrate);
+        ui->soundBitrateBox->addItem(PeoplesText::bitrate(value.chopped(1).toInt() * 1000), value);
+    }
+    ui->soundBitrateBox->setEnabled(preset.hasAudio() && CodecLimits::HasBitrate(preset.audioCodec()));
+}
+
+void SettingsPane::connectCustom() {
+    const auto edited = [this] { onCustomEdited(); };
+    for (QComboBox* const box : {ui->sizeBox, ui->frameRateBox, ui->soundBitrateBox})
+        connect(box, &QComboBox::currentTextChanged, this, edited);
+    connect(ui->controlBox, qOverload<int>(&QComboBox::currentIndexChanged), this, edited);
+    connect(ui->sampleRateBox, qOverload<int>(&QComboBox::currentIndexChanged), this, edited);
+    connect(ui->qualitySpin, qOverload<double>(&QDoubleSpinBox::valueChanged), this, edited);
+    connect(ui->bitrateSpin, qOverload<int>(&QSpinBox::valueChanged), this, edited);
+    connect(ui->customGroup, &QGroupBox::toggled, this, [this](bool on) {
+        if (!showing)
+            form->setUsesCustom(on);
+    });
+    connect(ui->resetButton, &QPushButton::clicked, form, &ExportForm::resetCustom);
+}
+
+CustomSettings SettingsPane::customFromWidgets() const {
+    CustomSettings custom;
+    custom.size = valueOf(*ui->sizeBox);
+    custom.frameRate = valueOf(*ui->frameRateBox);
+    custom.rateControl = static_cast<RateControl>(ui->controlBox->currentData().toInt());
+    // A number counts once it is shown: before, it is what the preset itself would make.
+    const CustomSettings& before = form->custom();
+    custom.quality = before.rateControl == RateControl::Quality ? ui->qualitySpin->value() : form->usualQuality();
+    custom.kilobitsPerSecond =
+        before.rateControl == RateControl::Bitrate ? ui->bitrateSpin->value() : form->usualKilobits();
+    custom.sampleRate = ui->sampleRateBox->currentData().toString();
+    custom.soundBitrate = valueOf(*ui->soundBitrateBox);
+    return custom;
+}
+
+void SettingsPane::onCustomEdited() {
+    if (!showing)
+        form->setCustom(customFromWidgets());
+}
+
+void SettingsPane::showCustom() {
+    const CustomSettings& custom = form->custom();
+    ui->customGroup->setChecked(form->usesCustom());
+    ui->customContents->setVisible(form->usesCustom());
+    ui->customGroup->setFlat(!form->usesCustom());
+    showValue(*ui->sizeBox, custom.size);
+    showValue(*ui->frameRateBox, custom.frameRate);
+    showValue(*ui->soundBitrateBox, custom.soundBitrate);
+    ui->sampleRateBox->setCurrentIndex(std::max(ui->sampleRateBox->findData(custom.sampleRate), 0));
+    showControl(custom);
+    ui->resetButton->setEnabled(form->usesCustom() && !custom.empty());
+    ui->customProblem->setText(form->customProblem());
+    ui->customProblem->setVisible(!form->customProblem().isEmpty());
+}
+
+void SettingsPane::showControl(const CustomSettings& custom) {
+    ui->controlBox->setCurrentIndex(ui->controlBox->findData(static_cast<int>(custom.rateControl)));
+    if (custom.quality > 0)
+        ui->qualitySpin->setValue(custom.quality);
+    if (custom.kilobitsPerSecond > 0)
+        ui->bitrateSpin->setValue(custom.kilobitsPerSecond);
+    ui->qualitySpin->setVisible(custom.rateControl == RateControl::Quality);
+    ui->bitrateSpin->setVisible(custom.rateControl == RateControl::Bitrate);
+    ui->noValueLabel->setVisible(custom.rateControl == RateControl::OfPreset);
+    ui->valueLabel->setBuddy(custom.rateControl == RateControl::Quality   ? static_cast<QWidget*>(ui->qualitySpin)
+                             : custom.rateControl == RateControl::Bitrate ? ui->bitrateSpin
+                                                                          : nullptr);
+}
+
+} // namespace Dialog

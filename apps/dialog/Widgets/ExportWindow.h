@@ -1,0 +1,83 @@
+// Dialog::ExportWindow: the export window.
+#pragma once
+
+#include "dialog/Models/DesktopSession.h"
+#include "dialog/Models/ExportForm.h"
+#include "dialog/Models/JobQueue.h"
+#include "dialog/Models/OutputLook.h"
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+#include <memory>
+
+class QMessageBox;
+
+namespace ExportCore {
+class EventLoopFailures;
+}
+
+namespace Dialog {
+
+namespace Ui {
+class ExportWindow;
+}
+
+/// Opens what is to be exported, has an export chosen, runs a queue of them. Nothing in it waits: files and folders are
+/// looked at on other threads, and questions leave the event loop running.
+class ExportWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    /// `failures` is borrowed and outlives it. Throws ExportCore::Refusal when the presets cannot be read.
+    explicit ExportWindow(ExportCore::EventLoopFailures& failures, QWidget* parent = nullptr);
+    ~ExportWindow() override;
+
+    void open(const QStringList& files);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    enum class When { Now, WhenStarted };
+    /// A question with a way back, which is also what Escape means.
+    struct Question {
+        QString title;
+        QString text;
+        QString yes;
+        QString no;
+        std::function<void()> act;
+    };
+
+    void connectForm();
+    void connectQueue();
+    void browse();
+    void showJobs();
+    void showSource();
+    void showProblem();
+    void showTitle();
+    void order(When when);
+    void onLooked(const OutputState& state);
+    void addJob(bool overwrite);
+    void askToStop(int id);
+    void stopRunning();
+    void ask(const Question& question);
+    void closeQuestion();
+    void onJobEnded(int id);
+    void onFailure(const std::exception_ptr& error, QObject* receiver);
+    void showTime();
+
+    const std::unique_ptr<Ui::ExportWindow> ui;
+    ExportForm form;
+    JobQueue queue;
+    DesktopSession desktop;
+    OutputLook look;
+    When ordered = When::Now;
+    bool ordering = false; ///< it is being looked whether the file is there already
+    bool closing = false;  ///< when the exports have ended
+    QPointer<QMessageBox> question;
+    int stopAskedFor = 0; ///< the job
+};
+
+} // namespace Dialog

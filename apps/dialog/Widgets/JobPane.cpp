@@ -1,0 +1,151 @@
+#include "dialog/Widgets/JobPane.h"
+
+#include "dialog/Models/JobQueue.h"
+#include "dialog/Models/OutcomeText.h"
+#include "dialog/Models/PreviewMaker.h"
+#include "dialog/Widgets/JobDelegate.h"
+#include "ui_JobPane.h"
+#include <QClipboard>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QStyle>
+
+namespace Dialog {
+
+JobPane::JobPane(QWidget* parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::JobPane>())
+    , preview(new PreviewMaker(this)) {
+    ui->setupUi(this);
+    ui->stack->setCurrentWidget(ui->nonePage);
+    showDetails(false);
+    connect(preview, &PreviewMaker::made, ui->preview, &PictureLabel::setPicture);
+}
+
+JobPane::~JobPane() = default;
+
+void JobPane::setQueue(JobQueue& shown) {
+    queue = &shown;
+    ui->jobView->setModel(queue);
+    ui->jobView->setItemDelegateForColumn(JobQueue::COLUMN_STATE, new JobDelegate(this));
+    QHeaderView& header = *ui->jobView->header();
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(JobQueue::COLUMN_NAME, QHeaderView::Stretch);
+    header.setSectionResizeMode(JobQueue::COLUMN_PRESET, QHeaderView::Stretch);
+    header.setSectionResizeMode(JobQueue::COLUMN_STATE, QHeaderView::Fixed);
+    header.resizeSection(JobQueue::COLUMN_STATE, fontMetrics().averageCharWidth() * 16);
+    connect(ui->jobView->selectionModel(), &QItemSelectionModel::currentChanged, this, &JobPane::showSelected);
+    connect(queue, &JobQueue::jobChanged, this, [this](int id) {
+        if (id == selected())
+            showSelected();
+    });
+    for (const auto signal : {&JobQueue::rowsInserted, &JobQueue::rowsRemoved})
+        connect(queue, signal, this, &JobPane::showSelected);
+    connect(queue, &JobQueue::jobChanged, this, &JobPane::showStart);
+    connectButtons();
+    showStart();
+}
+
+void JobPane::connectButtons() {
+    connect(ui->startButton, &QPushButton::clicked, this, [this] {
+        queue->start();
+        showStart();
+    });
+    connect(ui->stopButton, &QPushButton::clicked, this, [this] { Q_EMIT stopWanted(selected()); });
+    connect(ui->cancelButton, &QPushButton::clicked, this, [this] { queue->stop(selected()); });
+    connect(ui->removeButton, &QPushButton::clicked, this, [this] { queue->remove(selected()); });
+    connect(ui->retryButton, &QPushButton::clicked, this, [this] {
+        const int id = queue->tryAgain(selected());
+        queue->start();
+        select(id);
+    });
+    connect(ui->copyButton, &QPushButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(ui->detailsEdit->toPlainText()); });
+    connect(ui->detailsButton, &QToolButton::toggled, this, &JobPane::showDetails);
+    const auto path = [this] { return queue->job(selected())->request.outputPath; };
+    connect(ui->openButton, &QPushButton::clicked, this, [this, path] { Q_EMIT fileWanted(path()); });
+    connect(ui->folderButton, &QPushButton::clicked, this, [this, path] { Q_EMIT folderWanted(path()); });
+}
+
+void JobPane::select(int id) {
+    ui->jobView->setCurrentIndex(queue->index(queue->rowOf(id), 0));
+    showSelected();
+}
+
+int JobPane::selected() const {
+    const QModelIndex current = ui->jobView->currentIndex();
+    return current.isValid() && current.row() < queue->rowCount() ? queue->at(current.row()).id : 0;
+}
+
+void JobPane::showStart() {
+    const bool needed = !queue->isStarted() && queue->waiting() > 0;
+    ui->startButton->setVisible(needed);
+}
+
+void JobPane::showSelected() {
+    showStart();
+    const Job* const job = queue->job(selected());
+    const bool runs = job && job->isRunning();
+    preview->setLimit(ui->preview->room());
+    preview->watch(runs ? queue->pictures() : nullptr);
+    if (!runs)
+        ui->preview->setPicture({});
+    if (!job)
+        return ui->stack->setCurrentWidget(ui->nonePage);
+    if (runs)
+        return showRunning(*job);
+    if (job->state == Job::State::Waiting)
+        return ui->stack->setCurrentWidget(ui->waitPage);
+    showEnded(*job);
+}
+
+void JobPane::showRunning(const Job& job) {
+    shownId = 0;
+    ui->stack->setCurrentWidget(ui->runPage);
+    ui->runTitle->setText(job.name());
+    // Until the engine has begun, and while the file is being checked, nobody knows how far it is.
+    const bool known = job.started && job.progress.percent < 100 && job.state == Job::State::Running;
+    ui->progressBar->setRange(0, known ? 100 : 0);
+    ui->progressBar->setValue(job.progress.percent);
+    ui->progressLabel->setText(job.progressText());
+    ui->stopButton->setEnabled(job.state == Job::State::Running);
+}
+
+void JobPane::showEnded(const Job& job) {
+    ui->stack->setCurrentWidget(ui->endPage);
+    if (shownId == job.id)
+        return;
+    shownId = job.id;
+    const OutcomeText text = OutcomeText::of(job);
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    const auto icon = job.isDone()      ? QStyle::SP_DialogApplyButton
+                      : job.hasFailed() ? QStyle::SP_MessageBoxCritical
+                                        : QStyle::SP_MessageBoxInformation;
+    ui->endIcon->setPixmap(style()->standardIcon(icon).pixmap(size, size));
+    ui->endTitle->setText(text.title);
+    ui->endReason->setText(text.reason);
+    ui->endAdvice->setText(text.advice);
+    ui->endAdvice->setVisible(!text.advice.isEmpty());
+    ui->detailsEdit->setPlainText(text.details);
+    ui->detailsButton->setChecked(false);
+    ui->openButton->setVisible(job.isDone());
+    ui->folderButton->setVisible(job.isDone());
+    ui->retryButton->setVisible(!job.isDone());
+}
+
+void JobPane::showDetails(bool visible) {
+    ui->detailsEdit->setVisible(visible);
+    ui->detailsButton->setArrowType(visible ? Qt::DownArrow : Qt::RightArrow);
+}
+
+void JobPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange || !queue)
+        return;
+    ui->retranslateUi(this);
+    shownId = 0;
+    showSelected();
+}
+
+} // namespace Dialog

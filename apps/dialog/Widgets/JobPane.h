@@ -1,0 +1,51 @@
+// Dialog::JobPane: the exports, and one of them as it goes on.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace Dialog {
+
+namespace Ui {
+class JobPane;
+}
+class JobQueue;
+class PreviewMaker;
+struct Job;
+
+class JobPane : public QWidget {
+    Q_OBJECT
+public:
+    explicit JobPane(QWidget* parent = nullptr);
+    ~JobPane() override;
+
+    /// Once. Borrowed; outlives the pane.
+    void setQueue(JobQueue& shown);
+    void select(int id);
+    /// 0 when none is selected.
+    int selected() const;
+
+Q_SIGNALS:
+    /// Somebody wishes it; nothing has been asked yet.
+    void stopWanted(int id);
+    void fileWanted(const QString& path);
+    void folderWanted(const QString& path);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void connectButtons();
+    void showSelected();
+    void showRunning(const Job& job);
+    void showEnded(const Job& job);
+    void showDetails(bool visible);
+    void showStart();
+
+    const std::unique_ptr<Ui::JobPane> ui;
+    JobQueue* queue = nullptr;
+    PreviewMaker* preview;
+    int shownId = 0; ///< whose end is shown
+};
+
+} // namespace Dialog

@@ -1,0 +1,207 @@
+#include "dialog/Widgets/RangeStrip.h"
+
+#include "dialog/Models/PeoplesText.h"
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOption>
+#include <algorithm>
+#include <cmath>
+
+namespace Dialog {
+namespace {
+
+constexpr int HANDLE_WIDTH = 6;
+constexpr int MARK_HEIGHT = 5;
+
+} // namespace
+
+RangeStrip::RangeStrip(QWidget* parent)
+    : QWidget(parent)
+    , frame(40) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    describe();
+}
+
+void RangeStrip::setTimeline(KTime wholeLength, KTime frameLength, const std::vector<KTime>& markers) {
+    length = wholeLength;
+    frame = std::max(frameLength, KTime(1));
+    marks = markers;
+    pictures.clear();
+    setRange({KTime(0), length}, false);
+}
+
+int RangeStrip::pictureCount() const {
+    const QSize one = pictureSize();
+    return std::clamp(static_cast<int>(std::ceil(width() * devicePixelRatioF() / std::max(one.width(), 1))), 1, 24);
+}
+
+QSize RangeStrip::pictureSize() const {
+    const int tall = std::max(static_cast<int>(std::lround(height() * devicePixelRatioF())), 2);
+    return {tall * 16 / 9, tall};
+}
+
+void RangeStrip::setPictureCount(int count) {
+    pictures.assign(static_cast<std::size_t>(std::max(count, 0)), QImage());
+    update();
+}
+
+void RangeStrip::setPicture(int index, const QImage& picture) {
+    if (index < 0 || index >= static_cast<int>(pictures.size()))
+        return;
+    pictures[static_cast<std::size_t>(index)] = picture;
+    update();
+}
+
+void RangeStrip::setRange(const Types::Range& range, bool editable) {
+    movable = editable && length > KTime(0);
+    chosen = range;
+    setFocusPolicy(movable ? Qt::StrongFocus : Qt::NoFocus);
+    describe();
+    update();
+}
+
+void RangeStrip::describe() {
+    const QString text = tr("From %1 to %2").arg(PeoplesText::length(chosen.start), PeoplesText::length(chosen.end));
+    if (text == accessibleDescription())
+        return;
+    setAccessibleDescription(text);
+    setToolTip(length > KTime(0) ? text : QString());
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+QSize RangeStrip::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 60, fontMetrics().lineSpacing() * 3};
+}
+
+QSize RangeStrip::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 20, fontMetrics().lineSpacing() * 3};
+}
+
+int RangeStrip::xOf(KTime time) const {
+    if (length <= KTime(0))
+        return 0;
+    const double part = static_cast<double>(time.milliseconds()) / static_cast<double>(length.milliseconds());
+    return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * (width() - 1)));
+}
+
+KTime RangeStrip::timeAt(int x) const {
+    const double part = std::clamp(static_cast<double>(x) / std::max(width() - 1, 1), 0.0, 1.0);
+    return KTime(std::llround(part * static_cast<double>(length.milliseconds())));
+}
+
+void RangeStrip::move(End end, KTime time) {
+    active = end;
+    Types::Range range = chosen;
+    if (end == End::In)
+        range.start = std::clamp(time, KTime(0), std::max(range.end - frame, KTime(0)));
+    else
+        range.end = std::clamp(time, std::min(range.start + frame, length), length);
+    update();
+    if (range == chosen)
+        return;
+    chosen = range;
+    describe();
+    Q_EMIT rangeEdited(chosen);
+}
+
+void RangeStrip::mousePressEvent(QMouseEvent* event) {
+    if (!movable || event->button() != Qt::LeftButton)
+        return event->ignore();
+    const int x = event->pos().x();
+    const bool nearerIn = std::abs(x - xOf(chosen.start)) <= std::abs(x - xOf(chosen.end));
+    move(nearerIn ? End::In : End::Out, timeAt(x));
+}
+
+void RangeStrip::mouseMoveEvent(QMouseEvent* event) {
+    if (movable && event->buttons().testFlag(Qt::LeftButton))
+        move(active, timeAt(event->pos().x()));
+}
+
+void RangeStrip::keyPressEvent(QKeyEvent* event) {
+    if (!movable)
+        return QWidget::keyPressEvent(event);
+    const KTime own = active == End::In ? chosen.start : chosen.end;
+    const KTime step = event->modifiers().testFlag(Qt::ShiftModifier) ? KTime(1000) : frame;
+    const KTime leap = std::max(KTime(length.milliseconds() / 10), frame);
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return move(active, own - step);
+    case Qt::Key_Right:
+        return move(active, own + step);
+    case Qt::Key_PageDown:
+        return move(active, own - leap);
+    case Qt::Key_PageUp:
+        return move(active, own + leap);
+    case Qt::Key_Home:
+        return move(active, KTime(0));
+    case Qt::Key_End:
+        return move(active, length);
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        active = active == End::In ? End::Out : End::In;
+        return update();
+    default:
+        return QWidget::keyPressEvent(event);
+    }
+}
+
+void RangeStrip::paintPictures(QPainter& painter) const {
+    const auto count = static_cast<int>(pictures.size());
+    for (int index = 0; index < count; ++index) {
+        const QImage& picture = pictures[static_cast<std::size_t>(index)];
+        const int left = width() * index / count, right = width() * (index + 1) / count;
+        if (picture.isNull())
+            continue;
+        const QRect place(left, 0, right - left, height());
+        // Each fills its place; what stands over is cut.
+        const QSize size = picture.size().scaled(place.size(), Qt::KeepAspectRatioByExpanding);
+        QRect whole(QPoint(), size);
+        whole.moveCenter(place.center());
+        painter.save();
+        painter.setClipRect(place);
+        painter.drawImage(whole, picture);
+        painter.restore();
+    }
+}
+
+void RangeStrip::paintRange(QPainter& painter) const {
+    const int in = xOf(chosen.start), out = xOf(chosen.end);
+    QColor shade = palette().color(QPalette::Window);
+    shade.setAlphaF(0.75);
+    painter.fillRect(QRect(0, 0, in, height()), shade);
+    painter.fillRect(QRect(out + 1, 0, width() - out - 1, height()), shade);
+    const QColor mark = palette().color(QPalette::Link);
+    for (const KTime time : marks)
+        painter.fillRect(QRect(xOf(time) - 1, 0, 3, MARK_HEIGHT), mark);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(QRect(in, 0, std::max(out - in, 1), height() - 1));
+    if (!movable)
+        return;
+    for (const End end : {End::In, End::Out}) {
+        const bool isActive = hasFocus() && end == active;
+        const int left = std::clamp(end == End::In ? in : out - HANDLE_WIDTH + 1, 0, width() - HANDLE_WIDTH);
+        const QRect handle(left, 0, HANDLE_WIDTH, height());
+        painter.fillRect(handle, palette().color(isActive ? QPalette::HighlightedText : QPalette::Highlight));
+        painter.setPen(palette().color(isActive ? QPalette::Highlight : QPalette::HighlightedText));
+        painter.drawLine(handle.center() - QPoint(0, height() / 5), handle.center() + QPoint(0, height() / 5));
+    }
+}
+
+void RangeStrip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.fillRect(rect(), palette().color(QPalette::Mid));
+    paintPictures(painter);
+    if (length > KTime(0))
+        paintRange(painter);
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+} // namespace Dialog

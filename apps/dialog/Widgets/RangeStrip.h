@@ -1,0 +1,59 @@
+// Dialog::RangeStrip: a timeline as a strip of pictures, with the part that is chosen.
+#pragma once
+
+#include "Types/Range.h"
+#include <QImage>
+#include <QWidget>
+#include <vector>
+
+namespace Dialog {
+
+/// The two ends can be dragged, and moved by the keyboard: left and right by a frame, with Shift by a second, page keys
+/// by a tenth of the whole, Home and End; up and down change from one end to the other.
+class RangeStrip : public QWidget {
+    Q_OBJECT
+public:
+    explicit RangeStrip(QWidget* parent = nullptr);
+
+    /// `frame` is how long one lasts. A length of 0 is an empty strip.
+    void setTimeline(KTime length, KTime frame, const std::vector<KTime>& markers);
+    /// How many pictures suit its size, and how large they are, in pixels of the device.
+    int pictureCount() const;
+    QSize pictureSize() const;
+    void setPictureCount(int count);
+    void setPicture(int index, const QImage& picture);
+    /// Where `editable` is false the ends are shown, but not moved.
+    void setRange(const Types::Range& range, bool editable);
+    Types::Range range() const { return chosen; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void rangeEdited(const Types::Range& range);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class End { In, Out };
+    int xOf(KTime time) const;
+    KTime timeAt(int x) const;
+    void move(End end, KTime time);
+    void describe();
+    void paintPictures(QPainter& painter) const;
+    void paintRange(QPainter& painter) const;
+
+    KTime length;
+    KTime frame;
+    std::vector<KTime> marks;
+    std::vector<QImage> pictures;
+    Types::Range chosen;
+    bool movable = false;
+    End active = End::In;
+};
+
+} // namespace Dialog

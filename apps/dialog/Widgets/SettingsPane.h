@@ -1,0 +1,71 @@
+// Dialog::SettingsPane: what is exported, how, and where to.
+#pragma once
+
+#include "dialog/Models/OutputLook.h"
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+class QComboBox;
+
+namespace ExportCore {
+class Thumbnails;
+}
+
+namespace Dialog {
+
+namespace Ui {
+class SettingsPane;
+}
+class ExportForm;
+struct CustomSettings;
+
+class SettingsPane : public QWidget {
+    Q_OBJECT
+public:
+    explicit SettingsPane(QWidget* parent = nullptr);
+    ~SettingsPane() override;
+
+    /// Once. Borrowed; outlives the pane.
+    void setForm(ExportForm& shown);
+    /// What is known of how long the chosen export takes; empty while nothing is.
+    void setTimeText(const QString& text);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void connectQuality();
+    void connectCustom();
+    void connectRange();
+    void connectOutput();
+    void fillFixedLists();
+    void fillForPreset();
+    void fillForSource();
+    void fillControls();
+    void fillSound();
+    void showForm();
+    void showQuality();
+    void showCustom();
+    void showControl(const CustomSettings& custom);
+    void showRange();
+    void showOutput();
+    void showEstimate();
+    CustomSettings customFromWidgets() const;
+    void onCustomEdited();
+    void makeThumbnails();
+    void browse();
+
+    const std::unique_ptr<Ui::SettingsPane> ui;
+    ExportForm* form = nullptr;
+    bool showing = false; ///< what the widgets tell is not the user's doing
+    OutputLook look;
+    OutputState lookedAt;
+    QTimer lookTimer;
+    QTimer thumbnailTimer;
+    QString timeText;
+    std::unique_ptr<ExportCore::Thumbnails> thumbnails;
+};
+
+} // namespace Dialog

@@ -1,0 +1,116 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+    <context>
+        <name>Dialog::ExportWindow</name>
+        <message numerus="yes">
+            <source>and %n more</source>
+            <translation>
+                <numerusform>and %n more</numerusform>
+                <numerusform>and %n more</numerusform>
+            </translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::OutcomeText</name>
+        <message numerus="yes">
+            <source>%1, %2 × %3, %n frame(s)</source>
+            <translation>
+                <numerusform>%1, %2 × %3, %n frame</numerusform>
+                <numerusform>%1, %2 × %3, %n frames</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1, %2, %n channel(s)</source>
+            <translation>
+                <numerusform>%1, %2, %n channel</numerusform>
+                <numerusform>%1, %2, %n channels</numerusform>
+            </translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PeoplesText</name>
+        <message numerus="yes">
+            <source>about %n second(s)</source>
+            <translation>
+                <numerusform>about %n second</numerusform>
+                <numerusform>about %n seconds</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n minute(s)</source>
+            <translation>
+                <numerusform>about %n minute</numerusform>
+                <numerusform>about %n minutes</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n hour(s)</source>
+            <translation>
+                <numerusform>about %n hour</numerusform>
+                <numerusform>about %n hours</numerusform>
+            </translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::SourceMedia</name>
+        <message numerus="yes">
+            <source>%1 and %n more</source>
+            <translation>
+                <numerusform>%1 and %n more</numerusform>
+                <numerusform>%1 and %n more</numerusform>
+            </translation>
+        </message>
+    </context>
+    <context>
+        <name>editorPresets</name>
+        <message>
+            <source>mp4</source>
+            <translation>MP4</translation>
+        </message>
+        <message>
+            <source>web</source>
+            <translation>Web</translation>
+        </message>
+        <message>
+            <source>small-files</source>
+            <translation>Small files</translation>
+        </message>
+        <message>
+            <source>editing</source>
+            <translation>Editing</translation>
+        </message>
+        <message>
+            <source>high-dynamic-range</source>
+            <translation>High dynamic range</translation>
+        </message>
+        <message>
+            <source>two-pass</source>
+            <translation>Two passes</translation>
+        </message>
+        <message>
+            <source>audio</source>
+            <translation>Audio</translation>
+        </message>
+        <message>
+            <source>high</source>
+            <translation>High</translation>
+        </message>
+        <message>
+            <source>medium</source>
+            <translation>Medium</translation>
+        </message>
+        <message>
+            <source>low</source>
+            <translation>Low</translation>
+        </message>
+        <message>
+            <source>best</source>
+            <translation>Best</translation>
+        </message>
+        <message>
+            <source>draft</source>
+            <translation>Draft</translation>
+        </message>
+    </context>
+</TS>

@@ -1,0 +1,980 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP">
+    <context>
+        <name>Dialog::ExportForm</name>
+        <message>
+            <source>This preset is not possible: %1</source>
+            <translation>このプリセットは使えません: %1</translation>
+        </message>
+        <message>
+            <source>Neither picture nor sound would be in the file</source>
+            <translation>ファイルに映像も音声も入りません</translation>
+        </message>
+        <message>
+            <source>The first marker must come before the ending one</source>
+            <translation>最初のマーカーは終わりのマーカーより前でなければなりません</translation>
+        </message>
+        <message>
+            <source>“%1” is no time; write minutes and seconds as 1:30, or frames as 120f</source>
+            <translation>「%1」は時間ではありません。分と秒は 1:30、フレームは 120f のように書きます</translation>
+        </message>
+        <message>
+            <source>The in point must lie before the out point, and before the end</source>
+            <translation>イン点はアウト点と末尾より前でなければなりません</translation>
+        </message>
+        <message>
+            <source>What was opened cannot be exported</source>
+            <translation>開いたものは書き出せません</translation>
+        </message>
+        <message>
+            <source>The source is being opened</source>
+            <translation>ソースを開いています</translation>
+        </message>
+        <message>
+            <source>Open what is to be exported</source>
+            <translation>書き出すものを開いてください</translation>
+        </message>
+        <message>
+            <source>The file needs a name</source>
+            <translation>ファイル名が必要です</translation>
+        </message>
+        <message>
+            <source>The custom settings do not fit</source>
+            <translation>カスタム設定が合いません</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::ExportWindow</name>
+        <message>
+            <source>Export</source>
+            <translation>書き出し</translation>
+        </message>
+        <message>
+            <source>&amp;Open…</source>
+            <translation>開く(&amp;O)…</translation>
+        </message>
+        <message>
+            <source>Use black for what is missing</source>
+            <translation>欠けているものを黒にする</translation>
+        </message>
+        <message>
+            <source>Add to &amp;queue</source>
+            <translation>待ち行列に追加(&amp;Q)</translation>
+        </message>
+        <message>
+            <source>E&amp;xport</source>
+            <translation>書き出す(&amp;X)</translation>
+        </message>
+        <message>
+            <source>Open what is to be exported</source>
+            <translation>書き出すものを開いてください</translation>
+        </message>
+        <message>
+            <source>Nothing is open</source>
+            <translation>何も開いていません</translation>
+        </message>
+        <message>
+            <source>Drop media files or a timeline here</source>
+            <translation>メディアファイルかタイムラインをここにドロップ</translation>
+        </message>
+        <message>
+            <source>Opening…</source>
+            <translation>開いています…</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more</source>
+            <translation>
+                <numerusform>ほか %n 件</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 – %2 – Export</source>
+            <comment>state, file</comment>
+            <translation>%1 – %2 – 書き出し</translation>
+        </message>
+        <message>
+            <source>takes %1</source>
+            <comment>a time</comment>
+            <translation>所要時間 %1</translation>
+        </message>
+        <message>
+            <source>Another export in the list is to become “%1” as well.</source>
+            <translation>一覧の別の書き出しも「%1」になります。</translation>
+        </message>
+        <message>
+            <source>Add it all the same</source>
+            <translation>それでも追加</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>キャンセル</translation>
+        </message>
+        <message>
+            <source>“%1” is there already. It is replaced when the export is complete, and not before.</source>
+            <translation>「%1」は既にあります。書き出しが完了したときに初めて置き換えられます。</translation>
+        </message>
+        <message>
+            <source>Replace</source>
+            <translation>置き換える</translation>
+        </message>
+        <message>
+            <source>A film is being exported</source>
+            <translation>動画を書き出しています</translation>
+        </message>
+        <message>
+            <source>Stop the export</source>
+            <translation>書き出しの停止</translation>
+        </message>
+        <message>
+            <source>Stop the export of “%1”? Nothing of it is kept.</source>
+            <translation>「%1」の書き出しを停止しますか。何も残りません。</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>停止</translation>
+        </message>
+        <message>
+            <source>Go on</source>
+            <translation>続ける</translation>
+        </message>
+        <message>
+            <source>Close</source>
+            <translation>閉じる</translation>
+        </message>
+        <message>
+            <source>An export is running. Stop it and close? Nothing of it is kept.</source>
+            <translation>書き出し中です。停止して閉じますか。何も残りません。</translation>
+        </message>
+        <message>
+            <source>Stop and close</source>
+            <translation>停止して閉じる</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Job</name>
+        <message>
+            <source>Waiting</source>
+            <translation>待機中</translation>
+        </message>
+        <message>
+            <source>Starting</source>
+            <translation>開始中</translation>
+        </message>
+        <message>
+            <source>%1 %</source>
+            <translation>%1 %</translation>
+        </message>
+        <message>
+            <source>Checking</source>
+            <translation>検査中</translation>
+        </message>
+        <message>
+            <source>Stopping</source>
+            <translation>停止中</translation>
+        </message>
+        <message>
+            <source>Stopped</source>
+            <translation>停止しました</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>完了</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失敗</translation>
+        </message>
+        <message>
+            <source>%1 × real time</source>
+            <translation>実時間の %1 倍</translation>
+        </message>
+        <message>
+            <source>%1 left</source>
+            <translation>残り %1</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::JobPane</name>
+        <message>
+            <source>&amp;Jobs:</source>
+            <translation>ジョブ(&amp;J):</translation>
+        </message>
+        <message>
+            <source>Start queue</source>
+            <translation>待ち行列を開始</translation>
+        </message>
+        <message>
+            <source>Nothing is selected.</source>
+            <translation>何も選択されていません。</translation>
+        </message>
+        <message>
+            <source>It begins when the exports before it have ended.</source>
+            <translation>前の書き出しが終わると始まります。</translation>
+        </message>
+        <message>
+            <source>Take out of the queue</source>
+            <translation>待ち行列から外す</translation>
+        </message>
+        <message>
+            <source>Picture that is being encoded</source>
+            <translation>エンコード中の画像</translation>
+        </message>
+        <message>
+            <source>Progress of the export</source>
+            <translation>書き出しの進み具合</translation>
+        </message>
+        <message>
+            <source>Stop…</source>
+            <translation>停止…</translation>
+        </message>
+        <message>
+            <source>Details</source>
+            <translation>詳細</translation>
+        </message>
+        <message>
+            <source>Details of the export</source>
+            <translation>書き出しの詳細</translation>
+        </message>
+        <message>
+            <source>Open</source>
+            <translation>開く</translation>
+        </message>
+        <message>
+            <source>Show in folder</source>
+            <translation>フォルダーで表示</translation>
+        </message>
+        <message>
+            <source>Try again</source>
+            <translation>もう一度試す</translation>
+        </message>
+        <message>
+            <source>Copy report</source>
+            <translation>報告をコピー</translation>
+        </message>
+        <message>
+            <source>Remove</source>
+            <translation>取り除く</translation>
+        </message>
+        <message>
+            <source>Jobs</source>
+            <translation>ジョブ</translation>
+        </message>
+        <message>
+            <source>Outcome of the export</source>
+            <translation>書き出しの結果</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::JobQueue</name>
+        <message>
+            <source>File</source>
+            <translation>ファイル</translation>
+        </message>
+        <message>
+            <source>Preset</source>
+            <translation>プリセット</translation>
+        </message>
+        <message>
+            <source>State</source>
+            <translation>状態</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::OutcomeText</name>
+        <message>
+            <source>The source is not there</source>
+            <translation>ソースがありません</translation>
+        </message>
+        <message>
+            <source>The source cannot be read</source>
+            <translation>ソースを読めません</translation>
+        </message>
+        <message>
+            <source>The source is damaged</source>
+            <translation>ソースが壊れています</translation>
+        </message>
+        <message>
+            <source>The file cannot be written</source>
+            <translation>ファイルに書き込めません</translation>
+        </message>
+        <message>
+            <source>The disk is full</source>
+            <translation>ディスクがいっぱいです</translation>
+        </message>
+        <message>
+            <source>Writing the file failed</source>
+            <translation>ファイルの書き込みに失敗しました</translation>
+        </message>
+        <message>
+            <source>An encoder is missing</source>
+            <translation>エンコーダーがありません</translation>
+        </message>
+        <message>
+            <source>The encoder refused its settings</source>
+            <translation>エンコーダーが設定を受け付けません</translation>
+        </message>
+        <message>
+            <source>Encoding failed</source>
+            <translation>エンコードに失敗しました</translation>
+        </message>
+        <message>
+            <source>Preparing the pictures or the sound failed</source>
+            <translation>映像または音声の準備に失敗しました</translation>
+        </message>
+        <message>
+            <source>The file's format cannot hold this</source>
+            <translation>このファイル形式には入れられません</translation>
+        </message>
+        <message>
+            <source>There is not enough memory</source>
+            <translation>メモリーが足りません</translation>
+        </message>
+        <message>
+            <source>The export made no progress</source>
+            <translation>書き出しが進みませんでした</translation>
+        </message>
+        <message>
+            <source>This cannot be exported</source>
+            <translation>これは書き出せません</translation>
+        </message>
+        <message>
+            <source>This is not supported</source>
+            <translation>これには対応していません</translation>
+        </message>
+        <message>
+            <source>The export failed</source>
+            <translation>書き出しに失敗しました</translation>
+        </message>
+        <message>
+            <source>Check that the file is where it was, and that its disk or share is connected.</source>
+            <translation>ファイルが元の場所にあり、ディスクや共有が接続されているか確かめてください。</translation>
+        </message>
+        <message>
+            <source>Export the part before the damage, or get the file anew.</source>
+            <translation>壊れた所より前の部分を書き出すか、ファイルを入手し直してください。</translation>
+        </message>
+        <message>
+            <source>Save the file under another name or in another folder.</source>
+            <translation>別の名前か別のフォルダーに保存してください。</translation>
+        </message>
+        <message>
+            <source>Make room on the disk, save to another one, or choose a lower quality.</source>
+            <translation>空きを作るか、別のディスクに保存するか、品質を下げてください。</translation>
+        </message>
+        <message>
+            <source>Check the disk, or save to another one.</source>
+            <translation>ディスクを確かめるか、別のディスクに保存してください。</translation>
+        </message>
+        <message>
+            <source>Choose another preset, or reset the custom settings.</source>
+            <translation>別のプリセットを選ぶか、カスタム設定を元に戻してください。</translation>
+        </message>
+        <message>
+            <source>Close other programs, or export a smaller picture.</source>
+            <translation>ほかのプログラムを閉じるか、小さな画像で書き出してください。</translation>
+        </message>
+        <message>
+            <source>Check that the disks and shares of source and file answer, then try again.</source>
+            <translation>ソースとファイルのディスクや共有が応答するか確かめて、もう一度試してください。</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1, %2 × %3, %n frame(s)</source>
+            <translation>
+                <numerusform>%1、%2 × %3、%n フレーム</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1, %2, %n channel(s)</source>
+            <translation>
+                <numerusform>%1、%2、%n チャンネル</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 long, %2</source>
+            <translation>長さ %1、%2</translation>
+        </message>
+        <message>
+            <source>Made in %1. Read back to its last byte: it is what was ordered.</source>
+            <translation>%1 で作成。最後のバイトまで読み返し、注文どおりです。</translation>
+        </message>
+        <message>
+            <source>%1 is done</source>
+            <translation>%1 が完成しました</translation>
+        </message>
+        <message>
+            <source>Stopped</source>
+            <translation>停止しました</translation>
+        </message>
+        <message>
+            <source>Nothing was written.</source>
+            <translation>何も書き込まれていません。</translation>
+        </message>
+        <message>
+            <source>Error:</source>
+            <translation>エラー:</translation>
+        </message>
+        <message>
+            <source>Preset:</source>
+            <translation>プリセット:</translation>
+        </message>
+        <message>
+            <source>File:</source>
+            <translation>ファイル:</translation>
+        </message>
+        <message>
+            <source>Source</source>
+            <translation>ソース</translation>
+        </message>
+        <message>
+            <source>Warning</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>Note</source>
+            <translation>注意</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::OutputName</name>
+        <message>
+            <source>%1 (export)</source>
+            <comment>a file's name</comment>
+            <translation>%1 (書き出し)</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PeoplesText</name>
+        <message>
+            <source>a few seconds</source>
+            <translation>数秒</translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n second(s)</source>
+            <translation>
+                <numerusform>約 %n 秒</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n minute(s)</source>
+            <translation>
+                <numerusform>約 %n 分</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n hour(s)</source>
+            <translation>
+                <numerusform>約 %n 時間</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 frames/s</source>
+            <translation>%1 フレーム/秒</translation>
+        </message>
+        <message>
+            <source>%1 kHz</source>
+            <translation>%1 kHz</translation>
+        </message>
+        <message>
+            <source>%1 Mbit/s</source>
+            <translation>%1 Mbit/s</translation>
+        </message>
+        <message>
+            <source>%1 kbit/s</source>
+            <translation>%1 kbit/s</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetList</name>
+        <message>
+            <source>%1, not possible: %2</source>
+            <translation>%1、使えません: %2</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetObstacle</name>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 は %2 に対応していません</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2 pixels</source>
+            <translation>%1 は %2 ピクセル未満の辺に対応していません</translation>
+        </message>
+        <message>
+            <source>The source has no sound</source>
+            <translation>ソースに音声がありません</translation>
+        </message>
+        <message>
+            <source>The source has no picture</source>
+            <translation>ソースに映像がありません</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetPane</name>
+        <message>
+            <source>For&amp;mat:</source>
+            <translation>形式(&amp;M):</translation>
+        </message>
+        <message>
+            <source>&amp;Search:</source>
+            <translation>検索(&amp;S):</translation>
+        </message>
+        <message>
+            <source>Codec, size or name</source>
+            <translation>コーデック、サイズ、名前</translation>
+        </message>
+        <message>
+            <source>Presets</source>
+            <translation>プリセット</translation>
+        </message>
+        <message>
+            <source>No preset of this format has these words.</source>
+            <translation>この形式にこの言葉を含むプリセットはありません。</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetText</name>
+        <message>
+            <source>%1 picture, %2 × %3</source>
+            <translation>%1 映像、%2 × %3</translation>
+        </message>
+        <message>
+            <source>%1 picture, up to %2 × %3</source>
+            <translation>%1 映像、最大 %2 × %3</translation>
+        </message>
+        <message>
+            <source>, lossless</source>
+            <translation>、可逆</translation>
+        </message>
+        <message>
+            <source>, two passes</source>
+            <translation>、2 パス</translation>
+        </message>
+        <message>
+            <source>%1 sound</source>
+            <translation>%1 音声</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::RangeStrip</name>
+        <message>
+            <source>From %1 to %2</source>
+            <translation>%1 から %2 まで</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::SettingsPane</name>
+        <message>
+            <source>Qualit&amp;y:</source>
+            <translation>品質(&amp;Y):</translation>
+        </message>
+        <message>
+            <source>C&amp;ustom settings</source>
+            <translation>カスタム設定(&amp;U)</translation>
+        </message>
+        <message>
+            <source>Si&amp;ze:</source>
+            <translation>サイズ(&amp;Z):</translation>
+        </message>
+        <message>
+            <source>Frame &amp;rate:</source>
+            <translation>フレームレート(&amp;R):</translation>
+        </message>
+        <message>
+            <source>Rate &amp;control:</source>
+            <translation>レート制御(&amp;C):</translation>
+        </message>
+        <message>
+            <source>Value:</source>
+            <translation>値:</translation>
+        </message>
+        <message>
+            <source>Quality on the codec's scale</source>
+            <translation>コーデックの尺度での品質</translation>
+        </message>
+        <message>
+            <source>Bitrate of the picture</source>
+            <translation>映像のビットレート</translation>
+        </message>
+        <message>
+            <source> kbit/s</source>
+            <translation> kbit/s</translation>
+        </message>
+        <message>
+            <source>as the preset says</source>
+            <translation>プリセットのとおり</translation>
+        </message>
+        <message>
+            <source>Sample ra&amp;te:</source>
+            <translation>サンプルレート(&amp;T):</translation>
+        </message>
+        <message>
+            <source>Sound &amp;bitrate:</source>
+            <translation>音声ビットレート(&amp;B):</translation>
+        </message>
+        <message>
+            <source>R&amp;eset</source>
+            <translation>元に戻す(&amp;E)</translation>
+        </message>
+        <message>
+            <source>Range</source>
+            <translation>範囲</translation>
+        </message>
+        <message>
+            <source>&amp;Whole</source>
+            <translation>全体(&amp;W)</translation>
+        </message>
+        <message>
+            <source>P&amp;art</source>
+            <translation>一部(&amp;A)</translation>
+        </message>
+        <message>
+            <source>Between mar&amp;kers</source>
+            <translation>マーカー間(&amp;K)</translation>
+        </message>
+        <message>
+            <source>Range on the timeline</source>
+            <translation>タイムライン上の範囲</translation>
+        </message>
+        <message>
+            <source>Everything is exported, from start to end.</source>
+            <translation>最初から最後まで、すべて書き出します。</translation>
+        </message>
+        <message>
+            <source>&amp;In point:</source>
+            <translation>イン点(&amp;I):</translation>
+        </message>
+        <message>
+            <source>Start</source>
+            <translation>先頭</translation>
+        </message>
+        <message>
+            <source>Hours, minutes and seconds, as 1:02:03.5, or frames, as 120f</source>
+            <translation>時・分・秒 (1:02:03.5) またはフレーム (120f)</translation>
+        </message>
+        <message>
+            <source>Out &amp;point:</source>
+            <translation>アウト点(&amp;P):</translation>
+        </message>
+        <message>
+            <source>End</source>
+            <translation>末尾</translation>
+        </message>
+        <message>
+            <source>&amp;First marker:</source>
+            <translation>最初のマーカー(&amp;F):</translation>
+        </message>
+        <message>
+            <source>Endin&amp;g marker:</source>
+            <translation>終わりのマーカー(&amp;G):</translation>
+        </message>
+        <message>
+            <source>Wit&amp;h picture</source>
+            <translation>映像を含める(&amp;H)</translation>
+        </message>
+        <message>
+            <source>With soun&amp;d</source>
+            <translation>音声を含める(&amp;D)</translation>
+        </message>
+        <message>
+            <source>E&amp;nding:</source>
+            <translation>エンディング(&amp;N):</translation>
+        </message>
+        <message>
+            <source>Fi&amp;le:</source>
+            <translation>ファイル(&amp;L):</translation>
+        </message>
+        <message>
+            <source>Sa&amp;ve as…</source>
+            <translation>名前を付けて保存(&amp;V)…</translation>
+        </message>
+        <message>
+            <source>as the source</source>
+            <translation>ソースのとおり</translation>
+        </message>
+        <message>
+            <source>None</source>
+            <translation>なし</translation>
+        </message>
+        <message>
+            <source>As the preset says</source>
+            <translation>プリセットのとおり</translation>
+        </message>
+        <message>
+            <source>Constant quality</source>
+            <translation>品質一定</translation>
+        </message>
+        <message>
+            <source>Average bitrate</source>
+            <translation>平均ビットレート</translation>
+        </message>
+        <message>
+            <source>%1 long</source>
+            <translation>長さ %1</translation>
+        </message>
+        <message>
+            <source>Very roughly %1</source>
+            <translation>ごくおおよそ %1</translation>
+        </message>
+        <message>
+            <source>About %1</source>
+            <translation>約 %1</translation>
+        </message>
+        <message>
+            <source>%1 free</source>
+            <translation>空き %1</translation>
+        </message>
+        <message>
+            <source>The folder is not there</source>
+            <translation>フォルダーがありません</translation>
+        </message>
+        <message>
+            <source>This may be too much for the disk</source>
+            <translation>ディスクに入りきらないかもしれません</translation>
+        </message>
+        <message>
+            <source>A file of this name is there already</source>
+            <translation>この名前のファイルは既にあります</translation>
+        </message>
+        <message>
+            <source>Save the export as</source>
+            <translation>書き出しの保存先</translation>
+        </message>
+        <message>
+            <source>Files of this preset (*.%1)</source>
+            <translation>このプリセットのファイル (*.%1)</translation>
+        </message>
+        <message>
+            <source>All files (*)</source>
+            <translation>すべてのファイル (*)</translation>
+        </message>
+        <message>
+            <source>Reset the custom settings</source>
+            <translation>カスタム設定を元に戻す</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::SourceMedia</name>
+        <message>
+            <source>Start</source>
+            <translation>先頭</translation>
+        </message>
+        <message>
+            <source>End</source>
+            <translation>末尾</translation>
+        </message>
+        <message>
+            <source>There is nothing in it to export</source>
+            <translation>書き出すものがありません</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 and %n more</source>
+            <translation>
+                <numerusform>%1 ほか %n 件</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 × %2</source>
+            <translation>%1 × %2</translation>
+        </message>
+        <message>
+            <source>no picture</source>
+            <translation>映像なし</translation>
+        </message>
+        <message>
+            <source>no sound</source>
+            <translation>音声なし</translation>
+        </message>
+    </context>
+    <context>
+        <name>main</name>
+        <message>
+            <source>Exports media files, or a timeline, from a window.</source>
+            <translation>メディアファイルやタイムラインをウィンドウから書き出します。</translation>
+        </message>
+        <message>
+            <source>Media files, one after the other, or one timeline.</source>
+            <translation>続けて並べるメディアファイル、または 1 つのタイムライン。</translation>
+        </message>
+    </context>
+    <context>
+        <name>editorPresets</name>
+        <message>
+            <source>mp4</source>
+            <translation>MP4</translation>
+        </message>
+        <message>
+            <source>web</source>
+            <translation>ウェブ</translation>
+        </message>
+        <message>
+            <source>small-files</source>
+            <translation>小さなファイル</translation>
+        </message>
+        <message>
+            <source>editing</source>
+            <translation>編集</translation>
+        </message>
+        <message>
+            <source>high-dynamic-range</source>
+            <translation>ハイダイナミックレンジ</translation>
+        </message>
+        <message>
+            <source>two-pass</source>
+            <translation>2 パス</translation>
+        </message>
+        <message>
+            <source>audio</source>
+            <translation>音声</translation>
+        </message>
+        <message>
+            <source>high</source>
+            <translation>高</translation>
+        </message>
+        <message>
+            <source>medium</source>
+            <translation>中</translation>
+        </message>
+        <message>
+            <source>low</source>
+            <translation>低</translation>
+        </message>
+        <message>
+            <source>best</source>
+            <translation>最高</translation>
+        </message>
+        <message>
+            <source>draft</source>
+            <translation>下書き</translation>
+        </message>
+        <message>
+            <source>mp4-h264-2160p</source>
+            <translation>MP4（H.264 と AAC）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1440p</source>
+            <translation>MP4（H.264 と AAC）、最大 1440p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p</source>
+            <translation>MP4（H.264 と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-720p</source>
+            <translation>MP4（H.264 と AAC）、最大 720p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-480p</source>
+            <translation>MP4（H.264 と AAC）、最大 480p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-source</source>
+            <translation>MP4（H.264 と AAC）、ソースのサイズ、高品質</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p</source>
+            <translation>MP4（HEVC と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-mpeg4-720p</source>
+            <translation>MP4（MPEG-4 Visual と AAC）、最大 720p、古い再生機向け</translation>
+        </message>
+        <message>
+            <source>webm-vp9-2160p</source>
+            <translation>WebM（VP9 と Opus）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p</source>
+            <translation>WebM（VP9 と Opus）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-720p</source>
+            <translation>WebM（VP9 と Opus）、最大 720p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-2160p</source>
+            <translation>Matroska（HEVC と AAC）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p</source>
+            <translation>Matroska（HEVC と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-ffv1-flac</source>
+            <translation>Matroska（FFV1 と FLAC）、可逆アーカイブ</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p</source>
+            <translation>QuickTime（ProRes 422 HQ と PCM）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p</source>
+            <translation>QuickTime（ProRes 422 HQ と PCM）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-2160p-hdr</source>
+            <translation>MP4（HEVC 10 ビット と AAC）、最大 2160p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-hdr</source>
+            <translation>MP4（HEVC 10 ビット と AAC）、最大 1080p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>webm-vp9-2160p-hdr</source>
+            <translation>WebM（VP9 10 ビット と Opus）、最大 2160p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-hdr</source>
+            <translation>WebM（VP9 10 ビット と Opus）、最大 1080p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p-hdr</source>
+            <translation>MP4（AV1 10 ビット と AAC）、最大 2160p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p-hdr</source>
+            <translation>MP4（AV1 10 ビット と AAC）、最大 1080p、ハイダイナミックレンジを保持</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-2pass</source>
+            <translation>MP4（H.264 と AAC）、最大 1080p、2 パス</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-6mbps-2pass</source>
+            <translation>MP4（H.264 と AAC）、最大 1080p、2 パスで 6 Mbit/s</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-constant-2pass</source>
+            <translation>MP4（H.264 と AAC）、最大 1080p、2 パスで固定ビットレート</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-2pass</source>
+            <translation>MP4（HEVC と AAC）、最大 1080p、2 パス</translation>
+        </message>
+        <message>
+            <source>mp4-mpeg4-720p-2pass</source>
+            <translation>MP4（MPEG-4 Visual と AAC）、最大 720p、古い再生機向け、2 パス</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-2pass</source>
+            <translation>WebM（VP9 と Opus）、最大 1080p、2 パス</translation>
+        </message>
+        <message>
+            <source>m4a-aac</source>
+            <translation>M4A（AAC）、音声のみ</translation>
+        </message>
+        <message>
+            <source>mp3</source>
+            <translation>MP3、音声のみ</translation>
+        </message>
+        <message>
+            <source>flac</source>
+            <translation>FLAC、音声のみ、可逆</translation>
+        </message>
+        <message>
+            <source>wav</source>
+            <translation>WAV（PCM）、音声のみ、可逆</translation>
+        </message>
+    </context>
+</TS>

@@ -1,0 +1,980 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+    <context>
+        <name>Dialog::ExportForm</name>
+        <message>
+            <source>This preset is not possible: %1</source>
+            <translation>此预设不可用：%1</translation>
+        </message>
+        <message>
+            <source>Neither picture nor sound would be in the file</source>
+            <translation>文件中既没有画面也没有声音</translation>
+        </message>
+        <message>
+            <source>The first marker must come before the ending one</source>
+            <translation>起始标记必须在结束标记之前</translation>
+        </message>
+        <message>
+            <source>“%1” is no time; write minutes and seconds as 1:30, or frames as 120f</source>
+            <translation>“%1”不是时间；请写成 1:30（分秒）或 120f（帧）</translation>
+        </message>
+        <message>
+            <source>The in point must lie before the out point, and before the end</source>
+            <translation>入点必须在出点和结尾之前</translation>
+        </message>
+        <message>
+            <source>What was opened cannot be exported</source>
+            <translation>打开的内容无法导出</translation>
+        </message>
+        <message>
+            <source>The source is being opened</source>
+            <translation>正在打开来源</translation>
+        </message>
+        <message>
+            <source>Open what is to be exported</source>
+            <translation>请打开要导出的内容</translation>
+        </message>
+        <message>
+            <source>The file needs a name</source>
+            <translation>文件需要名称</translation>
+        </message>
+        <message>
+            <source>The custom settings do not fit</source>
+            <translation>自定义设置不适用</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::ExportWindow</name>
+        <message>
+            <source>Export</source>
+            <translation>导出</translation>
+        </message>
+        <message>
+            <source>&amp;Open…</source>
+            <translation>打开(&amp;O)…</translation>
+        </message>
+        <message>
+            <source>Use black for what is missing</source>
+            <translation>缺失部分用黑色代替</translation>
+        </message>
+        <message>
+            <source>Add to &amp;queue</source>
+            <translation>加入队列(&amp;Q)</translation>
+        </message>
+        <message>
+            <source>E&amp;xport</source>
+            <translation>导出(&amp;X)</translation>
+        </message>
+        <message>
+            <source>Open what is to be exported</source>
+            <translation>请打开要导出的内容</translation>
+        </message>
+        <message>
+            <source>Nothing is open</source>
+            <translation>未打开任何内容</translation>
+        </message>
+        <message>
+            <source>Drop media files or a timeline here</source>
+            <translation>将媒体文件或时间线拖放到此处</translation>
+        </message>
+        <message>
+            <source>Opening…</source>
+            <translation>正在打开…</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more</source>
+            <translation>
+                <numerusform>以及另外 %n 个</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 – %2 – Export</source>
+            <comment>state, file</comment>
+            <translation>%1 – %2 – 导出</translation>
+        </message>
+        <message>
+            <source>takes %1</source>
+            <comment>a time</comment>
+            <translation>用时%1</translation>
+        </message>
+        <message>
+            <source>Another export in the list is to become “%1” as well.</source>
+            <translation>列表中的另一个导出也将成为“%1”。</translation>
+        </message>
+        <message>
+            <source>Add it all the same</source>
+            <translation>仍然添加</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>取消</translation>
+        </message>
+        <message>
+            <source>“%1” is there already. It is replaced when the export is complete, and not before.</source>
+            <translation>“%1”已存在。导出完成后才会替换它。</translation>
+        </message>
+        <message>
+            <source>Replace</source>
+            <translation>替换</translation>
+        </message>
+        <message>
+            <source>A film is being exported</source>
+            <translation>正在导出影片</translation>
+        </message>
+        <message>
+            <source>Stop the export</source>
+            <translation>停止导出</translation>
+        </message>
+        <message>
+            <source>Stop the export of “%1”? Nothing of it is kept.</source>
+            <translation>停止导出“%1”吗？不会保留任何内容。</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>停止</translation>
+        </message>
+        <message>
+            <source>Go on</source>
+            <translation>继续</translation>
+        </message>
+        <message>
+            <source>Close</source>
+            <translation>关闭</translation>
+        </message>
+        <message>
+            <source>An export is running. Stop it and close? Nothing of it is kept.</source>
+            <translation>正在导出。要停止并关闭吗？不会保留任何内容。</translation>
+        </message>
+        <message>
+            <source>Stop and close</source>
+            <translation>停止并关闭</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Job</name>
+        <message>
+            <source>Waiting</source>
+            <translation>等待中</translation>
+        </message>
+        <message>
+            <source>Starting</source>
+            <translation>正在开始</translation>
+        </message>
+        <message>
+            <source>%1 %</source>
+            <translation>%1 %</translation>
+        </message>
+        <message>
+            <source>Checking</source>
+            <translation>正在检查</translation>
+        </message>
+        <message>
+            <source>Stopping</source>
+            <translation>正在停止</translation>
+        </message>
+        <message>
+            <source>Stopped</source>
+            <translation>已停止</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>完成</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失败</translation>
+        </message>
+        <message>
+            <source>%1 × real time</source>
+            <translation>%1 倍实时速度</translation>
+        </message>
+        <message>
+            <source>%1 left</source>
+            <translation>剩余%1</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::JobPane</name>
+        <message>
+            <source>&amp;Jobs:</source>
+            <translation>任务(&amp;J)：</translation>
+        </message>
+        <message>
+            <source>Start queue</source>
+            <translation>开始队列</translation>
+        </message>
+        <message>
+            <source>Nothing is selected.</source>
+            <translation>未选择任何项目。</translation>
+        </message>
+        <message>
+            <source>It begins when the exports before it have ended.</source>
+            <translation>前面的导出结束后开始。</translation>
+        </message>
+        <message>
+            <source>Take out of the queue</source>
+            <translation>移出队列</translation>
+        </message>
+        <message>
+            <source>Picture that is being encoded</source>
+            <translation>正在编码的画面</translation>
+        </message>
+        <message>
+            <source>Progress of the export</source>
+            <translation>导出进度</translation>
+        </message>
+        <message>
+            <source>Stop…</source>
+            <translation>停止…</translation>
+        </message>
+        <message>
+            <source>Details</source>
+            <translation>详细信息</translation>
+        </message>
+        <message>
+            <source>Details of the export</source>
+            <translation>导出的详细信息</translation>
+        </message>
+        <message>
+            <source>Open</source>
+            <translation>打开</translation>
+        </message>
+        <message>
+            <source>Show in folder</source>
+            <translation>在文件夹中显示</translation>
+        </message>
+        <message>
+            <source>Try again</source>
+            <translation>重试</translation>
+        </message>
+        <message>
+            <source>Copy report</source>
+            <translation>复制报告</translation>
+        </message>
+        <message>
+            <source>Remove</source>
+            <translation>移除</translation>
+        </message>
+        <message>
+            <source>Jobs</source>
+            <translation>任务</translation>
+        </message>
+        <message>
+            <source>Outcome of the export</source>
+            <translation>导出结果</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::JobQueue</name>
+        <message>
+            <source>File</source>
+            <translation>文件</translation>
+        </message>
+        <message>
+            <source>Preset</source>
+            <translation>预设</translation>
+        </message>
+        <message>
+            <source>State</source>
+            <translation>状态</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::OutcomeText</name>
+        <message>
+            <source>The source is not there</source>
+            <translation>来源不存在</translation>
+        </message>
+        <message>
+            <source>The source cannot be read</source>
+            <translation>无法读取来源</translation>
+        </message>
+        <message>
+            <source>The source is damaged</source>
+            <translation>来源已损坏</translation>
+        </message>
+        <message>
+            <source>The file cannot be written</source>
+            <translation>无法写入文件</translation>
+        </message>
+        <message>
+            <source>The disk is full</source>
+            <translation>磁盘已满</translation>
+        </message>
+        <message>
+            <source>Writing the file failed</source>
+            <translation>写入文件失败</translation>
+        </message>
+        <message>
+            <source>An encoder is missing</source>
+            <translation>缺少编码器</translation>
+        </message>
+        <message>
+            <source>The encoder refused its settings</source>
+            <translation>编码器拒绝了设置</translation>
+        </message>
+        <message>
+            <source>Encoding failed</source>
+            <translation>编码失败</translation>
+        </message>
+        <message>
+            <source>Preparing the pictures or the sound failed</source>
+            <translation>准备画面或声音失败</translation>
+        </message>
+        <message>
+            <source>The file's format cannot hold this</source>
+            <translation>该文件格式无法容纳此内容</translation>
+        </message>
+        <message>
+            <source>There is not enough memory</source>
+            <translation>内存不足</translation>
+        </message>
+        <message>
+            <source>The export made no progress</source>
+            <translation>导出没有进展</translation>
+        </message>
+        <message>
+            <source>This cannot be exported</source>
+            <translation>无法导出此内容</translation>
+        </message>
+        <message>
+            <source>This is not supported</source>
+            <translation>不支持此操作</translation>
+        </message>
+        <message>
+            <source>The export failed</source>
+            <translation>导出失败</translation>
+        </message>
+        <message>
+            <source>Check that the file is where it was, and that its disk or share is connected.</source>
+            <translation>请检查文件是否仍在原处，且其磁盘或共享已连接。</translation>
+        </message>
+        <message>
+            <source>Export the part before the damage, or get the file anew.</source>
+            <translation>请导出损坏处之前的部分，或重新获取文件。</translation>
+        </message>
+        <message>
+            <source>Save the file under another name or in another folder.</source>
+            <translation>请以其他名称或在其他文件夹中保存文件。</translation>
+        </message>
+        <message>
+            <source>Make room on the disk, save to another one, or choose a lower quality.</source>
+            <translation>请腾出空间、保存到其他磁盘，或选择较低质量。</translation>
+        </message>
+        <message>
+            <source>Check the disk, or save to another one.</source>
+            <translation>请检查磁盘，或保存到其他磁盘。</translation>
+        </message>
+        <message>
+            <source>Choose another preset, or reset the custom settings.</source>
+            <translation>请选择其他预设，或重置自定义设置。</translation>
+        </message>
+        <message>
+            <source>Close other programs, or export a smaller picture.</source>
+            <translation>请关闭其他程序，或导出较小的画面。</translation>
+        </message>
+        <message>
+            <source>Check that the disks and shares of source and file answer, then try again.</source>
+            <translation>请检查来源和文件所在的磁盘与共享是否有响应，然后重试。</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1, %2 × %3, %n frame(s)</source>
+            <translation>
+                <numerusform>%1，%2 × %3，%n 帧</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1, %2, %n channel(s)</source>
+            <translation>
+                <numerusform>%1，%2，%n 声道</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 long, %2</source>
+            <translation>时长 %1，%2</translation>
+        </message>
+        <message>
+            <source>Made in %1. Read back to its last byte: it is what was ordered.</source>
+            <translation>用时 %1。已读回到最后一个字节：与要求一致。</translation>
+        </message>
+        <message>
+            <source>%1 is done</source>
+            <translation>%1 已完成</translation>
+        </message>
+        <message>
+            <source>Stopped</source>
+            <translation>已停止</translation>
+        </message>
+        <message>
+            <source>Nothing was written.</source>
+            <translation>没有写入任何内容。</translation>
+        </message>
+        <message>
+            <source>Error:</source>
+            <translation>错误：</translation>
+        </message>
+        <message>
+            <source>Preset:</source>
+            <translation>预设：</translation>
+        </message>
+        <message>
+            <source>File:</source>
+            <translation>文件：</translation>
+        </message>
+        <message>
+            <source>Source</source>
+            <translation>来源</translation>
+        </message>
+        <message>
+            <source>Warning</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>Note</source>
+            <translation>说明</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::OutputName</name>
+        <message>
+            <source>%1 (export)</source>
+            <comment>a file's name</comment>
+            <translation>%1（导出）</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PeoplesText</name>
+        <message>
+            <source>a few seconds</source>
+            <translation>几秒钟</translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n second(s)</source>
+            <translation>
+                <numerusform>约 %n 秒</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n minute(s)</source>
+            <translation>
+                <numerusform>约 %n 分钟</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>about %n hour(s)</source>
+            <translation>
+                <numerusform>约 %n 小时</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 frames/s</source>
+            <translation>%1 帧/秒</translation>
+        </message>
+        <message>
+            <source>%1 kHz</source>
+            <translation>%1 kHz</translation>
+        </message>
+        <message>
+            <source>%1 Mbit/s</source>
+            <translation>%1 Mbit/s</translation>
+        </message>
+        <message>
+            <source>%1 kbit/s</source>
+            <translation>%1 kbit/s</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetList</name>
+        <message>
+            <source>%1, not possible: %2</source>
+            <translation>%1，不可用：%2</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetObstacle</name>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 不支持 %2</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2 pixels</source>
+            <translation>%1 不支持小于 %2 像素的边</translation>
+        </message>
+        <message>
+            <source>The source has no sound</source>
+            <translation>来源没有声音</translation>
+        </message>
+        <message>
+            <source>The source has no picture</source>
+            <translation>来源没有画面</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetPane</name>
+        <message>
+            <source>For&amp;mat:</source>
+            <translation>格式(&amp;M)：</translation>
+        </message>
+        <message>
+            <source>&amp;Search:</source>
+            <translation>搜索(&amp;S)：</translation>
+        </message>
+        <message>
+            <source>Codec, size or name</source>
+            <translation>编码、尺寸或名称</translation>
+        </message>
+        <message>
+            <source>Presets</source>
+            <translation>预设</translation>
+        </message>
+        <message>
+            <source>No preset of this format has these words.</source>
+            <translation>此格式中没有包含这些词的预设。</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::PresetText</name>
+        <message>
+            <source>%1 picture, %2 × %3</source>
+            <translation>%1 画面，%2 × %3</translation>
+        </message>
+        <message>
+            <source>%1 picture, up to %2 × %3</source>
+            <translation>%1 画面，最大 %2 × %3</translation>
+        </message>
+        <message>
+            <source>, lossless</source>
+            <translation>，无损</translation>
+        </message>
+        <message>
+            <source>, two passes</source>
+            <translation>，两遍编码</translation>
+        </message>
+        <message>
+            <source>%1 sound</source>
+            <translation>%1 声音</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::RangeStrip</name>
+        <message>
+            <source>From %1 to %2</source>
+            <translation>从 %1 到 %2</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::SettingsPane</name>
+        <message>
+            <source>Qualit&amp;y:</source>
+            <translation>质量(&amp;Y)：</translation>
+        </message>
+        <message>
+            <source>C&amp;ustom settings</source>
+            <translation>自定义设置(&amp;U)</translation>
+        </message>
+        <message>
+            <source>Si&amp;ze:</source>
+            <translation>尺寸(&amp;Z)：</translation>
+        </message>
+        <message>
+            <source>Frame &amp;rate:</source>
+            <translation>帧率(&amp;R)：</translation>
+        </message>
+        <message>
+            <source>Rate &amp;control:</source>
+            <translation>码率控制(&amp;C)：</translation>
+        </message>
+        <message>
+            <source>Value:</source>
+            <translation>数值：</translation>
+        </message>
+        <message>
+            <source>Quality on the codec's scale</source>
+            <translation>按编码器标度的质量</translation>
+        </message>
+        <message>
+            <source>Bitrate of the picture</source>
+            <translation>画面码率</translation>
+        </message>
+        <message>
+            <source> kbit/s</source>
+            <translation> kbit/s</translation>
+        </message>
+        <message>
+            <source>as the preset says</source>
+            <translation>按预设</translation>
+        </message>
+        <message>
+            <source>Sample ra&amp;te:</source>
+            <translation>采样率(&amp;T)：</translation>
+        </message>
+        <message>
+            <source>Sound &amp;bitrate:</source>
+            <translation>声音码率(&amp;B)：</translation>
+        </message>
+        <message>
+            <source>R&amp;eset</source>
+            <translation>重置(&amp;E)</translation>
+        </message>
+        <message>
+            <source>Range</source>
+            <translation>范围</translation>
+        </message>
+        <message>
+            <source>&amp;Whole</source>
+            <translation>全部(&amp;W)</translation>
+        </message>
+        <message>
+            <source>P&amp;art</source>
+            <translation>部分(&amp;A)</translation>
+        </message>
+        <message>
+            <source>Between mar&amp;kers</source>
+            <translation>标记之间(&amp;K)</translation>
+        </message>
+        <message>
+            <source>Range on the timeline</source>
+            <translation>时间线上的范围</translation>
+        </message>
+        <message>
+            <source>Everything is exported, from start to end.</source>
+            <translation>从头到尾全部导出。</translation>
+        </message>
+        <message>
+            <source>&amp;In point:</source>
+            <translation>入点(&amp;I)：</translation>
+        </message>
+        <message>
+            <source>Start</source>
+            <translation>开头</translation>
+        </message>
+        <message>
+            <source>Hours, minutes and seconds, as 1:02:03.5, or frames, as 120f</source>
+            <translation>时、分、秒（如 1:02:03.5）或帧（如 120f）</translation>
+        </message>
+        <message>
+            <source>Out &amp;point:</source>
+            <translation>出点(&amp;P)：</translation>
+        </message>
+        <message>
+            <source>End</source>
+            <translation>结尾</translation>
+        </message>
+        <message>
+            <source>&amp;First marker:</source>
+            <translation>起始标记(&amp;F)：</translation>
+        </message>
+        <message>
+            <source>Endin&amp;g marker:</source>
+            <translation>结束标记(&amp;G)：</translation>
+        </message>
+        <message>
+            <source>Wit&amp;h picture</source>
+            <translation>包含画面(&amp;H)</translation>
+        </message>
+        <message>
+            <source>With soun&amp;d</source>
+            <translation>包含声音(&amp;D)</translation>
+        </message>
+        <message>
+            <source>E&amp;nding:</source>
+            <translation>片尾(&amp;N)：</translation>
+        </message>
+        <message>
+            <source>Fi&amp;le:</source>
+            <translation>文件(&amp;L)：</translation>
+        </message>
+        <message>
+            <source>Sa&amp;ve as…</source>
+            <translation>另存为(&amp;V)…</translation>
+        </message>
+        <message>
+            <source>as the source</source>
+            <translation>与来源相同</translation>
+        </message>
+        <message>
+            <source>None</source>
+            <translation>无</translation>
+        </message>
+        <message>
+            <source>As the preset says</source>
+            <translation>按预设</translation>
+        </message>
+        <message>
+            <source>Constant quality</source>
+            <translation>恒定质量</translation>
+        </message>
+        <message>
+            <source>Average bitrate</source>
+            <translation>平均码率</translation>
+        </message>
+        <message>
+            <source>%1 long</source>
+            <translation>时长 %1</translation>
+        </message>
+        <message>
+            <source>Very roughly %1</source>
+            <translation>粗略估计 %1</translation>
+        </message>
+        <message>
+            <source>About %1</source>
+            <translation>约 %1</translation>
+        </message>
+        <message>
+            <source>%1 free</source>
+            <translation>可用 %1</translation>
+        </message>
+        <message>
+            <source>The folder is not there</source>
+            <translation>文件夹不存在</translation>
+        </message>
+        <message>
+            <source>This may be too much for the disk</source>
+            <translation>磁盘可能放不下</translation>
+        </message>
+        <message>
+            <source>A file of this name is there already</source>
+            <translation>已有同名文件</translation>
+        </message>
+        <message>
+            <source>Save the export as</source>
+            <translation>导出另存为</translation>
+        </message>
+        <message>
+            <source>Files of this preset (*.%1)</source>
+            <translation>此预设的文件 (*.%1)</translation>
+        </message>
+        <message>
+            <source>All files (*)</source>
+            <translation>所有文件 (*)</translation>
+        </message>
+        <message>
+            <source>Reset the custom settings</source>
+            <translation>重置自定义设置</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::SourceMedia</name>
+        <message>
+            <source>Start</source>
+            <translation>开头</translation>
+        </message>
+        <message>
+            <source>End</source>
+            <translation>结尾</translation>
+        </message>
+        <message>
+            <source>There is nothing in it to export</source>
+            <translation>其中没有可导出的内容</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 and %n more</source>
+            <translation>
+                <numerusform>%1 等另外 %n 个</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>%1 × %2</source>
+            <translation>%1 × %2</translation>
+        </message>
+        <message>
+            <source>no picture</source>
+            <translation>无画面</translation>
+        </message>
+        <message>
+            <source>no sound</source>
+            <translation>无声音</translation>
+        </message>
+    </context>
+    <context>
+        <name>main</name>
+        <message>
+            <source>Exports media files, or a timeline, from a window.</source>
+            <translation>通过窗口导出媒体文件或时间线。</translation>
+        </message>
+        <message>
+            <source>Media files, one after the other, or one timeline.</source>
+            <translation>依次排列的媒体文件，或一条时间线。</translation>
+        </message>
+    </context>
+    <context>
+        <name>editorPresets</name>
+        <message>
+            <source>mp4</source>
+            <translation>MP4</translation>
+        </message>
+        <message>
+            <source>web</source>
+            <translation>网络</translation>
+        </message>
+        <message>
+            <source>small-files</source>
+            <translation>小文件</translation>
+        </message>
+        <message>
+            <source>editing</source>
+            <translation>剪辑</translation>
+        </message>
+        <message>
+            <source>high-dynamic-range</source>
+            <translation>高动态范围</translation>
+        </message>
+        <message>
+            <source>two-pass</source>
+            <translation>两遍编码</translation>
+        </message>
+        <message>
+            <source>audio</source>
+            <translation>音频</translation>
+        </message>
+        <message>
+            <source>high</source>
+            <translation>高</translation>
+        </message>
+        <message>
+            <source>medium</source>
+            <translation>中</translation>
+        </message>
+        <message>
+            <source>low</source>
+            <translation>低</translation>
+        </message>
+        <message>
+            <source>best</source>
+            <translation>最佳</translation>
+        </message>
+        <message>
+            <source>draft</source>
+            <translation>草稿</translation>
+        </message>
+        <message>
+            <source>mp4-h264-2160p</source>
+            <translation>MP4（H.264 和 AAC），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1440p</source>
+            <translation>MP4（H.264 和 AAC），最大 1440p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p</source>
+            <translation>MP4（H.264 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-720p</source>
+            <translation>MP4（H.264 和 AAC），最大 720p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-480p</source>
+            <translation>MP4（H.264 和 AAC），最大 480p</translation>
+        </message>
+        <message>
+            <source>mp4-h264-source</source>
+            <translation>MP4（H.264 和 AAC），来源尺寸，高质量</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p</source>
+            <translation>MP4（HEVC 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-mpeg4-720p</source>
+            <translation>MP4（MPEG-4 Visual 和 AAC），最大 720p，适用于旧播放器</translation>
+        </message>
+        <message>
+            <source>webm-vp9-2160p</source>
+            <translation>WebM（VP9 和 Opus），最大 2160p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p</source>
+            <translation>WebM（VP9 和 Opus），最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-720p</source>
+            <translation>WebM（VP9 和 Opus），最大 720p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-2160p</source>
+            <translation>Matroska（HEVC 和 AAC），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p</source>
+            <translation>Matroska（HEVC 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-ffv1-flac</source>
+            <translation>Matroska（FFV1 和 FLAC），无损存档</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p</source>
+            <translation>QuickTime（ProRes 422 HQ 和 PCM），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p</source>
+            <translation>QuickTime（ProRes 422 HQ 和 PCM），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-2160p-hdr</source>
+            <translation>MP4（HEVC 10 位 和 AAC），最大 2160p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-hdr</source>
+            <translation>MP4（HEVC 10 位 和 AAC），最大 1080p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>webm-vp9-2160p-hdr</source>
+            <translation>WebM（VP9 10 位 和 Opus），最大 2160p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-hdr</source>
+            <translation>WebM（VP9 10 位 和 Opus），最大 1080p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p-hdr</source>
+            <translation>MP4（AV1 10 位 和 AAC），最大 2160p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p-hdr</source>
+            <translation>MP4（AV1 10 位 和 AAC），最大 1080p，保留高动态范围</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-2pass</source>
+            <translation>MP4（H.264 和 AAC），最大 1080p，两遍编码</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-6mbps-2pass</source>
+            <translation>MP4（H.264 和 AAC），最大 1080p，两遍编码 6 Mbit/s</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-constant-2pass</source>
+            <translation>MP4（H.264 和 AAC），最大 1080p，两遍编码恒定码率</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-2pass</source>
+            <translation>MP4（HEVC 和 AAC），最大 1080p，两遍编码</translation>
+        </message>
+        <message>
+            <source>mp4-mpeg4-720p-2pass</source>
+            <translation>MP4（MPEG-4 Visual 和 AAC），最大 720p，适用于旧播放器，两遍编码</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-2pass</source>
+            <translation>WebM（VP9 和 Opus），最大 1080p，两遍编码</translation>
+        </message>
+        <message>
+            <source>m4a-aac</source>
+            <translation>M4A（AAC），仅声音</translation>
+        </message>
+        <message>
+            <source>mp3</source>
+            <translation>MP3，仅声音</translation>
+        </message>
+        <message>
+            <source>flac</source>
+            <translation>FLAC，仅声音，无损</translation>
+        </message>
+        <message>
+            <source>wav</source>
+            <translation>WAV（PCM），仅声音，无损</translation>
+        </message>
+    </context>
+</TS>
