@@ -105,6 +105,15 @@ TEST(Forecast, FollowsMaterialThatBecomesSlower) {
     EXPECT_LE(worst.error, 0.3) << "at " << worst.at;
 }
 
+TEST(Forecast, ForgetsWhatTheBeginningWasLike) {
+    RunForecast forecast({1, 1000, 1});
+    forecast.beginPass(0);
+    qint64 now = 0;
+    for (int percent = 1; percent <= 90; ++percent)
+        forecast.advance(percent, -1, now += percent <= 30 ? 100 : 1000);
+    EXPECT_NEAR(static_cast<double>(forecast.remaining(now)), 10'000, 500);
+}
+
 TEST(Forecast, CountsDownBetweenTwoPercents) {
     RunForecast forecast({1, 100, 1});
     forecast.beginPass(0);
