@@ -81,7 +81,7 @@ void ExportWindow::connectQueue() {
 void ExportWindow::showJobs() {
     if (ui->jobPane->isVisible())
         return;
-    const int above = ui->setupPane->height(), below = fontMetrics().lineSpacing() * 12;
+    const int above = ui->setupPane->height(), below = fontMetrics().lineSpacing() * 10;
     const int most = screen()->availableGeometry().height() - (frameGeometry().height() - height());
     if (!isMaximized() && !isFullScreen())
         resize(width(), std::min(height() + below, std::max(most, height())));

@@ -109,6 +109,10 @@ TEST_P(Pictures, OfTheMainStates) {
     press('q');
     ASSERT_TRUE(waitUntil([&] { return !find<Dialog::PictureLabel>("preview").isEmpty(); }));
     ASSERT_TRUE(waitUntil([&] { return find<QLabel>("progressLabel").text().contains(text("left")); }));
+    // The next one is being prepared meanwhile, as nobody's temporary folder.
+    find<QGroupBox>("customGroup").setChecked(false);
+    find<QLineEdit>("outputEdit").setText(text("/home/jo/Videos/Harbour, third cut.mp4"));
+    find<QLineEdit>("outputEdit").setFocus();
     keep("running");
     find<QPushButton>("stopButton").click();
     ASSERT_TRUE(waitForQuestion());

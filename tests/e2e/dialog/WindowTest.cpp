@@ -277,6 +277,41 @@ TEST_F(Window, TellsWhereUsersOwnPresetsCannotBeRead) {
     EXPECT_GT(presets().model()->rowCount(), 0);
 }
 
+class Languages : public Window, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(Languages, AreThoseOfWindowPresetsAndTags) {
+    show();
+    openClip();
+    const auto texts = [this] {
+        QStringList all{window->windowTitle(), find<QPushButton>("exportButton").text(), problem(),
+                        find<QLabel>("factsLabel").text(), find<QComboBox>("qualityBox").itemText(0)};
+        // A name of initials is the same in many languages.
+        auto& tags = find<QComboBox>("tagBox");
+        return all << tags.itemText(tags.findData(text("small-files")))
+                   << presets().model()->index(0, 0).data().toString();
+    };
+    find<QLineEdit>("outputEdit").clear();
+    const QStringList english = texts();
+    const Dialog::Translations translations(*qApp, QLocale(text(GetParam())));
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("exportButton").text() != english[1]; }));
+    TestSupport::turnEventLoop();
+    const QStringList translated = texts();
+    for (int i = 1; i < english.size(); ++i)
+        EXPECT_NE(translated[i], english[i]);
+    EXPECT_EQ(translated.size(), english.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Languages, ::testing::Values("de_DE", "es_ES", "ja_JP", "zh_CN"));
+
+TEST_F(Window, HasNoTextThatALanguageLacks) {
+    for (const char* language : {"de", "es", "ja", "zh"}) {
+        const std::string file = std::string(EDITOR_EXPORT_TRANSLATIONS) + "/editor-export_" + language + ".ts";
+        const QByteArray content = TestFiles::read(file);
+        EXPECT_GT(content.count("<translation>"), 150) << file;
+        EXPECT_FALSE(content.contains("type=\"unfinished\"")) << file;
+    }
+}
+
 TEST_F(Window, WithoutADisplayIsNoneAndSaysSo) {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
