@@ -87,6 +87,8 @@ void CommandLine::takeTexts() {
 /// The last of several names is the output, where no such file stands.
 void CommandLine::takeOutput() {
     const std::string last = options.inputs.back();
+    if (options.each)
+        throw CLI::ValidationError("no folder was given for what --each makes; name it with --output");
     const std::string missing = "no output file was given; name it behind the inputs or with --output";
     if (options.inputs.size() < 2)
         throw CLI::ValidationError(missing);

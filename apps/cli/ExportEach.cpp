@@ -42,6 +42,10 @@ std::string stemOf(const std::string& input) {
 }
 
 std::vector<Options> jobsOf(const Options& options) {
+    if (!options.report.empty())
+        KESTRA_THROW(
+            Refusal("A report is about one export; write --report without --each, or have a queue do the jobs, "
+                    "each with its own"));
     requireFolder(options.output);
     const std::string extension = extensionOf(options);
     const std::string folder = options.output.back() == '/' ? options.output : options.output + '/';

@@ -45,6 +45,12 @@ TEST_F(Progress, JsonIsOneObjectALineFromStartedToDone) {
         EXPECT_LE(now, 100);
         percent = now;
     }
+    const QJsonObject last = events[events.size() - 2];
+    EXPECT_GT(last.value(QStringLiteral("framesPerSecond")).toDouble(), 0);
+    EXPECT_GT(last.value(QStringLiteral("speed")).toDouble(), 0);
+    EXPECT_TRUE(last.value(QStringLiteral("bytes")).isDouble()) << "written so far";
+    EXPECT_EQ(last.value(QStringLiteral("pass")).toInt(), 1);
+    EXPECT_EQ(last.value(QStringLiteral("passes")).toInt(), 1);
     const QList<QJsonObject> results = TestCli::jsonLines(result.output);
     ASSERT_EQ(results.size(), 1);
     EXPECT_EQ(results[0].value(QStringLiteral("durationMs")).toInt(), 20'000);

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -207,7 +208,32 @@ TEST_F(SeveralJobs, OfEachInputNeedAFolderAPresetAndNamesOfTheirOwn) {
     EXPECT_NE(refusal({"render", clip, "--each", "-o", place / ""}).find("Name a preset"), std::string::npos);
     EXPECT_NE(refusal({"render", clip, clip, "--each", "-p", "mp3", "-o", place / ""}).find("would both become"),
               std::string::npos);
+    EXPECT_NE(refusal({"render", clip, place / "", "--each", "-p", "mp3"}).find("name it with --output"),
+              std::string::npos);
+    EXPECT_NE(refusal({"render", clip, "--each", "-p", "mp3", "-o", place / "", "--report", place / "r"})
+                  .find("about one export"),
+              std::string::npos);
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(SeveralJobs, OfAQueueEndWithASignalAndAreTakenUpAgain) {
+    TestMedia::FlashBeep media;
+    media.frames = 2000;
+    media.width = 640;
+    media.height = 360;
+    TestMedia::makeFlashBeep(*folder / "long.mov", media);
+    writeQueue({job("one.mov"), job("long.mov"), job("two.mov")});
+    Program program({"queue", queue, "--progress", "json"});
+    program.start();
+    ASSERT_TRUE(program.waitForError(name("\"number\":2")));
+    ASSERT_TRUE(program.waitUntil([&] { return TestFiles::namesIn(place / "").size() > 3; })) << "its unfinished file";
+    program.signal(SIGINT);
+    EXPECT_EQ(program.finish().code, 130);
+    EXPECT_EQ(TestFiles::namesIn(place / ""),
+              QStringList({name("jobs.json"), name("jobs.json.state"), name("one.mov.mp4")}));
+    writeQueue({job("one.mov"), job("two.mov")});
+    const Result result = run({"queue", queue});
+    EXPECT_TRUE(result.output.endsWith(name("2 jobs: 1 done, 1 done before\n"))) << result.output.toStdString();
 }
 
 } // namespace

@@ -1,9 +1,12 @@
 #include "ExportCore/OutputEstimate.h"
 #include "Export/PresetProvider.h"
+#include "ExportCore/FileGrowth.h"
 #include "ExportCore/FreeSpace.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCore/SizeText.h"
 #include "Kestra/Conf/SampleInfo.h"
+#include "support/FileHelpers.h"
+#include "support/WaitUntil.h"
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <optional>
@@ -115,6 +118,20 @@ TEST(FreeSpace, IsThatOfTheFolderOfTheOutput) {
     EXPECT_FALSE(ExportCore::FreeSpace::beside(folder.filePath(QStringLiteral("nowhere/film.mp4"))).has_value());
     EXPECT_TRUE(ExportCore::FreeSpace::beside(QStringLiteral("film.mp4")).has_value()) << "in the current folder";
     EXPECT_EQ(ExportCore::FreeSpace::beside(QStringLiteral("/proc/film.mp4")), 0);
+}
+
+TEST(FileGrowth, TellsTheSizeThatWasFoundLast) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("film"));
+    TestFiles::write(path.toStdString(), QByteArray(1000, 'x'));
+    ExportCore::FileGrowth growth(path.toUtf8());
+    ASSERT_TRUE(TestSupport::waitUntil([&] { return growth.bytes() == 1000; }));
+    TestFiles::write(path.toStdString(), QByteArray(3000, 'x'));
+    ASSERT_TRUE(TestSupport::waitUntil([&] { return growth.bytes() == 3000; }));
+    QFile::remove(path);
+    EXPECT_EQ(growth.bytes(), 3000) << "what is gone was that large";
+    ExportCore::FileGrowth none(path.toUtf8());
+    EXPECT_EQ(none.bytes(), -1);
 }
 
 TEST(SizeText, HasThreeFiguresAndUnitsOfAThousand) {
