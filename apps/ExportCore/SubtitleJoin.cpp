@@ -6,6 +6,7 @@
 namespace ExportCore {
 
 using Kestra::ClientAPI::ContainerLimits;
+using Kestra::ClientAPI::ProgrammeField;
 using Kestra::Conf::Language;
 using Kestra::Conf::Subtitles;
 
@@ -44,8 +45,12 @@ std::vector<Subtitles> SubtitleJoin::take(const std::string& container, bool nam
             notes.emplace_back("Styles of subtitles are left out: the inputs' differ");
             track.styled = false;
         }
-        if (track.styled && !ContainerLimits::Holds(container, Kestra::ClientAPI::ProgrammeField::SubtitleStyles))
+        if (track.styled && !ContainerLimits::Holds(container, ProgrammeField::SubtitleStyles))
             notes.emplace_back("Styles of subtitles are left out: the file has no place for them");
+        if (track.MostAtATime() > Subtitles::MOST_TOGETHER &&
+            !ContainerLimits::Holds(container, ProgrammeField::SubtitlesTogether))
+            notes.push_back("Of more than " + std::to_string(Subtitles::MOST_TOGETHER) +
+                            " subtitles at one time the first ones are kept: the file shows one at a time");
         if (named && !track.language.empty() && held.empty())
             notes.push_back("The subtitles' language, " + track.language +
                             ", is left out: the file has no place for it");

@@ -56,6 +56,13 @@ TEST(Subtitles, ThatShareTimeAreOneForAsLongAsTheyDo) {
                   {4 * SECOND, 5 * SECOND, event("c")},
                   {4 * SECOND, 5 * SECOND, event("d")}};
     EXPECT_EQ(shown(track.OneAtATime()), "0-10 a;10-20 a\\Nb;20-30 a;40-50 c\\Nd;");
+    EXPECT_EQ(track.MostAtATime(), 2);
+    Subtitles crowd;
+    crowd.cues = std::vector<Subtitles::Cue>(40, {0, SECOND, event("x")});
+    crowd.cues.push_back({SECOND, 2 * SECOND, event("y")});
+    EXPECT_EQ(crowd.MostAtATime(), 40);
+    EXPECT_EQ(crowd.OneAtATime().cues.at(0).Text().size(), 12 + 11 * 2U) << "twelve, with breaks between them";
+    EXPECT_EQ(crowd.OneAtATime().cues.at(1).Text(), "y");
     const Subtitles apart = told().Part(2 * SECOND, 9 * SECOND);
     EXPECT_TRUE(apart.OneAtATime() == apart);
     EXPECT_TRUE(Subtitles().OneAtATime().cues.empty());

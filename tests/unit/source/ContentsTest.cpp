@@ -94,6 +94,16 @@ TEST_F(Contents, HaveChaptersFromTheFirstPictureOn) {
     }
 }
 
+TEST_F(Contents, HaveNoMoreChaptersThanAnybodyChoosesFrom) {
+    std::string chapters = ";FFMETADATA1\n";
+    for (int i = 0; i < 2100; ++i)
+        chapters += "[CHAPTER]\nTIMEBASE=1/10000\nSTART=" + std::to_string(i) + "\nEND=" + std::to_string(i + 1) + '\n';
+    const auto source = open(make(
+        "a.mkv", all({pictures("25", 25), {"-i", write("tags", chapters), "-map_metadata", "1", "-c:v", "mpeg4"}})));
+    EXPECT_EQ(source->GetInfo().contents.programme.chapters.size(), 2000U);
+    EXPECT_EQ(source->TakeNotes().at(0).what, "of its 2100 chapters the first 2000 are read");
+}
+
 TEST_F(Contents, HaveTheTagsThatSomebodyWrote) {
     const auto source = open(
         make("a.mkv",

@@ -52,6 +52,8 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
         return found->cover;
     case ProgrammeField::Subtitles:
         return found->subtitles != nullptr;
+    case ProgrammeField::SubtitlesTogether:
+        return found->subtitles != nullptr && !found->subtitlesOneAtATime;
     case ProgrammeField::SubtitleStyles:
         return found->styledSubtitles != nullptr;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <set>
+#include <utility>
 
 namespace Kestra::Conf {
 
@@ -81,6 +82,19 @@ Subtitles Subtitles::Part(std::int64_t start, std::int64_t end) const {
     return part;
 }
 
+int Subtitles::MostAtATime() const {
+    std::vector<std::pair<std::int64_t, int>> changes; // ends before starts
+    for (const Cue& cue : cues) {
+        changes.emplace_back(cue.start, 1);
+        changes.emplace_back(cue.end, -1);
+    }
+    std::sort(changes.begin(), changes.end());
+    int shown = 0, most = 0;
+    for (const auto& [time, change] : changes)
+        most = std::max(most, shown += change);
+    return most;
+}
+
 Subtitles Subtitles::OneAtATime() const {
     std::set<std::int64_t> changes;
     for (const Cue& cue : cues) {
@@ -97,7 +111,7 @@ Subtitles Subtitles::OneAtATime() const {
         shown.erase(std::remove_if(shown.begin(), shown.end(), isOver), shown.end());
         bool changed = shown.size() != before;
         for (; next != cues.end() && next->start <= *change; ++next, changed = true)
-            if (next->end > *change)
+            if (next->end > *change && shown.size() < MOST_TOGETHER)
                 shown.push_back(&*next);
         if (shown.empty())
             continue;

@@ -36,7 +36,11 @@ struct KESTRA_EXPORT Subtitles {
 
     /// What is shown from `start` to `end`, whose time begins at 0.
     Subtitles Part(std::int64_t start, std::int64_t end) const;
-    /// At any time one cue at most: those that share time are one for as long as they do.
+    /// How many cues are shown at one time where it is most.
+    int MostAtATime() const;
+    /// At any time one cue at most: those that share time are one for as long as they do. Of more than so many at a
+    /// time the first ones count.
+    static constexpr int MOST_TOGETHER = 12;
     Subtitles OneAtATime() const;
 
     /// As children of a node, and out of them.

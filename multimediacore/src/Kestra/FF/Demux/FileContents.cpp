@@ -70,7 +70,12 @@ ListedTrack ListedOf(const AVStream& stream, bool hasChapters) {
     return track;
 }
 
-std::vector<ProgrammeInfo::Chapter> ChaptersOf(const AVFormatContext& context, std::int64_t origin) {
+/// More than that nobody chooses from, and files claim as many as they like.
+constexpr std::size_t MOST_CHAPTERS = 2000;
+constexpr int LARGEST_COVER = 32 << 20;
+
+std::vector<ProgrammeInfo::Chapter> ChaptersOf(const AVFormatContext& context, std::int64_t origin,
+                                               std::vector<std::string>& notes) {
     std::vector<ProgrammeInfo::Chapter> chapters;
     for (unsigned index = 0; index < context.nb_chapters; ++index) {
         const AVChapter& chapter = *context.chapters[index];
@@ -85,6 +90,11 @@ std::vector<ProgrammeInfo::Chapter> ChaptersOf(const AVFormatContext& context, s
     const auto together = [](const auto& a, const auto& b) { return a.start == b.start; };
     std::stable_sort(chapters.begin(), chapters.end(), earlier);
     chapters.erase(std::unique(chapters.begin(), chapters.end(), together), chapters.end());
+    if (chapters.size() > MOST_CHAPTERS) {
+        notes.push_back("of its " + std::to_string(chapters.size()) + " chapters the first " +
+                        std::to_string(MOST_CHAPTERS) + " are read");
+        chapters.resize(MOST_CHAPTERS);
+    }
     return chapters;
 }
 
@@ -98,7 +108,8 @@ ProgrammeInfo::Cover CoverOf(const AVFormatContext& context) {
         const AVStream& stream = *context.streams[index];
         const AVPacket& picture = stream.attached_pic;
         const char* const type = MimeTypeOf(stream.codecpar->codec_id);
-        if (!(stream.disposition & AV_DISPOSITION_ATTACHED_PIC) || !type || picture.size <= 0)
+        if (!(stream.disposition & AV_DISPOSITION_ATTACHED_PIC) || !type || picture.size <= 0 ||
+            picture.size > LARGEST_COVER)
             continue;
         const char* const format = av_get_pix_fmt_name(static_cast<AVPixelFormat>(stream.codecpar->format));
         return {type, std::string(reinterpret_cast<const char*>(picture.data), static_cast<std::size_t>(picture.size)),
@@ -128,7 +139,7 @@ Proc::MediaContents ContentsOf(const AVFormatContext& context, std::int64_t orig
             track.title.clear();
     TakeLanguage(context, contents.tracks);
     ReadTags(context, contents.programme, notes);
-    contents.programme.chapters = ChaptersOf(context, origin);
+    contents.programme.chapters = ChaptersOf(context, origin, notes);
     contents.programme.cover = CoverOf(context);
     return contents;
 }

@@ -19,6 +19,8 @@ namespace {
 constexpr std::int64_t USUAL_LENGTH = 5 * TIME_BASE;
 /// A whole page; containers have no place for more.
 constexpr std::size_t LONGEST_TEXT = 16384;
+/// Of one track: many times what a long film with every sign of it translated has.
+constexpr std::size_t MOST_TEXTS = 100'000;
 
 struct SubtitleHandle {
     AVSubtitle subtitle = {};
@@ -141,6 +143,10 @@ void SubtitleReader::Add(Track& track, const AVPacket& packet, const AVSubtitle&
             ++track.tooLong;
             continue;
         }
+        if (track.read.cues.size() >= MOST_TEXTS) {
+            ++track.tooMany;
+            continue;
+        }
         if (end <= start)
             track.open.push_back(track.read.cues.size());
         track.read.cues.push_back(std::move(cue));
@@ -161,6 +167,7 @@ void SubtitleReader::Finish(Track& track) {
                      [](const Subtitles::Cue& a, const Subtitles::Cue& b) { return a.start < b.start; });
     Tell(track, track.unread, "cannot be read and are left out");
     Tell(track, track.tooLong, "are longer than a subtitle can be and are left out");
+    Tell(track, track.tooMany, "are more than can be kept and are left out");
     Tell(track, track.repaired, "are no UTF-8 and were read as Windows-1252");
 }
 

@@ -33,6 +33,7 @@ private:
         int unread = 0;   ///< packets that no text could be made of
         int repaired = 0; ///< packets that were no UTF-8
         int tooLong = 0;
+        int tooMany = 0;
         std::vector<std::size_t> open; ///< cues of which it is not known when they end
     };
 
