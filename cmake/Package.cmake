@@ -31,19 +31,19 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${package_library}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Export module of a video editor: libraries
- EditorExport turns media files, timelines or the project of a video editor
- into a finished media file, and checks it before it gets its name.
- .
- This package holds the libraries and the catalogue of presets.")
+EditorExport turns media files, timelines or the project of a video editor
+into a finished media file, and checks it before it gets its name.
+
+This package holds the libraries and the catalogue of presets.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME "${package_tools}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${package_library} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Export media files and timelines to finished files
- EditorExport turns media files and OpenTimelineIO timelines into a finished
- media file, and checks it before it gets its name: frame count, duration,
- sound in step with the picture, colours, readable to the last byte.
- .
- This package holds the programs.")
+EditorExport turns media files and OpenTimelineIO timelines into a finished
+media file, and checks it before it gets its name: frame count, duration,
+sound in step with the picture, colours, readable to the last byte.
+
+This package holds the programs.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME "${package_development}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -52,10 +52,10 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_GENERATE_SHLIBS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
   "${package_library} (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15), libboost1.74-dev | libboost-dev (>= 1.74)")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Export module of a video editor: development files
- EditorExport turns media files, timelines or the project of a video editor
- into a finished media file, and checks it before it gets its name.
- .
- This package holds headers, pkg-config files, the CMake package and examples.")
+EditorExport turns media files, timelines or the project of a video editor
+into a finished media file, and checks it before it gets its name.
+
+This package holds headers, pkg-config files, the CMake package and examples.")
 
 # What policy wants of every package, compressed in a way that knows no date.
 function(editorexport_install_package_documents component package)
