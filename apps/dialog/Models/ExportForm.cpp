@@ -11,6 +11,7 @@
 #include "dialog/Models/PresetObstacle.h"
 #include "dialog/Models/PresetText.h"
 #include <algorithm>
+#include <cmath>
 
 namespace Dialog {
 
@@ -166,7 +167,8 @@ double ExportForm::usualQuality() const {
     if (preset.videoQuality() > 0)
         return preset.videoQuality();
     const auto scale = Kestra::ClientAPI::CodecLimits::VideoQuality(preset.videoCodec());
-    return (scale.best + scale.worst) / 2;
+    constexpr double half = 0.5;
+    return std::floor(half * (scale.best + scale.worst));
 }
 
 int ExportForm::usualKilobits() const {
@@ -290,9 +292,9 @@ QString ExportForm::problem() const {
         return media.state() == SourceMedia::State::Refused   ? tr("What was opened cannot be exported")
                : media.state() == SourceMedia::State::Opening ? tr("The source is being opened")
                                                               : tr("Open what is to be exported");
-    if (const QString reason = presetProblem(); !reason.isEmpty())
+    if (QString reason = presetProblem(); !reason.isEmpty())
         return reason;
-    if (const QString reason = rangeProblem(); !reason.isEmpty())
+    if (QString reason = rangeProblem(); !reason.isEmpty())
         return reason;
     if (path.trimmed().isEmpty())
         return tr("The file needs a name");

@@ -21,7 +21,7 @@ QString OutputName::suggestedFor(const QStringList& inputs, const QString& exten
         return {};
     const QString first = QFileInfo(inputs.front()).absoluteFilePath();
     const QString stem = first.left(endOfStem(first));
-    const QString plain = stem + QLatin1Char('.') + extension;
+    QString plain = stem + QLatin1Char('.') + extension;
     const auto isInput = [&inputs](const QString& path) {
         for (const QString& input : inputs)
             if (QFileInfo(input).absoluteFilePath() == path)

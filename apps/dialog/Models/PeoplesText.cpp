@@ -22,7 +22,7 @@ QString decimal(double number) {
 } // namespace
 
 QString PeoplesText::length(KTime time) {
-    constexpr qint64 shortest = 10 * 1000;
+    constexpr qint64 shortest = 10000;
     const qint64 milliseconds = time.milliseconds();
     if (milliseconds < shortest)
         return QStringLiteral("0:%1.%2")
@@ -60,7 +60,7 @@ QString PeoplesText::sampleRate(int samplesPerSecond) {
 }
 
 QString PeoplesText::bitrate(qint64 bitsPerSecond) {
-    constexpr qint64 million = 1000 * 1000;
+    constexpr qint64 million = 1000000;
     return bitsPerSecond >= million ? tr("%1 Mbit/s").arg(decimal(static_cast<double>(bitsPerSecond) / million))
                                     : tr("%1 kbit/s").arg(decimal(static_cast<double>(bitsPerSecond) / 1000));
 }

@@ -46,7 +46,7 @@ QString sizeObstacle(const Preset& preset, const SourceMedia& source) {
 QString PresetObstacle::of(const Preset& preset, const SourceMedia& source) {
     if (!source.isReady())
         return {};
-    if (const QString reason = streamObstacle(preset, source); !reason.isEmpty() || !preset.hasVideo())
+    if (QString reason = streamObstacle(preset, source); !reason.isEmpty() || !preset.hasVideo())
         return reason;
     const QString reason = rateObstacle(preset, source);
     return reason.isEmpty() ? sizeObstacle(preset, source) : reason;

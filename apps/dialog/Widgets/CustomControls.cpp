@@ -113,7 +113,7 @@ void SettingsPane::fillSound() {
     prepare(*ui->soundBitrateBox, tr("as the preset says"));
     for (const char* bitrate : SOUND_BITRATES) {
         const QString value = QString::fromLatin1(bitrate);
-        ui->soundBitrateBox->addItem(PeoplesText::bitrate(value.chopped(1).toInt() * 1000), value);
+        ui->soundBitrateBox->addItem(PeoplesText::bitrate(value.chopped(1).toLongLong() * 1000), value);
     }
     ui->soundBitrateBox->setEnabled(preset.hasAudio() && CodecLimits::HasBitrate(preset.audioCodec()));
 }
