@@ -6,6 +6,8 @@
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
 #include "ExportCore/InputOpening.h"
+#include "ExportCore/LoudnessGain.h"
+#include "ExportCore/LoudnessTask.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
@@ -46,6 +48,7 @@ ExportJob::ExportJob(ExportRequest request, QObject* parent)
 ExportJob::~ExportJob() {
     check.reset();
     opening.reset();
+    loudnessTask.reset();
     outputOpening.reset();
     transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
     undo();
@@ -121,7 +124,7 @@ void ExportJob::onOpened(const std::exception_ptr& error) {
             std::rethrow_exception(error);
         showTimeline();
         editPreset();
-        beginOutput();
+        measureSound();
     });
 }
 
@@ -178,6 +181,43 @@ void ExportJob::cutInputs() {
 void ExportJob::editPreset() {
     if (!verdict)
         presetEdit.apply(*provider, project->video(), project->audio());
+}
+
+void ExportJob::measureSound() {
+    if (verdict)
+        return;
+    if (!request.loudness)
+        return beginOutput();
+    enter(JobState::Measuring);
+    loudnessTask =
+        std::make_unique<LoudnessTask>(project->soundOf(streamRange, provider->applyPreset(&project->audio())));
+    connect(loudnessTask.get(), &LoudnessTask::finished, this, &ExportJob::onMeasured);
+    follow(*loudnessTask, Watchdog::Wait::Progress);
+    loudnessTask->start();
+}
+
+void ExportJob::onMeasured(const std::exception_ptr& error) {
+    if (state != JobState::Measuring)
+        return;
+    if (verdict)
+        return concludeLater();
+    attempt([this, &error] {
+        if (error)
+            std::rethrow_exception(error);
+        changeLoudness(LoudnessGain::to(*request.loudness, loudnessTask->loudness()));
+        beginOutput();
+    });
+}
+
+void ExportJob::changeLoudness(const LoudnessGain& gain) {
+    Render::Sequence sequence = opening->sequence();
+    double& ceiling = sequence.sound.ceiling.emplace(sequence.sound.ceiling.value_or(1));
+    ceiling = std::min(ceiling, LoudnessGain::CEILING);
+    sequence.sound.gain = gain.factor;
+    project->show(std::move(sequence));
+    if (streamRange != Types::Range())
+        project->describe(streamRange);
+    outcome.notes << QString::fromStdString(gain.note);
 }
 
 void ExportJob::beginOutput() {

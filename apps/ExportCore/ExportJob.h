@@ -41,6 +41,8 @@ namespace ExportCore {
 class BackgroundTask;
 class FileCheckTask;
 class InputOpening;
+struct LoudnessGain;
+class LoudnessTask;
 class OutputOpening;
 class OutputTransaction;
 
@@ -86,7 +88,7 @@ private:
     void showTimeline();
     void follow(BackgroundTask& task, Watchdog::Wait wait);
     /// In the order in which they run; null where there is none yet.
-    std::array<BackgroundTask*, 3> tasks() const;
+    std::array<BackgroundTask*, 4> tasks() const;
     /// Asks the task that runs to come to its end; false when none does.
     bool interruptTask();
     bool engineRuns() const;
@@ -95,6 +97,9 @@ private:
     std::string choosePreset();
     void cutInputs();
     void editPreset();
+    void measureSound();
+    void onMeasured(const std::exception_ptr& error);
+    void changeLoudness(const LoudnessGain& gain);
     void beginOutput();
     void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
@@ -156,6 +161,7 @@ private:
     std::shared_ptr<Kestra::Proc::PictureBox> pictureBox; ///< null where nobody looks
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
+    std::unique_ptr<LoudnessTask> loudnessTask;
     std::unique_ptr<OutputOpening> outputOpening;
     std::shared_ptr<OutputTransaction> transaction; ///< the check's too
     QByteArray unfinishedPath;                      ///< empty while there is none

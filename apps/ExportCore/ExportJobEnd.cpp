@@ -7,6 +7,7 @@
 #include "ExportCore/DamageText.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/InputOpening.h"
+#include "ExportCore/LoudnessTask.h"
 #include "ExportCore/NamedPath.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/OutputTransaction.h"
@@ -99,7 +100,7 @@ bool tellIfMemoryAllows(const Telling& telling) {
 
 bool ExportJob::isPart(const QObject* object) const {
     return object == this || object == transcoder.get() || object == project.get() || object == opening.get() ||
-           object == outputOpening.get() || object == check.get();
+           object == loudnessTask.get() || object == outputOpening.get() || object == check.get();
 }
 
 void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
@@ -109,8 +110,8 @@ void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiv
     fail(part ? error : ofAnyExport(error));
 }
 
-std::array<BackgroundTask*, 3> ExportJob::tasks() const {
-    return {opening.get(), outputOpening.get(), check.get()};
+std::array<BackgroundTask*, 4> ExportJob::tasks() const {
+    return {opening.get(), loudnessTask.get(), outputOpening.get(), check.get()};
 }
 
 bool ExportJob::interruptTask() {

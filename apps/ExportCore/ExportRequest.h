@@ -41,6 +41,8 @@ struct ExportRequest {
     Types::Range exportRange;
     /// Names the outro (see OutroPictures); empty for none.
     QString brandingName;
+    /// The loudness that the sound is brought to, in LUFS; unset: it stays as loud as it is.
+    std::optional<double> loudness;
     WatchdogLimits limits;
     /// What the inputs may claim of themselves; who claims more is refused.
     Kestra::Proc::MediaLimits mediaLimits;

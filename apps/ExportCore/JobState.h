@@ -7,6 +7,7 @@ namespace ExportCore {
 enum class JobState {
     Made,          ///< nothing has been done
     OpeningInputs, ///< on another thread; then the project is made from them
+    Measuring,     ///< how loud the sound is, on another thread
     MakingOutput,  ///< the private file, on another thread
     Starting,      ///< the transcoder has its orders; the engine has not told that it started
     Running,       ///< it has
@@ -22,6 +23,9 @@ constexpr bool mayFollow(JobState from, JobState to) {
     case JobState::Made:
         return to == JobState::OpeningInputs || to == JobState::Concluding;
     case JobState::OpeningInputs:
+        return to == JobState::Measuring || to == JobState::MakingOutput || to == JobState::Concluding ||
+               to == JobState::BrokenOff;
+    case JobState::Measuring:
         return to == JobState::MakingOutput || to == JobState::Concluding || to == JobState::BrokenOff;
     case JobState::MakingOutput:
         return to == JobState::Starting || to == JobState::Concluding || to == JobState::BrokenOff;

@@ -268,6 +268,8 @@ PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::
     }
     edit.settings = PresetSettings::parse(request.settings);
     edit.settings.requireFit(provider.preset());
+    if (request.loudness && !provider.preset().hasAudio())
+        refuse("Cannot change the loudness: the preset " + quoted(provider.preset().id().c_str()) + " has no sound");
     return edit;
 }
 

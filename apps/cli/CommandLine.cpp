@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "ExportCore/LoudnessGain.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/TimeText.h"
 #include <algorithm>
@@ -74,6 +75,8 @@ void CommandLine::takeTexts() {
         options.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
     if (pitchText == "moved")
         options.timelines.sound.pitch = Kestra::Proc::Pitch::Moved;
+    if (loudnessText != SAME_LOUDNESS)
+        options.loudness = ExportCore::LoudnessGain::parse(loudnessText);
     if (limiter)
         options.timelines.sound.ceiling = BELOW_FULL_SCALE;
     if (!audioText.empty())

@@ -11,6 +11,9 @@ namespace Cli {
 /// Fills the options that it borrows. Nothing is read from anywhere but the words.
 class CommandLine {
 public:
+    /// What --loudness says where the sound stays as loud as it is.
+    static constexpr const char* SAME_LOUDNESS = "off";
+
     explicit CommandLine(Options& options);
 
     /// `words` without the program's own name. Throws CLI::ParseError.
@@ -86,6 +89,7 @@ private:
     std::string videoText = "kept";
     std::string metadataText = "kept";
     std::string subtitlesText = "kept";
+    std::string loudnessText = SAME_LOUDNESS;
     bool limiter = false;
     std::int64_t pictureMebibytes = Kestra::Proc::MediaLimits().pictureBytes >> 20;
 };

@@ -101,6 +101,7 @@ ExportCore::ExportRequest JobRunner::requestOf(const Options& options) {
     request.out = options.out;
     request.tracks = options.tracks;
     request.duration = options.duration;
+    request.loudness = options.loudness;
     request.brandingName = QString::fromStdString(options.branding);
     request.mediaLimits = options.mediaLimits;
     request.timelines = options.timelines;

@@ -31,6 +31,7 @@ struct Options {
     std::optional<ExportCore::TimePoint> in;
     std::optional<ExportCore::TimePoint> out;
     std::optional<ExportCore::TimePoint> duration;
+    std::optional<double> loudness;
     std::string branding; ///< empty: none
     ExportCore::TrackOptions tracks;
     bool overwrite = false;

@@ -1,5 +1,7 @@
 // The command "render" and what it shares with others.
+#include "ExportCore/LoudnessGain.h"
 #include "ExportCore/PresetSettings.h"
+#include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
 #include "cli/CommandLine.h"
 #include <charconv>
@@ -21,6 +23,17 @@ std::string checkAudio(const std::string& text) {
     return ExportCore::TrackOptions().chooseSound(text)
                ? std::string()
                : '"' + text + "\" is no sound track; write its number, its language (as in eng or en), all or none";
+}
+
+std::string checkLoudness(const std::string& text) {
+    if (text == CommandLine::SAME_LOUDNESS)
+        return {};
+    try {
+        ExportCore::LoudnessGain::parse(text);
+        return {};
+    } catch (const ExportCore::Refusal& refusal) {
+        return refusal.what() + std::string(", or ") + CommandLine::SAME_LOUDNESS;
+    }
 }
 
 constexpr int LARGEST_LIMIT = 1'000'000;
@@ -112,6 +125,12 @@ void CommandLine::addChanges() {
     render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
+    render
+        ->add_option("--loudness", loudnessText,
+                     "Bring the sound to so many LUFS (EBU R 128), as -14 or -23, with peaks below -1 dBTP; or off")
+        ->type_name("LUFS")
+        ->check(checkLoudness)
+        ->capture_default_str();
     render->add_option("--in", inText, "Where to begin")->type_name("TIME")->check(checkTime);
     render->add_option("--out", outText, "Where to end")->type_name("TIME")->check(checkTime);
     render->add_option("--duration", durationText, "How long it lasts, from --in on or up to --out")

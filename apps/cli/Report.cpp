@@ -48,6 +48,7 @@ QJsonObject requestObject(const Options& options) {
             {key("in"), pointOf(options.in)},
             {key("out"), pointOf(options.out)},
             {key("duration"), pointOf(options.duration)},
+            {key("loudness"), options.loudness ? QJsonValue(*options.loudness) : QJsonValue()},
             {key("branding"), options.branding.empty() ? QJsonValue() : QJsonValue(text(options.branding))},
             {key("overwrite"), options.overwrite},
             {key("dryRun"), options.dryRun}};

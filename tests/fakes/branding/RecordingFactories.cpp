@@ -158,7 +158,10 @@ public:
     Audio CreateTempo(const Audio&, const boost::rational<long long>&, Proc::Pitch) override {
         throw std::logic_error("nobody asks for this");
     }
-    Audio CreateLimiter(const Audio&, double) override { throw std::logic_error("nobody asks for this"); }
+    Audio CreateLimiter(const Audio&, double, double) override { throw std::logic_error("nobody asks for this"); }
+    boost::intrusive_ptr<Proc::ILoudnessMeter> CreateLoudnessMeter() override {
+        throw std::logic_error("nobody asks for this");
+    }
 
 private:
     const Record record;

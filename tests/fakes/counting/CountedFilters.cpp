@@ -139,9 +139,14 @@ CountedFilters::Audio CountedFilters::CreateTempo(const Audio& source, const boo
     return Counted(engine->CreateTempo(source, speed, pitch), "Tempo");
 }
 
-CountedFilters::Audio CountedFilters::CreateLimiter(const Audio& source, double ceiling) {
+CountedFilters::Audio CountedFilters::CreateLimiter(const Audio& source, double ceiling, double gain) {
     Call("CreateLimiter");
-    return Counted(engine->CreateLimiter(source, ceiling), "Limiter");
+    return Counted(engine->CreateLimiter(source, ceiling, gain), "Limiter");
+}
+
+boost::intrusive_ptr<Proc::ILoudnessMeter> CountedFilters::CreateLoudnessMeter() {
+    Call("CreateLoudnessMeter");
+    return engine->CreateLoudnessMeter();
 }
 
 CountedEffects::CountedEffects(Counter counter)

@@ -131,7 +131,11 @@ FakeFilterFactory::Audio FakeFilterFactory::CreateTempo(const Audio&, const boos
     KESTRA_NOT_IMPLEMENTED();
 }
 
-FakeFilterFactory::Audio FakeFilterFactory::CreateLimiter(const Audio&, double) {
+FakeFilterFactory::Audio FakeFilterFactory::CreateLimiter(const Audio&, double, double) {
+    KESTRA_NOT_IMPLEMENTED();
+}
+
+boost::intrusive_ptr<Proc::ILoudnessMeter> FakeFilterFactory::CreateLoudnessMeter() {
     KESTRA_NOT_IMPLEMENTED();
 }
 

@@ -37,7 +37,8 @@ public:
     CreateFrameBlender(const boost::intrusive_ptr<Kestra::Conf::IFormatCodecVideo>& format) override;
     boost::intrusive_ptr<Kestra::Proc::ISampleMixer> CreateSampleMixer(const Kestra::Conf::SampleInfo& format) override;
     Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Kestra::Proc::Pitch pitch) override;
-    Audio CreateLimiter(const Audio& source, double ceiling) override;
+    Audio CreateLimiter(const Audio& source, double ceiling, double gain) override;
+    boost::intrusive_ptr<Kestra::Proc::ILoudnessMeter> CreateLoudnessMeter() override;
 
 private:
     std::shared_ptr<std::atomic<int>> scaledFrames = std::make_shared<std::atomic<int>>(0);

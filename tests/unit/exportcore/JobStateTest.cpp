@@ -10,9 +10,10 @@ using ExportCore::mayFollow;
 
 namespace {
 
-const std::vector<JobState> ALL = {
-    JobState::Made,   JobState::OpeningInputs, JobState::MakingOutput, JobState::Starting,  JobState::Running,
-    JobState::Ending, JobState::Concluding,    JobState::Checking,     JobState::BrokenOff, JobState::Ended};
+const std::vector<JobState> ALL = {JobState::Made,         JobState::OpeningInputs, JobState::Measuring,
+                                   JobState::MakingOutput, JobState::Starting,      JobState::Running,
+                                   JobState::Ending,       JobState::Concluding,    JobState::Checking,
+                                   JobState::BrokenOff,    JobState::Ended};
 
 /// All that can be reached in one step or more.
 std::set<JobState> reachableFrom(JobState start) {
@@ -49,8 +50,8 @@ TEST(JobState, NoWayLeadsBack) {
 
 TEST(JobState, WhateverWaitsForAnotherThreadOrTheEngineCanBeBrokenOffAndNothingElse) {
     EXPECT_EQ(before(JobState::BrokenOff),
-              (std::set{JobState::OpeningInputs, JobState::MakingOutput, JobState::Starting, JobState::Running,
-                        JobState::Ending, JobState::Checking}));
+              (std::set{JobState::OpeningInputs, JobState::Measuring, JobState::MakingOutput, JobState::Starting,
+                        JobState::Running, JobState::Ending, JobState::Checking}));
 }
 
 TEST(JobState, OnlyARunThatIsConcludedIsChecked) {

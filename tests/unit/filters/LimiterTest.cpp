@@ -32,8 +32,8 @@ Fakes::AudioShape shapeOf(std::int64_t samples = SAMPLES) {
     return shape;
 }
 
-Audio limited(const Audio& source, double ceiling) {
-    return Core::CoreManager::Instance().GetFilterFactory().CreateLimiter(source, ceiling);
+Audio limited(const Audio& source, double ceiling, double gain = 1) {
+    return Core::CoreManager::Instance().GetFilterFactory().CreateLimiter(source, ceiling, gain);
 }
 
 std::vector<float> samplesOf(const Audio& stream) {
@@ -105,7 +105,19 @@ TEST(Limiter, GivesTheSameAgainAfterAReset) {
     EXPECT_EQ(samplesOf(stream), first);
 }
 
+TEST(Limiter, MakesAllOfItLouderOrQuieterBeforeItLimits) {
+    for (const double gain : {0.5, 1.0, 3.0}) {
+        const auto samples = samplesOf(limited(Fakes::MakeAudio(shapeOf()), 0.9, gain));
+        ASSERT_EQ(samples.size(), static_cast<std::size_t>(SAMPLES));
+        for (std::int64_t index = 0; index < LOUD_BEGIN - RATE / 100; ++index)
+            ASSERT_NEAR(samples[static_cast<std::size_t>(index)], gain * waveAt(index), 1e-6) << gain << ' ' << index;
+        EXPECT_LE(*std::max_element(samples.begin(), samples.end()), 0.9F + 1e-6F);
+    }
+}
+
 TEST(Limiter, RefusesWhatCannotBe) {
+    for (const double gain : {0.0, 0.01, 65.0, std::nan("")})
+        EXPECT_THROW(limited(Fakes::MakeAudio(shapeOf()), 1, gain), std::invalid_argument);
     EXPECT_THROW(limited({}, 1), std::invalid_argument);
     for (const double ceiling : {0.0, 0.05, 1.1, std::nan("")})
         EXPECT_THROW(limited(Fakes::MakeAudio(shapeOf()), ceiling), std::invalid_argument);

@@ -115,6 +115,11 @@ Project::StreamLengths EditorProject::expectedLengths(const Types::Range& stream
     return d->model.lengths(streamRange, video, audio);
 }
 
+boost::intrusive_ptr<Kestra::Proc::IStreamAudio> EditorProject::soundOf(const Types::Range& streamRange,
+                                                                        const Media::Audio& audio) const {
+    return d->model.sound(streamRange, audio);
+}
+
 Kestra::Conf::ProgrammeInfo EditorProject::programme(const Types::Range& streamRange) const {
     const Render::Sequence* const sequence = d->model.sequence();
     if (!sequence)

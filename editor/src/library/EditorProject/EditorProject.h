@@ -7,6 +7,7 @@
 #include "KTime/KTime.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Proc/Filters/PictureTap.h"
+#include "Kestra/Proc/IStreamAudio.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
@@ -81,6 +82,11 @@ public:
     /// Throws ProcException (InvalidArgument) for a range that lies outside, as building does.
     Project::StreamLengths expectedLengths(const Types::Range& streamRange, const Media::Video* video,
                                            const Media::Audio* audio) const;
+
+    /// That part of the composition's sound as the description has it, outside of any export; see expectedLengths() for
+    /// ranges. It may be read on any thread. Throws ProcException as building does.
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> soundOf(const Types::Range& streamRange,
+                                                             const Media::Audio& audio) const;
 
     /// What the file of an export of that range is told about its whole; see expectedLengths() for ranges.
     Kestra::Conf::ProgrammeInfo programme(const Types::Range& streamRange) const;

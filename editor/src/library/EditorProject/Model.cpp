@@ -112,6 +112,11 @@ boost::intrusive_ptr<Proc::IStreamAudio> Model::build(const Adoption<Media::Audi
     return Render::createSoundStream(opened(), window, format);
 }
 
+boost::intrusive_ptr<Proc::IStreamAudio> Model::sound(const Types::Range& range, const Media::Audio& audio) const {
+    const ExportWindow window(range, duration(), std::nullopt);
+    return Render::createSoundStream(opened(), window, soundOf(audio, audioDescription));
+}
+
 const Render::Sequence& Model::opened() const {
     if (!shown)
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::InvalidArgument,

@@ -44,6 +44,7 @@ public:
     /// Takes one step: builds a stream and publishes it, or publishes that one is available. Throws why a stream cannot
     /// be built; that one is then given up. A receiver may destroy the model.
     void step();
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> sound(const Types::Range& range, const Media::Audio& audio) const;
     StreamLengths lengths(const Types::Range& range, const Media::Video* video, const Media::Audio* audio) const;
 
 protected:

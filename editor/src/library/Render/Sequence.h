@@ -18,6 +18,8 @@ struct SoundOptions {
     Kestra::Proc::Pitch pitch = Kestra::Proc::Pitch::Kept;
     /// Peaks beyond so much of full scale, 1/16 to 1, are turned down; unset: none are.
     std::optional<double> ceiling{};
+    /// All of it so many times as loud, 1/64 to 64. Without a ceiling none but 1 counts.
+    double gain = 1;
 };
 
 /// A value. Neither document nor media is null. Engine streams share both across threads.

@@ -216,7 +216,8 @@ void SoundStream::Reset() {
 boost::intrusive_ptr<Proc::IStreamAudio> createSoundStream(const Sequence& sequence, const Window& window,
                                                            const Conf::SampleInfo& format) {
     const boost::intrusive_ptr<Proc::IStreamAudio> sound(new SoundStream(sequence, window, format));
-    return sequence.sound.ceiling ? filters().CreateLimiter(sound, *sequence.sound.ceiling) : sound;
+    const SoundOptions& options = sequence.sound;
+    return options.ceiling ? filters().CreateLimiter(sound, *options.ceiling, options.gain) : sound;
 }
 
 } // namespace Render

@@ -4,6 +4,7 @@
 #include "Kestra/Proc/IConcatenation.h"
 #include "Kestra/Proc/IEffectHost.h"
 #include "Kestra/Proc/IFrameBlender.h"
+#include "Kestra/Proc/ILoudnessMeter.h"
 #include "Kestra/Proc/ISampleMixer.h"
 #include "Kestra/Proc/IStreamAudio.h"
 #include "Kestra/Proc/IStreamVideo.h"
@@ -65,10 +66,11 @@ public:
     /// samples of FLTP, the first one at time 0. At speed 1 the source itself. Where the pitch is kept, sounds that
     /// begin suddenly are in their places to the sample, others near theirs.
     virtual Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Pitch pitch) = 0;
-    /// `source` in samples of FLTP, none of which exceeds `ceiling` of full scale, 1/16 to 1 (others:
-    /// std::invalid_argument): what is louder is turned down some milliseconds ahead of its peak. Samples keep their
-    /// number and places.
-    virtual Audio CreateLimiter(const Audio& source, double ceiling) = 0;
+    /// `source` times `gain`, 1/64 to 64, in samples of FLTP, none of which exceeds `ceiling` of full scale, 1/16 to 1
+    /// (others: std::invalid_argument): what is louder is turned down some milliseconds ahead of its peak. Samples keep
+    /// their number and places.
+    virtual Audio CreateLimiter(const Audio& source, double ceiling, double gain) = 0;
+    virtual boost::intrusive_ptr<ILoudnessMeter> CreateLoudnessMeter() = 0;
 };
 
 } // namespace Kestra::Proc

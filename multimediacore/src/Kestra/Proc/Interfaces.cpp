@@ -12,6 +12,7 @@
 #include "Kestra/Proc/IEffectVideo.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/IFrameBlender.h"
+#include "Kestra/Proc/ILoudnessMeter.h"
 #include "Kestra/Proc/IMediaSource.h"
 #include "Kestra/Proc/IMuxer.h"
 #include "Kestra/Proc/IMuxerFactory.h"
@@ -47,6 +48,7 @@ IMuxer::~IMuxer() = default;
 IMuxerFactory::~IMuxerFactory() = default;
 IPacketSource::~IPacketSource() = default;
 IProcessingEvents::~IProcessingEvents() = default;
+ILoudnessMeter::~ILoudnessMeter() = default;
 ISampleMixer::~ISampleMixer() = default;
 ISourceFactory::~ISourceFactory() = default;
 

@@ -4,6 +4,7 @@
 #include "Kestra/FF/Filter/Black.h"
 #include "Kestra/FF/Filter/FrameBlender.h"
 #include "Kestra/FF/Filter/Limiter.h"
+#include "Kestra/FF/Filter/LoudnessMeter.h"
 #include "Kestra/FF/Filter/ResamplerFF.h"
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/FF/Filter/SampleMixer.h"
@@ -90,8 +91,12 @@ FilterFactory::Audio FilterFactory::CreateTempo(const Audio& source, const boost
     return MakeTempo(source, speed, pitch);
 }
 
-FilterFactory::Audio FilterFactory::CreateLimiter(const Audio& source, double ceiling) {
-    return MakeLimiter(source, ceiling);
+FilterFactory::Audio FilterFactory::CreateLimiter(const Audio& source, double ceiling, double gain) {
+    return MakeLimiter(source, ceiling, gain);
+}
+
+boost::intrusive_ptr<Proc::ILoudnessMeter> FilterFactory::CreateLoudnessMeter() {
+    return new LoudnessMeter;
 }
 
 std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory() {

@@ -25,7 +25,8 @@ public:
     CreateFrameBlender(const boost::intrusive_ptr<Conf::IFormatCodecVideo>& format) override;
     boost::intrusive_ptr<Proc::ISampleMixer> CreateSampleMixer(const Conf::SampleInfo& format) override;
     Audio CreateTempo(const Audio& source, const boost::rational<long long>& speed, Proc::Pitch pitch) override;
-    Audio CreateLimiter(const Audio& source, double ceiling) override;
+    Audio CreateLimiter(const Audio& source, double ceiling, double gain) override;
+    boost::intrusive_ptr<Proc::ILoudnessMeter> CreateLoudnessMeter() override;
 };
 
 std::shared_ptr<Proc::IFilterFactory> MakeFilterFactory();

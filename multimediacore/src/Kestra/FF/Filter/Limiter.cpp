@@ -16,13 +16,16 @@ namespace Kestra::FF {
 
 namespace {
 
-constexpr double LOWEST_CEILING = 0.0625; // alimiter's
+// alimiter's
+constexpr double LOWEST_CEILING = 0.0625;
+constexpr double MOST_GAIN = 64;
 
 /// Without its automatic gain nothing but peaks changes. Look-ahead and release are in milliseconds.
-std::string Chain(double ceiling) {
+std::string Chain(double ceiling, double gain) {
     std::ostringstream text;
     text.imbue(std::locale::classic());
-    text << "alimiter=limit=" << ceiling << ":level=0:latency=1:attack=5:release=50,aformat=sample_fmts=fltp";
+    text << "alimiter=limit=" << ceiling << ":level_in=" << gain
+         << ":level=0:latency=1:attack=5:release=50,aformat=sample_fmts=fltp";
     return text.str();
 }
 
@@ -31,9 +34,9 @@ constexpr std::int64_t SETTLING = TIME_BASE / 4;
 
 } // namespace
 
-Limiter::Limiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source, double ceiling)
+Limiter::Limiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source, double ceiling, double gain)
     : AudioFilterBase(source, "limiter")
-    , graph(Chain(ceiling), "Limiting the peaks of sound failed") {}
+    , graph(Chain(ceiling, gain), "Limiting the peaks of sound failed") {}
 
 void Limiter::Begin() {
     graph.Reset();
@@ -101,15 +104,18 @@ void Limiter::Seek(std::int64_t time, Proc::SeekMode) {
 }
 
 boost::intrusive_ptr<Proc::IStreamAudio> MakeLimiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source,
-                                                     double ceiling) {
+                                                     double ceiling, double gain) {
     if (!source)
         KESTRA_THROW(std::invalid_argument("a limiter needs a stream; it was given none"));
     if (!(ceiling >= LOWEST_CEILING && ceiling <= 1))
         KESTRA_THROW(std::invalid_argument("sound cannot be limited to " + std::to_string(ceiling) +
                                            " of full scale; from 1/16 to 1 it can"));
+    if (!(gain >= 1 / MOST_GAIN && gain <= MOST_GAIN))
+        KESTRA_THROW(std::invalid_argument("sound cannot be made " + std::to_string(gain) +
+                                           " times as loud; 1/64 to 64 it can"));
     Conf::SampleInfo planar;
     planar.Init(Conf::SAMPLE_FORMAT_FLTP, -1, Conf::CHANNEL_LAYOUT_UNKNOWN);
-    return new Limiter(MakeResampler(source, planar), ceiling);
+    return new Limiter(MakeResampler(source, planar), ceiling, gain);
 }
 
 } // namespace Kestra::FF

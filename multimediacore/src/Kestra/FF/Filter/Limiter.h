@@ -11,7 +11,7 @@ namespace Kestra::FF {
 class Limiter final : public Proc::AudioFilterBase {
 public:
     /// `source` gives planar floating point of one rate and layout.
-    Limiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source, double ceiling);
+    Limiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source, double ceiling, double gain);
 
     boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override;
     std::int64_t GetPosition() const override;
@@ -32,6 +32,6 @@ private:
 
 /// As IFilterFactory::CreateLimiter says.
 boost::intrusive_ptr<Proc::IStreamAudio> MakeLimiter(const boost::intrusive_ptr<Proc::IStreamAudio>& source,
-                                                     double ceiling);
+                                                     double ceiling, double gain);
 
 } // namespace Kestra::FF

@@ -1,0 +1,46 @@
+#include "Kestra/FF/Encode/PaletteLoop.h"
+
+#include <utility>
+
+namespace Kestra::FF {
+
+namespace {
+
+// Ordered dither: what does not move has the same pattern from picture to picture, which keeps it still, and small.
+const char* const CHAIN = "split[all][seen];[seen]palettegen=stats_mode=single[colours];"
+                          "[all][colours]paletteuse=new=1:dither=bayer:bayer_scale=3:diff_mode=rectangle";
+
+} // namespace
+
+PaletteLoop::PaletteLoop(std::unique_ptr<IEncoderLoop> encoder)
+    : encoder(std::move(encoder))
+    , graph(CHAIN, "Choosing the colours of a picture failed") {}
+
+void PaletteLoop::Send(const AVFrame* frame) {
+    if (frame) {
+        graph.Send(*frame);
+    } else {
+        graph.Finish();
+        ended = true;
+    }
+    while (FrameHandle picture = graph.Receive())
+        pictures.push_back(std::move(picture));
+}
+
+IEncoderLoop::Step PaletteLoop::Receive(PacketHandle& packet) {
+    for (;;) {
+        const Step step = encoder->Receive(packet);
+        if (step != Step::NeedsFrame)
+            return step;
+        if (!pictures.empty()) {
+            encoder->Send(pictures.front().get());
+            pictures.pop_front();
+        } else if (ended && !std::exchange(endTold, true)) {
+            encoder->Send(nullptr);
+        } else {
+            return step;
+        }
+    }
+}
+
+} // namespace Kestra::FF
