@@ -53,22 +53,30 @@ void readHeight(const SettingEntry& entry, PresetSettings& settings) {
     settings.height = sideOf(entry.value, entry);
 }
 
-void requireSide(int side, int limit, const char* name, const Preset& preset) {
-    const int smallest = CodecLimits::SmallestSide(preset.videoCodec());
-    const std::string what = std::string(name) + " of " + std::to_string(side);
-    if (side > limit)
-        SettingKey::refuse("a " + what, quoted(preset) + " is for pictures up to " + std::to_string(preset.maxWidth()) +
-                                            'x' + std::to_string(preset.maxHeight()));
-    if (side < smallest)
-        SettingKey::refuse("a " + what, std::string(CodecIDToString(preset.videoCodec())) + " takes no side below " +
-                                            std::to_string(smallest));
+[[noreturn]] void refuseTooLarge(const std::string& what, const Preset& preset) {
+    SettingKey::refuse(what, quoted(preset) + " is for pictures up to " + std::to_string(preset.maxWidth()) + 'x' +
+                                 std::to_string(preset.maxHeight()));
 }
 
+void requireSide(int side, int limit, const char* name, const Preset& preset) {
+    const int smallest = CodecLimits::SmallestSide(preset.videoCodec());
+    const std::string what = "a " + std::string(name) + " of " + std::to_string(side);
+    if (side > limit)
+        refuseTooLarge(what, preset);
+    if (side < smallest)
+        SettingKey::refuse(what, std::string(CodecIDToString(preset.videoCodec())) + " takes no side below " +
+                                     std::to_string(smallest));
+}
+
+/// The limits hold for pictures that lie and for those that stand.
 void requireSize(const PresetSettings& settings, const Preset& preset) {
+    const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
     if (settings.width)
-        requireSide(*settings.width, preset.maxWidth(), "width", preset);
+        requireSide(*settings.width, longer, "width", preset);
     if (settings.height)
-        requireSide(*settings.height, preset.maxHeight(), "height", preset);
+        requireSide(*settings.height, longer, "height", preset);
+    if (settings.width && settings.height && std::min(*settings.width, *settings.height) > shorter)
+        refuseTooLarge("a size of " + std::to_string(*settings.width) + 'x' + std::to_string(*settings.height), preset);
 }
 
 double shapeOf(const Media::Video& video) {

@@ -6,6 +6,22 @@
 #include "ExportCore/SettingKey.h"
 
 namespace ExportCore {
+namespace {
+
+bool stands(const Media::Video& video) {
+    return video.height > video.width;
+}
+
+/// "Up to 1080p" is 1080 columns of a picture that stands, not 1080 rows.
+void turnLimitsTo(const Media::Video& video, Export::PresetProvider& provider) {
+    Preset preset = provider.preset();
+    if (preset.hasFixedResolution() || stands(video) == (preset.maxHeight() > preset.maxWidth()))
+        return;
+    preset.setLimits(preset.maxHeight(), preset.maxWidth());
+    provider.updatePreset(&video, preset);
+}
+
+} // namespace
 
 void PresetEdit::dropMedia(Export::PresetProvider& provider) const {
     const Preset whole = provider.preset();
@@ -30,6 +46,8 @@ void PresetEdit::apply(Export::PresetProvider& provider, const Media::Video& vid
     if (!modifier.empty())
         provider.updatePreset(&video, provider.modifiedPreset(modifier));
     dropMedia(provider);
+    if (provider.preset().hasVideo())
+        turnLimitsTo(video, provider);
     provider.updateResolutionPresetIfNeeded(&video);
     if (settings.empty())
         return;

@@ -25,8 +25,9 @@ struct EXPORTCORE_EXPORT PresetEdit {
     /// Takes what is not wanted out of the selected preset. Throws Refusal where nothing would be left.
     void dropMedia(Export::PresetProvider& provider) const;
     /// Brings the provider's selected preset to what is wanted for these inputs: first the modifier, without the media
-    /// that are not wanted, then the size that suits the picture, then the settings on top, which are saved as the
-    /// custom preset. Throws Refusal for a bitrate or a side outside the limits, as they are with everything else set.
+    /// that are not wanted, then the size that suits the picture (limits turn with one that stands), then the settings
+    /// on top, which are saved as the custom preset. Throws Refusal for a bitrate or a side outside the limits, as they
+    /// are with everything else set.
     void apply(Export::PresetProvider& provider, const Media::Video& video, const Media::Audio& audio) const;
 };
 

@@ -2,6 +2,7 @@
 #include "../sync/Exported.h"
 #include "Raw.h"
 #include "support/FlashBeep.h"
+#include <QFile>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <vector>
@@ -168,6 +169,35 @@ TEST(KeptPictures, WhatACodecCannotHoldIsNamed) {
     ASSERT_EQ(outcome.notes.size(), 1);
     EXPECT_TRUE(outcome.notes.front().contains(QLatin1String("transparency was left out, over black")))
         << outcome.notes.front().toStdString();
+}
+
+TEST(KeptPictures, PresetsForTransparencyDeliverIt) {
+    const TestMedia::Folder media;
+    const std::string source = media / "alpha.mov";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=red:size=128x96:rate=25,format=rgba,geq=r=r(X\\,Y):g=0:b=0:a=2*X",
+                          "-frames:v", "3", "-c:v", "png", "-pix_fmt", "rgba", source});
+    struct Delivery {
+        const char* preset;
+        const char* file;
+        std::vector<std::string> decoder; ///< that reads transparency
+    };
+    for (const Delivery& delivery : {Delivery{"mov-prores-1080p-4444", "out.mov", {}},
+                                     Delivery{"webm-vp9-1080p-alpha", "out.webm", {"-c:v", "libvpx-vp9"}}}) {
+        const std::string output = media / delivery.file;
+        const std::string planes = media / (std::string(delivery.file) + ".raw");
+        const auto outcome = TestExport::run(TestExport::requestOf(source, delivery.preset, output));
+        ASSERT_EQ(outcome.status, Status::Done) << delivery.preset << ": " << outcome.error.GetDescription();
+        EXPECT_FALSE(outcome.notes.join(QLatin1Char(' ')).contains(QLatin1String("transparency"))) << delivery.preset;
+        std::vector<std::string> words = delivery.decoder;
+        words.insert(words.end(), {"-i", output, "-vf", "alphaextract,format=gray", "-f", "rawvideo", planes});
+        TestMedia::runFfmpeg(words);
+        QFile file(QString::fromStdString(planes));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray alpha = file.readAll();
+        ASSERT_EQ(alpha.size(), 3 * 128 * 96) << delivery.preset;
+        for (int index = 0; index < alpha.size(); ++index)
+            ASSERT_NEAR(static_cast<unsigned char>(alpha[index]), 2 * (index % 128), 12) << delivery.preset << index;
+    }
 }
 
 TEST(KeptPictures, AClipOfMoreBitsThanTheFirstLosesNone) {

@@ -36,6 +36,9 @@ std::string decoded(const std::string& format, Kestra::Conf::CodecID codec) {
     // Its decoder counts 12 bits wherever there is full chroma, whatever went in.
     if (codec == Kestra::Conf::CodecID::ProRes && format.find("444p10") != std::string::npos)
         return format.substr(0, format.size() - 2) + "12le";
+    // Where it keeps transparency, a second stream in the packets does.
+    if (codec == Kestra::Conf::CodecID::VP9 && format == "yuva420p")
+        return "yuv420p";
     const std::string depth = format.substr(format.size() - 2);
     return depth == "10" || depth == "12" ? format + "le" : format;
 }

@@ -63,6 +63,40 @@ TEST_F(PresetEditTest, NothingAskedForFitsTheSizeAlone) {
     EXPECT_EQ(provider.findQualityModifier(&video), "medium");
 }
 
+TEST_F(PresetEditTest, LimitsTurnWithAPictureThatStands) {
+    select("mp4", "mp4-h264-1080p");
+    video.width = 1080;
+    video.height = 1920;
+    video.aspectNumerator = 9;
+    video.aspectDenominator = 16;
+    EXPECT_EQ(apply({}).width(), 1080);
+    EXPECT_EQ(provider.preset().height(), 1920);
+    video.width = 2160;
+    video.height = 3840;
+    EXPECT_EQ(apply({}, "high").width(), 1080);
+    EXPECT_EQ(provider.preset().height(), 1920);
+    EXPECT_EQ(provider.findQualityModifier(&video), "high");
+}
+
+TEST_F(PresetEditTest, ASizeMayStandWhereThePresetTakesItLying) {
+    select("mp4", "mp4-h264-1080p");
+    const Preset preset = apply({"size=1080x1920"});
+    EXPECT_EQ(preset.width(), 1080);
+    EXPECT_EQ(preset.height(), 1920);
+    PresetSettings::parse({"height=1920"}).requireFit(preset);
+    EXPECT_THAT(refusalOf([&] { PresetSettings::parse({"size=1200x1200"}).requireFit(preset); }),
+                HasSubstr("is for pictures up to"));
+    EXPECT_THAT(refusalOf([&] { PresetSettings::parse({"height=1922"}).requireFit(preset); }),
+                HasSubstr("is for pictures up to"));
+}
+
+TEST_F(PresetEditTest, AFixedSizeDoesNotTurn) {
+    select("mp4", "mp4-h264-vertical");
+    EXPECT_EQ(apply({}).width(), 1080);
+    EXPECT_EQ(provider.preset().height(), 1920);
+    EXPECT_TRUE(provider.preset().hasFixedResolution());
+}
+
 TEST_F(PresetEditTest, AModifierIsFoundAgain) {
     select("mp4", "mp4-h264-1080p");
     EXPECT_EQ(apply({}, "low").videoBitrateMultiplier(), 0.5);

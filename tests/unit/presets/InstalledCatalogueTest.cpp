@@ -2,6 +2,8 @@
 #include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "support/CatalogueFixture.h"
+#include <QMap>
+#include <QSize>
 #include <algorithm>
 #include <set>
 #include <vector>
@@ -50,7 +52,8 @@ protected:
     /// A number that grows with the bits that the preset's picture takes.
     static double cost(const Preset& preset) {
         static const std::vector<std::string> formats{"yuv420p", "yuv422p10", "yuv444p10"};
-        static const std::vector<std::string> profiles{"proxy", "lt", "standard", "hq"};
+        static const std::vector<std::string> profiles{"proxy",  "lt",       "standard", "hq",       "4444",
+                                                       "4444xq", "dnxhr_lb", "dnxhr_sq", "dnxhr_hq", "dnxhr_hqx"};
         const auto rank = [&preset](const std::vector<std::string>& names, const char* tag) {
             const std::string name = preset.property()["video"][tag].GetString();
             const auto found = std::find(names.begin(), names.end(), name);
@@ -59,8 +62,11 @@ protected:
         };
         if (preset.videoCodec() == Kestra::Conf::CodecID::FFV1)
             return rank(formats, "pixelFormat");
-        if (preset.videoCodec() == Kestra::Conf::CodecID::ProRes)
-            return rank(profiles, "profile");
+        if (preset.videoCodec() == Kestra::Conf::CodecID::ProRes ||
+            preset.videoCodec() == Kestra::Conf::CodecID::DNxHD) {
+            const bool lessAlpha = preset.property()["video"]["options"]["alpha_bits"].GetString() == "8";
+            return rank(profiles, "profile") - (lessAlpha ? 0.5 : 0);
+        }
         const bool byQuality = preset.videoBitrateMode() == Export::BitrateMode::Quality;
         const bool byBitrate = preset.videoBitrateMode() == Export::BitrateMode::Variable;
         return byQuality   ? -preset.videoQuality()
@@ -105,6 +111,21 @@ TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
                                  "webm-vp9-2160p",
                                  "webm-vp9-1080p",
                                  "webm-vp9-720p",
+                                 "mp4-h264-1080p-60fps",
+                                 "mp4-h264-vertical",
+                                 "mp4-h264-square",
+                                 "mp4-h264-1080p-silent",
+                                 "mov-h264-1080p",
+                                 "mkv-h264-1080p",
+                                 "mp4-hevc-1080p-10bit",
+                                 "mkv-hevc-1080p-10bit",
+                                 "mp4-av1-1080p",
+                                 "webm-av1-1080p",
+                                 "webm-vp9-1080p-silent",
+                                 "webm-vp9-1080p-alpha",
+                                 "mov-dnxhd-1080p",
+                                 "mov-prores-1080p-4444",
+                                 "mov-prores-1080p-silent",
                                  "mkv-hevc-2160p",
                                  "mkv-hevc-1080p",
                                  "mkv-ffv1-flac",
@@ -113,7 +134,11 @@ TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
                                  "m4a-aac",
                                  "mp3",
                                  "flac",
-                                 "wav"})
+                                 "wav",
+                                 "opus",
+                                 "ogg-vorbis",
+                                 "m4a-alac",
+                                 "ac3"})
         EXPECT_TRUE(storage.isPresetExists(id)) << id;
     for (const char* const id : {"mp4-h264-1080p-2pass", "mp4-h264-1080p-6mbps-2pass", "mp4-h264-1080p-constant-2pass",
                                  "mp4-hevc-1080p-2pass", "mp4-mpeg4-720p-2pass", "webm-vp9-1080p-2pass"})
@@ -122,6 +147,7 @@ TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
 }
 
 TEST_F(InstalledCatalogueTest, TheIdTellsContainerCodecAndSize) {
+    const QMap<QString, QSize> named{{text("vertical"), {1080, 1920}}, {text("square"), {1080, 1080}}};
     for (const Preset& preset : everyPreset()) {
         const QStringList parts = QString::fromStdString(preset.id()).split(QLatin1Char('-'));
         const auto codec = preset.hasVideo() ? preset.videoCodec() : preset.audioCodec();
@@ -130,9 +156,11 @@ TEST_F(InstalledCatalogueTest, TheIdTellsContainerCodecAndSize) {
         EXPECT_EQ(parts.at(0).toStdString(), preset.containerId());
         EXPECT_EQ(parts.value(1, text(Kestra::Conf::CodecIDToString(codec))),
                   text(Kestra::Conf::CodecIDToString(codec)));
-        EXPECT_EQ(preset.height(), lines) << preset.id();
-        EXPECT_EQ(preset.width(), 2 * qRound(lines * 8 / 9.0)) << preset.id();
-        if (lines != 0) {
+        const QSize frame = named.value(size, QSize(2 * qRound(lines * 8 / 9.0), lines));
+        EXPECT_EQ(preset.height(), frame.height()) << preset.id();
+        EXPECT_EQ(preset.width(), frame.width()) << preset.id();
+        EXPECT_EQ(preset.hasFixedResolution(), named.contains(size)) << preset.id();
+        if (!frame.isEmpty()) {
             EXPECT_EQ(preset.maxHeight(), preset.height()) << preset.id();
             EXPECT_EQ(preset.maxWidth(), preset.width()) << preset.id();
         }
@@ -154,7 +182,6 @@ TEST_F(InstalledCatalogueTest, EveryPresetHasATitleAndCompleteData) {
         EXPECT_EQ(preset.muxerData()[Kestra::Conf::IFormatFile::TAG_CONTAINER_ID].GetString(), preset.containerId());
         if (preset.hasVideo()) {
             EXPECT_NE(preset.videoEncoderData()[Kestra::Conf::IFormatCodec::TAG_CODEC_ID].GetString(), "none");
-            EXPECT_FALSE(preset.hasFixedResolution()) << preset.id();
         }
         if (preset.hasAudio()) {
             EXPECT_NE(preset.audioEncoderData()[Kestra::Conf::IFormatCodec::TAG_CODEC_ID].GetString(), "none");

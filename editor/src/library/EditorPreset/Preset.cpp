@@ -70,6 +70,11 @@ int Preset::maxHeight() const {
     return static_cast<int>(readNumber(tree, Setting::MaxHeight));
 }
 
+void Preset::setLimits(int widthPixels, int heightPixels) {
+    writeNumber(tree, Setting::MaxWidth, widthPixels);
+    writeNumber(tree, Setting::MaxHeight, heightPixels);
+}
+
 bool Preset::hasFixedResolution() const {
     return readFlag(tree, Setting::FixedResolution);
 }

@@ -40,6 +40,7 @@ public:
     /// The largest frame that the preset is meant for.
     int maxWidth() const;
     int maxHeight() const;
+    void setLimits(int widthPixels, int heightPixels);
     /// True when every source must come out in exactly width() x height().
     bool hasFixedResolution() const;
     /// A way of resizing that does not fill the size gives way to one that does.

@@ -69,7 +69,7 @@ Codec Vp9() {
     video.gopSeconds = USUAL_GOP;
     video.quality = {1, 63, false};
     video.takesFrameRate = [](const Rate& rate) { return rate.numerator() <= FINEST_VPX_TIME_BASE; };
-    video.profiles = {{"0", "yuv420p"},
+    video.profiles = {{"0", "yuv420p yuva420p"},
                       {"1", "yuv422p yuv444p gbrp"},
                       {"2", "yuv420p10le yuv420p12le"},
                       {"3", "yuv422p10le yuv444p10le yuv422p12le yuv444p12le gbrp10le"}};

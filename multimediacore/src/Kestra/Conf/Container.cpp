@@ -127,6 +127,18 @@ std::vector<Container> OfSoundAlone() {
          {"wav", "wave"},
          {},
          TAGS_OF_WAV},
+        {"opus", "opus", Family::Other, false, false, true, {CodecID::Opus}, {"opus"}, {}, {}},
+        {"ogg",
+         "ogg",
+         Family::Other,
+         false,
+         false,
+         true,
+         {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC},
+         {"ogg", "oga"},
+         {},
+         {}},
+        {"ac3", "ac3", Family::Other, false, false, false, {CodecID::AC3}, {"ac3"}, {}, {"none"}},
     };
 }
 
