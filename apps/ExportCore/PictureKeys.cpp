@@ -69,14 +69,20 @@ void requireSide(int side, int limit, const char* name, const Preset& preset) {
 }
 
 /// The limits hold for pictures that lie and for those that stand.
-void requireSize(const PresetSettings& settings, const Preset& preset) {
+void requireInside(int width, int height, const Preset& preset) {
     const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
+    if (std::min(width, height) > shorter || std::max(width, height) > longer)
+        refuseTooLarge("a size of " + std::to_string(width) + 'x' + std::to_string(height), preset);
+}
+
+void requireSize(const PresetSettings& settings, const Preset& preset) {
+    const int longest = std::max(preset.maxWidth(), preset.maxHeight());
     if (settings.width)
-        requireSide(*settings.width, longer, "width", preset);
+        requireSide(*settings.width, longest, "width", preset);
     if (settings.height)
-        requireSide(*settings.height, longer, "height", preset);
-    if (settings.width && settings.height && std::min(*settings.width, *settings.height) > shorter)
-        refuseTooLarge("a size of " + std::to_string(*settings.width) + 'x' + std::to_string(*settings.height), preset);
+        requireSide(*settings.height, longest, "height", preset);
+    if (settings.width && settings.height)
+        requireInside(*settings.width, *settings.height, preset);
 }
 
 double shapeOf(const Media::Video& video) {
@@ -104,6 +110,7 @@ void editSize(const PresetSettings& settings, const Media::Video& video, Preset&
     if (std::min(width, height) < CodecLimits::SmallestSide(preset.videoCodec()))
         SettingKey::refuse("width or height", std::to_string(width) + 'x' + std::to_string(height) +
                                                   " is too small for " + CodecIDToString(preset.videoCodec()));
+    requireInside(width, height, preset);
     preset.setWidth(width);
     preset.setHeight(height);
     preset.setFixedResolution(true);

@@ -983,5 +983,125 @@
             <source>wav</source>
             <translation>WAV (PCM), nur Ton, verlustfrei</translation>
         </message>
+        <message>
+            <source>webm</source>
+            <translation>WebM</translation>
+        </message>
+        <message>
+            <source>mov</source>
+            <translation>QuickTime</translation>
+        </message>
+        <message>
+            <source>mkv</source>
+            <translation>Matroska</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-60fps</source>
+            <translation>MP4 (H.264 und AAC), bis 1080p, 60 Bilder je Sekunde</translation>
+        </message>
+        <message>
+            <source>mp4-h264-vertical</source>
+            <translation>MP4 (H.264 und AAC), hochkant 1080x1920</translation>
+        </message>
+        <message>
+            <source>mp4-h264-square</source>
+            <translation>MP4 (H.264 und AAC), quadratisch 1080x1080</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-silent</source>
+            <translation>MP4 (H.264), bis 1080p, nur Bild</translation>
+        </message>
+        <message>
+            <source>mov-h264-2160p</source>
+            <translation>QuickTime (H.264 und AAC), bis 2160p</translation>
+        </message>
+        <message>
+            <source>mov-h264-1080p</source>
+            <translation>QuickTime (H.264 und AAC), bis 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-2160p</source>
+            <translation>Matroska (H.264 und AAC), bis 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-1080p</source>
+            <translation>Matroska (H.264 und AAC), bis 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-10bit</source>
+            <translation>MP4 (HEVC 10 Bit und AAC), bis 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p-10bit</source>
+            <translation>Matroska (HEVC 10 Bit und AAC), bis 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p</source>
+            <translation>MP4 (AV1 und Opus), bis 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p</source>
+            <translation>MP4 (AV1 und Opus), bis 1080p</translation>
+        </message>
+        <message>
+            <source>webm-av1-2160p</source>
+            <translation>WebM (AV1 und Opus), bis 2160p</translation>
+        </message>
+        <message>
+            <source>webm-av1-1080p</source>
+            <translation>WebM (AV1 und Opus), bis 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-silent</source>
+            <translation>WebM (VP9), bis 1080p, nur Bild</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-2160p</source>
+            <translation>QuickTime (DNxHR HQ und PCM), bis 2160p</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-1080p</source>
+            <translation>QuickTime (DNxHR HQ und PCM), bis 1080p</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p-4444</source>
+            <translation>QuickTime (ProRes 4444 und PCM), bis 2160p, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-4444</source>
+            <translation>QuickTime (ProRes 4444 und PCM), bis 1080p, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-silent</source>
+            <translation>QuickTime (ProRes 422 HQ), bis 1080p, nur Bild</translation>
+        </message>
+        <message>
+            <source>opus</source>
+            <translation>Opus, nur Ton</translation>
+        </message>
+        <message>
+            <source>ogg-vorbis</source>
+            <translation>Ogg (Vorbis), nur Ton</translation>
+        </message>
+        <message>
+            <source>m4a-alac</source>
+            <translation>M4A (ALAC), nur Ton, verlustfrei</translation>
+        </message>
+        <message>
+            <source>ac3</source>
+            <translation>AC-3, 5.1 Kanäle, nur Ton</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-alpha</source>
+            <translation>WebM (VP9 und Opus), bis 1080p, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>gif-gif-480p</source>
+            <translation>GIF, bis 480p, nur Bild</translation>
+        </message>
+        <message>
+            <source>gif-gif-240p</source>
+            <translation>GIF, bis 240p, nur Bild</translation>
+        </message>
     </context>
 </TS>

@@ -112,5 +112,17 @@
             <source>draft</source>
             <translation>Draft</translation>
         </message>
+        <message>
+            <source>webm</source>
+            <translation>WebM</translation>
+        </message>
+        <message>
+            <source>mov</source>
+            <translation>QuickTime</translation>
+        </message>
+        <message>
+            <source>mkv</source>
+            <translation>Matroska</translation>
+        </message>
     </context>
 </TS>

@@ -983,5 +983,125 @@
             <source>wav</source>
             <translation>WAV (PCM), solo sonido, sin pérdida</translation>
         </message>
+        <message>
+            <source>webm</source>
+            <translation>WebM</translation>
+        </message>
+        <message>
+            <source>mov</source>
+            <translation>QuickTime</translation>
+        </message>
+        <message>
+            <source>mkv</source>
+            <translation>Matroska</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-60fps</source>
+            <translation>MP4 (H.264 y AAC), hasta 1080p, 60 fotogramas por segundo</translation>
+        </message>
+        <message>
+            <source>mp4-h264-vertical</source>
+            <translation>MP4 (H.264 y AAC), vertical 1080x1920</translation>
+        </message>
+        <message>
+            <source>mp4-h264-square</source>
+            <translation>MP4 (H.264 y AAC), cuadrado 1080x1080</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-silent</source>
+            <translation>MP4 (H.264), hasta 1080p, solo imagen</translation>
+        </message>
+        <message>
+            <source>mov-h264-2160p</source>
+            <translation>QuickTime (H.264 y AAC), hasta 2160p</translation>
+        </message>
+        <message>
+            <source>mov-h264-1080p</source>
+            <translation>QuickTime (H.264 y AAC), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-2160p</source>
+            <translation>Matroska (H.264 y AAC), hasta 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-1080p</source>
+            <translation>Matroska (H.264 y AAC), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-10bit</source>
+            <translation>MP4 (HEVC 10 bits y AAC), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p-10bit</source>
+            <translation>Matroska (HEVC 10 bits y AAC), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p</source>
+            <translation>MP4 (AV1 y Opus), hasta 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p</source>
+            <translation>MP4 (AV1 y Opus), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>webm-av1-2160p</source>
+            <translation>WebM (AV1 y Opus), hasta 2160p</translation>
+        </message>
+        <message>
+            <source>webm-av1-1080p</source>
+            <translation>WebM (AV1 y Opus), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-silent</source>
+            <translation>WebM (VP9), hasta 1080p, solo imagen</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-2160p</source>
+            <translation>QuickTime (DNxHR HQ y PCM), hasta 2160p</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-1080p</source>
+            <translation>QuickTime (DNxHR HQ y PCM), hasta 1080p</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p-4444</source>
+            <translation>QuickTime (ProRes 4444 y PCM), hasta 2160p, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-4444</source>
+            <translation>QuickTime (ProRes 4444 y PCM), hasta 1080p, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-silent</source>
+            <translation>QuickTime (ProRes 422 HQ), hasta 1080p, solo imagen</translation>
+        </message>
+        <message>
+            <source>opus</source>
+            <translation>Opus, solo sonido</translation>
+        </message>
+        <message>
+            <source>ogg-vorbis</source>
+            <translation>Ogg (Vorbis), solo sonido</translation>
+        </message>
+        <message>
+            <source>m4a-alac</source>
+            <translation>M4A (ALAC), solo sonido, sin pérdida</translation>
+        </message>
+        <message>
+            <source>ac3</source>
+            <translation>AC-3, 5.1 canales, solo sonido</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-alpha</source>
+            <translation>WebM (VP9 y Opus), hasta 1080p, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>gif-gif-480p</source>
+            <translation>GIF, hasta 480p, solo imagen</translation>
+        </message>
+        <message>
+            <source>gif-gif-240p</source>
+            <translation>GIF, hasta 240p, solo imagen</translation>
+        </message>
     </context>
 </TS>

@@ -976,5 +976,125 @@
             <source>wav</source>
             <translation>WAV（PCM）、音声のみ、可逆</translation>
         </message>
+        <message>
+            <source>webm</source>
+            <translation>WebM</translation>
+        </message>
+        <message>
+            <source>mov</source>
+            <translation>QuickTime</translation>
+        </message>
+        <message>
+            <source>mkv</source>
+            <translation>Matroska</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-60fps</source>
+            <translation>MP4（H.264 と AAC）、最大 1080p、毎秒 60 フレーム</translation>
+        </message>
+        <message>
+            <source>mp4-h264-vertical</source>
+            <translation>MP4（H.264 と AAC）、縦長 1080x1920</translation>
+        </message>
+        <message>
+            <source>mp4-h264-square</source>
+            <translation>MP4（H.264 と AAC）、正方形 1080x1080</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-silent</source>
+            <translation>MP4（H.264）、最大 1080p、映像のみ</translation>
+        </message>
+        <message>
+            <source>mov-h264-2160p</source>
+            <translation>QuickTime（H.264 と AAC）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-h264-1080p</source>
+            <translation>QuickTime（H.264 と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-2160p</source>
+            <translation>Matroska（H.264 と AAC）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-1080p</source>
+            <translation>Matroska（H.264 と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-10bit</source>
+            <translation>MP4（HEVC 10 ビット と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p-10bit</source>
+            <translation>Matroska（HEVC 10 ビット と AAC）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p</source>
+            <translation>MP4（AV1 と Opus）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p</source>
+            <translation>MP4（AV1 と Opus）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-av1-2160p</source>
+            <translation>WebM（AV1 と Opus）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>webm-av1-1080p</source>
+            <translation>WebM（AV1 と Opus）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-silent</source>
+            <translation>WebM（VP9）、最大 1080p、映像のみ</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-2160p</source>
+            <translation>QuickTime（DNxHR HQ と PCM）、最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-1080p</source>
+            <translation>QuickTime（DNxHR HQ と PCM）、最大 1080p</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p-4444</source>
+            <translation>QuickTime（ProRes 4444 と PCM）、最大 2160p、透明度を保持</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-4444</source>
+            <translation>QuickTime（ProRes 4444 と PCM）、最大 1080p、透明度を保持</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-silent</source>
+            <translation>QuickTime（ProRes 422 HQ）、最大 1080p、映像のみ</translation>
+        </message>
+        <message>
+            <source>opus</source>
+            <translation>Opus、音声のみ</translation>
+        </message>
+        <message>
+            <source>ogg-vorbis</source>
+            <translation>Ogg（Vorbis）、音声のみ</translation>
+        </message>
+        <message>
+            <source>m4a-alac</source>
+            <translation>M4A（ALAC）、音声のみ、可逆</translation>
+        </message>
+        <message>
+            <source>ac3</source>
+            <translation>AC-3、5.1 チャンネル、音声のみ</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-alpha</source>
+            <translation>WebM（VP9 と Opus）、最大 1080p、透明度を保持</translation>
+        </message>
+        <message>
+            <source>gif-gif-480p</source>
+            <translation>GIF、最大 480p、映像のみ</translation>
+        </message>
+        <message>
+            <source>gif-gif-240p</source>
+            <translation>GIF、最大 240p、映像のみ</translation>
+        </message>
     </context>
 </TS>

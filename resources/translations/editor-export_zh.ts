@@ -976,5 +976,125 @@
             <source>wav</source>
             <translation>WAV（PCM），仅声音，无损</translation>
         </message>
+        <message>
+            <source>webm</source>
+            <translation>WebM</translation>
+        </message>
+        <message>
+            <source>mov</source>
+            <translation>QuickTime</translation>
+        </message>
+        <message>
+            <source>mkv</source>
+            <translation>Matroska</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-60fps</source>
+            <translation>MP4（H.264 和 AAC），最大 1080p，每秒 60 帧</translation>
+        </message>
+        <message>
+            <source>mp4-h264-vertical</source>
+            <translation>MP4（H.264 和 AAC），竖屏 1080x1920</translation>
+        </message>
+        <message>
+            <source>mp4-h264-square</source>
+            <translation>MP4（H.264 和 AAC），正方形 1080x1080</translation>
+        </message>
+        <message>
+            <source>mp4-h264-1080p-silent</source>
+            <translation>MP4（H.264），最大 1080p，仅画面</translation>
+        </message>
+        <message>
+            <source>mov-h264-2160p</source>
+            <translation>QuickTime（H.264 和 AAC），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-h264-1080p</source>
+            <translation>QuickTime（H.264 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-2160p</source>
+            <translation>Matroska（H.264 和 AAC），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mkv-h264-1080p</source>
+            <translation>Matroska（H.264 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-hevc-1080p-10bit</source>
+            <translation>MP4（HEVC 10 位 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mkv-hevc-1080p-10bit</source>
+            <translation>Matroska（HEVC 10 位 和 AAC），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-2160p</source>
+            <translation>MP4（AV1 和 Opus），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mp4-av1-1080p</source>
+            <translation>MP4（AV1 和 Opus），最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-av1-2160p</source>
+            <translation>WebM（AV1 和 Opus），最大 2160p</translation>
+        </message>
+        <message>
+            <source>webm-av1-1080p</source>
+            <translation>WebM（AV1 和 Opus），最大 1080p</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-silent</source>
+            <translation>WebM（VP9），最大 1080p，仅画面</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-2160p</source>
+            <translation>QuickTime（DNxHR HQ 和 PCM），最大 2160p</translation>
+        </message>
+        <message>
+            <source>mov-dnxhd-1080p</source>
+            <translation>QuickTime（DNxHR HQ 和 PCM），最大 1080p</translation>
+        </message>
+        <message>
+            <source>mov-prores-2160p-4444</source>
+            <translation>QuickTime（ProRes 4444 和 PCM），最大 2160p，保留透明度</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-4444</source>
+            <translation>QuickTime（ProRes 4444 和 PCM），最大 1080p，保留透明度</translation>
+        </message>
+        <message>
+            <source>mov-prores-1080p-silent</source>
+            <translation>QuickTime（ProRes 422 HQ），最大 1080p，仅画面</translation>
+        </message>
+        <message>
+            <source>opus</source>
+            <translation>Opus，仅声音</translation>
+        </message>
+        <message>
+            <source>ogg-vorbis</source>
+            <translation>Ogg（Vorbis），仅声音</translation>
+        </message>
+        <message>
+            <source>m4a-alac</source>
+            <translation>M4A（ALAC），仅声音，无损</translation>
+        </message>
+        <message>
+            <source>ac3</source>
+            <translation>AC-3，5.1 声道，仅声音</translation>
+        </message>
+        <message>
+            <source>webm-vp9-1080p-alpha</source>
+            <translation>WebM（VP9 和 Opus），最大 1080p，保留透明度</translation>
+        </message>
+        <message>
+            <source>gif-gif-480p</source>
+            <translation>GIF，最大 480p，仅画面</translation>
+        </message>
+        <message>
+            <source>gif-gif-240p</source>
+            <translation>GIF，最大 240p，仅画面</translation>
+        </message>
     </context>
 </TS>

@@ -68,7 +68,7 @@ protected:
 
 TEST_P(PictureWish, OfAFrameRateIsRefusedOrMet) {
     int met = 0;
-    for (const char* const wish : {"24000/1001", "25", "31", "119881/1000", "300"}) {
+    for (const char* const wish : {"24000/1001", "25", "31", "50", "119881/1000", "300"}) {
         if (!accepts(presetWith({{text("frameRate"), text(wish)}}), "/video/frameRate: "))
             continue;
         const ProbedMedia file = exported();
@@ -178,7 +178,8 @@ INSTANTIATE_TEST_SUITE_P(Codecs, PictureWish,
                                            Codec{"vp8", "webm", "{'options': {'deadline': 'realtime', 'cpu-used': 8}}"},
                                            Codec{"av1", "mp4", "{}"}, Codec{"mpeg4", "mp4", "{}"},
                                            Codec{"mpeg2", "mkv", "{}"}, Codec{"ffv1", "mkv", "{}"},
-                                           Codec{"prores", "mov", "{}"}, Codec{"mjpeg", "mov", "{}"},
+                                           Codec{"prores", "mov", "{}"}, Codec{"gif", "gif", "{}"},
+                                           Codec{"mjpeg", "mov", "{}"},
                                            Codec{"dnxhd", "mov", "{'profile': 'dnxhr_sq'}"}),
                          [](const auto& row) { return std::string(row.param.name); });
 

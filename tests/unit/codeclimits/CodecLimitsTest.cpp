@@ -189,7 +189,7 @@ TEST_F(CodecLimitsTest, ABitrateCanBeAskedForWhereLossAndNoProfileDecides) {
     for (const CodecID codec : {CodecID::H264, CodecID::MJPEG, CodecID::AAC, CodecID::AC3})
         EXPECT_TRUE(CodecLimits::HasBitrate(codec));
     for (const CodecID codec : {CodecID::ProRes, CodecID::DNxHD, CodecID::FFV1, CodecID::FLAC, CodecID::PCM_S16LE,
-                                CodecID::ALAC, CodecID::None})
+                                CodecID::GIF, CodecID::ALAC, CodecID::None})
         EXPECT_FALSE(CodecLimits::HasBitrate(codec));
 }
 

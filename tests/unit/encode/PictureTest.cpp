@@ -111,6 +111,35 @@ TEST(Pictures, KeepColourBarsInH264WithoutLoss) {
     EXPECT_TRUE(ShowsBars(*Decode(folder.File("out.mp4")).Video().pictures.at(0), 0.2126, 0.0722));
 }
 
+TEST(Pictures, GetPalettesOfTheirOwnInGif) {
+    const ScratchFolder folder;
+    VideoShape shape = Bars(128, 64);
+    shape.frames = 3;
+    // The second picture has none of the first one's colours, the third has nothing but holes.
+    shape.paint = [](AVFrame& frame, int index) {
+        PaintBars(frame, index == 2 ? 0 : 255);
+        if (index == 1)
+            for (int at = 0; at < frame.height * frame.linesize[0]; ++at)
+                frame.data[0][at] = static_cast<std::uint8_t>(at % 4 == 3 ? 255 : frame.data[0][at] / 2 + 10);
+    };
+    WriteFile(folder.File("out.gif"), "gif", {VideoEncoder(MakeVideo(shape), Description("gif"))});
+    const DecodedFile file = Decode(folder.File("out.gif"));
+    ASSERT_EQ(file.Video().pictures.size(), 3U);
+    EXPECT_EQ(file.Video().pictures[2]->pts, 8); // hundredths of a second
+    EXPECT_NEAR(file.seconds, 0.12, 1e-9);
+    for (int index = 0; index < 2; ++index) {
+        const AVFrame& frame = *file.Video().pictures[static_cast<std::size_t>(index)];
+        ASSERT_EQ(frame.format, AV_PIX_FMT_BGRA);
+        for (int x = 0; x < 128; ++x) {
+            const RGB& bar = BARS[static_cast<std::size_t>(x / 16)];
+            const std::uint8_t* pixel = frame.data[0] + 32 * frame.linesize[0] + x * 4;
+            ASSERT_NEAR(pixel[2], index == 0 ? bar.r : bar.r / 2 + 10, 2) << x;
+            ASSERT_NEAR(pixel[1], index == 0 ? bar.g : bar.g / 2 + 10, 2) << x;
+            ASSERT_NEAR(pixel[0], index == 0 ? bar.b : bar.b / 2 + 10, 2) << x;
+        }
+    }
+}
+
 TEST(Pictures, OfOneMatrixPassUnchanged) {
     auto shape = Flat(AV_PIX_FMT_YUV420P, {77, 99, 188, 0});
     const DecodedFile file = Lossless(shape);

@@ -90,6 +90,15 @@ TEST_F(PresetEditTest, ASizeMayStandWhereThePresetTakesItLying) {
                 HasSubstr("is for pictures up to"));
 }
 
+TEST_F(PresetEditTest, OneSideAloneIsHeldAgainstTheLimitsWithTheOtherThatFollows) {
+    select("mp4", "mp4-h264-720p");
+    video.width = 960;
+    video.aspectNumerator = 4;
+    video.aspectDenominator = 3;
+    EXPECT_THAT(refusal({"height=722"}), HasSubstr("is for pictures up to 1280x720"));
+    EXPECT_EQ(apply({"height=720"}).width(), 960);
+}
+
 TEST_F(PresetEditTest, AFixedSizeDoesNotTurn) {
     select("mp4", "mp4-h264-vertical");
     EXPECT_EQ(apply({}).width(), 1080);

@@ -160,7 +160,9 @@ TEST(PresetSettings, ASizeBeyondThePresetIsRefused) {
     EXPECT_EQ(misfit("mp4-h264-720p", {"size=1280x720"}), "");
     EXPECT_THAT(misfit("mp4-h264-720p", {"size=1282x720"}),
                 HasSubstr("width of 1282: the preset \"mp4-h264-720p\" is for pictures up to 1280x720"));
-    EXPECT_THAT(misfit("mp4-h264-720p", {"height=722"}), HasSubstr("height of 722"));
+    EXPECT_THAT(misfit("mp4-h264-720p", {"height=1282"}), HasSubstr("height of 1282"));
+    EXPECT_THAT(misfit("mp4-h264-720p", {"size=960x722"}), HasSubstr("size of 960x722"));
+    EXPECT_EQ(misfit("mp4-h264-720p", {"size=720x1280"}), "");
     EXPECT_THAT(misfit("mp4-hevc-1080p", {"size=16x14"}), HasSubstr("hevc takes no side below 16"));
 }
 

@@ -292,7 +292,7 @@ TEST_F(OutputName, OfAnotherKindIsRefusedWithThePresetsThatFit) {
     EXPECT_EQ(refusalFor("mp4-h264-1080p", "film.webm"),
               "Cannot write \"" + folder / "film.webm" +
                   "\": the preset \"mp4-h264-1080p\" writes .mp4 or .m4v, not .webm; presets that do: "
-                  "webm-vp9-1080p, webm-vp9-1080p-hdr or webm-vp9-1080p-2pass");
+                  "webm-vp9-1080p, webm-av1-1080p or webm-vp9-1080p-silent");
     EXPECT_NE(refusalFor("mp3", "x.wav").find("the preset \"mp3\" writes .mp3, not .wav; presets that do: wav"),
               std::string::npos);
     EXPECT_NE(refusalFor("mp3", "x.MP4").find("not .mp4; presets that do: "), std::string::npos);

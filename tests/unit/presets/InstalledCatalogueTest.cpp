@@ -64,9 +64,12 @@ protected:
             return rank(formats, "pixelFormat");
         if (preset.videoCodec() == Kestra::Conf::CodecID::ProRes ||
             preset.videoCodec() == Kestra::Conf::CodecID::DNxHD) {
-            const bool lessAlpha = preset.property()["video"]["options"]["alpha_bits"].GetString() == "8";
+            const Kestra::Core::Property& video = preset.property()["video"];
+            const bool lessAlpha = video.ChildExists("options") && video["options"].ChildExists("alpha_bits");
             return rank(profiles, "profile") - (lessAlpha ? 0.5 : 0);
         }
+        if (preset.videoCodec() == Kestra::Conf::CodecID::GIF)
+            return boost::rational_cast<double>(preset.frameRate());
         const bool byQuality = preset.videoBitrateMode() == Export::BitrateMode::Quality;
         const bool byBitrate = preset.videoBitrateMode() == Export::BitrateMode::Variable;
         return byQuality   ? -preset.videoQuality()
@@ -123,6 +126,7 @@ TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
                                  "webm-av1-1080p",
                                  "webm-vp9-1080p-silent",
                                  "webm-vp9-1080p-alpha",
+                                 "gif-gif-480p",
                                  "mov-dnxhd-1080p",
                                  "mov-prores-1080p-4444",
                                  "mov-prores-1080p-silent",

@@ -136,6 +136,23 @@ void checkPicture(const Preset& preset, const JsonPlace& place) {
                     (mute ? ": its files would not tell their colour; a grey picture fits into yuv420p" : ""));
 }
 
+bool needsExactRate(const Preset& preset) {
+    return preset.videoBitrateMode() == Export::BitrateMode::Constant ||
+           (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality);
+}
+
+void checkAlpha(const Preset& preset, const JsonPlace& place) {
+    const std::string format = readString(preset.property(), Setting::PixelFormat);
+    if (format.compare(0, 4, "yuva") != 0 || !CodecLimits::KeepsAlphaBeside(preset.videoCodec()))
+        return;
+    const JsonPlace here = place.at(nameOf(Setting::PixelFormat));
+    if (!ContainerLimits::HoldsAlphaBeside(preset.containerId()))
+        here.refuse(format + ": " + preset.containerId() + " does not hold the transparency of " +
+                    nameOf(preset.videoCodec()));
+    if (needsExactRate(preset))
+        here.refuse(format + ": " + nameOf(preset.videoCodec()) + " encodes transparency in one pass alone");
+}
+
 void checkProfile(const Preset& preset, const JsonPlace& place) {
     const CodecID codec = preset.videoCodec();
     const std::vector<std::string> known = CodecLimits::Profiles(codec);
@@ -287,11 +304,6 @@ void checkOptions(const Preset& preset, Setting setting, const Property& data, c
     }
 }
 
-bool needsExactRate(const Preset& preset) {
-    return preset.videoBitrateMode() == Export::BitrateMode::Constant ||
-           (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality);
-}
-
 void checkVideoOptions(const Preset& preset, const JsonPlace& place) {
     checkOptions(preset, Setting::VideoOptions, preset.videoEncoderData(), IFormatCodec::TAG_CODEC_OPTIONS_ENCODE,
                  place, [&preset](const std::string& name, const std::string& value) {
@@ -339,6 +351,7 @@ constexpr Step STEPS[] = {
     step(Section::Video, checkSize, Setting::Width, Setting::Height, Setting::MaxWidth, Setting::MaxHeight,
          Setting::FixedResolution, Setting::Resize),
     step(Section::Video, checkPicture, Setting::FrameRate, Setting::PixelFormat),
+    step(Section::Video, checkAlpha, Setting::PixelFormat, Setting::TwoPass, Setting::BitrateMode),
     step(Section::Video, checkProfile, Setting::Profile),
     step(Section::Video, checkVideoBitrate, Setting::VideoBitrate, Setting::BitrateMode),
     step(Section::Video, checkDynamicRange, Setting::DynamicRange),

@@ -97,6 +97,10 @@ bool CodecLimits::CodesFields(CodecID codec) {
     return VideoOf(codec).codesFields;
 }
 
+bool CodecLimits::KeepsAlphaBeside(CodecID codec) {
+    return VideoOf(codec).alphaBeside;
+}
+
 bool CodecLimits::IsLossless(CodecID codec) {
     return VideoOf(codec).lossless || AudioOf(codec).lossless;
 }

@@ -35,6 +35,8 @@ struct KESTRA_EXPORT CodecLimits {
     static bool ProfileTakes(Conf::CodecID codec, const std::string& profile, const std::string& pixelFormat);
     /// Whether pictures of two fields can be coded as what they are.
     static bool CodesFields(Conf::CodecID codec);
+    /// Whether it keeps transparency in one pass alone, and in containers of Matroska's kind.
+    static bool KeepsAlphaBeside(Conf::CodecID codec);
     /// Whether what is decoded is what was encoded.
     static bool IsLossless(Conf::CodecID codec);
     static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);

@@ -14,11 +14,10 @@ using Conf::Container;
 
 /// Of files that are none of the containers above.
 constexpr const char* FOREIGN_EXTENSIONS[] = {
-    "264",  "265",  "3g2", "3gp", "aac",  "ac3",  "aif", "aiff", "amr",  "ape",  "asf",  "au",   "avi",
-    "avif", "bmp",  "caf", "dv",  "dts",  "eac3", "f4v", "flv",  "gif",  "h264", "h265", "hevc", "heic",
-    "ivf",  "jpeg", "jpg", "m1v", "m2ts", "m2v",  "m3u", "m3u8", "mk3d", "mp1",  "mp2",  "mpa",  "mpe",
-    "mpeg", "mpg",  "mpd", "mts", "mxf",  "nut",  "ogv", "opus", "png",  "rm",   "rmvb", "svg",  "tif",
-    "tiff", "ts",   "tta", "vob", "w64",  "wma",  "wmv", "webp", "wv",   "y4m",
+    "264", "265",  "3g2",  "3gp", "aac",  "aif",  "aiff", "amr",  "ape",  "asf", "au",   "avi",  "avif", "bmp",  "caf",
+    "dv",  "dts",  "eac3", "f4v", "flv",  "h264", "h265", "hevc", "heic", "ivf", "jpeg", "jpg",  "m1v",  "m2ts", "m2v",
+    "m3u", "m3u8", "mk3d", "mp1", "mp2",  "mpa",  "mpe",  "mpeg", "mpg",  "mpd", "mts",  "mxf",  "nut",  "ogv",  "png",
+    "rm",  "rmvb", "svg",  "tif", "tiff", "ts",   "tta",  "vob",  "w64",  "wma", "wmv",  "webp", "wv",   "y4m",
 };
 
 bool Has(const std::vector<std::string>& names, const std::string& name) {
@@ -43,7 +42,7 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
     switch (field) {
     case ProgrammeField::Title:
     case ProgrammeField::Tags:
-        return true;
+        return found->tagged;
     case ProgrammeField::TimeCode:
         return found->timecode;
     case ProgrammeField::Chapters:
@@ -62,7 +61,7 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
 
 bool ContainerLimits::HoldsTag(const std::string& container, const std::string& key) {
     const Container* const found = Container::Find(container);
-    return found != nullptr && !key.empty() && (found->tags.empty() || Has(found->tags, key));
+    return found != nullptr && found->tagged && !key.empty() && (found->tags.empty() || Has(found->tags, key));
 }
 
 std::string ContainerLimits::LanguageIn(const std::string& container, const std::string& language) {
@@ -101,6 +100,11 @@ Conf::Subtitles ContainerLimits::SubtitlesIn(const std::string& container, const
     Conf::Subtitles none = subtitles;
     none.cues.clear();
     return none;
+}
+
+bool ContainerLimits::HoldsAlphaBeside(const std::string& container) {
+    const Container* const found = Container::Find(container);
+    return found != nullptr && found->family == Container::Family::Matroska;
 }
 
 std::vector<std::string> ContainerLimits::Extensions(const std::string& container, bool withPictures) {

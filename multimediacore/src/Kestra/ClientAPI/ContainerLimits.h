@@ -31,6 +31,8 @@ struct KESTRA_EXPORT ContainerLimits {
     /// Subtitles as files of the container hold them: where one text follows the other, those that share time are one.
     /// Without cues where there is no place for them.
     static Conf::Subtitles SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles);
+    /// Whether a codec's transparency is kept that is a second picture beside each packet.
+    static bool HoldsAlphaBeside(const std::string& container);
     /// What files of the container are called, the usual one first; some belong to sound without pictures only.
     static std::vector<std::string> Extensions(const std::string& container, bool withPictures);
     /// Whether files so called are media or pictures of one certain kind, be it one that no container here is.

@@ -54,6 +54,9 @@ struct VideoCodec {
     /// Null takes every rate above 0.
     bool (*takesFrameRate)(const Rate& rate) = nullptr;
     bool codesFields = false; ///< pictures of two fields, as what they are
+    /// Transparency is a second picture beside each packet: Matroska's kind of files alone holds it, and two passes
+    /// know nothing of it.
+    bool alphaBeside = false;
     std::vector<CodecProfile> profiles;
     bool needsProfile = false;
 };

@@ -20,6 +20,7 @@ enum class CodecID : int {
     FFV1 = 9,
     DNxHD = 10,
     MJPEG = 11,
+    GIF = 12,
     AAC = 100,
     Opus = 101,
     MP3 = 102,

@@ -69,6 +69,7 @@ Codec Vp9() {
     video.gopSeconds = USUAL_GOP;
     video.quality = {1, 63, false};
     video.takesFrameRate = [](const Rate& rate) { return rate.numerator() <= FINEST_VPX_TIME_BASE; };
+    video.alphaBeside = true;
     video.profiles = {{"0", "yuv420p yuva420p"},
                       {"1", "yuv422p yuv444p gbrp"},
                       {"2", "yuv420p10le yuv420p12le"},
@@ -186,6 +187,19 @@ Codec Ffv1() {
     return codec;
 }
 
+Codec Gif() {
+    Codec codec = Video(CodecID::GIF, "gif", "gif", {60.0e6, 0.05, 4.0});
+    codec.hasBitrate = false;
+    VideoCodec& video = *codec.video;
+    video.playable = PixelFormat::BGRA; // palettes are made of it
+    video.oddSides = OddSides::Taken;
+    // A picture lasts whole hundredths of a second, and players take a single one for a mistake.
+    video.takesFrameRate = [](const Rate& rate) {
+        return rate >= 1 && rate <= 50 && (Rate(100) / rate).denominator() == 1;
+    };
+    return codec;
+}
+
 constexpr double NO_LIMIT = 1.0e12;
 
 std::vector<int> RatesUpTo(int highest) {
@@ -290,6 +304,7 @@ const std::vector<Codec>& Codec::All() {
         Ffv1(),
         Dnxhd(),
         Mjpeg(),
+        Gif(),
         Aac(),
         Opus(),
         Mp3(),

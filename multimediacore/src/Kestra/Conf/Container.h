@@ -36,6 +36,7 @@ struct KESTRA_EXPORT Container {
     const char* styledSubtitles = nullptr;
     bool subtitlesOneAtATime = false; ///< one text follows the other, none stands beside another
     int chapterTitle = 0;             ///< bytes of a chapter's title that all readers take; 0: any number
+    bool tagged = true;               ///< it has a place for title and tags
 
     static const std::vector<Container>& All();
     /// Null for an id that is none.

@@ -7,6 +7,7 @@
 #include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <boost/exception/get_error_info.hpp>
+#include <cstring>
 #include <iterator>
 #include <optional>
 #include <sys/stat.h>
@@ -70,9 +71,11 @@ bool HasText(const AVPacket& packet, const AVStream& stream) {
 /// Counts the packets of one stream.
 class Tally {
 public:
-    explicit Tally(const AVStream& stream)
+    /// In some files a packet lasts without what is left out at its end, in others with it.
+    Tally(const AVStream& stream, bool lastsTrimmed)
         : stream(stream)
-        , result(Describe(stream)) {}
+        , result(Describe(stream))
+        , lastsTrimmed(lastsTrimmed) {}
 
     void Take(const AVPacket& packet) {
         const std::int64_t duration = ToEngineTime(packet.duration, stream.time_base);
@@ -89,7 +92,8 @@ public:
         const std::int64_t time = ToEngineTime(timestamp, stream.time_base);
         const int rate = std::max(result.sampleRate, 1);
         start = std::min(start.value_or(INT64_MAX), time + (isAudio ? SamplesToTime(head, rate) : 0));
-        result.end = std::max(result.end, time + duration - (isAudio ? SamplesToTime(tail, rate) : 0));
+        const std::int64_t over = isAudio && !lastsTrimmed ? SamplesToTime(tail, rate) : 0;
+        result.end = std::max(result.end, time + duration - over);
         untold = isAudio && duration == 0;
         longest = std::max(longest, time - last);
         last = time;
@@ -108,6 +112,7 @@ public:
 private:
     const AVStream& stream;
     CheckedStream result;
+    const bool lastsTrimmed;
     std::optional<std::int64_t> start;
     bool untold = false;      ///< how long the last packet lasts
     std::int64_t last = 0;    ///< when it begins
@@ -127,8 +132,9 @@ void RequireWhole(const AVPacket& packet, const ioPath& path) {
 std::vector<CheckedStream> ReadAll(Demuxer& demuxer, std::int64_t length) {
     AVFormatContext& context = demuxer.GetContext();
     std::vector<Tally> tallies;
+    const bool isOgg = std::strcmp(context.iformat->name, "ogg") == 0;
     for (unsigned index = 0; index < context.nb_streams; ++index)
-        tallies.emplace_back(*context.streams[index]);
+        tallies.emplace_back(*context.streams[index], isOgg);
     const PacketHandle packet = MakePacket();
     while (demuxer.Read(*packet)) {
         RequireWhole(*packet, demuxer.GetPath());

@@ -79,9 +79,12 @@ std::vector<const AVCodec*> EncodersOf(CodecID id) {
 }
 
 bool TakesFormat(const AVCodec& codec, AVPixelFormat format) {
-    if (!PixelFormatsOf(codec))
+    const AVPixelFormat* const taken = PixelFormatsOf(codec);
+    if (!taken)
         return true;
-    for (const AVPixelFormat* known = PixelFormatsOf(codec); *known != AV_PIX_FMT_NONE; ++known)
+    if (const VideoDriver& driver = VideoDriver::Of(codec); driver.TakesFormat(format))
+        format = driver.CodedFormat(format);
+    for (const AVPixelFormat* known = taken; *known != AV_PIX_FMT_NONE; ++known)
         if (*known == format)
             return true;
     return false;

@@ -1,5 +1,6 @@
 #include "Kestra/FF/Encode/PaletteLoop.h"
 
+#include "Kestra/Base/Time.h"
 #include <utility>
 
 namespace Kestra::FF {
@@ -18,13 +19,20 @@ PaletteLoop::PaletteLoop(std::unique_ptr<IEncoderLoop> encoder)
 
 void PaletteLoop::Send(const AVFrame* frame) {
     if (frame) {
-        graph.Send(*frame);
+        // In the filters' own, coarser time neighbours would fall together.
+        const FrameHandle apart = MakeFrameReference(*frame);
+        apart->pts = sent++ * TIME_BASE;
+        times.push_back(frame->pts);
+        graph.Send(*apart);
     } else {
         graph.Finish();
         ended = true;
     }
-    while (FrameHandle picture = graph.Receive())
+    while (FrameHandle picture = graph.Receive()) {
+        picture->pts = times.front();
+        times.pop_front();
         pictures.push_back(std::move(picture));
+    }
 }
 
 IEncoderLoop::Step PaletteLoop::Receive(PacketHandle& packet) {

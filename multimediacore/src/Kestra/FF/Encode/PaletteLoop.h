@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/Av/FilterGraph.h"
 #include "Kestra/FF/Encode/IEncoderLoop.h"
+#include <cstdint>
 #include <deque>
 #include <memory>
 
@@ -22,6 +23,8 @@ public:
 private:
     const std::unique_ptr<IEncoderLoop> encoder;
     FilterGraph graph;
+    std::int64_t sent = 0;            ///< frames
+    std::deque<std::int64_t> times;   ///< of those that are with the filters
     std::deque<FrameHandle> pictures; ///< that the encoder has not been given
     bool ended = false;
     bool endTold = false;

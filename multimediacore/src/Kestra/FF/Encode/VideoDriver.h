@@ -4,7 +4,9 @@
 #include "Kestra/Conf/CodecID.h"
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Av/OptionList.h"
+#include "Kestra/FF/Encode/IEncoderLoop.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,10 @@ public:
     virtual bool FollowsStream() const { return false; }
     /// That one.
     virtual AVPixelFormat UsualFormat() const { return AV_PIX_FMT_YUV420P; }
+    /// What frames of a format that is taken are when the encoder gets them, by Wrapped().
+    virtual AVPixelFormat CodedFormat(AVPixelFormat given) const { return given; }
+    /// The encoder, which is open, with what has to happen to frames before it.
+    virtual std::unique_ptr<IEncoderLoop> Wrapped(std::unique_ptr<IEncoderLoop> encoder) const { return encoder; }
     /// Whether each frame says by itself whether it is interlaced.
     virtual bool FlagsFields() const { return false; }
     /// For a stream that may have fields.

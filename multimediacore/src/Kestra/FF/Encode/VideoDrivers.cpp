@@ -4,8 +4,9 @@ namespace Kestra::FF {
 
 const std::vector<const VideoDriver*>& VideoDriver::All() {
     static const std::vector<const VideoDriver*> drivers{
-        &X264Driver(),   &X265Driver(),  &Vp9Driver(),   &Vp8Driver(),   &SvtAv1Driver(), &AomAv1Driver(),
-        &ProResDriver(), &DnxhdDriver(), &Mpeg4Driver(), &Mpeg2Driver(), &MjpegDriver(),  &Ffv1Driver(),
+        &X264Driver(),   &X265Driver(),   &Vp9Driver(),   &Vp8Driver(),   &SvtAv1Driver(),
+        &AomAv1Driver(), &ProResDriver(), &DnxhdDriver(), &Mpeg4Driver(), &Mpeg2Driver(),
+        &MjpegDriver(),  &Ffv1Driver(),   &GifDriver(),
     };
     return drivers;
 }

@@ -17,5 +17,6 @@ const VideoDriver& Mpeg4Driver();
 const VideoDriver& Mpeg2Driver();
 const VideoDriver& MjpegDriver();
 const VideoDriver& Ffv1Driver();
+const VideoDriver& GifDriver();
 
 } // namespace Kestra::FF

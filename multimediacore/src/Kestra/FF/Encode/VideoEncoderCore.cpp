@@ -130,7 +130,7 @@ std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
-    return std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(input));
+    return Driver().Wrapped(std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(input)));
 }
 
 OptionList VideoEncoderCore::EncoderOptions() const {
@@ -231,7 +231,7 @@ void VideoEncoderCore::ConfigureFirstPass(AVCodecContext& context) const {
 void VideoEncoderCore::ConfigureInput(AVCodecContext& context) const {
     context.width = input.width;
     context.height = input.height;
-    context.pix_fmt = input.format;
+    context.pix_fmt = Driver().CodedFormat(input.format);
     context.sample_aspect_ratio = input.sampleAspect;
     context.time_base = TimeBase();
     context.framerate = ToAv(rate);

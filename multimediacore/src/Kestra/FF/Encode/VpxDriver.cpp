@@ -13,7 +13,7 @@ class VpxDriver : public VideoDriver {
 public:
     using VideoDriver::VideoDriver;
 
-    // Alpha would be a second frame beside the first, which nothing in the file tells of.
+    // Its decoders leave alpha out.
     bool TakesFormat(AVPixelFormat format) const override { return !HasAlpha(format); }
 
     void SetSpeed(AVCodecContext& context, const OptionList&) const override {
@@ -35,6 +35,9 @@ class Vp9 final : public VpxDriver {
 public:
     Vp9()
         : VpxDriver(Conf::CodecID::VP9, "libvpx-vp9") {}
+
+    // As a second frame beside the first, of which the file tells where it is one of Matroska's kind.
+    bool TakesFormat(AVPixelFormat) const override { return true; }
 
     Conf::ColourInfo Tellable(Conf::ColourInfo colour) const override {
         constexpr std::array<int, 6> known{AVCOL_SPC_RGB,       AVCOL_SPC_BT709,     AVCOL_SPC_BT470BG,

@@ -26,7 +26,7 @@ std::optional<double> Told(const AVFrame& frame, const char* key) {
 } // namespace
 
 LoudnessMeter::LoudnessMeter()
-    : graph("ebur128=metadata=1:peak=true:framelog=quiet", "Measuring the loudness of sound failed") {}
+    : graph("ebur128=metadata=1:peak=true", "Measuring the loudness of sound failed") {}
 
 void LoudnessMeter::Hear(const Proc::IDataAudio& block) {
     graph.Send(*WithSpeakers(FrameOf(block)));
