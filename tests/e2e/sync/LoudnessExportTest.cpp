@@ -18,8 +18,8 @@ struct Measured {
 
 Measured measure(const std::string& path) {
     static TestSupport::Starter ffmpeg("ffmpeg");
-    const auto run = ffmpeg.run(
-        {"-nostdin", "-hide_banner", "-i", path, "-af", "ebur128=peak=true:framelog=verbose", "-vn", "-f", "null", "-"});
+    const auto run = ffmpeg.run({"-nostdin", "-hide_banner", "-i", path, "-af", "ebur128=peak=true:framelog=verbose",
+                                 "-vn", "-f", "null", "-"});
     std::smatch loudness, peak;
     EXPECT_TRUE(std::regex_search(run->errors, loudness, std::regex("I: +(-?[0-9.]+) LUFS"))) << run->errors;
     EXPECT_TRUE(std::regex_search(run->errors, peak, std::regex("Peak: +(-?[0-9.]+) dBFS"))) << run->errors;
