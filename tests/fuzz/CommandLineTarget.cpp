@@ -30,7 +30,10 @@ void checkTime(const std::optional<ExportCore::TimePoint>& point) {
 
 void check(const Cli::Options& options) {
     using Command = Cli::Options::Command;
-    Fuzz::require(options.command == Command::Presets || !options.inputs.empty(), "something is to be read");
+    const bool reads =
+        options.command == Command::Render || options.command == Command::Info || options.command == Command::Validate;
+    Fuzz::require(!reads || !options.inputs.empty(), "something is to be read");
+    Fuzz::require(options.command != Command::Queue || !options.queueFile.empty(), "there is a queue");
     checkTime(options.in);
     checkTime(options.out);
     checkTime(options.duration);

@@ -160,7 +160,8 @@ TEST(Commands, PresetsStandInColumns) {
 TEST(Commands, PresetsMarkTheDefaultsOfTags) {
     EXPECT_TRUE(run({"presets"}).output.contains(QStringLiteral("up to 1080p [mp4*, web*], quality")));
     const Result tags = run({"presets", "--tags"});
-    EXPECT_TRUE(tags.output.contains(QStringLiteral("\naudio: m4a-aac*, mp3, flac, wav\n")))
+    EXPECT_TRUE(
+        tags.output.contains(QStringLiteral("\naudio: m4a-aac*, mp3, opus, ogg-vorbis, ac3, flac, m4a-alac, wav\n")))
         << tags.output.toStdString();
     const QJsonObject json = objectOf(run({"presets", "--json", "--tags"}));
     const QJsonObject first = json[QStringLiteral("tags")].toArray().at(0).toObject();

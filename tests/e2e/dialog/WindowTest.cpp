@@ -104,9 +104,9 @@ TEST_F(Window, NamesPlainlyWhateverAFileIsCalled) {
 TEST_F(Window, FindsPresetsByTheirWords) {
     show();
     openClip();
-    choose(text("MP4"), text("hevc 1080"));
+    choose(text("MP4"), text("visual 720"));
     ASSERT_EQ(presets().model()->rowCount(), 1);
-    EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("mp4-hevc-1080p"));
+    EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("mp4-mpeg4-720p"));
     press('s');
     key(Qt::Key_A, Qt::ControlModifier);
     type(text("nothing like that"));

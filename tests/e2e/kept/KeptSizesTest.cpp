@@ -131,7 +131,7 @@ TEST(KeptSize, WhatThePresetFitsToTheSourceIsTheSizeOfTheFile) {
     const auto outcome =
         TestExport::run(TestExport::requestOf(media / "tall.mkv", "mp4-h264-1080p", media / "tall.mp4"));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
-    EXPECT_EQ(shapeOf(media / "tall.mp4"), "606,1080,1:1");
+    EXPECT_EQ(shapeOf(media / "tall.mp4"), "1080,1920,1:1");
 }
 
 TEST(KeptSize, PicturesTurnedSidewaysKeepTheirPixelsToo) {

@@ -49,7 +49,14 @@ std::string SoundFor(const std::string& container) {
            : container == "mp3"  ? "mp3"
            : container == "flac" ? "flac"
            : container == "wav"  ? "pcm_s16le"
+           : container == "opus" ? "opus"
+           : container == "ogg"  ? "opus"
+           : container == "ac3"  ? "ac3"
                                  : "aac";
+}
+
+std::string PicturesFor(const std::string& container) {
+    return container == "webm" ? "vp8" : container == "gif" ? "gif" : "mpeg4";
 }
 
 class Written : public ::testing::Test {
@@ -59,9 +66,11 @@ protected:
         VideoShape shape;
         shape.rate = 25;
         shape.frames = 75;
-        if (pictures)
-            tracks.push_back(VideoEncoder(MakeVideo(shape), Description(container == "webm" ? "vp8" : "mpeg4")));
-        tracks.push_back(AudioEncoder(new ToldAudio(told), Description(SoundFor(container))));
+        const bool alone = container == "gif";
+        if (pictures || alone)
+            tracks.push_back(VideoEncoder(MakeVideo(shape), Description(PicturesFor(container))));
+        if (!alone)
+            tracks.push_back(AudioEncoder(new ToldAudio(told), Description(SoundFor(container))));
         WriteFile(folder.File(container), container, tracks);
         checked = Proc::CheckFile(ioPath(folder.File(container)), std::atomic<bool>(false));
         return TestMedia::describe(folder.File(container));

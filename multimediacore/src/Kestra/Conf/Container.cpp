@@ -150,7 +150,7 @@ std::vector<Container> OfSoundAlone() {
          Family::Other,
          false,
          false,
-         true,
+         false,
          {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC},
          {"ogg", "oga"},
          {},

@@ -79,11 +79,13 @@ std::string Thousandths(double value) {
     return std::to_string(std::llround(value * 1000)) + "/1000";
 }
 
+const char* const EXACT = ":agamma=0";
+
 /// HLG's light depends on all components together, which the quicker way leaves out.
 std::string Exactness(const ColourChange& change) {
     const bool hlg =
         change.before.transfer == AVCOL_TRC_ARIB_STD_B67 || change.after.transfer == AVCOL_TRC_ARIB_STD_B67;
-    return hlg ? ":agamma=0" : "";
+    return hlg ? EXACT : "";
 }
 
 std::string Encoding(const ColourInfo& colour, double white) {
@@ -104,7 +106,8 @@ std::string ToneMapping(const ColourChange& change, double white, double peak, b
 }
 
 std::string ChainFor(const ColourChange& change, AVPixelFormat format, double peak) {
-    const std::string end = Exactness(change) + ",format=" + std::string(av_get_pix_fmt_name(format));
+    const std::string made = ",format=" + std::string(av_get_pix_fmt_name(format));
+    const std::string end = Exactness(change) + made;
     const bool high = IsHighRange(change.before.transfer);
     if (high && !IsHighRange(change.after.transfer))
         return ToneMapping(change, REFERENCE_WHITE, peak, HasAlpha(format)) + Encoding(change.after, REFERENCE_WHITE) +
@@ -113,7 +116,8 @@ std::string ChainFor(const ColourChange& change, AVPixelFormat format, double pe
                            change.after.transfer == AVCOL_TRC_ARIB_STD_B67 && peak > HLG_PEAK;
     if (tooBright)
         return ToneMapping(change, HLG_PEAK, peak, HasAlpha(format)) + Encoding(change.after, HLG_PEAK) + end;
-    return Encoding(change.after, REFERENCE_WHITE) + end;
+    // The quicker way clips, on some processors, what RGB of the new primaries cannot hold and YUV can.
+    return Encoding(change.after, REFERENCE_WHITE) + EXACT + made;
 }
 
 int ThreadsFor(const AVFrame& frame) {
