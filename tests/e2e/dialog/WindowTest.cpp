@@ -114,7 +114,7 @@ TEST_F(Window, FindsPresetsByTheirWords) {
     EXPECT_TRUE(find<QLabel>("nothingLabel").isVisible());
     EXPECT_TRUE(canExport()) << "a search changes no choice";
     find<QLineEdit>("searchEdit").clear();
-    EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("mp4-hevc-1080p"));
+    EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("mp4-mpeg4-720p"));
     EXPECT_FALSE(find<QLabel>("nothingLabel").isVisible());
 }
 
