@@ -188,6 +188,10 @@ void ExportJob::measureSound() {
         return;
     if (!request.loudness)
         return beginOutput();
+    if (!provider->preset().hasAudio() || !project->hasSound()) {
+        outcome.notes << tr("There is no sound whose loudness could be changed");
+        return beginOutput();
+    }
     enter(JobState::Measuring);
     loudnessTask =
         std::make_unique<LoudnessTask>(project->soundOf(streamRange, provider->applyPreset(&project->audio())));
@@ -210,6 +214,9 @@ void ExportJob::onMeasured(const std::exception_ptr& error) {
 }
 
 void ExportJob::changeLoudness(const LoudnessGain& gain) {
+    outcome.notes << QString::fromStdString(gain.note);
+    if (!loudnessTask->loudness().integrated)
+        return;
     Render::Sequence sequence = opening->sequence();
     double& ceiling = sequence.sound.ceiling.emplace(sequence.sound.ceiling.value_or(1));
     ceiling = std::min(ceiling, LoudnessGain::CEILING);
@@ -217,7 +224,6 @@ void ExportJob::changeLoudness(const LoudnessGain& gain) {
     project->show(std::move(sequence));
     if (streamRange != Types::Range())
         project->describe(streamRange);
-    outcome.notes << QString::fromStdString(gain.note);
 }
 
 void ExportJob::beginOutput() {

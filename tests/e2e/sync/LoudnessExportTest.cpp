@@ -1,6 +1,7 @@
 // Exports of a wanted loudness, measured by the ffmpeg program.
 #include "Exported.h"
 #include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
 #include "support/Starter.h"
 #include <gmock/gmock.h>
 #include <regex>
@@ -71,6 +72,22 @@ TEST_F(LoudnessExport, LeavesSilenceSilentAndSaysSo) {
     const ExportOutcome outcome = exported("silence.wav", "flac", -14);
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_THAT(outcome.notes.join(QLatin1Char('\n')).toStdString(), HasSubstr("stays as it is"));
+}
+
+TEST_F(LoudnessExport, LeavesSoundWithoutLoudnessAsItIsHoweverHighItsPeaks) {
+    // Too short to be measured.
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=frequency=500:sample_rate=48000:duration=0.2,volume=8", "-c:a",
+                          "pcm_s16le", *media / "click.wav"});
+    ASSERT_EQ(exported("click.wav", "wav", -30).status, Status::Done);
+    EXPECT_GT(TestMedia::probe(path).audio->peak, 0.95);
+}
+
+TEST_F(LoudnessExport, SaysThatThereIsNoSoundToChange) {
+    path = *media / "mute.mkv";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=size=64x48:rate=25", "-t", "0.2", "-c:v", "ffv1", path});
+    const ExportOutcome outcome = exported("mute.mkv", "mkv-ffv1-flac", -14);
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_THAT(outcome.notes.join(QLatin1Char('\n')).toStdString(), HasSubstr("no sound whose loudness"));
 }
 
 TEST_F(LoudnessExport, IsThatOfTheCut) {
