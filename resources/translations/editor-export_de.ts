@@ -1104,4 +1104,51 @@
             <translation>GIF, bis 240p, nur Bild</translation>
         </message>
     </context>
+    <context>
+        <name>ExportCore::ExportJob</name>
+        <message>
+            <source>The preset is %1, %2</source>
+            <translation>Die Vorgabe ist %1, %2</translation>
+        </message>
+        <message>
+            <source>The inputs end before the out point, at %1: so does the file</source>
+            <translation>Die Quellen enden vor dem Out-Punkt, bei %1: die Datei auch</translation>
+        </message>
+        <message>
+            <source>There is no sound whose loudness could be changed</source>
+            <translation>Es gibt keinen Ton, dessen Lautheit sich ändern ließe</translation>
+        </message>
+        <message>
+            <source> left out: the file has no place for it</source>
+            <translation> weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>The timeline's name is</source>
+            <translation>Der Name der Timeline wird</translation>
+        </message>
+        <message>
+            <source>Each of the timeline's markers is</source>
+            <translation>Jede Marke der Timeline wird</translation>
+        </message>
+        <message>
+            <source>The timeline's time code is</source>
+            <translation>Der Timecode der Timeline wird</translation>
+        </message>
+        <message>
+            <source>Subtitles that show nothing in the range are left out</source>
+            <translation>Untertitel, die in diesem Bereich nichts zeigen, werden weggelassen</translation>
+        </message>
+        <message>
+            <source>None of the inputs has a picture: what is shown is black</source>
+            <translation>Keine der Quellen hat ein Bild: zu sehen ist Schwarz</translation>
+        </message>
+        <message>
+            <source>None of the inputs has sound: what is heard is silence</source>
+            <translation>Keine der Quellen hat Ton: zu hören ist Stille</translation>
+        </message>
+        <message>
+            <source>The folder of the finished file could not be brought to the disk</source>
+            <translation>Der Ordner der fertigen Datei ließ sich nicht auf den Datenträger schreiben</translation>
+        </message>
+    </context>
 </TS>

@@ -1104,4 +1104,51 @@
             <translation>GIF, hasta 240p, solo imagen</translation>
         </message>
     </context>
+    <context>
+        <name>ExportCore::ExportJob</name>
+        <message>
+            <source>The preset is %1, %2</source>
+            <translation>El preajuste es %1, %2</translation>
+        </message>
+        <message>
+            <source>The inputs end before the out point, at %1: so does the file</source>
+            <translation>Las entradas terminan antes del punto de salida, en %1: el archivo también</translation>
+        </message>
+        <message>
+            <source>There is no sound whose loudness could be changed</source>
+            <translation>No hay sonido cuya sonoridad se pueda cambiar</translation>
+        </message>
+        <message>
+            <source> left out: the file has no place for it</source>
+            <translation> se omite: el archivo no tiene lugar para ello</translation>
+        </message>
+        <message>
+            <source>The timeline's name is</source>
+            <translation>El nombre de la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>Each of the timeline's markers is</source>
+            <translation>Cada marcador de la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>The timeline's time code is</source>
+            <translation>El código de tiempo de la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>Subtitles that show nothing in the range are left out</source>
+            <translation>Los subtítulos que no muestran nada en el rango se omiten</translation>
+        </message>
+        <message>
+            <source>None of the inputs has a picture: what is shown is black</source>
+            <translation>Ninguna de las entradas tiene imagen: lo que se muestra es negro</translation>
+        </message>
+        <message>
+            <source>None of the inputs has sound: what is heard is silence</source>
+            <translation>Ninguna de las entradas tiene sonido: lo que se oye es silencio</translation>
+        </message>
+        <message>
+            <source>The folder of the finished file could not be brought to the disk</source>
+            <translation>No se pudo llevar al disco la carpeta del archivo terminado</translation>
+        </message>
+    </context>
 </TS>

@@ -1097,4 +1097,51 @@
             <translation>GIF、最大 240p、映像のみ</translation>
         </message>
     </context>
+    <context>
+        <name>ExportCore::ExportJob</name>
+        <message>
+            <source>The preset is %1, %2</source>
+            <translation>プリセットは %1、%2</translation>
+        </message>
+        <message>
+            <source>The inputs end before the out point, at %1: so does the file</source>
+            <translation>入力はアウト点より前の %1 で終わります。ファイルもそこで終わります</translation>
+        </message>
+        <message>
+            <source>There is no sound whose loudness could be changed</source>
+            <translation>ラウドネスを変更できる音声がありません</translation>
+        </message>
+        <message>
+            <source> left out: the file has no place for it</source>
+            <translation>省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>The timeline's name is</source>
+            <translation>タイムラインの名前は</translation>
+        </message>
+        <message>
+            <source>Each of the timeline's markers is</source>
+            <translation>タイムラインの各マーカーは</translation>
+        </message>
+        <message>
+            <source>The timeline's time code is</source>
+            <translation>タイムラインのタイムコードは</translation>
+        </message>
+        <message>
+            <source>Subtitles that show nothing in the range are left out</source>
+            <translation>範囲内に何も表示しない字幕は省略されます</translation>
+        </message>
+        <message>
+            <source>None of the inputs has a picture: what is shown is black</source>
+            <translation>どの入力にも映像がありません。黒が表示されます</translation>
+        </message>
+        <message>
+            <source>None of the inputs has sound: what is heard is silence</source>
+            <translation>どの入力にも音声がありません。無音になります</translation>
+        </message>
+        <message>
+            <source>The folder of the finished file could not be brought to the disk</source>
+            <translation>完成したファイルのフォルダーをディスクに書き込めませんでした</translation>
+        </message>
+    </context>
 </TS>

@@ -1097,4 +1097,51 @@
             <translation>GIF，最大 240p，仅画面</translation>
         </message>
     </context>
+    <context>
+        <name>ExportCore::ExportJob</name>
+        <message>
+            <source>The preset is %1, %2</source>
+            <translation>预设为 %1，%2</translation>
+        </message>
+        <message>
+            <source>The inputs end before the out point, at %1: so does the file</source>
+            <translation>输入在出点之前的 %1 处结束，文件也在此结束</translation>
+        </message>
+        <message>
+            <source>There is no sound whose loudness could be changed</source>
+            <translation>没有可以更改响度的声音</translation>
+        </message>
+        <message>
+            <source> left out: the file has no place for it</source>
+            <translation>被省略：文件中没有存放它的位置</translation>
+        </message>
+        <message>
+            <source>The timeline's name is</source>
+            <translation>时间线的名称</translation>
+        </message>
+        <message>
+            <source>Each of the timeline's markers is</source>
+            <translation>时间线的每个标记</translation>
+        </message>
+        <message>
+            <source>The timeline's time code is</source>
+            <translation>时间线的时间码</translation>
+        </message>
+        <message>
+            <source>Subtitles that show nothing in the range are left out</source>
+            <translation>在该范围内不显示任何内容的字幕被省略</translation>
+        </message>
+        <message>
+            <source>None of the inputs has a picture: what is shown is black</source>
+            <translation>所有输入都没有画面：显示黑色</translation>
+        </message>
+        <message>
+            <source>None of the inputs has sound: what is heard is silence</source>
+            <translation>所有输入都没有声音：播放为静音</translation>
+        </message>
+        <message>
+            <source>The folder of the finished file could not be brought to the disk</source>
+            <translation>无法将成品文件所在的文件夹写入磁盘</translation>
+        </message>
+    </context>
 </TS>

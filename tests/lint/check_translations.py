@@ -1,0 +1,113 @@
+#!/usr/bin/env python3
+"""Holds resources/translations against what is to be translated: every text of the window's sources, as lupdate finds them, and every
+name in the catalogue of presets has a translation in each language, with the same places for numbers and names, and no translation
+stands there for a text that is gone."""
+import json
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree
+
+LANGUAGES = ("de", "es", "ja", "zh")
+SOURCES = ("apps/dialog", "apps/ExportCore")
+PRESETS = "editorPresets"
+# Where several things of a number have the same form, Qt wants that one alone.
+FORMS = {"de": 2, "es": 2, "ja": 1, "zh": 1}
+PLACE = re.compile(r"%(?:\d+|n)")
+
+
+class Message:
+    def __init__(self, context, element):
+        comment = element.find("comment")
+        self.key = (context, element.find("source").text, comment.text if comment is not None else "")
+        self.counts = element.get("numerus") == "yes"
+        translation = element.find("translation")
+        if translation is None or translation.get("type"):
+            self.texts = []
+        elif self.counts:
+            self.texts = [form.text or "" for form in translation.findall("numerusform")]
+        else:
+            self.texts = [translation.text or ""]
+
+
+def messages_of(text):
+    root = xml.etree.ElementTree.fromstring(text)
+    return [Message(context.find("name").text, message)
+            for context in root.findall("context") for message in context.findall("message")]
+
+
+def names_in(catalogue):
+    names = {tag["name"] for tag in catalogue["tags"]}
+    for preset in catalogue["presets"]:
+        names |= {preset["id"], *preset.get("qualityModifiers", {})}
+    return names
+
+
+def faults_of(language, wanted, present):
+    """`wanted` are keys; what is wrong with the messages that are present."""
+    known = [message.key for message in present]
+    faults = [f"{language}: missing: {key}" for key in sorted(wanted - set(known))]
+    faults += [f"{language}: of no use any more: {key}" for key in sorted(set(known) - wanted)]
+    faults += [f"{language}: twice: {key}" for key in sorted({key for key in known if known.count(key) > 1})]
+    for message in present:
+        if len(message.texts) != (FORMS[language] if message.counts else 1) or not all(message.texts):
+            faults.append(f"{language}: not translated: {message.key}")
+        # "One second" needs no number.
+        places = set(PLACE.findall(message.key[1])) - ({"%n"} if message.counts else set())
+        for text in message.texts:
+            if set(PLACE.findall(text)) - ({"%n"} if message.counts else set()) != places:
+                faults.append(f"{language}: other places than in {message.key}: {text}")
+    return faults
+
+
+def texts_of(top, lupdate):
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder) / "found.ts"
+        # What it says of the sources' newer C++ leaves out none of the texts; a comparison would show it.
+        subprocess.run([lupdate, "-silent", "-locations", "none", "-I", top / "apps", *(top / folder for folder in SOURCES),
+                        "-ts", file], check=True, stderr=subprocess.DEVNULL)
+        return {message.key for message in messages_of(file.read_text())}
+
+
+def self_test():
+    def present(body, counts=""):
+        return messages_of(f"<TS><context><name>C</name><message{counts}>{body}</message></context></TS>")
+
+    good = present("<source>%1 of %2</source><translation>%2: %1</translation>")
+    key = ("C", "%1 of %2", "")
+    assert faults_of("de", {key}, good) == []
+    assert len(faults_of("de", {key, ("C", "new", "")}, good)) == 1
+    assert len(faults_of("de", set(), good)) == 1
+    assert len(faults_of("de", {key}, good + good)) == 1
+    assert len(faults_of("de", {key}, present("<source>%1 of %2</source><translation>%1</translation>"))) == 1
+    assert len(faults_of("de", {key}, present('<source>%1 of %2</source><translation type="unfinished"/>'))) == 1
+    many = present("<source>%n</source><translation><numerusform>eins</numerusform></translation>", ' numerus="yes"')
+    assert len(faults_of("de", {("C", "%n", "")}, many)) == 1
+    assert faults_of("ja", {("C", "%n", "")}, many) == []
+    catalogue = {"tags": [{"name": "web"}], "presets": [{"id": "a", "qualityModifiers": {"high": {}}}, {"id": "b"}]}
+    assert names_in(catalogue) == {"web", "a", "b", "high"}
+
+
+def main():
+    if sys.argv[1:] == ["--self-test"]:
+        self_test()
+        return 0
+    top, lupdate = pathlib.Path(sys.argv[1]), sys.argv[2]
+    texts = texts_of(top, lupdate)
+    names = names_in(json.loads((top / "resources/presets/catalogue.json").read_text()))
+    if len(texts) < 100 or len(names) < 10:
+        print(f"only {len(texts)} texts and {len(names)} names were found")
+        return 1
+    wanted = texts | {(PRESETS, name, "") for name in names}
+    faults = []
+    for language in LANGUAGES:
+        file = top / f"resources/translations/editor-export_{language}.ts"
+        faults += faults_of(language, wanted, messages_of(file.read_text()))
+    print("\n".join(faults) or f"{len(wanted)} texts in {len(LANGUAGES)} languages")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
