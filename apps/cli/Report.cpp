@@ -7,6 +7,7 @@
 #include "cli/ExitCode.h"
 #include "cli/JobRunner.h"
 #include "cli/JsonText.h"
+#include "cli/SamePlace.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -80,7 +81,7 @@ Report::Report(const Options& options)
     const QFileInfo file(text(options.report));
     const std::string name = '"' + options.report + '"';
     if (ExportCore::RequestCheck::isInput(path, JobRunner::requestOf(options).inputs) ||
-        options.report == options.output)
+        isSamePlace(options.report, options.output))
         KESTRA_THROW(
             ExportCore::Refusal("Cannot write the report " + name + ": it is the output or one of the inputs"));
     struct stat state = {};

@@ -16,6 +16,7 @@
 #include "cli/Options.h"
 #include "cli/PresetFiles.h"
 #include "cli/RenderCommand.h"
+#include "cli/SamePlace.h"
 #include "cli/SignalStop.h"
 #include "cli/TimelineCommands.h"
 #include "cli/VersionCommand.h"
@@ -146,10 +147,13 @@ void keepLog(const Cli::Options& options) {
         return;
     const auto inputs = Cli::JobRunner::requestOf(options).inputs;
     const bool isOther = ExportCore::RequestCheck::isInput(QByteArray::fromStdString(options.log), inputs) ||
-                         options.log == options.output || options.log == options.queueFile;
+                         Cli::isSamePlace(options.log, options.output) ||
+                         Cli::isSamePlace(options.log, options.queueFile) ||
+                         Cli::isSamePlace(options.log, options.report);
     if (isOther || !Cli::ErrorOutput::keepIn(options.log))
-        KESTRA_THROW(ExportCore::Refusal("Cannot keep the log in \"" + options.log + "\": " +
-                                         (isOther ? "it is the output or one of the inputs" : std::strerror(errno))));
+        KESTRA_THROW(ExportCore::Refusal(
+            "Cannot keep the log in \"" + options.log +
+            "\": " + (isOther ? "it is the output, the report or one of the inputs" : std::strerror(errno))));
 }
 
 /// What is written past everybody is caught while the result exists.

@@ -143,8 +143,25 @@ TEST_F(Reports, AreNeverOneOfTheInputsNorTheOutput) {
         EXPECT_EQ(render({"--log", path, "-y"}).code, 2) << path;
     }
     EXPECT_EQ(TestFiles::read(clip), before);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(output)));
     EXPECT_EQ(render({"--report", place / "no/report.json"}).code, 2);
     EXPECT_EQ(render({"--log", place / "no/log"}).code, 2);
+}
+
+TEST_F(Reports, AreNotTheOutputUnderAnotherNameEither) {
+    const std::string link = place / "link.json";
+    ASSERT_TRUE(QFile::link(QString::fromStdString(output), QString::fromStdString(link)));
+    const std::string around = place / "./film.mp4";
+    for (const bool isThere : {false, true}) {
+        if (isThere)
+            TestFiles::write(output, "a film");
+        for (const std::string& path : {link, around}) {
+            EXPECT_EQ(render({"--report", path, "-y"}).code, 2) << path;
+            EXPECT_EQ(render({"--log", path, "-y"}).code, 2) << path;
+        }
+        EXPECT_EQ(QFile::exists(QString::fromStdString(output)), isThere);
+    }
+    EXPECT_EQ(TestFiles::read(output), "a film");
 }
 
 TEST_F(Reports, AreToldWhereTheyCannotBeWritten) {

@@ -1,4 +1,6 @@
 // Pictures of one colour in another, held against the standards' formulas.
+#include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Picture/ColourConverter.h"
 #include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "unit/filters/ColourReference.h"
@@ -6,6 +8,10 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <vector>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
 
 namespace Kestra::FF {
 namespace {
@@ -265,6 +271,67 @@ TEST(Colours, FieldsAreNotMixed) {
         for (int plane = 0; plane < 3; ++plane)
             EXPECT_NEAR(get(*result, plane, 16, line), expected[static_cast<std::size_t>(plane)], 1.01)
                 << line << " " << plane;
+    }
+}
+
+/// Of every colour, so that each row of chroma has another one above and below.
+FrameHandle noise(AVPixelFormat format, int width, int height, const ColourInfo& colour) {
+    FramePool pool;
+    FrameHandle picture = pool.Get(format, width, height);
+    const int deepest = (1 << av_pix_fmt_desc_get(format)->comp[0].depth) - 1;
+    std::uint32_t state = 1;
+    for (int plane = 0; plane < 3; ++plane)
+        for (int y = 0; y < (plane > 0 ? height / 2 : height); ++y)
+            for (int x = 0; x < (plane > 0 ? width / 2 : width); ++x)
+                put(*picture, plane, x, y, (state = state * 1664525 + 1013904223) >> 16 & deepest);
+    SetColour(*picture, colour);
+    picture->sample_aspect_ratio = {1, 1};
+    return picture;
+}
+
+::testing::AssertionResult areSame(const AVFrame& a, const AVFrame& b) {
+    for (int plane = 0; plane < 3; ++plane)
+        for (int y = 0; y < (plane > 0 ? a.height / 2 : a.height); ++y)
+            for (int x = 0; x < (plane > 0 ? a.width / 2 : a.width); ++x)
+                if (get(a, plane, x, y) != get(b, plane, x, y))
+                    return ::testing::AssertionFailure() << "plane " << plane << ", " << x << ", " << y;
+    return ::testing::AssertionSuccess();
+}
+
+TEST(Colours, AreTheSameOnAnyNumberOfThreads) {
+    for (const bool interlaced : {false, true}) {
+        const FrameHandle picture = noise(AV_PIX_FMT_YUV420P10, 320, 212, PQ);
+        picture->interlaced_frame = interlaced ? 1 : 0;
+        const FrameHandle one = ColourConverter(1).Convert(*picture, {PQ, BT709}, AV_PIX_FMT_YUV420P);
+        for (const int threads : {2, 3, 8, 40})
+            EXPECT_TRUE(areSame(*one, *ColourConverter(threads).Convert(*picture, {PQ, BT709}, AV_PIX_FMT_YUV420P)))
+                << threads;
+    }
+}
+
+// To both ends of what a component can hold, a tenth beyond black and white of RGB.
+TEST(Colours, OfWhatRgbCannotHoldComeOutWithinOneCodeValueHoweverTheyAreComputed) {
+    std::vector<Code> codes;
+    for (double luma = 16; luma <= 235; luma += 219.0 / 8)
+        for (double blue = -0.5; blue <= 0.5; blue += 0.125)
+            for (double red = -0.5; red <= 0.5; red += 0.125) {
+                const double light = (luma - 16) / 219;
+                const double r = light + 1.5748 * red;
+                const double b = light + 1.8556 * blue;
+                const double g = (light - 0.2126 * r - 0.0722 * b) / 0.7152;
+                if (std::min({r, g, b}) > -0.1 && std::max({r, g, b}) < 1.1)
+                    codes.push_back({std::round(luma), std::round(128 + 224 * blue), std::round(128 + 224 * red)});
+            }
+    ASSERT_GT(codes.size(), 100U);
+    const FrameHandle source = bars(codes, AV_PIX_FMT_YUV444P, BT709);
+    for (const Named& to : STANDARDS) {
+        const FrameHandle result = converted(*source, AV_PIX_FMT_YUV444P, to.colour);
+        for (std::size_t bar = 0; bar < codes.size(); ++bar) {
+            Code wanted = ColourReference::convert(codes[bar], 8, BT709, 8, to.colour);
+            for (double& code : wanted)
+                code = std::clamp(code, 0.0, 255.0);
+            expectNear(middleOf(*result, bar), wanted, 1.01, std::string(to.name) + ", bar " + std::to_string(bar));
+        }
     }
 }
 

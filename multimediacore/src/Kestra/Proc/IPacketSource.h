@@ -23,7 +23,7 @@ public:
     /// carry a trim (FLAC) begins and ends its packets on these times; every other may ignore it.
     virtual void AlignTo(std::int64_t start, std::int64_t end) = 0;
     /// Tells a maker of packets, before Prepare(), that others are at work at the same time: what would run beside
-    /// itself to be faster keeps to the thread that reads it. The packets are the same.
+    /// itself to be faster keeps to the thread that reads it, and may do so in a better way.
     virtual void RunBesideOthers() {}
     virtual void Interrupt() = 0;
     virtual void Reset() = 0;

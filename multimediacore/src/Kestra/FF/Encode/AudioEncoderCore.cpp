@@ -10,7 +10,6 @@
 #include "Kestra/FF/Data/DataRawFF.h"
 #include "Kestra/FF/Encode/ChunkEncoder.h"
 #include "Kestra/FF/Encode/ChunkedLoop.h"
-#include "Kestra/FF/Encode/ChunksInLine.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/PacketBursts.h"
@@ -143,7 +142,8 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::Open() {
     SkipToFirst();
     chain = new SampleBatches(chain, total < 0 ? INT64_MAX : total - queue.GetCount());
     chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
-    const auto rule = CountWorkers() > 0 ? Driver().ChunksOf(context) : std::nullopt;
+    const bool alone = !besideOthers && CountWorkers() > 0;
+    const auto rule = alone ? Driver().ChunksOf(context) : std::nullopt;
     return rule ? InChunks(std::move(opened), *rule, open) : std::make_unique<PacketBursts>(std::move(opened));
 }
 
@@ -151,8 +151,6 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::InChunks(std::unique_ptr<IEncode
                                                          ChunkEncoder::OpenOne open) {
     const std::shared_ptr<PacketJoiner> joiner = Driver().MakeJoiner(model->GetContext());
     const auto encoder = std::make_shared<ChunkEncoder>(std::move(open), rule.reusable, model->GetContext(), joiner);
-    if (besideOthers)
-        return std::make_unique<ChunksInLine>(std::move(model), rule, joiner, encoder);
     const int threads = CountWorkers();
     workers->Start(
         [encoder](const EncoderChunk& chunk, const auto& cancelled) { return encoder->Encode(chunk, cancelled); },

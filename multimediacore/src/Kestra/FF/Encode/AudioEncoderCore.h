@@ -14,8 +14,9 @@ namespace Kestra::FF {
 /// Packets for round(duration x rate) samples. The first sample has time 0; what the codec puts before it has negative
 /// times, what it adds after the last is trimmed off the last packet.
 ///
-/// Where the codec permits, parts of the sound are encoded at a time, on as many threads as there are processors, or
-/// one after the other beside other tracks, whose encoders keep the processors busy; the packets do not depend on it.
+/// Where the codec permits, parts of sound that is alone are encoded at a time, on as many threads as there are
+/// processors; the packets do not depend on how many. Beside other tracks, whose encoders keep the processors busy, one
+/// encoder makes them all, without the seams of parts.
 class AudioEncoderCore final : public EncoderCore {
 public:
     /// Int64, in the description: so many threads instead; 0: all by one encoder. For tests.

@@ -27,50 +27,34 @@ ChunkEncoder::ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& mo
     , frameSize(model.frame_size)
     , joiner(std::move(joiner)) {}
 
-ChunkEncoder::Run::Run(ChunkEncoder& encoder, std::int64_t first)
-    : encoder(encoder)
-    , first(first)
-    , loop(encoder.TakeOne(first != INT64_MIN)) {}
-
-void ChunkEncoder::Run::Send(const AVFrame* frame) {
-    loop->Send(frame);
-    PacketHandle packet;
-    while (loop->Receive(packet) == IEncoderLoop::Step::Packet) {
-        if (packet->pts < first)
-            continue;
-        encoder.joiner->Place(packet, encoder.NumberOf(packet->pts));
-        packets.push_back(std::move(packet));
-    }
-}
-
-PacketHandle ChunkEncoder::Run::Take(std::int64_t end) {
-    if (packets.empty() || packets.front()->pts >= end)
-        return nullptr;
-    PacketHandle packet = std::move(packets.front());
-    packets.pop_front();
-    ++taken;
-    return packet;
-}
-
-Packets ChunkEncoder::Run::Finish(std::int64_t end) {
-    while (!packets.empty() && packets.back()->pts >= end)
-        packets.pop_back();
-    encoder.RequireAll(first, end, taken + static_cast<std::int64_t>(packets.size()));
-    if (encoder.reusable && end != INT64_MAX)
-        encoder.KeepOne(std::move(loop));
-    return std::move(packets);
-}
-
 Packets ChunkEncoder::Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled) {
-    Run run(*this, chunk.first);
+    std::unique_ptr<IEncoderLoop> loop = TakeOne(chunk.first != INT64_MIN);
+    Packets packets;
     for (const auto& frame : chunk.frames) {
         if (cancelled)
             KESTRA_THROW(Proc::Interrupted());
-        run.Send(frame.get());
+        loop->Send(frame.get());
+        Collect(*loop, chunk, packets);
     }
-    if (chunk.end == INT64_MAX)
-        run.Send(nullptr);
-    return run.Finish(chunk.end);
+    const bool last = chunk.end == INT64_MAX;
+    if (last) {
+        loop->Send(nullptr);
+        Collect(*loop, chunk, packets);
+    }
+    RequireAll(chunk.first, chunk.end, static_cast<std::int64_t>(packets.size()));
+    if (reusable && !last)
+        KeepOne(std::move(loop));
+    return packets;
+}
+
+void ChunkEncoder::Collect(IEncoderLoop& loop, const EncoderChunk& chunk, Packets& packets) const {
+    PacketHandle packet;
+    while (loop.Receive(packet) == IEncoderLoop::Step::Packet) {
+        if (packet->pts < chunk.first || packet->pts >= chunk.end)
+            continue;
+        joiner->Place(packet, NumberOf(packet->pts));
+        packets.push_back(std::move(packet));
+    }
 }
 
 std::unique_ptr<IEncoderLoop> ChunkEncoder::TakeOne(bool inside) {

@@ -22,32 +22,11 @@ public:
     /// `model` is one of them; it is only looked at. Reusable encoders are kept for chunks to come.
     ChunkEncoder(OpenOne open, bool reusable, const AVCodecContext& model, std::shared_ptr<const PacketJoiner> joiner);
 
-    /// A chunk frame by frame. The encoder outlives it.
-    class Run {
-    public:
-        /// `first`: as in EncoderChunk.
-        Run(ChunkEncoder& encoder, std::int64_t first);
-
-        /// Null ends the stream with this chunk. Throws ProcException (EncodeFailed).
-        void Send(const AVFrame* frame);
-        /// The next of its packets with a pts before `end`; null when none has come yet.
-        PacketHandle Take(std::int64_t end);
-        /// No more frames of a chunk that ends there; the rest of its packets. Throws ProcException (EncodeFailed) for
-        /// one that lacks some.
-        EncoderChunk::Packets Finish(std::int64_t end);
-
-    private:
-        ChunkEncoder& encoder;
-        const std::int64_t first;
-        std::unique_ptr<IEncoderLoop> loop;
-        EncoderChunk::Packets packets;
-        std::int64_t taken = 0;
-    };
-
     /// Throws ProcException (EncodeFailed), and Interrupted soon after `cancelled` has become true.
     EncoderChunk::Packets Encode(const EncoderChunk& chunk, const std::atomic<bool>& cancelled);
 
 private:
+    void Collect(IEncoderLoop& loop, const EncoderChunk& chunk, EncoderChunk::Packets& packets) const;
     std::unique_ptr<IEncoderLoop> TakeOne(bool inside);
     void KeepOne(std::unique_ptr<IEncoderLoop> loop);
     void RequireSameHeader(const AVCodecContext& context) const;

@@ -95,12 +95,13 @@ void ChunkWorkers::Shared::Work(const Encode& encode, std::int64_t start) {
 
 std::shared_ptr<ChunkWorkers::Job> ChunkWorkers::Shared::Next(std::int64_t start) {
     std::unique_lock<std::mutex> lock(mutex);
-    if (start != resets)
+    const auto left = [&] { return cancelled || start != resets; };
+    if (left())
         return nullptr;
     ++idle;
-    waitingOrCancelled.wait(lock, [this] { return cancelled || !waiting.empty(); });
+    waitingOrCancelled.wait(lock, [&] { return left() || !waiting.empty(); });
     --idle;
-    if (cancelled)
+    if (left())
         return nullptr;
     auto job = std::move(waiting.front());
     waiting.pop_front();

@@ -5,6 +5,7 @@
 #include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Picture/FrameGeometry.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
+#include "Kestra/FF/Picture/PlanarColours.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -116,17 +117,36 @@ std::string ChainFor(const ColourChange& change, AVPixelFormat format, double pe
                            change.after.transfer == AVCOL_TRC_ARIB_STD_B67 && peak > HLG_PEAK;
     if (tooBright)
         return ToneMapping(change, HLG_PEAK, peak, HasAlpha(format)) + Encoding(change.after, HLG_PEAK) + end;
-    // The quicker way clips, on some processors, what RGB of the new primaries cannot hold and YUV can.
+    // The quicker way clips, on processors with AVX-512, what RGB of the new primaries cannot hold and YUV can.
     return Encoding(change.after, REFERENCE_WHITE) + EXACT + made;
 }
 
-int ThreadsFor(const AVFrame& frame) {
+ColourChange InClasses(ColourChange change) {
+    for (ColourInfo* const colour : {&change.before, &change.after}) {
+        colour->transfer = TransferClass(colour->transfer);
+        colour->primaries = PrimariesClass(colour->primaries);
+    }
+    return change;
+}
+
+} // namespace
+
+ColourConverter::ColourConverter()
+    : ColourConverter(0) {}
+
+ColourConverter::ColourConverter(int threads)
+    : threads(threads)
+    , planar(std::make_unique<PlanarColours>()) {}
+
+ColourConverter::~ColourConverter() = default;
+
+int ColourConverter::ThreadsFor(const AVFrame& frame) const {
+    if (threads > 0)
+        return threads;
     if (frame.width * frame.height < LARGE_FRAME)
         return 1;
     return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 1, MOST_THREADS);
 }
-
-} // namespace
 
 int MatrixClass(int matrix) noexcept {
     return matrix == AVCOL_SPC_BT470BG ? static_cast<int>(AVCOL_SPC_SMPTE170M) : matrix;
@@ -181,18 +201,21 @@ double ColourConverter::PeakOf(const AVFrame& frame, int transfer) {
 }
 
 FrameHandle ColourConverter::Run(const AVFrame& frame, const ColourChange& change, AVPixelFormat format) {
+    const ColourChange shown = InClasses(change);
+    if (!IsHighRange(shown.before.transfer) && !IsHighRange(shown.after.transfer))
+        if (FrameHandle result = planar->Convert(frame, shown, format))
+            return result;
     const std::string wanted = ChainFor(change, format, PeakOf(frame, change.before.transfer));
-    if (!graph || chain != wanted) {
+    const int count = ThreadsFor(frame);
+    if (!filter || chain != wanted || bands != count) {
         chain = wanted;
-        graph.emplace(wanted, WHAT, ThreadsFor(frame));
+        bands = count;
+        filter.emplace(wanted, WHAT, count);
     }
     const FrameHandle tagged = MakeFrameReference(frame);
-    ColourInfo before = change.before;
-    before.transfer = TransferClass(before.transfer);
-    before.primaries = PrimariesClass(before.primaries);
-    SetColour(*tagged, before);
+    SetColour(*tagged, shown.before);
     SetHoldsFields(*tagged, false);
-    return graph->Filter(*tagged);
+    return filter->Filter(*tagged);
 }
 
 // The rows of the two fields show two instants: their chroma must not be mixed.

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "Kestra/Conf/PixelFormat.h"
-#include "Kestra/FF/Av/FilterGraph.h"
 #include "Kestra/FF/Av/FramePool.h"
+#include "Kestra/FF/Picture/BandedFilter.h"
+#include <memory>
 #include <optional>
+#include <string>
 
 namespace Kestra::FF {
 
@@ -16,6 +18,8 @@ struct ColourChange {
     Conf::ColourInfo before;
     Conf::ColourInfo after;
 };
+
+class PlanarColours;
 
 /// One number for BT.470BG and SMPTE 170M, which are two names of one matrix.
 int MatrixClass(int matrix) noexcept;
@@ -29,6 +33,12 @@ int MatrixClass(int matrix) noexcept;
 /// metadata (PeakOf). PQ brighter than HLG can show is brought into it by the same curve.
 class ColourConverter {
 public:
+    /// Large frames are worked on by as many threads as half of the processors, eight at most.
+    ColourConverter();
+    /// For tests: so many threads, whatever the frame.
+    explicit ColourConverter(int threads);
+    ~ColourConverter();
+
     /// Whether more has to be done than libswscale does well: it knows neither primaries nor transfers, and on the way
     /// from one matrix to another it clips what is whiter than white. BT.601, BT.709, BT.2020 and sRGB name one
     /// transfer here.
@@ -49,8 +59,13 @@ private:
     FrameHandle Run(const AVFrame& frame, const ColourChange& change, AVPixelFormat format);
     FrameHandle ConvertFields(const AVFrame& frame, const ColourChange& change, AVPixelFormat format);
 
-    std::string chain; ///< of the graph
-    std::optional<FilterGraph> graph;
+    int ThreadsFor(const AVFrame& frame) const;
+
+    const int threads; ///< 0: by the frame
+    const std::unique_ptr<PlanarColours> planar;
+    std::string chain; ///< of the filter, with its number of bands
+    int bands = 0;
+    std::optional<BandedFilter> filter;
     FramePool woven;
 };
 
