@@ -11,7 +11,8 @@ namespace Kestra::FF {
 
 namespace {
 
-constexpr int DEEPEST = 10;
+/// Of ten bits, single values of a hundred thousand are some steps off.
+constexpr int DEEPEST = 8;
 const char* const WHAT = "Converting the colours of a picture failed";
 
 ZimgGraph::Side SideOf(const AVFrame& frame, AVChromaLocation location, const Conf::ColourInfo& colour) {
