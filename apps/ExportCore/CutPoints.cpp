@@ -18,7 +18,7 @@ void requireOrder(const CutPoints& cut) {
         KESTRA_THROW(Refusal("The in point " + TimeText::format(start) + " lies before the start"));
     if (cut.out && *cut.out <= start)
         KESTRA_THROW(Refusal("The out point " + TimeText::format(*cut.out) + " does not lie after the in point " +
-                             TimeText::format(start)));
+                             TimeText::format(start) + (cut.in ? "; a duration counts from the in point" : "")));
 }
 
 } // namespace

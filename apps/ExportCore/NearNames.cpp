@@ -59,12 +59,17 @@ std::string NearNames::question(const std::string& wanted, const std::vector<std
 
 void NearNames::refuseUnknown(const char* what, const std::string& name, const std::vector<std::string>& known,
                               Kestra::SourcePlace place) {
-    Kestra::ThrowFrom(Refusal(std::string("There is no ") + what + " \"" + name + '"' + question(name, known)), place);
+    const std::string asked = question(name, known);
+    Kestra::ThrowFrom(Refusal(std::string("There is no ") + what + " \"" + name + '"' +
+                              (asked.empty() ? "; there are " + NameList::joined(known, " and ") : asked)),
+                      place);
 }
 
 void NearNames::refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
                                     const std::vector<std::string>& tags, Kestra::SourcePlace place) {
     const std::vector<std::string> near = find(name, tags, 1);
+    if (near.empty() && find(name, known).empty())
+        Kestra::ThrowFrom(Refusal("There is no preset \"" + name + "\"; presets lists those there are"), place);
     if (near.empty() || !find(name, known).empty())
         refuseUnknown("preset", name, known, place);
     Kestra::ThrowFrom(Refusal("There is no preset \"" + name + "\"; presets --tag " + near.front() +

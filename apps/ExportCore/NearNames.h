@@ -20,11 +20,12 @@ struct EXPORTCORE_EXPORT NearNames {
     /// "; did you mean a, b or c?" with those names; empty when none is near.
     static std::string question(const std::string& wanted, const std::vector<std::string>& known);
 
-    /// Throws Refusal: There is no `what` "name", with that question.
+    /// Throws Refusal: There is no `what` "name", with that question, or with all names where none is near.
     [[noreturn]] static void refuseUnknown(const char* what, const std::string& name,
                                            const std::vector<std::string>& known,
                                            Kestra::SourcePlace place = Kestra::SourcePlace::Here());
-    /// The same of a preset. Where no other is near, but one of the tags that presets are listed by, it is proposed.
+    /// The same of a preset, but for all names, which are many. Where no other is near, but one of the tags that
+    /// presets are listed by, it is proposed.
     [[noreturn]] static void refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
                                                  const std::vector<std::string>& tags,
                                                  Kestra::SourcePlace place = Kestra::SourcePlace::Here());

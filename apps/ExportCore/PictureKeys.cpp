@@ -2,9 +2,11 @@
 #include "ExportCore/SettingKey.h"
 
 #include "Export/PresetProvider.h"
+#include "ExportCore/OtherPresets.h"
 #include "ExportCore/SettingText.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/Conf/StandardRates.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <QString>
 #include <algorithm>
@@ -15,6 +17,8 @@ namespace {
 
 using Kestra::ClientAPI::CodecLimits;
 using Kestra::Conf::CodecIDToString;
+
+using Rate = boost::rational<long long>;
 
 constexpr int LARGEST_SIDE = 16384;
 constexpr int HIGHEST_FRAME_RATE = 300;
@@ -33,7 +37,8 @@ int sideOf(const std::string& text, const SettingEntry& entry) {
     if (*side > LARGEST_SIDE)
         entry.refuse("no side is longer than " + std::to_string(LARGEST_SIDE) + " pixels");
     if (*side % 2 != 0)
-        entry.refuse(std::to_string(*side) + " is odd, and encoders need even sides");
+        entry.refuse(std::to_string(*side) + " is odd, and encoders need even sides, as " + std::to_string(*side - 1) +
+                     " or " + std::to_string(*side + 1));
     return static_cast<int>(*side);
 }
 
@@ -53,34 +58,43 @@ void readHeight(const SettingEntry& entry, PresetSettings& settings) {
     settings.height = sideOf(entry.value, entry);
 }
 
-[[noreturn]] void refuseTooLarge(const std::string& what, const Preset& preset) {
-    SettingKey::refuse(what, quoted(preset) + " is for pictures up to " + std::to_string(preset.maxWidth()) + 'x' +
-                                 std::to_string(preset.maxHeight()));
+std::string sizeText(int width, int height) {
+    return std::to_string(width) + 'x' + std::to_string(height);
 }
 
-void requireSide(int side, int limit, const char* name, const Preset& preset) {
+/// And what takes such a picture.
+std::string limitsOf(const Preset& preset, int width, int height) {
+    return quoted(preset) + " is for pictures up to " + sizeText(preset.maxWidth(), preset.maxHeight()) +
+           OtherPresets::holding(preset, width, height);
+}
+
+/// The limits hold for pictures that lie and for those that stand.
+bool isInside(double width, double height, const Preset& preset) {
+    const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
+    return std::min(width, height) <= shorter && std::max(width, height) <= longer;
+}
+
+/// As far as one side tells; the other one may be open.
+void requireSide(int side, const char* name, const PresetSettings& settings, const Preset& preset) {
     const int smallest = CodecLimits::SmallestSide(preset.videoCodec());
     const std::string what = "a " + std::string(name) + " of " + std::to_string(side);
-    if (side > limit)
-        refuseTooLarge(what, preset);
+    if (!isInside(side, 1, preset))
+        SettingKey::refuse(what, limitsOf(preset, settings.width.value_or(1), settings.height.value_or(1)));
     if (side < smallest)
         SettingKey::refuse(what, std::string(CodecIDToString(preset.videoCodec())) + " takes no side below " +
                                      std::to_string(smallest));
 }
 
-/// The limits hold for pictures that lie and for those that stand.
 void requireInside(int width, int height, const Preset& preset) {
-    const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
-    if (std::min(width, height) > shorter || std::max(width, height) > longer)
-        refuseTooLarge("a size of " + std::to_string(width) + 'x' + std::to_string(height), preset);
+    if (!isInside(width, height, preset))
+        SettingKey::refuse("a size of " + sizeText(width, height), limitsOf(preset, width, height));
 }
 
 void requireSize(const PresetSettings& settings, const Preset& preset) {
-    const int longest = std::max(preset.maxWidth(), preset.maxHeight());
     if (settings.width)
-        requireSide(*settings.width, longest, "width", preset);
+        requireSide(*settings.width, "width", settings, preset);
     if (settings.height)
-        requireSide(*settings.height, longest, "height", preset);
+        requireSide(*settings.height, "height", settings, preset);
     if (settings.width && settings.height)
         requireInside(*settings.width, *settings.height, preset);
 }
@@ -91,25 +105,27 @@ double shapeOf(const Media::Video& video) {
     return double(std::max(video.width, 1U)) / std::max(video.height, 1U);
 }
 
-/// The side that goes with the other one, which alone was asked for.
-int otherSide(double length, int limit, const char* asked, const char* other) {
-    const double even = std::max(2.0, 2.0 * std::round(length / 2.0));
-    if (even > limit)
+/// The side that goes with `given`, which alone was asked for.
+int otherSide(double length, int given, const char* asked, const char* other, const Preset& preset) {
+    constexpr double LONGEST = 1.0e9; // of any shape
+    const int even = 2 * static_cast<int>(std::round(std::clamp(length, 2.0, LONGEST) / 2.0));
+    if (!isInside(even, given, preset))
         SettingKey::refuse(asked, std::string("the ") + other + " of the source's shape would be " +
-                                      std::to_string(std::llround(even)) + ", and the preset goes up to " +
-                                      std::to_string(limit));
-    return static_cast<int>(even);
+                                      std::to_string(even) + ", and " + limitsOf(preset, even, given));
+    return even;
 }
 
 void editSize(const PresetSettings& settings, const Media::Video& video, Preset& preset) {
     const double shape = shapeOf(video);
-    const int width =
-        settings.width ? *settings.width : otherSide(*settings.height * shape, preset.maxWidth(), "height", "width");
-    const int height =
-        settings.height ? *settings.height : otherSide(*settings.width / shape, preset.maxHeight(), "width", "height");
-    if (std::min(width, height) < CodecLimits::SmallestSide(preset.videoCodec()))
-        SettingKey::refuse("width or height", std::to_string(width) + 'x' + std::to_string(height) +
-                                                  " is too small for " + CodecIDToString(preset.videoCodec()));
+    const int width = settings.width ? *settings.width
+                                     : otherSide(*settings.height * shape, *settings.height, "height", "width", preset);
+    const int height = settings.height ? *settings.height
+                                       : otherSide(*settings.width / shape, *settings.width, "width", "height", preset);
+    const int smallest = CodecLimits::SmallestSide(preset.videoCodec());
+    if (std::min(width, height) < smallest)
+        SettingKey::refuse("width or height", sizeText(width, height) + " is too small for " +
+                                                  CodecIDToString(preset.videoCodec()) +
+                                                  ", which takes no side below " + std::to_string(smallest));
     requireInside(width, height, preset);
     preset.setWidth(width);
     preset.setHeight(height);
@@ -129,12 +145,36 @@ void readFrameRate(const SettingEntry& entry, PresetSettings& settings) {
     settings.frameRate = *rate;
 }
 
+std::string rateText(const Rate& rate) {
+    const std::string above = std::to_string(rate.numerator());
+    return rate.denominator() == 1 ? above : above + '/' + std::to_string(rate.denominator());
+}
+
+/// The usual ones, whole numbers, and periods of whole hundredths of a second.
+std::vector<Rate> commonRates() {
+    std::vector<Rate> rates = Kestra::Conf::StandardRates();
+    for (int n = 1; n <= HIGHEST_FRAME_RATE; ++n) {
+        rates.emplace_back(n);
+        rates.emplace_back(100, n);
+    }
+    return rates;
+}
+
+/// How a refusal ends that names it.
+std::string nearestRate(Kestra::Conf::CodecID codec, const Rate& rate) {
+    std::vector<Rate> rates = commonRates();
+    const auto isRefused = [codec](const Rate& one) { return !CodecLimits::TakesFrameRate(codec, one); };
+    rates.erase(std::remove_if(rates.begin(), rates.end(), isRefused), rates.end());
+    const auto isNearer = [&rate](const Rate& a, const Rate& b) { return abs(a - rate) < abs(b - rate); };
+    const auto nearest = std::min_element(rates.begin(), rates.end(), isNearer);
+    return nearest == rates.end() ? std::string() : "; the nearest that it takes is " + rateText(*nearest);
+}
+
 void requireFrameRate(const PresetSettings& settings, const Preset& preset) {
-    const boost::rational<long long>& rate = *settings.frameRate;
+    const Rate& rate = *settings.frameRate;
     if (rate != 0 && !CodecLimits::TakesFrameRate(preset.videoCodec(), rate))
         SettingKey::refuse("frame-rate", std::string(CodecIDToString(preset.videoCodec())) + " does not take " +
-                                             std::to_string(rate.numerator()) + '/' +
-                                             std::to_string(rate.denominator()));
+                                             rateText(rate) + nearestRate(preset.videoCodec(), rate));
 }
 
 void editFrameRate(const PresetSettings& settings, const Media::Video&, Preset& preset) {
@@ -146,7 +186,7 @@ void readBitrate(const SettingEntry& entry, PresetSettings& settings) {
 }
 
 void requireBitrate(const PresetSettings&, const Preset& preset) {
-    SettingKey::requireBitrate("bitrate", preset.videoCodec());
+    SettingKey::requireBitrate("bitrate", preset, true);
 }
 
 void editBitrate(const PresetSettings& settings, const Media::Video&, Preset& preset) {
@@ -168,7 +208,7 @@ void requireBitrateInside(const PresetSettings& settings, const Export::PresetPr
 void readQuality(const SettingEntry& entry, PresetSettings& settings) {
     const auto quality = SettingText::decimal(entry.value);
     if (!quality)
-        entry.refuse("write a number on the codec's own scale, as 23");
+        entry.refuse("write a number on the codec's own scale, as 23 (--quality takes a preset's names)");
     if (*quality <= 0 || *quality > HIGHEST_QUALITY)
         entry.refuse("no codec's scale holds it");
     settings.quality = *quality;
@@ -180,9 +220,10 @@ void requireQuality(const PresetSettings& settings, const Preset& preset) {
     const std::string codec = CodecIDToString(preset.videoCodec());
     const std::string what = "quality to " + QString::number(quality).toStdString();
     if (range.worst == 0)
-        SettingKey::refuse("quality", codec + " has no scale of qualities");
+        SettingKey::refuse("quality", codec + " has no scale of qualities" + OtherPresets::qualitiesOf(preset));
     if (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality)
-        SettingKey::refuse("quality", quoted(preset) + " encodes in two passes, which aim at a bitrate");
+        SettingKey::refuse("quality", quoted(preset) + " encodes in two passes, which aim at a bitrate" +
+                                          OtherPresets::encodingIn(1, preset));
     if (quality < range.best || quality > range.worst)
         SettingKey::refuse(what, codec + " takes " + std::to_string(range.best) + " to " + std::to_string(range.worst));
     if (!range.fractions && std::trunc(quality) != quality)
@@ -202,7 +243,7 @@ void readFirstPass(const SettingEntry& entry, PresetSettings& settings) {
 
 void requireTwoPasses(const PresetSettings& settings, const Preset& preset) {
     if (!preset.isVideoTwoPassEncodingEnabled() || preset.videoBitrateMode() == Export::BitrateMode::Quality)
-        SettingKey::refuse("first-pass", quoted(preset) + " encodes in one pass");
+        SettingKey::refuse("first-pass", quoted(preset) + " encodes in one pass" + OtherPresets::encodingIn(2, preset));
     if (*settings.halfFirstPass && preset.videoCodec() != Kestra::Conf::CodecID::H264)
         SettingKey::refuse("first-pass",
                            std::string("that of ") + CodecIDToString(preset.videoCodec()) + " looks at whole pictures");

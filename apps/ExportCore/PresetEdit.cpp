@@ -2,6 +2,7 @@
 
 #include "EditorPreset/PresetTags.h"
 #include "Export/PresetProvider.h"
+#include "ExportCore/OtherPresets.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SettingKey.h"
 
@@ -21,6 +22,16 @@ void turnLimitsTo(const Media::Video& video, Export::PresetProvider& provider) {
     provider.updatePreset(&video, preset);
 }
 
+[[noreturn]] void refuseNothing(const Preset& preset, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    const std::string start = "Nothing is left to export: the preset \"" + preset.id() + "\" has ";
+    if (preset.hasVideo() && preset.hasAudio())
+        Kestra::ThrowFrom(Refusal(start + "picture and sound, and neither is wanted"), place);
+    if (preset.hasVideo())
+        Kestra::ThrowFrom(Refusal(start + "no sound, and the picture is not wanted" + OtherPresets::withSound(preset)),
+                          place);
+    Kestra::ThrowFrom(Refusal(start + "no picture, and the sound is not wanted"), place);
+}
+
 } // namespace
 
 void PresetEdit::dropMedia(Export::PresetProvider& provider) const {
@@ -30,10 +41,7 @@ void PresetEdit::dropMedia(Export::PresetProvider& provider) const {
     if (!dropsVideo && !dropsAudio)
         return;
     if ((dropsVideo || !whole.hasVideo()) && (dropsAudio || !whole.hasAudio()))
-        KESTRA_THROW(Refusal("Nothing is left to export: the preset \"" + whole.id() + "\" has " +
-                             (whole.hasVideo() && whole.hasAudio() ? "picture and sound, and neither is wanted"
-                              : whole.hasVideo()                   ? "no sound, and the picture is not wanted"
-                                                                   : "no picture, and the sound is not wanted")));
+        refuseNothing(whole);
     Kestra::Core::Property tree = whole.property();
     if (dropsVideo)
         tree.RemoveChild(EditorPreset::TAG_VIDEO);

@@ -3,6 +3,7 @@
 #include "EditorPreset/Preset.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/OtherPresets.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SettingKey.h"
 #include "Kestra/Base/SourcePlace.h"
@@ -52,7 +53,8 @@ void requireStreams(const PresetSettings& settings, const Preset& preset) {
         if (ofPicture && !preset.hasVideo())
             SettingKey::refuse(name, "the preset \"" + preset.id() + "\" has no picture");
         if (!ofPicture && !preset.hasAudio())
-            SettingKey::refuse(name, "the preset \"" + preset.id() + "\" has no sound");
+            SettingKey::refuse(name,
+                               "the preset \"" + preset.id() + "\" has no sound" + OtherPresets::withSound(preset));
     }
 }
 

@@ -4,11 +4,14 @@
 #include "ExportCore/NameList.h"
 #include "ExportCore/NearFiles.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/OtherPresets.h"
 #include "ExportCore/OutputExtension.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
+#include "ExportCore/SettingText.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/SourcePlace.h"
+#include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include <algorithm>
 #include <cerrno>
@@ -28,6 +31,7 @@ namespace ExportCore {
 namespace {
 
 namespace fs = std::filesystem;
+using Kestra::ClientAPI::CodecLimits;
 using Kestra::ClientAPI::ContainerLimits;
 
 /// Why the last look at a path failed, and what may have been meant where it leads nowhere.
@@ -92,15 +96,22 @@ const char* kindOf(mode_t mode) {
     }
 }
 
+/// How the refusal of an input ends that is no file.
+const char* insteadOf(mode_t mode) {
+    return S_ISDIR(mode) ? "; name the files in it" : S_ISFIFO(mode) ? "; write what comes out of it to a file" : "";
+}
+
 void checkInput(const QString& input) {
     const QByteArray path = input.toUtf8();
     const auto state = stateOf(path);
+    if (!state && path == "-")
+        refuse("Cannot read \"-\": standard input is no file, and inputs are read more than once; write it to one");
     if (!state)
         refuse("Cannot read " + quoted(path) + ": " + whyNot(path));
     // A timeline may be a folder: who reads it tells what is wrong with it.
     const bool isTimeline = TimelineOpening::isTimeline(path.toStdString());
     if (const char* kind = kindOf(state->st_mode); kind && !(isTimeline && S_ISDIR(state->st_mode)))
-        refuse("Cannot read " + quoted(path) + ": " + kind);
+        refuse("Cannot read " + quoted(path) + ": " + kind + insteadOf(state->st_mode));
     if (!allows(path, R_OK))
         refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
     if (state->st_size == 0)
@@ -120,8 +131,13 @@ QByteArray resolved(const QByteArray& path) {
 
 void checkFolder(const QByteArray& folder, const QByteArray& output) {
     const auto state = stateOf(folder);
-    if (!state)
-        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + whyNot(folder));
+    if (!state) {
+        const bool isMissing = errno == ENOENT;
+        const std::string reason = whyNot(folder);
+        const bool asks = reason.back() == '?'; // what may have been meant
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + reason +
+               (isMissing && !asks ? "; make it first" : ""));
+    }
     if (!S_ISDIR(state->st_mode))
         refuse("Cannot write " + quoted(output) + ": " + quoted(folder) + " is not a folder");
     if (!allows(folder, W_OK | X_OK))
@@ -130,7 +146,7 @@ void checkFolder(const QByteArray& folder, const QByteArray& output) {
 
 void checkStanding(const struct stat& state, const QByteArray& output, const ExportRequest& request) {
     if (const char* kind = kindOf(state.st_mode))
-        refuse("Cannot write " + quoted(output) + ": " + kind);
+        refuse("Cannot write " + quoted(output) + ": " + kind + (S_ISDIR(state.st_mode) ? "; name a file in it" : ""));
     if (RequestCheck::isInput(output, request.inputs))
         refuse("Cannot write " + quoted(output) + ": it is one of the inputs");
     if (!request.overwrite)
@@ -165,6 +181,13 @@ std::vector<std::string> presetsFor(const std::string& extension, const Preset& 
     return ids;
 }
 
+/// How the refusal of a number ends where names are expected.
+std::string asSetting(const std::string& name, const Preset& preset) {
+    const bool hasScale = CodecLimits::VideoQuality(preset.videoCodec()).worst != 0;
+    return hasScale && SettingText::decimal(name) ? " (a number on the codec's scale: --set quality=" + name + ')'
+                                                  : std::string();
+}
+
 void requireQuality(const std::string& name, const Export::PresetProvider& provider) {
     const std::set<std::string> known = provider.qualityModifiers();
     if (known.count(name) != 0)
@@ -175,7 +198,7 @@ void requireQuality(const std::string& name, const Export::PresetProvider& provi
     const std::vector<std::string> names(known.begin(), known.end());
     const std::string question = NearNames::question(name, names);
     refuse(preset + " has no quality \"" + name + '"' + (question.empty() ? "; it has " : question + " It has ") +
-           NameList::joined(names));
+           NameList::joined(names) + asSetting(name, provider.preset()));
 }
 
 } // namespace
@@ -261,7 +284,8 @@ PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::
     edit.withoutVideo = !request.tracks.picture;
     edit.withoutAudio = request.tracks.sound == TrackOptions::Sound::None;
     if (request.tracks.sound == TrackOptions::Sound::Chosen && !provider.preset().hasAudio())
-        refuse("The preset \"" + provider.preset().id() + "\" has no sound to take a track for");
+        refuse("The preset \"" + provider.preset().id() + "\" has no sound to take a track for" +
+               OtherPresets::withSound(provider.preset()));
     if (request.quality) {
         edit.modifier = *request.quality;
         requireQuality(edit.modifier, provider);
@@ -269,7 +293,8 @@ PresetEdit RequestCheck::presetEdit(const ExportRequest& request, const Export::
     edit.settings = PresetSettings::parse(request.settings);
     edit.settings.requireFit(provider.preset());
     if (request.loudness && !provider.preset().hasAudio())
-        refuse("Cannot change the loudness: the preset " + quoted(provider.preset().id().c_str()) + " has no sound");
+        refuse("Cannot change the loudness: the preset " + quoted(provider.preset().id().c_str()) + " has no sound" +
+               OtherPresets::withSound(provider.preset()));
     return edit;
 }
 

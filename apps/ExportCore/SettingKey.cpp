@@ -1,5 +1,6 @@
 #include "ExportCore/SettingKey.h"
 
+#include "ExportCore/OtherPresets.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SettingText.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
@@ -51,9 +52,13 @@ std::int64_t SettingKey::bitrateOf(const SettingEntry& entry) {
     return *bitrate;
 }
 
-void SettingKey::requireBitrate(const char* key, Kestra::Conf::CodecID codec) {
-    if (!Kestra::ClientAPI::CodecLimits::HasBitrate(codec))
-        refuse(key, std::string(Kestra::Conf::CodecIDToString(codec)) + " does not let its bitrate be chosen");
+void SettingKey::requireBitrate(const char* key, const Preset& preset, bool ofPicture) {
+    const Kestra::Conf::CodecID codec = ofPicture ? preset.videoCodec() : preset.audioCodec();
+    if (Kestra::ClientAPI::CodecLimits::HasBitrate(codec))
+        return;
+    const std::string qualities = ofPicture ? OtherPresets::qualitiesOf(preset) : std::string();
+    refuse(key, std::string(Kestra::Conf::CodecIDToString(codec)) + " does not let its bitrate be chosen" +
+                    (qualities.empty() ? OtherPresets::choosingBitrate(preset, ofPicture) : qualities));
 }
 
 void SettingKey::requireRange(const char* key, std::int64_t bitrate, std::int64_t lowest, std::int64_t highest,

@@ -48,7 +48,8 @@ struct SettingKey {
                                     Kestra::SourcePlace place = Kestra::SourcePlace::Here());
     /// bit/s.
     static std::int64_t bitrateOf(const SettingEntry& entry);
-    static void requireBitrate(const char* key, Kestra::Conf::CodecID codec);
+    /// Of the pictures' codec or of the sound's.
+    static void requireBitrate(const char* key, const Preset& preset, bool ofPicture);
     static void requireRange(const char* key, std::int64_t bitrate, std::int64_t lowest, std::int64_t highest,
                              const std::string& subject);
 

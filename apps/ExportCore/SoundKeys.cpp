@@ -86,7 +86,7 @@ void readBitrate(const SettingEntry& entry, PresetSettings& settings) {
 }
 
 void requireBitrate(const PresetSettings&, const Preset& preset) {
-    SettingKey::requireBitrate("audio-bitrate", preset.audioCodec());
+    SettingKey::requireBitrate("audio-bitrate", preset, false);
 }
 
 void editBitrate(const PresetSettings& settings, const Media::Video&, Preset& preset) {

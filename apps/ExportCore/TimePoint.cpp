@@ -16,7 +16,8 @@ KTime TimePoint::at(const Rate& rate) const {
     if (!frames)
         return time;
     if (!rate || *rate <= 0)
-        KESTRA_THROW(Refusal("Frame " + std::to_string(*frames) + " is no time: none of the inputs has pictures"));
+        KESTRA_THROW(Refusal("Frame " + std::to_string(*frames) +
+                             " is no time: none of the inputs has pictures; write seconds"));
     return Types::fromAvTime(Kestra::FramesToTime(*frames, *rate));
 }
 

@@ -181,7 +181,8 @@ QJsonObject oneOf(const std::string& name, const PresetCatalogue& catalogue) {
     requireRight(name, catalogue);
     const QJsonArray presets = readObject(text(name)).value(key("presets")).toArray();
     if (presets.size() != 1)
-        KESTRA_THROW(Refusal('"' + name + "\" holds " + std::to_string(presets.size()) + " presets; one is compared"));
+        KESTRA_THROW(Refusal('"' + name + "\" holds " + std::to_string(presets.size()) +
+                             " presets; one is compared (presets export ID writes one alone)"));
     return presets.first().toObject();
 }
 

@@ -88,8 +88,9 @@ Report::Report(const Options& options)
     if (::lstat(path.constData(), &state) != 0 && errno != ENOENT)
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " + std::strerror(errno)));
     if (file.isDir() || !file.absoluteDir().exists())
-        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " +
-                                         (file.isDir() ? "it is a folder" : "its folder does not exist")));
+        KESTRA_THROW(ExportCore::Refusal(
+            "Cannot write the report " + name + ": " +
+            (file.isDir() ? "it is a folder; name a file in it" : "its folder does not exist; make it first")));
     if (file.exists() && !options.overwrite)
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name +
                                          ": it exists already (--overwrite replaces it, and the output)"));

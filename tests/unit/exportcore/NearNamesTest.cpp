@@ -48,7 +48,7 @@ TEST(NearNames, OfATagIsProposedWhereNoPresetIsNear) {
     EXPECT_EQ(words("edting"), "There is no preset \"edting\"; presets --tag editing lists those of the tag editing");
     EXPECT_EQ(words("mp4-h264-702p"), "There is no preset \"mp4-h264-702p\"; did you mean mp4-h264-720p or "
                                       "mp4-h264-1080p?");
-    EXPECT_EQ(words("qqqqqqqqqq"), "There is no preset \"qqqqqqqqqq\"");
+    EXPECT_EQ(words("qqqqqqqqqq"), "There is no preset \"qqqqqqqqqq\"; presets lists those there are");
 }
 
 TEST(NearNames, NoMoreThanTheLimit) {

@@ -37,7 +37,16 @@ TEST(PresetCatalogue, AnUnknownPresetIsRefusedWithNearNames) {
     const PresetCatalogue catalogue;
     EXPECT_THAT(refusalOf([&] { catalogue.preset("mp4-h264-702p"); }),
                 HasSubstr("There is no preset \"mp4-h264-702p\"; did you mean mp4-h264-720p"));
-    EXPECT_EQ(refusalOf([&] { catalogue.preset("qqqqqqqqqqqqqq"); }), "There is no preset \"qqqqqqqqqqqqqq\"");
+    EXPECT_EQ(refusalOf([&] { catalogue.preset("qqqqqqqqqqqqqq"); }),
+              "There is no preset \"qqqqqqqqqqqqqq\"; presets lists those there are");
+}
+
+TEST(PresetCatalogue, AnUnknownTagIsRefusedWithAllWhereNoneIsNear) {
+    const PresetCatalogue catalogue;
+    EXPECT_THAT(refusalOf([&] { catalogue.idsOf("audoi"); }),
+                HasSubstr("There is no tag \"audoi\"; did you mean audio?"));
+    EXPECT_THAT(refusalOf([&] { catalogue.idsOf("qqqqqqqqqqqqqq"); }),
+                HasSubstr("There is no tag \"qqqqqqqqqqqqqq\"; there are mp4, webm, "));
 }
 
 /// The function that refuses, and not one that helps it to.

@@ -148,10 +148,12 @@ TEST_F(PresetEditTest, AnotherSideOutsideTheLimitsIsRefused) {
     select("mp4", "mp4-h264-1080p");
     video.aspectNumerator = 9;
     video.aspectDenominator = 16;
-    EXPECT_EQ(refusal({"width=1000"}), "Cannot set width: the height of the source's shape would be 1778, and the "
-                                       "preset goes up to 1080");
+    EXPECT_EQ(apply({"width=1000"}).height(), 1778) << "as one that stands";
+    EXPECT_EQ(refusal({"width=1100"}), "Cannot set width: the height of the source's shape would be 1956, and the "
+                                       "preset \"mp4-h264-1080p\" is for pictures up to 1920x1080; "
+                                       "\"mp4-h264-1440p\" takes up to 2560x1440");
     select("mp4", "mp4-hevc-1080p");
-    EXPECT_THAT(refusal({"height=16"}), HasSubstr("10x16 is too small for hevc"));
+    EXPECT_THAT(refusal({"height=16"}), HasSubstr("10x16 is too small for hevc, which takes no side below 16"));
 }
 
 TEST_F(PresetEditTest, ABitrateOrAQualityBringsItsMode) {
@@ -198,6 +200,9 @@ TEST_F(PresetEditTest, TheRequestsQualityMustBeOneOfThePresets) {
     request.quality = "";
     EXPECT_EQ(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
               "The preset \"mp4-h264-source\" has no quality \"\"; it has best, high, low, medium");
+    request.quality = "20";
+    EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
+                HasSubstr("it has best, high, low, medium (a number on the codec's scale: --set quality=20)"));
     select("audio", "flac");
     request.quality = "high";
     EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
@@ -214,6 +219,22 @@ TEST_F(PresetEditTest, TheRequestsSettingsMustReadAndFit) {
     EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }), HasSubstr("has no picture"));
     request.settings = {"sise=2x2"};
     EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }), HasSubstr("did you mean size"));
+}
+
+TEST_F(PresetEditTest, SoundThatThePresetLacksIsRefusedWithThePresetThatHasIt) {
+    select("mp4", "mp4-h264-1080p-silent");
+    const auto refusedTo = [this](const std::function<void(ExportRequest&)>& wish) {
+        ExportRequest request;
+        wish(request);
+        return refusalOf([&] { RequestCheck::presetEdit(request, provider); });
+    };
+    const std::string other = "; \"mp4-h264-1080p\" has sound";
+    EXPECT_THAT(refusedTo([](ExportRequest& request) { request.tracks.chooseSound("2"); }), HasSubstr(other));
+    EXPECT_THAT(refusedTo([](ExportRequest& request) { request.loudness = -14; }), HasSubstr(other));
+    EXPECT_THAT(refusedTo([](ExportRequest& request) { request.settings = {"channels=mono"}; }), HasSubstr(other));
+    PresetEdit edit;
+    edit.withoutVideo = true;
+    EXPECT_THAT(refusalOf([&] { edit.dropMedia(provider); }), HasSubstr("the picture is not wanted" + other));
 }
 
 } // namespace

@@ -117,7 +117,7 @@ TEST(PresetSettings, AValueThatDoesNotParseIsRefusedWithTheWayToWriteIt) {
 TEST(PresetSettings, AValueThatNoEncoderTakesIsRefused) {
     const std::vector<std::pair<const char*, const char*>> cases = {
         {"size=0x720", "at least 2x2"},
-        {"size=1281x720", "1281 is odd"},
+        {"size=1281x720", "1281 is odd, and encoders need even sides, as 1280 or 1282"},
         {"height=721", "721 is odd"},
         {"width=16386", "16384"},
         {"size=99999999999999999999x2", "16384"},
@@ -164,6 +164,52 @@ TEST(PresetSettings, ASizeBeyondThePresetIsRefused) {
     EXPECT_THAT(misfit("mp4-h264-720p", {"size=960x722"}), HasSubstr("size of 960x722"));
     EXPECT_EQ(misfit("mp4-h264-720p", {"size=720x1280"}), "");
     EXPECT_THAT(misfit("mp4-hevc-1080p", {"size=16x14"}), HasSubstr("hevc takes no side below 16"));
+}
+
+TEST(PresetSettings, ASizeBeyondThePresetIsRefusedWithTheNextLargerOneThatHoldsIt) {
+    const auto wayOut = [](const char* preset, const char* setting) {
+        const std::string refusal = misfit(preset, {setting});
+        return refusal.substr(refusal.find(" is for pictures up to "));
+    };
+    EXPECT_EQ(wayOut("mp4-h264-720p", "size=1282x720"),
+              " is for pictures up to 1280x720; \"mp4-h264-1080p\" takes up to 1920x1080");
+    EXPECT_EQ(wayOut("mp4-h264-1080p", "size=1440x2560"),
+              " is for pictures up to 1920x1080; \"mp4-h264-1440p\" takes up to 2560x1440");
+    EXPECT_THAT(wayOut("mp4-h264-1080p", "size=3840x3000"), HasSubstr("\"mp4-h264-source\" takes up to 8192x8192"));
+    EXPECT_THAT(wayOut("mp4-h264-1080p-2pass", "width=3840"), HasSubstr("\"mp4-h264-2160p\""));
+    EXPECT_EQ(wayOut("mp4-h264-1080p", "width=9000"), " is for pictures up to 1920x1080");
+}
+
+TEST(PresetSettings, TheLargerPresetKeepsTransparencyDynamicRangeAndSilence) {
+    EXPECT_THAT(misfit("mov-prores-1080p", {"width=3840"}), HasSubstr("; \"mov-prores-2160p\" takes"));
+    EXPECT_THAT(misfit("mov-prores-1080p-4444", {"width=3840"}), HasSubstr("; \"mov-prores-2160p-4444\" takes"));
+    EXPECT_THAT(misfit("webm-vp9-1080p-hdr", {"width=3840"}), HasSubstr("; \"webm-vp9-2160p-hdr\" takes"));
+    EXPECT_THAT(misfit("webm-vp9-1080p", {"width=3840"}), HasSubstr("; \"webm-vp9-2160p\" takes"));
+    for (const char* const preset : {"webm-vp9-1080p-alpha", "mp4-h264-1080p-silent"})
+        EXPECT_THAT(misfit(preset, {"width=3840"}), ::testing::EndsWith("is for pictures up to 1920x1080"));
+}
+
+TEST(PresetSettings, WhatDoesNotApplyIsRefusedWithWhatDoes) {
+    const std::string qualities = "; choose one of the preset's qualities (--quality high, medium, low or draft)";
+    EXPECT_EQ(misfit("mov-prores-1080p", {"bitrate=50M"}),
+              "Cannot set bitrate: prores does not let its bitrate be chosen" + qualities);
+    EXPECT_EQ(misfit("mov-prores-1080p", {"quality=3"}),
+              "Cannot set quality: prores has no scale of qualities" + qualities);
+    EXPECT_EQ(misfit("flac", {"audio-bitrate=500k"}), "Cannot set audio-bitrate: flac does not let its bitrate be "
+                                                      "chosen; presets that do: m4a-aac, mp3 or opus");
+    EXPECT_THAT(misfit("mov-prores-1080p", {"audio-bitrate=128k"}),
+                HasSubstr("; presets that do: mov-h264-1080p or mov-h264-2160p"));
+    EXPECT_THAT(misfit("mp4-h264-1080p", {"first-pass=half"}), HasSubstr("; \"mp4-h264-1080p-2pass\" encodes in two"));
+    EXPECT_THAT(misfit("mp4-h264-1080p-2pass", {"quality=20"}), HasSubstr("; \"mp4-h264-1080p\" encodes in one"));
+    EXPECT_THAT(refusalOf(Texts{"quality=high"}), HasSubstr("(--quality takes a preset's names)"));
+}
+
+TEST(PresetSettings, AFrameRateIsRefusedWithTheNearestThatTheCodecTakes) {
+    EXPECT_EQ(misfit("gif-gif-480p", {"frame-rate=30"}),
+              "Cannot set frame-rate: gif does not take 30; the nearest that it takes is 100/3");
+    EXPECT_THAT(misfit("gif-gif-480p", {"frame-rate=60"}), HasSubstr("the nearest that it takes is 50"));
+    EXPECT_THAT(misfit("mp4-mpeg4-720p", {"frame-rate=119881/1000"}),
+                HasSubstr("mpeg4 does not take 119881/1000; the nearest that it takes is 120"));
 }
 
 TEST(PresetSettings, WhatTheCodecDoesNotTakeIsRefusedWithWhatItTakes) {

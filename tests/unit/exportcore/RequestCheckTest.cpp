@@ -115,7 +115,7 @@ TEST_F(Request, AnInputThatIsALinkToTheOutputIsRefused) {
 TEST_F(Request, WhatIsNoFileIsRefused) {
     request.overwrite = true;
     request.outputPath = QString::fromStdString(folder / "");
-    EXPECT_REFUSED(check(), "it is a folder");
+    EXPECT_REFUSED(check(), "it is a folder; name a file in it");
     ASSERT_EQ(mkfifo(output.c_str(), 0600), 0);
     request.outputPath = QString::fromStdString(output);
     EXPECT_REFUSED(check(), "it is a pipe");
@@ -134,7 +134,10 @@ TEST_F(Request, AnOutputWithoutANameIsRefused) {
 
 TEST_F(Request, AMissingFolderIsRefusedWithItsName) {
     request.outputPath = QString::fromStdString(folder / "no/such/film.mp4");
-    EXPECT_REFUSED(check(), folder / "no/such");
+    EXPECT_REFUSED(check(), "the folder \"" + (folder / "no/such") + "\": No such file or directory; make it first");
+    ASSERT_EQ(mkdir((folder / "films").c_str(), 0755), 0);
+    request.outputPath = QString::fromStdString(folder / "fims/film.mp4");
+    EXPECT_REFUSED(check(), "did you mean \"" + (folder / "films") + "\"?");
 }
 
 TEST_F(Request, AFileInPlaceOfTheFolderIsRefused) {
@@ -191,12 +194,13 @@ TEST_F(Request, InputsThatAreNoFilesAreRefused) {
     EXPECT_EQ(refusalOf([&] { inputs(source); }), "");
     EXPECT_REFUSED(RequestCheck::inputs({}), "No input");
     EXPECT_REFUSED(inputs(folder / "missing.mov"), "No such file");
-    EXPECT_REFUSED(inputs(folder / ""), "it is a folder");
+    EXPECT_REFUSED(inputs(folder / ""), "it is a folder; name the files in it");
     EXPECT_REFUSED(inputs("/dev/zero"), "it is a device");
     TestFiles::write(folder / "empty.mov", "");
     EXPECT_REFUSED(inputs(folder / "empty.mov"), "it is empty");
     ASSERT_EQ(mkfifo((folder / "pipe.mov").c_str(), 0600), 0);
-    EXPECT_REFUSED(inputs(folder / "pipe.mov"), "it is a pipe");
+    EXPECT_REFUSED(inputs(folder / "pipe.mov"), "it is a pipe; write what comes out of it to a file");
+    EXPECT_REFUSED(inputs("-"), "standard input is no file");
 }
 
 TEST_F(Request, AnInputThatMayNotBeReadIsRefused) {
