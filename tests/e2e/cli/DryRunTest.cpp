@@ -110,6 +110,35 @@ TEST_F(DryRun, RefusesWhatAnExportWouldRefuse) {
     EXPECT_EQ(run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "no/film.mp4", "--dry-run"}).code, 2);
 }
 
+/// What an option is worth shows when the encoder opens: the catalogue knows no more than its name and kind.
+TEST_F(DryRun, OpensTheEncodersWithTheirOptions) {
+    const TestMedia::Folder own;
+    const auto tried = [&](const char* container, const char* streams) {
+        TestFiles::write(own / "mine.json",
+                         "{\"version\": 1, \"presets\": [{\"id\": \"mine\", \"container\": {\"id\": \"" +
+                             QByteArray(container) + "\"}, " + QByteArray(streams) + "}]}");
+        Program import({"presets", "import", own / "mine.json", "-y"});
+        Program render({"render", clip, "-p", "mine", "-o", place / ("film." + std::string(container)), "--dry-run"});
+        for (Program* program : {&import, &render})
+            program->setEnvironment("XDG_CONFIG_HOME", own / "config");
+        EXPECT_EQ(import.run().code, 0) << streams;
+        return render.run();
+    };
+    const auto expectRefused = [&](const char* container, const char* streams, const char* option) {
+        const Result result = tried(container, streams);
+        EXPECT_EQ(result.code, 1) << streams << result.output.toStdString();
+        EXPECT_TRUE(result.errors.contains(name("the export failed (codec refused): "))) << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.contains(name(option))) << result.errors.toStdString();
+        EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+    };
+    expectRefused("mp4", R"("video": {"codec": "h264", "options": {"x264-params": "me=wonderful"}})", "x264-params");
+    expectRefused("mp4", R"("video": {"codec": "h264", "options": {"preset": "wonderful"}})", "preset");
+    expectRefused("opus", R"("audio": {"codec": "opus", "options": {"frame_duration": 7}})", "frame_duration");
+    EXPECT_EQ(tried("mp4", R"("video": {"codec": "h264", "options": {"x264-params": "me=hex"}})").code, 0);
+    EXPECT_EQ(tried("opus", R"("audio": {"codec": "opus", "options": {"frame_duration": 10}})").code, 0);
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
 TEST_F(DryRun, FailsWhereTheFileWouldNotFitOnTheDisk) {
     const std::string mountPoint = place / "small";
     Program program({"render", clip, "-p", "wav", "-o", mountPoint + "/sound.wav", "--dry-run"});
