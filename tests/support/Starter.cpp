@@ -197,8 +197,9 @@ std::vector<std::string> environmentOfThis() {
     return words;
 }
 
-Starter::Starter(std::string program)
-    : program(std::move(program)) {}
+Starter::Starter(std::string program, const std::string& library)
+    : program(std::move(program))
+    , preloaded(library.empty() ? START_SHIM : START_SHIM ":" + library) {}
 
 Starter::~Starter() {
     if (owner != getpid())
@@ -215,7 +216,7 @@ void Starter::load() {
         fail("no socket");
     File mine(ends[0]), its(ends[1]);
     std::vector<std::string> environment = environmentOfThis();
-    environment.emplace_back("LD_PRELOAD=" START_SHIM);
+    environment.push_back("LD_PRELOAD=" + preloaded);
     // What it starts is to be a child of this process.
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     loaded = spawn({program}, environment, its, STDOUT_FILENO, STDERR_FILENO);

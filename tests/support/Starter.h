@@ -43,7 +43,8 @@ std::vector<std::string> environmentOfThis();
 /// that is most of what a start takes. What it does before main() it does once, too, in this process's environment.
 class Starter {
 public:
-    explicit Starter(std::string program);
+    /// With `library` what the program would load only as it runs is loaded once as well.
+    explicit Starter(std::string program, const std::string& library = {});
     ~Starter();
     Starter(const Starter&) = delete;
     Starter& operator=(const Starter&) = delete;
@@ -60,6 +61,7 @@ private:
     void load();
 
     const std::string program;
+    const std::string preloaded; ///< as LD_PRELOAD names it
     std::mutex mutex;
     pid_t owner = -1; ///< the process that loaded it
     pid_t loaded = -1;

@@ -44,7 +44,7 @@ void Program::setWrapper(const QStringList& command) {
 }
 
 void Program::start() {
-    static TestSupport::Starter program(EDITOR_EXPORT_PROGRAM);
+    static TestSupport::Starter program(EDITOR_EXPORT_PROGRAM, KESTRA_CODECS);
     std::vector<std::string> words;
     for (const auto& [name, value] : environment)
         words.push_back(name + '=' + value);
