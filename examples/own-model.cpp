@@ -1,13 +1,13 @@
 // The module with a model of one's own: own-model OUTPUT.mp4 exports two seconds of colour bars and a tone.
 #include "Composition/CompositionView.h"
 #include "Export/PresetProvider.h"
+#include "Export/StreamOwner.h"
 #include "Export/Transcoder.h"
 #include "Export/TranscoderLogOutput.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "Types/Time.h"
 #include <QCoreApplication>
-#include <QTimer>
 #include <cstdio>
 
 using namespace Kestra;
@@ -19,7 +19,7 @@ boost::intrusive_ptr<Proc::IMediaSource> made(Proc::SettingsGenerator settings, 
     return Core::CoreManager::Instance().GetSourceFactory().CreateGenerator(settings);
 }
 
-boost::intrusive_ptr<Proc::IStreamVideo> render(const Stream::VideoObject& stream) {
+boost::intrusive_ptr<Proc::IStreamVideo> makeBars(const Stream::VideoObject& stream) {
     const Media::Video& wanted = *stream.source; // as the preset turns out the composition's pictures
     Proc::SettingsGenerator bars;
     bars.kind = Proc::SettingsGenerator::Kind::Bars;
@@ -28,7 +28,7 @@ boost::intrusive_ptr<Proc::IStreamVideo> render(const Stream::VideoObject& strea
     return made(bars, stream.range)->CreateVideoStream();
 }
 
-boost::intrusive_ptr<Proc::IStreamAudio> render(const Stream::AudioObject& stream) {
+boost::intrusive_ptr<Proc::IStreamAudio> makeTone(const Stream::AudioObject& stream) {
     Proc::SettingsGenerator tone;
     tone.kind = Proc::SettingsGenerator::Kind::Tone;
     tone.sampleRate = stream.source->sampleRate;
@@ -36,43 +36,8 @@ boost::intrusive_ptr<Proc::IStreamAudio> render(const Stream::AudioObject& strea
     return made(tone, stream.range)->CreateAudioStream();
 }
 
-/// Adopts the export streams of one medium that show this composition.
-template <class M, class I>
-class Streams : private Stream::View<M, I> {
-    using Object = Stream::Object<M, I>;
-
-public:
-    explicit Streams(const Composition::Object& composition)
-        : composition(composition) {
-        this->processAddRequests(true);
-    }
-    void forgetWithdrawn() {
-        for (const Object* stream : this->streams())
-            if (!composition.contains(stream->source))
-                this->streamForget(stream);
-    }
-
-private:
-    void addRequested(Object* stream) override {
-        if (composition.contains(stream->source)) // others' streams are others' to adopt
-            Stream::View<M, I>::addRequested(stream);
-    }
-    // Never inside the delivery; the stream may be gone by then.
-    void streamAdded(const Object* stream) override {
-        QTimer::singleShot(0, &context, [this, stream] {
-            if (this->streamIsOwned(stream))
-                this->streamChange(stream)->impl = render(*stream);
-            if (this->streamIsOwned(stream))
-                this->streamChange(stream)->available = true; // last
-        });
-    }
-
-    const Composition::Object& composition;
-    QObject context;
-};
-
-class Model : private Composition::CompositionView {
-public:
+/// What an editor has in its place: a composition of two seconds that everybody on the bus knows.
+struct Model : private Composition::CompositionView {
     Model() {
         pictures.width = 640, pictures.height = 360;
         pictures.frameRateNumerator = 25, pictures.frameRateDenominator = 1;
@@ -82,20 +47,9 @@ public:
     }
     ~Model() override { compositionRemove(&composition); }
 
-    Composition::Object composition;
-
-private:
-    using CompositionView::compositionChanged;
-    // An export takes its descriptions out when it goes, and says nothing of its streams.
-    void compositionChanged(const Composition::Object*, const Composition::Object*) override {
-        videos.forgetWithdrawn();
-        audios.forgetWithdrawn();
-    }
-
     Media::Video pictures;
     Media::Audio sound;
-    Streams<Media::Video, Proc::IStreamVideo> videos{composition};
-    Streams<Media::Audio, Proc::IStreamAudio> audios{composition};
+    Composition::Object composition;
 };
 
 } // namespace
@@ -106,6 +60,7 @@ int main(int argc, char** argv) {
         return std::fputs("own-model OUTPUT.mp4\n", stderr), 2;
     Export::setTranscoderLogOutput(Export::TranscoderLogOutput::None);
     Model model;
+    const Export::StreamOwner owner(model.composition, makeBars, makeTone);
     Export::PresetProvider provider(nullptr);
     provider.load();
     provider.selectTag("mp4");
@@ -113,12 +68,15 @@ int main(int argc, char** argv) {
 
     Export::Transcoder transcoder(nullptr);
     int code = 0;
-    QObject::connect(&transcoder, &Export::Transcoder::failed, [&code](const Proc::ProcessingError& error) {
+    const auto fail = [&code](const Proc::ProcessingError& error) {
         std::fprintf(stderr, "%s\n", error.GetDescription().c_str());
-        code = 1;
+        QCoreApplication::exit(code = 1);
+    };
+    QObject::connect(&owner, &Export::StreamOwner::streamFailed, [&fail](const std::exception_ptr& error) {
+        fail(Proc::ProcessingError::MakeProcessingErrorFromException(error));
     });
+    QObject::connect(&transcoder, &Export::Transcoder::failed, fail);
     QObject::connect(&transcoder, &Export::Transcoder::stopped, [&code] { QCoreApplication::exit(code); });
-
     Export::Transcoder::Data data;
     data.composition = &model.composition;
     data.streamRange = {KTime(0), model.composition.duration()};
