@@ -81,6 +81,32 @@ TEST_F(PresetFiles, ThatAreWrongAreToldWithThePlaceAndNotImported) {
     EXPECT_EQ(presets({"validate", place / "nothing"}).code, 2);
 }
 
+/// The whole file that the page shows.
+QByteArray fileOfThePage() {
+    const QStringList lines = QString::fromUtf8(TestFiles::read(OWN_PRESETS_PAGE)).split(QLatin1Char('\n'));
+    const int begin = lines.indexOf(QStringLiteral("    {")), end = lines.indexOf(QStringLiteral("    }"));
+    return lines.mid(begin, end - begin + 1).join(QLatin1Char('\n')).toUtf8();
+}
+
+TEST_F(PresetFiles, MayBeWrittenAsThePageShows) {
+    TestFiles::write(file, fileOfThePage());
+    const Result checked = presets({"validate", file});
+    ASSERT_EQ(checked.code, 0) << checked.output.toStdString();
+    ASSERT_EQ(presets({"import", file}).code, 0);
+    EXPECT_EQ(presets({"--tag", "phones"}).code, 0);
+    const std::string clip = place / "clip.mov";
+    TestMedia::FlashBeep media;
+    media.frames = 5;
+    TestMedia::makeFlashBeep(clip, media);
+    for (const char* const quality : {"high", "low"}) {
+        Program render(
+            {"render", clip, "-p", "phone-720p", "--quality", quality, "-o", place / "film.mp4", "--dry-run"});
+        render.setEnvironment("XDG_CONFIG_HOME", place / "config");
+        const Result result = render.run();
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    }
+}
+
 TEST_F(PresetFiles, AreComparedSettingBySetting) {
     EXPECT_EQ(presets({"diff", "mp3", "mp3"}).code, 0);
     const Result result = presets({"diff", "mp4-h264-1080p", "mp4-h264-720p"});

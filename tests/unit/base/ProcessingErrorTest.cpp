@@ -1,6 +1,8 @@
 #include "Kestra/Proc/ProcessingError.h"
 #include "Kestra/Proc/ProcException.h"
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <new>
 #include <set>
 #include <stdexcept>
@@ -66,6 +68,17 @@ TEST(TranscodingError, HasANameOfItsOwnForEveryCode) {
     }
     EXPECT_EQ(names.size(), static_cast<std::size_t>(last) + 1);
     EXPECT_STREQ(TranscodingErrorToString(TranscodingError::DiskFull), "disk full");
+}
+
+TEST(TranscodingError, IsListedForUsersWithNumberNameAndMeaning) {
+    std::ifstream page(ERRORS_PAGE);
+    const std::string text{std::istreambuf_iterator<char>(page), {}};
+    const int last = static_cast<int>(TranscodingError::NotSupported);
+    for (int code = 0; code <= last; ++code) {
+        const std::string name = TranscodingErrorToString(static_cast<TranscodingError>(code));
+        EXPECT_NE(text.find("\n| " + std::to_string(code) + " | " + name + " | "), std::string::npos) << name;
+    }
+    EXPECT_EQ(text.find("\n| " + std::to_string(last + 1) + " |"), std::string::npos);
 }
 
 TEST(TranscodingError, CallsANumberThatIsNoneUnknown) {
