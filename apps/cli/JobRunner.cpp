@@ -17,6 +17,7 @@ namespace {
 using ExportCore::ExportJob;
 using ExportCore::ExportOutcome;
 using Kestra::Proc::TranscodingError;
+using Process::SignalStop;
 
 void printLines(const char* kind, const QStringList& lines) {
     constexpr int most = 20;

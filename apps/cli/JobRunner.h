@@ -5,7 +5,7 @@
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportRequest.h"
 #include "cli/Options.h"
-#include "cli/SignalStop.h"
+#include "process/SignalStop.h"
 
 namespace Cli {
 
@@ -22,13 +22,13 @@ public:
     /// hangs.
     Ended run(const Options& options);
     /// Once a signal has come nothing more is to be begun.
-    static bool isStopped() { return SignalStop::received() != 0; }
+    static bool isStopped() { return Process::SignalStop::received() != 0; }
 
     static ExportCore::ExportRequest requestOf(const Options& options);
 
 private:
     ExportCore::EventLoopFailures& failures;
-    SignalStop signalStop;
+    Process::SignalStop signalStop;
 };
 
 } // namespace Cli

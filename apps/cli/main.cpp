@@ -17,9 +17,9 @@
 #include "cli/PresetFiles.h"
 #include "cli/RenderCommand.h"
 #include "cli/SamePlace.h"
-#include "cli/SignalStop.h"
 #include "cli/TimelineCommands.h"
 #include "cli/VersionCommand.h"
+#include "process/SignalStop.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -42,14 +42,14 @@ namespace {
 /// What looks at media is ended by a signal with all that it has unpacked.
 template <class Command>
 int runInterruptibly(const Command& command, const Cli::Options& options) {
-    const Cli::SignalFlag signal;
+    const Process::SignalFlag signal;
     int code = Cli::EXIT_BAD_INPUT;
     try {
         code = command(options, signal.isSet());
     } catch (const std::exception& error) {
         Cli::ErrorOutput::refuse(error.what());
     }
-    return signal.isSet() ? Cli::EXIT_SIGNAL_BASE + Cli::SignalStop::received() : code;
+    return signal.isSet() ? Cli::EXIT_SIGNAL_BASE + Process::SignalStop::received() : code;
 }
 
 int run(const Cli::Options& options, ExportCore::EventLoopFailures& failures) {
@@ -193,7 +193,7 @@ int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
     // Where the session has no folder, Qt makes one that stays behind.
     const QTemporaryDir session;
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session.path()));
-    Cli::SignalStop::setSessionFolder(QFile::encodeName(session.path()));
+    Process::SignalStop::setSessionFolder(QFile::encodeName(session.path()));
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     ExportCore::ExportApplication<QGuiApplication> application(argc, argv);
     QLoggingCategory::setFilterRules(QString());

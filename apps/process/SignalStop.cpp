@@ -1,7 +1,7 @@
-#include "cli/SignalStop.h"
+#include "process/SignalStop.h"
 
 #include "Kestra/Util/RemovalOnTheSpot.h"
-#include "cli/ExitCode.h"
+#include "process/SignalExitCode.h"
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -9,8 +9,9 @@
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
-namespace Cli {
+namespace Process {
 namespace {
 
 constexpr std::array<int, 3> SIGNALS{SIGINT, SIGTERM, SIGHUP};
@@ -130,4 +131,4 @@ int SignalStop::received() {
     return firstSignal;
 }
 
-} // namespace Cli
+} // namespace Process

@@ -1,4 +1,4 @@
-// Cli::SignalStop, SignalFlag: interruption from outside, gently at first.
+// Process::SignalStop, SignalFlag: interruption from outside, gently at first.
 #pragma once
 
 #include <QByteArray>
@@ -7,7 +7,7 @@
 #include <atomic>
 #include <memory>
 
-namespace Cli {
+namespace Process {
 
 /// While one exists, the first SIGINT, SIGTERM or SIGHUP is told as stopRequested() from the event loop; the second
 /// ends the process on the spot, whatever it is doing, after removing the unfinished file. One at a time.
@@ -46,4 +46,4 @@ public:
     const std::atomic<bool>& isSet() const;
 };
 
-} // namespace Cli
+} // namespace Process

@@ -1,0 +1,8 @@
+// What a process exits with that a signal has ended.
+#pragma once
+
+namespace Process {
+
+inline constexpr int EXIT_SIGNAL_BASE = 128; ///< plus the signal's number
+
+} // namespace Process
