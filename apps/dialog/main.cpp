@@ -4,21 +4,25 @@
 #include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/LoadEngine.h"
+#include "dialog/CommandLine.h"
 #include "dialog/Models/Translations.h"
 #include "dialog/Widgets/ExportWindow.h"
+#include "process/SignalExitCode.h"
+#include "process/SignalStop.h"
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QIcon>
 #include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <unistd.h>
 
 namespace {
 
-constexpr int EXIT_NO_WINDOW = 2;
+/// As of the command line: nothing could be begun. Where no window can be shown, too.
+constexpr int EXIT_BAD_INPUT = 2;
 
 /// What Qt ends the process with is that there is nowhere to show a window.
 void onMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
@@ -27,7 +31,7 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString& message
         std::fprintf(stderr, "editor-export-dialog: no window can be shown: %s\n", line.constData());
         std::fprintf(stderr, "editor-export exports without one\n");
         std::fflush(stderr);
-        _exit(EXIT_NO_WINDOW);
+        _exit(EXIT_BAD_INPUT);
     }
     if (type != QtDebugMsg && type != QtInfoMsg)
         std::fprintf(stderr, "editor-export-dialog: %s\n", line.constData());
@@ -56,28 +60,37 @@ private:
     Kestra::LeavableThread thread;
 };
 
-QStringList readCommandLine(const QCoreApplication& application) {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QCoreApplication::translate("main", "Exports media files, or a timeline, from a window."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(
-        QStringLiteral("input"),
-        QCoreApplication::translate("main", "Media files, one after the other, or one timeline."),
-        QStringLiteral("[input...]"));
-    parser.process(application);
-    return parser.positionalArguments();
+void tell(const QString& problem) {
+    std::fprintf(stderr, "editor-export-dialog: %s\n", problem.toUtf8().simplified().constData());
+}
+
+int printText(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const Dialog::Translations translations(*QCoreApplication::instance());
+    const QByteArray text = Dialog::CommandLine::text(QCoreApplication::arguments()).toLocal8Bit();
+    if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
+        return EXIT_SUCCESS;
+    tell(QStringLiteral("cannot write to standard output"));
+    return EXIT_FAILURE;
 }
 
 int run(ExportCore::ExportApplication<QApplication>& application) {
-    const QStringList files = readCommandLine(application);
+    const auto line = Dialog::CommandLine::of(QCoreApplication::arguments());
+    if (!line.problem.isEmpty()) {
+        tell(line.problem);
+        return EXIT_BAD_INPUT;
+    }
+    const Process::SignalStop signalStop;
     const EngineLoading loading;
     Dialog::ExportWindow window(application.failures());
+    QObject::connect(&signalStop, &Process::SignalStop::stopRequested, &window, &Dialog::ExportWindow::end);
+    QObject::connect(&window, &Dialog::ExportWindow::ended, &application, &QCoreApplication::quit);
     window.show();
-    if (!files.isEmpty())
-        window.open(files);
-    return QApplication::exec();
+    if (!line.inputs.isEmpty())
+        window.open(line.inputs);
+    const int code = QApplication::exec();
+    const int signal = Process::SignalStop::received();
+    return signal == 0 ? code : Process::EXIT_SIGNAL_BASE + signal;
 }
 
 } // namespace
@@ -85,6 +98,10 @@ int run(ExportCore::ExportApplication<QApplication>& application) {
 int main(int argc, char** argv) {
     turnSignalsIntoErrors();
     qInstallMessageHandler(&onMessage);
+    QCoreApplication::setApplicationName(QStringLiteral("editor-export-dialog"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(EDITOREXPORT_VERSION));
+    if (Dialog::CommandLine::asksForText(argc, argv))
+        return printText(argc, argv);
     Kestra::Proc::SetEngineLogLevel(Kestra::Proc::LogLevel::Quiet);
     Export::setTranscoderLogOutput(Export::TranscoderLogOutput::None);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -93,8 +110,6 @@ int main(int argc, char** argv) {
     ExportCore::ExportApplication<QApplication> application(argc, argv);
     // Qt takes the user's locale over for the whole process; what the engine writes and reads is in English.
     std::setlocale(LC_NUMERIC, "C");
-    QCoreApplication::setApplicationName(QStringLiteral("editor-export-dialog"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(EDITOREXPORT_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("editor-export-dialog"));
     QApplication::setWindowIcon(
         QIcon::fromTheme(QStringLiteral("editor-export"), QIcon(QStringLiteral(":/icons/editor-export.png"))));
@@ -103,6 +118,6 @@ int main(int argc, char** argv) {
         return run(application);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "editor-export-dialog: %s\n", error.what());
-        return EXIT_NO_WINDOW;
+        return EXIT_BAD_INPUT;
     }
 }

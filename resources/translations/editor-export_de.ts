@@ -151,6 +151,11 @@
             <source>Stop and close</source>
             <translation>Abbrechen und schließen</translation>
         </message>
+        <message>
+            <source>takes %1, at a rough guess</source>
+            <comment>a time</comment>
+            <translation>dauert %1, grob geschätzt</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -759,6 +764,34 @@
             <source>Reset the custom settings</source>
             <translation>Eigene Einstellungen zurücksetzen</translation>
         </message>
+        <message>
+            <source>Channels:</source>
+            <translation>Kanäle:</translation>
+        </message>
+        <message>
+            <source>First pass:</source>
+            <translation>Erster Durchlauf:</translation>
+        </message>
+        <message>
+            <source>Mono</source>
+            <translation>Mono</translation>
+        </message>
+        <message>
+            <source>Stereo</source>
+            <translation>Stereo</translation>
+        </message>
+        <message>
+            <source>Quadraphonic</source>
+            <translation>Quadrofonie</translation>
+        </message>
+        <message>
+            <source>Whole pictures</source>
+            <translation>Ganze Bilder</translation>
+        </message>
+        <message>
+            <source>Pictures of half the size</source>
+            <translation>Bilder halber Größe</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -793,6 +826,10 @@
             <source>no sound</source>
             <translation>kein Ton</translation>
         </message>
+        <message>
+            <source>Chapter %1</source>
+            <translation>Kapitel %1</translation>
+        </message>
     </context>
     <context>
         <name>main</name>
@@ -803,6 +840,14 @@
         <message>
             <source>Media files, one after the other, or one timeline.</source>
             <translation>Mediendateien, eine nach der anderen, oder eine Timeline.</translation>
+        </message>
+        <message>
+            <source>Shows this.</source>
+            <translation>Zeigt diese Hilfe.</translation>
+        </message>
+        <message>
+            <source>Shows the version.</source>
+            <translation>Zeigt die Version.</translation>
         </message>
     </context>
     <context>
@@ -1149,6 +1194,529 @@
         <message>
             <source>The folder of the finished file could not be brought to the disk</source>
             <translation>Der Ordner der fertigen Datei ließ sich nicht auf den Datenträger schreiben</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Sentence</name>
+        <message>
+            <source>%1; did you mean %2?</source>
+            <translation>%1; ist %2 gemeint?</translation>
+        </message>
+        <message>
+            <source>%1; what comes before can be exported with --out %2</source>
+            <translation>%1; was davor liegt, lässt sich mit dem Out-Punkt %2 exportieren</translation>
+        </message>
+        <message>
+            <source>%1 (whichever export this comes from, each that runs is ended)</source>
+            <translation>%1 (von welchem Export es auch kommt: jeder laufende wird beendet)</translation>
+        </message>
+        <message>
+            <source>Cannot read "%1": %2</source>
+            <translation>„%1“ lässt sich nicht lesen: %2</translation>
+        </message>
+        <message>
+            <source>Cannot open "%1": %2</source>
+            <translation>„%1“ lässt sich nicht öffnen: %2</translation>
+        </message>
+        <message>
+            <source>Cannot decode "%1": no decoder for %2</source>
+            <translation>„%1“ lässt sich nicht decodieren: Es gibt keinen Decoder für %2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1": %2</source>
+            <translation>„%1“ lässt sich nicht schreiben: %2</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1" beside other inputs: a timeline is exported alone</source>
+            <translation>„%1“ lässt sich nicht neben anderen Quellen exportieren: Eine Timeline wird allein exportiert</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1": %2</source>
+            <translation>„%1“ lässt sich nicht exportieren: %2</translation>
+        </message>
+        <message>
+            <source>Cannot make a file beside "%1": %2</source>
+            <translation>Neben „%1“ lässt sich keine Datei anlegen: %2</translation>
+        </message>
+        <message>
+            <source>Cannot put the finished file at "%1": %2</source>
+            <translation>Die fertige Datei lässt sich nicht nach „%1“ bringen: %2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1" to the disk: %2</source>
+            <translation>„%1“ lässt sich nicht auf den Datenträger schreiben: %2</translation>
+        </message>
+        <message>
+            <source>The unfinished file of "%1" was removed or replaced</source>
+            <translation>Die unfertige Datei von „%1“ wurde entfernt oder ersetzt</translation>
+        </message>
+        <message>
+            <source>The output has become one of the inputs meanwhile</source>
+            <translation>Das Ziel ist inzwischen eine der Quellen geworden</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be written: %2</source>
+            <translation>Die Datei „%1“ lässt sich nicht schreiben: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be created: %2</source>
+            <translation>Die Datei „%1“ lässt sich nicht anlegen: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be closed: %2</source>
+            <translation>Die Datei „%1“ lässt sich nicht abschließen: %2</translation>
+        </message>
+        <message>
+            <source>Writing the header of "%1": %2</source>
+            <translation>Beim Schreiben des Kopfes von „%1“: %2</translation>
+        </message>
+        <message>
+            <source>Writing to "%1": %2</source>
+            <translation>Beim Schreiben von „%1“: %2</translation>
+        </message>
+        <message>
+            <source>Completing "%1": %2</source>
+            <translation>Beim Abschließen von „%1“: %2</translation>
+        </message>
+        <message>
+            <source>The file will take %1, but beside "%2" only %3 are free</source>
+            <translation>Die Datei wird %1 belegen, aber neben „%2“ sind nur %3 frei</translation>
+        </message>
+        <message>
+            <source>The finished file was checked and found wrong: %1</source>
+            <translation>Die fertige Datei wurde geprüft und ist falsch: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read to its end: %1</source>
+            <translation>Die fertige Datei lässt sich nicht bis zum Ende lesen: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read: %1</source>
+            <translation>Die fertige Datei lässt sich nicht lesen: %1</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1: %2</source>
+            <translation>Der Export hat nicht innerhalb von %1 begonnen: %2</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1</source>
+            <translation>Der Export hat nicht innerhalb von %1 begonnen</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1: %2</source>
+            <translation>Der Export kam %1 lang nicht voran: %2</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1</source>
+            <translation>Der Export kam %1 lang nicht voran</translation>
+        </message>
+        <message>
+            <source>Checking the finished file made no progress for %1: %2</source>
+            <translation>Die Prüfung der fertigen Datei kam %1 lang nicht voran: %2</translation>
+        </message>
+        <message>
+            <source>The export did not stop within %1: %2</source>
+            <translation>Der Export hat nicht innerhalb von %1 angehalten: %2</translation>
+        </message>
+        <message>
+            <source>Opening "%1" does not come to an end</source>
+            <translation>Das Öffnen von „%1“ kommt zu keinem Ende</translation>
+        </message>
+        <message>
+            <source>Reading "%1" does not come back</source>
+            <translation>Das Lesen von „%1“ kehrt nicht zurück</translation>
+        </message>
+        <message>
+            <source>Making a file beside "%1" does not come to an end</source>
+            <translation>Das Anlegen einer Datei neben „%1“ kommt zu keinem Ende</translation>
+        </message>
+        <message>
+            <source>Encoding, or writing "%1", does not come back</source>
+            <translation>Das Encodieren oder das Schreiben von „%1“ kehrt nicht zurück</translation>
+        </message>
+        <message>
+            <source>The in point %1 lies outside the inputs, which last %2</source>
+            <translation>Der In-Punkt %1 liegt außerhalb der Quellen, die %2 dauern</translation>
+        </message>
+        <message>
+            <source>Nothing is left to export: the preset "%1" has %2</source>
+            <translation>Es bleibt nichts zu exportieren: Die Vorgabe „%1“ hat %2</translation>
+        </message>
+        <message>
+            <source>Cannot load the presets: %1</source>
+            <translation>Die Vorgaben lassen sich nicht laden: %1</translation>
+        </message>
+        <message>
+            <source>Cannot set %1 to "%2": %3</source>
+            <translation>%1 lässt sich nicht auf „%2“ setzen: %3</translation>
+        </message>
+        <message>
+            <source>Cannot set %1: %2</source>
+            <translation>Nicht möglich, %1: %2</translation>
+        </message>
+        <message>
+            <source>size</source>
+            <translation>Größe</translation>
+        </message>
+        <message>
+            <source>frame-rate</source>
+            <translation>Bildrate</translation>
+        </message>
+        <message>
+            <source>bitrate</source>
+            <translation>Bitrate</translation>
+        </message>
+        <message>
+            <source>quality</source>
+            <translation>Qualität</translation>
+        </message>
+        <message>
+            <source>first-pass</source>
+            <translation>Erster Durchlauf</translation>
+        </message>
+        <message>
+            <source>sample-rate</source>
+            <translation>Abtastrate</translation>
+        </message>
+        <message>
+            <source>channels</source>
+            <translation>Kanäle</translation>
+        </message>
+        <message>
+            <source>audio-bitrate</source>
+            <translation>Tonbitrate</translation>
+        </message>
+        <message>
+            <source>quality to %1</source>
+            <translation>Qualität %1</translation>
+        </message>
+        <message>
+            <source>audio-bitrate to %1</source>
+            <translation>Tonbitrate %1</translation>
+        </message>
+        <message>
+            <source>bitrate to %1</source>
+            <translation>Bitrate %1</translation>
+        </message>
+        <message>
+            <source>a width of %1</source>
+            <translation>eine Breite von %1</translation>
+        </message>
+        <message>
+            <source>a height of %1</source>
+            <translation>eine Höhe von %1</translation>
+        </message>
+        <message>
+            <source>a size of %1</source>
+            <translation>eine Größe von %1</translation>
+        </message>
+        <message>
+            <source>write pixels, as 1280x720</source>
+            <translation>Pixel wie 1280x720 schreiben</translation>
+        </message>
+        <message>
+            <source>%1 is odd, and encoders need even sides</source>
+            <translation>%1 ist ungerade, und Encoder brauchen gerade Seiten</translation>
+        </message>
+        <message>
+            <source>a picture has at least 2x2 pixels</source>
+            <translation>ein Bild hat mindestens 2x2 Pixel</translation>
+        </message>
+        <message>
+            <source>no side is longer than %1 pixels</source>
+            <translation>keine Seite ist länger als %1 Pixel</translation>
+        </message>
+        <message>
+            <source>the preset "%1" is for pictures up to %2</source>
+            <translation>die Vorgabe „%1“ ist für Bilder bis %2</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2</source>
+            <translation>%1 nimmt keine Seite unter %2</translation>
+        </message>
+        <message>
+            <source>%1 is too small for %2</source>
+            <translation>%1 ist zu klein für %2</translation>
+        </message>
+        <message>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
+            <translation>Bilder je Sekunde wie 25, 29.97 oder 30000/1001 schreiben, oder source</translation>
+        </message>
+        <message>
+            <source>frame rates go from 1 to %1</source>
+            <translation>Bildraten gehen von 1 bis %1</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2, only %3</source>
+            <translation>%1 nimmt nicht %2, nur %3</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 nimmt nicht %2</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3 bit/s</source>
+            <translation>%1 nimmt %2 bis %3 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 bit/s</source>
+            <translation>%1 nimmt %2 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes whole numbers</source>
+            <translation>%1 nimmt ganze Zahlen</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3</source>
+            <translation>%1 nimmt %2 bis %3</translation>
+        </message>
+        <message>
+            <source>write bits a second, as 2500000, 2500k or 2.5M</source>
+            <translation>Bits je Sekunde wie 2500000, 2500k oder 2.5M schreiben</translation>
+        </message>
+        <message>
+            <source>bitrates go from 1 to %1 bit/s</source>
+            <translation>Bitraten gehen von 1 bis %1 bit/s</translation>
+        </message>
+        <message>
+            <source>the folder "%1": %2</source>
+            <translation>der Ordner „%1“: %2</translation>
+        </message>
+        <message>
+            <source>"%1" is not a folder</source>
+            <translation>„%1“ ist kein Ordner</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
+            <translation>die Vorgabe „%1“ schreibt .%2, nicht .%3; das schreibt keine</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
+            <translation>die Vorgabe „%1“ schreibt .%2, nicht .%3; das schreiben: %4</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded (%1)</source>
+            <translation>sie enthält weder Bild noch Ton, die sich decodieren lassen (%1)</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded</source>
+            <translation>sie enthält weder Bild noch Ton, die sich decodieren lassen</translation>
+        </message>
+        <message>
+            <source>it takes more memory than there is</source>
+            <translation>sie braucht mehr Speicher, als da ist</translation>
+        </message>
+        <message>
+            <source>its pictures or sound stand in another file, which it names</source>
+            <translation>Bild oder Ton stehen in einer anderen Datei, die sie nennt</translation>
+        </message>
+        <message>
+            <source>it is a folder</source>
+            <translation>das ist ein Ordner</translation>
+        </message>
+        <message>
+            <source>it is a pipe</source>
+            <translation>das ist eine Pipe</translation>
+        </message>
+        <message>
+            <source>it is a socket</source>
+            <translation>das ist ein Socket</translation>
+        </message>
+        <message>
+            <source>it is a device</source>
+            <translation>das ist ein Gerät</translation>
+        </message>
+        <message>
+            <source>it is not a regular file</source>
+            <translation>das ist keine gewöhnliche Datei</translation>
+        </message>
+        <message>
+            <source>it is empty</source>
+            <translation>sie ist leer</translation>
+        </message>
+        <message>
+            <source>it is one of the inputs</source>
+            <translation>das ist eine der Quellen</translation>
+        </message>
+        <message>
+            <source>it is one of the timeline's media</source>
+            <translation>das ist eines der Medien der Timeline</translation>
+        </message>
+        <message>
+            <source>it exists already (--overwrite replaces it)</source>
+            <translation>es gibt sie schon</translation>
+        </message>
+        <message>
+            <source>it does not name a file</source>
+            <translation>das ist kein Name einer Datei</translation>
+        </message>
+        <message>
+            <source>it is a link that leads nowhere</source>
+            <translation>das ist eine Verknüpfung, die nirgends hinführt</translation>
+        </message>
+        <message>
+            <source>No such file or directory</source>
+            <translation>Datei oder Ordner nicht gefunden</translation>
+        </message>
+        <message>
+            <source>Permission denied</source>
+            <translation>Zugriff verweigert</translation>
+        </message>
+        <message>
+            <source>Read-only file system</source>
+            <translation>Nur lesbares Dateisystem</translation>
+        </message>
+        <message>
+            <source>No space left on device</source>
+            <translation>Kein Platz mehr auf dem Datenträger</translation>
+        </message>
+        <message>
+            <source>Disk quota exceeded</source>
+            <translation>Kontingent überschritten</translation>
+        </message>
+        <message>
+            <source>File too large</source>
+            <translation>Die Datei ist zu groß</translation>
+        </message>
+        <message>
+            <source>File name too long</source>
+            <translation>Der Dateiname ist zu lang</translation>
+        </message>
+        <message>
+            <source>Input/output error</source>
+            <translation>Ein-/Ausgabefehler</translation>
+        </message>
+        <message>
+            <source>Cannot allocate memory</source>
+            <translation>Kein Speicher verfügbar</translation>
+        </message>
+        <message>
+            <source>Invalid data found when processing input</source>
+            <translation>Die Daten sind ungültig</translation>
+        </message>
+        <message>
+            <source>End of file</source>
+            <translation>Ende der Datei</translation>
+        </message>
+        <message>
+            <source>"%1" is damaged at %2: %3</source>
+            <translation>„%1“ ist bei %2 beschädigt: %3</translation>
+        </message>
+        <message>
+            <source>"%1" cannot be put on the timeline: it has no length</source>
+            <translation>„%1“ lässt sich nicht auf die Timeline legen: Es hat keine Länge</translation>
+        </message>
+        <message>
+            <source>"%1": %2</source>
+            <translation>„%1“: %2</translation>
+        </message>
+        <message>
+            <source>left out: %1</source>
+            <translation>weggelassen: %1</translation>
+        </message>
+        <message>
+            <source>%1 picture track (%2)</source>
+            <translation>%1 Bildspur (%2)</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks (%2)</source>
+            <translation>%1 Bildspuren (%2)</translation>
+        </message>
+        <message>
+            <source>%1 sound track (%2)</source>
+            <translation>%1 Tonspur (%2)</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks (%2)</source>
+            <translation>%1 Tonspuren (%2)</translation>
+        </message>
+        <message>
+            <source>%1 subtitle track (%2)</source>
+            <translation>%1 Untertitelspur (%2)</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks (%2)</source>
+            <translation>%1 Untertitelspuren (%2)</translation>
+        </message>
+        <message>
+            <source>%1 data track (%2)</source>
+            <translation>%1 Datenspur (%2)</translation>
+        </message>
+        <message>
+            <source>%1 data tracks (%2)</source>
+            <translation>%1 Datenspuren (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attached picture (%2)</source>
+            <translation>%1 beigefügtes Bild (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures (%2)</source>
+            <translation>%1 beigefügte Bilder (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attachment (%2)</source>
+            <translation>%1 Anlage (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attachments (%2)</source>
+            <translation>%1 Anlagen (%2)</translation>
+        </message>
+        <message>
+            <source>%1 chapter</source>
+            <translation>%1 Kapitel</translation>
+        </message>
+        <message>
+            <source>%1 chapters</source>
+            <translation>%1 Kapitel</translation>
+        </message>
+        <message>
+            <source>tag (%1)</source>
+            <translation>Angabe (%1)</translation>
+        </message>
+        <message>
+            <source>tags (%1)</source>
+            <translation>Angaben (%1)</translation>
+        </message>
+        <message>
+            <source>title</source>
+            <translation>Titel</translation>
+        </message>
+        <message>
+            <source>tags</source>
+            <translation>Angaben</translation>
+        </message>
+        <message>
+            <source>Titles of chapters are cut off: the file has no place for such long ones</source>
+            <translation>Titel von Kapiteln werden gekürzt: Die Datei hat keinen Platz für so lange</translation>
+        </message>
+        <message>
+            <source>what is missing is black, or what lies on lower tracks where there is something, and silent</source>
+            <translation>Fehlendes ist schwarz und still, oder zeigt, was auf unteren Spuren liegt</translation>
+        </message>
+        <message>
+            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
+            <translation>Der Ton hat keine Lautheit, weil er zu leise oder zu kurz ist, und bleibt, wie er ist</translation>
+        </message>
+        <message>
+            <source>roughly %1</source>
+            <translation>etwa %1</translation>
+        </message>
+        <message>
+            <source>%1 language is left out: the inputs' differ</source>
+            <translation>Die Sprache %1 wird weggelassen: Die der Quellen sind verschieden</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is left out: the file has no place for it</source>
+            <translation>Die Sprache %1, %2, wird weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>The picture's</source>
+            <translation>des Bildes</translation>
+        </message>
+        <message>
+            <source>The sound's</source>
+            <translation>des Tons</translation>
         </message>
     </context>
 </TS>

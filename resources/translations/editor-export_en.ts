@@ -125,4 +125,15 @@
             <translation>Matroska</translation>
         </message>
     </context>
+    <context>
+        <name>Dialog::Sentence</name>
+        <message>
+            <source>it exists already (--overwrite replaces it)</source>
+            <translation>it exists already</translation>
+        </message>
+        <message>
+            <source>%1; what comes before can be exported with --out %2</source>
+            <translation>%1; what comes before can be exported with the out point %2</translation>
+        </message>
+    </context>
 </TS>

@@ -151,6 +151,11 @@
             <source>Stop and close</source>
             <translation>Detener y cerrar</translation>
         </message>
+        <message>
+            <source>takes %1, at a rough guess</source>
+            <comment>a time</comment>
+            <translation>tarda %1, según un cálculo aproximado</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -759,6 +764,34 @@
             <source>Reset the custom settings</source>
             <translation>Restablecer los ajustes propios</translation>
         </message>
+        <message>
+            <source>Channels:</source>
+            <translation>Canales:</translation>
+        </message>
+        <message>
+            <source>First pass:</source>
+            <translation>Primera pasada:</translation>
+        </message>
+        <message>
+            <source>Mono</source>
+            <translation>Mono</translation>
+        </message>
+        <message>
+            <source>Stereo</source>
+            <translation>Estéreo</translation>
+        </message>
+        <message>
+            <source>Quadraphonic</source>
+            <translation>Cuadrafónico</translation>
+        </message>
+        <message>
+            <source>Whole pictures</source>
+            <translation>Imágenes enteras</translation>
+        </message>
+        <message>
+            <source>Pictures of half the size</source>
+            <translation>Imágenes de mitad de tamaño</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -793,6 +826,10 @@
             <source>no sound</source>
             <translation>sin sonido</translation>
         </message>
+        <message>
+            <source>Chapter %1</source>
+            <translation>Capítulo %1</translation>
+        </message>
     </context>
     <context>
         <name>main</name>
@@ -803,6 +840,14 @@
         <message>
             <source>Media files, one after the other, or one timeline.</source>
             <translation>Archivos multimedia, uno tras otro, o una línea de tiempo.</translation>
+        </message>
+        <message>
+            <source>Shows this.</source>
+            <translation>Muestra esta ayuda.</translation>
+        </message>
+        <message>
+            <source>Shows the version.</source>
+            <translation>Muestra la versión.</translation>
         </message>
     </context>
     <context>
@@ -1149,6 +1194,529 @@
         <message>
             <source>The folder of the finished file could not be brought to the disk</source>
             <translation>No se pudo llevar al disco la carpeta del archivo terminado</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Sentence</name>
+        <message>
+            <source>%1; did you mean %2?</source>
+            <translation>%1; ¿quería decir %2?</translation>
+        </message>
+        <message>
+            <source>%1; what comes before can be exported with --out %2</source>
+            <translation>%1; lo anterior se puede exportar con el punto de salida %2</translation>
+        </message>
+        <message>
+            <source>%1 (whichever export this comes from, each that runs is ended)</source>
+            <translation>%1 (venga de la exportación que venga, se terminan todas las que están en marcha)</translation>
+        </message>
+        <message>
+            <source>Cannot read "%1": %2</source>
+            <translation>No se puede leer «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot open "%1": %2</source>
+            <translation>No se puede abrir «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot decode "%1": no decoder for %2</source>
+            <translation>No se puede decodificar «%1»: no hay decodificador para %2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1": %2</source>
+            <translation>No se puede escribir «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1" beside other inputs: a timeline is exported alone</source>
+            <translation>No se puede exportar «%1» junto a otras entradas: una línea de tiempo se exporta sola</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1": %2</source>
+            <translation>No se puede exportar «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot make a file beside "%1": %2</source>
+            <translation>No se puede crear un archivo junto a «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot put the finished file at "%1": %2</source>
+            <translation>No se puede llevar el archivo terminado a «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1" to the disk: %2</source>
+            <translation>No se puede escribir «%1» en el disco: %2</translation>
+        </message>
+        <message>
+            <source>The unfinished file of "%1" was removed or replaced</source>
+            <translation>El archivo sin terminar de «%1» fue eliminado o sustituido</translation>
+        </message>
+        <message>
+            <source>The output has become one of the inputs meanwhile</source>
+            <translation>Entretanto, la salida se ha convertido en una de las entradas</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be written: %2</source>
+            <translation>No se puede escribir el archivo «%1»: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be created: %2</source>
+            <translation>No se puede crear el archivo «%1»: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be closed: %2</source>
+            <translation>No se puede cerrar el archivo «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Writing the header of "%1": %2</source>
+            <translation>Al escribir la cabecera de «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Writing to "%1": %2</source>
+            <translation>Al escribir en «%1»: %2</translation>
+        </message>
+        <message>
+            <source>Completing "%1": %2</source>
+            <translation>Al completar «%1»: %2</translation>
+        </message>
+        <message>
+            <source>The file will take %1, but beside "%2" only %3 are free</source>
+            <translation>El archivo ocupará %1, pero junto a «%2» solo hay %3 libres</translation>
+        </message>
+        <message>
+            <source>The finished file was checked and found wrong: %1</source>
+            <translation>Se comprobó el archivo terminado y es incorrecto: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read to its end: %1</source>
+            <translation>El archivo terminado no se puede leer hasta el final: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read: %1</source>
+            <translation>El archivo terminado no se puede leer: %1</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1: %2</source>
+            <translation>La exportación no empezó en %1: %2</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1</source>
+            <translation>La exportación no empezó en %1</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1: %2</source>
+            <translation>La exportación no avanzó durante %1: %2</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1</source>
+            <translation>La exportación no avanzó durante %1</translation>
+        </message>
+        <message>
+            <source>Checking the finished file made no progress for %1: %2</source>
+            <translation>La comprobación del archivo terminado no avanzó durante %1: %2</translation>
+        </message>
+        <message>
+            <source>The export did not stop within %1: %2</source>
+            <translation>La exportación no se detuvo en %1: %2</translation>
+        </message>
+        <message>
+            <source>Opening "%1" does not come to an end</source>
+            <translation>La apertura de «%1» no termina</translation>
+        </message>
+        <message>
+            <source>Reading "%1" does not come back</source>
+            <translation>La lectura de «%1» no vuelve</translation>
+        </message>
+        <message>
+            <source>Making a file beside "%1" does not come to an end</source>
+            <translation>La creación de un archivo junto a «%1» no termina</translation>
+        </message>
+        <message>
+            <source>Encoding, or writing "%1", does not come back</source>
+            <translation>La codificación, o la escritura de «%1», no vuelve</translation>
+        </message>
+        <message>
+            <source>The in point %1 lies outside the inputs, which last %2</source>
+            <translation>El punto de entrada %1 está fuera de las entradas, que duran %2</translation>
+        </message>
+        <message>
+            <source>Nothing is left to export: the preset "%1" has %2</source>
+            <translation>No queda nada que exportar: el preajuste «%1» tiene %2</translation>
+        </message>
+        <message>
+            <source>Cannot load the presets: %1</source>
+            <translation>No se pueden cargar los preajustes: %1</translation>
+        </message>
+        <message>
+            <source>Cannot set %1 to "%2": %3</source>
+            <translation>No se puede poner %1 en «%2»: %3</translation>
+        </message>
+        <message>
+            <source>Cannot set %1: %2</source>
+            <translation>No es posible, %1: %2</translation>
+        </message>
+        <message>
+            <source>size</source>
+            <translation>el tamaño</translation>
+        </message>
+        <message>
+            <source>frame-rate</source>
+            <translation>la frecuencia de imágenes</translation>
+        </message>
+        <message>
+            <source>bitrate</source>
+            <translation>la tasa de bits</translation>
+        </message>
+        <message>
+            <source>quality</source>
+            <translation>la calidad</translation>
+        </message>
+        <message>
+            <source>first-pass</source>
+            <translation>la primera pasada</translation>
+        </message>
+        <message>
+            <source>sample-rate</source>
+            <translation>la frecuencia de muestreo</translation>
+        </message>
+        <message>
+            <source>channels</source>
+            <translation>los canales</translation>
+        </message>
+        <message>
+            <source>audio-bitrate</source>
+            <translation>la tasa de bits del sonido</translation>
+        </message>
+        <message>
+            <source>quality to %1</source>
+            <translation>la calidad en %1</translation>
+        </message>
+        <message>
+            <source>audio-bitrate to %1</source>
+            <translation>la tasa de bits del sonido en %1</translation>
+        </message>
+        <message>
+            <source>bitrate to %1</source>
+            <translation>la tasa de bits en %1</translation>
+        </message>
+        <message>
+            <source>a width of %1</source>
+            <translation>una anchura de %1</translation>
+        </message>
+        <message>
+            <source>a height of %1</source>
+            <translation>una altura de %1</translation>
+        </message>
+        <message>
+            <source>a size of %1</source>
+            <translation>un tamaño de %1</translation>
+        </message>
+        <message>
+            <source>write pixels, as 1280x720</source>
+            <translation>escriba píxeles, como 1280x720</translation>
+        </message>
+        <message>
+            <source>%1 is odd, and encoders need even sides</source>
+            <translation>%1 es impar, y los codificadores necesitan lados pares</translation>
+        </message>
+        <message>
+            <source>a picture has at least 2x2 pixels</source>
+            <translation>una imagen tiene al menos 2x2 píxeles</translation>
+        </message>
+        <message>
+            <source>no side is longer than %1 pixels</source>
+            <translation>ningún lado es mayor de %1 píxeles</translation>
+        </message>
+        <message>
+            <source>the preset "%1" is for pictures up to %2</source>
+            <translation>el preajuste «%1» es para imágenes de hasta %2</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2</source>
+            <translation>%1 no admite lados menores de %2</translation>
+        </message>
+        <message>
+            <source>%1 is too small for %2</source>
+            <translation>%1 es demasiado pequeño para %2</translation>
+        </message>
+        <message>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
+            <translation>escriba imágenes por segundo, como 25, 29.97 o 30000/1001, o source</translation>
+        </message>
+        <message>
+            <source>frame rates go from 1 to %1</source>
+            <translation>las frecuencias van de 1 a %1</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2, only %3</source>
+            <translation>%1 no admite %2, solo %3</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 no admite %2</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3 bit/s</source>
+            <translation>%1 admite de %2 a %3 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 bit/s</source>
+            <translation>%1 admite %2 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes whole numbers</source>
+            <translation>%1 admite números enteros</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3</source>
+            <translation>%1 admite de %2 a %3</translation>
+        </message>
+        <message>
+            <source>write bits a second, as 2500000, 2500k or 2.5M</source>
+            <translation>escriba bits por segundo, como 2500000, 2500k o 2.5M</translation>
+        </message>
+        <message>
+            <source>bitrates go from 1 to %1 bit/s</source>
+            <translation>las tasas van de 1 a %1 bit/s</translation>
+        </message>
+        <message>
+            <source>the folder "%1": %2</source>
+            <translation>la carpeta «%1»: %2</translation>
+        </message>
+        <message>
+            <source>"%1" is not a folder</source>
+            <translation>«%1» no es una carpeta</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
+            <translation>el preajuste «%1» escribe .%2, no .%3; ninguno lo hace</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
+            <translation>el preajuste «%1» escribe .%2, no .%3; lo hacen: %4</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded (%1)</source>
+            <translation>no contiene imagen ni sonido que se pueda decodificar (%1)</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded</source>
+            <translation>no contiene imagen ni sonido que se pueda decodificar</translation>
+        </message>
+        <message>
+            <source>it takes more memory than there is</source>
+            <translation>necesita más memoria de la que hay</translation>
+        </message>
+        <message>
+            <source>its pictures or sound stand in another file, which it names</source>
+            <translation>su imagen o su sonido están en otro archivo, que ella nombra</translation>
+        </message>
+        <message>
+            <source>it is a folder</source>
+            <translation>es una carpeta</translation>
+        </message>
+        <message>
+            <source>it is a pipe</source>
+            <translation>es una tubería</translation>
+        </message>
+        <message>
+            <source>it is a socket</source>
+            <translation>es un socket</translation>
+        </message>
+        <message>
+            <source>it is a device</source>
+            <translation>es un dispositivo</translation>
+        </message>
+        <message>
+            <source>it is not a regular file</source>
+            <translation>no es un archivo normal</translation>
+        </message>
+        <message>
+            <source>it is empty</source>
+            <translation>está vacío</translation>
+        </message>
+        <message>
+            <source>it is one of the inputs</source>
+            <translation>es una de las entradas</translation>
+        </message>
+        <message>
+            <source>it is one of the timeline's media</source>
+            <translation>es uno de los medios de la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>it exists already (--overwrite replaces it)</source>
+            <translation>ya existe</translation>
+        </message>
+        <message>
+            <source>it does not name a file</source>
+            <translation>no nombra un archivo</translation>
+        </message>
+        <message>
+            <source>it is a link that leads nowhere</source>
+            <translation>es un enlace que no lleva a ninguna parte</translation>
+        </message>
+        <message>
+            <source>No such file or directory</source>
+            <translation>No existe el archivo o la carpeta</translation>
+        </message>
+        <message>
+            <source>Permission denied</source>
+            <translation>Permiso denegado</translation>
+        </message>
+        <message>
+            <source>Read-only file system</source>
+            <translation>Sistema de archivos de solo lectura</translation>
+        </message>
+        <message>
+            <source>No space left on device</source>
+            <translation>No queda espacio en el dispositivo</translation>
+        </message>
+        <message>
+            <source>Disk quota exceeded</source>
+            <translation>Cuota de disco superada</translation>
+        </message>
+        <message>
+            <source>File too large</source>
+            <translation>El archivo es demasiado grande</translation>
+        </message>
+        <message>
+            <source>File name too long</source>
+            <translation>El nombre de archivo es demasiado largo</translation>
+        </message>
+        <message>
+            <source>Input/output error</source>
+            <translation>Error de entrada/salida</translation>
+        </message>
+        <message>
+            <source>Cannot allocate memory</source>
+            <translation>No se puede asignar memoria</translation>
+        </message>
+        <message>
+            <source>Invalid data found when processing input</source>
+            <translation>Los datos no son válidos</translation>
+        </message>
+        <message>
+            <source>End of file</source>
+            <translation>Fin del archivo</translation>
+        </message>
+        <message>
+            <source>"%1" is damaged at %2: %3</source>
+            <translation>«%1» está dañado en %2: %3</translation>
+        </message>
+        <message>
+            <source>"%1" cannot be put on the timeline: it has no length</source>
+            <translation>«%1» no se puede poner en la línea de tiempo: no tiene duración</translation>
+        </message>
+        <message>
+            <source>"%1": %2</source>
+            <translation>«%1»: %2</translation>
+        </message>
+        <message>
+            <source>left out: %1</source>
+            <translation>se omite: %1</translation>
+        </message>
+        <message>
+            <source>%1 picture track (%2)</source>
+            <translation>%1 pista de imagen (%2)</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks (%2)</source>
+            <translation>%1 pistas de imagen (%2)</translation>
+        </message>
+        <message>
+            <source>%1 sound track (%2)</source>
+            <translation>%1 pista de sonido (%2)</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks (%2)</source>
+            <translation>%1 pistas de sonido (%2)</translation>
+        </message>
+        <message>
+            <source>%1 subtitle track (%2)</source>
+            <translation>%1 pista de subtítulos (%2)</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks (%2)</source>
+            <translation>%1 pistas de subtítulos (%2)</translation>
+        </message>
+        <message>
+            <source>%1 data track (%2)</source>
+            <translation>%1 pista de datos (%2)</translation>
+        </message>
+        <message>
+            <source>%1 data tracks (%2)</source>
+            <translation>%1 pistas de datos (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attached picture (%2)</source>
+            <translation>%1 imagen adjunta (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures (%2)</source>
+            <translation>%1 imágenes adjuntas (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attachment (%2)</source>
+            <translation>%1 archivo adjunto (%2)</translation>
+        </message>
+        <message>
+            <source>%1 attachments (%2)</source>
+            <translation>%1 archivos adjuntos (%2)</translation>
+        </message>
+        <message>
+            <source>%1 chapter</source>
+            <translation>%1 capítulo</translation>
+        </message>
+        <message>
+            <source>%1 chapters</source>
+            <translation>%1 capítulos</translation>
+        </message>
+        <message>
+            <source>tag (%1)</source>
+            <translation>etiqueta (%1)</translation>
+        </message>
+        <message>
+            <source>tags (%1)</source>
+            <translation>etiquetas (%1)</translation>
+        </message>
+        <message>
+            <source>title</source>
+            <translation>título</translation>
+        </message>
+        <message>
+            <source>tags</source>
+            <translation>etiquetas</translation>
+        </message>
+        <message>
+            <source>Titles of chapters are cut off: the file has no place for such long ones</source>
+            <translation>Los títulos de los capítulos se acortan: el archivo no tiene lugar para títulos tan largos</translation>
+        </message>
+        <message>
+            <source>what is missing is black, or what lies on lower tracks where there is something, and silent</source>
+            <translation>lo que falta queda en negro, o muestra lo que hay en pistas inferiores, y en silencio</translation>
+        </message>
+        <message>
+            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
+            <translation>El sonido no tiene sonoridad, por ser demasiado bajo o corto, y se queda como está</translation>
+        </message>
+        <message>
+            <source>roughly %1</source>
+            <translation>aproximadamente %1</translation>
+        </message>
+        <message>
+            <source>%1 language is left out: the inputs' differ</source>
+            <translation>Se omite el idioma %1: los de las entradas difieren</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is left out: the file has no place for it</source>
+            <translation>Se omite el idioma %1, %2: el archivo no tiene lugar para él</translation>
+        </message>
+        <message>
+            <source>The picture's</source>
+            <translation>de la imagen</translation>
+        </message>
+        <message>
+            <source>The sound's</source>
+            <translation>del sonido</translation>
         </message>
     </context>
 </TS>

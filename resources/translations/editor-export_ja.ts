@@ -150,6 +150,11 @@
             <source>Stop and close</source>
             <translation>停止して閉じる</translation>
         </message>
+        <message>
+            <source>takes %1, at a rough guess</source>
+            <comment>a time</comment>
+            <translation>所要時間 %1（概算）</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -753,6 +758,34 @@
             <source>Reset the custom settings</source>
             <translation>カスタム設定を元に戻す</translation>
         </message>
+        <message>
+            <source>Channels:</source>
+            <translation>チャンネル:</translation>
+        </message>
+        <message>
+            <source>First pass:</source>
+            <translation>1パス目:</translation>
+        </message>
+        <message>
+            <source>Mono</source>
+            <translation>モノラル</translation>
+        </message>
+        <message>
+            <source>Stereo</source>
+            <translation>ステレオ</translation>
+        </message>
+        <message>
+            <source>Quadraphonic</source>
+            <translation>4チャンネル</translation>
+        </message>
+        <message>
+            <source>Whole pictures</source>
+            <translation>元の大きさの画像</translation>
+        </message>
+        <message>
+            <source>Pictures of half the size</source>
+            <translation>半分の大きさの画像</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -786,6 +819,10 @@
             <source>no sound</source>
             <translation>音声なし</translation>
         </message>
+        <message>
+            <source>Chapter %1</source>
+            <translation>チャプター%1</translation>
+        </message>
     </context>
     <context>
         <name>main</name>
@@ -796,6 +833,14 @@
         <message>
             <source>Media files, one after the other, or one timeline.</source>
             <translation>続けて並べるメディアファイル、または 1 つのタイムライン。</translation>
+        </message>
+        <message>
+            <source>Shows this.</source>
+            <translation>このヘルプを表示します。</translation>
+        </message>
+        <message>
+            <source>Shows the version.</source>
+            <translation>バージョンを表示します。</translation>
         </message>
     </context>
     <context>
@@ -1142,6 +1187,529 @@
         <message>
             <source>The folder of the finished file could not be brought to the disk</source>
             <translation>完成したファイルのフォルダーをディスクに書き込めませんでした</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Sentence</name>
+        <message>
+            <source>%1; did you mean %2?</source>
+            <translation>%1。もしかして %2 ですか？</translation>
+        </message>
+        <message>
+            <source>%1; what comes before can be exported with --out %2</source>
+            <translation>%1。それより前は、アウト点を %2 にすれば書き出せます</translation>
+        </message>
+        <message>
+            <source>%1 (whichever export this comes from, each that runs is ended)</source>
+            <translation>%1（どの書き出しによるものか不明なため、実行中のものはすべて終了します）</translation>
+        </message>
+        <message>
+            <source>Cannot read "%1": %2</source>
+            <translation>「%1」を読み込めません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot open "%1": %2</source>
+            <translation>「%1」を開けません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot decode "%1": no decoder for %2</source>
+            <translation>「%1」をデコードできません: %2 のデコーダーがありません</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1": %2</source>
+            <translation>「%1」に書き込めません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1" beside other inputs: a timeline is exported alone</source>
+            <translation>「%1」はほかの入力と一緒には書き出せません: タイムラインは単独で書き出します</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1": %2</source>
+            <translation>「%1」を書き出せません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot make a file beside "%1": %2</source>
+            <translation>「%1」と同じ場所にファイルを作成できません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot put the finished file at "%1": %2</source>
+            <translation>完成したファイルを「%1」に置けません: %2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1" to the disk: %2</source>
+            <translation>「%1」をディスクに書き込めません: %2</translation>
+        </message>
+        <message>
+            <source>The unfinished file of "%1" was removed or replaced</source>
+            <translation>「%1」の作成途中のファイルが削除または置き換えられました</translation>
+        </message>
+        <message>
+            <source>The output has become one of the inputs meanwhile</source>
+            <translation>出力先が途中で入力の一つになりました</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be written: %2</source>
+            <translation>ファイル「%1」に書き込めません: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be created: %2</source>
+            <translation>ファイル「%1」を作成できません: %2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be closed: %2</source>
+            <translation>ファイル「%1」を閉じられません: %2</translation>
+        </message>
+        <message>
+            <source>Writing the header of "%1": %2</source>
+            <translation>「%1」のヘッダーの書き込み中: %2</translation>
+        </message>
+        <message>
+            <source>Writing to "%1": %2</source>
+            <translation>「%1」への書き込み中: %2</translation>
+        </message>
+        <message>
+            <source>Completing "%1": %2</source>
+            <translation>「%1」の完成処理中: %2</translation>
+        </message>
+        <message>
+            <source>The file will take %1, but beside "%2" only %3 are free</source>
+            <translation>ファイルは %1 になりますが、「%2」の場所の空きは %3 しかありません</translation>
+        </message>
+        <message>
+            <source>The finished file was checked and found wrong: %1</source>
+            <translation>完成したファイルを検査したところ、誤りがありました: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read to its end: %1</source>
+            <translation>完成したファイルを最後まで読み込めません: %1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read: %1</source>
+            <translation>完成したファイルを読み込めません: %1</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1: %2</source>
+            <translation>書き出しが %1 以内に始まりませんでした: %2</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1</source>
+            <translation>書き出しが %1 以内に始まりませんでした</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1: %2</source>
+            <translation>書き出しが %1 の間進みませんでした: %2</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1</source>
+            <translation>書き出しが %1 の間進みませんでした</translation>
+        </message>
+        <message>
+            <source>Checking the finished file made no progress for %1: %2</source>
+            <translation>完成したファイルの検査が %1 の間進みませんでした: %2</translation>
+        </message>
+        <message>
+            <source>The export did not stop within %1: %2</source>
+            <translation>書き出しが %1 以内に停止しませんでした: %2</translation>
+        </message>
+        <message>
+            <source>Opening "%1" does not come to an end</source>
+            <translation>「%1」を開く処理が終わりません</translation>
+        </message>
+        <message>
+            <source>Reading "%1" does not come back</source>
+            <translation>「%1」の読み込みが戻ってきません</translation>
+        </message>
+        <message>
+            <source>Making a file beside "%1" does not come to an end</source>
+            <translation>「%1」と同じ場所へのファイル作成が終わりません</translation>
+        </message>
+        <message>
+            <source>Encoding, or writing "%1", does not come back</source>
+            <translation>エンコードまたは「%1」への書き込みが戻ってきません</translation>
+        </message>
+        <message>
+            <source>The in point %1 lies outside the inputs, which last %2</source>
+            <translation>イン点 %1 は、長さ %2 の入力の外にあります</translation>
+        </message>
+        <message>
+            <source>Nothing is left to export: the preset "%1" has %2</source>
+            <translation>書き出すものが残っていません: プリセット「%1」は %2</translation>
+        </message>
+        <message>
+            <source>Cannot load the presets: %1</source>
+            <translation>プリセットを読み込めません: %1</translation>
+        </message>
+        <message>
+            <source>Cannot set %1 to "%2": %3</source>
+            <translation>%1を「%2」にはできません: %3</translation>
+        </message>
+        <message>
+            <source>Cannot set %1: %2</source>
+            <translation>%1は設定できません: %2</translation>
+        </message>
+        <message>
+            <source>size</source>
+            <translation>サイズ</translation>
+        </message>
+        <message>
+            <source>frame-rate</source>
+            <translation>フレームレート</translation>
+        </message>
+        <message>
+            <source>bitrate</source>
+            <translation>ビットレート</translation>
+        </message>
+        <message>
+            <source>quality</source>
+            <translation>品質</translation>
+        </message>
+        <message>
+            <source>first-pass</source>
+            <translation>1パス目</translation>
+        </message>
+        <message>
+            <source>sample-rate</source>
+            <translation>サンプルレート</translation>
+        </message>
+        <message>
+            <source>channels</source>
+            <translation>チャンネル</translation>
+        </message>
+        <message>
+            <source>audio-bitrate</source>
+            <translation>音声ビットレート</translation>
+        </message>
+        <message>
+            <source>quality to %1</source>
+            <translation>品質 %1</translation>
+        </message>
+        <message>
+            <source>audio-bitrate to %1</source>
+            <translation>音声ビットレート %1</translation>
+        </message>
+        <message>
+            <source>bitrate to %1</source>
+            <translation>ビットレート %1</translation>
+        </message>
+        <message>
+            <source>a width of %1</source>
+            <translation>幅 %1</translation>
+        </message>
+        <message>
+            <source>a height of %1</source>
+            <translation>高さ %1</translation>
+        </message>
+        <message>
+            <source>a size of %1</source>
+            <translation>サイズ %1</translation>
+        </message>
+        <message>
+            <source>write pixels, as 1280x720</source>
+            <translation>1280x720 のようにピクセルで書いてください</translation>
+        </message>
+        <message>
+            <source>%1 is odd, and encoders need even sides</source>
+            <translation>%1 は奇数ですが、エンコーダーには偶数の辺が必要です</translation>
+        </message>
+        <message>
+            <source>a picture has at least 2x2 pixels</source>
+            <translation>画像は少なくとも 2x2 ピクセルです</translation>
+        </message>
+        <message>
+            <source>no side is longer than %1 pixels</source>
+            <translation>どの辺も %1 ピクセルより長くできません</translation>
+        </message>
+        <message>
+            <source>the preset "%1" is for pictures up to %2</source>
+            <translation>プリセット「%1」は %2 までの映像用です</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2</source>
+            <translation>%1 は %2 未満の辺を扱えません</translation>
+        </message>
+        <message>
+            <source>%1 is too small for %2</source>
+            <translation>%1 は %2 には小さすぎます</translation>
+        </message>
+        <message>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
+            <translation>25、29.97、30000/1001 のように毎秒のフレーム数、または source と書いてください</translation>
+        </message>
+        <message>
+            <source>frame rates go from 1 to %1</source>
+            <translation>フレームレートは 1 から %1 までです</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2, only %3</source>
+            <translation>%1 は %2 を扱えません。扱えるのは %3 です</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 は %2 を扱えません</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3 bit/s</source>
+            <translation>%1 が扱えるのは %2 から %3 bit/s です</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 bit/s</source>
+            <translation>%1 が扱えるのは %2 bit/s です</translation>
+        </message>
+        <message>
+            <source>%1 takes whole numbers</source>
+            <translation>%1 が扱えるのは整数です</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3</source>
+            <translation>%1 が扱えるのは %2 から %3 です</translation>
+        </message>
+        <message>
+            <source>write bits a second, as 2500000, 2500k or 2.5M</source>
+            <translation>2500000、2500k、2.5M のように毎秒のビット数を書いてください</translation>
+        </message>
+        <message>
+            <source>bitrates go from 1 to %1 bit/s</source>
+            <translation>ビットレートは 1 から %1 bit/s までです</translation>
+        </message>
+        <message>
+            <source>the folder "%1": %2</source>
+            <translation>フォルダー「%1」: %2</translation>
+        </message>
+        <message>
+            <source>"%1" is not a folder</source>
+            <translation>「%1」はフォルダーではありません</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
+            <translation>プリセット「%1」が書くのは .%2 で、.%3 ではありません。それを書くプリセットはありません</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
+            <translation>プリセット「%1」が書くのは .%2 で、.%3 ではありません。それを書くプリセット: %4</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded (%1)</source>
+            <translation>デコードできる映像も音声も含まれていません（%1）</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded</source>
+            <translation>デコードできる映像も音声も含まれていません</translation>
+        </message>
+        <message>
+            <source>it takes more memory than there is</source>
+            <translation>搭載量より多くのメモリが必要です</translation>
+        </message>
+        <message>
+            <source>its pictures or sound stand in another file, which it names</source>
+            <translation>映像または音声が、そこに名前のある別のファイルにあります</translation>
+        </message>
+        <message>
+            <source>it is a folder</source>
+            <translation>フォルダーです</translation>
+        </message>
+        <message>
+            <source>it is a pipe</source>
+            <translation>パイプです</translation>
+        </message>
+        <message>
+            <source>it is a socket</source>
+            <translation>ソケットです</translation>
+        </message>
+        <message>
+            <source>it is a device</source>
+            <translation>デバイスです</translation>
+        </message>
+        <message>
+            <source>it is not a regular file</source>
+            <translation>通常のファイルではありません</translation>
+        </message>
+        <message>
+            <source>it is empty</source>
+            <translation>空です</translation>
+        </message>
+        <message>
+            <source>it is one of the inputs</source>
+            <translation>入力の一つです</translation>
+        </message>
+        <message>
+            <source>it is one of the timeline's media</source>
+            <translation>タイムラインのメディアの一つです</translation>
+        </message>
+        <message>
+            <source>it exists already (--overwrite replaces it)</source>
+            <translation>既に存在します</translation>
+        </message>
+        <message>
+            <source>it does not name a file</source>
+            <translation>ファイル名になっていません</translation>
+        </message>
+        <message>
+            <source>it is a link that leads nowhere</source>
+            <translation>リンク先がありません</translation>
+        </message>
+        <message>
+            <source>No such file or directory</source>
+            <translation>ファイルまたはフォルダーがありません</translation>
+        </message>
+        <message>
+            <source>Permission denied</source>
+            <translation>アクセスが拒否されました</translation>
+        </message>
+        <message>
+            <source>Read-only file system</source>
+            <translation>読み取り専用のファイルシステムです</translation>
+        </message>
+        <message>
+            <source>No space left on device</source>
+            <translation>デバイスに空き領域がありません</translation>
+        </message>
+        <message>
+            <source>Disk quota exceeded</source>
+            <translation>ディスククォータを超えました</translation>
+        </message>
+        <message>
+            <source>File too large</source>
+            <translation>ファイルが大きすぎます</translation>
+        </message>
+        <message>
+            <source>File name too long</source>
+            <translation>ファイル名が長すぎます</translation>
+        </message>
+        <message>
+            <source>Input/output error</source>
+            <translation>入出力エラー</translation>
+        </message>
+        <message>
+            <source>Cannot allocate memory</source>
+            <translation>メモリを確保できません</translation>
+        </message>
+        <message>
+            <source>Invalid data found when processing input</source>
+            <translation>データが無効です</translation>
+        </message>
+        <message>
+            <source>End of file</source>
+            <translation>ファイルの終わり</translation>
+        </message>
+        <message>
+            <source>"%1" is damaged at %2: %3</source>
+            <translation>「%1」は %2 で破損しています: %3</translation>
+        </message>
+        <message>
+            <source>"%1" cannot be put on the timeline: it has no length</source>
+            <translation>「%1」はタイムラインに置けません: 長さがありません</translation>
+        </message>
+        <message>
+            <source>"%1": %2</source>
+            <translation>「%1」: %2</translation>
+        </message>
+        <message>
+            <source>left out: %1</source>
+            <translation>省略: %1</translation>
+        </message>
+        <message>
+            <source>%1 picture track (%2)</source>
+            <translation>映像トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks (%2)</source>
+            <translation>映像トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 sound track (%2)</source>
+            <translation>音声トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks (%2)</source>
+            <translation>音声トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 subtitle track (%2)</source>
+            <translation>字幕トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks (%2)</source>
+            <translation>字幕トラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 data track (%2)</source>
+            <translation>データトラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 data tracks (%2)</source>
+            <translation>データトラック %1 本（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attached picture (%2)</source>
+            <translation>添付画像 %1 点（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures (%2)</source>
+            <translation>添付画像 %1 点（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attachment (%2)</source>
+            <translation>添付ファイル %1 点（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attachments (%2)</source>
+            <translation>添付ファイル %1 点（%2）</translation>
+        </message>
+        <message>
+            <source>%1 chapter</source>
+            <translation>チャプター %1 個</translation>
+        </message>
+        <message>
+            <source>%1 chapters</source>
+            <translation>チャプター %1 個</translation>
+        </message>
+        <message>
+            <source>tag (%1)</source>
+            <translation>タグ（%1）</translation>
+        </message>
+        <message>
+            <source>tags (%1)</source>
+            <translation>タグ（%1）</translation>
+        </message>
+        <message>
+            <source>title</source>
+            <translation>タイトル</translation>
+        </message>
+        <message>
+            <source>tags</source>
+            <translation>タグ</translation>
+        </message>
+        <message>
+            <source>Titles of chapters are cut off: the file has no place for such long ones</source>
+            <translation>チャプターの題名は切り詰められます。ファイルにはそれほど長い題名を格納できません</translation>
+        </message>
+        <message>
+            <source>what is missing is black, or what lies on lower tracks where there is something, and silent</source>
+            <translation>欠けている部分は黒、または下のトラックの内容になり、無音になります</translation>
+        </message>
+        <message>
+            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
+            <translation>音声が小さすぎるか短すぎてラウドネスがないため、そのままになります</translation>
+        </message>
+        <message>
+            <source>roughly %1</source>
+            <translation>約 %1</translation>
+        </message>
+        <message>
+            <source>%1 language is left out: the inputs' differ</source>
+            <translation>%1の言語は省略されます。入力ごとに異なります</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is left out: the file has no place for it</source>
+            <translation>%1の言語 %2 は省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>The picture's</source>
+            <translation>映像</translation>
+        </message>
+        <message>
+            <source>The sound's</source>
+            <translation>音声</translation>
         </message>
     </context>
 </TS>

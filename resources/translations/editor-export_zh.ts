@@ -150,6 +150,11 @@
             <source>Stop and close</source>
             <translation>停止并关闭</translation>
         </message>
+        <message>
+            <source>takes %1, at a rough guess</source>
+            <comment>a time</comment>
+            <translation>用时%1（粗略估计）</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -753,6 +758,34 @@
             <source>Reset the custom settings</source>
             <translation>重置自定义设置</translation>
         </message>
+        <message>
+            <source>Channels:</source>
+            <translation>声道：</translation>
+        </message>
+        <message>
+            <source>First pass:</source>
+            <translation>第一遍：</translation>
+        </message>
+        <message>
+            <source>Mono</source>
+            <translation>单声道</translation>
+        </message>
+        <message>
+            <source>Stereo</source>
+            <translation>立体声</translation>
+        </message>
+        <message>
+            <source>Quadraphonic</source>
+            <translation>四声道</translation>
+        </message>
+        <message>
+            <source>Whole pictures</source>
+            <translation>完整画面</translation>
+        </message>
+        <message>
+            <source>Pictures of half the size</source>
+            <translation>一半尺寸的画面</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -786,6 +819,10 @@
             <source>no sound</source>
             <translation>无声音</translation>
         </message>
+        <message>
+            <source>Chapter %1</source>
+            <translation>第 %1 章</translation>
+        </message>
     </context>
     <context>
         <name>main</name>
@@ -796,6 +833,14 @@
         <message>
             <source>Media files, one after the other, or one timeline.</source>
             <translation>依次排列的媒体文件，或一条时间线。</translation>
+        </message>
+        <message>
+            <source>Shows this.</source>
+            <translation>显示此帮助。</translation>
+        </message>
+        <message>
+            <source>Shows the version.</source>
+            <translation>显示版本。</translation>
         </message>
     </context>
     <context>
@@ -1142,6 +1187,529 @@
         <message>
             <source>The folder of the finished file could not be brought to the disk</source>
             <translation>无法将成品文件所在的文件夹写入磁盘</translation>
+        </message>
+    </context>
+    <context>
+        <name>Dialog::Sentence</name>
+        <message>
+            <source>%1; did you mean %2?</source>
+            <translation>%1；您是指 %2 吗？</translation>
+        </message>
+        <message>
+            <source>%1; what comes before can be exported with --out %2</source>
+            <translation>%1；之前的部分可以把出点设为 %2 来导出</translation>
+        </message>
+        <message>
+            <source>%1 (whichever export this comes from, each that runs is ended)</source>
+            <translation>%1（无论来自哪个导出，所有正在运行的导出都将结束）</translation>
+        </message>
+        <message>
+            <source>Cannot read "%1": %2</source>
+            <translation>无法读取“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Cannot open "%1": %2</source>
+            <translation>无法打开“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Cannot decode "%1": no decoder for %2</source>
+            <translation>无法解码“%1”：没有 %2 的解码器</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1": %2</source>
+            <translation>无法写入“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1" beside other inputs: a timeline is exported alone</source>
+            <translation>无法将“%1”与其他输入一起导出：时间线只能单独导出</translation>
+        </message>
+        <message>
+            <source>Cannot export "%1": %2</source>
+            <translation>无法导出“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Cannot make a file beside "%1": %2</source>
+            <translation>无法在“%1”旁创建文件：%2</translation>
+        </message>
+        <message>
+            <source>Cannot put the finished file at "%1": %2</source>
+            <translation>无法将成品文件放到“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Cannot write "%1" to the disk: %2</source>
+            <translation>无法将“%1”写入磁盘：%2</translation>
+        </message>
+        <message>
+            <source>The unfinished file of "%1" was removed or replaced</source>
+            <translation>“%1”的未完成文件已被删除或替换</translation>
+        </message>
+        <message>
+            <source>The output has become one of the inputs meanwhile</source>
+            <translation>输出在此期间成了输入之一</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be written: %2</source>
+            <translation>无法写入文件“%1”：%2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be created: %2</source>
+            <translation>无法创建文件“%1”：%2</translation>
+        </message>
+        <message>
+            <source>The output file "%1" cannot be closed: %2</source>
+            <translation>无法关闭文件“%1”：%2</translation>
+        </message>
+        <message>
+            <source>Writing the header of "%1": %2</source>
+            <translation>写入“%1”的文件头时：%2</translation>
+        </message>
+        <message>
+            <source>Writing to "%1": %2</source>
+            <translation>写入“%1”时：%2</translation>
+        </message>
+        <message>
+            <source>Completing "%1": %2</source>
+            <translation>完成“%1”时：%2</translation>
+        </message>
+        <message>
+            <source>The file will take %1, but beside "%2" only %3 are free</source>
+            <translation>文件需要 %1，但“%2”所在位置只有 %3 可用</translation>
+        </message>
+        <message>
+            <source>The finished file was checked and found wrong: %1</source>
+            <translation>检查成品文件时发现错误：%1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read to its end: %1</source>
+            <translation>无法将成品文件读到末尾：%1</translation>
+        </message>
+        <message>
+            <source>The finished file cannot be read: %1</source>
+            <translation>无法读取成品文件：%1</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1: %2</source>
+            <translation>导出未能在 %1 内开始：%2</translation>
+        </message>
+        <message>
+            <source>The export did not start within %1</source>
+            <translation>导出未能在 %1 内开始</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1: %2</source>
+            <translation>导出在 %1 内没有进展：%2</translation>
+        </message>
+        <message>
+            <source>The export made no progress for %1</source>
+            <translation>导出在 %1 内没有进展</translation>
+        </message>
+        <message>
+            <source>Checking the finished file made no progress for %1: %2</source>
+            <translation>检查成品文件在 %1 内没有进展：%2</translation>
+        </message>
+        <message>
+            <source>The export did not stop within %1: %2</source>
+            <translation>导出未能在 %1 内停止：%2</translation>
+        </message>
+        <message>
+            <source>Opening "%1" does not come to an end</source>
+            <translation>打开“%1”迟迟没有结束</translation>
+        </message>
+        <message>
+            <source>Reading "%1" does not come back</source>
+            <translation>读取“%1”迟迟没有返回</translation>
+        </message>
+        <message>
+            <source>Making a file beside "%1" does not come to an end</source>
+            <translation>在“%1”旁创建文件迟迟没有结束</translation>
+        </message>
+        <message>
+            <source>Encoding, or writing "%1", does not come back</source>
+            <translation>编码或写入“%1”迟迟没有返回</translation>
+        </message>
+        <message>
+            <source>The in point %1 lies outside the inputs, which last %2</source>
+            <translation>入点 %1 位于时长为 %2 的输入之外</translation>
+        </message>
+        <message>
+            <source>Nothing is left to export: the preset "%1" has %2</source>
+            <translation>没有可导出的内容：预设“%1”%2</translation>
+        </message>
+        <message>
+            <source>Cannot load the presets: %1</source>
+            <translation>无法加载预设：%1</translation>
+        </message>
+        <message>
+            <source>Cannot set %1 to "%2": %3</source>
+            <translation>无法将%1设为“%2”：%3</translation>
+        </message>
+        <message>
+            <source>Cannot set %1: %2</source>
+            <translation>无法设置%1：%2</translation>
+        </message>
+        <message>
+            <source>size</source>
+            <translation>尺寸</translation>
+        </message>
+        <message>
+            <source>frame-rate</source>
+            <translation>帧率</translation>
+        </message>
+        <message>
+            <source>bitrate</source>
+            <translation>比特率</translation>
+        </message>
+        <message>
+            <source>quality</source>
+            <translation>质量</translation>
+        </message>
+        <message>
+            <source>first-pass</source>
+            <translation>第一遍</translation>
+        </message>
+        <message>
+            <source>sample-rate</source>
+            <translation>采样率</translation>
+        </message>
+        <message>
+            <source>channels</source>
+            <translation>声道</translation>
+        </message>
+        <message>
+            <source>audio-bitrate</source>
+            <translation>声音比特率</translation>
+        </message>
+        <message>
+            <source>quality to %1</source>
+            <translation>质量 %1</translation>
+        </message>
+        <message>
+            <source>audio-bitrate to %1</source>
+            <translation>声音比特率 %1</translation>
+        </message>
+        <message>
+            <source>bitrate to %1</source>
+            <translation>比特率 %1</translation>
+        </message>
+        <message>
+            <source>a width of %1</source>
+            <translation>宽度 %1</translation>
+        </message>
+        <message>
+            <source>a height of %1</source>
+            <translation>高度 %1</translation>
+        </message>
+        <message>
+            <source>a size of %1</source>
+            <translation>尺寸 %1</translation>
+        </message>
+        <message>
+            <source>write pixels, as 1280x720</source>
+            <translation>请以像素填写，如 1280x720</translation>
+        </message>
+        <message>
+            <source>%1 is odd, and encoders need even sides</source>
+            <translation>%1 是奇数，而编码器需要偶数边长</translation>
+        </message>
+        <message>
+            <source>a picture has at least 2x2 pixels</source>
+            <translation>画面至少有 2x2 像素</translation>
+        </message>
+        <message>
+            <source>no side is longer than %1 pixels</source>
+            <translation>任何一边都不能超过 %1 像素</translation>
+        </message>
+        <message>
+            <source>the preset "%1" is for pictures up to %2</source>
+            <translation>预设“%1”适用于不超过 %2 的画面</translation>
+        </message>
+        <message>
+            <source>%1 takes no side below %2</source>
+            <translation>%1 不支持小于 %2 的边长</translation>
+        </message>
+        <message>
+            <source>%1 is too small for %2</source>
+            <translation>%1 对于 %2 来说太小</translation>
+        </message>
+        <message>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
+            <translation>请填写每秒帧数，如 25、29.97 或 30000/1001，或 source</translation>
+        </message>
+        <message>
+            <source>frame rates go from 1 to %1</source>
+            <translation>帧率范围为 1 到 %1</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2, only %3</source>
+            <translation>%1 不支持 %2，只支持 %3</translation>
+        </message>
+        <message>
+            <source>%1 does not take %2</source>
+            <translation>%1 不支持 %2</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3 bit/s</source>
+            <translation>%1 支持 %2 到 %3 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 bit/s</source>
+            <translation>%1 支持 %2 bit/s</translation>
+        </message>
+        <message>
+            <source>%1 takes whole numbers</source>
+            <translation>%1 只支持整数</translation>
+        </message>
+        <message>
+            <source>%1 takes %2 to %3</source>
+            <translation>%1 支持 %2 到 %3</translation>
+        </message>
+        <message>
+            <source>write bits a second, as 2500000, 2500k or 2.5M</source>
+            <translation>请填写每秒比特数，如 2500000、2500k 或 2.5M</translation>
+        </message>
+        <message>
+            <source>bitrates go from 1 to %1 bit/s</source>
+            <translation>比特率范围为 1 到 %1 bit/s</translation>
+        </message>
+        <message>
+            <source>the folder "%1": %2</source>
+            <translation>文件夹“%1”：%2</translation>
+        </message>
+        <message>
+            <source>"%1" is not a folder</source>
+            <translation>“%1”不是文件夹</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
+            <translation>预设“%1”写入的是 .%2，而不是 .%3；没有预设写入该格式</translation>
+        </message>
+        <message>
+            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
+            <translation>预设“%1”写入的是 .%2，而不是 .%3；写入该格式的预设：%4</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded (%1)</source>
+            <translation>其中没有可以解码的画面或声音（%1）</translation>
+        </message>
+        <message>
+            <source>it holds neither picture nor sound that can be decoded</source>
+            <translation>其中没有可以解码的画面或声音</translation>
+        </message>
+        <message>
+            <source>it takes more memory than there is</source>
+            <translation>所需内存超过现有内存</translation>
+        </message>
+        <message>
+            <source>its pictures or sound stand in another file, which it names</source>
+            <translation>其画面或声音位于它所指的另一个文件中</translation>
+        </message>
+        <message>
+            <source>it is a folder</source>
+            <translation>它是文件夹</translation>
+        </message>
+        <message>
+            <source>it is a pipe</source>
+            <translation>它是管道</translation>
+        </message>
+        <message>
+            <source>it is a socket</source>
+            <translation>它是套接字</translation>
+        </message>
+        <message>
+            <source>it is a device</source>
+            <translation>它是设备</translation>
+        </message>
+        <message>
+            <source>it is not a regular file</source>
+            <translation>它不是普通文件</translation>
+        </message>
+        <message>
+            <source>it is empty</source>
+            <translation>它是空的</translation>
+        </message>
+        <message>
+            <source>it is one of the inputs</source>
+            <translation>它是输入之一</translation>
+        </message>
+        <message>
+            <source>it is one of the timeline's media</source>
+            <translation>它是时间线的媒体之一</translation>
+        </message>
+        <message>
+            <source>it exists already (--overwrite replaces it)</source>
+            <translation>它已存在</translation>
+        </message>
+        <message>
+            <source>it does not name a file</source>
+            <translation>它不是文件名</translation>
+        </message>
+        <message>
+            <source>it is a link that leads nowhere</source>
+            <translation>它是一个无效链接</translation>
+        </message>
+        <message>
+            <source>No such file or directory</source>
+            <translation>没有该文件或文件夹</translation>
+        </message>
+        <message>
+            <source>Permission denied</source>
+            <translation>权限不足</translation>
+        </message>
+        <message>
+            <source>Read-only file system</source>
+            <translation>只读文件系统</translation>
+        </message>
+        <message>
+            <source>No space left on device</source>
+            <translation>设备上没有剩余空间</translation>
+        </message>
+        <message>
+            <source>Disk quota exceeded</source>
+            <translation>超出磁盘配额</translation>
+        </message>
+        <message>
+            <source>File too large</source>
+            <translation>文件过大</translation>
+        </message>
+        <message>
+            <source>File name too long</source>
+            <translation>文件名过长</translation>
+        </message>
+        <message>
+            <source>Input/output error</source>
+            <translation>输入/输出错误</translation>
+        </message>
+        <message>
+            <source>Cannot allocate memory</source>
+            <translation>无法分配内存</translation>
+        </message>
+        <message>
+            <source>Invalid data found when processing input</source>
+            <translation>数据无效</translation>
+        </message>
+        <message>
+            <source>End of file</source>
+            <translation>文件末尾</translation>
+        </message>
+        <message>
+            <source>"%1" is damaged at %2: %3</source>
+            <translation>“%1”在 %2 处损坏：%3</translation>
+        </message>
+        <message>
+            <source>"%1" cannot be put on the timeline: it has no length</source>
+            <translation>“%1”无法放到时间线上：它没有时长</translation>
+        </message>
+        <message>
+            <source>"%1": %2</source>
+            <translation>“%1”：%2</translation>
+        </message>
+        <message>
+            <source>left out: %1</source>
+            <translation>省略：%1</translation>
+        </message>
+        <message>
+            <source>%1 picture track (%2)</source>
+            <translation>%1 条画面轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks (%2)</source>
+            <translation>%1 条画面轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 sound track (%2)</source>
+            <translation>%1 条声音轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks (%2)</source>
+            <translation>%1 条声音轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 subtitle track (%2)</source>
+            <translation>%1 条字幕轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks (%2)</source>
+            <translation>%1 条字幕轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 data track (%2)</source>
+            <translation>%1 条数据轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 data tracks (%2)</source>
+            <translation>%1 条数据轨（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attached picture (%2)</source>
+            <translation>%1 幅附图（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures (%2)</source>
+            <translation>%1 幅附图（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attachment (%2)</source>
+            <translation>%1 个附件（%2）</translation>
+        </message>
+        <message>
+            <source>%1 attachments (%2)</source>
+            <translation>%1 个附件（%2）</translation>
+        </message>
+        <message>
+            <source>%1 chapter</source>
+            <translation>%1 个章节</translation>
+        </message>
+        <message>
+            <source>%1 chapters</source>
+            <translation>%1 个章节</translation>
+        </message>
+        <message>
+            <source>tag (%1)</source>
+            <translation>标签（%1）</translation>
+        </message>
+        <message>
+            <source>tags (%1)</source>
+            <translation>标签（%1）</translation>
+        </message>
+        <message>
+            <source>title</source>
+            <translation>标题</translation>
+        </message>
+        <message>
+            <source>tags</source>
+            <translation>标签</translation>
+        </message>
+        <message>
+            <source>Titles of chapters are cut off: the file has no place for such long ones</source>
+            <translation>章节标题被截断：文件无法容纳这么长的标题</translation>
+        </message>
+        <message>
+            <source>what is missing is black, or what lies on lower tracks where there is something, and silent</source>
+            <translation>缺失部分显示为黑色或下层轨道的内容，并且静音</translation>
+        </message>
+        <message>
+            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
+            <translation>声音太小或太短，没有响度值，保持原样</translation>
+        </message>
+        <message>
+            <source>roughly %1</source>
+            <translation>大约 %1</translation>
+        </message>
+        <message>
+            <source>%1 language is left out: the inputs' differ</source>
+            <translation>%1语言被省略：各输入不同</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is left out: the file has no place for it</source>
+            <translation>%1语言 %2 被省略：文件中没有存放它的位置</translation>
+        </message>
+        <message>
+            <source>The picture's</source>
+            <translation>画面</translation>
+        </message>
+        <message>
+            <source>The sound's</source>
+            <translation>声音</translation>
         </message>
     </context>
 </TS>

@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """Holds resources/translations against what is to be translated: every text of the window's sources, as lupdate finds them, and every
 name in the catalogue of presets has a translation in each language, with the same places for numbers and names, and no translation
-stands there for a text that is gone."""
+stands there for a text that is gone. The words of the sentences that the window translates for others are found in the sources
+that say them."""
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -16,6 +18,11 @@ PRESETS = "editorPresets"
 # Where several things of a number have the same form, Qt wants that one alone.
 FORMS = {"de": 2, "es": 2, "ja": 1, "zh": 1}
 PLACE = re.compile(r"%(?:\d+|n)")
+SENTENCES = "apps/dialog/Models/SentenceForms.h"
+SPEAKERS = ("apps/ExportCore", "multimediacore/src", "editor/src")
+LITERALS = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*')
+# What the system and FFmpeg's libraries say.
+OTHERS = {os.strerror(number) for number in range(1, 134)} | {"Invalid data found when processing input", "End of file"}
 
 
 class Message:
@@ -62,6 +69,34 @@ def faults_of(language, wanted, present):
     return faults
 
 
+def literals_of(text):
+    """Those that stand side by side are one."""
+    return ["".join(re.findall(r'"((?:[^"\\]|\\.)*)"', run)).replace('\\"', '"') for run in LITERALS.findall(text)]
+
+
+def forms_of(text):
+    return [literals[1] for literals in map(literals_of, re.findall(r"QT_TRANSLATE_NOOP\(([^;]*?)\),?\n", text, re.S))
+            if len(literals) == 2]
+
+
+def unsaid(forms, said):
+    """Forms with words that nobody says; `said` is all literals of the speakers."""
+    faults = []
+    for form in forms:
+        words = [part.strip(" \"':;,.()") for part in PLACE.split(form)]
+        # Several of something are said by adding an s.
+        if form not in OTHERS and not all(word in said or word.removesuffix("s") in said for word in words):
+            faults.append(f"nobody says: {form}")
+    return faults
+
+
+def sentence_faults(top):
+    said = "\n".join(literal for folder in SPEAKERS for path in sorted((top / folder).rglob("*"))
+                     if path.suffix in (".h", ".cpp") for literal in literals_of(path.read_text()))
+    forms = forms_of((top / SENTENCES).read_text())
+    return unsaid(forms, said) if len(forms) > 50 else [f"only {len(forms)} forms of sentences were found"]
+
+
 def texts_of(top, lupdate):
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder) / "found.ts"
@@ -88,6 +123,10 @@ def self_test():
     assert faults_of("ja", {("C", "%n", "")}, many) == []
     catalogue = {"tags": [{"name": "web"}], "presets": [{"id": "a", "qualityModifiers": {"high": {}}}, {"id": "b"}]}
     assert names_in(catalogue) == {"web", "a", "b", "high"}
+    assert literals_of('Fail("Cannot " // why\n + x, "a"\n  "b\\"c");') == ["Cannot ", 'ab"c']
+    assert forms_of('QT_TRANSLATE_NOOP("S", "Cannot \\"%1\\""),\nQT_TRANSLATE_NOOP("S",\n "no (%1)"),\n') == ['Cannot "%1"', "no (%1)"]
+    assert unsaid(['Cannot "%1": %2', "%1 tracks", "Permission denied"], "Cannot \n track ") == []
+    assert unsaid(['Cannot "%1"', "Must"], "Can not") == ['nobody says: Cannot "%1"', "nobody says: Must"]
 
 
 def main():
@@ -101,7 +140,7 @@ def main():
         print(f"only {len(texts)} texts and {len(names)} names were found")
         return 1
     wanted = texts | {(PRESETS, name, "") for name in names}
-    faults = []
+    faults = sentence_faults(top)
     for language in LANGUAGES:
         file = top / f"resources/translations/editor-export_{language}.ts"
         faults += faults_of(language, wanted, messages_of(file.read_text()))

@@ -14,8 +14,10 @@ std::vector<std::string> CustomSettings::texts() const {
         add("quality", QString::number(quality));
     if (rateControl == RateControl::Bitrate)
         add("bitrate", QString::number(kilobitsPerSecond) + QLatin1Char('k'));
+    add("first-pass", firstPass);
     add("sample-rate", sampleRate);
     add("audio-bitrate", soundBitrate);
+    add("channels", channels);
     return all;
 }
 

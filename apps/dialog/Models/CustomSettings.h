@@ -16,8 +16,10 @@ struct CustomSettings {
     RateControl rateControl = RateControl::OfPreset;
     double quality = 0; ///< on the codec's scale
     int kilobitsPerSecond = 0;
+    QString firstPass; ///< "full", "half"
     QString sampleRate;
     QString soundBitrate; ///< "128k"
+    QString channels;     ///< "stereo", "5.1"
 
     /// KEY=VALUE each, for an ExportRequest.
     std::vector<std::string> texts() const;

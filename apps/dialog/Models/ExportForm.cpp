@@ -10,6 +10,7 @@
 #include "dialog/Models/OutputName.h"
 #include "dialog/Models/PresetObstacle.h"
 #include "dialog/Models/PresetText.h"
+#include "dialog/Models/Sentence.h"
 #include <algorithm>
 #include <cmath>
 
@@ -28,6 +29,10 @@ ExportForm::ExportForm(QObject* parent)
 
 ExportForm::~ExportForm() {
     delete list; // before the model below it
+}
+
+QString ExportForm::customProblem() const {
+    return Sentence::translated(customRefusal);
 }
 
 QString ExportForm::catalogueWarning() const {
@@ -301,7 +306,7 @@ QString ExportForm::problem() const {
     try {
         ExportCore::RequestCheck::outputName(request(), editedPreset());
     } catch (const Refusal& refusal) {
-        return QString::fromStdString(refusal.what());
+        return Sentence::translated(QString::fromStdString(refusal.what()));
     }
     return {};
 }

@@ -90,7 +90,7 @@ public:
     /// Why it cannot be exported as it stands, the first reason; empty when it can, as far as that is known.
     QString problem() const;
     /// What is wrong with the custom settings; empty when nothing is.
-    QString customProblem() const { return customRefusal; }
+    QString customProblem() const;
     /// Of what stands there.
     ExportCore::ExportRequest request() const;
     /// Nothing where problem() tells why.
@@ -129,7 +129,7 @@ private:
     PresetList* list;
     std::string chosenId;
     std::map<std::string, Edits> edits; ///< by preset
-    QString customRefusal;
+    QString customRefusal;              ///< in English
     Part chosenPart = Part::Whole;
     QString cutIn;
     QString cutOut;

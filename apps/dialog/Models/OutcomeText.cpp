@@ -3,6 +3,7 @@
 #include "ExportCore/PlainText.h"
 #include "dialog/Models/PeoplesText.h"
 #include "dialog/Models/PresetText.h"
+#include "dialog/Models/Sentence.h"
 #include <QLocale>
 
 namespace Dialog {
@@ -94,6 +95,10 @@ QString plain(const std::string& text) {
     return QString::fromStdString(ExportCore::PlainText::escaped(text));
 }
 
+QString said(const std::string& english) {
+    return Sentence::translated(plain(english));
+}
+
 QString pictureFacts(const ExportFacts& facts) {
     return OutcomeText::tr("%1, %2 × %3, %n frame(s)", nullptr, static_cast<int>(facts.frames))
         .arg(PresetText::codec(Kestra::Conf::CodecIDFromString(facts.videoCodec)))
@@ -121,7 +126,7 @@ QString factsOf(const ExportFacts& facts) {
 QString listed(const QString& heading, const QStringList& lines) {
     QString text;
     for (const QString& line : lines)
-        text += QStringLiteral("\n%1: %2").arg(heading, plain(line.toStdString()));
+        text += QStringLiteral("\n%1: %2").arg(heading, Sentence::translated(plain(line.toStdString())));
     return text;
 }
 
@@ -142,15 +147,18 @@ OutcomeText OutcomeText::of(const Job& job) {
         text.title = OutcomeText::tr("Stopped");
         text.reason = OutcomeText::tr("Nothing was written.");
         if (!outcome.error.GetDescription().empty())
-            text.reason += QLatin1Char(' ') + plain(outcome.error.GetDescription());
+            text.reason += QLatin1Char(' ') + said(outcome.error.GetDescription());
         break;
     default:
         text.title = nameOf(kindOf(job));
-        text.reason = plain(outcome.error.GetDescription());
+        text.reason = said(outcome.error.GetDescription());
         text.advice = adviceFor(kindOf(job));
         break;
     }
     text.details = text.title + QLatin1Char('\n') + text.reason;
+    // For whoever gets the report and reads another language.
+    if (const QString english = plain(outcome.error.GetDescription()); job.hasFailed() && english != text.reason)
+        text.details += QLatin1Char('\n') + english;
     if (job.hasFailed())
         text.details += QStringLiteral("\n%1 %2 (%3)")
                             .arg(OutcomeText::tr("Error:"))

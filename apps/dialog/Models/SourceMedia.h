@@ -10,7 +10,7 @@
 
 namespace Dialog {
 
-/// A place of a timeline that has a name, or one of its ends.
+/// A place of the source that has a name, or one of its ends.
 struct MarkedPlace {
     QString name;
     KTime time;
@@ -39,10 +39,10 @@ public:
     const QStringList& paths() const { return files; }
     bool isMissingBlack() const { return missingBlack; }
     /// For people: one line.
-    QString whyRefused() const { return refusal; }
+    QString whyRefused() const;
     /// Whether it would be ready if what is missing were black.
     bool lacksMedia() const { return lacking; }
-    const QStringList& warnings() const { return remarks; }
+    QStringList warnings() const;
     /// The first one's name, and how many follow.
     QString name() const;
     /// Size, rates and length, for people; empty unless it is ready.
@@ -55,7 +55,7 @@ public:
     bool hasSound() const { return shown->hasSound(); }
     KTime duration() const { return shown->duration(); }
     ExportCore::TimePoint::Rate rate() const;
-    /// Start, markers, end, each time once; only the two ends where there are no markers.
+    /// Start, end, and between them, in order, what a timeline's markers, or the chapters of media, name.
     const std::vector<MarkedPlace>& places() const { return marks; }
 
 Q_SIGNALS:
@@ -69,7 +69,7 @@ private:
     QStringList files;
     bool missingBlack = false;
     State current = State::Empty;
-    QString refusal;
+    QString refusal; ///< in English, as the remarks
     bool lacking = false;
     QStringList remarks;
     std::unique_ptr<ExportCore::InputOpening> opening;

@@ -4,12 +4,17 @@
 #include "ExportCore/OutroPictures.h"
 #include "ExportCore/Thumbnails.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/Conf/SampleInfo.h"
 #include "dialog/Models/ExportForm.h"
 #include "dialog/Models/PeoplesText.h"
 #include "dialog/Models/PresetText.h"
 #include "ui_SettingsPane.h"
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace Dialog {
 namespace {
@@ -21,6 +26,24 @@ constexpr const char* SIZES[] = {"3840x2160", "2560x1440", "1920x1080", "1280x72
                                  "854x480",   "1080x1920", "1080x1080"};
 constexpr const char* FRAME_RATES[] = {"source", "23.976", "24", "25", "29.97", "30", "50", "59.94", "60"};
 constexpr const char* SOUND_BITRATES[] = {"64k", "96k", "128k", "192k", "256k", "320k"};
+
+struct ChannelChoice {
+    std::uint32_t layout;
+    const char* value;
+    const char* name;
+};
+constexpr ChannelChoice CHANNELS[] = {
+    {Kestra::Conf::CHANNEL_LAYOUT_MONO, "mono", QT_TRANSLATE_NOOP("Dialog::SettingsPane", "Mono")},
+    {Kestra::Conf::CHANNEL_LAYOUT_STEREO, "stereo", QT_TRANSLATE_NOOP("Dialog::SettingsPane", "Stereo")},
+    {Kestra::Conf::CHANNEL_LAYOUT_QUAD, "quad", QT_TRANSLATE_NOOP("Dialog::SettingsPane", "Quadraphonic")},
+    {Kestra::Conf::CHANNEL_LAYOUT_5POINT0, "5.0", "5.0"},
+    {Kestra::Conf::CHANNEL_LAYOUT_5POINT1, "5.1", "5.1"},
+    {Kestra::Conf::CHANNEL_LAYOUT_7POINT1, "7.1", "7.1"},
+};
+
+bool hasTwoPasses(const Preset& preset) {
+    return preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
+}
 
 void setItemEnabled(QComboBox& box, int index, bool enabled) {
     if (auto* const model = qobject_cast<QStandardItemModel*>(box.model()))
@@ -80,7 +103,9 @@ void SettingsPane::fillForPreset() {
         ui->qualityBox->addItem(PresetText::name(name), QString::fromStdString(name));
     ui->qualityBox->setEnabled(ui->qualityBox->count() > 1);
     fillControls();
+    fillFirstPass();
     fillSound();
+    fillChannels();
 }
 
 void SettingsPane::fillControls() {
@@ -91,9 +116,7 @@ void SettingsPane::fillControls() {
     ui->controlBox->addItem(tr("As the preset says"), static_cast<int>(RateControl::OfPreset));
     ui->controlBox->addItem(tr("Constant quality"), static_cast<int>(RateControl::Quality));
     ui->controlBox->addItem(tr("Average bitrate"), static_cast<int>(RateControl::Bitrate));
-    const bool twoPasses =
-        preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality;
-    setItemEnabled(*ui->controlBox, 1, scale.worst > 0 && !twoPasses);
+    setItemEnabled(*ui->controlBox, 1, scale.worst > 0 && !hasTwoPasses(preset));
     setItemEnabled(*ui->controlBox, 2, CodecLimits::HasBitrate(preset.videoCodec()));
     for (QWidget* const widget : {static_cast<QWidget*>(ui->sizeBox), static_cast<QWidget*>(ui->frameRateBox),
                                   static_cast<QWidget*>(ui->controlBox)})
@@ -118,12 +141,34 @@ void SettingsPane::fillSound() {
     ui->soundBitrateBox->setEnabled(preset.hasAudio() && CodecLimits::HasBitrate(preset.audioCodec()));
 }
 
+void SettingsPane::fillFirstPass() {
+    const Preset preset = form->preset();
+    ui->firstPassBox->clear();
+    ui->firstPassBox->addItem(tr("As the preset says"), QString());
+    ui->firstPassBox->addItem(tr("Whole pictures"), QStringLiteral("full"));
+    ui->firstPassBox->addItem(tr("Pictures of half the size"), QStringLiteral("half"));
+    setItemEnabled(*ui->firstPassBox, 2, preset.videoCodec() == Kestra::Conf::CodecID::H264);
+    ui->firstPassBox->setEnabled(preset.hasVideo() && hasTwoPasses(preset));
+}
+
+void SettingsPane::fillChannels() {
+    const Preset preset = form->preset();
+    ui->channelsBox->clear();
+    ui->channelsBox->addItem(tr("As the preset says"), QString());
+    const auto taken =
+        preset.hasAudio() ? CodecLimits::ChannelLayouts(preset.audioCodec()) : std::vector<std::uint32_t>();
+    for (const ChannelChoice& choice : CHANNELS)
+        if (std::find(taken.begin(), taken.end(), choice.layout) != taken.end())
+            ui->channelsBox->addItem(tr(choice.name), QString::fromLatin1(choice.value));
+    ui->channelsBox->setEnabled(preset.hasAudio());
+}
+
 void SettingsPane::connectCustom() {
     const auto edited = [this] { onCustomEdited(); };
     for (QComboBox* const box : {ui->sizeBox, ui->frameRateBox, ui->soundBitrateBox})
         connect(box, &QComboBox::currentTextChanged, this, edited);
-    connect(ui->controlBox, qOverload<int>(&QComboBox::currentIndexChanged), this, edited);
-    connect(ui->sampleRateBox, qOverload<int>(&QComboBox::currentIndexChanged), this, edited);
+    for (QComboBox* const box : {ui->controlBox, ui->firstPassBox, ui->sampleRateBox, ui->channelsBox})
+        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, edited);
     connect(ui->qualitySpin, qOverload<double>(&QDoubleSpinBox::valueChanged), this, edited);
     connect(ui->bitrateSpin, qOverload<int>(&QSpinBox::valueChanged), this, edited);
     connect(ui->customGroup, &QGroupBox::toggled, this, [this](bool on) {
@@ -145,6 +190,8 @@ CustomSettings SettingsPane::customFromWidgets() const {
         before.rateControl == RateControl::Bitrate ? ui->bitrateSpin->value() : form->usualKilobits();
     custom.sampleRate = ui->sampleRateBox->currentData().toString();
     custom.soundBitrate = valueOf(*ui->soundBitrateBox);
+    custom.firstPass = ui->firstPassBox->currentData().toString();
+    custom.channels = ui->channelsBox->currentData().toString();
     return custom;
 }
 
@@ -161,7 +208,10 @@ void SettingsPane::showCustom() {
     showValue(*ui->sizeBox, custom.size);
     showValue(*ui->frameRateBox, custom.frameRate);
     showValue(*ui->soundBitrateBox, custom.soundBitrate);
-    ui->sampleRateBox->setCurrentIndex(std::max(ui->sampleRateBox->findData(custom.sampleRate), 0));
+    for (const auto& [box, value] :
+         {std::pair(ui->sampleRateBox, custom.sampleRate), std::pair(ui->firstPassBox, custom.firstPass),
+          std::pair(ui->channelsBox, custom.channels)})
+        box->setCurrentIndex(std::max(box->findData(value), 0));
     showControl(custom);
     ui->resetButton->setEnabled(form->usesCustom() && !custom.empty());
     ui->customProblem->setText(form->customProblem());

@@ -54,6 +54,8 @@ void ExportWindow::connectForm() {
     connect(&form, &ExportForm::sourceChanged, this, &ExportWindow::showSource);
     connect(&form, &ExportForm::changed, this, &ExportWindow::showProblem);
     connect(&form, &ExportForm::changed, this, &ExportWindow::showTime);
+    connect(&form, &ExportForm::changed, this, &ExportWindow::considerTrial);
+    connect(&times, &TimeForecast::trialEnded, this, &ExportWindow::showTime);
     connect(ui->exportButton, &QPushButton::clicked, this, [this] { order(When::Now); });
     connect(ui->addButton, &QPushButton::clicked, this, [this] { order(When::WhenStarted); });
     connect(&look, &OutputLook::looked, this, &ExportWindow::onLooked);
@@ -66,10 +68,12 @@ void ExportWindow::connectQueue() {
     connect(ui->jobPane, &JobPane::folderWanted, &desktop, &DesktopSession::showInFolder);
     connect(&queue, &JobQueue::jobChanged, this, &ExportWindow::showTitle);
     connect(&queue, &JobQueue::jobEnded, this, &ExportWindow::onJobEnded);
+    connect(&queue, &JobQueue::jobChanged, this, &ExportWindow::considerTrial);
     connect(&queue, &JobQueue::emptied, this, [this] {
         desktop.keepAwake(false, {});
         if (closing)
-            close();
+            return end();
+        considerTrial();
     });
     connect(&queue, &JobQueue::rowsInserted, this, &ExportWindow::showJobs);
     connect(&queue, &JobQueue::rowsRemoved, this, [this] { ui->jobPane->setVisible(queue.rowCount() > 0); });
@@ -143,36 +147,40 @@ void ExportWindow::showTitle() {
     setWindowTitle(tr("%1 – %2 – Export", "state, file").arg(job->stateText(), job->name()));
 }
 
-/// What the last export with this preset tells of the next one.
 void ExportWindow::showTime() {
-    QString text;
     const auto range = form.range();
-    for (int row = 0; range && row < queue.rowCount(); ++row) {
-        const Job& job = queue.at(row);
-        const bool alike = job.isDone() && job.outcome->facts.speed > 0 &&
-                           job.request.presetId == form.request().presetId &&
-                           job.request.inputs == form.source().paths();
-        if (alike)
-            text =
-                tr("takes %1", "a time")
-                    .arg(PeoplesText::about(static_cast<qint64>(
-                        static_cast<double>((range->end - range->start).milliseconds()) / job.outcome->facts.speed)));
-    }
-    ui->settingsPane->setTimeText(text);
+    const auto time = range ? times.of(form.request(), range->end - range->start) : std::nullopt;
+    if (!time)
+        return ui->settingsPane->setTimeText({});
+    const QString about = PeoplesText::about(time->milliseconds);
+    ui->settingsPane->setTimeText(time->rough ? tr("takes %1, at a rough guess", "a time").arg(about)
+                                              : tr("takes %1", "a time").arg(about));
+}
+
+/// Whoever exports has the processors for it.
+void ExportWindow::considerTrial() {
+    const auto range = form.range();
+    const bool canTry = queue.isIdle() && !queue.isStarted() && !ordering && !closing && range;
+    if (canTry && form.problem().isEmpty())
+        times.consider(form.request(), range->end - range->start);
+    else
+        times.consider(std::nullopt);
 }
 
 void ExportWindow::order(When when) {
-    if (!form.problem().isEmpty() || ordering)
+    if (!form.problem().isEmpty() || ordering || closing)
         return;
     ordered = when;
     ordering = true;
     showProblem();
+    considerTrial();
     look.look(form.output());
 }
 
 void ExportWindow::onLooked(const OutputState& state) {
     ordering = false;
     showProblem();
+    considerTrial();
     if (state.path != form.output() || !form.problem().isEmpty())
         return;
     const QString name = QString::fromStdString(
@@ -188,7 +196,7 @@ void ExportWindow::onLooked(const OutputState& state) {
 }
 
 void ExportWindow::addJob(bool overwrite) {
-    if (!form.problem().isEmpty())
+    if (!form.problem().isEmpty() || closing)
         return;
     ExportCore::ExportRequest request = form.request();
     request.overwrite = overwrite;
@@ -241,8 +249,10 @@ void ExportWindow::closeQuestion() {
 void ExportWindow::onJobEnded(int id) {
     if (stopAskedFor == id)
         closeQuestion();
-    showTime();
     const Job* const job = queue.job(id);
+    if (job->isDone())
+        times.learn(job->request, job->outcome->facts.speed);
+    showTime();
     const bool stopped = job->outcome->status == ExportCore::ExportOutcome::Status::Stopped;
     if (isActiveWindow() || stopped)
         return;
@@ -251,7 +261,7 @@ void ExportWindow::onJobEnded(int id) {
 }
 
 void ExportWindow::onFailure(const std::exception_ptr& error, QObject* receiver) {
-    if (queue.failInEventLoop(error, receiver))
+    if (queue.failInEventLoop(error, receiver) || times.failInEventLoop(error, receiver))
         return;
     const auto told = Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(error);
     auto* const box = new QMessageBox(QMessageBox::Critical, tr("Export"),
@@ -269,10 +279,18 @@ void ExportWindow::closeEvent(QCloseEvent* event) {
     if (closing)
         return;
     ask({tr("Close"), tr("An export is running. Stop it and close? Nothing of it is kept."), tr("Stop and close"),
-         tr("Go on"), [this] {
-             closing = true;
-             queue.stopAll();
-         }});
+         tr("Go on"), [this] { QMetaObject::invokeMethod(this, &ExportWindow::end, Qt::QueuedConnection); }});
+}
+
+void ExportWindow::end() {
+    closing = true;
+    closeQuestion();
+    considerTrial();
+    queue.stopAll();
+    if (!queue.isIdle())
+        return;
+    close();
+    Q_EMIT ended();
 }
 
 void ExportWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -300,6 +318,7 @@ void ExportWindow::changeEvent(QEvent* event) {
     form.retranslate();
     showSource();
     showProblem();
+    showTime();
     showTitle();
 }
 

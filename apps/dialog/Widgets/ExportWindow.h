@@ -5,6 +5,7 @@
 #include "dialog/Models/ExportForm.h"
 #include "dialog/Models/JobQueue.h"
 #include "dialog/Models/OutputLook.h"
+#include "dialog/Models/TimeForecast.h"
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
@@ -32,6 +33,12 @@ public:
     ~ExportWindow() override;
 
     void open(const QStringList& files);
+    /// Stops whatever runs or waits, closes without asking, and tells ended().
+    void end();
+
+Q_SIGNALS:
+    /// Somebody wished the end, and nothing runs any more.
+    void ended();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -67,15 +74,17 @@ private:
     void onJobEnded(int id);
     void onFailure(const std::exception_ptr& error, QObject* receiver);
     void showTime();
+    void considerTrial();
 
     const std::unique_ptr<Ui::ExportWindow> ui;
     ExportForm form;
     JobQueue queue;
     DesktopSession desktop;
     OutputLook look;
+    TimeForecast times{this};
     When ordered = When::Now;
     bool ordering = false; ///< it is being looked whether the file is there already
-    bool closing = false;  ///< when the exports have ended
+    bool closing = false;  ///< when the exports have ended; nothing more is ordered
     QPointer<QMessageBox> question;
     int stopAskedFor = 0; ///< the job
 };

@@ -44,7 +44,9 @@ private:
     void fillForPreset();
     void fillForSource();
     void fillControls();
+    void fillFirstPass();
     void fillSound();
+    void fillChannels();
     void showForm();
     void showQuality();
     void showCustom();

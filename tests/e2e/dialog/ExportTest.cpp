@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QSignalSpy>
 #include <QToolButton>
 #include <algorithm>
 #include <csignal>
@@ -201,6 +202,26 @@ TEST_F(WindowExport, IsNotEndedByClosingUnlessThatWasSaid) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(text("clip.mov")));
 }
 
+TEST_F(WindowExport, IsEndedWithoutAQuestionFromOutside) {
+    show();
+    openMuch();
+    saveAs(output);
+    press('q');
+    ASSERT_TRUE(waitUntil([&] { return find<QWidget>("jobPane").isVisible(); }));
+    saveAs(place / "next.mp4");
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return TestFiles::namesIn(place / "").size() == 2; }));
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    const QSignalSpy ended(window.get(), &Dialog::ExportWindow::ended);
+    window->end();
+    ASSERT_TRUE(waitUntil([&] { return ended.count() > 0; }));
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(question(), nullptr) << "what was asked is asked no more";
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(text("clip.mov")));
+}
+
 TEST_F(WindowExport, OfAPartHasThatPart) {
     show();
     openClip();
@@ -231,6 +252,8 @@ TEST_F(WindowExport, WithCustomSettingsHasThem) {
     type(text("160x90"));
     press('r');
     type(text("12.5"));
+    auto& channels = find<QComboBox>("channelsBox");
+    channels.setCurrentIndex(channels.findText(text("Mono")));
     saveAs(output);
     press('x');
     ASSERT_TRUE(waitForEnd());
@@ -239,6 +262,7 @@ TEST_F(WindowExport, WithCustomSettingsHasThem) {
     EXPECT_EQ(film.video->width, 160);
     EXPECT_EQ(film.video->height, 90);
     EXPECT_EQ(film.video->frames.size(), 25U);
+    EXPECT_EQ(film.audio->channels, 1);
 }
 
 TEST_F(WindowExport, HasPictureAndSoundAsTheyAreWanted) {
@@ -294,6 +318,9 @@ TEST_F(WindowExport, KeepsTheWindowAlive) {
     const LongestTurn turns;
     openMuch();
     saveAs(output);
+    forecast().setPause(std::chrono::milliseconds(0));
+    // The trial's hidden file.
+    ASSERT_TRUE(waitUntil([&] { return TestFiles::namesIn(place / "").size() == 2; }));
     press('x');
     ASSERT_TRUE(waitUntil([&] { return !find<Dialog::PictureLabel>("preview").isEmpty(); }));
     find<QPushButton>("stopButton").click();

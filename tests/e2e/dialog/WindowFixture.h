@@ -3,6 +3,7 @@
 
 #include "ExportCore/EventLoopFailures.h"
 #include "ExportCore/ExportApplication.h"
+#include "dialog/Models/TimeForecast.h"
 #include "dialog/Models/Translations.h"
 #include "dialog/Widgets/ExportWindow.h"
 #include "dialog/Widgets/PictureLabel.h"
@@ -19,6 +20,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <ostream>
@@ -60,10 +62,12 @@ protected:
     void show() {
         auto& application = static_cast<ExportCore::ExportApplication<QApplication>&>(*qApp);
         window = std::make_unique<Dialog::ExportWindow>(application.failures());
+        forecast().setPause(std::chrono::hours(24)); // nothing is tried unless a test wants it
         window->show();
         QApplication::setActiveWindow(window.get());
         ASSERT_TRUE(waitUntil([this] { return window->isVisible(); }));
     }
+    Dialog::TimeForecast& forecast() const { return *window->findChild<Dialog::TimeForecast*>(); }
     /// Until it can be exported, or the window says why not.
     void open(const QStringList& files) {
         window->open(files);
