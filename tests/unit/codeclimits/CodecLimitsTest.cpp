@@ -35,7 +35,7 @@ constexpr Encoder VIDEO[] = {
     {CodecID::H264, "libx264"},     {CodecID::HEVC, "libx265"},     {CodecID::VP9, "libvpx-vp9"},
     {CodecID::VP8, "libvpx"},       {CodecID::AV1, "libaom-av1"},   {CodecID::MPEG4, "mpeg4"},
     {CodecID::MPEG2, "mpeg2video"}, {CodecID::ProRes, "prores_ks"}, {CodecID::FFV1, "ffv1"},
-    {CodecID::MJPEG, "mjpeg"},
+    {CodecID::MJPEG, "mjpeg"},      {CodecID::PNG, "png"},
 };
 
 struct FreeContext {
@@ -173,7 +173,9 @@ TEST_F(CodecLimitsTest, QualitiesLieInsideTheEncodersOwnScales) {
             EXPECT_EQ(range.worst, static_cast<int>(option->max)) << encoder.name;
         }
         EXPECT_LE(range.best, range.worst);
-        EXPECT_EQ(range.worst == 0, encoder.codec == CodecID::ProRes || encoder.codec == CodecID::FFV1) << encoder.name;
+        const bool hasNone =
+            encoder.codec == CodecID::ProRes || encoder.codec == CodecID::FFV1 || encoder.codec == CodecID::PNG;
+        EXPECT_EQ(range.worst == 0, hasNone) << encoder.name;
     }
 }
 
@@ -189,7 +191,7 @@ TEST_F(CodecLimitsTest, ABitrateCanBeAskedForWhereLossAndNoProfileDecides) {
     for (const CodecID codec : {CodecID::H264, CodecID::MJPEG, CodecID::AAC, CodecID::AC3})
         EXPECT_TRUE(CodecLimits::HasBitrate(codec));
     for (const CodecID codec : {CodecID::ProRes, CodecID::DNxHD, CodecID::FFV1, CodecID::FLAC, CodecID::PCM_S16LE,
-                                CodecID::GIF, CodecID::ALAC, CodecID::None})
+                                CodecID::GIF, CodecID::PNG, CodecID::ALAC, CodecID::None})
         EXPECT_FALSE(CodecLimits::HasBitrate(codec));
 }
 

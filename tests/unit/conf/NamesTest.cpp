@@ -16,7 +16,7 @@ TEST(CodecID, EveryNumberOfTheEnumerationHasANameThatLeadsBack) {
         ++named;
         EXPECT_EQ(CodecIDFromString(name), id) << name;
     }
-    EXPECT_EQ(named, 22);
+    EXPECT_EQ(named, 23);
     EXPECT_STREQ(CodecIDToString(CodecID::PCM_S16LE), "pcm_s16le");
 }
 

@@ -105,6 +105,10 @@ bool CodecLimits::IsLossless(CodecID codec) {
     return VideoOf(codec).lossless || AudioOf(codec).lossless;
 }
 
+bool CodecLimits::IsOfStandardRange(CodecID codec) {
+    return VideoOf(codec).ofStandardRange;
+}
+
 bool CodecLimits::TakesFrameRate(CodecID codec, const boost::rational<long long>& rate) {
     const VideoCodec& video = VideoOf(codec);
     return rate > 0 && (!video.takesFrameRate || video.takesFrameRate(rate));

@@ -39,6 +39,8 @@ struct KESTRA_EXPORT CodecLimits {
     static bool KeepsAlphaBeside(Conf::CodecID codec);
     /// Whether what is decoded is what was encoded.
     static bool IsLossless(Conf::CodecID codec);
+    /// Whether its pictures are of sRGB alone, without a high dynamic range.
+    static bool IsOfStandardRange(Conf::CodecID codec);
     static bool TakesFrameRate(Conf::CodecID codec, const boost::rational<long long>& rate);
 
     /// The usual sample rates that the codec stores as they are, rising.

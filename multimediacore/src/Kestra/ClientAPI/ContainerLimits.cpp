@@ -107,6 +107,11 @@ bool ContainerLimits::HoldsAlphaBeside(const std::string& container) {
     return found != nullptr && found->family == Container::Family::Matroska;
 }
 
+bool ContainerLimits::IsSequence(const std::string& container) {
+    const Container* const found = Container::Find(container);
+    return found != nullptr && found->sequence;
+}
+
 std::vector<std::string> ContainerLimits::Extensions(const std::string& container, bool withPictures) {
     const Container* const found = Container::Find(container);
     if (found == nullptr)

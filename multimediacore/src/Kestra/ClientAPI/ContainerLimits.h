@@ -33,6 +33,8 @@ struct KESTRA_EXPORT ContainerLimits {
     static Conf::Subtitles SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles);
     /// Whether a codec's transparency is kept that is a second picture beside each packet.
     static bool HoldsAlphaBeside(const std::string& container);
+    /// Whether each picture is a file of its own, in a folder.
+    static bool IsSequence(const std::string& container);
     /// What files of the container are called, the usual one first; some belong to sound without pictures only.
     static std::vector<std::string> Extensions(const std::string& container, bool withPictures);
     /// Whether files so called are media or pictures of one certain kind, be it one that no container here is.

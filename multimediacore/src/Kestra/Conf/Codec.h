@@ -39,6 +39,8 @@ struct VideoCodec {
     /// Every picture stands alone: there is no distance of keyframes, and bits grow as pixels and frames do.
     bool intraOnly = false;
     bool lossless = false;
+    /// Its pictures are of sRGB, whatever they were made of: there is no high dynamic range.
+    bool ofStandardRange = false;
     /// The pixel format that players are sure to show; Unknown where the source's own is kept.
     PixelFormat playable = PixelFormat::Unknown;
     double gopSeconds = 0; ///< between keyframes

@@ -21,6 +21,7 @@ enum class CodecID : int {
     DNxHD = 10,
     MJPEG = 11,
     GIF = 12,
+    PNG = 13,
     AAC = 100,
     Opus = 101,
     MP3 = 102,

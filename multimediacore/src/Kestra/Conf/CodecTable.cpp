@@ -200,6 +200,17 @@ Codec Gif() {
     return codec;
 }
 
+Codec Png() {
+    Codec codec = Video(CodecID::PNG, "png", "png", {700.0e6, 0.05, 3.0});
+    codec.hasBitrate = false;
+    VideoCodec& video = *codec.video;
+    video.intraOnly = true;
+    video.lossless = true;
+    video.ofStandardRange = true;
+    video.oddSides = OddSides::Taken;
+    return codec;
+}
+
 constexpr double NO_LIMIT = 1.0e12;
 
 std::vector<int> RatesUpTo(int highest) {
@@ -305,6 +316,7 @@ const std::vector<Codec>& Codec::All() {
         Dnxhd(),
         Mjpeg(),
         Gif(),
+        Png(),
         Aac(),
         Opus(),
         Mp3(),

@@ -1,6 +1,7 @@
 #include "Kestra/Conf/Container.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Kestra::Conf {
 
@@ -103,6 +104,21 @@ std::vector<Container> OfPictures() {
     };
 }
 
+/// Of one codec, whose packets are whole files.
+Container Sequence(const char* id, CodecID codec, std::vector<std::string> extensions) {
+    Container container{id, "image2", Family::Other, false, false, false, {codec}, std::move(extensions), {}, {}};
+    container.tagged = false;
+    container.sequence = true;
+    return container;
+}
+
+std::vector<Container> OfSequences() {
+    return {
+        Sequence("png-sequence", CodecID::PNG, {"png"}),
+        Sequence("jpeg-sequence", CodecID::MJPEG, {"jpg", "jpeg"}),
+    };
+}
+
 std::vector<Container> OfSoundAlone() {
     return {
         {"m4a",
@@ -180,8 +196,8 @@ std::vector<Container> OfSoundAlone() {
 const std::vector<Container>& Container::All() {
     static const std::vector<Container> table = [] {
         std::vector<Container> all = OfPictures();
-        const std::vector<Container> sound = OfSoundAlone();
-        all.insert(all.end(), sound.begin(), sound.end());
+        for (const std::vector<Container>& more : {OfSequences(), OfSoundAlone()})
+            all.insert(all.end(), more.begin(), more.end());
         return all;
     }();
     return table;

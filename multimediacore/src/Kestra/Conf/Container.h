@@ -37,6 +37,8 @@ struct KESTRA_EXPORT Container {
     bool subtitlesOneAtATime = false; ///< one text follows the other, none stands beside another
     int chapterTitle = 0;             ///< bytes of a chapter's title that all readers take; 0: any number
     bool tagged = true;               ///< it has a place for title and tags
+    /// Each picture is a file of its own, in a folder: nothing holds them together but their numbered names.
+    bool sequence = false;
 
     static const std::vector<Container>& All();
     /// Null for an id that is none.

@@ -27,6 +27,11 @@ Proc::CheckedFile Proc::CheckFile(const ioPath& path, const std::atomic<bool>& i
     return Backend().CheckFile(path, interrupted);
 }
 
+Proc::CheckedFile Proc::CheckPictures(const ioPath& folder, const Conf::NumberedName& name,
+                                      const std::atomic<bool>& interrupted) {
+    return Backend().CheckPictures(folder, name, interrupted);
+}
+
 std::vector<Proc::LibraryVersion> Proc::GetLibraryVersions() {
     return Backend().GetLibraryVersions();
 }

@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/Conf/FrameInfo.h"
+#include "Kestra/Conf/NumberedName.h"
 #include "Kestra/Conf/PixelFormat.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "KestraExport.h"
@@ -24,6 +25,7 @@ struct CheckedStream {
     std::int64_t end = 0;     ///< engine time at which the last of them ends, trimmed likewise
     Conf::FrameInfo frame;
     Conf::ColourInfo colour;
+    std::string pixelFormat; ///< of numbered pictures: the engine's name; empty for others
     int sampleRate = 0;
     int channels = 0;
 };
@@ -40,5 +42,13 @@ struct CheckedFile {
 /// ProcException (OutputFailed) that says what is wrong when the file does not open, a packet is damaged or the reading
 /// ends before the end of the file. `interrupted` is polled; once set, Interrupted is thrown.
 KESTRA_EXPORT CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted);
+
+/// Likewise the pictures in a folder that are PNG or JPEG files so called, numbered from 0 without a gap, as one stream
+/// without times. Each is read to its last byte, which has to be the picture's, with every checksum in it; all have to
+/// be of one size and kind; the first and the last are decoded, too. Decoding every one would cost about as much again
+/// as encoding them; what a write or a disk does to a file shows in its length, its structure and its checksums (of
+/// which JPEG has none).
+KESTRA_EXPORT CheckedFile CheckPictures(const ioPath& folder, const Conf::NumberedName& name,
+                                        const std::atomic<bool>& interrupted);
 
 } // namespace Kestra::Proc

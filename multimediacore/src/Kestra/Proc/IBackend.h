@@ -33,6 +33,8 @@ public:
     virtual std::shared_ptr<IDataVideoFFFactory> MakeDataVideoFFFactory() = 0;
 
     virtual CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) = 0;
+    virtual CheckedFile CheckPictures(const ioPath& folder, const Conf::NumberedName& name,
+                                      const std::atomic<bool>& interrupted) = 0;
     virtual boost::intrusive_ptr<IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<IStreamRaw>& stream,
                                                                   std::int64_t start, std::int64_t end) = 0;
 

@@ -10,6 +10,7 @@
 #include "Kestra/FF/Filter/EffectFactory.h"
 #include "Kestra/FF/Filter/FilterFactory.h"
 #include "Kestra/FF/Mux/MuxerFactory.h"
+#include "Kestra/FF/Source/SequenceCheck.h"
 #include "Kestra/FF/Source/SourceFactory.h"
 #include "Kestra/Proc/IBackend.h"
 #include "KestraFFExport.h"
@@ -30,6 +31,10 @@ public:
 
     Proc::CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) override {
         return FF::CheckFile(path, interrupted);
+    }
+    Proc::CheckedFile CheckPictures(const ioPath& folder, const Conf::NumberedName& name,
+                                    const std::atomic<bool>& interrupted) override {
+        return FF::CheckPictures(folder, name, interrupted);
     }
     boost::intrusive_ptr<Proc::IStreamRaw> CreateAudioSegmenter(const boost::intrusive_ptr<Proc::IStreamRaw>& stream,
                                                                 std::int64_t start, std::int64_t end) override {

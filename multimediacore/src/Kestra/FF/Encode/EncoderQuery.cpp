@@ -64,6 +64,8 @@ std::string WhyNotOption(CodecID codec, const std::string& name, const std::stri
 
 std::string WhyNotMuxerOption(const std::string& container, const std::string& name, const std::string& value) {
     const Conf::Container* const known = Conf::Container::Find(container);
+    if (known && known->sequence)
+        return container + " has no options: its files are the encoder's alone";
     AVFormatContext* made = nullptr;
     if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
         return "there is no muxer for " + container;

@@ -38,6 +38,10 @@ public:
     // It names the formats of limited range too, and then refuses them.
     bool TakesFormat(AVPixelFormat format) const override { return IsFullRangeFormat(format); }
     AVPixelFormat UsualFormat() const override { return AV_PIX_FMT_YUVJ420P; }
+    // It tells none, and whoever decodes it takes it for that of JPEG files: BT.601's matrix over sRGB's primaries.
+    Conf::ColourInfo Tellable(Conf::ColourInfo colour) const override {
+        return {AVCOL_PRI_BT709, AVCOL_TRC_BT709, AVCOL_SPC_BT470BG, colour.range};
+    }
     Statistics GetStatistics() const override { return Statistics::Pictures; }
 };
 

@@ -18,5 +18,6 @@ const VideoDriver& Mpeg2Driver();
 const VideoDriver& MjpegDriver();
 const VideoDriver& Ffv1Driver();
 const VideoDriver& GifDriver();
+const VideoDriver& PngDriver();
 
 } // namespace Kestra::FF

@@ -268,6 +268,8 @@ FrameHandle VideoEncoderCore::NextFrame() {
     frame->pts = framesSent++;
     // What the source's encoder chose for this frame is nothing to this one.
     ForgetCoding(*frame);
+    // It tells of the colours that the frame had in its source.
+    av_frame_remove_side_data(frame.get(), AV_FRAME_DATA_ICC_PROFILE);
     frame->quality = GetContext().global_quality;
     if (log)
         log->Guide(*frame);

@@ -2,6 +2,7 @@
 
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Mux/MuxerFF.h"
+#include "Kestra/FF/Mux/SequenceMuxer.h"
 #include <stdexcept>
 
 namespace Kestra::FF {
@@ -15,6 +16,8 @@ boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrus
     if (!container)
         Fail(Proc::TranscodingError::MuxerRefused,
              id.empty() ? std::string("The description names no container") : "There is no container \"" + id + "\"");
+    if (container->sequence)
+        return new SequenceMuxer(*container, *format, *output);
     return new MuxerFF(*container, format, output);
 }
 

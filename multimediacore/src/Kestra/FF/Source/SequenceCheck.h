@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Kestra/Proc/FileCheck.h"
+
+namespace Kestra::FF {
+
+/// As Proc::CheckPictures() says.
+Proc::CheckedFile CheckPictures(const ioPath& folder, const Conf::NumberedName& name,
+                                const std::atomic<bool>& interrupted);
+
+} // namespace Kestra::FF
