@@ -3,8 +3,10 @@
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Conf/Codec.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
+#include <algorithm>
 #include <array>
 
 namespace ExportCore {
@@ -72,7 +74,33 @@ void requireColour(const CheckedStream& stream) {
         fail("it does not tell the colour of its pictures");
 }
 
+std::string sizeText(std::uint32_t width, std::uint32_t height) {
+    return std::to_string(width) + 'x' + std::to_string(height);
+}
+
+void requirePictures(const CheckedStream& stream, const ExpectedFile::Pictures& pictures) {
+    if (stream.frame.width != pictures.width || stream.frame.height != pictures.height)
+        fail("its pictures are " + sizeText(stream.frame.width, stream.frame.height) + " instead of " +
+             sizeText(pictures.width, pictures.height));
+    if (!pictures.pixelFormat.empty() && stream.pixelFormat != pictures.pixelFormat)
+        fail("its pictures are " + stream.pixelFormat + " instead of " + pictures.pixelFormat);
+}
+
 } // namespace
+
+void ExpectedFile::Pictures::fitTo(Kestra::Conf::CodecID codec) {
+    using Kestra::Conf::PixelFormat;
+    using Kestra::Conf::PixelFormatRecord;
+    const Kestra::Conf::VideoCodec* const known = Kestra::Conf::Codec::FindVideo(codec);
+    const PixelFormat usual = known ? known->playable : PixelFormat::Unknown;
+    const PixelFormatRecord* const format =
+        PixelFormatRecord::Find(pixelFormat.empty() ? usual : Kestra::Conf::PixelFormatFromString(pixelFormat));
+    const auto fit = [](std::uint32_t side, int shift) { return std::max<std::uint32_t>(side >> shift, 1) << shift; };
+    if (!format)
+        return;
+    width = fit(width, format->chromaShiftX);
+    height = fit(height, format->chromaShiftY);
+}
 
 void ExpectedFile::require(const CheckedFile& file) const {
     const CheckedStream* video = find(file, CheckedStream::Kind::Video);
@@ -85,7 +113,10 @@ void ExpectedFile::require(const CheckedFile& file) const {
         if (video->packets != frames)
             fail("it holds " + std::to_string(video->packets) + " pictures instead of " + std::to_string(frames));
         const std::int64_t frame = frames > 0 ? videoDuration / frames : 0;
-        requireLength("picture", *video, videoDuration, frame + ROUNDING, frame + ROUNDING);
+        if (pictures)
+            requirePictures(*video, *pictures);
+        else
+            requireLength("picture", *video, videoDuration, frame + ROUNDING, frame + ROUNDING);
         requireColour(*video);
     }
     if (audio) {

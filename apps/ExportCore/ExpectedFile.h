@@ -3,8 +3,12 @@
 
 #include "ExportCore/PromisedProgramme.h"
 #include "ExportCoreExport.h"
+#include "Kestra/Conf/CodecID.h"
+#include "Kestra/Conf/NumberedName.h"
 #include "Kestra/Proc/FileCheck.h"
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace ExportCore {
 
@@ -16,10 +20,21 @@ struct EXPORTCORE_EXPORT ExpectedFile {
     std::int64_t videoDuration = 0;
     std::int64_t audioDuration = 0;
     PromisedProgramme programme;
+    /// Where each picture is a file of its own: nothing tells how long they last.
+    struct Pictures {
+        Kestra::Conf::NumberedName name;
+        std::uint32_t width = 0;
+        std::uint32_t height = 0;
+        std::string pixelFormat; ///< the engine's name; empty where any is right
+
+        /// The sides become those that its encoder makes of them: a whole number of chroma samples.
+        void fitTo(Kestra::Conf::CodecID codec);
+    };
+    std::optional<Pictures> pictures;
 
     /// Throws Kestra::Proc::ProcException (OutputFailed) that says what the file lacks: a stream, a frame, a part of
     /// its length, the common start of picture and sound, the colour of its pictures, what it
-    /// has to say of its programme.
+    /// has to say of its programme; of numbered pictures their size and format.
     void require(const Kestra::Proc::CheckedFile& file) const;
 };
 

@@ -1,6 +1,7 @@
 #include "ExportCore/ExportFacts.h"
 
 #include "ExportCore/ExpectedFile.h"
+#include "ExportCore/SequenceName.h"
 #include "Types/Time.h"
 #include <algorithm>
 
@@ -13,6 +14,8 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
     facts.streams = file.streams;
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     facts.durationMs = Types::fromAvTime(length).milliseconds();
+    if (expected.pictures && !facts.streams.empty())
+        facts.streams.front().end = expected.videoDuration; // nothing in them tells
     for (const Kestra::Proc::CheckedStream& stream : file.streams) {
         if (stream.kind == Kestra::Proc::CheckedStream::Kind::Video) {
             facts.frames = stream.packets;
@@ -26,6 +29,11 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
         }
     }
     return facts;
+}
+
+void ExportFacts::namePictures(const SequenceName& sequence) {
+    firstPicture = QString::fromUtf8(sequence.pathOf(0));
+    lastPicture = QString::fromUtf8(sequence.pathOf(std::max<qint64>(frames - 1, 0)));
 }
 
 } // namespace ExportCore

@@ -9,16 +9,23 @@
 namespace ExportCore {
 
 struct ExpectedFile;
+struct SequenceName;
 
 /// Read from the file itself after it was written.
 struct ExportFacts {
     /// All but what only the end of the run tells: how long it took.
     static ExportFacts of(const Kestra::Proc::CheckedFile& file, const ExpectedFile& expected, const QString& path);
 
+    /// For what is not one file, as they stand at their place.
+    void namePictures(const SequenceName& sequence);
+
     QString path;
     qint64 sizeBytes = 0;
     qint64 durationMs = 0;
     qint64 frames = 0; ///< 0 without picture
+    /// Of numbered pictures, which path tells the folder of; empty for files.
+    QString firstPicture;
+    QString lastPicture;
     int width = 0;
     int height = 0;
     std::string videoCodec; ///< empty without picture

@@ -5,11 +5,11 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/FrameSnap.h"
+#include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/InputOpening.h"
 #include "ExportCore/LoudnessGain.h"
 #include "ExportCore/LoudnessTask.h"
 #include "ExportCore/OutputOpening.h"
-#include "ExportCore/OutputTransaction.h"
 #include "ExportCore/OutroPictures.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/PresetChoice.h"
@@ -19,6 +19,7 @@
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -133,6 +134,7 @@ void ExportJob::selectPreset() {
     if (const std::string warning = provider->catalogueWarning(); !warning.empty())
         outcome.warnings << QString::fromStdString(warning);
     PresetSelection::select(*provider, choosePreset());
+    sequence = SequenceName::of(request.outputPath, provider->preset());
     presetEdit = RequestCheck::presetEdit(request, *provider);
     presetEdit.dropMedia(*provider);
     presetEdit.settings.requireFit(provider->preset());
@@ -230,11 +232,25 @@ void ExportJob::beginOutput() {
     if (verdict)
         return;
     enter(JobState::MakingOutput);
+    if (sequence)
+        sequence->widenFor(forecastPictures());
     outputOpening =
-        std::make_unique<OutputOpening>(request, QByteArray::fromStdString(provider->preset().containerId()));
+        std::make_unique<OutputOpening>(request, QByteArray::fromStdString(provider->preset().containerId()), sequence);
     connect(outputOpening.get(), &OutputOpening::finished, this, &ExportJob::onOutputMade);
     follow(*outputOpening, Watchdog::Wait::Start);
     outputOpening->start();
+}
+
+/// Before there is a transcoder to tell.
+qint64 ExportJob::forecastPictures() const {
+    const KTime length = streamRange == Types::Range() ? project->duration() : streamRange.end - streamRange.start;
+    return OutputEstimate::of(*provider, &project->video(), nullptr,
+                              length + OutroPictures::length(request.brandingName))
+        .frames;
+}
+
+QByteArray ExportJob::writtenPath() const {
+    return sequence ? unfinishedPath + '/' + QByteArray::fromStdString(sequence->name.ToPattern()) : unfinishedPath;
 }
 
 void ExportJob::onOutputMade(const std::exception_ptr& error) {
@@ -257,7 +273,7 @@ void ExportJob::beginTranscoding() {
     data.composition = project->composition();
     data.streamRange = streamRange;
     data.exportRange = snappedExportRange();
-    data.outputPath = QString::fromUtf8(unfinishedPath);
+    data.outputPath = QString::fromUtf8(writtenPath());
     data.brandingName = request.brandingName;
     data.presetProvider = provider.get();
     transcoder = std::make_unique<Export::Transcoder>(nullptr);
@@ -330,6 +346,7 @@ void ExportJob::expect() {
     expected.videoDuration = lengths.videoDuration;
     expected.audioDuration = lengths.audioDuration;
     expectOutro();
+    expectPictures();
     const Types::Range window = snappedExportRange();
     if (window == Types::Range())
         return;
@@ -337,6 +354,17 @@ void ExportJob::expect() {
     expected.videoDuration = std::min(end, expected.videoDuration) - start;
     expected.audioDuration = std::min(end, expected.audioDuration) - start;
     countFrames();
+}
+
+void ExportJob::expectPictures() {
+    if (!sequence)
+        return;
+    const Kestra::Core::Property order = provider->preset().videoEncoderData();
+    const char* const tag = Kestra::Conf::IFormatCodecVideo::TAG_PIXEL_FORMAT;
+    const std::string format = order.ChildExists(tag) ? order[tag].GetString() : std::string();
+    const Media::Video& made = transcoder->videoPreset();
+    expected.pictures = ExpectedFile::Pictures{sequence->name, made.width, made.height, format};
+    expected.pictures->fitTo(provider->preset().videoCodec());
 }
 
 Project::StreamLengths ExportJob::lengthsOf(const Media::Video* video, const Media::Audio* audio) const {

@@ -10,6 +10,7 @@
 #include "ExportCore/JobState.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCore/RunForecast.h"
+#include "ExportCore/SequenceName.h"
 #include "ExportCore/Watchdog.h"
 #include "ExportCoreExport.h"
 #include <QByteArray>
@@ -40,11 +41,11 @@ namespace ExportCore {
 
 class BackgroundTask;
 class FileCheckTask;
+class IOutputTransaction;
 class InputOpening;
 struct LoudnessGain;
 class LoudnessTask;
 class OutputOpening;
-class OutputTransaction;
 
 /// For one run: construct, connect, start(), wait for finished(). Lives on the thread of the model; every signal comes
 /// from that thread's event loop. Any number may run at once. Destruction ends a run that is under way; the output
@@ -103,6 +104,9 @@ private:
     void beginOutput();
     void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
+    qint64 forecastPictures() const;
+    /// Of what is written: the private file, or the pattern in the private folder.
+    QByteArray writtenPath() const;
     void noteProgramme();
     void promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container);
     void connectTranscoder();
@@ -110,6 +114,7 @@ private:
     Project::StreamLengths lengthsOf(const Media::Video* video, const Media::Audio* audio) const;
     void expectOutro();
     void countFrames();
+    void expectPictures();
     Types::Range snappedExportRange() const;
 
     void plan();
@@ -163,8 +168,9 @@ private:
     std::unique_ptr<InputOpening> opening;
     std::unique_ptr<LoudnessTask> loudnessTask;
     std::unique_ptr<OutputOpening> outputOpening;
-    std::shared_ptr<OutputTransaction> transaction; ///< the check's too
-    QByteArray unfinishedPath;                      ///< empty while there is none
+    std::shared_ptr<IOutputTransaction> transaction; ///< the check's too
+    QByteArray unfinishedPath;                       ///< empty while there is none
+    std::optional<SequenceName> sequence;            ///< where each picture is a file of its own
     /// The check's too. What is told of a finished file is known before it is moved to its place: from then on nothing
     /// may fail.
     struct Finished {

@@ -6,11 +6,11 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/DamageText.h"
 #include "ExportCore/FileCheckTask.h"
+#include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/InputOpening.h"
 #include "ExportCore/LoudnessTask.h"
 #include "ExportCore/NamedPath.h"
 #include "ExportCore/OutputOpening.h"
-#include "ExportCore/OutputTransaction.h"
 #include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
@@ -302,12 +302,14 @@ bool ExportJob::checkFile() {
     enter(JobState::Checking);
     try {
         finishedFile = std::make_shared<Finished>();
-        const auto last = [transaction = transaction, finished = finishedFile, path = request.outputPath,
-                           inputs = request.inputs, expected = expected](const Kestra::Proc::CheckedFile& file) {
-            finished->facts = ExportFacts::of(file, expected, path);
+        const auto last = [transaction = transaction, finished = finishedFile, request = request, sequence = sequence,
+                           expected = expected](const Kestra::Proc::CheckedFile& file) {
+            finished->facts = ExportFacts::of(file, expected, request.outputPath);
+            if (sequence)
+                finished->facts.namePictures(*sequence);
             finished->factsKnown = true;
             transaction->sync();
-            if (RequestCheck::isInput(path.toUtf8(), inputs))
+            if (RequestCheck::replacesInput(request, sequence))
                 KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
                                                          "The output has become one of the inputs meanwhile"));
             finished->folderSynced = transaction->commit();
@@ -364,7 +366,7 @@ bool ExportJob::undo() {
 bool ExportJob::undoElsewhere() {
     constexpr std::chrono::seconds patience{2};
     const auto committed = std::make_shared<std::atomic<bool>>(false);
-    const std::weak_ptr<OutputTransaction> left = transaction;
+    const std::weak_ptr<IOutputTransaction> left = transaction;
     std::function<void()> removal = [held = transaction, committed]() mutable {
         held->rollback();
         *committed = held->isCommitted();
@@ -390,10 +392,11 @@ void ExportJob::tellLeftover() {
 }
 
 QString ExportJob::inUsersWords(const std::string& sentence) const {
-    // The engine knows the private file only; the user knows the output only.
+    // The engine knows the private file or folder only; the user knows the output only.
     QString text = QString::fromStdString(sentence);
     if (!unfinishedPath.isEmpty())
-        text.replace(QString::fromUtf8(unfinishedPath), request.outputPath);
+        text.replace(QString::fromUtf8(unfinishedPath),
+                     sequence ? QString::fromUtf8(sequence->folder) : request.outputPath);
     return text.trimmed();
 }
 
@@ -414,6 +417,8 @@ void ExportJob::tellReason() {
     const bool told = tellIfMemoryAllows([this, &reason] {
         const QString words = inUsersWords(reason->GetDescription());
         outcome.errorPath = NamedPath::in(words, request);
+        if (sequence && words.contains(QLatin1Char('"') + QString::fromUtf8(sequence->folder) + QLatin1Char('/')))
+            outcome.errorPath = request.outputPath; // one of its pictures
         outcome.error = ProcessingError(reason->GetCode(), PlainText::escaped(words.toStdString()));
     });
     if (!told)

@@ -69,7 +69,10 @@ void ExportJob::plan() {
     plan.estimate.frames = expected.frames;
     plan.freeBytes = outputOpening->freeBytes();
     forecast.emplace(RunForecast::Run{passes.count, expected.frames, passes.laterCosts});
-    growth.emplace(unfinishedPath);
+    if (sequence)
+        growth.emplace(SequenceName{unfinishedPath, sequence->name});
+    else
+        growth.emplace(unfinishedPath);
     if (request.dryRun)
         requireRoom();
 }

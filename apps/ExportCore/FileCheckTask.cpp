@@ -10,7 +10,8 @@ void check(const Kestra::ioPath& path, const ExpectedFile& expected, const FileC
            const std::atomic<bool>& interrupted) {
     Kestra::Proc::CheckedFile file;
     try {
-        file = Kestra::Proc::CheckFile(path, interrupted);
+        file = expected.pictures ? Kestra::Proc::CheckPictures(path, expected.pictures->name, interrupted)
+                                 : Kestra::Proc::CheckFile(path, interrupted);
     } catch (const Kestra::Proc::Interrupted&) {
         return;
     }

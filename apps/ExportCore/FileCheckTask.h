@@ -13,8 +13,8 @@ class EXPORTCORE_EXPORT FileCheckTask : public BackgroundTask {
 public:
     using Last = std::function<void(const Kestra::Proc::CheckedFile& file)>;
 
-    /// `last` is called on the worker thread after the file was found right; what it throws is the check's failure. It
-    /// owns what it touches.
+    /// `path` is the folder, where pictures are expected. `last` is called on the worker thread after the file was
+    /// found right; what it throws is the check's failure. It owns what it touches.
     FileCheckTask(const Kestra::ioPath& path, const ExpectedFile& expected, const Last& last,
                   QObject* parent = nullptr);
 };

@@ -1,11 +1,13 @@
-// ExportCore::FileGrowth: how large a file under way is.
+// ExportCore::FileGrowth: how large an output under way is.
 #pragma once
 
+#include "ExportCore/SequenceName.h"
 #include "ExportCoreExport.h"
 #include "Kestra/Base/LeavableThread.h"
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 namespace ExportCore {
@@ -13,7 +15,9 @@ namespace ExportCore {
 /// Looks on a thread of its own, as a folder may not answer; that thread is left at the end then. Bound to one thread.
 class EXPORTCORE_EXPORT FileGrowth {
 public:
-    explicit FileGrowth(QByteArray path);
+    explicit FileGrowth(const QByteArray& path);
+    /// Of pictures that are written one after the other, from 0 on.
+    explicit FileGrowth(const SequenceName& pictures);
 
     /// The bytes that were found by the last look that has come to its end, -1 before; begins another one when half a
     /// second has gone since. Returns at once.
@@ -25,7 +29,11 @@ private:
         std::atomic<bool> ended{true};
     };
 
-    const QByteArray path;
+    /// Called by one look at a time; -1 where it cannot tell.
+    using Measure = std::function<qint64()>;
+    explicit FileGrowth(Measure measure);
+
+    const Measure measure;
     const std::shared_ptr<Look> look;
     Kestra::LeavableThread thread;
     QElapsedTimer sinceLook;

@@ -56,10 +56,8 @@ std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const QS
 void InputOpening::open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                         const std::atomic<bool>& interrupted) {
     const std::vector<Kestra::ioPath> paths = requireInputs(opened, request.inputs);
-    if (preset) {
-        RequestCheck::output(request);
-        RequestCheck::outputName(request, *preset);
-    }
+    if (preset)
+        RequestCheck::outputIsFit(request, *preset);
     try {
         if (TimelineOpening::isTimeline(paths.front().ToUtf8()))
             return openTimeline(opened, request, preset, interrupted);
@@ -127,7 +125,7 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
     const TimelineOpening timeline = TimelineOpening::read(path, request.timelines, request.mediaLimits, &interrupted);
     if (!timeline.isFit())
         KESTRA_THROW(Refusal(refusalOf(path, timeline)));
-    RequestCheck::outputIsNoneOf(timeline.reading.named, request);
+    RequestCheck::outputIsNoneOf(timeline.reading.named, request, preset);
     opened.sequence = timeline.sequence(&interrupted);
     if (preset)
         InputProgramme::noteLeftOut(opened.sequence, request.tracks, fileOf(*preset));

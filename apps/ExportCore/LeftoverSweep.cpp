@@ -1,50 +1,67 @@
 #include "ExportCore/LeftoverSweep.h"
 
+#include "ExportCore/FolderSteps.h"
+#include "ExportCore/PictureSwap.h"
 #include "ExportCore/PrivateName.h"
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
+#include <filesystem>
+#include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace ExportCore {
 namespace {
 
-struct FolderCloser {
-    void operator()(DIR* folder) const noexcept { closedir(folder); }
-};
-
 /// A process that cannot be seen from here (another machine's, another container's) still holds its lock, so the lock
 /// decides; the process's mark covers the moment between the making of a file and its locking.
-bool removeIfDead(int folder, const char* name) {
-    const auto writer = PrivateName::read(name);
-    if (!writer || writer->isAlive())
-        return false;
-    const int file = openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0)
-        return false;
+bool isLockable(int file) {
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
+}
+
+bool removeFile(int folder, const char* name) {
+    const Descriptor file(openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat state = {};
     // A second name makes it somebody's own, whatever the first one looks like.
-    const bool plain = fstat(file, &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;
-    const bool dead = plain && flock(file, LOCK_EX | LOCK_NB) == 0;
-    const bool removed = dead && unlinkat(folder, name, 0) == 0;
-    close(file);
-    return removed;
+    const bool plain = file && fstat(file.get(), &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;
+    return plain && isLockable(file.get()) && unlinkat(folder, name, 0) == 0;
+}
+
+/// Of pictures. What was on its way into the folder or out of it when the run died arrives, or comes back.
+bool removeFolder(int folder, const QByteArray& path, const std::string& name) {
+    const Descriptor own(FolderSteps::open(folder, name.c_str()));
+    if (!own || !isLockable(own.get()) || !PictureSwap::settle(folder, own.get()))
+        return false;
+    std::error_code error;
+    return std::filesystem::remove_all(path.toStdString() + '/' + name, error) > 0 && !error;
+}
+
+bool removeIfDead(int folder, const QByteArray& path, const std::string& name) {
+    const auto writer = PrivateName::read(QByteArray::fromStdString(name));
+    if (!writer || writer->isAlive())
+        return false;
+    // The names of folders have no extension.
+    const bool isFolder = name.find('.', 1) == std::string::npos;
+    return isFolder ? removeFolder(folder, path, name) : removeFile(folder, name.c_str());
 }
 
 } // namespace
 
-int LeftoverSweep::run(const QByteArray& folder) noexcept {
-    const std::unique_ptr<DIR, FolderCloser> entries(opendir(folder.constData()));
-    int removed = 0;
-    while (entries) {
-        const dirent* entry = readdir(entries.get());
-        if (!entry)
-            break;
-        removed += removeIfDead(dirfd(entries.get()), entry->d_name) ? 1 : 0;
+int LeftoverSweep::run(const QByteArray& path) noexcept {
+    try {
+        const Descriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        int removed = 0;
+        std::vector<std::string> names;
+        if (folder)
+            FolderSteps::list(folder.get(), names); // those that cannot be read wait for the next sweep
+        for (const std::string& name : names)
+            removed += removeIfDead(folder.get(), path, name) ? 1 : 0;
+        return removed;
+    } catch (...) { // no memory
+        return 0;
     }
-    return removed;
 }
 
 } // namespace ExportCore

@@ -8,8 +8,8 @@ namespace ExportCore {
 
 struct EXPORTCORE_EXPORT LeftoverSweep {
     /// Removes the private files in the folder whose writer is dead: what carries the mark of PrivateName, is a regular
-    /// file and locked by nobody. Whatever is in doubt stays; never fails.
-    /// Returns how many went.
+    /// file and locked by nobody. Likewise private folders of pictures; a PictureSwap that a dead run had begun is
+    /// brought to an end first. Whatever is in doubt stays; never fails. Returns how many went.
     static int run(const QByteArray& folder) noexcept;
 
     LeftoverSweep() = delete;

@@ -1,5 +1,6 @@
 #include "ExportCore/OutputTransaction.h"
 
+#include "ExportCore/FolderSteps.h"
 #include "ExportCore/PrivateName.h"
 #include "Kestra/Proc/Failure.h"
 #include <cerrno>
@@ -21,12 +22,6 @@ using Kestra::Proc::TranscodingError;
 
 std::string quoted(const QByteArray& path) {
     return '"' + path.toStdString() + '"';
-}
-
-bool isSameFile(int file, const QByteArray& path) {
-    struct stat own = {}, there = {};
-    return fstat(file, &own) == 0 && lstat(path.constData(), &there) == 0 && own.st_dev == there.st_dev &&
-           own.st_ino == there.st_ino;
 }
 
 } // namespace
@@ -67,7 +62,7 @@ int OutputTransaction::create() {
     }
     // A file system without locks is no reason to refuse: the process named by the file's name is then all there is.
     const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-    if (locked && isSameFile(file, path)) {
+    if (locked && FolderSteps::isSame(file, path)) {
         standing = true;
         return 0;
     }
@@ -97,18 +92,18 @@ bool OutputTransaction::commit() {
 }
 
 bool OutputTransaction::isCommitted() const {
-    return committed || isSameFile(file, target.path);
+    return committed || FolderSteps::isSame(file, target.path);
 }
 
 void OutputTransaction::rollback() noexcept {
     forbid();
-    if (standing && isSameFile(file, path))
+    if (standing && FolderSteps::isSame(file, path))
         ::unlink(path.constData());
     standing = false;
 }
 
 void OutputTransaction::requireOwnFile() const {
-    if (!isSameFile(file, path))
+    if (!FolderSteps::isSame(file, path))
         Kestra::Proc::Fail(TranscodingError::OutputFailed,
                            "The unfinished file of " + quoted(target.path) + " was removed or replaced");
 }
@@ -132,23 +127,12 @@ void OutputTransaction::moveIntoPlace() const {
             fail(errno, "Cannot put the finished file at " + quoted(target.path));
         return;
     }
-    if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
-        return;
-    if (errno != EINVAL && errno != ENOSYS)
-        fail(errno, "Cannot put the finished file at " + quoted(target.path));
-    // Not every file system knows that kind of renaming; a second name for the file is as exclusive.
-    if (::link(from, to) != 0)
-        fail(errno, "Cannot put the finished file at " + quoted(target.path));
-    ::unlink(from);
+    if (const int error = FolderSteps::moveUnlessThere(AT_FDCWD, from, AT_FDCWD, to); error != 0)
+        fail(error, "Cannot put the finished file at " + quoted(target.path));
 }
 
 bool OutputTransaction::syncFolder() const {
-    const int folder = ::open(target.folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return false;
-    const bool synced = fsync(folder) == 0 || errno == EINVAL;
-    ::close(folder);
-    return synced;
+    return FolderSteps::sync(target.folder);
 }
 
 } // namespace ExportCore

@@ -54,7 +54,7 @@ std::optional<PrivateName> PrivateName::read(const QByteArray& name) {
         return std::nullopt;
     const int point = name.indexOf('.', 1);
     const QByteArray extension = point < 0 ? QByteArray() : name.mid(point + 1);
-    const QList<QByteArray> parts = name.left(point).mid(static_cast<int>(sizeof PREFIX) - 1).split('-');
+    const QList<QByteArray> parts = name.mid(0, point).mid(static_cast<int>(sizeof PREFIX) - 1).split('-');
     if (parts.size() != 4)
         return std::nullopt;
     PrivateName result;

@@ -8,6 +8,7 @@
 #include "ExportCore/OutputExtension.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
+#include "ExportCore/SequenceName.h"
 #include "ExportCore/SettingText.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/Base/SourcePlace.h"
@@ -164,6 +165,40 @@ QByteArray placeOfNew(const QByteArray& output) {
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
 }
 
+void checkPictures(const SequenceTarget& target, const QByteArray& output, const ExportRequest& request) {
+    const std::vector<std::string> there = SequenceName{target.path, target.name}.there();
+    for (const std::string& picture : there) {
+        const QByteArray path = target.path + '/' + QByteArray::fromStdString(picture);
+        if (RequestCheck::isInput(path, request.inputs))
+            refuse("Cannot write " + quoted(output) + ": the picture \"" + picture + "\" there is one of the inputs");
+        struct stat state = {};
+        if (::lstat(path.constData(), &state) != 0 || !S_ISREG(state.st_mode))
+            refuse("Cannot write " + quoted(output) + ": \"" + picture + "\" there is no file that could be replaced");
+    }
+    if (!there.empty() && !request.overwrite)
+        refuse("Cannot write " + quoted(output) + ": pictures of these names exist already, \"" + there.front() +
+               "\" to begin with (--overwrite replaces them)");
+}
+
+/// Whether the medium is, or has in it, one of those pictures in that folder, whose path is resolved.
+bool isAmong(const Timeline::MediaTarget& medium, const QByteArray& folder, const std::vector<std::string>& pictures) {
+    if (const auto* single = std::get_if<Timeline::MediaFile>(&medium)) {
+        const QByteArray path = resolved(QByteArray::fromStdString(single->path.ToUtf8()));
+        const std::string file = path.mid(path.lastIndexOf('/') + 1).toStdString();
+        return folderOf(path) == folder && std::binary_search(pictures.begin(), pictures.end(), file);
+    }
+    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&medium);
+    return sequence && resolved(QByteArray::fromStdString(sequence->folder.ToUtf8())) == folder &&
+           std::any_of(pictures.begin(), pictures.end(),
+                       [sequence](const std::string& picture) { return sequence->isName(picture); });
+}
+
+void requireNoLink(const QByteArray& path, const QByteArray& output) {
+    struct stat link = {};
+    if (::lstat(path.constData(), &link) == 0)
+        refuse("Cannot write " + quoted(output) + ": it is a link that leads nowhere");
+}
+
 /// Those of the same media and size first.
 std::vector<std::string> presetsFor(const std::string& extension, const Preset& like) {
     std::vector<std::pair<int, std::string>> fitting;
@@ -225,6 +260,15 @@ bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
     });
 }
 
+bool RequestCheck::replacesInput(const ExportRequest& request, const std::optional<SequenceName>& sequence) {
+    if (!sequence)
+        return isInput(request.outputPath.toUtf8(), request.inputs);
+    const std::vector<std::string> there = sequence->there();
+    return std::any_of(there.begin(), there.end(), [&](const std::string& picture) {
+        return isInput(sequence->folder + '/' + QByteArray::fromStdString(picture), request.inputs);
+    });
+}
+
 void RequestCheck::outputIsNamed(const ExportRequest& request) {
     if (request.outputPath.isEmpty())
         refuse("No output file was given");
@@ -248,9 +292,7 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     } else if (errno != ENOENT) {
         refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
     } else {
-        struct stat link = {};
-        if (::lstat(output.constData(), &link) == 0)
-            refuse("Cannot write " + quoted(output) + ": it is a link that leads nowhere");
+        requireNoLink(output, output);
         checkFolder(folderOf(output), output);
         target.path = placeOfNew(output);
     }
@@ -259,17 +301,61 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
     return target;
 }
 
-void RequestCheck::outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request) {
+SequenceTarget RequestCheck::sequence(const ExportRequest& request, const SequenceName& sequence) {
+    outputIsNamed(request);
     const QByteArray output = request.outputPath.toUtf8();
-    const auto state = stateOf(output);
-    const auto isThere = [&state](const Timeline::MediaTarget& medium) { return isOf(medium, *state); };
-    if (state && std::any_of(media.begin(), media.end(), isThere))
+    SequenceTarget target;
+    target.replace = request.overwrite;
+    target.name = sequence.name;
+    if (const auto state = stateOf(sequence.folder)) {
+        if (!S_ISDIR(state->st_mode))
+            refuse("Cannot write " + quoted(output) + ": " + quoted(sequence.folder) + " is not a folder");
+        if (isInput(sequence.folder, request.inputs))
+            refuse("Cannot write " + quoted(output) + ": it is one of the inputs");
+        target.existed = true;
+        target.path = resolved(sequence.folder);
+        checkFolder(target.path, output);
+        checkPictures(target, output, request);
+        return target;
+    }
+    if (errno != ENOENT)
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+    requireNoLink(sequence.folder, output);
+    checkFolder(folderOf(sequence.folder), output);
+    target.path = placeOfNew(sequence.folder);
+    return target;
+}
+
+void RequestCheck::outputIsFit(const ExportRequest& request, const Preset& preset) {
+    if (const auto pictures = SequenceName::of(request.outputPath, preset))
+        sequence(request, *pictures);
+    else
+        output(request);
+    outputName(request, preset);
+}
+
+void RequestCheck::outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request,
+                                  const std::optional<Preset>& preset) {
+    const QByteArray output = request.outputPath.toUtf8();
+    bool isThere = false;
+    if (const auto pictures = preset ? SequenceName::of(request.outputPath, *preset) : std::nullopt) {
+        const QByteArray folder = resolved(pictures->folder);
+        const std::vector<std::string> names = pictures->there();
+        isThere = std::any_of(media.begin(), media.end(), [&](const Timeline::MediaTarget& medium) {
+            return !folder.isEmpty() && isAmong(medium, folder, names);
+        });
+    } else if (const auto state = stateOf(output)) {
+        isThere = std::any_of(media.begin(), media.end(),
+                              [&state](const Timeline::MediaTarget& medium) { return isOf(medium, *state); });
+    }
+    if (isThere)
         refuse("Cannot write " + quoted(output) + ": it is one of the timeline's media");
 }
 
 void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {
     const QByteArray output = request.outputPath.toUtf8();
-    const std::string extension = OutputExtension::of(output);
+    const auto pictures = SequenceName::of(request.outputPath, preset);
+    const std::string extension = pictures && pictures->isUsual ? std::string() : OutputExtension::of(output);
     if (!ContainerLimits::IsKnownExtension(extension) || OutputExtension::suits(preset, extension))
         return;
     const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());

@@ -4,13 +4,17 @@
 #include "ExportCore/CutPoints.h"
 #include "ExportCore/OutputTarget.h"
 #include "ExportCore/PresetEdit.h"
+#include "ExportCore/SequenceTarget.h"
 #include "ExportCoreExport.h"
 #include "Timeline/MediaReference.h"
+#include <optional>
 #include <vector>
 
 class Preset;
 
 namespace ExportCore {
+
+struct SequenceName;
 
 /// Every operation throws Refusal for what it does not accept. Nothing is opened, made or changed.
 struct EXPORTCORE_EXPORT RequestCheck {
@@ -21,10 +25,18 @@ struct EXPORTCORE_EXPORT RequestCheck {
     static void outputIsNamed(const ExportRequest& request);
     /// Not one of the inputs (through links neither), not standard output, and a place where a regular file can be put.
     static OutputTarget output(const ExportRequest& request);
-    /// The output is none of those files of a timeline, and no picture of those sequences, through links neither.
-    static void outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request);
-    /// The output's name promises no other kind of file than the preset writes. A name without extension, or with one
-    /// that stands for nothing, promises none.
+    /// Likewise for pictures: a folder that is there, or one that can be made. Those that are called alike, if there
+    /// are any, are regular files, none of them an input, and may be replaced.
+    static SequenceTarget sequence(const ExportRequest& request, const SequenceName& sequence);
+    /// Whichever of the two the preset makes.
+    static void outputIsFit(const ExportRequest& request, const Preset& preset);
+    /// Nothing that the output replaces is one of those files of a timeline, or a picture of those sequences, through
+    /// links neither.
+    static void outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request,
+                               const std::optional<Preset>& preset);
+    /// The output's name promises no other kind of file than the preset writes; where that makes a file of each picture
+    /// it says how they are called (see SequenceName). A name without extension, or with one that stands for nothing,
+    /// promises none.
     static void outputName(const ExportRequest& request, const Preset& preset);
     /// What the request wants changed in the preset that the provider has selected: a quality that the preset has, and
     /// settings that read well and fit it.
@@ -38,6 +50,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
                                     KTime outro = KTime(0));
     /// Whether the path is, through whatever links, one of the inputs.
     static bool isInput(const QByteArray& path, const QStringList& inputs);
+    /// Whether the output, or a picture that is called as the sequence's are, is one of them.
+    static bool replacesInput(const ExportRequest& request, const std::optional<SequenceName>& sequence);
 
     RequestCheck() = delete;
 };

@@ -3,8 +3,9 @@
 #include "ExportCore/LoudnessGain.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/TimeText.h"
+#include "ExportCore/TimelineOpening.h"
 #include <algorithm>
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace Cli {
 namespace {
@@ -20,8 +21,11 @@ ProgressStyle styleOf(const std::string& name) {
     return styles.at(name);
 }
 
-bool stands(const std::string& path) {
-    return ::access(path.c_str(), F_OK) == 0;
+/// A file, or a timeline, which may be a folder; other folders are none of what can be read.
+bool standsAsInput(const std::string& path) {
+    struct stat state = {};
+    return ::stat(path.c_str(), &state) == 0 &&
+           (!S_ISDIR(state.st_mode) || ExportCore::TimelineOpening::isTimeline(path));
 }
 
 /// "INPUT...", "[ID]...", "FILE".
@@ -87,7 +91,7 @@ void CommandLine::takeTexts() {
     options.mediaLimits.pictureBytes = pictureMebibytes << 20;
 }
 
-/// The last of several names is the output, where no such file stands.
+/// The last of several names is the output, where no such file stands, or where it is a folder.
 void CommandLine::takeOutput() {
     const std::string last = options.inputs.back();
     if (options.each)
@@ -95,7 +99,7 @@ void CommandLine::takeOutput() {
     const std::string missing = "no output file was given; name it behind the inputs or with --output";
     if (options.inputs.size() < 2)
         throw CLI::ValidationError(missing);
-    if (stands(last))
+    if (standsAsInput(last))
         throw CLI::ValidationError(missing + " (\"" + last + "\" is a file already: to replace it, write --output \"" +
                                    last + "\" --overwrite)");
     options.output = last;

@@ -24,13 +24,15 @@ void requireFolder(const std::string& path) {
             Refusal("Cannot write into \"" + path + "\": with --each the output is a folder, and that is none"));
 }
 
-/// What the preset's files usually end in.
-std::string extensionOf(const Options& options) {
+/// What stands behind an input's name in its output's: the usual extension, or what says that it is a folder.
+std::string endingOf(const Options& options) {
     if (options.preset.empty())
         KESTRA_THROW(Refusal("Name a preset (-p ID, see presets): a folder does not tell of what kind its files are"));
     const ExportCore::PresetCatalogue catalogue;
     const Preset preset = catalogue.preset(ExportCore::PresetChoice::of(options.preset, QString(), catalogue).id);
-    return Kestra::ClientAPI::ContainerLimits::Extensions(preset.containerId(), preset.hasVideo()).front();
+    if (Kestra::ClientAPI::ContainerLimits::IsSequence(preset.containerId()))
+        return "/";
+    return '.' + Kestra::ClientAPI::ContainerLimits::Extensions(preset.containerId(), preset.hasVideo()).front();
 }
 
 /// The name without its folder and its extension.
@@ -47,14 +49,14 @@ std::vector<Options> jobsOf(const Options& options) {
             Refusal("A report is about one export; write --report without --each, or have a queue do the jobs, "
                     "each with its own"));
     requireFolder(options.output);
-    const std::string extension = extensionOf(options);
+    const std::string ending = endingOf(options);
     const std::string folder = options.output.back() == '/' ? options.output : options.output + '/';
     std::map<std::string, std::string> inputs; // by their outputs
     std::vector<Options> jobs;
     for (const std::string& input : options.inputs) {
         Options job = options;
         job.inputs = {input};
-        job.output = folder + stemOf(input) + '.' + extension;
+        job.output = folder + stemOf(input) + ending;
         const auto [same, isNew] = inputs.emplace(job.output, input);
         if (!isNew)
             KESTRA_THROW(Refusal('"' + same->second + "\" and \"" + input + "\" would both become \"" + job.output +

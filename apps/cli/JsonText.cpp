@@ -28,6 +28,8 @@ QString typeOf(ExportOutcome::Status status) {
 
 void addFacts(QJsonObject& object, const ExportFacts& facts) {
     object.insert(key("output"), facts.path);
+    if (!facts.firstPicture.isEmpty())
+        object.insert(key("pictures"), picturesObject(facts));
     object.insert(key("sizeBytes"), facts.sizeBytes);
     object.insert(key("durationMs"), facts.durationMs);
     object.insert(key("elapsedMs"), facts.elapsedMs);
@@ -125,6 +127,10 @@ QJsonObject planObject(const ExportPlan& plan) {
             {key("sizeIsRough"), plan.estimate.rough},
             {key("freeBytes"), knownOr(plan.freeBytes.value_or(-1))},
             {key("exportMs"), knownOr(plan.exportMs)}};
+}
+
+QJsonObject picturesObject(const ExportFacts& facts) {
+    return {{key("first"), facts.firstPicture}, {key("last"), facts.lastPicture}, {key("count"), facts.frames}};
 }
 
 QJsonArray streamsOf(const ExportFacts& facts) {

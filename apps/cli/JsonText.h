@@ -19,6 +19,8 @@ QString fractionText(const boost::rational<long long>& value);
 std::string jsonLine(const QJsonObject& object);
 /// What is going to be made. Unknown is null.
 QJsonObject planObject(const ExportCore::ExportPlan& plan);
+/// The first and the last of numbered pictures.
+QJsonObject picturesObject(const ExportCore::ExportFacts& facts);
 /// The streams that were found in the finished file.
 QJsonArray streamsOf(const ExportCore::ExportFacts& facts);
 /// "type" is "done", "refused", "failed", "stopped" or "planned".

@@ -22,6 +22,10 @@ std::string numberText(double number) {
     return shown;
 }
 
+std::string fileName(const QString& path) {
+    return ExportCore::PlainText::escaped(path.mid(path.lastIndexOf(QLatin1Char('/')) + 1).toStdString());
+}
+
 std::string counted(qint64 count, const char* one) {
     return std::to_string(count) + ' ' + one + (count == 1 ? "" : "s");
 }
@@ -72,6 +76,8 @@ std::string OutcomeText::of(const ExportFacts& facts) {
     if (!facts.videoCodec.empty())
         text += ", " + facts.videoCodec + ' ' + std::to_string(facts.width) + 'x' + std::to_string(facts.height) +
                 ", " + counted(facts.frames, "frame");
+    if (!facts.firstPicture.isEmpty())
+        text += ", " + fileName(facts.firstPicture) + " to " + fileName(facts.lastPicture);
     if (!facts.audioCodec.empty())
         text += ", " + facts.audioCodec + ' ' + std::to_string(facts.sampleRate) + " Hz, " +
                 counted(facts.channels, "channel");

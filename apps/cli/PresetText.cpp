@@ -106,7 +106,7 @@ std::string fileText(const Preset& preset) {
     return preset.containerId() + " (." +
            NameList::joined(Kestra::ClientAPI::ContainerLimits::Extensions(preset.containerId(), preset.hasVideo()),
                             ", .", ", .") +
-           ')';
+           (Kestra::ClientAPI::ContainerLimits::IsSequence(preset.containerId()) ? ", a file for each picture)" : ")");
 }
 
 std::string passesText(const Preset& preset) {

@@ -2,11 +2,13 @@
 
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
+#include "Kestra/Conf/NumberedName.h"
 #include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
 #include "cli/JsonText.h"
 #include <QCryptographicHash>
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
@@ -126,12 +128,39 @@ QueueFile::Job jobOf(const QJsonValue& value) {
     return job;
 }
 
-/// What tells that a file is still the one that was made.
+/// The output, or the pictures that stand for it.
+QFileInfoList filesOf(const QFileInfo& output) {
+    if (output.isFile())
+        return {output};
+    if (output.isDir())
+        return QDir(output.filePath()).entryInfoList({key("frame_*")}, QDir::Files);
+    const auto name = Kestra::Conf::NumberedName::Parse(output.fileName().toStdString());
+    QFileInfoList pictures;
+    if (name)
+        for (const QFileInfo& file : output.absoluteDir().entryInfoList(QDir::Files))
+            if (name->NumberOf(file.fileName().toStdString()))
+                pictures << file;
+    return pictures;
+}
+
+/// What tells that an output is still the one that was made; empty where there is none.
 QJsonObject factsOf(const std::string& output) {
-    const QFileInfo file(QString::fromStdString(output));
-    return {{key("output"), file.absoluteFilePath()},
-            {key("sizeBytes"), file.size()},
-            {key("modified"), file.lastModified().toUTC().toString(Qt::ISODateWithMs)}};
+    const QFileInfo told(QString::fromStdString(output));
+    const QFileInfoList files = filesOf(told);
+    qint64 size = 0;
+    QDateTime modified;
+    for (const QFileInfo& file : files) {
+        size += file.size();
+        modified = modified.isValid() ? std::max(modified, file.lastModified()) : file.lastModified();
+    }
+    if (files.isEmpty())
+        return {};
+    QJsonObject facts{{key("output"), told.absoluteFilePath()},
+                      {key("sizeBytes"), size},
+                      {key("modified"), modified.toUTC().toString(Qt::ISODateWithMs)}};
+    if (!told.isFile())
+        facts.insert(key("pictures"), files.size());
+    return facts;
 }
 
 } // namespace
@@ -176,8 +205,8 @@ void QueueFile::readState() {
 }
 
 bool QueueFile::isDone(const Job& job) const {
-    return !job.output.empty() && QFileInfo::exists(QString::fromStdString(job.output)) &&
-           done.value(job.digest).toObject() == factsOf(job.output);
+    const QJsonObject facts = job.output.empty() ? QJsonObject() : factsOf(job.output);
+    return !facts.isEmpty() && done.value(job.digest).toObject() == facts;
 }
 
 bool QueueFile::keep(const Job& job) {

@@ -99,7 +99,8 @@ void CommandLine::addPresetAndOutput() {
                              "extension tells"),
           "ID", ValueKind::Preset);
     output = addFile(*render, "-o,--output", options.output,
-                     "The file to write; by default the last of several INPUTs, unless that is a file already");
+                     "The file to write, or the folder or names (shot_%05d.png) of pictures; by default the last of "
+                     "several INPUTs, unless that is a file already");
 }
 
 /// Which of the inputs' tracks, and what of their descriptions, the file takes.

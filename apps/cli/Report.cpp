@@ -56,10 +56,13 @@ QJsonObject requestObject(const Options& options) {
 }
 
 QJsonObject fileObject(const ExportCore::ExportFacts& facts) {
-    return {{key("path"), facts.path},
-            {key("sizeBytes"), facts.sizeBytes},
-            {key("durationMs"), facts.durationMs},
-            {key("streams"), streamsOf(facts)}};
+    QJsonObject file{{key("path"), facts.path},
+                     {key("sizeBytes"), facts.sizeBytes},
+                     {key("durationMs"), facts.durationMs},
+                     {key("streams"), streamsOf(facts)}};
+    if (!facts.firstPicture.isEmpty())
+        file.insert(key("pictures"), picturesObject(facts));
+    return file;
 }
 
 QJsonObject resultObject(const QJsonObject& outcome, int exitCode) {

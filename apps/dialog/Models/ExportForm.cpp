@@ -7,6 +7,7 @@
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "dialog/Models/OutputName.h"
 #include "dialog/Models/PresetObstacle.h"
 #include "dialog/Models/PresetText.h"
@@ -113,12 +114,31 @@ void ExportForm::nameForKind() {
     if (pathIsSuggested)
         suggestOutput();
     else
-        path = OutputName::withExtension(path, extension());
+        path = OutputName::withExtension(path, isNumbered() ? fileExtension() : extension());
+}
+
+/// Whether somebody has written how the pictures of a folder are called.
+bool ExportForm::isNumbered() const {
+    const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    return Kestra::Conf::NumberedName::CountPlaces(name.toStdString()) > 0;
+}
+
+QString ExportForm::fileExtension() const {
+    const Preset preset = provider->originalPreset();
+    return PresetText::extension(preset, preset.hasVideo() && withPicture);
 }
 
 QString ExportForm::extension() const {
-    const Preset preset = provider->originalPreset();
-    return PresetText::extension(preset, preset.hasVideo() && withPicture);
+    const bool isFolder = Kestra::ClientAPI::ContainerLimits::IsSequence(provider->originalPreset().containerId());
+    return isFolder ? QString() : fileExtension();
+}
+
+std::optional<ExportCore::SequenceName> ExportForm::sequence() const {
+    try {
+        return ExportCore::SequenceName::of(path, provider->originalPreset());
+    } catch (const Refusal&) { // problem() tells
+        return std::nullopt;
+    }
 }
 
 std::vector<std::string> ExportForm::qualities() const {

@@ -5,6 +5,7 @@
 #include "ExportCore/ExportRequest.h"
 #include "ExportCore/OutputEstimate.h"
 #include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/SequenceName.h"
 #include "dialog/Models/CustomSettings.h"
 #include "dialog/Models/PresetList.h"
 #include "dialog/Models/SourceMedia.h"
@@ -80,8 +81,10 @@ public:
     bool hasPicture() const { return withPicture; }
     bool hasSound() const { return withSound; }
     void setStreams(bool picture, bool sound);
-    /// Of the file, without the dot.
+    /// Of the file, without the dot; empty where the output is a folder of pictures.
     QString extension() const;
+    /// How the pictures are called where each is a file of its own.
+    std::optional<ExportCore::SequenceName> sequence() const;
     QString branding() const { return outro; }
     void setBranding(const QString& name);
     QString output() const { return path; }
@@ -117,6 +120,8 @@ private:
     void applyEdits();
     void suggestOutput();
     void nameForKind();
+    bool isNumbered() const;
+    QString fileExtension() const;
     QString presetProblem() const;
     QString rangeProblem() const;
     std::optional<KTime> pointOf(const QString& text) const;

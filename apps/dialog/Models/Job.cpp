@@ -2,6 +2,7 @@
 
 #include "ExportCore/PlainText.h"
 #include "dialog/Models/PeoplesText.h"
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStringList>
@@ -16,7 +17,7 @@ bool Job::hasFailed() const {
 
 QString Job::name() const {
     return QString::fromStdString(
-        ExportCore::PlainText::escaped(QFileInfo(request.outputPath).fileName().toStdString()));
+        ExportCore::PlainText::escaped(QFileInfo(QDir::cleanPath(request.outputPath)).fileName().toStdString()));
 }
 
 QString Job::stateText() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ExportCore/BackgroundTask.h"
+#include "ExportCore/SequenceName.h"
 #include <QMetaType>
 #include <QObject>
 #include <QString>
@@ -13,7 +14,8 @@ namespace Dialog {
 /// A value.
 struct OutputState {
     QString path;
-    bool exists = false;
+    bool exists = false;               ///< of pictures one that is called as they are
+    QString name{};                    ///< of what stands there, where something does
     std::optional<qint64> freeBytes{}; ///< nothing where the folder is not there, or does not tell
 };
 
@@ -24,7 +26,7 @@ public:
     explicit OutputLook(QObject* parent = nullptr);
     ~OutputLook() override;
 
-    void look(const QString& path);
+    void look(const QString& path, const std::optional<ExportCore::SequenceName>& sequence);
 
 Q_SIGNALS:
     void looked(const Dialog::OutputState& state);

@@ -14,6 +14,10 @@ int endOfStem(const QString& path) {
     return extension.empty() ? path.size() : path.lastIndexOf(QLatin1Char('.'));
 }
 
+QString ending(const QString& extension) {
+    return extension.isEmpty() ? extension : QLatin1Char('.') + extension;
+}
+
 } // namespace
 
 QString OutputName::suggestedFor(const QStringList& inputs, const QString& extension) {
@@ -21,7 +25,7 @@ QString OutputName::suggestedFor(const QStringList& inputs, const QString& exten
         return {};
     const QString first = QFileInfo(inputs.front()).absoluteFilePath();
     const QString stem = first.left(endOfStem(first));
-    QString plain = stem + QLatin1Char('.') + extension;
+    QString plain = stem + ending(extension);
     const auto isInput = [&inputs](const QString& path) {
         for (const QString& input : inputs)
             if (QFileInfo(input).absoluteFilePath() == path)
@@ -31,7 +35,7 @@ QString OutputName::suggestedFor(const QStringList& inputs, const QString& exten
     if (!isInput(plain))
         return plain;
     return QCoreApplication::translate("Dialog::OutputName", "%1 (export)", "a file's name").arg(stem) +
-           QLatin1Char('.') + extension;
+           ending(extension);
 }
 
 QString OutputName::withExtension(const QString& path, const QString& extension) {
@@ -39,7 +43,7 @@ QString OutputName::withExtension(const QString& path, const QString& extension)
         return path;
     const std::string own = ExportCore::OutputExtension::of(path.toUtf8());
     const bool isKind = Kestra::ClientAPI::ContainerLimits::IsKnownExtension(own);
-    return (isKind ? path.left(endOfStem(path)) : path) + QLatin1Char('.') + extension;
+    return (isKind ? path.left(endOfStem(path)) : path) + ending(extension);
 }
 
 } // namespace Dialog

@@ -7,9 +7,11 @@
 namespace Dialog {
 
 struct OutputName {
-    /// Beside the first input, with its name and that extension; none of the inputs. Looks at no file.
+    /// Beside the first input, with its name and that extension, or none where it is empty; none of the inputs. Looks
+    /// at no file.
     static QString suggestedFor(const QStringList& inputs, const QString& extension);
-    /// The path with that extension in place of one that stands for a kind of media, else behind the name.
+    /// The path with that extension, or none where it is empty, in place of one that stands for a kind of media, else
+    /// behind the name.
     static QString withExtension(const QString& path, const QString& extension);
 
     OutputName() = delete;

@@ -174,7 +174,7 @@ void ExportWindow::order(When when) {
     ordering = true;
     showProblem();
     considerTrial();
-    look.look(form.output());
+    look.look(form.output(), form.sequence());
 }
 
 void ExportWindow::onLooked(const OutputState& state) {
@@ -183,10 +183,13 @@ void ExportWindow::onLooked(const OutputState& state) {
     considerTrial();
     if (state.path != form.output() || !form.problem().isEmpty())
         return;
-    const QString name = QString::fromStdString(
-        ExportCore::PlainText::escaped(state.path.mid(state.path.lastIndexOf(QLatin1Char('/')) + 1).toStdString()));
+    const auto plain = [](const QString& name) {
+        return QString::fromStdString(ExportCore::PlainText::escaped(name.toStdString()));
+    };
+    const QString wanted = plain(state.path.mid(state.path.lastIndexOf(QLatin1Char('/')) + 1));
+    const QString name = plain(state.name);
     if (queue.isOrdered(state.path))
-        return ask({tr("Export"), tr("Another export in the list is to become “%1” as well.").arg(name),
+        return ask({tr("Export"), tr("Another export in the list is to become “%1” as well.").arg(wanted),
                     tr("Add it all the same"), tr("Cancel"), [this] { addJob(true); }});
     if (!state.exists)
         return addJob(false);

@@ -63,7 +63,11 @@ void JobPane::connectButtons() {
     connect(ui->copyButton, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(ui->detailsEdit->toPlainText()); });
     connect(ui->detailsButton, &QToolButton::toggled, this, &JobPane::showDetails);
-    const auto path = [this] { return queue->job(selected())->request.outputPath; };
+    const auto path = [this] {
+        const Job& job = *queue->job(selected());
+        const QString picture = job.outcome ? job.outcome->facts.firstPicture : QString();
+        return picture.isEmpty() ? job.request.outputPath : picture;
+    };
     connect(ui->openButton, &QPushButton::clicked, this, [this, path] { Q_EMIT fileWanted(path()); });
     connect(ui->folderButton, &QPushButton::clicked, this, [this, path] { Q_EMIT folderWanted(path()); });
 }

@@ -93,7 +93,7 @@ void SettingsPane::connectOutput() {
             form->setOutput(text);
     });
     connect(ui->browseButton, &QPushButton::clicked, this, &SettingsPane::browse);
-    connect(&lookTimer, &QTimer::timeout, this, [this] { look.look(form->output()); });
+    connect(&lookTimer, &QTimer::timeout, this, [this] { look.look(form->output(), form->sequence()); });
     connect(&look, &OutputLook::looked, this, [this](const OutputState& state) {
         lookedAt = state;
         showEstimate();
@@ -225,7 +225,8 @@ void SettingsPane::browse() {
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
     const QString extension = form->extension();
     dialog->setDefaultSuffix(extension);
-    dialog->setNameFilters({tr("Files of this preset (*.%1)").arg(extension), tr("All files (*)")});
+    if (!extension.isEmpty())
+        dialog->setNameFilters({tr("Files of this preset (*.%1)").arg(extension), tr("All files (*)")});
     connect(dialog, &QFileDialog::fileSelected, form, &ExportForm::setOutput);
     dialog->open();
 }

@@ -277,7 +277,12 @@ void checkSoundBitrate(const Preset& preset, const JsonPlace& section) {
 
 /// Lossless material of the archive follows its source's format.
 void checkDynamicRange(const Preset& preset, const JsonPlace& place) {
-    if (!preset.keepsDynamicRange() || CodecLimits::IsLossless(preset.videoCodec()))
+    if (!preset.keepsDynamicRange())
+        return;
+    if (CodecLimits::IsOfStandardRange(preset.videoCodec()))
+        place.at(nameOf(Setting::DynamicRange))
+            .refuse(nameOf(preset.videoCodec()) + " holds no high dynamic range: its pictures are of sRGB");
+    if (CodecLimits::IsLossless(preset.videoCodec()))
         return;
     const std::string format = readString(preset.property(), Setting::PixelFormat);
     const bool deep = format.size() > 2 && (format.compare(format.size() - 2, 2, "10") == 0 ||

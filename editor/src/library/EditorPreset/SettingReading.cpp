@@ -102,9 +102,9 @@ std::vector<std::string> audioCodecNames() {
 }
 
 std::vector<std::string> pixelFormatNames() {
-    return {"yuv420p",   "yuv422p",   "yuv444p",   "nv12",      "yuvj420p",  "yuv420p10", "yuv422p10",
-            "yuv444p10", "yuv420p12", "yuv422p12", "yuv444p12", "gray8",     "gray10",    "gbrp",
-            "gbrp10",    "bgra",      "rgba",      "yuva420p",  "yuva444p10"};
+    return {"yuv420p",   "yuv422p",   "yuv444p",   "nv12",      "yuvj420p",  "yuvj422p", "yuvj444p", "yuv420p10",
+            "yuv422p10", "yuv444p10", "yuv420p12", "yuv422p12", "yuv444p12", "gray8",    "gray10",   "gbrp",
+            "gbrp10",    "bgra",      "rgb24",     "rgba",      "rgb48be",   "rgba64be", "yuva420p", "yuva444p10"};
 }
 
 std::vector<int> usualSampleRates() {

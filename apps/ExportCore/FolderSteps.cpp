@@ -1,0 +1,79 @@
+#include "ExportCore/FolderSteps.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ExportCore {
+namespace {
+
+struct FolderCloser {
+    void operator()(DIR* folder) const noexcept { closedir(folder); }
+};
+
+} // namespace
+
+bool FolderSteps::isSame(int file, const QByteArray& path) {
+    struct stat own = {}, there = {};
+    return fstat(file, &own) == 0 && lstat(path.constData(), &there) == 0 && own.st_dev == there.st_dev &&
+           own.st_ino == there.st_ino;
+}
+
+int FolderSteps::moveUnlessThere(int fromFolder, const char* from, int toFolder, const char* to) {
+    if (renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    // Not every file system knows that kind of renaming; a second name for the file is as exclusive.
+    if (::linkat(fromFolder, from, toFolder, to, 0) != 0)
+        return errno;
+    ::unlinkat(fromFolder, from, 0);
+    return 0;
+}
+
+bool FolderSteps::sync(const QByteArray& path) {
+    const Descriptor folder(open(AT_FDCWD, path.constData()));
+    return folder && (fsync(folder.get()) == 0 || errno == EINVAL);
+}
+
+int FolderSteps::list(int folder, std::vector<std::string>& names) {
+    names.clear();
+    // Read through a descriptor of its own: the place in a folder belongs to that.
+    const int own = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, FolderCloser> entries(own < 0 ? nullptr : fdopendir(own));
+    if (!entries) {
+        const int error = errno;
+        if (own >= 0)
+            ::close(own);
+        return error;
+    }
+    while (true) {
+        errno = 0;
+        const dirent* const entry = readdir(entries.get());
+        if (!entry)
+            return errno;
+        if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
+            names.emplace_back(entry->d_name);
+    }
+}
+
+bool FolderSteps::isFile(int folder, const char* name) {
+    struct stat state = {};
+    return fstatat(folder, name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(state.st_mode);
+}
+
+int FolderSteps::open(int folder, const char* name) {
+    return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
+Descriptor::~Descriptor() {
+    if (number >= 0)
+        ::close(number);
+}
+
+} // namespace ExportCore

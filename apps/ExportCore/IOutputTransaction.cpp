@@ -1,0 +1,7 @@
+#include "ExportCore/IOutputTransaction.h"
+
+namespace ExportCore {
+
+IOutputTransaction::~IOutputTransaction() = default;
+
+} // namespace ExportCore

@@ -1,0 +1,231 @@
+#include "ExportCore/SequenceTransaction.h"
+#include "ExportCore/FolderSteps.h"
+#include "ExportCore/LeftoverSweep.h"
+#include "ExportCore/PictureSwap.h"
+#include "ExportCore/PrivateName.h"
+#include "Kestra/Proc/ProcException.h"
+#include "support/FileHelpers.h"
+#include "support/FlashBeep.h"
+#include <cerrno>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using ExportCore::Descriptor;
+using ExportCore::FolderSteps;
+using ExportCore::LeftoverSweep;
+using ExportCore::PictureSwap;
+using ExportCore::SequenceTarget;
+using ExportCore::SequenceTransaction;
+
+namespace {
+
+class Pictures : public ::testing::Test {
+protected:
+    SequenceTarget target(bool replace = false) const {
+        SequenceTarget result;
+        result.path = QByteArray::fromStdString(frames);
+        result.existed = access(frames.c_str(), F_OK) == 0;
+        result.replace = replace;
+        result.name = {"shot_", ".png", 3};
+        return result;
+    }
+    void makeFolder() const { ASSERT_EQ(mkdir(frames.c_str(), 0755), 0); }
+    static void fill(const SequenceTransaction& transaction, int count) {
+        const std::string path = transaction.privatePath().toStdString();
+        for (int number = 0; number < count; ++number)
+            TestFiles::write(path + "/shot_00" + std::to_string(number) + ".png", "new");
+    }
+    void writeOld(const std::vector<const char*>& names) const {
+        for (const char* name : names)
+            TestFiles::write(frames + '/' + name, "old");
+    }
+    QString all() const { return TestFiles::namesIn(frames).join(QLatin1Char(' ')); }
+    std::string content(const char* name) const { return TestFiles::read(frames + '/' + name).toStdString(); }
+
+    TestMedia::Folder folder;
+    const std::string frames = folder / "frames";
+};
+
+TEST_F(Pictures, ANewFolderIsThereWholeAfterTheCommitAndNotBefore) {
+    SequenceTransaction transaction(target());
+    fill(transaction, 3);
+    EXPECT_EQ(access(frames.c_str(), F_OK), -1);
+    EXPECT_FALSE(transaction.isCommitted());
+    transaction.sync();
+    EXPECT_TRUE(transaction.commit());
+    EXPECT_TRUE(transaction.isCommitted());
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png shot_002.png");
+    EXPECT_EQ(TestFiles::namesIn(folder / ""), QStringList(QStringLiteral("frames")));
+    transaction.rollback();
+    EXPECT_EQ(content("shot_002.png"), "new") << "a rollback comes too late";
+}
+
+TEST_F(Pictures, WithoutACommitNothingIsLeft) {
+    {
+        const SequenceTransaction transaction(target());
+        fill(transaction, 3);
+        EXPECT_EQ(TestFiles::namesIn(folder / "").size(), 1);
+    }
+    EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
+    makeFolder();
+    writeOld({"shot_000.png"});
+    {
+        const SequenceTransaction transaction(target(true));
+        fill(transaction, 3);
+    }
+    EXPECT_EQ(all().toStdString(), "shot_000.png");
+    EXPECT_EQ(content("shot_000.png"), "old");
+}
+
+TEST_F(Pictures, AFolderThatAppearedMeanwhileIsNotTouched) {
+    SequenceTransaction transaction(target());
+    fill(transaction, 1);
+    makeFolder();
+    writeOld({"mine.txt"});
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    transaction.rollback();
+    EXPECT_EQ(all().toStdString(), "mine.txt");
+    EXPECT_EQ(TestFiles::namesIn(folder / ""), QStringList(QStringLiteral("frames")));
+}
+
+TEST_F(Pictures, AFolderThatIsThereKeepsItselfAndWhatElseItHolds) {
+    makeFolder();
+    ASSERT_EQ(chmod(frames.c_str(), 0750), 0);
+    writeOld({"notes.txt", "shot_1.png"});
+    struct stat before = {}, after = {};
+    ASSERT_EQ(::stat(frames.c_str(), &before), 0);
+    SequenceTransaction transaction(target());
+    EXPECT_EQ(TestFiles::modeOf(transaction.privatePath().toStdString()), 0700U);
+    fill(transaction, 2);
+    EXPECT_TRUE(transaction.commit());
+    ASSERT_EQ(::stat(frames.c_str(), &after), 0);
+    EXPECT_EQ(before.st_ino, after.st_ino);
+    EXPECT_EQ(TestFiles::modeOf(frames), 0750U);
+    EXPECT_EQ(all().toStdString(), "notes.txt shot_000.png shot_001.png shot_1.png");
+    EXPECT_EQ(content("notes.txt") + content("shot_000.png") + content("shot_1.png"), "oldnewold");
+}
+
+TEST_F(Pictures, OldOnesAllGoAndTheirModesStay) {
+    makeFolder();
+    writeOld({"shot_000.png", "shot_001.png", "shot_007.png", "shot_1000.png", "other_000.png"});
+    ASSERT_EQ(chmod((frames + "/shot_001.png").c_str(), 0600), 0);
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 2);
+    EXPECT_TRUE(transaction.commit());
+    EXPECT_EQ(all().toStdString(), "other_000.png shot_000.png shot_001.png") << "no tail of a longer one";
+    EXPECT_EQ(content("shot_000.png") + content("other_000.png"), "newold");
+    EXPECT_EQ(TestFiles::modeOf(frames + "/shot_001.png"), 0600U);
+}
+
+TEST_F(Pictures, WithoutTheWordNothingIsReplacedThatAppearedMeanwhile) {
+    makeFolder();
+    SequenceTransaction transaction(target(false));
+    fill(transaction, 2);
+    writeOld({"shot_001.png"});
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    transaction.rollback();
+    EXPECT_EQ(all().toStdString(), "shot_001.png");
+    EXPECT_EQ(content("shot_001.png"), "old");
+}
+
+TEST_F(Pictures, WhatIsNoFileStopsTheSwapBeforeItBegins) {
+    makeFolder();
+    writeOld({"shot_000.png"});
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 2);
+    ASSERT_EQ(mkdir((frames + "/shot_001.png").c_str(), 0755), 0);
+    writeOld({"shot_001.png/precious"});
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    transaction.rollback();
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png/precious"), "oldold");
+}
+
+TEST_F(Pictures, AfterForbidThereIsNoCommit) {
+    SequenceTransaction transaction(target());
+    fill(transaction, 1);
+    transaction.forbid();
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    transaction.rollback();
+    EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
+}
+
+/// What a dead run left in the folder, as far as it had come.
+class BrokenOff : public Pictures {
+protected:
+    BrokenOff() {
+        ExportCore::PrivateName name; // of a process that does not run
+        name.process = 1;
+        name.processStart = 1;
+        own = frames + '/' + name.toName(0, {}).toStdString();
+        makeFolder();
+        make(own);
+    }
+    static void make(const std::string& path) { ASSERT_EQ(mkdir(path.c_str(), 0700), 0); }
+    int sweep() const { return LeftoverSweep::run(QByteArray::fromStdString(frames)); }
+
+    std::string own;
+};
+
+TEST_F(BrokenOff, BeforeTheCommitItGoes) {
+    TestFiles::write(own + "/shot_000.png", "new");
+    writeOld({"shot_000.png"});
+    EXPECT_EQ(sweep(), 1);
+    EXPECT_EQ(all().toStdString(), "shot_000.png");
+    EXPECT_EQ(content("shot_000.png"), "old");
+}
+
+TEST_F(BrokenOff, WhileOldOnesWereGoingTheyComeBack) {
+    make(own + "/going");
+    TestFiles::write(own + "/going/shot_000.png", "old");
+    TestFiles::write(own + "/shot_000.png", "new");
+    writeOld({"shot_001.png"});
+    EXPECT_EQ(sweep(), 1);
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "oldold");
+}
+
+TEST_F(BrokenOff, OnceAllHadGoneTheNewOnesArrive) {
+    make(own + "/gone");
+    for (const char* name : {"/gone/shot_000.png", "/gone/shot_001.png", "/gone/shot_002.png"})
+        TestFiles::write(own + name, "old");
+    TestFiles::write(own + "/shot_001.png", "new");
+    TestFiles::write(frames + "/shot_000.png", "new");
+    EXPECT_EQ(sweep(), 1);
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "newnew");
+}
+
+TEST_F(BrokenOff, WhatIsInDoubtStays) {
+    make(own + "/going");
+    TestFiles::write(own + "/going/shot_000.png", "old");
+    writeOld({"shot_000.png"}); // somebody has put another one there since
+    EXPECT_EQ(sweep(), 0);
+    EXPECT_EQ(TestFiles::read(own + "/going/shot_000.png"), "old");
+}
+
+TEST_F(BrokenOff, ThatOfALivingRunStays) {
+    ASSERT_EQ(rmdir(own.c_str()), 0);
+    const SequenceTransaction transaction(target());
+    fill(transaction, 1);
+    EXPECT_EQ(sweep(), 0);
+    EXPECT_EQ(TestFiles::namesIn(transaction.privatePath().toStdString()).size(), 1);
+}
+
+TEST_F(BrokenOff, ASwapThatMeetsATakenNameOnItsWayLeavesTheFolderAsItWas) {
+    for (const char* name : {"/shot_000.png", "/shot_001.png", "/shot_002.png"})
+        TestFiles::write(own + name, "new");
+    writeOld({"shot_001.png", "other_005.png"});
+    const Descriptor outer(FolderSteps::open(AT_FDCWD, frames.c_str()));
+    const Descriptor inner(FolderSteps::open(AT_FDCWD, own.c_str()));
+    PictureSwap swap(outer.get(), inner.get(), {"other_", ".png", 3}); // so that shot_001.png is in the way
+    EXPECT_EQ(swap.run(true), EEXIST);
+    EXPECT_FALSE(swap.isStuck());
+    EXPECT_EQ(content("shot_001.png") + content("other_005.png"), "oldold");
+    EXPECT_EQ(TestFiles::namesIn(frames).size(), 3) << "they and the private folder";
+    EXPECT_EQ(TestFiles::namesIn(own).size(), 3) << "and the new ones are back";
+}
+
+} // namespace
