@@ -869,6 +869,10 @@
             <translation>Schnitt</translation>
         </message>
         <message>
+            <source>pictures</source>
+            <translation>Einzelbilder</translation>
+        </message>
+        <message>
             <source>high-dynamic-range</source>
             <translation>Hoher Dynamikumfang</translation>
         </message>
@@ -1147,6 +1151,18 @@
         <message>
             <source>gif-gif-240p</source>
             <translation>GIF, bis 240p, nur Bild</translation>
+        </message>
+        <message>
+            <source>png-sequence</source>
+            <translation>PNG-Bilder, nummeriert</translation>
+        </message>
+        <message>
+            <source>png-sequence-alpha</source>
+            <translation>PNG-Bilder, nummeriert, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>jpeg-sequence</source>
+            <translation>JPEG-Bilder, nummeriert</translation>
         </message>
     </context>
     <context>

@@ -81,6 +81,10 @@
             <translation>Editing</translation>
         </message>
         <message>
+            <source>pictures</source>
+            <translation>Pictures</translation>
+        </message>
+        <message>
             <source>high-dynamic-range</source>
             <translation>High dynamic range</translation>
         </message>

@@ -869,6 +869,10 @@
             <translation>Edición</translation>
         </message>
         <message>
+            <source>pictures</source>
+            <translation>Imágenes</translation>
+        </message>
+        <message>
             <source>high-dynamic-range</source>
             <translation>Alto rango dinámico</translation>
         </message>
@@ -1147,6 +1151,18 @@
         <message>
             <source>gif-gif-240p</source>
             <translation>GIF, hasta 240p, solo imagen</translation>
+        </message>
+        <message>
+            <source>png-sequence</source>
+            <translation>Imágenes PNG numeradas</translation>
+        </message>
+        <message>
+            <source>png-sequence-alpha</source>
+            <translation>Imágenes PNG numeradas, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>jpeg-sequence</source>
+            <translation>Imágenes JPEG numeradas</translation>
         </message>
     </context>
     <context>

@@ -862,6 +862,10 @@
             <translation>編集</translation>
         </message>
         <message>
+            <source>pictures</source>
+            <translation>連番画像</translation>
+        </message>
+        <message>
             <source>high-dynamic-range</source>
             <translation>ハイダイナミックレンジ</translation>
         </message>
@@ -1140,6 +1144,18 @@
         <message>
             <source>gif-gif-240p</source>
             <translation>GIF、最大 240p、映像のみ</translation>
+        </message>
+        <message>
+            <source>png-sequence</source>
+            <translation>PNG 連番画像</translation>
+        </message>
+        <message>
+            <source>png-sequence-alpha</source>
+            <translation>PNG 連番画像、透明度を保持</translation>
+        </message>
+        <message>
+            <source>jpeg-sequence</source>
+            <translation>JPEG 連番画像</translation>
         </message>
     </context>
     <context>

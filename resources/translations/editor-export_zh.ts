@@ -862,6 +862,10 @@
             <translation>剪辑</translation>
         </message>
         <message>
+            <source>pictures</source>
+            <translation>图像序列</translation>
+        </message>
+        <message>
             <source>high-dynamic-range</source>
             <translation>高动态范围</translation>
         </message>
@@ -1140,6 +1144,18 @@
         <message>
             <source>gif-gif-240p</source>
             <translation>GIF，最大 240p，仅画面</translation>
+        </message>
+        <message>
+            <source>png-sequence</source>
+            <translation>PNG 图像序列</translation>
+        </message>
+        <message>
+            <source>png-sequence-alpha</source>
+            <translation>PNG 图像序列，保留透明度</translation>
+        </message>
+        <message>
+            <source>jpeg-sequence</source>
+            <translation>JPEG 图像序列</translation>
         </message>
     </context>
     <context>

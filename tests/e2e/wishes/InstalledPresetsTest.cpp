@@ -3,6 +3,7 @@
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "WishFixture.h"
+#include "support/FileHelpers.h"
 #include <cmath>
 
 using Kestra::ClientAPI::ContainerLimits;
@@ -34,14 +35,29 @@ protected:
     }
     ProbedMedia exportedAs(const Preset& preset, const std::string& quality) {
         const std::string extension = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo()).front();
-        const std::string output = *media / ("preset." + extension);
+        const bool isSequence = ContainerLimits::IsSequence(preset.containerId());
+        const std::string output = *media / (isSequence ? preset.id() + '/' : "preset." + extension);
         ExportCore::ExportRequest request = TestExport::requestOf(*media / "short.mkv", preset.id().c_str(), output);
         if (!quality.empty())
             request.quality = quality;
         request.overwrite = true;
         const ExportCore::ExportOutcome outcome = TestExport::run(request);
         EXPECT_EQ(outcome.status, ExportCore::ExportOutcome::Status::Done) << outcome.error.GetDescription();
-        return outcome.status == ExportCore::ExportOutcome::Status::Done ? TestMedia::probe(output) : ProbedMedia{};
+        if (outcome.status != ExportCore::ExportOutcome::Status::Done)
+            return {};
+        return isSequence ? probeAll(output) : TestMedia::probe(output);
+    }
+    /// The first picture, with the frames of all.
+    static ProbedMedia probeAll(const std::string& folder) {
+        const QStringList names = TestFiles::namesIn(folder);
+        ProbedMedia all = TestMedia::probe(folder + names.value(0).toStdString());
+        for (int i = 1; i < names.size() && all.video; ++i) {
+            const ProbedMedia next = TestMedia::probe(folder + names[i].toStdString());
+            all.decodeErrors += next.decodeErrors;
+            if (next.video && next.video->pixelFormat == all.video->pixelFormat)
+                all.video->frames.insert(all.video->frames.end(), next.video->frames.begin(), next.video->frames.end());
+        }
+        return all;
     }
 
     QJsonObject installed;
@@ -53,6 +69,10 @@ void expectPictures(const ProbedMedia& file, const Preset& preset) {
     if (!preset.hasVideo())
         return;
     EXPECT_EQ(file.video->codec, decoderOf(preset.videoCodec()));
+    if (ContainerLimits::IsSequence(preset.containerId())) {
+        const std::string format = preset.property()["video"]["pixelFormat"].GetString();
+        EXPECT_EQ(file.video->pixelFormat, format);
+    }
     const double rate = preset.frameRate() <= 0 ? 25 : boost::rational_cast<double>(preset.frameRate());
     EXPECT_EQ(file.video->frames.size(), static_cast<std::size_t>(std::llround(rate / 5))); // 0.2 s
     EXPECT_EQ(file.video->width, preset.hasFixedResolution() ? preset.width() : 256);
