@@ -48,6 +48,8 @@ std::pair<const char*, const char*> namesOf(Kind kind) {
         return {"chapters", "names of chapters"};
     case Kind::Attachment:
         return {"attachment", "attachment"};
+    case Kind::TimeCode:
+        return {"timecode", "time code"};
     case Kind::Data:
         break;
     }

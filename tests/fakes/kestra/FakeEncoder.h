@@ -17,6 +17,9 @@ public:
 
     const std::shared_ptr<Script>& GetScript() const { return script; }
     void SetStubborn(bool value) { ownSource->SetStubborn(value); }
+    void AddFurtherTrack(boost::intrusive_ptr<Proc::IPacketSource> track) {
+        ownSource->AddFurtherTrack(std::move(track));
+    }
     /// What Initialize was given, in order.
     const std::vector<Core::Property>& GetGivenSettings() const { return givenSettings; }
 

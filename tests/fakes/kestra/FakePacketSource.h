@@ -7,6 +7,8 @@
 #include "Kestra/Proc/IStream.h"
 #include "fakes/kestra/Script.h"
 #include <atomic>
+#include <utility>
+#include <vector>
 
 namespace Kestra::Fakes {
 
@@ -31,6 +33,8 @@ public:
     /// Reads `stream` and gives a packet of 100 bytes for each piece of it, with its times.
     FakePacketSource(boost::intrusive_ptr<Proc::IStream> stream, std::shared_ptr<Script> script);
 
+    /// Before anybody asks for its further tracks.
+    void AddFurtherTrack(boost::intrusive_ptr<Proc::IPacketSource> track) { further.push_back(std::move(track)); }
     /// Blocked reads then outlast an interruption; the test opens the gates itself.
     void SetStubborn(bool value) { stubborn = value; }
 
@@ -44,6 +48,7 @@ public:
     void Interrupt() override;
     void Reset() override;
     std::string Describe() const override { return "fake packets"; }
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> GetFurtherTracks() const override { return further; }
 
 private:
     boost::intrusive_ptr<Proc::IDataRaw> MakePlanned();
@@ -52,6 +57,7 @@ private:
     const PacketPlan plan;
     const boost::intrusive_ptr<Proc::IStream> stream;
     const std::shared_ptr<Script> script;
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> further;
     int next = 0;
     std::int64_t position = 0;
     std::atomic<bool> interrupted{false};

@@ -1,6 +1,7 @@
 #include "fakes/streams/SyntheticAudio.h"
 
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <cmath>
@@ -92,6 +93,28 @@ void SyntheticAudio::Reset() {
 
 boost::intrusive_ptr<SyntheticAudio> MakeAudio(AudioShape shape) {
     return new SyntheticAudio(std::move(shape));
+}
+
+namespace {
+
+class SoundWithOthers final : public Proc::AudioFilterBase {
+public:
+    SoundWithOthers(const boost::intrusive_ptr<Proc::IStreamAudio>& first,
+                    std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> others)
+        : AudioFilterBase(first, "several tracks")
+        , others(std::move(others)) {}
+    std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> GetFurtherTracks() const override { return others; }
+
+private:
+    const std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> others;
+};
+
+} // namespace
+
+boost::intrusive_ptr<Proc::IStreamAudio> MakeSounds(std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> tracks) {
+    const auto first = tracks.front();
+    tracks.erase(tracks.begin());
+    return new SoundWithOthers(first, std::move(tracks));
 }
 
 } // namespace Fakes

@@ -5,6 +5,7 @@
 #include "Kestra/Proc/IStreamAudio.h"
 #include <atomic>
 #include <functional>
+#include <vector>
 
 namespace Fakes {
 
@@ -51,5 +52,8 @@ private:
 };
 
 boost::intrusive_ptr<SyntheticAudio> MakeAudio(AudioShape shape);
+/// The first one, which has the others as its further tracks.
+boost::intrusive_ptr<Kestra::Proc::IStreamAudio>
+MakeSounds(std::vector<boost::intrusive_ptr<Kestra::Proc::IStreamAudio>> tracks);
 
 } // namespace Fakes

@@ -41,6 +41,22 @@ TEST(Subtitles, AreReadAsTheyWereTold) {
     EXPECT_TRUE(Subtitles::Of(empty) == Subtitles());
 }
 
+TEST(Subtitles, HaveColoursAndPlacesWhereOverridesSaySo) {
+    const auto of = [](const std::string& text) {
+        Subtitles track;
+        track.cues = {{0, SECOND, event("plain")}, {SECOND, 2 * SECOND, event(text)}};
+        return std::make_pair(track.HasColours(), track.HasPlaces());
+    };
+    const std::pair<bool, bool> none{false, false}, coloured{true, false}, placed{false, true};
+    EXPECT_EQ(of("plain"), none);
+    EXPECT_EQ(of("{\\b1}bold{\\b0} \\c&H \\an8"), none) << "no overrides outside of braces";
+    EXPECT_EQ(of("{\\alpha&H80&}thin{\\fs20"), none);
+    EXPECT_EQ(of("{\\b1\\c&H0000FF&}red"), coloured);
+    EXPECT_EQ(of("some {\\3c&HFF&}red"), coloured);
+    EXPECT_EQ(of("{\\an8}above"), placed);
+    EXPECT_EQ(of("{\\i1}{\\pos(1,2)}there"), placed);
+}
+
 TEST(Subtitles, OfAPartAreCutAtItsEnds) {
     const Subtitles part = told().Part(SECOND / 2, 3 * SECOND);
     EXPECT_EQ(shown(part), "0-15 one, with\na line and a 0 12\n;5-25 two;");

@@ -2,6 +2,7 @@
 #include "EncodeFixture.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
+#include <algorithm>
 #include <cmath>
 
 using namespace Fakes;
@@ -190,6 +191,43 @@ TEST(DurationTrimmer, CutsWhatIsOverAndFillsWhatIsMissing) {
         ASSERT_EQ(static_cast<std::int64_t>(samples.at(0).size()), wanted);
         EXPECT_EQ(samples[0].back(), wanted > 10000 ? 0.0F : 0.5F);
         EXPECT_EQ(samples[0].front(), 0.5F);
+    }
+}
+
+TEST(DurationTrimmer, TrimsFurtherTracksAlike) {
+    AudioShape shape;
+    shape.samples = 10000;
+    AudioShape shorter;
+    shorter.samples = 4000;
+    shorter.wave = [](int, std::int64_t) { return 0.25; };
+    Proc::SettingsFilterDurationTrimmer settings;
+    settings.SetDuration(SamplesToTime(7777, 48000));
+    const auto trimmed = Filters().CreateDurationTrimmer(MakeSounds({MakeAudio(shape), MakeAudio(shorter)}), settings);
+    const auto further = trimmed->GetFurtherTracks();
+    ASSERT_EQ(further.size(), 1U);
+    EXPECT_EQ(further[0]->GetDuration(), trimmed->GetDuration());
+    const auto samples = Drain(*further[0]);
+    ASSERT_EQ(samples.at(0).size(), 7777U);
+    EXPECT_EQ(samples[0][3999], 0.25F);
+    EXPECT_EQ(samples[0][4000], 0.0F);
+}
+
+TEST(AudioEncoder, HasOneForEachFurtherTrackWithTheSameSettings) {
+    const auto encoder = AudioEncoder(MakeSounds({MakeAudio({}), MakeAudio({}), MakeAudio({})}), Description("aac"));
+    Core::Property settings;
+    settings.SetChild(Conf::IFormatCodec::TAG_BITRATE, std::int64_t{64000});
+    encoder->Initialize(settings);
+    const auto further = encoder->GetPacketSource()->GetFurtherTracks();
+    ASSERT_EQ(further.size(), 2U);
+    for (const auto& track : further) {
+        boost::intrusive_ptr<Conf::IFormatCodec> format;
+        track->GetFormat(format);
+        const Core::Property told = format->GetProperty();
+        EXPECT_EQ(told[Conf::IFormatCodec::TAG_BITRATE].GetInt64(), 64000);
+        std::int64_t length = 0;
+        while (const auto packet = track->ReadPacket())
+            length = std::max(length, packet->GetTime() + packet->GetDuration() - packet->GetTrimEnd());
+        EXPECT_EQ(length, TIME_BASE) << "each is read by itself";
     }
 }
 

@@ -93,7 +93,7 @@ TEST(FailurePlace, OfAnEncoderIsWhereItIsMadeOrOpened) {
 TEST(FailurePlace, OfAStreamIsTheOperationThatItDoesNotHave) {
     const Raw sound = AudioEncoder(MakeAudio({}), Description("aac"));
     const Raw segment = Proc::CreateAudioSegmenter(sound, 0, TICKS_PER_MILLISECOND * 100);
-    EXPECT_EQ(Origin([&] { segment->Seek(0, Proc::SeekMode::Exact); }), "AudioSegmenter.cpp: Seek");
+    EXPECT_EQ(Origin([&] { segment->Seek(0, Proc::SeekMode::Exact); }), "PacketStream.h: Seek");
     EXPECT_EQ(Origin([] { Proc::CreateAudioSegmenter(nullptr, 0, 1); }), "AudioSegmenter.cpp: CreateAudioSegmenter");
 }
 

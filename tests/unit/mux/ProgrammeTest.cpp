@@ -162,6 +162,8 @@ TEST(ProgrammeInfo, IsReadAsItWasTold) {
     const Core::Property before = format->GetProperty();
     auto told = Told();
     told.dropFrame = true;
+    told.sound = {"eng", "Words", true};
+    told.furtherSounds = {{"deu", "Worte"}, {"", "Music", true}};
     told.TellIn(*format);
     EXPECT_EQ(ProgrammeInfo::Of(*format), told);
     ProgrammeInfo small;

@@ -7,6 +7,7 @@
 #include "Kestra/Proc/FileCheck.h"
 #include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include "Kestra/Proc/ProcException.h"
 #include "fakes/streams/ExportDriver.h"
 #include "fakes/streams/ScratchFolder.h"
 #include "fakes/streams/SyntheticAudio.h"
@@ -76,6 +77,16 @@ protected:
         return TestMedia::describe(folder.File(container));
     }
 
+    /// So many tracks, of which the first tells.
+    void writeSounds(const std::string& container, const ProgrammeInfo& told, int count) {
+        std::vector<Raw> tracks;
+        for (int track = 0; track < count; ++track)
+            tracks.push_back(
+                AudioEncoder(new ToldAudio(track == 0 ? told : ProgrammeInfo()), Description(SoundFor(container))));
+        WriteFile(folder.File(container), container, tracks);
+        checked = Proc::CheckFile(ioPath(folder.File(container)), std::atomic<bool>(false));
+    }
+
     const ScratchFolder folder;
     Proc::CheckedFile checked;
 };
@@ -114,6 +125,37 @@ TEST_F(ProgrammeNames, AreWrittenInTheFormOfTheContainer) {
         told.sound.language = code;
         const std::string held = ContainerLimits::LanguageIn("mov", code);
         EXPECT_EQ(write("mov", told).all("audio").at(0).tag("language"), held) << code;
+    }
+}
+
+TEST_F(ProgrammeNames, OfSeveralSoundsAreTheirOwnAndTellWhichPlayersBeginWith) {
+    for (const Conf::Container& container : Conf::Container::All()) {
+        if (!ContainerLimits::Holds(container.id, ProgrammeField::FurtherSounds))
+            continue;
+        ProgrammeInfo told;
+        told.sound = {"deu", "Film"};
+        told.furtherSounds = {{"eng", "Commentary", true}, {"fra", ""}};
+        writeSounds(container.id, told, 3);
+        const auto sounds = TestMedia::describe(folder.File(container.id)).all("audio");
+        ASSERT_EQ(sounds.size(), 3U) << container.id;
+        const bool isFilm = container.family == Conf::Container::Family::Mov;
+        EXPECT_EQ(sounds[1].tag(isFilm ? "handler_name" : "title"), "Commentary") << container.id;
+        const char* const languages[] = {"deu", "eng", "fra"};
+        for (std::size_t track = 0; track < 3; ++track) {
+            EXPECT_TRUE(Conf::Language::AreSame(checked.streams[track].language, languages[track])) << container.id;
+            EXPECT_EQ(checked.streams[track].isDefault, track == 1) << container.id << ' ' << track;
+        }
+        told.furtherSounds[0].isDefault = false;
+        writeSounds(container.id, told, 3);
+        EXPECT_TRUE(checked.streams[0].isDefault) << container.id << ": the first where none is told";
+        EXPECT_FALSE(checked.streams[1].isDefault || checked.streams[2].isDefault) << container.id;
+    }
+}
+
+TEST_F(ProgrammeNames, OfSeveralSoundsHaveNoPlaceWhereAFileHoldsOne) {
+    for (const char* container : {"mp3", "flac", "wav", "ac3"}) {
+        EXPECT_FALSE(ContainerLimits::Holds(container, ProgrammeField::FurtherSounds)) << container;
+        EXPECT_THROW(writeSounds(container, {}, 2), Proc::ProcException) << container;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "Kestra/Proc/Segmenter.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/Interrupted.h"
+#include "Kestra/Proc/PacketStream.h"
 #include "fakes/streams/DecodedFile.h"
 #include "fakes/streams/ExportDriver.h"
 #include "fakes/streams/ScratchFolder.h"
@@ -105,6 +106,40 @@ INSTANTIATE_TEST_SUITE_P(Segmenter, Cuts,
                                          Cut{"wav", "pcm_s16le", true, 0, false},
                                          Cut{"mov", "pcm_s24le", true, 0, false}, Cut{"flac", "flac", true, 0, true},
                                          Cut{"mkv", "flac", true, 0, true}, Cut{"webm", "vorbis", false, 0, true}));
+
+namespace {
+
+boost::intrusive_ptr<Proc::IStreamAudio> SweepOf(double loudness) {
+    AudioShape sound;
+    sound.samples = 96000;
+    sound.layout = Conf::CHANNEL_LAYOUT_MONO;
+    sound.wave = [loudness](int, std::int64_t index) { return loudness * Sweep(index); };
+    return MakeAudio(sound);
+}
+
+} // namespace
+
+TEST(AudioSegmenter, CutsFurtherTracksLikewise) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("out");
+    const auto encoder = AudioEncoder(MakeSounds({SweepOf(1), SweepOf(0.5), SweepOf(0.25)}), Description("pcm_s16le"));
+    static_cast<Proc::IStreamRaw&>(*encoder) =
+        *Proc::CreateAudioSegmenter(encoder, SamplesToTime(FIRST, 48000), SamplesToTime(FIRST + COUNT, 48000));
+    std::vector<Raw> tracks{encoder};
+    for (const auto& track : encoder->GetPacketSource()->GetFurtherTracks())
+        tracks.emplace_back(new Proc::PacketStream(track));
+    ASSERT_EQ(tracks.size(), 3U);
+    WriteFile(path, "mkv", tracks);
+    const DecodedFile file = Decode(path);
+    ASSERT_EQ(file.tracks.size(), 3U);
+    double loudness = 1;
+    for (const DecodedTrack& track : file.tracks) {
+        ASSERT_EQ(track.samples.at(0).size(), static_cast<std::size_t>(COUNT));
+        for (std::size_t index = 0; index < static_cast<std::size_t>(COUNT); ++index)
+            ASSERT_NEAR(track.samples[0][index], loudness * Sweep(FIRST + static_cast<std::int64_t>(index)), 1e-4);
+        loudness /= 2;
+    }
+}
 
 TEST(AudioSegmenter, HoldsNoCycleWhenAssignedOntoItsOwnStream) {
     const auto sound = MakeAudio({});

@@ -57,9 +57,6 @@ protected:
                                         "-disposition:a:0",
                                         "default"}}));
     }
-    static boost::intrusive_ptr<IMediaSource> openWith(const std::string& path, const TrackChoice& choice) {
-        return Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(ioPath(path), nullptr, {}, choice);
-    }
 };
 
 TEST_F(Contents, ListEveryTrack) {
@@ -113,8 +110,9 @@ TEST_F(Contents, HaveTheTagsThatSomebodyWrote) {
                    "-metadata", "encoded_by=x", "-metadata", "com.android.version=9", "-metadata", "mood=grave"}})));
     const auto& programme = source->GetInfo().contents.programme;
     EXPECT_EQ(programme.title, "A film");
-    const std::vector<std::pair<std::string, std::string>> wanted{{"mood", "grave"}, {"artist", "Jürgen"}};
-    EXPECT_EQ(programme.tags, wanted);
+    const std::vector<std::pair<std::string, std::string>> wanted{
+        {"mood", "grave"}, {"artist", "Jürgen"}, {"date", "2020-01-01T00:00:00.000000Z"}};
+    EXPECT_EQ(programme.tags, wanted) << "what made the file is often all that tells its date";
     const auto large = open(
         make("b.mkv", all({pictures("25", 5), {"-c:v", "ffv1", "-metadata", "comment=" + std::string(40000, 'a')}})));
     EXPECT_TRUE(large->GetInfo().contents.programme.tags.empty());
@@ -152,6 +150,25 @@ TEST_F(Contents, HaveTheChosenSound) {
     EXPECT_EQ(openWith(path, {{}, "deu"})->GetInfo().audio->index, 1);
     const std::string mute = make("mute.mkv", all({pictures("25", 5), {"-c:v", "ffv1"}}));
     EXPECT_FALSE(openWith(mute, {2, {}})->GetInfo().audio) << "there is nothing to choose from";
+}
+
+TEST_F(Contents, OfOneSoundMayHaveTheOriginOfAnother) {
+    const std::string path =
+        make("early.mkv", all({{"-itsoffset", "0.4"},
+                               pictures("25", 25),
+                               {"-itsoffset", "0.4"},
+                               tone(440),
+                               tone(880),
+                               {"-map", "0", "-map", "1", "-map", "2", "-c:v", "ffv1", "-c:a", "pcm_s16le"}}));
+    const auto late = openWith(path, {1, {}});
+    const auto early = openWith(path, {2, {}});
+    EXPECT_EQ(late->GetInfo().origin - early->GetInfo().origin, 400 * MILLISECOND);
+    EXPECT_EQ(late->GetInfo().audio->start, 0);
+    const auto together = openWith(path, {1, {}, early->GetInfo().origin});
+    EXPECT_EQ(together->GetInfo().origin, early->GetInfo().origin);
+    EXPECT_EQ(together->GetInfo().audio->start, 400 * MILLISECOND);
+    EXPECT_EQ(together->GetInfo().video->start, early->GetInfo().video->start);
+    EXPECT_EQ(together->GetInfo().duration, late->GetInfo().duration + 400 * MILLISECOND);
 }
 
 TEST_F(Contents, RefuseASoundTrackThatIsNotThere) {

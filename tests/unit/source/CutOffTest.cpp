@@ -141,6 +141,15 @@ TEST_F(CutOff, AfterTheMediaIsAWarningOnly) {
     EXPECT_NE(reports[0].what.find("3 bytes are missing"), std::string::npos) << reports[0].what;
 }
 
+TEST_F(CutOff, IsNotSaidWhereASoundThatWasNotChosenIsTheLongest) {
+    const std::string path = make("a.mkv", {"-f", "lavfi", "-i", "sine=r=48000:d=1", "-f", "lavfi", "-i",
+                                            "sine=r=48000:d=3", "-map", "0", "-map", "1", "-c:a", "flac"});
+    EXPECT_TRUE(openWith(path, {0, {}})->TakeDamageReports().empty());
+    EXPECT_TRUE(openWith(path, {1, {}})->TakeDamageReports().empty());
+    cut(path, 0.6);
+    EXPECT_TRUE(isIncomplete(openWith(path, {0, {}})->TakeDamageReports())) << "it still is where bytes are missing";
+}
+
 TEST_F(CutOff, WithinAPacketOfATransportStreamIsAWarning) {
     for (const Kind& kind : {Kind{"a.ts", {"-c:a", "mp2"}}, Kind{"a.m2ts", {"-c:a", "mp2"}}}) {
         const std::string path = makeKind(kind);

@@ -24,6 +24,9 @@ using Rate = boost::rational<long long>;
 inline intrusive_ptr<IMediaSource> open(const std::string& path) {
     return Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(ioPath(path));
 }
+inline intrusive_ptr<IMediaSource> openWith(const std::string& path, const Kestra::Proc::TrackChoice& choice) {
+    return Kestra::Core::CoreManager::Instance().GetSourceFactory().OpenMedia(ioPath(path), nullptr, {}, choice);
+}
 
 class SourceTest : public testing::Test {
 protected:

@@ -65,6 +65,16 @@ TEST_F(TimecodeOf, ATrackOfItsOwnIsCountedAtThatTracksRate) {
     EXPECT_EQ(open(both)->GetInfo().timecode, FramesToTime(45, 25));
 }
 
+TEST_F(TimecodeOf, FilesSaysWhetherNumbersAreDropped) {
+    const auto drops = [this](const std::string& rate, const std::string& text) {
+        const auto arguments = join(pictures(rate, 5), {"-timecode", text});
+        return open(make("a.mov", arguments))->GetInfo().timecodeDropsNumbers;
+    };
+    EXPECT_TRUE(drops("30000/1001", "01:00:00;02"));
+    EXPECT_FALSE(drops("30000/1001", "01:00:00:02"));
+    EXPECT_FALSE(drops("25", "01:00:00:02"));
+}
+
 TEST_F(TimecodeOf, FilesThatTellNoneIsUnset) {
     EXPECT_FALSE(open(make("a.mp4", pictures("25", 5)))->GetInfo().timecode);
     EXPECT_FALSE(written("a.mkv", "25", "00:00:00:00", {"-metadata", "timecode=yesterday"}));

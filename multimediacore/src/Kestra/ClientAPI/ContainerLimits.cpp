@@ -55,6 +55,13 @@ bool ContainerLimits::Holds(const std::string& container, ProgrammeField field) 
         return found->subtitles != nullptr && !found->subtitlesOneAtATime;
     case ProgrammeField::SubtitleStyles:
         return found->styledSubtitles != nullptr;
+    case ProgrammeField::SubtitleColours:
+        return found->subtitleColours;
+    case ProgrammeField::SubtitlePlaces:
+        return found->subtitlePlaces;
+    case ProgrammeField::FurtherSounds:
+    case ProgrammeField::TrackTitles:
+        return found->family != Container::Family::Other;
     }
     return false;
 }

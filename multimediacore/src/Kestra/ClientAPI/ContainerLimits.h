@@ -10,7 +10,20 @@
 namespace Kestra::ClientAPI {
 
 /// What Conf::ProgrammeInfo has of a programme.
-enum class ProgrammeField { Title, Tags, TimeCode, Chapters, Cover, Subtitles, SubtitleStyles, SubtitlesTogether };
+enum class ProgrammeField {
+    Title,
+    Tags,
+    TimeCode,
+    Chapters,
+    Cover,
+    Subtitles,
+    SubtitleStyles,
+    SubtitlesTogether,
+    SubtitleColours, ///< of text without styles of its own; as what follows
+    SubtitlePlaces,
+    FurtherSounds, ///< tracks of sound beside the first one
+    TrackTitles,
+};
 
 /// Containers by their ids, as a format's description names them ("mp4", "mkv" ...). Of an id that is none everything
 /// is empty or false. Extensions are in lower case, without the dot.

@@ -10,6 +10,7 @@ namespace Kestra::Conf {
 
 /// One row of the table, which Container.cpp holds: a new container is one more.
 struct KESTRA_EXPORT Container {
+    /// Of what is neither, a file holds one track of pictures or of sound, which has no title of its own.
     enum class Family { Other, Mov, Matroska };
     /// How the language of a track is told: not at all but by a tag of the whole, by its number in QuickTime, or by one
     /// of the two codes of ISO 639-2.
@@ -35,6 +36,8 @@ struct KESTRA_EXPORT Container {
     const char* subtitles = nullptr;
     const char* styledSubtitles = nullptr;
     bool subtitlesOneAtATime = false; ///< one text follows the other, none stands beside another
+    bool subtitleColours = false;     ///< the codec of plain text keeps what of it has another colour
+    bool subtitlePlaces = false;      ///< and what stands at another place on the picture
     int chapterTitle = 0;             ///< bytes of a chapter's title that all readers take; 0: any number
     bool tagged = true;               ///< it has a place for title and tags
     /// Each picture is a file of its own, in a folder: nothing holds them together but their numbered names.

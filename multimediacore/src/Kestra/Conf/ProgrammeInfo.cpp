@@ -16,7 +16,9 @@ constexpr const char* TAG_START = "start";
 constexpr const char* TAG_END = "end";
 constexpr const char* TAG_PICTURE = "picture";
 constexpr const char* TAG_SOUND = "sound";
+constexpr const char* TAG_FURTHER_SOUNDS = "furtherSounds";
 constexpr const char* TAG_LANGUAGE = "language";
+constexpr const char* TAG_DEFAULT = "default";
 constexpr const char* TAG_COVER = "cover";
 constexpr const char* TAG_MIME_TYPE = "mimeType";
 constexpr const char* TAG_BYTES = "bytes";
@@ -41,14 +43,14 @@ void Tell(Core::Property& list, const ProgrammeInfo::Chapter& chapter) {
     node.SetChild(TAG_TITLE, chapter.title);
 }
 
-void Tell(Core::Property& told, const char* tag, const ProgrammeInfo::TrackName& name) {
-    Core::Property& node = told.SetChild(tag);
+void Tell(Core::Property& node, const ProgrammeInfo::TrackName& name) {
     node.SetChild(TAG_LANGUAGE, name.language);
     node.SetChild(TAG_TITLE, name.title);
+    node.SetChild(TAG_DEFAULT, name.isDefault);
 }
 
 ProgrammeInfo::TrackName NameOf(const Core::Property& node) {
-    return {node[TAG_LANGUAGE].GetString(), node[TAG_TITLE].GetString()};
+    return {node[TAG_LANGUAGE].GetString(), node[TAG_TITLE].GetString(), node[TAG_DEFAULT].GetBool()};
 }
 
 void Tell(Core::Property& told, const ProgrammeInfo::Cover& cover) {
@@ -78,8 +80,8 @@ bool ProgrammeInfo::IsEmpty() const {
 
 bool operator==(const ProgrammeInfo& a, const ProgrammeInfo& b) {
     return a.title == b.title && a.tags == b.tags && a.timecode == b.timecode && a.dropFrame == b.dropFrame &&
-           a.chapters == b.chapters && a.picture == b.picture && a.sound == b.sound && a.cover == b.cover &&
-           a.subtitles == b.subtitles;
+           a.chapters == b.chapters && a.picture == b.picture && a.sound == b.sound &&
+           a.furtherSounds == b.furtherSounds && a.cover == b.cover && a.subtitles == b.subtitles;
 }
 
 ProgrammeInfo ProgrammeInfo::Part(std::int64_t start, std::int64_t end) const {
@@ -119,6 +121,8 @@ ProgrammeInfo ProgrammeInfo::Of(const IFormatCodec& format) {
         info.chapters.push_back(ChapterOf(node));
     info.picture = NameOf(tree[TAG_PICTURE]);
     info.sound = NameOf(tree[TAG_SOUND]);
+    for (const Core::Property& node : tree[TAG_FURTHER_SOUNDS].GetChildren())
+        info.furtherSounds.push_back(NameOf(node));
     info.cover = CoverOf(tree);
     for (const Core::Property& node : tree[TAG_SUBTITLES].GetChildren())
         info.subtitles.push_back(Subtitles::Of(node));
@@ -140,8 +144,11 @@ void ProgrammeInfo::TellIn(IFormatCodec& format) const {
         Core::Property& marks = told.SetChild(TAG_CHAPTERS);
         for (const Chapter& chapter : chapters)
             Tell(marks, chapter);
-        Tell(told, TAG_PICTURE, picture);
-        Tell(told, TAG_SOUND, sound);
+        Tell(told.SetChild(TAG_PICTURE), picture);
+        Tell(told.SetChild(TAG_SOUND), sound);
+        Core::Property& sounds = told.SetChild(TAG_FURTHER_SOUNDS);
+        for (const TrackName& name : furtherSounds)
+            Tell(Append(sounds), name);
         Tell(told, cover);
         Core::Property& tracks = told.SetChild(TAG_SUBTITLES);
         for (const Subtitles& track : subtitles)

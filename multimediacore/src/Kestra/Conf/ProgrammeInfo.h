@@ -28,9 +28,11 @@ struct KESTRA_EXPORT ProgrammeInfo {
     struct TrackName {
         std::string language; ///< as its file tells it; empty where it does not
         std::string title;
+        /// Of several sound tracks, players are to begin with one of these; where none is, with the first.
+        bool isDefault = false;
 
         friend bool operator==(const TrackName& a, const TrackName& b) {
-            return a.language == b.language && a.title == b.title;
+            return a.language == b.language && a.title == b.title && a.isDefault == b.isDefault;
         }
     };
 
@@ -61,7 +63,8 @@ struct KESTRA_EXPORT ProgrammeInfo {
     std::vector<Chapter> chapters;
     TrackName picture;
     TrackName sound;
-    Cover cover; ///< written into files without pictures
+    std::vector<TrackName> furtherSounds; ///< of the sound tracks behind that one, as far as there are some
+    Cover cover;                          ///< written into files without pictures
     std::vector<Subtitles> subtitles;
 
     /// Of the part of the stream from `start` to `end`, whose time begins at 0. Chapters are in order then, none is

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <initializer_list>
 #include <set>
 #include <utility>
 
@@ -64,7 +65,34 @@ Subtitles::Cue Together(const std::vector<const Subtitles::Cue*>& shown, std::in
     return cue;
 }
 
+/// Whether some override of a text, between "{" and "}", begins with a backslash and one of the names.
+bool Overrides(const std::string& text, std::initializer_list<const char*> names) {
+    for (std::size_t open = text.find('{'); open != std::string::npos; open = text.find('{', open + 1)) {
+        const std::size_t close = text.find('}', open);
+        if (close == std::string::npos)
+            return false;
+        for (std::size_t tag = text.find('\\', open); tag < close; tag = text.find('\\', tag + 1))
+            for (const char* const name : names)
+                if (text.compare(tag + 1, std::char_traits<char>::length(name), name) == 0)
+                    return true;
+    }
+    return false;
+}
+
+bool AnyOverrides(const std::vector<Subtitles::Cue>& cues, std::initializer_list<const char*> names) {
+    return std::any_of(cues.begin(), cues.end(),
+                       [&names](const Subtitles::Cue& cue) { return Overrides(cue.Text(), names); });
+}
+
 } // namespace
+
+bool Subtitles::HasColours() const {
+    return AnyOverrides(cues, {"c&", "1c&", "2c&", "3c&", "4c&"});
+}
+
+bool Subtitles::HasPlaces() const {
+    return AnyOverrides(cues, {"an", "pos(", "move("});
+}
 
 std::string Subtitles::Cue::Text() const {
     return event.substr(TextPlace(event));

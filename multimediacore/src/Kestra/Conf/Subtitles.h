@@ -36,6 +36,9 @@ struct KESTRA_EXPORT Subtitles {
 
     /// What is shown from `start` to `end`, whose time begins at 0.
     Subtitles Part(std::int64_t start, std::int64_t end) const;
+    /// Whether some of the text has colours of its own, or a place of its own on the picture, by overrides among it.
+    bool HasColours() const;
+    bool HasPlaces() const;
     /// How many cues are shown at one time where it is most.
     int MostAtATime() const;
     /// At any time one cue at most: those that share time are one for as long as they do. Of more than so many at a

@@ -28,6 +28,9 @@ struct CheckedStream {
     std::string pixelFormat; ///< of numbered pictures: the engine's name; empty for others
     int sampleRate = 0;
     int channels = 0;
+    std::string title{};    ///< as the container tells it, and as what follows
+    bool isDefault = false; ///< players are to begin with it
+    bool forced = false;    ///< of subtitles
 };
 
 struct CheckedFile {

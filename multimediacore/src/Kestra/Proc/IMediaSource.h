@@ -56,7 +56,10 @@ struct MediaInfo {
     /// Engine time of the first picture's time code: the number of the frame that it names, dropped ones not counted,
     /// times the frame's period. Unset where there is none.
     std::optional<std::int64_t> timecode{};
-    MediaContents contents{}; ///< all that the file lists, beside what the above says of the main tracks
+    bool timecodeDropsNumbers = false; ///< as its file writes it
+    MediaContents contents{};          ///< all that the file lists, beside what the above says of the main tracks
+    /// Where time 0 lies on the file's own clock, in engine time: what has another main track may begin elsewhere.
+    std::int64_t origin = 0;
 };
 
 /// Damage that decoding concealed, or that ended a track early.

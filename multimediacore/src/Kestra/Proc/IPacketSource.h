@@ -4,6 +4,7 @@
 #include "Kestra/Conf/IFormatCodec.h"
 #include "Kestra/Proc/IDataRaw.h"
 #include <string>
+#include <vector>
 
 namespace Kestra::Proc {
 
@@ -28,6 +29,10 @@ public:
     virtual void Interrupt() = 0;
     virtual void Reset() = 0;
     virtual std::string Describe() const = 0;
+    /// The packets of further tracks for the same file, in their order: sources of their own, which whoever reads this
+    /// one reads, resets and interrupts beside it. Before the first read, as IStreamAudio::GetFurtherTracks(). None
+    /// unless overridden.
+    virtual std::vector<boost::intrusive_ptr<IPacketSource>> GetFurtherTracks() const { return {}; }
 };
 
 } // namespace Kestra::Proc

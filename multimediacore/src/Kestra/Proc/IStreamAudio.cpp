@@ -4,6 +4,10 @@ namespace Kestra::Proc {
 
 IStreamAudio::~IStreamAudio() = default;
 
+std::vector<boost::intrusive_ptr<IStreamAudio>> IStreamAudio::GetFurtherTracks() const {
+    return {};
+}
+
 void IStreamAudio::GetFormatCodecBase(boost::intrusive_ptr<Conf::IFormatCodec>& format) const {
     boost::intrusive_ptr<Conf::IFormatCodecAudio> audio;
     GetAudioFormat(audio);

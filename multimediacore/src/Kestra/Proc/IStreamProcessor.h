@@ -29,7 +29,8 @@ public:
     virtual void Discard() = 0;
 };
 
-/// `streams` are raw streams (encoders), video first; `muxer` may be null: packets are then made and dropped.
+/// `streams` are raw streams (encoders), video first; `muxer` may be null: packets are then made and dropped. Further
+/// tracks of their packet sources run beside them, and come behind all of them in the file.
 /// Throws std::invalid_argument for a stream that is null or not raw.
 KESTRA_EXPORT boost::intrusive_ptr<IStreamProcessor>
 CreateStreamProcessor(const std::vector<boost::intrusive_ptr<IStream>>& streams,

@@ -11,7 +11,7 @@ namespace Kestra::Proc {
 
 /// One track, as the file claims it to be. A value.
 struct ListedTrack {
-    enum class Kind { Picture, Sound, Subtitles, Cover, Chapters, Attachment, Data };
+    enum class Kind { Picture, Sound, Subtitles, Cover, Chapters, Attachment, Data, TimeCode };
 
     int index = -1; ///< among the container's streams
     Kind kind = Kind::Data;

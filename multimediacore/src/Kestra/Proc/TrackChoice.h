@@ -1,6 +1,7 @@
 // Kestra::Proc::TrackChoice: which of a medium's sound tracks is its main one.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,8 @@ namespace Kestra::Proc {
 struct TrackChoice {
     std::optional<int> sound;  ///< among the container's streams
     std::string soundLanguage; ///< the first track in it; empty for any. See Conf::Language.
+    /// Where the media's time 0 lies, as MediaInfo::origin tells it; unset: where its main tracks begin. No choice.
+    std::optional<std::int64_t> origin{};
 
     bool IsMade() const { return sound || !soundLanguage.empty(); }
 };

@@ -164,8 +164,14 @@ CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) 
         file.streams = ReadAll(demuxer, file.duration);
         std::vector<std::string> notes;
         Proc::MediaContents contents = ContentsOf(context, 0, notes);
-        for (std::size_t index = 0; index < file.streams.size(); ++index)
-            file.streams[index].language = contents.tracks[index].language;
+        for (std::size_t index = 0; index < file.streams.size(); ++index) {
+            const Proc::ListedTrack& track = contents.tracks[index];
+            CheckedStream& stream = file.streams[index];
+            stream.language = track.language;
+            stream.title = track.title;
+            stream.isDefault = track.isDefault;
+            stream.forced = track.forced;
+        }
         file.programme = std::move(contents.programme);
         if (interrupted)
             KESTRA_THROW(Proc::Interrupted());

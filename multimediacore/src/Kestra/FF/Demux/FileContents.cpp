@@ -32,7 +32,9 @@ Kind KindOf(const AVStream& stream, bool hasChapters) {
         return Kind::Subtitles;
     case AVMEDIA_TYPE_ATTACHMENT:
         return Kind::Attachment;
-    default: // the names of chapters are a track of QuickTime's
+    default: // the names of chapters are a track of QuickTime's, and so is a time code
+        if (stream.codecpar->codec_tag == MKTAG('t', 'm', 'c', 'd') && !TagOf(stream.metadata, "timecode").empty())
+            return Kind::TimeCode;
         return hasChapters && stream.codecpar->codec_tag == MKTAG('t', 'e', 'x', 't') ? Kind::Chapters : Kind::Data;
     }
 }
@@ -54,7 +56,7 @@ ListedTrack ListedOf(const AVStream& stream, bool hasChapters) {
     ListedTrack track;
     track.index = stream.index;
     track.kind = KindOf(stream, hasChapters);
-    track.codec = avcodec_get_name(parameters.codec_id);
+    track.codec = track.kind == Kind::TimeCode ? "tmcd" : avcodec_get_name(parameters.codec_id);
     track.language = LanguageOf(stream);
     track.title = TagOf(stream.metadata, "title");
     track.isDefault = (stream.disposition & AV_DISPOSITION_DEFAULT) != 0;

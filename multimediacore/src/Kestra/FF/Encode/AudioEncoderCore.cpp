@@ -105,7 +105,20 @@ AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio
                                    const Core::Property& description)
     : EncoderCore(description)
     , stream(stream)
-    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {}
+    , codec(&FindEncoder(*DescriptionOf(description), AVMEDIA_TYPE_AUDIO)) {
+    for (const auto& track : stream->GetFurtherTracks())
+        further.emplace_back(new AudioEncoderCore(track, description));
+}
+
+void AudioEncoderCore::Initialize(const Core::Property& settings) {
+    EncoderCore::Initialize(settings);
+    for (const auto& track : further)
+        track->Initialize(settings);
+}
+
+std::vector<boost::intrusive_ptr<Proc::IPacketSource>> AudioEncoderCore::GetFurtherTracks() const {
+    return {further.begin(), further.end()};
+}
 
 boost::intrusive_ptr<IFormatCodecAudio> AudioEncoderCore::MakeDescription() const {
     return DescriptionOf(EncoderCore::GetDescription());

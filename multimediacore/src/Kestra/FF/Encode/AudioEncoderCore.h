@@ -17,6 +17,8 @@ namespace Kestra::FF {
 /// Where the codec permits, parts of sound that is alone are encoded at a time, on as many threads as there are
 /// processors; the packets do not depend on how many. Beside other tracks, whose encoders keep the processors busy, one
 /// encoder makes them all, without the seams of parts.
+///
+/// Further tracks of the stream have encoders of their own, with the same description and settings.
 class AudioEncoderCore final : public EncoderCore {
 public:
     /// Int64, in the description: so many threads instead; 0: all by one encoder. For tests.
@@ -25,6 +27,7 @@ public:
     /// Throws ProcException (CodecNotFound).
     AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Core::Property& description);
 
+    void Initialize(const Core::Property& settings) override;
     void GetFormat(boost::intrusive_ptr<Conf::IFormatCodec>& format) const override;
     std::int64_t GetDuration() const override;
     std::int64_t GetPosition() const override { return position; }
@@ -33,6 +36,7 @@ public:
     void AlignTo(std::int64_t start, std::int64_t end) override;
     void RunBesideOthers() override { besideOthers = true; }
     std::string Describe() const override;
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> GetFurtherTracks() const override;
 
 protected:
     std::unique_ptr<IEncoderLoop> Open() override;
@@ -56,6 +60,7 @@ private:
     bool ReadOn();
 
     const boost::intrusive_ptr<Proc::IStreamAudio> stream;
+    std::vector<boost::intrusive_ptr<AudioEncoderCore>> further; ///< a track each
     const AVCodec* codec;
     boost::intrusive_ptr<Proc::IStreamAudio> chain;
     AudioDriver::PacketLength lengthOf;

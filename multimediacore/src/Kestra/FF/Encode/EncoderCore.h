@@ -17,7 +17,7 @@ namespace Kestra::FF {
 class EncoderCore : public Proc::IPacketSource, public RefCountImpl {
 public:
     /// Settings merged into the description; possible until Prepare. Throws ProcException (NotSupported) after it.
-    void Initialize(const Core::Property& settings);
+    virtual void Initialize(const Core::Property& settings);
     const Core::Property& GetSettings() const { return description; }
 
     void Prepare() final;

@@ -66,6 +66,13 @@ void AudioConversion::Settle() {
     total = duration == TIME_UNKNOWN ? -1 : std::max<std::int64_t>(TimeToSamples(duration, output.rate), 0);
 }
 
+std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> AudioConversion::GetFurtherTracks() const {
+    std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> tracks;
+    for (const auto& track : source->GetFurtherTracks())
+        tracks.emplace_back(new AudioConversion(track, target, length, GetName()));
+    return tracks;
+}
+
 void AudioConversion::Reset() {
     source->Reset();
     output = Shape();

@@ -24,6 +24,7 @@ public:
     void Seek(std::int64_t time, Proc::SeekMode mode) override;
     void Prepare() override;
     void Reset() override;
+    std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> GetFurtherTracks() const override;
 
 private:
     /// Format, rate and layout of what comes out; complete after Settle.

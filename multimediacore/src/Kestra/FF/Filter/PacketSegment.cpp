@@ -158,6 +158,14 @@ void PacketSegment::Reset() {
     prepared = false;
 }
 
+/// Of each the same part.
+std::vector<boost::intrusive_ptr<Proc::IPacketSource>> PacketSegment::GetFurtherTracks() const {
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> tracks;
+    for (const auto& track : source->GetFurtherTracks())
+        tracks.emplace_back(new PacketSegment(track, start, end));
+    return tracks;
+}
+
 std::string PacketSegment::Describe() const {
     const auto milliseconds = [](std::int64_t time) {
         return std::to_string(MulDivRound(time, 1, TICKS_PER_MILLISECOND));

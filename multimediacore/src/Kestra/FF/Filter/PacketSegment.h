@@ -25,6 +25,7 @@ public:
     void Interrupt() override { source->Interrupt(); }
     void Reset() override;
     std::string Describe() const override;
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> GetFurtherTracks() const override;
 
 private:
     void ReadFormat();

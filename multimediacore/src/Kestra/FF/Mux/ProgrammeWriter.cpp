@@ -5,6 +5,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
 #include <array>
+#include <vector>
 
 extern "C" {
 #include <libavutil/avstring.h>
@@ -34,20 +35,36 @@ bool IsOwn(const std::string& key) {
                                       [&key](const char* own) { return av_strcasecmp(key.c_str(), own) == 0; });
 }
 
-AVStream* Find(const AVFormatContext& context, AVMediaType type) {
+std::vector<AVStream*> Find(const AVFormatContext& context, AVMediaType type) {
+    std::vector<AVStream*> found;
     for (unsigned index = 0; index < context.nb_streams; ++index)
         if (context.streams[index]->codecpar->codec_type == type)
-            return context.streams[index];
-    return nullptr;
+            found.push_back(context.streams[index]);
+    return found;
 }
 
-void Name(AVStream* stream, const ProgrammeInfo::TrackName& name, const Conf::Container& container) {
-    if (!stream || container.languages == Conf::Container::Languages::ByTag)
+void Name(AVStream& stream, const ProgrammeInfo::TrackName& name, const Conf::Container& container) {
+    if (container.languages == Conf::Container::Languages::ByTag)
         return;
     const std::string language = ClientAPI::ContainerLimits::LanguageIn(container.id, name.language);
     if (!language.empty())
-        Set(&stream->metadata, LANGUAGE, language);
-    SetTrackTitle(*stream, name.title, container);
+        Set(&stream.metadata, LANGUAGE, language);
+    SetTrackTitle(stream, name.title, container);
+}
+
+void NameSounds(const std::vector<AVStream*>& sounds, const ProgrammeInfo& programme,
+                const Conf::Container& container) {
+    std::vector<ProgrammeInfo::TrackName> names{programme.sound};
+    names.insert(names.end(), programme.furtherSounds.begin(), programme.furtherSounds.end());
+    names.resize(sounds.size());
+    for (std::size_t index = 0; index < sounds.size(); ++index)
+        Name(*sounds[index], names[index], container);
+    if (sounds.size() < 2)
+        return; // nobody has to choose
+    names.front().isDefault = names.front().isDefault ||
+                              std::none_of(names.begin(), names.end(), [](const auto& name) { return name.isDefault; });
+    for (std::size_t index = 0; index < sounds.size(); ++index)
+        sounds[index]->disposition = names[index].isDefault ? AV_DISPOSITION_DEFAULT : 0;
 }
 
 /// Where tracks have no language, the sound's is that of the file.
@@ -118,11 +135,13 @@ void DescribeProgramme(AVFormatContext& context, const ProgrammeInfo& programme,
     if (!programme.title.empty())
         Set(&context.metadata, TITLE, programme.title);
     TagLanguage(context, programme, container);
-    AVStream* const pictures = Find(context, AVMEDIA_TYPE_VIDEO);
-    Name(pictures, programme.picture, container);
-    Name(Find(context, AVMEDIA_TYPE_AUDIO), programme.sound, container);
-    if (programme.timecode && container.timecode && pictures) {
-        const std::string text = TimecodeText(*programme.timecode, pictures->avg_frame_rate, programme.dropFrame);
+    const std::vector<AVStream*> pictures = Find(context, AVMEDIA_TYPE_VIDEO);
+    for (AVStream* const track : pictures)
+        Name(*track, programme.picture, container);
+    NameSounds(Find(context, AVMEDIA_TYPE_AUDIO), programme, container);
+    if (programme.timecode && container.timecode && !pictures.empty()) {
+        const AVRational rate = pictures.front()->avg_frame_rate;
+        const std::string text = TimecodeText(*programme.timecode, rate, programme.dropFrame);
         if (!text.empty())
             Set(&context.metadata, TIMECODE, text);
     }

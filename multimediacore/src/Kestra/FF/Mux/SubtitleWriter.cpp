@@ -43,7 +43,18 @@ void SetTag(AVStream& stream, const char* key, const std::string& value) {
 std::string WithoutResets(std::string event) {
     const std::string reset = "{\\r}";
     for (std::size_t at = event.find(reset); at != std::string::npos; at = event.find(reset, at))
-        event.replace(at, reset.size(), "{\\b0\\i0\\u0}");
+        event.replace(at, reset.size(), "{\\b0\\i0\\u0\\1c}");
+    return event;
+}
+
+/// That of QuickTime's text takes the first colour by its number alone.
+std::string WithNumberedColours(std::string event) {
+    bool isOverride = false;
+    for (std::size_t at = 0; at + 2 < event.size(); ++at) {
+        isOverride = event[at] == '{' || (isOverride && event[at] != '}');
+        if (isOverride && event.compare(at, 2, "\\c") == 0 && std::strchr("&}\\", event[at + 2]))
+            event.insert(at + 1, 1, '1');
+    }
     return event;
 }
 
@@ -80,7 +91,7 @@ void SubtitleWriter::Write(std::int64_t until, const std::function<void(AVPacket
 }
 
 PacketHandle SubtitleWriter::Encode(const Subtitles::Cue& cue, std::size_t number) {
-    std::string event = Numbered(subtitles.styled ? cue.event : WithoutResets(cue.event), number);
+    std::string event = Numbered(subtitles.styled ? cue.event : WithNumberedColours(WithoutResets(cue.event)), number);
     AVSubtitleRect rect = {};
     rect.type = SUBTITLE_ASS;
     rect.ass = event.data();

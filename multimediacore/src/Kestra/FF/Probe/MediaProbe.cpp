@@ -127,6 +127,7 @@ void MediaProbe::Run() {
     if (const std::string newcomer = demuxer.GetNewcomer(); !newcomer.empty())
         details.damage.push_back({path, info.duration, newcomer, true});
     info.contents = ContentsOf(demuxer.GetContext(), details.origin, details.notes);
+    info.origin = details.origin;
 }
 
 // What was read until then says nothing of the file.
@@ -328,7 +329,10 @@ void MediaProbe::DescribeVideo() {
     track.start = video.start - details.origin;
     track.duration = video.end - video.start;
     info.duration = std::max(info.duration, video.end - details.origin);
-    info.timecode = FindStartTimecode(demuxer.GetContext(), video, rate.rate);
+    if (const auto timecode = FindStartTimecode(demuxer.GetContext(), video, rate.rate)) {
+        info.timecode = timecode->time;
+        info.timecodeDropsNumbers = timecode->dropsNumbers;
+    }
     info.video = track;
 }
 

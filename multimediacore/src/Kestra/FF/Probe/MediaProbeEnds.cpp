@@ -53,9 +53,9 @@ std::int64_t MediaProbe::ClaimedLength() {
         if (stream.duration != AV_NOPTS_VALUE && stream.duration > 0)
             claim = std::max(claim, PromisedEnd(*track) - details.origin);
     }
-    // The container's own length may be that of its subtitles.
-    if (claim == 0 && info.otherTracks == 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM &&
-        context.duration > 0)
+    // The container's own length may be that of its subtitles, or of a sound track that was not chosen.
+    if (claim == 0 && context.nb_streams == Tracks().size() &&
+        context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM && context.duration > 0)
         claim = ToEngineTime(context.duration, {1, AV_TIME_BASE});
     return claim;
 }

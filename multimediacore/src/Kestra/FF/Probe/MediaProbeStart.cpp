@@ -36,8 +36,12 @@ std::optional<AudioSpan> MediaProbe::AudioSpanOf() {
 
 void MediaProbe::SettleOrigin() {
     const std::int64_t audioShift = AlignChunkedTracks();
-    details.origin = FindOrigin(VideoSpanOf(), AudioSpanOf());
-    SkipUndecodableLead();
+    if (choice.origin) {
+        details.origin = *choice.origin;
+    } else {
+        details.origin = FindOrigin(VideoSpanOf(), AudioSpanOf());
+        SkipUndecodableLead();
+    }
     details.audioOrigin = details.origin - audioShift;
     SettleAudioGrid();
 }

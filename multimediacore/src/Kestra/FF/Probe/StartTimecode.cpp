@@ -81,20 +81,27 @@ std::optional<std::uint32_t> BehindStartCode(const AVPacket& packet, std::uint8_
     return std::nullopt;
 }
 
+std::optional<StartTimecode> StartOf(const std::string& text, const Rate& rate) {
+    const auto time = TimeOfTimecode(text, rate);
+    if (!time)
+        return std::nullopt;
+    return StartTimecode{*time, text[8] != ':' && HasDroppedNumbers(rate)};
+}
+
 /// Of the group's first picture; where the one shown first comes later, since those before it cannot be decoded, of
 /// that.
-std::optional<std::int64_t> TimeOfGroup(const ProbedTrack& video, const Rate& rate) {
+std::optional<StartTimecode> TimeOfGroup(const ProbedTrack& video, const Rate& rate) {
     constexpr std::uint8_t groupCode = 0xB8;
     constexpr std::uint8_t pictureCode = 0x00;
     const auto group = video.opening ? BehindStartCode(*video.opening, groupCode) : std::nullopt;
     if (!group)
         return std::nullopt;
     std::array<char, AV_TIMECODE_STR_SIZE> text{};
-    const auto start = TimeOfTimecode(av_timecode_make_mpeg_tc_string(text.data(), *group >> 7), rate);
+    auto start = StartOf(av_timecode_make_mpeg_tc_string(text.data(), *group >> 7), rate);
     const auto picture = BehindStartCode(*video.opening, pictureCode);
-    if (!start || !picture || video.first->pict_type != AV_PICTURE_TYPE_I)
-        return start;
-    return *start + FramesToTime(*picture >> 22, rate);
+    if (start && picture && video.first->pict_type == AV_PICTURE_TYPE_I)
+        start->time += FramesToTime(*picture >> 22, rate);
+    return start;
 }
 
 bool HasGroups(AVCodecID codec) {
@@ -123,14 +130,14 @@ std::optional<std::int64_t> TimeOfTimecode(const std::string& text, const Rate& 
     return FramesToTime(number, rate);
 }
 
-std::optional<std::int64_t> FindStartTimecode(const AVFormatContext& context, const ProbedTrack& video,
-                                              const Rate& rate) {
+std::optional<StartTimecode> FindStartTimecode(const AVFormatContext& context, const ProbedTrack& video,
+                                               const Rate& rate) {
     const AVStream& pictures = *context.streams[video.index];
     const AVStream* const track = FindTimecodeTrack(context);
     for (const char* text :
          {TextIn(pictures.metadata), TextIn(context.metadata), track ? TextIn(track->metadata) : nullptr})
         if (text)
-            return TimeOfTimecode(text, RateOf(track, rate));
+            return StartOf(text, RateOf(track, rate));
     return HasGroups(pictures.codecpar->codec_id) ? TimeOfGroup(video, rate) : std::nullopt;
 }
 

@@ -14,9 +14,15 @@ namespace Kestra::FF {
 /// where numbers are dropped: at multiples of 30000/1001. Unset for a text or a number that is none at that rate.
 std::optional<std::int64_t> TimeOfTimecode(const std::string& text, const boost::rational<long long>& rate);
 
+/// As MediaInfo has it.
+struct StartTimecode {
+    std::int64_t time = 0;
+    bool dropsNumbers = false;
+};
+
 /// What the picture track, the container, a track of time codes or MPEG's first group of pictures tells, in that order.
 /// `rate` is the pictures'; a track of time codes may have another one, which then counts. Unset where nothing does.
-std::optional<std::int64_t> FindStartTimecode(const AVFormatContext& context, const ProbedTrack& video,
-                                              const boost::rational<long long>& rate);
+std::optional<StartTimecode> FindStartTimecode(const AVFormatContext& context, const ProbedTrack& video,
+                                               const boost::rational<long long>& rate);
 
 } // namespace Kestra::FF

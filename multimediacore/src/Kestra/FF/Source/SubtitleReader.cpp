@@ -8,6 +8,10 @@
 #include <algorithm>
 #include <cstring>
 
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
 namespace Kestra::FF {
 
 using Conf::Subtitles;
@@ -36,6 +40,19 @@ bool IsStyled(AVCodecID codec) {
 
 bool IsBlank(const std::string& text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+/// Among the boxes behind a text of QuickTime's, each of which begins with its length and its name.
+bool HasBox(const std::string& packet, const char* name) {
+    constexpr std::size_t lengthOfText = 2, head = 8;
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(packet.data());
+    std::size_t at = packet.size() < lengthOfText ? packet.size() : lengthOfText + AV_RB16(bytes);
+    while (at + head <= packet.size()) {
+        if (packet.compare(at + 4, 4, name) == 0)
+            return true;
+        at += std::max<std::size_t>(AV_RB32(bytes + at), head);
+    }
+    return false;
 }
 
 } // namespace
@@ -120,6 +137,19 @@ void SubtitleReader::Decode(Track& track, AVPacket& packet) {
         ++track.unread;
     else if (got)
         Add(track, packet, decoded.subtitle);
+    if (result >= 0 && got)
+        CountUndecoded(track, packet);
+}
+
+void SubtitleReader::CountUndecoded(Track& track, const AVPacket& packet) {
+    const std::string content(reinterpret_cast<const char*>(packet.data), static_cast<std::size_t>(packet.size));
+    if (track.decoder->codec_id == AV_CODEC_ID_MOV_TEXT)
+        track.placed += HasBox(content, "tbox") ? 1 : 0;
+    if (track.decoder->codec_id != AV_CODEC_ID_WEBVTT)
+        return;
+    std::size_t settings = 0;
+    track.placed += av_packet_get_side_data(&packet, AV_PKT_DATA_WEBVTT_SETTINGS, &settings) && settings > 0 ? 1 : 0;
+    track.spoken += content.find("<v") != std::string::npos || content.find("<c") != std::string::npos ? 1 : 0;
 }
 
 void SubtitleReader::Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle) {
@@ -168,6 +198,8 @@ void SubtitleReader::Finish(Track& track) {
     Tell(track, track.unread, "cannot be read and are left out");
     Tell(track, track.tooLong, "are longer than a subtitle can be and are left out");
     Tell(track, track.tooMany, "are more than can be kept and are left out");
+    Tell(track, track.placed, "have a place of their own on the picture, which is left out");
+    Tell(track, track.spoken, "name speakers or classes, which are left out");
     Tell(track, track.repaired, "are no UTF-8 and were read as Windows-1252");
 }
 

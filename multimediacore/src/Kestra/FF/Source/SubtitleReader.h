@@ -32,6 +32,8 @@ private:
         Conf::Subtitles read;
         int unread = 0;   ///< packets that no text could be made of
         int repaired = 0; ///< packets that were no UTF-8
+        int placed = 0;   ///< packets whose place on the picture no decoder gives
+        int spoken = 0;   ///< packets with speakers or classes, which none gives either
         int tooLong = 0;
         int tooMany = 0;
         std::vector<std::size_t> open; ///< cues of which it is not known when they end
@@ -41,6 +43,7 @@ private:
     Track* Find(int index);
     void Decode(Track& track, AVPacket& packet);
     bool Repair(const Track& track, AVPacket& packet) const;
+    static void CountUndecoded(Track& track, const AVPacket& packet);
     void Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle);
     void CloseOpen(Track& track, std::int64_t time);
     void Finish(Track& track);

@@ -33,6 +33,8 @@ public:
     void Reset() override { source->Reset(); }
 
 protected:
+    const std::string& GetName() const { return name; }
+
     const boost::intrusive_ptr<Stream> source;
 
 private:

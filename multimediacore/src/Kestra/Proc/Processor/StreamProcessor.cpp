@@ -1,5 +1,6 @@
 #include "Kestra/Proc/Processor/StreamProcessor.h"
 #include "Kestra/Base/Exception.h"
+#include "Kestra/Proc/PacketStream.h"
 #include <exception>
 #include <stdexcept>
 
@@ -9,11 +10,23 @@ namespace {
 // Longer than the run itself waits for its encoders.
 constexpr std::chrono::seconds RELEASE_PATIENCE{3};
 
+using RawStreams = std::vector<boost::intrusive_ptr<IStreamRaw>>;
+
+/// Behind all that were given, so that these keep their places in the file.
+RawStreams WithFurtherTracks(const RawStreams& streams) {
+    RawStreams all = streams;
+    for (const auto& stream : streams)
+        if (const auto& source = stream->GetPacketSource())
+            for (const auto& track : source->GetFurtherTracks())
+                all.emplace_back(new PacketStream(track));
+    return all;
+}
+
 } // namespace
 
 StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
                                  const boost::intrusive_ptr<IMuxer>& muxer)
-    : run(std::make_shared<ProcessingRun>(streams, muxer)) {}
+    : run(std::make_shared<ProcessingRun>(WithFurtherTracks(streams), muxer)) {}
 
 StreamProcessor::~StreamProcessor() {
     run->GetEvents().SetReceiver(nullptr);
