@@ -139,10 +139,21 @@ boost::intrusive_ptr<Proc::IStreamAudio> makeSound(const Contents& contents, std
     return new FakeSound(contents, std::move(count));
 }
 
-FakeMedia::FakeMedia(ioPath path, const Contents& contents, std::shared_ptr<StreamCount> count)
+FakeMedia::FakeMedia(ioPath path, const Contents& shown, std::shared_ptr<StreamCount> count,
+                     const Proc::TrackChoice& choice)
     : path(std::move(path))
-    , contents(contents)
+    , contents(shown)
+    , heard(shown)
     , count(std::move(count)) {
+    const int track = choice.sound.value_or(1);
+    if (track > 1) {
+        const FurtherSound& sound = contents.furtherSounds.at(static_cast<std::size_t>(track) - 2);
+        contents.samples = heard.samples = sound.samples;
+        heard.id += 1000 * (track - 1);
+        info.origin = sound.origin;
+    }
+    info.origin = choice.origin.value_or(info.origin);
+    listTracks();
     info.container = "fake";
     info.duration = durationOf(contents);
     if (contents.frames > 0) {
@@ -154,11 +165,29 @@ FakeMedia::FakeMedia(ioPath path, const Contents& contents, std::shared_ptr<Stre
     }
     if (contents.samples > 0) {
         info.audio.emplace();
+        info.audio->index = track;
         info.audio->sampleRate = contents.sampleRate;
         info.audio->channels = 2;
         info.audio->channelLayout = Conf::CHANNEL_LAYOUT_STEREO;
         info.audio->sampleFormat = contents.sampleFormat;
     }
+}
+
+void FakeMedia::listTracks() {
+    using Kind = Proc::ListedTrack::Kind;
+    const auto list = [this](int index, Kind kind) {
+        Proc::ListedTrack track;
+        track.index = index;
+        track.kind = kind;
+        info.contents.tracks.push_back(track);
+        info.audioTracks += kind == Kind::Sound ? 1 : 0;
+    };
+    if (contents.frames > 0)
+        list(0, Kind::Picture);
+    if (contents.samples > 0)
+        list(1, Kind::Sound);
+    for (std::size_t further = 0; further < contents.furtherSounds.size(); ++further)
+        list(static_cast<int>(further) + 2, Kind::Sound);
 }
 
 std::vector<Proc::SourceNote> FakeMedia::TakeNotes() {
@@ -173,12 +202,14 @@ std::vector<Proc::DamageReport> FakeMedia::TakeDamageReports() {
 
 boost::intrusive_ptr<Proc::IMediaSource> FakeSourceFactory::OpenMedia(const ioPath& path, const std::atomic<bool>*,
                                                                       const Proc::MediaLimits&,
-                                                                      const Proc::TrackChoice&) {
+                                                                      const Proc::TrackChoice& choice) {
     const auto found = media.find(path.ToUtf8());
     if (found == media.end())
         KESTRA_THROW(Proc::ProcException(Proc::TranscodingError::SourceNotFound, path.ToUtf8() + ": no such file"));
     ++openings;
-    return new FakeMedia(path, found->second, count);
+    if (choice.sound)
+        chosen.push_back(choice);
+    return new FakeMedia(path, found->second, count, choice);
 }
 
 } // namespace Project::Fakes

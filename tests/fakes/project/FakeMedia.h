@@ -9,10 +9,19 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace Project::Fakes {
 
-/// A medium's contents. Its frame n has the number `id` * 100000 + n, its samples carry `id` and their place.
+/// A sound track beside the first one.
+struct FurtherSound {
+    std::int64_t samples = 0;
+    std::int64_t origin = 0; ///< where the medium's time 0 lies when this is its main sound
+};
+
+/// A medium's contents. Track 0 is its picture, track 1 its sound, the further sounds those behind; the samples of
+/// track n carry `id` + 1000 * (n - 1). Its frame n has the number `id` * 100000 + n, its samples carry `id` and their
+/// place.
 struct Contents {
     int id = 0;
     int frames = 0; ///< 0: no picture
@@ -24,6 +33,7 @@ struct Contents {
     bool still = false;         ///< the picture is said to have no length of its own
     bool transparent = false;
     std::int64_t duration = 0; ///< 0: the longer of the two
+    std::vector<FurtherSound> furtherSounds{};
 };
 
 /// Counts streams that exist at a time; shared by everything that one factory makes.
@@ -74,7 +84,8 @@ boost::intrusive_ptr<Kestra::Proc::IStreamAudio> makeSound(const Contents& conte
 
 class FakeMedia : public Kestra::Proc::IMediaSource, public Kestra::RefCountImpl {
 public:
-    FakeMedia(Kestra::ioPath path, const Contents& contents, std::shared_ptr<StreamCount> count);
+    FakeMedia(Kestra::ioPath path, const Contents& contents, std::shared_ptr<StreamCount> count,
+              const Kestra::Proc::TrackChoice& choice = {});
 
     const Kestra::ioPath& GetPath() const override { return path; }
     const Kestra::Proc::MediaInfo& GetInfo() const override { return info; }
@@ -85,15 +96,18 @@ public:
         count->among = streams;
         return CreateVideoStream();
     }
-    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(contents, count); }
+    boost::intrusive_ptr<Kestra::Proc::IStreamAudio> CreateAudioStream() override { return makeSound(heard, count); }
     std::vector<Kestra::Proc::DamageReport> TakeDamageReports() override;
     std::vector<Kestra::Proc::SourceNote> TakeNotes() override;
     bool IsBeingRead() const override { return false; }
     void Note(const std::string&) override {}
 
 private:
+    void listTracks();
+
     Kestra::ioPath path;
     Contents contents;
+    Contents heard; ///< as of the main sound
     Kestra::Proc::MediaInfo info;
     std::shared_ptr<StreamCount> count;
 };
@@ -103,6 +117,8 @@ class FakeSourceFactory : public Kestra::Proc::ISourceFactory {
 public:
     void put(const std::string& path, const Contents& contents) { media[path] = contents; }
     int opened() const { return openings; }
+    /// That were made of tracks, in their order.
+    const std::vector<Kestra::Proc::TrackChoice>& choices() const { return chosen; }
     StreamCount& streams() { return *count; }
 
     boost::intrusive_ptr<Kestra::Proc::IMediaSource> OpenMedia(const Kestra::ioPath& path,
@@ -114,6 +130,7 @@ private:
     std::map<std::string, Contents> media;
     std::shared_ptr<StreamCount> count = std::make_shared<StreamCount>();
     int openings = 0;
+    std::vector<Kestra::Proc::TrackChoice> chosen;
 };
 
 } // namespace Project::Fakes

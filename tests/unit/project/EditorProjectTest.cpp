@@ -1,3 +1,4 @@
+#include "Render/SoundTracks.h"
 #include "unit/project/EditorProjectFixture.h"
 
 namespace Project::Tests {
@@ -33,6 +34,16 @@ TEST_F(EditorProjectTest, ItTellsItsFilesOnceTheirDamageAndTheirNotes) {
     ASSERT_EQ(notes.size(), 2U);
     EXPECT_NE(notes.front().path.ToUtf8(), notes.back().path.ToUtf8());
     EXPECT_EQ(notes.front().what, "invented");
+}
+
+TEST_F(EditorProjectTest, ItTellsOnceWhatEachOpeningOfAFileTells) {
+    Contents contents = clip(25, 48000);
+    contents.furtherSounds = {{48000}, {48000}};
+    const auto paths = put({contents});
+    project->show(Render::SoundTracks::all(Render::Sequence::ofFiles(paths), paths));
+    EXPECT_EQ(project->sourcePaths().size(), 1U);
+    EXPECT_EQ(project->takeDamageReports().size(), 1U);
+    EXPECT_EQ(project->takeNotes().size(), 1U);
 }
 
 TEST_F(EditorProjectTest, TheCompositionsOwnerAnswers) {

@@ -5,6 +5,10 @@
 #include "Render/Programme.h"
 #include "Render/SequenceMedia.h"
 #include "Types/Time.h"
+#include <algorithm>
+#include <set>
+#include <string>
+#include <tuple>
 
 struct EditorProject::Private {
     explicit Private(EditorProject* owner)
@@ -18,15 +22,31 @@ struct EditorProject::Private {
                 project, [this] { build(); }, Qt::QueuedConnection);
     }
     void build();
-    std::vector<Render::MediaPool::Source> sources() const {
-        return model.sequence() ? model.sequence()->media->sources() : std::vector<Render::MediaPool::Source>();
+    std::vector<std::shared_ptr<Render::MediaPool>> pools() const {
+        return model.sequence() ? model.sequence()->pools() : std::vector<std::shared_ptr<Render::MediaPool>>();
+    }
+    std::vector<Render::MediaPool::Source> sources() const;
+    /// False for what another opening of the same file, for another of its sound tracks, has told already.
+    bool isNews(const Kestra::ioPath& path, std::int64_t time, const std::string& what) {
+        const bool once = model.sequence()->furtherSounds.empty();
+        return once || told.emplace(path.ToUtf8(), time, what).second;
     }
 
     EditorProject* project;
     bool pending = false;
+    std::set<std::tuple<std::string, std::int64_t, std::string>> told; ///< of media
     std::exception_ptr error;
     Project::Model model;
 };
+
+std::vector<Render::MediaPool::Source> EditorProject::Private::sources() const {
+    std::vector<Render::MediaPool::Source> all;
+    for (const auto& pool : pools())
+        for (const Render::MediaPool::Source& source : pool->sources())
+            if (std::find(all.begin(), all.end(), source) == all.end())
+                all.push_back(source);
+    return all;
+}
 
 void EditorProject::Private::build() {
     pending = false;
@@ -55,6 +75,7 @@ void EditorProject::open(const std::vector<Kestra::ioPath>& media, const std::at
 
 void EditorProject::show(Render::Sequence sequence) {
     d->model.show(std::move(sequence));
+    d->told.clear();
 }
 
 void EditorProject::describe(const Types::Range& range) {
@@ -106,7 +127,8 @@ std::optional<KTime> EditorProject::placeOf(const Kestra::ioPath& file, std::int
 std::vector<Kestra::ioPath> EditorProject::sourcePaths() const {
     std::vector<Kestra::ioPath> paths;
     for (const auto& source : d->sources())
-        paths.push_back(source->GetPath());
+        if (std::find(paths.begin(), paths.end(), source->GetPath()) == paths.end())
+            paths.push_back(source->GetPath());
     return paths;
 }
 
@@ -132,19 +154,24 @@ std::vector<Kestra::Proc::DamageReport> EditorProject::takeDamageReports() {
     std::vector<Kestra::Proc::DamageReport> reports;
     for (const auto& source : d->sources())
         for (Kestra::Proc::DamageReport& report : source->TakeDamageReports())
-            reports.push_back(std::move(report));
+            if (d->isNews(report.path, report.time, report.what))
+                reports.push_back(std::move(report));
     return reports;
 }
 
 std::vector<Kestra::Proc::SourceNote> EditorProject::takeNotes() {
-    const Render::Sequence* const sequence = d->model.sequence();
-    return sequence ? sequence->media->takeNotes() : std::vector<Kestra::Proc::SourceNote>();
+    std::vector<Kestra::Proc::SourceNote> notes;
+    for (const auto& pool : d->pools())
+        for (Kestra::Proc::SourceNote& note : pool->takeNotes())
+            if (d->isNews(note.path, 0, note.what))
+                notes.push_back(std::move(note));
+    return notes;
 }
 
 std::vector<Kestra::ioPath> EditorProject::pathsBeingRead() const {
     std::vector<Kestra::ioPath> paths;
     for (const auto& source : d->sources())
-        if (source->IsBeingRead())
+        if (source->IsBeingRead() && std::find(paths.begin(), paths.end(), source->GetPath()) == paths.end())
             paths.push_back(source->GetPath());
     return paths;
 }

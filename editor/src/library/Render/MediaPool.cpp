@@ -86,6 +86,13 @@ MediaPool::Source MediaPool::open(const Timeline::MediaReference& media, const s
     return opened[place];
 }
 
+void MediaPool::put(const Timeline::MediaReference& media, const Source& source) {
+    const std::string key = keyOf(media);
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (!key.empty())
+        opened[takePlace(key).first] = source;
+}
+
 bool MediaPool::isNew(const Timeline::MediaReference& media) {
     const std::string key = keyOf(media);
     const std::lock_guard<std::mutex> lock(mutex);

@@ -30,6 +30,8 @@ public:
     /// Throws Kestra::Proc::ProcException for what cannot be opened, also when `interrupted`, unless null, turns true
     /// meanwhile.
     Source open(const Timeline::MediaReference& media, const std::atomic<bool>* interrupted = nullptr);
+    /// Counts as opened from now on, in place of what was opened before. Nothing for a reference to what is made.
+    void put(const Timeline::MediaReference& media, const Source& source);
     /// Whether there is something to be opened that nobody has asked for yet. It counts as asked for from now on.
     bool isNew(const Timeline::MediaReference& media);
     /// Each medium that has been opened once, in the order in which they were first asked for.

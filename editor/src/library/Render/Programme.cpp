@@ -65,8 +65,10 @@ ProgrammeInfo programmeOf(const Sequence& sequence, const Window& window) {
     if (!sequence.programme)
         return info;
     ProgrammeInfo told = sequence.programme->Part(window.start().Value(), window.end().Value());
-    told.timecode = info.timecode;
-    told.dropFrame = info.dropFrame;
+    if (info.timecode) {
+        told.timecode = info.timecode;
+        told.dropFrame = info.dropFrame;
+    }
     return told;
 }
 

@@ -1,8 +1,8 @@
 #include "Render/Sequence.h"
 
-#include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include "Render/ListedFile.h"
 #include "Timeline/ClipVisit.h"
 #include "Timeline/Reader/MediaList.h"
 #include <exception>
@@ -15,21 +15,6 @@ using Kestra::Proc::ProcException;
 using Kestra::Proc::TranscodingError;
 
 namespace {
-
-/// How long a picture without a length of its own stands.
-constexpr Ticks STILL_DURATION{5 * Kestra::TIME_BASE};
-
-Timeline::ListedMedia listed(const Kestra::Proc::IMediaSource& media) {
-    const Kestra::Proc::MediaInfo& info = media.GetInfo();
-    Timeline::ListedMedia entry{media.GetPath(), Ticks(info.duration), info.video.has_value(), info.audio.has_value()};
-    if (info.video && info.video->stillPicture && !info.audio)
-        entry.duration = STILL_DURATION;
-    if (entry.duration <= Ticks(0))
-        KESTRA_THROW(
-            ProcException(TranscodingError::SourceUnreadable,
-                          "\"" + media.GetPath().ToUtf8() + "\" cannot be put on the timeline: it has no length"));
-    return entry;
-}
 
 /// All that cannot be opened is told at once; what happens to a medium that can be told in no such way, is thrown on.
 class UnreadMedia {
@@ -89,6 +74,13 @@ Sequence Sequence::of(std::shared_ptr<const Timeline::Document> document, std::s
         media->open(clip.media, interrupted);
     });
     return {std::move(document), std::move(media), {}, {}};
+}
+
+std::vector<std::shared_ptr<MediaPool>> Sequence::pools() const {
+    std::vector<std::shared_ptr<MediaPool>> all{media};
+    for (const Sequence& track : furtherSounds)
+        all.push_back(track.media);
+    return all;
 }
 
 std::string describe(const Sequence& sequence) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Render {
 
@@ -40,8 +41,15 @@ struct EDITORRENDER_EXPORT Sequence {
     std::shared_ptr<const Timeline::Document> document;
     std::shared_ptr<MediaPool> media;
     SoundOptions sound{};
-    /// What its file says of itself, in the sequence's own time, but for the time code; unset: what the document does.
+    /// What its file says of itself, in the sequence's own time; unset: what the document does, and the time code of a
+    /// document that tells one counts in any case.
     std::shared_ptr<const Kestra::Conf::ProgrammeInfo> programme{};
+    /// Further tracks of sound for the file, in their order: the same document each, over media that have another main
+    /// sound, without a programme and further ones of their own. See SoundTracks.
+    std::vector<Sequence> furtherSounds{};
+
+    /// Of this one and the further ones.
+    std::vector<std::shared_ptr<MediaPool>> pools() const;
 };
 
 /// For messages: how many clips it has, and the first one's name.

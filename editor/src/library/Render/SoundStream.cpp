@@ -1,6 +1,7 @@
 #include "Render/SoundStream.h"
 
 #include "Kestra/Core/CoreManager.h"
+#include "Kestra/Proc/Filters/AudioFilterBase.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Render/Programme.h"
@@ -213,11 +214,38 @@ void SoundStream::Reset() {
     nextSample = NONE;
 }
 
-boost::intrusive_ptr<Proc::IStreamAudio> createSoundStream(const Sequence& sequence, const Window& window,
-                                                           const Conf::SampleInfo& format) {
-    const boost::intrusive_ptr<Proc::IStreamAudio> sound(new SoundStream(sequence, window, format));
+namespace {
+
+using Audio = boost::intrusive_ptr<Proc::IStreamAudio>;
+
+/// A track of sound that others go beside.
+class SoundWithOthers final : public Proc::AudioFilterBase {
+public:
+    SoundWithOthers(const Audio& sound, std::vector<Audio> others)
+        : AudioFilterBase(sound, "sound with further tracks")
+        , others(std::move(others)) {}
+
+    std::vector<Audio> GetFurtherTracks() const override { return others; }
+
+private:
+    const std::vector<Audio> others;
+};
+
+Audio createOneTrack(const Sequence& sequence, const Window& window, const Conf::SampleInfo& format) {
+    const Audio sound(new SoundStream(sequence, window, format));
     const SoundOptions& options = sequence.sound;
     return options.ceiling ? filters().CreateLimiter(sound, *options.ceiling, options.gain) : sound;
+}
+
+} // namespace
+
+boost::intrusive_ptr<Proc::IStreamAudio> createSoundStream(const Sequence& sequence, const Window& window,
+                                                           const Conf::SampleInfo& format) {
+    const Audio sound = createOneTrack(sequence, window, format);
+    std::vector<Audio> others;
+    for (const Sequence& track : sequence.furtherSounds)
+        others.push_back(createOneTrack(track, window, format));
+    return others.empty() ? sound : Audio(new SoundWithOthers(sound, std::move(others)));
 }
 
 } // namespace Render

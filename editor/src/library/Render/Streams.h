@@ -19,7 +19,8 @@ EDITORRENDER_EXPORT boost::intrusive_ptr<Kestra::Proc::IStreamVideo>
 createPictureStream(const Sequence& sequence, const Window& window, const Kestra::Conf::FrameInfo& frame);
 /// Exactly the window's number of samples: sound that ends before its clip is followed by silence, what is over is cut.
 /// One voice passes its samples untouched, several are mixed in floating point. `format` has a rate and a layout; an
-/// open sample format is float until a consumer prefers one.
+/// open sample format is float until a consumer prefers one. The sequence's further sounds are the stream's further
+/// tracks, in the same format and as long.
 EDITORRENDER_EXPORT boost::intrusive_ptr<Kestra::Proc::IStreamAudio>
 createSoundStream(const Sequence& sequence, const Window& window, const Kestra::Conf::SampleInfo& format);
 
