@@ -8,6 +8,8 @@
 #include "Types/Time.h"
 #include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 namespace ExportCore {
 namespace {
@@ -27,34 +29,43 @@ constexpr int UNSPECIFIED = 2;
                       place);
 }
 
-const CheckedStream* find(const CheckedFile& file, CheckedStream::Kind kind) {
-    const CheckedStream* found = nullptr;
-    for (const CheckedStream& stream : file.streams) {
-        if (stream.kind != kind)
-            continue;
-        if (found)
-            fail("it has more than one track of a kind");
-        found = &stream;
-    }
+using Streams = std::vector<const CheckedStream*>;
+
+Streams find(const CheckedFile& file, CheckedStream::Kind kind) {
+    Streams found;
+    for (const CheckedStream& stream : file.streams)
+        if (stream.kind == kind)
+            found.push_back(&stream);
     return found;
+}
+
+void requireCount(const Streams& found, const std::string& what, std::size_t expected) {
+    if (found.empty() && expected > 0)
+        fail("it has no " + what);
+    if (expected == 0 && !found.empty())
+        fail("it has " + std::string(what == "picture" ? "a " : "") + what + " that was not asked for");
+    if (found.size() != expected)
+        fail("it has " + std::to_string(found.size()) + ' ' + what + " tracks instead of " + std::to_string(expected));
 }
 
 std::string text(std::int64_t time) {
     return TimeText::format(Types::fromAvTime(time));
 }
 
-void requireLength(const char* what, const CheckedStream& stream, std::int64_t expected, std::int64_t shorter,
+void requireLength(const std::string& what, const CheckedStream& stream, std::int64_t expected, std::int64_t shorter,
                    std::int64_t longer) {
     const std::int64_t length = stream.end - stream.start;
     if (length < expected - shorter || length > expected + longer)
-        fail(std::string("its ") + what + " lasts " + text(length) + " instead of " + text(expected));
+        fail("its " + what + " lasts " + text(length) + " instead of " + text(expected));
 }
 
-void requireStep(const CheckedStream& video, const CheckedStream& audio) {
-    const std::int64_t late = audio.start - video.start;
+/// `first` is a picture, or the first sound.
+void requireStep(const CheckedStream& first, const char* what, const CheckedStream& sound, const std::string& name) {
+    const std::int64_t late = sound.start - first.start;
     // What an encoder puts in front to settle is not always marked as such.
-    if (late > ROUNDING || late < -Kestra::SamplesToTime(LONGEST_PACKET, audio.sampleRate) - ROUNDING)
-        fail("its picture begins at " + text(video.start) + " and its sound at " + text(audio.start));
+    if (late > ROUNDING || late < -Kestra::SamplesToTime(LONGEST_PACKET, sound.sampleRate) - ROUNDING)
+        fail(std::string("its ") + what + " begins at " + text(first.start) + " and its " + name + " at " +
+             text(sound.start));
 }
 
 bool carriesColour(const std::string& codec) {
@@ -86,6 +97,10 @@ void requirePictures(const CheckedStream& stream, const ExpectedFile::Pictures& 
         fail("its pictures are " + stream.pixelFormat + " instead of " + pictures.pixelFormat);
 }
 
+std::string nameOfSound(std::size_t track) {
+    return track == 0 ? "sound" : "sound track " + std::to_string(track + 1);
+}
+
 } // namespace
 
 void ExpectedFile::Pictures::fitTo(Kestra::Conf::CodecID codec) {
@@ -102,14 +117,12 @@ void ExpectedFile::Pictures::fitTo(Kestra::Conf::CodecID codec) {
     height = fit(height, format->chromaShiftY);
 }
 
-void ExpectedFile::require(const CheckedFile& file) const {
-    const CheckedStream* video = find(file, CheckedStream::Kind::Video);
-    const CheckedStream* audio = find(file, CheckedStream::Kind::Audio);
-    if (hasVideo != (video != nullptr))
-        fail(hasVideo ? "it has no picture" : "it has a picture that was not asked for");
-    if (hasAudio != (audio != nullptr))
-        fail(hasAudio ? "it has no sound" : "it has sound that was not asked for");
-    if (video) {
+void ExpectedFile::requireStreams(const CheckedFile& file) const {
+    const Streams videos = find(file, CheckedStream::Kind::Video);
+    const Streams sounds = find(file, CheckedStream::Kind::Audio);
+    requireCount(videos, "picture", hasVideo ? 1 : 0);
+    requireCount(sounds, "sound", hasAudio ? 1 + static_cast<std::size_t>(furtherSounds) : 0);
+    for (const CheckedStream* video : videos) {
         if (video->packets != frames)
             fail("it holds " + std::to_string(video->packets) + " pictures instead of " + std::to_string(frames));
         const std::int64_t frame = frames > 0 ? videoDuration / frames : 0;
@@ -119,14 +132,22 @@ void ExpectedFile::require(const CheckedFile& file) const {
             requireLength("picture", *video, videoDuration, frame + ROUNDING, frame + ROUNDING);
         requireColour(*video);
     }
-    if (audio) {
-        if (audio->sampleRate <= 0)
-            fail("its sound has no sample rate");
-        requireLength("sound", *audio, audioDuration, ROUNDING,
-                      Kestra::SamplesToTime(LONGEST_PACKET, audio->sampleRate) + ROUNDING);
+    for (std::size_t track = 0; track < sounds.size(); ++track) {
+        const CheckedStream& audio = *sounds[track];
+        const std::string name = nameOfSound(track);
+        if (audio.sampleRate <= 0)
+            fail("its " + name + " has no sample rate");
+        requireLength(name, audio, audioDuration, ROUNDING,
+                      Kestra::SamplesToTime(LONGEST_PACKET, audio.sampleRate) + ROUNDING);
+        if (hasVideo)
+            requireStep(*videos.front(), "picture", audio, name);
+        else if (track > 0)
+            requireStep(*sounds.front(), "sound", audio, name);
     }
-    if (video && audio)
-        requireStep(*video, *audio);
+}
+
+void ExpectedFile::require(const CheckedFile& file) const {
+    requireStreams(file);
     if (const std::string fault = programme.faultOf(file); !fault.empty())
         fail(fault);
 }

@@ -16,6 +16,7 @@ namespace ExportCore {
 struct EXPORTCORE_EXPORT ExpectedFile {
     bool hasVideo = false;
     bool hasAudio = false;
+    int furtherSounds = 0; ///< tracks beside that of the audio, as long
     std::int64_t frames = 0;
     std::int64_t videoDuration = 0;
     std::int64_t audioDuration = 0;
@@ -36,6 +37,9 @@ struct EXPORTCORE_EXPORT ExpectedFile {
     /// its length, the common start of picture and sound, the colour of its pictures, what it
     /// has to say of its programme; of numbered pictures their size and format.
     void require(const Kestra::Proc::CheckedFile& file) const;
+
+private:
+    void requireStreams(const Kestra::Proc::CheckedFile& file) const;
 };
 
 } // namespace ExportCore

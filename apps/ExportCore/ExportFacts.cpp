@@ -12,6 +12,7 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
     facts.path = path;
     facts.sizeBytes = file.size;
     facts.streams = file.streams;
+    facts.chapters = static_cast<int>(file.programme.chapters.size());
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     facts.durationMs = Types::fromAvTime(length).milliseconds();
     if (expected.pictures && !facts.streams.empty())
@@ -22,7 +23,7 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
             facts.width = static_cast<int>(stream.frame.width);
             facts.height = static_cast<int>(stream.frame.height);
             facts.videoCodec = stream.codec;
-        } else if (stream.kind == Kestra::Proc::CheckedStream::Kind::Audio) {
+        } else if (stream.kind == Kestra::Proc::CheckedStream::Kind::Audio && facts.audioCodec.empty()) {
             facts.audioCodec = stream.codec;
             facts.sampleRate = stream.sampleRate;
             facts.channels = stream.channels;
@@ -34,6 +35,11 @@ ExportFacts ExportFacts::of(const Kestra::Proc::CheckedFile& file, const Expecte
 void ExportFacts::namePictures(const SequenceName& sequence) {
     firstPicture = QString::fromUtf8(sequence.pathOf(0));
     lastPicture = QString::fromUtf8(sequence.pathOf(std::max<qint64>(frames - 1, 0)));
+}
+
+int ExportFacts::countOf(Kestra::Proc::CheckedStream::Kind kind) const {
+    const auto isOne = [kind](const Kestra::Proc::CheckedStream& stream) { return stream.kind == kind; };
+    return static_cast<int>(std::count_if(streams.begin(), streams.end(), isOne));
 }
 
 } // namespace ExportCore

@@ -1,6 +1,7 @@
 // ExportCore::ExportFacts: what is known of a finished file.
 #pragma once
 
+#include "ExportCoreExport.h"
 #include "Kestra/Proc/FileCheck.h"
 #include <QString>
 #include <string>
@@ -12,9 +13,11 @@ struct ExpectedFile;
 struct SequenceName;
 
 /// Read from the file itself after it was written.
-struct ExportFacts {
+struct EXPORTCORE_EXPORT ExportFacts {
     /// All but what only the end of the run tells: how long it took.
     static ExportFacts of(const Kestra::Proc::CheckedFile& file, const ExpectedFile& expected, const QString& path);
+    /// Of its streams.
+    int countOf(Kestra::Proc::CheckedStream::Kind kind) const;
 
     /// For what is not one file, as they stand at their place.
     void namePictures(const SequenceName& sequence);
@@ -30,9 +33,10 @@ struct ExportFacts {
     int height = 0;
     std::string videoCodec; ///< empty without picture
     std::string audioCodec; ///< empty without sound
-    int sampleRate = 0;
+    int sampleRate = 0;     ///< of the first track of sound, as channels and codec
     int channels = 0;
     std::vector<Kestra::Proc::CheckedStream> streams; ///< each as it was found
+    int chapters = 0;
     qint64 elapsedMs = 0;
     double speed = 0; ///< seconds of media a second
 };

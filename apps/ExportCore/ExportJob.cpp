@@ -20,6 +20,7 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
+#include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -210,19 +211,30 @@ void ExportJob::onMeasured(const std::exception_ptr& error) {
     attempt([this, &error] {
         if (error)
             std::rethrow_exception(error);
-        changeLoudness(LoudnessGain::to(*request.loudness, loudnessTask->loudness()));
+        changeLoudness();
         beginOutput();
     });
 }
 
-void ExportJob::changeLoudness(const LoudnessGain& gain) {
-    outcome.notes << QString::fromStdString(gain.note);
-    if (!loudnessTask->loudness().integrated)
-        return;
+/// Each track of sound has its own.
+void ExportJob::changeLoudness() {
+    const auto& heard = loudnessTask->loudness();
     Render::Sequence sequence = opening->sequence();
-    double& ceiling = sequence.sound.ceiling.emplace(sequence.sound.ceiling.value_or(1));
-    ceiling = std::min(ceiling, LoudnessGain::CEILING);
-    sequence.sound.gain = gain.factor;
+    bool changes = false;
+    for (std::size_t track = 0; track < heard.size(); ++track) {
+        const std::string what = heard.size() > 1 ? "Sound track " + std::to_string(track + 1) : "The sound";
+        const LoudnessGain gain = LoudnessGain::to(*request.loudness, heard[track], what);
+        outcome.notes << QString::fromStdString(gain.note);
+        if (!heard[track].integrated)
+            continue;
+        Render::SoundOptions& sound = track == 0 ? sequence.sound : sequence.furtherSounds.at(track - 1).sound;
+        double& ceiling = sound.ceiling.emplace(sound.ceiling.value_or(1));
+        ceiling = std::min(ceiling, LoudnessGain::CEILING);
+        sound.gain = gain.factor;
+        changes = true;
+    }
+    if (!changes)
+        return;
     project->show(std::move(sequence));
     if (streamRange != Types::Range())
         project->describe(streamRange);
@@ -283,8 +295,29 @@ void ExportJob::beginTranscoding() {
     if (!transcoder->initialize(data, error))
         KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::InvalidArgument, error.toStdString()));
     expect();
-    plan();
+    noteMixedSounds();
     noteProgramme();
+    plan();
+}
+
+/// A file that holds several tracks has them all in the first one's format.
+void ExportJob::noteMixedSounds() {
+    if (!expected.hasAudio)
+        return;
+    const auto mostOf = [](const Render::Sequence& track) {
+        int most = 0;
+        for (const auto& source : track.media->sources())
+            most = std::max(most, source->GetInfo().audio ? source->GetInfo().audio->channels : 0);
+        return most;
+    };
+    const int channels = Kestra::Conf::CountChannels(transcoder->audioPreset().channelLayout);
+    const Render::Sequence& sequence = opening->sequence();
+    for (std::size_t track = 0; track < sequence.furtherSounds.size(); ++track)
+        if (const int own = mostOf(sequence.furtherSounds[track]); own > channels && mostOf(sequence) <= channels)
+            outcome.notes << tr("Sound track %1 is mixed from %2 channels to %3, as many as the first one has")
+                                 .arg(track + 2)
+                                 .arg(own)
+                                 .arg(channels);
 }
 
 /// What the container has no place for.
@@ -342,6 +375,7 @@ void ExportJob::expect() {
     const Project::StreamLengths lengths = lengthsOf(video, audio);
     expected.hasVideo = video != nullptr;
     expected.hasAudio = audio != nullptr;
+    expected.furtherSounds = audio ? static_cast<int>(opening->sequence().furtherSounds.size()) : 0;
     expected.frames = lengths.videoFrames;
     expected.videoDuration = lengths.videoDuration;
     expected.audioDuration = lengths.audioDuration;

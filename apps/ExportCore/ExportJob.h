@@ -43,7 +43,6 @@ class BackgroundTask;
 class FileCheckTask;
 class IOutputTransaction;
 class InputOpening;
-struct LoudnessGain;
 class LoudnessTask;
 class OutputOpening;
 
@@ -100,13 +99,14 @@ private:
     void editPreset();
     void measureSound();
     void onMeasured(const std::exception_ptr& error);
-    void changeLoudness(const LoudnessGain& gain);
+    void changeLoudness();
     void beginOutput();
     void onOutputMade(const std::exception_ptr& error);
     void beginTranscoding();
     qint64 forecastPictures() const;
     /// Of what is written: the private file, or the pattern in the private folder.
     QByteArray writtenPath() const;
+    void noteMixedSounds();
     void noteProgramme();
     void promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container);
     void connectTranscoder();
@@ -119,6 +119,7 @@ private:
 
     void plan();
     std::vector<ExportPlan::Stream> plannedStreams() const;
+    void addPlannedExtras(ExportPlan& plan) const;
     void requireRoom() const;
     void onTrialEnded();
 

@@ -8,7 +8,10 @@
 #include "ExportCore/SizeText.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/Codec.h"
+#include "Kestra/Conf/Container.h"
+#include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -52,9 +55,34 @@ ExportPlan::Stream soundOf(const Export::PresetProvider& provider, const Media::
     return stream;
 }
 
+void name(ExportPlan::Stream& stream, const Kestra::Conf::ProgrammeInfo::TrackName& name) {
+    stream.language = name.language;
+    stream.title = name.title;
+    stream.isDefault = name.isDefault;
+}
+
+ExportPlan::Stream subtitlesOf(const Kestra::Conf::Subtitles& subtitles, const Kestra::Conf::Container& container) {
+    ExportPlan::Stream stream;
+    stream.kind = ExportPlan::Stream::Kind::Subtitles;
+    stream.codec = subtitles.styled && container.styledSubtitles ? container.styledSubtitles : container.subtitles;
+    stream.language = subtitles.language;
+    stream.title = subtitles.title;
+    stream.forced = subtitles.forced;
+    return stream;
+}
+
+ExportPlan::Stream coverOf(const Kestra::Conf::ProgrammeInfo::Cover& cover) {
+    ExportPlan::Stream stream;
+    stream.kind = ExportPlan::Stream::Kind::Cover;
+    stream.codec = cover.mimeType == "image/png" ? "png" : "mjpeg";
+    stream.width = cover.width;
+    stream.height = cover.height;
+    return stream;
+}
+
 } // namespace
 
-/// After expect().
+/// After expect() and noteProgramme().
 void ExportJob::plan() {
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     const Passes passes = Passes::of(provider->preset(), expected.hasVideo);
@@ -64,8 +92,10 @@ void ExportJob::plan() {
     plan.container = provider->preset().containerId();
     plan.passes = passes.count;
     plan.streams = plannedStreams();
+    addPlannedExtras(plan);
     plan.estimate = OutputEstimate::of(*provider, expected.hasVideo ? &project->video() : nullptr,
-                                       expected.hasAudio ? &project->audio() : nullptr, Types::fromAvTime(length));
+                                       expected.hasAudio ? &project->audio() : nullptr, Types::fromAvTime(length),
+                                       1 + expected.furtherSounds);
     plan.estimate.frames = expected.frames;
     plan.freeBytes = outputOpening->freeBytes();
     forecast.emplace(RunForecast::Run{passes.count, expected.frames, passes.laterCosts});
@@ -81,9 +111,34 @@ std::vector<ExportPlan::Stream> ExportJob::plannedStreams() const {
     std::vector<ExportPlan::Stream> streams;
     if (expected.hasVideo)
         streams.push_back(pictureOf(*provider, project->video(), transcoder->videoPreset()));
-    if (expected.hasAudio)
+    const Kestra::Conf::ProgrammeInfo& programme = expected.programme.programme;
+    if (expected.hasVideo)
+        name(streams.back(), programme.picture);
+    for (int track = 0; expected.hasAudio && track <= expected.furtherSounds; ++track) {
         streams.push_back(soundOf(*provider, project->audio()));
+        const auto further = static_cast<std::size_t>(track) - 1;
+        if (track == 0)
+            name(streams.back(), programme.sound);
+        else if (further < programme.furtherSounds.size())
+            name(streams.back(), programme.furtherSounds[further]);
+    }
     return streams;
+}
+
+/// What the file has beside pictures and sound.
+void ExportJob::addPlannedExtras(ExportPlan& plan) const {
+    using Kestra::ClientAPI::ContainerLimits;
+    using Kestra::ClientAPI::ProgrammeField;
+    const Kestra::Conf::ProgrammeInfo& programme = expected.programme.programme;
+    const Kestra::Conf::Container* const container = Kestra::Conf::Container::Find(plan.container);
+    for (const Kestra::Conf::Subtitles& track : programme.subtitles)
+        if (!ContainerLimits::SubtitlesIn(plan.container, track).cues.empty())
+            plan.streams.push_back(subtitlesOf(track, *container));
+    const bool hasCover = !programme.cover.bytes.empty() && !expected.hasVideo;
+    if (hasCover && ContainerLimits::Holds(plan.container, ProgrammeField::Cover))
+        plan.streams.push_back(coverOf(programme.cover));
+    if (ContainerLimits::Holds(plan.container, ProgrammeField::Chapters))
+        plan.chapters = static_cast<int>(programme.chapters.size());
 }
 
 void ExportJob::requireRoom() const {

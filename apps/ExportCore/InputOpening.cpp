@@ -1,5 +1,6 @@
 #include "ExportCore/InputOpening.h"
 
+#include "ExportCore/AllSounds.h"
 #include "ExportCore/InputProgramme.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
@@ -87,6 +88,9 @@ void InputOpening::openFiles(Opened& opened, const std::vector<Kestra::ioPath>& 
     opened.at = 0;
     if (!preset)
         return;
+    if (request.tracks.sound == TrackOptions::Sound::All && preset->hasAudio())
+        opened.sequence =
+            AllSounds::of(opened.sequence, paths, preset->containerId(), interrupted, request.mediaLimits);
     InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(*preset), interrupted);
     opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>(std::move(told.programme));
     opened.notes = std::move(told.notes);
@@ -127,6 +131,8 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
         KESTRA_THROW(Refusal(refusalOf(path, timeline)));
     RequestCheck::outputIsNoneOf(timeline.reading.named, request, preset);
     opened.sequence = timeline.sequence(&interrupted);
+    if (request.tracks.sound == TrackOptions::Sound::All)
+        AllSounds::requireOneEach(opened.sequence);
     if (preset)
         InputProgramme::noteLeftOut(opened.sequence, request.tracks, fileOf(*preset));
     if (!request.tracks.metadata)

@@ -3,9 +3,11 @@
 #include "ExportCore/LeftOut.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SubtitleJoin.h"
+#include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/Language.h"
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <utility>
@@ -51,8 +53,12 @@ public:
             differ = differ || (!name.language.empty() && !Language::AreSame(name.language, track->language));
             name.language = name.language.empty() ? track->language : name.language;
         }
-        if (title && *title != track->title)
+        if (!title)
+            name.isDefault = track->isDefault;
+        if (title && *title != track->title) {
+            titlesDiffer = true;
             title = std::string();
+        }
         title = title.value_or(track->title);
     }
 
@@ -66,13 +72,26 @@ public:
             notes.push_back(what + " language, " + name.language + ", is left out: the file has no place for it");
         else if (name.language.find_first_of("-_") != std::string::npos)
             notes.push_back(what + " language, " + name.language + ", is told as " + held);
-        return {differ ? std::string() : held, title.value_or(std::string())};
+        return {differ ? std::string() : held, titleIn(container, what, notes)};
     }
+    /// As the first medium has it.
+    bool isDefault() const { return name.isDefault; }
 
 private:
+    std::string titleIn(const std::string& container, const std::string& what, std::vector<std::string>& notes) const {
+        const std::string told = title.value_or(std::string());
+        const bool held = ContainerLimits::Holds(container, ProgrammeField::TrackTitles);
+        if (titlesDiffer)
+            notes.push_back(what + " title is left out: the inputs' differ");
+        else if (!told.empty() && !held)
+            notes.push_back(what + " title, \"" + told + "\", is left out: the file has no place for it");
+        return held && !titlesDiffer ? told : std::string();
+    }
+
     ProgrammeInfo::TrackName name;
     std::optional<std::string> title;
-    bool differ = false;
+    bool differ = false; ///< the languages
+    bool titlesDiffer = false;
 };
 
 /// What a preset has no room for by its nature is not told of.
@@ -106,13 +125,23 @@ public:
         isFirst = false;
     }
 
+    /// `opened` is the medium, opened for that track of it.
+    void addFurtherSound(std::size_t track, const Source& medium, const Kestra::Proc::IMediaSource& opened) {
+        furtherSounds.resize(std::max(furtherSounds.size(), track + 1));
+        const auto& audio = opened.GetInfo().audio;
+        if (!audio)
+            return;
+        lefts[medium.get()].keptTracks.insert(audio->index);
+        furtherSounds[track].add(opened.GetInfo().contents, audio->index);
+    }
+
     InputProgramme finish() {
         InputProgramme result;
         result.programme = std::move(programme);
         if (options.metadata && file.picture)
             result.programme.picture = picture.in(file.container, "The picture's", result.notes);
         if (options.metadata && file.sound)
-            result.programme.sound = sound.in(file.container, "The sound's", result.notes);
+            nameSounds(result);
         if (shortened)
             result.notes.emplace_back("Titles of chapters are cut off: the file has no place for such long ones");
         result.programme.subtitles = subtitles.take(file.container, options.metadata, result.notes);
@@ -123,6 +152,18 @@ public:
     }
 
 private:
+    void nameSounds(InputProgramme& result) const {
+        ProgrammeInfo::TrackName& first = result.programme.sound;
+        first = sound.in(file.container, "The sound's", result.notes);
+        first.isDefault = !furtherSounds.empty() && sound.isDefault(); // of one alone nobody asks
+        int number = 1;
+        for (const CommonName& track : furtherSounds) {
+            const std::string what = "Sound track " + std::to_string(++number) + "'s";
+            result.programme.furtherSounds.push_back(track.in(file.container, what, result.notes));
+            result.programme.furtherSounds.back().isDefault = track.isDefault();
+        }
+    }
+
     bool holds(ProgrammeField field) const { return ContainerLimits::Holds(file.container, field); }
 
     void addMetadata(const MediaInfo& info, LeftOut& left, std::int64_t at, std::int64_t lasting) {
@@ -132,6 +173,7 @@ private:
             addChapters(contents, at, lasting);
         if (isFirst)
             addTags(contents, left);
+        addTimecode(info, left, at);
         if (info.video)
             picture.add(contents, info.video->index);
         if (info.audio)
@@ -165,6 +207,20 @@ private:
                 left.lostTags.insert(tag.first);
     }
 
+    /// The first medium's is that of the whole; those of others are nothing new where they go on with it.
+    void addTimecode(const MediaInfo& info, LeftOut& left, std::int64_t at) {
+        if (!info.timecode || &info == timed)
+            return;
+        const std::int64_t start = *info.timecode - (info.video ? info.video->start : 0);
+        if (isFirst && file.picture && holds(ProgrammeField::TimeCode)) {
+            programme.timecode = start;
+            programme.dropFrame = info.timecodeDropsNumbers;
+            timed = &info;
+        }
+        constexpr std::int64_t rounding = Kestra::TIME_BASE / 100;
+        left.lostTimecode = !programme.timecode || std::abs(*programme.timecode + at - start) > rounding;
+    }
+
     void addSubtitles(Kestra::Proc::IMediaSource& source, LeftOut& left, std::int64_t at, std::int64_t lasting) {
         std::vector<int> tracks;
         for (const ListedTrack& track : source.GetInfo().contents.tracks)
@@ -185,21 +241,14 @@ private:
     ProgrammeInfo programme;
     CommonName picture;
     CommonName sound;
+    std::vector<CommonName> furtherSounds;
     SubtitleJoin subtitles;
     std::vector<Source> sources; ///< each once
     std::map<const Kestra::Proc::IMediaSource*, LeftOut> lefts;
+    const MediaInfo* timed = nullptr; ///< whose time code is the file's
     bool isFirst = true;
     bool shortened = false; ///< the title of a chapter
 };
-
-void requireOneSound(const Source& source) {
-    const int count = source->GetInfo().audioTracks;
-    if (count > 1)
-        KESTRA_THROW(
-            Refusal("Cannot put all " + std::to_string(count) + " sound tracks of \"" + source->GetPath().ToUtf8() +
-                    "\" into one file: an export has one; --audio takes the number or the language of one, for "
-                    "an export each"));
-}
 
 } // namespace
 
@@ -210,11 +259,12 @@ InputProgramme InputProgramme::of(const Render::Sequence& sequence, const std::v
     bool hasSound = false;
     Kestra::Ticks at;
     for (std::size_t i = 0; i < media.size(); ++i) {
-        const Source source = sequence.media->open({{}, Timeline::MediaFile{media[i]}}, &interrupted);
-        if (options.sound == TrackOptions::Sound::All)
-            requireOneSound(source);
+        const Timeline::MediaReference reference{{}, Timeline::MediaFile{media[i]}};
+        const Source source = sequence.media->open(reference, &interrupted);
         hasSound = hasSound || source->GetInfo().audio.has_value();
         builder.add(source, at, items[i].duration);
+        for (std::size_t track = 0; track < sequence.furtherSounds.size(); ++track)
+            builder.addFurtherSound(track, source, *sequence.furtherSounds[track].media->open(reference, &interrupted));
         at += items[i].duration;
     }
     if (options.sound == TrackOptions::Sound::Chosen && !hasSound)

@@ -67,6 +67,7 @@ std::string LeftOut::of(const MediaContents& contents) const {
     if (!contents.programme.title.empty() && !title)
         add("title");
     add(tagsOf(contents, *this));
+    add(lostTimecode ? "time code" : "");
     return parts.empty() ? std::string() : "left out: " + NameList::joined(parts, ", ", ", ");
 }
 

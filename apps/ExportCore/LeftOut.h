@@ -15,9 +15,10 @@ struct EXPORTCORE_EXPORT LeftOut {
     bool title = false;
     bool tags = false;
     std::set<std::string> lostTags; ///< keys, of tags that come
+    bool lostTimecode = false;      ///< there is one, and it does not come
 
-    /// Everything else, as a note: "left out: 1 sound track (2, eng), 2 subtitle tracks (3; 4), 5 chapters, tags";
-    /// empty where that is nothing. Tracks have the container's numbers.
+    /// Everything else, as a note: "left out: 1 sound track (2, eng), 2 subtitle tracks (3; 4), 5 chapters, tags, time
+    /// code"; empty where that is nothing. Tracks have the container's numbers.
     std::string of(const Kestra::Proc::MediaContents& contents) const;
 };
 

@@ -34,13 +34,13 @@ std::string changeInWords(double change) {
 
 const double LoudnessGain::CEILING = factorOf(-1.5);
 
-LoudnessGain LoudnessGain::to(double targetLufs, const Kestra::Proc::Loudness& loudness) {
+LoudnessGain LoudnessGain::to(double targetLufs, const Kestra::Proc::Loudness& loudness, const std::string& what) {
     if (!loudness.integrated)
-        return {1, "The sound has no loudness, being too quiet or too short, and stays as it is"};
+        return {1, what + " has no loudness, being too quiet or too short, and stays as it is"};
     const double wanted = targetLufs - *loudness.integrated;
     const double change = std::clamp(wanted, -MOST_DB, MOST_DB);
     LoudnessGain gain{factorOf(change), {}};
-    gain.note = "The sound has " + inWords(*loudness.integrated) + " LUFS and " + changeInWords(change);
+    gain.note = what + " has " + inWords(*loudness.integrated) + " LUFS and " + changeInWords(change);
     if (change != wanted)
         gain.note += ", not by the " + inWords(std::abs(wanted)) + " dB to " + inWords(targetLufs) + " LUFS";
     const double above = decibels(loudness.truePeak * gain.factor / CEILING);

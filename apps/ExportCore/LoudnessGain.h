@@ -15,7 +15,9 @@ struct EXPORTCORE_EXPORT LoudnessGain {
 
     /// Sound that has no loudness stays as it is, and so does what is more than 36 dB away from the target as far as it
     /// is more.
-    static LoudnessGain to(double targetLufs, const Kestra::Proc::Loudness& loudness);
+    /// `what` begins the note: "The sound".
+    static LoudnessGain to(double targetLufs, const Kestra::Proc::Loudness& loudness,
+                           const std::string& what = "The sound");
     /// "-14", "-23.5", "-14 LUFS" ...; throws Refusal for what is none, or outside QUIETEST to LOUDEST.
     static double parse(const std::string& text);
 

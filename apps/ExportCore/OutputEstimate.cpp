@@ -125,16 +125,16 @@ qint64 bytesOf(const Rate& rate, KTime duration) {
 }
 
 /// What a container tells of itself, and of every frame and packet of sound.
-qint64 overheadOf(const OutputEstimate& estimate) {
+qint64 overheadOf(const OutputEstimate& estimate, int sounds) {
     constexpr qint64 HEAD = 4096, OF_PACKET = 16, PACKETS_A_SECOND = 47;
     const qint64 packets = estimate.audioBytes > 0 ? estimate.duration.milliseconds() * PACKETS_A_SECOND / 1000 : 0;
-    return HEAD + OF_PACKET * (estimate.frames + packets);
+    return HEAD + OF_PACKET * (estimate.frames + sounds * packets);
 }
 
 } // namespace
 
 OutputEstimate OutputEstimate::of(const Export::PresetProvider& provider, const Media::Video* video,
-                                  const Media::Audio* audio, KTime duration) {
+                                  const Media::Audio* audio, KTime duration, int sounds) {
     OutputEstimate estimate;
     estimate.duration = std::max(duration, KTime(0));
     if (provider.videoExists(video)) {
@@ -146,10 +146,10 @@ OutputEstimate OutputEstimate::of(const Export::PresetProvider& provider, const 
     }
     if (provider.audioExists(audio)) {
         const Rate rate = rateOf(provider, *audio);
-        estimate.audioBytes = bytesOf(rate, estimate.duration);
+        estimate.audioBytes = sounds * bytesOf(rate, estimate.duration);
         estimate.rough = estimate.rough || rate.rough;
     }
-    estimate.sizeBytes = estimate.videoBytes + estimate.audioBytes + overheadOf(estimate);
+    estimate.sizeBytes = estimate.videoBytes + estimate.audioBytes + overheadOf(estimate, sounds);
     return estimate;
 }
 

@@ -16,10 +16,10 @@ namespace ExportCore {
 /// A value. The model is written down in docs/bitrates.md.
 struct EXPORTCORE_EXPORT OutputEstimate {
     /// For what the provider has selected, edits included (PresetEdit), and `duration` of these inputs, an outro's
-    /// length included. Null stands for a medium that the inputs lack or that is not exported. On the provider's
-    /// thread; touches no file.
+    /// length included. Null stands for a medium that the inputs lack or that is not exported; `sounds` is how many
+    /// tracks the audio stands for. On the provider's thread; touches no file.
     static OutputEstimate of(const Export::PresetProvider& provider, const Media::Video* video,
-                             const Media::Audio* audio, KTime duration);
+                             const Media::Audio* audio, KTime duration, int sounds = 1);
 
     KTime duration;
     qint64 frames = 0;     ///< exact; 0 without picture

@@ -94,11 +94,21 @@ std::string subtitleFault(const PromisedProgramme& promise, const CheckedFile& f
     return {};
 }
 
-std::string languageFault(const CheckedFile& file, CheckedStream::Kind kind, const ProgrammeInfo::TrackName& name) {
-    for (const CheckedStream* stream : streamsOf(file, kind))
-        if (!name.language.empty() && !Language::AreSame(stream->language, name.language))
-            return "a track is not told to be in the language " + name.language;
+/// `names` are those of the streams, in their order.
+std::string languageFault(const CheckedFile& file, CheckedStream::Kind kind,
+                          const std::vector<ProgrammeInfo::TrackName>& names) {
+    const auto streams = streamsOf(file, kind);
+    for (std::size_t track = 0; track < std::min(streams.size(), names.size()); ++track)
+        if (const std::string& language = names[track].language;
+            !language.empty() && !Language::AreSame(streams[track]->language, language))
+            return "a track is not told to be in the language " + language;
     return {};
+}
+
+std::vector<ProgrammeInfo::TrackName> soundsOf(const ProgrammeInfo& programme) {
+    std::vector<ProgrammeInfo::TrackName> names{programme.sound};
+    names.insert(names.end(), programme.furtherSounds.begin(), programme.furtherSounds.end());
+    return names;
 }
 
 } // namespace
@@ -115,8 +125,8 @@ std::string PromisedProgramme::faultOf(const CheckedFile& file) const {
         fault = "it does not have its title";
     if (holds(ProgrammeField::Chapters))
         look([&] { return chapterFault(*this, file.programme.chapters); });
-    look([&] { return languageFault(file, CheckedStream::Kind::Video, programme.picture); });
-    look([&] { return languageFault(file, CheckedStream::Kind::Audio, programme.sound); });
+    look([&] { return languageFault(file, CheckedStream::Kind::Video, {programme.picture}); });
+    look([&] { return languageFault(file, CheckedStream::Kind::Audio, soundsOf(programme)); });
     const bool hasPictures = !streamsOf(file, CheckedStream::Kind::Video).empty();
     if (!programme.cover.bytes.empty() && !hasPictures && holds(ProgrammeField::Cover) &&
         streamsOf(file, CheckedStream::Kind::Cover).empty())

@@ -10,11 +10,26 @@ using Kestra::ClientAPI::ProgrammeField;
 using Kestra::Conf::Language;
 using Kestra::Conf::Subtitles;
 
+namespace {
+
+/// Of text that is plain, or becomes it.
+void noteLostMarkup(const Subtitles& track, const std::string& container, std::vector<std::string>& notes) {
+    const auto holds = [&container](ProgrammeField field) { return ContainerLimits::Holds(container, field); };
+    if (track.styled) // what it has of its own goes with its styles, or stays with them
+        return;
+    if (track.HasColours() && !holds(ProgrammeField::SubtitleColours))
+        notes.emplace_back("Colours of subtitles are left out: the file has no place for them");
+    if (track.HasPlaces() && !holds(ProgrammeField::SubtitlePlaces))
+        notes.emplace_back("Places of subtitles on the picture are left out: the file has none for them");
+}
+
+} // namespace
+
 SubtitleJoin::Joined& SubtitleJoin::joinedFor(const Key& key, const Subtitles& track) {
     const auto [place, isNew] = places.emplace(key, tracks.size());
     if (!isNew)
         return tracks[place->second];
-    Joined begun{track, false};
+    Joined begun{track};
     begun.track.cues.clear();
     tracks.push_back(std::move(begun));
     return tracks.back();
@@ -29,8 +44,7 @@ bool SubtitleJoin::add(const Subtitles& track, std::int64_t at) {
     const bool isStyled = joined.track.styled || track.styled;
     joined.stylesDiffer = joined.stylesDiffer || (isStyled && joined.track.header != track.header);
     joined.track.styled = isStyled;
-    if (joined.track.title != track.title)
-        joined.track.title.clear();
+    joined.titlesDiffer = joined.titlesDiffer || joined.track.title != track.title;
     for (const Subtitles::Cue& cue : track.cues)
         joined.track.cues.push_back({cue.start + at, cue.end + at, cue.event});
     return true;
@@ -51,11 +65,14 @@ std::vector<Subtitles> SubtitleJoin::take(const std::string& container, bool nam
             !ContainerLimits::Holds(container, ProgrammeField::SubtitlesTogether))
             notes.push_back("Of more than " + std::to_string(Subtitles::MOST_TOGETHER) +
                             " subtitles at one time the first ones are kept: the file shows one at a time");
+        noteLostMarkup(track, container, notes);
+        if (named && joined.titlesDiffer)
+            notes.push_back("The subtitles' titles are left out: the inputs' differ");
         if (named && !track.language.empty() && held.empty())
             notes.push_back("The subtitles' language, " + track.language +
                             ", is left out: the file has no place for it");
         track.language = named ? held : std::string();
-        if (!named)
+        if (!named || joined.titlesDiffer)
             track.title.clear();
         taken.push_back(std::move(track));
     }

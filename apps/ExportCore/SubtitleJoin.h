@@ -29,6 +29,7 @@ private:
     struct Joined {
         Kestra::Conf::Subtitles track;
         bool stylesDiffer = false;
+        bool titlesDiffer = false;
     };
 
     Joined& joinedFor(const Key& key, const Kestra::Conf::Subtitles& track);

@@ -12,7 +12,7 @@ struct EXPORTCORE_EXPORT TrackOptions {
     enum class Sound {
         Main,   ///< the inputs' default
         Chosen, ///< as `choice` says
-        All,    ///< as long as no input has more than one
+        All,    ///< each a track of the file
         None,
     };
 

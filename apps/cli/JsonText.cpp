@@ -43,21 +43,54 @@ void addFacts(QJsonObject& object, const ExportFacts& facts) {
         object.insert(key("audio"), QJsonObject{{key("codec"), QString::fromStdString(facts.audioCodec)},
                                                 {key("sampleRate"), facts.sampleRate},
                                                 {key("channels"), facts.channels}});
+    object.insert(key("streams"), streamsOf(facts));
+    object.insert(key("chapters"), facts.chapters);
+}
+
+template <class Kind>
+QString nameOf(Kind kind) {
+    switch (kind) {
+    case Kind::Video:
+        return key("video");
+    case Kind::Audio:
+        return key("audio");
+    case Kind::Subtitles:
+        return key("subtitles");
+    case Kind::Cover:
+        return key("cover");
+    default:
+        return key("other");
+    }
+}
+
+/// Of a stream that is planned, or was found.
+template <class Stream>
+void addName(QJsonObject& object, const Stream& stream) {
+    if (!stream.language.empty())
+        object.insert(key("language"), QString::fromStdString(stream.language));
+    if (!stream.title.empty())
+        object.insert(key("title"), QString::fromStdString(stream.title));
+    if (stream.kind == Stream::Kind::Audio)
+        object.insert(key("default"), stream.isDefault);
+    if (stream.kind == Stream::Kind::Subtitles)
+        object.insert(key("forced"), stream.forced);
 }
 
 QJsonObject objectOf(const ExportPlan::Stream& stream, qint64 frames) {
-    const bool isPicture = stream.kind == ExportPlan::Stream::Kind::Video;
-    QJsonObject object{{key("kind"), key(isPicture ? "video" : "audio")},
-                       {key("codec"), QString::fromStdString(stream.codec)}};
-    if (isPicture) {
+    using Kind = ExportPlan::Stream::Kind;
+    QJsonObject object{{key("kind"), nameOf(stream.kind)}, {key("codec"), QString::fromStdString(stream.codec)}};
+    if (stream.kind == Kind::Video || stream.kind == Kind::Cover) {
         object.insert(key("width"), stream.width);
         object.insert(key("height"), stream.height);
+    }
+    if (stream.kind == Kind::Video) {
         object.insert(key("frameRate"), fractionText(stream.frameRate));
         object.insert(key("frames"), frames);
-    } else {
+    } else if (stream.kind == Kind::Audio) {
         object.insert(key("sampleRate"), stream.sampleRate);
         object.insert(key("channels"), stream.channels);
     }
+    addName(object, stream);
     if (!stream.profile.empty())
         object.insert(key("profile"), QString::fromStdString(stream.profile));
     if (stream.bitrateBps > 0)
@@ -70,9 +103,7 @@ QJsonObject objectOf(const ExportPlan::Stream& stream, qint64 frames) {
 QJsonObject objectOf(const Kestra::Proc::CheckedStream& stream) {
     using Kind = Kestra::Proc::CheckedStream::Kind;
     const auto milliseconds = [](std::int64_t time) { return Types::fromAvTime(time).milliseconds(); };
-    QJsonObject object{{key("kind"), key(stream.kind == Kind::Video   ? "video"
-                                         : stream.kind == Kind::Audio ? "audio"
-                                                                      : "other")},
+    QJsonObject object{{key("kind"), nameOf(stream.kind)},
                        {key("codec"), QString::fromStdString(stream.codec)},
                        {key("packets"), static_cast<qint64>(stream.packets)},
                        {key("startMs"), milliseconds(stream.start)},
@@ -84,6 +115,7 @@ QJsonObject objectOf(const Kestra::Proc::CheckedStream& stream) {
         object.insert(key("sampleRate"), stream.sampleRate);
         object.insert(key("channels"), stream.channels);
     }
+    addName(object, stream);
     return object;
 }
 
@@ -122,6 +154,7 @@ QJsonObject planObject(const ExportPlan& plan) {
             {key("container"), QString::fromStdString(plan.container)},
             {key("passes"), plan.passes},
             {key("streams"), streams},
+            {key("chapters"), plan.chapters},
             {key("durationMs"), plan.estimate.duration.milliseconds()},
             {key("sizeBytes"), plan.estimate.sizeBytes},
             {key("sizeIsRough"), plan.estimate.rough},

@@ -49,6 +49,45 @@ std::string soundText(const ExportPlan::Stream& stream) {
     return stream.bitrateBps > 0 ? text + ", " + OutcomeText::bitrate(stream.bitrateBps) : text;
 }
 
+std::string withoutName(const ExportPlan::Stream& stream, qint64 frames) {
+    switch (stream.kind) {
+    case ExportPlan::Stream::Kind::Video:
+        return pictureText(stream, frames);
+    case ExportPlan::Stream::Kind::Audio:
+        return soundText(stream);
+    case ExportPlan::Stream::Kind::Subtitles:
+        return "subtitles: " + stream.codec;
+    case ExportPlan::Stream::Kind::Cover:
+        break;
+    }
+    return "cover: " + stream.codec + ' ' + std::to_string(stream.width) + 'x' + std::to_string(stream.height);
+}
+
+std::string textOf(const ExportPlan::Stream& stream, qint64 frames) {
+    using ExportCore::PlainText;
+    std::string text = withoutName(stream, frames);
+    if (!stream.language.empty())
+        text += ", " + PlainText::escaped(stream.language);
+    if (!stream.title.empty())
+        text += ", \"" + PlainText::escaped(stream.title) + '"';
+    return text + (stream.isDefault ? ", default" : "") + (stream.forced ? ", forced" : "");
+}
+
+/// What the file has beside its pictures and its first sound.
+std::string extrasText(const ExportFacts& facts) {
+    using Kind = Kestra::Proc::CheckedStream::Kind;
+    std::string text;
+    const auto add = [&text](int count, const char* what) {
+        if (count > 0)
+            text += ", " + counted(count, what);
+    };
+    add(facts.countOf(Kind::Audio) - 1, "further sound track");
+    add(facts.countOf(Kind::Subtitles), "subtitle track");
+    add(facts.chapters, "chapter");
+    add(facts.countOf(Kind::Cover), "cover");
+    return text;
+}
+
 std::string roomText(const ExportPlan& plan) {
     return plan.freeBytes ? "; " + ExportCore::SizeText::format(*plan.freeBytes) + " are free" : std::string();
 }
@@ -81,6 +120,7 @@ std::string OutcomeText::of(const ExportFacts& facts) {
     if (!facts.audioCodec.empty())
         text += ", " + facts.audioCodec + ' ' + std::to_string(facts.sampleRate) + " Hz, " +
                 counted(facts.channels, "channel");
+    text += extrasText(facts);
     char tail[96];
     std::snprintf(tail, sizeof tail, ", %lld bytes, made in %.1f s (%.2fx)", static_cast<long long>(facts.sizeBytes),
                   static_cast<double>(facts.elapsedMs) / 1000, facts.speed);
@@ -92,10 +132,9 @@ std::string OutcomeText::of(const ExportPlan& plan) {
                        ExportCore::TimeText::format(plan.estimate.duration) + ", " + plan.container +
                        " by the preset " + plan.preset + '\n';
     for (const ExportPlan::Stream& stream : plan.streams)
-        text += "  " +
-                (stream.kind == ExportPlan::Stream::Kind::Video ? pictureText(stream, plan.estimate.frames)
-                                                                : soundText(stream)) +
-                '\n';
+        text += "  " + textOf(stream, plan.estimate.frames) + '\n';
+    if (plan.chapters > 0)
+        text += "  chapters: " + std::to_string(plan.chapters) + '\n';
     text += "  size: " + roughly(plan.estimate.rough) + ExportCore::SizeText::format(plan.estimate.sizeBytes) +
             roomText(plan) + '\n';
     return text + "  time: " + durationText(plan) + '\n';

@@ -108,15 +108,16 @@ void CommandLine::addTracks() {
     render
         ->add_option(
             "--audio", audioText,
-            "The sound track: its number, as info lists it, or its language; none; all, where there is one; by "
-            "default the inputs' own choice")
+            "The sound track: its number, as info lists it, or its language; none; all of them; by default the "
+            "inputs' own choice")
         ->type_name("TRACK")
         ->check(checkAudio);
     const auto addSwitch = [this](const char* name, std::string& text, const char* what) {
         addChoice(*render, name, text, {"kept", "none"}, what)->capture_default_str();
     };
     addSwitch("--video", videoText, "The picture");
-    addSwitch("--metadata", metadataText, "Title, tags, chapters, languages, cover, as far as the file can hold them");
+    addSwitch("--metadata", metadataText,
+              "Title, tags, chapters, languages, cover, time code, as far as the file can hold them");
     addSwitch("--subtitles", subtitlesText, "Subtitles of text, where the file can hold them");
 }
 

@@ -59,7 +59,8 @@ QJsonObject fileObject(const ExportCore::ExportFacts& facts) {
     QJsonObject file{{key("path"), facts.path},
                      {key("sizeBytes"), facts.sizeBytes},
                      {key("durationMs"), facts.durationMs},
-                     {key("streams"), streamsOf(facts)}};
+                     {key("streams"), streamsOf(facts)},
+                     {key("chapters"), facts.chapters}};
     if (!facts.firstPicture.isEmpty())
         file.insert(key("pictures"), picturesObject(facts));
     return file;

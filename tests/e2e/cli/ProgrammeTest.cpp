@@ -1,5 +1,7 @@
 // What the inputs say of themselves, in the file that is made of them.
 #include "TracksFixture.h"
+#include <QJsonArray>
+#include <array>
 #include <gmock/gmock.h>
 
 using ::testing::HasSubstr;
@@ -150,6 +152,113 @@ TEST_F(Programmes, HaveSubtitlesInWebmAndMovToo) {
     const auto back = render({place / "a.mov", "-p", MKV}, "b.mkv");
     EXPECT_EQ(back.all("subtitle")[0].codec, "subrip");
     EXPECT_EQ(back.subtitleText(0), "Häuser und Höfe 0.20-1.20, More 1.50-1.90");
+}
+
+TEST_F(Programmes, ArePlannedAndToldWithWhatTheFileHolds) {
+    const std::string path = film();
+    const Result planned = run({"render", path, "-p", MKV, "-o", place / "a.mkv", "--dry-run"});
+    for (const char* line : {"  sound: flac 48000 Hz, 1 channel, ger\n", "  subtitles: subrip, ger\n",
+                             "  subtitles: subrip, eng\n", "  chapters: 2\n"})
+        EXPECT_THAT(planned.output.toStdString(), HasSubstr(line));
+    const Result made = run({"render", path, "-p", MKV, "-o", place / "a.mkv", "--progress", "none"});
+    EXPECT_THAT(made.output.toStdString(), HasSubstr("1 channel, 2 subtitle tracks, 2 chapters, "));
+    const Result json = run({"render", path, "-p", MKV, "-o", place / "b.mkv", "--json"});
+    const QJsonObject object = jsonLines(json.output).last();
+    const QJsonArray streams = object[QStringLiteral("streams")].toArray();
+    ASSERT_EQ(streams.size(), 4);
+    EXPECT_EQ(streams[2].toObject()[QStringLiteral("kind")].toString(), QStringLiteral("subtitles"));
+    EXPECT_EQ(streams[2].toObject()[QStringLiteral("language")].toString(), QStringLiteral("ger"));
+    EXPECT_EQ(object[QStringLiteral("chapters")].toInt(), 2);
+    const std::string song =
+        make("song.mp3", {tone(440),
+                          {"-i", picture(), "-map", "0", "-map", "1", "-c:v", "copy", "-disposition:v", "attached_pic"},
+                          {"-c:a", "libmp3lame"}});
+    EXPECT_THAT(run({"render", song, "-p", "mp3", "-o", place / "a.mp3", "--dry-run"}).output.toStdString(),
+                HasSubstr("  cover: png 8x8\n"));
+    EXPECT_THAT(run({"render", song, "-p", "mp3", "-o", place / "a.mp3"}).output.toStdString(),
+                HasSubstr(", 1 cover, "));
+}
+
+TEST_F(Programmes, KeepTheTimeCodeOfTheFirstInput) {
+    const auto coded = [this](const std::string& name, const std::string& rate, const std::string& timecode) {
+        return make(
+            name,
+            {{"-f", "lavfi", "-i", "color=gray:s=64x64:d=2:r=" + rate}, tone(440), {"-timecode", timecode}, quick()});
+    };
+    const auto timecodeOf = [](const TestMedia::DescribedFile& file) {
+        const std::string ofFile = file.tag("timecode");
+        return ofFile.empty() ? file.all("video").at(0).tag("timecode") : ofFile;
+    };
+    const std::string path = coded("a.mov", "25", "10:00:00:00");
+    EXPECT_EQ(timecodeOf(render({path, "-p", MKV}, "a.mkv")), "10:00:00:00");
+    EXPECT_EQ(timecodeOf(render({path, "-p", MP4, "--in", "0.8"}, "a.mp4")), "10:00:00:20");
+    EXPECT_EQ(said, "");
+    EXPECT_EQ(timecodeOf(render({path, "-p", MKV, "--metadata", "none"}, "b.mkv")), "");
+    for (const char* timecode : {"01:00:00;02", "01:00:00:02"})
+        EXPECT_EQ(timecodeOf(render({coded("ntsc.mov", "30000/1001", timecode), "-p", MP4}, "b.mp4")), timecode);
+    render({path, "-p", "wav"}, "a.wav");
+    EXPECT_THAT(said, HasSubstr("time code\n"));
+    const std::string next = coded("next.mov", "25", "10:00:02:00");
+    render({path, next, "-p", MKV}, "c.mkv");
+    EXPECT_EQ(said, "") << "it goes on";
+    render({path, coded("other.mov", "25", "11:00:00:00"), "-p", MKV}, "c.mkv");
+    EXPECT_THAT(said, HasSubstr("other.mov\": left out: time code\n"));
+}
+
+TEST_F(Programmes, OfTracksWithTitlesThatTheFileCannotTellSaySo) {
+    const std::string path = make("a.mkv", {pictures(), tone(440), {"-metadata:s:a:0", "title=Commentary"}, quick()});
+    for (const auto& [preset, output] :
+         std::vector<std::pair<const char*, const char*>>{{"mp3", "a.mp3"}, {"flac", "a.flac"}, {"wav", "a.wav"}}) {
+        render({path, "-p", preset}, output);
+        EXPECT_THAT(said, HasSubstr("The sound's title, \"Commentary\", is left out: the file has no place for it\n"));
+    }
+    const std::string other = make("b.mkv", {pictures(), tone(440), {"-metadata:s:a:0", "title=Film"}, quick()});
+    EXPECT_EQ(render({path, other, "-p", MKV}, "c.mkv").all("audio").at(0).tag("title"), "");
+    EXPECT_THAT(said, HasSubstr("The sound's title is left out: the inputs' differ\n"));
+}
+
+TEST_F(Programmes, OfSubtitlesSayWhichMarkupIsLost) {
+    const std::string coloured = make("a.mkv", {pictures(),
+                                                tone(440),
+                                                {"-i", words("a.srt", "<font color=\"#ff0000\">red</font> words"),
+                                                 "-map", "0", "-map", "1", "-map", "2", "-c:s", "subrip"},
+                                                quick()});
+    const std::string placed =
+        make("b.mkv", {pictures(),
+                       tone(440),
+                       {"-i", words("b.srt", "{\\an8}above"), "-map", "0", "-map", "1", "-map", "2", "-c:s", "subrip"},
+                       quick()});
+    const char* const colours = "Colours of subtitles are left out: the file has no place for them\n";
+    const char* const places = "Places of subtitles on the picture are left out: the file has none for them\n";
+    render({coloured, "-p", "webm-vp9-720p"}, "a.webm");
+    EXPECT_EQ(said, std::string("editor-export: note: ") + colours);
+    render({placed, "-p", "webm-vp9-720p"}, "a.webm");
+    EXPECT_EQ(said, std::string("editor-export: note: ") + places);
+    render({placed, "-p", MP4}, "a.mp4");
+    EXPECT_EQ(said, std::string("editor-export: note: ") + places);
+    // What is kept can be read from the file again.
+    for (const auto& [path, preset, output, note] : std::vector<std::array<std::string, 4>>{
+             {coloured, MP4, "c.mp4", colours}, {coloured, MKV, "c.mkv", colours}, {placed, MKV, "d.mkv", places}}) {
+        render({path, "-p", preset}, output);
+        EXPECT_EQ(said, "") << output;
+        render({place / output, "-p", "webm-vp9-720p"}, "e.webm");
+        EXPECT_EQ(said, "editor-export: note: " + note) << output;
+    }
+    render({place / "c.mp4", "-p", MKV}, "f.mkv");
+    const std::string again = make("f.srt", {{"-i", place / "f.mkv", "-map", "0:s:0", "-c", "copy"}});
+    EXPECT_THAT(TestFiles::read(again).toStdString(), HasSubstr("<font color=\"#ff0000\">red</font> words"))
+        << "the colour ends where it did";
+}
+
+TEST_F(Programmes, OfSubtitlesNameThePlacesThatNobodyReads) {
+    const std::string vtt = write("a.vtt", "WEBVTT\n\n00:00.200 --> 00:01.200 line:0 align:start\nabove\n\n"
+                                           "00:01.500 --> 00:01.900\n<v Somebody>below</v>\n");
+    const std::string path =
+        make("a.webm", {pictures(), {"-i", vtt, "-map", "0", "-map", "1", "-c:s", "copy", "-c:v", "libvpx"}});
+    EXPECT_EQ(render({path, "-p", MKV}, "a.mkv").subtitleText(), "above 0.20-1.20, below 1.50-1.90");
+    EXPECT_THAT(
+        said, HasSubstr("1 of the subtitles of track 1 have a place of their own on the picture, which is left out\n"));
+    EXPECT_THAT(said, HasSubstr("1 of the subtitles of track 1 name speakers or classes, which are left out\n"));
 }
 
 TEST_F(Programmes, NameSubtitlesThatAreNoText) {

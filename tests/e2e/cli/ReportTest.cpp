@@ -104,6 +104,51 @@ TEST_F(Reports, HoldTheRequestTheStreamsAsOrderedAndAsFoundAndTheTimes) {
     EXPECT_EQ(found[1].toObject().value(name("sampleRate")).toInt(), 48000);
 }
 
+TEST_F(Reports, HoldEverythingThatTheFileHolds) {
+    const std::string words = place / "words.srt", tags = place / "tags", film = place / "several.mkv";
+    TestFiles::write(words, "1\n00:00:00,100 --> 00:00:00,400\nWords\n");
+    TestFiles::write(tags, ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=1000\ntitle=One\n");
+    TestMedia::runFfmpeg({"-i",
+                          clip,
+                          "-i",
+                          words,
+                          "-i",
+                          tags,
+                          "-map",
+                          "0:v",
+                          "-map",
+                          "0:a",
+                          "-map",
+                          "0:a",
+                          "-map",
+                          "1",
+                          "-map_metadata",
+                          "2",
+                          "-c:v",
+                          "copy",
+                          "-c:a",
+                          "copy",
+                          "-c:s",
+                          "subrip",
+                          "-metadata:s:a:1",
+                          "language=eng",
+                          "-metadata:s:a:1",
+                          "title=Words",
+                          film});
+    ASSERT_EQ(run({"render", film, "-p", "mp4-h264-480p", "-o", output, "--audio", "all", "--report", report}).code, 0);
+    const QJsonObject object = checkedReport();
+    for (const char* part : {"plan", "file"}) {
+        const QJsonObject told = object.value(name(part)).toObject();
+        const QJsonArray streams = told.value(name("streams")).toArray();
+        ASSERT_EQ(streams.size(), std::string(part) == "plan" ? 4 : 5) << part << ", with a track of chapters";
+        EXPECT_EQ(streams[2].toObject().value(name("kind")).toString(), name("audio")) << part;
+        EXPECT_EQ(streams[2].toObject().value(name("language")).toString(), name("eng")) << part;
+        EXPECT_EQ(streams[3].toObject().value(name("kind")).toString(), name("subtitles")) << part;
+        EXPECT_EQ(streams[3].toObject().value(name("codec")).toString(), name("mov_text")) << part;
+        EXPECT_EQ(told.value(name("chapters")).toInt(), 1) << part;
+    }
+}
+
 TEST_F(Reports, OfARefusalAndATrialHaveTheirForm) {
     EXPECT_EQ(render({"--report", report, "--quality", "nonsense"}).code, 2);
     const QJsonObject refused = checkedReport();

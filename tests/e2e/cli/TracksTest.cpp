@@ -1,4 +1,5 @@
 // Which of the inputs' tracks come into the file, and what "info" says of them.
+#include "TimelineFixture.h"
 #include "TracksFixture.h"
 #include "support/MediaProbe.h"
 #include <QJsonArray>
@@ -84,7 +85,39 @@ TEST_F(Tracks, ThatAreNotThereAreRefusedWithThoseThatAre) {
                                      "\": it has no such sound track; it has 1 (ger), 2 (eng)"));
     EXPECT_THAT(with("fr"), HasSubstr("it has 1 (ger), 2 (eng)"));
     EXPECT_THAT(with("french"), HasSubstr("is no sound track"));
-    EXPECT_THAT(with("all"), HasSubstr("Cannot put all 2 sound tracks of"));
+}
+
+TEST_F(Tracks, OfSoundAllComeOnOrderWithTheirNames) {
+    const std::string path = film();
+    for (const auto& [preset, output] :
+         std::vector<std::pair<const char*, const char*>>{{"mkv-ffv1-flac", "all.mkv"}, {"mp4-h264-480p", "all.mp4"}}) {
+        const auto sounds = render({path, "-p", preset, "--audio", "all"}, output).all("audio");
+        ASSERT_EQ(sounds.size(), 2U) << output;
+        const bool isFilm = output == std::string("all.mp4");
+        EXPECT_EQ(sounds[0].tag("language"), isFilm ? "deu" : "ger");
+        EXPECT_EQ(sounds[1].tag("language"), "eng") << output;
+        EXPECT_EQ(sounds[1].tag(isFilm ? "handler_name" : "title"), "Commentary");
+        EXPECT_EQ(sounds[0].disposition & 1, 1) << output;
+        EXPECT_EQ(sounds[1].disposition & 1, 0) << output;
+        EXPECT_EQ(said, "") << output;
+    }
+    const Result told = run({"render", path, "-p", "mkv-ffv1-flac", "-o", place / "b.mkv", "--audio", "all"});
+    EXPECT_THAT(told.output.toStdString(), HasSubstr("flac 48000 Hz, 2 channels, 1 further sound track, "));
+    const auto bare =
+        render({path, "-p", "mkv-ffv1-flac", "--audio", "all", "--metadata", "none"}, "bare.mkv").all("audio");
+    ASSERT_EQ(bare.size(), 2U);
+    EXPECT_EQ(bare[0].tag("language") + bare[1].tag("language") + bare[1].tag("title"), "");
+}
+
+TEST_F(Tracks, OfSoundOfATimelineAreNotAll) {
+    const std::string clip = clipOf("clip", film(), 0, 10);
+    const std::string timeline =
+        write("cut.otio", R"({"OTIO_SCHEMA":"Timeline.1","name":"cut","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+                          R"({"OTIO_SCHEMA":"Track.1","name":"A1","kind":"Audio","children":[)" +
+                              clip + "]}]}}");
+    const std::string why = refusal({timeline, "-p", "mkv-ffv1-flac", "-o", place / "a.mkv", "--audio", "all"});
+    EXPECT_THAT(why, HasSubstr("a timeline mixes its sound of one track of each medium"));
+    render({timeline, "-p", "flac"}, "a.flac");
 }
 
 TEST_F(Tracks, OfOneKindAreLeftOutOnOrder) {
@@ -112,6 +145,7 @@ TEST_F(Tracks, OfOneKindAreLeftOutOnOrder) {
 TEST_F(Tracks, OfSoundThatAreAloneAreAllOfThem) {
     const std::string path = make("one.mkv", {pictures(), tone(440), quick()});
     EXPECT_EQ(render({path, "-p", "mp4-h264-480p", "--audio", "all"}, "all.mp4").all("audio").size(), 1U);
+    render({path, "-p", "mp3", "--audio", "all"}, "all.mp3");
     const std::string mute = make("mute.mkv", {pictures(), quick()});
     render({mute, path, "-p", "mp4-h264-480p", "--audio", "1"}, "joined.mp4");
     EXPECT_THAT(refusal({mute, "-p", "mp4-h264-480p", "-o", place / "b.mp4", "--audio", "1"}),

@@ -77,6 +77,22 @@ TEST_F(Verdict, AMissingTrackIsFound) {
     EXPECT_TRUE(blames("no picture"));
 }
 
+TEST_F(Verdict, AFurtherSoundThatIsMissingShortOrLateIsFound) {
+    expected.furtherSounds = 1;
+    EXPECT_TRUE(blames("1 sound tracks instead of 2"));
+    file.streams.push_back(audio());
+    EXPECT_EQ(fault(), "");
+    CheckedStream& second = file.streams[2];
+    second.end = 3 * TIME_BASE;
+    EXPECT_TRUE(blames("sound track 2 lasts 00:00:03.000 instead of 00:00:04.000"));
+    second.start = TIME_BASE / 2;
+    second.end = 4 * TIME_BASE + TIME_BASE / 2;
+    EXPECT_TRUE(blames("its picture begins at 00:00:00.000 and its sound track 2 at 00:00:00.500"));
+    expected.hasVideo = false;
+    file.streams.erase(file.streams.begin());
+    EXPECT_TRUE(blames("its sound begins at 00:00:00.000 and its sound track 2 at 00:00:00.500"));
+}
+
 TEST_F(Verdict, ATrackThatNobodyOrderedIsFound) {
     expected.hasVideo = false;
     EXPECT_TRUE(blames("not asked for"));

@@ -43,6 +43,9 @@ TEST(LeftOut, NamesWhatTheMediumSaysOfItself) {
     LeftOut left;
     left.chapters = left.title = left.tags = true;
     EXPECT_EQ(left.of(contents), "");
+    left.lostTimecode = true;
+    EXPECT_EQ(left.of(contents), "left out: time code");
+    left.lostTimecode = false;
     left.lostTags = {"isrc"};
     EXPECT_EQ(left.of(contents), "left out: tag (isrc)");
     left.lostTags.insert("mood");

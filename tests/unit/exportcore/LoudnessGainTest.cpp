@@ -23,6 +23,8 @@ TEST(LoudnessGain, IsWhatLiesBetweenTheLoudnesses) {
     EXPECT_NEAR(20 * std::log10(lowered.factor), -15, 1e-9);
     EXPECT_EQ(lowered.note, "The sound has -8 LUFS and is lowered by 15 dB");
     EXPECT_EQ(LoudnessGain::to(-14, Loudness{-14.01, 0.5}).note, "The sound has -14 LUFS and stays");
+    EXPECT_EQ(LoudnessGain::to(-14, Loudness{-14.01, 0.5}, "Sound track 2").note,
+              "Sound track 2 has -14 LUFS and stays");
 }
 
 TEST(LoudnessGain, SaysThatPeaksAreTurnedDown) {

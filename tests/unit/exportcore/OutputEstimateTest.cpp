@@ -101,6 +101,14 @@ TEST_F(Estimate, OfSoundWithoutLossGoesByItsSamples) {
     EXPECT_GT(flac.audioBytes, wav.audioBytes / 3);
 }
 
+TEST_F(Estimate, CountsEachTrackOfSound) {
+    const OutputEstimate one = of("mp4", "mp4-h264-1080p");
+    const OutputEstimate three = OutputEstimate::of(*provider, &video, &audio, duration, 3);
+    EXPECT_EQ(three.audioBytes, 3 * one.audioBytes);
+    EXPECT_EQ(three.videoBytes, one.videoBytes);
+    EXPECT_GT(three.sizeBytes, one.sizeBytes + 2 * one.audioBytes) << "their packets, too";
+}
+
 TEST_F(Estimate, CountsNothingForWhatIsNotThere) {
     of("mp4", "mp4-h264-1080p");
     const OutputEstimate silent = OutputEstimate::of(*provider, &video, nullptr, duration);

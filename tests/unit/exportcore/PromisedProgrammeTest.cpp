@@ -96,6 +96,20 @@ TEST_F(Promise, IsBrokenWithoutTheLanguages) {
     EXPECT_NE(promised.faultOf(file), "");
 }
 
+TEST_F(Promise, IsBrokenWithoutTheLanguageOfAFurtherSound) {
+    CheckedStream second;
+    second.kind = CheckedStream::Kind::Audio;
+    second.language = "eng";
+    file.streams.insert(file.streams.begin() + 1, second);
+    promised.programme.furtherSounds = {{"eng", "Commentary"}};
+    EXPECT_EQ(promised.faultOf(file), "");
+    std::swap(file.streams[0].language, file.streams[1].language);
+    EXPECT_EQ(promised.faultOf(file), "a track is not told to be in the language deu");
+    std::swap(file.streams[0].language, file.streams[1].language);
+    file.streams[1].language = "fra";
+    EXPECT_EQ(promised.faultOf(file), "a track is not told to be in the language eng");
+}
+
 TEST_F(Promise, IsBrokenWithoutTheCover) {
     promised.programme.cover.bytes = "picture";
     EXPECT_EQ(promised.faultOf(file), "it lacks its cover");
