@@ -1,50 +1,21 @@
 // ExportCore::ExportJob: one export from the request to the checked file at its place.
 #pragma once
 
-#include "EditorProject/StreamLengths.h"
-#include "ExportCore/CutPoints.h"
-#include "ExportCore/ExpectedFile.h"
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
-#include "ExportCore/FileGrowth.h"
-#include "ExportCore/JobState.h"
-#include "ExportCore/PresetEdit.h"
-#include "ExportCore/RunForecast.h"
-#include "ExportCore/SequenceName.h"
-#include "ExportCore/Watchdog.h"
+#include "ExportCore/ExportRequest.h"
 #include "ExportCoreExport.h"
-#include <QByteArray>
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
-#include <array>
-#include <atomic>
 #include <exception>
-#include <functional>
 #include <memory>
-#include <optional>
-
-class EditorProject;
-class Preset;
-
-namespace Export {
-class PresetProvider;
-class Transcoder;
-} // namespace Export
 
 namespace Kestra::Proc {
 class PictureBox;
-struct DamageReport;
 } // namespace Kestra::Proc
 
 namespace ExportCore {
 
-class BackgroundTask;
-class FileCheckTask;
-class IOutputTransaction;
-class InputOpening;
-class LoudnessTask;
-class OutputOpening;
+class ExportRun;
 
 /// For one run: construct, connect, start(), wait for finished(). Lives on the thread of the model; every signal comes
 /// from that thread's event loop. Any number may run at once. Destruction ends a run that is under way; the output
@@ -79,123 +50,7 @@ Q_SIGNALS:
     void finished(const ExportCore::ExportOutcome& outcome);
 
 private:
-    /// The one way from state to state.
-    void enter(JobState next);
-    void attempt(const std::function<void()>& step);
-    void prepare();
-    void openInputs();
-    void onOpened(const std::exception_ptr& error);
-    void showTimeline();
-    void follow(BackgroundTask& task, Watchdog::Wait wait);
-    /// In the order in which they run; null where there is none yet.
-    std::array<BackgroundTask*, 4> tasks() const;
-    /// Asks the task that runs to come to its end; false when none does.
-    bool interruptTask();
-    bool engineRuns() const;
-    bool isPart(const QObject* object) const;
-    void selectPreset();
-    std::string choosePreset();
-    void cutInputs();
-    void editPreset();
-    void measureSound();
-    void onMeasured(const std::exception_ptr& error);
-    void changeLoudness();
-    void beginOutput();
-    void onOutputMade(const std::exception_ptr& error);
-    void beginTranscoding();
-    qint64 forecastPictures() const;
-    /// Of what is written: the private file, or the pattern in the private folder.
-    QByteArray writtenPath() const;
-    void noteMixedSounds();
-    void noteProgramme();
-    void promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container);
-    void connectTranscoder();
-    void expect();
-    Project::StreamLengths lengthsOf(const Media::Video* video, const Media::Audio* audio) const;
-    void expectOutro();
-    void countFrames();
-    void expectPictures();
-    Types::Range snappedExportRange() const;
-
-    void plan();
-    std::vector<ExportPlan::Stream> plannedStreams() const;
-    void addPlannedExtras(ExportPlan& plan) const;
-    void requireRoom() const;
-    void onTrialEnded();
-
-    void onStarted();
-    void onProgress(int percent, KTime remaining);
-    void endRunning(ExportOutcome::Status status);
-    void onFailed(const Kestra::Proc::ProcessingError& error);
-    void onStalled(Watchdog::Wait wait);
-    void breakOff(bool started);
-    std::string whatStalled(Watchdog::Wait wait) const;
-    std::string hungReads() const;
-    std::string whatHangs() const;
-    void tellHungReads();
-
-    void setFailure(const std::exception_ptr& error);
-    void setFailure(Kestra::Proc::ProcessingError error, ExportOutcome::Status status);
-    void collectDamage();
-    void collectNotes();
-    /// Where in the composition begins what is missing, when the request asks for it.
-    std::optional<KTime> missingFrom(const Kestra::Proc::DamageReport& report) const;
-    /// How a request that misses something from then on could ask for what is there.
-    std::string wayOut(KTime missing) const;
-    void concludeLater();
-    void conclude();
-    /// What is to be said of the run besides its verdict. Nothing of it runs any more.
-    void gather();
-    /// False when it could not begin, which is the run's failure.
-    bool checkFile();
-    void onChecked(const std::exception_ptr& error);
-    /// Lets go of the output. False when its file stands at its place all the same.
-    bool undo();
-    bool undoElsewhere();
-    void tellLeftover();
-    void concludeCommitted();
-    QString inUsersWords(const std::string& sentence) const;
-    void finish(ExportOutcome::Status status);
-    void tellReason();
-    void namePaths();
-
-    const ExportRequest request;
-    PresetEdit presetEdit;
-    CutPoints cut;
-    Types::Range streamRange;
-    std::unique_ptr<EditorProject> project;
-    std::shared_ptr<Kestra::Proc::PictureBox> pictureBox; ///< null where nobody looks
-    std::unique_ptr<Export::PresetProvider> provider;
-    std::unique_ptr<InputOpening> opening;
-    std::unique_ptr<LoudnessTask> loudnessTask;
-    std::unique_ptr<OutputOpening> outputOpening;
-    std::shared_ptr<IOutputTransaction> transaction; ///< the check's too
-    QByteArray unfinishedPath;                       ///< empty while there is none
-    std::optional<SequenceName> sequence;            ///< where each picture is a file of its own
-    /// The check's too. What is told of a finished file is known before it is moved to its place: from then on nothing
-    /// may fail.
-    struct Finished {
-        ExportFacts facts;
-        std::atomic<bool> factsKnown{false};
-        std::atomic<bool> folderSynced{false};
-    };
-    std::shared_ptr<Finished> finishedFile;
-    std::unique_ptr<Export::Transcoder> transcoder;
-    std::unique_ptr<FileCheckTask> check;
-    Watchdog watchdog;
-    QTimer conclusion;
-    QTimer trial; ///< of a run that is not to be made: how long it is tried
-    QElapsedTimer clock;
-    ExpectedFile expected;
-    std::optional<RunForecast> forecast;
-    std::optional<FileGrowth> growth;
-    qint64 startedAt = 0; ///< by the clock
-    ExportOutcome outcome;
-    JobState state = JobState::Made;
-    /// What ends the run before its file is done, the first cause; none while all is well.
-    std::optional<ExportOutcome::Status> verdict;
-    std::optional<Kestra::Proc::ProcessingError> failure; ///< of a run that is refused or has failed
-    std::optional<Kestra::Proc::ProcessingError> stall;   ///< of a run that was stopped
+    const std::unique_ptr<ExportRun> run;
 };
 
 } // namespace ExportCore

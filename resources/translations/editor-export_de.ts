@@ -1166,7 +1166,7 @@
         </message>
     </context>
     <context>
-        <name>ExportCore::ExportJob</name>
+        <name>ExportCore::ExportRun</name>
         <message>
             <source>The preset is %1, %2</source>
             <translation>Die Vorgabe ist %1, %2</translation>

@@ -1166,7 +1166,7 @@
         </message>
     </context>
     <context>
-        <name>ExportCore::ExportJob</name>
+        <name>ExportCore::ExportRun</name>
         <message>
             <source>The preset is %1, %2</source>
             <translation>El preajuste es %1, %2</translation>

@@ -1159,7 +1159,7 @@
         </message>
     </context>
     <context>
-        <name>ExportCore::ExportJob</name>
+        <name>ExportCore::ExportRun</name>
         <message>
             <source>The preset is %1, %2</source>
             <translation>プリセットは %1、%2</translation>

@@ -2,7 +2,7 @@
 #include "EditorProject/EditorProject.h"
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
-#include "ExportCore/ExportJob.h"
+#include "ExportCore/ExportRun.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/SizeText.h"
@@ -83,7 +83,7 @@ ExportPlan::Stream coverOf(const Kestra::Conf::ProgrammeInfo::Cover& cover) {
 } // namespace
 
 /// After expect() and noteProgramme().
-void ExportJob::plan() {
+void ExportRun::plan() {
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     const Passes passes = Passes::of(provider->preset(), expected.hasVideo);
     ExportPlan& plan = outcome.plan.emplace();
@@ -107,7 +107,7 @@ void ExportJob::plan() {
         requireRoom();
 }
 
-std::vector<ExportPlan::Stream> ExportJob::plannedStreams() const {
+std::vector<ExportPlan::Stream> ExportRun::plannedStreams() const {
     std::vector<ExportPlan::Stream> streams;
     if (expected.hasVideo)
         streams.push_back(pictureOf(*provider, project->video(), transcoder->videoPreset()));
@@ -126,7 +126,7 @@ std::vector<ExportPlan::Stream> ExportJob::plannedStreams() const {
 }
 
 /// What the file has beside pictures and sound.
-void ExportJob::addPlannedExtras(ExportPlan& plan) const {
+void ExportRun::addPlannedExtras(ExportPlan& plan) const {
     using Kestra::ClientAPI::ContainerLimits;
     using Kestra::ClientAPI::ProgrammeField;
     const Kestra::Conf::ProgrammeInfo& programme = expected.programme.programme;
@@ -141,7 +141,7 @@ void ExportJob::addPlannedExtras(ExportPlan& plan) const {
         plan.chapters = static_cast<int>(programme.chapters.size());
 }
 
-void ExportJob::requireRoom() const {
+void ExportRun::requireRoom() const {
     const ExportPlan& plan = *outcome.plan;
     if (!plan.freeBytes || plan.estimate.sizeBytes <= *plan.freeBytes)
         return;
@@ -152,7 +152,7 @@ void ExportJob::requireRoom() const {
                                         SizeText::format(*plan.freeBytes) + " are free"));
 }
 
-void ExportJob::onStarted() {
+void ExportRun::onStarted() {
     if (state == JobState::Ending) // a later pass
         return watchdog.expect(Watchdog::Wait::Stop);
     if (state != JobState::Starting && state != JobState::Running)
@@ -168,7 +168,7 @@ void ExportJob::onStarted() {
     Q_EMIT started();
 }
 
-void ExportJob::onProgress(int percent, KTime remaining) {
+void ExportRun::onProgress(int percent, KTime remaining) {
     if (state != JobState::Running)
         return;
     watchdog.expect(Watchdog::Wait::Progress);
@@ -188,7 +188,7 @@ void ExportJob::onProgress(int percent, KTime remaining) {
     Q_EMIT progressChanged(progress);
 }
 
-void ExportJob::onTrialEnded() {
+void ExportRun::onTrialEnded() {
     if (state != JobState::Running || verdict)
         return;
     const qint64 remaining = forecast->remaining(clock.elapsed());
@@ -196,7 +196,7 @@ void ExportJob::onTrialEnded() {
     endRunning(ExportOutcome::Status::Planned);
 }
 
-void ExportJob::endRunning(ExportOutcome::Status status) {
+void ExportRun::endRunning(ExportOutcome::Status status) {
     verdict = status;
     enter(JobState::Ending);
     watchdog.expect(Watchdog::Wait::Stop);

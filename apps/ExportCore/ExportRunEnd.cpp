@@ -1,10 +1,11 @@
 // How a run ends: stop, failure, stall; the check of the file and its way to its place.
-#include "ExportCore/ExportJob.h"
+#include "ExportCore/ExportRun.h"
 
 #include "EditorProject/EditorProject.h"
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
 #include "ExportCore/DamageText.h"
+#include "ExportCore/ExportJob.h"
 #include "ExportCore/FileCheckTask.h"
 #include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/InputOpening.h"
@@ -28,7 +29,7 @@ namespace ExportCore {
 using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
 
-void ExportJob::stop() {
+void ExportRun::stop() {
     if (state == JobState::Ended || verdict)
         return;
     if (state == JobState::Running)
@@ -39,7 +40,7 @@ void ExportJob::stop() {
         concludeLater();
 }
 
-void ExportJob::fail(const std::exception_ptr& error) {
+void ExportRun::fail(const std::exception_ptr& error) {
     if (state == JobState::Ended)
         return;
     setFailure(error);
@@ -52,8 +53,9 @@ namespace {
 /// The run, or the part of one, that the object belongs to; null where that cannot be told.
 const QObject* partWith(const QObject* object) {
     const auto isKnown = [](const QObject* part) {
-        return qobject_cast<const ExportJob*>(part) || qobject_cast<const Export::Transcoder*>(part) ||
-               qobject_cast<const EditorProject*>(part) || qobject_cast<const BackgroundTask*>(part);
+        return qobject_cast<const ExportJob*>(part) || qobject_cast<const ExportRun*>(part) ||
+               qobject_cast<const Export::Transcoder*>(part) || qobject_cast<const EditorProject*>(part) ||
+               qobject_cast<const BackgroundTask*>(part);
     };
     while (object && !isKnown(object)) {
         const QVariant owner = object->property("owner");
@@ -98,23 +100,24 @@ bool tellIfMemoryAllows(const Telling& telling) {
 
 } // namespace
 
-bool ExportJob::isPart(const QObject* object) const {
-    return object == this || object == transcoder.get() || object == project.get() || object == opening.get() ||
-           object == loudnessTask.get() || object == outputOpening.get() || object == check.get();
+bool ExportRun::isPart(const QObject* object) const {
+    return object == this || object == &job || object == transcoder.get() || object == project.get() ||
+           object == opening.get() || object == loudnessTask.get() || object == outputOpening.get() ||
+           object == check.get();
 }
 
-void ExportJob::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
+void ExportRun::failInEventLoop(const std::exception_ptr& error, const QObject* receiver) {
     const QObject* part = partWith(receiver);
     if (part && !isPart(part))
         return;
     fail(part ? error : ofAnyExport(error));
 }
 
-std::array<BackgroundTask*, 4> ExportJob::tasks() const {
+std::array<BackgroundTask*, 4> ExportRun::tasks() const {
     return {opening.get(), loudnessTask.get(), outputOpening.get(), check.get()};
 }
 
-bool ExportJob::interruptTask() {
+bool ExportRun::interruptTask() {
     for (BackgroundTask* task : tasks())
         if (task && task->isRunning()) {
             watchdog.expect(Watchdog::Wait::Interruption);
@@ -126,23 +129,23 @@ bool ExportJob::interruptTask() {
     return false;
 }
 
-void ExportJob::setFailure(const std::exception_ptr& error) {
+void ExportRun::setFailure(const std::exception_ptr& error) {
     setFailure(errorOf(error), ExportOutcome::Status::Failed);
 }
 
 // After a stop, whatever fails on the way out concerns nobody.
-void ExportJob::setFailure(ProcessingError error, ExportOutcome::Status status) {
+void ExportRun::setFailure(ProcessingError error, ExportOutcome::Status status) {
     if (verdict)
         return;
     verdict = status;
     failure = std::move(error);
 }
 
-bool ExportJob::engineRuns() const {
+bool ExportRun::engineRuns() const {
     return transcoder && state != JobState::Starting;
 }
 
-std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
+std::string ExportRun::whatStalled(Watchdog::Wait wait) const {
     const std::string limit = std::to_string(std::max<long long>(watchdog.limitOf(wait).count() / 1000, 1)) + " s";
     switch (wait) {
     case Watchdog::Wait::Start:
@@ -156,7 +159,7 @@ std::string ExportJob::whatStalled(Watchdog::Wait wait) const {
     }
 }
 
-std::string ExportJob::hungReads() const {
+std::string ExportRun::hungReads() const {
     if (opening && opening->isRunning())
         return opening->step() + " does not come to an end";
     std::string paths;
@@ -166,7 +169,7 @@ std::string ExportJob::hungReads() const {
     return paths.empty() ? paths : paths + " does not come back";
 }
 
-std::string ExportJob::whatHangs() const {
+std::string ExportRun::whatHangs() const {
     const std::string output = '"' + request.outputPath.toStdString() + '"';
     if (outputOpening && outputOpening->isRunning())
         return "Making a file beside " + output + " does not come to an end";
@@ -176,7 +179,7 @@ std::string ExportJob::whatHangs() const {
     return reads.empty() && engineRuns() ? "Encoding, or writing " + output + ", does not come back" : reads;
 }
 
-void ExportJob::onStalled(Watchdog::Wait wait) {
+void ExportRun::onStalled(Watchdog::Wait wait) {
     ProcessingError error(TranscodingError::Stalled, WITHOUT_WORDS);
     tellIfMemoryAllows([&] {
         const std::string hung = whatHangs();
@@ -198,7 +201,7 @@ void ExportJob::onStalled(Watchdog::Wait wait) {
 }
 
 /// What hangs may come back: it must find nothing that it could go on with.
-void ExportJob::breakOff(bool started) {
+void ExportRun::breakOff(bool started) {
     if (!transcoder)
         return;
     transcoder->disconnect(this);
@@ -213,7 +216,7 @@ void ExportJob::breakOff(bool started) {
     });
 }
 
-void ExportJob::tellHungReads() {
+void ExportRun::tellHungReads() {
     const std::string hung = hungReads();
     if (hung.empty())
         return;
@@ -223,7 +226,7 @@ void ExportJob::tellHungReads() {
         stall = ProcessingError(TranscodingError::Stalled, hung);
 }
 
-void ExportJob::concludeLater() {
+void ExportRun::concludeLater() {
     if (!mayFollow(state, JobState::Concluding)) // it is on its way, or behind
         return;
     enter(JobState::Concluding);
@@ -233,7 +236,7 @@ void ExportJob::concludeLater() {
     conclusion.start(0);
 }
 
-void ExportJob::conclude() {
+void ExportRun::conclude() {
     if (state != JobState::Concluding)
         return;
     try {
@@ -251,7 +254,7 @@ void ExportJob::conclude() {
     finish(*verdict);
 }
 
-void ExportJob::gather() {
+void ExportRun::gather() {
     transcoder.reset();
     if (project) {
         collectDamage();
@@ -260,7 +263,7 @@ void ExportJob::gather() {
     tellHungReads();
 }
 
-std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& report) const {
+std::optional<KTime> ExportRun::missingFrom(const Kestra::Proc::DamageReport& report) const {
     if (!report.incomplete)
         return {};
     // Who asks for a part that lies before what is missing misses nothing.
@@ -270,13 +273,13 @@ std::optional<KTime> ExportJob::missingFrom(const Kestra::Proc::DamageReport& re
     return place && *place < end ? place : std::nullopt;
 }
 
-std::string ExportJob::wayOut(KTime missing) const {
+std::string ExportRun::wayOut(KTime missing) const {
     if (missing <= cut.in.value_or(KTime(0)))
         return {};
     return "; what comes before can be exported with --out " + TimeText::format(missing);
 }
 
-void ExportJob::collectDamage() {
+void ExportRun::collectDamage() {
     for (const Kestra::Proc::DamageReport& report : project->takeDamageReports()) {
         const std::string sentence = damageText(report);
         const std::optional<KTime> missing = missingFrom(report);
@@ -288,7 +291,7 @@ void ExportJob::collectDamage() {
     }
 }
 
-void ExportJob::collectNotes() {
+void ExportRun::collectNotes() {
     if (expected.hasVideo && !project->hasPictures())
         outcome.notes << tr("None of the inputs has a picture: what is shown is black");
     if (expected.hasAudio && !expected.hasVideo && !project->hasSound())
@@ -298,7 +301,7 @@ void ExportJob::collectNotes() {
                                                                     : '"' + note.path.ToUtf8() + "\": " + note.what);
 }
 
-bool ExportJob::checkFile() {
+bool ExportRun::checkFile() {
     enter(JobState::Checking);
     try {
         finishedFile = std::make_shared<Finished>();
@@ -315,7 +318,7 @@ bool ExportJob::checkFile() {
             finished->folderSynced = transaction->commit();
         };
         check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
-        connect(check.get(), &FileCheckTask::finished, this, &ExportJob::onChecked);
+        connect(check.get(), &FileCheckTask::finished, this, &ExportRun::onChecked);
         follow(*check, Watchdog::Wait::Progress);
         check->start();
         return true;
@@ -325,7 +328,7 @@ bool ExportJob::checkFile() {
     }
 }
 
-void ExportJob::onChecked(const std::exception_ptr& error) {
+void ExportRun::onChecked(const std::exception_ptr& error) {
     if (state != JobState::Checking)
         return;
     if (!undo())
@@ -336,7 +339,7 @@ void ExportJob::onChecked(const std::exception_ptr& error) {
 }
 
 /// A file that stands at its place is done, whatever was wished or failed after that.
-void ExportJob::concludeCommitted() {
+void ExportRun::concludeCommitted() {
     failure.reset();
     stall.reset();
     if (!finishedFile->folderSynced)
@@ -350,7 +353,7 @@ void ExportJob::concludeCommitted() {
     finish(ExportOutcome::Status::Done);
 }
 
-bool ExportJob::undo() {
+bool ExportRun::undo() {
     if (!transaction)
         return true;
     try {
@@ -363,7 +366,7 @@ bool ExportJob::undo() {
 }
 
 /// Not on this thread: a folder that does not answer would keep it. What it throws, it throws before it has begun.
-bool ExportJob::undoElsewhere() {
+bool ExportRun::undoElsewhere() {
     constexpr std::chrono::seconds patience{2};
     const auto committed = std::make_shared<std::atomic<bool>>(false);
     const std::weak_ptr<IOutputTransaction> left = transaction;
@@ -381,7 +384,7 @@ bool ExportJob::undoElsewhere() {
     return !*committed;
 }
 
-void ExportJob::tellLeftover() {
+void ExportRun::tellLeftover() {
     const std::string name = unfinishedPath.mid(unfinishedPath.lastIndexOf('/') + 1).toStdString();
     const std::string left = "The folder of \"" + request.outputPath.toStdString() +
                              "\" does not answer: an unfinished file may be left there, " + name;
@@ -391,7 +394,7 @@ void ExportJob::tellLeftover() {
         outcome.warnings << QString::fromStdString(left);
 }
 
-QString ExportJob::inUsersWords(const std::string& sentence) const {
+QString ExportRun::inUsersWords(const std::string& sentence) const {
     // The engine knows the private file or folder only; the user knows the output only.
     QString text = QString::fromStdString(sentence);
     if (!unfinishedPath.isEmpty())
@@ -400,7 +403,7 @@ QString ExportJob::inUsersWords(const std::string& sentence) const {
     return text.trimmed();
 }
 
-void ExportJob::finish(ExportOutcome::Status status) {
+void ExportRun::finish(ExportOutcome::Status status) {
     enter(JobState::Ended);
     watchdog.disarm();
     outcome.status = status;
@@ -410,7 +413,7 @@ void ExportJob::finish(ExportOutcome::Status status) {
     Q_EMIT finished(outcome);
 }
 
-void ExportJob::tellReason() {
+void ExportRun::tellReason() {
     auto& reason = failure ? failure : stall;
     if (!reason)
         return;
@@ -425,7 +428,7 @@ void ExportJob::tellReason() {
         outcome.error = std::move(*reason);
 }
 
-void ExportJob::namePaths() {
+void ExportRun::namePaths() {
     for (const QString& sentence : outcome.warnings + outcome.notes)
         if (const QString path = NamedPath::in(sentence, request); !path.isEmpty())
             outcome.paths.insert(sentence, path);
