@@ -9,7 +9,7 @@
 
 namespace ExportCore {
 
-/// Pictures among the application's resources, ":/BrandingOutro/NAME/outro.png".
+/// Pictures among the application's resources, ":/BrandingOutro/NAME/outro.png". From any thread.
 struct EXPORTCORE_EXPORT OutroPictures {
     /// In alphabetical order.
     static std::vector<std::string> names();

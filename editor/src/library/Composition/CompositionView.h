@@ -4,7 +4,7 @@
 
 namespace Composition {
 
-/// Observes or owns compositions; empty at first.
+/// Observes or owns compositions; empty at first. Bound to the thread of the bus.
 class EDITORMODEL_EXPORT CompositionView : protected Details::ObjectViewBase {
 public:
     CompositionView() = default;

@@ -4,7 +4,7 @@
 
 namespace Composition {
 
-/// Observes or owns markers; empty at first.
+/// Observes or owns markers; empty at first. Bound to the thread of the bus.
 class EDITORMODEL_EXPORT MarkerView : protected Details::MarkerViewBase {
 public:
     MarkerView() = default;

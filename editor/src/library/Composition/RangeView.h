@@ -4,7 +4,7 @@
 
 namespace Composition {
 
-/// Observes or owns named ranges; empty at first.
+/// Observes or owns named ranges; empty at first. Bound to the thread of the bus.
 class EDITORMODEL_EXPORT RangeView : protected Details::RangeViewBase {
 public:
     RangeView() = default;

@@ -9,8 +9,8 @@
 
 namespace Composition {
 
-/// Once a composition is observed, the media views observe that composition's own video and audio description, follow
-/// when it gets others, and let them go with it. Descriptions may die before the view, and so may the composition.
+/// Bound to the thread of the bus. Once a composition is observed, the media views observe that composition's own video
+/// and audio description, follow when it gets others, and let them go with it. Either may die before the view.
 class EDITORMODEL_EXPORT View : protected CompositionView,
                                 protected MarkerView,
                                 protected RangeView,

@@ -1,4 +1,4 @@
-// FastTrack::View: tells property by property what changed in the fast track.
+// FastTrack::View: tells property by property what changed in the fast track, on the thread of the bus.
 #pragma once
 
 #include "EditorModelExport.h"

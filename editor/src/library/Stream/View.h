@@ -6,8 +6,8 @@
 
 namespace Stream {
 
-/// A stream that comes or leaves changes from or to the empty value. An override of the three-pointer streamChanged
-/// keeps the hooks below only by calling this class's.
+/// Bound to the thread of the bus. A stream that comes or leaves changes from or to the empty value. An override of the
+/// three-pointer streamChanged keeps the hooks below only by calling this class's.
 template <class M, class I>
 class View : protected ObjectViewBase<Object<M, I>> {
     using O = Object<M, I>;

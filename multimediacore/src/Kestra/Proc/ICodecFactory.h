@@ -7,9 +7,9 @@
 
 namespace Kestra::Proc {
 
-/// `properties` is an encoder description tree (Conf::IFormatCodec's tags). What it leaves open is taken from the
-/// stream. The codec itself opens later, in the encoder's Prepare. Throws ProcException (CodecNotFound) for an unknown
-/// codec, std::invalid_argument for a null stream.
+/// From any thread. `properties` is an encoder description tree (Conf::IFormatCodec's tags). What it leaves open is
+/// taken from the stream. The codec itself opens later, in the encoder's Prepare. Throws ProcException (CodecNotFound)
+/// for an unknown codec, std::invalid_argument for a null stream.
 class KESTRA_EXPORT ICodecFactory {
 public:
     virtual ~ICodecFactory();

@@ -4,7 +4,7 @@
 
 namespace Kestra::Proc {
 
-/// Video streams one after the other. Its format is the first stream's, and the others are told to prefer it.
+/// Video streams one after the other. Its format is the first one's, which the others are told to prefer. One at a time reads.
 class KESTRA_EXPORT IConcatenation : public IStreamVideo {
 public:
     ~IConcatenation() override;

@@ -10,7 +10,7 @@
 
 namespace Kestra::Proc {
 
-/// FilterException (NotSupported) for an implementation or a class that there is not.
+/// From any thread. FilterException (NotSupported) for an implementation or a class that there is not.
 class KESTRA_EXPORT IEffectFactory {
 public:
     using Effect = boost::intrusive_ptr<IEffectVideo>;

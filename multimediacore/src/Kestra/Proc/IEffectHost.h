@@ -1,4 +1,4 @@
-// Kestra::Proc::IEffectHost: a stream of pictures with effects on them.
+// Kestra::Proc::IEffectHost: a stream of pictures with effects on them, one thread at a time like every stream.
 #pragma once
 
 #include "Kestra/Proc/IEffectVideo.h"

@@ -9,7 +9,7 @@ namespace Kestra::Proc {
 class KESTRA_EXPORT IMuxerFactory {
 public:
     virtual ~IMuxerFactory();
-    /// Throws ProcException (MuxerRefused) for a container that it does not know.
+    /// From any thread. Throws ProcException (MuxerRefused) for a container that it does not know.
     virtual boost::intrusive_ptr<IMuxer> CreateMuxer(const boost::intrusive_ptr<Conf::IFormatFile>& format,
                                                      const boost::intrusive_ptr<Core::IDataOutput>& output) = 0;
 };
