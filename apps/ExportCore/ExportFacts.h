@@ -9,18 +9,10 @@
 
 namespace ExportCore {
 
-struct ExpectedFile;
-struct SequenceName;
-
 /// Read from the file itself after it was written.
 struct EXPORTCORE_EXPORT ExportFacts {
-    /// All but what only the end of the run tells: how long it took.
-    static ExportFacts of(const Kestra::Proc::CheckedFile& file, const ExpectedFile& expected, const QString& path);
     /// Of its streams.
     int countOf(Kestra::Proc::CheckedStream::Kind kind) const;
-
-    /// For what is not one file, as they stand at their place.
-    void namePictures(const SequenceName& sequence);
 
     QString path;
     qint64 sizeBytes = 0;

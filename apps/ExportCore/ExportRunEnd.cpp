@@ -7,6 +7,7 @@
 #include "ExportCore/DamageText.h"
 #include "ExportCore/ExportJob.h"
 #include "ExportCore/FileCheckTask.h"
+#include "ExportCore/FoundFacts.h"
 #include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/InputOpening.h"
 #include "ExportCore/LoudnessTask.h"
@@ -307,9 +308,9 @@ bool ExportRun::checkFile() {
         finishedFile = std::make_shared<Finished>();
         const auto last = [transaction = transaction, finished = finishedFile, request = request, sequence = sequence,
                            expected = expected](const Kestra::Proc::CheckedFile& file) {
-            finished->facts = ExportFacts::of(file, expected, request.outputPath);
+            finished->facts = FoundFacts::of(file, expected, request.outputPath);
             if (sequence)
-                finished->facts.namePictures(*sequence);
+                FoundFacts::namePictures(finished->facts, *sequence);
             finished->factsKnown = true;
             transaction->sync();
             if (RequestCheck::replacesInput(request, sequence))
