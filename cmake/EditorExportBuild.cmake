@@ -119,13 +119,14 @@ function(editorexport_room_target out folder)
   set(${out} "${room}" PARENT_SCOPE)
 endfunction()
 
-# editorexport_library(NAME ROOT dir [DESCRIPTION text] EXPORTS names... [PUBLIC libs...] [PRIVATE libs...])
+# editorexport_library(NAME ROOT dir [DESCRIPTION text] EXPORTS names... [OWN_EXPORTS names...] [PUBLIC libs...] [PRIVATE libs...])
 # The shared library of all the rooms that name it; headers are included relative to ROOT. Generates <NAME>Export.h with the
 # macros <NAME>_EXPORT (types) in capitals. Tests that look inside link NAME_inner beside NAME: it gives them what NAME
-# keeps to itself. EXPORTS are the namespaces and global classes whose symbols may leave it, if they are marked, too. One
-# with a DESCRIPTION is for embedders to link, and gets a pkg-config file.
+# keeps to itself. EXPORTS are the namespaces and global classes whose symbols may leave it, if they are marked, too, and
+# OWN_EXPORTS what of them only libraries and programs of this repository link (LibraryExports.cmake). One with a DESCRIPTION is
+# for embedders to link, and gets a pkg-config file.
 function(editorexport_library name)
-  cmake_parse_arguments(ARG "" "ROOT;DESCRIPTION" "EXPORTS;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "ROOT;DESCRIPTION" "EXPORTS;OWN_EXPORTS;PUBLIC;PRIVATE" ${ARGN})
   get_property(rooms GLOBAL PROPERTY EDITOREXPORT_ROOMS_OF_${name})
   add_library(${name} SHARED)
   add_library(EditorExport::${name} ALIAS ${name})
@@ -137,7 +138,7 @@ function(editorexport_library name)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/EditorExport>)
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${EDITOREXPORT_SOVERSION})
   target_compile_features(${name} INTERFACE cxx_std_17)
-  editorexport_limit_exports(${name} ${ARG_EXPORTS})
+  editorexport_limit_exports(${name} EXPORTS ${ARG_EXPORTS} OWN_EXPORTS ${ARG_OWN_EXPORTS})
   set_property(GLOBAL APPEND PROPERTY EDITOREXPORT_LIBRARIES ${name})
   set_property(GLOBAL PROPERTY EDITOREXPORT_PUBLIC_OF_${name} ${ARG_PUBLIC})
   set_property(GLOBAL PROPERTY EDITOREXPORT_DESCRIPTION_OF_${name} "${ARG_DESCRIPTION}")

@@ -1,7 +1,6 @@
 // ExportCore::AllSounds: every sound track of the inputs for one file.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include "Kestra/Proc/MediaLimits.h"
 #include "Render/Sequence.h"
 #include <atomic>
@@ -10,7 +9,7 @@
 
 namespace ExportCore {
 
-struct EXPORTCORE_EXPORT AllSounds {
+struct AllSounds {
     /// The sequence of these media, opened, with further sounds where a medium has several tracks. Throws Refusal where
     /// the container holds one, and where media have different numbers of them, unless they have none.
     static Render::Sequence of(const Render::Sequence& opened, const std::vector<Kestra::ioPath>& media,

@@ -6,7 +6,7 @@
 namespace ExportCore {
 
 /// A value; what is unset is the inputs' own start or end.
-struct EXPORTCORE_EXPORT CutPoints {
+struct CutPoints {
     /// What the request says of both, or of one of them and the duration. Throws Refusal where it says all three, where
     /// they do not lie one after the other, and where frames are to be counted and there is no rate.
     static CutPoints of(const ExportRequest& request, const TimePoint::Rate& rate);

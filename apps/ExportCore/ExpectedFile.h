@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ExportCore/PromisedProgramme.h"
-#include "ExportCoreExport.h"
 #include "Kestra/Conf/CodecID.h"
 #include "Kestra/Conf/NumberedName.h"
 #include "Kestra/Proc/FileCheck.h"
@@ -13,7 +12,7 @@
 namespace ExportCore {
 
 /// A value. Times are engine time.
-struct EXPORTCORE_EXPORT ExpectedFile {
+struct ExpectedFile {
     bool hasVideo = false;
     bool hasAudio = false;
     int furtherSounds = 0; ///< tracks beside that of the audio, as long

@@ -8,7 +8,7 @@
 namespace ExportCore {
 
 /// One check. Finished without an error, the file is right; once interrupted, it ends soon with whatever result.
-class EXPORTCORE_EXPORT FileCheckTask : public BackgroundTask {
+class FileCheckTask : public BackgroundTask {
     Q_OBJECT
 public:
     using Last = std::function<void(const Kestra::Proc::CheckedFile& file)>;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ExportCore/SequenceName.h"
-#include "ExportCoreExport.h"
 #include "Kestra/Base/LeavableThread.h"
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -13,7 +12,7 @@
 namespace ExportCore {
 
 /// Looks on a thread of its own, as a folder may not answer; that thread is left at the end then. Bound to one thread.
-class EXPORTCORE_EXPORT FileGrowth {
+class FileGrowth {
 public:
     explicit FileGrowth(const QByteArray& path);
     /// Of pictures that are written one after the other, from 0 on.

@@ -1,7 +1,6 @@
 // ExportCore::FolderSteps: single steps on folders and the names in them.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include <QByteArray>
 #include <string>
 #include <vector>
@@ -9,7 +8,7 @@
 namespace ExportCore {
 
 /// Follows no link at the end of a name. Folders are descriptors or AT_FDCWD.
-struct EXPORTCORE_EXPORT FolderSteps {
+struct FolderSteps {
     /// Whether what is open stands under that name.
     static bool isSame(int file, const QByteArray& path);
     /// Renames, but over nothing. 0, or the system's error: EEXIST where something stands there.
@@ -28,7 +27,7 @@ struct EXPORTCORE_EXPORT FolderSteps {
 };
 
 /// Closes what it holds.
-class EXPORTCORE_EXPORT Descriptor {
+class Descriptor {
 public:
     explicit Descriptor(int number)
         : number(number) {}

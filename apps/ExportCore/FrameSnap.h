@@ -1,13 +1,12 @@
 // ExportCore::FrameSnap: cuts brought to where frames begin.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include "Types/Range.h"
 #include <boost/rational.hpp>
 
 namespace ExportCore {
 
-struct EXPORTCORE_EXPORT FrameSnap {
+struct FrameSnap {
     /// Both ends moved to the nearest start of a frame of `rate`, to the millisecond: pictures can be cut nowhere else,
     /// and sound that is cut elsewhere comes out of step. At least one frame remains.
     static Types::Range range(const Types::Range& range, const boost::rational<long long>& rate);

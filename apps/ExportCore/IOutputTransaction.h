@@ -1,7 +1,6 @@
 // ExportCore::IOutputTransaction: an output that stands at its place whole or not at all.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include <QByteArray>
 
 namespace ExportCore {
@@ -11,7 +10,7 @@ namespace ExportCore {
 ///
 /// Thread-safe, as every call may hang in a folder that does not answer, and another thread has to clean up then.
 /// Failures are ProcException with the cause (disk full, not writable ...).
-class EXPORTCORE_EXPORT IOutputTransaction {
+class IOutputTransaction {
 public:
     IOutputTransaction() = default;
     virtual ~IOutputTransaction();

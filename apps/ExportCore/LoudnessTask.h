@@ -9,7 +9,7 @@
 
 namespace ExportCore {
 
-class EXPORTCORE_EXPORT LoudnessTask : public BackgroundTask {
+class LoudnessTask : public BackgroundTask {
     Q_OBJECT
 public:
     /// Nobody else reads the stream. Its further tracks are listened to after it, one after the other.

@@ -2,11 +2,10 @@
 #pragma once
 
 #include "ExportCore/ExportRequest.h"
-#include "ExportCoreExport.h"
 
 namespace ExportCore {
 
-struct EXPORTCORE_EXPORT NamedPath {
+struct NamedPath {
     /// The input or output of the request that the sentence names in quotation marks: the one that stands first, the
     /// longer one of two in the same place. Empty when it names none.
     static QString in(const QString& sentence, const ExportRequest& request);

@@ -14,7 +14,7 @@ class IOutputTransaction;
 
 /// Looks whether the output is fit still, sweeps its folder and makes the private file beside it, or the private folder
 /// for its pictures. Throws Refusal for what is not fit.
-class EXPORTCORE_EXPORT OutputOpening : public BackgroundTask {
+class OutputOpening : public BackgroundTask {
     Q_OBJECT
 public:
     /// `extension` is the private file's; without `sequence` it is one.

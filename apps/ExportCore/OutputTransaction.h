@@ -3,7 +3,6 @@
 
 #include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/OutputTarget.h"
-#include "ExportCoreExport.h"
 #include "Kestra/Util/RemovalOnTheSpot.h"
 #include <QByteArray>
 #include <atomic>
@@ -14,7 +13,7 @@ namespace ExportCore {
 /// The file is written under a private name in the target's folder and renamed over the target by commit().
 /// RemovalOnTheSpot has it in mind from before it is made. A rollback removes it also from under a commit that hangs,
 /// which fails then.
-class EXPORTCORE_EXPORT OutputTransaction final : public IOutputTransaction {
+class OutputTransaction final : public IOutputTransaction {
 public:
     /// Makes the private file, empty.
     OutputTransaction(OutputTarget target, QByteArray extension);

@@ -1,7 +1,6 @@
 // ExportCore::PictureSwap: new pictures take the place of old ones in a folder.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include "Kestra/Conf/NumberedName.h"
 #include <string>
 #include <vector>
@@ -12,7 +11,7 @@ namespace ExportCore {
 /// renaming of that one says that all have gone; then the new ones come out. So whoever finds a swap that was broken
 /// off can tell how far it was: before the renaming it is undone, after it completed, and none of the pictures is lost.
 /// Bound to one thread at a time; the folders are borrowed descriptors.
-class EXPORTCORE_EXPORT PictureSwap {
+class PictureSwap {
 public:
     PictureSwap(int folder, int own, Kestra::Conf::NumberedName name);
 

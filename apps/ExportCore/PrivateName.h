@@ -1,7 +1,6 @@
 // ExportCore::PrivateName: how the files of unfinished exports are called.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include <QByteArray>
 #include <optional>
 #include <sys/types.h>
@@ -11,7 +10,7 @@ namespace ExportCore {
 /// Hidden, unique in the system, with the process that writes the file told by its id and its start time, since ids
 /// are used again. A checksum over that is the mark of our own: a file that somebody else named does not carry it. The
 /// name of the target is no part of it: that may be as long as names can be.
-struct EXPORTCORE_EXPORT PrivateName {
+struct PrivateName {
     pid_t process = 0;
     /// In the kernel's clock ticks since it was booted.
     quint64 processStart = 0;

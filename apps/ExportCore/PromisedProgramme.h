@@ -1,7 +1,6 @@
 // ExportCore::PromisedProgramme: what a finished file has to say of its programme.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Proc/FileCheck.h"
 #include <cstdint>
@@ -10,7 +9,7 @@
 namespace ExportCore {
 
 /// A value. Times are engine time.
-struct EXPORTCORE_EXPORT PromisedProgramme {
+struct PromisedProgramme {
     std::string container;
     Kestra::Conf::ProgrammeInfo programme; ///< of which the container may hold less
     std::int64_t length = 0;               ///< what begins at the very end, or behind it, may be missing

@@ -1,7 +1,6 @@
 // ExportCore::RunForecast: how fast a run is, and how long it takes yet.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include <QtGlobal>
 #include <vector>
 
@@ -9,7 +8,7 @@ namespace ExportCore {
 
 /// Pure arithmetic over what a run tells and when; times are milliseconds of any clock that does not go back. Where the
 /// run keeps its speed the remaining time is within 30 percent from a tenth of the run on.
-class EXPORTCORE_EXPORT RunForecast {
+class RunForecast {
 public:
     struct Run {
         int passes = 1;

@@ -3,7 +3,6 @@
 
 #include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/SequenceTarget.h"
-#include "ExportCoreExport.h"
 #include "Kestra/Util/RemovalOnTheSpot.h"
 #include <atomic>
 #include <optional>
@@ -15,7 +14,7 @@ namespace ExportCore {
 /// of it, and PictureSwap moves the pictures out when they are complete.
 ///
 /// RemovalOnTheSpot has the private folder in mind from before it is made until pictures are moved.
-class EXPORTCORE_EXPORT SequenceTransaction final : public IOutputTransaction {
+class SequenceTransaction final : public IOutputTransaction {
 public:
     /// Makes the private folder, empty.
     explicit SequenceTransaction(SequenceTarget target);

@@ -1,7 +1,6 @@
 // ExportCore::SettingText: numbers as people write them into settings.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include <boost/rational.hpp>
 #include <cstdint>
 #include <optional>
@@ -11,7 +10,7 @@ namespace ExportCore {
 
 /// Every operation answers nothing for a text that is no such number: signs, blanks and locales' own points included.
 /// Numbers too large for their type become its largest.
-struct EXPORTCORE_EXPORT SettingText {
+struct SettingText {
     static std::optional<std::int64_t> wholeNumber(const std::string& text);
     /// A number of bits or samples: "2500000", "2500k", "2.5M".
     static std::optional<std::int64_t> amount(const std::string& text);

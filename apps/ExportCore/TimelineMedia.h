@@ -1,7 +1,6 @@
 // ExportCore::TimelineMedia: looks at the media that a timeline names.
 #pragma once
 
-#include "ExportCoreExport.h"
 #include "Render/MediaPool.h"
 #include "Timeline/Reader/ITimelineReader.h"
 #include <atomic>
@@ -13,7 +12,7 @@
 namespace ExportCore {
 
 /// Looks at each medium once, through a pool that others may use later. One thread at a time.
-class EXPORTCORE_EXPORT TimelineMedia {
+class TimelineMedia {
 public:
     /// `interrupted`, borrowed unless null, ends what takes long with Kestra::Proc::ProcException.
     explicit TimelineMedia(std::shared_ptr<Render::MediaPool> pool, const std::atomic<bool>* interrupted = nullptr);

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "ExportCore/WatchdogLimits.h"
-#include "ExportCoreExport.h"
 #include <QObject>
 #include <QTimer>
 
 namespace ExportCore {
 
 /// Lives on the thread that made it. Idle until a wait begins; `stalled` ends the wait.
-class EXPORTCORE_EXPORT Watchdog : public QObject {
+class Watchdog : public QObject {
     Q_OBJECT
 public:
     /// A stop has four fifths of its time, the interruption of what only reads half of it: the end itself takes some.

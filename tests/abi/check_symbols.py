@@ -4,7 +4,8 @@
     check_symbols.py TOP LIBRARY...             every library exports what TOP/abi/NAME.symbols lists, no more and no less
     check_symbols.py --refresh TOP LIBRARY...   writes the lists
 
-Names are as people read them, so that the two or three bodies of a constructor are one line.
+Names are as people read them, so that the two or three bodies of a constructor are one line. What the version of a symbol keeps
+for other libraries and programs of this repository (LIBRARY_PRIVATE) is left out.
 """
 import pathlib
 import re
@@ -16,9 +17,14 @@ def exported(library):
     """Names of all that a library defines for others, in order."""
     table = subprocess.run(["nm", "--dynamic", "--defined-only", "--extern-only", library], check=True, capture_output=True,
                            text=True).stdout
-    names = [line.split()[-1].partition("@")[0] for line in table.splitlines()]
-    read = subprocess.run(["c++filt"], input="\n".join(names), check=True, capture_output=True, text=True).stdout
+    read = subprocess.run(["c++filt"], input="\n".join(for_others(table)), check=True, capture_output=True, text=True).stdout
     return sorted(set(read.splitlines()))
+
+
+def for_others(table):
+    """Of what nm tells. A version is a symbol of its own, an absolute one."""
+    symbols = [line.split()[-2:] for line in table.splitlines()]
+    return [name.partition("@")[0] for kind, name in symbols if kind != "A" and not name.endswith("_PRIVATE")]
 
 
 def name_of(library):
@@ -47,6 +53,7 @@ def self_test():
     assert difference("A", ["x", "y"], ["x", "y"]) == []
     assert difference("A", ["x", "y"], ["x"]) == ["A exports what is not listed: y"]
     assert difference("A", ["x"], ["x", "y"]) == ["A lacks what is listed: y"]
+    assert for_others("01 T a@@L_0.1\n00 A L_PRIVATE\n02 T b@@L_PRIVATE\n03 W c") == ["a", "c"]
     assert name_of("/lib/libKestraQt.so.0.1") == "KestraQt"
 
 

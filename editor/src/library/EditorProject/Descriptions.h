@@ -1,7 +1,6 @@
 // The descriptions that a sequence gives its composition.
 #pragma once
 
-#include "EditorProjectExport.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
 #include "Render/Sequence.h"
@@ -12,9 +11,9 @@ namespace Project {
 /// Frame as shown and nominal rate of the first clip with a picture that lies in the range, or else outside it;
 /// 1920x1080 at 25 when there is none. Of clips at the same time the lowest one counts. An empty or inverted range is
 /// all of it.
-EDITORPROJECT_EXPORT Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range = {});
+Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range = {});
 /// Rate and layout of the first clip with sound in the range, or else outside it, and the SampleDepth of all in the
 /// range; 48000 Hz stereo when there is none.
-EDITORPROJECT_EXPORT Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});
+Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});
 
 } // namespace Project

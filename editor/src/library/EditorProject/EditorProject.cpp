@@ -10,7 +10,7 @@
 #include <string>
 #include <tuple>
 
-struct EditorProject::Private {
+struct EDITORPROJECT_NO_EXPORT EditorProject::Private {
     explicit Private(EditorProject* owner)
         : project(owner)
         , model([this] { buildLater(); }) {}

@@ -1,14 +1,13 @@
 // Project::ExportWindow: the part of a timeline that an export renders.
 #pragma once
 
-#include "EditorProjectExport.h"
 #include "Render/Window.h"
 #include "Types/Range.h"
 
 namespace Project {
 
 /// A value: the window that a range of the model names.
-class EDITORPROJECT_EXPORT ExportWindow : public Render::Window {
+class ExportWindow : public Render::Window {
 public:
     /// `duration` is the timeline's; without `grid` there are no pictures. An empty or inverted range is the whole
     /// timeline. Throws Kestra::Proc::ProcException (InvalidArgument) when nothing of the range lies on it.

@@ -105,7 +105,7 @@ private:
 
 } // namespace
 
-struct StreamOwner::Private : private Composition::CompositionView {
+struct EDITOREXPORT_NO_EXPORT StreamOwner::Private : private Composition::CompositionView {
     Private(StreamOwner* owner, const Composition::Object& composition, MakePictures makePictures, MakeSound makeSound)
         : pictures(owner, composition, std::move(makePictures))
         , sound(owner, composition, std::move(makeSound)) {

@@ -3,6 +3,7 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Render/Programme.h"
+#include "Render/SequenceText.h"
 #include "Render/Streams.h"
 #include "Render/Survey.h"
 #include <algorithm>

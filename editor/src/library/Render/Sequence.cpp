@@ -83,14 +83,4 @@ std::vector<std::shared_ptr<MediaPool>> Sequence::pools() const {
     return all;
 }
 
-std::string describe(const Sequence& sequence) {
-    std::size_t clips = 0;
-    const std::string* first = nullptr;
-    Timeline::visitClips(*sequence.document->tracks, [&](const auto&, const Timeline::Item& item, const auto&) {
-        first = first ? first : &item.name;
-        ++clips;
-    });
-    return std::to_string(clips) + " clips" + (first ? " from \"" + *first + "\" on" : "");
-}
-
 } // namespace Render

@@ -52,7 +52,4 @@ struct EDITORRENDER_EXPORT Sequence {
     std::vector<std::shared_ptr<MediaPool>> pools() const;
 };
 
-/// For messages: how many clips it has, and the first one's name.
-std::string describe(const Sequence& sequence);
-
 } // namespace Render

@@ -6,6 +6,7 @@
 #include "Kestra/Proc/ProcException.h"
 #include "Render/Programme.h"
 #include "Render/SampleDepth.h"
+#include "Render/SequenceText.h"
 #include "Render/Streams.h"
 #include "Render/Survey.h"
 #include <algorithm>

@@ -32,7 +32,7 @@ struct Place {
 
 /// Qt drops the posted events of a receiver that is destroyed: that is what keeps late functors from running. They wait
 /// here and not in their events, so that our own lock orders what one thread writes before what the other reads.
-class FunctorExecutionForwarder::Receiver final : public QObject {
+class KESTRAQT_NO_EXPORT FunctorExecutionForwarder::Receiver final : public QObject {
 public:
     void Take(std::function<void()> functor) {
         const std::lock_guard<std::mutex> lock(mutex);
