@@ -21,7 +21,6 @@
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
-#include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -296,29 +295,8 @@ void ExportRun::beginTranscoding() {
     if (!transcoder->initialize(data, error))
         KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::InvalidArgument, error.toStdString()));
     expect();
-    noteMixedSounds();
     noteProgramme();
     plan();
-}
-
-/// A file that holds several tracks has them all in the first one's format.
-void ExportRun::noteMixedSounds() {
-    if (!expected.hasAudio)
-        return;
-    const auto mostOf = [](const Render::Sequence& track) {
-        int most = 0;
-        for (const auto& source : track.media->sources())
-            most = std::max(most, source->GetInfo().audio ? source->GetInfo().audio->channels : 0);
-        return most;
-    };
-    const int channels = Kestra::Conf::CountChannels(transcoder->audioPreset().channelLayout);
-    const Render::Sequence& sequence = opening->sequence();
-    for (std::size_t track = 0; track < sequence.furtherSounds.size(); ++track)
-        if (const int own = mostOf(sequence.furtherSounds[track]); own > channels && mostOf(sequence) <= channels)
-            outcome.notes << tr("Sound track %1 is mixed from %2 channels to %3, as many as the first one has")
-                                 .arg(track + 2)
-                                 .arg(own)
-                                 .arg(channels);
 }
 
 /// What the container has no place for.

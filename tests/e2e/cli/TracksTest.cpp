@@ -99,7 +99,10 @@ TEST_F(Tracks, OfSoundAllComeOnOrderWithTheirNames) {
         EXPECT_EQ(sounds[1].tag(isFilm ? "handler_name" : "title"), "Commentary");
         EXPECT_EQ(sounds[0].disposition & 1, 1) << output;
         EXPECT_EQ(sounds[1].disposition & 1, 0) << output;
-        EXPECT_EQ(said, "") << output;
+        // The other preset orders two channels.
+        const std::string note =
+            "editor-export: note: \"" + path + "\": sound of mono (track 2) is encoded as stereo\n";
+        EXPECT_EQ(said, isFilm ? "" : note) << output;
     }
     const Result told = run({"render", path, "-p", "mkv-ffv1-flac", "-o", place / "b.mkv", "--audio", "all"});
     EXPECT_THAT(told.output.toStdString(), HasSubstr("flac 48000 Hz, 2 channels, 1 further sound track, "));

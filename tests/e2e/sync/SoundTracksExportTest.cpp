@@ -141,7 +141,8 @@ TEST_F(SoundTracksExport, IsCodedLikeTheFirstInEveryContainerThatHoldsSeveral) {
         for (int track = 0; track < 3; ++track) {
             const Samples samples = heard(track);
             EXPECT_NEAR(static_cast<double>(samples.size()) / 2, RATE, 2400) << output;
-            EXPECT_NEAR(pitchOf(samples), pitches[static_cast<std::size_t>(track)], 5) << output;
+            // At its end a codec puts noise into the silence that fills the last packet.
+            EXPECT_NEAR(pitchOf(part(samples, 0.1, 0.9)), pitches[static_cast<std::size_t>(track)], 2) << output;
         }
         std::string codec;
         for (const auto& stream : outcome.facts.streams)
@@ -197,9 +198,9 @@ TEST_F(SoundTracksExport, BringsEachTrackToTheLoudness) {
 }
 
 TEST_F(SoundTracksExport, MixesATrackOfMoreChannelsAndSaysSo) {
-    makeFilm("wide.mkv", {440, 660}, {"-filter:a:1", "aformat=cl=5.1"});
+    makeFilm("wide.mkv", {440, 660}, {"-filter:a:1", "aformat=cl=5.1", "-c:a:1", "flac"});
     const ExportOutcome outcome = done(all({"wide.mkv"}, "mkv-ffv1-flac", "narrow.mkv"));
-    EXPECT_THAT(notesOf(outcome), HasSubstr("Sound track 2 is mixed from 6 channels to 2"));
+    EXPECT_THAT(notesOf(outcome), HasSubstr("wide.mkv\": sound of 5.1 (track 2) is encoded as stereo"));
     for (const auto& stream : outcome.facts.streams)
         EXPECT_EQ(stream.kind == Kind::Audio ? stream.channels : 2, 2);
 }

@@ -52,10 +52,12 @@ void SoundTarget::noteDepth(Proc::IMediaSource& medium) const {
 
 void SoundTarget::noteLoss(Proc::IMediaSource& medium) const {
     noteDepth(medium);
-    const std::uint32_t layout = medium.GetInfo().audio->channelLayout;
+    const Proc::MediaInfo& info = medium.GetInfo();
+    const std::uint32_t layout = info.audio->channelLayout;
     if (encodedLayout == Conf::CHANNEL_LAYOUT_UNKNOWN || encodedLayout == layout)
         return;
-    const std::string own = Conf::LayoutRecord::Find(layout)->name;
+    const std::string track = info.audioTracks > 1 ? " (track " + std::to_string(info.audio->index) + ')' : "";
+    const std::string own = Conf::LayoutRecord::Find(layout)->name + track;
     const std::string encoded = Conf::LayoutRecord::Find(encodedLayout)->name;
     if (Conf::IsDiscreteLayout(layout))
         medium.Note(own + " that do not say where they are heard are encoded as " + encoded);
