@@ -2,6 +2,7 @@
 
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
+#include <algorithm>
 
 namespace ExportCore {
 namespace {
@@ -23,7 +24,7 @@ void requireOrder(const CutPoints& cut) {
 
 } // namespace
 
-CutPoints CutPoints::of(const ExportRequest& request, const TimePoint::Rate& rate) {
+CutPoints CutPoints::of(const ExportRequest& request, const TimePoint::Rate& rate, const std::optional<KTime>& length) {
     CutPoints cut{timeOf(request.in, rate), timeOf(request.out, rate)};
     if (const auto duration = timeOf(request.duration, rate)) {
         if (cut.in && cut.out)
@@ -32,7 +33,7 @@ CutPoints CutPoints::of(const ExportRequest& request, const TimePoint::Rate& rat
         if (*duration <= KTime(0))
             KESTRA_THROW(Refusal("The duration " + TimeText::format(*duration) + " is none"));
         if (cut.out)
-            cut.in = *cut.out - *duration;
+            cut.in = std::min(*cut.out, length.value_or(*cut.out)) - *duration;
         else
             cut.out = cut.in.value_or(KTime(0)) + *duration;
     }

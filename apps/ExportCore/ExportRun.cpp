@@ -171,10 +171,11 @@ void ExportRun::showTimeline() {
 
 void ExportRun::cutInputs() {
     const Media::Video& video = project->video();
-    cut = CutPoints::of(request, project->hasPictures()
-                                     ? TimePoint::Rate({video.frameRateNumerator, video.frameRateDenominator})
-                                     : std::nullopt);
     const KTime length = project->duration();
+    cut = CutPoints::of(request,
+                        project->hasPictures() ? TimePoint::Rate({video.frameRateNumerator, video.frameRateDenominator})
+                                               : std::nullopt,
+                        length);
     streamRange = RequestCheck::streamRange(request, cut, length, OutroPictures::length(request.brandingName));
     if (cut.out && *cut.out > length)
         outcome.notes << tr("The inputs end before the out point, at %1: so does the file")

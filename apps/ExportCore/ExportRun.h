@@ -107,7 +107,7 @@ private:
     void plan();
     std::vector<ExportPlan::Stream> plannedStreams() const;
     void addPlannedExtras(ExportPlan& plan) const;
-    void requireRoom() const;
+    void requireRoom();
     void onTrialEnded();
 
     void onStarted();

@@ -141,15 +141,18 @@ void ExportRun::addPlannedExtras(ExportPlan& plan) const {
         plan.chapters = static_cast<int>(programme.chapters.size());
 }
 
-void ExportRun::requireRoom() const {
+/// An estimate that may well be twice what comes, or half of it, stands in nobody's way.
+void ExportRun::requireRoom() {
     const ExportPlan& plan = *outcome.plan;
     if (!plan.freeBytes || plan.estimate.sizeBytes <= *plan.freeBytes)
         return;
-    KESTRA_THROW(Kestra::Proc::ProcException(
-        TranscodingError::DiskFull, "The file will take " + std::string(plan.estimate.rough ? "roughly " : "") +
-                                        SizeText::format(plan.estimate.sizeBytes) + ", but beside \"" +
-                                        request.outputPath.toStdString() + "\" only " +
-                                        SizeText::format(*plan.freeBytes) + " are free"));
+    const std::string text = "The file will take " + std::string(plan.estimate.rough ? "roughly " : "") +
+                             SizeText::format(plan.estimate.sizeBytes) + ", but beside \"" +
+                             request.outputPath.toStdString() + "\" only " + SizeText::format(*plan.freeBytes) +
+                             " are free";
+    if (!plan.estimate.rough)
+        KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::DiskFull, text));
+    outcome.warnings << QString::fromStdString(text);
 }
 
 void ExportRun::onStarted() {

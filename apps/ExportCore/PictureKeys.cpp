@@ -139,7 +139,7 @@ void readFrameRate(const SettingEntry& entry, PresetSettings& settings) {
     }
     const auto rate = SettingText::frameRate(entry.value);
     if (!rate)
-        entry.refuse("write frames a second, as 25, 29.97 or 30000/1001, or source");
+        entry.refuse("write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source");
     if (*rate < 1 || *rate > HIGHEST_FRAME_RATE)
         entry.refuse("frame rates go from 1 to " + std::to_string(HIGHEST_FRAME_RATE));
     settings.frameRate = *rate;
@@ -272,7 +272,8 @@ std::vector<SettingKey> SettingKey::ofPicture() {
          requireSize,
          editSize,
          insideAnyway},
-        {{"frame-rate", "RATE", "frames a second, as 25, 29.97 or 30000/1001, or source", true},
+        {{"frame-rate", "RATE", "frames a second, as 25, 29.97 or 30000/1001; film, pal, ntsc, ntsc-film or source",
+          true},
          readFrameRate,
          requireFrameRate,
          editFrameRate,

@@ -1,9 +1,11 @@
 #include "ExportCore/PresetChoice.h"
 
+#include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
 #include "ExportCore/OutputExtension.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include <algorithm>
 #include <vector>
 
@@ -37,6 +39,19 @@ PresetChoice ofTag(const std::string& tag, const std::string& extension, const P
     return {*found, "the first of \"" + tag + "\" for ." + extension};
 }
 
+/// The usual one of each preset, each once.
+std::string extensionsOf(const PresetCatalogue& catalogue) {
+    std::vector<std::string> all;
+    for (const std::string& id : catalogue.ids()) {
+        const Preset preset = catalogue.preset(id);
+        const std::vector<std::string> own =
+            Kestra::ClientAPI::ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
+        if (!own.empty() && !holds(all, '.' + own.front()))
+            all.push_back('.' + own.front());
+    }
+    return NameList::joined(all, " or ");
+}
+
 } // namespace
 
 PresetChoice PresetChoice::of(const std::string& wanted, const QString& outputPath, const PresetCatalogue& catalogue) {
@@ -53,7 +68,9 @@ PresetChoice PresetChoice::of(const std::string& wanted, const QString& outputPa
     for (const std::string& id : candidates(extension, catalogue))
         if (OutputExtension::suits(catalogue.preset(id), extension))
             return {id, "the default for ." + extension};
-    KESTRA_THROW(Refusal("No preset writes files that end in ." + extension + ask));
+    const bool isOfMedia = Kestra::ClientAPI::ContainerLimits::IsKnownExtension(extension);
+    KESTRA_THROW(Refusal("No preset writes files that end in ." + extension +
+                         (isOfMedia ? "; those that there are write " + extensionsOf(catalogue) : ask)));
 }
 
 } // namespace ExportCore

@@ -20,7 +20,7 @@ qint64 fractionOf(const std::string& digits) {
 
 } // namespace
 
-const char* const TimeText::FORMS = "HH:MM:SS.mmm, MM:SS, seconds (90, 90.5s) or frames (120f)";
+const char* const TimeText::FORMS = "HH:MM:SS.mmm, MM:SS (up to 59:59), seconds (90, 90.5s) or frames (120f)";
 
 std::optional<KTime> TimeText::parse(const std::string& text) {
     static const std::regex clock(R"((?:(\d{1,7}):([0-5]\d)|([0-5]?\d)):([0-5]\d)(?:\.(\d{1,12}))?)");

@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
+#include <optional>
 
 using TestCli::Program;
 using TestCli::Result;
@@ -139,22 +140,43 @@ TEST_F(DryRun, OpensTheEncodersWithTheirOptions) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
 }
 
-TEST_F(DryRun, FailsWhereTheFileWouldNotFitOnTheDisk) {
-    const std::string mountPoint = place / "small";
-    Program program({"render", clip, "-p", "wav", "-o", mountPoint + "/sound.wav", "--dry-run"});
-    program.setWrapper(
-        {name("unshare"), name("-m"), name("sh"), name("-c"),
-         name("mkdir -p '%1' && mount -t tmpfs -o size=64k none '%1' || exit 77; shift; \"$@\"; code=$?; "
-              "test -z \"$(ls -A '%1')\" || exit 88; exit $code")
-             .arg(QString::fromStdString(mountPoint)),
-         name("sh"), name("-")});
-    const Result result = program.run();
-    if (result.code == 77 || result.errors.contains(name("unshare")))
-        GTEST_SKIP() << "no right to mount: " << result.errors.toStdString();
-    EXPECT_EQ(result.code, 1) << result.errors.toStdString();
-    EXPECT_TRUE(result.errors.contains(QRegularExpression(
+class DryRunOnASmallDisk : public DryRun {
+protected:
+    /// Of so many kB; nothing where that cannot be had.
+    std::optional<Result> tried(const char* preset, const char* file, int size) const {
+        const std::string mountPoint = place / "small";
+        Program program({"render", clip, "-p", preset, "-o", mountPoint + '/' + file, "--dry-run"});
+        program.setWrapper(
+            {name("unshare"), name("-m"), name("sh"), name("-c"),
+             name("mkdir -p '%1' && mount -t tmpfs -o size=%2k none '%1' || exit 77; shift; \"$@\"; code=$?; "
+                  "test -z \"$(ls -A '%1')\" || exit 88; exit $code")
+                 .arg(QString::fromStdString(mountPoint))
+                 .arg(size),
+             name("sh"), name("-")});
+        Result result = program.run();
+        const bool hasNoRight = result.code == 77 || result.errors.contains(name("unshare"));
+        return hasNoRight ? std::nullopt : std::optional(std::move(result));
+    }
+};
+
+TEST_F(DryRunOnASmallDisk, FailsWhereTheFileWouldNotFit) {
+    const auto result = tried("wav", "sound.wav", 64);
+    if (!result)
+        GTEST_SKIP() << "no right to mount";
+    EXPECT_EQ(result->code, 1) << result->errors.toStdString();
+    EXPECT_TRUE(result->errors.contains(QRegularExpression(
         name("disk full\\): The file will take 7\\d\\d kB, but beside .* only 6\\d\\.\\d kB are free"))))
-        << result.errors.toStdString();
+        << result->errors.toStdString();
+}
+
+TEST_F(DryRunOnASmallDisk, WarnsWhereTheSizeIsKnownRoughly) {
+    const auto result = tried("mkv-ffv1-flac", "film.mkv", 2000);
+    if (!result)
+        GTEST_SKIP() << "no right to mount";
+    EXPECT_EQ(result->code, 0) << result->errors.toStdString();
+    EXPECT_TRUE(result->errors.contains(QRegularExpression(name("warning: The file will take roughly .* are free"))))
+        << result->errors.toStdString();
+    EXPECT_TRUE(result->output.contains(name("size: roughly"))) << result->output.toStdString();
 }
 
 } // namespace

@@ -241,6 +241,10 @@ TEST_F(Request, ADurationStandsForOneOfThePoints) {
     expect(cut({}, KTime(1000), KTime(400)), KTime(600), KTime(1000));
     expect(cut({}, {}, KTime(500)), std::nullopt, KTime(500));
     expect(cut(TimePoint::ofFrames(25), {}, TimePoint::ofFrames(50)), KTime(1000), KTime(3000));
+    request.in.reset();
+    request.out = KTime(9000);
+    request.duration = KTime(500);
+    expect(CutPoints::of(request, 25, KTime(4000)), KTime(3500), KTime(9000)); // an end behind the end is the end
     EXPECT_REFUSED(cut(KTime(0), KTime(1000), KTime(1000)), "two of them say");
     EXPECT_REFUSED(cut({}, KTime(1000), KTime(1001)), "before the start");
     EXPECT_REFUSED(cut({}, {}, KTime(0)), "is none");
