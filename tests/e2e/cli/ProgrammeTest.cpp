@@ -59,7 +59,7 @@ TEST_F(Programmes, AreKeptWhereTheFileCanHoldThem) {
         EXPECT_EQ(file.tag("date"), "2020") << output;
         EXPECT_EQ(file.tag("comment"), "two\nlines") << output;
         EXPECT_EQ(file.tag("encoder").substr(0, 12), "EditorExport") << output;
-        EXPECT_EQ(file.tag("creation_time") + file.tag("rotate"), "") << output;
+        EXPECT_EQ(file.tag("creation_time") + file.tag("rotate"), "") << output << ": there is a date";
         EXPECT_EQ(file.chapterText(), "One 0.00-1.00, Two 1.00-2.00") << output;
         ASSERT_EQ(file.all("audio").size(), 1U);
         EXPECT_EQ(file.all("audio")[0].tag("language"), output == std::string("a.mp4") ? "deu" : "ger");

@@ -13,6 +13,9 @@ namespace Kestra::FF {
 namespace {
 
 constexpr const char* TITLE = "title";
+constexpr const char* DATE = "date";
+/// When the file was made: of what cameras write it is often the only date.
+constexpr const char* CREATION = "creation_time";
 /// Longer ones are data that somebody has put there.
 constexpr std::size_t LONGEST_TAG = 32768;
 constexpr std::size_t MOST_TAGS = 500;
@@ -22,7 +25,6 @@ constexpr std::string_view TECHNICAL[] = {"accurip_id",
                                           "bps",
                                           "cddb",
                                           "compatible_brands",
-                                          "creation_time",
                                           "cuesheet",
                                           "date_digitized",
                                           "date_encoded",
@@ -151,10 +153,22 @@ public:
         while ((entry = av_dict_get(tags, "", entry, AV_DICT_IGNORE_SUFFIX)) != nullptr)
             Take(PlainKey(entry->key), entry->value, tags);
     }
+    /// After the last read.
+    void AddDate() {
+        if (!creation.empty() && !Has(DATE) && programme.tags.size() < MOST_TAGS)
+            programme.tags.emplace_back(DATE, creation);
+    }
 
 private:
+    /// A date that somebody gave counts more.
+    void TakeCreation(const std::string& value) {
+        if (creation.empty() && IsUtf8(value))
+            creation = value.substr(0, LONGEST_TAG);
+    }
     void Take(const std::string& key, const std::string& value, const AVDictionary* tags) {
         const bool isTitle = key == TITLE;
+        if (key == CREATION)
+            return TakeCreation(value);
         if (value.empty() || key.empty() || (!isTitle && (IsTechnical(key) || IsTranslation(key, tags))))
             return;
         if (value.size() > LONGEST_TAG || programme.tags.size() >= MOST_TAGS)
@@ -175,6 +189,7 @@ private:
 
     Conf::ProgrammeInfo& programme;
     std::vector<std::string>& notes;
+    std::string creation;
 };
 
 } // namespace
@@ -199,6 +214,7 @@ void ReadTags(const AVFormatContext& context, Conf::ProgrammeInfo& programme, st
     if (TagsItsTracks(context))
         for (unsigned index = 0; index < context.nb_streams; ++index)
             reader.Read(context.streams[index]->metadata);
+    reader.AddDate();
 }
 
 } // namespace Kestra::FF
