@@ -344,12 +344,17 @@ void RequestCheck::outputIsNoneOf(const std::vector<Timeline::MediaTarget>& medi
         isThere = std::any_of(media.begin(), media.end(), [&](const Timeline::MediaTarget& medium) {
             return !folder.isEmpty() && isAmong(medium, folder, names);
         });
-    } else if (const auto state = stateOf(output)) {
-        isThere = std::any_of(media.begin(), media.end(),
-                              [&state](const Timeline::MediaTarget& medium) { return isOf(medium, *state); });
+    } else {
+        isThere = isMedium(output, media);
     }
     if (isThere)
         refuse("Cannot write " + quoted(output) + ": it is one of the timeline's media");
+}
+
+bool RequestCheck::isMedium(const QByteArray& path, const std::vector<Timeline::MediaTarget>& media) {
+    const auto state = stateOf(path);
+    return state && std::any_of(media.begin(), media.end(),
+                                [&state](const Timeline::MediaTarget& medium) { return isOf(medium, *state); });
 }
 
 void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {

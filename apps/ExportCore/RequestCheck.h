@@ -34,6 +34,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
     /// links neither.
     static void outputIsNoneOf(const std::vector<Timeline::MediaTarget>& media, const ExportRequest& request,
                                const std::optional<Preset>& preset);
+    /// Whether the path is, through whatever links, one of those files or a picture of those sequences.
+    static bool isMedium(const QByteArray& path, const std::vector<Timeline::MediaTarget>& media);
     /// The output's name promises no other kind of file than the preset writes; where that makes a file of each picture
     /// it says how they are called (see SequenceName). A name without extension, or with one that stands for nothing,
     /// promises none.

@@ -4,11 +4,24 @@
 #include "Kestra/Proc/ProcException.h"
 #include "Timeline/DocumentEdit.h"
 #include "Timeline/Reader/OtioReader.h"
+#include "Timeline/Reader/OtioZipReader.h"
 #include <utility>
 
 namespace ExportCore {
 
 using Timeline::Finding;
+
+namespace {
+
+Timeline::ReadingOptions readingOf(const TimelineOptions& options) {
+    Timeline::ReadingOptions reading;
+    reading.mediaRoot = Kestra::ioPath(options.mediaRoot);
+    reading.timeline = options.timeline;
+    reading.lenient = options.lenient;
+    return reading;
+}
+
+} // namespace
 
 bool TimelineOpening::isTimeline(const std::string& path) {
     return Timeline::OtioReader().reads(Kestra::ioPath(path));
@@ -20,10 +33,7 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
     opening.media = std::make_shared<Render::MediaPool>(limits);
     opening.options = options;
     TimelineMedia media(opening.media, interrupted);
-    Timeline::ReadingOptions reading;
-    reading.mediaRoot = Kestra::ioPath(options.mediaRoot);
-    reading.timeline = options.timeline;
-    reading.lenient = options.lenient;
+    Timeline::ReadingOptions reading = readingOf(options);
     reading.lengthOf = [&media](const Timeline::MediaReference& reference, Timeline::Track::Kind kind) {
         return media.lengthOf(reference, kind);
     };
@@ -41,6 +51,14 @@ TimelineOpening TimelineOpening::read(const std::string& path, const TimelineOpt
             *Timeline::withBlackForMissingPictures(*opening.reading.document),
             [&media](const Timeline::MediaReference& reference) { return media.whyMissing(reference); });
     return opening;
+}
+
+std::vector<Timeline::MediaTarget> TimelineOpening::mediaNamedIn(const std::string& path,
+                                                                 const TimelineOptions& options) {
+    const Kestra::ioPath file(path);
+    if (!isTimeline(path) || Timeline::OtioZipReader().reads(file))
+        return {};
+    return Timeline::OtioReader().read(file, readingOf(options)).named;
 }
 
 bool TimelineOpening::isFit() const {

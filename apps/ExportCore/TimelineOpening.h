@@ -8,6 +8,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace ExportCore {
 
@@ -33,6 +34,9 @@ struct EXPORTCORE_EXPORT TimelineOpening {
     static TimelineOpening read(const std::string& path, const TimelineOptions& options,
                                 const Kestra::Proc::MediaLimits& limits,
                                 const std::atomic<bool>* interrupted = nullptr);
+    /// What the timeline at the path names and is there (see Timeline::Reading::named), however much else is wrong with
+    /// it; nothing where it cannot be read, or is an archive, whose media are unpacked elsewhere. Opens no medium.
+    static std::vector<Timeline::MediaTarget> mediaNamedIn(const std::string& path, const TimelineOptions& options);
 
     /// Whether it can be rendered under the options that it was read with.
     bool isFit() const;

@@ -28,6 +28,11 @@ bool standsAsInput(const std::string& path) {
            (!S_ISDIR(state.st_mode) || ExportCore::TimelineOpening::isTimeline(path));
 }
 
+bool isFolder(const std::string& path) {
+    struct stat state = {};
+    return ::stat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+}
+
 /// "INPUT...", "[ID]...", "FILE".
 std::string argumentsOf(const CLI::Option& option) {
     const std::string name = option.get_required() ? option.get_name(true) : '[' + option.get_name(true) + ']';
@@ -51,10 +56,30 @@ CommandLine::CommandLine(Options& options)
 void CommandLine::parse(std::vector<std::string> words) {
     std::reverse(words.begin(), words.end()); // as the library wants them
     app.parse(std::move(words));
+    requireValues(app);
     options.command = command();
+    if (options.command == Options::Command::Presets)
+        requireOneList();
     takeTexts();
     if (options.command == Options::Command::Render && output->count() == 0)
         takeOutput();
+}
+
+/// A variable of a script that is not set, as in --report "$REPORT", is to be told.
+void CommandLine::requireValues(const CLI::App& command) const {
+    for (const CLI::Option* option : command.get_options()) {
+        const std::vector<std::string>& values = option->results();
+        if (!option->get_positional() && std::find(values.begin(), values.end(), std::string()) != values.end())
+            throw CLI::ValidationError(option->get_name() + " needs a value, which is empty");
+    }
+    for (const CLI::App* below : command.get_subcommands())
+        requireValues(*below);
+}
+
+void CommandLine::requireOneList() const {
+    const int given = (options.inputs.empty() ? 0 : 1) + (options.tag ? 1 : 0) + (options.listTags ? 1 : 0);
+    if (given > 1)
+        throw CLI::ValidationError("IDs, --tag and --tags are three lists; ask for one of them");
 }
 
 Options::Command CommandLine::command() {
@@ -102,6 +127,9 @@ void CommandLine::takeOutput() {
     if (standsAsInput(last))
         throw CLI::ValidationError(missing + " (\"" + last + "\" is a file already: to replace it, write --output \"" +
                                    last + "\" --overwrite)");
+    if (isFolder(last) && options.preset.empty())
+        throw CLI::ValidationError('"' + last + "\" is a folder: name a file in it, or let -p PRESET --each -o \"" +
+                                   last + "\" export every input into it");
     options.output = last;
     options.inputs.pop_back();
 }
@@ -175,7 +203,8 @@ CommandText CommandLine::textOf(const CLI::App& command, std::vector<std::string
         else
             text.options.push_back(textOf(*option));
     }
-    if (text.arguments.empty())
+    // The program itself takes what render does.
+    if (text.arguments.empty() && !text.words.empty())
         text.argumentKind = ValueKind::None;
     return text;
 }

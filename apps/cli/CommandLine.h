@@ -52,6 +52,7 @@ private:
     void addInfo();
     void addValidate();
     void addInputs(CLI::App& command);
+    void addLimits(CLI::App& command);
     void addTimelines(CLI::App& command);
     CLI::App* addCommand(CLI::App& parent, const char* name, const char* summary, Text text);
 
@@ -61,6 +62,8 @@ private:
                            const char* meaning);
     CLI::Option* typed(CLI::Option* option, const char* value, ValueKind kind);
 
+    void requireValues(const CLI::App& command) const;
+    void requireOneList() const;
     Options::Command command();
     void takeTexts();
     void takeOutput();

@@ -22,6 +22,20 @@ std::vector<std::string> optionNames(const CommandText& command) {
     return names;
 }
 
+/// Files without a command are rendered: what render takes, the program takes as well.
+CommandTable withMainForm(CommandTable table) {
+    const auto render = std::find_if(table.begin(), table.end(), [](const CommandText& command) {
+        return command.words == std::vector<std::string>{"render"};
+    });
+    if (render == table.end())
+        return table;
+    const std::vector<std::string> own = optionNames(table.front());
+    for (const OptionText& option : std::vector<OptionText>(render->options))
+        if (std::find(own.begin(), own.end(), option.names.back()) == own.end())
+            table.front().options.push_back(option);
+    return table;
+}
+
 std::vector<std::string> wordsBelow(const CommandTable& table, const std::vector<std::string>& words) {
     std::vector<std::string> below;
     for (const CommandText& command : table)
@@ -36,9 +50,9 @@ std::string bashValues(ValueKind kind, const std::vector<std::string>& choices) 
     case ValueKind::Choice:
         return "COMPREPLY=($(compgen -W \"" + joined(choices) + "\" -- \"$word\"))";
     case ValueKind::File:
-        return "compopt -o filenames 2>/dev/null; COMPREPLY=($(compgen -f -- \"$word\"))";
+        return "compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -f -- \"$word\")";
     case ValueKind::Folder:
-        return "compopt -o filenames 2>/dev/null; COMPREPLY=($(compgen -d -- \"$word\"))";
+        return "compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -d -- \"$word\")";
     case ValueKind::Preset:
         return std::string("COMPREPLY=($(compgen -W \"$(") + PRESET_IDS + ")\" -- \"$word\"))";
     case ValueKind::Tag:
@@ -148,7 +162,7 @@ std::string fishValues(const OptionText& option) {
 
 std::string fishCondition(const CommandTable& table, const CommandText& command) {
     if (command.words.empty())
-        return " -n __fish_use_subcommand";
+        return " -n 'not __fish_seen_subcommand_from " + joined(wordsBelow(table, command.words)) + '\'';
     std::string text = "__fish_seen_subcommand_from " + command.words.back();
     if (command.words.size() > 1)
         text = "__fish_seen_subcommand_from " + command.words.front() + "; and " + text;
@@ -159,7 +173,8 @@ std::string fishCondition(const CommandTable& table, const CommandText& command)
 
 } // namespace
 
-std::string bashCompletion(const CommandTable& table) {
+std::string bashCompletion(const CommandTable& commandTable) {
+    const CommandTable table = withMainForm(commandTable);
     std::string commands;
     std::vector<std::string> all;
     for (const CommandText& command : table) {
@@ -185,7 +200,8 @@ std::string bashCompletion(const CommandTable& table) {
            "complete -F _editor_export editor-export\n";
 }
 
-std::string zshCompletion(const CommandTable& table) {
+std::string zshCompletion(const CommandTable& commandTable) {
+    const CommandTable table = withMainForm(commandTable);
     std::string commands;
     std::vector<std::string> all;
     for (const CommandText& command : table) {
@@ -212,14 +228,16 @@ std::string zshCompletion(const CommandTable& table) {
            "_editor_export \"$@\"\n";
 }
 
-std::string fishCompletion(const CommandTable& table) {
+std::string fishCompletion(const CommandTable& commandTable) {
+    const CommandTable table = withMainForm(commandTable);
     std::string text = "# Completion of editor-export for fish.\n";
     for (const CommandText& command : table) {
         const std::string head = "complete -c editor-export" + fishCondition(table, command);
         for (const CommandText& below : table)
             if (below.words.size() == command.words.size() + 1 &&
                 std::equal(command.words.begin(), command.words.end(), below.words.begin()))
-                text += head + " -a " + below.words.back() + " -d " + fishText(below.summary) + '\n';
+                text += (command.words.empty() ? "complete -c editor-export -n __fish_use_subcommand" : head) + " -a " +
+                        below.words.back() + " -d " + fishText(below.summary) + '\n';
         if (command.argumentKind == ValueKind::Preset)
             text += head + " -f -a '(" + PRESET_IDS + ")'\n";
         for (const OptionText& option : command.options) {

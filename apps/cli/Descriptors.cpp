@@ -6,6 +6,12 @@
 
 namespace Cli {
 
+void keepStandardOnesFree() noexcept {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(descriptor, F_GETFD) < 0) // the lowest that is free is taken
+            open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
 bool canOpen(int descriptors) noexcept {
     std::array<int, 64> opened{};
     int count = 0;

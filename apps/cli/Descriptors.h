@@ -10,4 +10,8 @@ constexpr int NEEDED_DESCRIPTORS = 32;
 /// Whether that many files more can be open at a time.
 bool canOpen(int descriptors) noexcept;
 
+/// Where the caller has closed standard input, output or error, nothing that is opened later takes its number, and with
+/// it what is meant for that. Reading from it and writing to it fail as before. Before anything is opened.
+void keepStandardOnesFree() noexcept;
+
 } // namespace Cli

@@ -99,7 +99,10 @@ void ErrorOutput::keepLogsOut() {
 }
 
 bool ErrorOutput::keepIn(const std::string& path) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    // A pipe that nobody reads would be waited for.
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (file >= 0)
+        ::fcntl(file, F_SETFL, O_APPEND);
     const std::lock_guard lock(way().mutex);
     if (file >= 0 && way().kept >= 0)
         ::close(way().kept);

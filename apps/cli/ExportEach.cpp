@@ -43,7 +43,9 @@ std::string stemOf(const std::string& input) {
     return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-std::vector<Options> jobsOf(const Options& options) {
+} // namespace
+
+std::vector<Options> exportsOfEach(const Options& options) {
     if (!options.report.empty())
         KESTRA_THROW(
             Refusal("A report is about one export; write --report without --each, or have a queue do the jobs, "
@@ -65,16 +67,15 @@ std::vector<Options> jobsOf(const Options& options) {
     }
     return jobs;
 }
-
-} // namespace
-
 int exportEach(const Options& options, JobRunner& runner) {
-    const std::vector<Options> jobs = jobsOf(options);
+    const std::vector<Options> jobs = exportsOfEach(options);
     JobTally tally(jobs.size());
     for (std::size_t index = 0; index < jobs.size() && !JobRunner::isStopped(); ++index) {
         tally.begin(index, jobs[index].output);
         tally.end(index, jobs[index].output, runner.run(jobs[index]).code);
     }
+    if (JobRunner::isStopped())
+        tally.stop(Process::SignalStop::received());
     const int code = tally.exitCode();
     return code == EXIT_EXPORT_FAILED && !tally.anyBegun() ? EXIT_BAD_INPUT : code;
 }

@@ -3,10 +3,22 @@
 #include "ExportCore/NameList.h"
 #include "ExportCore/PlainText.h"
 #include "cli/ErrorOutput.h"
-#include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 
 namespace Cli {
+namespace {
+
+/// ", 2 failed (number 3 and 5)"; empty where there are none.
+std::string numbersOf(const std::vector<std::size_t>& jobs, const char* what) {
+    std::vector<std::string> numbers;
+    for (const std::size_t number : jobs)
+        numbers.push_back(std::to_string(number));
+    return jobs.empty() ? std::string()
+                        : ", " + std::to_string(jobs.size()) + ' ' + what + " (number " +
+                              ExportCore::NameList::joined(numbers, " and ") + ')';
+}
+
+} // namespace
 
 void JobTally::tell(const char* status, std::size_t index, const std::string& output) const {
     ErrorOutput::tellJob({{key("type"), key("job")},
@@ -33,29 +45,25 @@ void JobTally::end(std::size_t index, const std::string& output, int code) {
         ++done;
         return;
     }
-    if (code > EXIT_SIGNAL_BASE)
+    const bool isStopped = code > EXIT_SIGNAL_BASE;
+    if (isStopped)
         signalCode = code;
-    failed.push_back(index + 1);
-    tell(code > EXIT_SIGNAL_BASE ? "stopped" : "failed", index, output);
+    (isStopped ? stopped : failed).push_back(index + 1);
+    tell(isStopped ? "stopped" : "failed", index, output);
 }
 
 int JobTally::exitCode() const {
-    if (signalCode != 0)
-        return signalCode;
-    return failed.empty() ? EXIT_DONE : EXIT_EXPORT_FAILED;
+    if (done + before == count)
+        return EXIT_DONE;
+    return signalCode != 0 ? signalCode : EXIT_EXPORT_FAILED;
 }
 
 std::string JobTally::summary() const {
     std::string text = std::to_string(count) + (count == 1 ? " job: " : " jobs: ") + std::to_string(done) + " done";
     if (before > 0)
         text += ", " + std::to_string(before) + " done before";
-    std::vector<std::string> numbers;
-    for (const std::size_t number : failed)
-        numbers.push_back(std::to_string(number));
-    if (!failed.empty())
-        text += ", " + std::to_string(failed.size()) + " failed (number " +
-                ExportCore::NameList::joined(numbers, " and ") + ')';
-    const std::size_t left = count - done - before - failed.size();
+    text += numbersOf(failed, "failed") + numbersOf(stopped, "stopped");
+    const std::size_t left = count - done - before - failed.size() - stopped.size();
     return left > 0 ? text + ", " + std::to_string(left) + " not begun" : text;
 }
 

@@ -1,7 +1,6 @@
 #include "cli/JsonText.h"
 
 #include "Types/Time.h"
-#include <QJsonDocument>
 
 namespace Cli {
 namespace {
@@ -9,6 +8,13 @@ namespace {
 using ExportCore::ExportFacts;
 using ExportCore::ExportOutcome;
 using ExportCore::ExportPlan;
+
+/// What a terminal obeys, or turns lines around with. It stands inside of strings alone.
+bool mayDoHarm(QChar letter) {
+    const ushort code = letter.unicode();
+    return (code >= 0x7F && code <= 0x9F) || code == 0x61C || code == 0x200E || code == 0x200F ||
+           (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+}
 
 QString typeOf(ExportOutcome::Status status) {
     switch (status) {
@@ -142,7 +148,19 @@ QString fractionText(const boost::rational<long long>& value) {
 }
 
 std::string jsonLine(const QJsonObject& object) {
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+    return jsonBytes(object, QJsonDocument::Compact).toStdString();
+}
+
+QByteArray jsonBytes(const QJsonObject& object, QJsonDocument::JsonFormat format) {
+    const QString text = QString::fromUtf8(QJsonDocument(object).toJson(format));
+    QString safe;
+    safe.reserve(text.size());
+    for (const QChar letter : text)
+        if (mayDoHarm(letter))
+            safe += QStringLiteral("\\u%1").arg(letter.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            safe += letter;
+    return safe.toUtf8();
 }
 
 QJsonObject planObject(const ExportPlan& plan) {

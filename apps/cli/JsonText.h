@@ -2,7 +2,9 @@
 #pragma once
 
 #include "ExportCore/ExportOutcome.h"
+#include <QByteArray>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
 #include <boost/rational.hpp>
@@ -17,6 +19,8 @@ inline QString key(const char* text) {
 QString fractionText(const boost::rational<long long>& value);
 /// The object on one line, UTF-8, without a line end.
 std::string jsonLine(const QJsonObject& object);
+/// UTF-8; control characters and direction marks are written as \uNNNN.
+QByteArray jsonBytes(const QJsonObject& object, QJsonDocument::JsonFormat format);
 /// What is going to be made. Unknown is null.
 QJsonObject planObject(const ExportCore::ExportPlan& plan);
 /// The first and the last of numbered pictures.

@@ -30,7 +30,7 @@ void CommandLine::addPresetFiles() {
         add(Action::Export, "export", "Write presets to a file that can be edited and imported", "ID", "Presets",
             {{},
              {"editor-export presets export mp4-h264-1080p -o mine.json # To "
-              "a file",
+              "a file, where it is to get an id of its own",
               "editor-export presets export mp3 flac # Two of them, to standard output",
               "editor-export presets export mp3 -o mine.json -y # Replaces the file"},
              ValueKind::Preset});
@@ -65,8 +65,9 @@ void CommandLine::addInfo() {
                         "editor-export info cut.otio # A timeline, clip by clip"},
                        ValueKind::File});
     addInputs(*info);
-    addTimelines(*info);
     info->add_flag("--json", options.json, "As JSON");
+    addTimelines(*info);
+    addLimits(*info);
 }
 
 void CommandLine::addValidate() {
@@ -77,8 +78,9 @@ void CommandLine::addValidate() {
                             "editor-export validate --json cut.otio # The same for programs"},
                            ValueKind::File});
     addInputs(*validate);
-    addTimelines(*validate);
     validate->add_flag("--json", options.json, "As JSON");
+    addTimelines(*validate);
+    addLimits(*validate);
 }
 
 } // namespace Cli

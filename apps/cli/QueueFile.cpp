@@ -2,10 +2,12 @@
 
 #include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
+#include "ExportCore/TimelineOpening.h"
 #include "Kestra/Conf/NumberedName.h"
 #include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
 #include "cli/JsonText.h"
+#include "cli/SamePlace.h"
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
@@ -13,7 +15,10 @@
 #include <QJsonDocument>
 #include <QSaveFile>
 #include <algorithm>
+#include <map>
+#include <set>
 #include <sys/file.h>
+#include <variant>
 
 namespace Cli {
 namespace {
@@ -51,15 +56,26 @@ bool isOfJobs(const std::string& option) {
     return std::find(others.begin(), others.end(), option) == others.end();
 }
 
-std::vector<std::string> namesOfMembers() {
-    Options options;
+/// Options of jobs by their long names, and whether they may be given more than once.
+const std::map<std::string, bool>& members() {
+    static const std::map<std::string, bool> found = [] {
+        Options options;
+        std::map<std::string, bool> names;
+        for (const CommandText& command : CommandLine(options).table())
+            if (command.words == std::vector<std::string>{"render"})
+                for (const OptionText& option : command.options)
+                    if (const std::string name = option.names.back().substr(2); isOfJobs(name))
+                        names[name] = option.repeats;
+        return names;
+    }();
+    return found;
+}
+
+[[noreturn]] void refuseMember(const std::string& name) {
     std::vector<std::string> names{"inputs"};
-    for (const CommandText& command : CommandLine(options).table())
-        if (command.words == std::vector<std::string>{"render"})
-            for (const OptionText& option : command.options)
-                if (const std::string name = option.names.back().substr(2); isOfJobs(name))
-                    names.push_back(name);
-    return names;
+    for (const auto& [known, repeats] : members())
+        names.push_back(known);
+    KESTRA_THROW(Refusal("a job has no such member" + ExportCore::NearNames::question(name, names)));
 }
 
 std::string textOf(const QJsonValue& value) {
@@ -80,9 +96,13 @@ std::vector<std::string> textsOf(const QJsonValue& value) {
 }
 
 void addWords(const std::string& name, const QJsonValue& value, std::vector<std::string>& words) {
-    static const std::vector<std::string> known = namesOfMembers();
-    if (std::find(known.begin(), known.end(), name) == known.end())
-        KESTRA_THROW(Refusal("a job has no such member" + ExportCore::NearNames::question(name, known)));
+    const auto member = members().find(name);
+    if (member == members().end())
+        refuseMember(name);
+    if (name == "output" && !value.isString())
+        KESTRA_THROW(Refusal("a text is expected"));
+    if (value.isArray() && !member->second)
+        KESTRA_THROW(Refusal("one value is expected, no list"));
     if (value.isBool()) {
         if (value.toBool())
             words.push_back("--" + name);
@@ -120,9 +140,8 @@ QueueFile::Job jobOf(const QJsonValue& value) {
     try {
         if (!value.isObject())
             KESTRA_THROW(Refusal("an object is expected"));
-        job.words = wordsOf(value.toObject());
+        job.options = Options::ofJob(wordsOf(value.toObject()));
     } catch (const Refusal& refusal) {
-        job.words.clear();
         job.fault = refusal.what();
     }
     return job;
@@ -162,6 +181,51 @@ QJsonObject factsOf(const std::string& output) {
         facts.insert(key("pictures"), files.size());
     return facts;
 }
+
+/// What tells that files are still those that were read; it says how many pictures of a sequence there are.
+QJsonObject factsOfInput(const QString& path, const QFileInfoList& files) {
+    qint64 size = 0;
+    QDateTime modified;
+    for (const QFileInfo& file : files) {
+        size += file.size();
+        modified = modified.isValid() ? std::max(modified, file.lastModified()) : file.lastModified();
+    }
+    return {{key("path"), path},
+            {key("files"), files.size()},
+            {key("sizeBytes"), size},
+            {key("modified"), modified.toUTC().toString(Qt::ISODateWithMs)}};
+}
+
+QJsonObject factsOfMedium(const Timeline::MediaTarget& medium) {
+    if (const auto* const file = std::get_if<Timeline::MediaFile>(&medium)) {
+        const QString path = QString::fromStdString(file->path.ToUtf8());
+        return factsOfInput(path, {QFileInfo(path)});
+    }
+    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&medium);
+    if (!sequence)
+        return {};
+    const QString folder = QString::fromStdString(sequence->folder.ToUtf8());
+    QFileInfoList pictures;
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
+        if (sequence->isName(file.fileName().toStdString()))
+            pictures << file;
+    return factsOfInput(folder + key("/") + QString::fromStdString(sequence->prefix), pictures);
+}
+
+/// With the media of timelines.
+QJsonArray factsOfInputs(const Options& options) {
+    QJsonArray facts;
+    for (const std::string& input : options.inputs) {
+        const QFileInfo file(QString::fromStdString(input));
+        const QFileInfo content(file.filePath() + key("/content.otio")); // of a timeline that is a folder
+        facts.append(factsOfInput(file.absoluteFilePath(), {file.isDir() ? content : file}));
+        for (const Timeline::MediaTarget& medium : ExportCore::TimelineOpening::mediaNamedIn(input, options.timelines))
+            facts.append(factsOfMedium(medium));
+    }
+    return facts;
+}
+
+const char* const INPUTS = "inputs";
 
 } // namespace
 
@@ -204,13 +268,46 @@ void QueueFile::readState() {
     }
 }
 
+std::size_t QueueFile::sharesFileWith(std::size_t index) const {
+    const auto filesOf = [](const Job& job) {
+        std::set<std::string> places;
+        for (const std::string* path : {&job.options.output, &job.options.report})
+            if (!path->empty())
+                places.insert(placeOf(*path));
+        return places;
+    };
+    const std::set<std::string> own = filesOf(all[index]);
+    for (std::size_t before = 0; before < index; ++before)
+        for (const std::string& place : filesOf(all[before]))
+            if (own.count(place) != 0)
+                return before + 1;
+    return 0;
+}
+
 bool QueueFile::isDone(const Job& job) const {
-    const QJsonObject facts = job.output.empty() ? QJsonObject() : factsOf(job.output);
-    return !facts.isEmpty() && done.value(job.digest).toObject() == facts;
+    QJsonObject facts = job.output.empty() ? QJsonObject() : factsOf(job.output);
+    const QJsonObject kept = done.value(job.digest).toObject();
+    if (facts.isEmpty() || kept.isEmpty())
+        return false;
+    facts.insert(key(INPUTS), factsOfInputs(job.options));
+    return kept == facts;
+}
+
+bool QueueFile::isOutdated(const Job& job) const {
+    QJsonObject kept = done.value(job.digest).toObject();
+    if (kept.isEmpty() || kept.take(key(INPUTS)).toArray() == factsOfInputs(job.options))
+        return false;
+    return kept == factsOf(job.output);
+}
+
+void QueueFile::begin(const Job& job) {
+    inputs = factsOfInputs(job.options);
 }
 
 bool QueueFile::keep(const Job& job) {
-    done.insert(job.digest, factsOf(job.output));
+    QJsonObject facts = factsOf(job.output);
+    facts.insert(key(INPUTS), inputs);
+    done.insert(job.digest, facts);
     QSaveFile state(statePath);
     const QByteArray bytes = QJsonDocument(QJsonObject{{key("queueState"), VERSION}, {key("done"), done}}).toJson();
     if (state.open(QIODevice::WriteOnly) && state.write(bytes) == bytes.size() && state.commit())

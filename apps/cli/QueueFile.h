@@ -1,7 +1,9 @@
 // Cli::QueueFile: jobs that stand in a file, and which of them are done.
 #pragma once
 
+#include "cli/Options.h"
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <string>
 #include <vector>
@@ -9,12 +11,12 @@
 namespace Cli {
 
 /// Their form is resources/schemas/queue.schema.json. Beside the file, under its name with ".state" behind it, stands
-/// what is done. While one of these exists no other process has the same file.
+/// what is done. While one of these exists no other process has the same file. Names in jobs count from where the
+/// process stands.
 class QueueFile {
 public:
     struct Job {
-        /// What stands behind "render". Empty where the job is no good, and `fault` says why.
-        std::vector<std::string> words;
+        Options options;    ///< none where the job is no good, and `fault` says why
         std::string output; ///< as it is written there; empty when missing
         std::string fault;
         QString digest; ///< the same for the same job
@@ -24,8 +26,14 @@ public:
     explicit QueueFile(const std::string& path);
 
     const std::vector<Job>& jobs() const { return all; }
-    /// Its file stands where it was made and has not changed since.
+    /// Which job before this one, counted from 1, writes a file that this one writes, too; 0 where none does.
+    std::size_t sharesFileWith(std::size_t index) const;
+    /// Its file stands where it was made, and neither has changed since nor what it was made of.
     bool isDone(const Job& job) const;
+    /// It was, but what it was made of has changed.
+    bool isOutdated(const Job& job) const;
+    /// Before a job begins: what it is made of.
+    void begin(const Job& job);
     /// Keeps that the job is done. False when that cannot be written; it is told.
     bool keep(const Job& job);
 
@@ -37,7 +45,8 @@ private:
     QFile file;
     const QString statePath;
     std::vector<Job> all;
-    QJsonObject done; ///< by digest
+    QJsonObject done;  ///< by digest
+    QJsonArray inputs; ///< of the job that has begun, as they were then
 };
 
 } // namespace Cli

@@ -79,6 +79,10 @@ void CommandLine::addRender() {
                      "of a timeline"},
                     ValueKind::File});
     addInputs(*render);
+    addPresetAndOutput();
+    addChanges();
+    addHandling();
+    addTracks();
     addTimelines(*render);
     addChoice(*render, "--missing", missingText, {"refused", "black"},
               "What media of a timeline that are missing become")
@@ -87,10 +91,7 @@ void CommandLine::addRender() {
               "What the pitch of a timeline's sound does at another speed")
         ->capture_default_str();
     render->add_flag("--limiter", limiter, "Turn peaks of a timeline's mix down that go beyond -1 dB of full scale");
-    addPresetAndOutput();
-    addTracks();
-    addChanges();
-    addHandling();
+    addLimits(*render);
 }
 
 void CommandLine::addPresetAndOutput() {
@@ -176,6 +177,10 @@ void CommandLine::addQueue() {
 
 void CommandLine::addInputs(CLI::App& command) {
     command.add_option("INPUT", options.inputs, "Files")->required()->type_name("");
+}
+
+/// What the inputs may claim of themselves.
+void CommandLine::addLimits(CLI::App& command) {
     command.add_option("--max-picture", pictureMebibytes, "How large a picture of an input may be in memory, in MiB")
         ->type_name("MIB")
         ->check(checkLimit)

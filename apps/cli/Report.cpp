@@ -1,17 +1,16 @@
 #include "cli/Report.h"
 
 #include "ExportCore/Refusal.h"
-#include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
-#include "cli/JobRunner.h"
 #include "cli/JsonText.h"
-#include "cli/SamePlace.h"
+#include "cli/PlacesInUse.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <QTemporaryFile>
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
@@ -39,6 +38,36 @@ QJsonValue pointOf(const std::optional<ExportCore::TimePoint>& point) {
     return text(point->frames ? std::to_string(*point->frames) + 'f' : ExportCore::TimeText::format(point->time));
 }
 
+/// As "--audio" takes it, but for the inputs' own choice.
+std::string soundOf(const ExportCore::TrackOptions& tracks) {
+    using Sound = ExportCore::TrackOptions::Sound;
+    switch (tracks.sound) {
+    case Sound::Main:
+        return "main";
+    case Sound::All:
+        return "all";
+    case Sound::None:
+        return "none";
+    case Sound::Chosen:
+        break;
+    }
+    return tracks.choice.sound ? std::to_string(*tracks.choice.sound) : tracks.choice.soundLanguage;
+}
+
+QJsonValue textOrNull(const std::string& utf8) {
+    return utf8.empty() ? QJsonValue() : QJsonValue(text(utf8));
+}
+
+QJsonObject timelineObject(const ExportCore::TimelineOptions& timelines) {
+    const bool isBlack = timelines.missing == ExportCore::TimelineOptions::Missing::Black;
+    return {{key("mediaRoot"), textOrNull(timelines.mediaRoot)},
+            {key("name"), textOrNull(timelines.timeline)},
+            {key("lenient"), timelines.lenient},
+            {key("missing"), key(isBlack ? "black" : "refused")},
+            {key("pitch"), key(timelines.sound.pitch == Kestra::Proc::Pitch::Moved ? "moved" : "kept")},
+            {key("limiter"), timelines.sound.ceiling.has_value()}};
+}
+
 QJsonObject requestObject(const Options& options) {
     return {{key("arguments"), arrayOf(options.words)},
             {key("inputs"), arrayOf(options.inputs)},
@@ -50,6 +79,13 @@ QJsonObject requestObject(const Options& options) {
             {key("out"), pointOf(options.out)},
             {key("duration"), pointOf(options.duration)},
             {key("loudness"), options.loudness ? QJsonValue(*options.loudness) : QJsonValue()},
+            {key("audio"), text(soundOf(options.tracks))},
+            {key("video"), options.tracks.picture},
+            {key("metadata"), options.tracks.metadata},
+            {key("subtitles"), options.tracks.subtitles},
+            {key("timeline"), timelineObject(options.timelines)},
+            {key("limits"), QJsonObject{{key("pictureBytes"), static_cast<qint64>(options.mediaLimits.pictureBytes)},
+                                        {key("tracks"), options.mediaLimits.tracks}}},
             {key("branding"), options.branding.empty() ? QJsonValue() : QJsonValue(text(options.branding))},
             {key("overwrite"), options.overwrite},
             {key("dryRun"), options.dryRun}};
@@ -74,6 +110,12 @@ QJsonObject resultObject(const QJsonObject& outcome, int exitCode) {
     return result;
 }
 
+/// By trial: hours of an export go before the report is written.
+std::string whyNotIn(const QString& folder) {
+    QTemporaryFile trial(folder + key("/.editor-export-XXXXXX"));
+    return trial.open() ? std::string() : trial.errorString().toStdString();
+}
+
 } // namespace
 
 Report::Report(const Options& options)
@@ -84,17 +126,18 @@ Report::Report(const Options& options)
     const QByteArray path = QByteArray::fromStdString(options.report);
     const QFileInfo file(text(options.report));
     const std::string name = '"' + options.report + '"';
-    if (ExportCore::RequestCheck::isInput(path, JobRunner::requestOf(options).inputs) ||
-        isSamePlace(options.report, options.output))
-        KESTRA_THROW(
-            ExportCore::Refusal("Cannot write the report " + name + ": it is the output or one of the inputs"));
+    if (const std::string use = PlacesInUse::useBy(options, options.report); !use.empty())
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": it is " + use));
+    if (const std::string why = PlacesInUse::whyNoFile(options.report); !why.empty())
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " + why));
     struct stat state = {};
     if (::lstat(path.constData(), &state) != 0 && errno != ENOENT)
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": " + std::strerror(errno)));
-    if (file.isDir() || !file.absoluteDir().exists())
-        KESTRA_THROW(ExportCore::Refusal(
-            "Cannot write the report " + name + ": " +
-            (file.isDir() ? "it is a folder; name a file in it" : "its folder does not exist; make it first")));
+    if (!file.absoluteDir().exists())
+        KESTRA_THROW(
+            ExportCore::Refusal("Cannot write the report " + name + ": its folder does not exist; make it first"));
+    if (const std::string why = whyNotIn(file.absolutePath()); !why.empty())
+        KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": in its folder: " + why));
     if (file.exists() && !options.overwrite)
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name +
                                          ": it exists already (--overwrite replaces it, and the output)"));
@@ -123,7 +166,7 @@ int Report::write(const ExportOutcome& outcome, int exitCode) const {
     if (options.report.empty())
         return exitCode;
     QSaveFile file(text(options.report));
-    const QByteArray bytes = QJsonDocument(object(outcome, exitCode)).toJson();
+    const QByteArray bytes = jsonBytes(object(outcome, exitCode), QJsonDocument::Indented);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return exitCode;
     ErrorOutput::fail("cannot write the report \"" + options.report + "\": " + file.errorString().toStdString());

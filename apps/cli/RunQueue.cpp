@@ -1,4 +1,5 @@
 #include "ExportCore/Refusal.h"
+#include "Kestra/Proc/LargestAllocation.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JobTally.h"
@@ -15,23 +16,60 @@ namespace {
 Options optionsOf(const QueueFile::Job& job, const Options& queue) {
     if (!job.fault.empty())
         KESTRA_THROW(ExportCore::Refusal(job.fault));
-    Options options = Options::ofJob(job.words);
+    Options options = job.options;
     options.progress = queue.progress;
     options.quiet = queue.quiet;
     options.verbose = queue.verbose;
     return options;
 }
 
-int runOne(const QueueFile::Job& job, const Options& queue, JobRunner& runner) {
+void requireFilesOfItsOwn(const QueueFile& queue, std::size_t index) {
+    if (const std::size_t other = queue.sharesFileWith(index); other != 0)
+        KESTRA_THROW(ExportCore::Refusal("Job " + std::to_string(index + 1) + " writes a file that job " +
+                                         std::to_string(other) + " writes, too; give it another name"));
+}
+
+JobRunner::Ended runOne(QueueFile& queue, std::size_t index, const Options& all, JobRunner& runner) {
+    const QueueFile::Job& job = queue.jobs()[index];
     try {
-        return runner.run(optionsOf(job, queue)).code;
+        requireFilesOfItsOwn(queue, index);
+        const Options options = optionsOf(job, all);
+        if (queue.isOutdated(job))
+            ErrorOutput::tell("note", "\"" + job.output + "\" is of before its inputs were changed");
+        queue.begin(job);
+        Kestra::Proc::SetLargestAllocation(options.mediaLimits);
+        return runner.run(options);
     } catch (const ExportCore::Refusal& refusal) {
         ErrorOutput::refuse(refusal.what());
-        return EXIT_BAD_INPUT;
+        return {EXIT_BAD_INPUT, {}};
     }
 }
 
+bool isWhole(const JobRunner::Ended& ended) {
+    return ended.outcome.status == ExportCore::ExportOutcome::Status::Done;
+}
+
+/// As the folder of the queue has it.
+std::string absolute(const QDir& folder, const std::string& name) {
+    return name.empty() ? name : folder.absoluteFilePath(QString::fromStdString(name)).toStdString();
+}
+
 } // namespace
+
+std::vector<Options> exportsOfQueue(const std::string& path) {
+    const QueueFile queue(path);
+    const QDir folder = QFileInfo(QString::fromStdString(path)).absoluteDir();
+    std::vector<Options> exports;
+    for (const QueueFile::Job& job : queue.jobs()) {
+        Options options = job.options;
+        for (std::string& input : options.inputs)
+            input = absolute(folder, input);
+        for (std::string* const name : {&options.output, &options.report, &options.timelines.mediaRoot})
+            *name = absolute(folder, *name);
+        exports.push_back(std::move(options));
+    }
+    return exports;
+}
 
 int runQueue(const Options& options, JobRunner& runner) {
     const QString path = QFileInfo(QString::fromStdString(options.queueFile)).absoluteFilePath();
@@ -47,10 +85,13 @@ int runQueue(const Options& options, JobRunner& runner) {
             continue;
         }
         tally.begin(index, job.output);
-        const int code = runOne(job, options, runner);
-        tally.end(index, job.output, code);
-        isKept = (code != EXIT_DONE || queue.keep(job)) && isKept;
+        const JobRunner::Ended ended = runOne(queue, index, options, runner);
+        // Done is what stands there, even where its report could not be written.
+        isKept = (!isWhole(ended) || queue.keep(job)) && isKept;
+        tally.end(index, job.output, ended.code);
     }
+    if (JobRunner::isStopped())
+        tally.stop(Process::SignalStop::received());
     if (!options.quiet && options.progress != ProgressStyle::Json)
         std::printf("%s\n", tally.summary().c_str());
     return tally.exitCode() == EXIT_DONE && !isKept ? EXIT_EXPORT_FAILED : tally.exitCode();

@@ -9,7 +9,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Follows links that lead to nothing yet, too.
-fs::path placeOf(const fs::path& path) {
+fs::path truePath(const fs::path& path) {
     std::error_code error;
     constexpr int MOST_LINKS = 40; // as the system has it
     fs::path place = fs::absolute(path, error);
@@ -27,7 +27,11 @@ bool isSamePlace(const std::string& a, const std::string& b) {
     if (a.empty() || b.empty())
         return false;
     std::error_code error;
-    return a == b || fs::equivalent(a, b, error) || placeOf(a) == placeOf(b);
+    return a == b || fs::equivalent(a, b, error) || truePath(a) == truePath(b);
+}
+
+std::string placeOf(const std::string& path) {
+    return truePath(path).string();
 }
 
 } // namespace Cli

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "cli/JobRunner.h"
+#include <string>
+#include <vector>
 
 namespace Cli {
 
@@ -11,5 +13,11 @@ namespace Cli {
 int exportEach(const Options& options, JobRunner& runner);
 /// Runs the jobs of a file that are not done yet; likewise, but for 2.
 int runQueue(const Options& options, JobRunner& runner);
+
+/// The exports that a command line stands for, but for those with an error in them. Throws ExportCore::Refusal where
+/// nothing can be begun.
+std::vector<Options> exportsOfEach(const Options& options);
+/// Likewise of a queue, with absolute names.
+std::vector<Options> exportsOfQueue(const std::string& path);
 
 } // namespace Cli

@@ -1,8 +1,6 @@
 // editor-export: exports from the command line.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
-#include "ExportCore/Refusal.h"
-#include "ExportCore/RequestCheck.h"
 #include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/LargestAllocation.h"
@@ -11,12 +9,11 @@
 #include "cli/ErrorCapture.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
-#include "cli/JobRunner.h"
 #include "cli/ListCommands.h"
+#include "cli/LogFile.h"
 #include "cli/Options.h"
 #include "cli/PresetFiles.h"
 #include "cli/RenderCommand.h"
-#include "cli/SamePlace.h"
 #include "cli/TimelineCommands.h"
 #include "cli/VersionCommand.h"
 #include "process/SignalStop.h"
@@ -25,12 +22,10 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
-#include <cerrno>
 #include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <iostream>
 #include <malloc.h>
@@ -141,21 +136,6 @@ private:
     Kestra::LeavableThread thread;
 };
 
-/// Throws ExportCore::Refusal. Nothing is written over: a file that is there is gone on with.
-void keepLog(const Cli::Options& options) {
-    if (options.log.empty())
-        return;
-    const auto inputs = Cli::JobRunner::requestOf(options).inputs;
-    const bool isOther = ExportCore::RequestCheck::isInput(QByteArray::fromStdString(options.log), inputs) ||
-                         Cli::isSamePlace(options.log, options.output) ||
-                         Cli::isSamePlace(options.log, options.queueFile) ||
-                         Cli::isSamePlace(options.log, options.report);
-    if (isOther || !Cli::ErrorOutput::keepIn(options.log))
-        KESTRA_THROW(ExportCore::Refusal(
-            "Cannot keep the log in \"" + options.log +
-            "\": " + (isOther ? "it is the output, the report or one of the inputs" : std::strerror(errno))));
-}
-
 /// What is written past everybody is caught while the result exists.
 std::unique_ptr<Cli::ErrorCapture> tellWhatIsAskedFor(const Cli::Options& options) {
     const bool logs = options.verbose || !options.log.empty();
@@ -203,6 +183,7 @@ int runWithWhatItNeeds(int argc, char** argv, const Cli::Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    Cli::keepStandardOnesFree();
     keepMemorySmall();
     turnSignalsIntoErrors();
     int exitCode = Cli::EXIT_DONE;
@@ -213,7 +194,7 @@ int main(int argc, char** argv) {
     if (!hasDescriptors())
         return Cli::EXIT_EXPORT_FAILED;
     try {
-        keepLog(*options);
+        Cli::keepLog(*options);
         const auto capture = tellWhatIsAskedFor(*options);
         const EngineLoading loading(options->command);
         return runWithWhatItNeeds(argc, argv, *options);

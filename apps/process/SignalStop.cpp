@@ -71,8 +71,12 @@ void handleSignals(void (*handler)(int)) {
 }
 
 void handleNoSignals() {
-    for (const int number : SIGNALS)
-        signal(number, SIG_DFL);
+    for (const int number : SIGNALS) {
+        struct sigaction now = {};
+        sigaction(number, nullptr, &now);
+        if (now.sa_handler != SIG_IGN)
+            signal(number, SIG_DFL);
+    }
 }
 
 } // namespace

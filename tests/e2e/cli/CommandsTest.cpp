@@ -30,9 +30,9 @@ TEST(Commands, VersionAndHelpGoToStandardOutput) {
     const Result renderHelp = run({"render", "--help"});
     for (const char* word : {"--preset", "--output", "--in", "--out", "--overwrite", "--progress"})
         EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(word))) << word;
-    for (const char* line :
-         {"Usage: editor-export render [OPTIONS] INPUT...\n", "--in TIME ", "--progress STYLE ",
-          "Times are HH:MM:SS.mmm, MM:SS, seconds (90, 90.5s) or frames (120f).\n", "Exit codes: 0 done, "})
+    for (const char* line : {"Usage: editor-export render [OPTIONS] INPUT...\n", "--in TIME ", "--progress STYLE ",
+                             "Times are HH:MM:SS.mmm, MM:SS (up to 59:59), seconds (90, 90.5s) or frames\n(120f).\n",
+                             "Exit codes: 0 done, "})
         EXPECT_TRUE(renderHelp.output.contains(QString::fromUtf8(line))) << renderHelp.output.toStdString();
     EXPECT_TRUE(version.errors.isEmpty() && help.errors.isEmpty() && renderHelp.errors.isEmpty());
 }
@@ -69,8 +69,45 @@ TEST(Commands, WrongUsageIsToldInWordsOfThePeopleWhoUseIt) {
               "editor-export: --progress: \"3\" is none of auto, bar, plain, json, none (see --help)\n");
     EXPECT_EQ(complaint({"-o", "z"}), "editor-export: --output can be given only once (see --help)\n");
     EXPECT_EQ(complaint({"--set"}), "editor-export: --set needs a value (see --help)\n");
-    EXPECT_EQ(complaint({"--in", "1:3"}), "editor-export: --in: \"1:3\" is no time; write HH:MM:SS.mmm, MM:SS, seconds "
-                                          "(90, 90.5s) or frames (120f) (see --help)\n");
+    EXPECT_EQ(complaint({"--in", "1:3"}),
+              "editor-export: --in: \"1:3\" is no time; write HH:MM:SS.mmm, MM:SS (up to 59:59), "
+              "seconds (90, 90.5s) or frames (120f) (see --help)\n");
+}
+
+TEST(Commands, WithValuesThatAreEmptyAreWrong) {
+    for (const char* const option : {"--report", "--log", "--preset", "--branding", "--media-root", "--output"}) {
+        const Result result = run({"render", "a", option, ""});
+        EXPECT_EQ(result.code, 2);
+        EXPECT_EQ(result.errors.toStdString(),
+                  std::string("editor-export: ") + option + " needs a value, which is empty (see --help)\n");
+    }
+}
+
+TEST(Commands, ListOnePartOfThePresetsAtATime) {
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"presets", "mp3", "--tag", "web"}, {"presets", "mp3", "--tags"}, {"presets", "--tags", "--tag", "web"}}) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 2);
+        EXPECT_TRUE(result.errors.contains(QStringLiteral("ask for one of them"))) << result.errors.toStdString();
+    }
+}
+
+TEST(Commands, AreToldWhatToWriteInPlaceOfAKindThatNobodyWritesAndOfAFolder) {
+    const TestMedia::Folder place;
+    TestMedia::FlashBeep media;
+    media.frames = 5;
+    TestMedia::makeFlashBeep(place / "clip.mov", media);
+    const auto complaint = [&](const std::string& output) {
+        const Result result = run({place / "clip.mov", output});
+        EXPECT_EQ(result.code, 2);
+        return result.errors.toStdString();
+    };
+    const std::string kind = complaint(place / "film.avi");
+    EXPECT_NE(kind.find("No preset writes files that end in .avi; those that there are write "), std::string::npos)
+        << kind;
+    EXPECT_NE(kind.find(".mp4"), std::string::npos) << kind;
+    const std::string folder = complaint(place / "");
+    EXPECT_NE(folder.find("is a folder: name a file in it, or let -p PRESET --each -o "), std::string::npos) << folder;
 }
 
 TEST(Commands, NoneShowsTheHelp) {

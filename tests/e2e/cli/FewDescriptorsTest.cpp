@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/Described.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <gtest/gtest.h>
@@ -30,5 +31,29 @@ TEST_P(FewDescriptors, AreAnErrorThatIsNamedOrEnough) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OfAll, FewDescriptors, testing::Values(5, 6, 8, 10, 13, 16, 20, 30, 35, 36, 37, 40, 64));
+
+/// As some services start programs.
+class ClosedDescriptors : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(ClosedDescriptors, AreNoPlaceForTheFileNorForSignals) {
+    const TestMedia::Folder folder, place;
+    TestMedia::FlashBeep media;
+    media.frames = 25;
+    TestMedia::makeFlashBeep(folder / "clip.mov", media);
+    const bool hasOutput = std::string(GetParam()).find(">&-") != 0;
+    for (const char* const progress : {"plain", "json"}) {
+        const std::string film = place / (std::string(progress) + ".mp4");
+        Program program(
+            {"render", folder / "clip.mov", "-p", "mp4-h264-480p", "-o", film, "--progress", progress, "-v"});
+        program.setWrapper({QStringLiteral("sh"), QStringLiteral("-c"),
+                            QStringLiteral("exec \"$@\" ") + QString::fromUtf8(GetParam()), QStringLiteral("sh")});
+        const Result result = program.run();
+        EXPECT_EQ(result.code, hasOutput ? 0 : 1) << result.errors.toStdString();
+        EXPECT_EQ(TestMedia::describe(film).all("video").size(), 1U) << GetParam();
+    }
+    EXPECT_EQ(TestFiles::namesIn(place / "").size(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAll, ClosedDescriptors, testing::Values("2>&-", "<&-", "<&- 2>&-", ">&-", ">&- 2>&- <&-"));
 
 } // namespace

@@ -129,7 +129,7 @@ TEST_F(HostileOptions, OfOutputsAreRefusedByName) {
         return result.errors;
     };
     EXPECT_TRUE(refusal("-").contains(name("standard output is no place for an export")));
-    EXPECT_TRUE(refusal("").contains(name("No output file was given")));
+    EXPECT_TRUE(refusal("").contains(name("--output needs a value, which is empty")));
     EXPECT_TRUE(refusal(place / std::string(300, 'x')).contains(name("File name too long")));
     const QString both = refusal(place / "film.webm");
     EXPECT_TRUE(both.contains(name("\"mp4-h264-480p\" writes .mp4")) && both.contains(name("not .webm")))

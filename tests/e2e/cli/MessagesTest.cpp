@@ -126,6 +126,10 @@ TEST_F(Messages, TellEveryNameOnOneLineAndAsItIs) {
         EXPECT_TRUE(result.errors.contains(told)) << result.errors.toStdString();
     }
     TestFiles::write(name, whole);
+    const QString listed = run({"info", "--json", name}).output;
+    EXPECT_TRUE(listed.contains(QStringLiteral("\\u0085e\\u202ef.mov"))) << listed.toStdString();
+    EXPECT_FALSE(listed.contains(QChar(0x85)) || listed.contains(QChar(0x202E)));
+    EXPECT_TRUE(TestCli::jsonLines(listed).at(0).size() > 0);
     const Result done = run({"render", name, "-p", "mp4-h264-480p", "-o", name + ".mp4", "--progress", "none"});
     EXPECT_EQ(done.code, 0) << done.errors.toStdString();
     EXPECT_EQ(done.output.count(QLatin1Char('\n')), 1);

@@ -5,7 +5,7 @@
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #endif
 
-#include "Program.h"
+#include "TimelineFixture.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <QDir>
@@ -13,6 +13,7 @@
 #include <QJsonDocument>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <valijson/adapters/qtjson_adapter.hpp>
 #include <valijson/schema.hpp>
 #include <valijson/schema_parser.hpp>
@@ -211,10 +212,69 @@ TEST_F(Reports, AreNotTheOutputUnderAnotherNameEither) {
 
 TEST_F(Reports, AreToldWhereTheyCannotBeWritten) {
     const Result result = render({"--report", "/proc/report.json"}); // a folder in which nobody makes files
-    EXPECT_EQ(result.code, 1);
-    EXPECT_TRUE(result.errors.contains(name("cannot write the report"))) << result.errors.toStdString();
-    EXPECT_TRUE(result.output.contains(name("25 frames"))) << "the export is done all the same";
-    EXPECT_EQ(TestFiles::namesIn(place / "").size(), 1);
+    EXPECT_EQ(result.code, 2) << "before hours of an export";
+    EXPECT_TRUE(result.errors.contains(name("Cannot write the report \"/proc/report.json\": in its folder: ")))
+        << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(Reports, AreNoneOfATimelinesMedia) {
+    const std::string medium = place / "medium.mov", link = place / "link", cut = place / "cut.otio";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(clip), QString::fromStdString(medium)));
+    ASSERT_TRUE(QFile::link(QString::fromStdString(medium), QString::fromStdString(link)));
+    TestFiles::write(
+        cut, QByteArray::fromStdString(R"({"OTIO_SCHEMA":"Timeline.1","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+                                       R"({"OTIO_SCHEMA":"Track.1","kind":"Video","children":[)" +
+                                       TestCli::clipOf("one", "medium.mov", 0, 5) + "]}]}}"));
+    const QByteArray before = TestFiles::read(medium);
+    for (const std::string& path : {medium, link})
+        for (const char* const option : {"--report", "--log"}) {
+            const Result result = run({"render", cut, "-p", "mp4-h264-480p", "-o", output, "-y", option, path});
+            EXPECT_EQ(result.code, 2) << option << path;
+            EXPECT_TRUE(result.errors.contains(name("it is one of the timeline's media")))
+                << result.errors.toStdString();
+        }
+    EXPECT_EQ(TestFiles::read(medium), before);
+    const std::string log = place / "log";
+    TestFiles::write(log, "before\n");
+    EXPECT_EQ(run({"render", cut, "-p", "mp4-h264-480p", "-o", output, "--log", log}).code, 0)
+        << "a file of no account";
+    EXPECT_TRUE(TestFiles::read(log).startsWith("before\n"));
+}
+
+TEST_F(Reports, ReplaceNothingThatIsNoFile) {
+    ASSERT_EQ(::mkfifo(report.c_str(), 0600), 0);
+    const Result result = render({"--report", report, "-y"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("it is a pipe"))) << result.errors.toStdString();
+    const Result log = render({"--log", report});
+    EXPECT_EQ(log.code, 2);
+    EXPECT_TRUE(log.errors.contains(name("it is a pipe that nobody reads"))) << log.errors.toStdString();
+    struct stat state = {};
+    EXPECT_TRUE(::lstat(report.c_str(), &state) == 0 && S_ISFIFO(state.st_mode));
+}
+
+TEST_F(Reports, AreNotTheLog) {
+    const Result result = render({"--report", report, "--log", place / "./report.json"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("it is the report"))) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+}
+
+TEST_F(Reports, HoldTheWholeRequest) {
+    ASSERT_EQ(render({"--report", report, "--audio", "eng", "--metadata", "none", "--limiter", "--missing", "black",
+                      "--max-tracks", "7", "--dry-run"})
+                  .code,
+              2)
+        << "no track is in that language";
+    const QJsonObject request = checkedReport().value(name("request")).toObject();
+    EXPECT_EQ(request.value(name("audio")).toString(), name("eng"));
+    EXPECT_TRUE(request.value(name("video")).toBool());
+    EXPECT_FALSE(request.value(name("metadata")).toBool(true));
+    const QJsonObject timeline = request.value(name("timeline")).toObject();
+    EXPECT_EQ(timeline.value(name("missing")).toString(), name("black"));
+    EXPECT_TRUE(timeline.value(name("limiter")).toBool());
+    EXPECT_EQ(request.value(name("limits")).toObject().value(name("tracks")).toInt(), 7);
 }
 
 TEST_F(Reports, OfALogKeepWhatIsTold) {

@@ -1,5 +1,5 @@
 // Several exports of one command line: "--each" and "queue".
-#include "Program.h"
+#include "TimelineFixture.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <QFileInfo>
@@ -234,6 +234,108 @@ TEST_F(SeveralJobs, OfAQueueEndWithASignalAndAreTakenUpAgain) {
     writeQueue({job("one.mov"), job("two.mov")});
     const Result result = run({"queue", queue});
     EXPECT_TRUE(result.output.endsWith(name("2 jobs: 1 done, 1 done before\n"))) << result.output.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueAreDoneEvenWhereTheirReportsAreNot) {
+    TestMedia::FlashBeep media;
+    media.frames = 1000;
+    media.width = 640;
+    media.height = 360;
+    TestMedia::makeFlashBeep(place / "long.mov", media);
+    ASSERT_TRUE(QDir().mkdir(QString::fromStdString(place / "reports")));
+    QJsonObject one = job(place / "long.mov", place / "film.mp4");
+    one.insert(name("report"), QString::fromStdString(place / "reports/film.json"));
+    writeQueue({one});
+    Program program({"queue", queue, "--progress", "json"});
+    program.start();
+    ASSERT_TRUE(program.waitUntil([&] { return TestFiles::namesIn(place / "").size() > 3; })) << "its unfinished file";
+    ASSERT_TRUE(QDir().rmdir(QString::fromStdString(place / "reports")));
+    const Result result = program.finish();
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(result.errors.contains(name("cannot write the report"))) << result.errors.toStdString();
+    ASSERT_TRUE(stands("film.mp4"));
+    ASSERT_TRUE(QDir().mkdir(QString::fromStdString(place / "reports")));
+    const Result again = run({"queue", queue});
+    EXPECT_EQ(again.code, 0) << again.errors.toStdString();
+    EXPECT_TRUE(again.output.endsWith(name("1 job: 0 done, 1 done before\n"))) << again.output.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueAreNotDoneBeforeWhereTheirInputsHaveChanged) {
+    TestMedia::FlashBeep media;
+    media.frames = 5;
+    media.samples = 48'000 / 25 * 5;
+    const std::string medium = place / "medium.mov";
+    TestMedia::makeFlashBeep(medium, media);
+    TestFiles::write(
+        place / "cut.otio",
+        QByteArray::fromStdString(R"({"OTIO_SCHEMA":"Timeline.1","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+                                  R"({"OTIO_SCHEMA":"Track.1","kind":"Video","children":[)" +
+                                  TestCli::clipOf("one", "medium.mov", 0, 5) + "]}]}}"));
+    writeQueue({job("medium.mov", "film.mp4"), job("cut.otio", "cut.mp4"), job("one.mov")});
+    ASSERT_EQ(run({"queue", queue}).code, 0);
+    media.frames = 10;
+    media.samples = 48'000 / 25 * 10;
+    TestMedia::makeFlashBeep(medium, media);
+    const Result refused = run({"queue", queue});
+    EXPECT_EQ(refused.code, 1) << "nothing is replaced without a word";
+    EXPECT_TRUE(refused.output.endsWith(name("3 jobs: 0 done, 1 done before, 2 failed (number 1 and 2)\n")))
+        << refused.output.toStdString();
+    EXPECT_TRUE(refused.errors.contains(name("\"film.mp4\" is of before its inputs were changed")))
+        << refused.errors.toStdString();
+    for (const char* const file : {"film.mp4", "cut.mp4"})
+        QFile::remove(QString::fromStdString(place / file));
+    const Result result = run({"queue", queue});
+    EXPECT_TRUE(result.output.contains(name("10 frames"))) << result.output.toStdString();
+    EXPECT_TRUE(result.output.endsWith(name("3 jobs: 2 done, 1 done before\n"))) << result.output.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueHaveFilesOfTheirOwn) {
+    QJsonObject first = job(*folder / "one.mov", "film.mp4"), second = job(*folder / "two.mov", "./film.mp4");
+    second.insert(name("overwrite"), true);
+    QJsonObject third = job(*folder / "three.mov", "other.mp4");
+    third.insert(name("report"), QString::fromStdString(place / "film.mp4"));
+    third.insert(name("overwrite"), true);
+    writeQueue({first, second, third});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(result.output.endsWith(name("3 jobs: 1 done, 2 failed (number 2 and 3)\n")))
+        << result.output.toStdString();
+    EXPECT_TRUE(result.errors.contains(name("Job 2 writes a file that job 1 writes, too")))
+        << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(name("Job 3 writes a file that job 1 writes, too")))
+        << result.errors.toStdString();
+}
+
+TEST_F(SeveralJobs, OfAQueueTakeWhatTheSchemaTakes) {
+    QJsonObject list = job("one.mov"), number = job("two.mov"), lists = job("three.mov");
+    list.insert(name("output"), QJsonArray{QString::fromStdString(place / "list.mp4")});
+    number.insert(name("output"), 5);
+    lists.insert(name("preset"), QJsonArray{name("mp4-h264-480p")});
+    writeQueue({list, number, lists});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.errors.count(name("\"output\": a text is expected")), 2) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(name("\"preset\": one value is expected, no list")))
+        << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(name("jobs.json")));
+}
+
+TEST_F(SeveralJobs, AreNotWhatTheLogIsKeptIn) {
+    const std::string clip = place / "clip.mov";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(clip)));
+    QJsonObject one = job("clip.mov", "film.mp4");
+    one.insert(name("report"), name("report.json"));
+    writeQueue({one});
+    const QByteArray before = TestFiles::read(clip), jobs = TestFiles::read(queue);
+    for (const char* const file : {"clip.mov", "film.mp4", "report.json", "jobs.json", "jobs.json.state"}) {
+        const Result result = run({"queue", queue, "--log", place / (std::string("./") + file)});
+        EXPECT_EQ(result.code, 2) << file << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.contains(name("Cannot keep the log"))) << result.errors.toStdString();
+    }
+    EXPECT_EQ(run({"render", clip, "--each", "-p", "mp3", "-o", place / "", "--log", place / "clip.mp3"}).code, 2);
+    EXPECT_EQ(TestFiles::read(clip), before);
+    EXPECT_EQ(TestFiles::read(queue), jobs);
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList({name("clip.mov"), name("jobs.json")}));
 }
 
 } // namespace

@@ -123,8 +123,29 @@ TEST(Completion, OfBashKnowsCommandsOptionsAndValues) {
     EXPECT_NE(proposed(script, "editor-export render --log /tm", 4).find("/tmp"), std::string::npos);
 }
 
+TEST(Completion, OfBashKnowsTheFormWithoutACommandAndNamesWithBlanks) {
+    const TextFile script(Cli::bashCompletion(table()));
+    EXPECT_EQ(proposed(script, "editor-export a.mov --over", 3), "--overwrite\n");
+    EXPECT_EQ(proposed(script, "editor-export a.mov --progress p", 4), "plain\n");
+    const std::string folder = script.path + ".folder";
+    outputOf("mkdir " + folder + "; touch \"" + folder + "/holiday one.mov\"");
+    const std::string words = "editor-export " + folder + "/hol";
+    EXPECT_EQ(outputOf("bash -c '. " + script.path + "; COMP_WORDS=(" + words +
+                       "); COMP_CWORD=1; _editor_export; printf \"[%s]\" \"${COMPREPLY[@]}\"'"),
+              '[' + folder + "/holiday one.mov]");
+    outputOf("rm -r " + folder);
+}
+
 TEST(Completion, OfOtherShellsTellsEveryCommandAndOption) {
     const std::string zsh = Cli::zshCompletion(table()), fish = Cli::fishCompletion(table());
+    EXPECT_NE(fish.find("-n 'not __fish_seen_subcommand_from render queue presets info validate' -s y -l overwrite"),
+              std::string::npos)
+        << fish.substr(0, 4000);
+    const std::size_t main = zsh.find("\n    \"\")");
+    ASSERT_NE(main, std::string::npos);
+    const std::string mainForm = zsh.substr(main, zsh.find("\n        ;;", main) - main);
+    EXPECT_NE(mainForm.find("'*--overwrite["), std::string::npos) << mainForm;
+    EXPECT_NE(mainForm.find("_files}"), std::string::npos) << mainForm;
     EXPECT_EQ(zsh.rfind("#compdef editor-export\n", 0), 0U);
     for (const CommandText& command : table())
         for (const Cli::OptionText& option : command.options)

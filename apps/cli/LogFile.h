@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Cli::keepLog: the file of --log.
+#pragma once
+
+#include "cli/Options.h"
+
+namespace Cli {
+
+/// From now on it keeps what is told, if one was named. Nothing is written over: a file that is there is gone on with.
+/// Throws ExportCore::Refusal where it cannot be written, or is a file that the run reads or makes.
+void keepLog(const Options& options);
+
+} // namespace Cli

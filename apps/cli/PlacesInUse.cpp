@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/PlacesInUse.h"
+
+#include "ExportCore/RequestCheck.h"
+#include "ExportCore/TimelineOpening.h"
+#include "cli/JobRunner.h"
+#include "cli/SamePlace.h"
+#include <sys/stat.h>
+
+namespace Cli {
+namespace {
+
+using ExportCore::RequestCheck;
+using ExportCore::TimelineOpening;
+
+bool stands(const std::string& path) {
+    struct stat state = {};
+    return ::stat(path.c_str(), &state) == 0;
+}
+
+bool isMediumOf(const Options& exported, const std::string& path) {
+    for (const std::string& input : exported.inputs)
+        if (RequestCheck::isMedium(QByteArray::fromStdString(path),
+                                   TimelineOpening::mediaNamedIn(input, exported.timelines)))
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::string PlacesInUse::useBy(const Options& exported, const std::string& path) {
+    if (isSamePlace(path, exported.output))
+        return "the output";
+    const std::string& queue = exported.queueFile;
+    if (!queue.empty() && (isSamePlace(path, queue) || isSamePlace(path, queue + ".state")))
+        return "the queue's own file";
+    // Nothing that is not there can be read.
+    if (!stands(path))
+        return {};
+    if (RequestCheck::isInput(QByteArray::fromStdString(path), JobRunner::requestOf(exported).inputs))
+        return "one of the inputs";
+    return isMediumOf(exported, path) ? "one of the timeline's media" : "";
+}
+
+std::string PlacesInUse::useByAny(const std::vector<Options>& exports, const std::string& path) {
+    for (const Options& exported : exports) {
+        if (isSamePlace(path, exported.report))
+            return "the report";
+        if (std::string use = useBy(exported, path); !use.empty())
+            return use;
+    }
+    return {};
+}
+
+std::string PlacesInUse::whyNoFile(const std::string& path) {
+    struct stat state = {};
+    if (::stat(path.c_str(), &state) != 0 || S_ISREG(state.st_mode))
+        return {};
+    return S_ISDIR(state.st_mode)    ? "it is a folder; name a file in it"
+           : S_ISFIFO(state.st_mode) ? "it is a pipe"
+           : S_ISSOCK(state.st_mode) ? "it is a socket"
+                                     : "it is a device";
+}
+
+} // namespace Cli
