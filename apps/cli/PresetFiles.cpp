@@ -7,15 +7,16 @@
 #include "ExportCore/Refusal.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
+#include "cli/PlacesInUse.h"
 #include "cli/PresetDiff.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
-#include <QTemporaryFile>
 #include <algorithm>
 #include <cstdio>
+#include <sys/mman.h>
 
 namespace Cli {
 namespace {
@@ -91,6 +92,8 @@ int exportPresets(const Options& options) {
         std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
         return EXIT_DONE;
     }
+    if (const std::string why = PlacesInUse::whyNoFile(options.output); !why.empty())
+        KESTRA_THROW(Refusal("Cannot write \"" + options.output + "\": " + why));
     if (QFileInfo::exists(text(options.output)) && !options.overwrite)
         KESTRA_THROW(Refusal("Cannot write \"" + options.output + "\": it exists already (--overwrite replaces it)"));
     writeFile(text(options.output), bytes);
@@ -112,7 +115,8 @@ void addPresets(const QJsonObject& file, bool replaces, const PresetCatalogue& c
         const int place = placeOf(presets, idOf(preset));
         if (!replaces && (place >= 0 || std::find(known.begin(), known.end(), id) != known.end()))
             KESTRA_THROW(
-                Refusal("There is a preset \"" + id + "\" already (--overwrite puts the file's in its place)"));
+                Refusal("There is a preset \"" + id +
+                        "\" already; give the file's another id (--overwrite puts it in the place of that one)"));
         if (place >= 0)
             presets.replace(place, preset);
         else
@@ -121,10 +125,16 @@ void addPresets(const QJsonObject& file, bool replaces, const PresetCatalogue& c
     own.insert(key("presets"), presets);
 }
 
-void addTags(const QJsonObject& file, QJsonObject& own) {
+void addTags(const QJsonObject& file, bool replaces, const PresetCatalogue& catalogue, QJsonObject& own) {
+    const std::vector<std::string> known = catalogue.tags();
     QJsonArray tags = own.value(key("tags")).toArray();
     const QJsonArray added = file.value(key("tags")).toArray();
     for (const QJsonValue& tag : added) {
+        const std::string name = tag.toObject().value(key("name")).toString().toStdString();
+        if (!replaces && std::find(known.begin(), known.end(), name) != known.end())
+            KESTRA_THROW(Refusal("There is a tag \"" + name +
+                                 "\" already; give the file's another name (--overwrite puts it in the place of that "
+                                 "one, with its default)"));
         const auto same = std::find_if(tags.begin(), tags.end(), [&](const QJsonValue& one) {
             return one.toObject().value(key("name")) == tag.toObject().value(key("name"));
         });
@@ -137,6 +147,22 @@ void addTags(const QJsonObject& file, QJsonObject& own) {
         own.insert(key("tags"), tags);
 }
 
+/// What is going to be one's own presets, those that were there before included. Nothing is left of the trial, however
+/// it ends.
+void requireWholeRight(const QByteArray& bytes, const QString& path, const PresetCatalogue& catalogue) {
+    QFile trial;
+    const int memory = ::memfd_create("presets", MFD_CLOEXEC);
+    if (memory < 0 || !trial.open(memory, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle) ||
+        trial.write(bytes) != bytes.size() || !trial.flush())
+        KESTRA_THROW(Refusal("Cannot check the presets: no room for them in memory"));
+    const std::string name = "/proc/self/fd/" + std::to_string(memory);
+    std::string fault = catalogue.faultOf(name);
+    if (const std::size_t at = fault.find(name); at != std::string::npos)
+        fault.replace(at, name.size(), path.toStdString());
+    if (!fault.empty())
+        KESTRA_THROW(Refusal("With these your own presets would not be right: " + fault));
+}
+
 /// All of it or nothing; what comes out is as right as what went in.
 int importPresets(const Options& options) {
     const PresetCatalogue catalogue;
@@ -145,18 +171,14 @@ int importPresets(const Options& options) {
         requireRight(path, catalogue);
         const QJsonObject file = readObject(text(path));
         addPresets(file, options.overwrite, catalogue, own);
-        addTags(file, own);
+        addTags(file, options.overwrite, catalogue, own);
     }
     const QString path = Settings::userPresetFilePath();
     const QString folder = QFileInfo(path).absolutePath();
     if (!QDir().mkpath(folder))
         KESTRA_THROW(Refusal("Cannot make the folder \"" + folder.toStdString() + '"'));
-    QTemporaryFile trial(folder + QStringLiteral("/presets-XXXXXX.json"));
     const QByteArray bytes = bytesOf(own);
-    if (!trial.open() || trial.write(bytes) != bytes.size() || !trial.flush())
-        KESTRA_THROW(
-            Refusal("Cannot write into \"" + folder.toStdString() + "\": " + trial.errorString().toStdString()));
-    requireRight(trial.fileName().toStdString(), catalogue);
+    requireWholeRight(bytes, path, catalogue);
     writeFile(path, bytes);
     std::printf("%s\n", ExportCore::PlainText::escaped(path.toStdString()).c_str());
     return EXIT_DONE;

@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using TestCli::Program;
 using TestCli::Result;
@@ -67,6 +68,52 @@ TEST_F(PresetFiles, OfAnInstalledIdAreImportedOnlyWhereThatIsSaid) {
     EXPECT_EQ(presets({"import", file}).code, 2);
     EXPECT_EQ(presets({"import", file, "-y"}).code, 0);
     EXPECT_TRUE(presets({"mp3"}).output.contains(name("64 kbit/s")));
+}
+
+TEST_F(PresetFiles, WithAKnownTagTakeItsPlaceOnlyWhereThatIsSaidAndLoseNoPreset) {
+    const QString installed = presets({"--json"}).output;
+    TestFiles::write(file,
+                     R"({"version": 1, "presets": [{"id": "mine", "container": {"id": "mp4"},)"
+                     R"( "video": {"codec": "h264"}}], "tags": [{"name": "mp4", "default": 0, "presets": ["mine"]}]})");
+    const Result refused = presets({"import", file});
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_TRUE(refused.errors.contains(name("There is a tag \"mp4\" already"))) << refused.errors.toStdString();
+    EXPECT_EQ(presets({"--json"}).output, installed) << "nothing was imported";
+    EXPECT_EQ(presets({"import", file, "-y"}).code, 0);
+    const auto idsOf = [](const QString& list) {
+        QStringList ids;
+        for (const QJsonValue& preset :
+             QJsonDocument::fromJson(list.toUtf8()).object().value(name("presets")).toArray())
+            ids << preset.toObject().value(name("id")).toString();
+        ids.sort();
+        return ids;
+    };
+    QStringList wanted = idsOf(installed) << name("mine");
+    wanted.sort();
+    EXPECT_EQ(idsOf(presets({"--json"}).output), wanted);
+    EXPECT_TRUE(presets({"--tag", "mp4"}).output.startsWith(name("mine")));
+}
+
+TEST_F(PresetFiles, ThatWentWrongLaterAreNamedAsTheyAreCalled) {
+    writeOwn("my-sound", 128000);
+    ASSERT_EQ(presets({"import", file}).code, 0);
+    const std::string own = place / "config/EditorExport/presets.json";
+    TestFiles::write(own, TestFiles::read(own).replace("128000", "5"));
+    writeOwn("another", 96000);
+    const Result result = presets({"import", file});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QString::fromStdString(own) + name(": /presets/0/audio/bitrate: ")))
+        << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / "config/EditorExport"), QStringList(name("presets.json")));
+}
+
+TEST_F(PresetFiles, AreWrittenOverFilesAlone) {
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    const Result result = presets({"export", "mp3", "-o", file, "-y"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("it is a pipe"))) << result.errors.toStdString();
+    struct stat state = {};
+    EXPECT_TRUE(::lstat(file.c_str(), &state) == 0 && S_ISFIFO(state.st_mode));
 }
 
 TEST_F(PresetFiles, ThatAreWrongAreToldWithThePlaceAndNotImported) {

@@ -189,6 +189,15 @@ Catalogue::Tag& tagNamed(Catalogue& catalogue, const std::string& name) {
     return catalogue.tags.back();
 }
 
+/// Presets are found by their tags: one that no tag names any more goes behind those of the tags that it had.
+void keepFound(const Catalogue& installed, Catalogue& result) {
+    const std::set<std::string> tagged = taggedIds(result);
+    for (const Catalogue::Tag& tag : installed.tags)
+        for (const std::string& id : tag.presetIds)
+            if (tagged.count(id) == 0)
+                tagNamed(result, tag.name).presetIds.push_back(id);
+}
+
 } // namespace
 
 Catalogue readCatalogue(const QString& path) {
@@ -217,6 +226,7 @@ Catalogue readOverlay(const QString& path, const Catalogue& installed, const std
     result.modifiers.insert(own.modifiers.begin(), own.modifiers.end());
     for (Catalogue::Tag& tag : readTags(document.root, place, result.presets))
         tagNamed(result, tag.name) = tag;
+    keepFound(installed, result);
     const std::set<std::string> tagged = taggedIds(result);
     for (const auto& [id, preset] : own.presets) {
         if (tagged.count(id) == 0)
