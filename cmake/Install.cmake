@@ -1,8 +1,9 @@
 # The install tree, by components:
-#   runtime      the libraries and the catalogue of presets
-#   tools        the programs, and what desktops and shells know them by
+#   runtime      the libraries and the catalogue of presets, in places that name the version, as those of another may stand there, too
+#   tools        the command line, and what shells know it by
+#   window       the export window, and what desktops know it by
 #   development  headers, the CMake package, pkg-config files, examples
-# A program's own CMakeLists.txt may install more beside it (its page, completions, icons): with COMPONENT tools.
+# A program's own CMakeLists.txt may install more beside it (its page, completions, icons): with the component of the program.
 include(CMakePackageConfigHelpers)
 include(PkgConfigFiles)
 
@@ -11,15 +12,20 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/EditorExport")
 get_property(libraries GLOBAL PROPERTY EDITOREXPORT_LIBRARIES)
 
 # What runs.
-install(TARGETS ${libraries} EXPORT EditorExportTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
-install(FILES resources/presets/catalogue.json resources/presets/catalogue.schema.json
-  DESTINATION ${EDITOREXPORT_DATADIR}/presets COMPONENT runtime)
-foreach(program editor-export editor-export-dialog)
-  if(TARGET ${program})
-    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+foreach(name IN LISTS libraries)
+  get_property(description GLOBAL PROPERTY EDITOREXPORT_DESCRIPTION_OF_${name})
+  if(description)
+    install(TARGETS ${name} EXPORT EditorExportTargets
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
+  else()
+    # Loaded by another one, linked by nobody.
+    install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_SKIP)
   endif()
 endforeach()
+install(FILES resources/presets/catalogue.json resources/presets/catalogue.schema.json
+  DESTINATION ${EDITOREXPORT_DATADIR}/${EDITOREXPORT_SOVERSION}/presets COMPONENT runtime)
+install(TARGETS editor-export RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+install(TARGETS editor-export-dialog RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT window)
 
 # What programs are built with.
 set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/EditorExport")

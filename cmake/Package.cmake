@@ -3,6 +3,7 @@
 set(package_library "libeditorexport${EDITOREXPORT_SOVERSION}")
 set(package_development "libeditorexport-dev")
 set(package_tools "editor-export")
+set(package_window "editor-export-dialog")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME editor-export)
@@ -12,7 +13,7 @@ set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_COMPONENTS_ALL runtime development tools window)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -38,12 +39,26 @@ This package holds the libraries and the catalogue of presets.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME "${package_tools}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${package_library} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS "${package_window}")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Export media files and timelines to finished files
 EditorExport turns media files and OpenTimelineIO timelines into a finished
 media file, and checks it before it gets its name: frame count, duration,
 sound in step with the picture, colours, readable to the last byte.
 
-This package holds the programs.")
+This package holds the command line, with its page and completions for shells.")
+
+# In a package of its own: computers without a desktop need none of Qt's widgets.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME "${package_window}")
+set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "${package_library} (= ${PROJECT_VERSION})")
+# What opens finished files and their folders; the translations of Qt's own dialogs.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS "xdg-utils, qttranslations5-l10n")
+set(CPACK_COMPONENT_WINDOW_DESCRIPTION "Export media files and timelines in a window
+EditorExport turns media files and OpenTimelineIO timelines into a finished
+media file, and checks it before it gets its name: frame count, duration,
+sound in step with the picture, colours, readable to the last byte.
+
+This package holds the export window: presets with search, a range chosen on
+pictures of the source, a queue of exports, a preview of what is encoded.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME "${package_development}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -70,6 +85,7 @@ endfunction()
 if(EDITOREXPORT_PACKAGES)
   editorexport_install_package_documents(runtime ${package_library})
   editorexport_install_package_documents(tools ${package_tools})
+  editorexport_install_package_documents(window ${package_window})
   editorexport_install_package_documents(development ${package_development})
   set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/repack.cmake")
 endif()

@@ -61,7 +61,7 @@ QString findUpwards(const QString& folder, const QString& relative) {
     return {};
 }
 
-constexpr const char* INSTALLED_CATALOGUE = "share/editor-export/presets/catalogue.json";
+constexpr const char* INSTALLED_CATALOGUE = "share/editor-export/" EDITOREXPORT_SOVERSION "/presets/catalogue.json";
 constexpr const char* SOURCE_TREE_CATALOGUE = "resources/presets/catalogue.json";
 constexpr const char* KEY_GROUP = "export/lastUsedPresetGroup";
 constexpr const char* KEY_ID = "export/lastUsedPresetId";
