@@ -88,6 +88,7 @@ TEST_F(HalfFirstPass, MeetsTheBitrateOverThirtySeconds) {
     EXPECT_EQ(sizeOfFirstPass(request({"bitrate=400k", "first-pass=half"})), "128x72");
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(outcome.facts.frames, 750);
+    EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
     EXPECT_NEAR(pictureRate(30), BITRATE, 0.03 * BITRATE);
 }
 
@@ -99,11 +100,24 @@ TEST_F(HalfFirstPass, IsMadeWhereItIsOrderedAlone) {
     EXPECT_EQ(outcome.facts.frames, 200);
 }
 
-TEST_F(HalfFirstPass, IsWholeOfAShortPart) {
+TEST_F(HalfFirstPass, IsWholeOfAShortPartAndTheOutcomeSaysWhy) {
     ExportRequest wanted = request({"bitrate=400k", "first-pass=half"});
     wanted.out = KTime(3000);
     EXPECT_EQ(sizeOfFirstPass(wanted), "256x144");
     EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    const QString why = QStringLiteral("The first pass looks at whole pictures in place of halves: "
+                                       "the film is shorter than 4 seconds");
+    EXPECT_EQ(outcome.notes, QStringList(why));
+}
+
+TEST_F(HalfFirstPass, IsWholeOfSmallPicturesAndTheOutcomeSaysWhy) {
+    ExportRequest wanted = request({"bitrate=200k", "size=192x108", "first-pass=half"});
+    wanted.out = KTime(5000);
+    EXPECT_EQ(sizeOfFirstPass(wanted), "192x108");
+    EXPECT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    const QString why = QStringLiteral("The first pass looks at whole pictures in place of halves: "
+                                       "a side of the picture has less than 128 pixels");
+    EXPECT_EQ(outcome.notes, QStringList(why));
 }
 
 TEST_F(HalfFirstPass, IsHalfOfWhatPicturesAreScaledTo) {

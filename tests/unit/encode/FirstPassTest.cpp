@@ -1,5 +1,6 @@
 // First passes that look at half of the width and height.
 #include "Kestra/FF/Encode/FirstPassDraft.h"
+#include "Kestra/FF/Encode/StatisticsManifest.h"
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Passes.h"
 #include <algorithm>
@@ -23,11 +24,17 @@ FF::EncoderInput InputOf(int width, int height, bool interlaced = false) {
     return input;
 }
 
-/// "960x540", or "whole".
+/// "960x540", or why it is whole.
 std::string DraftText(const FF::EncoderInput& input, std::int64_t frames = ENOUGH) {
-    const auto draft = FF::FirstPassDraft(input, frames, 25);
-    return draft ? std::to_string(draft->width) + "x" + std::to_string(draft->height) : "whole";
+    const auto chosen = FF::FirstPassDraft::HalfOf(input, frames, 25);
+    EXPECT_EQ(chosen.whyWhole.empty(), chosen.draft.has_value());
+    if (chosen.draft)
+        return std::to_string(chosen.draft->width) + "x" + std::to_string(chosen.draft->height);
+    return chosen.whyWhole.substr(chosen.whyWhole.find(": ") + 2);
 }
+
+constexpr const char* SMALL = "a side of the picture has less than 128 pixels";
+constexpr const char* SHORT = "the film is shorter than 4 seconds";
 
 /// What x264 says of its first pass's frames.
 std::string SizeIn(const std::string& log) {
@@ -97,7 +104,7 @@ public:
     }
 };
 
-/// Passes frames on, and remembers what was wished for.
+/// Passes frames on, and remembers what was wished for and why it was not.
 class Wishes final : public Proc::VideoFilterBase {
 public:
     explicit Wishes(const boost::intrusive_ptr<Proc::IStreamVideo>& source)
@@ -105,10 +112,16 @@ public:
 
     boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override { return source->ReadVideo(); }
     void PreferFormat(const Conf::IFormatCodec& format) override {
-        isDraft.push_back(Conf::Draft::Of(dynamic_cast<const IFormatCodecVideo&>(format)).has_value());
+        const auto& video = dynamic_cast<const IFormatCodecVideo&>(format);
+        isDraft.push_back(Conf::Draft::Of(video).has_value());
+        whyWhole.push_back(Conf::Draft::WhyWhole(video));
     }
 
+    std::int64_t GetDuration() const override { return durationKnown ? source->GetDuration() : TIME_UNKNOWN; }
+
+    bool durationKnown = true;
     std::vector<bool> isDraft;
+    std::vector<std::string> whyWhole;
 };
 
 } // namespace
@@ -126,16 +139,16 @@ TEST(FirstPassDraft, KeepsAFieldOfEvenHeight) {
 }
 
 TEST(FirstPassDraft, IsNotMadeOfSmallPictures) {
-    EXPECT_EQ(DraftText(InputOf(2, 2)), "whole");
-    EXPECT_EQ(DraftText(InputOf(126, 1000)), "whole");
-    EXPECT_EQ(DraftText(InputOf(1000, 126)), "whole");
+    EXPECT_EQ(DraftText(InputOf(2, 2)), SMALL);
+    EXPECT_EQ(DraftText(InputOf(126, 1000)), SMALL);
+    EXPECT_EQ(DraftText(InputOf(1000, 126)), SMALL);
     EXPECT_EQ(DraftText(InputOf(128, 128)), "64x64");
 }
 
 TEST(FirstPassDraft, IsNotMadeOfShortFilms) {
-    EXPECT_EQ(DraftText(InputOf(1920, 1080), 99), "whole");
+    EXPECT_EQ(DraftText(InputOf(1920, 1080), 99), SHORT);
     EXPECT_EQ(DraftText(InputOf(1920, 1080), 100), "960x540");
-    EXPECT_EQ(DraftText(InputOf(1920, 1080), -1), "whole") << "nobody knows how long it is";
+    EXPECT_EQ(DraftText(InputOf(1920, 1080), -1), "nobody knows how long the film is");
 }
 
 TEST(FirstPass, OfX264LooksAtHalfOfTheWidthAndHeight) {
@@ -189,6 +202,10 @@ TEST(FirstPass, OfHalvesHasTheSecondKeepToItsBitrateSooner) {
     EXPECT_TRUE(WorksWith(halves.Run(false), "ratetol=0.1"));
     Options(halves.extra).SetChild("x264-params", std::string("ratetol=0.5"));
     EXPECT_TRUE(WorksWith(halves.Run(false), "ratetol=0.5")) << "as the preset has it";
+    HalfPasses others("h264", Moving(ENOUGH));
+    others.Run(true);
+    Options(others.extra).SetChild("x264opts", std::string("aq-mode=1:ratetol=0.4"));
+    EXPECT_TRUE(WorksWith(others.Run(false), "ratetol=0.4")) << "and in the other list";
 }
 
 TEST(FirstPass, LooksAtWholePicturesWhereOptionsCountTheirPixels) {
@@ -263,5 +280,62 @@ TEST(FirstPass, AsksForDraftsAndTheSecondForWholePictures) {
         passes.log = written.log;
         passes.Make(false)->Prepare();
         EXPECT_EQ(wishes->isDraft, (std::vector<bool>{one.draft, false})) << one.codec;
+    }
+}
+
+namespace {
+
+/// What a first pass tells upstream, and a second one.
+std::vector<std::string> Told(const Passes& passes, const Wishes& wishes) {
+    passes.Run(true);
+    passes.Make(false)->Prepare();
+    return wishes.whyWhole;
+}
+
+std::vector<std::string> ToldOfHalves(const char* codec, VideoShape shape, const std::string& parameters = {},
+                                      bool durationKnown = true) {
+    const boost::intrusive_ptr<Wishes> wishes = new Wishes(MakeVideo(std::move(shape)));
+    wishes->durationKnown = durationKnown;
+    HalfPasses passes(codec, wishes);
+    if (!parameters.empty())
+        Options(passes.extra).SetChild("x264-params", parameters);
+    return Told(passes, *wishes);
+}
+
+std::vector<std::string> Once(const std::string& why) {
+    return {"The first pass looks at whole pictures in place of halves: " + why, ""};
+}
+
+} // namespace
+
+TEST(FirstPass, TellsWhyOrderedHalvesAreNotMade) {
+    EXPECT_EQ(ToldOfHalves("h264", Moving(50)), Once(SHORT));
+    EXPECT_EQ(ToldOfHalves("h264", Moving(ENOUGH, 160, 120)), Once(SMALL));
+    EXPECT_EQ(ToldOfHalves("h264", Moving(ENOUGH), {}, false), Once("nobody knows how long the film is"));
+    EXPECT_EQ(ToldOfHalves("h264", Moving(ENOUGH), "crop-rect=0,0,100,0"),
+              Once("libx264 with its options takes no statistics of smaller ones"));
+    EXPECT_EQ(ToldOfHalves("mpeg4", Moving(ENOUGH)),
+              Once("mpeg4 with its options takes no statistics of smaller ones"));
+}
+
+TEST(FirstPass, TellsNothingOfHalvesThatAreMadeOrNotOrdered) {
+    const std::vector<std::string> nothing{"", ""};
+    EXPECT_EQ(ToldOfHalves("h264", Moving(ENOUGH)), nothing);
+    const boost::intrusive_ptr<Wishes> wishes = new Wishes(MakeVideo(Moving(50)));
+    EXPECT_EQ(Told(Passes("h264", wishes), *wishes), nothing);
+}
+
+// All else that x264 does with such statistics it does in silence.
+TEST(FirstPass, IsNotGoneByWhereItDoesNotSayHowLargeItsPicturesWere) {
+    const HalfPasses passes("h264", Moving(ENOUGH));
+    passes.Run(true);
+    const std::string whole = Content(passes.log);
+    for (const std::string& header : {std::string("#options: timebase=1/25"), std::string("#options: 0x64 fps=25/1")}) {
+        std::ofstream(passes.log, std::ios::binary) << header + whole.substr(whole.find('\n'));
+        FF::StatisticsManifest::Write(passes.log, ENOUGH);
+        const auto failure = passes.Second();
+        EXPECT_EQ(failure.GetCode(), Proc::TranscodingError::SourceDamaged);
+        EXPECT_NE(failure.GetDescription().find(passes.log + "\" do not say how large"), std::string::npos)
+            << failure.GetDescription();
     }
 }

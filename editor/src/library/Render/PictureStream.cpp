@@ -1,5 +1,6 @@
 #include "Render/PictureStream.h"
 
+#include "Kestra/Conf/Draft.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IFilterFactory.h"
 #include "Render/Programme.h"
@@ -161,6 +162,8 @@ void PictureStream::PreferFormat(const Conf::IFormatCodec& format) {
     const auto* video = dynamic_cast<const Conf::IFormatCodecVideo*>(&format);
     if (!video)
         return;
+    if (const std::string why = Conf::Draft::WhyWhole(*video); !why.empty())
+        sequence.media->note(why);
     target.prefer(*video);
     blender.reset();
     forget(); // what has been read is in the format of before

@@ -5,6 +5,7 @@ namespace Kestra::Conf {
 namespace {
 
 constexpr const char* TAG_DRAFT = "draft";
+constexpr const char* TAG_WHY_WHOLE = "whyWhole";
 
 } // namespace
 
@@ -26,6 +27,20 @@ void Draft::TellIn(IFormatCodecVideo& format, const std::optional<Draft>& draft)
     } else {
         tree.RemoveChild(TAG_DRAFT);
     }
+    format.SetProperty(tree);
+}
+
+std::string Draft::WhyWhole(const IFormatCodecVideo& format) {
+    const Core::Property& tree = format.GetProperty();
+    return tree.ChildExists(TAG_WHY_WHOLE) ? tree[TAG_WHY_WHOLE].GetString() : std::string();
+}
+
+void Draft::TellWhyWhole(IFormatCodecVideo& format, const std::string& sentence) {
+    Core::Property tree = format.GetProperty();
+    if (sentence.empty())
+        tree.RemoveChild(TAG_WHY_WHOLE);
+    else
+        tree.SetChild(TAG_WHY_WHOLE, sentence);
     format.SetProperty(tree);
 }
 

@@ -3,6 +3,7 @@
 
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include <optional>
+#include <string>
 
 namespace Kestra::Conf {
 
@@ -17,6 +18,11 @@ struct KESTRA_EXPORT Draft {
     static std::optional<Draft> Of(const IFormatCodecVideo& format);
     /// Nothing takes back what the description told before.
     static void TellIn(IFormatCodecVideo& format, const std::optional<Draft>& draft);
+
+    /// A sentence for the user whose order of smaller frames the consumer does not follow; empty where there is none.
+    /// Whoever collects notes for the user notes it.
+    static std::string WhyWhole(const IFormatCodecVideo& format);
+    static void TellWhyWhole(IFormatCodecVideo& format, const std::string& sentence);
 };
 
 } // namespace Kestra::Conf

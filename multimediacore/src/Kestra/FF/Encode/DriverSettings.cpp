@@ -3,6 +3,8 @@
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
+#include <memory>
+#include <sstream>
 #include <thread>
 
 namespace Kestra::FF {
@@ -46,6 +48,17 @@ void SetListedParameter(AVCodecContext& context, const char* list, const char* n
     Check(av_opt_get_dict_val(context.priv_data, list, 0, parameters.Address()), TranscodingError::CodecRefused, list);
     parameters.Set(name, value);
     Check(av_opt_set_dict_val(context.priv_data, list, *parameters.Address(), 0), TranscodingError::CodecRefused, list);
+}
+
+bool HasParameterInText(const AVCodecContext& context, const char* option, const std::string& name) {
+    std::uint8_t* value = nullptr;
+    Check(av_opt_get(context.priv_data, option, 0, &value), TranscodingError::CodecRefused, option);
+    const std::unique_ptr<std::uint8_t, decltype(&av_free)> held(value, &av_free);
+    std::istringstream parameters(value ? reinterpret_cast<const char*>(value) : "");
+    for (std::string one; std::getline(parameters, one, ':');)
+        if (one.substr(0, one.find('=')) == name)
+            return true;
+    return false;
 }
 
 void SetCrf(AVCodecContext& context, double quality) {

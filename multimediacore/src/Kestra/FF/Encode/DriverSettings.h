@@ -31,6 +31,10 @@ void SetPrivate(AVCodecContext& context, const char* name, std::int64_t value);
 bool HasListedParameter(const AVCodecContext& context, const char* list, const char* name);
 void SetListedParameter(AVCodecContext& context, const char* list, const char* name, const char* value);
 
+/// Whether the text of an option ("x264opts"), parameters with colons between them, has one of that name. Throws
+/// ProcException (CodecRefused).
+bool HasParameterInText(const AVCodecContext& context, const char* option, const std::string& name);
+
 /// Constant quality by the option "crf".
 void SetCrf(AVCodecContext& context, double quality);
 

@@ -6,13 +6,21 @@
 #include <boost/rational.hpp>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace Kestra::FF {
 
-/// Half the width and half the height, in even numbers, so that fields stay fields. Nothing where the whole frames have
-/// to be looked at: small ones, whose halves tell too little, and fewer (`frames`, less than 0 when nobody knows) than
-/// the second pass takes to make good what halves tell wrongly.
-std::optional<Conf::Draft> FirstPassDraft(const EncoderInput& input, std::int64_t frames,
-                                          const boost::rational<long long>& rate);
+/// A smaller frame, or why the whole ones have to be looked at, in the user's words.
+struct FirstPassDraft {
+    std::optional<Conf::Draft> draft;
+    std::string whyWhole;
+
+    /// Half the width and half the height, in even numbers, so that fields stay fields. Whole are small frames, whose
+    /// halves tell too little, and fewer (`frames`, less than 0 when nobody knows) than the second pass takes to make
+    /// good what halves tell wrongly.
+    static FirstPassDraft HalfOf(const EncoderInput& input, std::int64_t frames,
+                                 const boost::rational<long long>& rate);
+    static FirstPassDraft WholeFrames(const std::string& why);
+};
 
 } // namespace Kestra::FF

@@ -88,9 +88,13 @@ void TwoPassLog::ConfigureX264(AVCodecContext& context) const {
     if (firstPass)
         return;
     const X264Statistics::Summary found = X264Statistics::Read(path);
+    if (found.pixels <= 0)
+        Fail(TranscodingError::SourceDamaged,
+             "The statistics of the first pass \"" + path + "\" do not say how large its pictures were");
     const double factor = PixelsOf(context) / found.pixels;
     // It would leave films that its statistics describe roughly far from their rate.
-    if (factor > 1 && !HasListedParameter(context, "x264-params", "ratetol"))
+    if (factor > 1 && !HasListedParameter(context, "x264-params", "ratetol") &&
+        !HasParameterInText(context, "x264opts", "ratetol"))
         SetListedParameter(context, "x264-params", "ratetol", "0.1");
     RequireX264Rate(context, found.fixedBits * X264Statistics::BitsForPixels(factor));
 }

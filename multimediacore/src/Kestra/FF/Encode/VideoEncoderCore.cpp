@@ -137,12 +137,14 @@ OptionList VideoEncoderCore::EncoderOptions() const {
     return GetOptions({IFormatCodecVideo::TAG_APPROVED_VBR_MODE_ONLY});
 }
 
-std::optional<Conf::Draft> VideoEncoderCore::ChooseDraft(const IFormatCodecVideo& description) const {
+FirstPassDraft VideoEncoderCore::ChooseDraft(const IFormatCodecVideo& description) const {
     const auto twoPass = GetTwoPass();
-    if (!twoPass || !twoPass->firstPass || !WantsHalfFirstPass(description) ||
-        !Driver().ScalesStatistics(EncoderOptions()))
-        return std::nullopt;
-    return FirstPassDraft(input, frameCount, rate);
+    if (!twoPass || !twoPass->firstPass || !WantsHalfFirstPass(description))
+        return {};
+    if (!Driver().ScalesStatistics(EncoderOptions()))
+        return FirstPassDraft::WholeFrames(std::string(codec->name) +
+                                           " with its options takes no statistics of smaller ones");
+    return FirstPassDraft::HalfOf(input, frameCount, rate);
 }
 
 void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
@@ -165,8 +167,10 @@ void VideoEncoderCore::BuildChain(const IFormatCodecVideo& description) {
     const std::int64_t duration = stream->GetDuration();
     frameCount = duration == TIME_UNKNOWN ? -1 : TimeToFrames(duration, rate);
     TakeProgramme(*format, GetDuration());
-    draft = ChooseDraft(description);
+    const FirstPassDraft chosen = ChooseDraft(description);
+    draft = chosen.draft;
     Conf::Draft::TellIn(*format, draft);
+    Conf::Draft::TellWhyWhole(*format, chosen.whyWhole);
     stream->PreferFormat(*format);
     Proc::IFilterFactory& filters = Core::CoreManager::Instance().GetFilterFactory();
     Proc::SettingsFilterFrameRate settings;
@@ -213,6 +217,8 @@ CodecContextHandle VideoEncoderCore::Configure(const IFormatCodecVideo& descript
     Driver().Settle(*context);
     if (log && log->IsFirstPass())
         ConfigureFirstPass(*context);
+    if (!log || !log->IsSupported())
+        Driver().SettleOnePass(*context);
     if (log)
         log->Configure(*context);
     return context;

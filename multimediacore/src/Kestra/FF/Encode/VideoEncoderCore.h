@@ -3,6 +3,7 @@
 
 #include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
+#include "Kestra/FF/Encode/FirstPassDraft.h"
 #include "Kestra/FF/Encode/TwoPassLog.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
 #include "Kestra/FF/Picture/HdrMetadata.h"
@@ -40,7 +41,7 @@ private:
     void Peek();
     void SettleFields(const AVFrame& first);
     CodecContextHandle Configure(const Conf::IFormatCodecVideo& description, const OptionList& options) const;
-    std::optional<Conf::Draft> ChooseDraft(const Conf::IFormatCodecVideo& description) const;
+    FirstPassDraft ChooseDraft(const Conf::IFormatCodecVideo& description) const;
     void ConfigureInput(AVCodecContext& context) const;
     void ConfigureFirstPass(AVCodecContext& context) const;
     OptionList EncoderOptions() const;

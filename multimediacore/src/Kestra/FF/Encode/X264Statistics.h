@@ -9,7 +9,7 @@ namespace Kestra::FF::X264Statistics {
 double BitsForPixels(double factor);
 
 struct Summary {
-    double pixels = 1;    ///< of the frames that the first pass was given
+    double pixels = 0;    ///< of the frames that the first pass was given; 0 where the file does not tell
     double fixedBits = 0; ///< what no quantiser takes away, in all of them together
 };
 /// Of a file that has been verified.
