@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 #include <sys/sysinfo.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace Fakes;
@@ -19,7 +20,10 @@ std::atomic<int> pretended{0};
 /// A machine of so many processors, as far as anybody asks the C++ library.
 class Processors {
 public:
-    explicit Processors(int count) { pretended = count; }
+    explicit Processors(int count) {
+        pretended = count;
+        EXPECT_EQ(std::thread::hardware_concurrency(), static_cast<unsigned>(count)) << "nobody is deceived";
+    }
     ~Processors() { pretended = 0; }
     Processors(const Processors&) = delete;
     Processors& operator=(const Processors&) = delete;
@@ -134,6 +138,28 @@ TEST(EncoderThreads, MakeTheSameBitsOnAnyNumberOfProcessors) {
     auto dnxhr = Description("dnxhd");
     dnxhr.SetChild(IFormatCodec::TAG_PROFILE, std::string("dnxhr_sq"));
     ExpectTheSameAnywhere(shape, "dnxhd", dnxhr);
+}
+
+// In real time VP8's encoder would choose its speed by the time that frames take.
+TEST(EncoderSpeed, OfVp8IsTheOneThatIsNamedWhateverTheClockSays) {
+    const VideoShape shape = Waves(256, 144, 10);
+    const auto bits = [&shape](std::int64_t speed) {
+        return Bits(shape, Described("vp8", {{"deadline", 1}, {"cpu-used", speed}}));
+    };
+    EXPECT_TRUE(bits(8) == bits(-8));
+    EXPECT_TRUE(bits(0) == bits(-1));
+    EXPECT_FALSE(bits(8) == bits(3));
+}
+
+TEST(EncoderSpeed, OfVpxIsNotThatForRealTimeWhereFramesLastASecond) {
+    VideoShape shape = Waves(256, 144, 6);
+    shape.rate = 1;
+    for (const char* codec : {"vp8", "vp9"}) {
+        const auto bits = [&](const OptionValues& values) { return Bits(shape, Described(codec, values)); };
+        EXPECT_TRUE(bits({}) == bits({{"deadline", 10'000'000}})) << codec;
+        EXPECT_TRUE(bits({{"deadline", 1'000'000}}) == bits({{"deadline", 10'000'000}})) << codec;
+        EXPECT_FALSE(bits({}) == bits({{"deadline", 1}})) << codec;
+    }
 }
 
 // What is told by name is what the encoder is told anyway, and what is not makes another stream.

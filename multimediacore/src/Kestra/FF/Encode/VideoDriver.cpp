@@ -45,6 +45,8 @@ void VideoDriver::SetDrift(AVCodecContext&) const {}
 
 void VideoDriver::Settle(AVCodecContext&) const {}
 
+void VideoDriver::SettleOnePass(AVCodecContext&) const {}
+
 void VideoDriver::SetFastFirstPass(AVCodecContext& context) const {
     context.trellis = 0;
     context.mb_decision = FF_MB_DECISION_SIMPLE;

@@ -78,6 +78,8 @@ public:
     virtual std::int64_t LowestRateOf(std::int64_t constantBitrate) const { return constantBitrate; }
     /// What the context says behind the options of the preset.
     virtual void Settle(AVCodecContext& context) const;
+    /// The same where the codec does not run in two passes.
+    virtual void SettleOnePass(AVCodecContext& context) const;
 
     virtual Statistics GetStatistics() const { return Statistics::None; }
     virtual void SetFastFirstPass(AVCodecContext& context) const;

@@ -1,12 +1,26 @@
 #include "Kestra/FF/Av/Convert.h"
+#include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/FF/Encode/VideoDrivers.h"
 #include <algorithm>
 #include <array>
+#include <climits>
 
 namespace Kestra::FF {
 
 namespace {
+
+constexpr std::int64_t GOOD_DEADLINE = 1'000'000; ///< the codec library's name for it in microseconds
+
+std::int64_t FrameMicroseconds(const AVCodecContext& context) {
+    return av_rescale_q(1, context.time_base, {1, 1'000'000});
+}
+
+std::int64_t PrivateNumber(const AVCodecContext& context, const char* name) {
+    std::int64_t value = 0;
+    Check(av_opt_get_int(context.priv_data, name, 0, &value), Proc::TranscodingError::CodecRefused, name);
+    return value;
+}
 
 /// What VP8 and VP9 have in common.
 class VpxDriver : public VideoDriver {
@@ -28,6 +42,14 @@ public:
         std::int64_t speed = 0;
         if (av_opt_get_int(context.priv_data, "cpu-used", 0, &speed) >= 0)
             SetPrivate(context, "cpu-used", std::max<std::int64_t>(speed, 4));
+    }
+
+    // libvpx takes a deadline that is no longer than a frame for an order of its way for real time. A frame of a second
+    // is as long as the one that means a good quality.
+    void SettleOnePass(AVCodecContext& context) const override {
+        const std::int64_t frame = FrameMicroseconds(context);
+        if (PrivateNumber(context, "deadline") == GOOD_DEADLINE && frame >= GOOD_DEADLINE)
+            SetPrivate(context, "deadline", std::min<std::int64_t>(2 * frame, INT_MAX));
     }
 };
 
@@ -58,6 +80,16 @@ public:
         constexpr std::int64_t BOUND = 300'000'000;
         VpxDriver::SetQuality(context, quality);
         context.bit_rate = BOUND;
+    }
+
+    // For real time it takes a positive speed for a share of the processor and goes by the clock, so that no two files
+    // are alike; a negative one is the speed itself, as a positive one is otherwise.
+    void SettleOnePass(AVCodecContext& context) const override {
+        VpxDriver::SettleOnePass(context);
+        const std::int64_t deadline = PrivateNumber(context, "deadline");
+        const std::int64_t speed = PrivateNumber(context, "cpu-used");
+        if (deadline > 0 && deadline <= FrameMicroseconds(context) && speed >= 0)
+            SetPrivate(context, "cpu-used", -std::max<std::int64_t>(speed, 1));
     }
 };
 
