@@ -13,12 +13,12 @@ int entriesOf(const QString& folder) {
     return static_cast<int>(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size());
 }
 
-std::string madeClip(const std::string& path) {
+std::string madeClip(const std::string& path, int frames) {
     TestMedia::FlashBeep flashBeep;
     flashBeep.width = 64;
     flashBeep.height = 36;
     flashBeep.rate = 5;
-    flashBeep.frames = 10;
+    flashBeep.frames = frames;
     flashBeep.period = 5;
     flashBeep.flashFrames = 1;
     flashBeep.videoCodec = "mpeg4";
@@ -31,14 +31,35 @@ std::string madeClip(const std::string& path) {
 const std::vector<Reference>& references() {
     static const std::vector<Reference> all = {
         {"one pass with an outro", "mp4-mpeg4-720p", "demo", {"size=64x36", "frame-rate=5"}},
-        {"two passes", "mp4-mpeg4-720p-2pass", "", {"size=64x36", "frame-rate=5"}},
+        {"two passes", "mp4-mpeg4-720p-2pass", "", {"size=64x36", "frame-rate=5"}, 2},
         {"sound alone", "flac", "", {}},
+        {"sound in chunks",
+         "m4a-aac",
+         "",
+         {"sample-rate=16000", "channels=mono", "audio-bitrate=48k"},
+         1,
+         false,
+         true,
+         {10 * 1024, 2}},
+        {"half a first pass",
+         "mp4-h264-1080p-2pass",
+         "",
+         {"size=128x128", "frame-rate=5", "first-pass=half"},
+         2,
+         true,
+         true},
     };
     return all;
 }
 
+std::string shortNameOf(int reference) {
+    constexpr const char* names[] = {"OnePassWithOutro", "TwoPasses", "SoundAlone", "SoundInChunks", "HalfAFirstPass"};
+    return names[reference];
+}
+
 Place::Place()
-    : clip(madeClip(media / "clip.mov"))
+    : clip(madeClip(media / "clip.mov", 10))
+    , longClip(madeClip(media / "long.mov", 20))
     , output(folder / "film") {
     restore();
 }
@@ -51,7 +72,7 @@ void Place::restore() const {
 
 ExportCore::ExportRequest Place::request(const Reference& reference) const {
     ExportCore::ExportRequest request;
-    request.inputs << QString::fromStdString(clip);
+    request.inputs << QString::fromStdString(reference.isLong ? longClip : clip);
     request.presetId = reference.preset;
     request.brandingName = QString::fromUtf8(reference.branding);
     request.settings = reference.settings;
@@ -92,6 +113,10 @@ int countOr(int usual) {
     bool given = false;
     const int count = qEnvironmentVariableIntValue("SWEEP_COUNT", &given);
     return given ? count : usual;
+}
+
+bool isLongForm() {
+    return qEnvironmentVariableIsSet("SWEEP_COUNT");
 }
 
 } // namespace Sweep

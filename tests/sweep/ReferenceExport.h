@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ExportCore/ExportRequest.h"
+#include "fakes/chunks/SoundChunks.h"
 #include "support/FlashBeep.h"
 #include <QString>
 #include <string>
@@ -14,12 +15,19 @@ struct Reference {
     const char* preset;
     const char* branding;
     std::vector<std::string> settings;
+    int passes = 1;
+    bool isLong = false;    ///< twice as long
+    bool isVariant = false; ///< of another one: what that has in common with it is looked at in the long form alone
+    Kestra::Fakes::SoundChunks chunks{}; ///< for a CountedEngine
 };
 
-/// One pass with an outro, two passes, sound alone: ten pictures of 64x36, or two seconds of sound.
+/// One pass with an outro, two passes, sound alone: ten pictures of 64x36, or two seconds of sound. Then sound in four
+/// chunks on two threads, and two passes whose first one looks at halves.
 const std::vector<Reference>& references();
+/// For the names of tests: "OnePassWithOutro".
+std::string shortNameOf(int reference);
 
-/// A clip for all of them, and a place with a file that nothing but a good end may touch.
+/// Clips for all of them, and a place with a file that nothing but a good end may touch.
 class Place {
 public:
     Place();
@@ -35,6 +43,7 @@ private:
 
 public:
     const std::string clip;
+    const std::string longClip;
     const std::string output;
 };
 
@@ -54,5 +63,7 @@ std::ostream& operator<<(std::ostream& out, const Holdings& holdings);
 
 /// As many runs as the variable SWEEP_COUNT says; `usual` without one.
 int countOr(int usual);
+/// Whether there is such a variable.
+bool isLongForm();
 
 } // namespace Sweep

@@ -6,8 +6,12 @@
 #include "Kestra/Proc/IMuxerFactory.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "WatchedJob.h"
+#include "fakes/chunks/ChunkCalls.h"
+#include "fakes/chunks/SoundChunks.h"
 #include "fakes/kestra/FakeFactories.h"
+#include <cctype>
 #include <gtest/gtest.h>
+#include <optional>
 #include <stdexcept>
 
 using ExportCore::ExportOutcome;
@@ -122,7 +126,20 @@ private:
     const std::shared_ptr<Calls> calls;
 };
 
-class HungSource : public ::testing::TestWithParam<const char*>, protected TestExport::WatchedJob {
+/// A call that hangs, and what is exported.
+struct Hang {
+    std::string at;
+    const char* preset = "mp4-h264-480p";
+};
+
+void PrintTo(const Hang& hang, std::ostream* stream) {
+    *stream << hang.at << " in " << hang.preset;
+}
+
+const char* const SOUND_ALONE = "m4a-aac";
+
+/// Sound alone is encoded in short chunks, which two threads hold until the source hangs.
+class HungSource : public ::testing::TestWithParam<Hang>, protected TestExport::WatchedJob {
 protected:
     static void SetUpTestSuite() {
         media = new TestMedia::Folder;
@@ -134,24 +151,32 @@ protected:
 
     HungSource() {
         CoreManager::Instance().SetSourceFactory(std::make_shared<ScriptedSources>(*media / "clip.mov", calls));
-        calls->script->At(GetParam(), [gate = gate] { gate->Pass(); });
+        calls->script->At(GetParam().at, [gate = gate] { gate->Pass(); });
+        if (GetParam().preset != SOUND_ALONE)
+            return;
+        chunks.emplace(Kestra::Fakes::SoundChunks{16 * 1024, 2});
+        chunkCalls.emplace([this] {
+            ++chunkFrames;
+            gate->WaitUntilReached();
+        });
     }
     ~HungSource() override {
         gate->Open();
         job.reset();
         EXPECT_TRUE(waitUntil([this] { return calls->under == 0; })) << "what was left comes out";
+        EXPECT_EQ(chunkFrames > 0, chunks.has_value());
         CoreManager::Instance().SetMuxerFactory(nullptr);
         CoreManager::Instance().SetSourceFactory(nullptr);
     }
 
-    void start(const ExportCore::WatchdogLimits& limits = {1h, 1h, 1h}, const char* preset = "mp4-h264-480p") {
+    void start(const ExportCore::WatchdogLimits& limits = {1h, 1h, 1h}, const char* preset = GetParam().preset) {
         WatchedJob::start(*media / "clip.mov", preset, limits);
     }
     /// The event loop goes on while a call hangs.
     bool waitUntilHung() {
-        return waitUntil([this] { return gate->WaitUntilReached(0ms); });
+        return waitUntil([this] { return gate->WaitUntilReached(0ms) && (!chunks || chunkFrames > 1); });
     }
-    bool isInOpening() const { return std::string(GetParam()) == "open"; }
+    bool isInOpening() const { return GetParam().at == "open"; }
     void expectNamed(const std::string& text) const {
         EXPECT_NE(text.find("clip.mov\" does not come"), std::string::npos) << text;
     }
@@ -159,6 +184,9 @@ protected:
     static TestMedia::Folder* media;
     const std::shared_ptr<Calls> calls = std::make_shared<Calls>();
     const std::shared_ptr<Kestra::Fakes::Gate> gate = std::make_shared<Kestra::Fakes::Gate>();
+    std::atomic<int> chunkFrames{0};
+    std::optional<Kestra::Fakes::ChunkedSound> chunks;
+    std::optional<Kestra::Fakes::ChunkCalls> chunkCalls;
 };
 
 TestMedia::Folder* HungSource::media = nullptr;
@@ -221,7 +249,7 @@ TEST_P(HungFirstPass, StartsNothingAnewWhenItComesBackAfterTheEnd) {
 }
 
 TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
-    const std::string hung = GetParam();
+    const std::string& hung = GetParam().at;
     if (hung != "picture 60" && hung != "sound 100")
         GTEST_SKIP() << "nothing is written before";
     const auto script = std::make_shared<Script>();
@@ -233,7 +261,7 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     });
     muxers->UseMuxerScript(script);
     CoreManager::Instance().SetMuxerFactory(muxers);
-    start({1h, 1h, 1h}, "mov-prores-1080p"); // whose sound is not encoded in chunks of seconds
+    start();
     ASSERT_TRUE(waitUntilHung());
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(outcome.status, Status::Failed);
@@ -244,17 +272,20 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     job.reset();
 }
 
-INSTANTIATE_TEST_SUITE_P(In, HungFirstPass, testing::Values("picture 60"), [](const auto&) { return "picture60"; });
+std::string nameOf(const testing::TestParamInfo<Hang>& testCase) {
+    std::string name = testCase.param.preset == SOUND_ALONE ? "soundAlone_" : "";
+    for (const char letter : testCase.param.at)
+        if (std::isspace(static_cast<unsigned char>(letter)) == 0)
+            name += letter;
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(In, HungFirstPass, testing::Values(Hang{"picture 60"}), nameOf);
 
 INSTANTIATE_TEST_SUITE_P(In, HungSource,
-                         testing::Values("open", "prepare picture ", "sound 0", "picture 60", "sound 100",
-                                         "close picture ", "close sound "),
-                         [](const auto& testCase) {
-                             std::string name;
-                             for (const char letter : std::string(testCase.param))
-                                 if (letter != ' ')
-                                     name += letter;
-                             return name;
-                         });
+                         testing::Values(Hang{"open"}, Hang{"prepare picture "}, Hang{"sound 0"}, Hang{"picture 60"},
+                                         Hang{"sound 100"}, Hang{"close picture "}, Hang{"close sound "},
+                                         Hang{"sound 100", SOUND_ALONE}),
+                         nameOf);
 
 } // namespace

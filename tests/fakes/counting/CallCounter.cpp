@@ -4,16 +4,18 @@
 
 namespace Kestra::Fakes {
 
-void CallCounter::OnCall(std::function<void()> listener) {
+void CallCounter::OnCall(Listener listener) {
     const std::lock_guard lock(mutex);
     heard = std::move(listener);
 }
 
-bool CallCounter::Note(const std::string& kind, std::function<void()>& told) {
+bool CallCounter::Note(const std::string& kind, Listener& told) {
     const std::lock_guard lock(mutex);
     told = heard;
-    const int number = static_cast<int>(calls.size());
     calls.push_back(kind);
+    if (!plan.kind.empty() && plan.kind != kind)
+        return false;
+    const int number = counted++;
     const bool fails = plan.at >= 0 && (plan.forEver ? number >= plan.at : number == plan.at);
     if (fails)
         thrown.push_back(kind);
@@ -21,10 +23,10 @@ bool CallCounter::Note(const std::string& kind, std::function<void()>& told) {
 }
 
 void CallCounter::Call(const std::string& kind) {
-    std::function<void()> told;
+    Listener told;
     const bool fails = Note(kind, told);
     if (told)
-        told();
+        told(kind);
     if (!fails)
         return;
     const std::string words = "a fault in " + kind;

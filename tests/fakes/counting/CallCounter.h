@@ -29,14 +29,17 @@ public:
         int at = -1;
         bool forEver = false; ///< the call and every later one
         bool odd = false;     ///< OddFault instead of Fault
+        std::string kind{};   ///< counts these alone; all where it is empty
     };
+
+    using Listener = std::function<void(const std::string& kind)>;
 
     CallCounter() = default;
     explicit CallCounter(const Plan& plan)
         : plan(plan) {}
 
     /// `listener` is told of every call, on its thread and before it, until null is set.
-    void OnCall(std::function<void()> listener);
+    void OnCall(Listener listener);
     /// Throws where the plan says so. Kinds are named "Class.Method".
     void Call(const std::string& kind);
 
@@ -54,11 +57,12 @@ public:
     std::vector<std::string> Thrown() const;
 
 private:
-    bool Note(const std::string& kind, std::function<void()>& told);
+    bool Note(const std::string& kind, Listener& told);
 
     const Plan plan{};
     mutable std::mutex mutex;
-    std::function<void()> heard;
+    int counted = 0; ///< of those that the plan counts
+    Listener heard;
     std::vector<std::string> calls;
     std::vector<std::string> thrown;
     std::set<const void*> failedAhead;

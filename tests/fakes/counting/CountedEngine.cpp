@@ -13,8 +13,9 @@ namespace {
 
 class CountedCodecs final : public Proc::ICodecFactory {
 public:
-    explicit CountedCodecs(Counter counter)
-        : counter(std::move(counter)) {}
+    CountedCodecs(Counter counter, const SoundChunks& chunks)
+        : counter(std::move(counter))
+        , chunks(chunks) {}
 
     boost::intrusive_ptr<Proc::IEncoder> CreateVideoEncoder(const boost::intrusive_ptr<Proc::IStreamVideo>& stream,
                                                             const Core::Property& properties) override {
@@ -24,11 +25,12 @@ public:
     boost::intrusive_ptr<Proc::IEncoder> CreateAudioEncoder(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
                                                             const Core::Property& properties) override {
         counter->Call("CodecFactory.CreateAudioEncoder");
-        return new CountedEncoder(engine->CreateAudioEncoder(stream, properties), counter, "AudioEncoder");
+        return new CountedEncoder(engine->CreateAudioEncoder(stream, chunks.In(properties)), counter, "AudioEncoder");
     }
 
 private:
     const Counter counter;
+    const SoundChunks chunks;
     const std::shared_ptr<Proc::ICodecFactory> engine = FF::MakeCodecFactory();
 };
 
@@ -66,9 +68,10 @@ private:
 
 } // namespace
 
-CountedEngine::CountedEngine(const std::shared_ptr<CallCounter>& counter) {
+CountedEngine::CountedEngine(const std::shared_ptr<CallCounter>& counter, const SoundChunks& chunks)
+    : chunkCalls([counter] { counter->Call("Chunk.Frame"); }) {
     Core::CoreManager& manager = Core::CoreManager::Instance();
-    manager.SetCodecFactory(std::make_shared<CountedCodecs>(counter));
+    manager.SetCodecFactory(std::make_shared<CountedCodecs>(counter, chunks));
     manager.SetMuxerFactory(std::make_shared<CountedMuxers>(counter));
     manager.SetDataVideoFFFactory(std::make_shared<CountedPictures>(counter));
     manager.SetFilterFactory(std::make_shared<CountedFilters>(counter));

@@ -1,11 +1,16 @@
 // Every call into the engine fails once, and from then on for ever, with an exception of the standard's and with none.
+// So does every frame that a thread of chunks encodes.
 #include "fakes/counting/CountedEngine.h"
 #include "support/FileHelpers.h"
 #include "sweep/Runs.h"
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
 #include <gtest/gtest.h>
 #include <map>
+#include <mutex>
 #include <set>
+#include <thread>
 
 using ExportCore::ExportOutcome;
 using Kestra::Fakes::CallCounter;
@@ -16,6 +21,8 @@ using Sweep::Signals;
 using Plan = CallCounter::Plan;
 
 namespace {
+
+constexpr const char* CHUNK_FRAME = "Chunk.Frame";
 
 /// What a run is to be judged by.
 struct Verdict {
@@ -39,7 +46,8 @@ bool tellsTheFault(const std::string& words, const Plan& plan) {
 class FaultSweep : public ::testing::TestWithParam<int> {
 protected:
     const Reference& reference() const { return Sweep::references()[static_cast<std::size_t>(GetParam())]; }
-    int passes() const { return GetParam() == 1 ? 2 : 1; }
+    int passes() const { return reference().passes; }
+    int count() const { return Sweep::countOr(reference().isVariant ? 12 : 40); }
 
     Verdict throughTranscoder(const Plan& plan);
     Verdict throughJob(const Plan& plan);
@@ -79,7 +87,7 @@ Verdict FaultSweep::throughTranscoder(const Plan& plan) {
     Verdict verdict;
     place.restore();
     {
-        const CountedEngine engine(counter);
+        const CountedEngine engine(counter, reference().chunks);
         Sweep::TranscoderRun run(place.request(reference()));
         bool opened = false;
         try {
@@ -120,7 +128,7 @@ Verdict FaultSweep::throughJob(const Plan& plan) {
     Verdict verdict;
     place.restore();
     {
-        const CountedEngine engine(counter);
+        const CountedEngine engine(counter, reference().chunks);
         Sweep::JobRun run(place.request(reference()));
         run.start();
         if (!run.waitForEnd())
@@ -144,17 +152,21 @@ std::vector<Plan> FaultSweep::plans(const std::vector<std::string>& calls, int c
         return result;
     }
     int way = 0;
-    const auto add = [&](int at) {
-        result.push_back({at, (way & 1) != 0, (way & 2) != 0});
+    const auto add = [&](int at, const std::string& kind) {
+        result.push_back({at, (way & 1) != 0, (way & 2) != 0, kind});
         ++way;
     };
+    const auto spread = [&](int points, int among, const std::string& kind) {
+        for (int i = 0; i < points; ++i)
+            add(static_cast<int>(static_cast<long long>(i) * among / points), kind);
+    };
     std::set<std::string> kinds;
-    for (int at = 0; at < total; ++at)
+    for (int at = 0; at < total && !reference().isVariant; ++at)
         if (kinds.insert(calls[static_cast<std::size_t>(at)]).second)
-            add(at);
-    const int more = std::max(count - static_cast<int>(result.size()), 0);
-    for (int i = 0; i < more; ++i)
-        add(static_cast<int>(static_cast<long long>(i) * total / more));
+            add(at, {});
+    if (reference().chunks.workers > 0)
+        spread(count / 2, static_cast<int>(std::count(calls.begin(), calls.end(), CHUNK_FRAME)), CHUNK_FRAME);
+    spread(std::max(count - static_cast<int>(result.size()), 0), total, {});
     return result;
 }
 
@@ -176,9 +188,9 @@ void FaultSweep::sweep(const Road& run, int count) {
             continue;
         const std::string kind = verdict.thrown.empty() ? "nothing" : verdict.thrown.front();
         if (complaints[kind + ": " + verdict.complaint]++ < 3)
-            ADD_FAILURE() << reference().name << ", call " << plan.at << (plan.forEver ? " for ever" : "")
-                          << (plan.odd ? ", odd" : "") << ", " << kind << ": " << verdict.complaint << "\nbefore "
-                          << before << ", after " << Holdings::now();
+            ADD_FAILURE() << reference().name << ", call " << plan.at << ' ' << plan.kind
+                          << (plan.forEver ? " for ever" : "") << (plan.odd ? ", odd" : "") << ", " << kind << ": "
+                          << verdict.complaint << "\nbefore " << before << ", after " << Holdings::now();
     }
     RecordProperty("faults", faults);
     std::printf("%s: %zu calls, %d of %zu faults, %zu kinds of complaint\n", reference().name, whole.calls.size(),
@@ -187,18 +199,51 @@ void FaultSweep::sweep(const Road& run, int count) {
 }
 
 TEST_P(FaultSweep, AnyCallThatFailsEndsTheTranscodersRunAsPromised) {
-    sweep([this](const Plan& plan) { return throughTranscoder(plan); }, Sweep::countOr(40));
+    sweep([this](const Plan& plan) { return throughTranscoder(plan); }, count());
 }
 
 TEST_P(FaultSweep, AnyCallThatFailsFailsTheJobAndLeavesTheOldFile) {
-    sweep([this](const Plan& plan) { return throughJob(plan); }, Sweep::countOr(40));
+    sweep([this](const Plan& plan) { return throughJob(plan); }, count());
 }
 
-std::string nameOf(const ::testing::TestParamInfo<int>& info) {
-    constexpr const char* names[] = {"OnePassWithOutro", "TwoPasses", "SoundAlone"};
-    return names[info.param];
+ExportOutcome outcomeOf(int reference, const std::shared_ptr<CallCounter>& counter) {
+    const Sweep::Place place;
+    const Reference& chosen = Sweep::references()[static_cast<std::size_t>(reference)];
+    const CountedEngine engine(counter, chosen.chunks);
+    Sweep::JobRun run(place.request(chosen));
+    run.start();
+    EXPECT_TRUE(run.waitForEnd());
+    return run.outcome();
 }
 
-INSTANTIATE_TEST_SUITE_P(References, FaultSweep, ::testing::Values(0, 1, 2), nameOf);
+/// Sweeps of variants that are none would prove nothing.
+TEST(SweepReferences, EncodeSoundInChunksOnTwoThreads) {
+    std::mutex mutex;
+    std::condition_variable came;
+    std::set<std::thread::id> threads;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    const auto counter = std::make_shared<CallCounter>();
+    counter->OnCall([&](const std::string& kind) {
+        if (kind != CHUNK_FRAME)
+            return;
+        std::unique_lock<std::mutex> lock(mutex);
+        threads.insert(std::this_thread::get_id());
+        came.notify_all();
+        came.wait_until(lock, deadline, [&] { return threads.size() > 1; });
+    });
+    EXPECT_EQ(outcomeOf(3, counter).status, ExportOutcome::Status::Done);
+    EXPECT_EQ(threads.size(), 2U);
+    const auto calls = counter->Calls();
+    EXPECT_GT(std::count(calls.begin(), calls.end(), CHUNK_FRAME), 40) << "more than one encoder takes";
+}
+
+TEST(SweepReferences, LookAtHalvesInAFirstPass) {
+    const ExportOutcome outcome = outcomeOf(4, std::make_shared<CallCounter>());
+    EXPECT_EQ(outcome.status, ExportOutcome::Status::Done);
+    EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(References, FaultSweep, ::testing::Range(0, 5),
+                         [](const auto& testCase) { return Sweep::shortNameOf(testCase.param); });
 
 } // namespace

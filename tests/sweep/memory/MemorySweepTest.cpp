@@ -154,11 +154,8 @@ TEST_P(MemorySweep, EndsSoTooWhereNoMemoryIsLeftForTheEnd) {
         sweep(Whose::Ours, forEver, From::WholeProgress, good.ours, countOr(12));
 }
 
-std::string nameOf(const ::testing::TestParamInfo<int>& info) {
-    return info.param == 1 ? "TwoPasses" : "SoundAlone";
-}
-
-INSTANTIATE_TEST_SUITE_P(References, MemorySweep, ::testing::Values(1, 2), nameOf);
+INSTANTIATE_TEST_SUITE_P(References, MemorySweep, ::testing::Values(1, 2),
+                         [](const auto& testCase) { return shortNameOf(testCase.param); });
 
 } // namespace
 

@@ -1,4 +1,5 @@
-// A run is stopped, or destroyed, at every point: a turn of the event loop, an event, a call into the engine, a signal.
+// A run is stopped, or destroyed, at every point: a turn of the event loop, an event, a call into the engine, a signal,
+// a frame on a thread of chunks.
 #include "Kestra/Util/FunctorExecutionForwarder.h"
 #include "fakes/counting/CountedEngine.h"
 #include "support/FileHelpers.h"
@@ -22,13 +23,13 @@ using Sweep::SweepApplication;
 
 namespace {
 
-enum class Clock { Turn, Event, Call, Signal };
+enum class Clock { Turn, Event, Call, Signal, Chunk };
 enum class Act { Stop, Destroy };
 
-constexpr const char* CLOCKS[] = {"turn", "event", "call", "signal"};
+constexpr const char* CLOCKS[] = {"turn", "event", "call", "signal", "chunk"};
 
 /// How often each clock has ticked.
-using Ticks = std::array<std::atomic<int>, 4>;
+using Ticks = std::array<std::atomic<int>, 5>;
 
 /// Counts the clocks of a run, and does something when one of them has ticked so often.
 class Alarm {
@@ -83,6 +84,7 @@ constexpr int NEVER = -1;
 class StopSweep : public ::testing::TestWithParam<int> {
 protected:
     StopSweep() {
+        const CountedEngine engine(std::make_shared<CallCounter>(), reference().chunks);
         Sweep::JobRun run(place.request(reference()));
         run.start();
         run.waitForEnd();
@@ -90,12 +92,15 @@ protected:
     }
     const Reference& reference() const { return Sweep::references()[static_cast<std::size_t>(GetParam())]; }
 
+    /// Those that stop it, of a variant what it has alone.
+    std::vector<Clock> clocks() const;
     /// What is wrong with the end of the run; empty when nothing is.
     std::string transcoder(Act act, Clock clock, int at, Ticks& ticks);
     std::string job(Act act, Clock clock, int at, Ticks& ticks);
 
     template <class Road>
     void sweep(const Road& road, Act act, int count);
+    int count() const { return Sweep::countOr(reference().isVariant ? 5 : 2); }
 
     const Sweep::OwnFastTrack fastTrack;
     const Sweep::Place place;
@@ -112,8 +117,22 @@ std::string joined(const Signals& emissions) {
 /// The engine calls of a run tick its alarm.
 std::shared_ptr<CallCounter> tickingCounter(Alarm& alarm) {
     auto counter = std::make_shared<CallCounter>();
-    counter->OnCall([&alarm] { alarm.tickElsewhere(Clock::Call); });
+    counter->OnCall([&alarm](const std::string& kind) {
+        alarm.tickElsewhere(Clock::Call);
+        if (kind == "Chunk.Frame")
+            alarm.tickElsewhere(Clock::Chunk);
+    });
     return counter;
+}
+
+std::vector<Clock> StopSweep::clocks() const {
+    const bool hasChunks = reference().chunks.workers > 0;
+    if (reference().isVariant && !Sweep::isLongForm())
+        return {hasChunks ? Clock::Chunk : Clock::Call};
+    std::vector<Clock> all = {Clock::Turn, Clock::Event, Clock::Call, Clock::Signal};
+    if (hasChunks)
+        all.push_back(Clock::Chunk);
+    return all;
 }
 
 std::string StopSweep::transcoder(Act act, Clock clock, int at, Ticks& ticks) {
@@ -130,7 +149,7 @@ std::string StopSweep::transcoder(Act act, Clock clock, int at, Ticks& ticks) {
     });
     run.onSignal = [&alarm](const std::string&) { alarm.tick(Clock::Signal); };
     const auto counter = tickingCounter(alarm);
-    const CountedEngine engine(counter);
+    const CountedEngine engine(counter, reference().chunks);
     // From the event loop, so that whatever is sent on the way is inside an event.
     QTimer::singleShot(0, [&] {
         if (!destroyed)
@@ -165,7 +184,7 @@ std::string StopSweep::job(Act act, Clock clock, int at, Ticks& ticks) {
     });
     run.onSignal = [&alarm](const std::string&) { alarm.tick(Clock::Signal); };
     const auto counter = tickingCounter(alarm);
-    const CountedEngine engine(counter);
+    const CountedEngine engine(counter, reference().chunks);
     // From the event loop, so that whatever is sent on the way is inside an event.
     QTimer::singleShot(0, [&] {
         if (!destroyed)
@@ -214,7 +233,7 @@ void StopSweep::sweep(const Road& road, Act act, int count) {
                           << complaint << "\nbefore " << before << ", after " << Holdings::now();
         return ticks[static_cast<std::size_t>(clock)] > at;
     };
-    for (const Clock clock : {Clock::Turn, Clock::Event, Clock::Call, Clock::Signal}) {
+    for (const Clock clock : clocks()) {
         const int total = totals[static_cast<std::size_t>(clock)];
         ASSERT_GT(total, 0) << CLOCKS[static_cast<int>(clock)];
         const int points = std::min(count, total);
@@ -231,26 +250,22 @@ void StopSweep::sweep(const Road& road, Act act, int count) {
 }
 
 TEST_P(StopSweep, StoppedAnywhereTheTranscoderTellsOneStopAndNoFailure) {
-    sweep([this](auto&&... of) { return transcoder(of...); }, Act::Stop, Sweep::countOr(2));
+    sweep([this](auto&&... of) { return transcoder(of...); }, Act::Stop, count());
 }
 
 TEST_P(StopSweep, DestroyedAnywhereTheTranscoderIsSilentAndLeavesNothing) {
-    sweep([this](auto&&... of) { return transcoder(of...); }, Act::Destroy, Sweep::countOr(2));
+    sweep([this](auto&&... of) { return transcoder(of...); }, Act::Destroy, count());
 }
 
 TEST_P(StopSweep, StoppedAnywhereTheJobEndsOnceWithTheOldFileOrTheNewOne) {
-    sweep([this](auto&&... of) { return job(of...); }, Act::Stop, Sweep::countOr(2));
+    sweep([this](auto&&... of) { return job(of...); }, Act::Stop, count());
 }
 
 TEST_P(StopSweep, DestroyedAnywhereTheJobLeavesTheOldFileOrTheNewOne) {
-    sweep([this](auto&&... of) { return job(of...); }, Act::Destroy, Sweep::countOr(2));
+    sweep([this](auto&&... of) { return job(of...); }, Act::Destroy, count());
 }
 
-std::string nameOf(const ::testing::TestParamInfo<int>& info) {
-    constexpr const char* names[] = {"OnePassWithOutro", "TwoPasses", "SoundAlone"};
-    return names[info.param];
-}
-
-INSTANTIATE_TEST_SUITE_P(References, StopSweep, ::testing::Values(0, 1, 2), nameOf);
+INSTANTIATE_TEST_SUITE_P(References, StopSweep, ::testing::Range(0, 5),
+                         [](const auto& testCase) { return Sweep::shortNameOf(testCase.param); });
 
 } // namespace

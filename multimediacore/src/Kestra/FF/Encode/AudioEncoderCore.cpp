@@ -99,8 +99,6 @@ std::unique_ptr<IEncoderLoop> OpenInside(const Settings& settings, const OptionL
 
 } // namespace
 
-const char* const AudioEncoderCore::TAG_WORKERS = "workers";
-
 AudioEncoderCore::AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream,
                                    const Core::Property& description)
     : EncoderCore(description)
@@ -155,8 +153,7 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::Open() {
     SkipToFirst();
     chain = new SampleBatches(chain, total < 0 ? INT64_MAX : total - queue.GetCount());
     chain = Core::CoreManager::Instance().GetFilterFactory().CreateReadAhead(chain, READ_AHEAD);
-    const bool alone = !besideOthers && CountWorkers() > 0;
-    const auto rule = alone ? Driver().ChunksOf(context) : std::nullopt;
+    const auto rule = ChooseChunks(context);
     return rule ? InChunks(std::move(opened), *rule, open) : std::make_unique<PacketBursts>(std::move(opened));
 }
 
@@ -169,6 +166,16 @@ std::unique_ptr<IEncoderLoop> AudioEncoderCore::InChunks(std::unique_ptr<IEncode
         [encoder](const EncoderChunk& chunk, const auto& cancelled) { return encoder->Encode(chunk, cancelled); },
         threads);
     return std::make_unique<ChunkedLoop>(std::move(model), rule, joiner, workers, threads + WAITING_CHUNKS);
+}
+
+std::optional<ChunkRule> AudioEncoderCore::ChooseChunks(const AVCodecContext& context) const {
+    if (besideOthers || CountWorkers() == 0)
+        return std::nullopt;
+    auto rule = Driver().ChunksOf(context);
+    const Core::Property& tree = EncoderCore::GetDescription();
+    if (rule && tree.ChildExists(TAG_CHUNK_SAMPLES))
+        rule->samples = static_cast<int>(tree[TAG_CHUNK_SAMPLES].GetInt64());
+    return rule;
 }
 
 int AudioEncoderCore::CountWorkers() const {

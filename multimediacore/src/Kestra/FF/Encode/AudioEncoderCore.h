@@ -21,8 +21,10 @@ namespace Kestra::FF {
 /// Further tracks of the stream have encoders of their own, with the same description and settings.
 class AudioEncoderCore final : public EncoderCore {
 public:
-    /// Int64, in the description: so many threads instead; 0: all by one encoder. For tests.
-    static const char* const TAG_WORKERS;
+    /// Int64, in the description, for tests: so many threads instead (0: all by one encoder), and about so many samples
+    /// in a chunk.
+    static constexpr const char* TAG_WORKERS = "workers";
+    static constexpr const char* TAG_CHUNK_SAMPLES = "chunkSamples";
 
     /// Throws ProcException (CodecNotFound).
     AudioEncoderCore(const boost::intrusive_ptr<Proc::IStreamAudio>& stream, const Core::Property& description);
@@ -54,6 +56,7 @@ private:
     std::unique_ptr<IEncoderLoop> InChunks(std::unique_ptr<IEncoderLoop> model, const ChunkRule& rule,
                                            ChunkEncoder::OpenOne open);
     int CountWorkers() const;
+    std::optional<ChunkRule> ChooseChunks(const AVCodecContext& context) const;
     int FrameSize() const;
     int TailSize() const;
     const AudioDriver& Driver() const { return AudioDriver::Of(*codec); }

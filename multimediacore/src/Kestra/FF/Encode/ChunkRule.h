@@ -12,14 +12,12 @@ struct ChunkRule {
     int behind = 0; ///< that have to follow before its last packet comes out
     /// Packets depend on their own frame alone, so that an encoder may go on with any other chunk.
     bool reusable = false;
-
-    /// How many a chunk has; all but the last one.
-    std::int64_t FramesInChunk(int frameSize) const { return std::max(SAMPLES / frameSize, leadIn + behind + 1); }
-
-private:
     /// Eight seconds, at the usual rates: the lead-in is a small part of it, and so is what an end without others to
     /// encode beside takes.
-    static constexpr int SAMPLES = 384 * 1024;
+    int samples = 384 * 1024;
+
+    /// How many a chunk has; all but the last one.
+    std::int64_t FramesInChunk(int frameSize) const { return std::max(samples / frameSize, leadIn + behind + 1); }
 };
 
 } // namespace Kestra::FF
