@@ -7,6 +7,8 @@
 #include "support/FlashBeep.h"
 #include "support/MediaProbe.h"
 #include "support/WaitUntil.h"
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <vector>
@@ -168,6 +170,37 @@ TEST_F(NumberedPictures, OfVideoHaveTheColoursOfComputers) {
     const QByteArray png = TestFiles::read(filesIn(place / "png-sequence").at(0));
     EXPECT_TRUE(png.contains("sRGB")) << "and it says so";
     EXPECT_FALSE(png.contains("iCCP")) << "and nothing else";
+}
+
+std::vector<int> samplesOf(const QByteArray& bytes) {
+    std::vector<int> samples;
+    for (int at = 0; at + 1 < bytes.size(); at += 2)
+        samples.push_back(static_cast<unsigned char>(bytes[at]) + 256 * static_cast<unsigned char>(bytes[at + 1]));
+    return samples;
+}
+
+/// A step of ten bits is 64 of sixteen.
+TEST_F(NumberedPictures, OfSixteenBitsAreAsExactAsVideoOfTen) {
+    const std::string source = place / "deep.mkv";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i",
+                          "nullsrc=s=64x48:r=25,format=yuv444p10,geq=lum=200+9*X:cb=420+4*Y:cr=600-3*Y", "-frames:v",
+                          "1", "-c:v", "ffv1", "-color_range", "tv", "-colorspace", "bt709", "-color_primaries",
+                          "bt709", "-color_trc", "bt709", source});
+    const std::vector<int> video = samplesOf(TestKept::bytes(source, "yuv444p10le"));
+    const int area = 64 * 48;
+    ASSERT_EQ(video.size(), static_cast<std::size_t>(3 * area));
+    for (const char* const preset : {"png-sequence", "png-sequence-alpha"}) {
+        exported(source, preset, place / preset, "high");
+        const std::vector<int> made = samplesOf(TestKept::bytes(filesIn(place / preset).at(0), "rgb48le"));
+        ASSERT_EQ(made.size(), video.size());
+        double farthest = 0;
+        for (int at = 0; at < area; ++at) {
+            const double luma = (video[at] - 64) / 876.0, cr = (video[2 * area + at] - 512) / 896.0;
+            const double red = std::clamp(luma + 1.5748 * cr, 0.0, 1.0);
+            farthest = std::max(farthest, std::abs(made[3 * at] - red * 65535));
+        }
+        EXPECT_LT(farthest, 32) << preset;
+    }
 }
 
 TEST_F(NumberedPictures, ReplaceThoseOfTheirNamesAndNothingElse) {

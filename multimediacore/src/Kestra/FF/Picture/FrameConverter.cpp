@@ -132,6 +132,13 @@ int ScalerFlags(int interpolation) {
     return interpolation == SWS_FAST_BILINEAR ? interpolation : interpolation | CARE;
 }
 
+/// Whether the scaler would make the samples, but not as exact as they are deep: it multiplies by matrices of eight
+/// bits.
+bool IsTooDeepForScaler(const ColourChange& change, AVPixelFormat format) {
+    constexpr int EXACT = 12;
+    return IsRgb(format) && change.before.matrix != AVCOL_SPC_RGB && av_pix_fmt_desc_get(format)->comp[0].depth > EXACT;
+}
+
 /// Pixels of a side of `whole`, on one of `part`, on whole chroma samples.
 int Shrunk(int pixels, int whole, int part) {
     return static_cast<int>(std::int64_t{pixels} * part / whole) / 2 * 2;
@@ -347,8 +354,8 @@ FrameHandle FrameConverter::Convert(const AVFrame& frame, const FrameTarget& tar
     const ColourInfo tags = ResolveColour(whole, format, target.colour);
     const ColourInfo before = EffectiveColour(whole);
     const ColourChange change{before, Completed(tags, before)};
-    FrameHandle result = ColourConverter::IsNeeded(change) ? Recolour(whole, target, change, format)
-                                                           : Reshape(whole, target, change, format);
+    const bool recolours = ColourConverter::IsNeeded(change) || IsTooDeepForScaler(change, format);
+    FrameHandle result = recolours ? Recolour(whole, target, change, format) : Reshape(whole, target, change, format);
     SetColour(*result, tags);
     return result;
 }
