@@ -43,6 +43,14 @@
             <source>The custom settings do not fit</source>
             <translation>Die eigenen Einstellungen passen nicht</translation>
         </message>
+        <message>
+            <source>Write the file with its whole folder, or choose it with “Save as”</source>
+            <translation>Die Datei mit ihrem ganzen Ordner schreiben oder mit „Speichern unter“ wählen</translation>
+        </message>
+        <message>
+            <source>The file is what is exported; save it under another name</source>
+            <translation>Die Datei ist die Quelle selbst; unter einem anderen Namen speichern</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::ExportWindow</name>
@@ -52,7 +60,7 @@
         </message>
         <message>
             <source>&amp;Open…</source>
-            <translation>Ö&amp;ffnen…</translation>
+            <translation>&amp;Öffnen…</translation>
         </message>
         <message>
             <source>Use black for what is missing</source>
@@ -156,6 +164,25 @@
             <comment>a time</comment>
             <translation>dauert %1, grob geschätzt</translation>
         </message>
+        <message>
+            <source>Looking what stands at the file's place…</source>
+            <translation>Es wird nachgesehen, was am Ort der Datei steht …</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” does not answer. Check its disk or share, or save the export in another folder.</source>
+            <translation>Der Ordner von „%1“ antwortet nicht. Datenträger oder Freigabe prüfen oder den Export in einem anderen Ordner speichern.</translation>
+        </message>
+        <message>
+            <source>“%1” is one of the inputs, and stays. Save the export under another name.</source>
+            <translation>„%1“ ist eine der Quellen und bleibt. Den Export unter einem anderen Namen speichern.</translation>
+        </message>
+        <message numerus="yes">
+            <source>%n export(s) in the list were not started. Close without them?</source>
+            <translation>
+                <numerusform>Ein Export in der Liste wurde nicht gestartet. Ohne ihn schließen?</numerusform>
+                <numerusform>%n Exporte in der Liste wurden nicht gestartet. Ohne sie schließen?</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -204,7 +231,7 @@
         <name>Dialog::JobPane</name>
         <message>
             <source>&amp;Jobs:</source>
-            <translation>Auf&amp;träge:</translation>
+            <translation>A&amp;ufträge:</translation>
         </message>
         <message>
             <source>Start queue</source>
@@ -269,6 +296,10 @@
         <message>
             <source>Outcome of the export</source>
             <translation>Ergebnis des Exports</translation>
+        </message>
+        <message>
+            <source>It begins when the queue is started.</source>
+            <translation>Er beginnt, wenn die Warteschlange gestartet wird.</translation>
         </message>
     </context>
     <context>
@@ -442,6 +473,17 @@
             <source>Note</source>
             <translation>Hinweis</translation>
         </message>
+        <message>
+            <source>Made in %1. Read back to its last byte.</source>
+            <translation>In %1 erstellt. Bis zum letzten Byte zurückgelesen.</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more, in the details</source>
+            <translation>
+                <numerusform>und eines mehr, in den Einzelheiten</numerusform>
+                <numerusform>und %n mehr, in den Einzelheiten</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>Dialog::OutputName</name>
@@ -525,11 +567,11 @@
         <name>Dialog::PresetPane</name>
         <message>
             <source>For&amp;mat:</source>
-            <translation>For&amp;mat:</translation>
+            <translation>&amp;Format:</translation>
         </message>
         <message>
             <source>&amp;Search:</source>
-            <translation>&amp;Suche:</translation>
+            <translation>Su&amp;che:</translation>
         </message>
         <message>
             <source>Codec, size or name</source>
@@ -582,7 +624,7 @@
         </message>
         <message>
             <source>C&amp;ustom settings</source>
-            <translation>Ei&amp;gene Einstellungen</translation>
+            <translation>Eigene Einste&amp;llungen</translation>
         </message>
         <message>
             <source>Si&amp;ze:</source>
@@ -590,7 +632,7 @@
         </message>
         <message>
             <source>Frame &amp;rate:</source>
-            <translation>&amp;Bildrate:</translation>
+            <translation>Bild&amp;rate:</translation>
         </message>
         <message>
             <source>Rate &amp;control:</source>
@@ -666,7 +708,7 @@
         </message>
         <message>
             <source>Out &amp;point:</source>
-            <translation>&amp;Out-Punkt:</translation>
+            <translation>Out-&amp;Punkt:</translation>
         </message>
         <message>
             <source>End</source>
@@ -674,11 +716,11 @@
         </message>
         <message>
             <source>&amp;First marker:</source>
-            <translation>&amp;Erste Marke:</translation>
+            <translation>&amp;Von Marke:</translation>
         </message>
         <message>
             <source>Endin&amp;g marker:</source>
-            <translation>&amp;Letzte Marke:</translation>
+            <translation>B&amp;is Marke:</translation>
         </message>
         <message>
             <source>Wit&amp;h picture</source>
@@ -698,7 +740,7 @@
         </message>
         <message>
             <source>Sa&amp;ve as…</source>
-            <translation>Speichern &amp;unter…</translation>
+            <translation>Speic&amp;hern unter…</translation>
         </message>
         <message>
             <source>as the source</source>
@@ -791,6 +833,14 @@
         <message>
             <source>Pictures of half the size</source>
             <translation>Bilder halber Größe</translation>
+        </message>
+        <message>
+            <source>The folder does not answer</source>
+            <translation>Der Ordner antwortet nicht</translation>
+        </message>
+        <message>
+            <source>This is one of the inputs</source>
+            <translation>Das ist eine der Quellen</translation>
         </message>
     </context>
     <context>
@@ -1164,6 +1214,14 @@
             <source>jpeg-sequence</source>
             <translation>JPEG-Bilder, nummeriert</translation>
         </message>
+        <message>
+            <source>own-presets</source>
+            <translation>Eigene Vorgaben</translation>
+        </message>
+        <message>
+            <source>demo</source>
+            <translation>Vorführung</translation>
+        </message>
     </context>
     <context>
         <name>ExportCore::ExportRun</name>
@@ -1455,8 +1513,8 @@
             <translation>%1 ist zu klein für %2</translation>
         </message>
         <message>
-            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
-            <translation>Bilder je Sekunde wie 25, 29.97 oder 30000/1001 schreiben, oder source</translation>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source</source>
+            <translation>Bilder je Sekunde wie 25, 29.97 oder 30000/1001 schreiben, film, pal, ntsc, ntsc-film oder source</translation>
         </message>
         <message>
             <source>frame rates go from 1 to %1</source>
@@ -1505,10 +1563,6 @@
         <message>
             <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
             <translation>die Vorgabe „%1“ schreibt .%2, nicht .%3; das schreibt keine</translation>
-        </message>
-        <message>
-            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
-            <translation>die Vorgabe „%1“ schreibt .%2, nicht .%3; das schreiben: %4</translation>
         </message>
         <message>
             <source>it holds neither picture nor sound that can be decoded (%1)</source>
@@ -1711,10 +1765,6 @@
             <translation>Fehlendes ist schwarz und still, oder zeigt, was auf unteren Spuren liegt</translation>
         </message>
         <message>
-            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
-            <translation>Der Ton hat keine Lautheit, weil er zu leise oder zu kurz ist, und bleibt, wie er ist</translation>
-        </message>
-        <message>
             <source>roughly %1</source>
             <translation>etwa %1</translation>
         </message>
@@ -1733,6 +1783,43 @@
         <message>
             <source>The sound's</source>
             <translation>des Tons</translation>
+        </message>
+        <message>
+            <source>%1; presets that do: %2</source>
+            <translation>%1; Vorgaben dafür: %2</translation>
+        </message>
+        <message>
+            <source>the preset &quot;%1&quot; writes .%2, not .%3</source>
+            <translation>die Vorgabe „%1“ schreibt .%2, nicht .%3</translation>
+        </message>
+        <message>
+            <source>%1; choose one of the preset's qualities (--quality %2)</source>
+            <translation>%1; eine der Qualitäten der Vorgabe wählen: %2</translation>
+        </message>
+        <message>
+            <source>pictures of these names exist already, &quot;%1&quot; to begin with (--overwrite replaces them)</source>
+            <translation>Bilder mit diesen Namen gibt es schon, zuerst „%1“</translation>
+        </message>
+        <message>
+            <source>and %1 more (validate tells them all)</source>
+            <translation>und %1 mehr</translation>
+        </message>
+        <message>
+            <source>“%1”</source>
+            <comment>a preset</comment>
+            <translation>„%1“</translation>
+        </message>
+        <message>
+            <source>make it first</source>
+            <translation>erst anlegen</translation>
+        </message>
+        <message>
+            <source>name the files in it</source>
+            <translation>die Dateien darin nennen</translation>
+        </message>
+        <message>
+            <source>name a file in it</source>
+            <translation>eine Datei darin nennen</translation>
         </message>
     </context>
 </TS>

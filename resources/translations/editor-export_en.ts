@@ -10,6 +10,13 @@
                 <numerusform>and %n more</numerusform>
             </translation>
         </message>
+        <message numerus="yes">
+            <source>%n export(s) in the list were not started. Close without them?</source>
+            <translation>
+                <numerusform>%n export in the list was not started. Close without it?</numerusform>
+                <numerusform>%n exports in the list were not started. Close without them?</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>Dialog::OutcomeText</name>
@@ -25,6 +32,13 @@
             <translation>
                 <numerusform>%1, %2, %n channel</numerusform>
                 <numerusform>%1, %2, %n channels</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more, in the details</source>
+            <translation>
+                <numerusform>and %n more, in the details</numerusform>
+                <numerusform>and %n more, in the details</numerusform>
             </translation>
         </message>
     </context>
@@ -138,6 +152,18 @@
         <message>
             <source>%1; what comes before can be exported with --out %2</source>
             <translation>%1; what comes before can be exported with the out point %2</translation>
+        </message>
+        <message>
+            <source>%1; choose one of the preset's qualities (--quality %2)</source>
+            <translation>%1; choose one of the preset's qualities: %2</translation>
+        </message>
+        <message>
+            <source>pictures of these names exist already, &quot;%1&quot; to begin with (--overwrite replaces them)</source>
+            <translation>pictures of these names exist already, &quot;%1&quot; to begin with</translation>
+        </message>
+        <message>
+            <source>and %1 more (validate tells them all)</source>
+            <translation>and %1 more</translation>
         </message>
     </context>
 </TS>

@@ -43,6 +43,14 @@
             <source>The custom settings do not fit</source>
             <translation>Los ajustes propios no encajan</translation>
         </message>
+        <message>
+            <source>Write the file with its whole folder, or choose it with “Save as”</source>
+            <translation>Escriba el archivo con su carpeta completa o elíjalo con «Guardar como»</translation>
+        </message>
+        <message>
+            <source>The file is what is exported; save it under another name</source>
+            <translation>El archivo es el propio origen; guárdelo con otro nombre</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::ExportWindow</name>
@@ -52,7 +60,7 @@
         </message>
         <message>
             <source>&amp;Open…</source>
-            <translation>&amp;Abrir…</translation>
+            <translation>Ab&amp;rir…</translation>
         </message>
         <message>
             <source>Use black for what is missing</source>
@@ -60,7 +68,7 @@
         </message>
         <message>
             <source>Add to &amp;queue</source>
-            <translation>Añadir a la &amp;cola</translation>
+            <translation>A&amp;ñadir a la cola</translation>
         </message>
         <message>
             <source>E&amp;xport</source>
@@ -156,6 +164,25 @@
             <comment>a time</comment>
             <translation>tarda %1, según un cálculo aproximado</translation>
         </message>
+        <message>
+            <source>Looking what stands at the file's place…</source>
+            <translation>Se mira qué hay en el lugar del archivo…</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” does not answer. Check its disk or share, or save the export in another folder.</source>
+            <translation>La carpeta de «%1» no responde. Compruebe su disco o recurso compartido, o guarde la exportación en otra carpeta.</translation>
+        </message>
+        <message>
+            <source>“%1” is one of the inputs, and stays. Save the export under another name.</source>
+            <translation>«%1» es una de las entradas y se conserva. Guarde la exportación con otro nombre.</translation>
+        </message>
+        <message numerus="yes">
+            <source>%n export(s) in the list were not started. Close without them?</source>
+            <translation>
+                <numerusform>Una exportación de la lista no se inició. ¿Cerrar sin ella?</numerusform>
+                <numerusform>%n exportaciones de la lista no se iniciaron. ¿Cerrar sin ellas?</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -204,7 +231,7 @@
         <name>Dialog::JobPane</name>
         <message>
             <source>&amp;Jobs:</source>
-            <translation>&amp;Trabajos:</translation>
+            <translation>Traba&amp;jos:</translation>
         </message>
         <message>
             <source>Start queue</source>
@@ -269,6 +296,10 @@
         <message>
             <source>Outcome of the export</source>
             <translation>Resultado de la exportación</translation>
+        </message>
+        <message>
+            <source>It begins when the queue is started.</source>
+            <translation>Empieza cuando se inicia la cola.</translation>
         </message>
     </context>
     <context>
@@ -442,6 +473,17 @@
             <source>Note</source>
             <translation>Nota</translation>
         </message>
+        <message>
+            <source>Made in %1. Read back to its last byte.</source>
+            <translation>Hecho en %1. Releído hasta el último byte.</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more, in the details</source>
+            <translation>
+                <numerusform>y uno más, en los detalles</numerusform>
+                <numerusform>y %n más, en los detalles</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>Dialog::OutputName</name>
@@ -525,7 +567,7 @@
         <name>Dialog::PresetPane</name>
         <message>
             <source>For&amp;mat:</source>
-            <translation>For&amp;mato:</translation>
+            <translation>&amp;Formato:</translation>
         </message>
         <message>
             <source>&amp;Search:</source>
@@ -582,7 +624,7 @@
         </message>
         <message>
             <source>C&amp;ustom settings</source>
-            <translation>Ajustes &amp;propios</translation>
+            <translation>Aj&amp;ustes propios</translation>
         </message>
         <message>
             <source>Si&amp;ze:</source>
@@ -590,7 +632,7 @@
         </message>
         <message>
             <source>Frame &amp;rate:</source>
-            <translation>&amp;Fotogramas/s:</translation>
+            <translation>Fotogramas/&amp;s:</translation>
         </message>
         <message>
             <source>Rate &amp;control:</source>
@@ -622,11 +664,11 @@
         </message>
         <message>
             <source>Sound &amp;bitrate:</source>
-            <translation>Tasa del &amp;sonido:</translation>
+            <translation>&amp;kbit/s de sonido:</translation>
         </message>
         <message>
             <source>R&amp;eset</source>
-            <translation>R&amp;establecer</translation>
+            <translation>&amp;Quitar ajustes</translation>
         </message>
         <message>
             <source>Range</source>
@@ -638,11 +680,11 @@
         </message>
         <message>
             <source>P&amp;art</source>
-            <translation>P&amp;arte</translation>
+            <translation>&amp;Parte</translation>
         </message>
         <message>
             <source>Between mar&amp;kers</source>
-            <translation>Entre mar&amp;cas</translation>
+            <translation>E&amp;ntre marcas</translation>
         </message>
         <message>
             <source>Range on the timeline</source>
@@ -666,7 +708,7 @@
         </message>
         <message>
             <source>Out &amp;point:</source>
-            <translation>Punto de &amp;salida:</translation>
+            <translation>Punto de sa&amp;lida:</translation>
         </message>
         <message>
             <source>End</source>
@@ -674,15 +716,15 @@
         </message>
         <message>
             <source>&amp;First marker:</source>
-            <translation>&amp;Primera marca:</translation>
+            <translation>Prim&amp;era marca:</translation>
         </message>
         <message>
             <source>Endin&amp;g marker:</source>
-            <translation>&amp;Última marca:</translation>
+            <translation>Ú&amp;ltima marca:</translation>
         </message>
         <message>
             <source>Wit&amp;h picture</source>
-            <translation>Con i&amp;magen</translation>
+            <translation>Con &amp;vídeo</translation>
         </message>
         <message>
             <source>With soun&amp;d</source>
@@ -690,11 +732,11 @@
         </message>
         <message>
             <source>E&amp;nding:</source>
-            <translation>Ci&amp;erre:</translation>
+            <translation>C&amp;ierre:</translation>
         </message>
         <message>
             <source>Fi&amp;le:</source>
-            <translation>&amp;Archivo:</translation>
+            <translation>Arc&amp;hivo:</translation>
         </message>
         <message>
             <source>Sa&amp;ve as…</source>
@@ -791,6 +833,14 @@
         <message>
             <source>Pictures of half the size</source>
             <translation>Imágenes de mitad de tamaño</translation>
+        </message>
+        <message>
+            <source>The folder does not answer</source>
+            <translation>La carpeta no responde</translation>
+        </message>
+        <message>
+            <source>This is one of the inputs</source>
+            <translation>Esta es una de las entradas</translation>
         </message>
     </context>
     <context>
@@ -1164,6 +1214,14 @@
             <source>jpeg-sequence</source>
             <translation>Imágenes JPEG numeradas</translation>
         </message>
+        <message>
+            <source>own-presets</source>
+            <translation>Preajustes propios</translation>
+        </message>
+        <message>
+            <source>demo</source>
+            <translation>Demostración</translation>
+        </message>
     </context>
     <context>
         <name>ExportCore::ExportRun</name>
@@ -1455,8 +1513,8 @@
             <translation>%1 es demasiado pequeño para %2</translation>
         </message>
         <message>
-            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
-            <translation>escriba imágenes por segundo, como 25, 29.97 o 30000/1001, o source</translation>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source</source>
+            <translation>escriba imágenes por segundo, como 25, 29.97 o 30000/1001, film, pal, ntsc, ntsc-film o source</translation>
         </message>
         <message>
             <source>frame rates go from 1 to %1</source>
@@ -1505,10 +1563,6 @@
         <message>
             <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
             <translation>el preajuste «%1» escribe .%2, no .%3; ninguno lo hace</translation>
-        </message>
-        <message>
-            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
-            <translation>el preajuste «%1» escribe .%2, no .%3; lo hacen: %4</translation>
         </message>
         <message>
             <source>it holds neither picture nor sound that can be decoded (%1)</source>
@@ -1711,10 +1765,6 @@
             <translation>lo que falta queda en negro, o muestra lo que hay en pistas inferiores, y en silencio</translation>
         </message>
         <message>
-            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
-            <translation>El sonido no tiene sonoridad, por ser demasiado bajo o corto, y se queda como está</translation>
-        </message>
-        <message>
             <source>roughly %1</source>
             <translation>aproximadamente %1</translation>
         </message>
@@ -1733,6 +1783,43 @@
         <message>
             <source>The sound's</source>
             <translation>del sonido</translation>
+        </message>
+        <message>
+            <source>%1; presets that do: %2</source>
+            <translation>%1; lo hacen: %2</translation>
+        </message>
+        <message>
+            <source>the preset &quot;%1&quot; writes .%2, not .%3</source>
+            <translation>el preajuste «%1» escribe .%2, no .%3</translation>
+        </message>
+        <message>
+            <source>%1; choose one of the preset's qualities (--quality %2)</source>
+            <translation>%1; elija una de las calidades del preajuste: %2</translation>
+        </message>
+        <message>
+            <source>pictures of these names exist already, &quot;%1&quot; to begin with (--overwrite replaces them)</source>
+            <translation>ya existen imágenes con estos nombres, la primera «%1»</translation>
+        </message>
+        <message>
+            <source>and %1 more (validate tells them all)</source>
+            <translation>y %1 más</translation>
+        </message>
+        <message>
+            <source>“%1”</source>
+            <comment>a preset</comment>
+            <translation>«%1»</translation>
+        </message>
+        <message>
+            <source>make it first</source>
+            <translation>créela primero</translation>
+        </message>
+        <message>
+            <source>name the files in it</source>
+            <translation>indique los archivos que contiene</translation>
+        </message>
+        <message>
+            <source>name a file in it</source>
+            <translation>indique un archivo dentro</translation>
         </message>
     </context>
 </TS>

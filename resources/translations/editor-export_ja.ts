@@ -43,6 +43,14 @@
             <source>The custom settings do not fit</source>
             <translation>カスタム設定が合いません</translation>
         </message>
+        <message>
+            <source>Write the file with its whole folder, or choose it with “Save as”</source>
+            <translation>フォルダーを含むファイル名を書くか、「名前を付けて保存」で選んでください</translation>
+        </message>
+        <message>
+            <source>The file is what is exported; save it under another name</source>
+            <translation>このファイルは書き出す元です。別の名前で保存してください</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::ExportWindow</name>
@@ -154,6 +162,24 @@
             <source>takes %1, at a rough guess</source>
             <comment>a time</comment>
             <translation>所要時間 %1（概算）</translation>
+        </message>
+        <message>
+            <source>Looking what stands at the file's place…</source>
+            <translation>ファイルの場所を調べています…</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” does not answer. Check its disk or share, or save the export in another folder.</source>
+            <translation>「%1」のフォルダーが応答しません。ディスクや共有を確認するか、別のフォルダーに保存してください。</translation>
+        </message>
+        <message>
+            <source>“%1” is one of the inputs, and stays. Save the export under another name.</source>
+            <translation>「%1」は入力のひとつなので残されます。書き出しは別の名前で保存してください。</translation>
+        </message>
+        <message numerus="yes">
+            <source>%n export(s) in the list were not started. Close without them?</source>
+            <translation>
+                <numerusform>一覧の %n 件の書き出しは開始されていません。行わずに閉じますか?</numerusform>
+            </translation>
         </message>
     </context>
     <context>
@@ -268,6 +294,10 @@
         <message>
             <source>Outcome of the export</source>
             <translation>書き出しの結果</translation>
+        </message>
+        <message>
+            <source>It begins when the queue is started.</source>
+            <translation>待ち行列を開始すると始まります。</translation>
         </message>
     </context>
     <context>
@@ -438,6 +468,16 @@
         <message>
             <source>Note</source>
             <translation>注意</translation>
+        </message>
+        <message>
+            <source>Made in %1. Read back to its last byte.</source>
+            <translation>%1 で作成。最後のバイトまで読み直しました。</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more, in the details</source>
+            <translation>
+                <numerusform>ほか %n 件は詳細にあります</numerusform>
+            </translation>
         </message>
     </context>
     <context>
@@ -785,6 +825,14 @@
         <message>
             <source>Pictures of half the size</source>
             <translation>半分の大きさの画像</translation>
+        </message>
+        <message>
+            <source>The folder does not answer</source>
+            <translation>フォルダーが応答しません</translation>
+        </message>
+        <message>
+            <source>This is one of the inputs</source>
+            <translation>これは入力のひとつです</translation>
         </message>
     </context>
     <context>
@@ -1157,6 +1205,14 @@
             <source>jpeg-sequence</source>
             <translation>JPEG 連番画像</translation>
         </message>
+        <message>
+            <source>own-presets</source>
+            <translation>自分のプリセット</translation>
+        </message>
+        <message>
+            <source>demo</source>
+            <translation>デモ</translation>
+        </message>
     </context>
     <context>
         <name>ExportCore::ExportRun</name>
@@ -1448,8 +1504,8 @@
             <translation>%1 は %2 には小さすぎます</translation>
         </message>
         <message>
-            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
-            <translation>25、29.97、30000/1001 のように毎秒のフレーム数、または source と書いてください</translation>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source</source>
+            <translation>25、29.97、30000/1001 のように毎秒のフレーム数、または film、pal、ntsc、ntsc-film、source と書いてください</translation>
         </message>
         <message>
             <source>frame rates go from 1 to %1</source>
@@ -1498,10 +1554,6 @@
         <message>
             <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
             <translation>プリセット「%1」が書くのは .%2 で、.%3 ではありません。それを書くプリセットはありません</translation>
-        </message>
-        <message>
-            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
-            <translation>プリセット「%1」が書くのは .%2 で、.%3 ではありません。それを書くプリセット: %4</translation>
         </message>
         <message>
             <source>it holds neither picture nor sound that can be decoded (%1)</source>
@@ -1704,10 +1756,6 @@
             <translation>欠けている部分は黒、または下のトラックの内容になり、無音になります</translation>
         </message>
         <message>
-            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
-            <translation>音声が小さすぎるか短すぎてラウドネスがないため、そのままになります</translation>
-        </message>
-        <message>
             <source>roughly %1</source>
             <translation>約 %1</translation>
         </message>
@@ -1726,6 +1774,43 @@
         <message>
             <source>The sound's</source>
             <translation>音声</translation>
+        </message>
+        <message>
+            <source>%1; presets that do: %2</source>
+            <translation>%1。できるプリセット: %2</translation>
+        </message>
+        <message>
+            <source>the preset &quot;%1&quot; writes .%2, not .%3</source>
+            <translation>プリセット「%1」が書くのは .%2 で、.%3 ではありません</translation>
+        </message>
+        <message>
+            <source>%1; choose one of the preset's qualities (--quality %2)</source>
+            <translation>%1。プリセットの品質から選んでください: %2</translation>
+        </message>
+        <message>
+            <source>pictures of these names exist already, &quot;%1&quot; to begin with (--overwrite replaces them)</source>
+            <translation>これらの名前の画像が既に存在します。最初は「%1」です</translation>
+        </message>
+        <message>
+            <source>and %1 more (validate tells them all)</source>
+            <translation>ほか %1 件</translation>
+        </message>
+        <message>
+            <source>“%1”</source>
+            <comment>a preset</comment>
+            <translation>「%1」</translation>
+        </message>
+        <message>
+            <source>make it first</source>
+            <translation>先に作成してください</translation>
+        </message>
+        <message>
+            <source>name the files in it</source>
+            <translation>その中のファイルを指定してください</translation>
+        </message>
+        <message>
+            <source>name a file in it</source>
+            <translation>その中のファイル名を指定してください</translation>
         </message>
     </context>
 </TS>

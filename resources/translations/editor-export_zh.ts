@@ -43,6 +43,14 @@
             <source>The custom settings do not fit</source>
             <translation>自定义设置不适用</translation>
         </message>
+        <message>
+            <source>Write the file with its whole folder, or choose it with “Save as”</source>
+            <translation>请写出文件的完整文件夹，或用“另存为”选择</translation>
+        </message>
+        <message>
+            <source>The file is what is exported; save it under another name</source>
+            <translation>该文件就是要导出的来源；请用其他名称保存</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::ExportWindow</name>
@@ -154,6 +162,24 @@
             <source>takes %1, at a rough guess</source>
             <comment>a time</comment>
             <translation>用时%1（粗略估计）</translation>
+        </message>
+        <message>
+            <source>Looking what stands at the file's place…</source>
+            <translation>正在查看文件位置上的内容…</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” does not answer. Check its disk or share, or save the export in another folder.</source>
+            <translation>“%1”所在的文件夹没有响应。请检查其磁盘或共享，或将导出保存到其他文件夹。</translation>
+        </message>
+        <message>
+            <source>“%1” is one of the inputs, and stays. Save the export under another name.</source>
+            <translation>“%1”是输入之一，将予保留。请用其他名称保存导出。</translation>
+        </message>
+        <message numerus="yes">
+            <source>%n export(s) in the list were not started. Close without them?</source>
+            <translation>
+                <numerusform>列表中有 %n 项导出尚未开始。不执行而关闭吗？</numerusform>
+            </translation>
         </message>
     </context>
     <context>
@@ -268,6 +294,10 @@
         <message>
             <source>Outcome of the export</source>
             <translation>导出结果</translation>
+        </message>
+        <message>
+            <source>It begins when the queue is started.</source>
+            <translation>队列启动后开始。</translation>
         </message>
     </context>
     <context>
@@ -438,6 +468,16 @@
         <message>
             <source>Note</source>
             <translation>说明</translation>
+        </message>
+        <message>
+            <source>Made in %1. Read back to its last byte.</source>
+            <translation>用时 %1。已回读到最后一个字节。</translation>
+        </message>
+        <message numerus="yes">
+            <source>and %n more, in the details</source>
+            <translation>
+                <numerusform>另有 %n 条，见详细信息</numerusform>
+            </translation>
         </message>
     </context>
     <context>
@@ -785,6 +825,14 @@
         <message>
             <source>Pictures of half the size</source>
             <translation>一半尺寸的画面</translation>
+        </message>
+        <message>
+            <source>The folder does not answer</source>
+            <translation>文件夹没有响应</translation>
+        </message>
+        <message>
+            <source>This is one of the inputs</source>
+            <translation>这是输入之一</translation>
         </message>
     </context>
     <context>
@@ -1157,6 +1205,14 @@
             <source>jpeg-sequence</source>
             <translation>JPEG 图像序列</translation>
         </message>
+        <message>
+            <source>own-presets</source>
+            <translation>自己的预设</translation>
+        </message>
+        <message>
+            <source>demo</source>
+            <translation>演示</translation>
+        </message>
     </context>
     <context>
         <name>ExportCore::ExportRun</name>
@@ -1448,8 +1504,8 @@
             <translation>%1 对于 %2 来说太小</translation>
         </message>
         <message>
-            <source>write frames a second, as 25, 29.97 or 30000/1001, or source</source>
-            <translation>请填写每秒帧数，如 25、29.97 或 30000/1001，或 source</translation>
+            <source>write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source</source>
+            <translation>请填写每秒帧数，如 25、29.97 或 30000/1001，或者 film、pal、ntsc、ntsc-film、source</translation>
         </message>
         <message>
             <source>frame rates go from 1 to %1</source>
@@ -1498,10 +1554,6 @@
         <message>
             <source>the preset "%1" writes .%2, not .%3; no preset writes that</source>
             <translation>预设“%1”写入的是 .%2，而不是 .%3；没有预设写入该格式</translation>
-        </message>
-        <message>
-            <source>the preset "%1" writes .%2, not .%3; presets that do: %4</source>
-            <translation>预设“%1”写入的是 .%2，而不是 .%3；写入该格式的预设：%4</translation>
         </message>
         <message>
             <source>it holds neither picture nor sound that can be decoded (%1)</source>
@@ -1704,10 +1756,6 @@
             <translation>缺失部分显示为黑色或下层轨道的内容，并且静音</translation>
         </message>
         <message>
-            <source>The sound has no loudness, being too quiet or too short, and stays as it is</source>
-            <translation>声音太小或太短，没有响度值，保持原样</translation>
-        </message>
-        <message>
             <source>roughly %1</source>
             <translation>大约 %1</translation>
         </message>
@@ -1726,6 +1774,43 @@
         <message>
             <source>The sound's</source>
             <translation>声音</translation>
+        </message>
+        <message>
+            <source>%1; presets that do: %2</source>
+            <translation>%1；可行的预设：%2</translation>
+        </message>
+        <message>
+            <source>the preset &quot;%1&quot; writes .%2, not .%3</source>
+            <translation>预设“%1”写入的是 .%2，而不是 .%3</translation>
+        </message>
+        <message>
+            <source>%1; choose one of the preset's qualities (--quality %2)</source>
+            <translation>%1；请选择该预设的一种质量：%2</translation>
+        </message>
+        <message>
+            <source>pictures of these names exist already, &quot;%1&quot; to begin with (--overwrite replaces them)</source>
+            <translation>已存在这些名称的图片，首先是“%1”</translation>
+        </message>
+        <message>
+            <source>and %1 more (validate tells them all)</source>
+            <translation>另有 %1 条</translation>
+        </message>
+        <message>
+            <source>“%1”</source>
+            <comment>a preset</comment>
+            <translation>“%1”</translation>
+        </message>
+        <message>
+            <source>make it first</source>
+            <translation>请先创建它</translation>
+        </message>
+        <message>
+            <source>name the files in it</source>
+            <translation>请指定其中的文件</translation>
+        </message>
+        <message>
+            <source>name a file in it</source>
+            <translation>请指定其中的一个文件</translation>
         </message>
     </context>
 </TS>

@@ -16,7 +16,7 @@ LANGUAGES = ("de", "es", "ja", "zh")
 SOURCES = ("apps/dialog", "apps/ExportCore")
 PRESETS = "editorPresets"
 # Where several things of a number have the same form, Qt wants that one alone.
-FORMS = {"de": 2, "es": 2, "ja": 1, "zh": 1}
+FORMS = {"en": 2, "de": 2, "es": 2, "ja": 1, "zh": 1}
 PLACE = re.compile(r"%(?:\d+|n)")
 SENTENCES = "apps/dialog/Models/SentenceForms.h"
 SPEAKERS = ("apps/ExportCore", "multimediacore/src", "editor/src")
@@ -50,6 +50,12 @@ def names_in(catalogue):
     for preset in catalogue["presets"]:
         names |= {preset["id"], *preset.get("qualityModifiers", {})}
     return names
+
+
+def other_names(top):
+    """What the window names beside the catalogue: the tag of users' own presets, and the endings."""
+    own = re.search(r'TAG_OWN_PRESETS = "([^"]+)"', (top / "editor/src/library/EditorPreset/PresetStorage.cpp").read_text())
+    return {own.group(1)} | {picture.parent.name for picture in (top / "resources/branding").glob("*/outro.png")}
 
 
 def faults_of(language, wanted, present):
@@ -135,7 +141,7 @@ def main():
         return 0
     top, lupdate = pathlib.Path(sys.argv[1]), sys.argv[2]
     texts = texts_of(top, lupdate)
-    names = names_in(json.loads((top / "resources/presets/catalogue.json").read_text()))
+    names = names_in(json.loads((top / "resources/presets/catalogue.json").read_text())) | other_names(top)
     if len(texts) < 100 or len(names) < 10:
         print(f"only {len(texts)} texts and {len(names)} names were found")
         return 1
@@ -144,6 +150,9 @@ def main():
     for language in LANGUAGES:
         file = top / f"resources/translations/editor-export_{language}.ts"
         faults += faults_of(language, wanted, messages_of(file.read_text()))
+    # In English that alone which has two forms, or is said otherwise in the window.
+    english = messages_of((top / "resources/translations/editor-export_en.ts").read_text())
+    faults += faults_of("en", wanted & {message.key for message in english}, english)
     print("\n".join(faults) or f"{len(wanted)} texts in {len(LANGUAGES)} languages")
     return 1 if faults else 0
 

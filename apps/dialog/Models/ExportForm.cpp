@@ -1,5 +1,6 @@
 #include "dialog/Models/ExportForm.h"
 
+#include "EditorSettings/Settings.h"
 #include "ExportCore/OutputExtension.h"
 #include "ExportCore/OutroPictures.h"
 #include "ExportCore/PresetSelection.h"
@@ -25,6 +26,7 @@ ExportForm::ExportForm(QObject* parent)
     , provider(ExportCore::PresetSelection::makeProvider())
     , list(new PresetList(*provider, catalogue, media, this))
     , chosenId(provider->originalPreset().id()) {
+    restoreByName();
     connect(&media, &SourceMedia::changed, this, &ExportForm::onSourceChanged);
 }
 
@@ -32,8 +34,27 @@ ExportForm::~ExportForm() {
     delete list; // before the model below it
 }
 
+/// Of presets that equal each other the provider restores one; somebody had chosen by the name.
+void ExportForm::restoreByName() {
+    const std::string id = Settings::lastUsedPresetId();
+    const auto ids = provider->availablePresets();
+    if (id == chosenId || std::find(ids.begin(), ids.end(), id) == ids.end())
+        return;
+    ExportCore::PresetSelection::selectInTag(*provider, id);
+    chosenId = provider->originalPreset().id();
+}
+
 QString ExportForm::customProblem() const {
-    return Sentence::translated(customRefusal);
+    return translated(customRefusal);
+}
+
+/// Own presets have their titles from their file.
+QString ExportForm::translated(const QString& refusal) const {
+    return Sentence::translated(refusal, [this](const QString& id) {
+        const auto known = catalogue.ids();
+        const bool isKnown = std::find(known.begin(), known.end(), id.toStdString()) != known.end();
+        return isKnown ? PresetText::title(catalogue.preset(id.toStdString())) : id;
+    });
 }
 
 QString ExportForm::catalogueWarning() const {
@@ -85,6 +106,7 @@ void ExportForm::follow() {
 
 void ExportForm::change() {
     applyEdits();
+    checkName();
     Q_EMIT changed();
 }
 
@@ -99,6 +121,24 @@ void ExportForm::applyEdits() {
         edit.apply(*provider, media.project().video(), media.project().audio());
     } catch (const Refusal& refusal) {
         customRefusal = QString::fromStdString(refusal.what());
+    }
+}
+
+/// Once for each name and kind of file: what would suit is looked up in the catalogues.
+void ExportForm::checkName() {
+    if (!media.isReady())
+        return;
+    const Preset edited = editedPreset();
+    const QString wanted =
+        QStringLiteral("%1/%2/%3").arg(QString::fromStdString(edited.id())).arg(withPicture).arg(path);
+    if (wanted == checkedName)
+        return;
+    checkedName = wanted;
+    nameRefusal.clear();
+    try {
+        ExportCore::RequestCheck::outputName(request(), edited);
+    } catch (const Refusal& refusal) {
+        nameRefusal = QString::fromStdString(refusal.what());
     }
 }
 
@@ -244,10 +284,11 @@ void ExportForm::setBranding(const QString& name) {
 }
 
 void ExportForm::setOutput(const QString& wanted) {
-    if (wanted == path)
+    const QString whole = OutputName::expanded(wanted);
+    if (whole == path && whole == wanted)
         return;
-    path = wanted;
-    pathIsSuggested = wanted.isEmpty();
+    path = whole;
+    pathIsSuggested = path.isEmpty();
     change();
 }
 
@@ -293,12 +334,23 @@ std::optional<Types::Range> ExportForm::range() const {
 }
 
 QString ExportForm::presetProblem() const {
-    if (const QString obstacle = PresetObstacle::of(preset(), media); !obstacle.isEmpty())
+    if (!customRefusal.isEmpty())
+        return tr("The custom settings do not fit");
+    const QString obstacle = PresetObstacle::of(editedPreset(), media, withPicture, withSound);
+    if (!obstacle.isEmpty())
         return tr("This preset is not possible: %1").arg(obstacle);
     const bool picture = withPicture && preset().hasVideo(), sound = withSound && preset().hasAudio();
-    if (!picture && !sound)
-        return tr("Neither picture nor sound would be in the file");
-    return customRefusal.isEmpty() ? QString() : tr("The custom settings do not fit");
+    return picture || sound ? QString() : tr("Neither picture nor sound would be in the file");
+}
+
+QString ExportForm::nameProblem() const {
+    if (path.trimmed().isEmpty())
+        return tr("The file needs a name");
+    if (!path.startsWith(QLatin1Char('/')))
+        return tr("Write the file with its whole folder, or choose it with “Save as”");
+    if (OutputName::isOneOf(media.paths(), path))
+        return tr("The file is what is exported; save it under another name");
+    return translated(nameRefusal);
 }
 
 QString ExportForm::rangeProblem() const {
@@ -321,14 +373,7 @@ QString ExportForm::problem() const {
         return reason;
     if (QString reason = rangeProblem(); !reason.isEmpty())
         return reason;
-    if (path.trimmed().isEmpty())
-        return tr("The file needs a name");
-    try {
-        ExportCore::RequestCheck::outputName(request(), editedPreset());
-    } catch (const Refusal& refusal) {
-        return Sentence::translated(QString::fromStdString(refusal.what()));
-    }
-    return {};
+    return nameProblem();
 }
 
 ExportCore::ExportRequest ExportForm::request() const {

@@ -88,6 +88,7 @@ public:
     QString branding() const { return outro; }
     void setBranding(const QString& name);
     QString output() const { return path; }
+    /// A "~" at its beginning is the user's folder.
     void setOutput(const QString& wanted);
 
     /// Why it cannot be exported as it stands, the first reason; empty when it can, as far as that is known.
@@ -118,23 +119,29 @@ private:
     void follow();
     void change();
     void applyEdits();
+    void restoreByName();
+    void checkName();
     void suggestOutput();
     void nameForKind();
     bool isNumbered() const;
     QString fileExtension() const;
     QString presetProblem() const;
     QString rangeProblem() const;
+    QString nameProblem() const;
+    QString translated(const QString& refusal) const;
     std::optional<KTime> pointOf(const QString& text) const;
     std::optional<Types::Range> cutRange() const;
     std::optional<Types::Range> markedRange() const;
 
     const ExportCore::PresetCatalogue catalogue;
-    SourceMedia media;
+    SourceMedia media{this};
     std::unique_ptr<Export::PresetProvider> provider;
     PresetList* list;
     std::string chosenId;
     std::map<std::string, Edits> edits; ///< by preset
     QString customRefusal;              ///< in English
+    QString nameRefusal;                ///< likewise
+    QString checkedName;                ///< what it is about
     Part chosenPart = Part::Whole;
     QString cutIn;
     QString cutOut;

@@ -4,6 +4,7 @@
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/SequenceName.h"
 #include <QCoreApplication>
 #include <QString>
 #include <optional>
@@ -25,6 +26,9 @@ public:
     int id = 0; ///< unique in its list
     ExportCore::ExportRequest request;
     QString preset; ///< its title
+    /// How the pictures are called where each is a file of its own.
+    std::optional<ExportCore::SequenceName> sequence;
+    QString place; ///< where it writes to, links resolved; empty where nobody has looked
     State state = State::Waiting;
     ExportCore::ExportProgress progress; ///< of one that runs
     bool started = false;                ///< the engine has begun

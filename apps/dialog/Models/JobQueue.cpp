@@ -1,6 +1,7 @@
 #include "dialog/Models/JobQueue.h"
 
 #include "ExportCore/ExportJob.h"
+#include "dialog/Models/PlainTip.h"
 #include <algorithm>
 #include <utility>
 
@@ -13,11 +14,13 @@ JobQueue::JobQueue(QObject* parent)
 
 JobQueue::~JobQueue() = default;
 
-int JobQueue::add(const ExportCore::ExportRequest& request, const QString& preset) {
+int JobQueue::add(const Job& wanted) {
     Job job;
     job.id = ++lastId;
-    job.request = request;
-    job.preset = preset;
+    job.request = wanted.request;
+    job.preset = wanted.preset;
+    job.sequence = wanted.sequence;
+    job.place = wanted.place;
     const auto row = static_cast<int>(jobs.size());
     beginInsertRows({}, row, row);
     jobs.push_back(job);
@@ -31,11 +34,7 @@ void JobQueue::start() {
         return;
     going = true;
     beginLater();
-}
-
-int JobQueue::tryAgain(int id) {
-    const Job* const before = job(id);
-    return before ? add(before->request, before->preset) : 0;
+    Q_EMIT began();
 }
 
 void JobQueue::stop(int id) {
@@ -89,10 +88,9 @@ int JobQueue::waiting() const {
         std::count_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; }));
 }
 
-bool JobQueue::isOrdered(const QString& outputPath) const {
-    return std::any_of(jobs.begin(), jobs.end(), [&outputPath](const Job& job) {
-        return job.state != Job::State::Ended && job.request.outputPath == outputPath;
-    });
+bool JobQueue::isOrdered(const QString& place) const {
+    return std::any_of(jobs.begin(), jobs.end(),
+                       [&place](const Job& job) { return job.state != Job::State::Ended && job.place == place; });
 }
 
 std::shared_ptr<Kestra::Proc::PictureBox> JobQueue::pictures() const {
@@ -119,7 +117,7 @@ void JobQueue::begin() {
         std::find_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; });
     if (next == jobs.end()) { // taken out meanwhile
         going = false;
-        return;
+        return Q_EMIT emptied();
     }
     next->state = Job::State::Running;
     runId = next->id;
@@ -179,7 +177,7 @@ QVariant JobQueue::data(const QModelIndex& index, int role) const {
     if (role == ROLE_PERCENT)
         return job.isRunning() ? job.progress.percent : -1;
     if (role == Qt::ToolTipRole)
-        return job.request.outputPath;
+        return PlainTip::of({job.request.outputPath});
     if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
         return {};
     switch (index.column()) {

@@ -17,7 +17,7 @@ class PictureBox;
 namespace Dialog {
 
 /// Once started it runs the first one that waits whenever none runs, until none waits any more. Each goes through its
-/// states once; tryAgain() makes a new one. Destruction ends the one that runs.
+/// states once; what is tried again is another one. Destruction ends the one that runs.
 class JobQueue : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -29,13 +29,11 @@ public:
     explicit JobQueue(QObject* parent = nullptr);
     ~JobQueue() override;
 
-    /// Its id.
-    int add(const ExportCore::ExportRequest& request, const QString& preset);
+    /// One that waits, with what is to be made of `wanted`; its id.
+    int add(const Job& wanted);
     /// The first one begins in one of the event loop's next turns.
     void start();
     bool isStarted() const { return going; }
-    /// Another one with the same request, at the end; its id.
-    int tryAgain(int id);
     /// One that waits is taken out of the list; one that runs ends soon; others stay as they are.
     void stop(int id);
     void stopAll();
@@ -51,8 +49,8 @@ public:
     const Job* running() const;
     bool isIdle() const { return !run; }
     int waiting() const;
-    /// Whether that is where one that runs or waits is to write to.
-    bool isOrdered(const QString& outputPath) const;
+    /// Whether that is a Job::place of one that runs or waits.
+    bool isOrdered(const QString& place) const;
     /// What the one that runs shows; null when none does.
     std::shared_ptr<Kestra::Proc::PictureBox> pictures() const;
     /// As ExportJob::failInEventLoop(); false when nothing runs that it could concern.
@@ -67,6 +65,8 @@ Q_SIGNALS:
     /// Anything of it.
     void jobChanged(int id);
     void jobEnded(int id);
+    /// It was started; emptied() follows.
+    void began();
     /// Nothing runs any more, and nothing waits, of what was started.
     void emptied();
 

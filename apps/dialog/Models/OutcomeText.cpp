@@ -99,6 +99,13 @@ QString said(const std::string& english) {
     return Sentence::translated(plain(english));
 }
 
+QStringList said(const QString& heading, const QStringList& lines) {
+    QStringList all;
+    for (const QString& line : lines)
+        all << QStringLiteral("%1: %2").arg(heading, said(line.toStdString()));
+    return all;
+}
+
 QString pictureFacts(const ExportFacts& facts) {
     return OutcomeText::tr("%1, %2 × %3, %n frame(s)", nullptr, static_cast<int>(facts.frames))
         .arg(PresetText::codec(Kestra::Conf::CodecIDFromString(facts.videoCodec)))
@@ -118,16 +125,47 @@ QString factsOf(const ExportFacts& facts) {
         lines << pictureFacts(facts);
     if (!facts.audioCodec.empty())
         lines << soundFacts(facts);
-    lines << OutcomeText::tr("Made in %1. Read back to its last byte: it is what was ordered.")
-                 .arg(PeoplesText::length(KTime(facts.elapsedMs)));
     return lines.join(QLatin1Char('\n'));
 }
 
-QString listed(const QString& heading, const QStringList& lines) {
-    QString text;
-    for (const QString& line : lines)
-        text += QStringLiteral("\n%1: %2").arg(heading, Sentence::translated(plain(line.toStdString())));
-    return text;
+/// What somebody should know of a file that is done, the gravest first.
+QStringList remarksOn(const ExportOutcome& outcome) {
+    constexpr int most = 5;
+    QStringList remarks =
+        said(OutcomeText::tr("Warning"), outcome.warnings) + said(OutcomeText::tr("Note"), outcome.notes);
+    const int more = remarks.size() - most;
+    if (more <= 0)
+        return remarks;
+    return remarks.mid(0, most) << OutcomeText::tr("and %n more, in the details", nullptr, more);
+}
+
+QString doneText(const ExportOutcome& outcome) {
+    const QString time = PeoplesText::length(KTime(outcome.facts.elapsedMs));
+    const QStringList remarks = remarksOn(outcome);
+    const QString made =
+        remarks.isEmpty() ? OutcomeText::tr("Made in %1. Read back to its last byte: it is what was ordered.").arg(time)
+                          : OutcomeText::tr("Made in %1. Read back to its last byte.").arg(time);
+    return (QStringList{factsOf(outcome.facts), made} + remarks).join(QLatin1Char('\n'));
+}
+
+QString detailsOf(const Job& job, const OutcomeText& text) {
+    const ExportOutcome& outcome = *job.outcome;
+    const TranscodingError code = outcome.error.GetCode();
+    QStringList lines{text.title, outcome.status == Status::Done ? factsOf(outcome.facts) : text.reason};
+    // For whoever gets the report and reads another language.
+    if (const QString english = plain(outcome.error.GetDescription()); job.hasFailed() && english != text.reason)
+        lines << english;
+    if (job.hasFailed())
+        lines << QStringLiteral("%1 %2 (%3)")
+                     .arg(OutcomeText::tr("Error:"))
+                     .arg(static_cast<int>(code))
+                     .arg(QString::fromLatin1(Kestra::Proc::TranscodingErrorToString(code)));
+    lines << QStringLiteral("%1 %2").arg(OutcomeText::tr("Preset:"), QString::fromStdString(job.request.presetId));
+    lines << QStringLiteral("%1 %2").arg(OutcomeText::tr("File:"), plain(job.request.outputPath.toStdString()));
+    for (const QString& input : job.request.inputs)
+        lines << QStringLiteral("%1: %2").arg(OutcomeText::tr("Source"), plain(input.toStdString()));
+    lines << said(OutcomeText::tr("Warning"), outcome.warnings) << said(OutcomeText::tr("Note"), outcome.notes);
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
@@ -137,11 +175,10 @@ OutcomeText OutcomeText::of(const Job& job) {
     if (!job.outcome)
         return text;
     const ExportOutcome& outcome = *job.outcome;
-    const TranscodingError code = outcome.error.GetCode();
     switch (outcome.status) {
     case Status::Done:
         text.title = OutcomeText::tr("%1 is done").arg(job.name());
-        text.reason = factsOf(outcome.facts);
+        text.reason = doneText(outcome);
         break;
     case Status::Stopped:
         text.title = OutcomeText::tr("Stopped");
@@ -155,22 +192,7 @@ OutcomeText OutcomeText::of(const Job& job) {
         text.advice = adviceFor(kindOf(job));
         break;
     }
-    text.details = text.title + QLatin1Char('\n') + text.reason;
-    // For whoever gets the report and reads another language.
-    if (const QString english = plain(outcome.error.GetDescription()); job.hasFailed() && english != text.reason)
-        text.details += QLatin1Char('\n') + english;
-    if (job.hasFailed())
-        text.details += QStringLiteral("\n%1 %2 (%3)")
-                            .arg(OutcomeText::tr("Error:"))
-                            .arg(static_cast<int>(code))
-                            .arg(QString::fromLatin1(Kestra::Proc::TranscodingErrorToString(code)));
-    text.details +=
-        QStringLiteral("\n%1 %2").arg(OutcomeText::tr("Preset:"), QString::fromStdString(job.request.presetId));
-    text.details +=
-        QStringLiteral("\n%1 %2").arg(OutcomeText::tr("File:"), plain(job.request.outputPath.toStdString()));
-    text.details += listed(OutcomeText::tr("Source"), job.request.inputs) +
-                    listed(OutcomeText::tr("Warning"), outcome.warnings) +
-                    listed(OutcomeText::tr("Note"), outcome.notes);
+    text.details = detailsOf(job, text);
     return text;
 }
 

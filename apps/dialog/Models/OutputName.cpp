@@ -3,7 +3,9 @@
 #include "ExportCore/OutputExtension.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace Dialog {
 namespace {
@@ -26,16 +28,21 @@ QString OutputName::suggestedFor(const QStringList& inputs, const QString& exten
     const QString first = QFileInfo(inputs.front()).absoluteFilePath();
     const QString stem = first.left(endOfStem(first));
     QString plain = stem + ending(extension);
-    const auto isInput = [&inputs](const QString& path) {
-        for (const QString& input : inputs)
-            if (QFileInfo(input).absoluteFilePath() == path)
-                return true;
-        return false;
-    };
-    if (!isInput(plain))
+    if (!isOneOf(inputs, plain))
         return plain;
     return QCoreApplication::translate("Dialog::OutputName", "%1 (export)", "a file's name").arg(stem) +
            ending(extension);
+}
+
+QString OutputName::expanded(const QString& path) {
+    return path == QStringLiteral("~") || path.startsWith(QStringLiteral("~/")) ? QDir::homePath() + path.mid(1) : path;
+}
+
+bool OutputName::isOneOf(const QStringList& inputs, const QString& path) {
+    const QString clean = QDir::cleanPath(path);
+    return std::any_of(inputs.begin(), inputs.end(), [&clean](const QString& input) {
+        return QDir::cleanPath(QFileInfo(input).absoluteFilePath()) == clean;
+    });
 }
 
 QString OutputName::withExtension(const QString& path, const QString& extension) {

@@ -14,6 +14,11 @@ struct OutputName {
     /// behind the name.
     static QString withExtension(const QString& path, const QString& extension);
 
+    /// With the user's folder in place of "~".
+    static QString expanded(const QString& path);
+    /// Whether that is how the path of one of the inputs is written. Looks at no file.
+    static bool isOneOf(const QStringList& inputs, const QString& path);
+
     OutputName() = delete;
 };
 

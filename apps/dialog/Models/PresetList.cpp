@@ -2,6 +2,7 @@
 
 #include "Export/PresetProvider.h"
 #include "ExportCore/PresetCatalogue.h"
+#include "dialog/Models/PlainTip.h"
 #include "dialog/Models/PresetObstacle.h"
 #include "dialog/Models/PresetText.h"
 #include <algorithm>
@@ -51,6 +52,7 @@ QVariant PresetList::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return own.title;
     case Qt::ToolTipRole:
+        return PlainTip::of({own.facts});
     case ROLE_FACTS:
         return own.facts;
     case ROLE_OBSTACLE:

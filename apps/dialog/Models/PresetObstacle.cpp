@@ -12,10 +12,10 @@ namespace {
 
 using Kestra::ClientAPI::CodecLimits;
 
-QString streamObstacle(const Preset& preset, const SourceMedia& source) {
-    if (!preset.hasVideo() && !source.hasSound())
+QString streamObstacle(bool picture, bool sound, const SourceMedia& source) {
+    if (!picture && sound && !source.hasSound())
         return PresetObstacle::tr("The source has no sound");
-    if (!preset.hasAudio() && !source.hasPictures())
+    if (picture && !sound && !source.hasPictures())
         return PresetObstacle::tr("The source has no picture");
     return {};
 }
@@ -43,10 +43,11 @@ QString sizeObstacle(const Preset& preset, const SourceMedia& source) {
 
 } // namespace
 
-QString PresetObstacle::of(const Preset& preset, const SourceMedia& source) {
+QString PresetObstacle::of(const Preset& preset, const SourceMedia& source, bool withPicture, bool withSound) {
     if (!source.isReady())
         return {};
-    if (QString reason = streamObstacle(preset, source); !reason.isEmpty() || !preset.hasVideo())
+    const bool picture = preset.hasVideo() && withPicture, sound = preset.hasAudio() && withSound;
+    if (QString reason = streamObstacle(picture, sound, source); !reason.isEmpty() || !picture)
         return reason;
     const QString reason = rateObstacle(preset, source);
     return reason.isEmpty() ? sizeObstacle(preset, source) : reason;

@@ -13,8 +13,9 @@ struct PresetObstacle {
     Q_DECLARE_TR_FUNCTIONS(Dialog::PresetObstacle)
 
 public:
-    /// A sentence for people; empty where nothing is in the way, and for a source that is not ready.
-    static QString of(const Preset& preset, const SourceMedia& source);
+    /// A sentence for people; empty where nothing is in the way, and for a source that is not ready. Of a preset as it
+    /// is, or with what is changed in it, and with the streams that are wanted.
+    static QString of(const Preset& preset, const SourceMedia& source, bool withPicture = true, bool withSound = true);
 
     PresetObstacle() = delete;
 };

@@ -13,14 +13,30 @@ namespace {
 /// Nobody reads longer ones, and looking at them takes time.
 constexpr int LONGEST = 4000;
 
+enum class Part {
+    Sentence,
+    Name,
+    Preset,
+    Presets, ///< several
+};
+
 struct Form {
     const char* source;
     QRegularExpression pattern;
-    std::vector<bool> isName; ///< by place, from "%1" on
+    std::vector<Part> parts; ///< by place, from "%1" on
 };
 
 int placeAt(const QString& form, int index) {
     return form[index] == QLatin1Char('%') && index + 1 < form.size() ? form[index + 1].digitValue() : -1;
+}
+
+Part partBehind(const QString& before) {
+    if (before.endsWith(QStringLiteral("preset \"")))
+        return Part::Preset;
+    if (before.endsWith(QStringLiteral("presets that do: ")))
+        return Part::Presets;
+    const bool isName = before.endsWith(QLatin1Char('"')) || before.endsWith(QLatin1Char('('));
+    return isName ? Part::Name : Part::Sentence;
 }
 
 Form formOf(const char* source) {
@@ -32,8 +48,7 @@ Form formOf(const char* source) {
             pattern += QRegularExpression::escape(text.mid(i, 1));
             continue;
         }
-        const QChar before = i == 0 ? QChar() : text[i - 1];
-        form.isName.push_back(before == QLatin1Char('"') || before == QLatin1Char('('));
+        form.parts.push_back(partBehind(text.left(i)));
         pattern += QStringLiteral("(.+?)");
         ++i;
     }
@@ -52,8 +67,6 @@ const std::vector<Form>& forms() {
     return all;
 }
 
-std::optional<QString> known(const QString& english);
-
 QString filled(const QString& form, const QStringList& parts) {
     QString text;
     for (int i = 0; i < form.size(); ++i) {
@@ -63,15 +76,6 @@ QString filled(const QString& form, const QStringList& parts) {
         i += isPlace ? 1 : 0;
     }
     return text;
-}
-
-QString filled(const Form& form, const QRegularExpressionMatch& match) {
-    QStringList parts;
-    for (std::size_t i = 0; i < form.isName.size(); ++i) {
-        const QString part = match.captured(static_cast<int>(i) + 1);
-        parts << (form.isName[i] ? part : known(part).value_or(part));
-    }
-    return filled(Sentence::tr(form.source), parts);
 }
 
 /// What stands between separators outside of quotes and parentheses.
@@ -92,34 +96,91 @@ QStringList split(const QString& text, const QString& separator) {
     return parts;
 }
 
-/// Several of which each is known.
-std::optional<QString> knownList(const QString& english, const QString& separator) {
-    const QStringList parts = split(english, separator);
-    if (parts.size() < 2)
-        return std::nullopt;
-    QStringList all;
-    for (const QString& part : parts) {
-        const std::optional<QString> one = known(part);
-        if (!one)
-            return std::nullopt;
-        all << *one;
-    }
-    return all.join(separator);
-}
+/// One translation.
+class Speaker {
+public:
+    explicit Speaker(const Sentence::Titles& titles)
+        : titles(titles) {}
 
-std::optional<QString> known(const QString& english) {
-    if (const auto list = knownList(english, QStringLiteral("; ")))
-        return list;
-    for (const Form& form : forms())
-        if (const auto match = form.pattern.match(english); match.hasMatch())
-            return filled(form, match);
-    return knownList(english, QStringLiteral(", "));
-}
+    std::optional<QString> known(const QString& english) const {
+        if (auto list = knownList(english, QStringLiteral("; ")))
+            return list;
+        for (const Form& form : forms())
+            if (const auto match = form.pattern.match(english); match.hasMatch())
+                return said(form, match);
+        if (auto list = knownList(english, QStringLiteral(", ")))
+            return list;
+        return partlyKnownList(english);
+    }
+
+private:
+    QString said(const Form& form, const QRegularExpressionMatch& match) const {
+        QStringList parts;
+        for (std::size_t i = 0; i < form.parts.size(); ++i)
+            parts << said(form.parts[i], match.captured(static_cast<int>(i) + 1));
+        return filled(Sentence::tr(form.source), parts);
+    }
+
+    QString said(Part kind, const QString& part) const {
+        switch (kind) {
+        case Part::Sentence:
+            return known(part).value_or(part);
+        case Part::Preset:
+            return titles(part);
+        case Part::Presets:
+            return titlesOf(part);
+        case Part::Name:
+            break;
+        }
+        return part;
+    }
+
+    /// "a, b or c"
+    QString titlesOf(const QString& ids) const {
+        QStringList all;
+        for (const QString& id :
+             QString(ids).replace(QStringLiteral(" or "), QStringLiteral(", ")).split(QStringLiteral(", ")))
+            all << Sentence::tr("“%1”", "a preset").arg(titles(id));
+        return all.join(QStringLiteral(", "));
+    }
+
+    /// Several of which each is known.
+    std::optional<QString> knownList(const QString& english, const QString& separator) const {
+        const QStringList parts = split(english, separator);
+        if (parts.size() < 2)
+            return std::nullopt;
+        QStringList all;
+        for (const QString& part : parts) {
+            const std::optional<QString> one = known(part);
+            if (!one)
+                return std::nullopt;
+            all << *one;
+        }
+        return all.join(separator);
+    }
+
+    /// Several of which the last ones are known.
+    std::optional<QString> partlyKnownList(const QString& english) const {
+        const QString separator = QStringLiteral("; ");
+        const QStringList parts = split(english, separator);
+        const std::optional<QString> last = parts.size() < 2 ? std::nullopt : known(parts.back());
+        if (!last)
+            return std::nullopt;
+        const QString others = QStringList(parts.mid(0, parts.size() - 1)).join(separator);
+        return known(others).value_or(others) + separator + *last;
+    }
+
+    const Sentence::Titles& titles;
+};
 
 } // namespace
 
-QString Sentence::translated(const QString& english) {
-    return english.size() > LONGEST ? english : known(english).value_or(english);
+QString Sentence::translated(const QString& english, const Titles& titles) {
+    return english.size() > LONGEST ? english : Speaker(titles).known(english).value_or(english);
+}
+
+QString Sentence::translatedTitle(const QString& id) {
+    return QCoreApplication::translate("editorPresets", id.toUtf8().constData());
 }
 
 } // namespace Dialog

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <functional>
 
 namespace Dialog {
 
@@ -10,9 +11,14 @@ struct Sentence {
     Q_DECLARE_TR_FUNCTIONS(Dialog::Sentence)
 
 public:
+    /// Of a preset, by its id.
+    using Titles = std::function<QString(const QString& id)>;
+
     /// A refusal, failure, warning or note whose form is known, with the names and numbers that it has; what is not
     /// known of it stays as it is.
-    static QString translated(const QString& english);
+    static QString translated(const QString& english, const Titles& titles = &translatedTitle);
+    /// The title of one of the installed presets in the user's language; the id where there is none.
+    static QString translatedTitle(const QString& id);
 
     Sentence() = delete;
 };

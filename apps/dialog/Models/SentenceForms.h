@@ -6,10 +6,13 @@
 namespace Dialog {
 
 /// In the order in which they are tried: what is more special goes first. "%1" in quotes or parentheses is a name and
-/// stays as it is; elsewhere it may be a sentence in turn, or words with a form of their own. A lint holds the words
-/// against the sources that say them.
+/// stays as it is, but that of a preset becomes its title; elsewhere it may be a sentence in turn, or words with a form
+/// of their own. A lint holds the words against the sources that say them. Ways out that the command line alone has are
+/// left out by every translation, the English one too.
 inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1; did you mean %2?"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "%1; choose one of the preset's qualities (--quality %2)"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "%1; presets that do: %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1; what comes before can be exported with --out %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 (whichever export this comes from, each that runs is ended)"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "Cannot read \"%1\": %2"),
@@ -69,7 +72,8 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "the preset \"%1\" is for pictures up to %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 takes no side below %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 is too small for %2"),
-    QT_TRANSLATE_NOOP("Dialog::Sentence", "write frames a second, as 25, 29.97 or 30000/1001, or source"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence",
+                      "write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "frame rates go from 1 to %1"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 does not take %2, only %3"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 does not take %2"),
@@ -82,7 +86,7 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "the folder \"%1\": %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "\"%1\" is not a folder"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "the preset \"%1\" writes .%2, not .%3; no preset writes that"),
-    QT_TRANSLATE_NOOP("Dialog::Sentence", "the preset \"%1\" writes .%2, not .%3; presets that do: %4"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "the preset \"%1\" writes .%2, not .%3"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it holds neither picture nor sound that can be decoded (%1)"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it holds neither picture nor sound that can be decoded"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it takes more memory than there is"),
@@ -96,6 +100,11 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it is one of the inputs"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it is one of the timeline's media"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it exists already (--overwrite replaces it)"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence",
+                      "pictures of these names exist already, \"%1\" to begin with (--overwrite replaces them)"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "make it first"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "name the files in it"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "name a file in it"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it does not name a file"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "it is a link that leads nowhere"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "No such file or directory"),
@@ -112,6 +121,7 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "\"%1\" is damaged at %2: %3"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "\"%1\" cannot be put on the timeline: it has no length"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "\"%1\": %2"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "and %1 more (validate tells them all)"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "left out: %1"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 picture track (%2)"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 picture tracks (%2)"),
@@ -134,8 +144,6 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "Titles of chapters are cut off: the file has no place for such long ones"),
     QT_TRANSLATE_NOOP("Dialog::Sentence",
                       "what is missing is black, or what lies on lower tracks where there is something, and silent"),
-    QT_TRANSLATE_NOOP("Dialog::Sentence",
-                      "The sound has no loudness, being too quiet or too short, and stays as it is"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "roughly %1"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 language is left out: the inputs' differ"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 language, %2, is left out: the file has no place for it"),

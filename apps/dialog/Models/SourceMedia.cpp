@@ -102,6 +102,7 @@ void SourceMedia::open(const QStringList& wanted, bool missingIsBlack) {
         request.timelines.missing =
             missingBlack ? ExportCore::TimelineOptions::Missing::Black : ExportCore::TimelineOptions::Missing::Refused;
         opening = std::make_unique<ExportCore::InputOpening>(request);
+        opening->setParent(this);
         connect(opening.get(), &ExportCore::InputOpening::finished, this, &SourceMedia::onOpened);
         opening->start();
     }
@@ -124,6 +125,7 @@ void SourceMedia::onOpened(const std::exception_ptr& error) {
 void SourceMedia::show() {
     opened = std::make_unique<Render::Sequence>(opening->sequence());
     shown = std::make_unique<EditorProject>();
+    shown->setParent(this);
     shown->show(*opened);
     for (const std::string& warning : opening->warnings())
         remarks << plain(warning);

@@ -72,6 +72,7 @@ private:
     QString refusal; ///< in English, as the remarks
     bool lacking = false;
     QStringList remarks;
+    // As children, for who looks whose failure reaches the event loop.
     std::unique_ptr<ExportCore::InputOpening> opening;
     std::unique_ptr<Render::Sequence> opened;
     std::unique_ptr<EditorProject> shown;

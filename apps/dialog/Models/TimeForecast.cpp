@@ -75,7 +75,7 @@ std::optional<TimeForecast::Time> TimeForecast::of(const ExportRequest& request,
 }
 
 bool TimeForecast::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
-    if (!trial || (receiver && receiver->isWidgetType()))
+    if (!trial)
         return false;
     trial->failInEventLoop(error, receiver);
     return true;

@@ -47,7 +47,7 @@ public:
     /// Nothing while nothing is known.
     std::optional<Time> of(const ExportCore::ExportRequest& request, KTime length) const;
 
-    /// As ExportJob::failInEventLoop() for a trial. False when there is none, and for what comes of a widget.
+    /// As ExportJob::failInEventLoop() for a trial. False when there is none.
     bool failInEventLoop(const std::exception_ptr& error, QObject* receiver);
 
 Q_SIGNALS:
@@ -65,7 +65,7 @@ private:
     void onFinished(const ExportCore::ExportOutcome& outcome);
     void interrupt();
 
-    QTimer timer;
+    QTimer timer{this};
     std::optional<ExportCore::ExportRequest> considered;
     KTime consideredLength;
     QString consideredName; ///< of the whole request

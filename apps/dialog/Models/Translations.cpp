@@ -17,7 +17,10 @@ Translations::Translations(QCoreApplication& application, const QLocale& locale)
     const QString separator = QStringLiteral("_");
     if (ofQt.load(locale, QStringLiteral("qtbase"), separator, QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&ofQt);
-    if (ofTheWindow.load(locale, QStringLiteral("editor-export"), separator, QStringLiteral(":/translations")))
+    const QString name = QStringLiteral("editor-export"), folder = QStringLiteral(":/translations");
+    // The English one has the forms for one and for several.
+    if (ofTheWindow.load(locale, name, separator, folder) ||
+        ofTheWindow.load(name + separator + QStringLiteral("en"), folder))
         application.installTranslator(&ofTheWindow);
 }
 

@@ -8,7 +8,7 @@ class QCoreApplication;
 
 namespace Dialog {
 
-/// Installed as long as it lives. What is not translated is English.
+/// Installed as long as it lives. What is not translated, in whatever language, is English.
 class Translations {
 public:
     explicit Translations(QCoreApplication& application, const QLocale& locale = QLocale());

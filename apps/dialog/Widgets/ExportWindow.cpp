@@ -4,13 +4,13 @@
 #include "ExportCore/PlainText.h"
 #include "dialog/Models/OutcomeText.h"
 #include "dialog/Models/PeoplesText.h"
+#include "dialog/Models/PlainTip.h"
 #include "dialog/Models/PresetText.h"
 #include "ui_ExportWindow.h"
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
@@ -18,6 +18,7 @@
 #include <QStyle>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 namespace Dialog {
 
@@ -52,6 +53,7 @@ void ExportWindow::connectForm() {
     connect(ui->openButton, &QPushButton::clicked, this, &ExportWindow::browse);
     connect(ui->blackButton, &QPushButton::clicked, this, [this] { form.source().open(form.source().paths(), true); });
     connect(&form, &ExportForm::sourceChanged, this, &ExportWindow::showSource);
+    connect(&form, &ExportForm::changed, this, &ExportWindow::dropOrder);
     connect(&form, &ExportForm::changed, this, &ExportWindow::showProblem);
     connect(&form, &ExportForm::changed, this, &ExportWindow::showTime);
     connect(&form, &ExportForm::changed, this, &ExportWindow::considerTrial);
@@ -63,16 +65,23 @@ void ExportWindow::connectForm() {
 
 void ExportWindow::connectQueue() {
     connect(ui->jobPane, &JobPane::stopWanted, this, &ExportWindow::askToStop);
+    connect(ui->jobPane, &JobPane::retryWanted, this, &ExportWindow::tryAgain);
     connect(ui->jobPane, &JobPane::fileWanted, this,
             [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
     connect(ui->jobPane, &JobPane::folderWanted, &desktop, &DesktopSession::showInFolder);
     connect(&queue, &JobQueue::jobChanged, this, &ExportWindow::showTitle);
     connect(&queue, &JobQueue::jobEnded, this, &ExportWindow::onJobEnded);
     connect(&queue, &JobQueue::jobChanged, this, &ExportWindow::considerTrial);
+    connect(&queue, &JobQueue::began, this, [this] {
+        desktop.keepAwake(true, tr("A film is being exported"));
+        considerTrial();
+    });
     connect(&queue, &JobQueue::emptied, this, [this] {
         desktop.keepAwake(false, {});
         if (closing)
             return end();
+        if (closeAsked)
+            closeQuestion();
         considerTrial();
     });
     connect(&queue, &JobQueue::rowsInserted, this, &ExportWindow::showJobs);
@@ -109,7 +118,7 @@ void ExportWindow::showSource() {
     const SourceMedia& source = form.source();
     const auto state = source.state();
     ui->sourceName->setText(state == SourceMedia::State::Empty ? tr("Nothing is open") : source.name());
-    ui->sourceName->setToolTip(source.paths().join(QLatin1Char('\n')).toHtmlEscaped());
+    ui->sourceName->setToolTip(PlainTip::of(source.paths()));
     ui->sourceFacts->setText(state == SourceMedia::State::Empty     ? tr("Drop media files or a timeline here")
                              : state == SourceMedia::State::Opening ? tr("Opening…")
                                                                     : source.facts());
@@ -135,9 +144,9 @@ void ExportWindow::showSource() {
 
 void ExportWindow::showProblem() {
     const QString problem = form.problem();
-    ui->problemLabel->setText(problem);
-    ui->exportButton->setEnabled(problem.isEmpty() && !ordering);
-    ui->addButton->setEnabled(problem.isEmpty() && !ordering);
+    ui->problemLabel->setText(ordered ? tr("Looking what stands at the file's place…") : problem);
+    ui->exportButton->setEnabled(problem.isEmpty() && !ordered);
+    ui->addButton->setEnabled(problem.isEmpty() && !ordered);
 }
 
 void ExportWindow::showTitle() {
@@ -160,7 +169,7 @@ void ExportWindow::showTime() {
 /// Whoever exports has the processors for it.
 void ExportWindow::considerTrial() {
     const auto range = form.range();
-    const bool canTry = queue.isIdle() && !queue.isStarted() && !ordering && !closing && range;
+    const bool canTry = queue.isIdle() && !queue.isStarted() && !ordered && !closing && range;
     if (canTry && form.problem().isEmpty())
         times.consider(form.request(), range->end - range->start);
     else
@@ -168,49 +177,88 @@ void ExportWindow::considerTrial() {
 }
 
 void ExportWindow::order(When when) {
-    if (!form.problem().isEmpty() || ordering || closing)
+    if (!form.problem().isEmpty())
         return;
-    ordered = when;
-    ordering = true;
+    Order order;
+    order.job.request = form.request();
+    order.job.preset = PresetText::title(form.preset());
+    order.job.sequence = form.sequence();
+    order.when = when;
+    takeOrder(order);
+}
+
+void ExportWindow::tryAgain(int id) {
+    const Job* const before = queue.job(id);
+    if (!before)
+        return;
+    Order order;
+    order.job = *before;
+    order.isOfForm = false;
+    takeOrder(order);
+}
+
+void ExportWindow::takeOrder(const Order& order) {
+    if (ordered || closing)
+        return;
+    ordered = order;
     showProblem();
     considerTrial();
-    look.look(form.output(), form.sequence());
+    look.look({order.job.request.outputPath, order.job.sequence, order.job.request.inputs});
 }
+
+/// Whoever changes the place meanwhile no longer waits for what stands at that one.
+void ExportWindow::dropOrder() {
+    if (!ordered || !ordered->isOfForm || ordered->job.request.outputPath == form.output())
+        return;
+    look.forget();
+    ordered.reset();
+}
+
+namespace {
+
+QString fileName(const QString& path) {
+    const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    return QString::fromStdString(ExportCore::PlainText::escaped(name.toStdString()));
+}
+
+} // namespace
 
 void ExportWindow::onLooked(const OutputState& state) {
-    ordering = false;
+    Order order = *std::exchange(ordered, std::nullopt);
+    order.job.place = state.place;
     showProblem();
     considerTrial();
-    if (state.path != form.output() || !form.problem().isEmpty())
-        return;
-    const auto plain = [](const QString& name) {
-        return QString::fromStdString(ExportCore::PlainText::escaped(name.toStdString()));
-    };
-    const QString wanted = plain(state.path.mid(state.path.lastIndexOf(QLatin1Char('/')) + 1));
-    const QString name = plain(state.name);
-    if (queue.isOrdered(state.path))
+    const QString wanted = fileName(state.path);
+    if (!state.isKnown)
+        return tell(QMessageBox::Warning, tr("The folder of “%1” does not answer. Check its disk or share, or save the "
+                                             "export in another folder.")
+                                              .arg(wanted));
+    if (state.isInput)
+        return tell(QMessageBox::Warning,
+                    tr("“%1” is one of the inputs, and stays. Save the export under another name.").arg(wanted));
+    if (queue.isOrdered(state.place))
         return ask({tr("Export"), tr("Another export in the list is to become “%1” as well.").arg(wanted),
-                    tr("Add it all the same"), tr("Cancel"), [this] { addJob(true); }});
+                    tr("Add it all the same"), tr("Cancel"), [this, order] { addJob(order, true); }});
     if (!state.exists)
-        return addJob(false);
+        return addJob(order, false);
     ask({tr("Export"),
-         tr("“%1” is there already. It is replaced when the export is complete, and not before.").arg(name),
-         tr("Replace"), tr("Cancel"), [this] { addJob(true); }});
+         tr("“%1” is there already. It is replaced when the export is complete, and not before.")
+             .arg(fileName(state.name)),
+         tr("Replace"), tr("Cancel"), [this, order] { addJob(order, true); }});
 }
 
-void ExportWindow::addJob(bool overwrite) {
-    if (!form.problem().isEmpty() || closing)
+void ExportWindow::addJob(const Order& order, bool overwrite) {
+    if (closing)
         return;
-    ExportCore::ExportRequest request = form.request();
-    request.overwrite = overwrite;
-    form.commit();
-    const int id = queue.add(request, PresetText::title(form.preset()));
-    if (ordered == When::Now)
-        queue.start();
-    if (queue.isIdle())
+    Job job = order.job;
+    job.request.overwrite = overwrite;
+    if (order.isOfForm)
+        form.commit();
+    const int id = queue.add(job);
+    if (queue.isIdle() || !order.isOfForm)
         ui->jobPane->select(id);
-    if (queue.isStarted())
-        desktop.keepAwake(true, tr("A film is being exported"));
+    if (order.when == When::Now)
+        queue.start();
 }
 
 void ExportWindow::stopRunning() {
@@ -245,8 +293,16 @@ void ExportWindow::ask(const Question& asked) {
 
 void ExportWindow::closeQuestion() {
     stopAskedFor = 0;
+    closeAsked = false;
     if (question)
         question->close();
+}
+
+void ExportWindow::tell(QMessageBox::Icon icon, const QString& text) {
+    auto* const box = new QMessageBox(icon, tr("Export"), text, QMessageBox::Close, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void ExportWindow::onJobEnded(int id) {
@@ -256,6 +312,7 @@ void ExportWindow::onJobEnded(int id) {
     if (job->isDone())
         times.learn(job->request, job->outcome->facts.speed);
     showTime();
+    ui->settingsPane->lookAgain();
     const bool stopped = job->outcome->status == ExportCore::ExportOutcome::Status::Stopped;
     if (isActiveWindow() || stopped)
         return;
@@ -263,26 +320,39 @@ void ExportWindow::onJobEnded(int id) {
     desktop.notify(text.title, text.reason);
 }
 
+/// Whether it is a part of the window, or of what the window does beside the exports.
+bool ExportWindow::isOwn(const QObject* object) const {
+    while (object && object != this && !object->isWidgetType()) {
+        const QVariant owner = object->property("owner");
+        object = owner.isValid() ? owner.value<QObject*>() : object->parent();
+    }
+    return object;
+}
+
 void ExportWindow::onFailure(const std::exception_ptr& error, QObject* receiver) {
-    if (queue.failInEventLoop(error, receiver) || times.failInEventLoop(error, receiver))
+    if (!isOwn(receiver) && (queue.failInEventLoop(error, receiver) || times.failInEventLoop(error, receiver)))
         return;
     const auto told = Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(error);
-    auto* const box = new QMessageBox(QMessageBox::Critical, tr("Export"),
-                                      QString::fromStdString(ExportCore::PlainText::escaped(told.GetDescription())),
-                                      QMessageBox::Close, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    tell(QMessageBox::Critical, QString::fromStdString(ExportCore::PlainText::escaped(told.GetDescription())));
 }
 
 void ExportWindow::closeEvent(QCloseEvent* event) {
-    if (queue.isIdle() || !queue.running())
+    const bool isBusy = queue.running() || queue.waiting() > 0;
+    if (!isBusy)
         return event->accept();
     event->ignore();
-    if (closing)
-        return;
-    ask({tr("Close"), tr("An export is running. Stop it and close? Nothing of it is kept."), tr("Stop and close"),
-         tr("Go on"), [this] { QMetaObject::invokeMethod(this, &ExportWindow::end, Qt::QueuedConnection); }});
+    if (!closing)
+        askToClose();
+}
+
+void ExportWindow::askToClose() {
+    const bool runs = queue.running() || queue.isStarted();
+    const QString text =
+        runs ? tr("An export is running. Stop it and close? Nothing of it is kept.")
+             : tr("%n export(s) in the list were not started. Close without them?", nullptr, queue.waiting());
+    ask({tr("Close"), text, runs ? tr("Stop and close") : tr("Close"), runs ? tr("Go on") : tr("Cancel"),
+         [this] { QMetaObject::invokeMethod(this, &ExportWindow::end, Qt::QueuedConnection); }});
+    closeAsked = true;
 }
 
 void ExportWindow::end() {
@@ -290,7 +360,7 @@ void ExportWindow::end() {
     closeQuestion();
     considerTrial();
     queue.stopAll();
-    if (!queue.isIdle())
+    if (!queue.isIdle() || std::exchange(over, true))
         return;
     close();
     Q_EMIT ended();
@@ -315,6 +385,8 @@ void ExportWindow::dropEvent(QDropEvent* event) {
 
 void ExportWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        ui->settingsPane->lookAgain();
     if (event->type() != QEvent::LanguageChange)
         return;
     ui->retranslateUi(this);

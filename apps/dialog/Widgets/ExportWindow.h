@@ -7,11 +7,11 @@
 #include "dialog/Models/OutputLook.h"
 #include "dialog/Models/TimeForecast.h"
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPointer>
 #include <functional>
 #include <memory>
-
-class QMessageBox;
+#include <optional>
 
 namespace ExportCore {
 class EventLoopFailures;
@@ -48,6 +48,12 @@ protected:
 
 private:
     enum class When { Now, WhenStarted };
+    /// What is to be added to the list once it is known what stands at its place.
+    struct Order {
+        Job job;
+        When when = When::Now;
+        bool isOfForm = true; ///< else of an export that is made again
+    };
     /// A question with a way back, which is also what Escape means.
     struct Question {
         QString title;
@@ -65,28 +71,35 @@ private:
     void showProblem();
     void showTitle();
     void order(When when);
+    void tryAgain(int id);
+    void takeOrder(const Order& order);
+    void dropOrder();
     void onLooked(const OutputState& state);
-    void addJob(bool overwrite);
+    void addJob(const Order& order, bool overwrite);
     void askToStop(int id);
+    void askToClose();
     void stopRunning();
     void ask(const Question& question);
     void closeQuestion();
+    void tell(QMessageBox::Icon icon, const QString& text);
+    bool isOwn(const QObject* object) const;
     void onJobEnded(int id);
     void onFailure(const std::exception_ptr& error, QObject* receiver);
     void showTime();
     void considerTrial();
 
     const std::unique_ptr<Ui::ExportWindow> ui;
-    ExportForm form;
+    ExportForm form{this};
     JobQueue queue;
     DesktopSession desktop;
-    OutputLook look;
+    OutputLook look{this};
     TimeForecast times{this};
-    When ordered = When::Now;
-    bool ordering = false; ///< it is being looked whether the file is there already
-    bool closing = false;  ///< when the exports have ended; nothing more is ordered
+    std::optional<Order> ordered; ///< while it is being looked what stands at its place
+    bool closing = false;         ///< when the exports have ended; nothing more is ordered
+    bool over = false;            ///< ended() was told
     QPointer<QMessageBox> question;
     int stopAskedFor = 0; ///< the job
+    bool closeAsked = false;
 };
 
 } // namespace Dialog

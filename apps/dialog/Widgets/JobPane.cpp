@@ -48,18 +48,13 @@ void JobPane::setQueue(JobQueue& shown) {
 }
 
 void JobPane::connectButtons() {
-    connect(ui->startButton, &QPushButton::clicked, this, [this] {
-        queue->start();
-        showStart();
-    });
+    connect(ui->startButton, &QPushButton::clicked, queue, &JobQueue::start);
+    for (const auto signal : {&JobQueue::began, &JobQueue::emptied})
+        connect(queue, signal, this, &JobPane::showSelected);
     connect(ui->stopButton, &QPushButton::clicked, this, [this] { Q_EMIT stopWanted(selected()); });
     connect(ui->cancelButton, &QPushButton::clicked, this, [this] { queue->stop(selected()); });
     connect(ui->removeButton, &QPushButton::clicked, this, [this] { queue->remove(selected()); });
-    connect(ui->retryButton, &QPushButton::clicked, this, [this] {
-        const int id = queue->tryAgain(selected());
-        queue->start();
-        select(id);
-    });
+    connect(ui->retryButton, &QPushButton::clicked, this, [this] { Q_EMIT retryWanted(selected()); });
     connect(ui->copyButton, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(ui->detailsEdit->toPlainText()); });
     connect(ui->detailsButton, &QToolButton::toggled, this, &JobPane::showDetails);
@@ -100,8 +95,14 @@ void JobPane::showSelected() {
     if (runs)
         return showRunning(*job);
     if (job->state == Job::State::Waiting)
-        return ui->stack->setCurrentWidget(ui->waitPage);
+        return showWaiting();
     showEnded(*job);
+}
+
+void JobPane::showWaiting() {
+    ui->stack->setCurrentWidget(ui->waitPage);
+    ui->waitLabel->setText(queue->isStarted() ? tr("It begins when the exports before it have ended.")
+                                              : tr("It begins when the queue is started."));
 }
 
 void JobPane::showRunning(const Job& job) {
@@ -123,7 +124,9 @@ void JobPane::showEnded(const Job& job) {
     shownId = job.id;
     const OutcomeText text = OutcomeText::of(job);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    const auto icon = job.isDone()      ? QStyle::SP_DialogApplyButton
+    const bool isFine = job.isDone() && job.outcome->warnings.isEmpty();
+    const auto icon = isFine            ? QStyle::SP_DialogApplyButton
+                      : job.isDone()    ? QStyle::SP_MessageBoxWarning
                       : job.hasFailed() ? QStyle::SP_MessageBoxCritical
                                         : QStyle::SP_MessageBoxInformation;
     ui->endIcon->setPixmap(style()->standardIcon(icon).pixmap(size, size));

@@ -19,7 +19,7 @@ public:
     explicit JobPane(QWidget* parent = nullptr);
     ~JobPane() override;
 
-    /// Once. Borrowed; outlives the pane.
+    /// Once. Borrowed; it may go before the pane, which then shows nothing new.
     void setQueue(JobQueue& shown);
     void select(int id);
     /// 0 when none is selected.
@@ -28,6 +28,7 @@ public:
 Q_SIGNALS:
     /// Somebody wishes it; nothing has been asked yet.
     void stopWanted(int id);
+    void retryWanted(int id);
     void fileWanted(const QString& path);
     void folderWanted(const QString& path);
 
@@ -37,6 +38,7 @@ protected:
 private:
     void connectButtons();
     void showSelected();
+    void showWaiting();
     void showRunning(const Job& job);
     void showEnded(const Job& job);
     void showDetails(bool visible);

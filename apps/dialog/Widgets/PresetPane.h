@@ -17,7 +17,7 @@ public:
     explicit PresetPane(QWidget* parent = nullptr);
     ~PresetPane() override;
 
-    /// Once. Borrowed; outlives the pane.
+    /// Once. Borrowed; it may go before the pane, which then shows nothing new.
     void setForm(ExportForm& shown);
 
 protected:

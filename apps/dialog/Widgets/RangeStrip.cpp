@@ -18,15 +18,16 @@ constexpr int MARK_HEIGHT = 5;
 } // namespace
 
 RangeStrip::RangeStrip(QWidget* parent)
-    : QWidget(parent)
-    , frame(40) {
+    : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     describe();
 }
 
-void RangeStrip::setTimeline(KTime wholeLength, KTime frameLength, const std::vector<KTime>& markers) {
+void RangeStrip::setTimeline(KTime wholeLength, const ExportCore::TimePoint::Rate& frameRate,
+                             const std::vector<KTime>& markers) {
+    constexpr long long usual = 25;
     length = wholeLength;
-    frame = std::max(frameLength, KTime(1));
+    rate = frameRate.value_or(usual);
     marks = markers;
     pictures.clear();
     setRange({KTime(0), length}, false);
@@ -92,13 +93,37 @@ KTime RangeStrip::timeAt(int x) const {
     return KTime(std::llround(part * static_cast<double>(length.milliseconds())));
 }
 
+namespace {
+
+KTime timeOf(qint64 frame, const boost::rational<long long>& rate) {
+    return ExportCore::TimePoint::ofFrames(std::max<qint64>(frame, 0)).at(rate);
+}
+
+/// The one that begins there, or nearest to there.
+qint64 frameAt(KTime time, const boost::rational<long long>& rate) {
+    constexpr double second = 1000;
+    return std::llround(static_cast<double>(time.milliseconds()) / second * boost::rational_cast<double>(rate));
+}
+
+} // namespace
+
+KTime RangeStrip::frameBefore(KTime time) const {
+    const qint64 nearest = frameAt(time, rate);
+    return timeOf(timeOf(nearest, rate) < time ? nearest : nearest - 1, rate);
+}
+
+KTime RangeStrip::frameBehind(KTime time) const {
+    const qint64 nearest = frameAt(time, rate);
+    return timeOf(timeOf(nearest, rate) > time ? nearest : nearest + 1, rate);
+}
+
 void RangeStrip::move(End end, KTime time) {
     active = end;
     Types::Range range = chosen;
     if (end == End::In)
-        range.start = std::clamp(time, KTime(0), std::max(range.end - frame, KTime(0)));
+        range.start = std::clamp(time, KTime(0), frameBefore(range.end));
     else
-        range.end = std::clamp(time, std::min(range.start + frame, length), length);
+        range.end = std::clamp(time, std::min(frameBehind(range.start), length), length);
     update();
     if (range == chosen)
         return;
@@ -124,13 +149,13 @@ void RangeStrip::keyPressEvent(QKeyEvent* event) {
     if (!movable)
         return QWidget::keyPressEvent(event);
     const KTime own = active == End::In ? chosen.start : chosen.end;
-    const KTime step = event->modifiers().testFlag(Qt::ShiftModifier) ? KTime(1000) : frame;
-    const KTime leap = std::max(KTime(length.milliseconds() / 10), frame);
+    const bool bySeconds = event->modifiers().testFlag(Qt::ShiftModifier);
+    const KTime second(1000), leap = std::max(KTime(length.milliseconds() / 10), frameBehind(KTime(0)));
     switch (event->key()) {
     case Qt::Key_Left:
-        return move(active, own - step);
+        return move(active, bySeconds ? own - second : frameBefore(own));
     case Qt::Key_Right:
-        return move(active, own + step);
+        return move(active, bySeconds ? own + second : frameBehind(own));
     case Qt::Key_PageDown:
         return move(active, own - leap);
     case Qt::Key_PageUp:

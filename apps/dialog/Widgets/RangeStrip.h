@@ -1,6 +1,7 @@
 // Dialog::RangeStrip: a timeline as a strip of pictures, with the part that is chosen.
 #pragma once
 
+#include "ExportCore/TimePoint.h"
 #include "Types/Range.h"
 #include <QImage>
 #include <QWidget>
@@ -15,8 +16,9 @@ class RangeStrip : public QWidget {
 public:
     explicit RangeStrip(QWidget* parent = nullptr);
 
-    /// `frame` is how long one lasts. A length of 0 is an empty strip.
-    void setTimeline(KTime length, KTime frame, const std::vector<KTime>& markers);
+    /// Frames follow each other at `rate`; where there are none the ends go by 25 a second. A length of 0 is an empty
+    /// strip.
+    void setTimeline(KTime length, const ExportCore::TimePoint::Rate& rate, const std::vector<KTime>& markers);
     /// How many pictures suit its size, and how large they are, in pixels of the device.
     int pictureCount() const;
     QSize pictureSize() const;
@@ -43,12 +45,14 @@ private:
     int xOf(KTime time) const;
     KTime timeAt(int x) const;
     void move(End end, KTime time);
+    KTime frameBefore(KTime time) const;
+    KTime frameBehind(KTime time) const;
     void describe();
     void paintPictures(QPainter& painter) const;
     void paintRange(QPainter& painter) const;
 
     KTime length;
-    KTime frame;
+    boost::rational<long long> rate{25};
     std::vector<KTime> marks;
     std::vector<QImage> pictures;
     Types::Range chosen;

@@ -9,6 +9,7 @@
 #include "ui_SettingsPane.h"
 #include <QEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QScopedValueRollback>
 
 namespace Dialog {
@@ -93,7 +94,9 @@ void SettingsPane::connectOutput() {
             form->setOutput(text);
     });
     connect(ui->browseButton, &QPushButton::clicked, this, &SettingsPane::browse);
-    connect(&lookTimer, &QTimer::timeout, this, [this] { look.look(form->output(), form->sequence()); });
+    connect(&lookTimer, &QTimer::timeout, this, [this] {
+        look.look({form->output(), form->sequence(), form->source().paths()});
+    });
     connect(&look, &OutputLook::looked, this, [this](const OutputState& state) {
         lookedAt = state;
         showEstimate();
@@ -118,10 +121,9 @@ void SettingsPane::fillForSource() {
     ui->rangeGroup->setEnabled(ready);
     ui->markersButton->setEnabled(markers.size() > 2);
     const auto rate = ready ? source.rate() : std::nullopt;
-    const KTime frame = rate ? KTime(1000 * rate->denominator() / rate->numerator()) : KTime(40);
     if (markers.size() >= 2) // the two ends are no markers
         markers = {markers.begin() + 1, markers.end() - 1};
-    ui->strip->setTimeline(ready ? source.duration() : KTime(0), frame, markers);
+    ui->strip->setTimeline(ready ? source.duration() : KTime(0), rate, markers);
     if (ready && source.hasPictures())
         thumbnailTimer.start();
 }
@@ -138,6 +140,7 @@ void SettingsPane::makeThumbnails() {
         source.sequence(),
         Kestra::Conf::FrameInfo{video.width, video.height, video.aspectNumerator, video.aspectDenominator}, count,
         ui->strip->pictureSize());
+    thumbnails->setParent(this);
     connect(thumbnails.get(), &ExportCore::Thumbnails::made, ui->strip, &RangeStrip::setPicture);
     connect(thumbnails.get(), &ExportCore::Thumbnails::finished, this, [this] { retire(thumbnails, *this); });
     thumbnails->start();
@@ -204,21 +207,31 @@ void SettingsPane::showEstimate() {
         if (!timeText.isEmpty())
             parts << timeText;
     }
-    const bool known = lookedAt.path == form->output() && !form->output().isEmpty();
+    const bool looked = lookedAt.path == form->output() && !form->output().isEmpty();
+    if (looked && !lookedAt.isKnown)
+        parts << tr("The folder does not answer");
+    const bool known = looked && lookedAt.isKnown;
     if (known && lookedAt.freeBytes)
         parts << tr("%1 free").arg(PeoplesText::size(*lookedAt.freeBytes));
     if (known && !lookedAt.freeBytes)
         parts << tr("The folder is not there");
     if (known && estimate && lookedAt.freeBytes && estimate->sizeBytes > *lookedAt.freeBytes)
         parts << tr("This may be too much for the disk");
-    if (known && lookedAt.exists)
+    if (known && lookedAt.isInput)
+        parts << tr("This is one of the inputs");
+    else if (known && lookedAt.exists)
         parts << tr("A file of this name is there already");
     ui->estimateLabel->setText(parts.join(QStringLiteral(" · ")));
 }
 
 void SettingsPane::browse() {
-    auto* const dialog = new QFileDialog(this, tr("Save the export as"), form->output());
+    auto* const dialog = new QFileDialog(this, tr("Save the export as"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    // One that does not answer is better not asked again: the dialog would wait.
+    if (lookedAt.path == form->output() && lookedAt.isKnown && lookedAt.freeBytes) {
+        dialog->setDirectory(QFileInfo(form->output()).path());
+        dialog->selectFile(QFileInfo(form->output()).fileName());
+    }
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     // Who exports is asked, whichever way the name came.

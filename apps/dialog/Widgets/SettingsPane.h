@@ -26,8 +26,10 @@ public:
     explicit SettingsPane(QWidget* parent = nullptr);
     ~SettingsPane() override;
 
-    /// Once. Borrowed; outlives the pane.
+    /// Once. Borrowed; it may go before the pane, which then shows nothing new.
     void setForm(ExportForm& shown);
+    /// Something may have changed on the disk.
+    void lookAgain() { lookTimer.start(); }
     /// What is known of how long the chosen export takes; empty while nothing is.
     void setTimeText(const QString& text);
 
@@ -62,10 +64,10 @@ private:
     const std::unique_ptr<Ui::SettingsPane> ui;
     ExportForm* form = nullptr;
     bool showing = false; ///< what the widgets tell is not the user's doing
-    OutputLook look;
+    OutputLook look{this};
     OutputState lookedAt;
-    QTimer lookTimer;
-    QTimer thumbnailTimer;
+    QTimer lookTimer{this};
+    QTimer thumbnailTimer{this};
     QString timeText;
     std::unique_ptr<ExportCore::Thumbnails> thumbnails;
 };

@@ -124,6 +124,27 @@ TEST_F(DesktopOfTheWindow, HearsOfAnExportThatEndsInTheBackground) {
     EXPECT_TRUE(services->fileManager.shown.front().endsWith(text("/film.mp4")));
 }
 
+TEST_F(DesktopOfTheWindow, IsKeptAwakeHoweverTheExportBegins) {
+    offerServices();
+    show();
+    openMuch();
+    saveAs(place / "film.mp4");
+    press('q');
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("startButton").isVisible(); }));
+    TestSupport::turnEventLoop(50);
+    EXPECT_FALSE(services->login.isHeld()) << "it only waits";
+    for (const char* const button : {"startButton", "retryButton"}) {
+        find<QPushButton>(button).click();
+        ASSERT_TRUE(waitUntil([&] { return services->login.isHeld(); })) << button;
+        ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("stopButton").isVisible(); }));
+        find<QPushButton>("stopButton").click();
+        ASSERT_TRUE(waitForQuestion());
+        answer(QMessageBox::AcceptRole);
+        ASSERT_TRUE(waitForEnd());
+        ASSERT_TRUE(waitUntil([&] { return !services->login.isHeld(); })) << button;
+    }
+}
+
 TEST_F(DesktopOfTheWindow, IsKeptAwakeUntilTheExportEnds) {
     offerServices();
     show();

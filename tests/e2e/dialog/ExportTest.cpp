@@ -265,6 +265,29 @@ TEST_F(WindowExport, WithCustomSettingsHasThem) {
     EXPECT_EQ(film.audio->channels, 1);
 }
 
+TEST_F(WindowExport, SaysWhatBecameOfItBeyondTheOrder) {
+    TestMedia::FlashBeep media;
+    media.frames = 0;
+    media.samples = 48000;
+    TestMedia::makeFlashBeep(place / "tone.wav", media);
+    show();
+    open({QString::fromStdString(place / "tone.wav")});
+    choose(text("MP4"), text("h.264 480"));
+    saveAs(output);
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_EQ(endTitle(), text("film.mp4 is done"));
+    const QString reason = find<QLabel>("endReason").text();
+    EXPECT_TRUE(reason.contains(text("what is shown is black"))) << reason.toStdString();
+    EXPECT_FALSE(reason.contains(text("it is what was ordered"))) << reason.toStdString();
+    EXPECT_EQ(find<QPlainTextEdit>("detailsEdit").toPlainText().count(text("what is shown is black")), 1);
+    openClip();
+    saveAs(place / "second.mp4");
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return endTitle() == text("second.mp4 is done"); }));
+    EXPECT_TRUE(find<QLabel>("endReason").text().contains(text("it is what was ordered")));
+}
+
 TEST_F(WindowExport, HasPictureAndSoundAsTheyAreWanted) {
     show();
     openClip();

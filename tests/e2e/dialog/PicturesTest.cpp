@@ -47,23 +47,6 @@ protected:
                                      .arg(scale)));
         expectNothingClipped();
     }
-    /// Texts of one line have room for it, those of several for all their lines.
-    void expectNothingClipped() const {
-        for (const QLabel* const label : window->findChildren<QLabel*>()) {
-            const bool shrinks = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
-            if (!label->isVisible() || label->text().isEmpty() || shrinks || !label->pixmap(Qt::ReturnByValue).isNull())
-                continue;
-            const bool fits = label->wordWrap() ? label->height() + 1 >= label->heightForWidth(label->width())
-                                                : label->width() + 1 >= label->sizeHint().width();
-            EXPECT_TRUE(fits) << label->objectName().toStdString() << ": " << label->text().toStdString();
-        }
-        for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
-            const bool isShown = button->isVisible() && !button->objectName().startsWith(text("qt_"));
-            EXPECT_TRUE(!isShown || button->text().isEmpty() ||
-                        button->width() + 1 >= button->minimumSizeHint().width())
-                << button->objectName().toStdString();
-        }
-    }
     void openFilm() {
         TestMedia::runFfmpeg({"-f", "lavfi", "-i",
                               "gradients=s=640x360:r=25:d=12:x0=0:y0=0:x1=640:y1=360:n=4:seed=7:speed=0.05", "-f",

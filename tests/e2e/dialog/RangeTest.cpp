@@ -58,5 +58,73 @@ TEST_F(Range, OfMediaWithoutChaptersHasNoMarkers) {
     EXPECT_EQ(offered("firstBox"), (QStringList{text("Start (0:00.000)"), text("End (0:02.000)")}));
 }
 
+std::string timeOf(int frames) {
+    return R"({"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":)" + std::to_string(frames) + '}';
+}
+
+std::string rangeOf(int start, int frames) {
+    return R"({"OTIO_SCHEMA":"TimeRange.1","start_time":)" + timeOf(start) + R"(,"duration":)" + timeOf(frames) + '}';
+}
+
+std::string clipOf(const std::string& media) {
+    return R"({"OTIO_SCHEMA":"Clip.1","name":"c","source_range":)" + rangeOf(0, 50) +
+           R"(,"media_reference":{"OTIO_SCHEMA":"ExternalReference.1","target_url":")" + media +
+           R"(","available_range":)" + rangeOf(0, 50) + "}}";
+}
+
+std::string markerOf(const std::string& name, int at) {
+    return R"({"OTIO_SCHEMA":"Marker.2","name":")" + name + R"(","color":"RED","marked_range":)" + rangeOf(at, 0) + '}';
+}
+
+std::string timelineOf(const std::string& markers, const std::string& clips) {
+    return R"({"OTIO_SCHEMA":"Timeline.1","name":"cut","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+           R"({"OTIO_SCHEMA":"Track.1","name":"v","kind":"Video","markers":[)" +
+           markers + R"(],"children":[)" + clips + "]}]}}";
+}
+
+TEST_F(Range, OfATimelineCanBeginAndEndWithItsMarkers) {
+    TestFiles::write(place / "cut.otio", QByteArray::fromStdString(timelineOf(
+                                             markerOf("Here", 10) + ',' + markerOf("There", 35), clipOf(clip))));
+    show();
+    open({QString::fromStdString(place / "cut.otio")});
+    EXPECT_EQ(offered("firstBox"), (QStringList{text("Start (0:00.000)"), text("Here (0:00.400)"),
+                                                text("There (0:01.400)"), text("End (0:02.000)")}));
+    pressButton('k', "markersButton");
+    find<QComboBox>("lastBox").setFocus();
+    key(Qt::Key_Home);
+    EXPECT_EQ(find<QLabel>("problemLabel").text(), text("The first marker must come before the ending one"));
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    find<QComboBox>("firstBox").setFocus();
+    key(Qt::Key_Down);
+    saveAs(place / "part.mp4");
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    const auto numbers = TestMedia::probe(place / "part.mp4").numbers();
+    ASSERT_EQ(numbers.size(), 25U);
+    EXPECT_EQ(numbers.front(), 10);
+}
+
+TEST_F(Range, WithMissingMediaIsBlackWhereThatIsWished) {
+    TestFiles::write(place / "cut.otio",
+                     QByteArray::fromStdString(timelineOf({}, clipOf(clip) + ',' + clipOf(place / "gone.mov"))));
+    show();
+    open({QString::fromStdString(place / "cut.otio")});
+    const QString message = find<QLabel>("messageLabel").text();
+    EXPECT_TRUE(message.contains(text("gone.mov"))) << message.toStdString();
+    EXPECT_FALSE(message.contains(text("--"))) << message.toStdString();
+    ASSERT_TRUE(find<QPushButton>("blackButton").isVisible());
+    find<QPushButton>("blackButton").click();
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("exportButton").isEnabled(); }));
+    EXPECT_FALSE(find<QPushButton>("blackButton").isVisible());
+    EXPECT_TRUE(find<QLabel>("messageLabel").text().contains(text("black")));
+    saveAs(place / "all.mp4");
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_TRUE(find<QLabel>("endReason").text().contains(text("Warning: ")))
+        << find<QLabel>("endReason").text().toStdString();
+    EXPECT_EQ(TestMedia::probe(place / "all.mp4").video->frames.size(), 100U);
+}
+
 } // namespace
 } // namespace TestDialog

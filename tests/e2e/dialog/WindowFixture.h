@@ -147,6 +147,23 @@ protected:
     bool waitForEnd() const {
         return waitUntil([this] { return find<QWidget>("endPage").isVisible(); });
     }
+    /// Texts of one line have room for it, those of several for all their lines.
+    void expectNothingClipped() const {
+        for (const QLabel* const label : window->findChildren<QLabel*>()) {
+            const bool shrinks = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+            if (!label->isVisible() || label->text().isEmpty() || shrinks || !label->pixmap(Qt::ReturnByValue).isNull())
+                continue;
+            const bool fits = label->wordWrap() ? label->height() + 1 >= label->heightForWidth(label->width())
+                                                : label->width() + 1 >= label->sizeHint().width();
+            EXPECT_TRUE(fits) << label->objectName().toStdString() << ": " << label->text().toStdString();
+        }
+        for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
+            const bool isShown = button->isVisible() && !button->objectName().startsWith(text("qt_"));
+            EXPECT_TRUE(!isShown || button->text().isEmpty() ||
+                        button->width() + 1 >= button->minimumSizeHint().width())
+                << button->objectName().toStdString();
+        }
+    }
     QString endTitle() const { return find<QLabel>("endTitle").text(); }
 
     const Dialog::Translations english{*qApp, QLocale(QLocale::English, QLocale::UnitedStates)};

@@ -10,6 +10,8 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QRadioButton>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QUrl>
 #include <csignal>
 
@@ -133,6 +135,88 @@ TEST_F(Window, ShowsBesideAPresetWhyItIsOfNoUse) {
     EXPECT_TRUE(canExport());
 }
 
+TEST_F(Window, KnowsWhatCustomSettingsMakePossible) {
+    TestMedia::FlashBeep media;
+    media.width = 160;
+    media.height = 90;
+    media.frames = 10;
+    TestMedia::makeFlashBeep(place / "small.mov", media);
+    show();
+    open({QString::fromStdString(place / "small.mov")});
+    choose(text("Editing"), text("dnxhr 1080"));
+    EXPECT_TRUE(problem().startsWith(text("This preset is not possible: DNxHD takes no side below")))
+        << problem().toStdString();
+    find<QGroupBox>("customGroup").setChecked(true);
+    find<QComboBox>("sizeBox").setEditText(text("1280x720"));
+    EXPECT_EQ(problem(), QString());
+    find<QGroupBox>("customGroup").setChecked(false);
+    EXPECT_NE(problem(), QString());
+    find<QCheckBox>("pictureCheck").setChecked(false);
+    EXPECT_EQ(problem(), QString()) << "what is not made needs no size";
+}
+
+TEST_F(Window, RemembersWhichOfEqualPresetsWasChosen) {
+    const QString folder = configuration.filePath(text("EditorExport"));
+    QDir().mkpath(folder);
+    const auto preset = [](const char* id) {
+        return QByteArray(R"({"id":")") + id + R"(","container":{"id":"wav"},"audio":{"codec":"pcm_s16le"}})";
+    };
+    TestFiles::write(folder.toStdString() + "/presets.json",
+                     R"({"version":1,"presets":[)" + preset("first") + ',' + preset("twin") + "]}");
+    for (const char* const chosen : {"twin", "first"}) {
+        show();
+        openClip();
+        choose(text("Own presets"), text(chosen));
+        saveAs(place / (std::string(chosen) + ".wav"));
+        press('q');
+        ASSERT_TRUE(waitUntil([&] { return find<QWidget>("jobPane").isVisible(); }));
+        window.reset();
+        show();
+        EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text(chosen));
+        window.reset();
+    }
+}
+
+TEST_F(Window, ShowsPathsInTipsAsTheyAre) {
+    const std::string odd = place / "Tom & <b>Jerry.mov";
+    TestFiles::write(odd, TestFiles::read(clip));
+    show();
+    open({QString::fromStdString(odd), QString::fromStdString(clip)});
+    const auto shown = [](const QString& tip) {
+        EXPECT_TRUE(Qt::mightBeRichText(tip)) << tip.toStdString();
+        return QTextDocumentFragment::fromHtml(tip).toPlainText();
+    };
+    EXPECT_EQ(shown(find<QLabel>("sourceName").toolTip()), QString::fromStdString(odd + '\n' + clip));
+    saveAs(place / "Tom & <b>Jerry.mp4");
+    press('q');
+    ASSERT_TRUE(waitUntil([&] { return find<QWidget>("jobPane").isVisible(); }));
+    const QAbstractItemModel& jobs = *find<QAbstractItemView>("jobView").model();
+    EXPECT_EQ(shown(jobs.index(0, 0).data(Qt::ToolTipRole).toString()),
+              QString::fromStdString(place / "Tom & <b>Jerry.mp4"));
+}
+
+TEST(Strip, GoesByFramesWhateverTheirRate) {
+    Dialog::RangeStrip strip;
+    for (const boost::rational<long long>& rate : {boost::rational<long long>(30000, 1001), {60}, {120}, {24}}) {
+        strip.setTimeline(KTime(10'007), rate, {});
+        strip.setRange({KTime(0), KTime(10'007)}, true);
+        const auto at = [&rate](int frame) { return ExportCore::TimePoint::ofFrames(frame).at(rate); };
+        for (int frame = 1; frame <= 50; ++frame) {
+            QTest::keyClick(&strip, Qt::Key_Right);
+            ASSERT_EQ(strip.range().start, at(frame)) << rate;
+        }
+        for (int frame = 49; frame >= 40; --frame) {
+            QTest::keyClick(&strip, Qt::Key_Left);
+            ASSERT_EQ(strip.range().start, at(frame)) << rate;
+        }
+        QTest::keyClick(&strip, Qt::Key_Down);
+        QTest::keyClick(&strip, Qt::Key_Left);
+        EXPECT_LT(strip.range().end, KTime(10'007));
+        EXPECT_GE(strip.range().end, KTime(10'007 - 42)) << "the last frame's beginning is nearer than a frame";
+        QTest::keyClick(&strip, Qt::Key_Down);
+    }
+}
+
 TEST_F(Window, GivesTheFileTheExtensionOfThePreset) {
     show();
     openClip();
@@ -171,7 +255,8 @@ TEST_F(Window, EstimatesSizeAndTellsTheRoom) {
         << estimate.text().toStdString();
     saveAs(place / "nowhere/film.mp4");
     ASSERT_TRUE(waitUntil([&] { return estimate.text().contains(text("The folder is not there")); }));
-    saveAs(clip);
+    TestFiles::write(place / "old.mp4", "old");
+    saveAs(place / "old.mp4");
     ASSERT_TRUE(waitUntil([&] { return estimate.text().contains(text("is there already")); }));
 }
 

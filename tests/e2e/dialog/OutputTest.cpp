@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the file is to be put, and what stands there.
+#include "WindowFixture.h"
+#include "dialog/Models/OutputLook.h"
+#include <QDir>
+#include <QFileDialog>
+#include <future>
+
+namespace TestDialog {
+namespace {
+
+using Dialog::OutputLook;
+using Dialog::OutputPlace;
+using Dialog::OutputState;
+
+class Output : public WindowTest {
+protected:
+    ~Output() override { answered.set_value(); }
+
+    QString problem() const { return find<QLabel>("problemLabel").text(); }
+    QString estimate() const { return find<QLabel>("estimateLabel").text(); }
+    bool canExport() const { return find<QPushButton>("exportButton").isEnabled(); }
+    /// The window's for an order, and the one for what is shown.
+    QList<OutputLook*> looks() const { return window->findChildren<OutputLook*>(); }
+    /// A folder that does not answer before the test ends.
+    void hang() const {
+        for (OutputLook* const look : looks())
+            look->setWay([answer = answer](const OutputPlace& asked) {
+                answer.wait();
+                OutputState state;
+                state.path = asked.path;
+                return state;
+            });
+    }
+
+private:
+    std::promise<void> answered;
+    const std::shared_future<void> answer{answered.get_future()};
+};
+
+TEST_F(Output, InAFolderThatDoesNotAnswerHoldsNobodyUp) {
+    show();
+    openClip();
+    saveAs(place / "film.mp4");
+    ASSERT_EQ(looks().size(), 2);
+    hang();
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return !canExport(); }));
+    EXPECT_EQ(problem(), text("Looking what stands at the file's place…"));
+    find<QLineEdit>("outputEdit").setText(QString::fromStdString(place / "other.mp4"));
+    EXPECT_TRUE(canExport()) << "another place is another order";
+    for (OutputLook* const look : looks())
+        look->setLimit(std::chrono::milliseconds(1));
+    press('x');
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_TRUE(question()->text().startsWith(text("The folder of “other.mp4” does not answer.")));
+    EXPECT_TRUE(canExport());
+    QTest::keyClick(question(), Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return estimate().contains(text("The folder does not answer")); }));
+    EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+    find<QPushButton>("browseButton").click();
+    const auto* const dialog = window->findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_NE(dialog->directory(), QDir(QString::fromStdString(place / ""))) << "it would wait for that";
+}
+
+TEST_F(Output, IsChosenFromWhereItIs) {
+    show();
+    openClip();
+    ASSERT_TRUE(waitUntil([&] { return estimate().contains(text(" free")); }));
+    find<QPushButton>("browseButton").click();
+    const auto* const dialog = window->findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->directory(), QDir(QString::fromStdString(place / "")));
+    EXPECT_EQ(dialog->selectedFiles(), QStringList(find<QLineEdit>("outputEdit").text()));
+}
+
+TEST_F(Output, IsLookedAtAgainOnceAnExportHasEnded) {
+    show();
+    openClip();
+    saveAs(place / "film.mp4");
+    ASSERT_TRUE(waitUntil([&] { return estimate().contains(text(" free")); }));
+    EXPECT_FALSE(estimate().contains(text("is there already")));
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_TRUE(waitUntil([&] { return estimate().contains(text("is there already")); }));
+}
+
+TEST_F(Output, IsNoneOfTheInputs) {
+    const std::string link = place / "link.mov";
+    ASSERT_TRUE(QFile::link(QString::fromStdString(clip), QString::fromStdString(link)));
+    show();
+    openClip();
+    choose(text("Editing"), text("prores 1080"));
+    saveAs(clip);
+    EXPECT_EQ(problem(), text("The file is what is exported; save it under another name"));
+    EXPECT_FALSE(canExport());
+    saveAs(place / "../" + QFileInfo(QString::fromStdString(place / "")).dir().dirName().toStdString() + "/clip.mov");
+    EXPECT_FALSE(canExport());
+    saveAs(link);
+    ASSERT_TRUE(waitUntil([&] { return estimate().contains(text("This is one of the inputs")); }));
+    press('x');
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(),
+              text("“link.mov” is one of the inputs, and stays. Save the export under another name."));
+    EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+}
+
+TEST_F(Output, IsWrittenWithItsFolder) {
+    show();
+    openClip();
+    saveAs("film.mp4");
+    EXPECT_EQ(problem(), text("Write the file with its whole folder, or choose it with “Save as”"));
+    saveAs("~/film.mp4");
+    EXPECT_EQ(find<QLineEdit>("outputEdit").text(), QDir::homePath() + text("/film.mp4"));
+    EXPECT_TRUE(canExport()) << problem().toStdString();
+}
+
+TEST_F(Output, OfAnotherKindNamesPresetsByTheirTitles) {
+    show();
+    openClip();
+    choose(text("MP4"), text("h.264 480"));
+    saveAs(place / "film.wav");
+    EXPECT_FALSE(problem().contains(text("mp4-h264"))) << problem().toStdString();
+    EXPECT_TRUE(problem().contains(text("MP4 (H.264 and AAC), up to 480p"))) << problem().toStdString();
+}
+
+} // namespace
+} // namespace TestDialog

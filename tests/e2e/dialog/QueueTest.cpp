@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Several exports, and what is asked about them.
+#include "WindowFixture.h"
+#include "dialog/Models/JobQueue.h"
+#include "dialog/Models/SourceMedia.h"
+#include "support/MediaProbe.h"
+#include <QSignalSpy>
+#include <QTreeView>
+#include <stdexcept>
+
+namespace TestDialog {
+namespace {
+
+class Queue : public WindowTest {
+protected:
+    QAbstractItemModel& jobs() const { return *find<QTreeView>("jobView").model(); }
+    QString state(int row) const { return jobs().index(row, Dialog::JobQueue::COLUMN_STATE).data().toString(); }
+    QStringList states() const {
+        QStringList all;
+        for (int row = 0; row < jobs().rowCount(); ++row)
+            all << state(row);
+        return all;
+    }
+    void select(int row) const { find<QTreeView>("jobView").setCurrentIndex(jobs().index(row, 0)); }
+    void click(const char* button) const {
+        ASSERT_TRUE(find<QPushButton>(button).isVisible()) << button;
+        find<QPushButton>(button).click();
+    }
+    void add(const std::string& path) const {
+        const int before = jobs().rowCount();
+        find<QLineEdit>("outputEdit").setText(QString::fromStdString(path));
+        find<QPushButton>("addButton").click();
+        ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == before + 1; }));
+    }
+    void startLong() {
+        openMuch();
+        saveAs(output);
+        press('x');
+        ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("stopButton").isVisible(); }));
+    }
+    void stopIt() const {
+        click("stopButton");
+        ASSERT_TRUE(waitForQuestion());
+        answer(QMessageBox::AcceptRole);
+        ASSERT_TRUE(waitForEnd());
+    }
+    QStringList names() const { return TestFiles::namesIn(place / ""); }
+
+    const std::string output = place / "film.mp4";
+};
+
+TEST_F(Queue, ThatHasEndedIsNoLongerAskedAbout) {
+    show();
+    openClip();
+    saveAs(output);
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("stopButton").isVisible(); }));
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_TRUE(waitUntil([&] { return !question(); })) << "nothing runs that could be stopped";
+    EXPECT_TRUE(window->isVisible()) << "how it ended is to be seen";
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(Queue, ThatWasNotStartedIsNotLostByClosing) {
+    show();
+    openClip();
+    add(place / "a.mp4");
+    add(place / "b.mp4");
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(), text("2 exports in the list were not started. Close without them?"));
+    answer(QMessageBox::RejectRole);
+    ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(states(), (QStringList{text("Waiting"), text("Waiting")}));
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    const QSignalSpy ended(window.get(), &Dialog::ExportWindow::ended);
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitUntil([&] { return !window->isVisible(); }));
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_EQ(names(), QStringList(text("clip.mov")));
+}
+
+TEST_F(Queue, SaysWhenWhatWaitsBegins) {
+    show();
+    openMuch();
+    add(place / "a.mp4");
+    EXPECT_EQ(find<QLabel>("waitLabel").text(), text("It begins when the queue is started."));
+    click("startButton");
+    EXPECT_EQ(find<QLabel>("waitLabel").text(), text("It begins when the exports before it have ended."));
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("stopButton").isVisible(); }));
+    add(place / "b.mp4");
+    select(1);
+    EXPECT_EQ(find<QLabel>("waitLabel").text(), text("It begins when the exports before it have ended."));
+    EXPECT_FALSE(find<QPushButton>("startButton").isVisible());
+}
+
+TEST_F(Queue, GoesOnAfterAFailure) {
+    show();
+    openClip();
+    add(place / "nowhere/a.mp4");
+    add(place / "b.mp4");
+    click("startButton");
+    ASSERT_TRUE(waitUntil([&] { return state(1) == text("Done"); }));
+    EXPECT_EQ(state(0), text("Failed"));
+    select(0);
+    EXPECT_EQ(endTitle(), text("The file cannot be written"));
+    select(1);
+    EXPECT_EQ(endTitle(), text("b.mp4 is done"));
+    EXPECT_EQ(names(), (QStringList{text("b.mp4"), text("clip.mov")}));
+}
+
+TEST_F(Queue, LosesWhatIsTakenOutOrRemoved) {
+    show();
+    openClip();
+    add(place / "a.mp4");
+    add(place / "b.mp4");
+    select(0);
+    click("cancelButton");
+    EXPECT_EQ(jobs().rowCount(), 1);
+    click("startButton");
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(endTitle(), text("b.mp4 is done"));
+    click("removeButton");
+    EXPECT_EQ(jobs().rowCount(), 0);
+    EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+    EXPECT_EQ(names(), (QStringList{text("b.mp4"), text("clip.mov")})) << "the file stays";
+}
+
+TEST_F(Queue, AsksBeforeTwoBecomeOneFile) {
+    TestFiles::write(place / "link", "");
+    QFile::remove(QString::fromStdString(place / "link"));
+    ASSERT_TRUE(QFile::link(QString::fromStdString(place / ""), QString::fromStdString(place / "link")));
+    show();
+    openClip();
+    add(place / "a.mp4");
+    for (const std::string& same : {place / "a.mp4", place / ".//a.mp4", place / "link/a.mp4"}) {
+        find<QLineEdit>("outputEdit").setText(QString::fromStdString(same));
+        press('q');
+        ASSERT_TRUE(waitForQuestion()) << same;
+        EXPECT_EQ(question()->text(), text("Another export in the list is to become “a.mp4” as well."));
+        answer(QMessageBox::RejectRole);
+        ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    }
+    EXPECT_EQ(jobs().rowCount(), 1);
+    press('q');
+    ASSERT_TRUE(waitForQuestion());
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == 2; }));
+    click("startButton");
+    ASSERT_TRUE(waitUntil([&] { return states() == QStringList({text("Done"), text("Done")}); }));
+}
+
+TEST_F(Queue, AsksBeforeItReplacesAFileInAnotherAttempt) {
+    TestFiles::write(output, "old");
+    show();
+    openMuch();
+    saveAs(output);
+    press('x');
+    ASSERT_TRUE(waitForQuestion());
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("stopButton").isVisible(); }));
+    stopIt();
+    TestFiles::write(output, "somebody's good work");
+    click("retryButton");
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_TRUE(question()->text().contains(text("“film.mp4” is there already"))) << question()->text().toStdString();
+    answer(QMessageBox::RejectRole);
+    ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    EXPECT_EQ(states(), QStringList(text("Stopped")));
+    EXPECT_EQ(TestFiles::read(output), "somebody's good work");
+}
+
+TEST_F(Queue, TriesAgainWhatWasStoppedOrHasFailed) {
+    show();
+    openClip();
+    saveAs(place / "later/film.mp4");
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_EQ(state(0), text("Failed"));
+    QDir().mkdir(QString::fromStdString(place / "later"));
+    saveAs(place / "another.mp4");
+    click("retryButton");
+    ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == 2 && state(1) == text("Done"); }));
+    EXPECT_EQ(endTitle(), text("film.mp4 is done"));
+    EXPECT_EQ(TestFiles::namesIn(place / "later"), QStringList(text("film.mp4")));
+}
+
+TEST_F(Queue, DoesNotEndForAFaultOfTheWindow) {
+    show();
+    startLong();
+    auto* const media = window->findChild<Dialog::SourceMedia*>();
+    ASSERT_NE(media, nullptr);
+    for (QObject* const part : {static_cast<QObject*>(&find<QLabel>("sourceName")), static_cast<QObject*>(media)}) {
+        QMetaObject::invokeMethod(
+            part, [] { throw std::runtime_error("The list is out of order"); }, Qt::QueuedConnection);
+        ASSERT_TRUE(waitForQuestion());
+        EXPECT_EQ(question()->text(), text("The list is out of order"));
+        EXPECT_EQ(state(0).contains(text("%")) || state(0) == text("Starting"), true) << state(0).toStdString();
+        QTest::keyClick(question(), Qt::Key_Escape);
+        ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    }
+    QMetaObject::invokeMethod(
+        qApp, [] { throw std::runtime_error("Whose is it?"); }, Qt::QueuedConnection);
+    ASSERT_TRUE(waitForEnd()) << "what nobody knows the cause of ends it";
+    EXPECT_TRUE(find<QLabel>("endReason").text().contains(text("Whose is it?")));
+}
+
+} // namespace
+} // namespace TestDialog
