@@ -411,6 +411,12 @@ std::optional<ExportCore::OutputEstimate> ExportForm::estimate() const {
                                           withSound ? &project.audio() : nullptr, length);
 }
 
+/// What is remembered already is not brought to the disk again, which may be busy with an export.
+void ExportForm::commit() {
+    if (Settings::lastUsedPresetGroup() != tag() || Settings::lastUsedPresetId() != chosenId)
+        provider->commit();
+}
+
 void ExportForm::retranslate() {
     provider->retranslate();
     list->refresh();

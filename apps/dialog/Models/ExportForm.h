@@ -100,7 +100,7 @@ public:
     /// Nothing where problem() tells why.
     std::optional<ExportCore::OutputEstimate> estimate() const;
     /// Remembers tag and preset for the next start.
-    void commit() { provider->commit(); }
+    void commit();
     void retranslate();
 
 Q_SIGNALS:

@@ -122,6 +122,8 @@ TEST_F(DesktopOfTheWindow, HearsOfAnExportThatEndsInTheBackground) {
     find<QPushButton>("folderButton").click();
     ASSERT_TRUE(waitUntil([&] { return !services->fileManager.shown.isEmpty(); }));
     EXPECT_TRUE(services->fileManager.shown.front().endsWith(text("/film.mp4")));
+    find<QWidget>("endPage").findChild<QPushButton*>(text("openButton"))->click();
+    EXPECT_EQ(opener.opened, QStringList(QString::fromStdString(place / "film.mp4")));
 }
 
 TEST_F(DesktopOfTheWindow, IsKeptAwakeHoweverTheExportBegins) {

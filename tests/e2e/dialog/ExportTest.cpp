@@ -133,7 +133,8 @@ TEST_F(WindowExport, ThatFailsSaysWhyAndWhatToDo) {
     EXPECT_TRUE(find<QLabel>("endReason").text().contains(QString::fromStdString(output)))
         << find<QLabel>("endReason").text().toStdString();
     EXPECT_TRUE(find<QLabel>("endAdvice").text().startsWith(text("Make room on the disk")));
-    EXPECT_FALSE(find<QPushButton>("openButton").isVisible() && find<QPushButton>("folderButton").isVisible());
+    EXPECT_FALSE(find<QWidget>("endPage").findChild<QPushButton*>(text("openButton"))->isVisible());
+    EXPECT_FALSE(find<QPushButton>("folderButton").isVisible());
     auto& details = find<QPlainTextEdit>("detailsEdit");
     EXPECT_FALSE(details.isVisible());
     QTest::keyClick(&find<QToolButton>("detailsButton"), Qt::Key_Space);
@@ -263,6 +264,27 @@ TEST_F(WindowExport, WithCustomSettingsHasThem) {
     EXPECT_EQ(film.video->height, 90);
     EXPECT_EQ(film.video->frames.size(), 25U);
     EXPECT_EQ(film.audio->channels, 1);
+    find<QPushButton>("resetButton").click();
+    saveAs(place / "reset.mp4");
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return endTitle() == text("reset.mp4 is done"); }));
+    EXPECT_EQ(TestMedia::probe(place / "reset.mp4").video->width, 320);
+}
+
+TEST_F(WindowExport, HasTheEndingThatIsChosen) {
+    show();
+    openClip();
+    choose(text("MP4"), text("h.264 480"));
+    press('n');
+    auto& endings = find<QComboBox>("brandingBox");
+    ASSERT_EQ(QApplication::focusWidget(), &endings);
+    key(Qt::Key_End);
+    EXPECT_EQ(endings.currentText(), text("Demo"));
+    saveAs(output);
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_EQ(endTitle(), text("film.mp4 is done"));
+    EXPECT_EQ(TestMedia::probe(output).video->frames.size(), 175U) << "five seconds more";
 }
 
 TEST_F(WindowExport, SaysWhatBecameOfItBeyondTheOrder) {

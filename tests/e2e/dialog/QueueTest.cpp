@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Several exports, and what is asked about them.
+#include "EditorProject/EditorProject.h"
 #include "WindowFixture.h"
 #include "dialog/Models/JobQueue.h"
-#include "dialog/Models/SourceMedia.h"
 #include "support/MediaProbe.h"
 #include <QSignalSpy>
 #include <QTreeView>
@@ -193,9 +193,9 @@ TEST_F(Queue, TriesAgainWhatWasStoppedOrHasFailed) {
 TEST_F(Queue, DoesNotEndForAFaultOfTheWindow) {
     show();
     startLong();
-    auto* const media = window->findChild<Dialog::SourceMedia*>();
-    ASSERT_NE(media, nullptr);
-    for (QObject* const part : {static_cast<QObject*>(&find<QLabel>("sourceName")), static_cast<QObject*>(media)}) {
+    auto* const project = window->findChild<EditorProject*>();
+    ASSERT_NE(project, nullptr) << "of the source that is shown";
+    for (QObject* const part : {static_cast<QObject*>(&find<QLabel>("sourceName")), static_cast<QObject*>(project)}) {
         QMetaObject::invokeMethod(
             part, [] { throw std::runtime_error("The list is out of order"); }, Qt::QueuedConnection);
         ASSERT_TRUE(waitForQuestion());
