@@ -97,6 +97,12 @@ def write_layers(folder):
     (folder / "layers.otio").write_text(timeline(tracks))
 
 
+def write_colours(folder):
+    """A second of high definition, which decides about the colours, and nine of standard definition, which become those."""
+    children = [clip("high.mp4", 0, 1, 1), clip("standard.mp4", 0, 9, 9)]
+    (folder / "colours.otio").write_text(timeline([track("Video", children), track("Audio", children)]))
+
+
 def mixed_parts():
     """The graphs of pictures and of sound."""
     parts, sound = [], []
@@ -113,6 +119,14 @@ def mixed_parts():
     return ";".join(parts), ";".join(sound)
 
 
+def colour_parts(exactly):
+    """As with the others. Colours by zimg, in the way that it takes unless told, or in the one that is exact and slow. ffmpeg's
+    `colorspace`, which has several threads, moves chroma."""
+    convert = f"zscale=matrix=709:primaries=709:transfer=709:chromal=left:agamma={0 if exactly else 1},format=yuv420p"
+    return (f"[1:v]scale=1280:720:flags=bicubic:{CHROMA},{convert},setsar=1,settb=1/{RATE}[v1];[0:v]settb=1/{RATE}[v0];"
+            "[v0][v1]concat=n=2[v]", "[0:a]atrim=duration=1[a0];[1:a]atrim=duration=9[a1];[a0][a1]concat=n=2:v=0:a=1[a]")
+
+
 LAYERS = (f"[1:v]scale=1920:1080:flags=bicubic:out_color_matrix=bt709:{CHROMA_OUT},format=yuva420p[o];[0:v][o]overlay,"
           "trim=duration=10[v]",
           "[0:a]atrim=duration=10[a]")
@@ -127,6 +141,11 @@ def media():
     wanted = {"two.mov": two, "titled.mov": [*two, "-metadata", f"title={TITLE.decode()}"],
               "layer.mov": ["-f", "lavfi", "-i", f"testsrc2=size=960x540:rate={RATE},format=rgba,colorchannelmixer=aa=0.5",
                             "-t", "10", "-c:v", "qtrle"]}
+    for name, size, seconds, space, transfer in (("high", "1280x720", 1, "bt709", "bt709"),
+                                                 ("standard", "1024x576", 9, "bt470bg", "smpte170m")):
+        wanted[f"{name}.mp4"] = ["-f", "lavfi", "-i", f"mandelbrot=size={size}:rate={RATE}:end_scale=0.01,noise=alls=6:allf=t",
+                                 "-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000", "-t", str(seconds), "-colorspace", space,
+                                 "-color_primaries", space, "-color_trc", transfer, *quick]
     for i, (size, rate) in enumerate(MIXED):
         wanted[f"mixed{i}.mp4"] = ["-f", "lavfi", "-i", f"testsrc2=size={size}:rate={rate}", "-f", "lavfi", "-i",
                                    f"sine=frequency={300 + 100 * i}:sample_rate=48000", "-t",
@@ -135,13 +154,13 @@ def media():
 
 
 WRITERS = {"clips.otio": [write_clips], "files.otio": [write_files], "mixed.otio": [write_mixed, write_melt],
-           "layers.otio": [write_layers]}
+           "layers.otio": [write_layers], "colours.otio": [write_colours]}
 
 
 def needed(name):
     """The media of a timeline; of everything else none."""
     return {"clips.otio": ["two.mov"], "files.otio": ["titled.mov"], "mixed.otio": [f"mixed{i}.mp4" for i in range(len(MIXED))],
-            "layers.otio": ["short.mp4", "layer.mov"]}.get(name, [])
+            "layers.otio": ["short.mp4", "layer.mov"], "colours.otio": ["high.mp4", "standard.mp4"]}.get(name, [])
 
 
 def write(folder, name):
@@ -149,19 +168,31 @@ def write(folder, name):
         writer(folder)
 
 
-def pictures(folder, name):
-    """ffmpeg's inputs, and a graph that makes the timeline's pictures [v] of them."""
+def graphs(name, exactly=False):
+    """ffmpeg's inputs, the graphs of pictures and of sound, and the length."""
+    if name == "layers":
+        return ["short.mp4", "layer.mov"], LAYERS, 10
+    if name == "colours":
+        return ["high.mp4", "standard.mp4"], colour_parts(exactly), 10
+    return [f"mixed{i}.mp4" for i in range(len(MIXED))], mixed_parts(), len(MIXED) * SECONDS_EACH
+
+
+def listed(folder, name):
+    return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")]
+
+
+def pictures(folder, name, exactly=False):
+    """ffmpeg's inputs, and a graph that makes the timeline's pictures [v] of them; `exactly` whatever time that takes."""
     if name in ("clips", "files"):
-        return ["-f", "concat", "-safe", "0", "-i", str(folder / f"{name}.txt")], "[0:v]null[v]"
-    names = ["short.mp4", "layer.mov"] if name == "layers" else [f"mixed{i}.mp4" for i in range(len(MIXED))]
-    return [part for one in names for part in ("-i", str(folder / one))], LAYERS[0] if name == "layers" else mixed_parts()[0]
+        return listed(folder, name), "[0:v]null[v]"
+    names, (graph, _), _ = graphs(name, exactly)
+    return [part for one in names for part in ("-i", str(folder / one))], graph
 
 
 def inputs(folder, name):
     """ffmpeg's, up to the encoder's options."""
-    files, graph = pictures(folder, name)
     if name in ("clips", "files"):
-        return files
-    sound = LAYERS[1] if name == "layers" else mixed_parts()[1]
-    length = 10 if name == "layers" else len(MIXED) * SECONDS_EACH
+        return listed(folder, name)
+    files, graph = pictures(folder, name)
+    _, (_, sound), length = graphs(name)
     return [*files, "-filter_complex", f"{graph};{sound}", "-map", "[v]", "-map", "[a]", "-t", str(length)]
