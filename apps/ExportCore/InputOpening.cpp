@@ -34,29 +34,57 @@ std::string InputOpening::step() const {
                                       : "Looking at \"" + request.outputPath.toStdString() + '"';
 }
 
+namespace {
+
+bool isUnfit(const ProcessingError& error) {
+    return error.GetCode() == TranscodingError::SourceNotFound || error.GetCode() == TranscodingError::SourceUnreadable;
+}
+
+/// Of files that can be read; empty where all of them are media.
+std::string whyNoMedia(const std::vector<Kestra::ioPath>& files, const ExportRequest& request,
+                       const std::atomic<bool>& interrupted) {
+    try {
+        if (!files.empty() && !TimelineOpening::isTimeline(files.front().ToUtf8()))
+            Render::Sequence::ofFiles(
+                files, &interrupted, request.mediaLimits, [](std::size_t) {}, request.tracks.choice);
+        return {};
+    } catch (...) {
+        const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
+        return isUnfit(error) ? error.GetDescription() : std::string();
+    }
+}
+
+} // namespace
+
 /// What is wrong with any of them is told at once.
-std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const QStringList& inputs) {
+std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const ExportRequest& request,
+                                                        const std::atomic<bool>& interrupted) {
     std::vector<Kestra::ioPath> paths;
     std::vector<std::string> refusals;
-    for (const QString& input : inputs) {
+    std::vector<Kestra::ioPath> others;
+    for (const QString& input : request.inputs) {
         opened.at = static_cast<int>(paths.size());
         try {
             RequestCheck::inputs(QStringList(input));
+            others.emplace_back(input.toStdString());
         } catch (const Refusal& refusal) {
             refusals.emplace_back(refusal.what());
         }
         paths.emplace_back(input.toStdString());
     }
     opened.at = static_cast<int>(paths.size());
-    if (!refusals.empty())
+    if (!refusals.empty()) {
+        if (const std::string more = whyNoMedia(others, request, interrupted); !more.empty())
+            refusals.push_back(more);
         KESTRA_THROW(Refusal(NameList::joined(refusals, "; ", "; ")));
-    RequestCheck::inputs(inputs); // their number
+    }
+    RequestCheck::inputs(request.inputs); // their number
     return paths;
 }
 
 void InputOpening::open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                         const std::atomic<bool>& interrupted) {
-    const std::vector<Kestra::ioPath> paths = requireInputs(opened, request.inputs);
+    const std::vector<Kestra::ioPath> paths = requireInputs(opened, request, interrupted);
     if (preset)
         RequestCheck::outputIsFit(request, *preset);
     try {
@@ -65,9 +93,7 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const std:
         openFiles(opened, paths, request, preset, interrupted);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
-        const bool unfit = error.GetCode() == TranscodingError::SourceNotFound ||
-                           error.GetCode() == TranscodingError::SourceUnreadable;
-        if (unfit)
+        if (isUnfit(error))
             KESTRA_THROW(Refusal(error.GetDescription()));
         throw;
     }

@@ -40,7 +40,8 @@ private:
     /// Without a preset there is no output yet.
     InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
                  const std::optional<Preset>& preset, QObject* parent);
-    static std::vector<Kestra::ioPath> requireInputs(Opened& opened, const QStringList& inputs);
+    static std::vector<Kestra::ioPath> requireInputs(Opened& opened, const ExportRequest& request,
+                                                     const std::atomic<bool>& interrupted);
     static void openTimeline(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                              const std::atomic<bool>& interrupted);
     static void openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,

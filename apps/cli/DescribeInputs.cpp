@@ -62,27 +62,43 @@ void printJson(const QJsonArray& media, const QJsonArray& timelines) {
     std::printf("%s\n", jsonLine(object).c_str());
 }
 
+/// Runs it for each input, whatever becomes of those before. False when one was refused, which is told.
+template <class Step>
+bool forEach(const Options& options, const std::atomic<bool>& interrupted, const Step& step) {
+    bool isGood = true;
+    for (const std::string& input : options.inputs)
+        try {
+            if (interrupted)
+                return isGood;
+            step(input);
+        } catch (const std::exception& error) {
+            ErrorOutput::refuse(error.what(), input);
+            isGood = false;
+        }
+    return isGood;
+}
+
 } // namespace
 
 int describeInputs(const Options& options, const std::atomic<bool>& interrupted) {
-    bool isGood = true;
+    using ExportCore::TimelineOpening;
+    const auto look = [](const std::string& input) {
+        if (!TimelineOpening::isTimeline(input))
+            ExportCore::RequestCheck::inputs({text(input)});
+    };
+    if (!forEach(options, interrupted, look))
+        return EXIT_BAD_INPUT;
+    bool areRight = true;
     QJsonArray media, timelines;
-    for (const bool onlyLook : {true, false})
-        for (const std::string& input : options.inputs)
-            try {
-                if (onlyLook && !ExportCore::TimelineOpening::isTimeline(input))
-                    ExportCore::RequestCheck::inputs({text(input)});
-                else if (!onlyLook && ExportCore::TimelineOpening::isTimeline(input))
-                    isGood = describeTimelineInput(input, options, interrupted, timelines) && isGood;
-                else if (!onlyLook)
-                    describeMedia(input, options, interrupted, media);
-            } catch (const std::exception& error) {
-                ErrorOutput::refuse(error.what(), input);
-                return EXIT_BAD_INPUT;
-            }
-    if (options.json)
+    const bool isWhole = forEach(options, interrupted, [&](const std::string& input) {
+        if (TimelineOpening::isTimeline(input))
+            areRight = describeTimelineInput(input, options, interrupted, timelines) && areRight;
+        else
+            describeMedia(input, options, interrupted, media);
+    });
+    if (options.json && isWhole)
         printJson(media, timelines);
-    return isGood ? EXIT_DONE : EXIT_BAD_INPUT;
+    return isWhole && areRight ? EXIT_DONE : EXIT_BAD_INPUT;
 }
 
 } // namespace Cli

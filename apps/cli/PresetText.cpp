@@ -27,6 +27,20 @@ std::vector<std::string> markedTags(const Preset& preset, const PresetCatalogue&
     return tags;
 }
 
+/// " [web*]": what it is the default of; empty where it is none.
+std::string defaultMarks(const Preset& preset, const PresetCatalogue& catalogue) {
+    std::vector<std::string> defaults;
+    for (const std::string& tag : markedTags(preset, catalogue))
+        if (tag.back() == '*')
+            defaults.push_back(tag);
+    return defaults.empty() ? std::string() : " [" + NameList::joined(defaults) + ']';
+}
+
+/// Letters count.
+std::string cut(const std::string& text, std::size_t columns) {
+    return text.size() > columns ? QString::fromStdString(text).left(static_cast<int>(columns)).toStdString() : text;
+}
+
 /// With as many places as it has, two at most.
 std::string numberText(double number) {
     char text[32];
@@ -157,16 +171,15 @@ std::string PresetText::line(const Preset& preset, const PresetCatalogue& catalo
     std::string text = preset.id();
     text.resize(std::max(idWidth, text.size()), ' ');
     text += ' ' + preset.title();
-    const std::vector<std::string> qualities = catalogue.qualitiesOf(preset.id());
     const std::string tags = " [" + NameList::joined(markedTags(preset, catalogue)) + ']';
+    if (text.size() + tags.size() > columns) {
+        const std::string defaults = defaultMarks(preset, catalogue);
+        return cut(cut(text, columns - std::min(columns, defaults.size())) + defaults, columns);
+    }
+    const std::vector<std::string> qualities = catalogue.qualitiesOf(preset.id());
     const std::string quality =
         qualities.empty() ? std::string() : ", quality " + NameList::joined(qualities, "|", "|");
-    for (const std::string& more : {tags, quality}) {
-        if (text.size() + more.size() > columns)
-            break;
-        text += more;
-    }
-    return text.size() > columns ? QString::fromStdString(text).left(static_cast<int>(columns)).toStdString() : text;
+    return text + tags + (text.size() + tags.size() + quality.size() > columns ? std::string() : quality);
 }
 
 std::string PresetText::whole(const Preset& preset, const PresetCatalogue& catalogue) {

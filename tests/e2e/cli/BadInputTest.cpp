@@ -156,6 +156,7 @@ TEST_F(BadInput, AllOfItIsToldAtOnce) {
     const std::string other = sources / "other.mov";
     TestFiles::write(other, "Nor is this.");
     expectRefused(command(text, {clip, other}), 2, {"text.mov", "; ", "other.mov"});
+    expectRefused(command(text, {clip, gone}), 2, {"text.mov", "; ", "gone.mov"});
 }
 
 TEST_F(BadInput, PointsInvertedOrOutside) {

@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <QHash>
 #include <QJsonArray>
@@ -243,6 +244,22 @@ TEST(Commands, InfoTellsWhatMediaHold) {
               QStringLiteral("30000/1001"));
     EXPECT_EQ(json.value(QStringLiteral("audio")).toObject().value(QStringLiteral("sampleRate")).toInt(), 48000);
     EXPECT_EQ(json.value(QStringLiteral("durationMs")).toInt(), 2002);
+}
+
+TEST(Commands, InfoTellsAllThatIsWrongAndWhatIsNot) {
+    const TestMedia::Folder folder;
+    TestMedia::FlashBeep media;
+    media.frames = 5;
+    TestMedia::makeFlashBeep(folder / "clip.mov", media);
+    for (const char* const file : {"a.mov", "b.mov"})
+        TestFiles::write(folder / file, "This is no film, and it is not meant to be one.");
+    const Result broken = run({"info", folder / "a.mov", folder / "clip.mov", folder / "b.mov"});
+    EXPECT_EQ(broken.code, 2);
+    EXPECT_EQ(broken.errorLines().size(), 2) << broken.errors.toStdString();
+    EXPECT_TRUE(broken.output.contains(QStringLiteral("clip.mov"))) << broken.output.toStdString();
+    const Result missing = run({"info", folder / "no", folder / "clip.mov", folder / "nor"});
+    EXPECT_EQ(missing.code, 2);
+    EXPECT_EQ(missing.errorLines().size(), 2) << missing.errors.toStdString();
 }
 
 TEST(Commands, InfoOnWhatIsNoMediaIsBadInput) {

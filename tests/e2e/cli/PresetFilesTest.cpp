@@ -107,6 +107,30 @@ TEST_F(PresetFiles, ThatWentWrongLaterAreNamedAsTheyAreCalled) {
     EXPECT_EQ(TestFiles::namesIn(place / "config/EditorExport"), QStringList(name("presets.json")));
 }
 
+TEST_F(PresetFiles, OfOnesOwnThatAreBrokenAreLeftOutWithAWarning) {
+    const std::string own = place / "config/EditorExport";
+    ASSERT_TRUE(QDir().mkpath(QString::fromStdString(own)));
+    TestFiles::write(own + "/presets.json", "nonsense");
+    const Result listed = presets({});
+    EXPECT_EQ(listed.code, 0);
+    EXPECT_TRUE(listed.output.contains(name("mp4-h264-1080p")));
+    EXPECT_TRUE(listed.errors.contains(QString::fromStdString(own))) << listed.errors.toStdString();
+    const QJsonObject object = QJsonDocument::fromJson(presets({"--json"}).output.toUtf8()).object();
+    EXPECT_EQ(object.value(name("warnings")).toArray().size(), 1);
+    writeOwn("mine", 128000);
+    EXPECT_EQ(presets({"import", file}).code, 2) << "what is there is not lost";
+    EXPECT_EQ(TestFiles::read(own + "/presets.json"), "nonsense");
+}
+
+TEST_F(PresetFiles, AreRefusedWhereTheirPlaceCannotBeWritten) {
+    writeOwn("mine", 128000);
+    Program program({"presets", "import", file});
+    program.setEnvironment("XDG_CONFIG_HOME", "/proc/config");
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(name("Cannot make the folder"))) << result.errors.toStdString();
+}
+
 TEST_F(PresetFiles, AreWrittenOverFilesAlone) {
     ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
     const Result result = presets({"export", "mp3", "-o", file, "-y"});
