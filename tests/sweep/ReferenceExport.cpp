@@ -26,6 +26,11 @@ std::string madeClip(const std::string& path, int frames) {
     return path;
 }
 
+std::string withThreeSounds(const std::string& clip, const std::string& path) {
+    TestMedia::runFfmpeg({"-i", clip, "-map", "0", "-map", "0:a", "-map", "0:a", "-c", "copy", path});
+    return path;
+}
+
 } // namespace
 
 const std::vector<Reference>& references() {
@@ -48,18 +53,21 @@ const std::vector<Reference>& references() {
          2,
          true,
          true},
+        {"three sounds", "mov-h264-1080p", "", {"size=64x36", "frame-rate=5"}, 1, false, true, {}, true},
     };
     return all;
 }
 
 std::string shortNameOf(int reference) {
-    constexpr const char* names[] = {"OnePassWithOutro", "TwoPasses", "SoundAlone", "SoundInChunks", "HalfAFirstPass"};
+    constexpr const char* names[] = {"OnePassWithOutro", "TwoPasses",      "SoundAlone",
+                                     "SoundInChunks",    "HalfAFirstPass", "ThreeSounds"};
     return names[reference];
 }
 
 Place::Place()
     : clip(madeClip(media / "clip.mov", 10))
     , longClip(madeClip(media / "long.mov", 20))
+    , soundsClip(withThreeSounds(clip, media / "sounds.mov"))
     , output(folder / "film") {
     restore();
 }
@@ -72,7 +80,9 @@ void Place::restore() const {
 
 ExportCore::ExportRequest Place::request(const Reference& reference) const {
     ExportCore::ExportRequest request;
-    request.inputs << QString::fromStdString(reference.isLong ? longClip : clip);
+    request.inputs << QString::fromStdString(reference.hasAllSounds ? soundsClip : reference.isLong ? longClip : clip);
+    if (reference.hasAllSounds)
+        request.tracks.sound = ExportCore::TrackOptions::Sound::All;
     request.presetId = reference.preset;
     request.brandingName = QString::fromUtf8(reference.branding);
     request.settings = reference.settings;

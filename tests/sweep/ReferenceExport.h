@@ -19,10 +19,11 @@ struct Reference {
     bool isLong = false;    ///< twice as long
     bool isVariant = false; ///< of another one: what that has in common with it is looked at in the long form alone
     Kestra::Fakes::SoundChunks chunks{}; ///< for a CountedEngine
+    bool hasAllSounds = false;           ///< of three tracks
 };
 
 /// One pass with an outro, two passes, sound alone: ten pictures of 64x36, or two seconds of sound. Then sound in four
-/// chunks on two threads, and two passes whose first one looks at halves.
+/// chunks on two threads, and two passes whose first one looks at halves, and three tracks of sound.
 const std::vector<Reference>& references();
 /// For the names of tests: "OnePassWithOutro".
 std::string shortNameOf(int reference);
@@ -44,6 +45,7 @@ private:
 public:
     const std::string clip;
     const std::string longClip;
+    const std::string soundsClip; ///< with three tracks of sound
     const std::string output;
 };
 

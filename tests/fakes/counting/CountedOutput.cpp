@@ -46,6 +46,14 @@ void CountedPacketSource::Reset() {
     inner->Reset();
 }
 
+std::vector<boost::intrusive_ptr<Proc::IPacketSource>> CountedPacketSource::GetFurtherTracks() const {
+    Call("GetFurtherTracks");
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> tracks;
+    for (const auto& track : inner->GetFurtherTracks())
+        tracks.emplace_back(new CountedPacketSource(track, counter, name));
+    return tracks;
+}
+
 std::string CountedPacketSource::Describe() const {
     Call("Describe");
     return inner->Describe();

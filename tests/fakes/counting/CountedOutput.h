@@ -22,6 +22,8 @@ public:
     void Interrupt() override { inner->Interrupt(); }
     void Reset() override;
     std::string Describe() const override;
+    /// Counted under the same name.
+    std::vector<boost::intrusive_ptr<Proc::IPacketSource>> GetFurtherTracks() const override;
 
 private:
     void Call(const char* method) const { counter->Call(name + '.' + method); }

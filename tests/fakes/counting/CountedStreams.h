@@ -129,6 +129,13 @@ public:
         Call("GetAudioFormat");
         inner->GetAudioFormat(format);
     }
+    std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> GetFurtherTracks() const override {
+        Call("GetFurtherTracks");
+        std::vector<boost::intrusive_ptr<Proc::IStreamAudio>> tracks;
+        for (const auto& track : inner->GetFurtherTracks())
+            tracks.emplace_back(new CountedAudio(track, counter, name));
+        return tracks;
+    }
 };
 
 } // namespace Kestra::Fakes

@@ -243,7 +243,7 @@ TEST(SweepReferences, LookAtHalvesInAFirstPass) {
     EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(References, FaultSweep, ::testing::Range(0, 5),
+INSTANTIATE_TEST_SUITE_P(References, FaultSweep, ::testing::Range(0, 6),
                          [](const auto& testCase) { return Sweep::shortNameOf(testCase.param); });
 
 } // namespace

@@ -265,7 +265,7 @@ TEST_P(StopSweep, DestroyedAnywhereTheJobLeavesTheOldFileOrTheNewOne) {
     sweep([this](auto&&... of) { return job(of...); }, Act::Destroy, count());
 }
 
-INSTANTIATE_TEST_SUITE_P(References, StopSweep, ::testing::Range(0, 5),
+INSTANTIATE_TEST_SUITE_P(References, StopSweep, ::testing::Range(0, 6),
                          [](const auto& testCase) { return Sweep::shortNameOf(testCase.param); });
 
 } // namespace
