@@ -183,6 +183,18 @@ TEST_F(ManyJobs, OnlyTheOneWhoseStartThrewIsToldOfThat) {
         EXPECT_EQ(runs[number]->outcome.error.GetDescription().find("whichever"), std::string::npos);
 }
 
+TEST_F(ManyJobs, AFailureInAnEventOfAJobOrOfItsChildIsThatJobsAlone) {
+    for (const int number : {2, 4, 6})
+        start(number);
+    for (QObject* const receiver : {static_cast<QObject*>(runs[4]->job.get()), new QObject(runs[6]->job.get())})
+        for (const int number : {2, 4, 6})
+            runs[number]->job->failInEventLoop(std::make_exception_ptr(std::runtime_error("a slot broke")), receiver);
+    expectDone(2);
+    EXPECT_TRUE(waitUntil([this] { return runs[4]->ended && runs[6]->ended; }));
+    for (const int number : {4, 6})
+        EXPECT_EQ(runs[number]->outcome.error.GetDescription(), "a slot broke");
+}
+
 TEST_F(ManyJobs, AFailureThatNobodyCanTellTheOwnerOfIsToldToAllWithThatWord) {
     start(2);
     start(4);
