@@ -1769,6 +1769,26 @@
             <translation>etwa %1</translation>
         </message>
         <message>
+            <source>The first pass looks at whole pictures in place of halves: %1</source>
+            <translation>Der erste Durchgang sieht sich ganze Bilder statt halber an: %1</translation>
+        </message>
+        <message>
+            <source>a side of the picture has less than %1 pixels</source>
+            <translation>eine Seite des Bildes hat weniger als %1 Pixel</translation>
+        </message>
+        <message>
+            <source>nobody knows how long the film is</source>
+            <translation>niemand weiß, wie lang der Film ist</translation>
+        </message>
+        <message>
+            <source>the film is shorter than %1 seconds</source>
+            <translation>der Film ist kürzer als %1 Sekunden</translation>
+        </message>
+        <message>
+            <source>%1 with its options takes no statistics of smaller ones</source>
+            <translation>%1 nimmt mit seinen Optionen keine Statistik kleinerer Bilder</translation>
+        </message>
+        <message>
             <source>%1 language is left out: the inputs' differ</source>
             <translation>Die Sprache %1 wird weggelassen: Die der Quellen sind verschieden</translation>
         </message>

@@ -1769,6 +1769,26 @@
             <translation>aproximadamente %1</translation>
         </message>
         <message>
+            <source>The first pass looks at whole pictures in place of halves: %1</source>
+            <translation>La primera pasada examina imágenes enteras en lugar de mitades: %1</translation>
+        </message>
+        <message>
+            <source>a side of the picture has less than %1 pixels</source>
+            <translation>un lado de la imagen tiene menos de %1 píxeles</translation>
+        </message>
+        <message>
+            <source>nobody knows how long the film is</source>
+            <translation>no se sabe cuánto dura la película</translation>
+        </message>
+        <message>
+            <source>the film is shorter than %1 seconds</source>
+            <translation>la película dura menos de %1 segundos</translation>
+        </message>
+        <message>
+            <source>%1 with its options takes no statistics of smaller ones</source>
+            <translation>%1 con sus opciones no acepta estadísticas de imágenes más pequeñas</translation>
+        </message>
+        <message>
             <source>%1 language is left out: the inputs' differ</source>
             <translation>Se omite el idioma %1: los de las entradas difieren</translation>
         </message>

@@ -1760,6 +1760,26 @@
             <translation>約 %1</translation>
         </message>
         <message>
+            <source>The first pass looks at whole pictures in place of halves: %1</source>
+            <translation>1 回目のパスは半分のサイズではなく全体の画像を調べます: %1</translation>
+        </message>
+        <message>
+            <source>a side of the picture has less than %1 pixels</source>
+            <translation>画像の一辺が %1 ピクセル未満です</translation>
+        </message>
+        <message>
+            <source>nobody knows how long the film is</source>
+            <translation>映像の長さが分かりません</translation>
+        </message>
+        <message>
+            <source>the film is shorter than %1 seconds</source>
+            <translation>映像が %1 秒より短いです</translation>
+        </message>
+        <message>
+            <source>%1 with its options takes no statistics of smaller ones</source>
+            <translation>%1 は現在のオプションでは小さい画像の統計を使えません</translation>
+        </message>
+        <message>
             <source>%1 language is left out: the inputs' differ</source>
             <translation>%1の言語は省略されます。入力ごとに異なります</translation>
         </message>

@@ -1760,6 +1760,26 @@
             <translation>大约 %1</translation>
         </message>
         <message>
+            <source>The first pass looks at whole pictures in place of halves: %1</source>
+            <translation>第一遍分析的是完整画面而不是一半大小的画面：%1</translation>
+        </message>
+        <message>
+            <source>a side of the picture has less than %1 pixels</source>
+            <translation>画面有一边不足 %1 像素</translation>
+        </message>
+        <message>
+            <source>nobody knows how long the film is</source>
+            <translation>影片长度未知</translation>
+        </message>
+        <message>
+            <source>the film is shorter than %1 seconds</source>
+            <translation>影片短于 %1 秒</translation>
+        </message>
+        <message>
+            <source>%1 with its options takes no statistics of smaller ones</source>
+            <translation>%1 在当前选项下不接受较小画面的统计数据</translation>
+        </message>
+        <message>
             <source>%1 language is left out: the inputs' differ</source>
             <translation>%1语言被省略：各输入不同</translation>
         </message>

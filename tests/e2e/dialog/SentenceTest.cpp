@@ -32,6 +32,16 @@ TEST_F(Sentences, MayBeSeveral) {
               text("„a.mov“: weggelassen: 2 Tonspuren (2, eng; 3), 1 Kapitel, Angaben"));
 }
 
+TEST_F(Sentences, SayWhyAFirstPassIsWhole) {
+    EXPECT_EQ(german("The first pass looks at whole pictures in place of halves: the film is shorter than 4 seconds"),
+              text("Der erste Durchgang sieht sich ganze Bilder statt halber an: der Film ist kürzer als 4 Sekunden"));
+    EXPECT_EQ(
+        german("The first pass looks at whole pictures in place of halves: libx264 with its options takes no "
+               "statistics of smaller ones"),
+        text("Der erste Durchgang sieht sich ganze Bilder statt halber an: libx264 nimmt mit seinen Optionen keine "
+             "Statistik kleinerer Bilder"));
+}
+
 TEST_F(Sentences, ThatNobodyKnowsStayAsTheyAre) {
     EXPECT_EQ(german("Something new has happened, size and all"), text("Something new has happened, size and all"));
     EXPECT_EQ(german("Cannot read \"a\": something new"), text("„a“ lässt sich nicht lesen: something new"));
