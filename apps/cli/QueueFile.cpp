@@ -16,7 +16,6 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <map>
-#include <set>
 #include <sys/file.h>
 #include <variant>
 
@@ -225,6 +224,15 @@ QJsonArray factsOfInputs(const Options& options) {
     return facts;
 }
 
+/// Where it writes.
+std::vector<std::string> placesOf(const Options& options) {
+    std::vector<std::string> places;
+    for (const std::string* path : {&options.output, &options.report})
+        if (!path->empty())
+            places.push_back(placeOf(*path));
+    return places;
+}
+
 const char* const INPUTS = "inputs";
 
 } // namespace
@@ -268,19 +276,14 @@ void QueueFile::readState() {
     }
 }
 
-std::size_t QueueFile::sharesFileWith(std::size_t index) const {
-    const auto filesOf = [](const Job& job) {
-        std::set<std::string> places;
-        for (const std::string* path : {&job.options.output, &job.options.report})
-            if (!path->empty())
-                places.insert(placeOf(*path));
-        return places;
-    };
-    const std::set<std::string> own = filesOf(all[index]);
-    for (std::size_t before = 0; before < index; ++before)
-        for (const std::string& place : filesOf(all[before]))
-            if (own.count(place) != 0)
-                return before + 1;
+std::size_t QueueFile::sharesFileWith(std::size_t index) {
+    if (writers.empty())
+        for (std::size_t job = 0; job < all.size(); ++job)
+            for (const std::string& place : placesOf(all[job].options))
+                writers.emplace(place, job); // the first one stays
+    for (const std::string& place : placesOf(all[index].options))
+        if (const auto writer = writers.find(place); writer != writers.end() && writer->second < index)
+            return writer->second + 1;
     return 0;
 }
 

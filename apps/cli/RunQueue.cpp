@@ -23,7 +23,7 @@ Options optionsOf(const QueueFile::Job& job, const Options& queue) {
     return options;
 }
 
-void requireFilesOfItsOwn(const QueueFile& queue, std::size_t index) {
+void requireFilesOfItsOwn(QueueFile& queue, std::size_t index) {
     if (const std::size_t other = queue.sharesFileWith(index); other != 0)
         KESTRA_THROW(ExportCore::Refusal("Job " + std::to_string(index + 1) + " writes a file that job " +
                                          std::to_string(other) + " writes, too; give it another name"));
