@@ -320,6 +320,18 @@ TEST_F(SeveralJobs, OfAQueueTakeWhatTheSchemaTakes) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(name("jobs.json")));
 }
 
+TEST_F(SeveralJobs, OfAQueueHaveLimitsOfTheirOwn) {
+    QJsonObject large = job("one.mov");
+    large.insert(name("max-picture"), 2000);
+    writeQueue({large, job("two.mov")});
+    Program program({"queue", queue});
+    program.setEnvironment("LD_PRELOAD", LIMIT_SHIM);
+    program.setEnvironment("LIMIT_SHIM_FILE", place / "limits");
+    EXPECT_EQ(program.run().code, 0);
+    const QByteArray usual = QByteArray::number(1 << 30) + '\n', larger = QByteArray::number(2 * (2000LL << 20)) + '\n';
+    EXPECT_EQ(TestFiles::read(place / "limits"), usual + larger + usual) << "the queue's own, and each job's";
+}
+
 TEST_F(SeveralJobs, AreNotWhatTheLogIsKeptIn) {
     const std::string clip = place / "clip.mov";
     ASSERT_TRUE(QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(clip)));
