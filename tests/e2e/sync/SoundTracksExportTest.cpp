@@ -205,6 +205,15 @@ TEST_F(SoundTracksExport, MixesATrackOfMoreChannelsAndSaysSo) {
         EXPECT_EQ(stream.kind == Kind::Audio ? stream.channels : 2, 2);
 }
 
+TEST_F(SoundTracksExport, TakesNeitherRateNorBitsFromATrackBehindALesserOne) {
+    makeFilm("better.mkv", {440, 660}, {"-ar:a:0", "32000", "-c:a:1", "pcm_s24le"});
+    const ExportOutcome outcome = done(all({"better.mkv"}, "mkv-ffv1-flac", "best.mkv"));
+    EXPECT_EQ(notesOf(outcome), "");
+    for (const auto& stream : outcome.facts.streams)
+        EXPECT_EQ(stream.kind == Kind::Audio ? stream.sampleRate : RATE, RATE);
+    EXPECT_EQ(heard(1), given("better.mkv", 1));
+}
+
 TEST_F(SoundTracksExport, IsPlannedWithEachTrackAndItsBytes) {
     ExportRequest request = all({"film.mkv"}, "mp4-h264-480p", "plan.mp4");
     request.dryRun = true;

@@ -112,6 +112,15 @@ std::vector<Source> heardIn(const Render::Sequence& sequence, const Types::Range
     return Render::mediaHeard(sequence, windowOf(sequence, range), SampleGrid(DEFAULT_SAMPLE_RATE));
 }
 
+/// Of further sounds, too.
+std::vector<Source> heardInAny(const Render::Sequence& sequence, const Types::Range& range) {
+    std::vector<Source> media = heardIn(sequence, range);
+    for (const Render::Sequence& further : sequence.furtherSounds)
+        for (const Source& source : heardIn(further, range))
+            media.push_back(source);
+    return media;
+}
+
 } // namespace
 
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range) {
@@ -138,11 +147,14 @@ Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range&
     if (!found)
         return audio;
     const Proc::AudioTrackInfo& track = *found->GetInfo().audio;
-    if (const auto depth = Render::SampleDepth::of(media); depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
+    if (const auto depth = Render::SampleDepth::of(heardInAny(sequence, range));
+        depth.format != Conf::SAMPLE_FORMAT_UNKNOWN)
         audio.sampleFormat = depth.format;
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;
     audio.channelLayout = track.channelLayout;
+    for (const Render::Sequence& further : sequence.furtherSounds)
+        audio.sampleRate = std::max(audio.sampleRate, describeAudio(further, range).sampleRate);
     return audio;
 }
 

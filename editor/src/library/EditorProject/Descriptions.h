@@ -13,7 +13,8 @@ namespace Project {
 /// all of it.
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range = {});
 /// Rate and layout of the first clip with sound in the range, or else outside it, and the SampleDepth of all in the
-/// range; 48000 Hz stereo when there is none.
+/// range; 48000 Hz stereo when there is none. With further sounds the highest of their rates, and the depth of them
+/// all.
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});
 
 } // namespace Project
