@@ -11,6 +11,7 @@ namespace {
 /// ", 2 failed (number 3 and 5)"; empty where there are none.
 std::string numbersOf(const std::vector<std::size_t>& jobs, const char* what) {
     std::vector<std::string> numbers;
+    numbers.reserve(jobs.size());
     for (const std::size_t number : jobs)
         numbers.push_back(std::to_string(number));
     return jobs.empty() ? std::string()

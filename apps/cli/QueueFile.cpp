@@ -89,7 +89,8 @@ std::vector<std::string> textsOf(const QJsonValue& value) {
     std::vector<std::string> texts;
     if (!value.isArray())
         return {textOf(value)};
-    for (const QJsonValue& one : value.toArray())
+    const QJsonArray array = value.toArray();
+    for (const QJsonValue& one : array)
         texts.push_back(textOf(one));
     return texts;
 }
@@ -107,8 +108,9 @@ void addWords(const std::string& name, const QJsonValue& value, std::vector<std:
             words.push_back("--" + name);
         return;
     }
+    const std::string option = "--" + name + '=';
     for (const std::string& text : textsOf(value))
-        words.push_back("--" + name + '=' + text);
+        words.push_back(option + text);
 }
 
 std::vector<std::string> wordsOf(const QJsonObject& job) {

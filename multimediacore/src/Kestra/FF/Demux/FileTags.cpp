@@ -126,7 +126,7 @@ bool IsTechnical(const std::string& key) {
 }
 
 std::string PlainKey(const char* key) {
-    const std::string name = LowerCase(Utf8Of(key));
+    std::string name = LowerCase(Utf8Of(key));
     if (name.compare(0, APPLE.size(), APPLE) != 0)
         return name;
     for (const auto& [apple, plain] : OF_APPLE)
