@@ -36,6 +36,7 @@ void PaintWaves(AVFrame& frame, int index) {
         const int height = plane ? frame.height / 2 : frame.height;
         const int width = plane ? frame.width / 2 : frame.width;
         std::vector<int> across;
+        across.reserve(static_cast<std::size_t>(width));
         for (int x = 0; x < width; ++x)
             across.push_back(static_cast<int>(40 * std::sin((x + 5 * index) * 0.11 + plane)));
         for (int y = 0; y < height; ++y) {

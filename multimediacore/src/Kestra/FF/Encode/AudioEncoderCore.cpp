@@ -46,12 +46,13 @@ void Obey(AVCodecContext& context, const IFormatCodecAudio& description, Conf::A
     switch (setting) {
     case Conf::AudioSetting::Bitrate:
         return SetAudioRateControl(context, description);
+    // In ChooseSamples, before there is an encoder.
     case Conf::AudioSetting::SampleRate:
     case Conf::AudioSetting::ChannelLayout:
-        return; // in ChooseSamples, before there is an encoder
+    // The encoder itself, and what it is told by name.
     case Conf::AudioSetting::Codec:
     case Conf::AudioSetting::Options:
-        return; // the encoder itself, and what it is told by name
+        return;
     }
 }
 

@@ -74,19 +74,20 @@ void Obey(AVCodecContext& context, const IFormatCodecVideo& description, Conf::V
     switch (setting) {
     case Conf::VideoSetting::GopSeconds:
         return SetKeyframeDistance(context, description);
+    // Together, in SetRateControl.
     case Conf::VideoSetting::Bitrate:
     case Conf::VideoSetting::BitrateMode:
     case Conf::VideoSetting::Quality:
-        return; // together, in SetRateControl
+    // Before there is an encoder.
     case Conf::VideoSetting::PixelFormat:
     case Conf::VideoSetting::DynamicRange:
     case Conf::VideoSetting::Fields:
     case Conf::VideoSetting::FirstPass:
-        return; // before there is an encoder
+    // In Open: the encoder, and what it is told by name.
     case Conf::VideoSetting::Codec:
     case Conf::VideoSetting::Profile:
     case Conf::VideoSetting::Options:
-        return; // in Open: the encoder, and what it is told by name
+        return;
     }
 }
 
