@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What is measured: each case with the preset of editor-export, what ffmpeg is told for the same, and its goals."""
 import dataclasses
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What two files have to have in common before the times that they took are compared."""
 import json
 import math

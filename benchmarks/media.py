@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What the benchmarks read: made once, below a folder."""
 import random
 import subprocess

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Other programs on the same encoders, where they are installed: their commands for a case, none where they cannot do the same."""
 import os
 import shutil

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs a program and tells what it took, as JSON: starter.py FD WATCH PROGRAM ARGUMENT...
 
 A process begins with the peak memory of the one that started it. Hence this one, which is small and forks; whoever measures may

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Rows of figures, as text and as markdown."""
 import statistics
 

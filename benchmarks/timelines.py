@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Timelines for benchmarks/compare: their media, their OpenTimelineIO files and what the ffmpeg program is told instead."""
 import json
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What everything is built with, and the versions that it was tested with.
 find_package(Threads REQUIRED)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Flags and the two functions by which every room is declared.
 include(GNUInstallDirs)
 include(GenerateExportHeader)

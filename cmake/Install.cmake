@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The install tree, by components:
 #   runtime      the libraries and the catalogue of presets, in places that name the version, as those of another may stand there, too
 #   tools        the command line, and what shells know it by

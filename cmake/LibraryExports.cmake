@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What may leave a library.
 
 # editorexport_limit_exports(LIBRARY EXPORTS names... [OWN_EXPORTS names...])

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Debian packages by cpack; scripts/package makes and checks them. They are made from the preset "package", which knows that its
 # files go to /usr and stay there.
 set(package_library "libeditorexport${EDITOREXPORT_SOVERSION}")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A pkg-config file for each library that embedders link.
 
 # What a library's headers include or its callers need beside it becomes Requires. Nothing stands under Requires.private:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One whole export: export-file INPUT... OUTPUT. The inputs are media files, or one timeline; the output's extension
 // chooses the preset.
 #include "Export/TranscoderLogOutput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The module with a model of one's own: own-model OUTPUT.mp4 exports two seconds of colour bars and a tone.
 #include "Composition/CompositionView.h"
 #include "Export/PresetProvider.h"

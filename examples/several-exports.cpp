@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Several exports at once: several-exports FOLDER INPUT... makes of each input an MP4 and a sound file in the folder.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"

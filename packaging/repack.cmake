@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Run by cpack behind the making of packages: packs each once more, without the dates and the order of this build, so that the
 # same sources make the same package. SOURCE_DATE_EPOCH says how old everything in it is.
 set(settle [=[

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by the scripts with their own arguments: --help prints the head of the script; --no-install, before all others, has
 # scripts/setup say what is missing where it would install it.
 case ${1:-} in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::AllSounds: every sound track of the inputs for one file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::BackgroundTask: work away from the event loop that nobody has to wait for for ever.
 #pragma once
 

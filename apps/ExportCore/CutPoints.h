@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::CutPoints: where in the inputs an export begins and where it ends.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::EventLoopFailures: where an application tells of what reached its event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::ExpectedFile: what a finished file has to hold.
 #pragma once
 

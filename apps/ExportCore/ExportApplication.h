@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::ExportApplication: an application that survives an exception in its event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::ExportFacts: what is known of a finished file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::ExportJob: one export from the request to the checked file at its place.
 #pragma once
 

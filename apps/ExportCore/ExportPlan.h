@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::ExportPlan: what an export is going to make.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a run goes: what it is going to make, what it tells on its way, and how it is only tried.
 #include "EditorProject/EditorProject.h"
 #include "Export/PresetProvider.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a run ends: stop, failure, stall; the check of the file and its way to its place.
 #include "ExportCore/ExportRun.h"
 

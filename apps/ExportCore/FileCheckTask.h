@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::FileCheckTask: checks a finished file away from the event loop.
 #pragma once
 

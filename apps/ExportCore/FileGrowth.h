@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::FileGrowth: how large an output under way is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::FolderSteps: single steps on folders and the names in them.
 #pragma once
 

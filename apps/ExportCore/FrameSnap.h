@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::FrameSnap: cuts brought to where frames begin.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::InputOpening: opens the inputs of a request away from the event loop.
 #pragma once
 

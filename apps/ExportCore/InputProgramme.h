@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::InputProgramme: what the inputs say of themselves, put together for one file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::JobState: where a job stands, and where it may go from there.
 #pragma once
 

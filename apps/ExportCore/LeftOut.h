@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::LeftOut: what of a medium does not come into an export.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::LeftoverSweep: removes what dead runs left behind.
 #pragma once
 

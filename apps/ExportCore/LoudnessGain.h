@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::LoudnessGain: what brings a programme to a loudness.
 #pragma once
 

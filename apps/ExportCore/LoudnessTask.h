@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::LoudnessTask: listens to the sound of a programme to the end and finds how loud it is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::NamedPath: the file that a sentence is about.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::NearFiles: which file somebody may have meant.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OtherPresets: which presets do what another one does not.
 #pragma once
 

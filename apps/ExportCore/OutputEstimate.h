@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutputEstimate: what a file will be like, before it is made.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutputExtension: what the end of a file's name says of its kind.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutputOpening: makes the private file or folder of a request away from the event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutputTarget: the place where a finished file will stand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutputTransaction: a file that stands at its place whole or not at all.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::OutroPictures: the outros that this application has.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::Passes: how often an export looks at its pictures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings of a request that are about its pictures.
 #include "ExportCore/SettingKey.h"
 

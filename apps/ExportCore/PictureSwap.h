@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PictureSwap: new pictures take the place of old ones in a folder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PlainText: names in messages as they cannot do harm.
 #pragma once
 

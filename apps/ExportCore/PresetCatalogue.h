@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PresetCatalogue: finding presets by their ids.
 #pragma once
 

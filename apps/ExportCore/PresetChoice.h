@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PresetChoice: which preset a request means.
 #pragma once
 

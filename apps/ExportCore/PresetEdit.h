@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PresetEdit: what a request changes in its preset.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PresetSelection: a request's preset, selected by its id.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PresetSettings: single settings that are to take the place of a preset's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PrivateName: how the files of unfinished exports are called.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::PromisedProgramme: what a finished file has to say of its programme.
 #pragma once
 

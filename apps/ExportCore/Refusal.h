@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::Refusal: a request that cannot be carried out.
 #pragma once
 

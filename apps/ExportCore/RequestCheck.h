@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::RequestCheck: what can be refused before anything opens.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::RunForecast: how fast a run is, and how long it takes yet.
 #pragma once
 

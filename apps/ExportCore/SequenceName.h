@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SequenceName: the folder and the names of pictures that an output means.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SequenceTarget: the folder where finished pictures will stand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SequenceTransaction: pictures that stand at their place all or not at all.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SettingKey: one key of the settings of a request, on its way from a text into the preset.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SettingText: numbers as people write them into settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SizeText: sizes of files as people read them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::SubtitleJoin: the subtitles of several media, one after the other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::Thumbnails: small pictures along a sequence.
 #pragma once
 

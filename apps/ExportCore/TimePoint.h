@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::TimePoint: a time, or a number of frames.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::TimelineMedia: looks at the media that a timeline names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::TimelineOpening: reads a timeline and looks at its media.
 #pragma once
 

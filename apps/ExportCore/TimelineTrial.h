@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::obstaclesOf: what an export of a timeline would meet.
 #pragma once
 

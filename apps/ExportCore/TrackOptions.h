@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::TrackOptions: which tracks of the inputs, and what of their descriptions, an export takes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::Watchdog: sees to it that waiting has an end.
 #pragma once
 

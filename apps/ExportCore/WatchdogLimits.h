@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ExportCore::WatchdogLimits: how long silence may last.
 #pragma once
 

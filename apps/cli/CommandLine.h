@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::CommandLine: the commands and their options, as they are read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::CommandTable: all commands and options, described once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether the system lets this process open what an export opens.
 #pragma once
 

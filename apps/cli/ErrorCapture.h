@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::ErrorCapture: what others write to standard error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::HelpText: what --help prints.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::IProgressDisplay: how a run looks while it goes on.
 #pragma once
 

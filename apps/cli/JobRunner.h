@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::JobRunner: exports, one after the other, and what is said of them.
 #pragma once
 

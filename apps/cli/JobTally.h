@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::JobTally: what has become of several jobs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts for other programs, made of the table of commands.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a medium holds, for people and for programs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::OutcomeText: how an export ended, or is going to go, in words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::PresetText: a preset in words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::QueueFile: jobs that stand in a file, and which of them are done.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command "render" and what it shares with others.
 #include "ExportCore/LoudnessGain.h"
 #include "ExportCore/PresetSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::Report: one export in a file, for programs.
 #pragma once
 

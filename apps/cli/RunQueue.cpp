@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/Refusal.h"
 #include "Kestra/Proc/LargestAllocation.h"
 #include "cli/ErrorOutput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::Terminal: where the program's words are shown.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What "info" and "validate" say of timelines.
 #pragma once
 

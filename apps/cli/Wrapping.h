@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cli::Wrapping: text in lines that fit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::CommandLine: what the program is started with.
 #pragma once
 

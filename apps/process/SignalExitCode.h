@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a process exits with that a signal has ended.
 #pragma once
 

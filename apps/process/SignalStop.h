@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Process::SignalStop, SignalFlag: interruption from outside, gently at first.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a frame of 1080p costs where layers or dissolves lie, beside libavfilter's filters for the same.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"

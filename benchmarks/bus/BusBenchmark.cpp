@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Messages a second over the bus, beside a directly connected Qt signal in the same run.
 #include "Message/View.h"
 #include <QObject>

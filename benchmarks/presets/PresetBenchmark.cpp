@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the export dialog waits for: reading the catalogue, and deriving parameters while a slider moves.
 #include "EditorPreset/PresetStorage.h"
 #include "Export/PresetProvider.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds what the shared libraries export against the lists in the repository.
 
     check_symbols.py TOP LIBRARY...             every library exports what TOP/abi/NAME.symbols lists, no more and no less

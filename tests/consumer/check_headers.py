@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds that every installed header compiles alone and against the installed ones alone: check_headers.py TOP TREE COMPILER
 
 A header that a source of the same name includes first has been compiled alone by the build; the others are compiled here, each

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as an archive of a timeline and its media: it is refused with an error, or what it holds is in order;
 // nothing is written but below the folder for it, and nothing stays there.
 #include "Timeline/Reader/OtioReader.h"

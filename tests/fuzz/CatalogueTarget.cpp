@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a catalogue of presets, or as a user's own presets over a good one: they are refused with a reason, or
 // all that they say can be asked for and used.
 #include "EditorPreset/PresetStorage.h"

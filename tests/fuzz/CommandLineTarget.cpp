@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any words on the command line, one a line: they are refused with the code for that, or read into something that can
 // be asked for.
 #include "Export/PresetProvider.h"

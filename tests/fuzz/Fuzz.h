@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fuzz: what the targets share. A target is a program of its own: libFuzzer's, or one that replays a corpus.
 #pragma once
 

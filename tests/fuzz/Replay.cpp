@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs a target over a corpus and over mutations of it, the same ones each time: PROGRAM FOLDER MUTATIONS.
 #include "fuzz/Fuzz.h"
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as what a first pass has left: they are refused by the name of their file, or a second pass can go by them.
 #include "Kestra/FF/Encode/StatisticsManifest.h"
 #include "Kestra/FF/Encode/TwoPassLog.h"

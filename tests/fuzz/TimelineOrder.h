@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a timeline that was read keeps, whatever it was read from.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a timeline: it is refused with an error, or what it holds is in order.
 #include "Timeline/Reader/OtioReader.h"
 #include "fuzz/TimelineOrder.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds the includes of the sources against the rooms as the build declares them.
 
 A room is a folder with its Details; `kestra_room`, `editor_room` and `editorexport_room` in the CMakeLists.txt say which rooms

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds docs/conformance.md and docs/material.md against the tests: every test that they name exists, and no behaviour stands
 there without one."""
 import pathlib

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds the sources against what later versions of FFmpeg's libraries took away, or mean to: such names stand in Kestra/FF/Av
 alone, so that one folder says what a move to another version costs."""
 import pathlib

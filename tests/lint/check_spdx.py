@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds that every source says under which licence it is: SPDX-License-Identifier in a comment within its first lines, with the
 identifier of LICENSE."""
 import pathlib

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds resources/translations against what is to be translated: every text of the window's sources, as lupdate finds them, and every
 name in the catalogue of presets has a translation in each language, with the same places for numbers and names, and no translation
 stands there for a text that is gone. The words of the sentences that the window translates for others are found in the sources

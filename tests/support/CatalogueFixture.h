@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A private configuration folder and catalogue files for the tests of presets.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a media file says of itself and what its subtitles say, read independently of the engine.
 #pragma once
 

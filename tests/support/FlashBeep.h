@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes media for tests: flashes and beeps that begin at the same instant, in pictures that tell their number.
 #pragma once
 

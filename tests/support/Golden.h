@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TestSupport::compareWithGolden: texts that are kept, and compared with what comes out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TestSupport::LogCapture: the lines that go into the application's log.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps what the ffmpeg program made for one test for all others, of this run and of later ones.
 #pragma once
 

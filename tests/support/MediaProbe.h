@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decodes a media file and measures it, independently of the engine.
 #pragma once
 

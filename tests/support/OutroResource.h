@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TestSupport::OutroResource: outros among the application's resources while a test runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sends the system's temporary directory elsewhere for the time of a test.
 #pragma once
 

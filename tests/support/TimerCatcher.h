@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TestSupport::TimerCatcher: what timer events let out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an export has on the bus while it lives: subscriptions, and the suppression of the fast track.
 #pragma once
 

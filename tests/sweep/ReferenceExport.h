@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::ReferenceExport: small exports that a sweep runs thousands of times, and what is left after each.
 #pragma once
 

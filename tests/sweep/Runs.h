@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs of a reference export by two roads: the module alone, and the whole job.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::SweepApplication: an application as the program's own, and a place to act between two events.
 #pragma once
 

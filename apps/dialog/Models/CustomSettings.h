@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::CustomSettings: what somebody changed in a preset.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::DesktopSession: what the desktop is told of exports.
 #pragma once
 

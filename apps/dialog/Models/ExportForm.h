@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::ExportForm: all that somebody chooses for an export.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::Job: one export of the list, before, while and after it runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::JobQueue: exports, one after the other.
 #pragma once
 

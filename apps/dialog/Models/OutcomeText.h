@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::OutcomeText: how an export ended, in words for people.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::OutputLook: what stands where a file is to be put.
 #pragma once
 

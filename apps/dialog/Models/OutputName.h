@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::OutputName: names for files that are yet to be made.
 #pragma once
 

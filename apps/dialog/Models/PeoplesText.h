@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PeoplesText: numbers as people read them, in their own language.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PresetList: the presets of a tag as a list shows them.
 #pragma once
 

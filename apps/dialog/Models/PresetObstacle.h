@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PresetObstacle: why a preset is of no use for a source.
 #pragma once
 

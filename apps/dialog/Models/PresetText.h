@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PresetText: what a preset makes, in words for people.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PreviewMaker: the picture that is being encoded, now and then.
 #pragma once
 

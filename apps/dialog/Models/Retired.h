@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::retire: lets go of work that may hang, without waiting for it.
 #pragma once
 

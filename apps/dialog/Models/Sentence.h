@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::Sentence: what is said in English elsewhere, in the language of the window.
 #pragma once
 

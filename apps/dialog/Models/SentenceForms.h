@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::SENTENCE_FORMS: how sentences begin and go on that the export's machinery says.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::TimeForecast: how long an export is going to take.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::SettingsPane: the controls of a preset's settings.
 #include "dialog/Widgets/SettingsPane.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialog/Widgets/ExportWindow.h"
 
 #include "ExportCore/EventLoopFailures.h"

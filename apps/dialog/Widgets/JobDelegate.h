@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::JobDelegate: the state of a job in the list; a bar while it runs.
 #pragma once
 

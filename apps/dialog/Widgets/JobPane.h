@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::JobPane: the exports, and one of them as it goes on.
 #pragma once
 

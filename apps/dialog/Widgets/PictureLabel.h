@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PictureLabel: shows a picture, as large as there is room.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PresetDelegate: a preset of the list, with the reason where it is of no use.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::PresetPane: where a preset is chosen.
 #pragma once
 

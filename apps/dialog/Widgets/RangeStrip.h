@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::RangeStrip: a timeline as a strip of pictures, with the part that is chosen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialog::SettingsPane: what is exported, how, and where to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The arithmetic of progress against exact numbers, over everything that an engine could ever report.
 #include "Export/RunProgress.h"
 #include "Types/Time.h"

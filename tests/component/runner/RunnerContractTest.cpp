@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Export/IStreamProcessingHelper.h"
 #include "component/runner/RunnerFixture.h"
 #include "support/HookSlot.h"

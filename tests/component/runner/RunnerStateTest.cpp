@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the runner remembers from call to call.
 #include "component/runner/RunnerFixture.h"
 #include <QElapsedTimer>

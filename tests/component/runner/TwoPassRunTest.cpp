@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Export/TwoPass.h"
 #include "Kestra/Conf/IFormatCodec.h"
 #include "component/runner/RunnerFixture.h"

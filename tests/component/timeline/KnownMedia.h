@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media of which every picture and every sample is known.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The same cut, rendered by the engine and by the program melt, gives the same pictures.
 #include "Kestra/Base/Time.h"
 #include "Kestra/FF/Data/DataVideoFF.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random timelines, rendered by the engine: every frame and every sample is what the cut says.
 #include "RandomTimeline.h"
 #include "Kestra/Base/Time.h"

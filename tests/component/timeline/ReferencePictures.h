@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each pixel of each frame of a timeline is to be, found by looking at nothing but that pixel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each sample of a timeline is to be: every clip laid over the whole as it stands, and summed up.
 #pragma once
 

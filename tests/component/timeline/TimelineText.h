@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timelines as text in the form of OpenTimelineIO, to be read again.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Failures whose telling fails.
 #include "Kestra/Proc/ProcException.h"
 #include "component/transcoder-outcome/OutcomeFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The factories as the runner has them.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ICodecFactory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the transcoder takes a runner, holds it and lets it go.
 #include "component/transcoder-outcome/OutcomeFixture.h"
 #include "support/TimerCatcher.h"

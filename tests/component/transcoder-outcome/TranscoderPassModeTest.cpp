@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One pass or two.
 #include "component/transcoder-outcome/OutcomeFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "component/transcoder/TranscoderFixture.h"

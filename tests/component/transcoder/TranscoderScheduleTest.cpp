@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When an attempt is made: the deferral, and what the stream views' own hooks still get.
 #include "component/transcoder/TranscoderFixture.h"
 

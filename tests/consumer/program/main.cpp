@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A program that knows the module by its install tree alone.
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "../sync/Exported.h"
 #include "Kestra/Base/Time.h"
 #include "fakes/streams/DecodedFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What "--dry-run" finds and prints without making anything.
 #include "Program.h"
 #include "support/FileHelpers.h"

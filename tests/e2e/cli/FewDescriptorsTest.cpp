@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Program.h"
 #include "support/Described.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small files that claim much, and files that name others.
 #include "Program.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every option with what nobody means.
 #include "Program.h"
 #include "support/FileHelpers.h"

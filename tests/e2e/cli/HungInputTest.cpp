@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program does when an input does not answer: a network share that is gone.
 #include "HungProgram.h"
 #include <csignal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program does when the output's folder does not answer.
 #include "HungProgram.h"
 #include <csignal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program under a shim that makes calls on one file hang.
 #pragma once
 

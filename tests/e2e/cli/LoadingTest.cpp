@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program loads for what it is asked to do.
 #include "Program.h"
 #include "support/FlashBeep.h"

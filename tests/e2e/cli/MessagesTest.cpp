@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands on standard error, whoever says it.
 #include "Program.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that are files of their own, as people order them.
 #include "Program.h"
 #include "support/FileHelpers.h"

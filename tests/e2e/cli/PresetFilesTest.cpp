@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "presets export", "import", "validate" and "diff".
 #include "Program.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the inputs say of themselves, in the file that is made of them.
 #include "TracksFixture.h"
 #include <QJsonArray>

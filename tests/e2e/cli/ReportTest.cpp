@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What "--report", "--log" and "--quiet" leave.
 
 // GCC sees paths inside valijson on which sizes stay unset, and which its own checks exclude.

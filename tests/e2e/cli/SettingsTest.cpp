@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Qualities and single settings, measured in the files that come out.
 #include "Program.h"
 #include "support/FileHelpers.h"

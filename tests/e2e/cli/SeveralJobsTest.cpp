@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Several exports of one command line: "--each" and "queue".
 #include "TimelineFixture.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timelines as text, over media that are made for them.
 #pragma once
 

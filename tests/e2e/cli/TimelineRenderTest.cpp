@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "render" of timelines: what was cut is what comes out.
 #include "TimelineFixture.h"
 #include "support/FileHelpers.h"

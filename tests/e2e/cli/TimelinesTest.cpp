@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "info" and "validate" of timelines, over real media.
 #include "TimelineFixture.h"
 #include "support/FileHelpers.h"

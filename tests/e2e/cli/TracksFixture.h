@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of tracks and of what a file says of itself share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which of the inputs' tracks come into the file, and what "info" says of them.
 #include "TimelineFixture.h"
 #include "TracksFixture.h"

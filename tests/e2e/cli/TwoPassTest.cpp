@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports in two passes, as people run them.
 #include "Program.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What exports tell of light, and what they say of metadata that they cannot carry over.
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "e2e/sync/Exported.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Clips of different colours in one export, judged by what is decoded from it.
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "e2e/sync/Exported.h"

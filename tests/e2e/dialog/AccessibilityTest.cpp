@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window for those who do not see it, or have no mouse.
 #include "WindowFixture.h"
 #include <QAbstractButton>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the desktop is told, over a message bus of the test's own.
 #include "FakeDesktop.h"
 #include "PrivateBus.h"

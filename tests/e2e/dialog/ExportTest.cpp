@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole exports from the window, by the keyboard.
 #include "WindowFixture.h"
 #include "support/MediaProbe.h"

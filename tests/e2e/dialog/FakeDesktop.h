@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The services of a desktop, as far as exports concern them; they keep what they are told.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long an export takes, told before it is made.
 #include "WindowFixture.h"
 #include <QProgressBar>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps pictures of the window's main states, for people to look at; they are tested for what no eye is needed for.
 #include "WindowFixture.h"
 #include "dialog/Widgets/RangeStrip.h"

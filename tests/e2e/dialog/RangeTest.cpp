@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of a source that can be chosen.
 #include "WindowFixture.h"
 #include "support/MediaProbe.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the export's machinery says, in the languages of the window.
 #include "dialog/Models/Sentence.h"
 #include "WindowFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program itself: on a screen of its own, and without one.
 #include "XServer.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The export window over real media, driven as people drive it.
 #pragma once
 

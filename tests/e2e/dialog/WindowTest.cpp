@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the window shows and remembers, without exports.
 #include "EditorSettings/Settings.h"
 #include "WindowFixture.h"

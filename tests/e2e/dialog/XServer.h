@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An X server of the test's own, and what stands on its screen.
 #pragma once
 

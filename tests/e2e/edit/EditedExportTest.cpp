@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A composition that is edited while an export of it is about to start: what stands there at the start is exported.
 #include "EditorProject/EditorProject.h"
 #include "Export/PresetProvider.h"

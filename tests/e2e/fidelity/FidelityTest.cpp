@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What reaches the encoder is as good as what the ffmpeg program gives it with the same settings.
 #include "../sync/Exported.h"
 #include "PictureRatio.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lossless preset keeps every sample of every kind of picture.
 #include "../sync/Exported.h"
 #include "Raw.h"

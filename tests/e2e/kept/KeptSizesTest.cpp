@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures keep their size and the shape of their pixels.
 #include "../sync/Exported.h"
 #include "Raw.h"

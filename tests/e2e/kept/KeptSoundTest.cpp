@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lossless sound keeps its samples, their bits and where they are heard.
 #include "../sync/Exported.h"
 #include "Raw.h"

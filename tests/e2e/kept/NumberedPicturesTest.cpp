@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that are files of their own: as many as frames, each with the samples that it should have, at their place
 // all or not at all.
 #include "../sync/Exported.h"

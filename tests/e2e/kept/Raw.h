@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What libav's own decoders find in a file: the tests' own measure of what was kept.
 #pragma once
 

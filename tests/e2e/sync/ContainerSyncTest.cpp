@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound and picture of whatever containers and codecs people have, measured by decoding what was exported.
 #include "Exported.h"
 #include "support/FlashBeep.h"

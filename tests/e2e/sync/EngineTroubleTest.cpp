@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an export when the engine hangs or fails where it should not.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/IMuxerFactory.h"

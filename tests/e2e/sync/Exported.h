@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports made in this process, for tests that measure what comes out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of interlaced pictures in exports, measured in the files.
 #include "Exported.h"
 #include "Kestra/Core/CoreManager.h"

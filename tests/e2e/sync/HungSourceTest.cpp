@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an export whose input hangs in a call that nothing interrupts, in a process that goes on.
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The life of one export in a process that goes on.
 #include "Composition/Object.h"
 #include "Export/Transcoder.h"

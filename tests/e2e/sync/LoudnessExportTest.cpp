@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports of a wanted loudness, measured by the ffmpeg program.
 #include "Exported.h"
 #include "support/FlashBeep.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any number of exports in one process at a time: each file holds its own clip.
 #include "EditorProject/EditorProject.h"
 #include "ExportCore/ExportJob.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media that real people have, where a folder of them is at hand.
 #include "Exported.h"
 #include "support/CatalogueFixture.h"

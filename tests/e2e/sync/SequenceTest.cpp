@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Clips of different size, rate and sound, one after the other.
 #include "Exported.h"
 #include "support/FlashBeep.h"

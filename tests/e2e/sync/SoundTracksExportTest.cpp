@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports of all sound tracks of their inputs, heard track by track through the ffmpeg program.
 #include "Exported.h"
 #include "support/FileHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frame counts and the step of sound and picture, measured by decoding what was exported.
 #include "Exported.h"
 #include "support/FlashBeep.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that come at changing distances, counted in what was exported.
 #include "Exported.h"
 #include "support/FlashBeep.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One export in this process, over a file that has to survive whatever is no good end.
 #pragma once
 

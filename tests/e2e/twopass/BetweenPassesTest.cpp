@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an export when the engine hangs or fails from one pass to the next.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ICodecFactory.h"

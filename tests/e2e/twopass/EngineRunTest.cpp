@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The runner's two passes over the engine's own encoders.
 #include "Export/CreateStreamProcessingHelper.h"
 #include "Kestra/Conf/IFormatFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports in two passes, measured in the files that come out.
 #include "ExportCore/ExportJob.h"
 #include "Exported.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Exports whose first pass looks at half of the width and height.
 #include "ExportCore/ExportJob.h"
 #include "Exported.h"

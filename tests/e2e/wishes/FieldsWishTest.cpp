@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Presets that keep fields: refused for codecs without, else the file holds them.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every preset that the program comes with, in each of its qualities: the file is what the preset says.
 #include "EditorPreset/Preset.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every picture codec with what a catalogue can wish for: refused, or the file has just that.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "WishFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every sound codec with every value that a catalogue can wish for: refused, or the file has just that.
 #include "WishFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Presets with a single wish: refused by the catalogue, or exported.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Factories to be set in Core::CoreManager that write down what they are asked for.
 #pragma once
 

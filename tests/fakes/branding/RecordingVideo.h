@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::RecordingVideo: tells of every operation with all its arguments.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::CallCounter: counts the calls into an engine, and makes chosen ones fail.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::CountedEngine: the engine with every call into it counted, as long as it lives.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Factories of filters and effects that count, and whose products count.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::CountedSources: opens media of the engine whose calls count, as do those of their streams.
 #pragma once
 

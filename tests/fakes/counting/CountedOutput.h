@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decorators of what writes: encoders with their packet sources, muxers, data outputs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What reads ahead, and what it reads from: tells the counter of failures that no consumer has asked for.
 #pragma once
 

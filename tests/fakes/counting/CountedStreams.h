@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decorators of the engine's streams that count each call before they pass it on.
 #pragma once
 

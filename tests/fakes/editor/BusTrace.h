@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorFakes::BusTrace: what goes over the bus between the model and an export, as text.
 #pragma once
 

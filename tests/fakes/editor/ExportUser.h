@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorFakes::ExportUser: uses a model over the bus as an export does.
 #pragma once
 

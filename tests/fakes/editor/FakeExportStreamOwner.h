@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorFakes::FakeExportStreamOwner: the model's side of export streams.
 #pragma once
 

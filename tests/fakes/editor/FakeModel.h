@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorFakes::FakeModel: a model with one composition, one fast track and an owner of export streams.
 #pragma once
 

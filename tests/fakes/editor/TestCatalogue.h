@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorFakes::TestCatalogue: a small preset catalogue and empty settings, in place of the user's.
 #pragma once
 

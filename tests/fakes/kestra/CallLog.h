@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::CallLog: what fakes were asked to do, in order, across threads.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::EventRecorder: a receiver that remembers what it was told.
 #pragma once
 

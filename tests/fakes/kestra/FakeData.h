@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames, blocks of samples and packets without contents.
 #pragma once
 

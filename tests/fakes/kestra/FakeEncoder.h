@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeEncoder: an encoder whose packets come from a fake source.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Factories of fakes, to be set in Core::CoreManager.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeMuxer: takes packets and remembers them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakePacketSource: packets by plan, or one for each piece of a stream.
 #pragma once
 

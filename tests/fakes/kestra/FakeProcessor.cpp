@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "fakes/kestra/FakeProcessor.h"
 #include <atomic>
 #include <condition_variable>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeProcessor: a stream processor that plays a script instead of running encoders.
 #pragma once
 

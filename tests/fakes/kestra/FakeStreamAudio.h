@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeStreamAudio: silent blocks of a constant length.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "fakes/kestra/FakeStreamVideo.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/Interrupted.h"

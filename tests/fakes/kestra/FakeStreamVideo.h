@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeStreamVideo: numbered frames of a constant rate.
 #pragma once
 

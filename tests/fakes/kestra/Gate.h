@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::Gate: holds threads until a test lets them go.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::Script: what a fake does when a call reaches it, beside its normal work.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Fakes::FakeProcessorFactory: stands in for Proc::CreateStreamProcessor.
 #pragma once
 

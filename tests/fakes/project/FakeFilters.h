@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Filters over fake frames and blocks; reading ahead is the engine's own.
 #pragma once
 

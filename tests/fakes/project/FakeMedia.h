@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media files that exist in memory only, for the timeline.
 #pragma once
 

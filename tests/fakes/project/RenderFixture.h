@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Puts fake media and filters into the engine, and reads streams to their end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::DecodedFile: a media file as a player shows it.
 #pragma once
 

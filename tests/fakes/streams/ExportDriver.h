@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a processor does, on one thread: encoders into a muxer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::FailingOutput: a file on a disk that is full, or that fails in its own way.
 #pragma once
 

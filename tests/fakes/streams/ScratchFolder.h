@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::ScratchFolder: a folder for one test's files.
 #pragma once
 

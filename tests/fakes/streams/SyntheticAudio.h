@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::SyntheticAudio: a working audio stream whose samples a function gives.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::SyntheticVideo: a working video stream whose pictures a function paints.
 #pragma once
 

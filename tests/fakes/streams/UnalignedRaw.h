@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fakes::UnalignedRaw: an encoder's packets from a source that ignores where they will be cut.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Preloaded into a program, makes calls on one file hang, as those on a network share that is gone do.
 //   HANG_FILE    a part of the file's path
 //   HANG_CALL    open, read, lseek, pwrite, fsync, close, unlink or rename

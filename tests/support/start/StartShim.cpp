@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Preloaded into a program that has a socket as its standard input: loaded and linked, it waits there, and each request
 // makes a copy of it run main(). A request is a byte with three files: arguments and environment, standard output,
 // standard error; the answer is the process's number, once the process is a child of the nearest subreaper.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Events in any order, twice, late, from runs that are over, under clocks that jump: the runner and the transcoder do
 // what their models do, step by step, signal by signal.
 #include "fakes/editor/TestCatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::FakeEngine: processors that do what a script says, the codecs and muxers for them, and the clock.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::ModelOfRunner: what a runner has to do, told anew and without its code.
 #pragma once
 

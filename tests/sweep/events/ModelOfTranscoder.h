@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::ModelOfTranscoder: what a transcoder has to do from its initialization on, told anew and without its code.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::RealRunner: the module's runner over the fake engine.
 #pragma once
 

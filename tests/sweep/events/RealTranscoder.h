@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::RealTranscoder: the module's transcoder between a fake model and the fake engine.
 #pragma once
 

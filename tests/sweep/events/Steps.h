@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::Step: what a random script does to a runner or a transcoder, step by step.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::World: what a script is played on; the real thing and the model of it are one each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every call into the engine fails once, and from then on for ever, with an exception of the standard's and with none.
 // So does every frame that a thread of chunks encodes.
 #include "fakes/counting/CountedEngine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "sweep/memory/MemoryFaults.h"
 
 #include "Kestra/Proc/LoadEngine.h"

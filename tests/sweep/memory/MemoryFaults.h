@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::MemoryFaults: allocations of this process that fail on purpose.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Memory that is refused, once or from then on, to the project's libraries or to those of the codecs: the export fails
 // with words and leaves what was there, or its file is the one that it always is.
 #include "ExportCore/ExportOutcome.h"

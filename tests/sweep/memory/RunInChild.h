@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::runInChild: one export in a process of its own, which may crash or hang.
 #pragma once
 

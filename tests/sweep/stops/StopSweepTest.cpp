@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A run is stopped, or destroyed, at every point: a turn of the event loop, an event, a call into the engine, a signal,
 // a frame on a thread of chunks.
 #include "Kestra/Util/FunctorExecutionForwarder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::AllKinds: for tests that are made for each kind of model objects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Objects come, change and go by the thousand, asked for by their owner and by others, and every view knows the truth.
 #include "sweep/ReferenceExport.h"
 #include "sweep/storm/AllKinds.h"

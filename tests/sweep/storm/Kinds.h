@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The kinds of model objects that an export deals with: what a number means in each, and a view that tells what it
 // hears.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sweep::OperationLog: what was done to a few views, to be done again, shortened, written down and read.
 #pragma once
 

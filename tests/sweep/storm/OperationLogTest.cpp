@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Operations in any order, from outside and from inside of hooks, on views of every kind of objects that an export
 // deals with: what is told, and what each view holds, is what a plain model of views says.
 #include "sweep/storm/OperationLog.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One table from the system's errors to the reasons that the user is told, whoever met them.
 #include "Kestra/Proc/Failure.h"
 #include <boost/exception/get_error_info.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fake processor is what other rooms' tests stand on, so it has to keep the processor's promises.
 #include "fakes/kestra/FakeProcessor.h"
 #include "fakes/kestra/EventRecorder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Counts of one unit, and the grids that relate them.
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/SampleGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small bodies that the interfaces have themselves.
 #include "fakes/kestra/FakeEncoder.h"
 #include "fakes/kestra/FakeStreamAudio.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Base/LeavableThread.h"
 #include "fakes/kestra/Gate.h"
 #include <functional>

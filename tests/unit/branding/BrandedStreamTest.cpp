@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An outro made by the engine's own filters, read as an encoder reads it.
 #include "Branding/BrandingController.h"
 #include "Kestra/Base/Time.h"

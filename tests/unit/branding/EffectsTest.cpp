@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The engine's pieces of which an outro is made, each by itself.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"

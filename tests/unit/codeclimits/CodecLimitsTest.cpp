@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The limits that are told, against the encoders themselves.
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/SampleInfo.h"

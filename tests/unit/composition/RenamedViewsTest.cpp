@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The views of compositions, markers, ranges, the fast track and media descriptions: the generic view in other words.
 #include "Composition/View.h"
 #include "FastTrack/View.h"

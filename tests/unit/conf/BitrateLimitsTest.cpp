@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/Settings/SettingsResizer.h"
 #include "Kestra/Proc/Settings/SettingsFilterFrameRate.h"
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Counts, places and formats of audio encoders, and the filters before them.
 #include "EncodeFixture.h"
 #include "Kestra/Core/CoreManager.h"

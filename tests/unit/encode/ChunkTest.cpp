@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound that is encoded in parts beside each other: the same file whoever encodes how much of it.
 #include "EncodeFixture.h"
 #include "Kestra/FF/Data/DataRawFF.h"

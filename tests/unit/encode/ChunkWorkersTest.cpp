@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Threads that encode chunks: order, failures, ends.
 #include "Kestra/FF/Encode/ChunkWorkers.h"
 #include "Kestra/Proc/Interrupted.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // First passes that look at half of the width and height.
 #include "Kestra/FF/Encode/FirstPassDraft.h"
 #include "Kestra/FF/Encode/StatisticsManifest.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What pictures of high dynamic range tell of the display that they were graded on.
 #include "Kestra/FF/Picture/HdrMetadata.h"
 #include "unit/encode/EncodeFixture.h"

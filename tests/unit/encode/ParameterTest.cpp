@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parameters that an encoder takes as one option of its own.
 #include "unit/encode/EncodeFixture.h"
 

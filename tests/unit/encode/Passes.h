@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EncodeTest::Passes: one encoder that sees the same pictures twice.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of pictures on their way into a codec.
 #include "EncodeFixture.h"
 #include <array>

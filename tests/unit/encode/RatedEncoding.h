@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Encoding at a bitrate, for tests that measure what it takes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Threads of video encoders: what they share out must not show in the file.
 #include "unit/encode/EncodeFixture.h"
 #include <atomic>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Encoders that see the pictures twice.
 #include "Kestra/Proc/Interrupted.h"
 #include "Passes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the engine writes numbers in a program whose locale writes them in its own way.
 #include "Kestra/Proc/ProcessingError.h"
 #include "fakes/streams/ExportDriver.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/BackgroundTask.h"
 #include "fakes/kestra/Gate.h"
 #include "support/WaitUntil.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/OutputEstimate.h"
 #include "Export/PresetProvider.h"
 #include "ExportCore/FileGrowth.h"

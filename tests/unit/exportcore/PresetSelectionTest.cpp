@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A request's preset is the one of its name, whatever equals it.
 #include "ExportCore/PresetSelection.h"
 #include "EditorSettings/Settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/PresetSettings.h"
 #include "EditorPreset/Preset.h"
 #include "ExportCore/PresetCatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/Thumbnails.h"
 #include "support/FlashBeep.h"
 #include "support/WaitUntil.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/TimeText.h"
 #include "ExportCore/Refusal.h"
 #include <gtest/gtest.h>

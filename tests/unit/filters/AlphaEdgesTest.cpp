@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pixels of a layer that become one, as when it is scaled: what is transparent has no say in their colour.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"

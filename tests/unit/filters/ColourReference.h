@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colour as the standards write it down, in double precision: what conversions are held against.
 #pragma once
 

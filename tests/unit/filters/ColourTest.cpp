@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of one colour in another, held against the standards' formulas.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Picture/ColourConverter.h"

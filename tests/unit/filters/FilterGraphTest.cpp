@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Chains of libavfilter: frames by reference, times, what is held back, changes of what comes in.
 #include "Kestra/FF/Av/FilterGraph.h"
 #include "Kestra/Base/Time.h"

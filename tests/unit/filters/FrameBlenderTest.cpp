@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames mixed and laid over each other, against formulas in double precision.
 #include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/Core/CoreManager.h"

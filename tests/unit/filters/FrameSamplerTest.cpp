@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames of a grid out of a stream, held against a search for each frame alone.
 #include "Kestra/Proc/Filters/FrameSampler.h"
 #include "Kestra/Proc/Interrupted.h"

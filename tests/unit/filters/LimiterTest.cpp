@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Peaks below a ceiling.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures on their way to a display.
 #include "Kestra/Proc/PictureReading.h"
 #include "Kestra/Core/CoreManager.h"

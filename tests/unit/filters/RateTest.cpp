@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Filters that need no pixels: rate, durations, concatenation.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"

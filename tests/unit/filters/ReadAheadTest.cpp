@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading ahead: order, bounds, errors, interruption.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"

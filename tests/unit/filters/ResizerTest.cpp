@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Filters over pixels: the resizer, its converter, and black.
 #include "Kestra/FF/Filter/Resizer.h"
 #include "Kestra/Base/Time.h"

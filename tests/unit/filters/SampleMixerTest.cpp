@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Voices summed, with their curves.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which frame of a grid shows a moment of its source first.
 #include "Kestra/Proc/Filters/SamplingRule.h"
 #include <gtest/gtest.h>

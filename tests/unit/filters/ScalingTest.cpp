@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where samples stand after scaling and conversion, whichever scaler does it.
 #include "Kestra/FF/Picture/FrameConverter.h"
 #include "Kestra/FF/Picture/PlanarScaler.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound at another speed.
 #include "Kestra/Base/Time.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The resizer for layers: what does not fill the frame lets through what lies below.
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"

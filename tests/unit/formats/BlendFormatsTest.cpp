@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pairs of pixel formats in which pictures are laid over each other.
 #include "Kestra/Conf/BlendFormats.h"
 #include "Kestra/Base/Exception.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an encoder is given when nobody says which pixel format it is to have.
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/FF/Av/Convert.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The engine's tables of formats against the library's: each holds what the other does.
 #include "Kestra/FF/Av/Convert.h"
 #include <gtest/gtest.h>

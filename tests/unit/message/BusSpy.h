@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes down what passes on the bus about the objects of a type.
 #pragma once
 

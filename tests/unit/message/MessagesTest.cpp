@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/HookSlot.h"
 #include "unit/message/ViewFixture.h"
 #include <type_traits>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "unit/message/ViewFixture.h"
 #include <algorithm>
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random steps over several views on one bus, against a plain model of what views promise.
 #include "unit/message/RealViews.h"
 #include "unit/message/RecordingView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Steps done to the product's own views of a kind of objects, and what they come to against the model's.
 #pragma once
 

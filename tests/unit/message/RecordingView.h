@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A model object for tests, and views that write down what they see.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Perishable.h"
 #include "unit/message/ViewFixture.h"
 

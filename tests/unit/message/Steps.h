@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What happens to a few views and items: operations from outside, and operations from within hooks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which function an exception of the engine names as its origin: the one that failed, not one that helps it to throw.
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Base/Time.h"

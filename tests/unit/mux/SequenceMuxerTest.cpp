@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that are files of their own: how they are written, and what their check finds.
 #include "Kestra/Proc/FileCheck.h"
 #include "Kestra/Proc/Interrupted.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/Preset.h"
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Conf/IFormatCodecAudio.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/SettingTable.h"
 #include "EditorPreset/SchemaDocument.h"
 #include "EditorPreset/TreeAccess.h"

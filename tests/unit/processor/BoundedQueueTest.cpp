@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/BoundedQueue.h"
 #include "fakes/kestra/FakeData.h"
 #include <algorithm>

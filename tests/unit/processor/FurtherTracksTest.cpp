@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Further tracks of an encoder: they run beside those that a processor was given, and count like them.
 #include "ProcessorFixture.h"
 #include "fakes/kestra/FakePacketSource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One stream processor over two fake encoders and a fake muxer.
 #pragma once
 

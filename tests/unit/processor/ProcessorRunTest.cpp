@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ProcessorFixture.h"
 #include "fakes/kestra/FakeStreamVideo.h"
 #include <pthread.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Composition/TrackViews.h"
 #include "Timeline/DocumentEdit.h"
 #include "unit/project/EditorProjectFixture.h"

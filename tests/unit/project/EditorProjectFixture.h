@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A project over media that exist in memory only, and whoever meets it on the bus.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What one test had made is given to the next one, and never anything else.
 #include "support/MediaCache.h"
 #include "support/FlashBeep.h"

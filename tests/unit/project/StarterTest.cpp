@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Starter.h"
 #include <csignal>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copies of a tree where memory is short.
 #include "Kestra/Core/Property.h"
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How descriptions are put together, and what is made of the limits.
 #include "CallsFixture.h"
 #include "Kestra/Conf/CreateDataHelper.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which calls the provider makes, in which order, and what catalogues do to it that no reader lets through.
 #include "CallsFixture.h"
 #include "Kestra/Base/Exception.h"

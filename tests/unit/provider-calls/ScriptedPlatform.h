@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Catalogue, settings, completions of descriptions and bitrate limits that answer by a script and write down who asked.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The size that a preset is fitted to is the size of the file.
 #include "ProviderFixture.h"
 #include <algorithm>

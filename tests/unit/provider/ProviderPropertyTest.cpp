@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random operations on a provider, against a plain model of what it promises.
 #include "EditorSettings/Settings.h"
 #include "ProviderFixture.h"

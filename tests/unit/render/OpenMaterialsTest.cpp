@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a stream holds open where closing finds no memory.
 #include "Render/OpenMaterials.h"
 #include "Kestra/Core/CoreManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every sound track of media files, each a stream of its own beside the first one.
 #include "Render/SoundTracks.h"
 #include "Kestra/Proc/ProcException.h"

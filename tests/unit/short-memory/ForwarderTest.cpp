@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Util/FunctorExecutionForwarder.h"
 #include "support/WaitUntil.h"
 #include "unit/short-memory/ShortMemory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Render/OpenStreams.h"
 #include "unit/short-memory/ShortMemory.h"
 #include "unit/stream/FakeStream.h"

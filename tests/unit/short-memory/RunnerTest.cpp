@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "component/runner/RunnerFixture.h"
 #include "unit/short-memory/ShortMemory.h"
 #include <atomic>

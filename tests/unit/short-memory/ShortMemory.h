@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TestSupport::ShortMemory: operator new finds no memory on this thread, in this program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are played backwards.
 #include "Kestra/Proc/Filters/FrameSampler.h"
 #include "unit/source/SourceFixture.h"

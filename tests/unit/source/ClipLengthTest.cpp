@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long clips are whose sound was coded in blocks, and where they begin.
 #include "Kestra/Base/Time.h"
 #include "SourceFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What media list of themselves, and the text of their subtitles.
 #include "SourceFixture.h"
 #include <atomic>

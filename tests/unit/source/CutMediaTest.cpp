@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Recordings that were cut where no keyframe is: at their start, and by edit lists.
 #include "unit/source/SourceFixture.h"
 #include <algorithm>

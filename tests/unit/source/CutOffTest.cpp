@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that end before their container does.
 #include "Kestra/FF/Demux/ContainerEnd.h"
 #include "Kestra/FF/Demux/FileBytes.h"

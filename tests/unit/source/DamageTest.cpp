@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are cut off or spoilt: read as far as they go, and told of.
 #include "unit/source/SourceFixture.h"
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures for a consumer that looks at them roughly.
 #include "Kestra/Conf/Draft.h"
 #include "Kestra/FF/Data/DataVideoFF.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // H.264 that codes each field as a picture of its own, as broadcasts do and no encoder at hand does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Interlaced pictures: kept as they are, or deinterlaced for a consumer that wants progressive ones.
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "unit/source/FieldPictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures and sound that are made: what they show, how loud they are, and that reading may begin anywhere.
 #include "Kestra/FF/Data/DataAudioFF.h"
 #include "Kestra/FF/Data/DataVideoFF.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound whose timestamps and samples disagree: it goes on without a break.
 #include "unit/source/SourceFixture.h"
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Recordings that were put behind each other in one file, each with a clock of its own.
 #include "unit/source/SourceFixture.h"
 #include <algorithm>

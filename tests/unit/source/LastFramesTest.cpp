@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a decoder still holds when its packets have come to an end.
 #include "Kestra/FF/Decode/Decoder.h"
 #include "support/FlashBeep.h"

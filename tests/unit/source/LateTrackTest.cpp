@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound that begins behind so many pictures that the beginning of the file does not tell what it is like.
 #include "SourceFixture.h"
 #include <algorithm>

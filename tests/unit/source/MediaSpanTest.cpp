@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a clip begins and ends when its tracks do not begin and end together.
 #include "Kestra/FF/Probe/MediaSpan.h"
 #include "Kestra/Base/Time.h"

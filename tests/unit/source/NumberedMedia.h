@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media whose pictures and samples tell their own number, and the readers of those numbers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What opening a file finds out once, and what decoding alone can tell of its beginning.
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "unit/source/SourceFixture.h"

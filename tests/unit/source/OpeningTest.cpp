@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is refused, and in which words.
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/Proc/ISourceFactory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Counts, times and seeks of decoded pictures.
 #include "Kestra/FF/Source/InterruptibleRead.h"
 #include "unit/source/SourceFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Program streams of pictures so small that several begin in one pack, which has one time for all of them.
 #include "Kestra/FF/Demux/AnchorTimes.h"
 #include "Kestra/FF/Demux/OrderTimes.h"

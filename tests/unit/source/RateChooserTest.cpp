@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which rate is chosen for pictures that come at these times.
 #include "Kestra/FF/Probe/RateChooser.h"
 #include "Kestra/Base/Time.h"

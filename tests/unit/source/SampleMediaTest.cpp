@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Real files with real oddities, where they are at hand: EDITOR_EXPORT_SAMPLE_MEDIA, or ../shared/media.
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "unit/source/SourceFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbered pictures as one source: their names, what stands for missing ones, and that all come alike.
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/Proc/Interrupted.h"

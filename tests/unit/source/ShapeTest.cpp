@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Orientation: the numbers, and pictures that come out upright.
 #include "Kestra/FF/Data/DataVideoFF.h"
 #include "Kestra/FF/Picture/Orientation.h"

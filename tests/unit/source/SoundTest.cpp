@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decoded sound: every sample in its place, also after seeks.
 #include "Kestra/Proc/Interrupted.h"
 #include "unit/source/SourceFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time codes of first pictures: what their texts name, and where files tell them.
 #include "Kestra/FF/Probe/StartTimecode.h"
 #include "unit/source/SourceFixture.h"

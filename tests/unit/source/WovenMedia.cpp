@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "unit/source/WovenMedia.h"
 
 #include "Kestra/FF/Data/DataVideoFF.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media of fields: a bar that moves with each field, so that every row tells which field it shows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a program that links the module finds in its library.
 #include <array>
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Engine streams that only exist and are counted.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The model's types under one view template, which treats them all alike.
 #include "Composition/View.h"
 #include "Export/ExportStreams.h"

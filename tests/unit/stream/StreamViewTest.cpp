@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Export/ExportStreams.h"
 #include "support/Perishable.h"
 #include "unit/stream/FakeStream.h"

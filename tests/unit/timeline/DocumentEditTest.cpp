@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Timeline/DocumentEdit.h"
 #include "Timeline/MarkerList.h"
 #include <gtest/gtest.h>

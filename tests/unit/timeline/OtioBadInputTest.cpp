@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timelines that are wrong: each is told with its place, and nothing crashes or hangs.
 #include "OtioFixture.h"
 #include <sys/stat.h>

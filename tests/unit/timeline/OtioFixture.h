@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes timelines of OpenTimelineIO, piece by piece, and reads them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a timeline says is what the document holds.
 #include "OtioFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timelines packed with their media: what is unpacked, for how long, and what is not to be trusted.
 #include "OtioFixture.h"
 #include "Timeline/Reader/PrivateFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Util/Scheduler.h"
 #include "support/TimerCatcher.h"
 #include "support/WaitUntil.h"

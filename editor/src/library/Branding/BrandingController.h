@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // BrandingController: appends the branding outro to what is exported.
 #pragma once
 

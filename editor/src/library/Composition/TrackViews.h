@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message::View of a composition's tracks and clips.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Composition::View: a composition with its markers, ranges and own media descriptions.
 #pragma once
 

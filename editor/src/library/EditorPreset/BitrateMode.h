@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::BitrateMode: how the bits of an encoded video stream are spent.
 #pragma once
 

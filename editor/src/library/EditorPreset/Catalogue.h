@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorPreset::Catalogue: what a catalogue file says, checked.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/CatalogueKeys.h"
 #include "EditorPreset/CatalogueError.h"
 #include <rapidjson/error/en.h>

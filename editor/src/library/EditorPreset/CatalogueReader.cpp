@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/CatalogueReader.h"
 #include "EditorPreset/CatalogueError.h"
 #include "EditorPreset/CatalogueKeys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The validator's headers throw only with this; otherwise they abort the process.
 #define VALIJSON_USE_EXCEPTIONS 1
 

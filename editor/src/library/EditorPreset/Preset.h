@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Preset: everything that an export to one kind of file needs to know.
 #pragma once
 

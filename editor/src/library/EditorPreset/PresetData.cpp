@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Preset: what muxer and encoders are told, and how presets are compared.
 #include "EditorPreset/Preset.h"
 #include "EditorPreset/PresetTags.h"

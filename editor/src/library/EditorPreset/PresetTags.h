@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names of the nodes of a preset's tree: those of the catalogue. SettingTable.h names those below the sections.
 #pragma once
 

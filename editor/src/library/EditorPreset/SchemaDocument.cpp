@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/SchemaDocument.h"
 #include "EditorPreset/SettingTable.h"
 #include "Kestra/Base/Exception.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/SettingReading.h"
 #include "EditorPreset/SettingTable.h"
 #include "EditorPreset/TreeAccess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the settings of a preset come to, for the encoders, the muxer and comparisons.
 #pragma once
 

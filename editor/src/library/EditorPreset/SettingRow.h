@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorPreset::SettingRow: all that is known of one setting of a preset.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings that a preset has, each declared in one row. Reading, the schema, what encoders and muxer are told,
 // comparison and docs/presets.md follow from the rows.
 #pragma once

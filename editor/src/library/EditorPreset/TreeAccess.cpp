@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorPreset/TreeAccess.h"
 #include "EditorPreset/SettingTable.h"
 #include <utility>

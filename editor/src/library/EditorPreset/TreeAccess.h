@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading and writing a preset's tree, where every node may be missing.
 #pragma once
 

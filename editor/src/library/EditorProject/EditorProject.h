@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // EditorProject: a timeline, or media files, as a project of the editor, the model's owner side of an export.
 #pragma once
 

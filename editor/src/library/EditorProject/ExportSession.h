@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::ExportSession: the streams of one export.
 #pragma once
 

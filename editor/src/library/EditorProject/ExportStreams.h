@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::ExportStreams: the owner of the export streams of one medium.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorProject/ExportWindow.h"
 
 #include "Kestra/Base/SourcePlace.h"

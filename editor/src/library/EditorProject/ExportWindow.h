@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::ExportWindow: the part of a timeline that an export renders.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::FastTrackShare: sees to it that the model has a fast track, and no more than one by projects.
 #pragma once
 

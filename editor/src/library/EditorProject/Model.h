@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::Model: the model objects of a project and their owner.
 #pragma once
 

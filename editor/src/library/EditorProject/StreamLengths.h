@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::StreamLengths: what the streams of one export hold, to the frame and to the sample.
 #pragma once
 

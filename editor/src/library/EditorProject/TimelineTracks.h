@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Project::TimelineTracks: the tracks and clips of a timeline as objects of the model.
 #pragma once
 

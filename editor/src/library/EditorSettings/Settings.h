@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Settings: what the editor remembers between runs, and where it finds its preset catalogue.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two export stream types and their views, which live in the export module's library.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::IStreamProcessingHelper: drives the engine through the passes of one export run.
 #pragma once
 

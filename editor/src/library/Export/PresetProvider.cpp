@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Export/PresetProvider.h"
 #include "EditorSettings/Settings.h"
 #include "Kestra/Base/Exception.h"

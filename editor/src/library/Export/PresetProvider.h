@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::PresetProvider: the catalogue of presets as the export dialog shows it, the user's selection, and what
 // follows from it for the streams of an export.
 #pragma once

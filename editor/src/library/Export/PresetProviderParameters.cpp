@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::PresetProvider: what follows from the selected preset for the streams of an export.
 #include "Export/PresetProvider.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The factories by which a run makes its engine objects, pass by pass.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The arithmetic that turns the progress of one pass into that of the whole run.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::StreamOwner: the owner of a composition's export streams, for a model of one's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export::Transcoder: one export of a composition into a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The run: the runner's signals, and what becomes of a failure.
 #include "Export/Transcoder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start attempt and the factories that it hands to the runner.
 #include "Export/Transcoder.h"
 

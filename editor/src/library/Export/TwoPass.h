@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two passes of a run whose video encoder sees the pictures twice.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FastTrack::Object: the editor's fast track, which prepares the composition for smooth playback.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FastTrack::Suppressor: holds the fast track back as long as it lives.
 #pragma once
 

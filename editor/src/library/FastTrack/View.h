@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FastTrack::View: tells property by property what changed in the fast track, on the thread of the bus.
 #pragma once
 

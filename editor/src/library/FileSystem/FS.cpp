@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "FileSystem/FS.h"
 #include <QDir>
 #include <QLatin1Char>

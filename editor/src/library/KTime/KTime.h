@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // KTime: the editor's time value, a signed count of milliseconds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media::Audio: how the sound of a composition or of an export is sampled.
 #pragma once
 

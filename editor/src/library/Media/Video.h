@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media::Video: how the pictures of a composition or of an export look.
 #pragma once
 

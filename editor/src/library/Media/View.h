@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media::View: Message::View in the words of media descriptions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The messages that views exchange about objects of a type T.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message::View: holds, observes and changes objects of the editor's model over the bus.
 #pragma once
 

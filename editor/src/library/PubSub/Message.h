@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Message: a message about an object of type T.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "PubSub/Object.h"
 
 #include "PubSub/Details/ObjectWatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Object: the virtual base of every model object.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Publisher: sends messages of the listed types.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::Company: what is seen together with a clip.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::LinkedStacks: stacks whose picture and sound stand on tracks of their own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::listed: a medium as a list of media on a timeline has it.
 #pragma once
 

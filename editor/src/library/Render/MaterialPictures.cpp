@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Render/MaterialPictures.h"
 
 #include "Kestra/Conf/BlendFormats.h"

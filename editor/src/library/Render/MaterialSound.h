@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::MaterialSound: the sound of one clip at its place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::MediaAhead: the media of a timeline, opened several at a time.
 #pragma once
 

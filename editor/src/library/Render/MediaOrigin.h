@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::originOf: which time of a clip its medium begins with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::mediaMapOf: where in its medium a clip's material stands.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::MediaPool: the media of a timeline, opened.
 #pragma once
 

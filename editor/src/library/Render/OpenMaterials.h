@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::OpenMaterials: the clips that a stream is reading just now.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::OpenStreams: the inner streams that are being read just now, which another thread may interrupt.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::PicturePlanner: what is seen in each frame.
 #pragma once
 

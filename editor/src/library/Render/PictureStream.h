@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::PictureStream: the pictures of a sequence's window at a constant rate in one frame size.
 #pragma once
 

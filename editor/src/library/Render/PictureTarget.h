@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::PictureTarget: what all pictures of an export are brought to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::PlacedTrack: the items of a track on the composition's time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::programmeOf: what the file of a timeline says of itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::SampleDepth: the sample format that a timeline's sound, or a part of it, needs.
 #pragma once
 

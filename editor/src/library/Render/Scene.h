@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::Scene: what is seen or heard at one moment of a composition, and for how long.
 #pragma once
 

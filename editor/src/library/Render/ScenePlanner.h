@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::ScenePlanner: finds what stands at a moment of a document.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Render/Sequence.h"
 
 #include "Kestra/Proc/ProcException.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::Sequence: a timeline and its media, ready to be rendered.
 #pragma once
 

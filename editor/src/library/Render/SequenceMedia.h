@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::mediaSeen, mediaHeard, hasAny, placeOf: which media of a sequence are used, and where.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::SoundPlanner: what is heard at each sample.
 #pragma once
 

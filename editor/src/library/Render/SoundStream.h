@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::SoundStream: the sound of a sequence's window in one format.
 #pragma once
 

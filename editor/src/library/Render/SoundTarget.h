@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::SoundTarget: what all sound of an export is brought to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::SoundTracks: every sound track of media files, each a track of the file that is made of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::createPictureStream, createSoundStream: a sequence as engine streams.
 #pragma once
 

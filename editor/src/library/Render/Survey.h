@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::Survey: which media a window shows or plays.
 #pragma once
 

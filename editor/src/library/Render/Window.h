@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Render::Window: the part of a composition that is rendered.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stream::Object: the model's export stream of one medium.
 #pragma once
 

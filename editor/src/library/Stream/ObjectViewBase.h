@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stream::ObjectViewBase: Message::View in the words of streams.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stream::View: tells field by field what changed in a stream.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::visitClips: every clip of a stack.
 #pragma once
 

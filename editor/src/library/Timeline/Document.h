@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::Document: a whole timeline.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::withMissing, withBlackForMissingPictures, withItem, withoutItem: edited documents.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::Finding: what is wrong or remarkable in a timeline.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::Item: what stands in a track, one after the other.
 #pragma once
 

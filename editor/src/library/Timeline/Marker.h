@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::Marker: a place that somebody named.
 #pragma once
 

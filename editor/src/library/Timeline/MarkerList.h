@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::markersOf: every marker of a stack.
 #pragma once
 

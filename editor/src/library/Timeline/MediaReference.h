@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::MediaReference: where the picture or the sound of a clip comes from.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::TimeRange: a stretch of time.
 #pragma once
 

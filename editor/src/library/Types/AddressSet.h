@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small ordered sets of borrowed objects, kept by address.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Types::Range: a stretch of time.
 #pragma once
 

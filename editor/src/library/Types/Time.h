@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The only two ways between the editor's milliseconds and the engine's time.
 #pragma once
 

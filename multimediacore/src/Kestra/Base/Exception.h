@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Exception: what the engine throws, with its records of origin.
 #pragma once
 

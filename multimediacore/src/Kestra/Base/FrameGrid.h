@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FrameGrid: the periods of a constant frame rate.
 #pragma once
 

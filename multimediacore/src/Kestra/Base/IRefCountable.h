@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::IRefCountable: the counted base of every engine object.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::LeavableThread: a thread with a name that nobody has to wait for for ever.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Ticks, FrameIndex, SampleIndex: whole numbers of one unit that cannot be taken for those of another.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::RefCountImpl: the reference count that engine objects inherit beside their interfaces.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::SampleGrid: the places of samples at a constant rate.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::SourcePlace: where in the engine's source something happened.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Engine time: a signed 64-bit count of 1/705 600 000 s.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::TimeMap: which time of a source is shown at which time of a composition.
 #pragma once
 

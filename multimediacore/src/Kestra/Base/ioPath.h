@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::ioPath: a file-system path as the engine takes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bitrates that a codec can sensibly be asked for, from its description.
 #pragma once
 

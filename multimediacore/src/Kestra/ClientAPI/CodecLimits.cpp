@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/ClientAPI/CodecLimits.h"
 
 #include "Kestra/Conf/PixelFormat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an encoder can be asked for without giving something else.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a container holds, and how its files are called.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the encoders and muxers of this installation know by name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::BlendFormats: the pixel formats in which pictures are laid over each other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::Codec: all that is known of a codec without asking one of its encoders.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::CodecID: the codecs that presets can name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of the table of codecs. What encoders take was measured with those of Debian's FFmpeg; docs/bitrates.md says
 // where the bitrates come from.
 #include "Kestra/Conf/Codec.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::Container: all that is known of a container without asking its muxer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Conf/CreateDataHelper.h"
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Base/RefCountImpl.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::Draft: a consumer that will look at frames roughly, in a smaller size.
 #pragma once
 

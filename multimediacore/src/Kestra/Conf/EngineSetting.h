@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What encoders and muxers can be told in their descriptions, and the nodes that tell it.
 #pragma once
 

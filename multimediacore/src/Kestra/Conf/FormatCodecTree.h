@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::FormatCodecTree: a description that holds its own property tree.
 #pragma once
 

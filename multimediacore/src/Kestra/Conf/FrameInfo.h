@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::FrameInfo: size and shape of a frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::HdrInfo: what pictures of a high dynamic range tell of their display and of their light.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::IDataHelper: completes a description with what a codec or a container fixes.
 #pragma once
 

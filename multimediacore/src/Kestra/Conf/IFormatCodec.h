@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::IFormatCodec: the description of a stream's format or of an encoder, over a property tree.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::Language: the codes by which files tell a language.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::NumberedName: how files are called that differ by a number.
 #pragma once
 

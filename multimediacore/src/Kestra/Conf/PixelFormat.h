@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::PixelFormat and the colour description of pictures.
 #pragma once
 

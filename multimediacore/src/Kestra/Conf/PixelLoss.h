@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::PixelLoss: what pictures lose when they are brought to another pixel format.
 #pragma once
 

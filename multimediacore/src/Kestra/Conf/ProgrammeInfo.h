@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::ProgrammeInfo: what a file says of its whole programme.
 #pragma once
 

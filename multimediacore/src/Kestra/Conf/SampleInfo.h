@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sample formats, channel layouts and the description of sound.
 #pragma once
 

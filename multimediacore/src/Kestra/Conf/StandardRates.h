@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame rates that pictures are usually shot, stored and shown at.
 #pragma once
 

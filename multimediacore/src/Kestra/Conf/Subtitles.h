@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Conf::Subtitles: one track of text that is shown with a programme.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Core::CoreManager: where the engine's factories are found.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Core::DataOutputFF: the output to a regular file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Core::IDataOutput: where a muxer's bytes go.
 #pragma once
 

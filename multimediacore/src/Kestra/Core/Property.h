@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Core::Property: a tree of named, typed values. Muxer, encoder and modifier data travel in it.
 #pragma once
 

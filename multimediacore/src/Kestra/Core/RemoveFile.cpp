@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Core/RemoveFile.h"
 #include <sys/stat.h>
 #include <unistd.h>

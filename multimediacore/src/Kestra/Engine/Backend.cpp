@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Engine/Backend.h"
 
 #include "Kestra/Proc/LargestAllocation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Backend: the codec libraries, loaded when they are first needed.
 #pragma once
 

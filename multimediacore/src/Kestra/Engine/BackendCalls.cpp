@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/ClientAPI/EncoderQuery.h"
 #include "Kestra/Engine/Backend.h"
 #include "Kestra/Proc/FileCheck.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::BoundedQueue: pieces between the thread that makes them and the one that takes them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How talkative the libraries under the engine are.
 #pragma once
 

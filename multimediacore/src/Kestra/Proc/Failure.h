@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How processing fails: the one table from the system's errors to TranscodingError, and what throws by it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads a finished file packet by packet, for those who must know that it is whole.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IBackend: all that the engine has done by the codec libraries.
 #pragma once
 

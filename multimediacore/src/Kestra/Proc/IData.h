@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IData and its kinds: one frame, one block of samples or one packet on its way through the engine.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IDataVideoFFFactory: pictures from pixels that lie elsewhere.
 #pragma once
 

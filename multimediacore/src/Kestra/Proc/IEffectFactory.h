@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IEffectFactory: effects, to be added to a host.
 #pragma once
 

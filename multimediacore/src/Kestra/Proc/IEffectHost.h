@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IEffectHost: a stream of pictures with effects on them, one thread at a time like every stream.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IEffectVideo: something done to single pictures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IEncoder: a raw stream that encodes another stream.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IFrameBlender: pictures laid over and mixed with each other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ILoudnessMeter: how loud a programme is to those who hear it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IMediaSource: one media file, opened, with streams of its tracks.
 #pragma once
 

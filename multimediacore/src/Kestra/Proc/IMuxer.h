@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IMuxer: interleaves packets into a container and writes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IPacketSource: what stands behind a raw stream and makes its packets.
 #pragma once
 

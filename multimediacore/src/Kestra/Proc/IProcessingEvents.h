@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IProcessingEvents: what a stream processor reports, from its own threads.
 #pragma once
 

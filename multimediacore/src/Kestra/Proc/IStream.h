@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IStream: what every stream of the engine can do. Streams are pulled.
 #pragma once
 

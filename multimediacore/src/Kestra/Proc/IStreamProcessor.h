@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IStreamProcessor: runs encoders into a muxer on its own threads.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::IStreamRaw: a stream of encoded packets over a counted, exchangeable packet source.
 #pragma once
 

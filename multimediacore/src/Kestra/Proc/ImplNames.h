@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ImplNames: the names of implementations among which a factory may choose.
 #pragma once
 

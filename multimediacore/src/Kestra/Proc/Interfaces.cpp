@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The destructors of the interfaces that have nothing else: their tables of functions live in this library.
 #include "Kestra/Proc/Failure.h"
 #include "Kestra/Proc/ICodecFactory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::Interrupted: what a read throws that an Interrupt has broken off.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How much memory the libraries under the engine may take in one piece.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loading of the codec libraries, ahead of their first use.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::MediaContents: what a media file lists of itself.
 #pragma once
 

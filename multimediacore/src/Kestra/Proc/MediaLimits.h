@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::MediaLimits: what a media file may claim of itself.
 #pragma once
 

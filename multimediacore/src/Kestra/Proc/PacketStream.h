@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::PacketStream: a raw stream that is nothing but its packet source.
 #pragma once
 

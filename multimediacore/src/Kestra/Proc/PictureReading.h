@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ReadPicture: a picture's pixels for a display.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The exceptions of processing: everything that happens to a stream.
 #pragma once
 

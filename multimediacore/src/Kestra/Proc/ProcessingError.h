@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ProcessingError: a failure as the user is told of it.
 #pragma once
 

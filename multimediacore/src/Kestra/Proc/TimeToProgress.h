@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::TimeToProgress: how far something has come at a time.
 #pragma once
 

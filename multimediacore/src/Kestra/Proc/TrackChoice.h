@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::TrackChoice: which of a medium's sound tracks is its main one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/TranscodingError.h"
 
 namespace Kestra::Proc {

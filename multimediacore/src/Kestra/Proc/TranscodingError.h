@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::TranscodingError: the named reasons for which a run can fail.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Util::FunctorExecutionForwarder: carries calls from any thread over to one thread's event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Util::ImageUtils: Qt's pictures for the engine.
 #pragma once
 

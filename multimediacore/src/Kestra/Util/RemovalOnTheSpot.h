@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Util::RemovalOnTheSpot: what has to go even where the process ends without destructors.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Util::Scheduler: many requests between two turns of the event loop become one deferred call.
 #pragma once
 

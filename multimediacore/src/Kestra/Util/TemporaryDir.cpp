@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Util/TemporaryDir.h"
 
 #include "Kestra/Proc/ProcException.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Util::TemporaryDir: a scratch directory that goes with its owner.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Composition/Details/ObjectViewBase.h"
 
 template class Message::View<Composition::Object>;

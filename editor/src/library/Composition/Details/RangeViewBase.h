@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Composition::Details::RangeViewBase: Message::View in the words of named ranges.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "FastTrack/Details/ObjectViewBase.h"
 
 template class Message::View<FastTrack::Object>;

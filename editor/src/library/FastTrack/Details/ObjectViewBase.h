@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FastTrack::Details::ObjectViewBase: Message::View in the words of the fast track.
 #pragma once
 

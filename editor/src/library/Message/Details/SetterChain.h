@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message::View::SetterChain: one change to one model object, made when the chain is destroyed.
 #pragma once
 

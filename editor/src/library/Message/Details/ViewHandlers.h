@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a view does when it hears a message, and its hooks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What callers and chains ask of a view.
 #pragma once
 

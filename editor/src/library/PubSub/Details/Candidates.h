@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Details::Candidates: the receivers of one message, while it is being delivered.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Details::Dispatcher: knows who hears what.
 #pragma once
 

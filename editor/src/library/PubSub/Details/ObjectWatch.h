@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Details::ObjectWatch: tells whether a model object was destroyed while others were called.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PubSub::Details::SubscriberBase: a place on the bus, whatever the messages.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::ITimelineReader: makes documents of files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::documentOf: a timeline of media one after the other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::MediaLocator: finds the files that a timeline names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::OtioContext: what has been found so far, and where the reading stands.
 #pragma once
 

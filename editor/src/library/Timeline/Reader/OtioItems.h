@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::OtioItems: reads tracks and what stands in them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::mediaNamedIn: the files that a timeline names, wherever in it.
 #pragma once
 

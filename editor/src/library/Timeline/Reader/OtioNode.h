@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::OtioNode: a value of a timeline's file and its place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::OtioReader: reads timelines of OpenTimelineIO.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which schemas of OpenTimelineIO are known here, and up to which version.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads how fast something of a timeline is played.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text of a timeline's file, and what stands in it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Times as timelines write them, on the engine's clock.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::OtioZipReader: reads timelines that are packed together with their media.
 #pragma once
 

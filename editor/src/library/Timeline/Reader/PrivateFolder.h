@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::PrivateFolder: a temporary folder that goes with its owner.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Brings transitions to what their neighbours allow.
 #pragma once
 

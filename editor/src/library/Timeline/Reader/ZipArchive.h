@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::ZipArchive: the entries of a zip file.
 #pragma once
 

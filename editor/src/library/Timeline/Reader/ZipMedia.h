@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timeline::ZipMedia: the media of an archive, unpacked where they are needed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Engine values and libav values into each other: time, formats, layouts, colour.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What codecs of audio put before and behind the samples that they were given.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What libav and the libraries under it log.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // AVERROR codes as engine exceptions, mapped in this one place; what the system says is mapped below it.
 #pragma once
 

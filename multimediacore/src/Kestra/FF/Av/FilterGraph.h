@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FilterGraph: a chain of libavfilter's filters with one input and one output.
 #pragma once
 

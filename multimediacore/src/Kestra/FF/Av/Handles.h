@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Owning handles of the libav objects, one alias and one Make each.
 #pragma once
 

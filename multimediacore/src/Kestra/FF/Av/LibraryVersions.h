@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Versions of FFmpeg's libraries and of the encoders behind them.
 #pragma once
 

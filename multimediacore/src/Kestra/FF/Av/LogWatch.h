@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::LogWatch: what libav complains of on this thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::MemoryWatch: hears when a codec mentions that it got no memory.
 #pragma once
 

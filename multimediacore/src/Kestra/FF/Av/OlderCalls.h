@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What FFmpeg 5.1 says in ways that later versions took away: here, and nowhere else.
 #pragma once
 

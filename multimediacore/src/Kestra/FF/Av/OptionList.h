@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::OptionList: options from a property tree, handed to a libav object by name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How messages write numbers: the same in every locale.
 #pragma once
 

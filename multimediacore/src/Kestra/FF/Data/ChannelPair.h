@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChannelPair: the layouts of a conversion of audio, such that the resampler can tell what becomes of what.
 #pragma once
 

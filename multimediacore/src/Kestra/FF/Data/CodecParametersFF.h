@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::CodecParametersFF: the format of encoded packets as a muxer needs it.
 #pragma once
 

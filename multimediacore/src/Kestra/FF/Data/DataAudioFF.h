@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::DataAudioFF: a block of samples over a counted AVFrame.
 #pragma once
 

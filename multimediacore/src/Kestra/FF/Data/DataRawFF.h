@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::DataRawFF: an encoded packet over a counted AVPacket.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::DataVideoFF: a frame over a counted AVFrame.
 #pragma once
 

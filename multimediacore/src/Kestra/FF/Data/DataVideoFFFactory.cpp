@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Data/DataVideoFFFactory.h"
 
 #include "Kestra/Base/Exception.h"

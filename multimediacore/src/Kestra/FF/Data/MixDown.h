@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How loud a mix of channels into fewer can become.
 #pragma once
 

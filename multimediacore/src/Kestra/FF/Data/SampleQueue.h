@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SampleQueue: blocks of samples in, blocks of any other length out.
 #pragma once
 

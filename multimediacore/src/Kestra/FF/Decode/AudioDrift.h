@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AudioDrift: how far audio that is read on and on comes away from its timestamps.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::Decoder: packets of one stream into frames. The one send and receive loop of decoding.
 #pragma once
 

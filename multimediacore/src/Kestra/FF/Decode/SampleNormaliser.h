@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SampleNormaliser: keeps audio in one format though the decoder changes it on the way.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where decoded blocks of samples belong, told from timestamps that containers round, jitter or repeat.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AnchorTimes: when those pictures of a program stream are shown that do not say so.
 #pragma once
 

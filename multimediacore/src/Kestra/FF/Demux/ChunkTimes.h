@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChunkTimes: audio of AVI whose times count what they do not mean.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the structure of a media file says of where the file should end.
 #pragma once
 

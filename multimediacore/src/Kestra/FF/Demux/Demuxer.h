@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::Demuxer: the packets of a media file.
 #pragma once
 

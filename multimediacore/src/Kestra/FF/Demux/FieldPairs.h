@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FieldPairs: one packet for each picture of tracks that code their fields one by one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FileBytes: looks at single bytes of a file's structure.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a media file lists of itself: tracks, chapters, tags, a cover.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What people wrote into a file about its programme, told apart from what programs noted of the file.
 #pragma once
 

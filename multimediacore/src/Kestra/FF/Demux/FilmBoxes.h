@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FilmBox: what files of the MOV family are made of.
 // Source: ISO/IEC 14496-12 (ISO base media file format), 4.2.
 #pragma once

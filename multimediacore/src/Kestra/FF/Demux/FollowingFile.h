@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that were put behind each other in one, of kinds that hold only one by their nature.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::HasForeignSamples: whether a film names another file as the place of its pictures or audio.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::OrderTimes: when those pictures of H.264 and HEVC are shown that do not say so.
 #pragma once
 

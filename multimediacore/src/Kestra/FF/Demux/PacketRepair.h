@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PacketRepair: a stage between a file and its reader that mends what containers and their writers get
 // wrong.
 #pragma once

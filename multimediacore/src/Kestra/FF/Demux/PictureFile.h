@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the structure of a file of one picture tells, without decoding it.
 #pragma once
 

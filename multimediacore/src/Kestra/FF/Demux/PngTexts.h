@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What PNG pictures carry besides the picture.
 #pragma once
 

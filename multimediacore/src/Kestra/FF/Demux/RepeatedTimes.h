@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::RepeatedTimes: audio of fragments that libav takes for what has been there already.
 #pragma once
 

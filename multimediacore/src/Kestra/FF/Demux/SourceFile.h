@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SourceFile: a media file as libav gets it, itself and nothing else.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What streams claim of themselves, before memory is taken for it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::StreamInfoCache: what decoding has told about the streams of a file, so that it need not be asked twice.
 #pragma once
 

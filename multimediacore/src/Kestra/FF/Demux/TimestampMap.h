@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::TimestampMap: where the timestamps of a file restart or jump, and what brings them onto one clock.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text of media files, which is not always in the encoding that it should be in.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AudioDriver: what is particular to one of the codec library's encoders of audio.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drivers that there are, one function each; the list of them is AudioDriver::All.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What samples an encoder is given, from its description and the stream.
 #pragma once
 

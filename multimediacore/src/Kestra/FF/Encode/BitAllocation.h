@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::BitAllocation: spreads the bits of a second pass over the frames of the first.
 #pragma once
 

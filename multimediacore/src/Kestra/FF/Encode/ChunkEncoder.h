@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChunkEncoder: encodes chunks, each from its lead-in to its last packet.
 #pragma once
 

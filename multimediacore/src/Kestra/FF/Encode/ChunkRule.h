@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChunkRule: how sound may be encoded in parts that are joined.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChunkWorkers: threads that encode chunks, several at a time.
 #pragma once
 

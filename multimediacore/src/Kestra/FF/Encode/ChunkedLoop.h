@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ChunkedLoop: an encoder whose chunks are encoded beside each other.
 #pragma once
 

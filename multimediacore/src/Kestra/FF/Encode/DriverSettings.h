@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the drivers of several encoders set alike.
 #pragma once
 

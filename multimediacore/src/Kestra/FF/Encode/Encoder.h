@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::Encoder: the raw stream in front of an encoder's packet source.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which encoders of the codec library stand for the engine's codecs.
 #pragma once
 

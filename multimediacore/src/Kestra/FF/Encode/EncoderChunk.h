@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::EncoderChunk: a part of a track that an encoder of its own makes packets of.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::EncoderCore: the packet source behind an encoder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::EncoderLoop: an open encoder, fed and drained.
 #pragma once
 

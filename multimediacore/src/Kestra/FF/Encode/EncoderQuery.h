@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What encoders and muxers know by name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the first of two passes may look at instead of whole frames.
 #pragma once
 

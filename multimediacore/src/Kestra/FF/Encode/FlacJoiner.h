@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FlacJoiner: FLAC of several encoders as that of one.
 #pragma once
 

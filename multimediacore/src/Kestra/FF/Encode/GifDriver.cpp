@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Encode/PaletteLoop.h"
 #include "Kestra/FF/Encode/VideoDrivers.h"
 #include <utility>

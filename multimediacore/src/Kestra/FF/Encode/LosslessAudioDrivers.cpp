@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Encoders whose samples come out as they went in: FLAC, ALAC, PCM.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Encode/AudioDrivers.h"

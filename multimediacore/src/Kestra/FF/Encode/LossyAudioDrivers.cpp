@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Encoders that choose what to leave out: AAC, Opus, AC-3, MP3, Vorbis.
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Encode/AudioDrivers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PacketBursts: an encoder's packets, many at a time.
 #pragma once
 

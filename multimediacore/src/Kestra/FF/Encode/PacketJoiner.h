@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PacketJoiner: makes packets of several encoders look like those of one.
 #pragma once
 

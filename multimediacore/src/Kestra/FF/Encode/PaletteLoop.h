@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PaletteLoop: an encoder of palettes that is given pictures of all colours.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::StatisticsFile: a file of the first of two passes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the first of two passes says of its statistics when they are complete.
 #pragma once
 

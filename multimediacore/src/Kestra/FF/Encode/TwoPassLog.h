@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::TwoPassLog: the statistics that a first pass leaves to the second.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::VideoConform: the last stage before a video encoder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bitrate and quality of video encoders.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands in the statistics that x264's first pass writes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AlphaEnvelope: the effect that lets frames appear and vanish over time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AudioConversion: audio in another format and of an exact length.
 #pragma once
 

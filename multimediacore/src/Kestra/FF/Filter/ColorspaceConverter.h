@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ColorspaceConverter: the effect that brings frames to a pixel format.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FrameBlender: frames mixed and laid over each other.
 #pragma once
 

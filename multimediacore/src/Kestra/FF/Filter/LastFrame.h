@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::LastFrame: what became of a frame, for when it comes again.
 #pragma once
 

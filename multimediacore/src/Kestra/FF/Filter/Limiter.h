@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::Limiter: sound whose peaks stay below a ceiling.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::LoudnessMeter: the loudness of a programme, by libavfilter's ebur128.
 #pragma once
 

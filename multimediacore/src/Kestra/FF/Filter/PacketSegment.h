@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PacketSegment: a window on the packets of an audio encoder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::RepeatedPicture: one picture that is made, for as long as it is wanted.
 #pragma once
 

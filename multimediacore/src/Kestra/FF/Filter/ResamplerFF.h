@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The filters over audio: another format, an exact length, silence.
 #pragma once
 

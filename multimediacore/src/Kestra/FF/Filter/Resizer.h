@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::Resizer: brings pictures to one frame and, in the same pass, to the format that the consumer asked for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SampleMixer: the sound of several streams as one.
 #pragma once
 

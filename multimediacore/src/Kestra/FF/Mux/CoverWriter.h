@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture that stands for a programme, as muxers take it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::MuxerFF: containers written with the muxer library.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::OutputIo: a muxer library's writes onto a data output.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a file says of its programme, as muxers take it.
 #pragma once
 

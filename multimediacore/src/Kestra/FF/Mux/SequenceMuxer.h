@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SequenceMuxer: pictures that are files of their own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SubtitleWriter: one track of text in a file.
 #pragma once
 

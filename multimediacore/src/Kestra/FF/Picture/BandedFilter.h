@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::BandedFilter: a chain of filters that works on several bands of a picture at a time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Rows of samples blended, in loops that compilers make vectors of. Sample is std::uint8_t or std::uint16_t.
 #pragma once
 

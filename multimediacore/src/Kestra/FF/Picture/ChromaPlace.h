@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where chroma samples stand among the pixels that share them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ColourConverter: frames of one colour into another, the dynamic range included.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What tells players how to show each frame of a high dynamic range, and is not carried over.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Picture/EncoderInput.h"
 
 #include "Kestra/FF/Picture/HdrMetadata.h"

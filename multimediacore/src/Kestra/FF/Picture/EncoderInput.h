@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::EncoderInput: what frames have to look like for an encoder.
 #pragma once
 

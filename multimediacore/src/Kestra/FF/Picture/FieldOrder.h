@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which frames hold two fields, and which of these is shown first.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Two frames as one: mixed, or one over the other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FrameConverter: part, place, size, pixel format and colour of frames.
 #pragma once
 

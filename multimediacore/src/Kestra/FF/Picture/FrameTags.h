@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tags that a decoded frame is to carry, completed from what its container says.
 #pragma once
 

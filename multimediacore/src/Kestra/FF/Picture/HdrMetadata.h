@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::HdrMetadata: on which display frames of high dynamic range were graded, and how bright they get.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Picture/PlanarColours.h"
 
 #include "Kestra/FF/Av/Error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PlanarColours: colours of planar YUV in an ordinary range, by zimg.
 #pragma once
 

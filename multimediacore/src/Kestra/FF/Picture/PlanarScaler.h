@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PlanarScaler: size, chroma, depth and range of planar YUV, by zimg.
 #pragma once
 

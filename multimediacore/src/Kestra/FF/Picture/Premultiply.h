@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colour weighted by alpha, as scaling has to see it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colours weighted by alpha, sample by sample, in formats that have no loops of their own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::AudioLevels: the timestamps of an audio track's packets against the samples in them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How tracks belong together where the container does not store what codecs put in front of audio: in AVI, which counts
 // chunks and stores no times, and in fragmented MP4.
 #pragma once

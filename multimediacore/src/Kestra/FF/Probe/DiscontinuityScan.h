@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::DiscontinuityScan: reads a file through in search of timestamps that restart or jump.
 #pragma once
 

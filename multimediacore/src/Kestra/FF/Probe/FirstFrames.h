@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FirstFrames: decodes the first frame of each track of a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Probe/FragmentTimes.h"
 
 #include "Kestra/FF/Demux/FilmBoxes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FragmentTimes: what fragments of MP4 say of their tracks' times that libavformat does not pass on.
 // Source: ISO/IEC 14496-12 (ISO base media file format), 8.6.6 (edit list) and 8.8.8 (track fragment run).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FrameGrain: the grid on which blocks of samples begin.
 #pragma once
 

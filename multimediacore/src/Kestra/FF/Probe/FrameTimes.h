@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::FrameTimes: when pictures of a track begin, as far as that has been looked at.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::MediaProbe: finds out what a media file holds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a media file promises and what it holds: where its audio lies by its samples, and where it ends too early.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Wording.h"

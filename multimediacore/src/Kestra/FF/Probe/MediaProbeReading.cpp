@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the tracks of a media file end.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Decode/Decoder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the tracks of a media file begin, and how they belong together.
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/DecoderPreroll.h"

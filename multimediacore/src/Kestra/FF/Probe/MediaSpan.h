@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::MediaSpan: from where to where a media file is a clip.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Probe/PacketSamples.h"
 
 #include "Kestra/FF/Av/Convert.h"

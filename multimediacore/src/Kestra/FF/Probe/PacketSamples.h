@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::PacketSamples: how many samples the packets of an audio track hold, told without decoding them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ProbedTrack: what is found out about one track while a file is opened.
 #pragma once
 

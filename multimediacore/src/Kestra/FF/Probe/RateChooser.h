@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::RateChooser: the constant frame rate that pictures are shown at.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::TrackDetails: what the streams of a media file need to know beyond its public description.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading a track's nominal rate and depth out of what containers say.
 #pragma once
 

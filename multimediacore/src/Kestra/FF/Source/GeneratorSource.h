@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::GeneratorSource: pictures or sound that are made, as a media file would give them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::InterruptibleRead: a call that reads a file and that another thread may interrupt.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::KeyframeList: where a file that cannot be sought in can be decoded from.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SequenceFiles: which files of an image sequence are there.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SequenceVideo: the pictures of an image sequence, one after the other.
 #pragma once
 

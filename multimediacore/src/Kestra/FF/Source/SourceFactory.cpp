@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Source/SourceFactory.h"
 
 #include "Kestra/FF/Source/GeneratorSource.h"

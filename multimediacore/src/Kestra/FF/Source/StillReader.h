@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::StillReader: the pictures of files that hold one each.
 #pragma once
 

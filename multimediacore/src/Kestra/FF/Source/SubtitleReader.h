@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::SubtitleReader: the text tracks of a media file.
 #pragma once
 

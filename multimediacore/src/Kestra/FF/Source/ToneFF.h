@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::FF::ToneFF: a sine as a stream of sound.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::AudioFilterBase: a stream that does with its source what it does not do itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::BackwardFrames: a stream's pictures from later to earlier ones.
 #pragma once
 

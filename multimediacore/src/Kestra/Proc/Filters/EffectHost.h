@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::EffectHost: a stream's pictures with effects on them.
 #pragma once
 

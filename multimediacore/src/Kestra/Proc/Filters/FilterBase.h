@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::FilterBase: what filters over sound and over pictures have in common.
 #pragma once
 

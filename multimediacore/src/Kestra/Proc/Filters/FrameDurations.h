@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::FrameDurations: lets each picture last until the next one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::FrameSampler: brings pictures to a constant rate.
 #pragma once
 

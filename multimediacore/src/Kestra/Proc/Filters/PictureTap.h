@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::PictureTap: lets somebody see what passes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/Filters/PreferredFrameRate.h"
 
 #include "Kestra/Base/Time.h"

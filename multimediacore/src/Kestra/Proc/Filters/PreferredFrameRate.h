@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::PreferredFrameRate: pictures at the rate that their consumer wishes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ReadAheadBase: what reading ahead has in common for sound and pictures.
 #pragma once
 

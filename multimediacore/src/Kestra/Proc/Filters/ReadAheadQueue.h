@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ReadAheadQueue: a thread that reads a stream ahead of its consumer.
 #pragma once
 

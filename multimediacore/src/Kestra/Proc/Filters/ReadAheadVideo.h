@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ReadAheadVideo: reads its source on a thread of its own, ahead of the consumer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::SamplingRule: which frame of a grid shows which moment of a source.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::StreamBase: what streams of sound and of pictures answer alike.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::StreamOneFrameVideo: one picture as a stream.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/Processor/EncoderThread.h"
 #include "Kestra/Conf/IFormatCodecAudio.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"

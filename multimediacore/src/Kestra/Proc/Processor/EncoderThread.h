@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::EncoderThread: pulls the packets of one raw stream into a queue.
 #pragma once
 

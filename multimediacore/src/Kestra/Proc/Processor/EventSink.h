@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::EventSink: the way to the events' receiver, which may be taken away at any moment.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::PacketQueue: the packets between one encoder and the muxer.
 #pragma once
 

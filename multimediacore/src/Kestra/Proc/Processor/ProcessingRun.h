@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ProcessingRun: one run, from its encoders to its last event, on the thread that feeds the muxer.
 #pragma once
 

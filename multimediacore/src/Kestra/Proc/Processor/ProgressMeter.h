@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::ProgressMeter: from packets muxed to the figures of onProgress.
 #pragma once
 

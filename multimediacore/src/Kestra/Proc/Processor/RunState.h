@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::RunState: how a run stands, shared by its threads and its user.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::StreamProcessor: the engine's own stream processor.
 #pragma once
 

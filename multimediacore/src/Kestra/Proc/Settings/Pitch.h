@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::Pitch: what becomes of the pitch of sound whose speed changes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::SettingsGenerator: pictures or sound that are made, not read.
 #pragma once
 

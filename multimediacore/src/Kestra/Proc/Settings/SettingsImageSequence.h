@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::SettingsImageSequence: pictures that are files of their own, numbered.
 #pragma once
 

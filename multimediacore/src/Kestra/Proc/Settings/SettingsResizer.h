@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::SettingsResizer: how pictures are brought to a frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::SettingsTwoPassEncoding: which pass of two an encoder runs, and where the statistics lie.
 #pragma once
 

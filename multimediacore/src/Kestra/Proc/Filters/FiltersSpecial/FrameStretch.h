@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kestra::Proc::FrameStretch: one frame of a stream, shown for a whole duration.
 #pragma once
 
