@@ -14,7 +14,8 @@ public:
     using QObject::QObject;
 
 Q_SIGNALS:
-    /// Comes from inside the event loop, on its thread. `receiver` is the object whose event it was; null when it is gone.
+    /// Comes from inside the event loop, on its thread. `receiver` is the object whose event it was; null when it is
+    /// gone.
     void caught(const std::exception_ptr& error, QObject* receiver);
 };
 

@@ -5,7 +5,8 @@
 
 namespace Kestra::Proc {
 
-/// Video streams one after the other. Its format is the first one's, which the others are told to prefer. One at a time reads.
+/// Video streams one after the other. Its format is the first one's, which the others are told to prefer. One at a time
+/// reads.
 class KESTRA_EXPORT IConcatenation : public IStreamVideo {
 public:
     ~IConcatenation() override;

@@ -10,8 +10,9 @@
 
 namespace Kestra::Util {
 
-/// A directory of its own under the system's directory for temporary files, readable by this user alone. Any thread, one
-/// at a time. Destruction removes it with its content, as does RemovalOnTheSpot; what cannot be removed stays, silently.
+/// A directory of its own under the system's directory for temporary files, readable by this user alone. Any thread,
+/// one at a time. Destruction removes it with its content, as does RemovalOnTheSpot; what cannot be removed stays,
+/// silently.
 class KESTRAQT_EXPORT TemporaryDir {
 public:
     /// Throws ProcException (OutputNotWritable) with the path that was tried and the system's reason.
