@@ -26,6 +26,11 @@ std::string quoted(const QByteArray& path) {
     return '"' + path.toStdString() + '"';
 }
 
+/// Users' words take the folder's whole path for that of the output.
+QByteArray nameOf(const QByteArray& path) {
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
 void removeAll(const QByteArray& folder) noexcept {
     try {
         std::error_code ignored;
@@ -99,6 +104,7 @@ bool SequenceTransaction::commit() {
 void SequenceTransaction::move() {
     try {
         requireOwnFolder();
+        requireNoRemoval();
         if (target.existed)
             return swapPictures();
         moveFolder();
@@ -125,6 +131,13 @@ void SequenceTransaction::requireOwnFolder() const {
                            "The unfinished pictures of " + quoted(target.path) + " were removed or replaced");
 }
 
+/// An end on the spot that has begun goes through all that is in the private folder, old pictures too, and follows it
+/// to its place. One that begins from here on has to leave what is there: LeftoverSweep knows what to do.
+void SequenceTransaction::requireNoRemoval() {
+    if (!removal->withdraw())
+        fail(ECANCELED, "Cannot put the finished pictures into " + quoted(target.path));
+}
+
 /// An empty folder that has appeared meanwhile is replaced where the file system knows no other renaming.
 void SequenceTransaction::moveFolder() const {
     const char* from = path.constData();
@@ -139,15 +152,14 @@ void SequenceTransaction::swapPictures() {
     const Descriptor place(FolderSteps::open(AT_FDCWD, target.path.constData()));
     if (!place)
         fail(errno, "Cannot put the finished pictures into " + quoted(target.path));
-    // From here on an end on the spot has to leave what is in the private folder: LeftoverSweep knows what to do.
-    removal.reset();
     PictureSwap swap(place.get(), folder, target.name);
     stuck = true; // until it is known: what is thrown on the way for want of memory tells nothing
     const int error = swap.run(target.replace);
     stuck = swap.isStuck();
     if (error != 0)
-        fail(error, "Cannot put the finished pictures into " + quoted(target.path) +
-                        (stuck ? " (those that stood there are in " + quoted(path) + ")" : ""));
+        fail(error,
+             "Cannot put the finished pictures into " + quoted(target.path) +
+                 (stuck ? " (those that stood there are in its hidden folder " + quoted(nameOf(path)) + ")" : ""));
     removeAll(path); // with the old ones
 }
 

@@ -27,7 +27,7 @@ public:
     void forbid() noexcept override { forbidden = true; }
     /// Under a commit that hangs it leaves everything as it is: LeftoverSweep brings that to an end.
     void rollback() noexcept override;
-    void leave() noexcept override { removal.reset(); }
+    void leave() noexcept override { removal->withdraw(); }
     bool isCommitted() const override;
 
 private:
@@ -37,6 +37,7 @@ private:
     int create();
     bool enter(State from, State to) noexcept { return state.compare_exchange_strong(from, to); }
     void requireOwnFolder() const;
+    void requireNoRemoval();
     void move();
     void moveFolder() const;
     void swapPictures();

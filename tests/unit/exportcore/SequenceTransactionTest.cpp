@@ -5,12 +5,14 @@
 #include "ExportCore/PictureSwap.h"
 #include "ExportCore/PrivateName.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Kestra/Util/RemovalOnTheSpot.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include <cerrno>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using ExportCore::Descriptor;
@@ -19,6 +21,24 @@ using ExportCore::LeftoverSweep;
 using ExportCore::PictureSwap;
 using ExportCore::SequenceTarget;
 using ExportCore::SequenceTransaction;
+
+namespace {
+
+// How many of the next renamings are made before all others fail, in this process; below 0: all are made.
+int renamings = -1;
+
+} // namespace
+
+// The system's, but for the failures that the tests ask for.
+extern "C" __attribute__((visibility("default"))) int renameat2(int fromFolder, const char* from, int toFolder,
+                                                                const char* to, unsigned flags) noexcept {
+    if (renamings == 0) {
+        errno = EIO;
+        return -1;
+    }
+    renamings -= renamings > 0 ? 1 : 0;
+    return static_cast<int>(syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
+}
 
 namespace {
 
@@ -151,6 +171,45 @@ TEST_F(Pictures, AfterForbidThereIsNoCommit) {
     EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
     transaction.rollback();
     EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
+}
+
+TEST_F(Pictures, AnEndOnTheSpotThatHasBegunMeetsNoOldOnes) {
+    makeFolder();
+    writeOld({"shot_000.png"});
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 1);
+    // Deeper than such an end goes, so that it is not through with the folder.
+    std::string deep = transaction.privatePath().toStdString();
+    for (int level = 0; level < 10; ++level) {
+        deep += "/d";
+        ASSERT_EQ(mkdir(deep.c_str(), 0700), 0);
+    }
+    Kestra::Util::RemovalOnTheSpot::removeAll();
+    ASSERT_EQ(access(transaction.privatePath().constData(), F_OK), 0);
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    transaction.rollback();
+    EXPECT_EQ(all().toStdString(), "shot_000.png");
+    EXPECT_EQ(content("shot_000.png"), "old");
+}
+
+TEST_F(Pictures, OldOnesThatCannotComeBackStayWhereTheReasonSays) {
+    makeFolder();
+    writeOld({"shot_000.png", "shot_001.png"});
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 2);
+    const std::string own = transaction.privatePath().toStdString();
+    renamings = 1; // the first old one goes
+    std::string reason;
+    try {
+        transaction.commit();
+    } catch (const Kestra::Proc::ProcException& error) {
+        reason = error.what();
+    }
+    renamings = -1;
+    EXPECT_NE(reason.find('"' + own.substr(own.rfind('/') + 1) + '"'), std::string::npos) << reason;
+    transaction.rollback();
+    EXPECT_EQ(TestFiles::namesIn(own + "/going").size(), 1);
+    EXPECT_EQ(all().split(QLatin1Char(' ')).filter(QStringLiteral("shot")).size(), 1);
 }
 
 /// What a dead run left in the folder, as far as it had come.

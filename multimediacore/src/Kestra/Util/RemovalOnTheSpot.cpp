@@ -64,23 +64,28 @@ void removeFolder(int parent, const char* name, int depth) noexcept {
 } // namespace
 
 RemovalOnTheSpot::RemovalOnTheSpot(const QByteArray& path, Kind kind) noexcept
-    : place(0) {
+    : place(PLACES) {
     const auto size = static_cast<std::size_t>(path.size()) + 1;
-    while (place < PLACES && !change(places[place], Free, Written))
-        ++place;
-    if (place == PLACES)
+    std::size_t free = 0;
+    while (free < PLACES && !change(places[free], Free, Written))
+        ++free;
+    if (free == PLACES)
         return;
     const bool fits = size <= PATH_MAX;
     if (fits)
-        std::memcpy(places[place].path.data(), path.constData(), size);
-    places[place].kind = kind;
-    places[place].state = fits ? Kept : Free;
-    place = fits ? place : PLACES;
+        std::memcpy(places[free].path.data(), path.constData(), size);
+    places[free].kind = kind;
+    places[free].state = fits ? Kept : Free;
+    place = fits ? free : PLACES;
 }
 
 RemovalOnTheSpot::~RemovalOnTheSpot() {
-    if (place < PLACES)
-        change(places[place], Kept, Free);
+    withdraw();
+}
+
+bool RemovalOnTheSpot::withdraw() noexcept {
+    const std::size_t own = place.exchange(PLACES);
+    return own == PLACES || change(places[own], Kept, Free);
 }
 
 void RemovalOnTheSpot::removeAll() noexcept {

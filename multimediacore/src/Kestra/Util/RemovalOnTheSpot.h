@@ -4,6 +4,7 @@
 
 #include "KestraQtExport.h"
 #include <QByteArray>
+#include <atomic>
 #include <cstddef>
 
 namespace Kestra::Util {
@@ -20,13 +21,17 @@ public:
     RemovalOnTheSpot(const RemovalOnTheSpot&) = delete;
     RemovalOnTheSpot& operator=(const RemovalOnTheSpot&) = delete;
 
+    /// Keeps it in mind no longer. False where its removal may have begun, and the process ends: then nothing may be
+    /// put into it that is to last, nor may it get another name.
+    bool withdraw() noexcept;
+
     /// Removes every folder that is in mind, with its content, following no links, and then every file: those may stand
     /// where nothing answers. What cannot be removed stays. May be called from a signal handler, on any thread. Only
     /// before an end of the process.
     static void removeAll() noexcept;
 
 private:
-    std::size_t place;
+    std::atomic<std::size_t> place; ///< beyond all where nothing is kept in mind
 };
 
 } // namespace Kestra::Util
