@@ -55,6 +55,7 @@ CommandLine::CommandLine(Options& options)
 }
 
 void CommandLine::parse(std::vector<std::string> words) {
+    requireNoEmptyAssignment(words);
     std::reverse(words.begin(), words.end()); // as the library wants them
     app.parse(std::move(words));
     requireValues(app);
@@ -75,6 +76,20 @@ void CommandLine::requireValues(const CLI::App& command) const {
     }
     for (const CLI::App* below : command.get_subcommands())
         requireValues(*below);
+}
+
+/// As in --report="$REPORT": the parser would take the next word for the value, which may be a file to be spared.
+void CommandLine::requireNoEmptyAssignment(const std::vector<std::string>& words) const {
+    const auto names = std::find(words.begin(), words.end(), "--"); // whatever follows is a name
+    for (auto word = words.begin(); word != names; ++word) {
+        if (word->rfind("--", 0) != 0 || word->find('=') + 1 != word->size())
+            continue;
+        const std::string name = word->substr(0, word->size() - 1);
+        for (const CommandText& command : table())
+            for (const OptionText& option : command.options)
+                if (option.names.back() == name && !option.value.empty())
+                    throw CLI::ValidationError(name + " needs a value, which is empty");
+    }
 }
 
 void CommandLine::requireOneList() const {

@@ -63,6 +63,7 @@ private:
                            const char* meaning);
     CLI::Option* typed(CLI::Option* option, const char* value, ValueKind kind);
 
+    void requireNoEmptyAssignment(const std::vector<std::string>& words) const;
     void requireValues(const CLI::App& command) const;
     void requireOneList() const;
     Options::Command command();

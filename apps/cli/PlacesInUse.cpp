@@ -3,8 +3,11 @@
 
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimelineOpening.h"
+#include "Kestra/Conf/NumberedName.h"
 #include "cli/JobRunner.h"
 #include "cli/SamePlace.h"
+#include <filesystem>
+#include <regex>
 #include <sys/stat.h>
 
 namespace Cli {
@@ -26,13 +29,30 @@ bool isMediumOf(const Options& exported, const std::string& path) {
     return false;
 }
 
+/// Of an output that is pictures: by their pattern, or in a folder by their usual name, in however many digits.
+bool isPictureOf(const std::string& output, const std::string& path) {
+    using Kestra::Conf::NumberedName;
+    const std::filesystem::path place(placeOf(path)), made(output);
+    const std::string name = place.filename();
+    if (const auto pattern = NumberedName::Parse(made.filename()))
+        return pattern->NumberOf(name) &&
+               isSamePlace(place.parent_path(), made.has_parent_path() ? made.parent_path() : ".");
+    static const std::regex usual("frame_[0-9]+\\.[a-z]+");
+    return std::regex_match(name, usual) && isSamePlace(place.parent_path(), output);
+}
+
 } // namespace
+
+bool PlacesInUse::isOfQueue(const std::string& queue, const std::string& path) {
+    return isSamePlace(path, queue) || isSamePlace(path, queue + ".state");
+}
 
 std::string PlacesInUse::useBy(const Options& exported, const std::string& path) {
     if (isSamePlace(path, exported.output))
         return "the output";
-    const std::string& queue = exported.queueFile;
-    if (!queue.empty() && (isSamePlace(path, queue) || isSamePlace(path, queue + ".state")))
+    if (!exported.output.empty() && isPictureOf(exported.output, path))
+        return "one of the output's pictures";
+    if (!exported.queueFile.empty() && isOfQueue(exported.queueFile, path))
         return "the queue's own file";
     // Nothing that is not there can be read.
     if (!stands(path))

@@ -15,6 +15,8 @@ struct PlacesInUse {
     static std::string useBy(const Options& exported, const std::string& path);
     /// Likewise to one of several, each with its report, or to the queue that they stand in.
     static std::string useByAny(const std::vector<Options>& exports, const std::string& path);
+    /// Whether it is the file of a queue, or what is kept beside that.
+    static bool isOfQueue(const std::string& queue, const std::string& path);
     /// What stands there and is no regular file, as "it is a pipe"; empty for one, and where nothing stands.
     static std::string whyNoFile(const std::string& path);
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/Refusal.h"
+#include "ExportCore/RequestCheck.h"
 #include "Kestra/Proc/LargestAllocation.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JobTally.h"
+#include "cli/PlacesInUse.h"
 #include "cli/QueueFile.h"
 #include "cli/SeveralJobs.h"
 #include <QDir>
@@ -24,16 +26,28 @@ Options optionsOf(const QueueFile::Job& job, const Options& queue) {
     return options;
 }
 
-void requireFilesOfItsOwn(QueueFile& queue, std::size_t index) {
+void requireFilesOfItsOwn(QueueFile& queue, const std::string& queuePath, std::size_t index) {
+    const Options& job = queue.jobs()[index].options;
+    const std::string number = "Job " + std::to_string(index + 1);
+    for (const std::string* const path : {&job.output, &job.report})
+        if (PlacesInUse::isOfQueue(queuePath, *path))
+            KESTRA_THROW(
+                ExportCore::Refusal(number + " writes the queue's own file \"" + *path + "\"; give it another name"));
+    const QByteArray report = QByteArray::fromStdString(job.report);
+    const bool canBeRead = QFileInfo::exists(QString::fromUtf8(report)); // what an earlier job makes is found below
+    for (std::size_t other = 0; canBeRead && other < queue.jobs().size(); ++other)
+        if (ExportCore::RequestCheck::isInput(report, JobRunner::requestOf(queue.jobs()[other].options).inputs))
+            KESTRA_THROW(ExportCore::Refusal(number + " writes its report to what job " + std::to_string(other + 1) +
+                                             " reads; give it another name"));
     if (const std::size_t other = queue.sharesFileWith(index); other != 0)
-        KESTRA_THROW(ExportCore::Refusal("Job " + std::to_string(index + 1) + " writes a file that job " +
-                                         std::to_string(other) + " writes, too; give it another name"));
+        KESTRA_THROW(ExportCore::Refusal(number + " writes a file that job " + std::to_string(other) +
+                                         " writes, too; give it another name"));
 }
 
 JobRunner::Ended runOne(QueueFile& queue, std::size_t index, const Options& all, JobRunner& runner) {
     const QueueFile::Job& job = queue.jobs()[index];
     try {
-        requireFilesOfItsOwn(queue, index);
+        requireFilesOfItsOwn(queue, all.queueFile, index);
         const Options options = optionsOf(job, all);
         if (queue.isOutdated(job))
             ErrorOutput::tell("note", "\"" + job.output + "\" is of before its inputs were changed");
@@ -75,6 +89,8 @@ std::vector<Options> exportsOfQueue(const std::string& path) {
 int runQueue(const Options& options, JobRunner& runner) {
     const QString path = QFileInfo(QString::fromStdString(options.queueFile)).absoluteFilePath();
     QueueFile queue(path.toStdString());
+    Options all = options;
+    all.queueFile = path.toStdString();
     // The jobs' names count from where they stand.
     QDir::setCurrent(QFileInfo(path).absolutePath());
     JobTally tally(queue.jobs().size());
@@ -86,7 +102,7 @@ int runQueue(const Options& options, JobRunner& runner) {
             continue;
         }
         tally.begin(index, job.output);
-        const JobRunner::Ended ended = runOne(queue, index, options, runner);
+        const JobRunner::Ended ended = runOne(queue, index, all, runner);
         // Done is what stands there, even where its report could not be written.
         isKept = (!isWhole(ended) || queue.keep(job)) && isKept;
         tally.end(index, job.output, ended.code);

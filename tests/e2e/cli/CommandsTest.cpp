@@ -77,12 +77,15 @@ TEST(Commands, WrongUsageIsToldInWordsOfThePeopleWhoUseIt) {
 }
 
 TEST(Commands, WithValuesThatAreEmptyAreWrong) {
-    for (const char* const option : {"--report", "--log", "--preset", "--branding", "--media-root", "--output"}) {
-        const Result result = run({"render", "a", option, ""});
-        EXPECT_EQ(result.code, 2);
-        EXPECT_EQ(result.errors.toStdString(),
-                  std::string("editor-export: ") + option + " needs a value, which is empty (see --help)\n");
-    }
+    for (const char* const option : {"--report", "--log", "--preset", "--branding", "--media-root", "--output"})
+        for (const std::vector<std::string>& words :
+             {std::vector<std::string>{"render", "a", option, ""},
+              std::vector<std::string>{"render", std::string(option) + '=', "a", "b"}}) {
+            const Result result = run(words);
+            EXPECT_EQ(result.code, 2);
+            EXPECT_EQ(result.errors.toStdString(),
+                      std::string("editor-export: ") + option + " needs a value, which is empty (see --help)\n");
+        }
 }
 
 TEST(Commands, ListOnePartOfThePresetsAtATime) {

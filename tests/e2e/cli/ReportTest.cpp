@@ -211,6 +211,28 @@ TEST_F(Reports, AreNotTheOutputUnderAnotherNameEither) {
     EXPECT_EQ(TestFiles::read(output), "a film");
 }
 
+TEST_F(Reports, AreNoneOfThePicturesThatAreMade) {
+    const std::string frames = place / "frames";
+    ASSERT_TRUE(QDir().mkpath(QString::fromStdString(frames)));
+    for (const auto& [made, picture] :
+         std::vector<std::pair<std::string, std::string>>{{place / "a%03d.png", place / "./a003.png"},
+                                                          {frames, frames + "/frame_00003.png"},
+                                                          {frames + '/', frames + "/frame_000003.png"}})
+        for (const char* const option : {"--report", "--log"}) {
+            const Result result =
+                run({"render", clip, "-p", "png-sequence", "-o", made, "-y", "--out", "5f", option, picture});
+            EXPECT_EQ(result.code, 2) << option << picture;
+            EXPECT_TRUE(result.errors.contains(name("it is one of the output's pictures")))
+                << result.errors.toStdString();
+            EXPECT_FALSE(QFile::exists(QString::fromStdString(picture)));
+        }
+    EXPECT_EQ(
+        run({"render", clip, "-p", "png-sequence", "-o", frames, "--out", "5f", "--report", frames + "/frames.json"})
+            .code,
+        0)
+        << "a name of its own beside them";
+}
+
 TEST_F(Reports, AreToldWhereTheyCannotBeWritten) {
     const Result result = render({"--report", "/proc/report.json"}); // a folder in which nobody makes files
     EXPECT_EQ(result.code, 2) << "before hours of an export";

@@ -307,6 +307,29 @@ TEST_F(SeveralJobs, OfAQueueHaveFilesOfTheirOwn) {
         << result.errors.toStdString();
 }
 
+TEST_F(SeveralJobs, OfAQueueWriteNeitherItsFilesNorWhatOthersRead) {
+    const auto with = [this](QJsonObject one, const char* member, const std::string& path) {
+        one.insert(name(member), QString::fromStdString(path));
+        one.insert(name("overwrite"), true);
+        return one;
+    };
+    const std::string read = place / "read.mov";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(read)));
+    const QByteArray before = TestFiles::read(read);
+    writeQueue({with(job("one.mov"), "report", queue), with(job("two.mov"), "report", queue + ".state"),
+                with(job("two.mov"), "output", queue), with(job("three.mov"), "output", place / "./jobs.json.state"),
+                with(job("three.mov"), "report", read), job(read, place / "last.mp4")});
+    const QByteArray jobs = TestFiles::read(queue);
+    const Result result = run({"queue", queue});
+    EXPECT_TRUE(result.output.endsWith(name("6 jobs: 1 done, 5 failed (number 1, 2, 3, 4 and 5)\n")))
+        << result.output.toStdString() << result.errors.toStdString();
+    EXPECT_EQ(result.errors.count(name("writes the queue's own file")), 4);
+    EXPECT_TRUE(result.errors.contains(name("Job 5 writes its report to what job 6 reads")));
+    EXPECT_EQ(TestFiles::read(queue), jobs);
+    EXPECT_EQ(TestFiles::read(read), before);
+    EXPECT_TRUE(run({"queue", queue}).errors.contains(name("last.mp4\": done before")));
+}
+
 TEST_F(SeveralJobs, OfAQueueTakeWhatTheSchemaTakes) {
     QJsonObject list = job("one.mov"), number = job("two.mov"), lists = job("three.mov");
     list.insert(name("output"), QJsonArray{QString::fromStdString(place / "list.mp4")});
