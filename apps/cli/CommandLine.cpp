@@ -78,7 +78,8 @@ void CommandLine::requireValues(const CLI::App& command) const {
         requireValues(*below);
 }
 
-/// As in --report="$REPORT": the parser would take the next word for the value, which may be a file to be spared.
+/// As in --report="$REPORT": the parser would take the next word for the value, which may be a file to be spared, and
+/// --overwrite="$FORCE" for a yes.
 void CommandLine::requireNoEmptyAssignment(const std::vector<std::string>& words) const {
     const auto names = std::find(words.begin(), words.end(), "--"); // whatever follows is a name
     for (auto word = words.begin(); word != names; ++word) {
@@ -87,8 +88,9 @@ void CommandLine::requireNoEmptyAssignment(const std::vector<std::string>& words
         const std::string name = word->substr(0, word->size() - 1);
         for (const CommandText& command : table())
             for (const OptionText& option : command.options)
-                if (option.names.back() == name && !option.value.empty())
-                    throw CLI::ValidationError(name + " needs a value, which is empty");
+                if (option.names.back() == name)
+                    throw CLI::ValidationError(
+                        name + (option.value.empty() ? " takes no value" : " needs a value, which is empty"));
     }
 }
 

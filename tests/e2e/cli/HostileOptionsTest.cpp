@@ -104,11 +104,13 @@ TEST_P(HostileValues, OfRenderAreRefusedOrDone) {
 }
 
 TEST_F(HostileOptions, ThatTakeNoValueRefuseOne) {
-    for (const std::string& option : optionsOf("render").flags) {
-        const Result result =
-            run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "film.mp4", option + "=nonsense"});
-        EXPECT_EQ(result.code, option == "--help" ? result.code : 2) << option << result.errors.toStdString();
-    }
+    for (const std::string& option : optionsOf("render").flags)
+        for (const char* const value : {"=nonsense", "="}) {
+            const Result result =
+                run({"render", clip, "-p", "mp4-h264-480p", "-o", place / "film.mp4", option + value});
+            EXPECT_EQ(result.code, option == "--help" ? result.code : 2)
+                << option << value << result.errors.toStdString();
+        }
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
 }
 
