@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Util/TemporaryDir.h"
+#include "Kestra/Base/FolderInUse.h"
 #include "Kestra/Proc/ProcException.h"
 #include "support/TemporaryPlace.h"
 #include <QDir>
@@ -69,6 +70,29 @@ TEST(TemporaryDir, GoesWithItsContentBeforeAnEndOnTheSpot) {
     EXPECT_FALSE(QFileInfo::exists(path));
     EXPECT_FALSE(QFileInfo::exists(elsewhere.path()));
     EXPECT_TRUE(QFileInfo::exists(spared.filePath(QStringLiteral("file"))));
+}
+
+TEST(TemporaryDir, StaysUntilNobodyOpensWhatStandsInIt) {
+    auto directory = std::make_unique<TemporaryDir>();
+    const QString path = directory->path();
+    ASSERT_TRUE(QDir(path).mkpath(QStringLiteral("below")));
+    makeFile(path + QStringLiteral("/below/file"));
+    {
+        const Kestra::FolderInUse use(path.toStdString() + "/below/file");
+        directory.reset();
+        EXPECT_TRUE(QFileInfo::exists(path + QStringLiteral("/below/file")));
+    }
+    EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST(TemporaryDir, GoesBeforeAnEndOnTheSpotWhenItHasOnlyStayedForAUse) {
+    auto directory = std::make_unique<TemporaryDir>();
+    const QString path = directory->path();
+    const Kestra::FolderInUse use(path.toStdString() + "/file");
+    directory.reset();
+    ASSERT_TRUE(QFileInfo::exists(path));
+    Kestra::Util::RemovalOnTheSpot::removeAll();
+    EXPECT_FALSE(QFileInfo::exists(path));
 }
 
 TEST(TemporaryDir, StandsInTheUsualPlaceWhereTheNamedOneIsMissing) {

@@ -13,6 +13,7 @@ namespace Kestra::Util {
 /// A directory of its own under the system's directory for temporary files, readable by this user alone. Any thread,
 /// one at a time. Destruction removes it with its content, as does RemovalOnTheSpot; what cannot be removed stays,
 /// silently.
+/// While a codec opens over statistics in it, it stays too, and goes right after: nobody waits for that.
 class KESTRAQT_EXPORT TemporaryDir {
 public:
     /// Throws ProcException (OutputNotWritable) with the path that was tried and the system's reason.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Encode/VideoEncoderCore.h"
 
+#include "Kestra/Base/FolderInUse.h"
 #include "Kestra/Conf/EngineSetting.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/FF/Av/Convert.h"
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 extern "C" {
@@ -126,8 +128,13 @@ std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     if (twoPass || description->GetBitrateMode() == "cbr")
         codec = &EncoderForExactRates(*codec);
     BuildChain(*description);
-    if (twoPass)
+    // x264 and x265 keep the threads that they have begun when they do not find their statistics. Nobody waits for the
+    // codec of a run that is stopped, and the folder would go in between.
+    std::optional<FolderInUse> statistics;
+    if (twoPass) {
+        statistics.emplace(twoPass->GetLogFile());
         log = std::make_unique<TwoPassLog>(*twoPass, *codec);
+    }
     OptionList options = EncoderOptions();
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
         options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
