@@ -69,16 +69,18 @@ int PictureSwap::run(bool replace) {
     return bringIn(made);
 }
 
-/// What replaces a private file must at no time be readable by others, and stays its owner's.
-void PictureSwap::takeOverAccess(const char* old) const {
+/// What replaces a private file must at no time be readable by others, and stays its owner's. 0, or the system's error.
+int PictureSwap::takeOverAccess(const char* old) const {
     struct stat state = {};
     if (fstatat(folder, old, &state, AT_SYMLINK_NOFOLLOW) != 0)
-        return;
+        return errno;
     // Only root may give files away; for everybody else the new file stays their own. One that is not made anew has no
     // successor.
-    const bool isGiven = fchownat(own, old, state.st_uid, state.st_gid, AT_SYMLINK_NOFOLLOW) == 0 || errno == EPERM;
-    if (isGiven)
-        fchmodat(own, old, state.st_mode & 07777, 0);
+    const auto isRefused = [](int result) { return result != 0 && errno != EPERM && errno != ENOENT; };
+    if (isRefused(fchownat(own, old, state.st_uid, state.st_gid, AT_SYMLINK_NOFOLLOW)) ||
+        isRefused(fchmodat(own, old, state.st_mode & 07777, 0)))
+        return errno;
+    return 0;
 }
 
 int PictureSwap::takeOut(const std::vector<std::string>& old) {
@@ -88,8 +90,9 @@ int PictureSwap::takeOut(const std::vector<std::string>& old) {
     int error = going ? 0 : errno;
     std::vector<std::string> taken;
     for (std::size_t i = 0; error == 0 && i < old.size(); ++i) {
-        takeOverAccess(old[i].c_str());
-        error = FolderSteps::moveUnlessThere(folder, old[i].c_str(), going.get(), old[i].c_str());
+        error = takeOverAccess(old[i].c_str());
+        if (error == 0)
+            error = FolderSteps::moveUnlessThere(folder, old[i].c_str(), going.get(), old[i].c_str());
         if (error == 0)
             taken.push_back(old[i]);
     }

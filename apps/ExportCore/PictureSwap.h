@@ -30,7 +30,7 @@ public:
 private:
     int takeOut(const std::vector<std::string>& old);
     int bringIn(const std::vector<std::string>& made);
-    void takeOverAccess(const char* old) const;
+    int takeOverAccess(const char* old) const;
 
     const int folder;
     const int own;

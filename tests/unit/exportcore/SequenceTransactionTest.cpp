@@ -26,6 +26,7 @@ namespace {
 
 // How many of the next renamings are made before all others fail, in this process; below 0: all are made.
 int renamings = -1;
+bool changesNoModes = false;
 
 } // namespace
 
@@ -38,6 +39,15 @@ extern "C" __attribute__((visibility("default"))) int renameat2(int fromFolder, 
     }
     renamings -= renamings > 0 ? 1 : 0;
     return static_cast<int>(syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
+}
+
+extern "C" __attribute__((visibility("default"))) int fchmodat(int folder, const char* name, mode_t mode,
+                                                               int) noexcept {
+    if (changesNoModes) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fchmodat, folder, name, mode));
 }
 
 namespace {
@@ -171,6 +181,21 @@ TEST_F(Pictures, AfterForbidThereIsNoCommit) {
     EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
     transaction.rollback();
     EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
+}
+
+TEST_F(Pictures, PrivateOnesAreNotReplacedByThoseThatOthersMayRead) {
+    makeFolder();
+    writeOld({"shot_000.png"});
+    ASSERT_EQ(chmod((frames + "/shot_000.png").c_str(), 0600), 0);
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 1);
+    changesNoModes = true;
+    EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+    changesNoModes = false;
+    transaction.rollback();
+    EXPECT_EQ(all().toStdString(), "shot_000.png");
+    EXPECT_EQ(content("shot_000.png"), "old");
+    EXPECT_EQ(TestFiles::modeOf(frames + "/shot_000.png"), 0600U);
 }
 
 TEST_F(Pictures, AnEndOnTheSpotThatHasBegunMeetsNoOldOnes) {
