@@ -41,11 +41,11 @@ bool isUnfit(const ProcessingError& error) {
     return error.GetCode() == TranscodingError::SourceNotFound || error.GetCode() == TranscodingError::SourceUnreadable;
 }
 
-/// Of files that can be read; empty where all of them are media.
+/// Of files that can be read and are no timelines; empty where all of them are media.
 std::string whyNoMedia(const std::vector<Kestra::ioPath>& files, const ExportRequest& request,
                        const std::atomic<bool>& interrupted) {
     try {
-        if (!files.empty() && !TimelineOpening::isTimeline(files.front().ToUtf8()))
+        if (!files.empty())
             Render::Sequence::ofFiles(
                 files, &interrupted, request.mediaLimits, [](std::size_t) {}, request.tracks.choice);
         return {};
@@ -67,7 +67,8 @@ std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const Ex
         opened.at = static_cast<int>(paths.size());
         try {
             RequestCheck::inputs(QStringList(input));
-            others.emplace_back(input.toStdString());
+            if (!TimelineOpening::isTimeline(input.toStdString()))
+                others.emplace_back(input.toStdString());
         } catch (const Refusal& refusal) {
             refusals.emplace_back(refusal.what());
         }

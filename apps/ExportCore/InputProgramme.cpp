@@ -95,11 +95,11 @@ private:
     bool titlesDiffer = false;
 };
 
-/// What a preset has no room for by its nature is not told of.
+/// What a preset has no room for by its nature is not told of, but for what was ordered.
 void keepMain(const MediaInfo& info, const TrackOptions& options, const InputProgramme::File& file, LeftOut& left) {
     if (info.video && (file.picture || options.picture))
         left.keptTracks.insert(info.video->index);
-    if (info.audio && (file.sound || options.sound != TrackOptions::Sound::None))
+    if (info.audio && (file.sound || options.sound == TrackOptions::Sound::Main))
         left.keptTracks.insert(info.audio->index);
 }
 

@@ -113,6 +113,20 @@ TEST_F(Tracks, OfSoundAllComeOnOrderWithTheirNames) {
     EXPECT_EQ(bare[0].tag("language") + bare[1].tag("language") + bare[1].tag("title"), "");
 }
 
+TEST_F(Tracks, OfSoundAreAllNamedWhereAllWereOrderedAndThePresetHasNone) {
+    const Result told =
+        run({"render", film(), "-p", "png-sequence", "-o", place / "frames/", "--audio", "all", "--out", "2f"});
+    EXPECT_EQ(told.code, 0);
+    EXPECT_THAT(told.errors.toStdString(), HasSubstr("left out: 2 sound tracks (1, ger; 2, eng)\n"));
+}
+
+TEST_F(Tracks, OfATimelineBesideAMissingInputAreNoMatter) {
+    const std::string timeline = write("cut.otio", R"({"OTIO_SCHEMA":"Timeline.1","name":"cut"})");
+    const std::string why = refusal({place / "none.mkv", film(), timeline, "-o", place / "a.mkv"});
+    EXPECT_THAT(why, HasSubstr("No such file"));
+    EXPECT_THAT(why, ::testing::Not(HasSubstr("cut.otio")));
+}
+
 TEST_F(Tracks, OfSoundOfATimelineAreNotAll) {
     const std::string clip = clipOf("clip", film(), 0, 10);
     const std::string timeline =
