@@ -201,9 +201,9 @@ void requireNoLink(const QByteArray& path, const QByteArray& output) {
 }
 
 /// Those of the same media and size first.
-std::vector<std::string> presetsFor(const std::string& extension, const Preset& like) {
+std::vector<std::string> presetsFor(const std::string& extension, const Preset& like,
+                                    const PresetCatalogue& catalogue) {
     std::vector<std::pair<int, std::string>> fitting;
-    const PresetCatalogue catalogue;
     for (const std::string& id : catalogue.ids()) {
         const Preset preset = catalogue.preset(id);
         if (OutputExtension::suits(preset, extension))
@@ -215,6 +215,16 @@ std::vector<std::string> presetsFor(const std::string& extension, const Preset& 
     for (std::size_t i = 0; i < std::min<std::size_t>(fitting.size(), 3); ++i)
         ids.push_back(fitting[i].second);
     return ids;
+}
+
+/// What the name promises and the preset does not write.
+std::optional<std::string> wrongExtension(const ExportRequest& request, const Preset& preset) {
+    const auto pictures = SequenceName::of(request.outputPath, preset);
+    const std::string extension =
+        pictures && pictures->isUsual ? std::string() : OutputExtension::of(request.outputPath.toUtf8());
+    if (!ContainerLimits::IsKnownExtension(extension) || OutputExtension::suits(preset, extension))
+        return std::nullopt;
+    return extension;
 }
 
 /// How the refusal of a number ends where names are expected.
@@ -359,15 +369,19 @@ bool RequestCheck::isMedium(const QByteArray& path, const std::vector<Timeline::
 }
 
 void RequestCheck::outputName(const ExportRequest& request, const Preset& preset) {
+    if (wrongExtension(request, preset))
+        outputName(request, preset, PresetCatalogue());
+}
+
+void RequestCheck::outputName(const ExportRequest& request, const Preset& preset, const PresetCatalogue& catalogue) {
     const QByteArray output = request.outputPath.toUtf8();
-    const auto pictures = SequenceName::of(request.outputPath, preset);
-    const std::string extension = pictures && pictures->isUsual ? std::string() : OutputExtension::of(output);
-    if (!ContainerLimits::IsKnownExtension(extension) || OutputExtension::suits(preset, extension))
+    const std::optional<std::string> wrong = wrongExtension(request, preset);
+    if (!wrong)
         return;
     const std::vector<std::string> usual = ContainerLimits::Extensions(preset.containerId(), preset.hasVideo());
-    const std::vector<std::string> fitting = presetsFor(extension, preset);
+    const std::vector<std::string> fitting = presetsFor(*wrong, preset, catalogue);
     refuse("Cannot write " + quoted(output) + ": the preset \"" + preset.id() + "\" writes ." +
-           NameList::joined(usual, " or .", ", .") + ", not ." + extension +
+           NameList::joined(usual, " or .", ", .") + ", not ." + *wrong +
            (fitting.empty() ? "; no preset writes that" : "; presets that do: " + NameList::joined(fitting, " or ")));
 }
 

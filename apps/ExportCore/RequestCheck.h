@@ -15,6 +15,7 @@ class Preset;
 
 namespace ExportCore {
 
+class PresetCatalogue;
 struct SequenceName;
 
 /// Every operation throws Refusal for what it does not accept. Nothing is opened, made or changed.
@@ -41,6 +42,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
     /// it says how they are called (see SequenceName). A name without extension, or with one that stands for nothing,
     /// promises none.
     static void outputName(const ExportRequest& request, const Preset& preset);
+    /// Likewise, with presets that would suit from that catalogue: reads no file.
+    static void outputName(const ExportRequest& request, const Preset& preset, const PresetCatalogue& catalogue);
     /// What the request wants changed in the preset that the provider has selected: a quality that the preset has, and
     /// settings that read well and fit it.
     static PresetEdit presetEdit(const ExportRequest& request, const Export::PresetProvider& provider);

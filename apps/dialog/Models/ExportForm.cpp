@@ -74,7 +74,7 @@ void ExportForm::onSourceChanged() {
     list->refresh();
     suggestOutput();
     Q_EMIT sourceChanged();
-    change();
+    changePreset();
 }
 
 void ExportForm::selectTag(const std::string& tag) {
@@ -102,16 +102,21 @@ void ExportForm::follow() {
     chosenId = provider->originalPreset().id();
     nameForKind();
     Q_EMIT presetChanged();
+    changePreset();
+}
+
+void ExportForm::changePreset() {
+    applyEdits();
     change();
 }
 
 void ExportForm::change() {
-    applyEdits();
     checkName();
     Q_EMIT changed();
 }
 
-/// The provider's preset becomes what would be exported, for what is derived from it.
+/// The provider's preset becomes what would be exported, for what is derived from it. Not for each letter of a name or
+/// a time: a refusal looks into the catalogues for what would fit.
 void ExportForm::applyEdits() {
     customRefusal.clear();
     provider->updatePreset(nullptr, provider->originalPreset());
@@ -125,7 +130,8 @@ void ExportForm::applyEdits() {
     }
 }
 
-/// Once for each name and kind of file: what would suit is looked up in the catalogues.
+/// Once for each name and kind of file. What would suit is in the catalogue that was read once: nobody types against a
+/// disk.
 void ExportForm::checkName() {
     if (!media.isReady())
         return;
@@ -137,7 +143,7 @@ void ExportForm::checkName() {
     checkedName = wanted;
     nameRefusal.clear();
     try {
-        ExportCore::RequestCheck::outputName(request(), edited);
+        ExportCore::RequestCheck::outputName(request(), edited, catalogue);
     } catch (const Refusal& refusal) {
         nameRefusal = QString::fromStdString(refusal.what());
     }
@@ -196,7 +202,7 @@ void ExportForm::setQuality(const std::string& name) {
         return;
     edits[chosenId].quality = name;
     Q_EMIT provider->qualityChanged();
-    change();
+    changePreset();
 }
 
 const CustomSettings& ExportForm::custom() const {
@@ -214,14 +220,14 @@ void ExportForm::setCustom(const CustomSettings& settings) {
     if (settings == custom())
         return;
     edits[chosenId].custom = settings;
-    change();
+    changePreset();
 }
 
 void ExportForm::setUsesCustom(bool use) {
     if (use == usesCustom())
         return;
     edits[chosenId].usesCustom = use;
-    change();
+    changePreset();
 }
 
 void ExportForm::resetCustom() {
@@ -274,7 +280,7 @@ void ExportForm::setStreams(bool picture, bool sound) {
     withPicture = picture;
     withSound = sound;
     nameForKind();
-    change();
+    changePreset();
 }
 
 void ExportForm::setBranding(const QString& name) {

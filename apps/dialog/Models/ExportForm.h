@@ -118,6 +118,7 @@ private:
     };
     void onSourceChanged();
     void follow();
+    void changePreset();
     void change();
     void applyEdits();
     void restoreByName();

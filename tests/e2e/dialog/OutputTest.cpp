@@ -4,6 +4,7 @@
 #include "dialog/Models/OutputLook.h"
 #include <QDir>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <future>
 
 namespace TestDialog {
@@ -123,6 +124,30 @@ TEST_F(Output, OfAnotherKindNamesPresetsByTheirTitles) {
     saveAs(place / "film.wav");
     EXPECT_FALSE(problem().contains(text("mp4-h264"))) << problem().toStdString();
     EXPECT_TRUE(problem().contains(text("MP4 (H.264 and AAC), up to 480p"))) << problem().toStdString();
+}
+
+TEST_F(Output, OfAnotherKindIsNotLookedUpOnADisk) {
+    show();
+    openClip();
+    choose(text("MP4"), text("h.264 480"));
+    qputenv("EDITOR_EXPORT_PRESETS", QByteArray::fromStdString(place / "gone.json"));
+    saveAs(place / "film.wav");
+    qunsetenv("EDITOR_EXPORT_PRESETS");
+    EXPECT_TRUE(problem().contains(text("presets that do: "))) << problem().toStdString();
+}
+
+TEST_F(Output, IsTypedWithoutLookingOnADiskForWhatTheSettingsWouldFit) {
+    show();
+    openClip();
+    choose(text("MP4"), text("h.264 480"));
+    find<QGroupBox>("customGroup").setChecked(true);
+    find<QComboBox>("sizeBox").setEditText(text("1920x1080"));
+    const QString refusal = find<QLabel>("customProblem").text();
+    EXPECT_TRUE(refusal.contains(text("takes up to"))) << refusal.toStdString();
+    qputenv("EDITOR_EXPORT_PRESETS", QByteArray::fromStdString(place / "gone.json"));
+    saveAs(place / "other.mp4");
+    qunsetenv("EDITOR_EXPORT_PRESETS");
+    EXPECT_EQ(find<QLabel>("customProblem").text(), refusal);
 }
 
 } // namespace
