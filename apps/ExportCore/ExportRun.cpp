@@ -37,9 +37,11 @@ using Kestra::Proc::TranscodingError;
 ExportRun::ExportRun(ExportRequest request, const QObject& job)
     : request(std::move(request))
     , job(job)
+    , removal(this)
     , watchdog(this->request.limits, this)
     , conclusion(this)
     , trial(this) {
+    connect(&removal, &OutputRemoval::ended, this, &ExportRun::onLetGo);
     connect(&watchdog, &Watchdog::stalled, this, &ExportRun::onStalled);
     conclusion.setSingleShot(true);
     connect(&conclusion, &QTimer::timeout, this, &ExportRun::conclude);
@@ -53,7 +55,9 @@ ExportRun::~ExportRun() {
     loudnessTask.reset();
     outputOpening.reset();
     transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
-    undo();
+    removal.disconnect(this);
+    if (transaction)
+        removal.start(std::move(transaction)); // whose own end is waited for
 }
 
 std::shared_ptr<Kestra::Proc::PictureBox> ExportRun::watchPictures() {

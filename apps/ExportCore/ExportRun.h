@@ -10,6 +10,7 @@
 #include "ExportCore/ExportRequest.h"
 #include "ExportCore/FileGrowth.h"
 #include "ExportCore/JobState.h"
+#include "ExportCore/OutputRemoval.h"
 #include "ExportCore/PresetEdit.h"
 #include "ExportCore/RunForecast.h"
 #include "ExportCore/SequenceName.h"
@@ -116,6 +117,7 @@ private:
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
     void breakOff(bool started);
+    void leaveTranscoder();
     std::string whatStalled(Watchdog::Wait wait) const;
     std::string hungReads() const;
     std::string whatHangs() const;
@@ -136,9 +138,11 @@ private:
     /// False when it could not begin, which is the run's failure.
     bool checkFile();
     void onChecked(const std::exception_ptr& error);
-    /// Lets go of the output. False when its file stands at its place all the same.
-    bool undo();
-    bool undoElsewhere();
+    /// Of the output. Its file may stand at its place all the same.
+    void letGo();
+    void onLetGo();
+    /// Nothing can change the end any more.
+    bool isOver() const { return state == JobState::LettingGo || state == JobState::Ended; }
     void tellLeftover();
     void concludeCommitted();
     QString inUsersWords(const std::string& sentence) const;
@@ -170,6 +174,7 @@ private:
     std::shared_ptr<Finished> finishedFile;
     std::unique_ptr<Export::Transcoder> transcoder;
     std::unique_ptr<FileCheckTask> check;
+    OutputRemoval removal;
     Watchdog watchdog;
     QTimer conclusion;
     QTimer trial; ///< of a run that is not to be made: how long it is tried

@@ -17,7 +17,6 @@
 #include "ExportCore/PlainText.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
-#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -32,7 +31,7 @@ using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
 
 void ExportRun::stop() {
-    if (state == JobState::Ended || verdict)
+    if (isOver() || verdict)
         return;
     if (state == JobState::Running)
         return endRunning(ExportOutcome::Status::Stopped);
@@ -43,7 +42,7 @@ void ExportRun::stop() {
 }
 
 void ExportRun::fail(const std::exception_ptr& error) {
-    if (state == JobState::Ended)
+    if (isOver())
         return;
     setFailure(error);
     if (!interruptTask())
@@ -105,7 +104,7 @@ bool tellIfMemoryAllows(const Telling& telling) {
 bool ExportRun::isPart(const QObject* object) const {
     return object == this || object == &job || object == transcoder.get() || object == project.get() ||
            object == opening.get() || object == loudnessTask.get() || object == outputOpening.get() ||
-           object == check.get();
+           object == check.get() || removal.isWorker(object);
 }
 
 void ExportRun::failInEventLoop(const std::exception_ptr& error, const QObject* receiver) {
@@ -197,9 +196,7 @@ void ExportRun::onStalled(Watchdog::Wait wait) {
     for (BackgroundTask* task : tasks())
         if (task)
             task->interrupt();
-    if (!undo())
-        return concludeCommitted();
-    finish(*verdict);
+    letGo();
 }
 
 /// What hangs may come back: it must find nothing that it could go on with.
@@ -209,8 +206,13 @@ void ExportRun::breakOff(bool started) {
     transcoder->disconnect(this);
     if (!started) // cannot be stopped yet, only destroyed
         return transcoder.reset();
-    // Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
     transcoder->stop();
+}
+
+/// Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
+void ExportRun::leaveTranscoder() {
+    if (!transcoder)
+        return;
     // Where that finds no memory it goes with this job.
     tellIfMemoryAllows([this] {
         QMetaObject::invokeMethod(
@@ -252,8 +254,7 @@ void ExportRun::conclude() {
     }
     if (!verdict && checkFile())
         return;
-    undo();
-    finish(*verdict);
+    letGo();
 }
 
 void ExportRun::gather() {
@@ -333,11 +334,9 @@ bool ExportRun::checkFile() {
 void ExportRun::onChecked(const std::exception_ptr& error) {
     if (state != JobState::Checking)
         return;
-    if (!undo())
-        return concludeCommitted();
     if (error)
         setFailure(error);
-    finish(verdict.value_or(ExportOutcome::Status::Stopped));
+    letGo();
 }
 
 /// A file that stands at its place is done, whatever was wished or failed after that.
@@ -355,35 +354,21 @@ void ExportRun::concludeCommitted() {
     finish(ExportOutcome::Status::Done);
 }
 
-bool ExportRun::undo() {
+/// Not on this thread: a folder that does not answer would keep it.
+void ExportRun::letGo() {
+    enter(JobState::LettingGo);
+    watchdog.disarm();
     if (!transaction)
-        return true;
-    try {
-        return undoElsewhere();
-    } catch (const std::bad_alloc&) { // here, then
-        const auto held = std::exchange(transaction, nullptr);
-        held->rollback();
-        return !held->isCommitted();
-    }
+        return onLetGo();
+    removal.start(std::move(transaction));
 }
 
-/// Not on this thread: a folder that does not answer would keep it. What it throws, it throws before it has begun.
-bool ExportRun::undoElsewhere() {
-    constexpr std::chrono::seconds patience{2};
-    const auto committed = std::make_shared<std::atomic<bool>>(false);
-    const std::weak_ptr<IOutputTransaction> left = transaction;
-    std::function<void()> removal = [held = transaction, committed]() mutable {
-        held->rollback();
-        *committed = held->isCommitted();
-        held.reset();
-    };
-    transaction.reset(); // the other thread alone holds it from here on
-    const bool ended = Kestra::LeavableThread::Call("remove-output", std::move(removal), patience);
-    if (const auto hanging = ended ? nullptr : left.lock())
-        hanging->leave();
-    if (!ended && !*committed)
+void ExportRun::onLetGo() {
+    if (removal.isCommitted())
+        return concludeCommitted();
+    if (removal.isHanging())
         tellIfMemoryAllows([this] { tellLeftover(); });
-    return !*committed;
+    finish(verdict.value_or(ExportOutcome::Status::Stopped));
 }
 
 void ExportRun::tellLeftover() {
@@ -412,6 +397,7 @@ void ExportRun::finish(ExportOutcome::Status status) {
     tellReason();
     if (!tellIfMemoryAllows([this] { namePaths(); }))
         outcome.paths.clear();
+    leaveTranscoder();
     Q_EMIT finished(outcome);
 }
 

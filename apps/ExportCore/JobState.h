@@ -16,6 +16,7 @@ enum class JobState {
     Concluding,    ///< that was the last: the event loop's next turn says what follows
     Checking,      ///< the finished file is read back and moved to its place, on another thread
     BrokenOff,     ///< something hangs, and is being left
+    LettingGo,     ///< of the output: a private file that is left over goes, on another thread
     Ended,         ///< finished() is told
 };
 
@@ -37,10 +38,12 @@ constexpr bool mayFollow(JobState from, JobState to) {
     case JobState::Ending:
         return to == JobState::Concluding || to == JobState::BrokenOff;
     case JobState::Concluding:
-        return to == JobState::Checking || to == JobState::Ended;
+        return to == JobState::Checking || to == JobState::LettingGo;
     case JobState::Checking:
-        return to == JobState::BrokenOff || to == JobState::Ended;
+        return to == JobState::BrokenOff || to == JobState::LettingGo;
     case JobState::BrokenOff:
+        return to == JobState::LettingGo;
+    case JobState::LettingGo:
         return to == JobState::Ended;
     case JobState::Ended:
         return false;

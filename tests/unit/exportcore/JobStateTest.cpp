@@ -14,7 +14,7 @@ namespace {
 const std::vector<JobState> ALL = {JobState::Made,         JobState::OpeningInputs, JobState::Measuring,
                                    JobState::MakingOutput, JobState::Starting,      JobState::Running,
                                    JobState::Ending,       JobState::Concluding,    JobState::Checking,
-                                   JobState::BrokenOff,    JobState::Ended};
+                                   JobState::BrokenOff,    JobState::LettingGo,     JobState::Ended};
 
 /// All that can be reached in one step or more.
 std::set<JobState> reachableFrom(JobState start) {
@@ -57,6 +57,11 @@ TEST(JobState, WhateverWaitsForAnotherThreadOrTheEngineCanBeBrokenOffAndNothingE
 
 TEST(JobState, OnlyARunThatIsConcludedIsChecked) {
     EXPECT_EQ(before(JobState::Checking), std::set{JobState::Concluding});
+}
+
+TEST(JobState, NoRunEndsBeforeItHasLetGoOfItsOutput) {
+    EXPECT_EQ(before(JobState::Ended), std::set{JobState::LettingGo});
+    EXPECT_EQ(before(JobState::LettingGo), (std::set{JobState::Concluding, JobState::Checking, JobState::BrokenOff}));
 }
 
 TEST(JobState, OnlyWhatHasStartedIsStopped) {
