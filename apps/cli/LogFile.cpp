@@ -13,15 +13,12 @@ namespace {
 
 using ExportCore::Refusal;
 
-/// What they cannot be told of is refused in its place, and the log keeps that.
+/// Where they cannot be told, as another process runs the queue, nothing is begun, and nothing that they may be is
+/// written to.
 std::vector<Options> exportsOf(const Options& options) {
-    try {
-        if (options.command == Options::Command::Queue)
-            return exportsOfQueue(options.queueFile);
-        return options.each ? exportsOfEach(options) : std::vector<Options>();
-    } catch (const Refusal&) {
-        return {};
-    }
+    if (options.command == Options::Command::Queue)
+        return exportsOfQueue(options.queueFile);
+    return options.each ? exportsOfEach(options) : std::vector<Options>();
 }
 
 std::string whyNot(const Options& options) {

@@ -374,4 +374,25 @@ TEST_F(SeveralJobs, AreNotWhatTheLogIsKeptIn) {
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList({name("clip.mov"), name("jobs.json")}));
 }
 
+TEST_F(SeveralJobs, ThatNobodyCanTellHaveNoLog) {
+    const std::string clip = place / "clip.mov";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(clip)));
+    writeQueue({job("clip.mov", "film.mp4")});
+    const QByteArray before = TestFiles::read(clip);
+    QFile held(QString::fromStdString(queue));
+    ASSERT_TRUE(held.open(QIODevice::ReadOnly));
+    ASSERT_EQ(::flock(held.handle(), LOCK_EX), 0);
+    const Result other = run({"queue", queue, "--log", clip});
+    EXPECT_EQ(other.code, 2);
+    EXPECT_TRUE(other.errors.contains(name("another process is running it"))) << other.errors.toStdString();
+    held.close();
+    TestFiles::write(queue + ".state", "{");
+    EXPECT_EQ(run({"queue", queue, "--log", clip}).code, 2);
+    EXPECT_EQ(TestFiles::read(clip), before) << "it is a job's input";
+    const std::string film = place / "clip.mp3";
+    TestFiles::write(film, "a song");
+    EXPECT_EQ(run({"render", clip, "--each", "-o", place / "", "--log", film}).code, 2) << "no preset";
+    EXPECT_EQ(TestFiles::read(film), "a song");
+}
+
 } // namespace
