@@ -39,12 +39,16 @@ bool isFileName(const std::string& word) {
     return word.empty() || (word[0] != '-' && (word.find_first_of("./") != std::string::npos || stands(word)));
 }
 
-/// Files alone are to be exported: "in.mov out.mp4" means "render in.mov out.mp4". A slip of a command is none.
+/// Files alone are to be exported: "in.mov out.mp4" means "render in.mov out.mp4". A slip of a command is none. Behind
+/// "--" every word is a name, whatever it looks like.
 bool meansRender(const std::vector<std::string>& words, const std::vector<std::string>& commands) {
-    const std::string first = commandOf(words);
+    const auto end = std::find(words.begin(), words.end(), "--");
+    const bool isFollowed = words.end() - end > 1;
+    const std::vector<std::string> before(words.begin(), end);
+    const std::string first = commandOf(before);
     return std::find(commands.begin(), commands.end(), first) == commands.end() &&
            (isFileName(first) || ExportCore::NearNames::find(first, commands).empty()) &&
-           std::any_of(words.begin(), words.end(), isFileName);
+           (isFollowed || std::any_of(before.begin(), before.end(), isFileName));
 }
 
 /// Columns for help: on a terminal all that there are, up to what is read with ease.

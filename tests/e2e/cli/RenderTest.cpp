@@ -3,6 +3,7 @@
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
 #include "support/MediaProbe.h"
+#include <filesystem>
 #include <gtest/gtest.h>
 
 using TestCli::Result;
@@ -151,6 +152,15 @@ TEST_F(Render, ARelativeOutputLandsInTheCurrentFolder) {
     program.setWrapper({QStringLiteral("env"), QStringLiteral("-C"), QString::fromStdString(place / "")});
     EXPECT_EQ(program.run().code, 0);
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("here.wav")));
+}
+
+TEST_F(Render, TakesWhatStandsBehindTheEndOfOptionsForNames) {
+    std::filesystem::copy_file(clip, place / "-x.mov");
+    TestCli::Program program({"-p", "wav", "--", "-x.mov", "-y.wav"});
+    program.setWrapper({QStringLiteral("env"), QStringLiteral("-C"), QString::fromStdString(place / "")});
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList({QStringLiteral("-x.mov"), QStringLiteral("-y.wav")}));
 }
 
 TEST_F(Render, VerboseWritesTheLogAndQuietDoesNot) {
