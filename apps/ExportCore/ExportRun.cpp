@@ -18,6 +18,7 @@
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimeText.h"
+#include "ExportCore/TimelineOpening.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
@@ -314,9 +315,13 @@ void ExportRun::noteProgramme() {
         if (has && !ContainerLimits::Holds(container, field))
             outcome.notes << what + tr(" left out: the file has no place for it");
     };
-    note(!programme.title.empty(), ProgrammeField::Title, tr("The timeline's name is"));
-    note(!programme.chapters.empty(), ProgrammeField::Chapters, tr("Each of the timeline's markers is"));
-    note(programme.timecode.has_value(), ProgrammeField::TimeCode, tr("The timeline's time code is"));
+    const bool isTimeline = TimelineOpening::isTimeline(request.inputs.first().toStdString());
+    note(!programme.title.empty(), ProgrammeField::Title,
+         isTimeline ? tr("The timeline's name is") : tr("The title is"));
+    note(!programme.chapters.empty(), ProgrammeField::Chapters,
+         isTimeline ? tr("Each of the timeline's markers is") : tr("Each chapter is"));
+    note(programme.timecode.has_value(), ProgrammeField::TimeCode,
+         isTimeline ? tr("The timeline's time code is") : tr("The time code is"));
     const auto all = opening->sequence().programme;
     if (all && programme.subtitles.size() < all->subtitles.size())
         outcome.notes << tr("Subtitles that show nothing in the range are left out");

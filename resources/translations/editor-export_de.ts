@@ -1246,12 +1246,24 @@
             <translation>Der Name der Timeline wird</translation>
         </message>
         <message>
+            <source>The title is</source>
+            <translation>Der Titel wird</translation>
+        </message>
+        <message>
             <source>Each of the timeline's markers is</source>
             <translation>Jede Marke der Timeline wird</translation>
         </message>
         <message>
+            <source>Each chapter is</source>
+            <translation>Jedes Kapitel wird</translation>
+        </message>
+        <message>
             <source>The timeline's time code is</source>
             <translation>Der Timecode der Timeline wird</translation>
+        </message>
+        <message>
+            <source>The time code is</source>
+            <translation>Der Timecode wird</translation>
         </message>
         <message>
             <source>Subtitles that show nothing in the range are left out</source>

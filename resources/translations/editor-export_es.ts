@@ -1246,12 +1246,24 @@
             <translation>El nombre de la línea de tiempo</translation>
         </message>
         <message>
+            <source>The title is</source>
+            <translation>El título</translation>
+        </message>
+        <message>
             <source>Each of the timeline's markers is</source>
             <translation>Cada marcador de la línea de tiempo</translation>
         </message>
         <message>
+            <source>Each chapter is</source>
+            <translation>Cada capítulo</translation>
+        </message>
+        <message>
             <source>The timeline's time code is</source>
             <translation>El código de tiempo de la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>The time code is</source>
+            <translation>El código de tiempo</translation>
         </message>
         <message>
             <source>Subtitles that show nothing in the range are left out</source>

@@ -1237,12 +1237,24 @@
             <translation>タイムラインの名前は</translation>
         </message>
         <message>
+            <source>The title is</source>
+            <translation>タイトルは</translation>
+        </message>
+        <message>
             <source>Each of the timeline's markers is</source>
             <translation>タイムラインの各マーカーは</translation>
         </message>
         <message>
+            <source>Each chapter is</source>
+            <translation>各チャプターは</translation>
+        </message>
+        <message>
             <source>The timeline's time code is</source>
             <translation>タイムラインのタイムコードは</translation>
+        </message>
+        <message>
+            <source>The time code is</source>
+            <translation>タイムコードは</translation>
         </message>
         <message>
             <source>Subtitles that show nothing in the range are left out</source>

@@ -1237,12 +1237,24 @@
             <translation>时间线的名称</translation>
         </message>
         <message>
+            <source>The title is</source>
+            <translation>标题</translation>
+        </message>
+        <message>
             <source>Each of the timeline's markers is</source>
             <translation>时间线的每个标记</translation>
         </message>
         <message>
+            <source>Each chapter is</source>
+            <translation>每个章节</translation>
+        </message>
+        <message>
             <source>The timeline's time code is</source>
             <translation>时间线的时间码</translation>
+        </message>
+        <message>
+            <source>The time code is</source>
+            <translation>时间码</translation>
         </message>
         <message>
             <source>Subtitles that show nothing in the range are left out</source>

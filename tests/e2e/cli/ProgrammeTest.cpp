@@ -301,6 +301,13 @@ TEST_F(Programmes, OfSoundAloneKeepTheirCover) {
     EXPECT_THAT(said, HasSubstr("left out: 1 attached picture (1)"));
 }
 
+TEST_F(Programmes, OfMediaAreNotCalledThoseOfATimeline) {
+    const std::string film = make("film.mkv", {pictures(), {"-metadata", "title=A film"}, quick()});
+    render({film, "-p", "gif-gif-480p"}, "a.gif");
+    EXPECT_THAT(said, HasSubstr("note: The title is left out: the file has no place for it\n"));
+    EXPECT_THAT(said, Not(HasSubstr("timeline")));
+}
+
 TEST_F(Programmes, ThatAreNotInTheFileFailTheExport) {
     std::string catalogue = TestFiles::read(EDITOR_EXPORT_CATALOGUE).toStdString();
     const std::string plain = R"("container": {"id": "mp3"})";
