@@ -23,7 +23,8 @@ public:
     /// Puts what was made at its place. What has appeared there meanwhile is replaced only when replacing was allowed.
     /// False when it stands there, but its folder could not be brought to the disk. Once, and fails after forbid().
     virtual bool commit() = 0;
-    /// Keeps a commit that has not begun from being made. Does not wait for one that has.
+    /// Keeps a commit from being made, also one that has begun and hangs, unless it has come to the step that cannot be
+    /// taken back, which it completes. Does not wait for it.
     virtual void forbid() noexcept = 0;
     /// Forbids the commit and removes what was made. After a commit that was made it does nothing.
     virtual void rollback() noexcept = 0;

@@ -81,8 +81,7 @@ void OutputTransaction::sync() const {
 }
 
 bool OutputTransaction::commit() {
-    if (forbidden)
-        fail(ECANCELED, "Cannot put the finished file at " + quoted(target.path));
+    requireNotForbidden();
     requireOwnFile();
     if (target.existed)
         takeOverAccess();
@@ -109,6 +108,12 @@ void OutputTransaction::requireOwnFile() const {
                            "The unfinished file of " + quoted(target.path) + " was removed or replaced");
 }
 
+/// Whoever has forbidden it may have told by now that the export has failed.
+void OutputTransaction::requireNotForbidden() const {
+    if (forbidden)
+        fail(ECANCELED, "Cannot put the finished file at " + quoted(target.path));
+}
+
 void OutputTransaction::takeOverAccess() const {
     // Only root may give files away; for everybody else the new file stays their own.
     if (fchown(file, target.owner, target.group) != 0 && errno != EPERM)
@@ -123,6 +128,7 @@ void OutputTransaction::moveIntoPlace() const {
     struct stat there = {};
     if (lstat(to, &there) == 0 && !S_ISREG(there.st_mode))
         fail(EEXIST, "Cannot put the finished file at " + quoted(target.path));
+    requireNotForbidden(); // what was looked at before may have hung
     if (target.replace) {
         if (::rename(from, to) != 0)
             fail(errno, "Cannot put the finished file at " + quoted(target.path));

@@ -32,6 +32,7 @@ private:
     int create();
     void takeOverAccess() const;
     void requireOwnFile() const;
+    void requireNotForbidden() const;
     void moveIntoPlace() const;
     bool syncFolder() const;
 

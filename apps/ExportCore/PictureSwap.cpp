@@ -46,10 +46,11 @@ int syncOf(int folder) {
 
 } // namespace
 
-PictureSwap::PictureSwap(int folder, int own, Kestra::Conf::NumberedName name)
+PictureSwap::PictureSwap(int folder, int own, Kestra::Conf::NumberedName name, const std::atomic<bool>& forbidden)
     : folder(folder)
     , own(own)
-    , name(std::move(name)) {}
+    , name(std::move(name))
+    , forbidden(forbidden) {}
 
 int PictureSwap::run(bool replace) {
     std::vector<std::string> made, old;
@@ -90,7 +91,8 @@ int PictureSwap::takeOut(const std::vector<std::string>& old) {
     int error = going ? 0 : errno;
     std::vector<std::string> taken;
     for (std::size_t i = 0; error == 0 && i < old.size(); ++i) {
-        error = takeOverAccess(old[i].c_str());
+        // Each of these steps may hang for so long that the export has been told as failed meanwhile.
+        error = forbidden ? ECANCELED : takeOverAccess(old[i].c_str());
         if (error == 0)
             error = FolderSteps::moveUnlessThere(folder, old[i].c_str(), going.get(), old[i].c_str());
         if (error == 0)
@@ -98,8 +100,8 @@ int PictureSwap::takeOut(const std::vector<std::string>& old) {
     }
     // On the disk before the first new one: a loss of power must find one of the states that settle() knows.
     error = error == 0 ? syncOf(going.get()) : error;
-    if (error == 0 && renameat(own, GOING, own, GONE) != 0)
-        error = errno;
+    if (error == 0 && (forbidden || renameat(own, GOING, own, GONE) != 0))
+        error = forbidden ? ECANCELED : errno;
     error = error == 0 ? syncOf(own) : error;
     if (error == 0)
         return 0;

@@ -94,7 +94,8 @@ void SequenceTransaction::sync() const {
 }
 
 bool SequenceTransaction::commit() {
-    if (forbidden || !enter(State::Written, State::Moving))
+    requireNotForbidden();
+    if (!enter(State::Written, State::Moving))
         fail(ECANCELED, "Cannot put the finished pictures into " + quoted(target.path));
     move();
     state = State::Committed;
@@ -138,13 +139,23 @@ void SequenceTransaction::requireNoRemoval() {
         fail(ECANCELED, "Cannot put the finished pictures into " + quoted(target.path));
 }
 
+/// Whoever has forbidden it may have told by now that the export has failed.
+void SequenceTransaction::requireNotForbidden() const {
+    if (forbidden)
+        fail(ECANCELED, "Cannot put the finished pictures into " + quoted(target.path));
+}
+
 /// An empty folder that has appeared meanwhile is replaced where the file system knows no other renaming.
 void SequenceTransaction::moveFolder() const {
     const char* from = path.constData();
     const char* to = target.path.constData();
+    requireNotForbidden(); // what was looked at before may have hung
     if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
         return;
-    if ((errno != EINVAL && errno != ENOSYS) || ::rename(from, to) != 0)
+    const bool isUnknown = errno == EINVAL || errno == ENOSYS;
+    if (isUnknown)
+        requireNotForbidden();
+    if (!isUnknown || ::rename(from, to) != 0)
         fail(errno, "Cannot put the finished pictures into " + quoted(target.path));
 }
 
@@ -152,7 +163,7 @@ void SequenceTransaction::swapPictures() {
     const Descriptor place(FolderSteps::open(AT_FDCWD, target.path.constData()));
     if (!place)
         fail(errno, "Cannot put the finished pictures into " + quoted(target.path));
-    PictureSwap swap(place.get(), folder, target.name);
+    PictureSwap swap(place.get(), folder, target.name, forbidden);
     stuck = true; // until it is known: what is thrown on the way for want of memory tells nothing
     const int error = swap.run(target.replace);
     stuck = swap.isStuck();
@@ -160,7 +171,8 @@ void SequenceTransaction::swapPictures() {
         fail(error,
              "Cannot put the finished pictures into " + quoted(target.path) +
                  (stuck ? " (those that stood there are in its hidden folder " + quoted(nameOf(path)) + ")" : ""));
-    removeAll(path); // with the old ones
+    state = State::Committed; // whatever becomes of what nobody needs any more
+    removeAll(path);          // with the old ones
 }
 
 } // namespace ExportCore

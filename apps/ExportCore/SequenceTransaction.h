@@ -38,6 +38,7 @@ private:
     bool enter(State from, State to) noexcept { return state.compare_exchange_strong(from, to); }
     void requireOwnFolder() const;
     void requireNoRemoval();
+    void requireNotForbidden() const;
     void move();
     void moveFolder() const;
     void swapPictures();

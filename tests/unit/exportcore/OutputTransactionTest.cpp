@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/OutputTransaction.h"
+#include "HungCall.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include "Kestra/Util/RemovalOnTheSpot.h"
@@ -17,6 +18,9 @@ using ExportCore::OutputTarget;
 using ExportCore::OutputTransaction;
 using Kestra::Proc::ProcessingError;
 using Kestra::Proc::TranscodingError;
+using TestSystem::whileLooking;
+
+std::function<void()> TestSystem::whileLooking;
 
 namespace {
 
@@ -49,6 +53,7 @@ extern "C" __attribute__((visibility("default"))) int lstat(const char* path, st
         errno = EIO;
         return -1;
     }
+    TestSystem::happen(whileLooking);
     return fstatat(AT_FDCWD, path, state, AT_SYMLINK_NOFOLLOW);
 }
 
@@ -150,6 +155,24 @@ TEST_F(Transaction, CommitReplacesTheOldFileAndKeepsItsMode) {
     transaction.commit();
     EXPECT_EQ(TestFiles::read(path), "new");
     EXPECT_EQ(TestFiles::modeOf(path), 0640U);
+}
+
+TEST_F(Transaction, ACommitThatHangsReplacesNothingOnceItIsForbidden) {
+    TestFiles::write(path, "old");
+    for (const bool replace : {true, false}) {
+        OutputTransaction transaction(target(replace), "mp4");
+        fill(transaction);
+        whileLooking = [&] { transaction.forbid(); }; // by a rollback that hangs, too, before it has removed the file
+        EXPECT_ANY_THROW(transaction.commit());
+        EXPECT_EQ(whileLooking, nullptr);
+        EXPECT_FALSE(transaction.isCommitted());
+    }
+    EXPECT_EQ(TestFiles::read(path), "old");
+    ASSERT_EQ(unlink(path.c_str()), 0);
+    OutputTransaction transaction(target(), "mp4");
+    whileLooking = [&] { transaction.forbid(); };
+    EXPECT_ANY_THROW(transaction.commit());
+    EXPECT_EQ(access(path.c_str(), F_OK), -1);
 }
 
 TEST_F(Transaction, ANewFileHasTheModeThatTheUmaskLeaves) {

@@ -4,12 +4,15 @@
 #include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/PictureSwap.h"
 #include "ExportCore/PrivateName.h"
+#include "HungCall.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Util/RemovalOnTheSpot.h"
 #include "support/FileHelpers.h"
 #include "support/FlashBeep.h"
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -21,12 +24,16 @@ using ExportCore::LeftoverSweep;
 using ExportCore::PictureSwap;
 using ExportCore::SequenceTarget;
 using ExportCore::SequenceTransaction;
+using TestSystem::happen;
+using TestSystem::whileLooking;
 
 namespace {
 
 // How many of the next renamings are made before all others fail, in this process; below 0: all are made.
 int renamings = -1;
 bool changesNoModes = false;
+// What happens while the next such call hangs, in this process, once.
+std::function<void()> whileMoving, whileSyncing, whileRemoving;
 
 } // namespace
 
@@ -38,6 +45,7 @@ extern "C" __attribute__((visibility("default"))) int renameat2(int fromFolder, 
         return -1;
     }
     renamings -= renamings > 0 ? 1 : 0;
+    happen(whileMoving);
     return static_cast<int>(syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }
 
@@ -48,6 +56,16 @@ extern "C" __attribute__((visibility("default"))) int fchmodat(int folder, const
         return -1;
     }
     return static_cast<int>(syscall(SYS_fchmodat, folder, name, mode));
+}
+
+extern "C" __attribute__((visibility("default"))) int fsync(int file) {
+    happen(whileSyncing);
+    return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+extern "C" __attribute__((visibility("default"))) int unlinkat(int folder, const char* name, int flags) noexcept {
+    happen(whileRemoving);
+    return static_cast<int>(syscall(SYS_unlinkat, folder, name, flags));
 }
 
 namespace {
@@ -183,6 +201,72 @@ TEST_F(Pictures, AfterForbidThereIsNoCommit) {
     EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
 }
 
+TEST_F(Pictures, AFolderIsNotMovedOnceItIsForbidden) {
+    {
+        SequenceTransaction transaction(target());
+        fill(transaction, 1);
+        whileLooking = [&] { transaction.rollback(); };
+        EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+        EXPECT_EQ(whileLooking, nullptr);
+        EXPECT_FALSE(transaction.isCommitted());
+        EXPECT_EQ(access(frames.c_str(), F_OK), -1);
+    }
+    EXPECT_TRUE(TestFiles::namesIn(folder / "").isEmpty());
+}
+
+TEST_F(Pictures, OldOnesComeBackWhereASwapIsForbiddenBeforeTheLastHasGone) {
+    makeFolder();
+    writeOld({"shot_000.png", "shot_001.png"});
+    {
+        SequenceTransaction transaction(target(true));
+        fill(transaction, 3);
+        bool wentOn = false;
+        whileMoving = [&] { transaction.rollback(); };
+        whileSyncing = [&] { wentOn = true; };
+        EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+        whileSyncing = nullptr;
+        EXPECT_EQ(whileMoving, nullptr);
+        EXPECT_FALSE(wentOn);
+        EXPECT_FALSE(transaction.isCommitted());
+        EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "oldold");
+    }
+    {
+        SequenceTransaction transaction(target(true));
+        fill(transaction, 3);
+        whileSyncing = [&] { transaction.rollback(); }; // all have gone, and nothing says so
+        EXPECT_THROW(transaction.commit(), Kestra::Proc::ProcException);
+        EXPECT_EQ(whileSyncing, nullptr);
+        EXPECT_FALSE(transaction.isCommitted());
+    }
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png") << "and nothing is left of the new ones";
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "oldold");
+}
+
+TEST_F(Pictures, ASwapThatIsForbiddenOnceAllOldOnesHaveGoneIsCompleted) {
+    makeFolder();
+    writeOld({"shot_000.png", "shot_001.png"});
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 3);
+    whileSyncing = [&] { whileMoving = [&] { transaction.rollback(); }; }; // with the first new one
+    EXPECT_TRUE(transaction.commit());
+    EXPECT_EQ(whileMoving, nullptr);
+    EXPECT_TRUE(transaction.isCommitted());
+    EXPECT_EQ(all().toStdString(), "shot_000.png shot_001.png shot_002.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "newnew");
+}
+
+TEST_F(Pictures, ThatStandAtTheirPlaceAreDoneWhileOldOnesAreStillBeingRemoved) {
+    makeFolder();
+    writeOld({"shot_000.png"});
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 1);
+    bool wasDone = false;
+    whileRemoving = [&] { wasDone = transaction.isCommitted(); };
+    EXPECT_TRUE(transaction.commit());
+    EXPECT_EQ(whileRemoving, nullptr);
+    EXPECT_TRUE(wasDone);
+}
+
 TEST_F(Pictures, PrivateOnesAreNotReplacedByThoseThatOthersMayRead) {
     makeFolder();
     writeOld({"shot_000.png"});
@@ -305,7 +389,8 @@ TEST_F(BrokenOff, ASwapThatMeetsATakenNameOnItsWayLeavesTheFolderAsItWas) {
     writeOld({"shot_001.png", "other_005.png"});
     const Descriptor outer(FolderSteps::open(AT_FDCWD, frames.c_str()));
     const Descriptor inner(FolderSteps::open(AT_FDCWD, own.c_str()));
-    PictureSwap swap(outer.get(), inner.get(), {"other_", ".png", 3}); // so that shot_001.png is in the way
+    const std::atomic<bool> forbidden{false};
+    PictureSwap swap(outer.get(), inner.get(), {"other_", ".png", 3}, forbidden); // so that shot_001.png is in the way
     EXPECT_EQ(swap.run(true), EEXIST);
     EXPECT_FALSE(swap.isStuck());
     EXPECT_EQ(content("shot_001.png") + content("other_005.png"), "oldold");
