@@ -95,11 +95,10 @@ private:
     bool titlesDiffer = false;
 };
 
-/// What a preset has no room for by its nature is not told of, but for what was ordered.
-void keepMain(const MediaInfo& info, const TrackOptions& options, const InputProgramme::File& file, LeftOut& left) {
-    if (info.video && (file.picture || options.picture))
+void keepMain(const MediaInfo& info, const InputProgramme::File& file, LeftOut& left) {
+    if (info.video && file.picture)
         left.keptTracks.insert(info.video->index);
-    if (info.audio && (file.sound || options.sound == TrackOptions::Sound::Main))
+    if (info.audio && file.sound)
         left.keptTracks.insert(info.audio->index);
 }
 
@@ -113,7 +112,7 @@ public:
     void add(const Source& source, Kestra::Ticks at, Kestra::Ticks lasting) {
         const MediaInfo& info = source->GetInfo();
         LeftOut& left = lefts[source.get()];
-        keepMain(info, options, file, left);
+        keepMain(info, file, left);
         // A medium may stand at several places: what came from one of them is not lost at another.
         if (options.metadata)
             addMetadata(info, left, at.Value(), lasting.Value());
@@ -277,7 +276,7 @@ void InputProgramme::noteLeftOut(const Render::Sequence& timeline, const TrackOp
     for (const Source& source : timeline.media->sources()) {
         LeftOut left;
         const MediaInfo& info = source->GetInfo();
-        keepMain(info, options, file, left);
+        keepMain(info, file, left);
         left.chapters = left.tags = left.title = !options.metadata;
         if (const std::string text = left.of(info.contents); !text.empty())
             source->Note(text);

@@ -36,6 +36,7 @@ TEST_P(DiskFull, AFailingWriteAnywhereFailsTheExportAndKeepsTheOldFile) {
     const TestMedia::Folder place;
     const std::string output = place / "film";
     TestFiles::write(output, "old");
+    const bool hasPictures = std::string(GetParam()) != "wav"; // a note tells that they are left out
     for (const qint64 room : {qint64(0), qint64(100), qint64(5000), whole / 2, whole - 1000, whole - 1}) {
         Program program(command(output));
         // ThreadSanitizer writes a file of its own there before the program begins, and would end it for lack of room.
@@ -43,7 +44,7 @@ TEST_P(DiskFull, AFailingWriteAnywhereFailsTheExportAndKeepsTheOldFile) {
         program.setWrapper({QStringLiteral("prlimit"), QStringLiteral("--fsize=%1").arg(room)});
         const Result result = program.run();
         EXPECT_EQ(result.code, 1) << room << " of " << whole << " bytes: " << result.errors.toStdString();
-        EXPECT_EQ(result.errorLines().size(), 1) << result.errors.toStdString();
+        EXPECT_EQ(result.errorLines().size(), hasPictures ? 1 : 2) << result.errors.toStdString();
         EXPECT_TRUE(result.errors.contains(QString::fromStdString(output))) << result.errors.toStdString();
         EXPECT_EQ(TestFiles::read(output), "old");
         EXPECT_EQ(TestFiles::namesIn(place / "").size(), 1);

@@ -166,7 +166,7 @@ TEST_F(Render, TakesWhatStandsBehindTheEndOfOptionsForNames) {
 TEST_F(Render, VerboseWritesTheLogAndQuietDoesNot) {
     const Result verbose = run({"--verbose", "render", clip, "-p", "wav", "-o", place / "a.wav"});
     EXPECT_TRUE(verbose.errors.contains(QStringLiteral("EXPORT: Started"))) << verbose.errors.toStdString();
-    const Result quiet = run({"render", clip, "-p", "wav", "-o", place / "b.wav", "--progress", "none"});
+    const Result quiet = run({"render", clip, "-p", "mkv-ffv1-flac", "-o", place / "b.mkv", "--progress", "none"});
     EXPECT_TRUE(quiet.errors.isEmpty()) << quiet.errors.toStdString();
 }
 

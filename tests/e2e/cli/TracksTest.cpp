@@ -147,6 +147,10 @@ TEST_F(Tracks, OfOneKindAreLeftOutOnOrder) {
     EXPECT_TRUE(
         render({path, "-p", "mp4-h264-480p", "--quality", "low", "--audio", "none"}, "low.mp4").all("audio").empty())
         << "a quality does not bring it back";
+    const auto song = render({path, "-p", "mp3"}, "song.mp3");
+    EXPECT_EQ(song.all("audio").size(), 1U);
+    EXPECT_THAT(said, HasSubstr("left out: 1 picture track (0), 1 sound track (2, eng)\n"))
+        << "what the preset has no place for as well";
     const auto blind = render({path, "-p", "mkv-ffv1-flac", "--video", "none"}, "blind.mka");
     EXPECT_TRUE(blind.all("video").empty());
     EXPECT_EQ(blind.all("audio").size(), 1U);
