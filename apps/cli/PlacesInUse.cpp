@@ -4,6 +4,7 @@
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Conf/NumberedName.h"
+#include "cli/FilesOfMedium.h"
 #include "cli/JobRunner.h"
 #include "cli/SamePlace.h"
 #include <filesystem>
@@ -80,6 +81,37 @@ std::string PlacesInUse::whyNoFile(const std::string& path) {
            : S_ISFIFO(state.st_mode) ? "it is a pipe"
            : S_ISSOCK(state.st_mode) ? "it is a socket"
                                      : "it is a device";
+}
+
+PlacesInUse::PlacesInUse(std::vector<Options> exports)
+    : exports(std::move(exports)) {}
+
+std::size_t PlacesInUse::readerOf(const std::string& path) {
+    struct stat state = {};
+    if (path.empty() || ::stat(path.c_str(), &state) != 0)
+        return 0; // nothing that is not there can be read
+    if (!isReadKnown)
+        lookUpWhatIsRead();
+    const auto reader = readers.find({state.st_dev, state.st_ino});
+    return reader == readers.end() ? 0 : reader->second;
+}
+
+void PlacesInUse::lookUpWhatIsRead() {
+    isReadKnown = true;
+    for (std::size_t index = 0; index < exports.size(); ++index)
+        for (const std::string& input : exports[index].inputs) {
+            addRead(input, index + 1);
+            addRead(input + "/content.otio", index + 1); // of a timeline that is a folder
+            for (const auto& medium : TimelineOpening::mediaNamedIn(input, exports[index].timelines))
+                for (const QFileInfo& file : filesOfMedium(medium))
+                    addRead(file.filePath().toStdString(), index + 1);
+        }
+}
+
+void PlacesInUse::addRead(const std::string& path, std::size_t reader) {
+    struct stat state = {};
+    if (::stat(path.c_str(), &state) == 0)
+        readers.emplace(File(state.st_dev, state.st_ino), reader); // the first one stays
 }
 
 } // namespace Cli

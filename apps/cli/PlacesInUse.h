@@ -3,13 +3,18 @@
 #pragma once
 
 #include "cli/Options.h"
+#include <cstddef>
+#include <map>
 #include <string>
+#include <sys/types.h>
+#include <utility>
 #include <vector>
 
 namespace Cli {
 
 /// What is written beside an export must be none of them.
-struct PlacesInUse {
+class PlacesInUse {
+public:
     /// What the file is to this export, as "one of the inputs"; empty where it is nothing to it. Names that lead to the
     /// same file are the same. Timelines are read for the media that they name.
     static std::string useBy(const Options& exported, const std::string& path);
@@ -20,7 +25,20 @@ struct PlacesInUse {
     /// What stands there and is no regular file, as "it is a pipe"; empty for one, and where nothing stands.
     static std::string whyNoFile(const std::string& path);
 
-    PlacesInUse() = delete;
+    /// Of several exports, the files of all of which are looked up once, when they are first asked for.
+    explicit PlacesInUse(std::vector<Options> exports);
+    /// Which of them, counted from 1, reads the file, be it as one of a timeline's media; 0 where none does.
+    std::size_t readerOf(const std::string& path);
+
+private:
+    using File = std::pair<dev_t, ino_t>; ///< whatever it is called
+
+    void lookUpWhatIsRead();
+    void addRead(const std::string& path, std::size_t reader);
+
+    const std::vector<Options> exports;
+    bool isReadKnown = false;
+    std::map<File, std::size_t> readers; ///< the first of each file
 };
 
 } // namespace Cli

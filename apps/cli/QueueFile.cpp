@@ -7,6 +7,7 @@
 #include "Kestra/Conf/NumberedName.h"
 #include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
+#include "cli/FilesOfMedium.h"
 #include "cli/JsonText.h"
 #include "cli/SamePlace.h"
 #include <QCryptographicHash>
@@ -199,19 +200,13 @@ QJsonObject factsOfInput(const QString& path, const QFileInfoList& files) {
 }
 
 QJsonObject factsOfMedium(const Timeline::MediaTarget& medium) {
-    if (const auto* const file = std::get_if<Timeline::MediaFile>(&medium)) {
-        const QString path = QString::fromStdString(file->path.ToUtf8());
-        return factsOfInput(path, {QFileInfo(path)});
-    }
+    if (const auto* const file = std::get_if<Timeline::MediaFile>(&medium))
+        return factsOfInput(QString::fromStdString(file->path.ToUtf8()), filesOfMedium(medium));
     const auto* const sequence = std::get_if<Timeline::ImageSequence>(&medium);
-    if (!sequence)
-        return {};
-    const QString folder = QString::fromStdString(sequence->folder.ToUtf8());
-    QFileInfoList pictures;
-    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
-        if (sequence->isName(file.fileName().toStdString()))
-            pictures << file;
-    return factsOfInput(folder + key("/") + QString::fromStdString(sequence->prefix), pictures);
+    return sequence ? factsOfInput(QString::fromStdString(sequence->folder.ToUtf8()) + key("/") +
+                                       QString::fromStdString(sequence->prefix),
+                                   filesOfMedium(medium))
+                    : QJsonObject();
 }
 
 /// With the media of timelines.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/Refusal.h"
-#include "ExportCore/RequestCheck.h"
 #include "Kestra/Proc/LargestAllocation.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
@@ -26,28 +25,34 @@ Options optionsOf(const QueueFile::Job& job, const Options& queue) {
     return options;
 }
 
-void requireFilesOfItsOwn(QueueFile& queue, const std::string& queuePath, std::size_t index) {
+/// Of all jobs of a queue.
+PlacesInUse placesOf(const QueueFile& queue) {
+    std::vector<Options> exports;
+    for (const QueueFile::Job& job : queue.jobs())
+        exports.push_back(job.options);
+    return PlacesInUse(std::move(exports));
+}
+
+void requireFilesOfItsOwn(QueueFile& queue, PlacesInUse& places, const std::string& queuePath, std::size_t index) {
     const Options& job = queue.jobs()[index].options;
     const std::string number = "Job " + std::to_string(index + 1);
     for (const std::string* const path : {&job.output, &job.report})
         if (PlacesInUse::isOfQueue(queuePath, *path))
             KESTRA_THROW(
                 ExportCore::Refusal(number + " writes the queue's own file \"" + *path + "\"; give it another name"));
-    const QByteArray report = QByteArray::fromStdString(job.report);
-    const bool canBeRead = QFileInfo::exists(QString::fromUtf8(report)); // what an earlier job makes is found below
-    for (std::size_t other = 0; canBeRead && other < queue.jobs().size(); ++other)
-        if (ExportCore::RequestCheck::isInput(report, JobRunner::requestOf(queue.jobs()[other].options).inputs))
-            KESTRA_THROW(ExportCore::Refusal(number + " writes its report to what job " + std::to_string(other + 1) +
-                                             " reads; give it another name"));
+    if (const std::size_t other = places.readerOf(job.report); other != 0)
+        KESTRA_THROW(ExportCore::Refusal(number + " writes its report to what job " + std::to_string(other) +
+                                         " reads; give it another name"));
     if (const std::size_t other = queue.sharesFileWith(index); other != 0)
         KESTRA_THROW(ExportCore::Refusal(number + " writes a file that job " + std::to_string(other) +
                                          " writes, too; give it another name"));
 }
 
-JobRunner::Ended runOne(QueueFile& queue, std::size_t index, const Options& all, JobRunner& runner) {
+JobRunner::Ended runOne(QueueFile& queue, PlacesInUse& places, std::size_t index, const Options& all,
+                        JobRunner& runner) {
     const QueueFile::Job& job = queue.jobs()[index];
     try {
-        requireFilesOfItsOwn(queue, all.queueFile, index);
+        requireFilesOfItsOwn(queue, places, all.queueFile, index);
         const Options options = optionsOf(job, all);
         if (queue.isOutdated(job))
             ErrorOutput::tell("note", "\"" + job.output + "\" is of before its inputs were changed");
@@ -93,6 +98,7 @@ int runQueue(const Options& options, JobRunner& runner) {
     all.queueFile = path.toStdString();
     // The jobs' names count from where they stand.
     QDir::setCurrent(QFileInfo(path).absolutePath());
+    PlacesInUse places = placesOf(queue);
     JobTally tally(queue.jobs().size());
     bool isKept = true;
     for (std::size_t index = 0; index < queue.jobs().size() && !JobRunner::isStopped(); ++index) {
@@ -102,7 +108,7 @@ int runQueue(const Options& options, JobRunner& runner) {
             continue;
         }
         tally.begin(index, job.output);
-        const JobRunner::Ended ended = runOne(queue, index, all, runner);
+        const JobRunner::Ended ended = runOne(queue, places, index, all, runner);
         // Done is what stands there, even where its report could not be written.
         isKept = (!isWhole(ended) || queue.keep(job)) && isKept;
         tally.end(index, job.output, ended.code);

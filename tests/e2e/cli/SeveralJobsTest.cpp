@@ -330,6 +330,29 @@ TEST_F(SeveralJobs, OfAQueueWriteNeitherItsFilesNorWhatOthersRead) {
     EXPECT_TRUE(run({"queue", queue}).errors.contains(name("last.mp4\": done before")));
 }
 
+TEST_F(SeveralJobs, OfAQueueWriteNoReportToAMediumOfAnothersTimeline) {
+    const std::string medium = place / "medium.mov";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(*folder / "one.mov"), QString::fromStdString(medium)));
+    const QByteArray before = TestFiles::read(medium);
+    TestFiles::write(
+        place / "cut.otio",
+        QByteArray::fromStdString(R"({"OTIO_SCHEMA":"Timeline.1","tracks":{"OTIO_SCHEMA":"Stack.1","children":[)"
+                                  R"({"OTIO_SCHEMA":"Track.1","kind":"Video","children":[)" +
+                                  TestCli::clipOf("one", "medium.mov", 0, 5) + "]}]}}"));
+    ASSERT_TRUE(QFile::link(name("medium.mov"), QString::fromStdString(place / "report.json")));
+    QJsonObject first = job("one.mov"), second = job("two.mov");
+    first.insert(name("report"), name("medium.mov"));
+    second.insert(name("report"), name("report.json"));
+    for (QJsonObject* const one : {&first, &second})
+        one->insert(name("overwrite"), true);
+    writeQueue({first, second, job("cut.otio", "cut.mp4")});
+    const Result result = run({"queue", queue});
+    EXPECT_EQ(result.errors.count(name("writes its report to what job 3 reads")), 2) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.endsWith(name("3 jobs: 1 done, 2 failed (number 1 and 2)\n")))
+        << result.output.toStdString();
+    EXPECT_EQ(TestFiles::read(medium), before);
+}
+
 TEST_F(SeveralJobs, OfAQueueTakeWhatTheSchemaTakes) {
     QJsonObject list = job("one.mov"), number = job("two.mov"), lists = job("three.mov");
     list.insert(name("output"), QJsonArray{QString::fromStdString(place / "list.mp4")});
