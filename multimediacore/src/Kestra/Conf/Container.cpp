@@ -22,196 +22,167 @@ constexpr int ID3_CHAPTER_TITLE = 120;
 using Family = Container::Family;
 using Languages = Container::Languages;
 
-std::vector<Container> OfPictures() {
-    return {
-        {"mp4",
-         "mp4",
-         Family::Mov,
-         true,
-         true,
-         true,
-         {CodecID::H264, CodecID::HEVC, CodecID::AV1, CodecID::VP9, CodecID::MPEG4, CodecID::MPEG2, CodecID::AAC,
-          CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC},
-         {"mp4", "m4v"},
-         {"m4a"},
-         TAGS_OF_MP4,
-         Languages::Terminological,
-         true,
-         "mov_text",
-         nullptr,
-         true,
-         true},
-        {"mov",
-         "mov",
-         Family::Mov,
-         true,
-         true,
-         true,
-         {CodecID::H264, CodecID::HEVC, CodecID::ProRes, CodecID::DNxHD, CodecID::MJPEG, CodecID::MPEG4, CodecID::AAC,
-          CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
-         {"mov", "qt"},
-         {},
-         TAGS_OF_MOV,
-         Languages::QuickTime,
-         false,
-         "mov_text",
-         nullptr,
-         true,
-         true},
-        {"webm",
-         "webm",
-         Family::Matroska,
-         true,
-         true,
-         true,
-         {CodecID::VP9, CodecID::VP8, CodecID::AV1, CodecID::Opus, CodecID::Vorbis},
-         {"webm"},
-         {"weba"},
-         {},
-         Languages::Bibliographic,
-         false,
-         "webvtt"},
-        {"mkv",
-         "matroska",
-         Family::Matroska,
-         true,
-         true,
-         true,
-         {CodecID::H264, CodecID::HEVC, CodecID::VP9, CodecID::AV1, CodecID::VP8, CodecID::MPEG4, CodecID::MPEG2,
-          CodecID::FFV1, CodecID::MJPEG, CodecID::ProRes, CodecID::AAC, CodecID::Opus, CodecID::MP3, CodecID::FLAC,
-          CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::Vorbis, CodecID::AC3, CodecID::ALAC},
-         {"mkv"},
-         {"mka"},
-         {},
-         Languages::Bibliographic,
-         true,
-         "subrip",
-         "ass",
-         false,
-         true,
-         true},
-        {"gif",
-         "gif",
-         Family::Other,
-         false,
-         false,
-         false,
-         {CodecID::GIF},
-         {"gif"},
-         {},
-         {},
-         Languages::ByTag,
-         false,
-         nullptr,
-         nullptr,
-         false,
-         false,
-         false,
-         0,
-         false},
-    };
+Container Of(const char* id, const char* muxer, std::vector<CodecID> codecs, std::vector<std::string> extensions) {
+    Container container{};
+    container.id = id;
+    container.muxer = muxer;
+    container.codecs = std::move(codecs);
+    container.extensions = std::move(extensions);
+    return container;
+}
+
+Container OfMov(const char* id, const char* muxer, std::vector<CodecID> codecs, std::vector<std::string> extensions) {
+    Container container = Of(id, muxer, std::move(codecs), std::move(extensions));
+    container.family = Family::Mov;
+    container.globalHeaders = true;
+    container.chapters = true;
+    return container;
+}
+
+Container OfMatroska(const char* id, const char* muxer, std::vector<CodecID> codecs,
+                     std::vector<std::string> extensions) {
+    Container container = Of(id, muxer, std::move(codecs), std::move(extensions));
+    container.family = Family::Matroska;
+    container.globalHeaders = true;
+    container.timecode = true;
+    container.chapters = true;
+    container.languages = Languages::Bibliographic;
+    return container;
+}
+
+Container Mp4() {
+    Container container =
+        OfMov("mp4", "mp4",
+              {CodecID::H264, CodecID::HEVC, CodecID::AV1, CodecID::VP9, CodecID::MPEG4, CodecID::MPEG2, CodecID::AAC,
+               CodecID::MP3, CodecID::AC3, CodecID::ALAC, CodecID::Opus, CodecID::FLAC},
+              {"mp4", "m4v"});
+    container.timecode = true;
+    container.extensionsOfSound = {"m4a"};
+    container.tags = TAGS_OF_MP4;
+    container.languages = Languages::Terminological;
+    container.cover = true;
+    container.subtitles = "mov_text";
+    container.subtitlesOneAtATime = true;
+    container.subtitleColours = true;
+    return container;
+}
+
+Container Mov() {
+    Container container =
+        OfMov("mov", "mov",
+              {CodecID::H264, CodecID::HEVC, CodecID::ProRes, CodecID::DNxHD, CodecID::MJPEG, CodecID::MPEG4,
+               CodecID::AAC, CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
+              {"mov", "qt"});
+    container.timecode = true;
+    container.tags = TAGS_OF_MOV;
+    container.languages = Languages::QuickTime;
+    container.subtitles = "mov_text";
+    container.subtitlesOneAtATime = true;
+    container.subtitleColours = true;
+    return container;
+}
+
+Container WebM() {
+    Container container = OfMatroska(
+        "webm", "webm", {CodecID::VP9, CodecID::VP8, CodecID::AV1, CodecID::Opus, CodecID::Vorbis}, {"webm"});
+    container.extensionsOfSound = {"weba"};
+    container.subtitles = "webvtt";
+    return container;
+}
+
+Container Mkv() {
+    Container container = OfMatroska("mkv", "matroska",
+                                     {CodecID::H264, CodecID::HEVC, CodecID::VP9, CodecID::AV1, CodecID::VP8,
+                                      CodecID::MPEG4, CodecID::MPEG2, CodecID::FFV1, CodecID::MJPEG, CodecID::ProRes,
+                                      CodecID::AAC, CodecID::Opus, CodecID::MP3, CodecID::FLAC, CodecID::PCM_S16LE,
+                                      CodecID::PCM_S24LE, CodecID::Vorbis, CodecID::AC3, CodecID::ALAC},
+                                     {"mkv"});
+    container.extensionsOfSound = {"mka"};
+    container.cover = true;
+    container.subtitles = "subrip";
+    container.styledSubtitles = "ass";
+    container.subtitleColours = true;
+    container.subtitlePlaces = true;
+    return container;
+}
+
+Container Gif() {
+    Container container = Of("gif", "gif", {CodecID::GIF}, {"gif"});
+    container.tagged = false;
+    return container;
 }
 
 /// Of one codec, whose packets are whole files.
 Container Sequence(const char* id, CodecID codec, std::vector<std::string> extensions) {
-    Container container{id, "image2", Family::Other, false, false, false, {codec}, std::move(extensions), {}, {}};
+    Container container = Of(id, "image2", {codec}, std::move(extensions));
     container.tagged = false;
     container.sequence = true;
     return container;
 }
 
-std::vector<Container> OfSequences() {
-    return {
-        Sequence("png-sequence", CodecID::PNG, {"png"}),
-        Sequence("jpeg-sequence", CodecID::MJPEG, {"jpg", "jpeg"}),
-    };
+Container M4a() {
+    Container container = OfMov("m4a", "ipod", {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"});
+    container.tags = TAGS_OF_MP4;
+    container.languages = Languages::Terminological;
+    container.cover = true;
+    return container;
 }
 
-std::vector<Container> OfSoundAlone() {
-    return {
-        {"m4a",
-         "ipod",
-         Family::Mov,
-         true,
-         false,
-         true,
-         {CodecID::AAC, CodecID::ALAC},
-         {"m4a", "m4b"},
-         {},
-         TAGS_OF_MP4,
-         Languages::Terminological,
-         true},
-        {"mp3",
-         "mp3",
-         Family::Other,
-         false,
-         false,
-         true,
-         {CodecID::MP3},
-         {"mp3"},
-         {},
-         {},
-         Languages::ByTag,
-         true,
-         nullptr,
-         nullptr,
-         false,
-         false,
-         false,
-         ID3_CHAPTER_TITLE},
-        {"flac", "flac", Family::Other, false, false, false, {CodecID::FLAC}, {"flac"}, {}, {}, Languages::ByTag, true},
-        {"wav",
-         "wav",
-         Family::Other,
-         false,
-         false,
-         false,
-         {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM},
-         {"wav", "wave"},
-         {},
-         TAGS_OF_WAV},
-        {"opus", "opus", Family::Other, false, false, true, {CodecID::Opus}, {"opus"}, {}, {}},
-        {"ogg",
-         "ogg",
-         Family::Other,
-         false,
-         false,
-         false,
-         {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC},
-         {"ogg", "oga"},
-         {},
-         {}},
-        {"ac3",
-         "ac3",
-         Family::Other,
-         false,
-         false,
-         false,
-         {CodecID::AC3},
-         {"ac3"},
-         {},
-         {},
-         Languages::ByTag,
-         false,
-         nullptr,
-         nullptr,
-         false,
-         false,
-         false,
-         0,
-         false},
-    };
+Container Mp3() {
+    Container container = Of("mp3", "mp3", {CodecID::MP3}, {"mp3"});
+    container.chapters = true;
+    container.cover = true;
+    container.chapterTitle = ID3_CHAPTER_TITLE;
+    return container;
+}
+
+Container Flac() {
+    Container container = Of("flac", "flac", {CodecID::FLAC}, {"flac"});
+    container.cover = true;
+    return container;
+}
+
+Container Wav() {
+    Container container = Of("wav", "wav", {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM}, {"wav", "wave"});
+    container.tags = TAGS_OF_WAV;
+    return container;
+}
+
+Container Opus() {
+    Container container = Of("opus", "opus", {CodecID::Opus}, {"opus"});
+    container.chapters = true;
+    return container;
+}
+
+Container Ogg() {
+    return Of("ogg", "ogg", {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC}, {"ogg", "oga"});
+}
+
+Container Ac3() {
+    Container container = Of("ac3", "ac3", {CodecID::AC3}, {"ac3"});
+    container.tagged = false;
+    return container;
 }
 
 } // namespace
 
 const std::vector<Container>& Container::All() {
-    static const std::vector<Container> table = [] {
-        std::vector<Container> all = OfPictures();
-        for (const std::vector<Container>& more : {OfSequences(), OfSoundAlone()})
-            all.insert(all.end(), more.begin(), more.end());
-        return all;
-    }();
+    static const std::vector<Container> table{
+        Mp4(),
+        Mov(),
+        WebM(),
+        Mkv(),
+        Gif(),
+        Sequence("png-sequence", CodecID::PNG, {"png"}),
+        Sequence("jpeg-sequence", CodecID::MJPEG, {"jpg", "jpeg"}),
+        M4a(),
+        Mp3(),
+        Flac(),
+        Wav(),
+        Opus(),
+        Ogg(),
+        Ac3(),
+    };
     return table;
 }
 
