@@ -3,7 +3,6 @@
 
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimelineOpening.h"
-#include "Kestra/Conf/NumberedName.h"
 #include "cli/FilesOfMedium.h"
 #include "cli/JobRunner.h"
 #include "cli/SamePlace.h"
@@ -30,19 +29,27 @@ bool isMediumOf(const Options& exported, const std::string& path) {
     return false;
 }
 
-/// Of an output that is pictures: by their pattern, or in a folder by their usual name, in however many digits.
-bool isPictureOf(const std::string& output, const std::string& path) {
-    using Kestra::Conf::NumberedName;
-    const std::filesystem::path place(placeOf(path)), made(output);
-    const std::string name = place.filename();
-    if (const auto pattern = NumberedName::Parse(made.filename()))
-        return pattern->NumberOf(name) &&
-               isSamePlace(place.parent_path(), made.has_parent_path() ? made.parent_path() : ".");
-    static const std::regex usual("frame_[0-9]+\\.[a-z]+");
-    return std::regex_match(name, usual) && isSamePlace(place.parent_path(), output);
+} // namespace
+
+PlacesInUse::Place::Place(const std::string& path)
+    : whole(placeOf(path)) {
+    const std::filesystem::path place(whole);
+    folder = place.parent_path();
+    name = place.filename();
+    pattern = Kestra::Conf::NumberedName::Parse(name);
+    static const std::regex usual("frame_([0-9]+|%0?[0-9]*d)\\.[a-z]+");
+    isUsual = std::regex_match(name, usual);
 }
 
-} // namespace
+bool PlacesInUse::Place::hasPicture(const Place& other) const {
+    if (pattern)
+        return other.folder == folder && pattern->NumberOf(other.name);
+    return other.isUsual && other.folder == whole;
+}
+
+bool PlacesInUse::Place::shares(const Place& other) const {
+    return whole == other.whole || hasPicture(other) || other.hasPicture(*this);
+}
 
 bool PlacesInUse::isOfQueue(const std::string& queue, const std::string& path) {
     return isSamePlace(path, queue) || isSamePlace(path, queue + ".state");
@@ -51,7 +58,7 @@ bool PlacesInUse::isOfQueue(const std::string& queue, const std::string& path) {
 std::string PlacesInUse::useBy(const Options& exported, const std::string& path) {
     if (isSamePlace(path, exported.output))
         return "the output";
-    if (!exported.output.empty() && isPictureOf(exported.output, path))
+    if (!exported.output.empty() && Place(exported.output).hasPicture(Place(path)))
         return "one of the output's pictures";
     if (!exported.queueFile.empty() && isOfQueue(exported.queueFile, path))
         return "the queue's own file";
@@ -94,6 +101,26 @@ std::size_t PlacesInUse::readerOf(const std::string& path) {
         lookUpWhatIsRead();
     const auto reader = readers.find({state.st_dev, state.st_ino});
     return reader == readers.end() ? 0 : reader->second;
+}
+
+std::size_t PlacesInUse::writerBefore(std::size_t index) {
+    if (written.empty())
+        lookUpWhatIsWritten();
+    for (std::size_t writer = 0; writer < index; ++writer)
+        for (const Place& place : written[index])
+            for (const Place& other : written[writer])
+                if (place.shares(other))
+                    return writer + 1;
+    return 0;
+}
+
+void PlacesInUse::lookUpWhatIsWritten() {
+    for (const Options& exported : exports) {
+        std::vector<Place>& places = written.emplace_back();
+        for (const std::string* const path : {&exported.output, &exported.report})
+            if (!path->empty())
+                places.emplace_back(*path);
+    }
 }
 
 void PlacesInUse::lookUpWhatIsRead() {

@@ -2,9 +2,11 @@
 // Cli::PlacesInUse: the files that exports read and make.
 #pragma once
 
+#include "Kestra/Conf/NumberedName.h"
 #include "cli/Options.h"
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <utility>
@@ -29,16 +31,33 @@ public:
     explicit PlacesInUse(std::vector<Options> exports);
     /// Which of them, counted from 1, reads the file, be it as one of a timeline's media; 0 where none does.
     std::size_t readerOf(const std::string& path);
+    /// Which of them before this one, an index, counted from 1, writes what this one writes, too, be it as one of its
+    /// pictures; 0 where none does.
+    std::size_t writerBefore(std::size_t index);
 
 private:
+    /// A true place, taken apart once: each is compared with all others.
+    struct Place {
+        explicit Place(const std::string& path);
+        /// As an output that is pictures: by its pattern, or in a folder by their usual name, in however many digits;
+        /// the pattern of such names, too.
+        bool hasPicture(const Place& other) const;
+        bool shares(const Place& other) const;
+
+        std::string whole, folder, name;
+        std::optional<Kestra::Conf::NumberedName> pattern;
+        bool isUsual = false; ///< called as pictures are in a folder
+    };
     using File = std::pair<dev_t, ino_t>; ///< whatever it is called
 
     void lookUpWhatIsRead();
+    void lookUpWhatIsWritten();
     void addRead(const std::string& path, std::size_t reader);
 
     const std::vector<Options> exports;
     bool isReadKnown = false;
-    std::map<File, std::size_t> readers; ///< the first of each file
+    std::map<File, std::size_t> readers;     ///< the first of each file
+    std::vector<std::vector<Place>> written; ///< of each its places; empty before they are asked for
 };
 
 } // namespace Cli

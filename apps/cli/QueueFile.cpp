@@ -9,7 +9,6 @@
 #include "cli/ErrorOutput.h"
 #include "cli/FilesOfMedium.h"
 #include "cli/JsonText.h"
-#include "cli/SamePlace.h"
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
@@ -222,15 +221,6 @@ QJsonArray factsOfInputs(const Options& options) {
     return facts;
 }
 
-/// Where it writes.
-std::vector<std::string> placesOf(const Options& options) {
-    std::vector<std::string> places;
-    for (const std::string* path : {&options.output, &options.report})
-        if (!path->empty())
-            places.push_back(placeOf(*path));
-    return places;
-}
-
 const char* const INPUTS = "inputs";
 
 } // namespace
@@ -272,17 +262,6 @@ void QueueFile::readState() {
     } catch (const Refusal& refusal) {
         KESTRA_THROW(Refusal(refusal.what() + std::string("; without that file all jobs are begun anew")));
     }
-}
-
-std::size_t QueueFile::sharesFileWith(std::size_t index) {
-    if (writers.empty())
-        for (std::size_t job = 0; job < all.size(); ++job)
-            for (const std::string& place : placesOf(all[job].options))
-                writers.emplace(place, job); // the first one stays
-    for (const std::string& place : placesOf(all[index].options))
-        if (const auto writer = writers.find(place); writer != writers.end() && writer->second < index)
-            return writer->second + 1;
-    return 0;
 }
 
 bool QueueFile::isDone(const Job& job) const {

@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -28,8 +27,6 @@ public:
     explicit QueueFile(const std::string& path);
 
     const std::vector<Job>& jobs() const { return all; }
-    /// Which job before this one, counted from 1, writes a file that this one writes, too; 0 where none does.
-    std::size_t sharesFileWith(std::size_t index);
     /// Its file stands where it was made, and neither has changed since nor what it was made of.
     bool isDone(const Job& job) const;
     /// It was, but what it was made of has changed.
@@ -47,9 +44,8 @@ private:
     QFile file;
     const QString statePath;
     std::vector<Job> all;
-    QJsonObject done;                           ///< by digest
-    std::map<std::string, std::size_t> writers; ///< the first job that writes a place; empty before it is asked for
-    QJsonArray inputs;                          ///< of the job that has begun, as they were then
+    QJsonObject done;  ///< by digest
+    QJsonArray inputs; ///< of the job that has begun, as they were then
 };
 
 } // namespace Cli

@@ -33,7 +33,8 @@ PlacesInUse placesOf(const QueueFile& queue) {
     return PlacesInUse(std::move(exports));
 }
 
-void requireFilesOfItsOwn(QueueFile& queue, PlacesInUse& places, const std::string& queuePath, std::size_t index) {
+void requireFilesOfItsOwn(const QueueFile& queue, PlacesInUse& places, const std::string& queuePath,
+                          std::size_t index) {
     const Options& job = queue.jobs()[index].options;
     const std::string number = "Job " + std::to_string(index + 1);
     for (const std::string* const path : {&job.output, &job.report})
@@ -43,7 +44,7 @@ void requireFilesOfItsOwn(QueueFile& queue, PlacesInUse& places, const std::stri
     if (const std::size_t other = places.readerOf(job.report); other != 0)
         KESTRA_THROW(ExportCore::Refusal(number + " writes its report to what job " + std::to_string(other) +
                                          " reads; give it another name"));
-    if (const std::size_t other = queue.sharesFileWith(index); other != 0)
+    if (const std::size_t other = places.writerBefore(index); other != 0)
         KESTRA_THROW(ExportCore::Refusal(number + " writes a file that job " + std::to_string(other) +
                                          " writes, too; give it another name"));
 }

@@ -9,16 +9,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Follows links that lead to nothing yet, too.
+/// Follows links that lead to nothing yet, too; folders need not be there, either.
 fs::path truePath(const fs::path& path) {
     std::error_code error;
     constexpr int MOST_LINKS = 40; // as the system has it
     fs::path place = fs::absolute(path, error);
+    while (place.has_relative_path() && (!place.has_filename() || place.filename() == "."))
+        place = place.parent_path(); // "folder/" is "folder"
     for (int links = 0; links < MOST_LINKS && fs::is_symlink(place, error); ++links) {
         const fs::path target = fs::read_symlink(place, error);
         place = target.is_absolute() ? target : place.parent_path() / target;
     }
-    const fs::path folder = fs::canonical(place.parent_path(), error);
+    const fs::path folder = fs::weakly_canonical(place.parent_path(), error);
     return error ? place : folder / place.filename();
 }
 

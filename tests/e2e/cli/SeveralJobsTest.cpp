@@ -353,6 +353,27 @@ TEST_F(SeveralJobs, OfAQueueWriteNoReportToAMediumOfAnothersTimeline) {
     EXPECT_EQ(TestFiles::read(medium), before);
 }
 
+TEST_F(SeveralJobs, OfAQueueHaveFoldersOfPicturesOfTheirOwn) {
+    const auto pictures = [](const char* output, const char* preset) {
+        QJsonObject one = job(*folder / "one.mov", output);
+        one.insert(name("preset"), name(preset));
+        one.insert(name("overwrite"), true);
+        return one;
+    };
+    QJsonObject reported = job(*folder / "two.mov", "film.mp4");
+    reported.insert(name("report"), name("both/frame_00002.png"));
+    writeQueue({pictures("usual", "png-sequence"), pictures("./usual/frame_%05d.png", "png-sequence"),
+                pictures("told/frame_%05d.png", "png-sequence"), pictures("told/", "png-sequence"),
+                pictures("both/frame_%05d.png", "png-sequence"), pictures("both/frame_%05d.jpg", "jpeg-sequence"),
+                reported});
+    const Result result = run({"queue", queue});
+    for (const char* const refusal : {"Job 2 writes a file that job 1 writes, too", "Job 4 writes a file that job 3",
+                                      "Job 7 writes a file that job 5 writes, too"})
+        EXPECT_TRUE(result.errors.contains(name(refusal))) << refusal << '\n' << result.errors.toStdString();
+    EXPECT_TRUE(result.output.endsWith(name("7 jobs: 4 done, 3 failed (number 2, 4 and 7)\n")))
+        << result.output.toStdString();
+}
+
 TEST_F(SeveralJobs, OfAQueueTakeWhatTheSchemaTakes) {
     QJsonObject list = job("one.mov"), number = job("two.mov"), lists = job("three.mov");
     list.insert(name("output"), QJsonArray{QString::fromStdString(place / "list.mp4")});
