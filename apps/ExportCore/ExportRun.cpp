@@ -120,15 +120,21 @@ void ExportRun::follow(BackgroundTask& task, Watchdog::Wait wait) {
     });
 }
 
+void ExportRun::goOn(const std::exception_ptr& error, const std::function<void()>& step) {
+    // A task that was interrupted fails, but that is not why the run ends.
+    if (verdict)
+        return concludeLater();
+    attempt([&error, &step] {
+        if (error)
+            std::rethrow_exception(error);
+        step();
+    });
+}
+
 void ExportRun::onOpened(const std::exception_ptr& error) {
     if (state != JobState::OpeningInputs)
         return;
-    // An opening that was interrupted fails, but that is not why the run ends.
-    if (verdict)
-        return concludeLater();
-    attempt([this, &error] {
-        if (error)
-            std::rethrow_exception(error);
+    goOn(error, [this] {
         showTimeline();
         editPreset();
         measureSound();
@@ -212,11 +218,7 @@ void ExportRun::measureSound() {
 void ExportRun::onMeasured(const std::exception_ptr& error) {
     if (state != JobState::Measuring)
         return;
-    if (verdict)
-        return concludeLater();
-    attempt([this, &error] {
-        if (error)
-            std::rethrow_exception(error);
+    goOn(error, [this] {
         changeLoudness();
         beginOutput();
     });
@@ -275,11 +277,7 @@ void ExportRun::onOutputMade(const std::exception_ptr& error) {
     if (state != JobState::MakingOutput)
         return;
     transaction = outputOpening->take();
-    if (verdict)
-        return concludeLater();
-    attempt([this, &error] {
-        if (error)
-            std::rethrow_exception(error);
+    goOn(error, [this] {
         unfinishedPath = transaction->privatePath();
         beginTranscoding();
     });

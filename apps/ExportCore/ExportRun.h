@@ -71,6 +71,8 @@ private:
     /// The one way from state to state.
     void enter(JobState next);
     void attempt(const std::function<void()>& step);
+    /// What comes behind a task that has ended, unless it has failed or the run is to end.
+    void goOn(const std::exception_ptr& error, const std::function<void()>& step);
     void prepare();
     void openInputs();
     void onOpened(const std::exception_ptr& error);

@@ -4,6 +4,7 @@
 #include "ExportCore/NameList.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/SizeLimit.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Conf/PixelFormat.h"
@@ -34,11 +35,6 @@ PixelFormat formatOf(const Preset& preset) {
 bool keepsAsMuch(const Preset& other, const Preset& preset) {
     return other.hasAudio() == preset.hasAudio() && (other.keepsDynamicRange() || !preset.keepsDynamicRange()) &&
            (HasAlpha(formatOf(other)) || !HasAlpha(formatOf(preset)));
-}
-
-bool holds(const Preset& preset, int width, int height) {
-    const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
-    return std::min(width, height) <= shorter && std::max(width, height) <= longer;
 }
 
 long long areaOf(const Preset& preset) {
@@ -76,7 +72,7 @@ std::string clause(const std::optional<Preset>& preset, const std::string& words
 
 std::string OtherPresets::holding(const Preset& preset, int width, int height) {
     const auto found = nearest(preset, [&](const Preset& other) {
-        return areaOf(other) > areaOf(preset) && holds(other, width, height) && keepsAsMuch(other, preset);
+        return areaOf(other) > areaOf(preset) && isWithinLimits(width, height, other) && keepsAsMuch(other, preset);
     });
     return found ? clause(found,
                           "takes up to " + std::to_string(found->maxWidth()) + 'x' + std::to_string(found->maxHeight()))

@@ -5,6 +5,7 @@
 #include "Export/PresetProvider.h"
 #include "ExportCore/OtherPresets.h"
 #include "ExportCore/SettingText.h"
+#include "ExportCore/SizeLimit.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/StandardRates.h"
@@ -69,17 +70,11 @@ std::string limitsOf(const Preset& preset, int width, int height) {
            OtherPresets::holding(preset, width, height);
 }
 
-/// The limits hold for pictures that lie and for those that stand.
-bool isInside(double width, double height, const Preset& preset) {
-    const auto [shorter, longer] = std::minmax({preset.maxWidth(), preset.maxHeight()});
-    return std::min(width, height) <= shorter && std::max(width, height) <= longer;
-}
-
 /// As far as one side tells; the other one may be open.
 void requireSide(int side, const char* name, const PresetSettings& settings, const Preset& preset) {
     const int smallest = CodecLimits::SmallestSide(preset.videoCodec());
     const std::string what = "a " + std::string(name) + " of " + std::to_string(side);
-    if (!isInside(side, 1, preset))
+    if (!isWithinLimits(side, 1, preset))
         SettingKey::refuse(what, limitsOf(preset, settings.width.value_or(1), settings.height.value_or(1)));
     if (side < smallest)
         SettingKey::refuse(what, std::string(CodecIDToString(preset.videoCodec())) + " takes no side below " +
@@ -87,7 +82,7 @@ void requireSide(int side, const char* name, const PresetSettings& settings, con
 }
 
 void requireInside(int width, int height, const Preset& preset) {
-    if (!isInside(width, height, preset))
+    if (!isWithinLimits(width, height, preset))
         SettingKey::refuse("a size of " + sizeText(width, height), limitsOf(preset, width, height));
 }
 
@@ -110,7 +105,7 @@ double shapeOf(const Media::Video& video) {
 int otherSide(double length, int given, const char* asked, const char* other, const Preset& preset) {
     constexpr double LONGEST = 1.0e9; // of any shape
     const int even = 2 * static_cast<int>(std::round(std::clamp(length, 2.0, LONGEST) / 2.0));
-    if (!isInside(even, given, preset))
+    if (!isWithinLimits(even, given, preset))
         SettingKey::refuse(asked, std::string("the ") + other + " of the source's shape would be " +
                                       std::to_string(even) + ", and " + limitsOf(preset, even, given));
     return even;

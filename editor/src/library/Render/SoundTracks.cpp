@@ -108,7 +108,8 @@ Sequence SoundTracks::all(const Sequence& sequence, const std::vector<Kestra::io
         list.push_back(listedFor(medium, place->second));
     }
     Sequence whole{Timeline::documentOf(list), std::make_shared<MediaPool>(limits), sequence.sound};
-    for (std::size_t track = 1; track < countOf(opened); ++track)
+    const std::size_t count = countOf(opened);
+    for (std::size_t track = 1; track < count; ++track)
         whole.furtherSounds.push_back({whole.document, std::make_shared<MediaPool>(limits), sequence.sound});
     const auto pools = whole.pools();
     for (const Kestra::ioPath& file : files) {
