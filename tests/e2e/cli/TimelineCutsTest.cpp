@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "render" of timelines: what was cut is what comes out.
+#include "RenderedTimelines.h"
+#include <algorithm>
+#include <cmath>
+
+using namespace TestCli;
+
+namespace {
+
+TEST_F(RenderedTimelines, AreTheCutToTheFrameAndToTheSample) {
+    const auto found =
+        rendered(write(clipOf("a", "both.mov", 5, 25) + ',' + gapOf(5) + ',' + clipOf("b", "silent.mov", 10, 20),
+                       clipOf("s", "both.mov", 5, 25) + ',' + gapOf(5) + ',' + clipOf("t", "both.mov", 10, 20)));
+    std::vector<int> expected = shown(5, 25);
+    append(expected, std::vector<int>(5, -1)); // black
+    append(expected, shown(10, 20));
+    EXPECT_EQ(found.numbers(), expected);
+    EXPECT_EQ(found.audio->samples, 50 * 1920);
+    EXPECT_EQ(found.audio->onsets, (std::vector<long long>{20 * 1920, 45 * 1920}));
+    for (int frame = 25; frame < 30; ++frame)
+        EXPECT_LT(found.video->frames[frame].luma, 17) << frame;
+}
+
+TEST_F(RenderedTimelines, BeginAndEndWithinTheCut) {
+    const auto found = rendered(write(clipOf("a", "both.mov", 5, 25) + ',' + clipOf("b", "silent.mov", 10, 20),
+                                      clipOf("s", "both.mov", 5, 25) + ',' + clipOf("t", "both.mov", 10, 20)),
+                                {"--in", "0.6", "--out", "1.4"});
+    std::vector<int> expected = shown(20, 10);
+    append(expected, shown(10, 10));
+    EXPECT_EQ(found.numbers(), expected);
+    EXPECT_EQ(found.audio->samples, 20 * 1920);
+}
+
+TEST_F(RenderedTimelines, DissolveEveryFrameByItsPart) {
+    const auto found = rendered(
+        write(clipOf("a", "both.mov", 5, 10) + ',' + dissolveOf(4, 4) + ',' + clipOf("b", "both.mov", 34, 10), {}));
+    ASSERT_EQ(found.video->frames.size(), 20U);
+    for (int frame = 0; frame < 20; ++frame) {
+        const double part = std::clamp((frame - 6 + 0.5) / 8, 0.0, 1.0);
+        const double luma = (1 - part) * TestMedia::lumaOfFrame(5 + frame) + part * TestMedia::lumaOfFrame(24 + frame);
+        EXPECT_NEAR(found.video->frames[frame].luma, luma, 1) << frame;
+    }
+}
+
+TEST_F(RenderedTimelines, LayClipsOverOthersByTheirTransparency) {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=320x180,format=rgba,colorchannelmixer=aa=0.5",
+                          "-frames:v", "1", *media / "half.png"});
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=90x180", "-frames:v", "1", *media / "narrow.png"});
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=800x100", "-frames:v", "1", *media / "flat.png"});
+    const auto found = rendered(writeTracks(track("Video", clipOf("a", "both.mov", 2, 20)) + ',' +
+                                            track("Video", gapOf(5) + ',' + clipOf("half", "half.png", 0, 5) + ',' +
+                                                               clipOf("narrow", "narrow.png", 0, 5))));
+    ASSERT_EQ(found.video->frames.size(), 20U);
+    for (int frame = 0; frame < 20; ++frame) {
+        const double below = TestMedia::lumaOfFrame(2 + frame);
+        // The middle that is measured is 80 wide; 90 of 320 are white there.
+        const double luma = frame < 5 || frame >= 15 ? below : frame < 10 ? (below + 235) / 2 : 235;
+        EXPECT_NEAR(found.video->frames[frame].luma, luma, 2) << frame;
+    }
+    // Above and below a flat picture the one under it is seen.
+    const auto flat = rendered(writeTracks(track("Video", clipOf("a", "both.mov", 2, 5)) + ',' +
+                                           track("Video", clipOf("flat", "flat.png", 0, 5))));
+    const double mean = flat.video->frames[0].luma;
+    EXPECT_GT(mean, TestMedia::lumaOfFrame(2) + 20);
+    EXPECT_LT(mean, 230);
+}
+
+TEST_F(RenderedTimelines, PlayClipsFasterBackwardsAndFrozen) {
+    const auto found =
+        rendered(write(clipOf("fast", "both.mov", 2, 10, warpOf("LinearTimeWarp.1", 2)) + ',' +
+                           clipOf("back", "both.mov", 24, 10, warpOf("LinearTimeWarp.1", -1)) + ',' +
+                           clipOf("still", "both.mov", 12, 10, R"(,"effects":[{"OTIO_SCHEMA":"FreezeFrame.1"}])"),
+                       {}));
+    const std::vector<int> numbers = found.numbers();
+    ASSERT_EQ(numbers.size(), 30U);
+    // The middle of a period at twice the speed is the border of two frames.
+    for (int i = 0; i < 10; ++i)
+        EXPECT_TRUE(numbers[i] == (2 + 2 * i) % 16 || numbers[i] == (3 + 2 * i) % 16) << i << ": " << numbers[i];
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_TRUE(numbers[10 + i] == (24 - i) % 16 || numbers[10 + i] == (23 - i) % 16)
+            << i << ": " << numbers[10 + i];
+        EXPECT_EQ(numbers[20 + i], 12) << i;
+        if (i > 0) {
+            EXPECT_EQ(numbers[10 + i], (numbers[9 + i] + 15) % 16) << i;
+        }
+    }
+}
+
+TEST_F(RenderedTimelines, KeepFieldsOnlyAtTheirOwnPaceAndUnderNothing) {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=s=320x180:r=50", "-vf",
+                          "tinterlace=interleave_top,setfield=tff", "-t", "1", "-c:v", "ffv1", "-field_order", "tt",
+                          *media / "fields.mkv"});
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=320x180,format=rgba,colorchannelmixer=aa=0.5",
+                          "-frames:v", "1", *media / "half.png"});
+    const QString taken = QStringLiteral("deinterlaced");
+    const std::string clip = clipOf("f", "fields.mkv", 0, 10);
+    EXPECT_FALSE(render(write(clip, {})).errors.contains(taken));
+    const Result fast = render(write(clipOf("f", "fields.mkv", 0, 10, warpOf("LinearTimeWarp.1", 2)), {}));
+    EXPECT_TRUE(fast.errors.contains(taken)) << fast.errors.toStdString();
+    const Result back = render(write(clipOf("f", "fields.mkv", 20, 10, warpOf("LinearTimeWarp.1", -1)), {}));
+    EXPECT_TRUE(back.errors.contains(taken)) << back.errors.toStdString();
+    const Result layered =
+        render(writeTracks(track("Video", clip) + ',' + track("Video", clipOf("h", "half.png", 0, 10))));
+    EXPECT_TRUE(layered.errors.contains(taken)) << layered.errors.toStdString();
+}
+
+TEST_F(RenderedTimelines, ChangeTheSpeedOfSoundWithThatOfPictures) {
+    const auto found = rendered(write(clipOf("a", "both.mov", 0, 50, warpOf("LinearTimeWarp.1", 0.5)),
+                                      clipOf("s", "both.mov", 0, 50, warpOf("LinearTimeWarp.1", 0.5))));
+    EXPECT_EQ(found.audio->samples, 50 * 1920);
+    ASSERT_EQ(found.flashes().size(), found.audio->onsets.size());
+    for (const double offset : found.offsets())
+        EXPECT_LT(std::abs(offset), 0.022) << "half a frame is told by pictures, a millisecond by sound";
+}
+
+TEST_F(RenderedTimelines, MoveThePitchWithTheSpeedWhereThatIsOrdered) {
+    const std::string tone = *media / "tone.wav";
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "sine=1000:r=48000:d=2", tone});
+    const std::string cut = write({}, clipOf("s", "tone.wav", 0, 25, warpOf("LinearTimeWarp.1", 2)));
+    EXPECT_NEAR(cyclesOf(cut), 1000, 20);
+    EXPECT_NEAR(cyclesOf(cut, {"--pitch", "moved"}), 2000, 20);
+}
+
+TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) {
+    const auto twice = [](int later) {
+        return writeTracks(track("Video", clipOf("a", "both.mov", 0, 40)) + ',' +
+                           track("Audio", clipOf("s", "both.mov", 0, 40)) + ',' +
+                           track("Audio", gapOf(later) + ',' + clipOf("t", "both.mov", 0, 30)));
+    };
+    // A frame later 1000 Hz have the same phase: twice an amplitude of 0.8.
+    const Result loud = render(twice(1));
+    EXPECT_EQ(loud.code, 0) << loud.errors.toStdString();
+    EXPECT_TRUE(loud.errors.contains(QStringLiteral("note: The mix goes 4.1 dB beyond full scale")))
+        << loud.errors.toStdString();
+    EXPECT_GT(TestMedia::probe(out()).audio->peak, 0.99);
+    const Result limited = render(twice(1), {"--limiter"});
+    EXPECT_TRUE(limited.errors.contains(QStringLiteral("and its peaks are turned down")))
+        << limited.errors.toStdString();
+    EXPECT_NEAR(TestMedia::probe(out()).audio->peak, 0.89, 0.02);
+    const Result apart = render(twice(10));
+    EXPECT_FALSE(apart.errors.contains(QStringLiteral("beyond full scale"))) << apart.errors.toStdString();
+    EXPECT_EQ(TestMedia::probe(out()).audio->onsets, (std::vector<long long>{0, 10 * 1920, 25 * 1920, 35 * 1920}));
+}
+
+TEST_F(RenderedTimelines, AreExportedAlone) {
+    const Result result = run(
+        {"render", write(clipOf("a", "both.mov", 0, 5), {}), *media / "both.mov", "-p", "mkv-ffv1-flac", "-o", out()});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("a timeline is exported alone"))) << result.errors.toStdString();
+}
+
+} // namespace
