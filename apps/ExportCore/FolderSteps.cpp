@@ -39,7 +39,7 @@ int FolderSteps::moveUnlessThere(int fromFolder, const char* from, int toFolder,
 
 bool FolderSteps::sync(const QByteArray& path) {
     const Descriptor folder(open(AT_FDCWD, path.constData()));
-    return folder && (fsync(folder.get()) == 0 || errno == EINVAL);
+    return folder && (fsync(folder.Get()) == 0 || errno == EINVAL);
 }
 
 int FolderSteps::list(int folder, std::vector<std::string>& names) {
@@ -70,11 +70,6 @@ bool FolderSteps::isFile(int folder, const char* name) {
 
 int FolderSteps::open(int folder, const char* name) {
     return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-}
-
-Descriptor::~Descriptor() {
-    if (number >= 0)
-        ::close(number);
 }
 
 } // namespace ExportCore

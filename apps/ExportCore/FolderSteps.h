@@ -2,6 +2,7 @@
 // ExportCore::FolderSteps: single steps on folders and the names in them.
 #pragma once
 
+#include "Kestra/Base/Descriptor.h"
 #include <QByteArray>
 #include <string>
 #include <vector>
@@ -27,20 +28,6 @@ struct FolderSteps {
     FolderSteps() = delete;
 };
 
-/// Closes what it holds.
-class Descriptor {
-public:
-    explicit Descriptor(int number)
-        : number(number) {}
-    ~Descriptor();
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int get() const { return number; }
-    explicit operator bool() const { return number >= 0; }
-
-private:
-    const int number;
-};
+using Kestra::Descriptor;
 
 } // namespace ExportCore

@@ -26,14 +26,14 @@ bool removeFile(int folder, const char* name) {
     const Descriptor file(openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat state = {};
     // A second name makes it somebody's own, whatever the first one looks like.
-    const bool plain = file && fstat(file.get(), &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;
-    return plain && isLockable(file.get()) && unlinkat(folder, name, 0) == 0;
+    const bool plain = file && fstat(file.Get(), &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;
+    return plain && isLockable(file.Get()) && unlinkat(folder, name, 0) == 0;
 }
 
 /// Of pictures. What was on its way into the folder or out of it when the run died arrives, or comes back.
 bool removeFolder(int folder, const QByteArray& path, const std::string& name) {
     const Descriptor own(FolderSteps::open(folder, name.c_str()));
-    if (!own || !isLockable(own.get()) || !PictureSwap::settle(folder, own.get()))
+    if (!own || !isLockable(own.Get()) || !PictureSwap::settle(folder, own.Get()))
         return false;
     std::error_code error;
     return std::filesystem::remove_all(path.toStdString() + '/' + name, error) > 0 && !error;
@@ -56,9 +56,9 @@ int LeftoverSweep::run(const QByteArray& path) noexcept {
         int removed = 0;
         std::vector<std::string> names;
         if (folder)
-            FolderSteps::list(folder.get(), names); // those that cannot be read wait for the next sweep
+            FolderSteps::list(folder.Get(), names); // those that cannot be read wait for the next sweep
         for (const std::string& name : names)
-            removed += removeIfDead(folder.get(), path, name) ? 1 : 0;
+            removed += removeIfDead(folder.Get(), path, name) ? 1 : 0;
         return removed;
     } catch (...) { // no memory
         return 0;

@@ -94,19 +94,19 @@ int PictureSwap::takeOut(const std::vector<std::string>& old) {
         // Each of these steps may hang for so long that the export has been told as failed meanwhile.
         error = forbidden ? ECANCELED : takeOverAccess(old[i].c_str());
         if (error == 0)
-            error = FolderSteps::moveUnlessThere(folder, old[i].c_str(), going.get(), old[i].c_str());
+            error = FolderSteps::moveUnlessThere(folder, old[i].c_str(), going.Get(), old[i].c_str());
         if (error == 0)
             taken.push_back(old[i]);
     }
     // On the disk before the first new one: a loss of power must find one of the states that settle() knows.
-    error = error == 0 ? syncOf(going.get()) : error;
+    error = error == 0 ? syncOf(going.Get()) : error;
     if (error == 0 && (forbidden || renameat(own, GOING, own, GONE) != 0))
         error = forbidden ? ECANCELED : errno;
     error = error == 0 ? syncOf(own) : error;
     if (error == 0)
         return 0;
     renameat(own, GONE, own, GOING);
-    stuck = !moveBack(going.get(), folder, taken);
+    stuck = !moveBack(going.Get(), folder, taken);
     if (!stuck)
         unlinkat(own, GOING, AT_REMOVEDIR);
     return error;
@@ -125,7 +125,7 @@ int PictureSwap::bringIn(const std::vector<std::string>& made) {
     // In the reverse order, so that a swap that is broken off on its way back is told as what it is, too.
     const Descriptor gone(FolderSteps::open(own, GONE));
     stuck = !gone || !moveBack(folder, own, brought) || renameat(own, GONE, own, GOING) != 0 ||
-            !moveAllBack(gone.get(), folder);
+            !moveAllBack(gone.Get(), folder);
     if (!stuck)
         unlinkat(own, GOING, AT_REMOVEDIR);
     return error;
@@ -134,7 +134,7 @@ int PictureSwap::bringIn(const std::vector<std::string>& made) {
 bool PictureSwap::settle(int folder, int own) noexcept {
     try {
         if (const Descriptor going(FolderSteps::open(own, GOING)); going) {
-            moveAllBack(going.get(), folder);
+            moveAllBack(going.Get(), folder);
             return unlinkat(own, GOING, AT_REMOVEDIR) == 0;
         }
         if (const Descriptor gone(FolderSteps::open(own, GONE)); gone) {

@@ -163,7 +163,7 @@ void SequenceTransaction::swapPictures() {
     const Descriptor place(FolderSteps::open(AT_FDCWD, target.path.constData()));
     if (!place)
         fail(errno, "Cannot put the finished pictures into " + quoted(target.path));
-    PictureSwap swap(place.get(), folder, target.name, forbidden);
+    PictureSwap swap(place.Get(), folder, target.name, forbidden);
     stuck = true; // until it is known: what is thrown on the way for want of memory tells nothing
     const int error = swap.run(target.replace);
     stuck = swap.isStuck();

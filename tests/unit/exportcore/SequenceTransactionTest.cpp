@@ -390,7 +390,7 @@ TEST_F(BrokenOff, ASwapThatMeetsATakenNameOnItsWayLeavesTheFolderAsItWas) {
     const Descriptor outer(FolderSteps::open(AT_FDCWD, frames.c_str()));
     const Descriptor inner(FolderSteps::open(AT_FDCWD, own.c_str()));
     const std::atomic<bool> forbidden{false};
-    PictureSwap swap(outer.get(), inner.get(), {"other_", ".png", 3}, forbidden); // so that shot_001.png is in the way
+    PictureSwap swap(outer.Get(), inner.Get(), {"other_", ".png", 3}, forbidden); // so that shot_001.png is in the way
     EXPECT_EQ(swap.run(true), EEXIST);
     EXPECT_FALSE(swap.isStuck());
     EXPECT_EQ(content("shot_001.png") + content("other_005.png"), "oldold");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Source/SequenceCheck.h"
 
+#include "Kestra/Base/Descriptor.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Demux/PictureFile.h"
@@ -26,27 +27,18 @@ std::string Named(const std::string& path) {
     return "The finished picture \"" + path + '"';
 }
 
-/// Closes what it holds.
-struct Descriptor {
-    const int number;
-    ~Descriptor() {
-        if (number >= 0)
-            ::close(number);
-    }
-};
-
 /// All of a file; nothing where there is none.
 std::optional<std::vector<std::uint8_t>> BytesOf(const std::string& path) {
-    const Descriptor file{::open(path.c_str(), O_RDONLY | O_CLOEXEC)};
-    if (file.number < 0 && errno == ENOENT)
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file && errno == ENOENT)
         return std::nullopt;
     struct stat state = {};
-    if (file.number < 0 || ::fstat(file.number, &state) != 0)
+    if (!file || ::fstat(file.Get(), &state) != 0)
         Proc::FailAsSystem(errno, TranscodingError::OutputFailed, Named(path) + " cannot be read");
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(state.st_size));
     std::size_t size = 0;
     while (size < bytes.size()) {
-        const ssize_t count = ::read(file.number, bytes.data() + size, bytes.size() - size);
+        const ssize_t count = ::read(file.Get(), bytes.data() + size, bytes.size() - size);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
