@@ -146,6 +146,13 @@ void checkFolder(const QByteArray& folder, const QByteArray& output) {
         refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno));
 }
 
+/// What stands in the folder decides what goes with leave only: who cannot list it fails once everything is made.
+void requireListing(const QByteArray& folder, const QByteArray& output) {
+    if (!allows(folder, R_OK))
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) +
+               " may not be listed: " + std::strerror(errno));
+}
+
 void checkStanding(const struct stat& state, const QByteArray& output, const ExportRequest& request) {
     if (const char* kind = kindOf(state.st_mode))
         refuse("Cannot write " + quoted(output) + ": " + kind + (S_ISDIR(state.st_mode) ? "; name a file in it" : ""));
@@ -326,6 +333,7 @@ SequenceTarget RequestCheck::sequence(const ExportRequest& request, const Sequen
         target.existed = true;
         target.path = resolved(sequence.folder);
         checkFolder(target.path, output);
+        requireListing(target.path, output);
         checkPictures(target, output, request);
         return target;
     }

@@ -1565,6 +1565,10 @@
             <translation>Bitraten gehen von 1 bis %1 bit/s</translation>
         </message>
         <message>
+            <source>the folder "%1" may not be listed: %2</source>
+            <translation>der Inhalt des Ordners „%1“ darf nicht gelesen werden: %2</translation>
+        </message>
+        <message>
             <source>the folder "%1": %2</source>
             <translation>der Ordner „%1“: %2</translation>
         </message>

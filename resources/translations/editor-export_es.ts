@@ -1565,6 +1565,10 @@
             <translation>las tasas van de 1 a %1 bit/s</translation>
         </message>
         <message>
+            <source>the folder "%1" may not be listed: %2</source>
+            <translation>no se permite ver el contenido de la carpeta «%1»: %2</translation>
+        </message>
+        <message>
             <source>the folder "%1": %2</source>
             <translation>la carpeta «%1»: %2</translation>
         </message>

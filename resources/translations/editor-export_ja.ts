@@ -1556,6 +1556,10 @@
             <translation>ビットレートは 1 から %1 bit/s までです</translation>
         </message>
         <message>
+            <source>the folder "%1" may not be listed: %2</source>
+            <translation>フォルダー「%1」の内容を表示できません: %2</translation>
+        </message>
+        <message>
             <source>the folder "%1": %2</source>
             <translation>フォルダー「%1」: %2</translation>
         </message>

@@ -1556,6 +1556,10 @@
             <translation>比特率范围为 1 到 %1 bit/s</translation>
         </message>
         <message>
+            <source>the folder "%1" may not be listed: %2</source>
+            <translation>不允许列出文件夹“%1”的内容：%2</translation>
+        </message>
+        <message>
             <source>the folder "%1": %2</source>
             <translation>文件夹“%1”：%2</translation>
         </message>

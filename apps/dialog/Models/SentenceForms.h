@@ -84,6 +84,7 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 takes %2 to %3"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "write bits a second, as 2500000, 2500k or 2.5M"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "bitrates go from 1 to %1 bit/s"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "the folder \"%1\" may not be listed: %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "the folder \"%1\": %2"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "\"%1\" is not a folder"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "the preset \"%1\" writes .%2, not .%3; no preset writes that"),

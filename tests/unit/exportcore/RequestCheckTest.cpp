@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/RequestCheck.h"
+#include "AsSomebody.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "support/FileHelpers.h"
@@ -15,6 +16,7 @@ using ExportCore::OutputTarget;
 using ExportCore::Refusal;
 using ExportCore::RequestCheck;
 using ExportCore::TimePoint;
+using TestSystem::AsSomebody;
 
 namespace {
 
@@ -34,19 +36,6 @@ std::string refusalOf(const std::function<void()>& check) {
         EXPECT_NE(sentence.find(reason), std::string::npos) << "got: " << sentence;                                    \
         EXPECT_EQ(sentence.find('\n'), std::string::npos);                                                             \
     } while (false)
-
-/// Root may do everything, so permissions are tried as somebody else.
-class AsSomebody {
-public:
-    AsSomebody() {
-        if (geteuid() == 0 && seteuid(65534) != 0)
-            qFatal("Cannot become nobody");
-    }
-    ~AsSomebody() {
-        if (getuid() == 0 && seteuid(0) != 0)
-            qFatal("Cannot become root again");
-    }
-};
 
 class Request : public ::testing::Test {
 protected:

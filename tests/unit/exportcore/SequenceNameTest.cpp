@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/SequenceName.h"
+#include "AsSomebody.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
@@ -14,6 +15,7 @@ using ExportCore::ExportRequest;
 using ExportCore::RequestCheck;
 using ExportCore::SequenceName;
 using ExportCore::SequenceTarget;
+using TestSystem::AsSomebody;
 
 namespace {
 
@@ -124,6 +126,23 @@ TEST_F(Place, AFolderThatIsThereIsAcceptedWithWhateverElseItHolds) {
     EXPECT_EQ(target.place(), target.path);
     ASSERT_EQ(symlink(frames.c_str(), (folder / "link").c_str()), 0);
     EXPECT_EQ(check(folder / "link").path.toStdString(), frames);
+}
+
+TEST_F(Place, AFolderThatMayNotBeListedIsRefusedBeforeAnythingIsMade) {
+    ASSERT_EQ(mkdir(frames.c_str(), 0755), 0);
+    ASSERT_EQ(chmod(frames.c_str(), getuid() == 0 ? 0733 : 0333), 0);
+    ASSERT_EQ(chmod((folder / "").c_str(), 0777), 0);
+    request.outputPath = QString::fromStdString(frames);
+    const auto pictures = named(frames);
+    {
+        const AsSomebody somebody;
+        EXPECT_EQ(refusalOf([&] { RequestCheck::sequence(request, *pictures); }),
+                  "Cannot write \"" + frames + "\": the folder \"" + frames +
+                      "\" may not be listed: Permission denied");
+    }
+    ASSERT_EQ(chmod(frames.c_str(), 0777), 0);
+    const AsSomebody somebody;
+    EXPECT_EQ(refusalOf([&] { RequestCheck::sequence(request, *pictures); }), "");
 }
 
 TEST_F(Place, PicturesOfTheSameNamesNeedTheWordThatTheyMayGo) {
