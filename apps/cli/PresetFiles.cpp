@@ -34,6 +34,8 @@ QString text(const std::string& utf8) {
 QJsonObject readObject(const QString& path) {
     QFile file(path);
     const std::string name = '"' + path.toStdString() + '"';
+    if (const std::string why = PlacesInUse::whyNoFile(path.toStdString()); !why.empty())
+        KESTRA_THROW(Refusal("Cannot read " + name + ": " + why));
     if (!file.open(QIODevice::ReadOnly))
         KESTRA_THROW(Refusal("Cannot read " + name + ": " + file.errorString().toStdString()));
     QJsonParseError error{};

@@ -123,6 +123,27 @@ TEST_F(PresetFiles, OfOnesOwnThatAreBrokenAreLeftOutWithAWarning) {
     EXPECT_EQ(TestFiles::read(own + "/presets.json"), "nonsense");
 }
 
+TEST_F(PresetFiles, ThatAreNoFilesAreRefusedAndNotWaitedFor) {
+    const std::string own = place / "config/EditorExport";
+    ASSERT_TRUE(QDir().mkpath(QString::fromStdString(own)));
+    writeOwn("mine", 128000);
+    const std::string pipe = place / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const auto refusal = [this](const std::vector<std::string>& arguments) {
+        Program program(arguments);
+        program.setWrapper({name("timeout"), name("20")});
+        program.setEnvironment("XDG_CONFIG_HOME", place / "config");
+        const Result result = program.run();
+        EXPECT_EQ(result.code, 2);
+        return result.errors;
+    };
+    EXPECT_TRUE(refusal({"presets", "import", pipe}).contains(name("is not a regular file")));
+    EXPECT_TRUE(refusal({"presets", "diff", "mp3", pipe}).contains(name("is not a regular file")));
+    ASSERT_EQ(::mkfifo((own + "/presets.json").c_str(), 0600), 0);
+    const QString errors = refusal({"presets", "import", file});
+    EXPECT_TRUE(errors.contains(name("presets.json\": it is a pipe"))) << errors.toStdString();
+}
+
 TEST_F(PresetFiles, AreRefusedWhereTheirPlaceCannotBeWritten) {
     writeOwn("mine", 128000);
     Program program({"presets", "import", file});
