@@ -55,7 +55,7 @@ CommandLine::CommandLine(Options& options)
 }
 
 void CommandLine::parse(std::vector<std::string> words) {
-    requireNoEmptyAssignment(words);
+    requireRightAssignments(words);
     std::reverse(words.begin(), words.end()); // as the library wants them
     app.parse(std::move(words));
     requireValues(app);
@@ -78,20 +78,51 @@ void CommandLine::requireValues(const CLI::App& command) const {
         requireValues(*below);
 }
 
+void CommandLine::requireRightAssignments(const std::vector<std::string>& words) const {
+    const auto names = std::find(words.begin(), words.end(), "--"); // whatever follows is a name
+    for (auto word = words.begin(); word != names; ++word)
+        if (word->rfind("--", 0) == 0)
+            requireNoEmptyAssignment(*word);
+        else if (word->rfind('-', 0) == 0)
+            requireNoShortAssignment(*word);
+}
+
 /// As in --report="$REPORT": the parser would take the next word for the value, which may be a file to be spared, and
 /// --overwrite="$FORCE" for a yes.
-void CommandLine::requireNoEmptyAssignment(const std::vector<std::string>& words) const {
-    const auto names = std::find(words.begin(), words.end(), "--"); // whatever follows is a name
-    for (auto word = words.begin(); word != names; ++word) {
-        if (word->rfind("--", 0) != 0 || word->find('=') + 1 != word->size())
-            continue;
-        const std::string name = word->substr(0, word->size() - 1);
-        for (const CommandText& command : table())
-            for (const OptionText& option : command.options)
-                if (option.names.back() == name)
-                    throw CLI::ValidationError(
-                        name + (option.value.empty() ? " takes no value" : " needs a value, which is empty"));
-    }
+void CommandLine::requireNoEmptyAssignment(const std::string& word) const {
+    if (word.find('=') + 1 != word.size())
+        return;
+    const std::string name = word.substr(0, word.size() - 1);
+    if (const auto option = optionCalled(name))
+        throw CLI::ValidationError(name +
+                                   (option->value.empty() ? " takes no value" : " needs a value, which is empty"));
+}
+
+/// The parser would take "=out.mp4" for the value in -o=out.mp4, also behind flags as in -yo=out.mp4.
+void CommandLine::requireNoShortAssignment(const std::string& word) const {
+    const std::size_t sign = word.find('=');
+    if (sign == std::string::npos || sign < 2)
+        return;
+    for (std::size_t letter = 1; letter + 1 < sign; ++letter)
+        if (const auto flag = optionCalled({'-', word[letter]}); !flag || !flag->value.empty())
+            return; // what follows is its value
+    const auto option = optionCalled({'-', word[sign - 1]});
+    if (!option || option->value.empty())
+        return;
+    const std::string value = word.substr(sign + 1), &name = option->names.front();
+    if (value.empty())
+        throw CLI::ValidationError(name + " needs a value, which is empty");
+    throw CLI::ValidationError(name + " takes its value without \"=\": write " + name + ' ' + value + " or " +
+                               option->names.back() + '=' + value);
+}
+
+/// Of whatever command.
+std::optional<OptionText> CommandLine::optionCalled(const std::string& name) const {
+    for (const CommandText& command : table())
+        for (const OptionText& option : command.options)
+            if (std::find(option.names.begin(), option.names.end(), name) != option.names.end())
+                return option;
+    return std::nullopt;
 }
 
 void CommandLine::requireOneList() const {

@@ -6,6 +6,7 @@
 #include "cli/Options.h"
 #include <CLI/CLI.hpp>
 #include <map>
+#include <optional>
 
 namespace Cli {
 
@@ -63,7 +64,10 @@ private:
                            const char* meaning);
     CLI::Option* typed(CLI::Option* option, const char* value, ValueKind kind);
 
-    void requireNoEmptyAssignment(const std::vector<std::string>& words) const;
+    void requireRightAssignments(const std::vector<std::string>& words) const;
+    void requireNoEmptyAssignment(const std::string& word) const;
+    void requireNoShortAssignment(const std::string& word) const;
+    std::optional<OptionText> optionCalled(const std::string& name) const;
     void requireValues(const CLI::App& command) const;
     void requireOneList() const;
     Options::Command command();

@@ -91,7 +91,7 @@ int exportPresets(const Options& options) {
     for (const std::string& id : options.inputs)
         presets.append(sourceOf(id, catalogue));
     const QByteArray bytes = bytesOf({{key("version"), VERSION}, {key("presets"), presets}});
-    if (options.output.empty()) {
+    if (options.output.empty() || options.output == "-") {
         std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
         return EXIT_DONE;
     }

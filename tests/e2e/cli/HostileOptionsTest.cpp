@@ -160,4 +160,23 @@ TEST_F(HostileOptions, ThatAreNoneHaveNearNames) {
     EXPECT_EQ(file.code, 2);
 }
 
+TEST_F(HostileOptions, OfOneLetterHaveNoEqualSignBeforeTheirValue) {
+    const auto refusal = [this](const std::vector<std::string>& arguments) {
+        Program program(arguments);
+        program.setWrapper({name("env"), name("-C"), QString::fromStdString(place / "")});
+        const Result result = program.run();
+        EXPECT_EQ(result.code, 2) << result.output.toStdString();
+        return result.errors;
+    };
+    EXPECT_EQ(refusal({clip, "-o=out.mp4"}).toStdString(),
+              "editor-export: -o takes its value without \"=\": write -o out.mp4 or --output=out.mp4 (see --help)\n");
+    EXPECT_TRUE(refusal({clip, "-o", "out.mp4", "-p=web"}).contains(name("write -p web or --preset=web")));
+    EXPECT_TRUE(refusal({clip, "-qyo=out.mp4"}).contains(name("write -o out.mp4")));
+    EXPECT_TRUE(refusal({clip, "-o="}).contains(name("-o needs a value, which is empty")));
+    EXPECT_TRUE(refusal({"presets", "export", "mp3", "-o=mine.json"}).contains(name("write -o mine.json")));
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList());
+    EXPECT_EQ(run({clip, "-o", place / "=odd.mp4"}).code, 0);
+    EXPECT_EQ(run({clip, "-o" + (place / "close.mp4")}).code, 0);
+}
+
 } // namespace

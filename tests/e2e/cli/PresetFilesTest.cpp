@@ -45,6 +45,9 @@ TEST_F(PresetFiles, AreExportedInTheFormThatIsImported) {
     EXPECT_EQ(presets({"export", "mp3", "flac"}).output.toUtf8(), TestFiles::read(file));
     EXPECT_EQ(presets({"export", "mp3", "-o", file}).code, 2) << "it exists";
     EXPECT_EQ(presets({"export", "mp3", "-o", file, "-y"}).code, 0);
+    EXPECT_EQ(presets({"export", "mp3", "flac", "-o", "-"}).output.toUtf8(),
+              presets({"export", "mp3", "flac"}).output.toUtf8())
+        << "standard output";
     const Result unknown = presets({"export", "mp4"});
     EXPECT_EQ(unknown.code, 2);
 }
