@@ -43,7 +43,8 @@ std::vector<std::string> NearNames::find(const std::string& wanted, const std::v
     for (const std::string& name : known) {
         const std::size_t away = distance(low, lowered(name));
         const bool part = low.size() >= 3 && lowered(name).find(low) != std::string::npos;
-        if (away <= tolerance || part)
+        // With every letter replaced it is another name, however short: "b" is no slip of "web".
+        if ((away <= tolerance && away < low.size()) || part)
             near.emplace_back(away, name);
     }
     std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });

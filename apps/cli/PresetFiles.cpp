@@ -211,12 +211,27 @@ QJsonObject oneOf(const std::string& name, const PresetCatalogue& catalogue) {
     return presets.first().toObject();
 }
 
+/// Throws one Refusal of all that are none.
+std::vector<QJsonObject> allOf(const std::vector<std::string>& names, const PresetCatalogue& catalogue) {
+    std::vector<QJsonObject> presets;
+    std::string faults;
+    for (const std::string& name : names)
+        try {
+            presets.push_back(oneOf(name, catalogue));
+        } catch (const Refusal& refusal) {
+            faults += (faults.empty() ? "" : "; ") + std::string(refusal.what());
+        }
+    if (!faults.empty())
+        KESTRA_THROW(Refusal(faults));
+    return presets;
+}
+
 int diffPresets(const Options& options) {
     if (options.inputs.size() != 2)
         KESTRA_THROW(Refusal("Two presets are compared; " + std::to_string(options.inputs.size()) + " were given"));
     const PresetCatalogue catalogue;
-    const std::vector<std::string> lines =
-        presetDifferences(oneOf(options.inputs[0], catalogue), oneOf(options.inputs[1], catalogue));
+    const std::vector<QJsonObject> both = allOf(options.inputs, catalogue);
+    const std::vector<std::string> lines = presetDifferences(both[0], both[1]);
     for (const std::string& line : lines)
         std::printf("%s\n", line.c_str());
     return lines.empty() ? EXIT_DONE : EXIT_EXPORT_FAILED;

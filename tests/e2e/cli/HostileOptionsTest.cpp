@@ -160,6 +160,17 @@ TEST_F(HostileOptions, ThatAreNoneHaveNearNames) {
     EXPECT_EQ(file.code, 2);
 }
 
+TEST_F(HostileOptions, ThatAreEmptyOrOfOneLetterHaveNoNearNames) {
+    TestFiles::write(place / "fx", "another file");
+    Program program({"", "o.mp4", "-p", "mp4-h264-480p"});
+    program.setWrapper({name("env"), name("-C"), QString::fromStdString(place / "")});
+    const Result result = program.run();
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.errors.toStdString(), "editor-export: Cannot read \"\": No such file or directory\n");
+    EXPECT_EQ(run({clip, "-p", "b", "-o", place / "o.mp4"}).errors.toStdString(),
+              "editor-export: There is no preset \"b\"; presets lists those there are\n");
+}
+
 TEST_F(HostileOptions, OfOneLetterHaveNoEqualSignBeforeTheirValue) {
     const auto refusal = [this](const std::vector<std::string>& arguments) {
         Program program(arguments);

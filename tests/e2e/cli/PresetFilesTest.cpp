@@ -213,6 +213,11 @@ TEST_F(PresetFiles, AreComparedSettingBySetting) {
     const Result withFile = presets({"diff", "mp3", file});
     EXPECT_TRUE(withFile.output.contains(name("/audio/sampleRate: 48000 | -\n"))) << withFile.output.toStdString();
     EXPECT_EQ(presets({"diff", "mp3"}).code, 2);
+    const Result unknown = presets({"diff", "a", "b"});
+    EXPECT_EQ(unknown.code, 2);
+    EXPECT_EQ(unknown.errors.toStdString(),
+              std::string("editor-export: There is no preset \"a\"; presets lists those there are; "
+                          "There is no preset \"b\"; presets lists those there are\n"));
 }
 
 } // namespace

@@ -36,6 +36,9 @@ TEST(NearNames, APartFindsTheNamesThatHoldIt) {
 TEST(NearNames, NothingIsNearToNonsense) {
     EXPECT_THAT(NearNames::find("qqqqqqqqqq", KNOWN), IsEmpty());
     EXPECT_THAT(NearNames::find("mp3", {}), IsEmpty());
+    EXPECT_THAT(NearNames::find("", {"fx"}), IsEmpty()) << "no letter of it is meant";
+    EXPECT_THAT(NearNames::find("b", {"web"}), IsEmpty());
+    EXPECT_THAT(NearNames::find("m4", {"mp4"}), ElementsAre("mp4"));
 }
 
 TEST(NearNames, OfATagIsProposedWhereNoPresetIsNear) {
