@@ -108,6 +108,10 @@
             <translation>dauert %1</translation>
         </message>
         <message>
+            <source>Another export in the list is to become “%1” as well. “%2”, which is there already, is replaced, too.</source>
+            <translation>Ein anderer Export in der Liste soll auch „%1“ werden. „%2“ gibt es schon und wird ebenfalls ersetzt.</translation>
+        </message>
+        <message>
             <source>Another export in the list is to become “%1” as well.</source>
             <translation>Ein anderer Export in der Liste soll auch „%1“ werden.</translation>
         </message>
@@ -152,6 +156,10 @@
             <translation>Schließen</translation>
         </message>
         <message>
+            <source>An export is running, and others wait. Stop it and close? Nothing of it is kept, and the others are not made.</source>
+            <translation>Ein Export läuft, und andere warten. Abbrechen und schließen? Nichts davon bleibt, und die anderen werden nicht ausgeführt.</translation>
+        </message>
+        <message>
             <source>An export is running. Stop it and close? Nothing of it is kept.</source>
             <translation>Ein Export läuft. Abbrechen und schließen? Nichts davon bleibt.</translation>
         </message>
@@ -177,10 +185,10 @@
             <translation>„%1“ ist eine der Quellen und bleibt. Den Export unter einem anderen Namen speichern.</translation>
         </message>
         <message numerus="yes">
-            <source>%n export(s) in the list were not started. Close without them?</source>
+            <source>%n export(s) were not started. Close without them?</source>
             <translation>
-                <numerusform>Ein Export in der Liste wurde nicht gestartet. Ohne ihn schließen?</numerusform>
-                <numerusform>%n Exporte in der Liste wurden nicht gestartet. Ohne sie schließen?</numerusform>
+                <numerusform>Ein Export wurde nicht gestartet. Ohne ihn schließen?</numerusform>
+                <numerusform>%n Exporte wurden nicht gestartet. Ohne sie schließen?</numerusform>
             </translation>
         </message>
     </context>

@@ -11,10 +11,10 @@
             </translation>
         </message>
         <message numerus="yes">
-            <source>%n export(s) in the list were not started. Close without them?</source>
+            <source>%n export(s) were not started. Close without them?</source>
             <translation>
-                <numerusform>%n export in the list was not started. Close without it?</numerusform>
-                <numerusform>%n exports in the list were not started. Close without them?</numerusform>
+                <numerusform>%n export was not started. Close without it?</numerusform>
+                <numerusform>%n exports were not started. Close without them?</numerusform>
             </translation>
         </message>
     </context>

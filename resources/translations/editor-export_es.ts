@@ -108,6 +108,10 @@
             <translation>tarda %1</translation>
         </message>
         <message>
+            <source>Another export in the list is to become “%1” as well. “%2”, which is there already, is replaced, too.</source>
+            <translation>Otra exportación de la lista también se llamará «%1». «%2», que ya existe, también se sustituye.</translation>
+        </message>
+        <message>
             <source>Another export in the list is to become “%1” as well.</source>
             <translation>Otra exportación de la lista también se llamará «%1».</translation>
         </message>
@@ -152,6 +156,10 @@
             <translation>Cerrar</translation>
         </message>
         <message>
+            <source>An export is running, and others wait. Stop it and close? Nothing of it is kept, and the others are not made.</source>
+            <translation>Hay una exportación en curso y otras en espera. ¿Detenerla y cerrar? No se conserva nada de ella y las demás no se realizan.</translation>
+        </message>
+        <message>
             <source>An export is running. Stop it and close? Nothing of it is kept.</source>
             <translation>Hay una exportación en curso. ¿Detenerla y cerrar? No se conserva nada.</translation>
         </message>
@@ -177,10 +185,10 @@
             <translation>«%1» es una de las entradas y se conserva. Guarde la exportación con otro nombre.</translation>
         </message>
         <message numerus="yes">
-            <source>%n export(s) in the list were not started. Close without them?</source>
+            <source>%n export(s) were not started. Close without them?</source>
             <translation>
-                <numerusform>Una exportación de la lista no se inició. ¿Cerrar sin ella?</numerusform>
-                <numerusform>%n exportaciones de la lista no se iniciaron. ¿Cerrar sin ellas?</numerusform>
+                <numerusform>Una exportación no se inició. ¿Cerrar sin ella?</numerusform>
+                <numerusform>%n exportaciones no se iniciaron. ¿Cerrar sin ellas?</numerusform>
             </translation>
         </message>
     </context>

@@ -107,6 +107,10 @@
             <translation>所要時間 %1</translation>
         </message>
         <message>
+            <source>Another export in the list is to become “%1” as well. “%2”, which is there already, is replaced, too.</source>
+            <translation>一覧の別の書き出しも「%1」になります。既にある「%2」も置き換えられます。</translation>
+        </message>
+        <message>
             <source>Another export in the list is to become “%1” as well.</source>
             <translation>一覧の別の書き出しも「%1」になります。</translation>
         </message>
@@ -151,6 +155,10 @@
             <translation>閉じる</translation>
         </message>
         <message>
+            <source>An export is running, and others wait. Stop it and close? Nothing of it is kept, and the others are not made.</source>
+            <translation>書き出し中で、待機中の書き出しもあります。停止して閉じますか。何も残らず、待機中の書き出しも行われません。</translation>
+        </message>
+        <message>
             <source>An export is running. Stop it and close? Nothing of it is kept.</source>
             <translation>書き出し中です。停止して閉じますか。何も残りません。</translation>
         </message>
@@ -176,9 +184,9 @@
             <translation>「%1」は入力のひとつなので残されます。書き出しは別の名前で保存してください。</translation>
         </message>
         <message numerus="yes">
-            <source>%n export(s) in the list were not started. Close without them?</source>
+            <source>%n export(s) were not started. Close without them?</source>
             <translation>
-                <numerusform>一覧の %n 件の書き出しは開始されていません。行わずに閉じますか?</numerusform>
+                <numerusform>%n 件の書き出しは開始されていません。行わずに閉じますか?</numerusform>
             </translation>
         </message>
     </context>

@@ -107,6 +107,10 @@
             <translation>用时%1</translation>
         </message>
         <message>
+            <source>Another export in the list is to become “%1” as well. “%2”, which is there already, is replaced, too.</source>
+            <translation>列表中的另一个导出也将成为“%1”。已存在的“%2”也会被替换。</translation>
+        </message>
+        <message>
             <source>Another export in the list is to become “%1” as well.</source>
             <translation>列表中的另一个导出也将成为“%1”。</translation>
         </message>
@@ -151,6 +155,10 @@
             <translation>关闭</translation>
         </message>
         <message>
+            <source>An export is running, and others wait. Stop it and close? Nothing of it is kept, and the others are not made.</source>
+            <translation>正在导出，另有导出在等待。要停止并关闭吗？不会保留任何内容，等待中的导出也不会执行。</translation>
+        </message>
+        <message>
             <source>An export is running. Stop it and close? Nothing of it is kept.</source>
             <translation>正在导出。要停止并关闭吗？不会保留任何内容。</translation>
         </message>
@@ -176,9 +184,9 @@
             <translation>“%1”是输入之一，将予保留。请用其他名称保存导出。</translation>
         </message>
         <message numerus="yes">
-            <source>%n export(s) in the list were not started. Close without them?</source>
+            <source>%n export(s) were not started. Close without them?</source>
             <translation>
-                <numerusform>列表中有 %n 项导出尚未开始。不执行而关闭吗？</numerusform>
+                <numerusform>有 %n 项导出尚未开始。不执行而关闭吗？</numerusform>
             </translation>
         </message>
     </context>

@@ -211,8 +211,25 @@ void ExportWindow::takeOrder(const Order& order) {
 void ExportWindow::dropOrder() {
     if (!ordered || !ordered->isOfForm || ordered->job.request.outputPath == form.output())
         return;
+    forgetOrder();
+}
+
+void ExportWindow::forgetOrder() {
     look.forget();
     ordered.reset();
+    found.reset();
+}
+
+/// Nothing is added behind the question whether all that was ordered shall go, and no other question takes its place.
+void ExportWindow::onLooked(const OutputState& state) {
+    found = state;
+    if (!closeAsked)
+        takeFound();
+}
+
+void ExportWindow::takeFound() {
+    if (found)
+        goOnWith(*std::exchange(found, std::nullopt));
 }
 
 namespace {
@@ -224,7 +241,8 @@ QString fileName(const QString& path) {
 
 } // namespace
 
-void ExportWindow::onLooked(const OutputState& state) {
+/// Of an order, once it is known what stands at its place.
+void ExportWindow::goOnWith(const OutputState& state) {
     Order order = *std::exchange(ordered, std::nullopt);
     order.job.place = state.place;
     showProblem();
@@ -238,14 +256,22 @@ void ExportWindow::onLooked(const OutputState& state) {
         return tell(QMessageBox::Warning,
                     tr("“%1” is one of the inputs, and stays. Save the export under another name.").arg(wanted));
     if (queue.isOrdered(state.place))
-        return ask({tr("Export"), tr("Another export in the list is to become “%1” as well.").arg(wanted),
-                    tr("Add it all the same"), tr("Cancel"), [this, order] { addJob(order, true); }});
+        return ask({tr("Export"), twice(state), tr("Add it all the same"), tr("Cancel"),
+                    [this, order] { addJob(order, true); }});
     if (!state.exists)
         return addJob(order, false);
     ask({tr("Export"),
          tr("“%1” is there already. It is replaced when the export is complete, and not before.")
              .arg(fileName(state.name)),
          tr("Replace"), tr("Cancel"), [this, order] { addJob(order, true); }});
+}
+
+QString ExportWindow::twice(const OutputState& state) {
+    const QString wanted = fileName(state.path);
+    return state.exists ? tr("Another export in the list is to become “%1” as well. “%2”, which is there already, is "
+                             "replaced, too.")
+                              .arg(wanted, fileName(state.name))
+                        : tr("Another export in the list is to become “%1” as well.").arg(wanted);
 }
 
 void ExportWindow::addJob(const Order& order, bool overwrite) {
@@ -338,7 +364,7 @@ void ExportWindow::onFailure(const std::exception_ptr& error, QObject* receiver)
 }
 
 void ExportWindow::closeEvent(QCloseEvent* event) {
-    const bool isBusy = queue.running() || queue.waiting() > 0;
+    const bool isBusy = queue.running() || queue.waiting() > 0 || ordered;
     if (!isBusy)
         return event->accept();
     event->ignore();
@@ -348,16 +374,29 @@ void ExportWindow::closeEvent(QCloseEvent* event) {
 
 void ExportWindow::askToClose() {
     const bool runs = queue.running() || queue.isStarted();
+    const bool begins = runs && !queue.running(); // one of those that wait
+    const int others = queue.waiting() + (ordered ? 1 : 0) - (begins ? 1 : 0);
     const QString text =
-        runs ? tr("An export is running. Stop it and close? Nothing of it is kept.")
-             : tr("%n export(s) in the list were not started. Close without them?", nullptr, queue.waiting());
+        !runs        ? tr("%n export(s) were not started. Close without them?", nullptr, others)
+        : others > 0 ? tr("An export is running, and others wait. Stop it and close? Nothing of it is kept, and the "
+                          "others are not made.")
+                     : tr("An export is running. Stop it and close? Nothing of it is kept.");
     ask({tr("Close"), text, runs ? tr("Stop and close") : tr("Close"), runs ? tr("Go on") : tr("Cancel"),
          [this] { QMetaObject::invokeMethod(this, &ExportWindow::end, Qt::QueuedConnection); }});
     closeAsked = true;
+    const auto onAnswered = [this, asked = question.data()] {
+        if (closeAsked && question && question != asked) // it is asked anew
+            return;
+        closeAsked = false;
+        takeFound();
+    };
+    // Queued: whoever has said yes is obeyed first.
+    connect(question, &QDialog::finished, this, onAnswered, Qt::QueuedConnection);
 }
 
 void ExportWindow::end() {
     closing = true;
+    forgetOrder();
     closeQuestion();
     considerTrial();
     queue.stopAll();

@@ -75,7 +75,11 @@ private:
     void tryAgain(int id);
     void takeOrder(const Order& order);
     void dropOrder();
+    void forgetOrder();
     void onLooked(const OutputState& state);
+    void takeFound();
+    void goOnWith(const OutputState& state);
+    static QString twice(const OutputState& state);
     void addJob(const Order& order, bool overwrite);
     void askToStop(int id);
     void askToClose();
@@ -95,9 +99,10 @@ private:
     DesktopSession desktop;
     OutputLook look{this};
     TimeForecast times{this};
-    std::optional<Order> ordered; ///< while it is being looked what stands at its place
-    bool closing = false;         ///< when the exports have ended; nothing more is ordered
-    bool over = false;            ///< ended() was told
+    std::optional<Order> ordered;     ///< while it is being looked what stands at its place, or closing is asked
+    std::optional<OutputState> found; ///< at that place, while closing is asked
+    bool closing = false;             ///< when the exports have ended; nothing more is ordered
+    bool over = false;                ///< ended() was told
     QPointer<QMessageBox> question;
     int stopAskedFor = 0; ///< the job
     bool closeAsked = false;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QSignalSpy>
 #include <future>
 
 namespace TestDialog {
@@ -26,8 +27,8 @@ protected:
     /// A folder that does not answer before the test ends.
     void hang() const {
         for (OutputLook* const look : looks())
-            look->setWay([answer = answer](const OutputPlace& asked) {
-                answer.wait();
+            look->setWay([folder = folder](const OutputPlace& asked) {
+                folder.wait();
                 OutputState state;
                 state.path = asked.path;
                 return state;
@@ -36,7 +37,7 @@ protected:
 
 private:
     std::promise<void> answered;
-    const std::shared_future<void> answer{answered.get_future()};
+    const std::shared_future<void> folder{answered.get_future()};
 };
 
 TEST_F(Output, InAFolderThatDoesNotAnswerHoldsNobodyUp) {
@@ -63,6 +64,50 @@ TEST_F(Output, InAFolderThatDoesNotAnswerHoldsNobodyUp) {
     const auto* const dialog = window->findChild<QFileDialog*>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_NE(dialog->directory(), QDir(QString::fromStdString(place / ""))) << "it would wait for that";
+}
+
+TEST_F(Output, IsNotLostByClosingWhileItsPlaceIsLookedAt) {
+    show();
+    openClip();
+    saveAs(place / "film.mp4");
+    hang();
+    auto* const look = window->findChild<OutputLook*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(look, nullptr);
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return !canExport(); }));
+    const QString asked = text("1 export was not started. Close without it?");
+    ASSERT_FALSE(window->close());
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(), asked);
+    const QSignalSpy looked(look, &OutputLook::looked);
+    look->setLimit(std::chrono::milliseconds(1));
+    ASSERT_TRUE(waitUntil([&] { return looked.count() == 1; }));
+    EXPECT_EQ(question()->text(), asked);
+    EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "one question at a time";
+    answer(QMessageBox::RejectRole);
+    ASSERT_TRUE(waitUntil([&] { return question() && question()->text() != asked; }));
+    EXPECT_TRUE(question()->text().startsWith(text("The folder of “film.mp4” does not answer.")));
+    QTest::keyClick(question(), Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return !question() && canExport(); }));
+}
+
+TEST_F(Output, IsForgottenByClosingOnceThatWasSaid) {
+    show();
+    openClip();
+    saveAs(place / "film.mp4");
+    hang();
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return !canExport(); }));
+    ASSERT_FALSE(window->close());
+    ASSERT_TRUE(waitForQuestion());
+    auto* const look = window->findChild<OutputLook*>(QString(), Qt::FindDirectChildrenOnly);
+    const QSignalSpy looked(look, &OutputLook::looked), ended(window.get(), &Dialog::ExportWindow::ended);
+    look->setLimit(std::chrono::milliseconds(1));
+    ASSERT_TRUE(waitUntil([&] { return looked.count() == 1; }));
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitUntil([&] { return ended.count() == 1; }));
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(question(), nullptr) << "what was found there concerns nobody any more";
 }
 
 TEST_F(Output, IsChosenFromWhereItIs) {

@@ -71,7 +71,7 @@ TEST_F(Queue, ThatWasNotStartedIsNotLostByClosing) {
     add(place / "b.mp4");
     window->close();
     ASSERT_TRUE(waitForQuestion());
-    EXPECT_EQ(question()->text(), text("2 exports in the list were not started. Close without them?"));
+    EXPECT_EQ(question()->text(), text("2 exports were not started. Close without them?"));
     answer(QMessageBox::RejectRole);
     ASSERT_TRUE(waitUntil([&] { return !question(); }));
     EXPECT_TRUE(window->isVisible());
@@ -82,6 +82,25 @@ TEST_F(Queue, ThatWasNotStartedIsNotLostByClosing) {
     answer(QMessageBox::AcceptRole);
     ASSERT_TRUE(waitUntil([&] { return !window->isVisible(); }));
     EXPECT_EQ(ended.count(), 1);
+    EXPECT_EQ(names(), QStringList(text("clip.mov")));
+}
+
+TEST_F(Queue, ThatWaitsForTheOneThatRunsIsNotLostByClosingUnsaid) {
+    show();
+    startLong();
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(), text("An export is running. Stop it and close? Nothing of it is kept."));
+    answer(QMessageBox::RejectRole);
+    ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    add(place / "b.mp4");
+    window->close();
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(),
+              text("An export is running, and others wait. Stop it and close? Nothing of it is kept, "
+                   "and the others are not made."));
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitUntil([&] { return !window->isVisible(); }));
     EXPECT_EQ(names(), QStringList(text("clip.mov")));
 }
 
@@ -153,6 +172,21 @@ TEST_F(Queue, AsksBeforeTwoBecomeOneFile) {
     ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == 2; }));
     click("startButton");
     ASSERT_TRUE(waitUntil([&] { return states() == QStringList({text("Done"), text("Done")}); }));
+}
+
+TEST_F(Queue, SaysWhatIsThereAlreadyWhereTwoBecomeOneFile) {
+    show();
+    openClip();
+    add(output);
+    TestFiles::write(output, "old");
+    press('q');
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(),
+              text("Another export in the list is to become “film.mp4” as well. “film.mp4”, which is "
+                   "there already, is replaced, too."));
+    answer(QMessageBox::RejectRole);
+    ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    EXPECT_EQ(jobs().rowCount(), 1);
 }
 
 TEST_F(Queue, AsksBeforeItReplacesAFileInAnotherAttempt) {
