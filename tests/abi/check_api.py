@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Holds what the shared libraries export against what the installed headers declare.
 
-    check_api.py HEADERS FLAGS LIBRARY...   HEADERS is a file that names them, one a line; FLAGS are the compiler's, between ";"
+    check_api.py HEADERS FLAGS LIBRARY...   HEADERS and FLAGS are files: of their names, and of the compiler's flags, one a line
 
 What a header declares and does not define can be linked, unless it is private or pure; and what a library exports belongs to
 something that a header declares.
@@ -130,7 +130,7 @@ def main():
         return 0
     headers = pathlib.Path(sys.argv[1]).read_text().split()
     api = Api()
-    api.read(parsed(headers, sys.argv[2].split(";")).cursor, set(headers))
+    api.read(parsed(headers, pathlib.Path(sys.argv[2]).read_text().splitlines()).cursor, set(headers))
     symbols = set().union(*map(exported, sys.argv[3:]))
     faults = [f"declared, but not exported: {name}" for symbol, name in sorted(api.symbols.items()) if symbol not in symbols]
     faults += [f"exported, but no installed header declares it: {name}" for name in sorted(set(readable(sorted(symbols)).values()))
