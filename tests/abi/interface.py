@@ -103,11 +103,32 @@ def cut_down(told, headers):
         if part.tag == "abi-instr":
             sweep(part, needed)
             part.attrib.pop("path", None)
+    for part in root:
+        put_in_order(part)
     for element in root.iter():
         for attribute in PLACE:
             element.attrib.pop(attribute, None)
+        element.text = None
     ElementTree.indent(root, " ")
     return ElementTree.tostring(root, encoding="unicode") + "\n"
+
+
+def put_in_order(element):
+    """Each namespace once, and all in it by name: abidw writes what it meets first, and a small change would move much."""
+    if element.tag not in ("abi-instr", "namespace-decl"):
+        return
+    spaces, others = {}, []
+    for child in element:
+        if child.tag == "namespace-decl" and child.get("name") in spaces:
+            spaces[child.get("name")].extend(child)
+        elif child.tag == "namespace-decl":
+            spaces[child.get("name")] = child
+        else:
+            others.append(child)
+    element[:] = sorted(spaces.values(), key=lambda child: child.get("name")) + \
+        sorted(others, key=lambda child: (child.tag, child.get("name", ""), child.get("id", "")))
+    for child in element:
+        put_in_order(child)
 
 
 def close_others(element, headers):
