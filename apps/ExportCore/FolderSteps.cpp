@@ -17,6 +17,11 @@ struct FolderCloser {
     void operator()(DIR* folder) const noexcept { closedir(folder); }
 };
 
+/// What a file system answers to a request that it does not know: each has its own.
+bool isUnknownThere(int error) {
+    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM;
+}
+
 } // namespace
 
 bool FolderSteps::isSame(int file, const QByteArray& path) {
@@ -31,10 +36,22 @@ int FolderSteps::moveUnlessThere(int fromFolder, const char* from, int toFolder,
     if (errno != EINVAL && errno != ENOSYS)
         return errno;
     // Not every file system knows that kind of renaming; a second name for the file is as exclusive.
-    if (::linkat(fromFolder, from, toFolder, to, 0) != 0)
+    if (::linkat(fromFolder, from, toFolder, to, 0) == 0) {
+        ::unlinkat(fromFolder, from, 0);
+        return 0;
+    }
+    return isUnknownThere(errno) ? moveOntoPlaceholder(fromFolder, from, toFolder, to) : errno;
+}
+
+int FolderSteps::moveOntoPlaceholder(int fromFolder, const char* from, int toFolder, const char* to) {
+    const Descriptor placeholder(openat(toFolder, to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!placeholder)
         return errno;
-    ::unlinkat(fromFolder, from, 0);
-    return 0;
+    if (::renameat(fromFolder, from, toFolder, to) == 0)
+        return 0;
+    const int error = errno;
+    ::unlinkat(toFolder, to, 0);
+    return error;
 }
 
 bool FolderSteps::sync(const QByteArray& path) {

@@ -15,6 +15,9 @@ struct FolderSteps {
     static bool isSame(int file, const QByteArray& path);
     /// Renames, but over nothing. 0, or the system's error: EEXIST where something stands there.
     static int moveUnlessThere(int fromFolder, const char* from, int toFolder, const char* to);
+    /// The same for file systems that have neither such a renaming nor second names (some network drives): an empty
+    /// file takes the name, and is replaced. Killed between the two, it stays.
+    static int moveOntoPlaceholder(int fromFolder, const char* from, int toFolder, const char* to);
     /// Brings the folder itself to the disk. False where that is not possible; true where the file system has no such
     /// thing.
     static bool sync(const QByteArray& folder);

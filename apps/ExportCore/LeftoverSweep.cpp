@@ -23,7 +23,10 @@ bool isLockable(int file) {
 }
 
 bool removeFile(int folder, const char* name) {
-    const Descriptor file(openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    constexpr int CAREFUL = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    // Over NFS only what is open for writing can be locked like this.
+    const int writable = openat(folder, name, O_RDWR | CAREFUL);
+    const Descriptor file(writable >= 0 ? writable : openat(folder, name, O_RDONLY | CAREFUL));
     struct stat state = {};
     // A second name makes it somebody's own, whatever the first one looks like.
     const bool plain = file && fstat(file.Get(), &state) == 0 && S_ISREG(state.st_mode) && state.st_nlink == 1;

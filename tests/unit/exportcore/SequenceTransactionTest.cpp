@@ -32,6 +32,8 @@ namespace {
 // How many of the next renamings are made before all others fail, in this process; below 0: all are made.
 int renamings = -1;
 bool changesNoModes = false;
+// Whether the file system is one of the poorest, which know nothing but the oldest renaming.
+bool isPoor = false;
 // What happens while the next such call hangs, in this process, once.
 std::function<void()> whileMoving, whileSyncing, whileRemoving;
 
@@ -46,6 +48,10 @@ extern "C" __attribute__((visibility("default"))) int renameat2(int fromFolder, 
     }
     renamings -= renamings > 0 ? 1 : 0;
     happen(whileMoving);
+    if (isPoor) {
+        errno = EINVAL;
+        return -1;
+    }
     return static_cast<int>(syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }
 
@@ -56,6 +62,15 @@ extern "C" __attribute__((visibility("default"))) int fchmodat(int folder, const
         return -1;
     }
     return static_cast<int>(syscall(SYS_fchmodat, folder, name, mode));
+}
+
+extern "C" __attribute__((visibility("default"))) int linkat(int fromFolder, const char* from, int toFolder,
+                                                             const char* to, int flags) noexcept {
+    if (isPoor) {
+        errno = EPERM;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
 }
 
 extern "C" __attribute__((visibility("default"))) int fsync(int file) {
@@ -177,6 +192,35 @@ TEST_F(Pictures, WithoutTheWordNothingIsReplacedThatAppearedMeanwhile) {
     transaction.rollback();
     EXPECT_EQ(all().toStdString(), "shot_001.png");
     EXPECT_EQ(content("shot_001.png"), "old");
+}
+
+TEST_F(Pictures, NeedNoBetterFileSystemThanOneThatRenames) {
+    makeFolder();
+    writeOld({"shot_000.png", "shot_007.png", "notes.txt"});
+    isPoor = true;
+    SequenceTransaction transaction(target(true));
+    fill(transaction, 2);
+    EXPECT_TRUE(transaction.commit());
+    EXPECT_EQ(all().toStdString(), "notes.txt shot_000.png shot_001.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "newnew");
+    SequenceTransaction second(target(false));
+    fill(second, 3);
+    EXPECT_THROW(second.commit(), Kestra::Proc::ProcException) << "nobody said that they may be replaced";
+    second.rollback();
+    isPoor = false;
+    EXPECT_EQ(all().toStdString(), "notes.txt shot_000.png shot_001.png");
+    EXPECT_EQ(content("shot_000.png") + content("shot_001.png"), "newnew");
+}
+
+TEST_F(Pictures, APlaceholderGoesWhereNothingTakesItsPlace) {
+    makeFolder();
+    const std::string gone = folder / "gone", there = frames + "/shot_000.png";
+    EXPECT_EQ(FolderSteps::moveOntoPlaceholder(AT_FDCWD, gone.c_str(), AT_FDCWD, there.c_str()), ENOENT);
+    EXPECT_EQ(all().toStdString(), "");
+    writeOld({"shot_000.png"});
+    TestFiles::write(gone, "new");
+    EXPECT_EQ(FolderSteps::moveOntoPlaceholder(AT_FDCWD, gone.c_str(), AT_FDCWD, there.c_str()), EEXIST);
+    EXPECT_EQ(content("shot_000.png"), "old");
 }
 
 TEST_F(Pictures, WhatIsNoFileStopsTheSwapBeforeItBegins) {
