@@ -14,6 +14,14 @@ std::optional<KTime> timeOf(const Given& point, const TimePoint::Rate& rate) {
     return point ? std::optional(point->at(rate)) : std::nullopt;
 }
 
+/// Before an out point, or before the inputs' end where that comes first.
+void requireRoomFor(KTime duration, KTime out, KTime end) {
+    if (duration > end)
+        KESTRA_THROW(Refusal("The duration " + TimeText::format(duration) + " up to the " +
+                             (end < out ? "inputs' end, " : "out point, ") + TimeText::format(end) +
+                             ", would begin before the start"));
+}
+
 void requireOrder(const CutPoints& cut) {
     const KTime start = cut.in.value_or(KTime(0));
     if (start < KTime(0))
@@ -33,10 +41,13 @@ CutPoints CutPoints::of(const ExportRequest& request, const TimePoint::Rate& rat
                 Refusal("In point, out point and duration were given; two of them say where to begin and end"));
         if (*duration <= KTime(0))
             KESTRA_THROW(Refusal("The duration " + TimeText::format(*duration) + " is none"));
-        if (cut.out)
-            cut.in = std::min(*cut.out, length.value_or(*cut.out)) - *duration;
-        else
+        if (cut.out) {
+            const KTime end = std::min(*cut.out, length.value_or(*cut.out));
+            requireRoomFor(*duration, *cut.out, end);
+            cut.in = end - *duration;
+        } else {
             cut.out = cut.in.value_or(KTime(0)) + *duration;
+        }
     }
     requireOrder(cut);
     return cut;

@@ -5,11 +5,13 @@
 #include "Kestra/Base/SourcePlace.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/Conf/Codec.h"
+#include "Kestra/Conf/IFormatFile.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
 #include <array>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace ExportCore {
@@ -70,7 +72,7 @@ void requireStep(const CheckedStream& first, const char* what, const CheckedStre
 }
 
 bool carriesColour(const std::string& codec) {
-    constexpr std::array<const char*, 3> without{"mpeg4", "mjpeg", "gif"};
+    constexpr std::array<const char*, 4> without{"mpeg4", "mjpeg", "gif", "webp"};
     for (const char* name : without) {
         if (codec == name)
             return false;
@@ -90,12 +92,32 @@ std::string sizeText(std::uint32_t width, std::uint32_t height) {
     return std::to_string(width) + 'x' + std::to_string(height);
 }
 
-void requirePictures(const CheckedStream& stream, const ExpectedFile::Pictures& pictures) {
-    if (stream.frame.width != pictures.width || stream.frame.height != pictures.height)
+void requireSize(const CheckedStream& stream, std::uint32_t width, std::uint32_t height) {
+    if (stream.frame.width != width || stream.frame.height != height)
         fail("its pictures are " + sizeText(stream.frame.width, stream.frame.height) + " instead of " +
-             sizeText(pictures.width, pictures.height));
+             sizeText(width, height));
+}
+
+void requirePictures(const CheckedStream& stream, const ExpectedFile::Pictures& pictures) {
+    requireSize(stream, pictures.width, pictures.height);
     if (!pictures.pixelFormat.empty() && stream.pixelFormat != pictures.pixelFormat)
         fail("its pictures are " + stream.pixelFormat + " instead of " + pictures.pixelFormat);
+}
+
+/// As a number or as its digits, which the catalogue has checked.
+int wholeNumberOf(const Kestra::Core::Property& node) {
+    const auto* const digits = std::get_if<std::string>(&node.GetValue());
+    return digits ? std::stoi(*digits) : static_cast<int>(node.GetInt64());
+}
+
+std::string playsText(int plays) {
+    return plays < 0 ? "as if it did not move" : plays == 0 ? "for ever" : std::to_string(plays) + " times";
+}
+
+void requireAnimation(const CheckedStream& stream, const ExpectedFile::Animation& animation) {
+    requireSize(stream, animation.width, animation.height);
+    if (stream.plays != animation.plays)
+        fail("it is shown " + playsText(stream.plays) + " instead of " + playsText(animation.plays));
 }
 
 std::string nameOfSound(std::size_t track) {
@@ -118,6 +140,16 @@ void ExpectedFile::Pictures::fitTo(Kestra::Conf::CodecID codec) {
     height = fit(height, format->chromaShiftY);
 }
 
+void ExpectedFile::expectAnimation(const Preset& preset, std::uint32_t width, std::uint32_t height) {
+    constexpr const char* LOOP = "loop";
+    if (preset.containerId() != "webp")
+        return;
+    const Kestra::Core::Property data = preset.muxerData();
+    const char* const options = Kestra::Conf::IFormatFile::TAG_MUXER_OPTIONS;
+    const bool told = data.ChildExists(options) && data[options].ChildExists(LOOP);
+    animation = Animation{width, height, told ? wholeNumberOf(data[options][LOOP]) : 0};
+}
+
 void ExpectedFile::requireStreams(const CheckedFile& file) const {
     const Streams videos = find(file, CheckedStream::Kind::Video);
     const Streams sounds = find(file, CheckedStream::Kind::Audio);
@@ -126,11 +158,14 @@ void ExpectedFile::requireStreams(const CheckedFile& file) const {
     for (const CheckedStream* video : videos) {
         if (video->packets != frames)
             fail("it holds " + std::to_string(video->packets) + " pictures instead of " + std::to_string(frames));
-        const std::int64_t frame = frames > 0 ? videoDuration / frames : 0;
+        // The last picture of most containers may be told to last as long as it likes.
+        const std::int64_t frame = frames > 0 && !animation ? videoDuration / frames : 0;
         if (pictures)
             requirePictures(*video, *pictures);
         else
             requireLength("picture", *video, videoDuration, frame + ROUNDING, frame + ROUNDING);
+        if (animation)
+            requireAnimation(*video, *animation);
         requireColour(*video);
     }
     for (std::size_t track = 0; track < sounds.size(); ++track) {

@@ -20,6 +20,10 @@ std::shared_ptr<Kestra::Proc::PictureBox> ExportJob::watchPictures() {
     return run->watchPictures();
 }
 
+void ExportJob::callBeforePlacing(std::function<void(const QString& made)> call) {
+    run->callBeforePlacing(std::move(call));
+}
+
 void ExportJob::start() {
     run->start();
 }

@@ -8,6 +8,7 @@
 #include "ExportCoreExport.h"
 #include <QObject>
 #include <exception>
+#include <functional>
 #include <memory>
 
 namespace Kestra::Proc {
@@ -23,7 +24,8 @@ class ExportRun;
 /// stays what it was.
 ///
 /// Whatever touches files does so on other threads. One that hangs in a file that is gone, or in the output's folder,
-/// is left after some seconds: by the stop of the run, by its failure, by the destruction, which may take so long then.
+/// is left after some seconds, through which the event loop goes on: by the stop of the run, by its failure. After
+/// finished() destruction waits for nobody; before, it waits so long itself.
 class EXPORTCORE_EXPORT ExportJob : public QObject {
     Q_OBJECT
 public:
@@ -33,6 +35,10 @@ public:
     /// For who wants to see what is being encoded; its pictures are those of the inputs, without an outro. Before
     /// start().
     std::shared_ptr<Kestra::Proc::PictureBox> watchPictures();
+    /// Has it call that with the path of what was made, checked and brought to the disk, right before it is put at the
+    /// output's place: a file, or the pattern of pictures. On another thread, maybe when nobody waits for the export
+    /// any more. What is thrown there fails the export. Before start().
+    void callBeforePlacing(std::function<void(const QString& made)> call);
     /// Once. Returns at once.
     void start();
     /// Ends the run soon; the outcome is Stopped unless the run had failed or ended before.

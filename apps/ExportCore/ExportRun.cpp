@@ -38,11 +38,17 @@ using Kestra::Proc::TranscodingError;
 ExportRun::ExportRun(ExportRequest request, const QObject& job)
     : request(std::move(request))
     , job(job)
+    , engineRelease(this)
     , removal(this)
+    , taskPatience(this)
     , watchdog(this->request.limits, this)
     , conclusion(this)
     , trial(this) {
-    connect(&removal, &OutputRemoval::ended, this, &ExportRun::onLetGo);
+    connect(&engineRelease, &EngineRelease::ended, this, &ExportRun::onEngineEnded);
+    connect(&removal, &OutputRemoval::ended, this, &ExportRun::endWhenLetGo);
+    taskPatience.setSingleShot(true);
+    taskPatience.setTimerType(Qt::PreciseTimer);
+    connect(&taskPatience, &QTimer::timeout, this, &ExportRun::endWhenLetGo);
     connect(&watchdog, &Watchdog::stalled, this, &ExportRun::onStalled);
     conclusion.setSingleShot(true);
     connect(&conclusion, &QTimer::timeout, this, &ExportRun::conclude);
@@ -51,12 +57,19 @@ ExportRun::ExportRun(ExportRequest request, const QObject& job)
 }
 
 ExportRun::~ExportRun() {
+    disconnect(&engineRelease, nullptr, this, nullptr);
+    disconnect(&removal, nullptr, this, nullptr);
+    // What hangs is waited for at the same time.
+    for (BackgroundTask* const task : tasks())
+        if (task)
+            task->interrupt();
+    if (transcoder) // before the provider that it borrows
+        engineRelease.start(std::move(transcoder));
     check.reset();
     opening.reset();
     loudnessTask.reset();
     outputOpening.reset();
-    transcoder.reset(); // before the provider that it borrows, and the private file that its threads write
-    removal.disconnect(this);
+    engineRelease.finishHere(); // before the private file that its threads write
     if (transaction)
         removal.start(std::move(transaction)); // whose own end is waited for
 }
@@ -82,7 +95,7 @@ void ExportRun::attempt(const std::function<void()>& step) {
     try {
         step();
     } catch (const Refusal& refusal) {
-        setFailure(ProcessingError(TranscodingError::InvalidArgument, refusal.what()), ExportOutcome::Status::Refused);
+        setFailure(ProcessingError(refusal.code(), refusal.what()), ExportOutcome::Status::Refused);
     } catch (...) { // its kind is read from it, whatever it is
         setFailure(std::current_exception());
     }
@@ -97,7 +110,7 @@ void ExportRun::prepare() {
         RequestCheck::ranges(request);
         RequestCheck::outputIsNamed(request);
         OutroPictures::require(request.brandingName);
-        selectPreset();
+        tryToSelectPreset();
         openInputs();
     });
 }
@@ -106,7 +119,10 @@ void ExportRun::openInputs() {
     if (verdict)
         return;
     enter(JobState::OpeningInputs);
-    opening = std::make_unique<InputOpening>(request, provider->preset());
+    if (presetRefusal.empty())
+        opening = std::make_unique<InputOpening>(request, provider->preset());
+    else
+        opening = std::make_unique<InputOpening>(request, presetRefusal);
     connect(opening.get(), &InputOpening::finished, this, &ExportRun::onOpened);
     follow(*opening, Watchdog::Wait::Start);
     opening->start();
@@ -118,6 +134,7 @@ void ExportRun::follow(BackgroundTask& task, Watchdog::Wait wait) {
         if (!verdict)
             watchdog.expect(wait);
     });
+    connect(&task, &BackgroundTask::finished, this, &ExportRun::endWhenLetGo);
 }
 
 void ExportRun::goOn(const std::exception_ptr& error, const std::function<void()>& step) {
@@ -139,6 +156,15 @@ void ExportRun::onOpened(const std::exception_ptr& error) {
         editPreset();
         measureSound();
     });
+}
+
+/// What is wrong with it is told with what is wrong with the inputs.
+void ExportRun::tryToSelectPreset() {
+    try {
+        selectPreset();
+    } catch (const Refusal& refusal) {
+        presetRefusal = refusal.what();
+    }
 }
 
 void ExportRun::selectPreset() {
@@ -333,6 +359,7 @@ void ExportRun::promise(const Kestra::Conf::ProgrammeInfo& programme, const std:
     PromisedProgramme& promised = expected.programme;
     promised.container = container;
     promised.programme = isCut ? programme.Part(Types::toAvTime(window.start), Types::toAvTime(window.end)) : programme;
+    promised.addLeadingChapter();
     promised.length =
         std::min(expected.hasVideo ? expected.videoDuration : none, expected.hasAudio ? expected.audioDuration : none);
     // Times are told to the millisecond, and a range begins with a whole picture.
@@ -378,6 +405,7 @@ void ExportRun::expect() {
 }
 
 void ExportRun::expectPictures() {
+    expected.expectAnimation(provider->preset(), transcoder->videoPreset().width, transcoder->videoPreset().height);
     if (!sequence)
         return;
     const Kestra::Core::Property order = provider->preset().videoEncoderData();

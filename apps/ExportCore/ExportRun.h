@@ -4,6 +4,7 @@
 
 #include "EditorProject/StreamLengths.h"
 #include "ExportCore/CutPoints.h"
+#include "ExportCore/EngineRelease.h"
 #include "ExportCore/ExpectedFile.h"
 #include "ExportCore/ExportOutcome.h"
 #include "ExportCore/ExportProgress.h"
@@ -25,6 +26,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 
 class EditorProject;
 class Preset;
@@ -57,6 +60,7 @@ public:
     ~ExportRun() override;
 
     std::shared_ptr<Kestra::Proc::PictureBox> watchPictures();
+    void callBeforePlacing(std::function<void(const QString& made)> call) { beforePlacing = std::move(call); }
     void start();
     void stop();
     void fail(const std::exception_ptr& error);
@@ -82,8 +86,10 @@ private:
     std::array<BackgroundTask*, 4> tasks() const;
     /// Asks the task that runs to come to its end; false when none does.
     bool interruptTask();
+    bool isTaskRunning() const;
     bool engineRuns() const;
     bool isPart(const QObject* object) const;
+    void tryToSelectPreset();
     void selectPreset();
     std::string choosePreset();
     void cutInputs();
@@ -118,8 +124,7 @@ private:
     void endRunning(ExportOutcome::Status status);
     void onFailed(const Kestra::Proc::ProcessingError& error);
     void onStalled(Watchdog::Wait wait);
-    void breakOff(bool started);
-    void leaveTranscoder();
+    void breakOff();
     std::string whatStalled(Watchdog::Wait wait) const;
     std::string hungReads() const;
     std::string whatHangs() const;
@@ -134,7 +139,10 @@ private:
     /// How a request that misses something from then on could ask for what is there.
     std::string wayOut(KTime missing) const;
     void concludeLater();
+    /// Begins with the engine: what it has left behind is asked for when it is at its end.
     void conclude();
+    void onEngineEnded();
+    void goOnFromEngine();
     /// What is to be said of the run besides its verdict. Nothing of it runs any more.
     void gather();
     /// False when it could not begin, which is the run's failure.
@@ -142,7 +150,8 @@ private:
     void onChecked(const std::exception_ptr& error);
     /// Of the output. Its file may stand at its place all the same.
     void letGo();
-    void onLetGo();
+    /// Once nothing is left, or was left: the destruction waits for nobody then.
+    void endWhenLetGo();
     /// Nothing can change the end any more.
     bool isOver() const { return state == JobState::LettingGo || state == JobState::Ended; }
     void tellLeftover();
@@ -154,6 +163,8 @@ private:
 
     const ExportRequest request;
     const QObject& job;
+    std::function<void(const QString& made)> beforePlacing;
+    std::string presetRefusal; ///< why none could be selected
     PresetEdit presetEdit;
     CutPoints cut;
     Types::Range streamRange;
@@ -175,8 +186,10 @@ private:
     };
     std::shared_ptr<Finished> finishedFile;
     std::unique_ptr<Export::Transcoder> transcoder;
+    EngineRelease engineRelease;
     std::unique_ptr<FileCheckTask> check;
     OutputRemoval removal;
+    QTimer taskPatience; ///< with one that hangs
     Watchdog watchdog;
     QTimer conclusion;
     QTimer trial; ///< of a run that is not to be made: how long it is tried

@@ -36,7 +36,9 @@ ExportPlan::Stream pictureOf(const Export::PresetProvider& provider, const Media
     stream.codec = Kestra::Conf::CodecIDToString(preset.videoCodec());
     stream.profile = preset.videoProfile();
     stream.bitrateBps = hasBitrate && !byQuality ? provider.bitrate(&source).maximum : 0;
-    stream.quality = hasBitrate && byQuality ? preset.videoQuality() : 0;
+    // Where there is no loss a number on the scale is effort.
+    const bool hasScale = Kestra::ClientAPI::CodecLimits::VideoQuality(preset.videoCodec()).Exists();
+    stream.quality = byQuality && (hasBitrate || (hasScale && stream.profile.empty())) ? preset.videoQuality() : 0;
     stream.width = static_cast<int>(made.width);
     stream.height = static_cast<int>(made.height);
     stream.frameRate = provider.frameRate(&source);
@@ -60,6 +62,18 @@ void name(ExportPlan::Stream& stream, const Kestra::Conf::ProgrammeInfo::TrackNa
     stream.language = name.language;
     stream.title = name.title;
     stream.isDefault = name.isDefault;
+}
+
+/// The picture and, where none of the sounds is told to be it, the first of them: what players begin with.
+void markDefaults(std::vector<ExportPlan::Stream>& streams) {
+    using Kind = ExportPlan::Stream::Kind;
+    for (const Kind kind : {Kind::Video, Kind::Audio}) {
+        const auto isOfKind = [kind](const ExportPlan::Stream& stream) { return stream.kind == kind; };
+        const auto isMarked = [&](const ExportPlan::Stream& stream) { return isOfKind(stream) && stream.isDefault; };
+        const auto first = std::find_if(streams.begin(), streams.end(), isOfKind);
+        if (first != streams.end() && std::none_of(streams.begin(), streams.end(), isMarked))
+            first->isDefault = true;
+    }
 }
 
 ExportPlan::Stream subtitlesOf(const Kestra::Conf::Subtitles& subtitles, const Kestra::Conf::Container& container) {
@@ -109,6 +123,8 @@ void ExportRun::plan() {
 }
 
 std::vector<ExportPlan::Stream> ExportRun::plannedStreams() const {
+    using Kestra::ClientAPI::ContainerLimits;
+    using Kestra::ClientAPI::ProgrammeField;
     std::vector<ExportPlan::Stream> streams;
     if (expected.hasVideo)
         streams.push_back(pictureOf(*provider, project->video(), transcoder->videoPreset()));
@@ -123,6 +139,9 @@ std::vector<ExportPlan::Stream> ExportRun::plannedStreams() const {
         else if (further < programme.furtherSounds.size())
             name(streams.back(), programme.furtherSounds[further]);
     }
+    // Such files tell it of each track.
+    if (ContainerLimits::Holds(provider->preset().containerId(), ProgrammeField::FurtherSounds))
+        markDefaults(streams);
     return streams;
 }
 
@@ -142,16 +161,20 @@ void ExportRun::addPlannedExtras(ExportPlan& plan) const {
         plan.chapters = static_cast<int>(programme.chapters.size());
 }
 
-/// An estimate that may well be twice what comes, or half of it, stands in nobody's way.
+/// An estimate that material may undershoot stands in nobody's way.
 void ExportRun::requireRoom() {
     const ExportPlan& plan = *outcome.plan;
     if (!plan.freeBytes || plan.estimate.sizeBytes <= *plan.freeBytes)
         return;
-    const std::string text = "The file will take " + std::string(plan.estimate.rough ? "roughly " : "") +
-                             SizeText::format(plan.estimate.sizeBytes) + ", but beside \"" +
+    const OutputEstimate& estimate = plan.estimate;
+    const std::string text = std::string("The file will take ") +
+                             (estimate.exact   ? ""
+                              : estimate.rough ? "roughly "
+                                               : "about ") +
+                             SizeText::format(estimate.sizeBytes) + ", but beside \"" +
                              request.outputPath.toStdString() + "\" only " + SizeText::format(*plan.freeBytes) +
                              " are free";
-    if (!plan.estimate.rough)
+    if (estimate.exact)
         KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::DiskFull, text));
     outcome.warnings << QString::fromStdString(text);
 }

@@ -22,6 +22,7 @@
 #include "Types/Time.h"
 #include <QVariant>
 #include <algorithm>
+#include <chrono>
 #include <new>
 #include <utility>
 
@@ -69,6 +70,8 @@ const QObject* partWith(const QObject* object) {
 const char* const WITHOUT_MEMORY = "out of memory";
 const char* const WITHOUT_WORDS = "It has stalled";
 
+constexpr std::chrono::seconds TASK_PATIENCE{2}; // as long as a task's destruction waits
+
 ProcessingError errorOf(const std::exception_ptr& error) {
     try {
         return ProcessingError::MakeProcessingErrorFromException(error);
@@ -104,7 +107,7 @@ bool tellIfMemoryAllows(const Telling& telling) {
 bool ExportRun::isPart(const QObject* object) const {
     return object == this || object == &job || object == transcoder.get() || object == project.get() ||
            object == opening.get() || object == loudnessTask.get() || object == outputOpening.get() ||
-           object == check.get() || removal.isWorker(object);
+           object == check.get() || engineRelease.isWorker(object) || removal.isWorker(object);
 }
 
 void ExportRun::failInEventLoop(const std::exception_ptr& error, const QObject* receiver) {
@@ -116,6 +119,11 @@ void ExportRun::failInEventLoop(const std::exception_ptr& error, const QObject* 
 
 std::array<BackgroundTask*, 4> ExportRun::tasks() const {
     return {opening.get(), loudnessTask.get(), outputOpening.get(), check.get()};
+}
+
+bool ExportRun::isTaskRunning() const {
+    const auto all = tasks();
+    return std::any_of(all.begin(), all.end(), [](const BackgroundTask* task) { return task && task->isRunning(); });
 }
 
 bool ExportRun::interruptTask() {
@@ -190,34 +198,22 @@ void ExportRun::onStalled(Watchdog::Wait wait) {
         stall = std::move(error);
     else
         setFailure(std::move(error), ExportOutcome::Status::Failed);
-    const bool started = engineRuns();
     enter(JobState::BrokenOff);
-    breakOff(started);
-    for (BackgroundTask* task : tasks())
-        if (task)
-            task->interrupt();
+    breakOff();
     letGo();
 }
 
 /// What hangs may come back: it must find nothing that it could go on with.
-void ExportRun::breakOff(bool started) {
-    if (!transcoder)
-        return;
-    transcoder->disconnect(this);
-    if (!started) // cannot be stopped yet, only destroyed
-        return transcoder.reset();
-    transcoder->stop();
-}
-
-/// Its destruction leaves what hangs only after some seconds: nobody has to wait for them to hear of the end.
-void ExportRun::leaveTranscoder() {
-    if (!transcoder)
-        return;
-    // Where that finds no memory it goes with this job.
-    tellIfMemoryAllows([this] {
-        QMetaObject::invokeMethod(
-            this, [this] { transcoder.reset(); }, Qt::QueuedConnection);
-    });
+void ExportRun::breakOff() {
+    if (transcoder) {
+        transcoder->disconnect(this);
+        engineRelease.start(std::move(transcoder));
+    }
+    for (BackgroundTask* task : tasks())
+        if (task)
+            task->interrupt();
+    if (isTaskRunning())
+        taskPatience.start(TASK_PATIENCE);
 }
 
 void ExportRun::tellHungReads() {
@@ -241,8 +237,18 @@ void ExportRun::concludeLater() {
 }
 
 void ExportRun::conclude() {
-    if (state != JobState::Concluding)
-        return;
+    if (state == JobState::Concluding)
+        engineRelease.start(std::move(transcoder));
+}
+
+void ExportRun::onEngineEnded() {
+    if (state == JobState::Concluding)
+        goOnFromEngine();
+    else
+        endWhenLetGo();
+}
+
+void ExportRun::goOnFromEngine() {
     try {
         gather();
     } catch (...) { // nobody else ends this run: nothing is waited for any more
@@ -258,7 +264,6 @@ void ExportRun::conclude() {
 }
 
 void ExportRun::gather() {
-    transcoder.reset();
     if (project) {
         collectDamage();
         collectNotes();
@@ -297,7 +302,7 @@ void ExportRun::collectDamage() {
 void ExportRun::collectNotes() {
     if (expected.hasVideo && !project->hasPictures())
         outcome.notes << tr("None of the inputs has a picture: what is shown is black");
-    if (expected.hasAudio && !expected.hasVideo && !project->hasSound())
+    if (expected.hasAudio && !project->hasSound())
         outcome.notes << tr("None of the inputs has sound: what is heard is silence");
     for (const Kestra::Proc::SourceNote& note : project->takeNotes())
         outcome.notes << QString::fromStdString(note.path.IsEmpty() ? note.what
@@ -309,7 +314,8 @@ bool ExportRun::checkFile() {
     try {
         finishedFile = std::make_shared<Finished>();
         const auto last = [transaction = transaction, finished = finishedFile, request = request, sequence = sequence,
-                           expected = expected](const Kestra::Proc::CheckedFile& file) {
+                           expected = expected, call = beforePlacing,
+                           made = QString::fromUtf8(writtenPath())](const Kestra::Proc::CheckedFile& file) {
             finished->facts = FoundFacts::of(file, expected, request.outputPath);
             if (sequence)
                 FoundFacts::namePictures(finished->facts, *sequence);
@@ -318,6 +324,8 @@ bool ExportRun::checkFile() {
             if (RequestCheck::replacesInput(request, sequence))
                 KESTRA_THROW(Kestra::Proc::ProcException(TranscodingError::OutputNotWritable,
                                                          "The output has become one of the inputs meanwhile"));
+            if (call)
+                call(made);
             finished->folderSynced = transaction->commit();
         };
         check = std::make_unique<FileCheckTask>(Kestra::ioPath(unfinishedPath.toStdString()), expected, last);
@@ -358,12 +366,15 @@ void ExportRun::concludeCommitted() {
 void ExportRun::letGo() {
     enter(JobState::LettingGo);
     watchdog.disarm();
-    if (!transaction)
-        return onLetGo();
-    removal.start(std::move(transaction));
+    if (transaction)
+        removal.start(std::move(transaction));
+    endWhenLetGo();
 }
 
-void ExportRun::onLetGo() {
+void ExportRun::endWhenLetGo() {
+    const bool waits = removal.isRunning() || engineRelease.isRunning() || (isTaskRunning() && taskPatience.isActive());
+    if (state != JobState::LettingGo || waits)
+        return;
     if (removal.isCommitted())
         return concludeCommitted();
     if (removal.isHanging())
@@ -397,7 +408,6 @@ void ExportRun::finish(ExportOutcome::Status status) {
     tellReason();
     if (!tellIfMemoryAllows([this] { namePaths(); }))
         outcome.paths.clear();
-    leaveTranscoder();
     Q_EMIT finished(outcome);
 }
 

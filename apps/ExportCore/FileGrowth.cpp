@@ -53,17 +53,20 @@ FileGrowth::FileGrowth(const SequenceName& pictures)
 qint64 FileGrowth::bytes() {
     constexpr qint64 INTERVAL = 500;
     constexpr std::chrono::milliseconds JUST_ENDING{100};
-    if (!look->ended || (sinceLook.isValid() && sinceLook.elapsed() < INTERVAL))
+    constexpr std::chrono::milliseconds AT_ONCE{5}; // as a look at a file takes, unless its folder hangs
+    const bool isKnown = look->bytes > 0;
+    if (!look->ended || (isKnown && sinceLook.elapsed() < INTERVAL))
         return look->bytes;
     sinceLook.start();
     thread.JoinOrLeave(std::chrono::steady_clock::now() + JUST_ENDING);
     try {
         look->ended = false;
         thread.Start("look-at-output", [look = look, measure = measure] {
-            if (const qint64 bytes = measure(); bytes >= 0)
+            if (const qint64 bytes = measure(); bytes > 0) // an empty file tells that what comes is held back yet
                 look->bytes = bytes;
             look->ended = true;
         });
+        thread.JoinOrLeave(std::chrono::steady_clock::now() + AT_ONCE);
     } catch (const std::exception&) { // no thread is to be had, or no memory: an export goes on without that number
         look->ended = true;
     }

@@ -19,8 +19,8 @@ public:
     /// Of pictures that are written one after the other, from 0 on.
     explicit FileGrowth(const SequenceName& pictures);
 
-    /// The bytes that were found by the last look that has come to its end, -1 before; begins another one when half a
-    /// second has gone since. Returns at once.
+    /// The bytes that were found by the last look that has come to its end, -1 before, and as long as there are none;
+    /// begins another one when half a second has gone since, or none were found yet. Returns in some milliseconds.
     qint64 bytes();
 
 private:

@@ -17,11 +17,6 @@ struct FolderCloser {
     void operator()(DIR* folder) const noexcept { closedir(folder); }
 };
 
-/// What a file system answers to a request that it does not know: each has its own.
-bool isUnknownThere(int error) {
-    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM;
-}
-
 } // namespace
 
 bool FolderSteps::isSame(int file, const QByteArray& path) {
@@ -40,7 +35,8 @@ int FolderSteps::moveUnlessThere(int fromFolder, const char* from, int toFolder,
         ::unlinkat(fromFolder, from, 0);
         return 0;
     }
-    return isUnknownThere(errno) ? moveOntoPlaceholder(fromFolder, from, toFolder, to) : errno;
+    const bool isUnknown = errno == EINVAL || isBeyond(errno);
+    return isUnknown ? moveOntoPlaceholder(fromFolder, from, toFolder, to) : errno;
 }
 
 int FolderSteps::moveOntoPlaceholder(int fromFolder, const char* from, int toFolder, const char* to) {
@@ -87,6 +83,10 @@ bool FolderSteps::isFile(int folder, const char* name) {
 
 int FolderSteps::open(int folder, const char* name) {
     return openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
+bool FolderSteps::isBeyond(int error) noexcept {
+    return error == EPERM || error == ENOSYS || error == EOPNOTSUPP;
 }
 
 } // namespace ExportCore

@@ -28,6 +28,10 @@ struct FolderSteps {
     /// Opens a folder in a folder; -1 and errno where there is none.
     static int open(int folder, const char* name);
 
+    /// Whether the file system has said by that error that it has no such thing, or that only root may: of owners and
+    /// permissions.
+    static bool isBeyond(int error) noexcept;
+
     FolderSteps() = delete;
 };
 

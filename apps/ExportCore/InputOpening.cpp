@@ -4,8 +4,10 @@
 #include "ExportCore/AllSounds.h"
 #include "ExportCore/InputProgramme.h"
 #include "ExportCore/NameList.h"
+#include "ExportCore/PresetSettings.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
+#include "ExportCore/SizeLimit.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include <algorithm>
@@ -20,6 +22,18 @@ InputOpening::InputOpening(const ExportRequest& request, const Preset& preset, Q
 
 InputOpening::InputOpening(const ExportRequest& request, QObject* parent)
     : InputOpening(std::make_shared<Opened>(), request, std::nullopt, parent) {}
+
+InputOpening::InputOpening(const ExportRequest& request, const std::string& refusal, QObject* parent)
+    : InputOpening(std::make_shared<Opened>(), request, refusal, parent) {}
+
+InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
+                           const std::string& refusal, QObject* parent)
+    : BackgroundTask(
+          "open-inputs",
+          [=](const std::atomic<bool>& interrupted) { lookWhatElseIsWrong(*opened, request, refusal, interrupted); },
+          parent)
+    , request(request)
+    , opened(opened) {}
 
 InputOpening::InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
                            const std::optional<Preset>& preset, QObject* parent)
@@ -41,18 +55,27 @@ bool isUnfit(const ProcessingError& error) {
     return error.GetCode() == TranscodingError::SourceNotFound || error.GetCode() == TranscodingError::SourceUnreadable;
 }
 
-/// Of files that can be read and are no timelines; empty where all of them are media.
-std::string whyNoMedia(const std::vector<Kestra::ioPath>& files, const ExportRequest& request,
-                       const std::atomic<bool>& interrupted) {
+/// Of files that can be read and are no timelines; nothing where all of them are media.
+std::optional<Refusal> whyNoMedia(const std::vector<Kestra::ioPath>& files, const ExportRequest& request,
+                                  const std::atomic<bool>& interrupted) {
     try {
         if (!files.empty())
             Render::Sequence::ofFiles(
                 files, &interrupted, request.mediaLimits, [](std::size_t) {}, request.tracks.choice);
-        return {};
+        return std::nullopt;
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
-        return isUnfit(error) ? error.GetDescription() : std::string();
+        return isUnfit(error) ? std::optional<Refusal>(Refusal(error.GetDescription(), error.GetCode())) : std::nullopt;
     }
+}
+
+/// All that they say; of the kind of the first one.
+Refusal oneOf(const std::vector<Refusal>& refusals) {
+    std::vector<std::string> sentences;
+    sentences.reserve(refusals.size());
+    for (const Refusal& refusal : refusals)
+        sentences.emplace_back(refusal.what());
+    return Refusal(NameList::joined(sentences, "; ", "; "), refusals.front().code());
 }
 
 } // namespace
@@ -61,7 +84,7 @@ std::string whyNoMedia(const std::vector<Kestra::ioPath>& files, const ExportReq
 std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const ExportRequest& request,
                                                         const std::atomic<bool>& interrupted) {
     std::vector<Kestra::ioPath> paths;
-    std::vector<std::string> refusals;
+    std::vector<Refusal> refusals;
     std::vector<Kestra::ioPath> others;
     for (const QString& input : request.inputs) {
         opened.at = static_cast<int>(paths.size());
@@ -70,18 +93,32 @@ std::vector<Kestra::ioPath> InputOpening::requireInputs(Opened& opened, const Ex
             if (!TimelineOpening::isTimeline(input.toStdString()))
                 others.emplace_back(input.toStdString());
         } catch (const Refusal& refusal) {
-            refusals.emplace_back(refusal.what());
+            refusals.push_back(refusal);
         }
         paths.emplace_back(input.toStdString());
     }
     opened.at = static_cast<int>(paths.size());
     if (!refusals.empty()) {
-        if (const std::string more = whyNoMedia(others, request, interrupted); !more.empty())
-            refusals.push_back(more);
-        KESTRA_THROW(Refusal(NameList::joined(refusals, "; ", "; ")));
+        if (const auto more = whyNoMedia(others, request, interrupted))
+            refusals.push_back(*more);
+        KESTRA_THROW(oneOf(refusals));
     }
     RequestCheck::inputs(request.inputs); // their number
     return paths;
+}
+
+void InputOpening::lookWhatElseIsWrong(Opened& opened, const ExportRequest& request, const std::string& refusal,
+                                       const std::atomic<bool>& interrupted) {
+    std::vector<Refusal> all{Refusal(refusal)};
+    try {
+        const std::vector<Kestra::ioPath> paths = requireInputs(opened, request, interrupted);
+        const bool isTimeline = TimelineOpening::isTimeline(paths.front().ToUtf8());
+        if (const auto more = isTimeline ? std::nullopt : whyNoMedia(paths, request, interrupted))
+            all.push_back(*more);
+    } catch (const Refusal& inputs) {
+        all.push_back(inputs);
+    }
+    KESTRA_THROW(oneOf(all));
 }
 
 void InputOpening::open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
@@ -96,12 +133,64 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const std:
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         if (isUnfit(error))
-            KESTRA_THROW(Refusal(error.GetDescription()));
+            KESTRA_THROW(Refusal(error.GetDescription(), error.GetCode()));
         throw;
     }
 }
 
 namespace {
+
+using Frame = Kestra::Conf::FrameInfo;
+
+bool isSizeGiven(const ExportRequest& request) {
+    const std::vector<std::string>& given = PresetSettings::parse(request.settings).given;
+    return std::any_of(given.begin(), given.end(),
+                       [](const std::string& key) { return key == "size" || key == "width" || key == "height"; });
+}
+
+bool isLarger(const Frame& frame, const Frame& other) {
+    return frame.width > other.width && frame.height > other.height;
+}
+
+std::vector<std::optional<Frame>> framesOf(const Render::Sequence& sequence, const std::vector<Kestra::ioPath>& paths,
+                                           const std::atomic<bool>& interrupted) {
+    std::vector<std::optional<Frame>> frames;
+    for (const Kestra::ioPath& path : paths) {
+        const auto source = sequence.media->open({{}, Timeline::MediaFile{path}}, &interrupted);
+        const auto& video = source->GetInfo().video;
+        frames.push_back(video ? std::optional<Frame>(video->frame) : std::nullopt);
+    }
+    return frames;
+}
+
+std::string textOf(const Frame& frame) {
+    return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
+}
+
+/// The first pictures decide the frame: larger ones behind them lose by it. Empty where none do.
+std::string noteOnSmallFirst(const std::vector<std::optional<Frame>>& frames, const std::vector<Kestra::ioPath>& paths,
+                             const Preset& preset) {
+    std::optional<Frame> first, largest;
+    std::vector<std::string> scaled;
+    for (std::size_t at = 0; at < frames.size(); ++at) {
+        if (!frames[at])
+            continue;
+        first = first ? first : frames[at];
+        if (!isLarger(*frames[at], *first))
+            continue;
+        const std::string name = '"' + paths[at].ToUtf8() + '"';
+        if (std::find(scaled.begin(), scaled.end(), name) == scaled.end())
+            scaled.push_back(name);
+        if (isWithinLimits(frames[at]->width, frames[at]->height, preset) &&
+            (!largest || isLarger(*frames[at], *largest)))
+            largest = frames[at];
+    }
+    if (scaled.empty() || !isWithinLimits(first->width + 1, first->height + 1, preset))
+        return {};
+    const std::string more = scaled.size() == 1 ? " is" : " and " + std::to_string(scaled.size() - 1) + " more are";
+    return scaled.front() + more + " scaled down to the size of the first pictures, " + textOf(*first) +
+           "; --set size=" + (largest ? textOf(*largest) : "WxH") + " chooses another";
+}
 
 InputProgramme::File fileOf(const Preset& preset) {
     return {preset.containerId(), preset.hasVideo(), preset.hasAudio()};
@@ -119,9 +208,13 @@ void InputOpening::openFiles(Opened& opened, const std::vector<Kestra::ioPath>& 
     if (request.tracks.sound == TrackOptions::Sound::All && preset->hasAudio())
         opened.sequence =
             AllSounds::of(opened.sequence, paths, preset->containerId(), interrupted, request.mediaLimits);
+    if (preset->hasVideo() && !preset->hasFixedResolution() && request.tracks.picture && !isSizeGiven(request))
+        if (std::string note = noteOnSmallFirst(framesOf(opened.sequence, paths, interrupted), paths, *preset);
+            !note.empty())
+            opened.notes.push_back(std::move(note));
     InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(*preset), interrupted);
     opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>(std::move(told.programme));
-    opened.notes = std::move(told.notes);
+    opened.notes.insert(opened.notes.end(), told.notes.begin(), told.notes.end());
 }
 
 namespace {
@@ -130,7 +223,7 @@ const char* const PLACE_OF_MISSING =
     "what is missing is black, or what lies on lower tracks where there is something, and silent";
 
 /// All that stands in the way, as far as a line holds it.
-std::string refusalOf(const std::string& path, const TimelineOpening& timeline) {
+Refusal refusalOf(const std::string& path, const TimelineOpening& timeline) {
     constexpr std::size_t MOST = 5;
     std::vector<std::string> reasons;
     for (const Timeline::Finding& finding : timeline.reading.findings)
@@ -142,7 +235,8 @@ std::string refusalOf(const std::string& path, const TimelineOpening& timeline) 
     if (reasons.size() > MOST)
         text += "; and " + std::to_string(reasons.size() - MOST) + " more (validate tells them all)";
     const bool onlyMissing = timeline.reading.document && !timeline.reading.has(Timeline::Finding::Kind::Error);
-    return onlyMissing ? text + ". With --missing black " + PLACE_OF_MISSING : text;
+    return onlyMissing ? Refusal(text + ". With --missing black " + PLACE_OF_MISSING, Refusal::Code::SourceNotFound)
+                       : Refusal(text, Refusal::Code::SourceUnreadable);
 }
 
 } // namespace
@@ -156,7 +250,7 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
                              "\": a timeline names its sound itself; --audio none leaves it out"));
     const TimelineOpening timeline = TimelineOpening::read(path, request.timelines, request.mediaLimits, &interrupted);
     if (!timeline.isFit())
-        KESTRA_THROW(Refusal(refusalOf(path, timeline)));
+        KESTRA_THROW(refusalOf(path, timeline));
     RequestCheck::outputIsNoneOf(timeline.reading.named, request, preset);
     opened.sequence = timeline.sequence(&interrupted);
     if (request.tracks.sound == TrackOptions::Sound::All)

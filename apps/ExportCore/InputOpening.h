@@ -20,6 +20,8 @@ public:
     InputOpening(const ExportRequest& request, const Preset& preset, QObject* parent = nullptr);
     /// The inputs alone: nothing is asked of an output yet.
     explicit InputOpening(const ExportRequest& request, QObject* parent = nullptr);
+    /// Of a request that is refused anyway: looks what else is wrong, and tells it with that.
+    InputOpening(const ExportRequest& request, const std::string& refusal, QObject* parent = nullptr);
 
     /// After finished() without an error.
     const Render::Sequence& sequence() const { return opened->sequence; }
@@ -38,6 +40,8 @@ private:
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 
+    InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request, const std::string& refusal,
+                 QObject* parent);
     /// Without a preset there is no output yet.
     InputOpening(const std::shared_ptr<Opened>& opened, const ExportRequest& request,
                  const std::optional<Preset>& preset, QObject* parent);
@@ -47,6 +51,9 @@ private:
                              const std::atomic<bool>& interrupted);
     static void openFiles(Opened& opened, const std::vector<Kestra::ioPath>& paths, const ExportRequest& request,
                           const std::optional<Preset>& preset, const std::atomic<bool>& interrupted);
+    /// Throws Refusal.
+    static void lookWhatElseIsWrong(Opened& opened, const ExportRequest& request, const std::string& refusal,
+                                    const std::atomic<bool>& interrupted);
     static void open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                      const std::atomic<bool>& interrupted);
 

@@ -145,13 +145,30 @@ public:
         if (shortened)
             result.notes.emplace_back("Titles of chapters are cut off: the file has no place for such long ones");
         result.programme.subtitles = subtitles.take(file.container, options.metadata, result.notes);
-        for (const Source& source : sources)
+        if (restarts)
+            sources.front()->Note("its time code is the file's, which runs on where this medium comes again");
+        for (const Source& source : sources) {
+            noteWhatIsMade(*source);
             if (const std::string left = lefts[source.get()].of(source->GetInfo().contents); !left.empty())
                 source->Note(left);
+        }
         return result;
     }
 
 private:
+    /// Where others have it: that none has is said of the whole. Of a still everybody knows that it has no sound.
+    void noteWhatIsMade(Kestra::Proc::IMediaSource& source) const {
+        const auto anyHas = [this](auto MediaInfo::*track) {
+            return std::any_of(sources.begin(), sources.end(),
+                               [track](const Source& one) { return (one->GetInfo().*track).has_value(); });
+        };
+        const MediaInfo& info = source.GetInfo();
+        if (file.picture && !info.video && anyHas(&MediaInfo::video))
+            source.Note("has no picture: what is shown there is black");
+        if (file.sound && !info.audio && !(info.video && info.video->stillPicture) && anyHas(&MediaInfo::audio))
+            source.Note("has no sound: what is heard there is silence");
+    }
+
     void nameSounds(InputProgramme& result) const {
         ProgrammeInfo::TrackName& first = result.programme.sound;
         first = sound.in(file.container, "The sound's", result.notes);
@@ -207,8 +224,10 @@ private:
                 left.lostTags.insert(tag.first);
     }
 
-    /// The first medium's is that of the whole; those of others are nothing new where they go on with it.
+    /// The first medium's is that of the whole; those of others are nothing new where they go on with it. Its own,
+    /// where it comes again, never goes on with itself.
     void addTimecode(const MediaInfo& info, LeftOut& left, std::int64_t at) {
+        restarts = restarts || (info.timecode && &info == timed);
         if (!info.timecode || &info == timed)
             return;
         const std::int64_t start = *info.timecode - (info.video ? info.video->start : 0);
@@ -248,6 +267,7 @@ private:
     const MediaInfo* timed = nullptr; ///< whose time code is the file's
     bool isFirst = true;
     bool shortened = false; ///< the title of a chapter
+    bool restarts = false;  ///< the time code that is the file's, where its medium comes again
 };
 
 } // namespace

@@ -2,11 +2,12 @@
 // ExportCore::LeftoverSweep: removes what dead runs left behind.
 #pragma once
 
+#include "ExportCoreExport.h"
 #include <QByteArray>
 
 namespace ExportCore {
 
-struct LeftoverSweep {
+struct EXPORTCORE_EXPORT LeftoverSweep {
     /// Removes the private files in the folder whose writer is dead: what carries the mark of PrivateName, is a regular
     /// file and locked by nobody. Likewise private folders of pictures; a PictureSwap that a dead run had begun is
     /// brought to an end first. Whatever is in doubt stays; never fails. Returns how many went.

@@ -11,6 +11,8 @@ namespace ExportCore {
 namespace {
 
 constexpr double MOST_DB = 36;
+constexpr double NOT_HEARD = 0.05; // dB
+constexpr double TOLERANCE = 0.5;  // LU
 
 double decibels(double factor) {
     return 20 * std::log10(factor);
@@ -45,8 +47,13 @@ LoudnessGain LoudnessGain::to(double targetLufs, const Kestra::Proc::Loudness& l
     if (change != wanted)
         gain.note += ", not by the " + inWords(std::abs(wanted)) + " dB to " + inWords(targetLufs) + " LUFS";
     const double above = decibels(loudness.truePeak * gain.factor / CEILING);
-    if (loudness.truePeak > 0 && above > 0.05)
-        gain.note += "; its peaks are turned down, by " + inWords(above) + " dB at most";
+    if (loudness.truePeak <= 0 || above <= NOT_HEARD)
+        return gain;
+    gain.note += "; its peaks are turned down, by " + inWords(above) + " dB at most";
+    // How much of its loudness lies in its peaks only another pass over all of it could tell.
+    if (above > TOLERANCE)
+        gain.note +=
+            ", so that it may stay below " + inWords(targetLufs) + " LUFS, by " + inWords(above) + " LU at worst";
     return gain;
 }
 

@@ -69,13 +69,21 @@ void NearNames::refuseUnknown(const char* what, const std::string& name, const s
 
 void NearNames::refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
                                     const std::vector<std::string>& tags, Kestra::SourcePlace place) {
-    const std::vector<std::string> near = find(name, tags, 1);
-    if (near.empty() && find(name, known).empty())
-        Kestra::ThrowFrom(Refusal("There is no preset \"" + name + "\"; presets lists those there are"), place);
-    if (near.empty() || !find(name, known).empty())
+    const auto refused = [&name](const std::string& more) {
+        return Refusal("There is no preset \"" + name + '"' + more);
+    };
+    const auto same =
+        std::find_if(tags.begin(), tags.end(), [&](const std::string& tag) { return lowered(tag) == lowered(name); });
+    if (same != tags.end())
+        Kestra::ThrowFrom(refused(*same == name ? "; that is a tag: presets --tag " + name + " lists its presets"
+                                                : "; did you mean the tag " + *same + '?'),
+                          place);
+    if (!find(name, known).empty())
         refuseUnknown("preset", name, known, place);
-    Kestra::ThrowFrom(Refusal("There is no preset \"" + name + "\"; presets --tag " + near.front() +
-                              " lists those of the tag " + near.front()),
+    const std::vector<std::string> near = find(name, tags);
+    Kestra::ThrowFrom(refused(near.empty() ? "; presets lists those there are"
+                                           : "; did you mean the tag " + NameList::joined(near, " or ") +
+                                                 "? (presets --tag " + near.front() + " lists its presets)"),
                       place);
 }
 

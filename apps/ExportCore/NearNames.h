@@ -25,8 +25,8 @@ struct EXPORTCORE_EXPORT NearNames {
     [[noreturn]] static void refuseUnknown(const char* what, const std::string& name,
                                            const std::vector<std::string>& known,
                                            Kestra::SourcePlace place = Kestra::SourcePlace::Here());
-    /// The same of a preset, but for all names, which are many. Where no other is near, but one of the tags that
-    /// presets are listed by, it is proposed.
+    /// The same of a preset, but for all names, which are many. A tag that presets are listed by is told to be one;
+    /// where no preset is near, those tags are proposed that are.
     [[noreturn]] static void refuseUnknownPreset(const std::string& name, const std::vector<std::string>& known,
                                                  const std::vector<std::string>& tags,
                                                  Kestra::SourcePlace place = Kestra::SourcePlace::Here());

@@ -64,6 +64,19 @@ std::optional<Preset> nearest(const Preset& preset, const Condition& suits) {
     return found;
 }
 
+/// A few of its kind: with the same container where there are pictures, else of sound alone.
+std::string some(const PresetCatalogue& catalogue, const Preset& preset, const Condition& suits) {
+    constexpr std::size_t MOST = 3;
+    std::vector<std::string> ids;
+    for (const std::string& id : catalogue.ids()) {
+        const Preset other = catalogue.preset(id);
+        const bool isOfItsKind = preset.hasVideo() ? other.containerId() == preset.containerId() : !other.hasVideo();
+        if (ids.size() < MOST && isOfItsKind && suits(other))
+            ids.push_back(id);
+    }
+    return NameList::joined(ids, " or ");
+}
+
 std::string clause(const std::optional<Preset>& preset, const std::string& words) {
     return preset ? "; \"" + preset->id() + "\" " + words : std::string();
 }
@@ -90,18 +103,19 @@ std::string OtherPresets::withSound(const Preset& preset) {
 }
 
 std::string OtherPresets::choosingBitrate(const Preset& preset, bool ofPicture) {
-    constexpr std::size_t MOST = 3;
-    const auto suits = [&](const Preset& other) {
-        const bool isOfItsKind = preset.hasVideo() ? other.containerId() == preset.containerId() : !other.hasVideo();
-        const bool has = ofPicture ? other.hasVideo() : other.hasAudio();
-        return isOfItsKind && has && CodecLimits::HasBitrate(ofPicture ? other.videoCodec() : other.audioCodec());
-    };
     const PresetCatalogue catalogue;
-    std::vector<std::string> ids;
-    for (const std::string& id : catalogue.ids())
-        if (ids.size() < MOST && suits(catalogue.preset(id)))
-            ids.push_back(id);
-    return ids.empty() ? std::string() : "; presets that do: " + NameList::joined(ids, " or ");
+    const std::string ids = some(catalogue, preset, [ofPicture](const Preset& other) {
+        const bool has = ofPicture ? other.hasVideo() : other.hasAudio();
+        return has && CodecLimits::HasBitrate(ofPicture ? other.videoCodec() : other.audioCodec());
+    });
+    return ids.empty() ? ids : "; presets that do: " + ids;
+}
+
+std::string OtherPresets::withQualities(const Preset& preset) {
+    const PresetCatalogue catalogue;
+    const auto suits = [&](const Preset& other) { return !catalogue.qualitiesOf(other.id()).empty(); };
+    const std::string ids = some(catalogue, preset, suits);
+    return ids.empty() ? ids : "; presets that have some: " + ids;
 }
 
 std::string OtherPresets::qualitiesOf(const Preset& preset) {

@@ -19,6 +19,8 @@ struct OtherPresets {
     static std::string withSound(const Preset& preset);
     /// Those that let the bitrate be chosen: with the same container where there are pictures, else of sound alone.
     static std::string choosingBitrate(const Preset& preset, bool ofPicture);
+    /// Those that have qualities: with the same container where there are pictures, else of sound alone.
+    static std::string withQualities(const Preset& preset);
     /// The qualities of the preset itself, which choose for its pictures what no number does.
     static std::string qualitiesOf(const Preset& preset);
 

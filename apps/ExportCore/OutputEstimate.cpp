@@ -22,6 +22,7 @@ using Kestra::Conf::CodecID;
 struct Rate {
     double bitsPerSecond = 0;
     bool rough = false;
+    bool exact = false;
 };
 
 /// The default bitrate belongs to `reference`. On a quantiser's scale bits fall as the number grows; elsewhere every
@@ -48,10 +49,19 @@ constexpr ProfileShare PROFILE_SHARES[] = {
     {CodecID::ProRes, "proxy", 0.31},    {CodecID::ProRes, "lt", 0.70},       {CodecID::ProRes, "standard", 1.0},
     {CodecID::ProRes, "hq", 1.5},        {CodecID::ProRes, "4444", 2.25},     {CodecID::ProRes, "4444xq", 3.4},
     {CodecID::DNxHD, "dnxhr_lb", 0.31},  {CodecID::DNxHD, "dnxhr_sq", 1.0},   {CodecID::DNxHD, "dnxhr_hq", 1.51},
-    {CodecID::DNxHD, "dnxhr_hqx", 1.51}, {CodecID::DNxHD, "dnxhr_444", 3.03},
+    {CodecID::DNxHD, "dnxhr_hqx", 1.51}, {CodecID::DNxHD, "dnxhr_444", 3.03}, {CodecID::WebP, "lossless", 8.2},
 };
 
+/// On libwebp's scale the upper quarter is as long as the rest.
+double factorOfWebP(double quality) {
+    constexpr double BEND = 75, HIGHEST = 100, EIGHTFOLD = 3;
+    const double place = quality < BEND ? quality / BEND / 2 : (quality - BEND) / (HIGHEST - BEND) / 2 + 0.5;
+    return std::exp2(EIGHTFOLD * (place - 0.5));
+}
+
 double factorOfQuality(CodecID codec, double quality) {
+    if (codec == CodecID::WebP && quality > 0)
+        return factorOfWebP(quality);
     for (const QualityScale& scale : QUALITY_SCALES)
         if (scale.codec == codec && quality > 0)
             return scale.halving > 0 ? std::exp2((scale.reference - quality) / scale.halving)
@@ -69,8 +79,9 @@ double shareOfProfile(CodecID codec, const std::string& profile) {
 /// With what the codec is asked for where no bitrate is.
 double factorOf(const Preset& preset) {
     const CodecID codec = preset.videoCodec();
-    return Kestra::ClientAPI::CodecLimits::HasBitrate(codec) ? factorOfQuality(codec, preset.videoQuality())
-                                                             : shareOfProfile(codec, preset.videoProfile());
+    return preset.videoProfile().empty() || Kestra::ClientAPI::CodecLimits::HasBitrate(codec)
+               ? factorOfQuality(codec, preset.videoQuality())
+               : shareOfProfile(codec, preset.videoProfile());
 }
 
 Rate rateOf(const Export::PresetProvider& provider, const Media::Video& video) {
@@ -89,11 +100,15 @@ int sampleRateOf(const Preset& preset, const Media::Audio& audio) {
     return rate > 0 ? rate : USUAL;
 }
 
-/// A channel's, without compression.
+bool isFloatingPoint(const Media::Audio& audio) {
+    return std::string(Kestra::Conf::SampleFmtRecord::Find(audio.sampleFormat)->name).find_first_of("fd") == 0;
+}
+
+/// A channel's, without compression. Floating point is mostly what was coded with loss, which has no bits of its own.
 double bitsOfSamples(const Preset& preset, const Media::Audio& audio) {
     constexpr int WORD = 16, LONG_WORD = 24, BITS_OF_BYTE = 8;
     const int source = Kestra::Conf::SampleFmtRecord::Find(audio.sampleFormat)->bytesPerSample * BITS_OF_BYTE;
-    const int known = source > 0 ? source : WORD;
+    const int known = source > 0 && !isFloatingPoint(audio) ? source : WORD;
     switch (preset.audioCodec()) {
     case CodecID::PCM_S16LE:
         return WORD;
@@ -110,14 +125,16 @@ Rate rateOf(const Export::PresetProvider& provider, const Media::Audio& audio) {
     constexpr int USUAL_CHANNELS = 2;
     constexpr double SHARE_WITHOUT_LOSS = 0.6;
     const Preset preset = provider.preset();
-    const Kestra::Conf::AudioCodec* const codec = Kestra::Conf::Codec::FindAudio(preset.audioCodec());
-    if (!codec || !codec->lossless)
-        return {static_cast<double>(provider.bitrate(&audio).maximum), false};
+    const CodecID id = preset.audioCodec();
+    const Kestra::Conf::AudioCodec* const codec = Kestra::Conf::Codec::FindAudio(id);
+    if (!codec || !codec->lossless) // Vorbis takes a bitrate for a quality
+        return {static_cast<double>(provider.bitrate(&audio).maximum), id == CodecID::Vorbis};
     const int layout =
         Kestra::Conf::CountChannels(preset.channelLayout() != 0 ? preset.channelLayout() : audio.channelLayout);
     const double samples = static_cast<double>(sampleRateOf(preset, audio)) * (layout > 0 ? layout : USUAL_CHANNELS);
-    const bool packs = preset.audioCodec() == CodecID::FLAC || preset.audioCodec() == CodecID::ALAC;
-    return {samples * bitsOfSamples(preset, audio) * (packs ? SHARE_WITHOUT_LOSS : 1), packs};
+    const bool packs = id == CodecID::FLAC || id == CodecID::ALAC;
+    const bool rough = packs || (id == CodecID::PCM && isFloatingPoint(audio));
+    return {samples * bitsOfSamples(preset, audio) * (packs ? SHARE_WITHOUT_LOSS : 1), rough, !rough};
 }
 
 qint64 bytesOf(const Rate& rate, KTime duration) {
@@ -149,6 +166,7 @@ OutputEstimate OutputEstimate::of(const Export::PresetProvider& provider, const 
         const Rate rate = rateOf(provider, *audio);
         estimate.audioBytes = sounds * bytesOf(rate, estimate.duration);
         estimate.rough = estimate.rough || rate.rough;
+        estimate.exact = rate.exact && estimate.videoBytes == 0;
     }
     estimate.sizeBytes = estimate.videoBytes + estimate.audioBytes + overheadOf(estimate, sounds);
     return estimate;

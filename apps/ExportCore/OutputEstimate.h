@@ -27,9 +27,11 @@ struct EXPORTCORE_EXPORT OutputEstimate {
     qint64 videoBytes = 0; ///< 0 without picture
     qint64 audioBytes = 0; ///< 0 without sound
     qint64 sizeBytes = 0;  ///< of the whole file
-    /// No bitrate was ordered, so that the material decides: the size may well be half of that, or twice as much. Else
-    /// it is met within what encoders keep to, some percent, and undershot by material that needs less.
+    /// The material decides, as no bitrate was ordered: the size may well be half of that, or twice as much. Else it is
+    /// met within what encoders keep to, some percent, and undershot, even by far, by material that needs less.
     bool rough = false;
+    /// Nothing is compressed: but for what the container tells of itself it is that size.
+    bool exact = false;
 };
 
 } // namespace ExportCore

@@ -43,6 +43,7 @@ OutputRemoval::~OutputRemoval() {
 }
 
 void OutputRemoval::start(std::shared_ptr<IOutputTransaction> output) {
+    running = true;
     left = output;
     held->output = std::move(output);
     try {
@@ -63,12 +64,14 @@ bool OutputRemoval::isCommitted() const {
 
 void OutputRemoval::onDone() {
     patience.stop();
+    running = false;
     Q_EMIT ended();
 }
 
 void OutputRemoval::onPatienceLost() {
     leaveWhatHangs();
     hangs = !held->ended;
+    running = false;
     Q_EMIT ended();
 }
 

@@ -19,6 +19,8 @@ public:
     /// Once; takes the output over. ended() comes from the event loop. Where no thread is to be had, or no memory for
     /// one, the output is let go of here, and ended() comes before this returns.
     void start(std::shared_ptr<IOutputTransaction> output);
+    /// Started, and its end has not been told.
+    bool isRunning() const { return running; }
     /// After ended(): whether what was made stands at its place. False when that is not known.
     bool isCommitted() const;
     /// After ended(): whether the folder did not answer.
@@ -42,6 +44,7 @@ private:
     std::weak_ptr<IOutputTransaction> left;
     std::unique_ptr<BackgroundTask> task; ///< null once its thread was left
     QTimer patience;
+    bool running = false;
     bool hangs = false;
 };
 

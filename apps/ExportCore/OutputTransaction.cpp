@@ -116,9 +116,9 @@ void OutputTransaction::requireNotForbidden() const {
 
 void OutputTransaction::takeOverAccess() const {
     // Only root may give files away; for everybody else the new file stays their own.
-    if (fchown(file, target.owner, target.group) != 0 && errno != EPERM)
+    if (fchown(file, target.owner, target.group) != 0 && !FolderSteps::isBeyond(errno))
         fail(errno, "Cannot give " + quoted(target.path) + " its owner");
-    if (fchmod(file, target.mode) != 0 && errno != EPERM)
+    if (fchmod(file, target.mode) != 0 && !FolderSteps::isBeyond(errno))
         fail(errno, "Cannot give " + quoted(target.path) + " its permissions");
 }
 

@@ -3,6 +3,7 @@
 
 #include "Branding/OutroLength.h"
 #include "ExportCore/NameList.h"
+#include "ExportCore/NearNames.h"
 #include "ExportCore/Refusal.h"
 #include <QDir>
 #include <QFileInfo>
@@ -41,7 +42,8 @@ void OutroPictures::require(const QString& name) {
         return;
     const std::vector<std::string> known = names();
     if (std::find(known.begin(), known.end(), name.toStdString()) == known.end())
-        KESTRA_THROW(Refusal("There is no outro \"" + name.toStdString() + "\"; " + listed(known)));
+        KESTRA_THROW(Refusal("There is no outro \"" + name.toStdString() + "\"; " + listed(known) +
+                             NearNames::question(name.toStdString(), known)));
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         KESTRA_THROW(Refusal("An outro needs an application that can show pictures"));
     // What the module could not read it would leave out without a word.

@@ -3,6 +3,7 @@
 #include "ExportCore/SettingKey.h"
 
 #include "Export/PresetProvider.h"
+#include "ExportCore/NearNames.h"
 #include "ExportCore/OtherPresets.h"
 #include "ExportCore/SettingText.h"
 #include "ExportCore/SizeLimit.h"
@@ -129,13 +130,14 @@ void editSize(const PresetSettings& settings, const Media::Video& video, Preset&
 }
 
 void readFrameRate(const SettingEntry& entry, PresetSettings& settings) {
-    if (entry.value == "source") {
+    if (SettingText::lowered(entry.value) == "source") {
         settings.frameRate = Kestra::Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE;
         return;
     }
     const auto rate = SettingText::frameRate(entry.value);
     if (!rate)
-        entry.refuse("write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source");
+        entry.refuse("write frames a second, as 25, 29.97 or 30000/1001, film, pal, ntsc, ntsc-film or source" +
+                     NearNames::question(entry.value, {"film", "pal", "ntsc", "ntsc-film", "source"}));
     if (*rate < 1 || *rate > HIGHEST_FRAME_RATE)
         entry.refuse("frame rates go from 1 to " + std::to_string(HIGHEST_FRAME_RATE));
     settings.frameRate = *rate;
@@ -161,7 +163,10 @@ std::string nearestRate(Kestra::Conf::CodecID codec, const Rate& rate) {
     std::vector<Rate> rates = commonRates();
     const auto isRefused = [codec](const Rate& one) { return !CodecLimits::TakesFrameRate(codec, one); };
     rates.erase(std::remove_if(rates.begin(), rates.end(), isRefused), rates.end());
-    const auto isNearer = [&rate](const Rate& a, const Rate& b) { return abs(a - rate) < abs(b - rate); };
+    const auto distance = [wanted = boost::rational_cast<double>(rate)](const Rate& one) {
+        return std::abs(boost::rational_cast<double>(one) - wanted);
+    };
+    const auto isNearer = [&distance](const Rate& a, const Rate& b) { return distance(a) < distance(b); };
     const auto nearest = std::min_element(rates.begin(), rates.end(), isNearer);
     return nearest == rates.end() ? std::string() : "; the nearest that it takes is " + rateText(*nearest);
 }
@@ -215,13 +220,14 @@ void requireQuality(const PresetSettings& settings, const Preset& preset) {
     const auto range = CodecLimits::VideoQuality(preset.videoCodec());
     const std::string codec = CodecIDToString(preset.videoCodec());
     const std::string what = "quality to " + QString::number(quality).toStdString();
-    if (range.worst == 0)
+    if (!range.Exists())
         SettingKey::refuse("quality", codec + " has no scale of qualities" + OtherPresets::qualitiesOf(preset));
     if (preset.isVideoTwoPassEncodingEnabled() && preset.videoBitrateMode() != Export::BitrateMode::Quality)
         SettingKey::refuse("quality", quoted(preset) + " encodes in two passes, which aim at a bitrate" +
                                           OtherPresets::encodingIn(1, preset));
-    if (quality < range.best || quality > range.worst)
-        SettingKey::refuse(what, codec + " takes " + std::to_string(range.best) + " to " + std::to_string(range.worst));
+    if (!range.Holds(quality))
+        SettingKey::refuse(what, codec + " takes " + std::to_string(std::min(range.best, range.worst)) + " to " +
+                                     std::to_string(std::max(range.best, range.worst)));
     if (!range.fractions && std::trunc(quality) != quality)
         SettingKey::refuse(what, codec + " takes whole numbers");
 }
@@ -279,7 +285,8 @@ std::vector<SettingKey> SettingKey::ofPicture() {
          ExportCore::requireBitrate,
          editBitrate,
          requireBitrateInside},
-        {{"quality", "NUMBER", "constant quality on the codec's scale (CRF), lower is better", true},
+        {{"quality", "NUMBER",
+          "constant quality on the codec's scale (CRF), lower is better; of webp 1 to 100, higher is better", true},
          readQuality,
          requireQuality,
          editQuality,

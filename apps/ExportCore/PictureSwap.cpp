@@ -77,7 +77,7 @@ int PictureSwap::takeOverAccess(const char* old) const {
         return errno;
     // Only root may give files away; for everybody else the new file stays their own. One that is not made anew has no
     // successor.
-    const auto isRefused = [](int result) { return result != 0 && errno != EPERM && errno != ENOENT; };
+    const auto isRefused = [](int result) { return result != 0 && errno != ENOENT && !FolderSteps::isBeyond(errno); };
     if (isRefused(fchownat(own, old, state.st_uid, state.st_gid, AT_SYMLINK_NOFOLLOW)) ||
         isRefused(fchmodat(own, old, state.st_mode & 07777, 0)))
         return errno;

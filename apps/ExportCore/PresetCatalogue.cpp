@@ -13,6 +13,8 @@
 namespace ExportCore {
 namespace {
 
+using Kestra::ClientAPI::CodecLimits;
+
 /// Of a preset: more is better, the picture first, and then what its name promises.
 using Worth = std::tuple<double, std::int64_t, std::ptrdiff_t>;
 
@@ -22,16 +24,28 @@ std::ptrdiff_t worthOfName(const std::string& name) {
     return found == rising.end() ? -1 : found - rising.begin();
 }
 
+double worthOfQuality(const Preset& preset) {
+    const auto scale = CodecLimits::VideoQuality(preset.videoCodec());
+    return scale.best < scale.worst ? -preset.videoQuality() : preset.videoQuality();
+}
+
+/// They are listed from least to most.
+double worthOfProfile(const Preset& preset) {
+    constexpr double ANY_QUALITY = 1000;
+    const std::vector<std::string> profiles = CodecLimits::Profiles(preset.videoCodec());
+    const std::string profile = preset.videoProfile();
+    const auto place = static_cast<double>(std::find(profiles.begin(), profiles.end(), profile) - profiles.begin());
+    if (!CodecLimits::VideoQuality(preset.videoCodec()).Exists())
+        return place;
+    return (profile.empty() ? 0 : place * ANY_QUALITY) + worthOfQuality(preset);
+}
+
 double worthOfPicture(const Preset& preset) {
-    using Kestra::ClientAPI::CodecLimits;
-    if (!CodecLimits::HasBitrate(preset.videoCodec())) { // its profile decides; they are listed from least to most
-        const std::vector<std::string> profiles = CodecLimits::Profiles(preset.videoCodec());
-        return static_cast<double>(std::find(profiles.begin(), profiles.end(), preset.videoProfile()) -
-                                   profiles.begin());
-    }
+    if (!CodecLimits::HasBitrate(preset.videoCodec()))
+        return worthOfProfile(preset);
     switch (preset.videoBitrateMode()) {
     case Export::BitrateMode::Quality:
-        return -preset.videoQuality(); // less is better on the codecs' scales
+        return worthOfQuality(preset);
     case Export::BitrateMode::Variable:
         return static_cast<double>(preset.videoBitrateBps());
     case Export::BitrateMode::Constant:
@@ -86,10 +100,12 @@ std::string PresetCatalogue::defaultOf(const std::string& tag) const {
 std::vector<std::string> PresetCatalogue::qualitiesOf(const std::string& id) const {
     const std::set<std::string> names = storage.qualityModifierTags(id);
     std::vector<std::pair<Worth, std::string>> byWorth;
+    byWorth.reserve(names.size());
     for (const std::string& name : names)
         byWorth.emplace_back(worthOf(withQuality(id, name), name), name);
     std::stable_sort(byWorth.begin(), byWorth.end(), [](const auto& a, const auto& b) { return a.first > b.first; });
     std::vector<std::string> sorted;
+    sorted.reserve(byWorth.size());
     for (auto& [worth, name] : byWorth)
         sorted.push_back(std::move(name));
     return sorted;

@@ -7,6 +7,7 @@
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include <QFileInfo>
 #include <algorithm>
 #include <vector>
 
@@ -53,6 +54,11 @@ std::string extensionsOf(const PresetCatalogue& catalogue) {
     return NameList::joined(all, " or ");
 }
 
+/// Also one that is to be.
+bool isFolder(const QString& path) {
+    return path.endsWith(QLatin1Char('/')) || QFileInfo(path).isDir();
+}
+
 } // namespace
 
 PresetChoice PresetChoice::of(const std::string& wanted, const QString& outputPath, const PresetCatalogue& catalogue) {
@@ -64,6 +70,9 @@ PresetChoice PresetChoice::of(const std::string& wanted, const QString& outputPa
     if (!wanted.empty())
         NearNames::refuseUnknownPreset(wanted, catalogue.ids(), catalogue.tags());
     const std::string ask = "; name a preset (-p ID, see presets)";
+    if (extension.empty() && isFolder(outputPath))
+        KESTRA_THROW(Refusal("\"" + outputPath.toStdString() +
+                             "\" is a folder: name a file in it, or a preset that makes pictures (-p png-sequence)"));
     if (extension.empty())
         KESTRA_THROW(Refusal("\"" + outputPath.toStdString() + "\" has no extension that would tell its kind" + ask));
     for (const std::string& id : candidates(extension, catalogue))

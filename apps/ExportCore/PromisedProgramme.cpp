@@ -3,6 +3,7 @@
 
 #include "ExportCore/TimeText.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/Language.h"
 #include "Types/Time.h"
 #include <algorithm>
@@ -91,6 +92,8 @@ std::string subtitleFault(const PromisedProgramme& promise, const CheckedFile& f
                    std::to_string(held.cues.size());
         if (!held.language.empty() && !Language::AreSame(track.language, held.language))
             return "its subtitles are not told to be in the language " + held.language;
+        if (track.forced != held.forced)
+            return std::string("its subtitles are ") + (held.forced ? "not " : "") + "told to be forced";
     }
     return {};
 }
@@ -106,6 +109,21 @@ std::string languageFault(const CheckedFile& file, CheckedStream::Kind kind,
     return {};
 }
 
+/// Players begin with those that are marked: the picture, and of the sounds those that are to be, or the first.
+std::string defaultFault(const CheckedFile& file, std::vector<ProgrammeInfo::TrackName> sounds) {
+    const auto pictures = streamsOf(file, CheckedStream::Kind::Video);
+    if (!pictures.empty() && !pictures.front()->isDefault)
+        return "its pictures are not marked as what players begin with";
+    const auto isDefault = [](const ProgrammeInfo::TrackName& name) { return name.isDefault; };
+    sounds.front().isDefault = sounds.front().isDefault || std::none_of(sounds.begin(), sounds.end(), isDefault);
+    const auto streams = streamsOf(file, CheckedStream::Kind::Audio);
+    for (std::size_t track = 0; track < std::min(streams.size(), sounds.size()); ++track)
+        if (streams[track]->isDefault != sounds[track].isDefault)
+            return "sound track " + std::to_string(track + 1) + " is " + (sounds[track].isDefault ? "not " : "") +
+                   "marked as what players begin with";
+    return {};
+}
+
 std::vector<ProgrammeInfo::TrackName> soundsOf(const ProgrammeInfo& programme) {
     std::vector<ProgrammeInfo::TrackName> names{programme.sound};
     names.insert(names.end(), programme.furtherSounds.begin(), programme.furtherSounds.end());
@@ -113,6 +131,14 @@ std::vector<ProgrammeInfo::TrackName> soundsOf(const ProgrammeInfo& programme) {
 }
 
 } // namespace
+
+void PromisedProgramme::addLeadingChapter() {
+    using Kestra::Conf::Container;
+    std::vector<Chapter>& chapters = programme.chapters;
+    const Container* const found = Container::Find(container);
+    if (found && found->family == Container::Family::Mov && !chapters.empty() && chapters.front().start > 0)
+        chapters.insert(chapters.begin(), {0, chapters.front().start, {}});
+}
 
 std::string PromisedProgramme::faultOf(const CheckedFile& file) const {
     std::string fault;
@@ -128,6 +154,8 @@ std::string PromisedProgramme::faultOf(const CheckedFile& file) const {
         look([&] { return chapterFault(*this, file.programme.chapters); });
     look([&] { return languageFault(file, CheckedStream::Kind::Video, {programme.picture}); });
     look([&] { return languageFault(file, CheckedStream::Kind::Audio, soundsOf(programme)); });
+    if (holds(ProgrammeField::FurtherSounds))
+        look([&] { return defaultFault(file, soundsOf(programme)); });
     const bool hasPictures = !streamsOf(file, CheckedStream::Kind::Video).empty();
     if (!programme.cover.bytes.empty() && !hasPictures && holds(ProgrammeField::Cover) &&
         streamsOf(file, CheckedStream::Kind::Cover).empty())

@@ -16,6 +16,8 @@ struct PromisedProgramme {
     std::int64_t length = 0;               ///< what begins at the very end, or behind it, may be missing
     std::int64_t tolerance = 0;            ///< of the time at which a chapter begins
 
+    /// What lies before the first chapter is one without a title where the container's chapters know lengths only.
+    void addLeadingChapter();
     /// Empty, or what the file lacks: "it has no chapter at 00:00:05.000".
     std::string faultOf(const Kestra::Proc::CheckedFile& file) const;
 };

@@ -7,6 +7,9 @@
 #include "ExportCore/NearNames.h"
 #include "ExportCore/OtherPresets.h"
 #include "ExportCore/OutputExtension.h"
+#include "ExportCore/PathBytes.h"
+#include "ExportCore/PathLook.h"
+#include "ExportCore/PlainText.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/SequenceName.h"
@@ -17,12 +20,7 @@
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include <algorithm>
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <memory>
 #include <optional>
 #include <set>
 #include <sys/stat.h>
@@ -32,7 +30,6 @@
 namespace ExportCore {
 namespace {
 
-namespace fs = std::filesystem;
 using Kestra::ClientAPI::CodecLimits;
 using Kestra::ClientAPI::ContainerLimits;
 
@@ -42,60 +39,21 @@ std::string whyNot(const QByteArray& path) {
     return std::strerror(error) + (error == ENOENT ? NearFiles::question(path) : std::string());
 }
 
-[[noreturn]] void refuse(const std::string& what, Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
-    Kestra::ThrowFrom(Refusal(what), place);
+using Code = Refusal::Code;
+using namespace PathLook;
+
+[[noreturn]] void refuse(const std::string& what, Code code = Code::InvalidArgument,
+                         Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
+    Kestra::ThrowFrom(Refusal(what, code), place);
+}
+
+/// Of the last look at an input that failed.
+Code codeOfMissing() {
+    return errno == ENOENT || errno == ENOTDIR ? Code::SourceNotFound : Code::SourceUnreadable;
 }
 
 std::string quoted(const QByteArray& path) {
     return '"' + path.toStdString() + '"';
-}
-
-std::optional<struct stat> stateOf(const QByteArray& path) {
-    struct stat state = {};
-    if (::stat(path.constData(), &state) != 0)
-        return std::nullopt;
-    return state;
-}
-
-bool isSame(const QByteArray& path, const struct stat& other) {
-    const auto state = stateOf(path);
-    return state && state->st_dev == other.st_dev && state->st_ino == other.st_ino;
-}
-
-/// Whether such a file is the medium, or one of the pictures that it consists of.
-bool isOf(const Timeline::MediaTarget& medium, const struct stat& file) {
-    if (const auto* single = std::get_if<Timeline::MediaFile>(&medium))
-        return isSame(QByteArray::fromStdString(single->path.ToUtf8()), file);
-    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&medium);
-    if (!sequence)
-        return false;
-    std::error_code error;
-    for (fs::directory_iterator entry(sequence->folder.ToUtf8(), error), none; !error && entry != none;
-         entry.increment(error))
-        if (sequence->isName(entry->path().filename().string()) &&
-            isSame(QByteArray::fromStdString(entry->path().string()), file))
-            return true;
-    return false;
-}
-
-bool allows(const QByteArray& path, int mode) {
-    return faccessat(AT_FDCWD, path.constData(), mode, AT_EACCESS) == 0;
-}
-
-/// Null for a regular file.
-const char* kindOf(mode_t mode) {
-    switch (mode & S_IFMT) {
-    case S_IFREG:
-        return nullptr;
-    case S_IFDIR:
-        return "it is a folder";
-    case S_IFIFO:
-        return "it is a pipe";
-    case S_IFSOCK:
-        return "it is a socket";
-    default:
-        return "it is a device";
-    }
 }
 
 /// How the refusal of an input ends that is no file.
@@ -103,32 +61,29 @@ const char* insteadOf(mode_t mode) {
     return S_ISDIR(mode) ? "; name the files in it" : S_ISFIFO(mode) ? "; write what comes out of it to a file" : "";
 }
 
+void requireBytesOf(const QString& path, const char* verb) {
+    if (const std::string why = PathBytes::whyNone(path); !why.empty())
+        refuse(std::string("Cannot ") + verb + " \"" + PlainText::escaped(path.toStdString()) + "\": " + why);
+}
+
 void checkInput(const QString& input) {
+    requireBytesOf(input, "read");
     const QByteArray path = input.toUtf8();
     const auto state = stateOf(path);
     if (!state && path == "-")
         refuse("Cannot read \"-\": standard input is no file, and inputs are read more than once; write it to one");
-    if (!state)
-        refuse("Cannot read " + quoted(path) + ": " + whyNot(path));
+    if (!state) {
+        const Code code = codeOfMissing();
+        refuse("Cannot read " + quoted(path) + ": " + whyNot(path), code);
+    }
     // A timeline may be a folder: who reads it tells what is wrong with it.
     const bool isTimeline = TimelineOpening::isTimeline(path.toStdString());
     if (const char* kind = kindOf(state->st_mode); kind && !(isTimeline && S_ISDIR(state->st_mode)))
-        refuse("Cannot read " + quoted(path) + ": " + kind + insteadOf(state->st_mode));
+        refuse("Cannot read " + quoted(path) + ": " + kind + insteadOf(state->st_mode), Code::SourceUnreadable);
     if (!allows(path, R_OK))
-        refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno));
+        refuse("Cannot read " + quoted(path) + ": " + std::strerror(errno), Code::SourceUnreadable);
     if (state->st_size == 0)
-        refuse("Cannot read " + quoted(path) + ": it is empty");
-}
-
-QByteArray folderOf(const QByteArray& path) {
-    const int slash = path.lastIndexOf('/');
-    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.left(slash);
-}
-
-/// The path with every link resolved; empty when it leads nowhere.
-QByteArray resolved(const QByteArray& path) {
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
-    return real ? QByteArray(real.get()) : QByteArray();
+        refuse("Cannot read " + quoted(path) + ": it is empty", Code::SourceUnreadable);
 }
 
 void checkFolder(const QByteArray& folder, const QByteArray& output) {
@@ -138,19 +93,22 @@ void checkFolder(const QByteArray& folder, const QByteArray& output) {
         const std::string reason = whyNot(folder);
         const bool asks = reason.back() == '?'; // what may have been meant
         refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + reason +
-               (isMissing && !asks ? "; make it first" : ""));
+                   (isMissing && !asks ? "; make it first" : ""),
+               Code::OutputNotWritable);
     }
     if (!S_ISDIR(state->st_mode))
-        refuse("Cannot write " + quoted(output) + ": " + quoted(folder) + " is not a folder");
+        refuse("Cannot write " + quoted(output) + ": " + quoted(folder) + " is not a folder", Code::OutputNotWritable);
     if (!allows(folder, W_OK | X_OK))
-        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno));
+        refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) + ": " + std::strerror(errno),
+               Code::OutputNotWritable);
 }
 
 /// What stands in the folder decides what goes with leave only: who cannot list it fails once everything is made.
 void requireListing(const QByteArray& folder, const QByteArray& output) {
     if (!allows(folder, R_OK))
         refuse("Cannot write " + quoted(output) + ": the folder " + quoted(folder) +
-               " may not be listed: " + std::strerror(errno));
+                   " may not be listed: " + std::strerror(errno),
+               Code::OutputNotWritable);
 }
 
 void checkStanding(const struct stat& state, const QByteArray& output, const ExportRequest& request) {
@@ -161,7 +119,7 @@ void checkStanding(const struct stat& state, const QByteArray& output, const Exp
     if (!request.overwrite)
         refuse("Cannot write " + quoted(output) + ": it exists already (--overwrite replaces it)");
     if (!allows(output, W_OK))
-        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno), Code::OutputNotWritable);
 }
 
 /// A new file's place: its folder's true path and its own name.
@@ -204,7 +162,7 @@ bool isAmong(const Timeline::MediaTarget& medium, const QByteArray& folder, cons
 void requireNoLink(const QByteArray& path, const QByteArray& output) {
     struct stat link = {};
     if (::lstat(path.constData(), &link) == 0)
-        refuse("Cannot write " + quoted(output) + ": it is a link that leads nowhere");
+        refuse("Cannot write " + quoted(output) + ": it is a link that leads nowhere", Code::OutputNotWritable);
 }
 
 /// Those of the same media and size first.
@@ -236,7 +194,7 @@ std::optional<std::string> wrongExtension(const ExportRequest& request, const Pr
 
 /// How the refusal of a number ends where names are expected.
 std::string asSetting(const std::string& name, const Preset& preset) {
-    const bool hasScale = CodecLimits::VideoQuality(preset.videoCodec()).worst != 0;
+    const bool hasScale = CodecLimits::VideoQuality(preset.videoCodec()).Exists();
     return hasScale && SettingText::decimal(name) ? " (a number on the codec's scale: --set quality=" + name + ')'
                                                   : std::string();
 }
@@ -247,8 +205,9 @@ void requireQuality(const std::string& name, const Export::PresetProvider& provi
         return;
     const std::string preset = "The preset \"" + provider.preset().id() + '"';
     if (known.empty())
-        refuse(preset + " has no qualities to choose from, so none is \"" + name + '"');
-    const std::vector<std::string> names(known.begin(), known.end());
+        refuse(preset + " has no qualities to choose from, so none is \"" + name + "\"; leave the quality out" +
+               OtherPresets::withQualities(provider.preset()));
+    const std::vector<std::string> names = PresetCatalogue().qualitiesOf(provider.preset().id());
     const std::string question = NearNames::question(name, names);
     refuse(preset + " has no quality \"" + name + '"' + (question.empty() ? "; it has " : question + " It has ") +
            NameList::joined(names) + asSetting(name, provider.preset()));
@@ -292,7 +251,8 @@ void RequestCheck::outputIsNamed(const ExportRequest& request) {
         refuse("No output file was given");
     if (request.outputPath == QLatin1String("-"))
         refuse("Cannot write \"-\": standard output is no place for an export, which is a file that is checked when it "
-               "is complete");
+               "is complete; name a file, and read that when the export is done");
+    requireBytesOf(request.outputPath, "write");
 }
 
 OutputTarget RequestCheck::output(const ExportRequest& request) {
@@ -308,7 +268,7 @@ OutputTarget RequestCheck::output(const ExportRequest& request) {
         target.group = state->st_gid;
         target.path = resolved(output);
     } else if (errno != ENOENT) {
-        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno), Code::OutputNotWritable);
     } else {
         requireNoLink(output, output);
         checkFolder(folderOf(output), output);
@@ -338,7 +298,7 @@ SequenceTarget RequestCheck::sequence(const ExportRequest& request, const Sequen
         return target;
     }
     if (errno != ENOENT)
-        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno));
+        refuse("Cannot write " + quoted(output) + ": " + std::strerror(errno), Code::OutputNotWritable);
     requireNoLink(sequence.folder, output);
     checkFolder(folderOf(sequence.folder), output);
     target.path = placeOfNew(sequence.folder);

@@ -44,6 +44,11 @@ SequenceName usualIn(const QByteArray& folder, const std::string& extension) {
     return sequence;
 }
 
+bool isOfLetters(const std::string& text, char first, char last) {
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [=](char letter) { return letter >= first && letter <= last; });
+}
+
 std::string waysOut(const QByteArray& output, const Preset& preset, const std::string& extension) {
     const std::string stem = output.left(output.lastIndexOf('.')).toStdString();
     return "the preset \"" + preset.id() + "\" makes a file of each picture; name a folder (\"" + stem +
@@ -73,6 +78,17 @@ std::optional<SequenceName> SequenceName::of(const QString& output, const Preset
     sequence.folder = slash < 0 ? QByteArray(".") : withoutSlashes(path.left(slash + 1));
     sequence.name = *name;
     return sequence;
+}
+
+bool SequenceName::isUsualName(const std::string& file) {
+    const std::string prefix = USUAL_PREFIX;
+    const std::size_t dot = file.find('.');
+    if (file.compare(0, prefix.size(), prefix) != 0 || dot == std::string::npos ||
+        !isOfLetters(file.substr(dot + 1), 'a', 'z'))
+        return false;
+    const auto pattern = NumberedName::Parse(file);
+    return pattern ? pattern->prefix == prefix && pattern->suffix == file.substr(dot)
+                   : isOfLetters(file.substr(prefix.size(), dot - prefix.size()), '0', '9');
 }
 
 void SequenceName::widenFor(qint64 pictures) {

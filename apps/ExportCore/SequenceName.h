@@ -20,6 +20,9 @@ struct EXPORTCORE_EXPORT SequenceName {
     /// called frame_00000.png and so on, or a folder and a pattern ("shots/a_%04d.png"). Nothing for other presets.
     /// Throws Refusal for what is neither: the name of one file, two places for the number. Looks at no file.
     static std::optional<SequenceName> of(const QString& output, const Preset& preset);
+    /// Whether a file without its folder is called as pictures in a folder are, in however many digits, or is the
+    /// pattern of such names.
+    static bool isUsualName(const std::string& file);
 
     QByteArray folder; ///< as it was written, without a slash at its end
     Kestra::Conf::NumberedName name;

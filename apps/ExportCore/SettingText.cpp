@@ -4,6 +4,7 @@
 #include "Kestra/Conf/StandardRates.h"
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <map>
 
@@ -28,6 +29,13 @@ int takeUnit(std::string& text) {
 }
 
 } // namespace
+
+std::string SettingText::lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+    });
+    return text;
+}
 
 std::optional<std::int64_t> SettingText::wholeNumber(const std::string& text) {
     if (!isDigits(text))
@@ -68,22 +76,23 @@ std::optional<double> SettingText::decimal(const std::string& text) {
 std::optional<Ratio> SettingText::frameRate(const std::string& text) {
     static const std::map<std::string, Ratio> names{
         {"film", 24}, {"pal", 25}, {"ntsc", {30000, 1001}}, {"ntsc-film", {24000, 1001}}};
-    if (const auto named = names.find(text); named != names.end())
+    if (const auto named = names.find(lowered(text)); named != names.end())
         return named->second;
     const std::size_t point = text.find('.');
     if (point == std::string::npos)
         return ratio(text);
     constexpr std::size_t MOST_PLACES = 6;
     const std::string places = text.substr(point + 1);
-    const auto digits = wholeNumber(text.substr(0, point) + places);
-    if (point == 0 || places.empty() || places.size() > MOST_PLACES || !digits || *digits > std::int64_t(1) << 31)
+    if (point == 0 || places.empty() || places.size() > MOST_PLACES)
         return std::nullopt;
-    long long unit = 1;
-    for (std::size_t i = 0; i < places.size(); ++i)
-        unit *= 10;
-    const Ratio exact(*digits, unit);
-    const Ratio standard = Kestra::Conf::NearStandardRate(boost::rational_cast<double>(exact));
-    const bool abbreviates = standard.denominator() != 1 && abs(standard - exact) * 2 <= Ratio(1, unit);
+    const std::string unit = '1' + std::string(places.size(), '0');
+    const auto exact = ratio(text.substr(0, point) + places + '/' + unit);
+    if (!exact)
+        return std::nullopt;
+    const auto number = boost::rational_cast<double>(*exact);
+    const Ratio standard = Kestra::Conf::NearStandardRate(number);
+    const double distance = std::abs(boost::rational_cast<double>(standard) - number);
+    const bool abbreviates = standard.denominator() != 1 && distance * 2 * std::stod(unit) <= 1;
     return abbreviates ? standard : exact;
 }
 

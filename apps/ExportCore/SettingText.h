@@ -12,6 +12,8 @@ namespace ExportCore {
 /// Every operation answers nothing for a text that is no such number: signs, blanks and locales' own points included.
 /// Numbers too large for their type become its largest.
 struct SettingText {
+    /// With small letters for A to Z.
+    static std::string lowered(std::string text);
     static std::optional<std::int64_t> wholeNumber(const std::string& text);
     /// A number of bits or samples: "2500000", "2500k", "2.5M".
     static std::optional<std::int64_t> amount(const std::string& text);

@@ -4,6 +4,7 @@
 
 #include "Export/PresetProvider.h"
 #include "ExportCore/NameList.h"
+#include "ExportCore/NearNames.h"
 #include "ExportCore/SettingText.h"
 #include "Kestra/ClientAPI/BitrateLimits.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
@@ -56,13 +57,17 @@ void editSampleRate(const PresetSettings& settings, const Media::Video&, Preset&
 }
 
 void readChannels(const SettingEntry& entry, PresetSettings& settings) {
+    const std::string value = SettingText::lowered(entry.value);
+    std::vector<std::string> names;
     for (const ChannelName& known : CHANNELS) {
-        if (entry.value == known.name || entry.value == known.count) {
+        names.emplace_back(known.name);
+        if (value == known.name || value == known.count) {
             settings.channelLayout = known.layout;
             return;
         }
     }
-    entry.refuse("write mono, stereo, quad, 5.0, 5.1 or 7.1, or their number 1, 2, 4, 5, 6 or 8");
+    entry.refuse("write mono, stereo, quad, 5.0, 5.1 or 7.1, or their number 1, 2, 4, 5, 6 or 8" +
+                 NearNames::question(value, names));
 }
 
 void requireChannels(const PresetSettings& settings, const Preset& preset) {
@@ -78,8 +83,32 @@ void requireChannels(const PresetSettings& settings, const Preset& preset) {
                                        NameList::joined(names, " and "));
 }
 
+/// The preset's bitrate is for its own channels: more of them get as much each, as far as the codec takes it.
+std::int64_t bitrateFor(std::uint32_t layout, const Preset& preset) {
+    const std::int64_t own = preset.audioBitrateBps();
+    const int channels = Kestra::Conf::CountChannels(layout);
+    const int before = preset.channelLayout() != 0 ? Kestra::Conf::CountChannels(preset.channelLayout()) : channels;
+    if (own <= 0 || channels <= before || !CodecLimits::HasBitrate(preset.audioCodec()))
+        return own;
+    Preset widened = preset;
+    widened.setChannelLayout(layout);
+    Kestra::Core::Property tree = widened.audioEncoderData();
+    tree.RemoveChild(Kestra::Conf::IFormatCodec::TAG_BITRATE); // which would be its own limit
+    const std::int64_t most = std::min(own * channels / before, Kestra::ClientAPI::GetMaxBitrate(tree));
+    std::int64_t bitrate = std::max(own, most);
+    const std::vector<std::int64_t> steps =
+        CodecLimits::AudioBitrateSteps(preset.audioCodec(), static_cast<int>(preset.sampleRate()));
+    for (const std::int64_t step : steps)
+        if (step <= most && step >= own)
+            bitrate = step;
+    return bitrate;
+}
+
 void editChannels(const PresetSettings& settings, const Media::Video&, Preset& preset) {
+    const std::int64_t bitrate = bitrateFor(*settings.channelLayout, preset);
     preset.setChannelLayout(*settings.channelLayout);
+    if (bitrate > 0)
+        preset.setAudioBitrateBps(bitrate);
 }
 
 void readBitrate(const SettingEntry& entry, PresetSettings& settings) {

@@ -2,16 +2,29 @@
 #include "ExportCore/SubtitleJoin.h"
 
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/Language.h"
+#include <algorithm>
 
 namespace ExportCore {
 
 using Kestra::ClientAPI::ContainerLimits;
 using Kestra::ClientAPI::ProgrammeField;
+using Kestra::Conf::Container;
 using Kestra::Conf::Language;
 using Kestra::Conf::Subtitles;
 
 namespace {
+
+/// Whether the text has overrides that begin so.
+bool hasOverrides(const Subtitles& track, const std::vector<std::string>& beginnings) {
+    return std::any_of(track.cues.begin(), track.cues.end(), [&beginnings](const Subtitles::Cue& cue) {
+        const std::string text = cue.Text();
+        return std::any_of(beginnings.begin(), beginnings.end(), [&text](const std::string& beginning) {
+            return text.find("{\\" + beginning) != std::string::npos;
+        });
+    });
+}
 
 /// Of text that is plain, or becomes it.
 void noteLostMarkup(const Subtitles& track, const std::string& container, std::vector<std::string>& notes) {
@@ -20,6 +33,12 @@ void noteLostMarkup(const Subtitles& track, const std::string& container, std::v
         return;
     if (track.HasColours() && !holds(ProgrammeField::SubtitleColours))
         notes.emplace_back("Colours of subtitles are left out: the file has no place for them");
+    const Container* const found = Container::Find(container);
+    const std::string codec = found && found->subtitles ? found->subtitles : "";
+    if (hasOverrides(track, {"fs", "fn"}) && codec == "webvtt")
+        notes.emplace_back("Fonts of subtitles and their sizes are left out: the file has no place for them");
+    if (hasOverrides(track, {"s1"}) && codec != "subrip")
+        notes.emplace_back("Lines through the text of subtitles are left out: the file has no place for them");
     if (track.HasPlaces() && !holds(ProgrammeField::SubtitlePlaces))
         notes.emplace_back("Places of subtitles on the picture are left out: the file has none for them");
 }

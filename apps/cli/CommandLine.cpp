@@ -3,6 +3,7 @@
 
 #include "ExportCore/LoudnessGain.h"
 #include "ExportCore/NameList.h"
+#include "ExportCore/NearNames.h"
 #include "ExportCore/TimeText.h"
 #include "ExportCore/TimelineOpening.h"
 #include <algorithm>
@@ -163,6 +164,15 @@ void CommandLine::takeTexts() {
     options.tracks.metadata = metadataText != "none";
     options.tracks.subtitles = subtitlesText != "none";
     options.mediaLimits.pictureBytes = pictureMebibytes << 20;
+    takeTimelineOptions();
+}
+
+/// Those that nothing but a timeline knows.
+void CommandLine::takeTimelineOptions() {
+    for (const char* name : {"--media-root", "--timeline", "--lenient", "--missing", "--pitch", "--limiter"})
+        for (const CLI::App* command : app.get_subcommands())
+            if (const CLI::Option* option = command->get_option_no_throw(name); option && option->count() > 0)
+                options.timelineOptions.emplace_back(name);
 }
 
 /// The last of several names is the output, where no such file stands, or where it is a folder.
@@ -209,10 +219,15 @@ CLI::Option* CommandLine::addChoice(CLI::App& command, const char* names, std::s
         std::string all;
         for (const std::string& choice : choices)
             all += (all.empty() ? "" : ", ") + choice;
-        return '"' + text + "\" is none of " + all;
+        return '"' + text + "\" is none of " + all + ExportCore::NearNames::question(text, choices);
     });
     kinds[option].choices = std::move(choices);
     return option;
+}
+
+CLI::Option* CommandLine::offer(CLI::Option* option, const char* value, std::vector<std::string> choices) {
+    kinds[option].choices = std::move(choices);
+    return typed(option, value, ValueKind::Offered);
 }
 
 std::vector<std::string> CommandLine::chosen() const {
@@ -271,7 +286,7 @@ OptionText CommandLine::textOf(const CLI::Option& option) const {
     if (const auto kind = kinds.find(&option); kind != kinds.end()) {
         text.kind = kind->second.kind;
         text.choices = kind->second.choices;
-        if (!text.choices.empty())
+        if (text.kind == ValueKind::Choice)
             text.meaning += ": " + ExportCore::NameList::joined(text.choices, " or ");
     }
     if (!option.get_default_str().empty())

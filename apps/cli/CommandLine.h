@@ -62,6 +62,7 @@ private:
     CLI::Option* addFile(CLI::App& command, const char* names, std::string& value, const char* meaning);
     CLI::Option* addChoice(CLI::App& command, const char* names, std::string& value, std::vector<std::string> choices,
                            const char* meaning);
+    CLI::Option* offer(CLI::Option* option, const char* value, std::vector<std::string> choices);
     CLI::Option* typed(CLI::Option* option, const char* value, ValueKind kind);
 
     void requireRightAssignments(const std::vector<std::string>& words) const;
@@ -72,6 +73,7 @@ private:
     void requireOneList() const;
     Options::Command command();
     void takeTexts();
+    void takeTimelineOptions();
     void takeOutput();
     CommandText textOf(const CLI::App& command, std::vector<std::string> words) const;
     OptionText textOf(const CLI::Option& option) const;

@@ -8,7 +8,8 @@
 namespace Cli {
 
 /// What stands behind an option, or in a command's place for names.
-enum class ValueKind { None, Text, Choice, File, Folder, Preset, Tag };
+/// Others than those that are Offered are right, too; one that ends with "=" is gone on with.
+enum class ValueKind { None, Text, Choice, Offered, File, Folder, Preset, PresetOrTag, Tag, Quality };
 
 /// Values. Help, the man page, completions and hints are made of them.
 struct OptionText {
@@ -16,7 +17,7 @@ struct OptionText {
     std::string value;              ///< what stands for its value: "FILE"; empty for a flag
     std::string meaning;
     ValueKind kind = ValueKind::None;
-    std::vector<std::string> choices; ///< of a Choice
+    std::vector<std::string> choices; ///< of a Choice, and what is Offered
     bool repeats = false;
 
     std::string joinedNames() const;

@@ -10,7 +10,30 @@ using ExportCore::NameList;
 
 // What the program is asked for while a word is completed: ids and tags are its own to know.
 const char* const PRESET_IDS = "editor-export --describe=presets 2>/dev/null";
+const char* const NAMES = "editor-export --describe=names 2>/dev/null";
+const char* const QUALITIES = "editor-export --describe=qualities 2>/dev/null";
 const char* const TAGS = "editor-export --describe=tags 2>/dev/null";
+
+/// What answers for names of that kind; null where the shell or the table knows them.
+const char* commandFor(ValueKind kind) {
+    switch (kind) {
+    case ValueKind::Preset:
+        return PRESET_IDS;
+    case ValueKind::PresetOrTag:
+        return NAMES;
+    case ValueKind::Quality:
+        return QUALITIES;
+    case ValueKind::Tag:
+        return TAGS;
+    default:
+        return nullptr;
+    }
+}
+
+/// Whether values of some are begun by them only.
+bool areGoneOnWith(const std::vector<std::string>& choices) {
+    return !choices.empty() && choices.front().back() == '=';
+}
 
 std::string joined(const std::vector<std::string>& words) {
     return NameList::joined(words, " ", " ");
@@ -47,22 +70,20 @@ std::vector<std::string> wordsBelow(const CommandTable& table, const std::vector
 
 /// For bash: what follows a word, as an assignment to COMPREPLY.
 std::string bashValues(ValueKind kind, const std::vector<std::string>& choices) {
+    if (const char* const command = commandFor(kind))
+        return std::string("COMPREPLY=($(compgen -W \"$(") + command + ")\" -- \"$word\"))";
     switch (kind) {
     case ValueKind::Choice:
-        return "COMPREPLY=($(compgen -W \"" + joined(choices) + "\" -- \"$word\"))";
+    case ValueKind::Offered:
+        return (areGoneOnWith(choices) ? "compopt -o nospace 2>/dev/null; " : "") +
+               ("COMPREPLY=($(compgen -W \"" + joined(choices) + "\" -- \"$word\"))");
     case ValueKind::File:
         return "compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -f -- \"$word\")";
     case ValueKind::Folder:
         return "compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -d -- \"$word\")";
-    case ValueKind::Preset:
-        return std::string("COMPREPLY=($(compgen -W \"$(") + PRESET_IDS + ")\" -- \"$word\"))";
-    case ValueKind::Tag:
-        return std::string("COMPREPLY=($(compgen -W \"$(") + TAGS + ")\" -- \"$word\"))";
-    case ValueKind::Text:
-    case ValueKind::None:
-        break;
+    default:
+        return "COMPREPLY=()";
     }
-    return "COMPREPLY=()";
 }
 
 std::string bashCommand(const CommandTable& table, const CommandText& command) {
@@ -82,22 +103,20 @@ std::string bashCommand(const CommandTable& table, const CommandText& command) {
 
 /// For zsh: what follows an option, behind its meaning.
 std::string zshAction(ValueKind kind, const std::vector<std::string>& choices) {
+    if (const char* const command = commandFor(kind))
+        return std::string("{compadd -- ${(f)\"$(") + command + ")\"}}";
     switch (kind) {
     case ValueKind::Choice:
         return "(" + joined(choices) + ")";
+    case ValueKind::Offered:
+        return std::string("{compadd ") + (areGoneOnWith(choices) ? "-S \"\" " : "") + "-- " + joined(choices) + '}';
     case ValueKind::File:
         return "_files";
     case ValueKind::Folder:
         return "_files -/";
-    case ValueKind::Preset:
-        return std::string("{compadd -- ${(f)\"$(") + PRESET_IDS + ")\"}}";
-    case ValueKind::Tag:
-        return std::string("{compadd -- ${(f)\"$(") + TAGS + ")\"}}";
-    case ValueKind::Text:
-    case ValueKind::None:
-        break;
+    default:
+        return " ";
     }
-    return " ";
 }
 
 /// In single quotes of zsh's _arguments, which takes colons and brackets for its own.
@@ -142,23 +161,21 @@ std::string fishText(const std::string& text) {
 }
 
 std::string fishValues(const OptionText& option) {
+    if (const char* const command = commandFor(option.kind))
+        return std::string(" -x -a '(") + command + ")'";
     switch (option.kind) {
     case ValueKind::Choice:
+    case ValueKind::Offered:
         return " -x -a " + fishText(joined(option.choices));
     case ValueKind::File:
         return " -r -F";
     case ValueKind::Folder:
         return " -x -a '(__fish_complete_directories)'";
-    case ValueKind::Preset:
-        return std::string(" -x -a '(") + PRESET_IDS + ")'";
-    case ValueKind::Tag:
-        return std::string(" -x -a '(") + TAGS + ")'";
     case ValueKind::Text:
         return " -x";
-    case ValueKind::None:
-        break;
+    default:
+        return {};
     }
-    return {};
 }
 
 std::string fishCondition(const CommandTable& table, const CommandText& command) {

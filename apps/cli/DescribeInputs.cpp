@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
+#include "Kestra/Proc/ProcessingError.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
 #include "cli/ListCommands.h"
 #include "cli/MediaText.h"
+#include "cli/Terminal.h"
 #include "cli/TimelineCommands.h"
+#include "cli/Wrapping.h"
 #include <QJsonArray>
 #include <cstdio>
 #include <exception>
@@ -41,7 +45,8 @@ void describeMedia(const std::string& path, const Options& options, const std::a
         notes << text(note.what);
     if (options.json)
         return media.append(objectOf(path, source->GetInfo(), damage, notes));
-    std::fputs(mediaText(path, source->GetInfo()).c_str(), stdout);
+    constexpr std::size_t HANG = 4;
+    std::fputs(Wrapping::fitted(mediaText(path, source->GetInfo()), Terminal::outputColumns(), HANG).c_str(), stdout);
     for (const QString& what : damage)
         ErrorOutput::tell("warning", '"' + path + "\": " + what.toStdString());
     for (const QString& what : notes)
@@ -72,8 +77,13 @@ bool forEach(const Options& options, const std::atomic<bool>& interrupted, const
             if (interrupted)
                 return isGood;
             step(input);
-        } catch (const std::exception& error) {
-            ErrorOutput::refuse(error.what(), input);
+        } catch (const ExportCore::Refusal& refusal) {
+            ErrorOutput::refuse(refusal.what(), input, refusal.code());
+            isGood = false;
+        } catch (...) { // its kind is read from it, whatever it is
+            const auto error =
+                Kestra::Proc::ProcessingError::MakeProcessingErrorFromException(std::current_exception());
+            ErrorOutput::refuse(error.GetDescription(), input, error.GetCode());
             isGood = false;
         }
     return isGood;
@@ -89,6 +99,8 @@ int describeInputs(const Options& options, const std::atomic<bool>& interrupted)
     };
     if (!forEach(options, interrupted, look))
         return EXIT_BAD_INPUT;
+    if (const std::string note = options.noteWithoutEffect(); !note.empty())
+        ErrorOutput::tell("note", note);
     bool areRight = true;
     QJsonArray media, timelines;
     const bool isWhole = forEach(options, interrupted, [&](const std::string& input) {

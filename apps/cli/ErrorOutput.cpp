@@ -29,6 +29,7 @@ struct Way {
     std::mutex mutex;
     int descriptor = STDERR_FILENO;
     int kept = -1;
+    std::string job; ///< what stands in front of what is kept of it
     std::string status;
     std::size_t shown = 0; ///< columns that the status takes
 };
@@ -65,7 +66,8 @@ void write(const std::string& line, bool isSaid = true) {
     if (isSaid)
         writeAll(held.descriptor, erasing(held) + line + '\n' + held.status);
     if (held.kept >= 0)
-        writeAll(held.kept, QDateTime::currentDateTime().toString(Qt::ISODateWithMs).toStdString() + ' ' + line + '\n');
+        writeAll(held.kept,
+                 QDateTime::currentDateTime().toString(Qt::ISODateWithMs).toStdString() + ' ' + held.job + line + '\n');
 }
 
 void end(const char* type, TranscodingError code, const std::string& what, const std::string& path = {}) {
@@ -112,8 +114,19 @@ bool ErrorOutput::keepIn(const std::string& path) {
     return file >= 0;
 }
 
-void ErrorOutput::refuse(const std::string& what, const std::string& path) {
-    end("refused", TranscodingError::InvalidArgument, what, path);
+void ErrorOutput::keep(const std::string& what) {
+    const std::string sentence = PlainText::escaped(what);
+    write(json ? jsonLine({{key("type"), key("log")}, {key("message"), QString::fromStdString(sentence)}}) : sentence,
+          false);
+}
+
+void ErrorOutput::keepUnder(const std::string& job) {
+    const std::lock_guard lock(way().mutex);
+    way().job = job.empty() ? job : job + ": ";
+}
+
+void ErrorOutput::refuse(const std::string& what, const std::string& path, TranscodingError code) {
+    end("refused", code, what, path);
 }
 
 void ErrorOutput::fail(const std::string& what) {

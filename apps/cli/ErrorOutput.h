@@ -2,6 +2,7 @@
 // Cli::ErrorOutput: the program's standard error.
 #pragma once
 
+#include "Kestra/Proc/TranscodingError.h"
 #include <QJsonObject>
 #include <string>
 
@@ -20,10 +21,15 @@ struct ErrorOutput {
     /// Every line is kept at the end of that file, too, with the time in front; libraries' lines included. False, with
     /// the reason in errno, when it cannot be opened.
     static bool keepIn(const std::string& path);
+    /// A line that is kept alone, for who reads of it later.
+    static void keep(const std::string& what);
+    /// The job of several that whatever is kept from now on belongs to; empty for none.
+    static void keepUnder(const std::string& job);
 
     /// For an end without an outcome: wrong usage, or standard output that cannot be written. As JSON "refused" or
     /// "failed". `path` is the file that it is about, as it was given; empty where it is about none.
-    static void refuse(const std::string& what, const std::string& path = {});
+    static void refuse(const std::string& what, const std::string& path = {},
+                       Kestra::Proc::TranscodingError code = Kestra::Proc::TranscodingError::InvalidArgument);
     static void fail(const std::string& what);
     /// As JSON an object of that type with a message.
     static void tell(const std::string& type, const std::string& what);

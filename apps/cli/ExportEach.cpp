@@ -5,6 +5,7 @@
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
+#include "cli/FilePath.h"
 #include "cli/JobTally.h"
 #include "cli/SeveralJobs.h"
 #include <QDir>
@@ -17,7 +18,7 @@ namespace {
 using ExportCore::Refusal;
 
 void requireFolder(const std::string& path) {
-    const QFileInfo folder(QString::fromStdString(path));
+    const QFileInfo folder(filePath(path));
     if (!folder.exists())
         KESTRA_THROW(Refusal("Cannot write into \"" + path + "\": there is no such folder; make it first"));
     if (!folder.isDir())
@@ -58,8 +59,12 @@ std::vector<Options> exportsOfEach(const Options& options) {
     std::vector<Options> jobs;
     for (const std::string& input : options.inputs) {
         Options job = options;
+        if (!jobs.empty())
+            job.timelineOptions.clear(); // what is to be said of them is said once
         job.inputs = {input};
-        job.output = folder + stemOf(input) + ending;
+        job.output = folder;
+        job.output += stemOf(input);
+        job.output += ending;
         const auto [same, isNew] = inputs.emplace(job.output, input);
         if (!isNew)
             KESTRA_THROW(Refusal('"' + same->second + "\" and \"" + input + "\" would both become \"" + job.output +

@@ -2,6 +2,7 @@
 #include "cli/JobRunner.h"
 
 #include "ExportCore/ExportJob.h"
+#include "ExportCore/NameList.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/IProgressDisplay.h"
@@ -11,6 +12,8 @@
 #include <QEventLoop>
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
+#include <utility>
 
 namespace Cli {
 namespace {
@@ -52,6 +55,12 @@ std::string resultOf(const ExportOutcome& outcome, bool json) {
                                                             : OutcomeText::of(outcome.facts) + '\n';
 }
 
+void keepLines(const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        ErrorOutput::keep(line);
+}
+
 /// A result goes to standard output; everything else was an error. In JSON the display has told it already.
 void printOutcome(const ExportOutcome& outcome, const Options& options) {
     const bool json = options.progress == ProgressStyle::Json;
@@ -62,8 +71,30 @@ void printOutcome(const ExportOutcome& outcome, const Options& options) {
     }
     const bool hasResult =
         outcome.status == ExportOutcome::Status::Done || outcome.status == ExportOutcome::Status::Planned;
-    if (hasResult && !options.quiet)
+    if (!hasResult)
+        return;
+    if (!json)
+        keepLines(resultOf(outcome, false));
+    if (!options.quiet || options.json)
         std::fputs(resultOf(outcome, json || options.json).c_str(), stdout);
+}
+
+/// What is ordered, for who reads a log.
+void keepOrder(const Options& options) {
+    std::vector<std::string> inputs;
+    for (const std::string& input : options.inputs)
+        inputs.push_back('"' + input + '"');
+    ErrorOutput::keep("inputs: " + ExportCore::NameList::joined(inputs));
+    ErrorOutput::keep("output: \"" + options.output + '"' +
+                      (options.preset.empty() ? std::string() : ", preset: " + options.preset));
+}
+
+/// With what the command line itself gives to be noted.
+ExportOutcome noted(ExportOutcome outcome, const Options& options) {
+    const QString note = QString::fromStdString(options.noteWithoutEffect());
+    if (!note.isEmpty() && outcome.status != ExportOutcome::Status::Refused)
+        outcome.notes.prepend(note);
+    return outcome;
 }
 
 int exitCodeOf(const ExportOutcome& outcome, int signalNumber) {
@@ -113,23 +144,25 @@ ExportCore::ExportRequest JobRunner::requestOf(const Options& options) {
 JobRunner::JobRunner(ExportCore::EventLoopFailures& failures)
     : failures(failures) {}
 
-JobRunner::Ended JobRunner::run(const Options& options) {
+JobRunner::Ended JobRunner::run(const Options& options, BeforePlacing beforePlacing) {
     Ended ended;
+    keepOrder(options);
     Report report(options);
     const std::unique_ptr<IProgressDisplay> display = IProgressDisplay::create(styleOf(options));
     QEventLoop loop;
     ExportJob job(requestOf(options));
+    job.callBeforePlacing(std::move(beforePlacing));
     QObject::connect(&failures, &ExportCore::EventLoopFailures::caught, &job, &ExportJob::failInEventLoop);
     QObject::connect(&signalStop, &SignalStop::stopRequested, &job, &ExportJob::stop);
     QObject::connect(&job, &ExportJob::started, [&] { display->started(); });
     QObject::connect(&job, &ExportJob::progressChanged,
                      [&](const ExportCore::ExportProgress& progress) { display->progress(progress); });
     QObject::connect(&job, &ExportJob::finished, [&](const ExportOutcome& outcome) {
-        ended.outcome = outcome;
+        ended.outcome = noted(outcome, options);
         ended.code = exitCodeOf(outcome, SignalStop::received());
-        display->ended(outcome);
-        printOutcome(outcome, options);
-        ended.code = report.write(outcome, ended.code);
+        display->ended(ended.outcome);
+        printOutcome(ended.outcome, options);
+        ended.code = report.write(ended.outcome, ended.code);
         if (outcome.error.GetCode() == TranscodingError::Stalled) {
             // What hangs has been left, or would be waited for some seconds more.
             std::fflush(nullptr);

@@ -7,6 +7,7 @@
 #include "ExportCore/ExportRequest.h"
 #include "cli/Options.h"
 #include "process/SignalStop.h"
+#include <functional>
 
 namespace Cli {
 
@@ -19,9 +20,10 @@ public:
         int code = 0; ///< for the exit
         ExportCore::ExportOutcome outcome;
     };
+    using BeforePlacing = std::function<void(const QString& made)>;
     /// One export, from its first word to its result or its error, and its report. Ends the process when the export
-    /// hangs.
-    Ended run(const Options& options);
+    /// hangs. What is called before the file is put at its place is so as ExportJob says.
+    Ended run(const Options& options, BeforePlacing beforePlacing = {});
     /// Once a signal has come nothing more is to be begun.
     static bool isStopped() { return Process::SignalStop::received() != 0; }
 

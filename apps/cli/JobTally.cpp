@@ -34,6 +34,7 @@ void JobTally::tell(const char* status, std::size_t index, const std::string& ou
 
 void JobTally::begin(std::size_t index, const std::string& output) const {
     tell("begun", index, output);
+    ErrorOutput::keepUnder("job " + std::to_string(index + 1) + " of " + std::to_string(count));
 }
 
 void JobTally::skip(std::size_t index, const std::string& output) {
@@ -42,6 +43,7 @@ void JobTally::skip(std::size_t index, const std::string& output) {
 }
 
 void JobTally::end(std::size_t index, const std::string& output, int code) {
+    ErrorOutput::keepUnder({});
     begun = begun || code != EXIT_BAD_INPUT;
     if (code == EXIT_DONE) {
         ++done;

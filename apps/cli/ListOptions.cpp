@@ -54,7 +54,7 @@ void CommandLine::addPresetFiles() {
         {{"Exit code 0 when they are the same, 1 when they differ."},
          {"editor-export presets diff mp4-h264-1080p mp4-h264-720p # Setting by setting",
           "editor-export presets diff mp4-h264-1080p mine.json # With the only preset of a file",
-          "editor-export presets diff --help # What it takes"},
+          "editor-export presets diff mine.json yours.json # The presets of two files"},
          ValueKind::Preset});
 }
 

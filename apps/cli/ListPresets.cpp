@@ -8,11 +8,10 @@
 #include "cli/ListCommands.h"
 #include "cli/PresetText.h"
 #include "cli/Terminal.h"
+#include "cli/Wrapping.h"
 #include <QJsonArray>
 #include <algorithm>
 #include <cstdio>
-#include <limits>
-#include <unistd.h>
 
 namespace Cli {
 namespace {
@@ -58,23 +57,21 @@ std::string markedIds(const std::string& tag, const PresetCatalogue& catalogue) 
     return NameList::joined(ids);
 }
 
-/// Of standard output, where it is a terminal.
-std::size_t columns() {
-    const auto known = Terminal::columns(STDOUT_FILENO);
-    return known ? static_cast<std::size_t>(*known) : std::numeric_limits<std::size_t>::max();
-}
-
 void printLines(const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
     std::size_t width = 0;
     for (const std::string& id : ids)
         width = std::max(width, id.size());
     for (const std::string& id : ids)
-        std::printf("%s\n", PresetText::line(catalogue.preset(id), catalogue, width, columns()).c_str());
+        std::printf("%s\n",
+                    PresetText::line(catalogue.preset(id), catalogue, width, Terminal::outputColumns()).c_str());
 }
 
 void printTags(const PresetCatalogue& catalogue) {
+    constexpr std::size_t HANG = 2;
+    std::string lines;
     for (const std::string& tag : catalogue.tags())
-        std::printf("%s: %s\n", tag.c_str(), markedIds(tag, catalogue).c_str());
+        lines += tag + ": " + markedIds(tag, catalogue) + '\n';
+    std::fputs(Wrapping::fitted(lines, Terminal::outputColumns(), HANG).c_str(), stdout);
 }
 
 QJsonArray tagList(const PresetCatalogue& catalogue) {
@@ -101,7 +98,10 @@ void printText(const Options& options, const std::vector<std::string>& ids, cons
     if (options.inputs.empty())
         return printLines(ids, catalogue);
     for (const std::string& id : ids)
-        std::printf("%s", PresetText::whole(catalogue.preset(id), catalogue).c_str());
+        std::fputs(Wrapping::fitted(PresetText::whole(catalogue.preset(id), catalogue), Terminal::outputColumns(),
+                                    PresetText::SECOND)
+                       .c_str(),
+                   stdout);
 }
 
 QJsonObject listOf(const Options& options, const std::vector<std::string>& ids, const PresetCatalogue& catalogue) {
@@ -119,11 +119,28 @@ QJsonObject listOf(const Options& options, const std::vector<std::string>& ids, 
     return list;
 }
 
+std::vector<std::string> namesOf(const std::string& what, const PresetCatalogue& catalogue) {
+    if (what == "tags")
+        return catalogue.tags();
+    std::vector<std::string> names = what == "qualities" ? std::vector<std::string>() : catalogue.ids();
+    const auto add = [&names](const std::vector<std::string>& more) {
+        for (const std::string& name : more)
+            if (std::find(names.begin(), names.end(), name) == names.end())
+                names.push_back(name);
+    };
+    if (what == "names")
+        add(catalogue.tags());
+    if (what == "qualities")
+        for (const std::string& id : catalogue.ids())
+            add(catalogue.qualitiesOf(id));
+    return names;
+}
+
 } // namespace
 
 int describePresets(const Options& options) {
     const PresetCatalogue catalogue;
-    for (const std::string& name : options.described == "tags" ? catalogue.tags() : catalogue.ids())
+    for (const std::string& name : namesOf(options.described, catalogue))
         std::printf("%s\n", name.c_str());
     return EXIT_DONE;
 }

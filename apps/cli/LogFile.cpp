@@ -5,6 +5,8 @@
 #include "cli/ErrorOutput.h"
 #include "cli/PlacesInUse.h"
 #include "cli/SeveralJobs.h"
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstring>
 
@@ -32,6 +34,21 @@ std::string whyNot(const Options& options) {
     return errno == ENXIO ? "it is a pipe that nobody reads" : std::strerror(errno);
 }
 
+/// As a shell takes it.
+std::string commandLine(const std::vector<std::string>& words) {
+    std::string line = "editor-export";
+    for (const std::string& word : words) {
+        const bool isPlain = !word.empty() && std::all_of(word.begin(), word.end(), [](unsigned char letter) {
+            return letter >= 0x80 || std::isalnum(letter) != 0 || std::strchr("%+,-./:=@_", letter) != nullptr;
+        });
+        std::string quoted;
+        for (const char letter : word)
+            quoted += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+        line += ' ' + (isPlain ? word : '\'' + quoted + '\'');
+    }
+    return line;
+}
+
 } // namespace
 
 void keepLog(const Options& options) {
@@ -39,6 +56,7 @@ void keepLog(const Options& options) {
         return;
     if (const std::string why = whyNot(options); !why.empty())
         KESTRA_THROW(Refusal("Cannot keep the log in \"" + options.log + "\": " + why));
+    ErrorOutput::keep("editor-export " EDITOREXPORT_VERSION ": " + commandLine(options.words));
 }
 
 } // namespace Cli

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ManPage.h"
 
+#include <set>
 #include <sstream>
 
 namespace Cli {
@@ -62,6 +63,35 @@ std::string synopsisOf(const CommandTable& table) {
     return text;
 }
 
+/// A command that is an example of two is told once.
+std::string examplesOf(const CommandTable& table) {
+    std::string text;
+    std::set<std::string> told;
+    for (const CommandText& command : table)
+        for (const std::string& example : command.examples)
+            if (told.insert(example.substr(0, example.find(" # "))).second)
+                text += exampleOf(example);
+    return text;
+}
+
+std::string placesOf() {
+    return ".SH FILES\n" +
+           row("OUTPUT", {}, "Appears, or is replaced with --overwrite, when the export is complete and checked.") +
+           row(".editor-export-*", {},
+               "Beside the output: the file under way. What a killed export leaves there is removed by the next one "
+               "into "
+               "that folder.") +
+           row("FILE.state", {}, "Beside a queue: which of its jobs are done.") +
+           row("$XDG_CONFIG_HOME/EditorExport/presets.json", {},
+               "Your own presets; in ~/.config where the variable is not set.") +
+           row("share/editor-export/VERSION/presets/catalogue.json", {}, "The presets.") +
+           row("share/editor-export/schemas", {}, "The forms of reports and queues.") + ".SH ENVIRONMENT\n" +
+           row("EDITOR_EXPORT_PRESETS", {}, "Another file of presets in the place of the installed one.") +
+           row("XDG_CONFIG_HOME", {}, "Where your own presets are.") +
+           row("TMPDIR", {}, "Where the statistics of two passes are kept for a while; /tmp by default.") +
+           ".SH SEE ALSO\n.BR editor\\-export\\-dialog (1)\n";
+}
+
 } // namespace
 
 std::string manPage(const CommandTable& table) {
@@ -75,10 +105,7 @@ std::string manPage(const CommandTable& table) {
             text += ".SS " + plain(command.name().substr(sizeof "editor-export")) + '\n' + plain(command.summary) +
                     ".\n" + optionsOf(command) + notesOf(command);
     text += ".SH EXIT STATUS\n" + notesOf(table.front()) + ".SH EXAMPLES\n";
-    for (const CommandText& command : table)
-        for (const std::string& example : command.examples)
-            text += exampleOf(example);
-    return text;
+    return text + examplesOf(table) + placesOf();
 }
 
 } // namespace Cli

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Options.h"
 
+#include "ExportCore/NameList.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/PresetSettings.h"
 #include "ExportCore/Refusal.h"
 #include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
@@ -24,8 +26,17 @@ bool stands(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
 }
 
+const char* const BYTE_ORDER_MARK = "\xef\xbb\xbf";
+
 bool isUtf8(const std::string& text) {
     return QString::fromStdString(text).toStdString() == text;
+}
+
+/// Why a word can be no argument; empty where it can. A mark at its start would be lost, and the name another one.
+std::string whyNoWord(const std::string& word) {
+    if (word.rfind(BYTE_ORDER_MARK, 0) == 0)
+        return "begins with a byte order mark; write ./ in front of a name that does";
+    return isUtf8(word) ? std::string() : "is not valid UTF-8";
 }
 
 /// The first word that is no option; empty where there is none.
@@ -69,16 +80,33 @@ std::vector<std::string> optionNames(const CommandLine& line) {
     return names;
 }
 
+/// "--frame-rate=25" or "--frame-rate", which is a setting: what to write in its place. Empty where it is none.
+std::string asSetting(const std::string& word) {
+    const std::size_t sign = word.find('=');
+    const std::string name = word.substr(0, sign);
+    for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys())
+        if (name == std::string("--") + key.name)
+            return "; write --set " + std::string(key.name) +
+                   (sign == std::string::npos ? '=' + std::string(key.value) : word.substr(sign));
+    return {};
+}
+
+std::string noOption(const std::string& word, const CommandLine& line) {
+    const std::string name = word.substr(0, word.find('='));
+    const std::vector<std::string> names = optionNames(line);
+    const bool hasSettings = std::find(names.begin(), names.end(), "--set") != names.end();
+    const std::string setting = hasSettings ? asSetting(word) : std::string();
+    return "there is no option \"" + name + '"' +
+           (setting.empty() ? ExportCore::NearNames::question(name, names) : setting);
+}
+
 /// What nobody took: options that are none, with those that may be meant.
 std::string reasonOf(const CLI::ExtrasError&, const CommandLine& line) {
     std::string text;
     for (const std::string& word : line.left()) {
         const bool isOption = word.size() > 1 && word[0] == '-';
-        const std::string name = word.substr(0, word.find('='));
         text += text.empty() ? "" : "; ";
-        text += isOption
-                    ? "there is no option \"" + name + '"' + ExportCore::NearNames::question(name, optionNames(line))
-                    : '"' + word + "\" was not expected";
+        text += isOption ? noOption(word, line) : '"' + word + "\" was not expected";
     }
     return text;
 }
@@ -124,7 +152,7 @@ std::optional<Options> describe(const std::string& what, const CommandTable& tab
         std::fputs(text->second(table).c_str(), stdout);
         return std::nullopt;
     }
-    if (what == "presets" || what == "tags") {
+    if (what == "presets" || what == "tags" || what == "names" || what == "qualities") {
         Options options;
         options.command = Options::Command::Describe;
         options.described = what;
@@ -136,6 +164,17 @@ std::optional<Options> describe(const std::string& what, const CommandTable& tab
 }
 
 } // namespace
+
+std::string Options::noteWithoutEffect() const {
+    using ExportCore::TimelineOpening;
+    if (timelineOptions.empty() || std::any_of(inputs.begin(), inputs.end(), &TimelineOpening::isTimeline))
+        return {};
+    const auto limiter = std::find(timelineOptions.begin(), timelineOptions.end(), "--limiter");
+    return ExportCore::NameList::joined(timelineOptions, " and ") +
+           (timelineOptions.size() > 1 ? " have no effect: they are" : " has no effect: it is") +
+           " for timelines, and no input is one" +
+           (limiter != timelineOptions.end() ? " (--loudness keeps the peaks of media low)" : "");
+}
 
 Options Options::ofJob(const std::vector<std::string>& words) {
     Options options;
@@ -155,8 +194,8 @@ std::optional<Options> Options::read(int argc, char** argv, int& exitCode) {
     if (asksForJson(argc, argv))
         ErrorOutput::useJson();
     for (int i = 1; i < argc; ++i) {
-        if (!isUtf8(argv[i])) {
-            complain("argument " + std::to_string(i) + " is not valid UTF-8");
+        if (const std::string why = whyNoWord(argv[i]); !why.empty()) {
+            complain("argument " + std::to_string(i) + ' ' + why);
             exitCode = EXIT_BAD_INPUT;
             return std::nullopt;
         }

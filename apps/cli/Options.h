@@ -43,7 +43,7 @@ struct Options {
     ProgressStyle progress = ProgressStyle::Automatic;
 
     std::string queueFile;
-    std::string described; ///< what Describe prints: "presets" or "tags"
+    std::string described; ///< what Describe prints: "presets", "tags", "names" (both) or "qualities"
 
     enum class PresetAction { Export, Import, Validate, Diff };
     PresetAction presetAction = PresetAction::Export;
@@ -51,6 +51,10 @@ struct Options {
     bool listTags = false;
 
     ExportCore::TimelineOptions timelines;
+    std::vector<std::string> timelineOptions; ///< the names of those that were given
+
+    /// A sentence on options that nothing but a timeline knows, where no input is one; else empty.
+    std::string noteWithoutEffect() const;
 
     /// One job of a queue: the words behind "render". Throws ExportCore::Refusal.
     static Options ofJob(const std::vector<std::string>& words);

@@ -5,6 +5,7 @@
 #include "ExportCore/SizeText.h"
 #include "ExportCore/TimeText.h"
 #include "cli/JsonText.h"
+#include <algorithm>
 #include <cstdio>
 
 namespace Cli {
@@ -64,14 +65,15 @@ std::string withoutName(const ExportPlan::Stream& stream, qint64 frames) {
     return "cover: " + stream.codec + ' ' + std::to_string(stream.width) + 'x' + std::to_string(stream.height);
 }
 
-std::string textOf(const ExportPlan::Stream& stream, qint64 frames) {
+/// `alone` where there is no other of its kind to begin with.
+std::string textOf(const ExportPlan::Stream& stream, qint64 frames, bool alone) {
     using ExportCore::PlainText;
     std::string text = withoutName(stream, frames);
     if (!stream.language.empty())
         text += ", " + PlainText::escaped(stream.language);
     if (!stream.title.empty())
         text += ", \"" + PlainText::escaped(stream.title) + '"';
-    return text + (stream.isDefault ? ", default" : "") + (stream.forced ? ", forced" : "");
+    return text + (stream.isDefault && !alone ? ", default" : "") + (stream.forced ? ", forced" : "");
 }
 
 /// What the file has beside its pictures and its first sound.
@@ -132,8 +134,11 @@ std::string OutcomeText::of(const ExportPlan& plan) {
     std::string text = ExportCore::PlainText::escaped(plan.path.toStdString()) + ": " +
                        ExportCore::TimeText::format(plan.estimate.duration) + ", " + plan.container +
                        " by the preset " + plan.preset + '\n';
-    for (const ExportPlan::Stream& stream : plan.streams)
-        text += "  " + textOf(stream, plan.estimate.frames) + '\n';
+    for (const ExportPlan::Stream& stream : plan.streams) {
+        const auto isLike = [&stream](const ExportPlan::Stream& other) { return other.kind == stream.kind; };
+        const bool alone = std::count_if(plan.streams.begin(), plan.streams.end(), isLike) == 1;
+        text += "  " + textOf(stream, plan.estimate.frames, alone) + '\n';
+    }
     if (plan.chapters > 0)
         text += "  chapters: " + std::to_string(plan.chapters) + '\n';
     text += "  size: " + roughly(plan.estimate.rough) + ExportCore::SizeText::format(plan.estimate.sizeBytes) +

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/PlacesInUse.h"
 
+#include "EditorPreset/Preset.h"
+#include "ExportCore/PresetCatalogue.h"
+#include "ExportCore/PresetChoice.h"
+#include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
+#include "ExportCore/SequenceName.h"
 #include "ExportCore/TimelineOpening.h"
+#include "Kestra/ClientAPI/ContainerLimits.h"
 #include "cli/FilesOfMedium.h"
 #include "cli/JobRunner.h"
 #include "cli/SamePlace.h"
 #include <filesystem>
-#include <regex>
 #include <sys/stat.h>
 
 namespace Cli {
@@ -19,6 +24,17 @@ using ExportCore::TimelineOpening;
 bool stands(const std::string& path) {
     struct stat state = {};
     return ::stat(path.c_str(), &state) == 0;
+}
+
+/// A percent sign in the name of one film is a percent sign.
+bool makesPictures(const Options& exported, const ExportCore::PresetCatalogue& catalogue) {
+    try {
+        const std::string id =
+            ExportCore::PresetChoice::of(exported.preset, QString::fromStdString(exported.output), catalogue).id;
+        return Kestra::ClientAPI::ContainerLimits::IsSequence(catalogue.preset(id).containerId());
+    } catch (const ExportCore::Refusal&) { // that export makes nothing
+        return false;
+    }
 }
 
 bool isMediumOf(const Options& exported, const std::string& path) {
@@ -37,11 +53,12 @@ PlacesInUse::Place::Place(const std::string& path)
     folder = place.parent_path();
     name = place.filename();
     pattern = Kestra::Conf::NumberedName::Parse(name);
-    static const std::regex usual("frame_([0-9]+|%0?[0-9]*d)\\.[a-z]+");
-    isUsual = std::regex_match(name, usual);
+    isUsual = ExportCore::SequenceName::isUsualName(name);
 }
 
 bool PlacesInUse::Place::hasPicture(const Place& other) const {
+    if (!isPictures)
+        return false;
     if (pattern)
         return other.folder == folder && pattern->NumberOf(other.name);
     return other.isUsual && other.folder == whole;
@@ -58,7 +75,7 @@ bool PlacesInUse::isOfQueue(const std::string& queue, const std::string& path) {
 std::string PlacesInUse::useBy(const Options& exported, const std::string& path) {
     if (isSamePlace(path, exported.output))
         return "the output";
-    if (!exported.output.empty() && Place(exported.output).hasPicture(Place(path)))
+    if (isPictureOf(exported, path))
         return "one of the output's pictures";
     if (!exported.queueFile.empty() && isOfQueue(exported.queueFile, path))
         return "the queue's own file";
@@ -90,6 +107,15 @@ std::string PlacesInUse::whyNoFile(const std::string& path) {
                                      : "it is a device";
 }
 
+bool PlacesInUse::isPictureOf(const Options& exported, const std::string& path) {
+    if (exported.output.empty())
+        return false;
+    Place pictures(exported.output);
+    const Place other(path);
+    pictures.isPictures = true;
+    return pictures.hasPicture(other) && makesPictures(exported, ExportCore::PresetCatalogue());
+}
+
 PlacesInUse::PlacesInUse(std::vector<Options> exports)
     : exports(std::move(exports)) {}
 
@@ -115,11 +141,13 @@ std::size_t PlacesInUse::writerBefore(std::size_t index) {
 }
 
 void PlacesInUse::lookUpWhatIsWritten() {
+    const ExportCore::PresetCatalogue catalogue;
     for (const Options& exported : exports) {
         std::vector<Place>& places = written.emplace_back();
-        for (const std::string* const path : {&exported.output, &exported.report})
-            if (!path->empty())
-                places.emplace_back(*path);
+        if (!exported.output.empty())
+            places.emplace_back(exported.output).isPictures = makesPictures(exported, catalogue);
+        if (!exported.report.empty())
+            places.emplace_back(exported.report);
     }
 }
 

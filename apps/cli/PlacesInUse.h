@@ -39,17 +39,19 @@ private:
     /// A true place, taken apart once: each is compared with all others.
     struct Place {
         explicit Place(const std::string& path);
-        /// As an output that is pictures: by its pattern, or in a folder by their usual name, in however many digits;
-        /// the pattern of such names, too.
+        /// Of an output that is pictures: by its pattern, or in a folder by their usual name, in however many digits;
+        /// the pattern of such names, too. Nothing of another output.
         bool hasPicture(const Place& other) const;
         bool shares(const Place& other) const;
 
         std::string whole, folder, name;
         std::optional<Kestra::Conf::NumberedName> pattern;
-        bool isUsual = false; ///< called as pictures are in a folder
+        bool isUsual = false;    ///< called as pictures are in a folder
+        bool isPictures = false; ///< what is written there
     };
     using File = std::pair<dev_t, ino_t>; ///< whatever it is called
 
+    static bool isPictureOf(const Options& exported, const std::string& path);
     void lookUpWhatIsRead();
     void lookUpWhatIsWritten();
     void addRead(const std::string& path, std::size_t reader);

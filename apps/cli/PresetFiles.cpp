@@ -7,6 +7,7 @@
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/Refusal.h"
 #include "cli/ExitCode.h"
+#include "cli/FilePath.h"
 #include "cli/JsonText.h"
 #include "cli/PlacesInUse.h"
 #include "cli/PresetDiff.h"
@@ -97,9 +98,9 @@ int exportPresets(const Options& options) {
     }
     if (const std::string why = PlacesInUse::whyNoFile(options.output); !why.empty())
         KESTRA_THROW(Refusal("Cannot write \"" + options.output + "\": " + why));
-    if (QFileInfo::exists(text(options.output)) && !options.overwrite)
+    if (QFileInfo::exists(filePath(options.output)) && !options.overwrite)
         KESTRA_THROW(Refusal("Cannot write \"" + options.output + "\": it exists already (--overwrite replaces it)"));
-    writeFile(text(options.output), bytes);
+    writeFile(filePath(options.output), bytes);
     return EXIT_DONE;
 }
 
@@ -172,7 +173,7 @@ int importPresets(const Options& options) {
     QJsonObject own = ownFile();
     for (const std::string& path : options.inputs) {
         requireRight(path, catalogue);
-        const QJsonObject file = readObject(text(path));
+        const QJsonObject file = readObject(filePath(path));
         addPresets(file, options.overwrite, catalogue, own);
         addTags(file, options.overwrite, catalogue, own);
     }
@@ -201,10 +202,10 @@ int validatePresets(const Options& options) {
 /// An id, or a file that holds one preset.
 QJsonObject oneOf(const std::string& name, const PresetCatalogue& catalogue) {
     const std::vector<std::string>& ids = catalogue.ids();
-    if (std::find(ids.begin(), ids.end(), name) != ids.end() || !QFileInfo::exists(text(name)))
+    if (std::find(ids.begin(), ids.end(), name) != ids.end() || !QFileInfo::exists(filePath(name)))
         return sourceOf(name, catalogue);
     requireRight(name, catalogue);
-    const QJsonArray presets = readObject(text(name)).value(key("presets")).toArray();
+    const QJsonArray presets = readObject(filePath(name)).value(key("presets")).toArray();
     if (presets.size() != 1)
         KESTRA_THROW(Refusal('"' + name + "\" holds " + std::to_string(presets.size()) +
                              " presets; one is compared (presets export ID writes one alone)"));

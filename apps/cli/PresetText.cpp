@@ -53,6 +53,14 @@ std::string numberText(double number) {
     return shown;
 }
 
+/// As a catalogue writes it.
+std::string jsonText(const Kestra::Core::Property& value) {
+    const std::string line = value.ToString(); // "path = value"
+    const std::size_t sign = line.find(" = ");
+    const std::string text = sign == std::string::npos ? line : line.substr(sign + 3);
+    return text.substr(0, text.find_last_not_of('\n') + 1);
+}
+
 std::string bitrateText(std::int64_t bitsPerSecond) {
     return OutcomeText::bitrate(bitsPerSecond);
 }
@@ -72,12 +80,26 @@ std::string automaticText(const Preset& preset) {
            std::to_string(width) + 'x' + std::to_string(height) + " and " + std::to_string(RATE) + " fps";
 }
 
+std::string qualityText(const Preset& preset) {
+    const auto range = Kestra::ClientAPI::CodecLimits::VideoQuality(preset.videoCodec());
+    return "constant quality " + numberText(preset.videoQuality()) + " on the codec's scale, " +
+           (range.best < range.worst ? "lower" : "higher") + " is better";
+}
+
+/// Of a codec that is not asked for any.
+std::string bitsAsTaken(const Preset& preset) {
+    if (!preset.videoProfile().empty())
+        return "profile " + preset.videoProfile();
+    const bool byQuality = Kestra::ClientAPI::CodecLimits::VideoQuality(preset.videoCodec()).Exists();
+    return byQuality ? qualityText(preset) : "as many as the picture takes";
+}
+
 std::string rateControlText(const Preset& preset) {
     if (!Kestra::ClientAPI::CodecLimits::HasBitrate(preset.videoCodec()))
-        return preset.videoProfile().empty() ? "as many as the picture takes" : "profile " + preset.videoProfile();
+        return bitsAsTaken(preset);
     switch (preset.videoBitrateMode()) {
     case BitrateMode::Quality:
-        return "constant quality " + numberText(preset.videoQuality()) + " on the codec's scale, lower is better";
+        return qualityText(preset);
     case BitrateMode::Variable:
         return bitrateText(preset.videoBitrateBps()) + " on average";
     case BitrateMode::Constant:
@@ -131,34 +153,71 @@ std::string passesText(const Preset& preset) {
 }
 
 std::string row(const std::string& name, const std::string& value) {
-    constexpr std::size_t WIDTH = 14;
     std::string head = "  " + name;
-    head.resize(std::max(WIDTH, head.size() + 1), ' ');
+    head.resize(std::max(PresetText::SECOND, head.size() + 1), ' ');
     return head + value + '\n';
 }
 
-/// Empty where the codec's usual one is taken.
-std::string pixelFormatOf(const Preset& preset) {
+std::string pixelFormatText(const Preset& preset) {
     const Kestra::Core::Property& tree = preset.property();
     const bool says = tree.ChildExists("video") && tree["video"].ChildExists("pixelFormat");
-    return says ? tree["video"]["pixelFormat"].GetString() : std::string();
+    return says ? "pixel format " + tree["video"]["pixelFormat"].GetString() : "the codec's own pixel format";
 }
 
-/// What the qualities change, the best one first.
+std::string rateText(const Preset& preset) {
+    return preset.frameRate() == 0 ? "the source's rate"
+                                   : numberText(boost::rational_cast<double>(preset.frameRate())) + " fps";
+}
+
+std::string encoderOptionsText(const Preset& preset) {
+    const Kestra::Core::Property& tree = preset.property();
+    if (!tree.ChildExists("video") || !tree["video"].ChildExists("options"))
+        return "no options of the encoder";
+    std::vector<std::string> options;
+    for (const Kestra::Core::Property& option : tree["video"]["options"].GetChildren())
+        options.push_back(option.GetName() + ' ' + jsonText(option));
+    return options.empty() ? "no options of the encoder" : NameList::joined(options);
+}
+
+std::string soundBitsText(const Preset& preset) {
+    return preset.hasAudio() && preset.audioBitrateBps() > 0 ? "sound " + bitrateText(preset.audioBitrateBps())
+                                                             : std::string();
+}
+
+/// What may be told of a preset beside others of its kind; empty where it has no such thing.
+std::vector<std::string> aspects(const Preset& preset) {
+    if (!preset.hasVideo())
+        return {soundBitsText(preset)};
+    return {rateControlText(preset), rateText(preset), pixelFormatText(preset), encoderOptionsText(preset),
+            soundBitsText(preset)};
+}
+
+/// What the qualities change, the best one first, and which of them is the preset as it is.
 std::string qualityRows(const Preset& preset, const PresetCatalogue& catalogue) {
+    const std::vector<std::string> names = catalogue.qualitiesOf(preset.id());
+    if (names.empty())
+        return {};
+    const std::vector<std::string> own = aspects(preset);
+    std::vector<std::vector<std::string>> all;
+    all.reserve(names.size());
+    for (const std::string& name : names)
+        all.push_back(aspects(catalogue.withQuality(preset.id(), name)));
+    const auto differs = [&](std::size_t at) {
+        return std::any_of(all.begin(), all.end(), [&](const auto& one) { return one[at] != own[at]; });
+    };
+    const auto textOf = [&](const std::vector<std::string>& one) {
+        std::vector<std::string> told;
+        for (std::size_t at = 0; at < one.size(); ++at)
+            if (!one[at].empty() && differs(at))
+                told.push_back(one[at]);
+        return NameList::joined(told, "; ", "; ");
+    };
     std::string rows;
-    for (const std::string& name : catalogue.qualitiesOf(preset.id())) {
-        const Preset changed = catalogue.withQuality(preset.id(), name);
-        std::vector<std::string> changes;
-        if (changed.hasVideo())
-            changes.push_back(rateControlText(changed));
-        if (pixelFormatOf(changed) != pixelFormatOf(preset))
-            changes.push_back("pixel format " + pixelFormatOf(changed));
-        if (changed.hasAudio() && changed.audioBitrateBps() > 0)
-            changes.push_back("sound " + bitrateText(changed.audioBitrateBps()));
-        rows += row(rows.empty() ? "qualities" : "", name + ": " + NameList::joined(changes, "; ", "; "));
-    }
-    return rows;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        rows += row(rows.empty() ? "qualities" : "",
+                    names[i] + (all[i] == own ? " (the default): " : ": ") + textOf(all[i]));
+    const bool isNone = std::find(all.begin(), all.end(), own) == all.end();
+    return isNone ? rows + row("", "none of them: " + textOf(own)) : rows;
 }
 
 } // namespace
@@ -174,8 +233,12 @@ std::string PresetText::line(const Preset& preset, const PresetCatalogue& catalo
     text += ' ' + preset.title();
     const std::string tags = " [" + NameList::joined(markedTags(preset, catalogue)) + ']';
     if (text.size() + tags.size() > columns) {
-        const std::string defaults = defaultMarks(preset, catalogue);
-        return cut(cut(text, columns - std::min(columns, defaults.size())) + defaults, columns);
+        // The id is what is typed: it is whole however narrow the terminal is.
+        const std::string& id = preset.id();
+        std::string defaults = defaultMarks(preset, catalogue);
+        if (id.size() + defaults.size() > columns)
+            defaults.clear();
+        return cut(text, std::max(id.size(), columns - defaults.size())) + defaults;
     }
     const std::vector<std::string> qualities = catalogue.qualitiesOf(preset.id());
     const std::string quality =

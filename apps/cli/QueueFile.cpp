@@ -1,22 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/QueueFile.h"
 
+#include "ExportCore/LeftoverSweep.h"
 #include "ExportCore/NearNames.h"
+#include "ExportCore/PathBytes.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimelineOpening.h"
-#include "Kestra/Conf/NumberedName.h"
 #include "cli/CommandLine.h"
 #include "cli/ErrorOutput.h"
+#include "cli/FileFacts.h"
+#include "cli/FilePath.h"
 #include "cli/FilesOfMedium.h"
 #include "cli/JsonText.h"
+#include "cli/PlacesInUse.h"
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <sys/file.h>
 #include <variant>
 
@@ -27,25 +31,33 @@ using ExportCore::Refusal;
 
 constexpr int VERSION = 1;
 
-[[noreturn]] void refuse(const QString& path, const std::string& why,
+[[noreturn]] void refuse(const std::string& name, const std::string& why,
                          Kestra::SourcePlace place = Kestra::SourcePlace::Here()) {
-    Kestra::ThrowFrom(Refusal("Cannot run \"" + path.toStdString() + "\": " + why), place);
+    Kestra::ThrowFrom(Refusal("Cannot run \"" + name + "\": " + why), place);
 }
 
-/// The object in a file; `version` is the member that says of what form it is.
-QJsonObject objectIn(QFile& file, const char* version) {
+/// A pipe that nobody writes would be waited for.
+void open(QFile& file, const std::string& name) {
+    if (const std::string why = PlacesInUse::whyNoFile(file.fileName().toStdString()); !why.empty())
+        refuse(name, why);
     if (!file.isOpen() && !file.open(QIODevice::ReadOnly))
-        refuse(file.fileName(), file.errorString().toStdString());
+        refuse(name, file.errorString().toStdString());
+}
+
+/// The object in a file that is called so; `version` is the member that says of what form it is.
+QJsonObject objectIn(QFile& file, const std::string& name, const char* version) {
+    open(file, name);
     QJsonParseError error{};
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
+    bytes.replace("\"\xef\xbb\xbf", "\"\\ufeff"); // which would be lost there, as at the start of a file
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError)
-        refuse(file.fileName(), "line " + std::to_string(1 + bytes.left(error.offset).count('\n')) + ": " +
-                                    error.errorString().toStdString());
+        refuse(name, "line " + std::to_string(1 + bytes.left(error.offset).count('\n')) + ": " +
+                         error.errorString().toStdString());
     const QJsonValue form = document.object().value(key(version));
     if (form.toInt() != VERSION)
-        refuse(file.fileName(), '"' + std::string(version) + "\" is not " + std::to_string(VERSION) +
-                                    ", the form that this program reads");
+        refuse(name, '"' + std::string(version) + "\" is not " + std::to_string(VERSION) +
+                         ", the form that this program reads");
     return document.object();
 }
 
@@ -78,9 +90,20 @@ const std::map<std::string, bool>& members() {
     KESTRA_THROW(Refusal("a job has no such member" + ExportCore::NearNames::question(name, names)));
 }
 
+void requireBytesOf(const QString& text) {
+    constexpr ushort BYTE_ORDER_MARK = 0xfeff;
+    if (const std::string why = ExportCore::PathBytes::whyNone(text); !why.empty())
+        KESTRA_THROW(Refusal(why));
+    // It would be lost at the start of bytes, and the name another one.
+    if (text.startsWith(QChar(BYTE_ORDER_MARK)))
+        KESTRA_THROW(Refusal("it begins with a byte order mark; write ./ in front of a name that does"));
+}
+
 std::string textOf(const QJsonValue& value) {
-    if (value.isString())
+    if (value.isString()) {
+        requireBytesOf(value.toString());
         return value.toString().toStdString();
+    }
     if (value.isDouble())
         return QString::number(value.toDouble(), 'g', 15).toStdString();
     KESTRA_THROW(Refusal("a text or a number is expected"));
@@ -149,53 +172,29 @@ QueueFile::Job jobOf(const QJsonValue& value) {
     return job;
 }
 
-/// The output, or the pictures that stand for it.
-QFileInfoList filesOf(const QFileInfo& output) {
-    if (output.isFile())
-        return {output};
-    if (output.isDir())
-        return QDir(output.filePath()).entryInfoList({key("frame_*")}, QDir::Files);
-    const auto name = Kestra::Conf::NumberedName::Parse(output.fileName().toStdString());
-    QFileInfoList pictures;
-    if (name)
-        for (const QFileInfo& file : output.absoluteDir().entryInfoList(QDir::Files))
-            if (name->NumberOf(file.fileName().toStdString()))
-                pictures << file;
-    return pictures;
+/// What tells that an output is still the one that was made; empty where there is none.
+QJsonObject factsOf(const QString& output, const FileFacts& files) {
+    if (files.count == 0)
+        return {};
+    const QFileInfo told(output);
+    QJsonObject facts = files.object();
+    facts.insert(key("output"), told.absoluteFilePath());
+    if (!told.isFile())
+        facts.insert(key("pictures"), files.count);
+    return facts;
 }
 
-/// What tells that an output is still the one that was made; empty where there is none.
 QJsonObject factsOf(const std::string& output) {
-    const QFileInfo told(QString::fromStdString(output));
-    const QFileInfoList files = filesOf(told);
-    qint64 size = 0;
-    QDateTime modified;
-    for (const QFileInfo& file : files) {
-        size += file.size();
-        modified = modified.isValid() ? std::max(modified, file.lastModified()) : file.lastModified();
-    }
-    if (files.isEmpty())
-        return {};
-    QJsonObject facts{{key("output"), told.absoluteFilePath()},
-                      {key("sizeBytes"), size},
-                      {key("modified"), modified.toUTC().toString(Qt::ISODateWithMs)}};
-    if (!told.isFile())
-        facts.insert(key("pictures"), files.size());
-    return facts;
+    const QString path = filePath(output);
+    return factsOf(path, FileFacts::ofOutput(path));
 }
 
 /// What tells that files are still those that were read; it says how many pictures of a sequence there are.
 QJsonObject factsOfInput(const QString& path, const QFileInfoList& files) {
-    qint64 size = 0;
-    QDateTime modified;
-    for (const QFileInfo& file : files) {
-        size += file.size();
-        modified = modified.isValid() ? std::max(modified, file.lastModified()) : file.lastModified();
-    }
-    return {{key("path"), path},
-            {key("files"), files.size()},
-            {key("sizeBytes"), size},
-            {key("modified"), modified.toUTC().toString(Qt::ISODateWithMs)}};
+    QJsonObject facts = FileFacts::of(files).object();
+    facts.insert(key("path"), path);
+    facts.insert(key("files"), files.size());
+    return facts;
 }
 
 QJsonObject factsOfMedium(const Timeline::MediaTarget& medium) {
@@ -212,7 +211,7 @@ QJsonObject factsOfMedium(const Timeline::MediaTarget& medium) {
 QJsonArray factsOfInputs(const Options& options) {
     QJsonArray facts;
     for (const std::string& input : options.inputs) {
-        const QFileInfo file(QString::fromStdString(input));
+        const QFileInfo file(filePath(input));
         const QFileInfo content(file.filePath() + key("/content.otio")); // of a timeline that is a folder
         facts.append(factsOfInput(file.absoluteFilePath(), {file.isDir() ? content : file}));
         for (const Timeline::MediaTarget& medium : ExportCore::TimelineOpening::mediaNamedIn(input, options.timelines))
@@ -222,11 +221,46 @@ QJsonArray factsOfInputs(const Options& options) {
 }
 
 const char* const INPUTS = "inputs";
+const char* const UNDER_WAY = "underWay";
+
+/// Why it could not be written; nothing where it is.
+std::optional<std::string> writeState(const QString& path, const QJsonObject& done, const QJsonObject& underWay) {
+    QJsonObject all{{key("queueState"), VERSION}, {key("done"), done}};
+    if (!underWay.isEmpty())
+        all.insert(key(UNDER_WAY), underWay);
+    QSaveFile state(path);
+    const QByteArray bytes = QJsonDocument(all).toJson();
+    if (state.open(QIODevice::WriteOnly) && state.write(bytes) == bytes.size() && state.commit())
+        return std::nullopt;
+    return state.errorString().toStdString();
+}
+
+/// How files can be told that are put elsewhere.
+QJsonObject placingObject(const FileFacts& files) {
+    QJsonObject facts = files.object();
+    facts.insert(key("files"), files.count);
+    facts.insert(key("identity"), QString::fromStdString(files.identity));
+    return facts;
+}
+
+/// Whether what stands at the output is what was about to be put there, whoever put it.
+bool isThatOne(const FileFacts& standing, const QJsonObject& made) {
+    QJsonObject told = made;
+    told.remove(key(INPUTS));
+    return standing.count > 0 && told == placingObject(standing);
+}
+
+/// Pictures that were on their way into a folder, or out of it, arrive or come back.
+void settle(const QFileInfo& output) {
+    for (const QString& folder : {output.absolutePath(), output.absoluteFilePath()})
+        ExportCore::LeftoverSweep::run(folder.toUtf8());
+}
 
 } // namespace
 
 QueueFile::QueueFile(const std::string& path)
-    : file(QString::fromStdString(path))
+    : name(path)
+    , file(QFileInfo(filePath(path)).absoluteFilePath())
     , statePath(file.fileName() + QStringLiteral(".state")) {
     lock();
     readJobs();
@@ -234,38 +268,61 @@ QueueFile::QueueFile(const std::string& path)
 }
 
 void QueueFile::lock() {
-    if (!file.open(QIODevice::ReadOnly))
-        refuse(file.fileName(), file.errorString().toStdString());
+    open(file, name);
     if (::flock(file.handle(), LOCK_EX | LOCK_NB) != 0)
-        refuse(file.fileName(), "another process is running it");
+        refuse(name, "another process is running it");
 }
 
 void QueueFile::readJobs() {
-    const QJsonObject object = objectIn(file, "queue");
+    const QJsonObject object = objectIn(file, name, "queue");
     for (auto member = object.begin(); member != object.end(); ++member)
         if (member.key() != QLatin1String("queue") && member.key() != QLatin1String("jobs"))
-            refuse(file.fileName(),
+            refuse(name,
                    '"' + member.key().toStdString() + "\" is no member of a queue, which has \"queue\" and \"jobs\"");
     const QJsonArray jobs = object.value(key("jobs")).toArray();
     if (jobs.isEmpty())
-        refuse(file.fileName(), "\"jobs\" is no list of jobs");
+        refuse(name, "\"jobs\" is no list of jobs");
     for (const QJsonValue& job : jobs)
         all.push_back(jobOf(job));
 }
 
 void QueueFile::readState() {
-    QFile state(statePath);
-    if (!state.exists())
+    QFile file(statePath);
+    if (!file.exists())
         return;
     try {
-        done = objectIn(state, "queueState").value(key("done")).toObject();
+        const QJsonObject state = objectIn(file, name + ".state", "queueState");
+        done = state.value(key("done")).toObject();
+        underWay = state.value(key(UNDER_WAY)).toObject();
     } catch (const Refusal& refusal) {
         KESTRA_THROW(Refusal(refusal.what() + std::string("; without that file all jobs are begun anew")));
     }
 }
 
+void QueueFile::takeOver() {
+    for (const Job& job : all) {
+        const QJsonObject made = underWay.value(job.digest).toObject();
+        if (made.isEmpty() || !job.fault.empty())
+            continue;
+        const QString output = filePath(job.output);
+        settle(QFileInfo(output));
+        const FileFacts standing = FileFacts::ofOutput(output);
+        if (!isThatOne(standing, made))
+            continue;
+        QJsonObject facts = factsOf(output, standing);
+        facts.insert(key(INPUTS), made.value(key(INPUTS)));
+        done.insert(job.digest, facts);
+    }
+    if (underWay.isEmpty())
+        return;
+    underWay = {};
+    writeState(statePath, done, underWay); // as well as it can be
+}
+
 bool QueueFile::isDone(const Job& job) const {
-    QJsonObject facts = job.output.empty() ? QJsonObject() : factsOf(job.output);
+    if (!job.fault.empty())
+        return false;
+    QJsonObject facts = factsOf(job.output);
     const QJsonObject kept = done.value(job.digest).toObject();
     if (facts.isEmpty() || kept.isEmpty())
         return false;
@@ -284,17 +341,22 @@ void QueueFile::begin(const Job& job) {
     inputs = factsOfInputs(job.options);
 }
 
+std::function<void(const QString& made)> QueueFile::beforePlacing(const Job& job) const {
+    return [path = statePath, done = done, digest = job.digest, inputs = inputs](const QString& made) {
+        QJsonObject facts = placingObject(FileFacts::ofOutput(made));
+        facts.insert(key(INPUTS), inputs);
+        writeState(path, done, {{digest, facts}});
+    };
+}
+
 bool QueueFile::keep(const Job& job) {
     QJsonObject facts = factsOf(job.output);
     facts.insert(key(INPUTS), inputs);
     done.insert(job.digest, facts);
-    QSaveFile state(statePath);
-    const QByteArray bytes = QJsonDocument(QJsonObject{{key("queueState"), VERSION}, {key("done"), done}}).toJson();
-    if (state.open(QIODevice::WriteOnly) && state.write(bytes) == bytes.size() && state.commit())
-        return true;
-    ErrorOutput::fail("cannot keep what is done in \"" + statePath.toStdString() +
-                      "\": " + state.errorString().toStdString());
-    return false;
+    const auto why = writeState(statePath, done, {});
+    if (why)
+        ErrorOutput::fail("cannot keep what is done in \"" + statePath.toStdString() + "\": " + *why);
+    return !why;
 }
 
 } // namespace Cli

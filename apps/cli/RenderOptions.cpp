@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The command "render" and what it shares with others.
 #include "ExportCore/LoudnessGain.h"
+#include "ExportCore/OutroPictures.h"
 #include "ExportCore/PresetSettings.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/TimeText.h"
@@ -55,6 +56,14 @@ std::string settingsText() {
     return text;
 }
 
+/// "bitrate=" and so on.
+std::vector<std::string> settingsBegun() {
+    std::vector<std::string> begun;
+    for (const ExportCore::PresetSettings::Key& key : ExportCore::PresetSettings::keys())
+        begun.push_back(std::string(key.name) + '=');
+    return begun;
+}
+
 } // namespace
 
 void CommandLine::addGeneral() {
@@ -99,7 +108,7 @@ void CommandLine::addPresetAndOutput() {
     typed(render->add_option("-p,--preset", options.preset,
                              "Id of the preset, or a tag for its default (see presets); by default the output's "
                              "extension tells"),
-          "ID", ValueKind::Preset);
+          "ID", ValueKind::PresetOrTag);
     output = addFile(*render, "-o,--output", options.output,
                      "The file to write, or the folder or names (shot_%05d.png) of pictures; by default the last of "
                      "several INPUTs, unless that is a file already");
@@ -107,12 +116,11 @@ void CommandLine::addPresetAndOutput() {
 
 /// Which of the inputs' tracks, and what of their descriptions, the file takes.
 void CommandLine::addTracks() {
-    render
-        ->add_option(
-            "--audio", audioText,
-            "The sound track: its number, as info lists it, or its language; none; all of them; by default the "
-            "inputs' own choice")
-        ->type_name("TRACK")
+    offer(render->add_option(
+              "--audio", audioText,
+              "The sound track: its number, as info lists it, or its language; none; all of them; by default the "
+              "inputs' own choice"),
+          "TRACK", {"all", "none"})
         ->check(checkAudio);
     const auto addSwitch = [this](const char* name, std::string& text, const char* what) {
         addChoice(*render, name, text, {"kept", "none"}, what)->capture_default_str();
@@ -125,9 +133,11 @@ void CommandLine::addTracks() {
 
 /// What makes the file other than preset and inputs do.
 void CommandLine::addChanges() {
-    render->add_option("--quality", options.quality, "One of the preset's qualities (see presets)")->type_name("NAME");
-    render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once")
-        ->type_name("KEY=VALUE")
+    typed(render->add_option("--quality", options.quality, "One of the preset's qualities (see presets)"), "NAME",
+          ValueKind::Quality);
+    offer(
+        render->add_option("--set", options.settings, "Change one setting of the preset; may be given more than once"),
+        "KEY=VALUE", settingsBegun())
         ->allow_extra_args(false);
     render
         ->add_option("--loudness", loudnessText,
@@ -140,7 +150,8 @@ void CommandLine::addChanges() {
     render->add_option("--duration", durationText, "How long it lasts, from --in on or up to --out")
         ->type_name("TIME")
         ->check(checkTime);
-    render->add_option("--branding", options.branding, "Append this outro (demo); none by default")->type_name("NAME");
+    offer(render->add_option("--branding", options.branding, "Append this outro (demo); none by default"), "NAME",
+          ExportCore::OutroPictures::names());
 }
 
 /// How the export goes, not what it makes.

@@ -5,6 +5,7 @@
 #include "ExportCore/TimeText.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
+#include "cli/FilePath.h"
 #include "cli/JsonText.h"
 #include "cli/PlacesInUse.h"
 #include <QDir>
@@ -125,7 +126,7 @@ Report::Report(const Options& options)
     if (options.report.empty())
         return;
     const QByteArray path = QByteArray::fromStdString(options.report);
-    const QFileInfo file(text(options.report));
+    const QFileInfo file(filePath(options.report));
     const std::string name = '"' + options.report + '"';
     if (const std::string use = PlacesInUse::useBy(options, options.report); !use.empty())
         KESTRA_THROW(ExportCore::Refusal("Cannot write the report " + name + ": it is " + use));
@@ -166,7 +167,7 @@ QJsonObject Report::object(const ExportOutcome& outcome, int exitCode) const {
 int Report::write(const ExportOutcome& outcome, int exitCode) const {
     if (options.report.empty())
         return exitCode;
-    QSaveFile file(text(options.report));
+    QSaveFile file(filePath(options.report));
     const QByteArray bytes = jsonBytes(object(outcome, exitCode), QJsonDocument::Indented);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return exitCode;

@@ -3,6 +3,7 @@
 #include "Kestra/Proc/LargestAllocation.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
+#include "cli/FilePath.h"
 #include "cli/JobTally.h"
 #include "cli/PlacesInUse.h"
 #include "cli/QueueFile.h"
@@ -59,7 +60,7 @@ JobRunner::Ended runOne(QueueFile& queue, PlacesInUse& places, std::size_t index
             ErrorOutput::tell("note", "\"" + job.output + "\" is of before its inputs were changed");
         queue.begin(job);
         Kestra::Proc::SetLargestAllocation(options.mediaLimits);
-        return runner.run(options);
+        return runner.run(options, queue.beforePlacing(job));
     } catch (const ExportCore::Refusal& refusal) {
         ErrorOutput::refuse(refusal.what());
         return {EXIT_BAD_INPUT, {}};
@@ -72,14 +73,14 @@ bool isWhole(const JobRunner::Ended& ended) {
 
 /// As the folder of the queue has it.
 std::string absolute(const QDir& folder, const std::string& name) {
-    return name.empty() ? name : folder.absoluteFilePath(QString::fromStdString(name)).toStdString();
+    return name.empty() ? name : folder.absoluteFilePath(filePath(name)).toStdString();
 }
 
 } // namespace
 
 std::vector<Options> exportsOfQueue(const std::string& path) {
     const QueueFile queue(path);
-    const QDir folder = QFileInfo(QString::fromStdString(path)).absoluteDir();
+    const QDir folder = QFileInfo(filePath(path)).absoluteDir();
     std::vector<Options> exports;
     for (const QueueFile::Job& job : queue.jobs()) {
         Options options = job.options;
@@ -93,12 +94,13 @@ std::vector<Options> exportsOfQueue(const std::string& path) {
 }
 
 int runQueue(const Options& options, JobRunner& runner) {
-    const QString path = QFileInfo(QString::fromStdString(options.queueFile)).absoluteFilePath();
-    QueueFile queue(path.toStdString());
+    const QString path = QFileInfo(filePath(options.queueFile)).absoluteFilePath();
+    QueueFile queue(options.queueFile);
     Options all = options;
     all.queueFile = path.toStdString();
     // The jobs' names count from where they stand.
     QDir::setCurrent(QFileInfo(path).absolutePath());
+    queue.takeOver();
     PlacesInUse places = placesOf(queue);
     JobTally tally(queue.jobs().size());
     bool isKept = true;
@@ -116,6 +118,8 @@ int runQueue(const Options& options, JobRunner& runner) {
     }
     if (JobRunner::isStopped())
         tally.stop(Process::SignalStop::received());
+    if (options.progress != ProgressStyle::Json)
+        ErrorOutput::keep(tally.summary());
     if (!options.quiet && options.progress != ProgressStyle::Json)
         std::printf("%s\n", tally.summary().c_str());
     return tally.exitCode() == EXIT_DONE && !isKept ? EXIT_EXPORT_FAILED : tally.exitCode();

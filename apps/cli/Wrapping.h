@@ -13,6 +13,10 @@ struct Wrapping {
     static std::string wrapped(const std::string& text, std::size_t columns, std::size_t indent = 0,
                                std::size_t begun = 0);
 
+    /// The lines as they are, but for those that are longer than `columns`: these are broken at blanks, and what
+    /// follows begins with `hang` blanks. A word that is longer stays whole.
+    static std::string fitted(const std::string& text, std::size_t columns, std::size_t hang);
+
     Wrapping() = delete;
 };
 

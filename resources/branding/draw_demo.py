@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the picture of the outro "demo": resources/branding/draw_demo.py resources/branding/demo/outro.png"""
 import math
 import struct

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws editor-export.svg's shapes as a PNG: resources/desktop/draw_icon.py resources/desktop/editor-export-128.png 128"""
 import math
 import struct

@@ -191,6 +191,10 @@
                 <numerusform>%n Exporte wurden nicht gestartet. Ohne sie schließen?</numerusform>
             </translation>
         </message>
+        <message>
+            <source>“%1” is a folder. Write the name of a file in it.</source>
+            <translation>„%1“ ist ein Ordner. Schreiben Sie den Namen einer Datei darin.</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -233,6 +237,10 @@
         <message>
             <source>%1 left</source>
             <translation>noch %1</translation>
+        </message>
+        <message>
+            <source>Done, with warnings</source>
+            <translation>Fertig, mit Warnungen</translation>
         </message>
     </context>
     <context>
@@ -850,6 +858,10 @@
             <source>This is one of the inputs</source>
             <translation>Das ist eine der Quellen</translation>
         </message>
+        <message>
+            <source>This is a folder; write the name of a file in it</source>
+            <translation>Das ist ein Ordner; schreiben Sie den Namen einer Datei darin</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -1201,6 +1213,14 @@
         <message>
             <source>webm-vp9-1080p-alpha</source>
             <translation>WebM (VP9 und Opus), bis 1080p, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>webp-webp-720p</source>
+            <translation>Animiertes WebP, bis 720p, nur Bild, behält die Durchsichtigkeit</translation>
+        </message>
+        <message>
+            <source>webp-webp-480p</source>
+            <translation>Animiertes WebP, bis 480p, nur Bild, behält die Durchsichtigkeit</translation>
         </message>
         <message>
             <source>gif-gif-480p</source>
@@ -1605,6 +1625,14 @@
             <translation>Bild oder Ton stehen in einer anderen Datei, die sie nennt</translation>
         </message>
         <message>
+            <source>it is an animated WebP file, a kind that is written and not read</source>
+            <translation>es ist eine animierte WebP-Datei; solche werden geschrieben, aber nicht gelesen</translation>
+        </message>
+        <message>
+            <source>&quot;%1&quot; would become larger than 4 GiB, which a WebP file cannot be: a shorter range, a lower quality or smaller pictures fit into one</source>
+            <translation>„%1“ würde größer als 4 GiB, was eine WebP-Datei nicht sein kann: Ein kürzerer Bereich, eine geringere Qualität oder kleinere Bilder passen hinein</translation>
+        </message>
+        <message>
             <source>it is a folder</source>
             <translation>das ist ein Ordner</translation>
         </message>
@@ -1789,8 +1817,20 @@
             <translation>Fehlendes ist schwarz und still, oder zeigt, was auf unteren Spuren liegt</translation>
         </message>
         <message>
+            <source>has no picture: what is shown there is black</source>
+            <translation>hat kein Bild: gezeigt wird dort Schwarz</translation>
+        </message>
+        <message>
+            <source>has no sound: what is heard there is silence</source>
+            <translation>hat keinen Ton: zu hören ist dort Stille</translation>
+        </message>
+        <message>
             <source>roughly %1</source>
             <translation>etwa %1</translation>
+        </message>
+        <message>
+            <source>about %1</source>
+            <translation>ungefähr %1</translation>
         </message>
         <message>
             <source>The first pass looks at whole pictures in place of halves: %1</source>
@@ -1864,6 +1904,110 @@
         <message>
             <source>name a file in it</source>
             <translation>eine Datei darin nennen</translation>
+        </message>
+        <message>
+            <source>write what comes out of it to a file</source>
+            <translation>schreiben Sie, was herauskommt, in eine Datei</translation>
+        </message>
+        <message>
+            <source>it is not a media file, or its beginning is damaged</source>
+            <translation>das ist keine Mediendatei, oder ihr Anfang ist beschädigt</translation>
+        </message>
+        <message>
+            <source>its index is missing: the recording was never finished, or copied in part</source>
+            <translation>ihr Index fehlt: die Aufnahme wurde nie beendet oder nur zum Teil kopiert</translation>
+        </message>
+        <message>
+            <source>it is not a media file</source>
+            <translation>das ist keine Mediendatei</translation>
+        </message>
+        <message>
+            <source>A picture could not be decoded: %1</source>
+            <translation>Ein Bild ließ sich nicht dekodieren: %1</translation>
+        </message>
+        <message>
+            <source>A block of sound could not be decoded: %1</source>
+            <translation>Ein Stück Ton ließ sich nicht dekodieren: %1</translation>
+        </message>
+        <message>
+            <source>its picture could not be decoded: %1</source>
+            <translation>ihr Bild ließ sich nicht dekodieren: %1</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3 (%4)</source>
+            <translation>%1, Clip „%2“: %3 (%4)</translation>
+        </message>
+        <message>
+            <source>stack "%1"</source>
+            <translation>Stapel „%1“</translation>
+        </message>
+        <message>
+            <source>track "%1"</source>
+            <translation>Spur „%1“</translation>
+        </message>
+        <message>
+            <source>the media "%1" %2</source>
+            <translation>die Mediendatei „%1“ %2</translation>
+        </message>
+        <message>
+            <source>its media %1</source>
+            <translation>seine Mediendatei %1</translation>
+        </message>
+        <message>
+            <source>is not there</source>
+            <translation>ist nicht da</translation>
+        </message>
+        <message>
+            <source>is no plain file</source>
+            <translation>ist keine gewöhnliche Datei</translation>
+        </message>
+        <message>
+            <source>stands on another machine</source>
+            <translation>steht auf einem anderen Rechner</translation>
+        </message>
+        <message>
+            <source>stands at a path of Windows</source>
+            <translation>steht an einem Pfad von Windows</translation>
+        </message>
+        <message>
+            <source>is not named</source>
+            <translation>ist nicht genannt</translation>
+        </message>
+        <message>
+            <source>is said to be missing</source>
+            <translation>fehlt, wie die Timeline sagt</translation>
+        </message>
+        <message>
+            <source>its sound has a gap of %1 at %2, filled with silence</source>
+            <translation>sein Ton hat bei %2 eine Lücke von %1, die mit Stille gefüllt ist</translation>
+        </message>
+        <message>
+            <source>its sound has more gaps, all filled with silence</source>
+            <translation>sein Ton hat weitere Lücken, alle mit Stille gefüllt</translation>
+        </message>
+        <message>
+            <source>its sound changes to %1 on the way; it is converted to %2, as it begins</source>
+            <translation>sein Ton wechselt unterwegs zu %1; er wird in %2 umgewandelt, wie er beginnt</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed</source>
+            <translation>Ein beschädigtes Bild wurde überdeckt</translation>
+        </message>
+        <message>
+            <source>Timestamps run backwards; pictures are left out</source>
+            <translation>Zeitstempel laufen rückwärts; Bilder sind weggelassen</translation>
+        </message>
+        <message>
+            <source>Reading ended early: %1</source>
+            <translation>Das Lesen endete vorzeitig: %1</translation>
+        </message>
+        <message>
+            <source>Sound is missing at the end; silence stands in for it</source>
+            <translation>Am Ende fehlt Ton; an seiner Stelle steht Stille</translation>
+        </message>
+        <message>
+            <source>Sound is missing; silence stands in for it</source>
+            <translation>Ton fehlt; an seiner Stelle steht Stille</translation>
         </message>
     </context>
 </TS>

@@ -191,6 +191,10 @@
                 <numerusform>%n exportaciones no se iniciaron. ¿Cerrar sin ellas?</numerusform>
             </translation>
         </message>
+        <message>
+            <source>“%1” is a folder. Write the name of a file in it.</source>
+            <translation>«%1» es una carpeta. Escriba el nombre de un archivo dentro de ella.</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -233,6 +237,10 @@
         <message>
             <source>%1 left</source>
             <translation>queda %1</translation>
+        </message>
+        <message>
+            <source>Done, with warnings</source>
+            <translation>Hecho, con avisos</translation>
         </message>
     </context>
     <context>
@@ -850,6 +858,10 @@
             <source>This is one of the inputs</source>
             <translation>Esta es una de las entradas</translation>
         </message>
+        <message>
+            <source>This is a folder; write the name of a file in it</source>
+            <translation>Es una carpeta; escriba el nombre de un archivo dentro de ella</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -1201,6 +1213,14 @@
         <message>
             <source>webm-vp9-1080p-alpha</source>
             <translation>WebM (VP9 y Opus), hasta 1080p, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>webp-webp-720p</source>
+            <translation>WebP animado, hasta 720p, solo imagen, conserva la transparencia</translation>
+        </message>
+        <message>
+            <source>webp-webp-480p</source>
+            <translation>WebP animado, hasta 480p, solo imagen, conserva la transparencia</translation>
         </message>
         <message>
             <source>gif-gif-480p</source>
@@ -1605,6 +1625,14 @@
             <translation>su imagen o su sonido están en otro archivo, que ella nombra</translation>
         </message>
         <message>
+            <source>it is an animated WebP file, a kind that is written and not read</source>
+            <translation>es un archivo WebP animado, que se escribe pero no se lee</translation>
+        </message>
+        <message>
+            <source>&quot;%1&quot; would become larger than 4 GiB, which a WebP file cannot be: a shorter range, a lower quality or smaller pictures fit into one</source>
+            <translation>«%1» superaría los 4 GiB, lo que un archivo WebP no permite: caben un intervalo más corto, una calidad menor o imágenes más pequeñas</translation>
+        </message>
+        <message>
             <source>it is a folder</source>
             <translation>es una carpeta</translation>
         </message>
@@ -1789,8 +1817,20 @@
             <translation>lo que falta queda en negro, o muestra lo que hay en pistas inferiores, y en silencio</translation>
         </message>
         <message>
+            <source>has no picture: what is shown there is black</source>
+            <translation>no tiene imagen: ahí se muestra negro</translation>
+        </message>
+        <message>
+            <source>has no sound: what is heard there is silence</source>
+            <translation>no tiene sonido: ahí se oye silencio</translation>
+        </message>
+        <message>
             <source>roughly %1</source>
             <translation>aproximadamente %1</translation>
+        </message>
+        <message>
+            <source>about %1</source>
+            <translation>unos %1</translation>
         </message>
         <message>
             <source>The first pass looks at whole pictures in place of halves: %1</source>
@@ -1864,6 +1904,110 @@
         <message>
             <source>name a file in it</source>
             <translation>indique un archivo dentro</translation>
+        </message>
+        <message>
+            <source>write what comes out of it to a file</source>
+            <translation>escriba en un archivo lo que sale de ella</translation>
+        </message>
+        <message>
+            <source>it is not a media file, or its beginning is damaged</source>
+            <translation>no es un archivo multimedia, o su comienzo está dañado</translation>
+        </message>
+        <message>
+            <source>its index is missing: the recording was never finished, or copied in part</source>
+            <translation>le falta el índice: la grabación nunca se terminó o se copió solo en parte</translation>
+        </message>
+        <message>
+            <source>it is not a media file</source>
+            <translation>no es un archivo multimedia</translation>
+        </message>
+        <message>
+            <source>A picture could not be decoded: %1</source>
+            <translation>No se pudo decodificar una imagen: %1</translation>
+        </message>
+        <message>
+            <source>A block of sound could not be decoded: %1</source>
+            <translation>No se pudo decodificar un bloque de sonido: %1</translation>
+        </message>
+        <message>
+            <source>its picture could not be decoded: %1</source>
+            <translation>no se pudo decodificar su imagen: %1</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3 (%4)</source>
+            <translation>%1, clip «%2»: %3 (%4)</translation>
+        </message>
+        <message>
+            <source>stack "%1"</source>
+            <translation>pila «%1»</translation>
+        </message>
+        <message>
+            <source>track "%1"</source>
+            <translation>pista «%1»</translation>
+        </message>
+        <message>
+            <source>the media "%1" %2</source>
+            <translation>el archivo «%1» %2</translation>
+        </message>
+        <message>
+            <source>its media %1</source>
+            <translation>su archivo %1</translation>
+        </message>
+        <message>
+            <source>is not there</source>
+            <translation>no está</translation>
+        </message>
+        <message>
+            <source>is no plain file</source>
+            <translation>no es un archivo normal</translation>
+        </message>
+        <message>
+            <source>stands on another machine</source>
+            <translation>está en otro equipo</translation>
+        </message>
+        <message>
+            <source>stands at a path of Windows</source>
+            <translation>está en una ruta de Windows</translation>
+        </message>
+        <message>
+            <source>is not named</source>
+            <translation>no tiene nombre</translation>
+        </message>
+        <message>
+            <source>is said to be missing</source>
+            <translation>falta, según la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>its sound has a gap of %1 at %2, filled with silence</source>
+            <translation>su sonido tiene un hueco de %1 en %2, relleno de silencio</translation>
+        </message>
+        <message>
+            <source>its sound has more gaps, all filled with silence</source>
+            <translation>su sonido tiene más huecos, todos rellenos de silencio</translation>
+        </message>
+        <message>
+            <source>its sound changes to %1 on the way; it is converted to %2, as it begins</source>
+            <translation>su sonido cambia a %1 por el camino; se convierte a %2, como empieza</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed</source>
+            <translation>Se disimuló una imagen dañada</translation>
+        </message>
+        <message>
+            <source>Timestamps run backwards; pictures are left out</source>
+            <translation>Las marcas de tiempo van hacia atrás; se omiten imágenes</translation>
+        </message>
+        <message>
+            <source>Reading ended early: %1</source>
+            <translation>La lectura terminó antes de tiempo: %1</translation>
+        </message>
+        <message>
+            <source>Sound is missing at the end; silence stands in for it</source>
+            <translation>Falta sonido al final; lo reemplaza el silencio</translation>
+        </message>
+        <message>
+            <source>Sound is missing; silence stands in for it</source>
+            <translation>Falta sonido; lo reemplaza el silencio</translation>
         </message>
     </context>
 </TS>

@@ -189,6 +189,10 @@
                 <numerusform>%n 件の書き出しは開始されていません。行わずに閉じますか?</numerusform>
             </translation>
         </message>
+        <message>
+            <source>“%1” is a folder. Write the name of a file in it.</source>
+            <translation>「%1」はフォルダーです。その中のファイル名を書いてください。</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -231,6 +235,10 @@
         <message>
             <source>%1 left</source>
             <translation>残り %1</translation>
+        </message>
+        <message>
+            <source>Done, with warnings</source>
+            <translation>完了（警告あり）</translation>
         </message>
     </context>
     <context>
@@ -842,6 +850,10 @@
             <source>This is one of the inputs</source>
             <translation>これは入力のひとつです</translation>
         </message>
+        <message>
+            <source>This is a folder; write the name of a file in it</source>
+            <translation>これはフォルダーです。その中のファイル名を書いてください</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -1192,6 +1204,14 @@
         <message>
             <source>webm-vp9-1080p-alpha</source>
             <translation>WebM（VP9 と Opus）、最大 1080p、透明度を保持</translation>
+        </message>
+        <message>
+            <source>webp-webp-720p</source>
+            <translation>アニメーション WebP、最大 720p、映像のみ、透明度を保持</translation>
+        </message>
+        <message>
+            <source>webp-webp-480p</source>
+            <translation>アニメーション WebP、最大 480p、映像のみ、透明度を保持</translation>
         </message>
         <message>
             <source>gif-gif-480p</source>
@@ -1596,6 +1616,14 @@
             <translation>映像または音声が、そこに名前のある別のファイルにあります</translation>
         </message>
         <message>
+            <source>it is an animated WebP file, a kind that is written and not read</source>
+            <translation>アニメーション WebP ファイルです。書き出しはできますが、読み込みはできません</translation>
+        </message>
+        <message>
+            <source>&quot;%1&quot; would become larger than 4 GiB, which a WebP file cannot be: a shorter range, a lower quality or smaller pictures fit into one</source>
+            <translation>「%1」が 4 GiB を超えてしまいますが、WebP ファイルはそれより大きくできません。範囲を短くするか、品質を下げるか、映像を小さくすれば収まります</translation>
+        </message>
+        <message>
             <source>it is a folder</source>
             <translation>フォルダーです</translation>
         </message>
@@ -1780,8 +1808,20 @@
             <translation>欠けている部分は黒、または下のトラックの内容になり、無音になります</translation>
         </message>
         <message>
+            <source>has no picture: what is shown there is black</source>
+            <translation>映像がありません: その部分は黒になります</translation>
+        </message>
+        <message>
+            <source>has no sound: what is heard there is silence</source>
+            <translation>音声がありません: その部分は無音になります</translation>
+        </message>
+        <message>
             <source>roughly %1</source>
             <translation>約 %1</translation>
+        </message>
+        <message>
+            <source>about %1</source>
+            <translation>およそ %1</translation>
         </message>
         <message>
             <source>The first pass looks at whole pictures in place of halves: %1</source>
@@ -1855,6 +1895,110 @@
         <message>
             <source>name a file in it</source>
             <translation>その中のファイル名を指定してください</translation>
+        </message>
+        <message>
+            <source>write what comes out of it to a file</source>
+            <translation>出てくる内容をファイルに書いてください</translation>
+        </message>
+        <message>
+            <source>it is not a media file, or its beginning is damaged</source>
+            <translation>メディアファイルではないか、先頭が壊れています</translation>
+        </message>
+        <message>
+            <source>its index is missing: the recording was never finished, or copied in part</source>
+            <translation>索引がありません。録画が完了していないか、一部しかコピーされていません</translation>
+        </message>
+        <message>
+            <source>it is not a media file</source>
+            <translation>メディアファイルではありません</translation>
+        </message>
+        <message>
+            <source>A picture could not be decoded: %1</source>
+            <translation>映像をデコードできませんでした: %1</translation>
+        </message>
+        <message>
+            <source>A block of sound could not be decoded: %1</source>
+            <translation>音声の一部をデコードできませんでした: %1</translation>
+        </message>
+        <message>
+            <source>its picture could not be decoded: %1</source>
+            <translation>その画像をデコードできませんでした: %1</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3 (%4)</source>
+            <translation>%1、クリップ「%2」: %3 (%4)</translation>
+        </message>
+        <message>
+            <source>stack "%1"</source>
+            <translation>スタック「%1」</translation>
+        </message>
+        <message>
+            <source>track "%1"</source>
+            <translation>トラック「%1」</translation>
+        </message>
+        <message>
+            <source>the media "%1" %2</source>
+            <translation>メディア「%1」%2</translation>
+        </message>
+        <message>
+            <source>its media %1</source>
+            <translation>そのメディア%1</translation>
+        </message>
+        <message>
+            <source>is not there</source>
+            <translation>がありません</translation>
+        </message>
+        <message>
+            <source>is no plain file</source>
+            <translation>は通常のファイルではありません</translation>
+        </message>
+        <message>
+            <source>stands on another machine</source>
+            <translation>は別のコンピューターにあります</translation>
+        </message>
+        <message>
+            <source>stands at a path of Windows</source>
+            <translation>は Windows のパスにあります</translation>
+        </message>
+        <message>
+            <source>is not named</source>
+            <translation>に名前がありません</translation>
+        </message>
+        <message>
+            <source>is said to be missing</source>
+            <translation>はタイムラインで欠けているとされています</translation>
+        </message>
+        <message>
+            <source>its sound has a gap of %1 at %2, filled with silence</source>
+            <translation>音声に %2 で %1 の途切れがあり、無音で埋めました</translation>
+        </message>
+        <message>
+            <source>its sound has more gaps, all filled with silence</source>
+            <translation>音声にはほかにも途切れがあり、すべて無音で埋めました</translation>
+        </message>
+        <message>
+            <source>its sound changes to %1 on the way; it is converted to %2, as it begins</source>
+            <translation>音声が途中で %1 に変わります。始まりと同じ %2 に変換しました</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed</source>
+            <translation>壊れた映像を補いました</translation>
+        </message>
+        <message>
+            <source>Timestamps run backwards; pictures are left out</source>
+            <translation>タイムスタンプが逆行しています。映像の一部を省きました</translation>
+        </message>
+        <message>
+            <source>Reading ended early: %1</source>
+            <translation>読み込みが途中で終わりました: %1</translation>
+        </message>
+        <message>
+            <source>Sound is missing at the end; silence stands in for it</source>
+            <translation>終わりの音声がなく、無音で補いました</translation>
+        </message>
+        <message>
+            <source>Sound is missing; silence stands in for it</source>
+            <translation>音声がなく、無音で補いました</translation>
         </message>
     </context>
 </TS>

@@ -189,6 +189,10 @@
                 <numerusform>有 %n 项导出尚未开始。不执行而关闭吗？</numerusform>
             </translation>
         </message>
+        <message>
+            <source>“%1” is a folder. Write the name of a file in it.</source>
+            <translation>“%1”是文件夹。请写出其中的文件名。</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::Job</name>
@@ -231,6 +235,10 @@
         <message>
             <source>%1 left</source>
             <translation>剩余%1</translation>
+        </message>
+        <message>
+            <source>Done, with warnings</source>
+            <translation>完成，有警告</translation>
         </message>
     </context>
     <context>
@@ -842,6 +850,10 @@
             <source>This is one of the inputs</source>
             <translation>这是输入之一</translation>
         </message>
+        <message>
+            <source>This is a folder; write the name of a file in it</source>
+            <translation>这是文件夹；请写出其中的文件名</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::SourceMedia</name>
@@ -1192,6 +1204,14 @@
         <message>
             <source>webm-vp9-1080p-alpha</source>
             <translation>WebM（VP9 和 Opus），最大 1080p，保留透明度</translation>
+        </message>
+        <message>
+            <source>webp-webp-720p</source>
+            <translation>动画 WebP，最大 720p，仅画面，保留透明度</translation>
+        </message>
+        <message>
+            <source>webp-webp-480p</source>
+            <translation>动画 WebP，最大 480p，仅画面，保留透明度</translation>
         </message>
         <message>
             <source>gif-gif-480p</source>
@@ -1596,6 +1616,14 @@
             <translation>其画面或声音位于它所指的另一个文件中</translation>
         </message>
         <message>
+            <source>it is an animated WebP file, a kind that is written and not read</source>
+            <translation>它是动画 WebP 文件，这种文件只能写入，不能读取</translation>
+        </message>
+        <message>
+            <source>&quot;%1&quot; would become larger than 4 GiB, which a WebP file cannot be: a shorter range, a lower quality or smaller pictures fit into one</source>
+            <translation>“%1”将超过 4 GiB，而 WebP 文件不能这么大：缩短范围、降低质量或减小画面即可放下</translation>
+        </message>
+        <message>
             <source>it is a folder</source>
             <translation>它是文件夹</translation>
         </message>
@@ -1780,8 +1808,20 @@
             <translation>缺失部分显示为黑色或下层轨道的内容，并且静音</translation>
         </message>
         <message>
+            <source>has no picture: what is shown there is black</source>
+            <translation>没有画面：该处显示黑色</translation>
+        </message>
+        <message>
+            <source>has no sound: what is heard there is silence</source>
+            <translation>没有声音：该处为静音</translation>
+        </message>
+        <message>
             <source>roughly %1</source>
             <translation>大约 %1</translation>
+        </message>
+        <message>
+            <source>about %1</source>
+            <translation>约 %1</translation>
         </message>
         <message>
             <source>The first pass looks at whole pictures in place of halves: %1</source>
@@ -1855,6 +1895,110 @@
         <message>
             <source>name a file in it</source>
             <translation>请指定其中的一个文件</translation>
+        </message>
+        <message>
+            <source>write what comes out of it to a file</source>
+            <translation>请把其输出写入文件</translation>
+        </message>
+        <message>
+            <source>it is not a media file, or its beginning is damaged</source>
+            <translation>不是媒体文件，或其开头已损坏</translation>
+        </message>
+        <message>
+            <source>its index is missing: the recording was never finished, or copied in part</source>
+            <translation>缺少索引：录制从未完成，或只复制了一部分</translation>
+        </message>
+        <message>
+            <source>it is not a media file</source>
+            <translation>不是媒体文件</translation>
+        </message>
+        <message>
+            <source>A picture could not be decoded: %1</source>
+            <translation>有一帧画面无法解码：%1</translation>
+        </message>
+        <message>
+            <source>A block of sound could not be decoded: %1</source>
+            <translation>有一段声音无法解码：%1</translation>
+        </message>
+        <message>
+            <source>its picture could not be decoded: %1</source>
+            <translation>其图像无法解码：%1</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3 (%4)</source>
+            <translation>%1，片段“%2”：%3（%4）</translation>
+        </message>
+        <message>
+            <source>stack "%1"</source>
+            <translation>堆叠“%1”</translation>
+        </message>
+        <message>
+            <source>track "%1"</source>
+            <translation>轨道“%1”</translation>
+        </message>
+        <message>
+            <source>the media "%1" %2</source>
+            <translation>媒体“%1”%2</translation>
+        </message>
+        <message>
+            <source>its media %1</source>
+            <translation>其媒体%1</translation>
+        </message>
+        <message>
+            <source>is not there</source>
+            <translation>不存在</translation>
+        </message>
+        <message>
+            <source>is no plain file</source>
+            <translation>不是普通文件</translation>
+        </message>
+        <message>
+            <source>stands on another machine</source>
+            <translation>位于另一台计算机上</translation>
+        </message>
+        <message>
+            <source>stands at a path of Windows</source>
+            <translation>位于 Windows 路径</translation>
+        </message>
+        <message>
+            <source>is not named</source>
+            <translation>没有名称</translation>
+        </message>
+        <message>
+            <source>is said to be missing</source>
+            <translation>在时间线中标明缺失</translation>
+        </message>
+        <message>
+            <source>its sound has a gap of %1 at %2, filled with silence</source>
+            <translation>其声音在 %2 处缺 %1，已用静音填补</translation>
+        </message>
+        <message>
+            <source>its sound has more gaps, all filled with silence</source>
+            <translation>其声音还有其他缺口，均已用静音填补</translation>
+        </message>
+        <message>
+            <source>its sound changes to %1 on the way; it is converted to %2, as it begins</source>
+            <translation>其声音中途变为 %1；已转换为开头的 %2</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed</source>
+            <translation>一帧损坏的画面已被掩盖</translation>
+        </message>
+        <message>
+            <source>Timestamps run backwards; pictures are left out</source>
+            <translation>时间戳倒退；部分画面被略去</translation>
+        </message>
+        <message>
+            <source>Reading ended early: %1</source>
+            <translation>读取提前结束：%1</translation>
+        </message>
+        <message>
+            <source>Sound is missing at the end; silence stands in for it</source>
+            <translation>结尾缺少声音，以静音代替</translation>
+        </message>
+        <message>
+            <source>Sound is missing; silence stands in for it</source>
+            <translation>缺少声音，以静音代替</translation>
         </message>
     </context>
 </TS>

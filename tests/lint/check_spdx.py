@@ -10,17 +10,16 @@ import sys
 # What can hold a comment. JSON and golden texts cannot, or may not.
 SUFFIXES = {".h", ".cpp", ".py", ".cmake", ".in", ".sh", ".ui"}
 NAMES = {"CMakeLists.txt"}
-FOLDERS_OF_SCRIPTS = ("scripts/", ".ci/", "benchmarks/")
-EXEMPT = ("tests/golden/", "tests/fuzz/corpus/", "resources/")
+EXEMPT = ("tests/golden/", "tests/fuzz/corpus/")
 FIRST_LINES = 5
-LINE = re.compile(r"^\s*(?://|#|<!--|;)\s*SPDX-License-Identifier:\s*(\S+)", re.M)
+LINE = re.compile(r'^\s*(?://|#|<!--|;|\.\\")\s*SPDX-License-Identifier:\s*(\S+)', re.M)
 
 
 def is_source(path, head):
     if path.startswith(EXEMPT):
         return False
     name = pathlib.PurePosixPath(path)
-    return name.suffix in SUFFIXES or name.name in NAMES or (path.startswith(FOLDERS_OF_SCRIPTS) and head.startswith("#!"))
+    return name.suffix in SUFFIXES or name.name in NAMES or head.startswith("#!")
 
 
 def fault_of(path, text, licence):
@@ -47,6 +46,8 @@ def self_test():
     assert fault_of("a/b.h", f"// {other}\n", licence)
     assert fault_of("a/b.h", f"// {good}\n// {other}\n", licence)
     assert fault_of("scripts/x", "#!/bin/sh\n", licence)
+    assert fault_of("tests/a/use", "#!/bin/sh\n", licence)
+    assert fault_of("a/page.1.in", f'.\\" {good}\n', licence) is None
     assert fault_of("scripts/lsan.supp", "leak:x\n", licence) is None
     assert fault_of("tests/golden/help.cpp", "text\n", licence) is None
     assert fault_of("docs/page.md", "text\n", licence) is None

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MediaProbe.h"
 
+#include "support/AnimatedWebP.h"
 #include "support/FlashBeep.h"
 #include <algorithm>
 #include <cmath>
@@ -306,9 +307,41 @@ double psnrOfPictures(const AVFrame& picture, const AVFrame& other) {
     return mean == 0 ? 99 : std::min(99.0, 10 * std::log10(peak * peak / mean));
 }
 
+/// Of the middle, as limited range counts it.
+double middleLuma(const ShownPicture& picture, int height) {
+    const Middle across(picture.width), down(height);
+    double sum = 0;
+    for (int y = down.first; y < down.end; ++y)
+        for (int x = across.first; x < across.end; ++x)
+            sum += 0.299 * picture.at(x, y, 0) + 0.587 * picture.at(x, y, 1) + 0.114 * picture.at(x, y, 2);
+    const double count = static_cast<double>(across.end - across.first) * (down.end - down.first);
+    return 16 + 219 * sum / 255 / std::max(1.0, count);
+}
+
+ProbedMedia probeAnimation(const std::string& path) {
+    const AnimatedWebP animation = AnimatedWebP::read(path);
+    const int milliseconds = animation.pictures.empty() ? 0 : animation.pictures.back().end;
+    ProbedMedia media;
+    media.container = "webp";
+    media.streams = 1;
+    media.duration = milliseconds / 1000.0;
+    ProbedVideo& video = media.video.emplace();
+    video.codec = "webp";
+    video.pixelFormat = animation.pixelFormat;
+    video.width = animation.width;
+    video.height = animation.height;
+    video.rate = {static_cast<long long>(1000 * animation.pictures.size()), std::max(milliseconds, 1)};
+    video.duration = media.duration;
+    for (const ShownPicture& picture : animation.pictures)
+        video.frames.push_back({picture.start / 1000.0, middleLuma(picture, animation.height), true});
+    return media;
+}
+
 } // namespace
 
 ProbedMedia probe(const std::string& path) {
+    if (AnimatedWebP::is(path))
+        return probeAnimation(path);
     Reader reader(path);
     ProbedMedia media;
     media.container = reader.container().iformat->name;

@@ -65,7 +65,8 @@ struct ProbedMedia {
     std::vector<int> numbers() const;
 };
 
-/// Reads the file to its end. Throws std::runtime_error when it cannot be opened.
+/// Reads the file to its end. Throws std::runtime_error when it cannot be opened. Animated WebP files are read by
+/// libwebp (AnimatedWebP.h).
 ProbedMedia probe(const std::string& path);
 
 /// Mean over the frames of the luma's signal to noise ratio in dB, frame by frame from the start; 99 for equal ones.

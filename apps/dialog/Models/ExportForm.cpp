@@ -11,6 +11,7 @@
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "dialog/Models/OutputName.h"
+#include "dialog/Models/PeoplesText.h"
 #include "dialog/Models/PresetObstacle.h"
 #include "dialog/Models/PresetText.h"
 #include "dialog/Models/Sentence.h"
@@ -299,8 +300,16 @@ void ExportForm::setOutput(const QString& wanted) {
     change();
 }
 
+void ExportForm::completeOutput() {
+    const QString whole = OutputName::completed(path, extension());
+    if (whole == path)
+        return;
+    path = whole;
+    change();
+}
+
 std::optional<KTime> ExportForm::pointOf(const QString& text) const {
-    const auto point = TimeText::parsePoint(text.trimmed().toStdString());
+    const auto point = TimeText::parsePoint(PeoplesText::withPoint(text.trimmed()).toStdString());
     if (!point || (point->frames && !media.rate()))
         return std::nullopt;
     try {
@@ -418,10 +427,8 @@ std::optional<ExportCore::OutputEstimate> ExportForm::estimate() const {
                                           withSound ? &project.audio() : nullptr, length);
 }
 
-/// What is remembered already is not brought to the disk again, which may be busy with an export.
 void ExportForm::commit() {
-    if (Settings::lastUsedPresetGroup() != tag() || Settings::lastUsedPresetId() != chosenId)
-        provider->commit();
+    lastChoice.keep(tag(), chosenId);
 }
 
 void ExportForm::retranslate() {

@@ -8,6 +8,7 @@
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/SequenceName.h"
 #include "dialog/Models/CustomSettings.h"
+#include "dialog/Models/LastChoice.h"
 #include "dialog/Models/PresetList.h"
 #include "dialog/Models/SourceMedia.h"
 #include <QObject>
@@ -91,6 +92,8 @@ public:
     QString output() const { return path; }
     /// A "~" at its beginning is the user's folder.
     void setOutput(const QString& wanted);
+    /// Nobody writes on: the file's name gets its extension where it has none.
+    void completeOutput();
 
     /// Why it cannot be exported as it stands, the first reason; empty when it can, as far as that is known.
     QString problem() const;
@@ -100,7 +103,7 @@ public:
     ExportCore::ExportRequest request() const;
     /// Nothing where problem() tells why.
     std::optional<ExportCore::OutputEstimate> estimate() const;
-    /// Remembers tag and preset for the next start.
+    /// Remembers tag and preset for the next start, as LastChoice does.
     void commit();
     void retranslate();
 
@@ -140,6 +143,7 @@ private:
     std::unique_ptr<Export::PresetProvider> provider;
     PresetList* list;
     std::string chosenId;
+    LastChoice lastChoice{this};
     std::map<std::string, Edits> edits; ///< by preset
     QString customRefusal;              ///< in English
     QString nameRefusal;                ///< likewise

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QStringList>
 
 namespace Dialog {
 
@@ -34,7 +33,14 @@ QString Job::stateText() const {
     }
     if (!outcome || outcome->status == Status::Stopped)
         return tr("Stopped");
-    return isDone() ? tr("Done") : tr("Failed");
+    if (!isDone())
+        return tr("Failed");
+    return outcome->warnings.isEmpty() ? tr("Done") : tr("Done, with warnings");
+}
+
+QStringList Job::stateTexts() {
+    return {tr("Waiting"), tr("Starting"), tr("Checking"), tr("Stopping"),
+            tr("Stopped"), tr("Failed"),   tr("Done"),     tr("Done, with warnings")};
 }
 
 QString Job::progressText() const {

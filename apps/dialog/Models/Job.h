@@ -8,6 +8,7 @@
 #include "ExportCore/SequenceName.h"
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace Dialog {
@@ -42,6 +43,8 @@ public:
     QString name() const;
     /// One or few words: "Waiting", "45 %", "Done".
     QString stateText() const;
+    /// All of them but for percents.
+    static QStringList stateTexts();
     /// "45 % · 2.3 times as fast as it plays · about 3 minutes left"; empty unless it runs.
     QString progressText() const;
 };

@@ -29,6 +29,7 @@ OutputState stateOfFile(const OutputPlace& place) {
     state.place = resolved(place.path);
     std::error_code error;
     state.exists = fs::exists(fs::symlink_status(fs::path(place.path.toStdString()), error));
+    state.isFolder = fs::is_directory(fs::path(place.path.toStdString()), error);
     state.isInput = ExportCore::RequestCheck::isInput(place.path.toUtf8(), place.inputs);
     state.name = place.path.mid(place.path.lastIndexOf(QLatin1Char('/')) + 1);
     state.freeBytes = ExportCore::FreeSpace::beside(place.path);

@@ -28,6 +28,7 @@ struct OutputState {
     QString path;
     QString place{};                   ///< the path, or the first picture's, with links resolved as far as it is there
     bool exists = false;               ///< of pictures one that is called as they are
+    bool isFolder = false;             ///< where a file is to be
     bool isInput = false;              ///< what stands there is one of the inputs, through links too
     QString name{};                    ///< of what stands there, where something does
     std::optional<qint64> freeBytes{}; ///< nothing where the folder is not there, or does not tell

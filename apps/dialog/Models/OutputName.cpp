@@ -21,6 +21,10 @@ QString ending(const QString& extension) {
     return extension.isEmpty() ? extension : QLatin1Char('.') + extension;
 }
 
+bool hasKind(const QString& path) {
+    return Kestra::ClientAPI::ContainerLimits::IsKnownExtension(ExportCore::OutputExtension::of(path.toUtf8()));
+}
+
 } // namespace
 
 QString OutputName::suggestedFor(const QStringList& inputs, const QString& extension) {
@@ -49,9 +53,13 @@ bool OutputName::isOneOf(const QStringList& inputs, const QString& path) {
 QString OutputName::withExtension(const QString& path, const QString& extension) {
     if (path.isEmpty() || path.endsWith(QLatin1Char('/')))
         return path;
-    const std::string own = ExportCore::OutputExtension::of(path.toUtf8());
-    const bool isKind = Kestra::ClientAPI::ContainerLimits::IsKnownExtension(own);
-    return (isKind ? path.left(endOfStem(path)) : path) + ending(extension);
+    return (hasKind(path) ? path.left(endOfStem(path)) : path) + ending(extension);
+}
+
+QString OutputName::completed(const QString& path, const QString& extension) {
+    const QString written = path.trimmed();
+    const bool isFile = !written.isEmpty() && !written.endsWith(QLatin1Char('/'));
+    return isFile && !hasKind(written) ? written + ending(extension) : written;
 }
 
 } // namespace Dialog

@@ -15,6 +15,10 @@ struct OutputName {
     /// behind the name.
     static QString withExtension(const QString& path, const QString& extension);
 
+    /// As somebody means it who has written it to its end: without blanks around it, and with that extension behind a
+    /// name that has none of any kind of media. As it is where it names no file, or the extension is empty.
+    static QString completed(const QString& path, const QString& extension);
+
     /// With the user's folder in place of "~".
     static QString expanded(const QString& path);
     /// Whether that is how the path of one of the inputs is written. Looks at no file.

@@ -2,6 +2,7 @@
 #include "dialog/Models/PeoplesText.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 #include <cmath>
 
 namespace Dialog {
@@ -64,6 +65,11 @@ QString PeoplesText::bitrate(qint64 bitsPerSecond) {
     constexpr qint64 million = 1000000;
     return bitsPerSecond >= million ? tr("%1 Mbit/s").arg(decimal(static_cast<double>(bitsPerSecond) / million))
                                     : tr("%1 kbit/s").arg(decimal(static_cast<double>(bitsPerSecond) / 1000));
+}
+
+QString PeoplesText::withPoint(const QString& text) {
+    static const QRegularExpression comma(QStringLiteral("(?<=\\d),(?=\\d)"));
+    return QLocale().decimalPoint() == QLatin1Char(',') ? QString(text).replace(comma, QStringLiteral(".")) : text;
 }
 
 } // namespace Dialog

@@ -25,6 +25,8 @@ public:
     static QString sampleRate(int samplesPerSecond);
     /// "2.5 Mbit/s".
     static QString bitrate(qint64 bitsPerSecond);
+    /// What somebody has written, with a point for the comma of their language's numbers.
+    static QString withPoint(const QString& text);
 
     PeoplesText() = delete;
 };

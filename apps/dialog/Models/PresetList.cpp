@@ -53,7 +53,8 @@ QVariant PresetList::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return own.title;
     case Qt::ToolTipRole:
-        return PlainTip::of({own.facts});
+        return PlainTip::of(own.obstacle.isEmpty() ? QStringList{own.title, own.facts}
+                                                   : QStringList{own.title, own.obstacle, own.facts});
     case ROLE_FACTS:
         return own.facts;
     case ROLE_OBSTACLE:

@@ -49,8 +49,10 @@ Form formOf(const char* source) {
             pattern += QRegularExpression::escape(text.mid(i, 1));
             continue;
         }
-        form.parts.push_back(partBehind(text.left(i)));
-        pattern += QStringLiteral("(.+?)");
+        const QString before = text.left(i);
+        form.parts.push_back(partBehind(before));
+        // What is in quotes does not go on in the next part of a list.
+        pattern += before.endsWith(QLatin1Char('"')) ? QStringLiteral("((?:(?!\", ).)+?)") : QStringLiteral("(.+?)");
         ++i;
     }
     form.pattern = QRegularExpression(QRegularExpression::anchoredPattern(pattern),

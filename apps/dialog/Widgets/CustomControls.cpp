@@ -12,6 +12,7 @@
 #include "ui_SettingsPane.h"
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
+#include <QStyleOptionGroupBox>
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -57,7 +58,7 @@ QString valueOf(const QComboBox& box) {
     if (index >= 0)
         return box.itemData(index).toString();
     constexpr char16_t times = 0x00d7;
-    return box.currentText().remove(QLatin1Char(' ')).replace(QChar(times), QLatin1Char('x'));
+    return PeoplesText::withPoint(box.currentText().remove(QLatin1Char(' ')).replace(QChar(times), QLatin1Char('x')));
 }
 
 void showValue(QComboBox& box, const QString& value) {
@@ -117,13 +118,13 @@ void SettingsPane::fillControls() {
     ui->controlBox->addItem(tr("As the preset says"), static_cast<int>(RateControl::OfPreset));
     ui->controlBox->addItem(tr("Constant quality"), static_cast<int>(RateControl::Quality));
     ui->controlBox->addItem(tr("Average bitrate"), static_cast<int>(RateControl::Bitrate));
-    setItemEnabled(*ui->controlBox, 1, scale.worst > 0 && !hasTwoPasses(preset));
+    setItemEnabled(*ui->controlBox, 1, scale.Exists() && !hasTwoPasses(preset));
     setItemEnabled(*ui->controlBox, 2, CodecLimits::HasBitrate(preset.videoCodec()));
     for (QWidget* const widget : {static_cast<QWidget*>(ui->sizeBox), static_cast<QWidget*>(ui->frameRateBox),
                                   static_cast<QWidget*>(ui->controlBox)})
         widget->setEnabled(hasVideo);
     ui->qualitySpin->setDecimals(scale.fractions ? 1 : 0);
-    ui->qualitySpin->setRange(scale.best, scale.worst);
+    ui->qualitySpin->setRange(std::min(scale.best, scale.worst), std::max(scale.best, scale.worst));
 }
 
 void SettingsPane::fillSound() {
@@ -201,11 +202,23 @@ void SettingsPane::onCustomEdited() {
         form->setCustom(customFromWidgets());
 }
 
+int SettingsPane::titleHeight() const {
+    QStyleOptionGroupBox option;
+    option.initFrom(ui->customGroup);
+    option.text = ui->customGroup->title();
+    option.subControls = QStyle::SC_GroupBoxLabel | QStyle::SC_GroupBoxCheckBox;
+    const auto bottomOf = [&](QStyle::SubControl part) {
+        return style()->subControlRect(QStyle::CC_GroupBox, &option, part, ui->customGroup).bottom();
+    };
+    return std::max(bottomOf(QStyle::SC_GroupBoxLabel), bottomOf(QStyle::SC_GroupBoxCheckBox)) + 1;
+}
+
 void SettingsPane::showCustom() {
     const CustomSettings& custom = form->custom();
     ui->customGroup->setChecked(form->usesCustom());
     ui->customContents->setVisible(form->usesCustom());
     ui->customGroup->setFlat(!form->usesCustom());
+    ui->customGroup->setMaximumHeight(form->usesCustom() ? QWIDGETSIZE_MAX : titleHeight()); // no frame around nothing
     showValue(*ui->sizeBox, custom.size);
     showValue(*ui->frameRateBox, custom.frameRate);
     showValue(*ui->soundBitrateBox, custom.soundBitrate);

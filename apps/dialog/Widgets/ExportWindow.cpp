@@ -10,11 +10,11 @@
 #include "ui_ExportWindow.h"
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMimeData>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 #include <QUrl>
@@ -27,12 +27,11 @@ ExportWindow::ExportWindow(ExportCore::EventLoopFailures& failures, QWidget* par
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::ExportWindow>()) {
     ui->setupUi(this);
-    const QFontMetrics metrics = fontMetrics();
-    resize(metrics.averageCharWidth() * 150, metrics.lineSpacing() * 32);
     ui->presetPane->setForm(form);
     ui->settingsPane->setForm(form);
     ui->jobPane->setQueue(queue);
     ui->jobPane->hide();
+    takeRoom();
     ui->setupSplitter->setStretchFactor(0, 2);
     ui->setupSplitter->setStretchFactor(1, 3);
     ui->mainSplitter->setStretchFactor(0, 1);
@@ -47,6 +46,7 @@ ExportWindow::ExportWindow(ExportCore::EventLoopFailures& failures, QWidget* par
 }
 
 ExportWindow::~ExportWindow() {
+    hideAll();
     queue.disconnect(this);
 }
 
@@ -89,18 +89,6 @@ void ExportWindow::connectQueue() {
     connect(&queue, &JobQueue::rowsRemoved, this, [this] { ui->jobPane->setVisible(queue.rowCount() > 0); });
     auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(escape, &QShortcut::activated, this, &ExportWindow::stopRunning);
-}
-
-/// They come below what was there, for which there is as much room as before where the screen allows.
-void ExportWindow::showJobs() {
-    if (ui->jobPane->isVisible())
-        return;
-    const int above = ui->setupPane->height(), below = fontMetrics().lineSpacing() * 10;
-    const int most = screen()->availableGeometry().height() - (frameGeometry().height() - height());
-    if (!isMaximized() && !isFullScreen())
-        resize(width(), std::min(height() + below, std::max(most, height())));
-    ui->jobPane->show();
-    ui->mainSplitter->setSizes({above, below});
 }
 
 void ExportWindow::open(const QStringList& files) {
@@ -178,6 +166,7 @@ void ExportWindow::considerTrial() {
 }
 
 void ExportWindow::order(When when) {
+    ui->settingsPane->completeOutput();
     if (!form.problem().isEmpty())
         return;
     Order order;
@@ -252,6 +241,9 @@ void ExportWindow::goOnWith(const OutputState& state) {
         return tell(QMessageBox::Warning, tr("The folder of “%1” does not answer. Check its disk or share, or save the "
                                              "export in another folder.")
                                               .arg(wanted));
+    if (state.isFolder)
+        return tell(QMessageBox::Warning,
+                    tr("“%1” is a folder. Write the name of a file in it.").arg(fileName(QDir::cleanPath(state.path))));
     if (state.isInput)
         return tell(QMessageBox::Warning,
                     tr("“%1” is one of the inputs, and stays. Save the export under another name.").arg(wanted));
@@ -394,12 +386,20 @@ void ExportWindow::askToClose() {
     connect(question, &QDialog::finished, this, onAnswered, Qt::QueuedConnection);
 }
 
+/// Nobody has to look at what hangs, which is left after some seconds only.
+void ExportWindow::hideAll() {
+    for (QDialog* const dialog : findChildren<QDialog*>())
+        dialog->close();
+    hide();
+}
+
 void ExportWindow::end() {
     closing = true;
     forgetOrder();
     closeQuestion();
     considerTrial();
     queue.stopAll();
+    hideAll();
     if (!queue.isIdle() || std::exchange(over, true))
         return;
     close();

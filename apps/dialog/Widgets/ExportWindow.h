@@ -64,6 +64,8 @@ private:
         std::function<void()> act;
     };
 
+    void takeRoom();
+    void moveUp();
     void connectForm();
     void connectQueue();
     void browse();
@@ -86,6 +88,7 @@ private:
     void stopRunning();
     void ask(const Question& question);
     void closeQuestion();
+    void hideAll();
     void tell(QMessageBox::Icon icon, const QString& text);
     bool isOwn(const QObject* object) const;
     void onJobEnded(int id);

@@ -10,7 +10,10 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
+#include <algorithm>
 
 namespace Dialog {
 
@@ -35,7 +38,7 @@ void JobPane::setQueue(JobQueue& shown) {
     header.setSectionResizeMode(JobQueue::COLUMN_NAME, QHeaderView::Stretch);
     header.setSectionResizeMode(JobQueue::COLUMN_PRESET, QHeaderView::Stretch);
     header.setSectionResizeMode(JobQueue::COLUMN_STATE, QHeaderView::Fixed);
-    header.resizeSection(JobQueue::COLUMN_STATE, fontMetrics().averageCharWidth() * 16);
+    widenForStates();
     connect(ui->jobView->selectionModel(), &QItemSelectionModel::currentChanged, this, &JobPane::showSelected);
     connect(queue, &JobQueue::jobChanged, this, [this](int id) {
         if (id == selected())
@@ -46,6 +49,15 @@ void JobPane::setQueue(JobQueue& shown) {
     connect(queue, &JobQueue::jobChanged, this, &JobPane::showStart);
     connectButtons();
     showStart();
+}
+
+/// Once for all of them: a column that changes while something runs is hard to read.
+void JobPane::widenForStates() {
+    int widest = 0;
+    for (const QString& text : Job::stateTexts())
+        widest = std::max(widest, fontMetrics().horizontalAdvance(text));
+    ui->jobView->header()->resizeSection(JobQueue::COLUMN_STATE,
+                                         widest + 2 * fontMetrics().horizontalAdvance(QLatin1Char('x')));
 }
 
 void JobPane::connectButtons() {
@@ -145,6 +157,8 @@ void JobPane::showEnded(const Job& job) {
 void JobPane::showDetails(bool visible) {
     ui->detailsEdit->setVisible(visible);
     ui->detailsButton->setArrowType(visible ? Qt::DownArrow : Qt::RightArrow);
+    if (visible) // behind the layout, which posted events make
+        QTimer::singleShot(0, this, [this] { ui->endArea->verticalScrollBar()->setValue(ui->detailsButton->y()); });
 }
 
 void JobPane::changeEvent(QEvent* event) {
@@ -152,6 +166,7 @@ void JobPane::changeEvent(QEvent* event) {
     if (event->type() != QEvent::LanguageChange || !queue)
         return;
     ui->retranslateUi(this);
+    widenForStates();
     shownId = 0;
     showSelected();
 }

@@ -37,6 +37,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void widenForStates();
     void connectButtons();
     void showSelected();
     void showWaiting();

@@ -2,16 +2,30 @@
 #include "dialog/Widgets/PresetDelegate.h"
 
 #include "dialog/Models/PresetList.h"
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
+#include <algorithm>
 
 namespace Dialog {
 namespace {
 
 constexpr int MARGIN = 4;
+constexpr int WRAPPED = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
 
 QString obstacleOf(const QModelIndex& index) {
     return index.data(PresetList::ROLE_OBSTACLE).toString();
+}
+
+QFont slanted(const QFont& font) {
+    QFont other = font;
+    other.setItalic(true);
+    return other;
+}
+
+int heightOf(const QString& text, const QFont& font, int width) {
+    constexpr int unbounded = 1 << 16;
+    return QFontMetrics(font).boundingRect(QRect(0, 0, width, unbounded), WRAPPED, text).height();
 }
 
 } // namespace
@@ -27,28 +41,27 @@ void PresetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     const auto group = item.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     const QColor plain = item.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     const QColor pale = selected ? plain : item.palette.color(QPalette::Disabled, QPalette::Text);
-    const int line = item.fontMetrics.lineSpacing();
-    QRect place = item.rect.adjusted(MARGIN, MARGIN / 2, -MARGIN, 0);
-    place.setHeight(line);
+    const QRect place = item.rect.adjusted(MARGIN, MARGIN / 2, -MARGIN, 0);
     painter->save();
     painter->setFont(item.font);
     painter->setPen(obstacle.isEmpty() ? plain : pale);
-    painter->drawText(place, Qt::AlignVCenter, item.fontMetrics.elidedText(title, Qt::ElideRight, place.width()));
+    painter->drawText(place, WRAPPED, title);
     if (!obstacle.isEmpty()) {
-        QFont slanted = item.font;
-        slanted.setItalic(true);
-        painter->setFont(slanted);
-        place.translate(0, line);
-        painter->drawText(place, Qt::AlignVCenter,
-                          QFontMetrics(slanted).elidedText(obstacle, Qt::ElideRight, place.width()));
+        painter->setFont(slanted(item.font));
+        painter->drawText(place.adjusted(0, heightOf(title, item.font, place.width()), 0, 0), WRAPPED, obstacle);
     }
     painter->restore();
 }
 
+/// As high as its lines need in the width that the list has.
 QSize PresetDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const QFontMetrics metrics(option.font);
-    const int lines = obstacleOf(index).isEmpty() ? 1 : 2;
-    return {metrics.horizontalAdvance(QLatin1Char('x')) * 20, lines * metrics.lineSpacing() + MARGIN};
+    const auto* const list = qobject_cast<const QAbstractItemView*>(option.widget);
+    const int width = std::max(list ? list->viewport()->width() : option.rect.width(), 1);
+    const QString obstacle = obstacleOf(index);
+    const int room = width - 2 * MARGIN;
+    const int lines = heightOf(index.data().toString(), option.font, room) +
+                      (obstacle.isEmpty() ? 0 : heightOf(obstacle, slanted(option.font), room));
+    return {QFontMetrics(option.font).horizontalAdvance(QLatin1Char('x')) * 20, lines + MARGIN};
 }
 
 } // namespace Dialog

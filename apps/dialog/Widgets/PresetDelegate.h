@@ -6,7 +6,7 @@
 
 namespace Dialog {
 
-/// For a PresetList.
+/// For a PresetList. Nothing is cut off: what does not fit into a line goes on in the next.
 class PresetDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:

@@ -17,6 +17,7 @@ PresetPane::PresetPane(QWidget* parent)
     ui->setupUi(this);
     ui->nothingLabel->hide();
     ui->presetList->setItemDelegate(new PresetDelegate(this));
+    ui->presetList->setResizeMode(QListView::Adjust); // how high an item is depends on the width
     ui->searchEdit->installEventFilter(this);
 }
 
@@ -80,6 +81,18 @@ bool PresetPane::eventFilter(QObject* watched, QEvent* event) {
     if (!ui->presetList->currentIndex().isValid())
         ui->presetList->setCurrentIndex(form->presets().index(0, 0));
     return true;
+}
+
+/// Only once the layout is made it is known how many presets are seen at once.
+void PresetPane::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        QMetaObject::invokeMethod(this, &PresetPane::scrollToSelection, Qt::QueuedConnection);
+}
+
+void PresetPane::scrollToSelection() {
+    ui->presetList->scrollToTop();
+    ui->presetList->scrollTo(ui->presetList->currentIndex());
 }
 
 void PresetPane::changeEvent(QEvent* event) {

@@ -23,11 +23,13 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fillTags();
     void showSelection();
+    void scrollToSelection();
     void showFacts();
     void search(const QString& text);
 

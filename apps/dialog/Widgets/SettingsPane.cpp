@@ -94,6 +94,7 @@ void SettingsPane::connectOutput() {
         if (!showing)
             form->setOutput(text);
     });
+    connect(ui->outputEdit, &QLineEdit::editingFinished, this, &SettingsPane::completeOutput);
     connect(ui->browseButton, &QPushButton::clicked, this, &SettingsPane::browse);
     connect(&lookTimer, &QTimer::timeout, this, [this] {
         look.look({form->output(), form->sequence(), form->source().paths()});
@@ -102,6 +103,12 @@ void SettingsPane::connectOutput() {
         lookedAt = state;
         showEstimate();
     });
+}
+
+/// A folder stays what it is: whoever has written it is told, and gets no file beside it.
+void SettingsPane::completeOutput() {
+    if (lookedAt.path != form->output() || !lookedAt.isFolder)
+        form->completeOutput();
 }
 
 void SettingsPane::fillForSource() {
@@ -220,6 +227,8 @@ void SettingsPane::showEstimate() {
         parts << tr("This may be too much for the disk");
     if (known && lookedAt.isInput)
         parts << tr("This is one of the inputs");
+    else if (known && lookedAt.isFolder)
+        parts << tr("This is a folder; write the name of a file in it");
     else if (known && lookedAt.exists)
         parts << tr("A file of this name is there already");
     ui->estimateLabel->setText(parts.join(QStringLiteral(" · ")));

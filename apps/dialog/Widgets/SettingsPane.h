@@ -31,6 +31,8 @@ public:
     void setForm(ExportForm& shown);
     /// Something may have changed on the disk.
     void lookAgain() { lookTimer.start(); }
+    /// Nobody writes on in the file's name.
+    void completeOutput();
     /// What is known of how long the chosen export takes; empty while nothing is.
     void setTimeText(const QString& text);
 
@@ -52,6 +54,7 @@ private:
     void fillChannels();
     void showForm();
     void showQuality();
+    int titleHeight() const;
     void showCustom();
     void showControl(const CustomSettings& custom);
     void showRange();

@@ -47,10 +47,11 @@ TEST_F(OutroRequest, KnowsTheOutrosOfTheApplication) {
 }
 
 TEST_F(OutroRequest, OfAnUnknownNameIsRefusedWithTheNamesThatThereAre) {
-    for (const char* name : {"dmeo", "../demo", "demo/", "Demo"}) {
-        const ExportOutcome outcome = TestExport::run(request(name));
+    for (const std::string name : {"dmeo", "../demo", "demo/", "Demo"}) {
+        const ExportOutcome outcome = TestExport::run(request(name.c_str()));
         EXPECT_EQ(outcome.status, Status::Refused) << name;
-        EXPECT_EQ(outcome.error.GetDescription(), "There is no outro \"" + std::string(name) + "\"; there are: demo");
+        EXPECT_EQ(outcome.error.GetDescription(), "There is no outro \"" + name + "\"; there are: demo" +
+                                                      (name == "../demo" ? "" : "; did you mean demo?"));
     }
     expectNothingWritten();
 }

@@ -158,6 +158,11 @@ TEST_F(BadInput, AllOfItIsToldAtOnce) {
     TestFiles::write(other, "Nor is this.");
     expectRefused(command(text, {clip, other}), 2, {"text.mov", "; ", "other.mov"});
     expectRefused(command(text, {clip, gone}), 2, {"text.mov", "; ", "gone.mov"});
+    for (const char* const preset : {"nonsense-preset", "mp4-h264-720p"})
+        expectRefused({"render", gone, text, clip, "-p", preset, "--quality", "nonsense-quality", "-o", output, "-y"},
+                      2, {"nonsense-", "; ", "gone.mov", "text.mov"});
+    expectRefused({"render", text, "-p", "nonsense-preset", "-o", output, "-y"}, 2,
+                  {"nonsense-preset", "; ", "text.mov"});
 }
 
 TEST_F(BadInput, PointsInvertedOrOutside) {
@@ -166,7 +171,10 @@ TEST_F(BadInput, PointsInvertedOrOutside) {
     expectRefused(command(clip, {"--in", "4"}), 2, {"00:00:04.000", "outside"});
     expectRefused(command(clip, {"--in", "2", "--out", "3", "--duration", "1"}), 2, {"two of them say"});
     expectRefused(command(clip, {"--in", "50f", "--out", "2"}), 2, {"00:00:02.000", "does not lie after"});
-    expectRefused(command(clip, {"--out", "1", "--duration", "1:00"}), 2, {"before the start"});
+    expectRefused(command(clip, {"--out", "1", "--duration", "1:00"}), 2,
+                  {"The duration 00:01:00.000 up to the out point, 00:00:01.000, would begin before the start"});
+    expectRefused(command(clip, {"--out", "100", "--duration", "6"}), 2,
+                  {"The duration 00:00:06.000 up to the inputs' end, 00:00:04.000, would begin before the start"});
     expectRefused(command(clip, {"--in", "2", "--out", "2.001"}), 2, {"2000 to 2001 ms", "shorter than one frame"});
 }
 
@@ -188,10 +196,10 @@ protected:
 
 TEST_F(BadSettings, AnUnknownQualityWithTheKnownOnes) {
     expectRefused(command(clip, {"--quality", "hgih"}), 2,
-                  {"mp4-h264-720p", "\"hgih\"", "did you mean high?", "high, low, medium"});
+                  {"mp4-h264-720p", "\"hgih\"", "did you mean high?", "high, medium, low"});
     expectRefused(command(clip, {"--quality", ""}), 2, {"--quality needs a value, which is empty"});
     expectRefused({"render", clip, "-p", "flac", "-o", output, "--overwrite", "--quality", "high"}, 2,
-                  {"\"flac\" has no qualities"});
+                  {"\"flac\" has no qualities", "; leave the quality out; presets that have some: "});
 }
 
 TEST_F(BadSettings, AnUnknownKeyWithNearNames) {

@@ -78,7 +78,8 @@ TEST_F(CliBranding, OfAnUnknownNameIsWrongUsage) {
     const Result result =
         run({"render", clip, "-p", "mp4-h264-480p", "-o", output, "--branding", "damo", "--progress", "none"});
     EXPECT_EQ(result.code, 2);
-    EXPECT_EQ(result.errors.trimmed(), QStringLiteral("editor-export: There is no outro \"damo\"; there are: demo"));
+    EXPECT_EQ(result.errors.trimmed(),
+              QStringLiteral("editor-export: There is no outro \"damo\"; there are: demo; did you mean demo?"));
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(QStringLiteral("clip.mov")));
 }
 

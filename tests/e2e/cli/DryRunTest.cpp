@@ -180,4 +180,14 @@ TEST_F(DryRunOnASmallDisk, WarnsWhereTheSizeIsKnownRoughly) {
     EXPECT_TRUE(result->output.contains(name("size: roughly"))) << result->output.toStdString();
 }
 
+/// Titles and slides take a fortieth of what was ordered: nobody is kept from exporting them.
+TEST_F(DryRunOnASmallDisk, WarnsWhereTheMaterialMayNeedLessThanWasOrdered) {
+    const auto result = tried("mp4-h264-480p", "film.mp4", 64);
+    if (!result)
+        GTEST_SKIP() << "no right to mount";
+    EXPECT_EQ(result->code, 0) << result->errors.toStdString();
+    EXPECT_TRUE(result->errors.contains(QRegularExpression(name("warning: The file will take about .* are free"))))
+        << result->errors.toStdString();
+}
+
 } // namespace

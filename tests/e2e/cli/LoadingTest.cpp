@@ -4,6 +4,7 @@
 #include "support/FlashBeep.h"
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using TestCli::Program;
@@ -65,6 +66,49 @@ TEST(Loading, WithoutItsCodecsListsAndSaysWhatIsMissing) {
         << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QString::fromStdString(elsewhere))) << result.errors.toStdString();
     EXPECT_FALSE(QFile::exists(QString::fromStdString(output)));
+}
+
+/// The engine's codecs become those of another build of the same version, as they name themselves.
+void takeFromAnotherBuild(QByteArray& codecs) {
+    const QRegularExpression build(QStringLiteral("\\d+\\.\\d+\\.\\d+ [0-9a-f]{64}"));
+    const auto found = build.match(QString::fromLatin1(codecs.constData(), codecs.size()));
+    ASSERT_TRUE(found.hasMatch()) << "the codecs do not say of which build they are";
+    char& last = codecs.data()[found.capturedEnd() - 1];
+    last = last == '0' ? '1' : '0';
+}
+
+void write(const std::string& path, const QByteArray& bytes) {
+    QFile file(QString::fromStdString(path));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+/// As where an update has put other codecs in the place of those that a program has not loaded yet.
+TEST(Loading, TakesNoCodecsOfAnotherBuild) {
+    const TestMedia::Folder folder;
+    ASSERT_TRUE(QFile::copy(QFileInfo(QStringLiteral(KESTRA_LIBRARY)).canonicalFilePath(),
+                            QString::fromStdString(folder / KESTRA_SONAME)));
+    const std::string place = folder / QString(QStringLiteral(KESTRA_SONAME))
+                                           .replace(QStringLiteral("Kestra.so"), QStringLiteral("KestraFF.so"))
+                                           .toStdString();
+    QFile own(QStringLiteral(KESTRA_CODECS));
+    ASSERT_TRUE(own.open(QIODevice::ReadOnly));
+    QByteArray codecs = own.readAll();
+    const std::string media = folder / "in.mov";
+    TestMedia::makeFlashBeep(media, TestMedia::FlashBeep());
+    Program info({"info", media});
+    info.setWrapper(inEnvironment("LD_LIBRARY_PATH=" + folder / ""));
+
+    write(place, codecs);
+    EXPECT_EQ(info.run().code, 0);
+
+    takeFromAnotherBuild(codecs);
+    write(place, codecs);
+    const Result result = info.run();
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("codecs: "))) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral("KestraFF.so"))) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(QStringLiteral(" is of another build"))) << result.errors.toStdString();
 }
 
 } // namespace

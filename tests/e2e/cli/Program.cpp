@@ -95,6 +95,8 @@ Result Program::finish() {
     result.memory = process->usage.ru_maxrss * 1024;
     result.errors = errors();
     result.output = QString::fromStdString(process->output);
+    result.rawOutput = process->output;
+    result.rawErrors = process->errors;
     // Also where the exit code is lost: to a second signal, or under another program.
     EXPECT_FALSE(result.errors.contains(QLatin1String("Sanitizer: ")) ||
                  result.errors.contains(QLatin1String("runtime error: ")))

@@ -21,6 +21,8 @@ struct Result {
     qint64 memory = 0;  ///< bytes that it had at most
     QString output;
     QString errors;
+    std::string rawOutput; ///< as it came, be it UTF-8 or not
+    std::string rawErrors;
 
     QStringList errorLines() const;
 };

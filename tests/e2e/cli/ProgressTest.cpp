@@ -58,6 +58,20 @@ TEST_F(Progress, JsonIsOneObjectALineFromStartedToDone) {
     EXPECT_EQ(results[0].value(QStringLiteral("video")).toObject().value(QStringLiteral("frames")).toInt(), 500);
 }
 
+TEST_F(Progress, BytesAreUnknownUntilSomeHaveBeenWritten) {
+    const Result result = run({"render", clip, "-p", "webm-vp9-720p", "--out", "2", "-o", place / "film.webm", "--set",
+                               "size=64x36", "--progress", "json"});
+    ASSERT_EQ(result.code, 0) << result.rawErrors;
+    int told = 0;
+    for (const QJsonObject& event : TestCli::jsonLines(result.errors))
+        if (typeOf(event) == QStringLiteral("progress")) {
+            const QJsonValue bytes = event.value(QStringLiteral("bytes"));
+            EXPECT_TRUE(bytes.isNull() || bytes.toDouble() > 0) << result.rawErrors;
+            ++told;
+        }
+    EXPECT_GT(told, 0);
+}
+
 TEST_F(Progress, JsonTellsRefusals) {
     const Result result = run({"render", clip, "-p", "nonsense-preset-xyz", "-o", output, "--progress", "json"});
     EXPECT_EQ(result.code, 2);

@@ -65,7 +65,7 @@ protected:
         inputs << QString::fromStdString(path);
     }
     Fakes::DecodedFile exported(const char* preset, const char* name) {
-        ExportRequest request = TestExport::requestOf({}, preset, folder.File(name));
+        ExportRequest request = TestExport::requestOfPictures({}, preset, folder.File(name));
         request.inputs = inputs;
         outcome = TestExport::run(request);
         EXPECT_EQ(outcome.status, ExportOutcome::Status::Done) << outcome.error.GetDescription();
@@ -161,7 +161,7 @@ TEST_F(MixedColours, ThatTheCodecHasNoNameForAreConvertedAndNoted) {
 TEST_F(MixedColours, ThatCannotBeConvertedAreRefusedByName) {
     add({150, 108, 150}, AV_PIX_FMT_YUV420P, BT709);
     add({150, 108, 150}, AV_PIX_FMT_YUV420P, {1, 17, 1, 1});
-    ExportRequest request = TestExport::requestOf({}, "mkv-ffv1-flac", folder.File("out.mkv"));
+    ExportRequest request = TestExport::requestOfPictures({}, "mkv-ffv1-flac", folder.File("out.mkv"));
     request.inputs = inputs;
     outcome = TestExport::run(request);
     EXPECT_EQ(outcome.status, ExportOutcome::Status::Failed);

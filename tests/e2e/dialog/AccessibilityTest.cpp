@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSet>
 #include <QStackedWidget>
+#include <QToolButton>
 
 namespace TestDialog {
 namespace {
@@ -110,6 +111,34 @@ TEST_P(Letters, MeanOneThingInEveryLanguage) {
                 << QStringList(letters.values(letter)).join(text(" and ")).toStdString();
         expectNothingClipped();
     }
+}
+
+/// What an export says while it runs and when it has ended.
+TEST_P(Letters, LeaveRoomForWhatIsSaidOfAnExport) {
+    const Dialog::Translations translations(*qApp, QLocale(text(GetParam())));
+    show();
+    window->resize(1180, 820);
+    openMuch();
+    find<QLineEdit>("outputEdit").setText(QString::fromStdString(place / "film.mp4"));
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("exportButton").isEnabled(); }));
+    find<QPushButton>("exportButton").click();
+    ASSERT_TRUE(waitUntil([&] { return find<QLabel>("progressLabel").text().count(text("·")) == 2; }));
+    TestSupport::turnEventLoop();
+    expectNothingClipped();
+    find<QPushButton>("stopButton").click();
+    ASSERT_TRUE(waitForQuestion());
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitForEnd());
+    TestSupport::turnEventLoop();
+    expectNothingClipped();
+    const QString stopped = endTitle();
+    find<QLineEdit>("outputEdit").setText(QString::fromStdString(place / "nowhere/film.mp4"));
+    find<QPushButton>("exportButton").click();
+    ASSERT_TRUE(waitUntil([&] { return find<QWidget>("endPage").isVisible() && endTitle() != stopped; }));
+    find<QToolButton>("detailsButton").setChecked(true);
+    TestSupport::turnEventLoop();
+    expectNothingClipped();
+    EXPECT_FALSE(find<QLabel>("endAdvice").text().isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Letters, ::testing::Values("en_US", "de_DE", "es_ES", "ja_JP", "zh_CN"));

@@ -7,10 +7,12 @@
 #include <QGroupBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QToolButton>
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <string>
 #include <sys/resource.h>
@@ -84,6 +86,34 @@ TEST_F(WindowExport, TellsItsProgressInTheWindowAndInItsTitle) {
     EXPECT_TRUE(progress.contains(text("× real time"))) << progress.toStdString();
     ASSERT_TRUE(waitUntil([&] { return find<QLabel>("progressLabel").text().contains(text("left")); }));
     ASSERT_TRUE(waitUntil([&] { return !find<Dialog::PictureLabel>("preview").isEmpty(); }));
+}
+
+TEST_F(WindowExport, ShowsTheFramesThatItIsAt) {
+    show();
+    openMuch();
+    saveAs(output);
+    press('x');
+    auto& preview = find<Dialog::PictureLabel>("preview");
+    ASSERT_TRUE(waitUntil([&] { return !preview.isEmpty(); }));
+    // Each is of one grey, which tells its number: from one corner to the other, for they are as wide as the label.
+    QSet<int> shown;
+    QString wrong;
+    ASSERT_TRUE(waitUntil([&] {
+        const QImage image = preview.grab().toImage();
+        const QColor middle = image.pixelColor(image.rect().center());
+        const QColor corner = image.pixelColor(image.width() - 5, image.height() - 5);
+        const double luma = 16 + middle.red() * 219 / 255.0;
+        const bool isFrame = TestMedia::numberOfLuma(luma) >= 0 || luma > 225;
+        if (!isFrame || std::abs(middle.red() - middle.blue()) > 4 || std::abs(middle.red() - corner.red()) > 4)
+            wrong = middle.name() + corner.name();
+        shown << middle.red();
+        return shown.size() >= 3 || !wrong.isEmpty();
+    }));
+    EXPECT_EQ(wrong, QString());
+    find<QPushButton>("stopButton").click();
+    ASSERT_TRUE(waitForQuestion());
+    answer(QMessageBox::AcceptRole);
+    ASSERT_TRUE(waitForEnd());
 }
 
 TEST_F(WindowExport, IsStoppedOnlyByAnAnswer) {
@@ -199,8 +229,10 @@ TEST_F(WindowExport, IsNotEndedByClosingUnlessThatWasSaid) {
     EXPECT_TRUE(find<QPushButton>("stopButton").isVisible());
     window->close();
     ASSERT_TRUE(waitForQuestion());
+    const QSignalSpy ended(window.get(), &Dialog::ExportWindow::ended);
     answer(QMessageBox::AcceptRole);
-    ASSERT_TRUE(waitUntil([&] { return !window->isVisible(); }));
+    ASSERT_TRUE(waitUntil([&] { return ended.count() > 0; }));
+    EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(text("clip.mov")));
 }
 

@@ -162,6 +162,44 @@ TEST_F(Output, IsWrittenWithItsFolder) {
     EXPECT_TRUE(canExport()) << problem().toStdString();
 }
 
+TEST_F(Output, IsNoFolder) {
+    const QString folder = QString::fromStdString(place / "films");
+    ASSERT_TRUE(QDir().mkdir(folder));
+    show();
+    openClip();
+    for (const QString& written : {folder, folder + QLatin1Char('/')}) {
+        saveAs(written.toStdString());
+        ASSERT_TRUE(waitUntil([&] { return estimate().contains(text("This is a folder")); }));
+        EXPECT_FALSE(estimate().contains(text("is there already")));
+        press('x');
+        ASSERT_TRUE(waitForQuestion());
+        EXPECT_EQ(question()->text(), text("“films” is a folder. Write the name of a file in it."));
+        QTest::keyClick(question(), Qt::Key_Escape);
+        ASSERT_TRUE(waitUntil([&] { return !question(); }));
+    }
+    EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+    EXPECT_EQ(find<QLineEdit>("outputEdit").text(), folder + QLatin1Char('/')) << "no file beside it is made of it";
+}
+
+TEST_F(Output, HasItsExtensionWhereNoneWasWritten) {
+    show();
+    openClip();
+    choose(text("MP4"), text("h.264 480"));
+    const auto& output = find<QLineEdit>("outputEdit");
+    saveAs(place / "film.cut 2 ");
+    EXPECT_EQ(output.text(), QString::fromStdString(place / "film.cut 2 ")) << "somebody may write on";
+    key(Qt::Key_Tab);
+    EXPECT_EQ(output.text(), QString::fromStdString(place / "film.cut 2.mp4"));
+    saveAs(place / "film");
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(endTitle(), text("film.mp4 is done"));
+    saveAs(place / "film.mkv");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(output.text(), QString::fromStdString(place / "film.mkv"));
+    EXPECT_FALSE(canExport()) << "what was meant nobody knows";
+}
+
 TEST_F(Output, OfAnotherKindNamesPresetsByTheirTitles) {
     show();
     openClip();

@@ -99,8 +99,10 @@ TEST_F(Queue, ThatWaitsForTheOneThatRunsIsNotLostByClosingUnsaid) {
     EXPECT_EQ(question()->text(),
               text("An export is running, and others wait. Stop it and close? Nothing of it is kept, "
                    "and the others are not made."));
+    const QSignalSpy ended(window.get(), &Dialog::ExportWindow::ended);
     answer(QMessageBox::AcceptRole);
-    ASSERT_TRUE(waitUntil([&] { return !window->isVisible(); }));
+    ASSERT_TRUE(waitUntil([&] { return ended.count() > 0; }));
+    EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(names(), QStringList(text("clip.mov")));
 }
 

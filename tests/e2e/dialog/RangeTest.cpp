@@ -2,6 +2,7 @@
 // The parts of a source that can be chosen.
 #include "WindowFixture.h"
 #include "support/MediaProbe.h"
+#include <QGroupBox>
 
 namespace TestDialog {
 namespace {
@@ -57,6 +58,33 @@ TEST_F(Range, OfMediaWithoutChaptersHasNoMarkers) {
     openClip();
     EXPECT_FALSE(find<QAbstractButton>("markersButton").isEnabled());
     EXPECT_EQ(offered("firstBox"), (QStringList{text("Start (0:00.000)"), text("End (0:02.000)")}));
+}
+
+/// Numbers are written in another language until it goes.
+class Locale {
+public:
+    explicit Locale(const char* name) { QLocale::setDefault(QLocale(text(name))); }
+    ~Locale() { QLocale::setDefault(before); }
+    Locale(const Locale&) = delete;
+    Locale& operator=(const Locale&) = delete;
+
+private:
+    const QLocale before;
+};
+
+TEST_F(Range, IsWrittenWithTheCommaOfOnesOwnNumbers) {
+    show();
+    openClip();
+    pressButton('a', "cutButton");
+    find<QLineEdit>("inEdit").setText(text("0:00,4"));
+    EXPECT_TRUE(find<QLabel>("lengthLabel").text().isEmpty()) << "English has no such numbers";
+    const Locale german("de_DE");
+    find<QLineEdit>("inEdit").setText(text("0:00,5"));
+    EXPECT_EQ(find<QLabel>("lengthLabel").text(), text("0:01.500 long"));
+    find<QGroupBox>("customGroup").setChecked(true);
+    find<QComboBox>("frameRateBox").setEditText(text("12,5"));
+    EXPECT_EQ(find<QLabel>("customProblem").text(), QString());
+    EXPECT_EQ(find<QComboBox>("frameRateBox").currentText(), text("12,5")) << "it stays as it was written";
 }
 
 std::string timeOf(int frames) {

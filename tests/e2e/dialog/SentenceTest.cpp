@@ -22,6 +22,8 @@ TEST_F(Sentences, KeepNamesAndNumbers) {
               text("„/a: it is empty.mp4“ lässt sich nicht schreiben: der Ordner „/x“: Zugriff verweigert"));
     EXPECT_EQ(german("The file will take roughly 3 MB, but beside \"/film.mp4\" only 2 MB are free"),
               text("Die Datei wird etwa 3 MB belegen, aber neben „/film.mp4“ sind nur 2 MB frei"));
+    EXPECT_EQ(german("The file will take about 3 MB, but beside \"/film.mp4\" only 2 MB are free"),
+              text("Die Datei wird ungefähr 3 MB belegen, aber neben „/film.mp4“ sind nur 2 MB frei"));
 }
 
 TEST_F(Sentences, MayBeSeveral) {
@@ -31,6 +33,24 @@ TEST_F(Sentences, MayBeSeveral) {
              "ist \"c\" gemeint?"));
     EXPECT_EQ(german("\"a.mov\": left out: 2 sound tracks (2, eng; 3), 1 chapter, tags"),
               text("„a.mov“: weggelassen: 2 Tonspuren (2, eng; 3), 1 Kapitel, Angaben"));
+}
+
+TEST_F(Sentences, NameWhatATimelineLacks) {
+    EXPECT_EQ(
+        german("Cannot export \"a.otio\": stack \"S\", track \"V, 1\", clip \"x\": the media \"b.mp4\" is not there "
+               "(/tracks/1); track \"V\", clip \"y\": its media is not named (/tracks/2); and 3 more (validate "
+               "tells them all)"),
+        text("„a.otio“ lässt sich nicht exportieren: Stapel „S“, Spur „V, 1“, Clip „x“: die Mediendatei „b.mp4“ "
+             "ist nicht da (/tracks/1); Spur „V“, Clip „y“: seine Mediendatei ist nicht genannt (/tracks/2); und "
+             "3 mehr"));
+    EXPECT_EQ(german("\"a.mov\" is damaged at 00:00:07.000: A picture could not be decoded: End of file"),
+              text("„a.mov“ ist bei 00:00:07.000 beschädigt: Ein Bild ließ sich nicht dekodieren: Ende der Datei"));
+    EXPECT_EQ(german("\"a.mov\" is damaged at 00:00:07.000: Sound is missing; silence stands in for it"),
+              text("„a.mov“ ist bei 00:00:07.000 beschädigt: Ton fehlt; an seiner Stelle steht Stille"));
+    EXPECT_EQ(german("\"a.mov\": its sound has a gap of 0.083 s at 0.041 s, filled with silence"),
+              text("„a.mov“: sein Ton hat bei 0.041 s eine Lücke von 0.083 s, die mit Stille gefüllt ist"));
+    EXPECT_EQ(german("Cannot read \"a\": it is not a media file, or its beginning is damaged"),
+              text("„a“ lässt sich nicht lesen: das ist keine Mediendatei, oder ihr Anfang ist beschädigt"));
 }
 
 TEST_F(Sentences, SayWhyAFirstPassIsWhole) {

@@ -335,9 +335,9 @@ TEST_F(Window, RemembersTagAndPresetOnceAnExportIsOrdered) {
     saveAs(place / "film.webm");
     press('q');
     ASSERT_TRUE(waitUntil([&] { return find<QWidget>("jobPane").isVisible(); }));
+    window.reset();
     EXPECT_EQ(Settings::lastUsedPresetGroup(), "web");
     EXPECT_EQ(Settings::lastUsedPresetId(), "webm-vp9-720p");
-    window.reset();
     show();
     EXPECT_EQ(find<QComboBox>("tagBox").currentText(), text("Web"));
     EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("webm-vp9-720p"));

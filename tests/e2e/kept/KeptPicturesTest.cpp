@@ -39,7 +39,7 @@ protected:
 TEST_P(KeptPictures, AreTheSameBytesInTheLosslessArchive) {
     makeSource();
     ASSERT_EQ(TestKept::told(source, "v", "pix_fmt").toStdString(), GetParam().format);
-    const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", archive));
+    const auto outcome = TestExport::run(TestExport::requestOfPictures(source, "mkv-ffv1-flac", archive));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     const QStringList before = TestKept::pictures(source, GetParam().format);
     EXPECT_EQ(before.size(), 3);
@@ -129,7 +129,8 @@ TEST(KeptPictures, KeepSamplesThatTheScalerCannotReadBack) {
             {"-f", "lavfi", "-i",
              std::string("testsrc2=alpha=90:rate=25:size=64x48,noise=alls=20:allf=t,format=") + format.format,
              "-frames:v", "3", "-c:v", format.codec, "-pix_fmt", format.format, source});
-        const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", media / "archive.mkv"));
+        const auto outcome =
+            TestExport::run(TestExport::requestOfPictures(source, "mkv-ffv1-flac", media / "archive.mkv"));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
         ASSERT_EQ(TestKept::told(media / "archive.mkv", "v", "pix_fmt").toStdString(), format.archived);
@@ -153,7 +154,7 @@ TEST(KeptPictures, OfFullRangeStayInTheFullRange) {
         TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=rate=25:size=64x48,scale=out_range=full", "-frames:v", "3",
                               "-c:v", "ffv1", "-pix_fmt", format, "-color_range", "pc", source});
         std::filesystem::remove(archive);
-        const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", archive));
+        const auto outcome = TestExport::run(TestExport::requestOfPictures(source, "mkv-ffv1-flac", archive));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_EQ(TestKept::told(archive, "v", "color_range"), QLatin1String("pc")) << format;
         EXPECT_EQ(TestKept::pictures(source, format), TestKept::pictures(archive, format)) << format;
@@ -165,7 +166,7 @@ TEST(KeptPictures, WhatACodecCannotHoldIsNamed) {
     const std::string source = media / "alpha.mov";
     TestMedia::runFfmpeg({"-f", "lavfi", "-i", "testsrc2=alpha=90:rate=25:size=64x48", "-frames:v", "3", "-c:v", "png",
                           "-pix_fmt", "rgba", source});
-    const auto outcome = TestExport::run(TestExport::requestOf(source, "mp4-h264-source", media / "out.mp4"));
+    const auto outcome = TestExport::run(TestExport::requestOfPictures(source, "mp4-h264-source", media / "out.mp4"));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     ASSERT_EQ(outcome.notes.size(), 1);
     EXPECT_TRUE(outcome.notes.front().contains(QLatin1String("transparency was left out, over black")))
@@ -186,7 +187,7 @@ TEST(KeptPictures, PresetsForTransparencyDeliverIt) {
                                      Delivery{"webm-vp9-1080p-alpha", "out.webm", {"-c:v", "libvpx-vp9"}}}) {
         const std::string output = media / delivery.file;
         const std::string planes = media / (std::string(delivery.file) + ".raw");
-        const auto outcome = TestExport::run(TestExport::requestOf(source, delivery.preset, output));
+        const auto outcome = TestExport::run(TestExport::requestOfPictures(source, delivery.preset, output));
         ASSERT_EQ(outcome.status, Status::Done) << delivery.preset << ": " << outcome.error.GetDescription();
         EXPECT_FALSE(outcome.notes.join(QLatin1Char(' ')).contains(QLatin1String("transparency"))) << delivery.preset;
         std::vector<std::string> words = delivery.decoder;
@@ -211,7 +212,7 @@ TEST(KeptPictures, AClipOfMoreBitsThanTheFirstLosesNone) {
     };
     make(plain, "yuv420p");
     make(deep, "yuv422p10le");
-    auto request = TestExport::requestOf(plain, "mkv-ffv1-flac", media / "archive.mkv");
+    auto request = TestExport::requestOfPictures(plain, "mkv-ffv1-flac", media / "archive.mkv");
     request.inputs += QString::fromStdString(deep);
     const auto outcome = TestExport::run(request);
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();

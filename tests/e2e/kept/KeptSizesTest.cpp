@@ -34,7 +34,7 @@ TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
     make(media / "wide.mkv", "720x576", "setsar=64/45");
     for (const Exported& target : SOURCE_SIZED) {
         const std::string file = media / (std::string(target.preset) + "." + target.extension);
-        const auto outcome = TestExport::run(TestExport::requestOf(media / "wide.mkv", target.preset, file));
+        const auto outcome = TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", target.preset, file));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_EQ(shapeOf(file), "720,576,64:45") << target.preset;
         EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
@@ -47,7 +47,7 @@ TEST(KeptSize, IsThatOfTheClipsInTheRange) {
     const TestMedia::Folder media;
     make(media / "small.mkv", "64x48", "setsar=1");
     make(media / "large.mkv", "322x180", "setsar=1", "yuv444p");
-    auto request = TestExport::requestOf(media / "small.mkv", "mkv-ffv1-flac", media / "out.mkv");
+    auto request = TestExport::requestOfPictures(media / "small.mkv", "mkv-ffv1-flac", media / "out.mkv");
     request.inputs << QString::fromStdString(media / "large.mkv");
     request.in = KTime(120);
     const auto outcome = TestExport::run(request);
@@ -86,7 +86,8 @@ TEST(KeptSize, InterlacedPixelsThatAreNotSquareAreNeitherScaledNorDeinterlacedIn
         command.insert(command.end(), camera.coding.begin(), camera.coding.end());
         command.insert(command.end(), {"-pix_fmt", camera.format, source});
         TestMedia::runFfmpeg(command);
-        const auto outcome = TestExport::run(TestExport::requestOf(source, "mkv-ffv1-flac", media / "archive.mkv"));
+        const auto outcome =
+            TestExport::run(TestExport::requestOfPictures(source, "mkv-ffv1-flac", media / "archive.mkv"));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
         EXPECT_EQ(TestKept::told(media / "archive.mkv", "v", "width,height,sample_aspect_ratio,field_order"),
@@ -104,7 +105,7 @@ TEST(KeptSize, OddSidesStayInTheLosslessArchive) {
         std::filesystem::remove(std::string(media / "archive.mkv"));
         make(media / "odd.mkv", "162x122", "crop=161:121:0:0:exact=1", format);
         const auto outcome =
-            TestExport::run(TestExport::requestOf(media / "odd.mkv", "mkv-ffv1-flac", media / "archive.mkv"));
+            TestExport::run(TestExport::requestOfPictures(media / "odd.mkv", "mkv-ffv1-flac", media / "archive.mkv"));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_EQ(shapeOf(media / "archive.mkv").substr(0, 7), "161,121") << format;
         EXPECT_EQ(TestKept::pictures(media / "odd.mkv", format), TestKept::pictures(media / "archive.mkv", format));
@@ -117,8 +118,8 @@ TEST(KeptSize, AnOddSideThatMustBeEvenLosesItsLastLineAndNothingIsScaled) {
     make(media / "even.mkv", "162x122", "crop=160:120:0:0:exact=1");
     for (const char* const source : {"odd", "even"}) {
         const std::string file = media / (std::string(source) + ".mp4");
-        const auto outcome =
-            TestExport::run(TestExport::requestOf(media / (std::string(source) + ".mkv"), "mp4-h264-source", file));
+        const auto outcome = TestExport::run(
+            TestExport::requestOfPictures(media / (std::string(source) + ".mkv"), "mp4-h264-source", file));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
         EXPECT_EQ(shapeOf(file).substr(0, 7), "160,120");
         EXPECT_EQ(outcome.notes.size(), source == std::string("odd") ? 1 : 0);
@@ -130,7 +131,7 @@ TEST(KeptSize, WhatThePresetFitsToTheSourceIsTheSizeOfTheFile) {
     const TestMedia::Folder media;
     make(media / "tall.mkv", "1080x1920", "null");
     const auto outcome =
-        TestExport::run(TestExport::requestOf(media / "tall.mkv", "mp4-h264-1080p", media / "tall.mp4"));
+        TestExport::run(TestExport::requestOfPictures(media / "tall.mkv", "mp4-h264-1080p", media / "tall.mp4"));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(shapeOf(media / "tall.mp4"), "1080,1920,1:1");
 }
@@ -141,7 +142,7 @@ TEST(KeptSize, PicturesTurnedSidewaysKeepTheirPixelsToo) {
     TestMedia::runFfmpeg({"-i", media / "wide.mkv", "-c:v", "libx264", "-qp", "0", media / "flat.mp4"});
     TestMedia::runFfmpeg({"-i", media / "flat.mp4", "-c", "copy", "-metadata:s:v", "rotate=90", media / "turned.mp4"});
     const auto outcome =
-        TestExport::run(TestExport::requestOf(media / "turned.mp4", "mkv-ffv1-flac", media / "archive.mkv"));
+        TestExport::run(TestExport::requestOfPictures(media / "turned.mp4", "mkv-ffv1-flac", media / "archive.mkv"));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(shapeOf(media / "archive.mkv"), "576,720,45:64");
 }

@@ -28,4 +28,10 @@ ExportCore::ExportRequest requestOf(const std::string& input, const char* preset
     return request;
 }
 
+ExportCore::ExportRequest requestOfPictures(const std::string& input, const char* preset, const std::string& output) {
+    ExportCore::ExportRequest request = requestOf(input, preset, output);
+    request.tracks.sound = ExportCore::TrackOptions::Sound::None;
+    return request;
+}
+
 } // namespace TestExport

@@ -11,5 +11,7 @@ namespace TestExport {
 ExportCore::ExportOutcome run(const ExportCore::ExportRequest& request);
 /// A request for one input.
 ExportCore::ExportRequest requestOf(const std::string& input, const char* preset, const std::string& output);
+/// Without sound: of inputs that have none, none is made.
+ExportCore::ExportRequest requestOfPictures(const std::string& input, const char* preset, const std::string& output);
 
 } // namespace TestExport

@@ -10,6 +10,8 @@
 #include "fakes/chunks/ChunkCalls.h"
 #include "fakes/chunks/SoundChunks.h"
 #include "fakes/kestra/FakeFactories.h"
+#include "support/LoopWatch.h"
+#include <QElapsedTimer>
 #include <cctype>
 #include <gtest/gtest.h>
 #include <optional>
@@ -19,6 +21,7 @@ using ExportCore::ExportOutcome;
 using Kestra::Core::CoreManager;
 using Kestra::Fakes::Script;
 using Kestra::Proc::TranscodingError;
+using TestSupport::LoopWatch;
 using TestSupport::waitUntil;
 using Status = ExportOutcome::Status;
 using namespace std::chrono_literals;
@@ -182,6 +185,12 @@ protected:
         EXPECT_NE(text.find("clip.mov\" does not come"), std::string::npos) << text;
     }
 
+    /// What hangs is left after two seconds, and who waited for it on the event loop's thread would be away as long.
+    static void expectLoopToHaveTurned(const LoopWatch& loop) {
+        EXPECT_LT(loop.longestAway(), 1s) << loop.longestAway().count() << " ms";
+        EXPECT_GE(loop.turns(), 24);
+    }
+
     static TestMedia::Folder* media;
     const std::shared_ptr<Calls> calls = std::make_shared<Calls>();
     const std::shared_ptr<Kestra::Fakes::Gate> gate = std::make_shared<Kestra::Fakes::Gate>();
@@ -195,37 +204,47 @@ TestMedia::Folder* HungSource::media = nullptr;
 TEST_P(HungSource, DoesNotKeepAStopFromItsEndAndIsNamed) {
     start({1h, 1h, 1s});
     ASSERT_TRUE(waitUntilHung());
+    const LoopWatch loop;
     job->stop();
     ASSERT_TRUE(waitForEnd());
+    job.reset();
+    expectLoopToHaveTurned(loop);
     EXPECT_EQ(outcome.status, Status::Stopped);
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
     expectNamed(outcome.error.GetDescription());
     expectUntouched();
-    job.reset();
 }
 
 TEST_P(HungSource, DoesNotKeepAFailureFromItsEndAndIsTold) {
     start({1h, 1h, 1s});
     ASSERT_TRUE(waitUntilHung());
+    const LoopWatch loop;
     job->fail(std::make_exception_ptr(std::runtime_error("another thing broke")));
     ASSERT_TRUE(waitForEnd());
+    job.reset();
+    expectLoopToHaveTurned(loop);
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetDescription(), "another thing broke");
     expectUntouched();
-    job.reset();
 }
 
 TEST_P(HungSource, DoesNotKeepTheJobFromItsDestruction) {
     start();
     ASSERT_TRUE(waitUntilHung());
+    QElapsedTimer clock;
+    clock.start();
     job.reset();
+    EXPECT_LT(clock.elapsed(), 8000) << "two seconds for what hangs";
     EXPECT_EQ(finishCount, 0);
     expectUntouched();
 }
 
 TEST_P(HungSource, IsAStallThatIsNamed) {
+    const LoopWatch loop;
     start({5s, 5s, 1h}); // longer than a slow machine takes to get there
     ASSERT_TRUE(waitForEnd());
+    job.reset();
+    expectLoopToHaveTurned(loop);
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
     expectNamed(outcome.error.GetDescription());
@@ -234,7 +253,6 @@ TEST_P(HungSource, IsAStallThatIsNamed) {
         ASSERT_TRUE(calls->interruption.load());
         EXPECT_TRUE(*calls->interruption.load()) << "an opening that comes back goes on with nothing";
     }
-    job.reset();
 }
 
 class HungFirstPass : public HungSource {};
@@ -264,13 +282,15 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     CoreManager::Instance().SetMuxerFactory(muxers);
     start();
     ASSERT_TRUE(waitUntilHung());
+    const LoopWatch loop;
     ASSERT_TRUE(waitForEnd());
+    job.reset();
+    expectLoopToHaveTurned(loop);
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetDescription(), "the tape broke");
     ASSERT_FALSE(outcome.warnings.isEmpty());
     expectNamed(outcome.warnings.last().toStdString());
     expectUntouched();
-    job.reset();
 }
 
 std::string nameOf(const testing::TestParamInfo<Hang>& testCase) {

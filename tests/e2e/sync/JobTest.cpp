@@ -336,7 +336,7 @@ TEST_F(Job, WhatNoInputHasIsMadeAndNoted) {
         const char* preset;
         QStringList words; ///< of each note, in their order
     } cases[] = {{"-vn", "mp4-mpeg4-720p", {QStringLiteral("has a picture")}},
-                 {"-an", "flac", {QStringLiteral("left out: 1 picture track"), QStringLiteral("has sound")}}};
+                 {"-an", "flac", {QStringLiteral("has sound"), QStringLiteral("left out: 1 picture track")}}};
     for (const auto& each : cases) {
         const std::string half = place / "half.mov";
         const std::string made = place / "made";

@@ -25,7 +25,7 @@ protected:
                               "-fps_mode", "passthrough", "-enc_time_base", "1:90000", "-c:v", "libx264", "-preset",
                               "ultrafast", "-crf", "16", "-video_track_timescale", "90000", input});
         const std::string output = folder / (extension + ".out.mkv");
-        outcome = TestExport::run(TestExport::requestOf(input, "mkv-ffv1-flac", output));
+        outcome = TestExport::run(TestExport::requestOfPictures(input, "mkv-ffv1-flac", output));
         EXPECT_EQ(outcome.status, ExportOutcome::Status::Done) << outcome.error.GetDescription();
         return TestMedia::probe(output);
     }

@@ -33,7 +33,7 @@ protected:
     static void TearDownTestSuite() { delete folder; }
 
     ExportRequest request(const std::vector<std::string>& settings) const {
-        ExportRequest made = TestExport::requestOf(*folder / "natural.mkv", PRESET, output);
+        ExportRequest made = TestExport::requestOfPictures(*folder / "natural.mkv", PRESET, output);
         made.settings = settings;
         return made;
     }

@@ -87,6 +87,16 @@ int open64(const char* path, int flags, ...) {
     return openNext("open64", path, flags, mode);
 }
 
+int openat(int folder, const char* path, int flags, ...) {
+    va_list more;
+    va_start(more, flags);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) ? va_arg(more, mode_t) : 0;
+    va_end(more);
+    if (isMeant(path))
+        hangAt("open");
+    return opened(path, next<int(int, const char*, int, ...)>("openat")(folder, path, flags, mode));
+}
+
 ssize_t read(int file, void* data, size_t size) {
     hangAt("read", file);
     return next<ssize_t(int, void*, size_t)>("read")(file, data, size);

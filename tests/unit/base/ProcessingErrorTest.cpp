@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/Proc/ProcessingError.h"
 #include "Kestra/Proc/ProcException.h"
+#include <cerrno>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <new>
 #include <set>
 #include <stdexcept>
+#include <system_error>
 
 namespace Kestra::Proc {
 namespace {
@@ -49,6 +51,9 @@ TEST(ProcessingError, IsUnknownWithoutACode) {
 
 TEST(ProcessingError, KnowsLackOfMemoryAndBadArgumentsByType) {
     EXPECT_EQ(From(std::bad_alloc()).GetCode(), TranscodingError::OutOfMemory);
+    EXPECT_EQ(From(std::system_error(EAGAIN, std::system_category())).GetCode(), TranscodingError::OutOfMemory)
+        << "a thread for which there was no room";
+    EXPECT_EQ(From(std::system_error(EPERM, std::system_category())).GetCode(), TranscodingError::Unknown);
     EXPECT_EQ(From(std::invalid_argument("x")).GetCode(), TranscodingError::InvalidArgument);
 }
 

@@ -56,6 +56,37 @@ TEST(Wrapping, BreaksAtBlanksAndIndentsTheRest) {
     EXPECT_EQ(Wrapping::wrapped("", 4), "");
 }
 
+TEST(Wrapping, LeavesLinesThatFitAndTheBlanksInThem) {
+    EXPECT_EQ(Wrapping::fitted("one  two\nthree\n", 8, 2), "one  two\nthree\n");
+    EXPECT_EQ(Wrapping::fitted("  one  two three four\n", 12, 4), "  one  two\n    three\n    four\n");
+    EXPECT_EQ(Wrapping::fitted("unbreakable word\n", 4, 2), "unbreakable\n  word\n");
+    EXPECT_EQ(Wrapping::fitted("\xC3\xA4\xC3\xB6 \xC3\xBC\n", 4, 2), "\xC3\xA4\xC3\xB6 \xC3\xBC\n") << "letters count";
+}
+
+std::size_t countOf(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size())
+        ++count;
+    return count;
+}
+
+TEST(ManPage, TellsEachExampleOnceAndFilesVariablesAndRelatives) {
+    const std::string page = Cli::manPage(table());
+    EXPECT_EQ(countOf(page, "presets validate mine.json\n"), 1U);
+    EXPECT_EQ(countOf(page, "presets diff \\-\\-help"), 0U);
+    for (const char* part : {".SH FILES\n", ".SH ENVIRONMENT\n", "EDITOR_EXPORT_PRESETS", "TMPDIR", ".SH SEE ALSO\n"})
+        EXPECT_EQ(countOf(page, part), 1U) << part;
+}
+
+TEST(Completion, OffersNamesAndTagsSettingsQualitiesOutrosAndTracks) {
+    for (const auto completion : {&Cli::bashCompletion, &Cli::zshCompletion, &Cli::fishCompletion}) {
+        const std::string text = completion(table());
+        for (const char* part : {"--describe=names", "--describe=qualities", "frame-rate= bitrate=", "all none"})
+            EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text.substr(0, 40);
+    }
+    EXPECT_NE(Cli::bashCompletion(table()).find("compopt -o nospace"), std::string::npos);
+}
+
 TEST(Help, FitsEveryWidthButForWordsThatAreLonger) {
     for (const CommandText& command : table())
         for (std::size_t columns = 20; columns <= 200; columns += 12) {
@@ -87,7 +118,8 @@ TEST(Help, TellsWhatEveryOptionMeans) {
         for (const Cli::OptionText& option : command.options) {
             EXPECT_FALSE(option.meaning.empty()) << option.joinedNames();
             EXPECT_EQ(option.value.empty(), option.kind == Cli::ValueKind::None) << option.joinedNames();
-            EXPECT_EQ(option.choices.empty(), option.kind != Cli::ValueKind::Choice) << option.joinedNames();
+            const bool hasChoices = option.kind == Cli::ValueKind::Choice || option.kind == Cli::ValueKind::Offered;
+            EXPECT_EQ(option.choices.empty(), !hasChoices) << option.joinedNames();
         }
 }
 

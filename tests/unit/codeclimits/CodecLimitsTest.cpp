@@ -149,6 +149,8 @@ TEST_F(CodecLimitsTest, SidesOutsideAreThoseThatTheEncodersRefuse) {
     }
     EXPECT_FALSE(CodecLimits::TakesWidth(CodecID::VP8, 16384));
     EXPECT_FALSE(CodecLimits::TakesHeight(CodecID::AV1, 8706));
+    EXPECT_TRUE(CodecLimits::TakesWidth(CodecID::WebP, 16383));
+    EXPECT_FALSE(CodecLimits::TakesHeight(CodecID::WebP, 16384));
     EXPECT_FALSE(CodecLimits::TakesWidth(CodecID::DNxHD, 254));
     EXPECT_TRUE(CodecLimits::TakesHeight(CodecID::DNxHD, 120));
 }
@@ -162,6 +164,11 @@ TEST_F(CodecLimitsTest, FrameRatesOutsideAreThoseThatTheEncodersRefuse) {
     EXPECT_TRUE(CodecLimits::TakesFrameRate(CodecID::H264, {119881, 1000}));
     EXPECT_FALSE(CodecLimits::TakesFrameRate(CodecID::MPEG2, 31));
     EXPECT_FALSE(opens(makeVideo("mpeg2video", 64, {31, 1})));
+    // By the periods that files tell and browsers heed.
+    for (const boost::rational<long long> rate : {boost::rational<long long>(1, 16000), {60}, {90}, {1000, 11}})
+        EXPECT_TRUE(CodecLimits::TakesFrameRate(CodecID::WebP, rate)) << rate;
+    for (const boost::rational<long long> rate : {boost::rational<long long>(1, 17000), {91}, {120}})
+        EXPECT_FALSE(CodecLimits::TakesFrameRate(CodecID::WebP, rate)) << rate;
 }
 
 TEST_F(CodecLimitsTest, QualitiesLieInsideTheEncodersOwnScales) {
@@ -180,6 +187,20 @@ TEST_F(CodecLimitsTest, QualitiesLieInsideTheEncodersOwnScales) {
     }
 }
 
+TEST_F(CodecLimitsTest, AScaleHoldsWhatLiesBetweenItsEndsWhicheverIsBetter) {
+    const QualityRange rising = CodecLimits::VideoQuality(CodecID::WebP),
+                       falling = CodecLimits::VideoQuality(CodecID::H264);
+    EXPECT_TRUE(rising.Exists() && falling.Exists());
+    EXPECT_FALSE(CodecLimits::VideoQuality(CodecID::ProRes).Exists());
+    for (const double quality : {1.0, 75.5, 100.0})
+        EXPECT_TRUE(rising.Holds(quality)) << quality;
+    for (const double quality : {0.5, 100.5})
+        EXPECT_FALSE(rising.Holds(quality)) << quality;
+    EXPECT_TRUE(falling.Holds(51));
+    EXPECT_FALSE(falling.Holds(51.5));
+    EXPECT_FALSE(falling.Holds(0.5));
+}
+
 TEST_F(CodecLimitsTest, TheStepsOfABitrateFollowTheSampleRate) {
     EXPECT_EQ(CodecLimits::AudioBitrateSteps(CodecID::MP3, 44100).back(), 320'000);
     EXPECT_EQ(CodecLimits::AudioBitrateSteps(CodecID::MP3, 22050).back(), 160'000);
@@ -192,7 +213,7 @@ TEST_F(CodecLimitsTest, ABitrateCanBeAskedForWhereLossAndNoProfileDecides) {
     for (const CodecID codec : {CodecID::H264, CodecID::MJPEG, CodecID::AAC, CodecID::AC3})
         EXPECT_TRUE(CodecLimits::HasBitrate(codec));
     for (const CodecID codec : {CodecID::ProRes, CodecID::DNxHD, CodecID::FFV1, CodecID::FLAC, CodecID::PCM_S16LE,
-                                CodecID::GIF, CodecID::PNG, CodecID::ALAC, CodecID::None})
+                                CodecID::GIF, CodecID::PNG, CodecID::WebP, CodecID::ALAC, CodecID::None})
         EXPECT_FALSE(CodecLimits::HasBitrate(codec));
 }
 

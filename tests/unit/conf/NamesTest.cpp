@@ -17,7 +17,7 @@ TEST(CodecID, EveryNumberOfTheEnumerationHasANameThatLeadsBack) {
         ++named;
         EXPECT_EQ(CodecIDFromString(name), id) << name;
     }
-    EXPECT_EQ(named, 23);
+    EXPECT_EQ(named, 24);
     EXPECT_STREQ(CodecIDToString(CodecID::PCM_S16LE), "pcm_s16le");
 }
 

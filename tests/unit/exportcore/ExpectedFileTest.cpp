@@ -67,6 +67,9 @@ TEST_F(Verdict, ABrokenPromiseIsFound) {
     expected.programme.programme.title = "A film";
     EXPECT_TRUE(blames("it does not have its title"));
     file.programme.title = "A film";
+    EXPECT_TRUE(blames("its pictures are not marked as what players begin with"));
+    for (CheckedStream& stream : file.streams)
+        stream.isDefault = true;
     EXPECT_EQ(fault(), "");
 }
 
@@ -133,6 +136,32 @@ TEST_F(Verdict, SoundThatEndsOnAWholePacketPasses) {
 TEST_F(Verdict, APictureTrackOfTheWrongLengthIsFound) {
     video().end = 5 * TIME_BASE;
     EXPECT_TRUE(blames("picture lasts"));
+}
+
+TEST_F(Verdict, AnAnimationOfAnotherLengthSizeOrNumberOfPlaysIsFound) {
+    expected.hasAudio = false;
+    file.streams.pop_back();
+    expected.animation = ExpectedFile::Animation{320, 180, 0};
+    video().plays = 0;
+    video().codec = "webp";
+    video().colour = {};
+    video().frame.width = 320;
+    video().frame.height = 180;
+    EXPECT_EQ(fault(), "");
+    video().end += 3 * Kestra::TICKS_PER_MILLISECOND;
+    EXPECT_TRUE(blames("its picture lasts 00:00:04.003 instead of 00:00:04.000")) << fault();
+    video().end = 4 * TIME_BASE - 40 * Kestra::TICKS_PER_MILLISECOND;
+    EXPECT_TRUE(blames("its picture lasts 00:00:03.960")) << "the last one without a length: " << fault();
+    video().end = 4 * TIME_BASE;
+    video().frame.height = 178;
+    EXPECT_TRUE(blames("its pictures are 320x178 instead of 320x180"));
+    video().frame.height = 180;
+    video().plays = 1;
+    EXPECT_TRUE(blames("it is shown 1 times instead of for ever")) << fault();
+    expected.animation->plays = 1;
+    EXPECT_EQ(fault(), "");
+    video().plays = -1;
+    EXPECT_TRUE(blames("as if it did not move"));
 }
 
 TEST_F(Verdict, MissingColourIsFoundWhereTheCodecCanTellIt) {

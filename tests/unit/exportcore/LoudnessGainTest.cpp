@@ -29,8 +29,12 @@ TEST(LoudnessGain, IsWhatLiesBetweenTheLoudnesses) {
 }
 
 TEST(LoudnessGain, SaysThatPeaksAreTurnedDown) {
-    EXPECT_THAT(LoudnessGain::to(-14, Loudness{-20, peakAt(-2)}).note,
-                HasSubstr("; its peaks are turned down, by 5.5 dB at most"));
+    EXPECT_THAT(
+        LoudnessGain::to(-14, Loudness{-20, peakAt(-2)}).note,
+        HasSubstr("; its peaks are turned down, by 5.5 dB at most, so that it may stay below -14 LUFS, by 5.5 LU at "
+                  "worst"));
+    EXPECT_THAT(LoudnessGain::to(-14, Loudness{-20, peakAt(-7.1)}).note, HasSubstr("by 0.4 dB at most"));
+    EXPECT_THAT(LoudnessGain::to(-14, Loudness{-20, peakAt(-7.1)}).note, Not(HasSubstr("at worst")));
     EXPECT_THAT(LoudnessGain::to(-14, Loudness{-20, peakAt(-7.5)}).note, Not(HasSubstr("peaks")));
 }
 

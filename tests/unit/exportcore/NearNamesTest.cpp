@@ -49,7 +49,11 @@ TEST(NearNames, OfATagIsProposedWhereNoPresetIsNear) {
             return std::string(refusal.what());
         }
     };
-    EXPECT_EQ(words("edting"), "There is no preset \"edting\"; presets --tag editing lists those of the tag editing");
+    EXPECT_EQ(words("edting"),
+              "There is no preset \"edting\"; did you mean the tag editing? (presets --tag editing lists its presets)");
+    EXPECT_EQ(words("editing"),
+              "There is no preset \"editing\"; that is a tag: presets --tag editing lists its presets");
+    EXPECT_EQ(words("EDITING"), "There is no preset \"EDITING\"; did you mean the tag editing?");
     EXPECT_EQ(words("mp4-h264-702p"), "There is no preset \"mp4-h264-702p\"; did you mean mp4-h264-720p or "
                                       "mp4-h264-1080p?");
     EXPECT_EQ(words("qqqqqqqqqq"), "There is no preset \"qqqqqqqqqq\"; presets lists those there are");

@@ -90,16 +90,46 @@ TEST_F(Estimate, OfAProfileGoesByTheProfile) {
     EXPECT_NEAR(static_cast<double>(best.videoBytes) * 8 / 100, 220e6, 2e6) << "bit/s of ProRes 422 HQ";
 }
 
+TEST_F(Estimate, OfWebPGrowsWithItsQualityAndIsLargestWithoutLoss) {
+    const OutputEstimate usual = of("web", "webp-webp-720p");
+    EXPECT_TRUE(usual.rough);
+    EXPECT_EQ(usual.videoBytes, 150'000'000) << "27 Mbit/s at 1080p";
+    EXPECT_EQ(of("web", "webp-webp-720p", {"quality=100"}).videoBytes, 424'264'069);
+    EXPECT_EQ(of("web", "webp-webp-720p", {"quality=50"}).videoBytes, 106'066'017);
+    PresetEdit{"best", {}}.apply(*provider, video, audio);
+    EXPECT_EQ(OutputEstimate::of(*provider, &video, &audio, duration).videoBytes, 1'230'000'000);
+    EXPECT_EQ(usual.audioBytes, 0);
+}
+
 TEST_F(Estimate, OfSoundWithoutLossGoesByItsSamples) {
     const OutputEstimate wav = of("audio", "wav");
     EXPECT_EQ(wav.audioBytes, 48'000 * 2 * 2 * 100);
     EXPECT_EQ(wav.videoBytes, 0);
     EXPECT_EQ(wav.frames, 0);
     EXPECT_FALSE(wav.rough);
+    EXPECT_TRUE(wav.exact);
     const OutputEstimate flac = of("audio", "flac");
     EXPECT_TRUE(flac.rough);
+    EXPECT_FALSE(flac.exact);
     EXPECT_LT(flac.audioBytes, wav.audioBytes);
     EXPECT_GT(flac.audioBytes, wav.audioBytes / 3);
+}
+
+TEST_F(Estimate, OfSoundThatWasCodedWithLossCountsSixteenBits) {
+    audio.sampleFormat = Kestra::Conf::SAMPLE_FORMAT_FLTP;
+    const OutputEstimate wav = of("audio", "wav");
+    EXPECT_EQ(wav.audioBytes, 48'000 * 2 * 2 * 100);
+    EXPECT_TRUE(wav.rough) << "true floating point takes twice as much";
+    EXPECT_FALSE(wav.exact);
+}
+
+TEST_F(Estimate, OfABitrateThatIsAQualityIsRough) {
+    const OutputEstimate vorbis = of("audio", "ogg-vorbis");
+    EXPECT_TRUE(vorbis.rough);
+    EXPECT_GT(vorbis.audioBytes, 0);
+    const OutputEstimate film = of("mp4", "mp4-h264-1080p", {"bitrate=4M"});
+    EXPECT_FALSE(film.rough);
+    EXPECT_FALSE(film.exact);
 }
 
 TEST_F(Estimate, CountsEachTrackOfSound) {

@@ -197,17 +197,18 @@ TEST_F(PresetEditTest, TheRequestsQualityMustBeOneOfThePresets) {
     request.quality = "bset";
     EXPECT_EQ(
         refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
-        "The preset \"mp4-h264-source\" has no quality \"bset\"; did you mean best? It has best, high, low, medium");
+        "The preset \"mp4-h264-source\" has no quality \"bset\"; did you mean best? It has best, high, medium, low");
     request.quality = "";
     EXPECT_EQ(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
-              "The preset \"mp4-h264-source\" has no quality \"\"; it has best, high, low, medium");
+              "The preset \"mp4-h264-source\" has no quality \"\"; it has best, high, medium, low");
     request.quality = "20";
     EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
-                HasSubstr("it has best, high, low, medium (a number on the codec's scale: --set quality=20)"));
+                HasSubstr("it has best, high, medium, low (a number on the codec's scale: --set quality=20)"));
     select("audio", "flac");
     request.quality = "high";
     EXPECT_THAT(refusalOf([&] { RequestCheck::presetEdit(request, provider); }),
-                HasSubstr("The preset \"flac\" has no qualities to choose from"));
+                HasSubstr("The preset \"flac\" has no qualities to choose from, so none is \"high\"; leave the quality "
+                          "out; presets that have some: m4a-aac, mp3 or opus"));
 }
 
 TEST_F(PresetEditTest, TheRequestsSettingsMustReadAndFit) {

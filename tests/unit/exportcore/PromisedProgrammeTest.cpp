@@ -30,6 +30,7 @@ protected:
         file.streams.resize(2);
         file.streams[0].kind = CheckedStream::Kind::Audio;
         file.streams[0].language = "ger";
+        file.streams[0].isDefault = true;
         file.streams[1].kind = CheckedStream::Kind::Subtitles;
         file.streams[1].language = "eng";
         file.streams[1].packets = 2;
@@ -111,10 +112,62 @@ TEST_F(Promise, IsBrokenWithoutTheLanguageOfAFurtherSound) {
     EXPECT_EQ(promised.faultOf(file), "a track is not told to be in the language eng");
 }
 
+TEST_F(Promise, IsBrokenWithoutTheMarksOfWhatPlayersBeginWith) {
+    file.streams[0].isDefault = false;
+    EXPECT_EQ(promised.faultOf(file), "sound track 1 is not marked as what players begin with");
+    promised.programme.furtherSounds = {{"", "Commentary", true}};
+    CheckedStream second;
+    second.kind = CheckedStream::Kind::Audio;
+    file.streams.push_back(second);
+    EXPECT_EQ(promised.faultOf(file), "sound track 2 is not marked as what players begin with");
+    file.streams[2].isDefault = true;
+    EXPECT_EQ(promised.faultOf(file), "");
+    file.streams[0].isDefault = true;
+    EXPECT_EQ(promised.faultOf(file), "sound track 1 is marked as what players begin with");
+    file.streams[0].isDefault = false;
+    file.streams.emplace_back();
+    file.streams.back().kind = CheckedStream::Kind::Video;
+    EXPECT_EQ(promised.faultOf(file), "its pictures are not marked as what players begin with");
+    promised.container = "ogg";
+    EXPECT_EQ(promised.faultOf(file), "") << "there is no place for it";
+}
+
+TEST_F(Promise, IsBrokenWhereSubtitlesAreForcedOrNotInsteadOfTheOther) {
+    promised.programme.subtitles[0].forced = true;
+    EXPECT_EQ(promised.faultOf(file), "its subtitles are not told to be forced");
+    file.streams[1].forced = true;
+    EXPECT_EQ(promised.faultOf(file), "");
+    promised.programme.subtitles[0].forced = false;
+    EXPECT_EQ(promised.faultOf(file), "its subtitles are told to be forced");
+}
+
+TEST_F(Promise, OfChaptersThatBeginLaterHasOneInFrontWhereTheyKnowLengthsOnly) {
+    promised.programme.chapters = {{TIME_BASE, 4 * TIME_BASE, "Two"}};
+    for (const char* container : {"mkv", "webm", "mp3", "opus"}) {
+        promised.container = container;
+        promised.addLeadingChapter();
+        EXPECT_EQ(promised.programme.chapters.size(), 1U) << container;
+    }
+    promised.container = "mp4";
+    promised.addLeadingChapter();
+    ASSERT_EQ(promised.programme.chapters.size(), 2U);
+    EXPECT_EQ(promised.programme.chapters[0].end, TIME_BASE);
+    EXPECT_EQ(promised.programme.chapters[0].title, "");
+    promised.addLeadingChapter();
+    EXPECT_EQ(promised.programme.chapters.size(), 2U) << "there it is";
+    EXPECT_EQ(promised.faultOf(file), "");
+    file.programme.chapters.erase(file.programme.chapters.begin());
+    EXPECT_NE(promised.faultOf(file), "");
+    promised.programme.chapters.clear();
+    promised.addLeadingChapter();
+    EXPECT_TRUE(promised.programme.chapters.empty());
+}
+
 TEST_F(Promise, IsBrokenWithoutTheCover) {
     promised.programme.cover.bytes = "picture";
     EXPECT_EQ(promised.faultOf(file), "it lacks its cover");
     file.streams.emplace_back();
     file.streams.back().kind = CheckedStream::Kind::Video;
+    file.streams.back().isDefault = true;
     EXPECT_EQ(promised.faultOf(file), "") << "beside pictures it has no place";
 }

@@ -236,7 +236,14 @@ TEST_F(Request, ADurationStandsForOneOfThePoints) {
     request.duration = KTime(500);
     expect(CutPoints::of(request, 25, KTime(4000)), KTime(3500), KTime(9000)); // an end behind the end is the end
     EXPECT_REFUSED(cut(KTime(0), KTime(1000), KTime(1000)), "two of them say");
-    EXPECT_REFUSED(cut({}, KTime(1000), KTime(1001)), "before the start");
+    EXPECT_REFUSED(cut({}, KTime(1000), KTime(1001)),
+                   "The duration 00:00:01.001 up to the out point, 00:00:01.000, would begin before the start");
+    request.out = KTime(9000);
+    request.duration = KTime(4001);
+    EXPECT_REFUSED(CutPoints::of(request, 25, KTime(4000)),
+                   "The duration 00:00:04.001 up to the inputs' end, 00:00:04.000, would begin before the start");
+    request.duration = KTime(4000);
+    expect(CutPoints::of(request, 25, KTime(4000)), KTime(0), KTime(9000));
     EXPECT_REFUSED(cut({}, {}, KTime(0)), "is none");
     EXPECT_REFUSED(cut(TimePoint::ofFrames(50), KTime(2000), {}), "does not lie after");
     EXPECT_REFUSED(CutPoints::of(request, {}), "Frame 50 is no time: none of the inputs has pictures");

@@ -68,6 +68,16 @@ TEST(SequenceName, IsNoneOfOtherPresets) {
     EXPECT_FALSE(named("film.gif", "gif-gif-240p"));
 }
 
+TEST(SequenceName, KnowsTheUsualNamesInAFolder) {
+    for (const char* const usual :
+         {"frame_00000.png", "frame_7.png", "frame_1234567.jpg", "frame_%05d.png", "frame_%d.png"})
+        EXPECT_TRUE(SequenceName::isUsualName(usual)) << usual;
+    for (const char* const other :
+         {"frame_.png", "frame_1", "frame_1.", "frame_1.PNG", "frame_1.p2g", "frame_x.png", "xframe_1.png",
+          "frame_1x.png", "frame_%s.png", "frame_%da.png", "frame_1%d.png", ""})
+        EXPECT_FALSE(SequenceName::isUsualName(other)) << other;
+}
+
 TEST(SequenceName, OfOneFileIsRefusedWithTheWaysOut) {
     EXPECT_EQ(refusalOf([] { named("a/out.png"); }),
               "Cannot write \"a/out.png\": the preset \"png-sequence\" makes a file of each picture; name a folder "

@@ -88,7 +88,8 @@ TEST(FailurePlace, OfAMuxerIsTheOperationThatWasAskedFor) {
 
 TEST(FailurePlace, OfAnEncoderIsWhereItIsMadeOrOpened) {
     EXPECT_EQ(Origin([] { EncodeWith("noSuchOption", "1"); }), "OptionList.cpp: ApplyTo");
-    EXPECT_EQ(Origin([] { EncodeWith("preset", "slowish"); }), "EncoderLoop.cpp: EncoderLoop");
+    EXPECT_EQ(Origin([] { EncodeWith("preset", "slowish"); }), "X264Driver.cpp: RequireKnownNames");
+    EXPECT_EQ(Origin([] { EncodeWith("profile", "slowish"); }), "EncoderLoop.cpp: EncoderLoop");
 }
 
 TEST(FailurePlace, OfAStreamIsTheOperationThatItDoesNotHave) {

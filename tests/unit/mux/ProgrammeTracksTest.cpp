@@ -26,6 +26,8 @@ using Conf::Subtitles;
 namespace {
 
 constexpr std::int64_t SECOND = TIME_BASE;
+/// As what players begin with, in the flags of the demuxer library.
+constexpr int MARKED = 1;
 
 class ToldAudio final : public Proc::AudioFilterBase {
 public:
@@ -59,6 +61,11 @@ std::string SoundFor(const std::string& container) {
 
 std::string PicturesFor(const std::string& container) {
     return container == "webm" ? "vp8" : container == "gif" ? "gif" : "mpeg4";
+}
+
+/// For anything; and the libraries that describe files here read none of these.
+bool hasNoPlace(const Conf::Container& container) {
+    return container.sequence || container.id == std::string("webp");
 }
 
 class Written : public ::testing::Test {
@@ -176,7 +183,7 @@ TEST_F(ProgrammeNames, OfChaptersAreCutOffWhereNotAllReadersTakeLongOnes) {
         title += "ä";
     told.chapters = {{0, SECOND, title}, {SECOND, 3 * SECOND, "Two"}};
     for (const Conf::Container& container : Conf::Container::All()) {
-        if (container.sequence) // has no place for anything
+        if (hasNoPlace(container))
             continue;
         const auto file = write(container.id, told);
         if (!container.chapters)
@@ -187,6 +194,32 @@ TEST_F(ProgrammeNames, OfChaptersAreCutOffWhereNotAllReadersTakeLongOnes) {
         EXPECT_EQ(file.chapters[0].title, held) << container.id;
     }
     EXPECT_EQ(ContainerLimits::ChapterTitleIn("mp3", 'a' + title).size(), 119U) << "no character is cut in two";
+}
+
+TEST_F(ProgrammeNames, OfPicturesAndTheOnlySoundTellThatPlayersBeginWithThem) {
+    for (const char* container : {"mp4", "mov", "mkv", "webm"}) {
+        ProgrammeInfo told;
+        told.subtitles = {words()};
+        const auto streams = write(container, told, true).streams;
+        ASSERT_GE(streams.size(), 3U) << container;
+        for (std::size_t track = 0; track < 2; ++track) {
+            EXPECT_NE(streams[track].disposition & MARKED, 0) << container << ' ' << track;
+            EXPECT_TRUE(checked.streams[track].isDefault) << container << ' ' << track;
+        }
+    }
+}
+
+TEST_F(ProgrammeSubtitles, AreForcedInEachContainer) {
+    for (const char* container : {"mp4", "mov", "mkv", "webm"}) {
+        ProgrammeInfo told;
+        told.subtitles = {words(), words()};
+        told.subtitles[1].forced = true;
+        told.subtitles[1].language = "fra";
+        const auto file = write(container, told, true);
+        EXPECT_FALSE(checked.streams.at(2).forced) << container;
+        EXPECT_TRUE(checked.streams.at(3).forced) << container;
+        EXPECT_EQ(std::int64_t(file.all("subtitle").at(1).texts.size()), checked.streams.at(3).packets) << container;
+    }
 }
 
 TEST_F(ProgrammeCover, StandsInFilesWithoutPicturesThatHaveAPlaceForIt) {
@@ -200,7 +233,7 @@ TEST_F(ProgrammeCover, StandsInFilesWithoutPicturesThatHaveAPlaceForIt) {
                     69),
         1, 1, "rgb24"};
     for (const Conf::Container& container : Conf::Container::All()) {
-        if (container.sequence) // has no place for anything
+        if (hasNoPlace(container))
             continue;
         const auto covers = write(container.id, told).all("cover");
         const bool held = ContainerLimits::Holds(container.id, ProgrammeField::Cover);
@@ -222,7 +255,7 @@ TEST_F(ProgrammeSubtitles, AreWrittenInTheKindOfTheContainer) {
                                                                            {"mkv", {"subrip", whole}},
                                                                            {"webm", {"webvtt", whole}}};
     for (const Conf::Container& container : Conf::Container::All()) {
-        if (container.sequence) // has no place for anything
+        if (hasNoPlace(container))
             continue;
         const auto kind = kinds.find(container.id);
         const bool pictures = kind != kinds.end();

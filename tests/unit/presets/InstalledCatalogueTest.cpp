@@ -73,6 +73,8 @@ protected:
             const bool lessAlpha = video.ChildExists("options") && video["options"].ChildExists("alpha_bits");
             return rank(profiles, "profile") - (lessAlpha ? 0.5 : 0);
         }
+        if (preset.videoCodec() == Kestra::Conf::CodecID::WebP) // whose scale rises
+            return preset.videoProfile() == "lossless" ? 101 : preset.videoQuality();
         if (preset.videoCodec() == Kestra::Conf::CodecID::GIF)
             return boost::rational_cast<double>(preset.frameRate());
         const bool byQuality = preset.videoBitrateMode() == Export::BitrateMode::Quality;
@@ -148,6 +150,8 @@ TEST_F(InstalledCatalogueTest, HoldsWhatPeopleExportTo) {
                                  "ogg-vorbis",
                                  "m4a-alac",
                                  "ac3",
+                                 "webp-webp-720p",
+                                 "webp-webp-480p",
                                  "png-sequence",
                                  "png-sequence-alpha",
                                  "jpeg-sequence"})

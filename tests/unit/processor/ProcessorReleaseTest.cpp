@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Kestra/Proc/Processor/DeferredRelease.h"
 #include "ProcessorFixture.h"
 #include <future>
 
@@ -254,6 +255,88 @@ TEST_F(ProcessorRelease, DetachingInsideAnEventSilencesTheRest) {
     ASSERT_TRUE(log->WaitForCall("muxer:Finish"));
     Release();
     EXPECT_EQ(events.GetScript().GetLog()->Get(), (Events{"onStarted"}));
+}
+
+/// A thread that hangs, and one that must not wait for it.
+class DeferredProcessorRelease : public ProcessorFixture {
+protected:
+    void Hang() {
+        stubborn = true;
+        video->At("ReadRaw 5", [gate = gate] { gate->Pass(); });
+        Launch();
+        ASSERT_TRUE(gate->WaitUntilReached());
+    }
+
+    const std::shared_ptr<Fakes::Gate> gate = std::make_shared<Fakes::Gate>();
+};
+
+TEST_F(DeferredProcessorRelease, WaitsForNobodyButInterruptsAndDetaches) {
+    Hang();
+    const auto begin = std::chrono::steady_clock::now();
+    std::shared_ptr<const void> rest;
+    {
+        DeferredRelease deferred;
+        Release();
+        rest = deferred.Take();
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1))
+        << "less than what hangs is waited for";
+    ASSERT_NE(rest, nullptr);
+    EXPECT_TRUE(log->Contains("video:Interrupt"));
+    EXPECT_LT(log->Count("~FakeEncoder"), 2u);
+    const Events told = events.GetMainEvents();
+    gate->Open();
+    rest.reset();
+    EXPECT_EQ(log->Count("~FakeEncoder"), 2u) << "who lets go of the rest waits for all of it";
+    EXPECT_EQ(events.GetMainEvents(), told);
+}
+
+TEST_F(DeferredProcessorRelease, MayBeWaitedForOnAnotherThread) {
+    Hang();
+    DeferredRelease deferred;
+    Release();
+    auto waited = std::async(std::launch::async, [rest = deferred.Take()]() mutable { rest.reset(); });
+    EXPECT_EQ(waited.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    gate->Open();
+    waited.get();
+    EXPECT_TRUE(log->WaitForCall("~FakeEncoder", 2));
+}
+
+TEST_F(DeferredProcessorRelease, IsWaitedForAtItsEndWhereNobodyTookIt) {
+    Hang();
+    auto opened = std::async(std::launch::async, [this] {
+        ASSERT_TRUE(log->WaitForCall("video:Interrupt"));
+        gate->Open();
+    });
+    {
+        const DeferredRelease deferred;
+        Release();
+    }
+    EXPECT_EQ(log->Count("~FakeEncoder"), 2u);
+    opened.get();
+}
+
+TEST_F(DeferredProcessorRelease, HoldsOneProcessorsRest) {
+    DeferredRelease deferred;
+    Launch();
+    Release();
+    Launch();
+    Release();
+    EXPECT_GE(log->Count("~FakeEncoder"), 2u) << "the second one was waited for";
+    EXPECT_NE(deferred.Take(), nullptr);
+    EXPECT_EQ(deferred.Take(), nullptr);
+    EXPECT_EQ(log->Count("~FakeEncoder"), 4u);
+}
+
+TEST_F(DeferredProcessorRelease, IsNoneOfAnotherThreadsAndOfOneThatDoesNotRun) {
+    DeferredRelease deferred;
+    Make();
+    Release();
+    EXPECT_EQ(deferred.Take(), nullptr);
+    Launch();
+    std::async(std::launch::async, [this] { Release(); }).get();
+    EXPECT_EQ(deferred.Take(), nullptr);
+    EXPECT_EQ(log->Count("~FakeEncoder"), 4u);
 }
 
 } // namespace

@@ -49,6 +49,16 @@ TEST_F(Opening, OfAnEmptyFileSaysSo) {
     expectRefused(write("a.mp4", ""), TranscodingError::SourceUnreadable, "empty");
 }
 
+TEST_F(Opening, OfAFileWhoseFirstPacketClaimsMoreThanMemoryHoldsNamesIt) {
+    const std::string path = folder / "claim.ivf";
+    runFfmpeg({"-f", "lavfi", "-i", "testsrc=s=64x48:r=25", "-frames:v", "2", "-c:v", "libvpx", path});
+    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(32); // behind the file's header the size of the first picture
+    file.write("\0\xFF\xFF\xFF", 4);
+    file.close();
+    expectRefused(path, TranscodingError::OutOfMemory, "it takes more memory than there is");
+}
+
 TEST_F(Opening, OfTextIsRefusedUnderAnyName) {
     for (const char* name : {"a.txt", "a.mp4", "a.mp3", "a.nfo", "a.srt", "a.png"}) {
         const std::string path = write(name, "1\n00:00:01,000 --> 00:00:02,000\nThese are words, not pictures.\n");

@@ -48,6 +48,28 @@ TEST_F(OtioBadInput, OfNoJson) {
     expectError(timelineOf({trackOf({})}), "there is nothing on the timeline");
 }
 
+TEST_F(OtioBadInput, OfHalvesOfLettersIsAnError) {
+    for (const char* const text : {"a\\udc00", "\\udfff!", "\\ude00\\ud83d"})
+        expectError(timelineOf({trackOf({clip(0, 5)})}, text), "surrogate pair");
+    expectError(timelineOf({trackOf({clip(0, 5)})}, "t", R"(,"metadata":{"note":["\udc00"]})"),
+                "half of a surrogate pair stands in it");
+    EXPECT_EQ(inWords(read(timelineOf({trackOf({clip(0, 5)})}, "\\ud83d\\ude00 \xed\x9f\xbf"))), "");
+}
+
+TEST_F(OtioBadInput, OfNamesWithANulEndsThemThereAndTellsIt) {
+    const std::string marker =
+        objectOf("Marker.2", "here\\u0000beyond", R"(,"marked_range":)" + rangeOf(0, 1) + R"(,"color":"RED")");
+    const Reading reading =
+        read(objectOf("Timeline.1", "My\\u0000cut",
+                      R"(,"tracks":)" + stackOf({trackOf({clip(0, 5)})}, R"(,"markers":)" + listOf({marker}))));
+    ASSERT_TRUE(reading.document);
+    EXPECT_EQ(reading.document->name, "My");
+    EXPECT_EQ(reading.document->tracks->markers().at(0).name, "here");
+    EXPECT_EQ(reading.findings.size(), 2U) << inWords(reading);
+    EXPECT_FALSE(reading.has(Finding::Kind::Error)) << inWords(reading);
+    EXPECT_NE(inWords(reading).find("a NUL stands in the name, which ends there"), std::string::npos);
+}
+
 TEST_F(OtioBadInput, OfAbsurdNesting) {
     std::string nested = clip(0, 5);
     for (int depth = 0; depth < 100; ++depth)

@@ -13,6 +13,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 #include <valijson/adapters/qtjson_adapter.hpp>
 #include <valijson/schema.hpp>
 #include <valijson/schema_parser.hpp>
@@ -58,39 +59,125 @@ std::string shown(const QJsonValue& value) {
     return text.size() > LONGEST_VALUE_SHOWN ? text.substr(0, LONGEST_VALUE_SHOWN) + "..." : text;
 }
 
-/// The validator's words, made plainer where they are clumsy.
-std::string reasonFrom(const std::string& description) {
-    const std::string unknownKey = "Object contains a property that could not be validated";
-    if (description.compare(0, unknownKey.size(), unknownKey) == 0)
-        return "unknown key " + description.substr(description.rfind(": ") + 2);
-    if (description == "Failed to match against any enum values.")
-        return "is none of the values that may stand here";
-    return description;
+QJsonObject object(const QJsonObject& parent, const char* name) {
+    return parent.value(QLatin1String(name)).toObject();
 }
 
-const valijson::ValidationResults::Error* deepest(const valijson::ValidationResults& results) {
-    const valijson::ValidationResults::Error* best = nullptr;
-    for (const auto& error : results) {
-        if (best == nullptr || error.context.size() > best->context.size())
-            best = &error;
+QJsonObject resolved(const QJsonObject& node, const QJsonObject& root) {
+    const QString reference = node.value(QLatin1String("$ref")).toString();
+    return reference.isEmpty() ? node
+                               : object(root, "definitions").value(reference.section(QLatin1Char('/'), -1)).toObject();
+}
+
+/// The schema of a member or an element; empty where it has none.
+QJsonObject schemaBelow(const QJsonObject& node, const QString& key, const QJsonObject& root) {
+    const QJsonArray parts = node.value(QLatin1String("allOf")).toArray();
+    for (const QJsonValue& part : parts)
+        if (QJsonObject found = schemaBelow(resolved(part.toObject(), root), key, root); !found.isEmpty())
+            return found;
+    const QJsonObject properties = object(node, "properties");
+    if (properties.contains(key))
+        return resolved(properties.value(key).toObject(), root);
+    return resolved(object(node, node.contains(QLatin1String("items")) ? "items" : "additionalProperties"), root);
+}
+
+std::string numberText(const QJsonValue& value) {
+    return QString::number(value.toDouble(), 'g', 15).toStdString();
+}
+
+std::string joined(const QJsonArray& values) {
+    std::string text;
+    for (const QJsonValue& value : values)
+        text += (text.empty() ? "" : ", ") + (value.isString() ? value.toString().toStdString() : numberText(value));
+    return text;
+}
+
+/// " from 1 to 60"; empty where there are no such bounds.
+std::string boundsOf(const QJsonObject& node, const char* lowest, const char* highest) {
+    const QJsonValue from = node.value(QLatin1String(lowest)), to = node.value(QLatin1String(highest));
+    if (from.isUndefined() && to.isUndefined())
+        return {};
+    if (to.isUndefined())
+        return " of at least " + numberText(from);
+    return from.isUndefined() ? " up to " + numberText(to) : " from " + numberText(from) + " to " + numberText(to);
+}
+
+/// What may stand there; empty where the schema does not say.
+std::string expectedBy(const QJsonObject& node) {
+    const QJsonArray names = node.value(QLatin1String("enum")).toArray();
+    const QJsonValue type = node.value(QLatin1String("type"));
+    if (!names.isEmpty())
+        return names.size() > 1 ? "is none of " + joined(names) : joined(names) + " is expected";
+    if (type.isArray())
+        return "a text, a number, true or false is expected";
+    const QString name = type.toString();
+    if (name == QLatin1String("integer"))
+        return "a whole number" + boundsOf(node, "minimum", "maximum") + " is expected";
+    if (name == QLatin1String("number"))
+        return "a number" + boundsOf(node, "minimum", "maximum") + " is expected";
+    if (name == QLatin1String("string")) {
+        const std::string length = boundsOf(node, "minLength", "maxLength");
+        return "a text" + (length.empty() ? length : " of a length" + length) + " is expected";
     }
-    return best;
+    if (name == QLatin1String("array")) {
+        const std::string length = boundsOf(node, "minItems", "maxItems");
+        return "a list" + (length.empty() ? length : " of a length" + length) + " is expected";
+    }
+    return name == QLatin1String("boolean") ? "true or false is expected"
+           : name.isEmpty()                 ? ""
+                                            : "an object is expected";
 }
 
-[[noreturn]] void refuse(const valijson::ValidationResults& results, const QJsonValue& document,
-                         const std::string& file) {
-    JsonPlace place{file, {}};
-    const auto* const error = deepest(results);
-    if (error == nullptr)
-        place.refuse("does not match the catalogue schema");
+bool begins(const std::string& text, const char* start) {
+    return text.rfind(start, 0) == 0;
+}
+
+/// In words for who wrote the file.
+std::string reasonFrom(const std::string& description, const QJsonObject& node) {
+    if (begins(description, "Object contains a property that could not be validated")) {
+        const std::size_t from = description.rfind(": '") + 2, to = description.rfind('\'');
+        return "unknown key " + description.substr(from, to - from + 1);
+    }
+    if (begins(description, "Missing required property"))
+        return '"' +
+               description.substr(description.find('\'') + 1, description.rfind('\'') - description.find('\'') - 1) +
+               "\" is missing";
+    const std::string expected = expectedBy(node);
+    return expected.empty() ? description : expected;
+}
+
+/// "/presets/0/video: reason", where the fault lies itself.
+std::string faultOf(const valijson::ValidationResults::Error& error, const QJsonValue& document) {
+    const QJsonObject root = schemaDocument();
+    QJsonObject node = root;
     QJsonValue value = document;
-    for (std::size_t step = 1; step < error->context.size(); ++step) {
-        const std::string key = stripped(error->context[step]);
+    JsonPlace place;
+    for (std::size_t step = 1; step < error.context.size(); ++step) {
+        const std::string key = stripped(error.context[step]);
         place = place.at(key);
         value = below(value, key);
+        node = schemaBelow(node, QString::fromStdString(key), root);
     }
     const std::string text = shown(value);
-    place.refuse((text.empty() ? std::string() : text + ": ") + reasonFrom(error->description));
+    return (place.pointer.empty() ? std::string() : place.pointer + ": ") +
+           (text.empty() ? std::string() : text + ": ") + reasonFrom(error.description, node);
+}
+
+/// All of them, each once: what holds a fault is not told to have one.
+[[noreturn]] void refuse(const valijson::ValidationResults& results, const QJsonValue& document,
+                         const std::string& file) {
+    std::vector<std::string> faults;
+    for (const auto& error : results) {
+        if (begins(error.description, "Failed to validate"))
+            continue;
+        const std::string fault = faultOf(error, document);
+        if (std::find(faults.begin(), faults.end(), fault) == faults.end())
+            faults.push_back(fault);
+    }
+    std::string all;
+    for (const std::string& fault : faults)
+        all += (all.empty() ? "" : "; ") + fault;
+    JsonPlace{file, {}}.refuse(all.empty() ? "does not match the catalogue schema" : all);
 }
 
 } // namespace

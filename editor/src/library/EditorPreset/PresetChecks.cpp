@@ -88,16 +88,16 @@ void checkQuality(const Preset& preset, const JsonPlace& place) {
     const QualityRange range = CodecLimits::VideoQuality(preset.videoCodec());
     const double quality = preset.videoQuality();
     const std::string codec = nameOf(preset.videoCodec());
-    if (preset.videoBitrateMode() == Export::BitrateMode::Quality && range.worst != 0 && quality == 0.0)
+    if (preset.videoBitrateMode() == Export::BitrateMode::Quality && range.Exists() && quality == 0.0)
         place.refuse("the bitrate mode \"quality\" needs a quality");
     if (!says(preset, Setting::Quality))
         return;
     const JsonPlace here = place.at(nameOf(Setting::Quality));
-    if (range.worst == 0)
+    if (!range.Exists())
         here.refuse(codec + " has no scale of qualities");
-    if (quality < range.best || quality > range.worst)
-        here.refuse(shown(quality) + ": " + codec + " takes " + std::to_string(range.best) + " to " +
-                    std::to_string(range.worst));
+    if (!range.Holds(quality))
+        here.refuse(shown(quality) + ": " + codec + " takes " + std::to_string(std::min(range.best, range.worst)) +
+                    " to " + std::to_string(std::max(range.best, range.worst)));
     if (!range.fractions && std::trunc(quality) != quality)
         here.refuse(shown(quality) + ": " + codec + " takes whole numbers");
 }

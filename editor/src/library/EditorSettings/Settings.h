@@ -7,8 +7,8 @@
 #include <string>
 
 /// Static access to one ini file in the user's configuration folder; every write reaches the file before it returns.
-/// One that does not returns false and warns, with the file's name, through Qt's messages. Strings are UTF-8. Call from
-/// the GUI thread.
+/// One that does not returns false and warns, with the file's name, through Qt's messages. Strings are UTF-8.
+/// Thread-safe.
 class EDITORPRESET_EXPORT Settings {
 public:
     /// The environment variable EDITOR_EXPORT_PRESETS when it is set and not empty; else the catalogue installed beside

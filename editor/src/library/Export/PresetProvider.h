@@ -28,8 +28,9 @@ class QStandardItemModel;
 
 namespace Export {
 
-/// GUI thread only. Strings are UTF-8. Order of use: construct, load(), then selections and queries in any order.
-/// Pointers to stream records are borrowed for the call; null means that the project has no such stream.
+/// Belongs to the thread that made it: one that is shown, to the GUI thread. Strings are UTF-8. Order of use:
+/// construct, load(), then selections and queries in any order. Pointers to stream records are borrowed for the call;
+/// null means that the project has no such stream.
 class EDITOREXPORT_EXPORT PresetProvider : public QObject {
     Q_OBJECT
 public:

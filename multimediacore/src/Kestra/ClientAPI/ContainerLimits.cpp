@@ -4,7 +4,9 @@
 #include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/Language.h"
 #include <algorithm>
+#include <cstring>
 #include <iterator>
+#include <utility>
 
 namespace Kestra::ClientAPI {
 
@@ -23,6 +25,62 @@ constexpr const char* FOREIGN_EXTENSIONS[] = {
 
 bool Has(const std::vector<std::string>& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// Whether the overrides, each behind its backslash, leave a drawing begun, where one was or not.
+bool Draws(const std::string& overrides, bool before) {
+    for (std::size_t at = overrides.find("\\p"); at != std::string::npos; at = overrides.find("\\p", at + 1))
+        if (const char size = overrides[at + 2]; size >= '0' && size <= '9')
+            before = size != '0';
+    return before;
+}
+
+/// A text of styles for those without: what of it is a drawing, or a word to other authors, is no text there.
+std::string WithoutDrawings(const std::string& text) {
+    std::string words;
+    bool drawing = false;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t close = text[at] == '{' ? text.find('}', at) : std::string::npos;
+        if (close == std::string::npos) {
+            words += drawing ? "" : text.substr(at, 1);
+            ++at;
+            continue;
+        }
+        if (const std::size_t first = text.find('\\', at); first < close) {
+            const std::string overrides = text.substr(first, close - first);
+            drawing = Draws(overrides, drawing);
+            words += '{' + overrides + '}';
+        }
+        at = close + 1;
+    }
+    return words;
+}
+
+/// Whether something of it is seen: neither an override nor blank.
+bool IsSeen(const std::string& text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (const std::size_t close = text.find('}', at); text.compare(at, 2, "{\\") == 0 && close != std::string::npos)
+            at = close;
+        else if (text[at] == '\\' && at + 1 < text.size() && std::strchr("Nnh", text[at + 1]))
+            ++at;
+        else if (!std::strchr(" \t\r\n", text[at]))
+            return true;
+    }
+    return false;
+}
+
+/// In files of plain text a text in which nothing is seen is none.
+Conf::Subtitles AsPlain(const Conf::Subtitles& subtitles) {
+    Conf::Subtitles plain = subtitles;
+    plain.cues.clear();
+    for (Conf::Subtitles::Cue cue : subtitles.cues) {
+        const std::string text = cue.Text();
+        const std::string words = subtitles.styled ? WithoutDrawings(text) : text;
+        cue.event.replace(cue.event.size() - text.size(), text.size(), words);
+        if (IsSeen(words))
+            plain.cues.push_back(std::move(cue));
+    }
+    return plain;
 }
 
 } // namespace
@@ -74,7 +132,7 @@ bool ContainerLimits::HoldsTag(const std::string& container, const std::string& 
 
 std::string ContainerLimits::LanguageIn(const std::string& container, const std::string& language) {
     const Container* const found = Container::Find(container);
-    const std::string code = Conf::Language::CodeOf(language);
+    std::string code = Conf::Language::CodeOf(language);
     if (found == nullptr || code.empty())
         return {};
     switch (found->languages) {
@@ -103,8 +161,11 @@ std::string ContainerLimits::ChapterTitleIn(const std::string& container, const 
 
 Conf::Subtitles ContainerLimits::SubtitlesIn(const std::string& container, const Conf::Subtitles& subtitles) {
     const Container* const found = Container::Find(container);
-    if (found != nullptr && found->subtitles != nullptr)
-        return found->subtitlesOneAtATime ? subtitles.OneAtATime() : subtitles;
+    if (found != nullptr && found->subtitles != nullptr) {
+        const bool isPlain = !subtitles.styled || found->styledSubtitles == nullptr;
+        const Conf::Subtitles held = isPlain ? AsPlain(subtitles) : subtitles;
+        return found->subtitlesOneAtATime ? held.OneAtATime() : held;
+    }
     Conf::Subtitles none = subtitles;
     none.cues.clear();
     return none;

@@ -11,11 +11,17 @@
 
 namespace Kestra::Conf {
 
-/// Constant quality on the codec's own scale, on which lower is better; 0 to 0 where there is no such scale.
+/// Constant quality on the codec's own scale, on which lower is better, but where its best number is the highest; 0 to
+/// 0 where there is no such scale.
 struct QualityScale {
     int best = 0;
     int worst = 0;
     bool fractions = false; ///< whether there is anything between two whole numbers
+
+    bool Exists() const { return worst != 0; }
+    bool Holds(double quality) const {
+        return best < worst ? quality >= best && quality <= worst : quality >= worst && quality <= best;
+    }
 };
 
 /// A profile is an upper bound to some encoders, which then write the lower one that suffices: with these formats they

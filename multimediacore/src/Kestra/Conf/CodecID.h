@@ -23,6 +23,7 @@ enum class CodecID : int {
     MJPEG = 11,
     GIF = 12,
     PNG = 13,
+    WebP = 14,
     AAC = 100,
     Opus = 101,
     MP3 = 102,

@@ -212,6 +212,23 @@ Codec Png() {
     return codec;
 }
 
+Codec Webp() {
+    Codec codec = Video(CodecID::WebP, "webp", "webp", {27.0e6, 0.05, 20.0});
+    codec.hasBitrate = false;
+    VideoCodec& video = *codec.video;
+    video.intraOnly = true;
+    video.ofStandardRange = true;
+    video.playable = PixelFormat::YUV420P;
+    video.quality = {100, 1, true};
+    video.largestWidth = video.largestHeight = 16383;
+    video.oddSides = OddSides::Taken;
+    // A picture lasts whole milliseconds, in 24 bits, and browsers show what lasts less than eleven for a tenth of a
+    // second.
+    video.takesFrameRate = [](const Rate& rate) { return rate * 11 <= 1000 && rate * 16'777'215 >= 1000; };
+    video.profiles = {{"lossy", "yuv420p yuva420p"}, {"lossless", "bgra"}};
+    return codec;
+}
+
 constexpr double NO_LIMIT = 1.0e12;
 
 std::vector<int> RatesUpTo(int highest) {
@@ -318,6 +335,7 @@ const std::vector<Codec>& Codec::All() {
         Mjpeg(),
         Gif(),
         Png(),
+        Webp(),
         Aac(),
         Opus(),
         Mp3(),

@@ -112,6 +112,13 @@ Container Gif() {
     return container;
 }
 
+/// Animated.
+Container Webp() {
+    Container container = Of("webp", "webp", {CodecID::WebP}, {"webp"});
+    container.tagged = false;
+    return container;
+}
+
 /// Of one codec, whose packets are whole files.
 Container Sequence(const char* id, CodecID codec, std::vector<std::string> extensions) {
     Container container = Of(id, "image2", {codec}, std::move(extensions));
@@ -151,11 +158,15 @@ Container Wav() {
 Container Opus() {
     Container container = Of("opus", "opus", {CodecID::Opus}, {"opus"});
     container.chapters = true;
+    container.cover = true;
     return container;
 }
 
 Container Ogg() {
-    return Of("ogg", "ogg", {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC}, {"ogg", "oga"});
+    Container container = Of("ogg", "ogg", {CodecID::Vorbis, CodecID::Opus, CodecID::FLAC}, {"ogg", "oga"});
+    container.chapters = true;
+    container.cover = true;
+    return container;
 }
 
 Container Ac3() {
@@ -173,6 +184,7 @@ const std::vector<Container>& Container::All() {
         WebM(),
         Mkv(),
         Gif(),
+        Webp(),
         Sequence("png-sequence", CodecID::PNG, {"png"}),
         Sequence("jpeg-sequence", CodecID::MJPEG, {"jpg", "jpeg"}),
         M4a(),

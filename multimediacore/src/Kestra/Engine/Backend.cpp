@@ -4,6 +4,7 @@
 #include "Kestra/Proc/LargestAllocation.h"
 #include "Kestra/Proc/LoadEngine.h"
 #include "Kestra/Proc/ProcException.h"
+#include "KestraBuild.h"
 #include <atomic>
 #include <dlfcn.h>
 #include <mutex>
@@ -40,16 +41,24 @@ std::string BackendPath() {
     return path.substr(0, path.rfind('/') + 1) + KESTRA_BACKEND_FILE;
 }
 
+[[noreturn]] void FailToLoad(const std::string& reason) {
+    KESTRA_THROW(
+        Proc::ProcException(Proc::TranscodingError::CodecNotFound, "Cannot load the engine's codecs: " + reason));
+}
+
+// They may be of another build where an update has put others in their place since this process began.
 Proc::IBackend& Load() {
-    void* const library = dlopen(BackendPath().c_str(), RTLD_LAZY | RTLD_LOCAL);
-    void* const function = library ? dlsym(library, "KestraBackend") : nullptr;
+    const std::string path = BackendPath();
+    void* const library = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
+    void* const function = library ? dlsym(library, "KestraBackendOf") : nullptr;
     if (!function) {
         const char* const reason = dlerror();
-        KESTRA_THROW(
-            Proc::ProcException(Proc::TranscodingError::CodecNotFound,
-                                std::string("Cannot load the engine's codecs: ") + (reason ? reason : BackendPath())));
+        FailToLoad(reason ? reason : path);
     }
-    return *reinterpret_cast<KestraBackendFunction*>(function)();
+    Proc::IBackend* const backend = reinterpret_cast<KestraBackendFunction*>(function)(KESTRA_BUILD);
+    if (!backend)
+        FailToLoad(path + " is of another build than the rest of the engine; start the program again");
+    return *backend;
 }
 
 template <class Change>

@@ -32,6 +32,7 @@ struct CheckedStream {
     std::string title{};    ///< as the container tells it, and as what follows
     bool isDefault = false; ///< players are to begin with it
     bool forced = false;    ///< of subtitles
+    int plays = -1;         ///< of animated WebP: how often it is shown, 0 for ever; -1 for others
 };
 
 struct CheckedFile {
@@ -42,9 +43,10 @@ struct CheckedFile {
     Conf::ProgrammeInfo programme; ///< title, tags, chapters and cover
 };
 
-/// Reads every packet of the file to its end; decodes no more than it takes to tell the streams' formats. Throws
-/// ProcException (OutputFailed) that says what is wrong when the file does not open, a packet is damaged or the reading
-/// ends before the end of the file. `interrupted` is polled; once set, Interrupted is thrown.
+/// Reads every packet of the file to its end; decodes no more than it takes to tell the streams' formats, but every
+/// picture of an animated WebP file, which has no checksums. Throws ProcException (OutputFailed) that says what is
+/// wrong when the file does not open, a packet is damaged or the reading ends before the end of the file. `interrupted`
+/// is polled; once set, Interrupted is thrown.
 KESTRA_EXPORT CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted);
 
 /// Likewise the pictures in a folder that are PNG or JPEG files so called, numbered from 0 without a gap, as one stream

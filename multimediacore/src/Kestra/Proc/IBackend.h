@@ -56,7 +56,8 @@ public:
 
 } // namespace Kestra::Proc
 
-/// The one symbol of that library; the object lives as long as the process.
+/// The one symbol of that library, KestraBackendOf; the object lives as long as the process. Null where the caller's
+/// KESTRA_BUILD is not the library's own: then neither may use what the other's headers declare.
 extern "C" {
-using KestraBackendFunction = Kestra::Proc::IBackend*();
+using KestraBackendFunction = Kestra::Proc::IBackend*(const char* build);
 }

@@ -4,6 +4,7 @@
 #include <boost/exception/get_error_info.hpp>
 #include <new>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace Kestra::Proc {
@@ -13,6 +14,10 @@ TranscodingError CodeByType(const std::exception& exception) {
     if (dynamic_cast<const std::bad_alloc*>(&exception) != nullptr) {
         return TranscodingError::OutOfMemory;
     }
+    // A thread for which there is no room, most often in memory.
+    if (const auto* const system = dynamic_cast<const std::system_error*>(&exception))
+        if (system->code() == std::errc::resource_unavailable_try_again)
+            return TranscodingError::OutOfMemory;
     if (dynamic_cast<const std::invalid_argument*>(&exception) != nullptr) {
         return TranscodingError::InvalidArgument;
     }

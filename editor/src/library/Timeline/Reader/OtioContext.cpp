@@ -39,6 +39,15 @@ void OtioContext::tell(Finding::Kind kind, const OtioNode& node, const std::stri
     findings.push_back({kind, place, node.pointer(), isSpared ? text + "; " + consequence : text});
 }
 
+std::string OtioContext::nameOf(const OtioNode& node) {
+    std::string name = node.text("name");
+    const std::size_t end = name.find('\0');
+    if (end == std::string::npos)
+        return name;
+    warn(node["name"], "a NUL stands in the name, which ends there");
+    return name.substr(0, end);
+}
+
 std::vector<Finding> OtioContext::take() {
     if (untold > 0)
         findings.push_back({untoldErrors ? Finding::Kind::Error : Finding::Kind::Warning,

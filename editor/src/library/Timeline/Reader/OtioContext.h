@@ -63,6 +63,8 @@ public:
     void tell(Finding::Kind kind, const OtioNode& node, const std::string& text);
     void error(const OtioNode& node, const std::string& text) { tell(Finding::Kind::Error, node, text); }
     void warn(const OtioNode& node, const std::string& text) { tell(Finding::Kind::Warning, node, text); }
+    /// What becomes a title: up to a NUL, which ends one in every file; a warning tells that.
+    std::string nameOf(const OtioNode& node);
     bool isTooDeep() const { return path.size() > DEEPEST; }
 
     /// What was told, with a last one for those that were only counted.

@@ -28,7 +28,7 @@ std::vector<Marker> readMarkers(OtioContext& context, const OtioNode& node, Kest
         const OtioContext::Spared spared(context, "the marker is left out");
         if (auto range = readRange(context, rangeOf(marker))) {
             range->start -= start;
-            markers.push_back({marker.text("name"), marker.text("color"), marker.text("comment"), *range});
+            markers.push_back({context.nameOf(marker), marker.text("color"), marker.text("comment"), *range});
         }
     }
     return markers;

@@ -78,14 +78,14 @@ bool isItem(OtioKind kind) {
 std::shared_ptr<const Document> readTimeline(OtioContext& context, const OtioNode& root, OtioItems& items) {
     auto document = std::make_shared<Document>();
     if (isItem(kindOf(root))) {
-        document->name = root.text("name");
+        document->name = context.nameOf(root);
         document->tracks = items.readRoot(root);
         return document;
     }
     const auto timeline = choose(context, root);
     if (!timeline)
         return nullptr;
-    document->name = timeline->text("name");
+    document->name = context.nameOf(*timeline);
     if (timeline->has("metadata"))
         document->metadata = jsonOf((*timeline)["metadata"].value());
     if (timeline->has("global_start_time"))

@@ -128,18 +128,29 @@ void dropDoubles(OtioContext& context, rapidjson::Value& object, const Place* pl
         dropMembers(object, dropped);
 }
 
-void settleDoubles(OtioContext& context, rapidjson::Value& value, const Place* place = nullptr) {
+/// The parser lets the second half of a surrogate pair pass where it stands alone.
+void requireLetters(OtioContext& context, const rapidjson::Value& text, const Place* place) {
+    const std::string_view bytes(text.GetString(), text.GetStringLength());
+    for (std::size_t at = bytes.find('\xed'); at != std::string_view::npos; at = bytes.find('\xed', at + 1))
+        if (at + 1 < bytes.size() && static_cast<unsigned char>(bytes[at + 1]) >= 0xa0)
+            return context.error(OtioNode(text, pointerOf(place)),
+                                 "half of a surrogate pair stands in it, which is no letter");
+}
+
+void settle(OtioContext& context, rapidjson::Value& value, const Place* place = nullptr) {
+    if (value.IsString())
+        requireLetters(context, value, place);
     if (value.IsArray())
         for (rapidjson::SizeType index = 0; index < value.Size(); ++index) {
             const Place inside{place, {}, index};
-            settleDoubles(context, value[index], &inside);
+            settle(context, value[index], &inside);
         }
     if (!value.IsObject())
         return;
     dropDoubles(context, value, place);
     for (auto& member : value.GetObject()) {
         const Place inside{place, {member.name.GetString(), member.name.GetStringLength()}, 0};
-        settleDoubles(context, member.value, &inside);
+        settle(context, member.value, &inside);
     }
 }
 
@@ -158,7 +169,7 @@ std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::st
     rapidjson::Document document;
     document.Parse<FLAGS>(text->data(), text->size());
     if (!document.HasParseError()) {
-        settleDoubles(context, document);
+        settle(context, document);
         return document;
     }
     tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document.GetParseError())) + " (" +

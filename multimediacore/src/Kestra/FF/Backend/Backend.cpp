@@ -14,7 +14,9 @@
 #include "Kestra/FF/Source/SequenceCheck.h"
 #include "Kestra/FF/Source/SourceFactory.h"
 #include "Kestra/Proc/IBackend.h"
+#include "KestraBuild.h"
 #include "KestraFFExport.h"
+#include <cstring>
 
 namespace Kestra::FF {
 namespace {
@@ -68,7 +70,7 @@ public:
 } // namespace
 } // namespace Kestra::FF
 
-extern "C" KESTRAFF_EXPORT Kestra::Proc::IBackend* KestraBackend() {
+extern "C" KESTRAFF_EXPORT Kestra::Proc::IBackend* KestraBackendOf(const char* build) {
     static Kestra::FF::Backend backend;
-    return &backend;
+    return std::strcmp(build, KESTRA_BUILD) == 0 ? &backend : nullptr;
 }

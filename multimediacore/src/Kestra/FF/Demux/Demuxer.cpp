@@ -90,8 +90,7 @@ void Demuxer::FindStreams() {
     file.Allow(LongestSearch());
     const int found = AnalyseStreams(*context, limits);
     if (found == AVERROR(ENOMEM))
-        Fail(TranscodingError::OutOfMemory,
-             "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is");
+        FailForMemory();
     if (found < 0)
         ThrowError(found, TranscodingError::SourceUnreadable, "Cannot read \"" + path.ToUtf8() + "\"");
     RequireWithinLimits();
@@ -221,6 +220,10 @@ bool Demuxer::CountsFromStart(int stream) {
     return AnchorTimes::AreNeeded(GetFormatName()) && (codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC);
 }
 
+void Demuxer::FailForMemory() const {
+    Fail(TranscodingError::OutOfMemory, "Cannot read \"" + path.ToUtf8() + "\": it takes more memory than there is");
+}
+
 bool Demuxer::ReadFile(AVPacket& packet) {
     bool searching = false;
     while (!interrupted.load(std::memory_order_relaxed)) {
@@ -243,8 +246,8 @@ bool Demuxer::ReadFile(AVPacket& packet) {
             const int cause = context->pb ? context->pb->error : 0;
             if (cause < 0 && cause != AVERROR_EOF && cause != AVERROR_INVALIDDATA && cause != AVERROR_EXIT)
                 ThrowError(cause, TranscodingError::SourceUnreadable, "Reading \"" + path.ToUtf8() + "\" failed");
-            if (result == AVERROR(ENOMEM))
-                throw std::bad_alloc();
+            if (result == AVERROR(ENOMEM)) // or it tells the size of a packet, which is nonsense
+                FailForMemory();
             if (result != AVERROR_EOF)
                 trouble = ErrorText(result);
             return false;

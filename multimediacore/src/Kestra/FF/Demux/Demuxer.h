@@ -85,6 +85,7 @@ private:
     /// The next packet that comes out of the first `count` repairs, one behind the other.
     bool ReadBehind(std::size_t count, AVPacket& packet);
     bool ReadFile(AVPacket& packet);
+    [[noreturn]] void FailForMemory() const;
     void PassNothingOver();
     void CountTime(AVPacket& packet);
     void ShiftTimes(AVPacket& packet);

@@ -5,6 +5,8 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Demux/Demuxer.h"
 #include "Kestra/FF/Demux/FileContents.h"
+#include "Kestra/FF/WebP/WebPCheck.h"
+#include "Kestra/FF/WebP/WebPReader.h"
 #include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
 #include <boost/exception/get_error_info.hpp>
@@ -155,6 +157,9 @@ std::vector<CheckedStream> ReadAll(Demuxer& demuxer, std::int64_t length) {
 } // namespace
 
 CheckedFile CheckFile(const ioPath& path, const std::atomic<bool>& interrupted) {
+    // The demuxer library cannot read these.
+    if (WebPReader::IsAnimated(path))
+        return CheckWebP(path, interrupted);
     try {
         Demuxer demuxer(path, interrupted, OwnFile());
         CheckedFile file;

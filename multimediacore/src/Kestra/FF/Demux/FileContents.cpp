@@ -61,7 +61,7 @@ ListedTrack ListedOf(const AVStream& stream, bool hasChapters) {
     track.language = LanguageOf(stream);
     track.title = TagOf(stream.metadata, "title");
     track.isDefault = (stream.disposition & AV_DISPOSITION_DEFAULT) != 0;
-    track.forced = (stream.disposition & AV_DISPOSITION_FORCED) != 0;
+    track.forced = IsForced(stream);
     if (track.kind == Kind::Picture || track.kind == Kind::Cover)
         track.frame = MakeFrameInfo(parameters.width, parameters.height, parameters.sample_aspect_ratio);
     if (track.kind == Kind::Picture)

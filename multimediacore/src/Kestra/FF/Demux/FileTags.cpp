@@ -9,6 +9,10 @@
 #include <string_view>
 #include <utility>
 
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
 namespace Kestra::FF {
 
 namespace {
@@ -207,6 +211,15 @@ std::string TagOf(const AVDictionary* tags, const char* key) {
 std::string LanguageOf(const AVStream& stream) {
     const std::string language = TagOf(stream.metadata, "language");
     return Conf::Language::CodeOf(language).empty() ? std::string() : language;
+}
+
+bool IsForced(const AVStream& stream) {
+    constexpr std::uint32_t ALL_TEXTS = 0x80000000;
+    const AVCodecParameters& parameters = *stream.codecpar;
+    // QuickTime tells it in front of the track's description, where the library does not look.
+    const bool isQuickTime = parameters.codec_tag == MKTAG('t', 'x', '3', 'g') && parameters.extradata_size >= 4;
+    return (stream.disposition & AV_DISPOSITION_FORCED) != 0 ||
+           (isQuickTime && (AV_RB32(parameters.extradata) & ALL_TEXTS) != 0);
 }
 
 void ReadTags(const AVFormatContext& context, Conf::ProgrammeInfo& programme, std::vector<std::string>& notes) {

@@ -13,6 +13,8 @@ namespace Kestra::FF {
 std::string TagOf(const AVDictionary* tags, const char* key);
 /// The language of a track; empty where the file does not tell one.
 std::string LanguageOf(const AVStream& stream);
+/// Whether its subtitles are shown also to those who want none.
+bool IsForced(const AVStream& stream);
 
 /// Whether it is the tracks of such a file that have the tags of the whole, and so none of their own.
 bool TagsItsTracks(const AVFormatContext& context);

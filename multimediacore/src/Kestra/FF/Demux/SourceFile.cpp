@@ -4,6 +4,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/LogWatch.h"
 #include "Kestra/FF/Demux/InputFormats.h"
+#include "Kestra/FF/WebP/WebPReader.h"
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
@@ -101,6 +102,8 @@ const AVInputFormat& SourceFile::FindFormat() {
         FailOpening(found, log);
     if (!IsMediaFormat(*format))
         Refuse(WhyNotOpened(*format));
+    if (std::strcmp(format->name, "webp_pipe") == 0 && WebPReader::IsAnimated(path))
+        Refuse("it is an animated WebP file, a kind that is written and not read");
     return *format;
 }
 
@@ -132,6 +135,8 @@ InputContextHandle SourceFile::ReadHeader(const AVInputFormat& format) {
 }
 
 void SourceFile::FailOpening(int error, const LogWatch& log, SourcePlace place) const {
+    if (!log.Find({"moov atom not found"}).empty())
+        Refuse("its index is missing: the recording was never finished, or copied in part", place);
     if (error == AVERROR_INVALIDDATA || IsUsedUp())
         Refuse("it is not a media file, or its beginning is damaged", place);
     if (!log.Find({"Number of streams exceeds"}).empty())

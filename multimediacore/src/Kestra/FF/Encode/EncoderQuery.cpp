@@ -8,6 +8,8 @@
 #include "Kestra/FF/Av/OptionList.h"
 #include "Kestra/FF/Encode/EncoderCatalogue.h"
 #include "Kestra/FF/Encode/VideoDriver.h"
+#include "Kestra/FF/WebP/WebPPlays.h"
+#include <cstring>
 #include <memory>
 
 extern "C" {
@@ -25,16 +27,23 @@ AVPixelFormat FormatNamed(const std::string& name) {
     return named != AV_PIX_FMT_NONE ? named : av_get_pix_fmt(name.c_str());
 }
 
-/// Why `target` does not take the option; empty when it does.
-std::string WhyNot(void* target, const std::string& owner, const std::string& name, const std::string& value) {
+/// Why `take` does not take the option; empty when it does.
+template <class Take>
+std::string WhyNotTaken(const std::string& name, const std::string& value, Take take) {
     Core::Property options;
     options.SetChild(name, value);
     try {
-        OptionList(options).ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
+        take(OptionList(options));
         return {};
     } catch (const Exception& refusal) {
         return refusal.what();
     }
+}
+
+std::string WhyNot(void* target, const std::string& owner, const std::string& name, const std::string& value) {
+    return WhyNotTaken(name, value, [&](const OptionList& option) {
+        option.ApplyTo(target, owner, Proc::TranscodingError::CodecRefused);
+    });
 }
 
 struct FreeFormat {
@@ -67,6 +76,8 @@ std::string WhyNotMuxerOption(const std::string& container, const std::string& n
     const Conf::Container* const known = Conf::Container::Find(container);
     if (known && known->sequence)
         return container + " has no options: its files are the encoder's alone";
+    if (known && std::strcmp(known->muxer, "webp") == 0)
+        return WhyNotTaken(name, value, PlaysOf);
     AVFormatContext* made = nullptr;
     if (!known || avformat_alloc_output_context2(&made, nullptr, known->muxer, nullptr) < 0)
         return "there is no muxer for " + container;

@@ -30,6 +30,10 @@ std::string VideoDriver::Advise(const EncoderInput&) const {
     return {};
 }
 
+void VideoDriver::TellProfile(OptionList& options, const Core::Property& profile) const {
+    options.AddFirst("profile", profile);
+}
+
 void VideoDriver::SetSpeed(AVCodecContext& context, const OptionList&) const {
     context.thread_count = std::min(Processors(), MOST_SLICE_THREADS);
     context.thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;

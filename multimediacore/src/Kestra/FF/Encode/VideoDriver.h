@@ -68,10 +68,14 @@ public:
     /// What a user can do about settings that it refuses; empty where nobody knows.
     virtual std::string Advise(const EncoderInput& frame) const;
 
+    /// Adds the profile's name to the encoder's options, in front.
+    virtual void TellProfile(OptionList& options, const Core::Property& profile) const;
     /// Threads, and how much time a frame gets.
     virtual void SetSpeed(AVCodecContext& context, const OptionList& options) const;
     /// Whether the bits can be chosen.
     virtual bool HasRate() const { return true; }
+    /// Where nothing is ordered, and the encoder's own default is a bitrate or unknown.
+    virtual double UsualQuality() const { return 3; }
     /// Throws ProcException (CodecRefused) for a quality beyond its scale.
     virtual void SetQuality(AVCodecContext& context, double quality) const;
     /// For a context with its bitrate: what else that bitrate takes. The mode is "abr", "vbr" or "cbr".

@@ -7,7 +7,7 @@ const std::vector<const VideoDriver*>& VideoDriver::All() {
     static const std::vector<const VideoDriver*> drivers{
         &X264Driver(),   &X265Driver(),   &Vp9Driver(),   &Vp8Driver(),   &SvtAv1Driver(),
         &AomAv1Driver(), &ProResDriver(), &DnxhdDriver(), &Mpeg4Driver(), &Mpeg2Driver(),
-        &MjpegDriver(),  &Ffv1Driver(),   &GifDriver(),   &PngDriver(),
+        &MjpegDriver(),  &Ffv1Driver(),   &GifDriver(),   &PngDriver(),   &WebPDriver(),
     };
     return drivers;
 }

@@ -20,5 +20,6 @@ const VideoDriver& MjpegDriver();
 const VideoDriver& Ffv1Driver();
 const VideoDriver& GifDriver();
 const VideoDriver& PngDriver();
+const VideoDriver& WebPDriver();
 
 } // namespace Kestra::FF

@@ -137,7 +137,7 @@ std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     }
     OptionList options = EncoderOptions();
     if (const Core::Property& tree = description->GetProperty(); tree.ChildExists(Conf::IFormatCodec::TAG_PROFILE))
-        options.AddFirst("profile", tree[Conf::IFormatCodec::TAG_PROFILE]);
+        Driver().TellProfile(options, tree[Conf::IFormatCodec::TAG_PROFILE]);
     const auto configure = [&](const OptionList& chosen) { return Configure(*description, chosen); };
     return Driver().Wrapped(std::make_unique<EncoderLoop>(configure, options, codec->name, Driver().Advise(input)));
 }

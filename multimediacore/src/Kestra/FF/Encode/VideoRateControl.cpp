@@ -34,7 +34,6 @@ void SetBitrate(AVCodecContext& context, const VideoDriver& driver, std::int64_t
 } // namespace
 
 void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& description, bool boundedPeak) {
-    constexpr double USUAL_QUALITY = 3; // of encoders whose own default is a bitrate
     const VideoDriver& driver = VideoDriver::Of(*context.codec);
     const std::string mode = description.GetBitrateMode();
     const double quality = description.GetQuality();
@@ -50,7 +49,7 @@ void SetRateControl(AVCodecContext& context, const Conf::IFormatCodecVideo& desc
     else if (!byQuality && bitrate != 0)
         SetBitrate(context, driver, bitrate, mode.empty() ? "vbr" : mode, boundedPeak);
     else if (!HasPrivateOption(context, "crf"))
-        driver.SetQuality(context, USUAL_QUALITY);
+        driver.SetQuality(context, driver.UsualQuality());
 }
 
 } // namespace Kestra::FF

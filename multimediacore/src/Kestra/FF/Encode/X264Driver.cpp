@@ -4,8 +4,11 @@
 #include "Kestra/FF/Encode/VideoDrivers.h"
 #include "Kestra/FF/Encode/X264Statistics.h"
 #include <algorithm>
+#include <string>
+#include <vector>
 
 extern "C" {
+#include <libavutil/avstring.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -20,6 +23,46 @@ bool LooksAhead(const OptionList& options) {
     return std::none_of(all.begin(), all.end(), [](const OptionList::Option& option) {
         return option.name == "preset" && (option.value == "ultrafast" || option.value == "superfast");
     });
+}
+
+const std::vector<std::string> PRESETS{"ultrafast", "superfast", "veryfast", "faster",   "fast",
+                                       "medium",    "slow",      "slower",   "veryslow", "placebo"};
+const std::vector<std::string> TUNES{"film", "animation", "grain",      "stillimage", "psnr",
+                                     "ssim", "touhou",    "fastdecode", "zerolatency"};
+
+bool IsAmong(const std::vector<std::string>& names, const std::string& value) {
+    return std::any_of(names.begin(), names.end(),
+                       [&value](const std::string& name) { return av_strcasecmp(name.c_str(), value.c_str()) == 0; });
+}
+
+bool IsPreset(const std::string& value) {
+    const bool isNumber = value.size() == 1 && value.front() >= '0' && value.front() <= '9';
+    return value.empty() || isNumber || IsAmong(PRESETS, value);
+}
+
+bool AreTunes(const std::string& value) {
+    std::size_t at = 0;
+    while (at <= value.size()) {
+        const std::size_t end = std::min(value.find_first_of(",./-+", at), value.size());
+        if (end > at && !IsAmong(TUNES, value.substr(at, end - at)))
+            return false;
+        at = end + 1;
+    }
+    return true;
+}
+
+// Of others it would write on standard error by itself, past the library's log.
+void RequireKnownNames(const OptionList& options) {
+    for (const OptionList::Option& option : options.Get()) {
+        const bool isTune = option.name == "tune";
+        if (isTune ? AreTunes(option.value) : option.name != "preset" || IsPreset(option.value))
+            continue;
+        std::string names;
+        for (const std::string& name : isTune ? TUNES : PRESETS)
+            names += (names.empty() ? "" : ", ") + name;
+        Fail(Proc::TranscodingError::CodecRefused, "libx264 refuses the value \"" + option.value +
+                                                       "\" for its option \"" + option.name + "\": it has " + names);
+    }
 }
 
 class Driver final : public VideoDriver {
@@ -40,6 +83,7 @@ public:
     // Two frame threads a processor and two for the lookahead. Presets that do not look ahead gain nothing by that and
     // get one thread more than there are processors, since each holds frames.
     void SetSpeed(AVCodecContext& context, const OptionList& options) const override {
+        RequireKnownNames(options);
         const bool looksAhead = LooksAhead(options);
         context.thread_count = std::min(looksAhead ? 2 * Processors() : Processors() + 1, MOST_THREADS);
         if (!looksAhead)

@@ -2,9 +2,13 @@
 #include "Kestra/FF/Mux/CoverWriter.h"
 
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Mux/ProgrammeWriter.h"
 #include <cstring>
+#include <new>
+#include <vector>
 
 extern "C" {
+#include <libavutil/base64.h>
 #include <libavutil/mem.h>
 #include <libavutil/pixdesc.h>
 }
@@ -42,11 +46,44 @@ void Attach(AVStream& stream, const ProgrammeInfo::Cover& cover) {
     Set(stream, "filename", cover.mimeType == PNG ? "cover.png" : "cover.jpg");
 }
 
+/// A number of 32 bits, the highest first.
+void Append(std::string& block, std::size_t number) {
+    for (int shift = 24; shift >= 0; shift -= 8)
+        block += static_cast<char>(number >> shift & 0xFF);
+}
+
+/// Ogg has it as a tag: what FLAC has as a block of its header (RFC 9639, 8.8), in base 64.
+void Tag(AVFormatContext& context, const ProgrammeInfo::Cover& cover) {
+    constexpr std::size_t FRONT = 3, UNKNOWN = 0;
+    const AVPixFmtDescriptor* const pixels = av_pix_fmt_desc_get(av_get_pix_fmt(cover.pixelFormat.c_str()));
+    std::string block;
+    Append(block, FRONT);
+    Append(block, cover.mimeType.size());
+    block += cover.mimeType;
+    Append(block, 0); // without a description
+    Append(block, static_cast<std::size_t>(cover.width));
+    Append(block, static_cast<std::size_t>(cover.height));
+    Append(block, pixels ? static_cast<std::size_t>(av_get_bits_per_pixel(pixels)) : UNKNOWN);
+    Append(block, 0); // no palette
+    Append(block, cover.bytes.size());
+    block += cover.bytes;
+    std::vector<char> text(AV_BASE64_SIZE(block.size()));
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(block.data());
+    if (!av_base64_encode(text.data(), static_cast<int>(text.size()), bytes, static_cast<int>(block.size())))
+        throw std::bad_alloc();
+    Check(av_dict_set(&context.metadata, "METADATA_BLOCK_PICTURE", text.data(), 0), TranscodingError::OutOfMemory,
+          "metadata");
+}
+
 } // namespace
 
 int AddCover(AVFormatContext& context, const ProgrammeInfo::Cover& cover, const Container& container) {
     if (cover.bytes.empty() || !container.cover || HasPictures(context))
         return -1;
+    if (IsOgg(container)) {
+        Tag(context, cover);
+        return -1;
+    }
     AVStream* const stream = Allocated(avformat_new_stream(&context, nullptr));
     AVCodecParameters& parameters = *stream->codecpar;
     const bool isPng = cover.mimeType == PNG;

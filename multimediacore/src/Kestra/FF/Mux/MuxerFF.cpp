@@ -58,6 +58,13 @@ void CopyParameters(AVStream& stream, const CodecParametersFF& source, const AVO
     }
 }
 
+// Players begin with such tracks. Matroska tells it of each, and what is not marked is not chosen by itself.
+bool IsFirstOfItsKind(const AVFormatContext& context, const AVStream& stream) {
+    const AVMediaType kind = stream.codecpar->codec_type;
+    return std::none_of(context.streams, context.streams + stream.index,
+                        [kind](const AVStream* before) { return before->codecpar->codec_type == kind; });
+}
+
 // What the encoder says of its padding is replaced by what the engine knows: it counts the cuts as well.
 void SetSkip(AVPacket& packet, std::int64_t atStart, std::int64_t atEnd) {
     std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, nullptr);
@@ -112,6 +119,8 @@ int MuxerFF::AddStream(const boost::intrusive_ptr<Conf::IFormatCodec>& codec) {
         Fail(TranscodingError::MuxerRefused, "The container " + Name() + " cannot hold " + avcodec_get_name(id));
     AVStream* stream = Allocated(avformat_new_stream(context.get(), nullptr));
     CopyParameters(*stream, *parameters, *context->oformat, container.family == Conf::Container::Family::Mov);
+    if (IsFirstOfItsKind(*context, *stream))
+        stream->disposition = AV_DISPOSITION_DEFAULT;
     packetTimeBases.push_back(parameters->GetTimeBase());
     if (programme.IsEmpty())
         programme = Conf::ProgrammeInfo::Of(*codec);

@@ -4,6 +4,8 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Mux/MuxerFF.h"
 #include "Kestra/FF/Mux/SequenceMuxer.h"
+#include "Kestra/FF/Mux/WebPMuxer.h"
+#include <cstring>
 #include <stdexcept>
 
 namespace Kestra::FF {
@@ -19,6 +21,8 @@ boost::intrusive_ptr<Proc::IMuxer> MuxerFactory::CreateMuxer(const boost::intrus
              id.empty() ? std::string("The description names no container") : "There is no container \"" + id + "\"");
     if (container->sequence)
         return new SequenceMuxer(*container, *format, *output);
+    if (std::strcmp(container->muxer, "webp") == 0)
+        return new WebPMuxer(*container, *format, output);
     return new MuxerFF(*container, format, output);
 }
 

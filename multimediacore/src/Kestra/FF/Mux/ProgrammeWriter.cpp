@@ -6,6 +6,8 @@
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <string_view>
 #include <vector>
 
 extern "C" {
@@ -91,8 +93,27 @@ void AddChapter(AVFormatContext& context, const ProgrammeInfo::Chapter& chapter)
     Set(&made->metadata, TITLE, chapter.title);
 }
 
+/// As tags of the whole, which such files have for that. Left to it, the muxer rounds the seconds of a time but cuts
+/// its milliseconds off, so that half of all chapters are a second late.
+void TagChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chapter>& chapters) {
+    constexpr std::int64_t MILLISECOND = TIME_BASE / 1000, SECOND = 1000, MINUTE = 60 * SECOND, HOUR = 60 * MINUTE;
+    int number = 0;
+    for (const ProgrammeInfo::Chapter& chapter : chapters) {
+        std::array<char, 32> key{}, time{};
+        const std::int64_t start = (chapter.start + MILLISECOND / 2) / MILLISECOND;
+        std::snprintf(key.data(), key.size(), "CHAPTER%03d", number++);
+        std::snprintf(time.data(), time.size(), "%02d:%02d:%02d.%03d", static_cast<int>(start / HOUR),
+                      static_cast<int>(start % HOUR / MINUTE), static_cast<int>(start % MINUTE / SECOND),
+                      static_cast<int>(start % SECOND));
+        Set(&context.metadata, key.data(), time.data());
+        Set(&context.metadata, (std::string(key.data()) + "NAME").c_str(), chapter.title);
+    }
+}
+
 void AddChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chapter>& chapters,
                  const Conf::Container& container) {
+    if (IsOgg(container))
+        return TagChapters(context, chapters);
     const bool isMov = container.family == Conf::Container::Family::Mov;
     // The track of chapters in such files knows lengths only, so that what lies before the first is to be one as well.
     if (isMov && !chapters.empty() && chapters.front().start > 0)
@@ -103,6 +124,11 @@ void AddChapters(AVFormatContext& context, const std::vector<ProgrammeInfo::Chap
 }
 
 } // namespace
+
+bool IsOgg(const Conf::Container& container) {
+    const std::string_view muxer = container.muxer;
+    return muxer == "ogg" || muxer == "opus";
+}
 
 void SetTrackTitle(AVStream& stream, const std::string& title, const Conf::Container& container) {
     if (title.empty())

@@ -12,6 +12,9 @@ namespace Kestra::FF {
 /// These need a rate that has them. Empty for a rate that time codes cannot count.
 std::string TimecodeText(std::int64_t time, AVRational rate, bool dropFrame);
 
+/// Whether its files tell all that there is of the whole in tags of their one track.
+bool IsOgg(const Conf::Container& container);
+
 /// Before the header is written.
 void SetTrackTitle(AVStream& stream, const std::string& title, const Conf::Container& container);
 

@@ -4,12 +4,14 @@
 #include "Kestra/ClientAPI/ContainerLimits.h"
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Data/SubtitleText.h"
 #include "Kestra/FF/Mux/ProgrammeWriter.h"
 #include <algorithm>
 #include <cstring>
 #include <vector>
 
 extern "C" {
+#include <libavutil/intreadwrite.h>
 #include <libavutil/mem.h>
 }
 
@@ -40,6 +42,18 @@ void SetTag(AVStream& stream, const char* key, const std::string& value) {
         Check(av_dict_set(&stream.metadata, key, value.c_str(), 0), TranscodingError::OutOfMemory, "metadata");
 }
 
+/// In QuickTime the muxer has no place for it, but the description of such a track has, by flags in front of it: some,
+/// and all of the texts are forced. A track of text that is not called subtitles has no such flags.
+void MarkForced(AVStream& stream, const Container& container) {
+    constexpr std::uint32_t FLAGS = 0xC0000000;
+    AVCodecParameters& parameters = *stream.codecpar;
+    stream.disposition |= AV_DISPOSITION_FORCED;
+    if (std::strcmp(container.muxer, "mov") != 0 || parameters.extradata_size < 4)
+        return;
+    parameters.codec_tag = MKTAG('t', 'x', '3', 'g');
+    AV_WB32(parameters.extradata, AV_RB32(parameters.extradata) | FLAGS);
+}
+
 /// Plain text knows no style to go back to but that without any. Not every encoder takes the one for the other.
 std::string WithoutResets(std::string event) {
     const std::string reset = "{\\r}";
@@ -57,6 +71,27 @@ std::string WithNumberedColours(std::string event) {
             event.insert(at + 1, 1, '1');
     }
     return event;
+}
+
+/// That of QuickTime's text takes the end of a size for the size 0, in which nobody sees what follows. It goes back to
+/// that of the track, which stands in the description that the encoder has made.
+std::string WithSizes(std::string text, const AVCodecContext& encoder) {
+    constexpr int PLACE_OF_SIZE = 25;
+    if (encoder.codec_id != AV_CODEC_ID_MOV_TEXT || encoder.extradata_size <= PLACE_OF_SIZE)
+        return text;
+    const std::string end = "\\fs", size = std::to_string(encoder.extradata[PLACE_OF_SIZE]);
+    for (std::size_t at = text.find(end); at != std::string::npos; at = text.find(end, at + end.size()))
+        if (const std::size_t behind = at + end.size(); text[behind] == '}' || text[behind] == '\\')
+            text.insert(behind, size);
+    return text;
+}
+
+/// With its text as the encoder takes it. What stands before the text are names, also of styles.
+std::string EventFor(const AVCodecContext& encoder, const Subtitles::Cue& cue) {
+    if (encoder.codec_id == AV_CODEC_ID_ASS)
+        return cue.event;
+    const std::string text = cue.Text();
+    return cue.event.substr(0, cue.event.size() - text.size()) + WithSizes(TextFor(encoder.codec_id, text), encoder);
 }
 
 /// The event under its number in this file.
@@ -81,7 +116,8 @@ SubtitleWriter::SubtitleWriter(AVFormatContext& context, Subtitles told, const C
     Check(avcodec_parameters_from_context(stream.codecpar, encoder.get()), TranscodingError::MuxerRefused, "subtitles");
     stream.codecpar->codec_tag = 0;
     stream.time_base = MILLISECONDS;
-    stream.disposition = subtitles.forced ? AV_DISPOSITION_FORCED : 0;
+    if (subtitles.forced)
+        MarkForced(stream, container);
     SetTag(stream, "language", ClientAPI::ContainerLimits::LanguageIn(container.id, subtitles.language));
     SetTrackTitle(stream, subtitles.title, container);
 }
@@ -92,7 +128,8 @@ void SubtitleWriter::Write(std::int64_t until, const std::function<void(AVPacket
 }
 
 PacketHandle SubtitleWriter::Encode(const Subtitles::Cue& cue, std::size_t number) {
-    std::string event = Numbered(subtitles.styled ? cue.event : WithNumberedColours(WithoutResets(cue.event)), number);
+    const std::string told = EventFor(*encoder, cue);
+    std::string event = Numbered(subtitles.styled ? told : WithNumberedColours(WithoutResets(told)), number);
     AVSubtitleRect rect = {};
     rect.type = SUBTITLE_ASS;
     rect.ass = event.data();

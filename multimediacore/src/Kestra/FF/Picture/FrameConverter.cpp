@@ -6,6 +6,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Av/OlderCalls.h"
 #include "Kestra/FF/Picture/AlphaBlend.h"
+#include "Kestra/FF/Picture/AlphaSamples.h"
 #include "Kestra/FF/Picture/BlendRows.h"
 #include "Kestra/FF/Picture/ChromaPlace.h"
 #include "Kestra/FF/Picture/EncoderInput.h"
@@ -15,8 +16,6 @@
 #include <tuple>
 
 extern "C" {
-#include <libavutil/intfloat.h>
-#include <libavutil/intreadwrite.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -70,49 +69,6 @@ int ResolveRange(int tagged, AVPixelFormat from, AVPixelFormat to, int wanted) {
 
 AVPixelFormat AlphaFormat(AVPixelFormat format) {
     return HasAlpha(format) ? format : ToAv(Conf::BlendFormatsFor(FromAv(format)).alpha);
-}
-
-int AlphaDepthOf(const AVFrame& frame) {
-    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
-    return HasAlpha(static_cast<AVPixelFormat>(frame.format)) ? descriptor.comp[descriptor.nb_components - 1].depth : 0;
-}
-
-template <class Visit>
-void VisitAlpha(AVFrame& frame, const Visit& visit) {
-    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
-    const AVComponentDescriptor& alpha = descriptor.comp[descriptor.nb_components - 1];
-    for (int y = 0; y < frame.height; ++y) {
-        std::uint8_t* sample =
-            frame.data[alpha.plane] + alpha.offset + static_cast<std::ptrdiff_t>(y) * frame.linesize[alpha.plane];
-        for (int x = 0; x < frame.width; ++x, sample += alpha.step)
-            visit(sample);
-    }
-}
-
-/// What makes samples deeper shifts them, alpha as well: opaque would let a 256th part through.
-void WidenAlpha(AVFrame& frame, int depthBefore) {
-    constexpr int DEEPEST = 16; // floating point is made by way of it
-    const int depth = AlphaDepthOf(frame);
-    const int made = std::min(depth, DEEPEST);
-    if (depthBefore == 0 || depthBefore >= made)
-        return;
-    const auto highest = static_cast<float>((1U << made) - 1);
-    const float factor = highest / static_cast<float>(((1U << depthBefore) - 1) << (made - depthBefore));
-    const auto widened = [highest, factor](int value) {
-        return static_cast<std::uint16_t>(std::min(static_cast<float>(value) * factor + ROUNDING, highest));
-    };
-    const auto flags = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->flags;
-    const bool bigEndian = (flags & AV_PIX_FMT_FLAG_BE) != 0;
-    if (depth > DEEPEST)
-        VisitAlpha(frame, [bigEndian, factor](std::uint8_t* sample) {
-            const float value = av_int2float(bigEndian ? AV_RB32(sample) : AV_RL32(sample));
-            const std::uint32_t bits = av_float2int(std::min(value * factor, 1.0F));
-            bigEndian ? AV_WB32(sample, bits) : AV_WL32(sample, bits);
-        });
-    else if (bigEndian)
-        VisitAlpha(frame, [&widened](std::uint8_t* sample) { AV_WB16(sample, widened(AV_RB16(sample))); });
-    else
-        VisitAlpha(frame, [&widened](std::uint8_t* sample) { AV_WL16(sample, widened(AV_RL16(sample))); });
 }
 
 bool IsPackedRgb(const AVFrame& frame) {
@@ -327,7 +283,8 @@ FrameHandle FrameConverter::Recolour(const AVFrame& frame, const FrameTarget& ta
                                        ColourConverter::FormatFor(kept, target.width, target.height));
     const AVPixelFormat made = ColourConverter::FormatFor(format, target.width, target.height);
     FrameHandle result = colours.Convert(*shaped, change, made);
-    WidenAlpha(*result, AlphaDepthOf(*shaped));
+    HasAlpha(static_cast<AVPixelFormat>(shaped->format)) ? WidenAlpha(*result, AlphaDepthOf(*shaped))
+                                                         : MakeOpaque(*result); // the filters leave it half done
     if (made == format)
         return result;
     FrameTarget rest = target;

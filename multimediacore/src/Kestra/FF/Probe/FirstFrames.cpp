@@ -4,6 +4,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
+#include <boost/exception/get_error_info.hpp>
 #include <utility>
 
 namespace Kestra::FF {
@@ -44,6 +45,9 @@ std::string FirstFrames::Decode(ProbedTrack& track) {
         else
             excess = decoder.GetExcess();
     } catch (const Proc::ProcException& error) {
+        const int* const code = boost::get_error_info<TagErrorCode>(error);
+        if (code && *code == static_cast<int>(TranscodingError::OutOfMemory)) // for which the track is not to blame
+            throw;
         return error.what();
     }
     if (!excess.empty())

@@ -3,6 +3,7 @@
 
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
+#include "Kestra/FF/Data/SubtitleText.h"
 #include "Kestra/FF/Demux/FileTags.h"
 #include "Kestra/FF/Demux/Utf8Text.h"
 #include "Kestra/Proc/Interrupted.h"
@@ -41,6 +42,20 @@ bool IsStyled(AVCodecID codec) {
 
 bool IsBlank(const std::string& text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+std::string ContentOf(const AVPacket& packet) {
+    return {reinterpret_cast<const char*>(packet.data), static_cast<std::size_t>(packet.size)};
+}
+
+void Replace(AVPacket& packet, const std::string& content) {
+    Check(av_packet_make_writable(&packet), TranscodingError::OutOfMemory, "subtitles");
+    const int change = static_cast<int>(content.size()) - packet.size;
+    if (change > 0)
+        Check(av_grow_packet(&packet, change), TranscodingError::OutOfMemory, "subtitles");
+    else
+        av_shrink_packet(&packet, packet.size + change);
+    std::memcpy(packet.data, content.data(), content.size());
 }
 
 /// Among the boxes behind a text of QuickTime's, each of which begins with its length and its name.
@@ -86,7 +101,7 @@ void SubtitleReader::OpenTrack(int index) {
     Check(avcodec_open2(track.decoder.get(), codec, nullptr), TranscodingError::SourceUnreadable, "subtitles");
     track.read.language = LanguageOf(*stream);
     track.read.title = TagOf(stream->metadata, "title");
-    track.read.forced = (stream->disposition & AV_DISPOSITION_FORCED) != 0;
+    track.read.forced = IsForced(*stream);
     track.read.styled = IsStyled(stream->codecpar->codec_id);
     if (track.decoder->subtitle_header && track.decoder->subtitle_header_size > 0)
         track.read.header = Utf8Of(std::string(reinterpret_cast<const char*>(track.decoder->subtitle_header),
@@ -113,37 +128,37 @@ void SubtitleReader::Run() {
         Finish(track);
 }
 
-/// Text that is no UTF-8 would not be decoded. QuickTime's has bytes of other meaning around it.
-bool SubtitleReader::Repair(const Track& track, AVPacket& packet) const {
-    const std::string text(reinterpret_cast<const char*>(packet.data), static_cast<std::size_t>(packet.size));
-    if (track.decoder->codec_id == AV_CODEC_ID_MOV_TEXT || IsUtf8(text))
-        return false;
-    const std::string repaired = Utf8Of(text);
-    const int before = packet.size;
-    Check(av_packet_make_writable(&packet), TranscodingError::OutOfMemory, "subtitles");
-    Check(av_grow_packet(&packet, static_cast<int>(repaired.size()) - before), TranscodingError::OutOfMemory,
-          "subtitles");
-    std::memcpy(packet.data, repaired.data(), repaired.size());
-    return true;
-}
-
 void SubtitleReader::Decode(Track& track, AVPacket& packet) {
     if (packet.size <= 0 || packet.pts == AV_NOPTS_VALUE)
         return;
-    track.repaired += Repair(track, packet) ? 1 : 0;
+    CountUndecoded(track, packet);
+    const char standIn = Prepare(track, packet);
     SubtitleHandle decoded;
     int got = 0;
-    const int result = avcodec_decode_subtitle2(track.decoder.get(), &decoded.subtitle, &got, &packet);
-    if (result < 0)
+    if (avcodec_decode_subtitle2(track.decoder.get(), &decoded.subtitle, &got, &packet) < 0)
         ++track.unread;
     else if (got)
-        Add(track, packet, decoded.subtitle);
-    if (result >= 0 && got)
-        CountUndecoded(track, packet);
+        Add(track, packet, decoded.subtitle, standIn);
+}
+
+/// Text that is no UTF-8 would not be decoded, and not all that is text would be taken for it. QuickTime's has bytes of
+/// other meaning around it.
+char SubtitleReader::Prepare(Track& track, AVPacket& packet) {
+    if (track.decoder->codec_id == AV_CODEC_ID_MOV_TEXT)
+        return 0;
+    const std::string text = ContentOf(packet);
+    std::string prepared = Utf8Of(text);
+    track.repaired += prepared != text ? 1 : 0;
+    if (track.decoder->codec_id == AV_CODEC_ID_WEBVTT)
+        prepared = WithCharacters(prepared);
+    const char standIn = track.decoder->codec_id == AV_CODEC_ID_SUBRIP ? ShieldSubRip(prepared) : '\0';
+    if (prepared != text)
+        Replace(packet, prepared);
+    return standIn;
 }
 
 void SubtitleReader::CountUndecoded(Track& track, const AVPacket& packet) {
-    const std::string content(reinterpret_cast<const char*>(packet.data), static_cast<std::size_t>(packet.size));
+    const std::string content = ContentOf(packet);
     if (track.decoder->codec_id == AV_CODEC_ID_MOV_TEXT)
         track.placed += HasBox(content, "tbox") ? 1 : 0;
     if (track.decoder->codec_id != AV_CODEC_ID_WEBVTT)
@@ -151,9 +166,10 @@ void SubtitleReader::CountUndecoded(Track& track, const AVPacket& packet) {
     std::size_t settings = 0;
     track.placed += av_packet_get_side_data(&packet, AV_PKT_DATA_WEBVTT_SETTINGS, &settings) && settings > 0 ? 1 : 0;
     track.spoken += content.find("<v") != std::string::npos || content.find("<c") != std::string::npos ? 1 : 0;
+    track.foreign += HasForeignWebVttTags(content) ? 1 : 0;
 }
 
-void SubtitleReader::Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle) {
+void SubtitleReader::Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle, char standIn) {
     const std::int64_t time = ToEngineTime(packet.pts, track.stream->time_base) - details.origin;
     CloseOpen(track, time);
     const std::int64_t start = time + std::int64_t{subtitle.start_display_time} * TICKS_PER_MILLISECOND;
@@ -168,6 +184,7 @@ void SubtitleReader::Add(Track& track, const AVPacket& packet, const AVSubtitle&
         Subtitles::Cue cue{start, end, rect.ass};
         while (!cue.event.empty() && (cue.event.back() == '\n' || cue.event.back() == '\r'))
             cue.event.pop_back();
+        UnshieldSubRip(cue.event, standIn);
         if (IsBlank(cue.Text()))
             continue;
         if (cue.event.size() > LONGEST_TEXT) {
@@ -201,6 +218,7 @@ void SubtitleReader::Finish(Track& track) {
     Tell(track, track.tooMany, "are more than can be kept and are left out");
     Tell(track, track.placed, "have a place of their own on the picture, which is left out");
     Tell(track, track.spoken, "name speakers or classes, which are left out");
+    Tell(track, track.foreign, "have tags that WebVTT does not know, which are left out");
     Tell(track, track.repaired, "are no UTF-8 and were read as Windows-1252");
 }
 

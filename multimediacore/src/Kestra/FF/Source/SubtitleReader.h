@@ -35,6 +35,7 @@ private:
         int repaired = 0; ///< packets that were no UTF-8
         int placed = 0;   ///< packets whose place on the picture no decoder gives
         int spoken = 0;   ///< packets with speakers or classes, which none gives either
+        int foreign = 0;  ///< packets with tags that WebVTT has not
         int tooLong = 0;
         int tooMany = 0;
         std::vector<std::size_t> open; ///< cues of which it is not known when they end
@@ -43,9 +44,10 @@ private:
     void OpenTrack(int index);
     Track* Find(int index);
     void Decode(Track& track, AVPacket& packet);
-    bool Repair(const Track& track, AVPacket& packet) const;
+    /// Makes the text what the decoder takes as it is meant. Returns the character that stands for "<" there, or 0.
+    static char Prepare(Track& track, AVPacket& packet);
     static void CountUndecoded(Track& track, const AVPacket& packet);
-    void Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle);
+    void Add(Track& track, const AVPacket& packet, const AVSubtitle& subtitle, char standIn);
     void CloseOpen(Track& track, std::int64_t time);
     void Finish(Track& track);
     void Tell(const Track& track, int count, const char* what);

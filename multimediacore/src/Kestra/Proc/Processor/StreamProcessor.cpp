@@ -2,14 +2,13 @@
 #include "Kestra/Proc/Processor/StreamProcessor.h"
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Proc/PacketStream.h"
+#include "Kestra/Proc/Processor/DeferredRelease.h"
+#include "Kestra/Proc/Processor/ProcessingRun.h"
 #include <exception>
 #include <stdexcept>
 
 namespace Kestra::Proc {
 namespace {
-
-// Longer than the run itself waits for its encoders.
-constexpr std::chrono::seconds RELEASE_PATIENCE{3};
 
 using RawStreams = std::vector<boost::intrusive_ptr<IStreamRaw>>;
 
@@ -27,28 +26,29 @@ RawStreams WithFurtherTracks(const RawStreams& streams) {
 
 StreamProcessor::StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
                                  const boost::intrusive_ptr<IMuxer>& muxer)
-    : run(std::make_shared<ProcessingRun>(WithFurtherTracks(streams), muxer)) {}
+    : rest(std::make_shared<RunRest>(std::make_shared<ProcessingRun>(WithFurtherTracks(streams), muxer))) {}
 
 StreamProcessor::~StreamProcessor() {
-    run->GetEvents().SetReceiver(nullptr);
-    if (!thread.IsRunning()) {
+    ProcessingRun& run = rest->GetRun();
+    run.GetEvents().SetReceiver(nullptr);
+    if (!rest->IsStarted()) {
         return;
     }
-    run->Abandon();
-    if (!run->IsOwnThread()) {
-        // One that hangs in the output goes on by itself: it holds the run, and its receiver is detached.
-        thread.JoinOrLeave(std::chrono::steady_clock::now() + RELEASE_PATIENCE);
+    run.Abandon();
+    if (!run.IsOwnThread()) {
+        rest->BeginWait();
+        DeferredRelease::Accept(rest); // or else it is waited for here
         return;
     }
     // The last release came from the run itself, and a thread cannot wait for its own end.
-    if (thread.IsCurrent()) {
-        run->FinishInsideEvent();
+    if (rest->IsCurrentThread()) {
+        run.FinishInsideEvent();
     }
-    thread.Leave();
+    rest->Leave();
 }
 
 void StreamProcessor::SetEventsReceiver(IProcessingEvents* events) {
-    run->GetEvents().SetReceiver(events);
+    rest->GetRun().GetEvents().SetReceiver(events);
 }
 
 void StreamProcessor::Initialize() {
@@ -56,7 +56,7 @@ void StreamProcessor::Initialize() {
         KESTRA_THROW(std::logic_error("A stream processor runs once: Initialize was called a second time."));
     }
     phase = Phase::Initialized;
-    run->ResetStreams();
+    rest->GetRun().ResetStreams();
 }
 
 void StreamProcessor::Start() {
@@ -65,21 +65,21 @@ void StreamProcessor::Start() {
     }
     phase = Phase::Started;
     try {
-        thread.Start("kestra-mux", [held = run] { held->Run(); });
+        rest->Start();
     } catch (const std::exception&) { // no thread is to be had, or no memory for one
-        run->Refuse(std::current_exception());
+        rest->GetRun().Refuse(std::current_exception());
     }
 }
 
 void StreamProcessor::Stop() {
     if (phase == Phase::Started) {
-        run->Stop();
+        rest->GetRun().Stop();
     }
 }
 
 void StreamProcessor::Discard() {
     if (phase == Phase::Started) {
-        run->Discard();
+        rest->GetRun().Discard();
     }
 }
 

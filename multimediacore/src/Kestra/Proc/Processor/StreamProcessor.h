@@ -2,15 +2,14 @@
 // Kestra::Proc::StreamProcessor: the engine's own stream processor.
 #pragma once
 
-#include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Proc/IStreamProcessor.h"
 #include "Kestra/Proc/IStreamRaw.h"
-#include "Kestra/Proc/Processor/ProcessingRun.h"
+#include "Kestra/Proc/Processor/RunRest.h"
 
 namespace Kestra::Proc {
 
-/// The user's side of a run; what runs is ProcessingRun, which the thread holds too.
+/// The user's side of a run; what runs is ProcessingRun, which the thread holds too: the rest.
 class StreamProcessor : public IStreamProcessor, public RefCountImpl {
 public:
     StreamProcessor(const std::vector<boost::intrusive_ptr<IStreamRaw>>& streams,
@@ -26,9 +25,8 @@ public:
 private:
     enum class Phase { Made, Initialized, Started };
 
-    const std::shared_ptr<ProcessingRun> run;
+    std::shared_ptr<RunRest> rest;
     Phase phase = Phase::Made;
-    LeavableThread thread;
 };
 
 } // namespace Kestra::Proc
