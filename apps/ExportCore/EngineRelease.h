@@ -2,7 +2,7 @@
 // ExportCore::EngineRelease: lets go of a transcoder without keeping the event loop.
 #pragma once
 
-#include "ExportCore/BackgroundTask.h"
+#include "ExportCore/BoundedTask.h"
 
 namespace Export {
 class Transcoder;
@@ -23,11 +23,11 @@ public:
     /// where no thread is to be had, or no memory for one, which has this one wait.
     void start(std::unique_ptr<Export::Transcoder> transcoder);
     /// Started, and its end has not been told.
-    bool isRunning() const { return running; }
+    bool isRunning() const { return task.isRunning(); }
     /// What is left of the two seconds is waited for here; ended() does not come any more.
-    void finishHere();
+    void finishHere() { task.finishHere(); }
     /// Whether the object is what works for it.
-    bool isWorker(const QObject* object) const { return object == task.get(); }
+    bool isWorker(const QObject* object) const { return task.isWorker(object); }
 
 Q_SIGNALS:
     /// Once: nobody has to wait any more.
@@ -36,13 +36,9 @@ Q_SIGNALS:
 private:
     struct Held;
 
-    void onDone();
-
     /// The thread's too.
     const std::shared_ptr<Held> held;
-    std::unique_ptr<BackgroundTask> task; ///< null once its thread was left
-    QTimer patience;
-    bool running = false;
+    BoundedTask task;
 };
 
 } // namespace ExportCore

@@ -2,7 +2,7 @@
 // ExportCore::OutputRemoval: lets go of an output away from the event loop.
 #pragma once
 
-#include "ExportCore/BackgroundTask.h"
+#include "ExportCore/BoundedTask.h"
 
 namespace ExportCore {
 
@@ -20,13 +20,13 @@ public:
     /// one, the output is let go of here, and ended() comes before this returns.
     void start(std::shared_ptr<IOutputTransaction> output);
     /// Started, and its end has not been told.
-    bool isRunning() const { return running; }
+    bool isRunning() const { return task.isRunning(); }
     /// After ended(): whether what was made stands at its place. False when that is not known.
     bool isCommitted() const;
     /// After ended(): whether the folder did not answer.
     bool isHanging() const { return hangs; }
     /// Whether the object is what works for it.
-    bool isWorker(const QObject* object) const { return object == task.get(); }
+    bool isWorker(const QObject* object) const { return task.isWorker(object); }
 
 Q_SIGNALS:
     /// Once: nobody has to wait any more.
@@ -35,16 +35,13 @@ Q_SIGNALS:
 private:
     struct Held;
 
-    void onDone();
-    void onPatienceLost();
+    void onEnded();
     void leaveWhatHangs();
 
     /// The thread's too.
     const std::shared_ptr<Held> held;
     std::weak_ptr<IOutputTransaction> left;
-    std::unique_ptr<BackgroundTask> task; ///< null once its thread was left
-    QTimer patience;
-    bool running = false;
+    BoundedTask task;
     bool hangs = false;
 };
 

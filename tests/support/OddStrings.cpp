@@ -180,7 +180,7 @@ void addFormats(Texts& texts) {
                 "{{7*7}}",  "<%= 7 %>", "%H%M%S", "$Number%05d$", "frame_00000", "shot_0001.png"});
 }
 
-void addPlaces(Texts& texts) {
+void addAddresses(Texts& texts) {
     add(texts, {"file:x",
                 "file:///nowhere/x",
                 "http://localhost/x",
@@ -217,6 +217,9 @@ void addPlaces(Texts& texts) {
                 "javascript:x",
                 "about:x",
                 "jar:file:x!y"});
+}
+
+void addPaths(Texts& texts) {
     add(texts, {".",
                 "..",
                 "...",
@@ -389,8 +392,9 @@ void addMixtures(Texts& texts) {
 
 Texts make() {
     Texts texts;
-    for (const auto addSome : {addBlanks, addControls, addInvisible, addJoined, addScripts, addEdges, addOfShells,
-                               addFormats, addPlaces, addNumbers, addCode, addWords, addLengths, addMixtures})
+    for (const auto addSome :
+         {addBlanks, addControls, addInvisible, addJoined, addScripts, addEdges, addOfShells, addFormats, addAddresses,
+          addPaths, addNumbers, addCode, addWords, addLengths, addMixtures})
         addSome(texts);
     if (texts.size() != COUNT || std::set<std::string>(texts.begin(), texts.end()).size() != COUNT)
         throw std::logic_error("there are " + std::to_string(texts.size()) + " odd strings, or two are alike");
