@@ -38,6 +38,7 @@ using Kestra::Proc::TranscodingError;
 ExportRun::ExportRun(ExportRequest request, const QObject& job)
     : request(std::move(request))
     , job(job)
+    , pictureBox(std::make_shared<Kestra::Proc::PictureBox>())
     , engineRelease(this)
     , removal(this)
     , taskPatience(this)
@@ -75,8 +76,6 @@ ExportRun::~ExportRun() {
 }
 
 std::shared_ptr<Kestra::Proc::PictureBox> ExportRun::watchPictures() {
-    if (!pictureBox)
-        pictureBox = std::make_shared<Kestra::Proc::PictureBox>();
     return pictureBox;
 }
 

@@ -115,8 +115,12 @@ private:
 
     void plan();
     std::vector<ExportPlan::Stream> plannedStreams() const;
+    double pictureScale() const;
     void addPlannedExtras(ExportPlan& plan) const;
     void requireRoom();
+    double partRead() const;
+    void noteGrowth(qint64 bytes);
+    void concludeTrial(qint64 exportMs);
     void onTrialEnded();
 
     void onStarted();
@@ -169,7 +173,7 @@ private:
     CutPoints cut;
     Types::Range streamRange;
     std::unique_ptr<EditorProject> project;
-    std::shared_ptr<Kestra::Proc::PictureBox> pictureBox; ///< null where nobody looks
+    const std::shared_ptr<Kestra::Proc::PictureBox> pictureBox;
     std::unique_ptr<Export::PresetProvider> provider;
     std::unique_ptr<InputOpening> opening;
     std::unique_ptr<LoudnessTask> loudnessTask;
@@ -198,6 +202,8 @@ private:
     std::optional<RunForecast> forecast;
     std::optional<FileGrowth> growth;
     qint64 startedAt = 0; ///< by the clock
+    qint64 writtenBytes = 0;
+    double extrapolatedBytes = 0; ///< of the whole file, by those
     ExportOutcome outcome;
     JobState state = JobState::Made;
     /// What ends the run before its file is done, the first cause; none while all is well.

@@ -14,9 +14,11 @@
 #include "Kestra/Conf/Container.h"
 #include "Kestra/Conf/ProgrammeInfo.h"
 #include "Kestra/Conf/SampleInfo.h"
+#include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
+#include <cmath>
 
 namespace ExportCore {
 
@@ -64,10 +66,11 @@ void name(ExportPlan::Stream& stream, const Kestra::Conf::ProgrammeInfo::TrackNa
     stream.isDefault = name.isDefault;
 }
 
-/// The picture and, where none of the sounds is told to be it, the first of them: what players begin with.
-void markDefaults(std::vector<ExportPlan::Stream>& streams) {
-    using Kind = ExportPlan::Stream::Kind;
-    for (const Kind kind : {Kind::Video, Kind::Audio}) {
+using StreamKind = ExportPlan::Stream::Kind;
+
+/// Of each kind the first, unless one is told to be it: what players begin with.
+void markDefaults(std::vector<ExportPlan::Stream>& streams, const std::vector<StreamKind>& kinds) {
+    for (const StreamKind kind : kinds) {
         const auto isOfKind = [kind](const ExportPlan::Stream& stream) { return stream.kind == kind; };
         const auto isMarked = [&](const ExportPlan::Stream& stream) { return isOfKind(stream) && stream.isDefault; };
         const auto first = std::find_if(streams.begin(), streams.end(), isOfKind);
@@ -82,6 +85,7 @@ ExportPlan::Stream subtitlesOf(const Kestra::Conf::Subtitles& subtitles, const K
     stream.codec = subtitles.styled && container.styledSubtitles ? container.styledSubtitles : container.subtitles;
     stream.language = subtitles.language;
     stream.title = subtitles.title;
+    stream.isDefault = subtitles.isDefault;
     stream.forced = subtitles.forced;
     return stream;
 }
@@ -100,13 +104,13 @@ ExportPlan::Stream coverOf(const Kestra::Conf::ProgrammeInfo::Cover& cover) {
 /// After expect() and noteProgramme().
 void ExportRun::plan() {
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
-    const Passes passes = Passes::of(provider->preset(), expected.hasVideo);
     ExportPlan& plan = outcome.plan.emplace();
     plan.path = request.outputPath;
     plan.preset = provider->preset().id();
     plan.container = provider->preset().containerId();
-    plan.passes = passes.count;
     plan.streams = plannedStreams();
+    const Passes passes = Passes::of(provider->preset(), expected.hasVideo, pictureScale());
+    plan.passes = passes.count;
     addPlannedExtras(plan);
     plan.estimate = OutputEstimate::of(*provider, expected.hasVideo ? &project->video() : nullptr,
                                        expected.hasAudio ? &project->audio() : nullptr, Types::fromAvTime(length),
@@ -118,8 +122,19 @@ void ExportRun::plan() {
         growth.emplace(SequenceName{unfinishedPath, sequence->name});
     else
         growth.emplace(unfinishedPath);
-    if (request.dryRun)
+    if (request.dryRun && plan.estimate.exact)
         requireRoom();
+}
+
+/// Pixels that are encoded for each one that is read.
+double ExportRun::pictureScale() const {
+    const auto pixels = [](const Media::Video& video, double rate) { return rate * video.width * video.height; };
+    const Media::Video& read = project->video();
+    const double rateRead = static_cast<double>(read.frameRateNumerator) / std::max(read.frameRateDenominator, 1U);
+    const double allRead = pixels(read, rateRead);
+    return allRead > 0
+               ? pixels(transcoder->videoPreset(), boost::rational_cast<double>(provider->frameRate(&read))) / allRead
+               : 1;
 }
 
 std::vector<ExportPlan::Stream> ExportRun::plannedStreams() const {
@@ -141,7 +156,7 @@ std::vector<ExportPlan::Stream> ExportRun::plannedStreams() const {
     }
     // Such files tell it of each track.
     if (ContainerLimits::Holds(provider->preset().containerId(), ProgrammeField::FurtherSounds))
-        markDefaults(streams);
+        markDefaults(streams, {StreamKind::Video, StreamKind::Audio});
     return streams;
 }
 
@@ -154,6 +169,8 @@ void ExportRun::addPlannedExtras(ExportPlan& plan) const {
     for (const Kestra::Conf::Subtitles& track : programme.subtitles)
         if (!ContainerLimits::SubtitlesIn(plan.container, track).cues.empty())
             plan.streams.push_back(subtitlesOf(track, *container));
+    if (container && container->family == Kestra::Conf::Container::Family::Mov)
+        markDefaults(plan.streams, {StreamKind::Subtitles});
     const bool hasCover = !programme.cover.bytes.empty() && !expected.hasVideo;
     if (hasCover && ContainerLimits::Holds(plan.container, ProgrammeField::Cover))
         plan.streams.push_back(coverOf(programme.cover));
@@ -202,12 +219,13 @@ void ExportRun::onProgress(int percent, KTime remaining) {
     ExportProgress progress;
     progress.percent = percent;
     progress.elapsedMs = clock.elapsed();
-    forecast->advance(percent, remaining < KTime(0) ? -1 : remaining.milliseconds(), progress.elapsedMs);
+    forecast->advance({percent, remaining < KTime(0) ? -1 : remaining.milliseconds(), partRead()}, progress.elapsedMs);
     progress.pass = forecast->pass();
     progress.passes = outcome.plan->passes;
     progress.remainingMs = forecast->remaining(progress.elapsedMs);
     progress.framesPerSecond = forecast->framesPerSecond();
     progress.bytes = growth->bytes();
+    noteGrowth(progress.bytes);
     const std::int64_t length = std::max(expected.videoDuration, expected.audioDuration);
     if (progress.elapsedMs > 0)
         progress.speed = static_cast<double>(length) / Kestra::TICKS_PER_MILLISECOND * percent / 100.0 /
@@ -215,11 +233,39 @@ void ExportRun::onProgress(int percent, KTime remaining) {
     Q_EMIT progressChanged(progress);
 }
 
+/// Of the pictures, in the pass that runs; -1 without any.
+double ExportRun::partRead() const {
+    if (!expected.hasVideo || expected.videoDuration <= 0)
+        return -1;
+    const double part = static_cast<double>(pictureBox->Reached()) / static_cast<double>(expected.videoDuration);
+    return std::clamp(part, 0.0, 1.0);
+}
+
+/// A look at the file's size tells what had been written when it had just grown.
+void ExportRun::noteGrowth(qint64 bytes) {
+    if (bytes <= writtenBytes)
+        return;
+    writtenBytes = bytes;
+    const double part = forecast->part();
+    extrapolatedBytes = part > 0 ? static_cast<double>(bytes) / part : 0;
+}
+
+/// Of what was tried.
+void ExportRun::concludeTrial(qint64 exportMs) {
+    constexpr qint64 ENOUGH = 1 << 18; // bytes, of which what a file begins with is little
+    ExportPlan& plan = *outcome.plan;
+    plan.exportMs = exportMs;
+    if (plan.estimate.rough && plan.passes == 1 && writtenBytes >= ENOUGH && extrapolatedBytes > 0)
+        plan.estimate.resize(std::llround(extrapolatedBytes));
+    if (!plan.estimate.exact)
+        requireRoom();
+}
+
 void ExportRun::onTrialEnded() {
     if (state != JobState::Running || verdict)
         return;
     const qint64 remaining = forecast->remaining(clock.elapsed());
-    outcome.plan->exportMs = remaining < 0 ? -1 : clock.elapsed() - startedAt + remaining;
+    concludeTrial(remaining < 0 ? -1 : clock.elapsed() - startedAt + remaining);
     endRunning(ExportOutcome::Status::Planned);
 }
 

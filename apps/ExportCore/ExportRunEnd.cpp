@@ -255,7 +255,7 @@ void ExportRun::goOnFromEngine() {
         setFailure(std::current_exception());
     }
     if (!verdict && request.dryRun) {
-        outcome.plan->exportMs = clock.elapsed() - startedAt;
+        concludeTrial(clock.elapsed() - startedAt);
         verdict = ExportOutcome::Status::Planned;
     }
     if (!verdict && checkFile())

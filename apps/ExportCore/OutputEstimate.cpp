@@ -172,4 +172,11 @@ OutputEstimate OutputEstimate::of(const Export::PresetProvider& provider, const 
     return estimate;
 }
 
+void OutputEstimate::resize(qint64 bytes) {
+    const double ratio = static_cast<double>(bytes) / static_cast<double>(std::max<qint64>(sizeBytes, 1));
+    videoBytes = std::llround(static_cast<double>(videoBytes) * ratio);
+    audioBytes = std::llround(static_cast<double>(audioBytes) * ratio);
+    sizeBytes = bytes;
+}
+
 } // namespace ExportCore

@@ -22,6 +22,9 @@ struct EXPORTCORE_EXPORT OutputEstimate {
     static OutputEstimate of(const Export::PresetProvider& provider, const Media::Video* video,
                              const Media::Audio* audio, KTime duration, int sounds = 1);
 
+    /// Where the material decides and some of it was encoded for trial: of a file of that size, as rough as before.
+    void resize(qint64 bytes);
+
     KTime duration;
     qint64 frames = 0;     ///< exact; 0 without picture
     qint64 videoBytes = 0; ///< 0 without picture

@@ -15,6 +15,7 @@ namespace {
 
 using Kestra::ClientAPI::ContainerLimits;
 using Kestra::ClientAPI::ProgrammeField;
+using Kestra::Conf::Container;
 using Kestra::Conf::Language;
 using Kestra::Conf::ProgrammeInfo;
 using Kestra::Conf::Subtitles;
@@ -75,6 +76,9 @@ std::vector<const CheckedStream*> streamsOf(const CheckedFile& file, CheckedStre
 
 std::string subtitleFault(const PromisedProgramme& promise, const CheckedFile& file) {
     const auto found = streamsOf(file, CheckedStream::Kind::Subtitles);
+    // In others the first ones are marked where none are.
+    const Container* const container = Container::Find(promise.container);
+    const bool tellsDefaults = container && container->family == Container::Family::Matroska;
     std::size_t next = 0;
     for (const Subtitles& told : promise.programme.subtitles) {
         const Subtitles held = ContainerLimits::SubtitlesIn(promise.container, told);
@@ -94,6 +98,8 @@ std::string subtitleFault(const PromisedProgramme& promise, const CheckedFile& f
             return "its subtitles are not told to be in the language " + held.language;
         if (track.forced != held.forced)
             return std::string("its subtitles are ") + (held.forced ? "not " : "") + "told to be forced";
+        if (tellsDefaults && track.isDefault != held.isDefault)
+            return std::string("its subtitles are ") + (held.isDefault ? "not " : "") + "marked as shown by default";
     }
     return {};
 }

@@ -77,7 +77,7 @@ void addName(QJsonObject& object, const Stream& stream) {
         object.insert(key("language"), QString::fromStdString(stream.language));
     if (!stream.title.empty())
         object.insert(key("title"), QString::fromStdString(stream.title));
-    if (stream.kind == Stream::Kind::Audio)
+    if (stream.kind == Stream::Kind::Audio || stream.kind == Stream::Kind::Subtitles)
         object.insert(key("default"), stream.isDefault);
     if (stream.kind == Stream::Kind::Subtitles)
         object.insert(key("forced"), stream.forced);

@@ -31,7 +31,7 @@ void RangeStrip::setTimeline(KTime wholeLength, const ExportCore::TimePoint::Rat
     rate = frameRate.value_or(usual);
     marks = markers;
     pictures.clear();
-    setRange({KTime(0), length}, false);
+    setRange({KTime(0), length}, Grip::Ends);
 }
 
 int RangeStrip::pictureCount() const {
@@ -56,10 +56,10 @@ void RangeStrip::setPicture(int index, const QImage& picture) {
     update();
 }
 
-void RangeStrip::setRange(const Types::Range& range, bool editable) {
-    movable = editable && length > KTime(0);
+void RangeStrip::setRange(const Types::Range& range, Grip wanted) {
+    grip = wanted;
     chosen = range;
-    setFocusPolicy(movable ? Qt::StrongFocus : Qt::NoFocus);
+    setFocusPolicy(isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
     describe();
     update();
 }
@@ -69,7 +69,7 @@ void RangeStrip::describe() {
     if (text == accessibleDescription())
         return;
     setAccessibleDescription(text);
-    setToolTip(length > KTime(0) ? text : QString());
+    setToolTip(isEmpty() ? QString() : text);
     QAccessibleEvent event(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&event);
 }
@@ -83,7 +83,7 @@ QSize RangeStrip::minimumSizeHint() const {
 }
 
 int RangeStrip::xOf(KTime time) const {
-    if (length <= KTime(0))
+    if (isEmpty())
         return 0;
     const double part = static_cast<double>(time.milliseconds()) / static_cast<double>(length.milliseconds());
     return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * (width() - 1)));
@@ -134,20 +134,31 @@ void RangeStrip::move(End end, KTime time) {
 }
 
 void RangeStrip::mousePressEvent(QMouseEvent* event) {
-    if (!movable || event->button() != Qt::LeftButton)
+    if (isEmpty() || event->button() != Qt::LeftButton)
         return event->ignore();
     const int x = event->pos().x();
-    const bool nearerIn = std::abs(x - xOf(chosen.start)) <= std::abs(x - xOf(chosen.end));
-    move(nearerIn ? End::In : End::Out, timeAt(x));
+    const int toIn = std::abs(x - xOf(chosen.start)), toOut = std::abs(x - xOf(chosen.end));
+    dragging = grip == Grip::Anywhere || std::min(toIn, toOut) <= 2 * HANDLE_WIDTH;
+    if (!dragging)
+        return event->ignore();
+    active = toIn <= toOut ? End::In : End::Out;
+    if (grip == Grip::Anywhere)
+        move(active, timeAt(x));
+    update();
 }
 
 void RangeStrip::mouseMoveEvent(QMouseEvent* event) {
-    if (movable && event->buttons().testFlag(Qt::LeftButton))
+    if (dragging && !isEmpty())
         move(active, timeAt(event->pos().x()));
 }
 
+void RangeStrip::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        dragging = false;
+}
+
 void RangeStrip::keyPressEvent(QKeyEvent* event) {
-    if (!movable)
+    if (isEmpty())
         return QWidget::keyPressEvent(event);
     const KTime own = active == End::In ? chosen.start : chosen.end;
     const bool bySeconds = event->modifiers().testFlag(Qt::ShiftModifier);
@@ -204,8 +215,6 @@ void RangeStrip::paintRange(QPainter& painter) const {
         painter.fillRect(QRect(xOf(time) - 1, 0, 3, MARK_HEIGHT), mark);
     painter.setPen(palette().color(QPalette::Highlight));
     painter.drawRect(QRect(in, 0, std::max(out - in, 1), height() - 1));
-    if (!movable)
-        return;
     for (const End end : {End::In, End::Out}) {
         const bool isActive = hasFocus() && end == active;
         const int left = std::clamp(end == End::In ? in : out - HANDLE_WIDTH + 1, 0, width() - HANDLE_WIDTH);
@@ -221,7 +230,7 @@ void RangeStrip::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.fillRect(rect(), palette().color(QPalette::Mid));
     paintPictures(painter);
-    if (length > KTime(0))
+    if (!isEmpty())
         paintRange(painter);
     if (!hasFocus())
         return;

@@ -25,8 +25,9 @@ public:
     QSize pictureSize() const;
     void setPictureCount(int count);
     void setPicture(int index, const QImage& picture);
-    /// Where `editable` is false the ends are shown, but not moved.
-    void setRange(const Types::Range& range, bool editable);
+    /// By the mouse the ends are grabbed where they are, or called to any place.
+    enum class Grip { Ends, Anywhere };
+    void setRange(const Types::Range& range, Grip grip);
     Types::Range range() const { return chosen; }
 
     QSize sizeHint() const override;
@@ -39,10 +40,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     enum class End { In, Out };
+    bool isEmpty() const { return length <= KTime(0); }
     int xOf(KTime time) const;
     KTime timeAt(int x) const;
     void move(End end, KTime time);
@@ -57,8 +60,9 @@ private:
     std::vector<KTime> marks;
     std::vector<QImage> pictures;
     Types::Range chosen;
-    bool movable = false;
+    Grip grip = Grip::Ends;
     End active = End::In;
+    bool dragging = false;
 };
 
 } // namespace Dialog

@@ -85,6 +85,7 @@ void SettingsPane::connectRange() {
         const auto text = [](KTime time) { return QString::fromStdString(ExportCore::TimeText::format(time)); };
         form->setCut(range.start > KTime(0) ? text(range.start) : QString(),
                      range.end < form->source().duration() ? text(range.end) : QString());
+        form->setPart(ExportForm::Part::Cut);
     });
     connect(&thumbnailTimer, &QTimer::timeout, this, &SettingsPane::makeThumbnails);
 }
@@ -195,7 +196,8 @@ void SettingsPane::showRange() {
     ui->lastBox->setCurrentIndex(form->lastPlace());
     const auto range = form->range();
     if (range)
-        ui->strip->setRange(*range, part == ExportForm::Part::Cut);
+        ui->strip->setRange(*range,
+                            part == ExportForm::Part::Cut ? RangeStrip::Grip::Anywhere : RangeStrip::Grip::Ends);
     ui->lengthLabel->setText(range ? tr("%1 long").arg(PeoplesText::length(range->end - range->start)) : QString());
 }
 

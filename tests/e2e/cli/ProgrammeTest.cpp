@@ -172,7 +172,7 @@ TEST_F(Programmes, HaveSubtitlesInWebmAndMovToo) {
 TEST_F(Programmes, ArePlannedAndToldWithWhatTheFileHolds) {
     const std::string path = film();
     const Result planned = run({"render", path, "-p", MKV, "-o", place / "a.mkv", "--dry-run"});
-    for (const char* line : {"  sound: flac 48000 Hz, 1 channel, ger\n", "  subtitles: subrip, ger\n",
+    for (const char* line : {"  sound: flac 48000 Hz, 1 channel, ger\n", "  subtitles: subrip, ger, default\n",
                              "  subtitles: subrip, eng\n", "  chapters: 2\n"})
         EXPECT_THAT(planned.output.toStdString(), HasSubstr(line));
     const Result made = run({"render", path, "-p", MKV, "-o", place / "a.mkv", "--progress", "none"});

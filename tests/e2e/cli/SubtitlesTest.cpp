@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What subtitles say is the same in each file that is made of them.
 #include "TracksFixture.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <gmock/gmock.h>
 
 using ::testing::HasSubstr;
@@ -114,6 +117,32 @@ TEST_F(SubtitleFiles, ThatShowNothingAreNone) {
                 EXPECT_EQ(render({path, "-p", preset}, output).subtitleText(), "Two 1.50-1.90") << path << output;
             }
     EXPECT_EQ(TestMedia::describe(place / "styled.mkv").all("subtitle").at(0).texts.size(), 2U) << "with what is drawn";
+}
+
+TEST_F(SubtitleFiles, StayWhatIsShownToWhoeverChoosesNothing) {
+    const auto marksOf = [](const std::string& file) {
+        std::vector<bool> marks;
+        const QJsonObject told = QJsonDocument::fromJson(run({"info", "--json", file}).output.toUtf8()).object();
+        for (const QJsonValue track : told[QStringLiteral("media")][0][QStringLiteral("tracks")].toArray())
+            if (track[QStringLiteral("kind")] == QStringLiteral("subtitles"))
+                marks.push_back(track[QStringLiteral("default")].toBool());
+        return marks;
+    };
+    for (const bool isMarked : {true, false}) {
+        const std::string path = film("film.mkv", subrip("One", "Two"), "copy",
+                                      {"-default_mode", "passthrough", "-disposition:s:0", isMarked ? "default" : "0"});
+        ASSERT_EQ(marksOf(path), std::vector<bool>{isMarked});
+        for (const auto& [preset, output] :
+             std::vector<std::pair<const char*, const char*>>{{MKV, "b.mkv"}, {WEBM, "b.webm"}}) {
+            render({path, "-p", preset}, output);
+            EXPECT_EQ(marksOf(place / output), std::vector<bool>{isMarked}) << output;
+        }
+        // Here the first ones are marked always, which says nothing.
+        render({path, "-p", MP4}, "b.mp4");
+        EXPECT_EQ(marksOf(place / "b.mp4"), std::vector<bool>{true});
+        render({place / "b.mp4", "-p", MKV}, "c.mkv");
+        EXPECT_EQ(marksOf(place / "c.mkv"), std::vector<bool>{false});
+    }
 }
 
 TEST_F(SubtitleFiles, StayForced) {

@@ -15,6 +15,7 @@
 #include <QTextDocumentFragment>
 #include <QUrl>
 #include <csignal>
+#include <gmock/gmock.h>
 
 namespace TestDialog {
 namespace {
@@ -200,7 +201,7 @@ TEST(Strip, GoesByFramesWhateverTheirRate) {
     Dialog::RangeStrip strip;
     for (const boost::rational<long long>& rate : {boost::rational<long long>(30000, 1001), {60}, {120}, {24}}) {
         strip.setTimeline(KTime(10'007), rate, {});
-        strip.setRange({KTime(0), KTime(10'007)}, true);
+        strip.setRange({KTime(0), KTime(10'007)}, Dialog::RangeStrip::Grip::Anywhere);
         const auto at = [&rate](int frame) { return ExportCore::TimePoint::ofFrames(frame).at(rate); };
         for (int frame = 1; frame <= 50; ++frame) {
             QTest::keyClick(&strip, Qt::Key_Right);
@@ -275,15 +276,46 @@ TEST_F(Window, ShowsThumbnailsOfTheSource) {
     }));
 }
 
+TEST_F(Window, TakesAPartAsSoonAsAnEndIsMoved) {
+    show();
+    auto& strip = find<Dialog::RangeStrip>("strip");
+    EXPECT_EQ(strip.focusPolicy(), Qt::NoFocus) << "there is nothing to move";
+    openClip();
+    const auto drag = [&strip](int x) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(x, 10), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&strip, &event);
+    };
+    const int middle = strip.width() / 2;
+    QTest::mousePress(&strip, Qt::LeftButton, {}, {middle, 10});
+    drag(middle + 10);
+    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle + 10, 10});
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "no end was grabbed";
+    const QPoint end(strip.width() - 3, 10);
+    QTest::mousePress(&strip, Qt::LeftButton, {}, end);
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "it was not moved";
+    drag(middle);
+    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle, 10});
+    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
+    EXPECT_EQ(find<QLineEdit>("inEdit").text(), QString());
+    EXPECT_THAT(find<QLineEdit>("outEdit").text().toStdString(),
+                testing::AnyOf(testing::StartsWith("00:00:00.99"), testing::StartsWith("00:00:01.00")));
+    pressButton('w', "wholeButton");
+    strip.setFocus();
+    key(Qt::Key_Up);
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked());
+    key(Qt::Key_Right);
+    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
+    EXPECT_EQ(find<QLineEdit>("inEdit").text(), text("00:00:00.040"));
+}
+
 TEST_F(Window, MovesTheEndsOfTheRangeByKeysAndMouse) {
     show();
     openClip();
     auto& strip = find<Dialog::RangeStrip>("strip");
     auto& in = find<QLineEdit>("inEdit");
     auto& out = find<QLineEdit>("outEdit");
-    EXPECT_EQ(strip.focusPolicy(), Qt::NoFocus) << "there is nothing to move";
-    pressButton('a', "cutButton");
     EXPECT_EQ(strip.focusPolicy(), Qt::StrongFocus);
+    pressButton('a', "cutButton");
     strip.setFocus();
     key(Qt::Key_Right);
     key(Qt::Key_Right);

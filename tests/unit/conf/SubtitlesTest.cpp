@@ -17,6 +17,7 @@ Subtitles told() {
     Subtitles track;
     track.language = "deu";
     track.title = "Untertitel, für alle";
+    track.isDefault = true;
     track.forced = true;
     track.header = "[Script Info]\n";
     track.cues = {{0, 2 * SECOND, event("one, with\na line and a 0 12\n")}, {SECOND, 4 * SECOND, event("two")}};

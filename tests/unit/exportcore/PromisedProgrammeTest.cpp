@@ -141,6 +141,18 @@ TEST_F(Promise, IsBrokenWhereSubtitlesAreForcedOrNotInsteadOfTheOther) {
     EXPECT_EQ(promised.faultOf(file), "its subtitles are told to be forced");
 }
 
+TEST_F(Promise, IsBrokenWhereSubtitlesAreMarkedOrNotInsteadOfTheOtherInFilesThatTell) {
+    promised.programme.subtitles[0].isDefault = true;
+    promised.container = "mp4";
+    EXPECT_EQ(promised.faultOf(file), "");
+    promised.container = "mkv";
+    EXPECT_EQ(promised.faultOf(file), "its subtitles are not marked as shown by default");
+    file.streams[1].isDefault = true;
+    EXPECT_EQ(promised.faultOf(file), "");
+    promised.programme.subtitles[0].isDefault = false;
+    EXPECT_EQ(promised.faultOf(file), "its subtitles are marked as shown by default");
+}
+
 TEST_F(Promise, OfChaptersThatBeginLaterHasOneInFrontWhereTheyKnowLengthsOnly) {
     promised.programme.chapters = {{TIME_BASE, 4 * TIME_BASE, "Two"}};
     for (const char* container : {"mkv", "webm", "mp3", "opus"}) {

@@ -51,7 +51,8 @@ Worst worstOf(RunForecast& forecast, const std::vector<Pass>& passes) {
             const auto percent = static_cast<int>((100.0 * static_cast<double>(index) + std::floor(part * 100)) /
                                                   static_cast<double>(passes.size()));
             const auto now = static_cast<qint64>(begun + time);
-            forecast.advance(percent, guessOf(part, time, index + 1 == passes.size(), passes.size()), now);
+            const qint64 guess = guessOf(part, time, index + 1 == passes.size(), passes.size());
+            forecast.advance({percent, guess}, now);
             const double gone = begun + time, left = all - gone;
             if (gone < all / 10 || left < all / 20)
                 continue;
@@ -82,6 +83,114 @@ TEST(Forecast, IsNotMisledByAnEncoderThatLooksAheadForSeconds) {
     expectWithinThirtyPercent(RunForecast({2, 1000, 2}), {{40'000, 3000, 1}, {80'000, 6000, 1}});
 }
 
+/// A pass of an encoder that holds pictures back: it takes the first of them in, then one for each that it gives, and
+/// at the end gives what it has.
+struct HoldingPass {
+    int frames = 0;
+    int held = 0;
+    double opening = 0; ///< milliseconds, once
+    double reading = 0; ///< of a picture
+    double encoding = 0;
+
+    double length() const { return opening + frames * (reading + encoding); }
+    int read(double time) const {
+        const double filled = std::max(0.0, time - opening) / reading;
+        const double after = held + (time - opening - held * reading) / (reading + encoding);
+        return std::clamp(static_cast<int>(std::min(filled, std::max<double>(held, after))), 0, frames);
+    }
+    int given(double time) const {
+        const double allRead = opening + frames * reading + (frames - held) * encoding;
+        if (time > allRead)
+            return std::min(frames, frames - held + static_cast<int>((time - allRead) / encoding));
+        return std::max(0, read(time) - held);
+    }
+};
+
+Worst worstOfHolding(RunForecast& forecast, const std::vector<HoldingPass>& passes) {
+    constexpr double INTERVAL = 110;
+    const double count = static_cast<double>(passes.size());
+    double all = 0, begun = 0;
+    for (const HoldingPass& pass : passes)
+        all += pass.length();
+    Worst worst;
+    for (std::size_t index = 0; index < passes.size(); ++index) {
+        const HoldingPass& pass = passes[index];
+        forecast.beginPass(static_cast<qint64>(begun));
+        for (double time = INTERVAL; time < pass.length(); time += INTERVAL) {
+            const int given = pass.given(time);
+            const int percent =
+                static_cast<int>((100.0 * static_cast<double>(index) + given * 100 / pass.frames) / count);
+            const auto now = static_cast<qint64>(begun + time);
+            if (given > 0)
+                forecast.advance({percent, -1, static_cast<double>(pass.read(time)) / pass.frames}, now);
+            const double gone = begun + time, left = all - gone;
+            if (gone < all / 10 || left < all / 10)
+                continue;
+            const qint64 told = forecast.remaining(now);
+            worst.unknown += told < 0 ? 1 : 0;
+            const double error = std::abs(static_cast<double>(told) - left) / left;
+            if (told >= 0 && error > worst.error)
+                worst = {error, gone / all, worst.unknown};
+        }
+        begun += pass.length();
+    }
+    return worst;
+}
+
+TEST(Forecast, KnowsByWhatWasReadHowFastAnEncoderIsThatHoldsPicturesBack) {
+    for (const int frames : {600, 6000})
+        for (const double encoding : {5.0, 15.0, 50.0}) {
+            RunForecast forecast({1, frames, 1});
+            const Worst worst = worstOfHolding(forecast, {{frames, 48, 300, 10, encoding}});
+            EXPECT_LE(worst.error, 0.3) << "at " << worst.at << " of " << frames << " pictures of " << encoding
+                                        << " ms";
+            EXPECT_EQ(worst.unknown, 0);
+        }
+}
+
+TEST(Forecast, KnowsFromTheFirstPassWhatWillBeDear) {
+    RunForecast forecast({2, 1000, 2});
+    forecast.beginPass(0);
+    qint64 now = 0;
+    for (int percent = 1; percent <= 50; ++percent) // of the run; the second half of a pass takes nine times as long
+        forecast.advance({percent}, now += percent <= 25 ? 100 : 900);
+    forecast.beginPass(now);
+    for (int percent = 51; percent <= 75; ++percent)
+        forecast.advance({percent}, now += 300);
+    EXPECT_NEAR(static_cast<double>(forecast.remaining(now)), 25 * 2700, 2000) << "three times the first pass";
+    for (int percent = 76; percent <= 90; ++percent)
+        forecast.advance({percent}, now += 2700);
+    EXPECT_NEAR(static_cast<double>(forecast.remaining(now)), 10 * 2700, 2000);
+}
+
+TEST(Forecast, TellsHowFarThePassHasCome) {
+    RunForecast forecast({2, 1000, 1});
+    forecast.beginPass(0);
+    EXPECT_EQ(forecast.part(), 0);
+    forecast.advance({0, -1, 0.10}, 100);
+    forecast.advance({0, -1, 0.105}, 200);
+    EXPECT_NEAR(forecast.part(), 0.005, 1e-9) << "a tenth is held back";
+    forecast.advance({25, -1, 0.6}, 300);
+    EXPECT_NEAR(forecast.part(), 0.5, 1e-9);
+    forecast.beginPass(400);
+    EXPECT_EQ(forecast.part(), 0);
+}
+
+TEST(Forecast, BeginsEveryPassAnew) {
+    RunForecast forecast({2, 600, 2.5});
+    const Worst worst = worstOfHolding(forecast, {{600, 48, 200, 10, 10}, {600, 48, 200, 10, 40}});
+    EXPECT_LE(worst.error, 0.3) << "at " << worst.at;
+    EXPECT_EQ(worst.unknown, 0);
+}
+
+TEST(Forecast, TakesPercentsForTrueWhereWhatWasReadSaysOtherwise) {
+    RunForecast forecast({1, 1000, 1});
+    forecast.beginPass(0);
+    for (int percent = 0; percent <= 50; ++percent) // all was read at once
+        forecast.advance({percent, -1, 1.0}, percent * 100);
+    EXPECT_NEAR(static_cast<double>(forecast.remaining(5000)), 5000, 150);
+}
+
 TEST(Forecast, CountsBothPassesWhateverTheyTake) {
     for (const double ratio : {0.8, 1.0, 2.0, 4.0})
         for (const double seconds : {10, 100, 5000})
@@ -92,11 +201,11 @@ TEST(Forecast, CountsBothPassesWhateverTheyTake) {
 TEST(Forecast, OfALaterPassComesToGoByItsOwnPace) {
     RunForecast forecast({2, 1000, 2});
     forecast.beginPass(0);
-    forecast.advance(50, 0, 10'000);
+    forecast.advance({50, 0}, 10'000);
     forecast.beginPass(10'000);
     EXPECT_EQ(forecast.remaining(10'000), 20'000) << "what is expected";
     for (int percent = 51; percent <= 75; ++percent)
-        forecast.advance(percent, -1, 10'000 + (percent - 50) * 1000);
+        forecast.advance({percent, -1}, 10'000 + (percent - 50) * 1000);
     EXPECT_NEAR(static_cast<double>(forecast.remaining(35'000)), 25'000, 100) << "it takes five times as long";
 }
 
@@ -111,15 +220,15 @@ TEST(Forecast, ForgetsWhatTheBeginningWasLike) {
     forecast.beginPass(0);
     qint64 now = 0;
     for (int percent = 1; percent <= 90; ++percent)
-        forecast.advance(percent, -1, now += percent <= 30 ? 100 : 1000);
+        forecast.advance({percent, -1}, now += percent <= 30 ? 100 : 1000);
     EXPECT_NEAR(static_cast<double>(forecast.remaining(now)), 10'000, 500);
 }
 
 TEST(Forecast, CountsDownBetweenTwoPercents) {
     RunForecast forecast({1, 100, 1});
     forecast.beginPass(0);
-    forecast.advance(10, -1, 1000);
-    forecast.advance(20, -1, 2000);
+    forecast.advance({10, -1}, 1000);
+    forecast.advance({20, -1}, 2000);
     EXPECT_EQ(forecast.remaining(2000), 8000);
     EXPECT_EQ(forecast.remaining(2500), 7500);
     EXPECT_EQ(forecast.remaining(99'000), 0);
@@ -129,8 +238,8 @@ TEST(Forecast, TellsFramesASecondOfThePassThatRuns) {
     RunForecast forecast({2, 1000, 1});
     EXPECT_EQ(forecast.framesPerSecond(), 0);
     forecast.beginPass(0);
-    forecast.advance(5, -1, 1000);
-    forecast.advance(10, -1, 2000);
+    forecast.advance({5, -1}, 1000);
+    forecast.advance({10, -1}, 2000);
     EXPECT_NEAR(forecast.framesPerSecond(), 100, 0.01) << "a tenth of a pass in a second";
     EXPECT_EQ(forecast.pass(), 1);
 }
@@ -138,11 +247,11 @@ TEST(Forecast, TellsFramesASecondOfThePassThatRuns) {
 TEST(Forecast, IsUnknownWhileNothingHasCome) {
     RunForecast forecast({2, 1000, 1});
     EXPECT_EQ(forecast.remaining(100), -1);
-    forecast.advance(10, -1, 100);
+    forecast.advance({10, -1}, 100);
     EXPECT_EQ(forecast.remaining(100), -1) << "no pass has begun";
     forecast.beginPass(200);
     EXPECT_EQ(forecast.remaining(300), -1);
-    forecast.advance(0, -1, 400);
+    forecast.advance({0, -1}, 400);
     EXPECT_EQ(forecast.remaining(400), -1);
 }
 

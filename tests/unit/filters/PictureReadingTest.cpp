@@ -116,6 +116,23 @@ TEST_F(Tapped, KeepsTheNextPictureThatIsWantedAndNoOther) {
     EXPECT_EQ(numberOf(box->Take()), 2);
 }
 
+TEST_F(Tapped, TellsHowFarItHasBeenRead) {
+    EXPECT_EQ(box->Reached(), 0);
+    const auto first = tap->ReadVideo();
+    EXPECT_EQ(box->Reached(), first->GetTime() + first->GetDuration());
+    boost::intrusive_ptr<Proc::IDataVideo> last;
+    while (const auto picture = tap->ReadVideo())
+        last = picture;
+    EXPECT_EQ(box->Reached(), last->GetTime() + last->GetDuration()) << "the end of the stream is no picture";
+}
+
+TEST_F(Tapped, KeepsNothingBeforeAnybodyLooks) {
+    tap->ReadVideo();
+    EXPECT_FALSE(box->Take());
+    tap->ReadVideo();
+    EXPECT_EQ(numberOf(box->Take()), 1);
+}
+
 TEST_F(Tapped, NeedsASourceAndABox) {
     EXPECT_THROW(Proc::PictureTap(nullptr, box), std::invalid_argument);
     EXPECT_THROW(Proc::PictureTap(new Fakes::FakeStreamVideo(1), nullptr), std::invalid_argument);

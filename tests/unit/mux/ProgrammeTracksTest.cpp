@@ -222,6 +222,17 @@ TEST_F(ProgrammeSubtitles, AreForcedInEachContainer) {
     }
 }
 
+TEST_F(ProgrammeSubtitles, AreMarkedAsShownByDefaultWhereTheyAre) {
+    for (const char* container : {"mp4", "mov", "mkv", "webm"}) {
+        ProgrammeInfo told;
+        told.subtitles = {words(), words()};
+        told.subtitles[1].isDefault = true;
+        write(container, told, true);
+        EXPECT_FALSE(checked.streams.at(2).isDefault) << container;
+        EXPECT_TRUE(checked.streams.at(3).isDefault) << container;
+    }
+}
+
 TEST_F(ProgrammeCover, StandsInFilesWithoutPicturesThatHaveAPlaceForIt) {
     ProgrammeInfo told;
     // The smallest picture that there is.

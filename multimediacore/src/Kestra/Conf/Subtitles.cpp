@@ -13,6 +13,7 @@ namespace {
 
 constexpr const char* TAG_LANGUAGE = "language";
 constexpr const char* TAG_TITLE = "title";
+constexpr const char* TAG_DEFAULT = "default";
 constexpr const char* TAG_FORCED = "forced";
 constexpr const char* TAG_STYLED = "styled";
 constexpr const char* TAG_HEADER = "header";
@@ -155,6 +156,7 @@ Subtitles Subtitles::OneAtATime() const {
 void Subtitles::TellIn(Core::Property& node) const {
     node.SetChild(TAG_LANGUAGE, language);
     node.SetChild(TAG_TITLE, title);
+    node.SetChild(TAG_DEFAULT, isDefault);
     node.SetChild(TAG_FORCED, forced);
     node.SetChild(TAG_STYLED, styled);
     node.SetChild(TAG_HEADER, header);
@@ -165,6 +167,7 @@ Subtitles Subtitles::Of(const Core::Property& node) {
     Subtitles told;
     told.language = node[TAG_LANGUAGE].GetString();
     told.title = node[TAG_TITLE].GetString();
+    told.isDefault = node[TAG_DEFAULT].GetBool();
     told.forced = node[TAG_FORCED].GetBool();
     told.styled = node[TAG_STYLED].GetBool();
     told.header = node[TAG_HEADER].GetString();

@@ -30,10 +30,11 @@ struct KESTRA_EXPORT Subtitles {
 
     std::string language; ///< as its file tells it; empty where it does not
     std::string title;
-    bool forced = false;   ///< shown also to those who want none
-    bool styled = false;   ///< the styles are a part of the work, not merely how a reader makes up plain text
-    std::string header;    ///< the script before its events: what it is, styles
-    std::vector<Cue> cues; ///< by their starts
+    bool isDefault = false; ///< shown to those who choose nothing
+    bool forced = false;    ///< shown also to those who want none
+    bool styled = false;    ///< the styles are a part of the work, not merely how a reader makes up plain text
+    std::string header;     ///< the script before its events: what it is, styles
+    std::vector<Cue> cues;  ///< by their starts
 
     /// What is shown from `start` to `end`, whose time begins at 0.
     Subtitles Part(std::int64_t start, std::int64_t end) const;
@@ -52,8 +53,8 @@ struct KESTRA_EXPORT Subtitles {
     static Subtitles Of(const Core::Property& node);
 
     friend bool operator==(const Subtitles& a, const Subtitles& b) {
-        return a.language == b.language && a.title == b.title && a.forced == b.forced && a.styled == b.styled &&
-               a.header == b.header && a.cues == b.cues;
+        return a.language == b.language && a.title == b.title && a.isDefault == b.isDefault && a.forced == b.forced &&
+               a.styled == b.styled && a.header == b.header && a.cues == b.cues;
     }
 };
 

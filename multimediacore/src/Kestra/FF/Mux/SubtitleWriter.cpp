@@ -116,6 +116,7 @@ SubtitleWriter::SubtitleWriter(AVFormatContext& context, Subtitles told, const C
     Check(avcodec_parameters_from_context(stream.codecpar, encoder.get()), TranscodingError::MuxerRefused, "subtitles");
     stream.codecpar->codec_tag = 0;
     stream.time_base = MILLISECONDS;
+    stream.disposition = subtitles.isDefault ? AV_DISPOSITION_DEFAULT : 0;
     if (subtitles.forced)
         MarkForced(stream, container);
     SetTag(stream, "language", ClientAPI::ContainerLimits::LanguageIn(container.id, subtitles.language));

@@ -71,6 +71,12 @@ bool HasBox(const std::string& packet, const char* name) {
     return false;
 }
 
+/// In others such a mark only says that the track is not switched off, and the first one has it always.
+bool IsShownByDefault(const AVStream& stream, const Demuxer& demuxer) {
+    return std::strcmp(demuxer.GetFormatName(), "matroska,webm") == 0 &&
+           (stream.disposition & AV_DISPOSITION_DEFAULT) != 0;
+}
+
 } // namespace
 
 SubtitleReader::SubtitleReader(const ioPath& path, const TrackDetails& details, const std::vector<int>& wanted,
@@ -101,6 +107,7 @@ void SubtitleReader::OpenTrack(int index) {
     Check(avcodec_open2(track.decoder.get(), codec, nullptr), TranscodingError::SourceUnreadable, "subtitles");
     track.read.language = LanguageOf(*stream);
     track.read.title = TagOf(stream->metadata, "title");
+    track.read.isDefault = IsShownByDefault(*stream, demuxer);
     track.read.forced = IsForced(*stream);
     track.read.styled = IsStyled(stream->codecpar->codec_id);
     if (track.decoder->subtitle_header && track.decoder->subtitle_header_size > 0)

@@ -13,10 +13,15 @@ boost::intrusive_ptr<IDataVideo> PictureBox::Take() {
 
 // One at a time: a picture that nobody takes is not replaced, so a stream that is not watched shares nothing.
 void PictureBox::Put(const IDataVideo& picture) {
+    reached = picture.GetTime() + picture.GetDuration();
     const std::lock_guard<std::mutex> lock(mutex);
     if (!std::exchange(wanted, false))
         return;
     held = picture.Share();
+}
+
+std::int64_t PictureBox::Reached() const {
+    return reached;
 }
 
 PictureTap::PictureTap(const boost::intrusive_ptr<IStreamVideo>& source, std::shared_ptr<PictureBox> box)

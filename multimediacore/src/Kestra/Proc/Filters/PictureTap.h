@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Kestra/Proc/Filters/VideoFilterBase.h"
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -15,11 +16,14 @@ public:
     boost::intrusive_ptr<IDataVideo> Take();
     /// Keeps a share of the picture, which its owner may go on with; nothing where none is wanted.
     void Put(const IDataVideo& picture);
+    /// Where the picture that was put in last ends, in engine time of its stream; 0 before the first one.
+    std::int64_t Reached() const;
 
 private:
     std::mutex mutex;
     boost::intrusive_ptr<IDataVideo> held;
-    bool wanted = true;
+    bool wanted = false;
+    std::atomic<std::int64_t> reached{0};
 };
 
 /// Passes pictures as they are, and puts them into the box.
