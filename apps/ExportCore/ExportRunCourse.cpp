@@ -18,6 +18,7 @@
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
 #include <algorithm>
+#include <boost/rational.hpp>
 #include <cmath>
 
 namespace ExportCore {

@@ -20,7 +20,7 @@ Costs costsOf(Kestra::Conf::CodecID codec) {
     case CodecID::H264:
         return {2, 4.3, 1.3};
     case CodecID::HEVC:
-        return {8.2, 6.5, 1.2}; // its first pass looks nearly as closely, and starts from nothing
+        return {8.2, 6.5, 1.2}; // its first pass looks as closely
     case CodecID::VP9:
         return {14, 108, 2};
     case CodecID::MPEG4:

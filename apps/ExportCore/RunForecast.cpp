@@ -110,8 +110,8 @@ double RunForecast::inFirstPass(double part) const {
 }
 
 /// Before its first packet an encoder takes in the pictures that it holds back. When all has been read, nothing is
-/// decoded and looked at any more beside what it encodes, so the last packets come faster than those before. The half
-/// of that time is what benchmarks show; the rest of it is files and codecs being opened.
+/// decoded and looked at any more beside what it encodes, so the last packets come faster than those before: by about
+/// half of that time, as benchmarks show.
 double RunForecast::sparedAtTheEnd() const {
     if (heldBack <= 0)
         return 0;

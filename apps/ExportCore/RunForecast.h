@@ -46,11 +46,12 @@ private:
         double time;
     };
 
-    double partOf(const Sight& sight, qint64 now);
     struct Stretch {
         Mark begin{0, 0};
         Mark end{0, 0};
     };
+
+    double partOf(const Sight& sight, qint64 now);
     /// What tells the pace as it has been of late; empty when nothing does.
     Stretch latest() const;
     /// Milliseconds from its start to that part of the first pass, which is over.

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window while something hangs: it answers all the same.
 #include "EditorSettings/Settings.h"
-#include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/ICodecFactory.h"
-#include "Kestra/Proc/IMuxerFactory.h"
 #include "WindowFixture.h"
-#include "fakes/kestra/FakeFactories.h"
+#include "fakes/kestra/FakeEngineParts.h"
 #include "support/LoopWatch.h"
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -18,11 +15,8 @@
 namespace TestDialog {
 namespace {
 
-using Kestra::Core::CoreManager;
-using Kestra::Fakes::FakeCodecFactory;
-using Kestra::Fakes::FakeMuxerFactory;
+using Kestra::Fakes::FakeEngineParts;
 using Kestra::Fakes::Gate;
-using Kestra::Fakes::Script;
 using TestSupport::LoopWatch;
 using namespace std::chrono_literals;
 
@@ -115,18 +109,12 @@ TEST_F(BusyDisk, IsLeftByAWindowThatGoes) {
 class HungEngine : public WindowTest {
 protected:
     HungEngine() {
-        for (const auto& script : {encoders, muxers})
+        for (const auto& script : {engine.encoders, engine.muxing})
             script->At("Prepare", [gate = gate] { gate->Pass(); });
-        codecFactory->UseEncoderScript(encoders);
-        muxerFactory->UseMuxerScript(muxers);
-        CoreManager::Instance().SetCodecFactory(codecFactory);
-        CoreManager::Instance().SetMuxerFactory(muxerFactory);
     }
     ~HungEngine() override {
         gate->Open();
         window.reset();
-        CoreManager::Instance().SetMuxerFactory(nullptr);
-        CoreManager::Instance().SetCodecFactory(nullptr);
     }
 
     void startAndHang() {
@@ -144,10 +132,7 @@ protected:
     }
 
     const std::shared_ptr<Gate> gate = std::make_shared<Gate>();
-    const std::shared_ptr<Script> encoders = std::make_shared<Script>();
-    const std::shared_ptr<Script> muxers = std::make_shared<Script>();
-    const std::shared_ptr<FakeCodecFactory> codecFactory = std::make_shared<FakeCodecFactory>();
-    const std::shared_ptr<FakeMuxerFactory> muxerFactory = std::make_shared<FakeMuxerFactory>();
+    const FakeEngineParts engine;
 };
 
 TEST_F(HungEngine, KeepsTheWindowAliveWhileItIsStopped) {

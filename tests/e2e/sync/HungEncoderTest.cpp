@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the event loop does while an encoder, or the writing, hangs in a call that nothing interrupts.
-#include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/ICodecFactory.h"
-#include "Kestra/Proc/IMuxerFactory.h"
 #include "WatchedJob.h"
-#include "fakes/kestra/FakeFactories.h"
+#include "fakes/kestra/FakeEngineParts.h"
 #include "support/LoopWatch.h"
 #include <algorithm>
 #include <gtest/gtest.h>
 
-using Kestra::Core::CoreManager;
-using Kestra::Fakes::FakeCodecFactory;
-using Kestra::Fakes::FakeMuxerFactory;
+using Kestra::Fakes::FakeEngineParts;
 using Kestra::Fakes::Gate;
-using Kestra::Fakes::Script;
 using Kestra::Proc::TranscodingError;
 using TestSupport::LoopWatch;
 using TestSupport::waitUntil;
@@ -36,18 +30,12 @@ class HungEncoder : public ::testing::TestWithParam<Hang>, protected TestExport:
 protected:
     HungEncoder() {
         TestMedia::makeFlashBeep(media / "clip.mov", {});
-        for (const auto& script : {encoders, muxers})
+        for (const auto& script : {engine.encoders, engine.muxing})
             script->At(GetParam().at, [gate = gate] { gate->Pass(); });
-        codecFactory->UseEncoderScript(encoders);
-        muxerFactory->UseMuxerScript(muxers);
-        CoreManager::Instance().SetCodecFactory(codecFactory);
-        CoreManager::Instance().SetMuxerFactory(muxerFactory);
     }
     ~HungEncoder() override {
         gate->Open();
         job.reset();
-        CoreManager::Instance().SetMuxerFactory(nullptr);
-        CoreManager::Instance().SetCodecFactory(nullptr);
     }
 
     void start(const ExportCore::WatchdogLimits& limits) {
@@ -67,10 +55,7 @@ protected:
 
     const TestMedia::Folder media;
     const std::shared_ptr<Gate> gate = std::make_shared<Gate>();
-    const std::shared_ptr<Script> encoders = std::make_shared<Script>();
-    const std::shared_ptr<Script> muxers = std::make_shared<Script>();
-    const std::shared_ptr<FakeCodecFactory> codecFactory = std::make_shared<FakeCodecFactory>();
-    const std::shared_ptr<FakeMuxerFactory> muxerFactory = std::make_shared<FakeMuxerFactory>();
+    const FakeEngineParts engine;
 };
 
 TEST_P(HungEncoder, KeepsNoEventWaitingAfterAStop) {

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an export when the engine hangs or fails from one pass to the next.
-#include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/ICodecFactory.h"
-#include "Kestra/Proc/IMuxerFactory.h"
 #include "WatchedJob.h"
-#include "fakes/kestra/FakeFactories.h"
+#include "fakes/kestra/FakeEngineParts.h"
 #include <atomic>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
 using ExportCore::ExportOutcome;
-using Kestra::Core::CoreManager;
-using Kestra::Fakes::FakeCodecFactory;
-using Kestra::Fakes::FakeMuxerFactory;
+using Kestra::Fakes::FakeEngineParts;
 using Kestra::Fakes::Gate;
-using Kestra::Fakes::Script;
 using Kestra::Proc::TranscodingError;
 using TestSupport::waitUntil;
 using Status = ExportOutcome::Status;
@@ -25,17 +19,10 @@ namespace {
 /// The encoders' calls happen on the engine's threads, the factories' on this one.
 class BetweenPasses : public ::testing::Test, protected TestExport::WatchedJob {
 protected:
-    BetweenPasses() {
-        TestMedia::makeFlashBeep(media / "clip.mov", {});
-        codecs->UseEncoderScript(encoders);
-        CoreManager::Instance().SetCodecFactory(codecs);
-        CoreManager::Instance().SetMuxerFactory(muxers);
-    }
+    BetweenPasses() { TestMedia::makeFlashBeep(media / "clip.mov", {}); }
     ~BetweenPasses() override {
         gate.Open();
         job.reset();
-        CoreManager::Instance().SetCodecFactory(nullptr);
-        CoreManager::Instance().SetMuxerFactory(nullptr);
     }
 
     void start(const ExportCore::WatchdogLimits& limits) {
@@ -54,16 +41,14 @@ protected:
     }
     /// In the second pass three encoders have been made: video, and then video and audio.
     void atSecondPrepare(const std::function<void()>& action) {
-        encoders->At("Prepare", [this, action] {
+        engine.encoders->At("Prepare", [this, action] {
             if (++prepared == 2)
                 action();
         });
     }
 
     const TestMedia::Folder media;
-    const std::shared_ptr<Script> encoders = std::make_shared<Script>();
-    const std::shared_ptr<FakeCodecFactory> codecs = std::make_shared<FakeCodecFactory>();
-    const std::shared_ptr<FakeMuxerFactory> muxers = std::make_shared<FakeMuxerFactory>();
+    const FakeEngineParts engine;
     std::atomic<int> prepared{0};
     Gate gate;
 };
@@ -72,7 +57,7 @@ TEST_F(BetweenPasses, AnEncoderThatHangsBeforeTheSecondPassBeginsIsAStall) {
     atSecondPrepare([this] { gate.Pass(); });
     start({1h, 500ms, 1h});
     ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(codecs->GetMade().size(), 3U);
+    EXPECT_EQ(engine.codecs->GetMade().size(), 3U);
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetCode(), TranscodingError::Stalled);
     EXPECT_NE(outcome.error.GetDescription().find("no progress"), std::string::npos) << outcome.error.GetDescription();
@@ -92,7 +77,7 @@ TEST_F(BetweenPasses, AStopWhileTheSecondPassPreparesIsAStop) {
 
 TEST_F(BetweenPasses, AnEncoderThatCannotBeMadeForTheSecondPassFailsTheRun) {
     int made = 0;
-    codecs->GetScript().At("CreateVideoEncoder", [&] {
+    engine.codecs->GetScript().At("CreateVideoEncoder", [&] {
         if (++made == 2)
             throw std::runtime_error("no second encoder");
     });
@@ -104,7 +89,7 @@ TEST_F(BetweenPasses, AnEncoderThatCannotBeMadeForTheSecondPassFailsTheRun) {
 }
 
 TEST_F(BetweenPasses, AMuxerThatCannotBeMadeForTheSecondPassFailsTheRun) {
-    muxers->GetScript().ThrowAt("CreateMuxer", std::make_exception_ptr(std::runtime_error("no muxer")));
+    engine.muxers->GetScript().ThrowAt("CreateMuxer", std::make_exception_ptr(std::runtime_error("no muxer")));
     start({});
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(outcome.status, Status::Failed);
@@ -113,12 +98,12 @@ TEST_F(BetweenPasses, AMuxerThatCannotBeMadeForTheSecondPassFailsTheRun) {
 }
 
 TEST_F(BetweenPasses, AnEncoderThatFailsInTheFirstPassEndsTheRunThere) {
-    encoders->ThrowAt("ReadRaw 5", std::make_exception_ptr(std::runtime_error("the first pass broke")));
+    engine.encoders->ThrowAt("ReadRaw 5", std::make_exception_ptr(std::runtime_error("the first pass broke")));
     start({});
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(outcome.status, Status::Failed);
     EXPECT_EQ(outcome.error.GetDescription(), "the first pass broke");
-    EXPECT_EQ(codecs->GetMade().size(), 1U);
+    EXPECT_EQ(engine.codecs->GetMade().size(), 1U);
     expectUntouched();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <optional>
 
 using ExportCore::RunForecast;
 
@@ -37,24 +38,68 @@ struct Worst {
     int unknown = 0;  ///< times that nothing was told
 };
 
-/// From a tenth of the run on, until a twentieth of it is left.
-Worst worstOf(RunForecast& forecast, const std::vector<Pass>& passes) {
+/// A pass of an encoder that holds pictures back: it takes the first of them in, then one for each that it gives, and
+/// at the end gives what it has.
+struct HoldingPass {
+    int frames = 0;
+    int held = 0;
+    double opening = 0; ///< milliseconds, once
+    double reading = 0; ///< of a picture
+    double encoding = 0;
+
+    int read(double time) const {
+        const double filled = std::max(0.0, time - opening) / reading;
+        const double after = held + (time - opening - held * reading) / (reading + encoding);
+        return std::clamp(static_cast<int>(std::min(filled, std::max<double>(held, after))), 0, frames);
+    }
+    int given(double time) const {
+        const double allRead = opening + frames * reading + (frames - held) * encoding;
+        if (time > allRead)
+            return std::min(frames, frames - held + static_cast<int>((time - allRead) / encoding));
+        return std::max(0, read(time) - held);
+    }
+};
+
+double lengthOf(const Pass& pass) {
+    return pass.length;
+}
+double lengthOf(const HoldingPass& pass) {
+    return pass.opening + pass.frames * (pass.reading + pass.encoding);
+}
+
+/// What is seen of a pass at a time from its start, nothing where nothing came.
+std::optional<RunForecast::Sight> sightOf(const Pass& pass, double time, std::size_t index, std::size_t passes) {
+    const double part = partAt(pass, time);
+    const double percent = (100.0 * static_cast<double>(index) + std::floor(part * 100)) / static_cast<double>(passes);
+    return RunForecast::Sight{static_cast<int>(percent), guessOf(part, time, index + 1 == passes, passes)};
+}
+
+std::optional<RunForecast::Sight> sightOf(const HoldingPass& pass, double time, std::size_t index, std::size_t passes) {
+    const int given = pass.given(time);
+    if (given == 0)
+        return {};
+    const int whole = given * 100 / pass.frames;
+    const double percent = (100.0 * static_cast<double>(index) + whole) / static_cast<double>(passes);
+    return RunForecast::Sight{static_cast<int>(percent), -1, static_cast<double>(pass.read(time)) / pass.frames};
+}
+
+/// From a tenth of the run on, until that part of it is left.
+template <class AnyPass>
+Worst worstOf(RunForecast& forecast, const std::vector<AnyPass>& passes, double until) {
     constexpr double INTERVAL = 100;
     double all = 0, begun = 0;
-    for (const Pass& pass : passes)
-        all += pass.length;
+    for (const AnyPass& pass : passes)
+        all += lengthOf(pass);
     Worst worst;
     for (std::size_t index = 0; index < passes.size(); ++index) {
+        const double length = lengthOf(passes[index]);
         forecast.beginPass(static_cast<qint64>(begun));
-        for (double time = INTERVAL; time < passes[index].length; time += INTERVAL) {
-            const double part = partAt(passes[index], time);
-            const auto percent = static_cast<int>((100.0 * static_cast<double>(index) + std::floor(part * 100)) /
-                                                  static_cast<double>(passes.size()));
+        for (double time = INTERVAL; time < length; time += INTERVAL) {
             const auto now = static_cast<qint64>(begun + time);
-            const qint64 guess = guessOf(part, time, index + 1 == passes.size(), passes.size());
-            forecast.advance({percent, guess}, now);
+            if (const auto sight = sightOf(passes[index], time, index, passes.size()))
+                forecast.advance(*sight, now);
             const double gone = begun + time, left = all - gone;
-            if (gone < all / 10 || left < all / 20)
+            if (gone < all / 10 || left < all * until)
                 continue;
             const qint64 told = forecast.remaining(now);
             worst.unknown += told < 0 ? 1 : 0;
@@ -62,13 +107,13 @@ Worst worstOf(RunForecast& forecast, const std::vector<Pass>& passes) {
             if (told >= 0 && error > worst.error)
                 worst = {error, gone / all, worst.unknown};
         }
-        begun += passes[index].length;
+        begun += length;
     }
     return worst;
 }
 
 void expectWithinThirtyPercent(RunForecast forecast, const std::vector<Pass>& passes) {
-    const Worst worst = worstOf(forecast, passes);
+    const Worst worst = worstOf(forecast, passes, 0.05);
     EXPECT_LE(worst.error, 0.3) << "at " << worst.at << " of the run";
     EXPECT_EQ(worst.unknown, 0);
 }
@@ -83,65 +128,11 @@ TEST(Forecast, IsNotMisledByAnEncoderThatLooksAheadForSeconds) {
     expectWithinThirtyPercent(RunForecast({2, 1000, 2}), {{40'000, 3000, 1}, {80'000, 6000, 1}});
 }
 
-/// A pass of an encoder that holds pictures back: it takes the first of them in, then one for each that it gives, and
-/// at the end gives what it has.
-struct HoldingPass {
-    int frames = 0;
-    int held = 0;
-    double opening = 0; ///< milliseconds, once
-    double reading = 0; ///< of a picture
-    double encoding = 0;
-
-    double length() const { return opening + frames * (reading + encoding); }
-    int read(double time) const {
-        const double filled = std::max(0.0, time - opening) / reading;
-        const double after = held + (time - opening - held * reading) / (reading + encoding);
-        return std::clamp(static_cast<int>(std::min(filled, std::max<double>(held, after))), 0, frames);
-    }
-    int given(double time) const {
-        const double allRead = opening + frames * reading + (frames - held) * encoding;
-        if (time > allRead)
-            return std::min(frames, frames - held + static_cast<int>((time - allRead) / encoding));
-        return std::max(0, read(time) - held);
-    }
-};
-
-Worst worstOfHolding(RunForecast& forecast, const std::vector<HoldingPass>& passes) {
-    constexpr double INTERVAL = 110;
-    const double count = static_cast<double>(passes.size());
-    double all = 0, begun = 0;
-    for (const HoldingPass& pass : passes)
-        all += pass.length();
-    Worst worst;
-    for (std::size_t index = 0; index < passes.size(); ++index) {
-        const HoldingPass& pass = passes[index];
-        forecast.beginPass(static_cast<qint64>(begun));
-        for (double time = INTERVAL; time < pass.length(); time += INTERVAL) {
-            const int given = pass.given(time);
-            const int percent =
-                static_cast<int>((100.0 * static_cast<double>(index) + given * 100 / pass.frames) / count);
-            const auto now = static_cast<qint64>(begun + time);
-            if (given > 0)
-                forecast.advance({percent, -1, static_cast<double>(pass.read(time)) / pass.frames}, now);
-            const double gone = begun + time, left = all - gone;
-            if (gone < all / 10 || left < all / 10)
-                continue;
-            const qint64 told = forecast.remaining(now);
-            worst.unknown += told < 0 ? 1 : 0;
-            const double error = std::abs(static_cast<double>(told) - left) / left;
-            if (told >= 0 && error > worst.error)
-                worst = {error, gone / all, worst.unknown};
-        }
-        begun += pass.length();
-    }
-    return worst;
-}
-
 TEST(Forecast, KnowsByWhatWasReadHowFastAnEncoderIsThatHoldsPicturesBack) {
     for (const int frames : {600, 6000})
         for (const double encoding : {5.0, 15.0, 50.0}) {
             RunForecast forecast({1, frames, 1});
-            const Worst worst = worstOfHolding(forecast, {{frames, 48, 300, 10, encoding}});
+            const Worst worst = worstOf<HoldingPass>(forecast, {{frames, 48, 300, 10, encoding}}, 0.1);
             EXPECT_LE(worst.error, 0.3) << "at " << worst.at << " of " << frames << " pictures of " << encoding
                                         << " ms";
             EXPECT_EQ(worst.unknown, 0);
@@ -178,7 +169,7 @@ TEST(Forecast, TellsHowFarThePassHasCome) {
 
 TEST(Forecast, BeginsEveryPassAnew) {
     RunForecast forecast({2, 600, 2.5});
-    const Worst worst = worstOfHolding(forecast, {{600, 48, 200, 10, 10}, {600, 48, 200, 10, 40}});
+    const Worst worst = worstOf<HoldingPass>(forecast, {{600, 48, 200, 10, 10}, {600, 48, 200, 10, 40}}, 0.1);
     EXPECT_LE(worst.error, 0.3) << "at " << worst.at;
     EXPECT_EQ(worst.unknown, 0);
 }
@@ -211,7 +202,7 @@ TEST(Forecast, OfALaterPassComesToGoByItsOwnPace) {
 
 TEST(Forecast, FollowsMaterialThatBecomesSlower) {
     RunForecast forecast({1, 1000, 1});
-    const Worst worst = worstOf(forecast, {{600'000, 0, 1.15}});
+    const Worst worst = worstOf<Pass>(forecast, {{600'000, 0, 1.15}}, 0.05);
     EXPECT_LE(worst.error, 0.3) << "at " << worst.at;
 }
 
