@@ -32,8 +32,7 @@ public:
     explicit ExportJob(ExportRequest request, QObject* parent = nullptr);
     ~ExportJob() override;
 
-    /// For who wants to see what is being encoded; its pictures are those of the inputs, without an outro. Before
-    /// start().
+    /// For who wants to see what is being encoded; its pictures are those of the inputs, without an outro.
     std::shared_ptr<Kestra::Proc::PictureBox> watchPictures();
     /// Has it call that with the path of what was made, checked and brought to the disk, right before it is put at the
     /// output's place: a file, or the pattern of pictures. On another thread, maybe when nobody waits for the export

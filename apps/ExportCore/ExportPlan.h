@@ -29,7 +29,7 @@ struct ExportPlan {
         int channels = 0;
         std::string language{}; ///< empty where none is told, as the title
         std::string title{};
-        bool isDefault = false; ///< of pictures and sound, where files tell it: players begin with it
+        bool isDefault = false; ///< where files tell it: players begin with it
         bool forced = false;    ///< of subtitles
     };
 

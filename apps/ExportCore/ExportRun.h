@@ -121,6 +121,7 @@ private:
     double partRead() const;
     void noteGrowth(qint64 bytes);
     void concludeTrial(qint64 exportMs);
+    void concludeWholeTrial();
     void onTrialEnded();
 
     void onStarted();
@@ -202,8 +203,11 @@ private:
     std::optional<RunForecast> forecast;
     std::optional<FileGrowth> growth;
     qint64 startedAt = 0; ///< by the clock
-    qint64 writtenBytes = 0;
-    double extrapolatedBytes = 0; ///< of the whole file, by those
+    /// When the file had just grown, and for what part of the pass.
+    struct Written {
+        qint64 bytes = 0;
+        double part = 0;
+    } written;
     ExportOutcome outcome;
     JobState state = JobState::Made;
     /// What ends the run before its file is done, the first cause; none while all is well.

@@ -19,7 +19,6 @@
 #include "Types/Time.h"
 #include <algorithm>
 #include <boost/rational.hpp>
-#include <cmath>
 
 namespace ExportCore {
 
@@ -236,30 +235,29 @@ void ExportRun::onProgress(int percent, KTime remaining) {
 
 /// Of the pictures, in the pass that runs; -1 without any.
 double ExportRun::partRead() const {
-    if (!expected.hasVideo || expected.videoDuration <= 0)
-        return -1;
-    const double part = static_cast<double>(pictureBox->Reached()) / static_cast<double>(expected.videoDuration);
-    return std::clamp(part, 0.0, 1.0);
+    return RunForecast::partRead(pictureBox->Reached(), Types::toAvTime(snappedExportRange().start),
+                                 expected.hasVideo ? expected.videoDuration : 0);
 }
 
 /// A look at the file's size tells what had been written when it had just grown.
 void ExportRun::noteGrowth(qint64 bytes) {
-    if (bytes <= writtenBytes)
+    if (bytes <= written.bytes)
         return;
-    writtenBytes = bytes;
-    const double part = forecast->part();
-    extrapolatedBytes = part > 0 ? static_cast<double>(bytes) / part : 0;
+    written = {bytes, forecast->part()};
 }
 
-/// Of what was tried.
 void ExportRun::concludeTrial(qint64 exportMs) {
-    constexpr qint64 ENOUGH = 1 << 18; // bytes, of which what a file begins with is little
-    ExportPlan& plan = *outcome.plan;
-    plan.exportMs = exportMs;
-    if (plan.estimate.rough && plan.passes == 1 && writtenBytes >= ENOUGH && extrapolatedBytes > 0)
-        plan.estimate.resize(std::llround(extrapolatedBytes));
-    if (!plan.estimate.exact)
+    outcome.plan->exportMs = exportMs;
+    if (outcome.plan->passes == 1)
+        outcome.plan->estimate.learn(written.bytes, written.part);
+    if (!outcome.plan->estimate.exact)
         requireRoom();
+}
+
+/// It came to its end while it was tried, so there was room for it.
+void ExportRun::concludeWholeTrial() {
+    outcome.plan->exportMs = clock.elapsed() - startedAt;
+    outcome.plan->estimate.know(growth->bytesNow());
 }
 
 void ExportRun::onTrialEnded() {

@@ -255,7 +255,7 @@ void ExportRun::goOnFromEngine() {
         setFailure(std::current_exception());
     }
     if (!verdict && request.dryRun) {
-        concludeTrial(clock.elapsed() - startedAt);
+        concludeWholeTrial();
         verdict = ExportOutcome::Status::Planned;
     }
     if (!verdict && checkFile())

@@ -9,6 +9,8 @@
 namespace ExportCore {
 namespace {
 
+constexpr std::chrono::milliseconds AT_ONCE{5}; // as a look at a file takes, unless its folder hangs
+
 qint64 sizeOf(const QByteArray& path) {
     struct stat state = {};
     return ::stat(path.constData(), &state) == 0 ? state.st_size : -1;
@@ -52,11 +54,24 @@ FileGrowth::FileGrowth(const SequenceName& pictures)
 
 qint64 FileGrowth::bytes() {
     constexpr qint64 INTERVAL = 500;
-    constexpr std::chrono::milliseconds JUST_ENDING{100};
-    constexpr std::chrono::milliseconds AT_ONCE{5}; // as a look at a file takes, unless its folder hangs
     const bool isKnown = look->bytes > 0;
-    if (!look->ended || (isKnown && sinceLook.elapsed() < INTERVAL))
-        return look->bytes;
+    if (look->ended && (!isKnown || sinceLook.elapsed() >= INTERVAL))
+        lookAgain(AT_ONCE);
+    return look->bytes;
+}
+
+qint64 FileGrowth::bytesNow() {
+    constexpr std::chrono::milliseconds SOON{20};
+    if (!look->ended)
+        thread.JoinOrLeave(std::chrono::steady_clock::now() + SOON);
+    if (!look->ended)
+        return -1;
+    lookAgain(SOON);
+    return look->ended ? look->bytes.load() : -1;
+}
+
+void FileGrowth::lookAgain(std::chrono::milliseconds patience) {
+    constexpr std::chrono::milliseconds JUST_ENDING{100};
     sinceLook.start();
     thread.JoinOrLeave(std::chrono::steady_clock::now() + JUST_ENDING);
     try {
@@ -66,11 +81,10 @@ qint64 FileGrowth::bytes() {
                 look->bytes = bytes;
             look->ended = true;
         });
-        thread.JoinOrLeave(std::chrono::steady_clock::now() + AT_ONCE);
+        thread.JoinOrLeave(std::chrono::steady_clock::now() + patience);
     } catch (const std::exception&) { // no thread is to be had, or no memory: an export goes on without that number
         look->ended = true;
     }
-    return look->bytes;
 }
 
 } // namespace ExportCore

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -22,6 +23,9 @@ public:
     /// The bytes that were found by the last look that has come to its end, -1 before, and as long as there are none;
     /// begins another one when half a second has gone since, or none were found yet. Returns in some milliseconds.
     qint64 bytes();
+    /// The same of what is complete, by a look that begins now; -1 also where the folder does not answer. Returns in
+    /// some 40 milliseconds at most.
+    qint64 bytesNow();
 
 private:
     struct Look {
@@ -32,6 +36,7 @@ private:
     /// Called by one look at a time; -1 where it cannot tell.
     using Measure = std::function<qint64()>;
     explicit FileGrowth(Measure measure);
+    void lookAgain(std::chrono::milliseconds patience);
 
     const Measure measure;
     const std::shared_ptr<Look> look;

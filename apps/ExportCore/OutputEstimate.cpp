@@ -172,6 +172,20 @@ OutputEstimate OutputEstimate::of(const Export::PresetProvider& provider, const 
     return estimate;
 }
 
+void OutputEstimate::learn(qint64 bytes, double part) {
+    constexpr qint64 ENOUGH = 1 << 18; // bytes, of which what a file begins with is little
+    constexpr double TELLING = 0.2;
+    if (rough && bytes > 0 && part > 0 && (bytes >= ENOUGH || part >= TELLING))
+        resize(std::llround(static_cast<double>(bytes) / part));
+}
+
+void OutputEstimate::know(qint64 bytes) {
+    if (bytes <= 0)
+        return;
+    resize(bytes);
+    rough = false;
+}
+
 void OutputEstimate::resize(qint64 bytes) {
     const double ratio = static_cast<double>(bytes) / static_cast<double>(std::max<qint64>(sizeBytes, 1));
     videoBytes = std::llround(static_cast<double>(videoBytes) * ratio);

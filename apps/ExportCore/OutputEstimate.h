@@ -22,8 +22,11 @@ struct EXPORTCORE_EXPORT OutputEstimate {
     static OutputEstimate of(const Export::PresetProvider& provider, const Media::Video* video,
                              const Media::Audio* audio, KTime duration, int sounds = 1);
 
-    /// Where the material decides and some of it was encoded for trial: of a file of that size, as rough as before.
-    void resize(qint64 bytes);
+    /// Of `part` of the file, from 0 to 1, that was made for trial, where the material decides: what remains is taken
+    /// for the like of it. As rough as before; too little of it says nothing.
+    void learn(qint64 bytes, double part);
+    /// All of it was made, and took so many.
+    void know(qint64 bytes);
 
     KTime duration;
     qint64 frames = 0;     ///< exact; 0 without picture
@@ -35,6 +38,9 @@ struct EXPORTCORE_EXPORT OutputEstimate {
     bool rough = false;
     /// Nothing is compressed: but for what the container tells of itself it is that size.
     bool exact = false;
+
+private:
+    void resize(qint64 bytes);
 };
 
 } // namespace ExportCore

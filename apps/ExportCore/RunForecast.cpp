@@ -13,6 +13,10 @@ constexpr std::size_t MOST_MARKS = 1001;
 
 } // namespace
 
+double RunForecast::partRead(std::int64_t reached, std::int64_t start, std::int64_t length) {
+    return length > 0 ? std::clamp(static_cast<double>(reached - start) / static_cast<double>(length), 0.0, 1.0) : -1;
+}
+
 RunForecast::RunForecast(const Run& run)
     : run(run) {
     reached.reserve(MOST_MARKS); // a run that is short of memory goes on
@@ -137,13 +141,16 @@ double RunForecast::yetLikeFirstPass() const {
 }
 
 /// The first packets of an encoder that is just under way promise too long a time, what it took in before them too
-/// short a one. The more packets have come, of as many as it holds back, the less the latter counts.
+/// short a one. The more packets have come, the less the latter counts: soon not at all where most of a short film is
+/// held back, as taking it in says nothing of what encoding it costs.
 double RunForecast::lengthBySights() const {
+    constexpr double UNDER_WAY = 0.05;
     const double paced = lengthByPace();
-    if (heldBack <= 0 || last.part >= heldBack)
+    const double beginning = std::min(heldBack, UNDER_WAY);
+    if (beginning <= 0 || last.part >= beginning)
         return paced;
     const double asRead = (last.time - start) / (heldBack + last.part);
-    const double weight = paced > 0 ? last.part / heldBack : 0;
+    const double weight = paced > 0 ? last.part / beginning : 0;
     return weight * paced + (1 - weight) * asRead;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <cstdint>
 #include <vector>
 
 namespace ExportCore {
@@ -23,6 +24,10 @@ public:
         qint64 guess = -1; ///< the engine's own remaining time, which counts passes as equal too; -1 when unknown
         double read = -1;  ///< the part of the pass's pictures that has been read, from 0 to 1; -1 when unknown
     };
+
+    /// What a Sight tells, from where the source has been read to, in the time in which the run begins at `start` and
+    /// takes `length`; -1 where it has none.
+    static double partRead(std::int64_t reached, std::int64_t start, std::int64_t length);
 
     explicit RunForecast(const Run& run);
 

@@ -64,6 +64,7 @@ bool SubtitleJoin::add(const Subtitles& track, std::int64_t at) {
     const bool isStyled = joined.track.styled || track.styled;
     joined.stylesDiffer = joined.stylesDiffer || (isStyled && joined.track.header != track.header);
     joined.track.styled = isStyled;
+    joined.track.isDefault = joined.track.isDefault || track.isDefault;
     joined.titlesDiffer = joined.titlesDiffer || joined.track.title != track.title;
     for (const Subtitles::Cue& cue : track.cues)
         joined.track.cues.push_back({cue.start + at, cue.end + at, cue.event});

@@ -259,11 +259,12 @@ void ExportForm::setPart(Part part) {
     change();
 }
 
-void ExportForm::setCut(const QString& in, const QString& out) {
-    if (in == cutIn && out == cutOut)
+void ExportForm::setCut(const QString& in, const QString& out, Part part) {
+    if (in == cutIn && out == cutOut && part == chosenPart)
         return;
     cutIn = in;
     cutOut = out;
+    chosenPart = part;
     change();
 }
 

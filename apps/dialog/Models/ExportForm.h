@@ -72,7 +72,8 @@ public:
     QString inText() const { return cutIn; }
     QString outText() const { return cutOut; }
     /// As people write times; empty for the source's own end.
-    void setCut(const QString& in, const QString& out);
+    void setCut(const QString& in, const QString& out) { setCut(in, out, chosenPart); }
+    void setCut(const QString& in, const QString& out, Part part);
     int firstPlace() const { return firstMark; }
     int lastPlace() const { return lastMark; }
     /// Indexes of SourceMedia::places().

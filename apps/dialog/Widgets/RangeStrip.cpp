@@ -3,6 +3,7 @@
 
 #include "dialog/Models/PeoplesText.h"
 #include <QAccessible>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -31,6 +32,7 @@ void RangeStrip::setTimeline(KTime wholeLength, const ExportCore::TimePoint::Rat
     rate = frameRate.value_or(usual);
     marks = markers;
     pictures.clear();
+    grabbed.reset();
     setRange({KTime(0), length}, Grip::Ends);
 }
 
@@ -133,28 +135,45 @@ void RangeStrip::move(End end, KTime time) {
     Q_EMIT rangeEdited(chosen);
 }
 
+RangeStrip::End RangeStrip::endNear(int x) const {
+    const int in = xOf(chosen.start), out = xOf(chosen.end);
+    const int toIn = std::abs(x - in), toOut = std::abs(x - out);
+    if (toIn == toOut) // of two at one place, that which can go there
+        return x < in ? End::In : End::Out;
+    return toIn < toOut ? End::In : End::Out;
+}
+
 void RangeStrip::mousePressEvent(QMouseEvent* event) {
     if (isEmpty() || event->button() != Qt::LeftButton)
         return event->ignore();
     const int x = event->pos().x();
-    const int toIn = std::abs(x - xOf(chosen.start)), toOut = std::abs(x - xOf(chosen.end));
-    dragging = grip == Grip::Anywhere || std::min(toIn, toOut) <= 2 * HANDLE_WIDTH;
-    if (!dragging)
+    const End nearest = endNear(x);
+    const int offset = xOf(nearest == End::In ? chosen.start : chosen.end) - x;
+    const bool isOnEnd = std::abs(offset) <= 2 * HANDLE_WIDTH;
+    if (!isOnEnd && grip == Grip::Ends)
         return event->ignore();
-    active = toIn <= toOut ? End::In : End::Out;
-    if (grip == Grip::Anywhere)
+    active = nearest;
+    grabbed = isOnEnd ? Grab{x, offset, false} : Grab{x, 0, true};
+    if (grabbed->moves)
         move(active, timeAt(x));
     update();
 }
 
+/// A press with an unsteady hand moves nothing, and what is grabbed does not jump to the pointer.
 void RangeStrip::mouseMoveEvent(QMouseEvent* event) {
-    if (dragging && !isEmpty())
-        move(active, timeAt(event->pos().x()));
+    if (!event->buttons().testFlag(Qt::LeftButton)) // nobody told when it was let go
+        grabbed.reset();
+    if (!grabbed || isEmpty())
+        return;
+    const int x = event->pos().x();
+    grabbed->moves = grabbed->moves || std::abs(x - grabbed->pressedAt) >= QApplication::startDragDistance();
+    if (grabbed->moves)
+        move(active, timeAt(x + grabbed->offset));
 }
 
 void RangeStrip::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        dragging = false;
+        grabbed.reset();
 }
 
 void RangeStrip::keyPressEvent(QKeyEvent* event) {

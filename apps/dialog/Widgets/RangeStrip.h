@@ -6,6 +6,7 @@
 #include "Types/Range.h"
 #include <QImage>
 #include <QWidget>
+#include <optional>
 #include <vector>
 
 namespace Dialog {
@@ -45,9 +46,16 @@ protected:
 
 private:
     enum class End { In, Out };
+    /// Of the active end, from a press to its release.
+    struct Grab {
+        int pressedAt;
+        int offset; ///< of the end from there
+        bool moves; ///< it was drawn far enough to be meant
+    };
     bool isEmpty() const { return length <= KTime(0); }
     int xOf(KTime time) const;
     KTime timeAt(int x) const;
+    End endNear(int x) const;
     void move(End end, KTime time);
     KTime frameBefore(KTime time) const;
     KTime frameBehind(KTime time) const;
@@ -62,7 +70,7 @@ private:
     Types::Range chosen;
     Grip grip = Grip::Ends;
     End active = End::In;
-    bool dragging = false;
+    std::optional<Grab> grabbed;
 };
 
 } // namespace Dialog

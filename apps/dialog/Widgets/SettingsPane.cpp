@@ -84,8 +84,7 @@ void SettingsPane::connectRange() {
     connect(ui->strip, &RangeStrip::rangeEdited, this, [this](const Types::Range& range) {
         const auto text = [](KTime time) { return QString::fromStdString(ExportCore::TimeText::format(time)); };
         form->setCut(range.start > KTime(0) ? text(range.start) : QString(),
-                     range.end < form->source().duration() ? text(range.end) : QString());
-        form->setPart(ExportForm::Part::Cut);
+                     range.end < form->source().duration() ? text(range.end) : QString(), ExportForm::Part::Cut);
     });
     connect(&thumbnailTimer, &QTimer::timeout, this, &SettingsPane::makeThumbnails);
 }

@@ -6,6 +6,10 @@
 #include <QJsonObject>
 #include <gmock/gmock.h>
 
+extern "C" {
+#include <libavformat/avformat.h>
+}
+
 using ::testing::HasSubstr;
 
 namespace TestCli {
@@ -142,6 +146,19 @@ TEST_F(SubtitleFiles, StayWhatIsShownToWhoeverChoosesNothing) {
         EXPECT_EQ(marksOf(place / "b.mp4"), std::vector<bool>{true});
         render({place / "b.mp4", "-p", MKV}, "c.mkv");
         EXPECT_EQ(marksOf(place / "c.mkv"), std::vector<bool>{false});
+    }
+}
+
+TEST_F(SubtitleFiles, OfSeveralInputsAreShownByDefaultWhereThoseOfOneWere) {
+    const auto marked = [&](const char* name, const char* mark) {
+        return film(name, subrip("One", "Two"), "copy", {"-default_mode", "passthrough", "-disposition:s:0", mark});
+    };
+    const std::string shown = marked("shown.mkv", "default"), hidden = marked("hidden.mkv", "0");
+    for (const auto& inputs : {std::vector{shown, hidden}, {hidden, shown}, {hidden, hidden}}) {
+        std::vector<std::string> arguments = inputs;
+        arguments.insert(arguments.end(), {"-p", MKV});
+        const auto track = render(arguments, "joined.mkv").all("subtitle").at(0);
+        EXPECT_EQ((track.disposition & AV_DISPOSITION_DEFAULT) != 0, inputs.front() != inputs.back());
     }
 }
 

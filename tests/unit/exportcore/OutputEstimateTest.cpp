@@ -90,6 +90,32 @@ TEST_F(Estimate, OfAProfileGoesByTheProfile) {
     EXPECT_NEAR(static_cast<double>(best.videoBytes) * 8 / 100, 220e6, 2e6) << "bit/s of ProRes 422 HQ";
 }
 
+TEST_F(Estimate, LearnsFromAPartThatWasMadeWhereTheMaterialDecides) {
+    const OutputEstimate guessed = of("mp4", "mp4-h264-1080p", {"quality=21"});
+    OutputEstimate learnt = guessed;
+    learnt.learn(1000, 0.1);
+    EXPECT_EQ(learnt.sizeBytes, guessed.sizeBytes) << "a beginning says nothing";
+    learnt.learn(1000, 0.25);
+    EXPECT_EQ(learnt.sizeBytes, 4000);
+    EXPECT_TRUE(learnt.rough);
+    learnt.learn(3'000'000, 0.1);
+    EXPECT_EQ(learnt.sizeBytes, 30'000'000);
+    const auto share = [](const OutputEstimate& estimate) {
+        return static_cast<double>(estimate.videoBytes) / static_cast<double>(estimate.sizeBytes);
+    };
+    EXPECT_NEAR(share(learnt), share(guessed), 0.001);
+    OutputEstimate ordered = of("mp4", "mp4-h264-1080p");
+    ordered.learn(3'000'000, 0.5);
+    EXPECT_EQ(ordered.sizeBytes, of("mp4", "mp4-h264-1080p").sizeBytes);
+    ordered.know(1234);
+    EXPECT_EQ(ordered.sizeBytes, 1234);
+    learnt.know(-1);
+    EXPECT_EQ(learnt.sizeBytes, 30'000'000) << "nobody could look";
+    learnt.know(1234);
+    EXPECT_EQ(learnt.sizeBytes, 1234);
+    EXPECT_FALSE(learnt.rough);
+}
+
 TEST_F(Estimate, OfWebPGrowsWithItsQualityAndIsLargestWithoutLoss) {
     const OutputEstimate usual = of("web", "webp-webp-720p");
     EXPECT_TRUE(usual.rough);
@@ -171,6 +197,10 @@ TEST(FileGrowth, TellsTheSizeThatWasFoundLast) {
     EXPECT_EQ(growth.bytes(), 3000) << "what is gone was that large";
     ExportCore::FileGrowth none(path.toUtf8());
     EXPECT_EQ(none.bytes(), -1);
+    EXPECT_EQ(none.bytesNow(), -1);
+    TestFiles::write(path.toStdString(), QByteArray(5000, 'x'));
+    EXPECT_EQ(growth.bytes(), 3000) << "it has just looked";
+    EXPECT_EQ(growth.bytesNow(), 5000);
 }
 
 TEST(SizeText, HasThreeFiguresAndUnitsOfAThousand) {
