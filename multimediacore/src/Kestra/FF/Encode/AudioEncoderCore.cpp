@@ -31,8 +31,6 @@ namespace {
 constexpr int READ_AHEAD = 3;
 /// Samples a packet for codecs that take any number.
 constexpr int FREE_FRAME_SIZE = 2048;
-/// More than these wait for their sound to be decoded.
-constexpr int MOST_WORKERS = 8;
 /// So that a thread that has done its chunk finds another one.
 constexpr int WAITING_CHUNKS = 1;
 
@@ -183,7 +181,7 @@ std::optional<ChunkRule> AudioEncoderCore::ChooseChunks(const AVCodecContext& co
 int AudioEncoderCore::CountWorkers() const {
     const Core::Property& tree = EncoderCore::GetDescription();
     return tree.ChildExists(TAG_WORKERS) ? static_cast<int>(tree[TAG_WORKERS].GetInt64())
-                                         : std::min(Processors(), MOST_WORKERS);
+                                         : ChunkWorkers::UsualThreads();
 }
 
 void AudioEncoderCore::BuildChain(const IFormatCodecAudio& description) {

@@ -15,7 +15,7 @@ using Proc::TranscodingError;
 
 namespace {
 
-constexpr const char* FAILED = "Encoding a part of a picture failed";
+constexpr const char* FAILED = "Encoding a picture failed";
 
 void Demand(int result) {
     Check(result, TranscodingError::EncodeFailed, FAILED);
@@ -57,14 +57,28 @@ PacketHandle Wrapped(const AVPacket& file, const FrameRect& place) {
     return packet;
 }
 
-bool IsAll(const FrameRect& part, const AVFrame& frame) {
-    return part.width == frame.width && part.height == frame.height;
+bool IsAll(const FrameRect& part, const AVCodecContext& whole) {
+    return part.width == whole.width && part.height == whole.height;
+}
+
+EncoderChunk ChunkOf(FrameHandle picture) {
+    EncoderChunk chunk;
+    chunk.frames.emplace_back(std::move(picture));
+    return chunk;
 }
 
 } // namespace
 
-ChangeLoop::ChangeLoop(std::unique_ptr<IEncoderLoop> encoder)
-    : encoder(std::move(encoder)) {}
+ChangeLoop::ChangeLoop(std::unique_ptr<IEncoderLoop> opened, int threads)
+    : model(std::move(opened))
+    , ahead(static_cast<std::size_t>(threads) + 1) {
+    const auto encode = [model = model](const EncoderChunk& chunk, const std::atomic<bool>&) {
+        EncoderChunk::Packets packets;
+        packets.push_back(Encoded(*chunk.frames.front(), model->GetContext()));
+        return packets;
+    };
+    workers.Start(encode, threads);
+}
 
 FrameRect ChangeLoop::PartOf(const AVFrame& frame) const {
     if (!before)
@@ -75,25 +89,26 @@ FrameRect ChangeLoop::PartOf(const AVFrame& frame) const {
 }
 
 void ChangeLoop::Send(const AVFrame* frame) {
-    if (!frame)
-        return encoder->Send(nullptr);
+    ended = !frame;
+    if (ended)
+        return;
     const FrameRect part = PartOf(*frame);
     before = MakeFrameReference(*frame);
-    if (IsAll(part, *frame))
-        return encoder->Send(frame);
-    made = Wrapped(*Encoded(*MakeView(*frame, part), GetContext()), part);
-    made->flags &= ~AV_PKT_FLAG_KEY;
+    parts.push_back(part);
+    workers.Submit(ChunkOf(MakeView(*frame, part)));
 }
 
 IEncoderLoop::Step ChangeLoop::Receive(PacketHandle& packet) {
-    if (made) {
-        packet = std::move(made);
-        return Step::Packet;
-    }
-    const Step step = encoder->Receive(packet);
-    if (step == Step::Packet)
-        packet = Wrapped(*packet, {});
-    return step;
+    if (!ended && parts.size() < ahead && !workers.IsNextDone())
+        return Step::NeedsFrame;
+    if (parts.empty())
+        return Step::End;
+    const FrameRect part = parts.front();
+    packet = Wrapped(*workers.Take().front(), part);
+    if (!IsAll(part, GetContext()))
+        packet->flags &= ~AV_PKT_FLAG_KEY;
+    parts.pop_front();
+    return Step::Packet;
 }
 
 } // namespace Kestra::FF

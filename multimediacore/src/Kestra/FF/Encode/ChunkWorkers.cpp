@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Encode/ChunkWorkers.h"
 
+#include "Kestra/FF/Encode/DriverSettings.h"
 #include "Kestra/Proc/Interrupted.h"
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <exception>
@@ -45,6 +47,11 @@ struct ChunkWorkers::Shared {
     std::deque<std::shared_ptr<Job>> waiting;
     std::size_t idle = 0; ///< threads that wait for one
 };
+
+int ChunkWorkers::UsualThreads() {
+    constexpr int MOST = 8; // more wait for what is decoded
+    return std::min(Processors(), MOST);
+}
 
 ChunkWorkers::ChunkWorkers()
     : shared(std::make_shared<Shared>()) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Kestra::FF::ChunkWorkers: threads that encode chunks, several at a time.
+// Kestra::FF::ChunkWorkers: threads that encode chunks of sound, or single pictures, several at a time.
 #pragma once
 
 #include "Kestra/Base/LeavableThread.h"
@@ -16,6 +16,9 @@ class ChunkWorkers {
 public:
     /// Called on several threads at a time; ends soon when the flag is set.
     using Encode = std::function<EncoderChunk::Packets(const EncoderChunk& chunk, const std::atomic<bool>& cancelled)>;
+
+    /// As many as there are processors, up to eight.
+    static int UsualThreads();
 
     ChunkWorkers();
     /// Ends the threads as Reset does.

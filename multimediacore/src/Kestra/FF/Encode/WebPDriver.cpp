@@ -56,7 +56,7 @@ public:
     }
 
     std::unique_ptr<IEncoderLoop> Wrapped(std::unique_ptr<IEncoderLoop> encoder) const override {
-        return std::make_unique<ChangeLoop>(std::move(encoder));
+        return std::make_unique<ChangeLoop>(std::move(encoder), ChunkWorkers::UsualThreads());
     }
 
     void Settle(AVCodecContext& context) const override {
