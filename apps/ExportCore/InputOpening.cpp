@@ -4,10 +4,8 @@
 #include "ExportCore/AllSounds.h"
 #include "ExportCore/InputProgramme.h"
 #include "ExportCore/NameList.h"
-#include "ExportCore/PresetSettings.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
-#include "ExportCore/SizeLimit.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include <algorithm>
@@ -140,58 +138,6 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const std:
 
 namespace {
 
-using Frame = Kestra::Conf::FrameInfo;
-
-bool isSizeGiven(const ExportRequest& request) {
-    const std::vector<std::string>& given = PresetSettings::parse(request.settings).given;
-    return std::any_of(given.begin(), given.end(),
-                       [](const std::string& key) { return key == "size" || key == "width" || key == "height"; });
-}
-
-bool isLarger(const Frame& frame, const Frame& other) {
-    return frame.width > other.width && frame.height > other.height;
-}
-
-std::vector<std::optional<Frame>> framesOf(const Render::Sequence& sequence, const std::vector<Kestra::ioPath>& paths,
-                                           const std::atomic<bool>& interrupted) {
-    std::vector<std::optional<Frame>> frames;
-    for (const Kestra::ioPath& path : paths) {
-        const auto source = sequence.media->open({{}, Timeline::MediaFile{path}}, &interrupted);
-        const auto& video = source->GetInfo().video;
-        frames.push_back(video ? std::optional<Frame>(video->frame) : std::nullopt);
-    }
-    return frames;
-}
-
-std::string textOf(const Frame& frame) {
-    return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
-}
-
-/// The first pictures decide the frame: larger ones behind them lose by it. Empty where none do.
-std::string noteOnSmallFirst(const std::vector<std::optional<Frame>>& frames, const std::vector<Kestra::ioPath>& paths,
-                             const Preset& preset) {
-    std::optional<Frame> first, largest;
-    std::vector<std::string> scaled;
-    for (std::size_t at = 0; at < frames.size(); ++at) {
-        if (!frames[at])
-            continue;
-        first = first ? first : frames[at];
-        if (!isLarger(*frames[at], *first))
-            continue;
-        const std::string name = '"' + paths[at].ToUtf8() + '"';
-        if (std::find(scaled.begin(), scaled.end(), name) == scaled.end())
-            scaled.push_back(name);
-        if (isWithinLimits(frames[at]->width, frames[at]->height, preset) &&
-            (!largest || isLarger(*frames[at], *largest)))
-            largest = frames[at];
-    }
-    if (scaled.empty() || !isWithinLimits(first->width + 1, first->height + 1, preset))
-        return {};
-    const std::string more = scaled.size() == 1 ? " is" : " and " + std::to_string(scaled.size() - 1) + " more are";
-    return scaled.front() + more + " scaled down to the size of the first pictures, " + textOf(*first) +
-           "; --set size=" + (largest ? textOf(*largest) : "WxH") + " chooses another";
-}
-
 InputProgramme::File fileOf(const Preset& preset) {
     return {preset.containerId(), preset.hasVideo(), preset.hasAudio()};
 }
@@ -208,10 +154,6 @@ void InputOpening::openFiles(Opened& opened, const std::vector<Kestra::ioPath>& 
     if (request.tracks.sound == TrackOptions::Sound::All && preset->hasAudio())
         opened.sequence =
             AllSounds::of(opened.sequence, paths, preset->containerId(), interrupted, request.mediaLimits);
-    if (preset->hasVideo() && !preset->hasFixedResolution() && request.tracks.picture && !isSizeGiven(request))
-        if (std::string note = noteOnSmallFirst(framesOf(opened.sequence, paths, interrupted), paths, *preset);
-            !note.empty())
-            opened.notes.push_back(std::move(note));
     InputProgramme told = InputProgramme::of(opened.sequence, paths, request.tracks, fileOf(*preset), interrupted);
     opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>(std::move(told.programme));
     opened.notes.insert(opened.notes.end(), told.notes.begin(), told.notes.end());

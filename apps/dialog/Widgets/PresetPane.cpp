@@ -17,7 +17,8 @@ PresetPane::PresetPane(QWidget* parent)
     ui->setupUi(this);
     ui->nothingLabel->hide();
     ui->presetList->setItemDelegate(new PresetDelegate(this));
-    ui->presetList->setResizeMode(QListView::Adjust); // how high an item is depends on the width
+    ui->presetList->setResizeMode(QListView::Adjust);
+    ui->presetList->viewport()->installEventFilter(this);
     ui->searchEdit->installEventFilter(this);
 }
 
@@ -74,6 +75,9 @@ void PresetPane::search(const QString& text) {
 }
 
 bool PresetPane::eventFilter(QObject* watched, QEvent* event) {
+    // How high an item is depends on the width, of which the list itself thinks nothing.
+    if (watched == ui->presetList->viewport() && event->type() == QEvent::Resize)
+        Q_EMIT ui->presetList->itemDelegate()->sizeHintChanged({});
     const bool isDown = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down;
     if (watched != ui->searchEdit || !isDown || form->presets().rowCount() == 0)
         return QWidget::eventFilter(watched, event);

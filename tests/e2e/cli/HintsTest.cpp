@@ -186,6 +186,8 @@ TEST_F(Hints, OfASmallFirstInputIsThatLargerOnesAreScaledDown) {
     EXPECT_EQ(joined.errors.count(QStringLiteral("scaled down")), 1);
     EXPECT_THAT(plan({clip, large}, {"--set", "size=640x360"}).rawErrors, Not(HasSubstr("scaled down")));
     EXPECT_THAT(plan({large, clip}, {}).rawErrors, Not(HasSubstr("scaled down")));
+    EXPECT_THAT(plan({clip, large}, {"--in", "0.5"}).rawErrors, Not(HasSubstr("scaled down")))
+        << "the small one is not in the range";
 }
 
 TEST_F(Hints, MoreChannelsGetMoreBits) {

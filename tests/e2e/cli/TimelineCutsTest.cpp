@@ -150,4 +150,18 @@ TEST_F(RenderedTimelines, AreExportedAlone) {
     EXPECT_TRUE(result.errors.contains(QStringLiteral("a timeline is exported alone"))) << result.errors.toStdString();
 }
 
+TEST_F(RenderedTimelines, OfWhichTheFirstPicturesAreSmallSayThatLargerOnesAreScaledDown) {
+    TestMedia::runFfmpeg({"-i", *media / "both.mov", "-vf", "scale=640:360", "-c:v", "mpeg4", *media / "large.mov"});
+    const auto isTold = [](const std::string& cut, const std::vector<std::string>& more = {}) {
+        const Result result = render(cut, more);
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        return result.errors.contains(QStringLiteral("large.mov\" is scaled down to the size of the first pictures, "));
+    };
+    const std::string cut = write(clipOf("a", "both.mov", 0, 10) + "," + clipOf("b", "large.mov", 0, 10), {});
+    EXPECT_TRUE(isTold(cut));
+    EXPECT_FALSE(isTold(cut, {"--in", "0.4"})) << "the range begins with the large ones";
+    EXPECT_FALSE(isTold(cut, {"--set", "size=640x360"}));
+    EXPECT_FALSE(isTold(write(clipOf("b", "large.mov", 0, 10) + "," + clipOf("a", "both.mov", 0, 10), {})));
+}
+
 } // namespace

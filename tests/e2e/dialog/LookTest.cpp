@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QToolButton>
 #include <QTreeView>
 #include <algorithm>
@@ -78,6 +79,27 @@ TEST_F(Look, ShowsWholeNamesOfPresets) {
         }
     }
     EXPECT_GT(widest, list.viewport()->width()) << "one has several lines";
+}
+
+/// A list lays its items out anew where its height changes, by itself.
+TEST_F(Look, ShowsWholeNamesOfPresetsWhenTheirListBecomesNarrowerAndNoHigher) {
+    show();
+    window->resize(1180, 820);
+    find<QLabel>("factsLabel").hide(); // whose height changes
+    TestSupport::turnEventLoop();
+    const auto& list = find<QListView>("presetList");
+    const QAbstractItemModel& rows = *list.model();
+    const auto rectOf = [&](int row) { return list.visualRect(rows.index(row, 0)); };
+    const int last = rows.rowCount() - 1, end = rectOf(last).bottom(), width = list.width(), height = list.height();
+    auto& splitter = find<QSplitter>("setupSplitter");
+    const QList<int> sizes = splitter.sizes();
+    splitter.setSizes({sizes.at(0) - 100, sizes.at(1) + 100});
+    TestSupport::turnEventLoop();
+    ASSERT_LT(list.width(), width);
+    ASSERT_EQ(list.height(), height);
+    EXPECT_GT(rectOf(last).bottom(), end) << "some have more lines now";
+    for (int row = 0; row < last; ++row)
+        EXPECT_LT(rectOf(row).bottom(), rectOf(row + 1).top()) << row;
 }
 
 TEST_F(Look, BeginsWithWholeNamesOfPresets) {

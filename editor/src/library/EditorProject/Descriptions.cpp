@@ -138,6 +138,13 @@ Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range&
     return video;
 }
 
+std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Types::Range& range) {
+    std::vector<SeenPictures> pictures;
+    for (const Source& medium : seenIn(sequence, range))
+        pictures.push_back({medium->GetPath(), medium->GetInfo().video->frame});
+    return pictures;
+}
+
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Audio audio;
     audio.sampleRate = DEFAULT_SAMPLE_RATE;

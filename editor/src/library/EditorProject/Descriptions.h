@@ -2,10 +2,12 @@
 // The descriptions that a sequence gives its composition.
 #pragma once
 
+#include "EditorProject/SeenPictures.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
 #include "Render/Sequence.h"
 #include "Types/Range.h"
+#include <vector>
 
 namespace Project {
 
@@ -17,5 +19,7 @@ Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range&
 /// range; 48000 Hz stereo when there is none. With further sounds the highest of their rates, and the depth of them
 /// all.
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});
+/// As EditorProject::picturesIn().
+std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Types::Range& range);
 
 } // namespace Project

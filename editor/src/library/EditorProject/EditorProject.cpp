@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorProject/EditorProject.h"
 
+#include "EditorProject/Descriptions.h"
+
 #include "EditorProject/ExportWindow.h"
 #include "EditorProject/Model.h"
 #include "Render/Programme.h"
@@ -131,6 +133,11 @@ std::vector<Kestra::ioPath> EditorProject::sourcePaths() const {
         if (std::find(paths.begin(), paths.end(), source->GetPath()) == paths.end())
             paths.push_back(source->GetPath());
     return paths;
+}
+
+std::vector<Project::SeenPictures> EditorProject::picturesIn(const Types::Range& streamRange) const {
+    return d->model.sequence() ? Project::picturesIn(*d->model.sequence(), streamRange)
+                               : std::vector<Project::SeenPictures>();
 }
 
 Project::StreamLengths EditorProject::expectedLengths(const Types::Range& streamRange, const Media::Video* video,

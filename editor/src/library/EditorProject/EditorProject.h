@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Composition/Object.h"
+#include "EditorProject/SeenPictures.h"
 #include "EditorProject/StreamLengths.h"
 #include "EditorProjectExport.h"
 #include "KTime/KTime.h"
@@ -77,6 +78,9 @@ public:
     std::optional<KTime> placeOf(const Kestra::ioPath& file, std::int64_t time, KTime from, KTime to) const;
     /// Each file once.
     std::vector<Kestra::ioPath> sourcePaths() const;
+    /// The media whose pictures lie in the range, each once, in the order in which they appear, of those at the same
+    /// time the lowest first: the first one gives video() its frame. See expectedLengths() for ranges.
+    std::vector<Project::SeenPictures> picturesIn(const Types::Range& streamRange) const;
 
     /// How long the streams are that get built for these export descriptions, null for a medium that is not exported.
     /// An empty or inverted range is the whole composition; an end at or after duration() is its exact end.

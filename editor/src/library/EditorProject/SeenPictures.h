@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Project::SeenPictures: a medium whose pictures an export shows.
+#pragma once
+
+#include "Kestra/Base/ioPath.h"
+#include "Kestra/Conf/FrameInfo.h"
+
+namespace Project {
+
+/// A value.
+struct SeenPictures {
+    Kestra::ioPath path;
+    Kestra::Conf::FrameInfo frame; ///< as shown
+};
+
+} // namespace Project
