@@ -121,6 +121,7 @@ void InputOpening::lookWhatElseIsWrong(Opened& opened, const ExportRequest& requ
 
 void InputOpening::open(Opened& opened, const ExportRequest& request, const std::optional<Preset>& preset,
                         const std::atomic<bool>& interrupted) {
+    opened.marks = FileMark::of(request.inputs);
     const std::vector<Kestra::ioPath> paths = requireInputs(opened, request, interrupted);
     if (preset)
         RequestCheck::outputIsFit(request, *preset);

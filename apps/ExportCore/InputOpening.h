@@ -5,6 +5,7 @@
 #include "EditorPreset/Preset.h"
 #include "ExportCore/BackgroundTask.h"
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/FileMark.h"
 #include "Render/Sequence.h"
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ public:
     const std::vector<std::string>& warnings() const { return opened->warnings; }
     /// What of the inputs gets lost, and is no single medium's. After finished() without an error.
     const std::vector<std::string>& notes() const { return opened->notes; }
+    /// Of the inputs, in their order, from before they were read. After finished() without an error.
+    const std::vector<FileMark>& marks() const { return opened->marks; }
     /// What is being done at the moment, for a message: 'Opening "/path"'.
     std::string step() const;
 
@@ -37,6 +40,7 @@ private:
         Render::Sequence sequence;
         std::vector<std::string> warnings;
         std::vector<std::string> notes;
+        std::vector<FileMark> marks;
         std::atomic<int> at{0}; ///< index of an input; behind the last, the output
     };
 

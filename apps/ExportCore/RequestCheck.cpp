@@ -237,6 +237,10 @@ bool RequestCheck::isInput(const QByteArray& path, const QStringList& inputs) {
     });
 }
 
+bool RequestCheck::isClosed(const QByteArray& path) {
+    return !PathLook::allows(PathLook::folderOf(path), W_OK | X_OK) && (errno == EACCES || errno == EROFS);
+}
+
 bool RequestCheck::replacesInput(const ExportRequest& request, const std::optional<SequenceName>& sequence) {
     if (!sequence)
         return isInput(request.outputPath.toUtf8(), request.inputs);

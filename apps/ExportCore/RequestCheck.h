@@ -56,6 +56,8 @@ struct EXPORTCORE_EXPORT RequestCheck {
                                     KTime outro = KTime(0));
     /// Whether the path is, through whatever links, one of the inputs.
     static bool isInput(const QByteArray& path, const QStringList& inputs);
+    /// Whether the folder of that path is there, but lets this user make no files in it.
+    static bool isClosed(const QByteArray& path);
     /// Whether the output, or a picture that is called as the sequence's are, is one of them.
     static bool replacesInput(const ExportRequest& request, const std::optional<SequenceName>& sequence);
 

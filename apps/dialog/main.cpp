@@ -2,6 +2,7 @@
 // editor-export-dialog: exports from a window.
 #include "Export/TranscoderLogOutput.h"
 #include "ExportCore/ExportApplication.h"
+#include "ExportCore/PlainText.h"
 #include "Kestra/Base/LeavableThread.h"
 #include "Kestra/Proc/EngineLog.h"
 #include "Kestra/Proc/LoadEngine.h"
@@ -12,6 +13,7 @@
 #include "process/SignalStop.h"
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
 #include <chrono>
 #include <clocale>
 #include <csignal>
@@ -118,7 +120,12 @@ int main(int argc, char** argv) {
     try {
         return run(application);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "editor-export-dialog: %s\n", error.what());
+        tell(QString::fromUtf8(error.what()));
+        // Who comes from a desktop's menu reads no standard error.
+        QMessageBox box(QMessageBox::Critical, QCoreApplication::translate("Dialog::ExportWindow", "Export"),
+                        QString::fromStdString(ExportCore::PlainText::escaped(error.what())), QMessageBox::Close);
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
         return EXIT_BAD_INPUT;
     }
 }

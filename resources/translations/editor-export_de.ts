@@ -144,10 +144,6 @@
             <translation>Export von „%1“ abbrechen? Nichts davon bleibt.</translation>
         </message>
         <message>
-            <source>Stop</source>
-            <translation>Abbrechen</translation>
-        </message>
-        <message>
             <source>Go on</source>
             <translation>Weitermachen</translation>
         </message>
@@ -194,6 +190,22 @@
         <message>
             <source>“%1” is a folder. Write the name of a file in it.</source>
             <translation>„%1“ ist ein Ordner. Schreiben Sie den Namen einer Datei darin.</translation>
+        </message>
+        <message>
+            <source>Look in a folder…</source>
+            <translation>In einem Ordner suchen…</translation>
+        </message>
+        <message>
+            <source>Folder in which the missing media are looked for</source>
+            <translation>Ordner, in dem die fehlenden Medien gesucht werden</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” takes no files. Save the export in another folder.</source>
+            <translation>Der Ordner von „%1“ nimmt keine Dateien an. Speichern Sie den Export in einem anderen Ordner.</translation>
+        </message>
+        <message>
+            <source>“%1” has changed since it was opened, and is opened anew. Look at it, and export again.</source>
+            <translation>„%1“ hat sich seit dem Öffnen geändert und wird neu geöffnet. Sehen Sie es sich an und exportieren Sie dann noch einmal.</translation>
         </message>
     </context>
     <context>
@@ -316,6 +328,14 @@
         <message>
             <source>It begins when the queue is started.</source>
             <translation>Er beginnt, wenn die Warteschlange gestartet wird.</translation>
+        </message>
+        <message>
+            <source>Change…</source>
+            <translation>Ändern…</translation>
+        </message>
+        <message>
+            <source>Shows above what was ordered, to be changed and exported again</source>
+            <translation>Zeigt oben, was bestellt war, um es zu ändern und noch einmal zu exportieren</translation>
         </message>
     </context>
     <context>
@@ -600,6 +620,10 @@
         <message>
             <source>No preset of this format has these words.</source>
             <translation>Keine Vorgabe dieses Formats enthält diese Wörter.</translation>
+        </message>
+        <message>
+            <source>“%1” stays chosen.</source>
+            <translation>„%1“ bleibt gewählt.</translation>
         </message>
     </context>
     <context>

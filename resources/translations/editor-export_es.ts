@@ -144,10 +144,6 @@
             <translation>¿Detener la exportación de «%1»? No se conserva nada.</translation>
         </message>
         <message>
-            <source>Stop</source>
-            <translation>Detener</translation>
-        </message>
-        <message>
             <source>Go on</source>
             <translation>Continuar</translation>
         </message>
@@ -194,6 +190,22 @@
         <message>
             <source>“%1” is a folder. Write the name of a file in it.</source>
             <translation>«%1» es una carpeta. Escriba el nombre de un archivo dentro de ella.</translation>
+        </message>
+        <message>
+            <source>Look in a folder…</source>
+            <translation>Buscar en una carpeta…</translation>
+        </message>
+        <message>
+            <source>Folder in which the missing media are looked for</source>
+            <translation>Carpeta en la que se buscan los medios que faltan</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” takes no files. Save the export in another folder.</source>
+            <translation>La carpeta de «%1» no admite archivos. Guarde la exportación en otra carpeta.</translation>
+        </message>
+        <message>
+            <source>“%1” has changed since it was opened, and is opened anew. Look at it, and export again.</source>
+            <translation>«%1» ha cambiado desde que se abrió y se abre de nuevo. Revíselo y vuelva a exportar.</translation>
         </message>
     </context>
     <context>
@@ -316,6 +328,14 @@
         <message>
             <source>It begins when the queue is started.</source>
             <translation>Empieza cuando se inicia la cola.</translation>
+        </message>
+        <message>
+            <source>Change…</source>
+            <translation>Cambiar…</translation>
+        </message>
+        <message>
+            <source>Shows above what was ordered, to be changed and exported again</source>
+            <translation>Muestra arriba lo que se pidió, para cambiarlo y exportarlo de nuevo</translation>
         </message>
     </context>
     <context>
@@ -600,6 +620,10 @@
         <message>
             <source>No preset of this format has these words.</source>
             <translation>Ningún preajuste de este formato contiene esas palabras.</translation>
+        </message>
+        <message>
+            <source>“%1” stays chosen.</source>
+            <translation>«%1» sigue elegido.</translation>
         </message>
     </context>
     <context>

@@ -143,10 +143,6 @@
             <translation>「%1」の書き出しを停止しますか。何も残りません。</translation>
         </message>
         <message>
-            <source>Stop</source>
-            <translation>停止</translation>
-        </message>
-        <message>
             <source>Go on</source>
             <translation>続ける</translation>
         </message>
@@ -192,6 +188,22 @@
         <message>
             <source>“%1” is a folder. Write the name of a file in it.</source>
             <translation>「%1」はフォルダーです。その中のファイル名を書いてください。</translation>
+        </message>
+        <message>
+            <source>Look in a folder…</source>
+            <translation>フォルダーで探す…</translation>
+        </message>
+        <message>
+            <source>Folder in which the missing media are looked for</source>
+            <translation>見つからないメディアを探すフォルダー</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” takes no files. Save the export in another folder.</source>
+            <translation>「%1」のフォルダーには書き込めません。別のフォルダーに保存してください。</translation>
+        </message>
+        <message>
+            <source>“%1” has changed since it was opened, and is opened anew. Look at it, and export again.</source>
+            <translation>「%1」は開いた後に変更されたため、開き直します。確認してから、もう一度書き出してください。</translation>
         </message>
     </context>
     <context>
@@ -314,6 +326,14 @@
         <message>
             <source>It begins when the queue is started.</source>
             <translation>待ち行列を開始すると始まります。</translation>
+        </message>
+        <message>
+            <source>Change…</source>
+            <translation>変更…</translation>
+        </message>
+        <message>
+            <source>Shows above what was ordered, to be changed and exported again</source>
+            <translation>注文した内容を上に戻し、変更して書き出し直せるようにします</translation>
         </message>
     </context>
     <context>
@@ -592,6 +612,10 @@
         <message>
             <source>No preset of this format has these words.</source>
             <translation>この形式にこの言葉を含むプリセットはありません。</translation>
+        </message>
+        <message>
+            <source>“%1” stays chosen.</source>
+            <translation>「%1」が選ばれたままです。</translation>
         </message>
     </context>
     <context>

@@ -143,10 +143,6 @@
             <translation>停止导出“%1”吗？不会保留任何内容。</translation>
         </message>
         <message>
-            <source>Stop</source>
-            <translation>停止</translation>
-        </message>
-        <message>
             <source>Go on</source>
             <translation>继续</translation>
         </message>
@@ -192,6 +188,22 @@
         <message>
             <source>“%1” is a folder. Write the name of a file in it.</source>
             <translation>“%1”是文件夹。请写出其中的文件名。</translation>
+        </message>
+        <message>
+            <source>Look in a folder…</source>
+            <translation>在文件夹中查找…</translation>
+        </message>
+        <message>
+            <source>Folder in which the missing media are looked for</source>
+            <translation>查找缺失媒体的文件夹</translation>
+        </message>
+        <message>
+            <source>The folder of “%1” takes no files. Save the export in another folder.</source>
+            <translation>“%1”所在的文件夹不能写入。请将导出保存到其他文件夹。</translation>
+        </message>
+        <message>
+            <source>“%1” has changed since it was opened, and is opened anew. Look at it, and export again.</source>
+            <translation>“%1”在打开后已更改，现在重新打开。请查看后再次导出。</translation>
         </message>
     </context>
     <context>
@@ -314,6 +326,14 @@
         <message>
             <source>It begins when the queue is started.</source>
             <translation>队列启动后开始。</translation>
+        </message>
+        <message>
+            <source>Change…</source>
+            <translation>更改…</translation>
+        </message>
+        <message>
+            <source>Shows above what was ordered, to be changed and exported again</source>
+            <translation>在上方显示所选的内容，以便更改后再次导出</translation>
         </message>
     </context>
     <context>
@@ -592,6 +612,10 @@
         <message>
             <source>No preset of this format has these words.</source>
             <translation>此格式中没有包含这些词的预设。</translation>
+        </message>
+        <message>
+            <source>“%1” stays chosen.</source>
+            <translation>“%1”仍被选中。</translation>
         </message>
     </context>
     <context>

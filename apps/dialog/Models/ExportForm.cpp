@@ -17,6 +17,7 @@
 #include "dialog/Models/Sentence.h"
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Dialog {
 
@@ -76,6 +77,11 @@ void ExportForm::onSourceChanged() {
     suggestOutput();
     Q_EMIT sourceChanged();
     changePreset();
+    if (media.state() == SourceMedia::State::Opening)
+        return;
+    const auto wanted = std::exchange(awaited, std::nullopt);
+    if (wanted && media.isReady() && media.paths() == wanted->files)
+        takeChoice(*wanted);
 }
 
 void ExportForm::selectTag(const std::string& tag) {
@@ -396,8 +402,7 @@ QString ExportForm::problem() const {
 ExportCore::ExportRequest ExportForm::request() const {
     ExportCore::ExportRequest request;
     request.inputs = media.paths();
-    if (media.isMissingBlack())
-        request.timelines.missing = ExportCore::TimelineOptions::Missing::Black;
+    request.timelines = media.options();
     request.presetId = chosenId;
     if (const std::string name = quality(); !name.empty())
         request.quality = name;

@@ -30,9 +30,35 @@ public:
     };
     Q_ENUM(Part)
 
+    /// What is changed of a preset.
+    struct Edits {
+        std::string quality;
+        CustomSettings custom;
+        bool usesCustom = false;
+    };
+    /// A value: all that is chosen, to be chosen again.
+    struct Choice {
+        QStringList files;
+        ExportCore::TimelineOptions options{};
+        std::string tag;
+        std::string preset;
+        Edits edits{};
+        Part part = Part::Whole;
+        QString in{}, out{};
+        int firstPlace = 0, lastPlace = 0;
+        bool hasPicture = true, hasSound = true;
+        QString branding{};
+        QString output{};
+    };
+
     /// Restores the last used tag and preset. Throws ExportCore::Refusal when the presets cannot be read.
     explicit ExportForm(QObject* parent = nullptr);
     ~ExportForm() override;
+
+    Choice choice() const;
+    /// Opens its files, if others are open, and all else when they are. Where they can no longer be opened the rest
+    /// stays as it was.
+    void choose(const Choice& choice);
 
     SourceMedia& source() { return media; }
     const SourceMedia& source() const { return media; }
@@ -115,12 +141,8 @@ Q_SIGNALS:
     void sourceChanged();
 
 private:
-    struct Edits {
-        std::string quality;
-        CustomSettings custom;
-        bool usesCustom = false;
-    };
     void onSourceChanged();
+    void takeChoice(const Choice& choice);
     void follow();
     void changePreset();
     void change();
@@ -146,6 +168,7 @@ private:
     std::string chosenId;
     LastChoice lastChoice{this};
     std::map<std::string, Edits> edits; ///< by preset
+    std::optional<Choice> awaited;      ///< until its files are open
     QString customRefusal;              ///< in English
     QString nameRefusal;                ///< likewise
     QString checkedName;                ///< what it is about

@@ -33,6 +33,7 @@ public:
     QString place; ///< where it writes to, links resolved; empty where nobody has looked
     State state = State::Waiting;
     ExportCore::ExportProgress progress; ///< of one that runs
+    bool called = false;                 ///< begins as soon as those before it have ended, also in a queue that rests
     bool started = false;                ///< the engine has begun
     std::optional<ExportCore::ExportOutcome> outcome;
 

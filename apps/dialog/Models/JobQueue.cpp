@@ -31,11 +31,30 @@ int JobQueue::add(const Job& wanted) {
 }
 
 void JobQueue::start() {
-    if (waiting() == 0 || going)
+    if (waiting() == 0 || started)
         return;
-    going = true;
+    started = true;
+    go();
+}
+
+void JobQueue::call(int id) {
+    Job* const job = find(id);
+    if (!job || job->state != Job::State::Waiting)
+        return;
+    job->called = true;
+    tell(id);
+    go();
+}
+
+void JobQueue::go() {
     beginLater();
-    Q_EMIT began();
+    if (!std::exchange(going, true))
+        Q_EMIT began();
+}
+
+void JobQueue::rest() {
+    started = going = false;
+    Q_EMIT emptied();
 }
 
 void JobQueue::stop(int id) {
@@ -89,6 +108,11 @@ int JobQueue::waiting() const {
         std::count_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; }));
 }
 
+bool JobQueue::needsStart() const {
+    return std::any_of(jobs.begin(), jobs.end(),
+                       [this](const Job& job) { return job.state == Job::State::Waiting && !begins(job); });
+}
+
 bool JobQueue::isOrdered(const QString& place) const {
     return std::any_of(jobs.begin(), jobs.end(),
                        [&place](const Job& job) { return job.state != Job::State::Ended && job.place == place; });
@@ -106,23 +130,25 @@ bool JobQueue::failInEventLoop(const std::exception_ptr& error, QObject* receive
 }
 
 void JobQueue::beginLater() {
-    if (going && !run && !std::exchange(beginning, true))
+    if (!run && next() != jobs.end() && !std::exchange(beginning, true))
         QMetaObject::invokeMethod(this, &JobQueue::begin, Qt::QueuedConnection);
+}
+
+std::vector<Job>::iterator JobQueue::next() {
+    return std::find_if(jobs.begin(), jobs.end(),
+                        [this](const Job& job) { return job.state == Job::State::Waiting && begins(job); });
 }
 
 void JobQueue::begin() {
     beginning = false;
     if (run)
         return;
-    const auto next =
-        std::find_if(jobs.begin(), jobs.end(), [](const Job& job) { return job.state == Job::State::Waiting; });
-    if (next == jobs.end()) { // taken out meanwhile
-        going = false;
-        return Q_EMIT emptied();
-    }
-    next->state = Job::State::Running;
-    runId = next->id;
-    run = std::make_unique<ExportJob>(next->request);
+    const auto first = next();
+    if (first == jobs.end()) // taken out meanwhile
+        return rest();
+    first->state = Job::State::Running;
+    runId = first->id;
+    run = std::make_unique<ExportJob>(first->request);
     pictureBox = run->watchPictures();
     connect(run.get(), &ExportJob::started, this, &JobQueue::onStarted);
     connect(run.get(), &ExportJob::progressChanged, this, &JobQueue::onProgress);
@@ -151,10 +177,9 @@ void JobQueue::onFinished(const ExportCore::ExportOutcome& outcome) {
     const int ended = runId;
     tell(ended);
     Q_EMIT jobEnded(ended);
-    going = waiting() > 0;
+    if (next() == jobs.end())
+        return rest();
     beginLater();
-    if (!going)
-        Q_EMIT emptied();
 }
 
 void JobQueue::tell(int id) {
@@ -178,7 +203,7 @@ QVariant JobQueue::data(const QModelIndex& index, int role) const {
     if (role == ROLE_PERCENT)
         return job.isRunning() ? job.progress.percent : -1;
     if (role == Qt::ToolTipRole)
-        return PlainTip::of({job.request.outputPath});
+        return PlainTip::of({index.column() == COLUMN_PRESET ? job.preset : job.request.outputPath});
     if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
         return {};
     switch (index.column()) {

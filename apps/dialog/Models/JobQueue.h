@@ -17,8 +17,9 @@ class PictureBox;
 
 namespace Dialog {
 
-/// Once started it runs the first one that waits whenever none runs, until none waits any more. Each goes through its
-/// states once; what is tried again is another one. Destruction ends the one that runs.
+/// Once started it runs the first one that waits whenever none runs, until none waits any more, and then rests again.
+/// Before, it runs those alone that are called. Each goes through its states once; what is tried again is another one.
+/// Destruction ends the one that runs.
 class JobQueue : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -34,7 +35,15 @@ public:
     int add(const Job& wanted);
     /// The first one begins in one of the event loop's next turns.
     void start();
-    bool isStarted() const { return going; }
+    /// One that waits, and no other.
+    void call(int id);
+    bool isStarted() const { return started; }
+    /// Whether one that waits needs no start any more.
+    bool begins(const Job& job) const { return started || job.called; }
+    /// Whether any waits that does.
+    bool needsStart() const;
+    /// Whether anything runs or is to begin.
+    bool isGoing() const { return going; }
     /// One that waits is taken out of the list; one that runs ends soon; others stay as they are.
     void stop(int id);
     void stopAll();
@@ -66,13 +75,16 @@ Q_SIGNALS:
     /// Anything of it.
     void jobChanged(int id);
     void jobEnded(int id);
-    /// It was started; emptied() follows.
+    /// Something is to begin where nothing did; emptied() follows.
     void began();
-    /// Nothing runs any more, and nothing waits, of what was started.
+    /// Nothing runs any more, and nothing that waits begins by itself.
     void emptied();
 
 private:
     Job* find(int id);
+    std::vector<Job>::iterator next();
+    void go();
+    void rest();
     void beginLater();
     void begin();
     void onStarted();
@@ -85,6 +97,7 @@ private:
     std::unique_ptr<ExportCore::ExportJob> run;
     std::shared_ptr<Kestra::Proc::PictureBox> pictureBox;
     int runId = 0;
+    bool started = false;
     bool going = false;
     bool beginning = false;
 };

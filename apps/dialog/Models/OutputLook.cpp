@@ -48,7 +48,11 @@ OutputState stateOfPictures(const OutputPlace& place) {
 }
 
 OutputState stateOf(const OutputPlace& place) {
-    return place.sequence ? stateOfPictures(place) : stateOfFile(place);
+    OutputState state = place.sequence ? stateOfPictures(place) : stateOfFile(place);
+    state.isReadOnly =
+        ExportCore::RequestCheck::isClosed(place.sequence ? place.sequence->pathOf(0) : place.path.toUtf8());
+    state.haveInputsChanged = !place.marks.empty() && ExportCore::FileMark::of(place.inputs) != place.marks;
+    return state;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ExportCore/BackgroundTask.h"
+#include "ExportCore/FileMark.h"
 #include "ExportCore/SequenceName.h"
 #include <QMetaType>
 #include <QObject>
@@ -13,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace Dialog {
 
@@ -21,6 +23,7 @@ struct OutputPlace {
     QString path;
     std::optional<ExportCore::SequenceName> sequence{}; ///< where each picture is a file of its own
     QStringList inputs{};                               ///< of what is put there
+    std::vector<ExportCore::FileMark> marks{};          ///< of these, as they were read; empty: nobody cares
 };
 
 /// A value.
@@ -30,6 +33,8 @@ struct OutputState {
     bool exists = false;               ///< of pictures one that is called as they are
     bool isFolder = false;             ///< where a file is to be
     bool isInput = false;              ///< what stands there is one of the inputs, through links too
+    bool isReadOnly = false;           ///< its folder is there and takes no files
+    bool haveInputsChanged = false;    ///< since their marks were taken
     QString name{};                    ///< of what stands there, where something does
     std::optional<qint64> freeBytes{}; ///< nothing where the folder is not there, or does not tell
     bool isKnown = true;               ///< false: the folder did not answer, and no more is told

@@ -86,10 +86,22 @@ SourceMedia::SourceMedia(QObject* parent)
 
 SourceMedia::~SourceMedia() = default;
 
-void SourceMedia::open(const QStringList& wanted, bool missingIsBlack) {
+void SourceMedia::openWithMediaIn(const QString& folder) {
+    ExportCore::TimelineOptions options = timelines;
+    options.mediaRoot = folder.toStdString();
+    open(QStringList(files), options);
+}
+
+void SourceMedia::openWithBlack() {
+    ExportCore::TimelineOptions options = timelines;
+    options.missing = ExportCore::TimelineOptions::Missing::Black;
+    open(QStringList(files), options);
+}
+
+void SourceMedia::open(const QStringList& wanted, const ExportCore::TimelineOptions& options) {
     retire(opening, *this);
     files = wanted;
-    missingBlack = missingIsBlack;
+    timelines = options;
     refusal.clear();
     lacking = false;
     remarks.clear();
@@ -100,8 +112,7 @@ void SourceMedia::open(const QStringList& wanted, bool missingIsBlack) {
     if (current == State::Opening) {
         ExportCore::ExportRequest request;
         request.inputs = files;
-        request.timelines.missing =
-            missingBlack ? ExportCore::TimelineOptions::Missing::Black : ExportCore::TimelineOptions::Missing::Refused;
+        request.timelines = timelines;
         opening = std::make_unique<ExportCore::InputOpening>(request);
         opening->setParent(this);
         connect(opening.get(), &ExportCore::InputOpening::finished, this, &SourceMedia::onOpened);
@@ -131,6 +142,7 @@ void SourceMedia::show() {
     for (const std::string& warning : opening->warnings())
         remarks << plain(warning);
     marks = placesOf(*opened, files);
+    readMarks = opening->marks();
     if (shown->duration() <= KTime(0))
         return refuse(tr("There is nothing in it to export"));
     current = State::Ready;

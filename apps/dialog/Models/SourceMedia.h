@@ -32,15 +32,21 @@ public:
     explicit SourceMedia(QObject* parent = nullptr);
     ~SourceMedia() override;
 
-    /// In place of what was open, or is being opened. An empty list is nothing. `missingIsBlack` as in TimelineOptions.
-    void open(const QStringList& files, bool missingIsBlack = false);
+    /// In place of what was open, or is being opened. An empty list is nothing.
+    void open(const QStringList& files, const ExportCore::TimelineOptions& options = {});
+    /// Where files that are not in their place are looked for, too.
+    void openWithMediaIn(const QString& folder);
+    /// What is missing is black and silent.
+    void openWithBlack();
 
     State state() const { return current; }
     bool isReady() const { return current == State::Ready; }
     const QStringList& paths() const { return files; }
-    bool isMissingBlack() const { return missingBlack; }
+    const ExportCore::TimelineOptions& options() const { return timelines; }
     /// For people: one line.
     QString whyRefused() const;
+    /// Of the files, from before they were read. Of one that is ready.
+    const std::vector<ExportCore::FileMark>& fileMarks() const { return readMarks; }
     /// Whether it would be ready if what is missing were black.
     bool lacksMedia() const { return lacking; }
     QStringList warnings() const;
@@ -68,7 +74,7 @@ private:
     void refuse(const QString& reason);
 
     QStringList files;
-    bool missingBlack = false;
+    ExportCore::TimelineOptions timelines;
     State current = State::Empty;
     QString refusal; ///< in English, as the remarks
     bool lacking = false;
@@ -78,6 +84,7 @@ private:
     std::unique_ptr<Render::Sequence> opened;
     std::unique_ptr<EditorProject> shown;
     std::vector<MarkedPlace> marks;
+    std::vector<ExportCore::FileMark> readMarks;
 };
 
 } // namespace Dialog

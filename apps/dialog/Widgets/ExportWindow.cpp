@@ -52,7 +52,8 @@ ExportWindow::~ExportWindow() {
 
 void ExportWindow::connectForm() {
     connect(ui->openButton, &QPushButton::clicked, this, &ExportWindow::browse);
-    connect(ui->blackButton, &QPushButton::clicked, this, [this] { form.source().open(form.source().paths(), true); });
+    connect(ui->blackButton, &QPushButton::clicked, &form.source(), &SourceMedia::openWithBlack);
+    connect(ui->mediaButton, &QPushButton::clicked, this, &ExportWindow::browseMedia);
     connect(&form, &ExportForm::sourceChanged, this, &ExportWindow::showSource);
     connect(&form, &ExportForm::changed, this, &ExportWindow::dropOrder);
     connect(&form, &ExportForm::changed, this, &ExportWindow::showProblem);
@@ -67,6 +68,7 @@ void ExportWindow::connectForm() {
 void ExportWindow::connectQueue() {
     connect(ui->jobPane, &JobPane::stopWanted, this, &ExportWindow::askToStop);
     connect(ui->jobPane, &JobPane::retryWanted, this, &ExportWindow::tryAgain);
+    connect(ui->jobPane, &JobPane::changeWanted, this, &ExportWindow::change);
     connect(ui->jobPane, &JobPane::fileWanted, this,
             [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
     connect(ui->jobPane, &JobPane::folderWanted, &desktop, &DesktopSession::showInFolder);
@@ -103,6 +105,15 @@ void ExportWindow::browse() {
     dialog->open();
 }
 
+void ExportWindow::browseMedia() {
+    auto* const dialog = new QFileDialog(this, tr("Folder in which the missing media are looked for"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    connect(dialog, &QFileDialog::fileSelected, &form.source(), &SourceMedia::openWithMediaIn);
+    dialog->open();
+}
+
 void ExportWindow::showSource() {
     const SourceMedia& source = form.source();
     const auto state = source.state();
@@ -128,6 +139,7 @@ void ExportWindow::showSource() {
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     ui->messageIcon->setPixmap(style()->standardIcon(icon).pixmap(size, size));
     ui->blackButton->setVisible(source.lacksMedia());
+    ui->mediaButton->setVisible(source.lacksMedia());
     ui->messageFrame->setVisible(!messages.isEmpty());
 }
 
@@ -158,126 +170,11 @@ void ExportWindow::showTime() {
 /// Whoever exports has the processors for it.
 void ExportWindow::considerTrial() {
     const auto range = form.range();
-    const bool canTry = queue.isIdle() && !queue.isStarted() && !ordered && !closing && range;
+    const bool canTry = queue.isIdle() && !queue.isGoing() && !ordered && !closing && range;
     if (canTry && form.problem().isEmpty())
         times.consider(form.request(), range->end - range->start);
     else
         times.consider(std::nullopt);
-}
-
-void ExportWindow::order(When when) {
-    ui->settingsPane->completeOutput();
-    if (!form.problem().isEmpty())
-        return;
-    Order order;
-    order.job.request = form.request();
-    order.job.preset = PresetText::title(form.preset());
-    order.job.sequence = form.sequence();
-    order.when = when;
-    takeOrder(order);
-}
-
-void ExportWindow::tryAgain(int id) {
-    const Job* const before = queue.job(id);
-    if (!before)
-        return;
-    Order order;
-    order.job = *before;
-    order.isOfForm = false;
-    takeOrder(order);
-}
-
-void ExportWindow::takeOrder(const Order& order) {
-    if (ordered || closing)
-        return;
-    ordered = order;
-    showProblem();
-    considerTrial();
-    look.look({order.job.request.outputPath, order.job.sequence, order.job.request.inputs});
-}
-
-/// Whoever changes the place meanwhile no longer waits for what stands at that one.
-void ExportWindow::dropOrder() {
-    if (!ordered || !ordered->isOfForm || ordered->job.request.outputPath == form.output())
-        return;
-    forgetOrder();
-}
-
-void ExportWindow::forgetOrder() {
-    look.forget();
-    ordered.reset();
-    found.reset();
-}
-
-/// Nothing is added behind the question whether all that was ordered shall go, and no other question takes its place.
-void ExportWindow::onLooked(const OutputState& state) {
-    found = state;
-    if (!closeAsked)
-        takeFound();
-}
-
-void ExportWindow::takeFound() {
-    if (found)
-        goOnWith(*std::exchange(found, std::nullopt));
-}
-
-namespace {
-
-QString fileName(const QString& path) {
-    const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-    return QString::fromStdString(ExportCore::PlainText::escaped(name.toStdString()));
-}
-
-} // namespace
-
-/// Of an order, once it is known what stands at its place.
-void ExportWindow::goOnWith(const OutputState& state) {
-    Order order = *std::exchange(ordered, std::nullopt);
-    order.job.place = state.place;
-    showProblem();
-    considerTrial();
-    const QString wanted = fileName(state.path);
-    if (!state.isKnown)
-        return tell(QMessageBox::Warning, tr("The folder of “%1” does not answer. Check its disk or share, or save the "
-                                             "export in another folder.")
-                                              .arg(wanted));
-    if (state.isFolder)
-        return tell(QMessageBox::Warning,
-                    tr("“%1” is a folder. Write the name of a file in it.").arg(fileName(QDir::cleanPath(state.path))));
-    if (state.isInput)
-        return tell(QMessageBox::Warning,
-                    tr("“%1” is one of the inputs, and stays. Save the export under another name.").arg(wanted));
-    if (queue.isOrdered(state.place))
-        return ask({tr("Export"), twice(state), tr("Add it all the same"), tr("Cancel"),
-                    [this, order] { addJob(order, true); }});
-    if (!state.exists)
-        return addJob(order, false);
-    ask({tr("Export"),
-         tr("“%1” is there already. It is replaced when the export is complete, and not before.")
-             .arg(fileName(state.name)),
-         tr("Replace"), tr("Cancel"), [this, order] { addJob(order, true); }});
-}
-
-QString ExportWindow::twice(const OutputState& state) {
-    const QString wanted = fileName(state.path);
-    return state.exists ? tr("Another export in the list is to become “%1” as well. “%2”, which is there already, is "
-                             "replaced, too.")
-                              .arg(wanted, fileName(state.name))
-                        : tr("Another export in the list is to become “%1” as well.").arg(wanted);
-}
-
-void ExportWindow::addJob(const Order& order, bool overwrite) {
-    if (closing)
-        return;
-    Job job = order.job;
-    job.request.overwrite = overwrite;
-    if (order.isOfForm)
-        form.commit();
-    const int id = queue.add(job);
-    if (queue.isIdle() || !order.isOfForm)
-        ui->jobPane->select(id);
-    if (order.when == When::Now)
-        queue.start();
 }
 
 void ExportWindow::stopRunning() {
@@ -289,8 +186,8 @@ void ExportWindow::askToStop(int id) {
     const Job* const job = queue.job(id);
     if (!job || job->state != Job::State::Running)
         return;
-    ask({tr("Stop the export"), tr("Stop the export of “%1”? Nothing of it is kept.").arg(job->name()), tr("Stop"),
-         tr("Go on"), [this, id] { queue.stop(id); }});
+    ask({tr("Stop the export"), tr("Stop the export of “%1”? Nothing of it is kept.").arg(job->name()),
+         tr("Stop the export"), tr("Go on"), [this, id] { queue.stop(id); }});
     stopAskedFor = id;
 }
 
@@ -365,7 +262,7 @@ void ExportWindow::closeEvent(QCloseEvent* event) {
 }
 
 void ExportWindow::askToClose() {
-    const bool runs = queue.running() || queue.isStarted();
+    const bool runs = queue.running() || queue.isGoing();
     const bool begins = runs && !queue.running(); // one of those that wait
     const int others = queue.waiting() + (ordered ? 1 : 0) - (begins ? 1 : 0);
     const QString text =

@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -52,6 +53,7 @@ private:
     /// What is to be added to the list once it is known what stands at its place.
     struct Order {
         Job job;
+        ExportForm::Choice choice;
         When when = When::Now;
         bool isOfForm = true; ///< else of an export that is made again
     };
@@ -69,18 +71,21 @@ private:
     void connectForm();
     void connectQueue();
     void browse();
+    void browseMedia();
     void showJobs();
     void showSource();
     void showProblem();
     void showTitle();
     void order(When when);
     void tryAgain(int id);
+    void change(int id);
     void takeOrder(const Order& order);
     void dropOrder();
     void forgetOrder();
     void onLooked(const OutputState& state);
     void takeFound();
     void goOnWith(const OutputState& state);
+    void openAnew();
     static QString twice(const OutputState& state);
     void addJob(const Order& order, bool overwrite);
     void askToStop(int id);
@@ -99,6 +104,7 @@ private:
     const std::unique_ptr<Ui::ExportWindow> ui;
     ExportForm form{this};
     JobQueue queue;
+    std::map<int, ExportForm::Choice> choices; ///< of what was ordered, by the job
     DesktopSession desktop;
     OutputLook look{this};
     TimeForecast times{this};

@@ -32,6 +32,7 @@ JobPane::~JobPane() = default;
 void JobPane::setQueue(JobQueue& shown) {
     queue = &shown;
     ui->jobView->setModel(queue);
+    ui->jobView->setTextElideMode(Qt::ElideMiddle); // what tells files and presets apart stands at their ends
     ui->jobView->setItemDelegateForColumn(JobQueue::COLUMN_STATE, new JobDelegate(this));
     QHeaderView& header = *ui->jobView->header();
     header.setStretchLastSection(false);
@@ -68,6 +69,7 @@ void JobPane::connectButtons() {
     connect(ui->cancelButton, &QPushButton::clicked, this, [this] { queue->stop(selected()); });
     connect(ui->removeButton, &QPushButton::clicked, this, [this] { queue->remove(selected()); });
     connect(ui->retryButton, &QPushButton::clicked, this, [this] { Q_EMIT retryWanted(selected()); });
+    connect(ui->changeButton, &QPushButton::clicked, this, [this] { Q_EMIT changeWanted(selected()); });
     connect(ui->copyButton, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(ui->detailsEdit->toPlainText()); });
     connect(ui->detailsButton, &QToolButton::toggled, this, &JobPane::showDetails);
@@ -85,14 +87,17 @@ void JobPane::select(int id) {
     showSelected();
 }
 
+void JobPane::bringIntoView(int id) {
+    ui->jobView->scrollTo(queue->index(queue->rowOf(id), 0));
+}
+
 int JobPane::selected() const {
     const QModelIndex current = ui->jobView->currentIndex();
     return current.isValid() && current.row() < queue->rowCount() ? queue->at(current.row()).id : 0;
 }
 
 void JobPane::showStart() {
-    const bool needed = !queue->isStarted() && queue->waiting() > 0;
-    ui->startButton->setVisible(needed);
+    ui->startButton->setVisible(queue->needsStart());
 }
 
 void JobPane::showSelected() {
@@ -108,13 +113,13 @@ void JobPane::showSelected() {
     if (runs)
         return showRunning(*job);
     if (job->state == Job::State::Waiting)
-        return showWaiting();
+        return showWaiting(*job);
     showEnded(*job);
 }
 
-void JobPane::showWaiting() {
+void JobPane::showWaiting(const Job& job) {
     ui->stack->setCurrentWidget(ui->waitPage);
-    ui->waitLabel->setText(queue->isStarted() ? tr("It begins when the exports before it have ended.")
+    ui->waitLabel->setText(queue->begins(job) ? tr("It begins when the exports before it have ended.")
                                               : tr("It begins when the queue is started."));
 }
 

@@ -23,6 +23,8 @@ public:
     /// Once. Borrowed; it may go before the pane, which then shows nothing new.
     void setQueue(JobQueue& shown);
     void select(int id);
+    /// In the list, whichever is selected.
+    void bringIntoView(int id);
     /// 0 when none is selected.
     int selected() const;
 
@@ -30,6 +32,7 @@ Q_SIGNALS:
     /// Somebody wishes it; nothing has been asked yet.
     void stopWanted(int id);
     void retryWanted(int id);
+    void changeWanted(int id);
     void fileWanted(const QString& path);
     void folderWanted(const QString& path);
 
@@ -40,7 +43,7 @@ private:
     void widenForStates();
     void connectButtons();
     void showSelected();
-    void showWaiting();
+    void showWaiting(const Job& job);
     void showRunning(const Job& job);
     void showEnded(const Job& job);
     void showDetails(bool visible);

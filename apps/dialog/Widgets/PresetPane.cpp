@@ -58,8 +58,18 @@ void PresetPane::showSelection() {
     else
         ui->presetList->selectionModel()->clear();
     ui->presetList->scrollTo(current);
-    ui->nothingLabel->setVisible(form->presets().rowCount() == 0);
+    showHidden(!current.isValid());
     showFacts();
+}
+
+/// What is looked for may leave out what is chosen.
+void PresetPane::showHidden(bool isHidden) {
+    QStringList sentences;
+    if (form->presets().rowCount() == 0)
+        sentences << tr("No preset of this format has these words.");
+    sentences << tr("“%1” stays chosen.").arg(PresetText::title(form->preset()));
+    ui->nothingLabel->setText(sentences.join(QLatin1Char(' ')));
+    ui->nothingLabel->setVisible(isHidden);
 }
 
 void PresetPane::showFacts() {

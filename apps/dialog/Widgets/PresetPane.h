@@ -30,6 +30,7 @@ private:
     void fillTags();
     void showSelection();
     void scrollToSelection();
+    void showHidden(bool isHidden);
     void showFacts();
     void search(const QString& text);
 

@@ -120,6 +120,13 @@ KTime RangeStrip::frameBehind(KTime time) const {
     return timeOf(timeOf(nearest, rate) > time ? nearest : nearest + 1, rate);
 }
 
+/// The end of all counts as one.
+KTime RangeStrip::frameNear(KTime time) const {
+    const KTime frame = timeOf(frameAt(time, rate), rate);
+    const KTime off = frame > time ? frame - time : time - frame;
+    return frame >= length || length - time < off ? length : frame;
+}
+
 void RangeStrip::move(End end, KTime time) {
     active = end;
     Types::Range range = chosen;
@@ -155,7 +162,7 @@ void RangeStrip::mousePressEvent(QMouseEvent* event) {
     active = nearest;
     grabbed = isOnEnd ? Grab{x, offset, false} : Grab{x, 0, true};
     if (grabbed->moves)
-        move(active, timeAt(x));
+        move(active, frameNear(timeAt(x)));
     update();
 }
 
@@ -168,7 +175,7 @@ void RangeStrip::mouseMoveEvent(QMouseEvent* event) {
     const int x = event->pos().x();
     grabbed->moves = grabbed->moves || std::abs(x - grabbed->pressedAt) >= QApplication::startDragDistance();
     if (grabbed->moves)
-        move(active, timeAt(x + grabbed->offset));
+        move(active, frameNear(timeAt(x + grabbed->offset)));
 }
 
 void RangeStrip::mouseReleaseEvent(QMouseEvent* event) {

@@ -59,6 +59,7 @@ private:
     void move(End end, KTime time);
     KTime frameBefore(KTime time) const;
     KTime frameBehind(KTime time) const;
+    KTime frameNear(KTime time) const;
     void describe();
     void paintPictures(QPainter& painter) const;
     void paintRange(QPainter& painter) const;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <future>
 
@@ -39,6 +40,45 @@ private:
     std::promise<void> answered;
     const std::shared_future<void> folder{answered.get_future()};
 };
+
+TEST_F(Output, OfASourceThatHasChangedIsNotMadeUnseen) {
+    show();
+    openClip();
+    pressButton('a', "cutButton");
+    saveAs(place / "film.mp4");
+    TestMedia::FlashBeep media;
+    media.frames = 25;
+    TestMedia::makeFlashBeep(clip, media);
+    press('x');
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(),
+              text("“clip.mov” has changed since it was opened, and is opened anew. Look at it, and export again."));
+    QTest::keyClick(question(), Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return find<QLabel>("sourceFacts").text().startsWith(text("0:01")); }))
+        << find<QLabel>("sourceFacts").text().toStdString();
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "a part of what was there before is none of this";
+    EXPECT_EQ(TestFiles::namesIn(place / ""), QStringList(text("clip.mov")));
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(endTitle(), text("film.mp4 is done"));
+}
+
+TEST_F(Output, InAFolderThatIsClosedIsToldAtOnce) {
+    show();
+    openClip();
+    saveAs(place / "film.mp4");
+    for (OutputLook* const look : looks())
+        look->setWay([](const OutputPlace& asked) {
+            OutputState state;
+            state.path = asked.path;
+            state.isReadOnly = true;
+            return state;
+        });
+    press('q');
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(question()->text(), text("The folder of “film.mp4” takes no files. Save the export in another folder."));
+    EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+}
 
 TEST_F(Output, InAFolderThatDoesNotAnswerHoldsNobodyUp) {
     show();

@@ -4,6 +4,7 @@
 #include "WindowFixture.h"
 #include "dialog/Models/JobQueue.h"
 #include "support/MediaProbe.h"
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTreeView>
 #include <stdexcept>
@@ -118,6 +119,62 @@ TEST_F(Queue, SaysWhenWhatWaitsBegins) {
     select(1);
     EXPECT_EQ(find<QLabel>("waitLabel").text(), text("It begins when the exports before it have ended."));
     EXPECT_FALSE(find<QPushButton>("startButton").isVisible());
+}
+
+TEST_F(Queue, ThatWasNotStartedMakesWhatIsExportedAtOnceAndNothingElse) {
+    show();
+    openClip();
+    add(place / "a.mp4");
+    saveAs(place / "now.mp4");
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == 2 && state(1) == text("Done"); }));
+    EXPECT_EQ(state(0), text("Waiting"));
+    EXPECT_EQ(find<QLabel>("waitLabel").isVisible(), false);
+    select(0);
+    EXPECT_EQ(find<QLabel>("waitLabel").text(), text("It begins when the queue is started."));
+    click("startButton");
+    ASSERT_TRUE(waitUntil([&] { return state(0) == text("Done"); }));
+}
+
+TEST_F(Queue, GivesBackWhatWasOrderedToBeChanged) {
+    show();
+    openClip();
+    choose(text("MP4"), text("720"));
+    const QString preset = find<QLabel>("factsLabel").text();
+    pressButton('a', "cutButton");
+    find<QLineEdit>("inEdit").setText(text("0:00.4"));
+    find<QLineEdit>("outEdit").setText(text("0:01.4"));
+    add(place / "nowhere/a.mp4");
+    click("startButton");
+    ASSERT_TRUE(waitUntil([&] { return state(0) == text("Failed"); }));
+    const std::string other = place / "other.mov";
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(clip), QString::fromStdString(other)));
+    open({QString::fromStdString(other)});
+    choose(text("WebM"), text("720"));
+    find<QLineEdit>("outputEdit").setText(QString::fromStdString(place / "b.webm"));
+    select(0);
+    click("changeButton");
+    ASSERT_TRUE(waitUntil([&] { return find<QLabel>("sourceName").text() == text("clip.mov"); }));
+    ASSERT_TRUE(waitUntil([&] { return find<QRadioButton>("cutButton").isChecked(); }));
+    EXPECT_EQ(find<QLabel>("factsLabel").text(), preset);
+    EXPECT_EQ(find<QLineEdit>("inEdit").text(), text("0:00.4"));
+    EXPECT_EQ(find<QLineEdit>("outEdit").text(), text("0:01.4"));
+    EXPECT_EQ(find<QLineEdit>("outputEdit").text(), QString::fromStdString(place / "nowhere/a.mp4"));
+    saveAs(place / "a.mp4");
+    press('x');
+    ASSERT_TRUE(waitUntil([&] { return jobs().rowCount() == 2 && state(1) == text("Done"); }));
+    EXPECT_NEAR(TestMedia::probe(place / "a.mp4").duration, 1, 0.05);
+}
+
+TEST_F(Queue, ShowsWhatWasAddedWhicheverIsSelected) {
+    show();
+    startLong();
+    auto& view = find<QTreeView>("jobView");
+    for (int number = 0; number < 20; ++number)
+        add(place / (std::to_string(number) + ".mp4"));
+    const QModelIndex last = jobs().index(jobs().rowCount() - 1, 0);
+    EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(last)));
+    EXPECT_EQ(view.currentIndex().row(), 0) << "what runs is seen further on";
 }
 
 TEST_F(Queue, GoesOnAfterAFailure) {

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of a source that can be chosen.
 #include "WindowFixture.h"
+#include "dialog/Widgets/RangeStrip.h"
 #include "support/MediaProbe.h"
+#include <QDir>
+#include <QFileDialog>
 #include <QGroupBox>
+#include <QMouseEvent>
+#include <QRadioButton>
 
 namespace TestDialog {
 namespace {
@@ -132,6 +137,61 @@ TEST_F(Range, OfATimelineCanBeginAndEndWithItsMarkers) {
     const auto numbers = TestMedia::probe(place / "part.mp4").numbers();
     ASSERT_EQ(numbers.size(), 25U);
     EXPECT_EQ(numbers.front(), 10);
+}
+
+TEST_F(Range, IsAPartAsSoonAsAnEndIsMoved) {
+    show();
+    auto& strip = find<Dialog::RangeStrip>("strip");
+    EXPECT_EQ(strip.focusPolicy(), Qt::NoFocus) << "there is nothing to move";
+    openClip();
+    const auto drag = [&strip](int x) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(x, 10), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&strip, &event);
+    };
+    const int middle = strip.width() / 2;
+    QTest::mousePress(&strip, Qt::LeftButton, {}, {middle, 10});
+    drag(middle + 10);
+    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle + 10, 10});
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "no end was grabbed";
+    const QPoint end(strip.width() - 3, 10);
+    QTest::mousePress(&strip, Qt::LeftButton, {}, end);
+    drag(end.x() - 1);
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "that is no more than an unsteady hand";
+    drag(middle - 2); // the press was as far from the end
+    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle, 10});
+    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
+    EXPECT_EQ(find<QLineEdit>("inEdit").text(), QString());
+    EXPECT_EQ(find<QLineEdit>("outEdit").text(), text("00:00:01.000")) << "a frame ends there";
+    pressButton('w', "wholeButton");
+    strip.setFocus();
+    key(Qt::Key_Up);
+    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked());
+    key(Qt::Key_Right);
+    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
+    EXPECT_EQ(find<QLineEdit>("inEdit").text(), text("00:00:00.040"));
+}
+
+TEST_F(Range, OfMediaThatHaveMovedIsFoundInAnotherFolder) {
+    ASSERT_TRUE(QDir(QString::fromStdString(place / "")).mkdir(text("moved")));
+    const std::string cut = timelineOf({}, clipOf(place / "a.mov"));
+    TestFiles::write(place / "cut.otio", QByteArray::fromStdString(cut));
+    ASSERT_TRUE(QFile::rename(QString::fromStdString(clip), QString::fromStdString(place / "moved/a.mov")));
+    show();
+    open({QString::fromStdString(place / "cut.otio")});
+    auto& button = find<QPushButton>("mediaButton");
+    ASSERT_TRUE(button.isVisible());
+    button.click();
+    auto* const dialog = window->findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    Q_EMIT dialog->fileSelected(QString::fromStdString(place / "moved"));
+    dialog->close();
+    ASSERT_TRUE(waitUntil([&] { return find<QLabel>("sourceFacts").text().startsWith(text("0:02")); }));
+    EXPECT_FALSE(button.isVisible());
+    saveAs(place / "all.mp4");
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(endTitle(), text("all.mp4 is done"));
+    EXPECT_EQ(TestMedia::probe(place / "all.mp4").video->frames.size(), 50U);
 }
 
 TEST_F(Range, WithMissingMediaIsBlackWhereThatIsWished) {

@@ -117,6 +117,13 @@ TEST_F(Window, FindsPresetsByTheirWords) {
     EXPECT_EQ(presets().model()->rowCount(), 0);
     EXPECT_TRUE(find<QLabel>("nothingLabel").isVisible());
     EXPECT_TRUE(canExport()) << "a search changes no choice";
+    const QString words = find<QLabel>("nothingLabel").text();
+    EXPECT_TRUE(words.startsWith(text("No preset of this format has these words. “"))) << words.toStdString();
+    EXPECT_TRUE(words.endsWith(text("” stays chosen."))) << words.toStdString();
+    find<QLineEdit>("searchEdit").setText(text("1080"));
+    EXPECT_GT(presets().model()->rowCount(), 0);
+    EXPECT_EQ(find<QLabel>("nothingLabel").text(), words.mid(words.indexOf(text("“"))));
+    EXPECT_TRUE(find<QLabel>("nothingLabel").isVisible()) << "what is chosen is not among them";
     find<QLineEdit>("searchEdit").clear();
     EXPECT_EQ(presets().currentIndex().data(Dialog::PresetList::ROLE_ID).toString(), text("mp4-mpeg4-720p"));
     EXPECT_FALSE(find<QLabel>("nothingLabel").isVisible());
@@ -274,39 +281,6 @@ TEST_F(Window, ShowsThumbnailsOfTheSource) {
             changed += now.pixel(x, now.height() / 2) != empty.pixel(x, now.height() / 2) ? 1 : 0;
         return changed > now.width() / 4 - 20;
     }));
-}
-
-TEST_F(Window, TakesAPartAsSoonAsAnEndIsMoved) {
-    show();
-    auto& strip = find<Dialog::RangeStrip>("strip");
-    EXPECT_EQ(strip.focusPolicy(), Qt::NoFocus) << "there is nothing to move";
-    openClip();
-    const auto drag = [&strip](int x) {
-        QMouseEvent event(QEvent::MouseMove, QPointF(x, 10), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&strip, &event);
-    };
-    const int middle = strip.width() / 2;
-    QTest::mousePress(&strip, Qt::LeftButton, {}, {middle, 10});
-    drag(middle + 10);
-    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle + 10, 10});
-    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "no end was grabbed";
-    const QPoint end(strip.width() - 3, 10);
-    QTest::mousePress(&strip, Qt::LeftButton, {}, end);
-    drag(end.x() - 1);
-    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked()) << "that is no more than an unsteady hand";
-    drag(middle - 2); // the press was as far from the end
-    QTest::mouseRelease(&strip, Qt::LeftButton, {}, {middle, 10});
-    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
-    EXPECT_EQ(find<QLineEdit>("inEdit").text(), QString());
-    EXPECT_THAT(find<QLineEdit>("outEdit").text().toStdString(),
-                testing::AnyOf(testing::StartsWith("00:00:00.99"), testing::StartsWith("00:00:01.00")));
-    pressButton('w', "wholeButton");
-    strip.setFocus();
-    key(Qt::Key_Up);
-    EXPECT_TRUE(find<QRadioButton>("wholeButton").isChecked());
-    key(Qt::Key_Right);
-    EXPECT_TRUE(find<QRadioButton>("cutButton").isChecked());
-    EXPECT_EQ(find<QLineEdit>("inEdit").text(), text("00:00:00.040"));
 }
 
 TEST_F(Window, MovesTheEndsOfTheRangeByKeysAndMouse) {
