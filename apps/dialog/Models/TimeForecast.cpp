@@ -75,6 +75,11 @@ std::optional<TimeForecast::Time> TimeForecast::of(const ExportRequest& request,
     return Time{static_cast<qint64>(static_cast<double>(length.milliseconds()) * pace->cost), pace->rough};
 }
 
+std::optional<ExportCore::OutputEstimate> TimeForecast::sizeOf(const ExportRequest& request) const {
+    const auto tried = sizes.constFind(nameOf(request));
+    return tried == sizes.constEnd() ? std::nullopt : std::optional(*tried);
+}
+
 bool TimeForecast::failInEventLoop(const std::exception_ptr& error, QObject* receiver) {
     if (!trial)
         return false;
@@ -95,7 +100,10 @@ void TimeForecast::begin() {
 void TimeForecast::onFinished(const ExportOutcome& outcome) {
     trial->setParent(this);
     trial.release()->deleteLater(); // this is one of its signals
-    if (outcome.status == ExportOutcome::Status::Planned && outcome.plan && outcome.plan->exportMs > 0)
+    const bool wasTried = outcome.status == ExportOutcome::Status::Planned && outcome.plan;
+    if (wasTried)
+        sizes.insert(consideredName, outcome.plan->estimate);
+    if (wasTried && outcome.plan->exportMs > 0)
         known.insert(
             paceNameOf(*considered),
             {static_cast<double>(outcome.plan->exportMs) / static_cast<double>(consideredLength.milliseconds()), true});

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/OutputEstimate.h"
 #include "KTime/KTime.h"
 #include <QHash>
 #include <QObject>
@@ -47,6 +48,8 @@ public:
     void learn(const ExportCore::ExportRequest& request, double speed);
     /// Nothing while nothing is known.
     std::optional<Time> of(const ExportCore::ExportRequest& request, KTime length) const;
+    /// How large the file becomes, by a trial of that very export; nothing where there was none.
+    std::optional<ExportCore::OutputEstimate> sizeOf(const ExportCore::ExportRequest& request) const;
 
     /// As ExportJob::failInEventLoop() for a trial. False when there is none.
     bool failInEventLoop(const std::exception_ptr& error, QObject* receiver);
@@ -71,8 +74,9 @@ private:
     KTime consideredLength;
     QString consideredName; ///< of the whole request
     std::unique_ptr<ExportCore::ExportJob> trial;
-    QHash<QString, Pace> known; ///< by what decides the pace
-    QSet<QString> futile;       ///< whole requests whose trial told nothing
+    QHash<QString, Pace> known;                       ///< by what decides the pace
+    QHash<QString, ExportCore::OutputEstimate> sizes; ///< of whole requests
+    QSet<QString> futile;                             ///< whole requests whose trial told nothing
 };
 
 } // namespace Dialog

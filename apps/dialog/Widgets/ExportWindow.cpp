@@ -159,12 +159,15 @@ void ExportWindow::showTitle() {
 
 void ExportWindow::showTime() {
     const auto range = form.range();
-    const auto time = range ? times.of(form.request(), range->end - range->start) : std::nullopt;
-    if (!time)
-        return ui->settingsPane->setTimeText({});
-    const QString about = PeoplesText::about(time->milliseconds);
-    ui->settingsPane->setTimeText(time->rough ? tr("takes %1, at a rough guess", "a time").arg(about)
-                                              : tr("takes %1", "a time").arg(about));
+    if (!range)
+        return ui->settingsPane->setForecast({}, std::nullopt);
+    const ExportCore::ExportRequest request = form.request();
+    const auto time = times.of(request, range->end - range->start);
+    const QString about = time ? PeoplesText::about(time->milliseconds) : QString();
+    const QString text = !time         ? QString()
+                         : time->rough ? tr("takes %1, at a rough guess", "a time").arg(about)
+                                       : tr("takes %1", "a time").arg(about);
+    ui->settingsPane->setForecast(text, times.sizeOf(request));
 }
 
 /// Whoever exports has the processors for it.

@@ -50,8 +50,9 @@ void SettingsPane::setForm(ExportForm& shown) {
     showForm();
 }
 
-void SettingsPane::setTimeText(const QString& text) {
-    timeText = text;
+void SettingsPane::setForecast(const QString& time, const std::optional<ExportCore::OutputEstimate>& size) {
+    timeText = time;
+    triedSize = size;
     showEstimate();
 }
 
@@ -208,7 +209,9 @@ void SettingsPane::showOutput() {
 }
 
 void SettingsPane::showEstimate() {
-    const auto estimate = form->estimate();
+    auto estimate = form->estimate();
+    if (estimate && triedSize)
+        estimate = triedSize;
     QStringList parts;
     if (estimate) {
         const QString size = PeoplesText::size(estimate->sizeBytes);

@@ -2,10 +2,12 @@
 // Dialog::SettingsPane: what is exported, how, and where to.
 #pragma once
 
+#include "ExportCore/OutputEstimate.h"
 #include "dialog/Models/OutputLook.h"
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 class QComboBox;
 
@@ -34,7 +36,9 @@ public:
     /// Nobody writes on in the file's name.
     void completeOutput();
     /// What is known of how long the chosen export takes; empty while nothing is.
-    void setTimeText(const QString& text);
+    /// Of the export that is chosen: how long it takes, empty while that is unknown, and how large it becomes, where
+    /// that is known better than by the form.
+    void setForecast(const QString& time, const std::optional<ExportCore::OutputEstimate>& size);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -73,6 +77,7 @@ private:
     QTimer lookTimer{this};
     QTimer thumbnailTimer{this};
     QString timeText;
+    std::optional<ExportCore::OutputEstimate> triedSize;
     std::unique_ptr<ExportCore::Thumbnails> thumbnails;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long an export takes, told before it is made.
 #include "WindowFixture.h"
+#include "dialog/Models/PeoplesText.h"
 #include <QProgressBar>
 #include <QSignalSpy>
 
@@ -29,6 +30,24 @@ TEST_F(Forecast, IsARoughGuessOnceTheExportWasTried) {
     EXPECT_EQ(names(), (QStringList{text("clip.mov"), text("film.mp4")}));
     EXPECT_EQ(TestFiles::read(output), "old");
     EXPECT_FALSE(find<QWidget>("jobPane").isVisible());
+}
+
+TEST_F(Forecast, TellsTheSizeOfWhatWasTried) {
+    show();
+    openClip();
+    choose(text("Matroska"), text("ffv1"));
+    const std::string film = place / "film.mkv";
+    saveAs(film);
+    ASSERT_TRUE(estimate().startsWith(text("Very roughly "))) << estimate().toStdString();
+    tryAtOnce();
+    ASSERT_TRUE(waitUntil([&] { return estimate().startsWith(text("About ")); })) << "all of it was tried";
+    const QString told = estimate().section(text(" · "), 0, 0);
+    press('x');
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(told, text("About ") + Dialog::PeoplesText::size(TestFiles::read(film).size()));
+    pressButton('a', "cutButton");
+    find<QLineEdit>("outEdit").setText(text("1"));
+    EXPECT_TRUE(estimate().startsWith(text("Very roughly "))) << "another part";
 }
 
 TEST_F(Forecast, OfWhatWasMadeIsNoGuess) {
