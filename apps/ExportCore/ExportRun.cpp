@@ -17,7 +17,6 @@
 #include "ExportCore/PresetSelection.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
-#include "ExportCore/ScaledDown.h"
 #include "ExportCore/TimeText.h"
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Base/Time.h"
@@ -203,9 +202,7 @@ void ExportRun::showTimeline() {
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
         project->describe(streamRange);
-    if (const std::string note = ScaledDown::note(project->picturesIn(streamRange), request, provider->preset());
-        !note.empty())
-        outcome.notes << QString::fromStdString(note);
+    noteFirstPictures();
     collectDamage();
 }
 

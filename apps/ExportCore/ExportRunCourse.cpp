@@ -4,6 +4,7 @@
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
 #include "ExportCore/ExportRun.h"
+#include "ExportCore/FirstPictures.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/SizeText.h"
@@ -124,6 +125,14 @@ void ExportRun::plan() {
         growth.emplace(unfinishedPath);
     if (request.dryRun && plan.estimate.exact)
         requireRoom();
+}
+
+void ExportRun::noteFirstPictures() {
+    const std::vector<Project::SeenPictures> pictures = project->picturesIn(streamRange);
+    const FirstPictures first(pictures, request, provider->preset());
+    for (const std::string& note : {first.noteOnSize(), first.noteOnRate(provider->frameRate(&project->video()))})
+        if (!note.empty())
+            outcome.notes << QString::fromStdString(note);
 }
 
 /// Pixels that are encoded for each one that is read.

@@ -190,6 +190,27 @@ TEST_F(Hints, OfASmallFirstInputIsThatLargerOnesAreScaledDown) {
         << "the small one is not in the range";
 }
 
+TEST_F(Hints, OfInputsOfAnotherRateIsThatTheFirstOnesCounts) {
+    const auto make = [this](const char* name, const char* rate) {
+        TestMedia::runFfmpeg({"-i", clip, "-r", rate, "-c:v", "mpeg4", place / name});
+        return place / name;
+    };
+    const std::string ntsc = make("ntsc.mov", "30000/1001"), twice = make("twice.mov", "50");
+    const auto said = [&](std::vector<std::string> inputs, std::vector<std::string> more = {}) {
+        inputs.insert(inputs.begin(), "render");
+        inputs.insert(inputs.end(), {"-p", "mp4-h264-1080p", "-o", place / "out.mp4", "--dry-run"});
+        inputs.insert(inputs.end(), more.begin(), more.end());
+        return run(inputs).rawErrors;
+    };
+    EXPECT_THAT(said({clip, ntsc}),
+                HasSubstr("ntsc.mov\" is shown at the rate of the first pictures, 25 instead of 29.97 frames a second; "
+                          "--set frame-rate=29.97 chooses another"));
+    EXPECT_THAT(said({clip, ntsc, twice}), HasSubstr("and 1 more are shown at the rate of the first pictures, 25 "
+                                                     "instead of up to 50 frames a second"));
+    EXPECT_THAT(said({twice, clip}), Not(HasSubstr("rate of the first"))) << "each is shown twice";
+    EXPECT_THAT(said({clip, ntsc}, {"--set", "frame-rate=25"}), Not(HasSubstr("rate of the first")));
+}
+
 TEST_F(Hints, MoreChannelsGetMoreBits) {
     const auto bitrate = [this](std::vector<std::string> more) {
         more.insert(more.begin(), {"render", clip, "-p", "m4a-aac", "-o", place / "out.m4a", "--dry-run", "--json"});

@@ -140,8 +140,10 @@ Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range&
 
 std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Types::Range& range) {
     std::vector<SeenPictures> pictures;
-    for (const Source& medium : seenIn(sequence, range))
-        pictures.push_back({medium->GetPath(), medium->GetInfo().video->frame});
+    for (const Source& medium : seenIn(sequence, range)) {
+        const Proc::VideoTrackInfo& track = *medium->GetInfo().video;
+        pictures.push_back({medium->GetPath(), track.frame, track.stillPicture ? Rate(0) : track.frameRate});
+    }
     return pictures;
 }
 

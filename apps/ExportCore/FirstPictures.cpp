@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ExportCore/FirstPictures.h"
+
+#include "ExportCore/PresetSettings.h"
+#include "ExportCore/SizeLimit.h"
+#include <algorithm>
+#include <cmath>
+
+namespace ExportCore {
+namespace {
+
+using Frame = Kestra::Conf::FrameInfo;
+using Rate = boost::rational<long long>;
+
+bool isLarger(const Frame& frame, const Frame& other) {
+    return frame.width > other.width && frame.height > other.height;
+}
+
+std::string textOf(const Frame& frame) {
+    return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
+}
+
+/// "25", "29.97".
+std::string textOf(const Rate& rate) {
+    constexpr long long THOUSAND = 1000;
+    const long long thousandths = std::llround(boost::rational_cast<double>(rate) * THOUSAND);
+    std::string rest = std::to_string(THOUSAND + thousandths % THOUSAND).substr(1);
+    rest.erase(rest.find_last_not_of('0') + 1);
+    return std::to_string(thousandths / THOUSAND) + (rest.empty() ? "" : "." + rest);
+}
+
+/// The first one's name, and how many follow.
+std::string subject(const std::vector<std::string>& names) {
+    return names.front() + (names.size() == 1 ? " is" : " and " + std::to_string(names.size() - 1) + " more are");
+}
+
+std::string nameOf(const Project::SeenPictures& medium) {
+    return '"' + medium.path.ToUtf8() + '"';
+}
+
+} // namespace
+
+FirstPictures::FirstPictures(const std::vector<Project::SeenPictures>& pictures, const ExportRequest& request,
+                             const Preset& preset)
+    : pictures(pictures)
+    , request(request)
+    , preset(preset) {}
+
+bool FirstPictures::isGiven(const std::vector<std::string>& keys) const {
+    const std::vector<std::string>& given = PresetSettings::parse(request.settings).given;
+    return std::find_first_of(given.begin(), given.end(), keys.begin(), keys.end()) != given.end();
+}
+
+bool FirstPictures::hasOthers() const {
+    return pictures.size() > 1 && preset.hasVideo() && request.tracks.picture;
+}
+
+std::string FirstPictures::noteOnSize() const {
+    if (!hasOthers() || preset.hasFixedResolution() || isGiven({"size", "width", "height"}))
+        return {};
+    const Frame first = pictures.front().frame;
+    if (!isWithinLimits(first.width + 1, first.height + 1, preset))
+        return {};
+    std::vector<std::string> scaled;
+    Frame largest = first;
+    for (const Project::SeenPictures& medium : pictures) {
+        const Frame frame = medium.frame;
+        if (!isLarger(frame, first))
+            continue;
+        scaled.push_back(nameOf(medium));
+        if (isWithinLimits(frame.width, frame.height, preset) && isLarger(frame, largest))
+            largest = frame;
+    }
+    if (scaled.empty())
+        return {};
+    return subject(scaled) + " scaled down to the size of the first pictures, " + textOf(first) +
+           "; --set size=" + (largest != first ? textOf(largest) : "WxH") + " chooses another";
+}
+
+std::string FirstPictures::noteOnRate(const Rate& rate) const {
+    if (!hasOthers() || rate <= 0 || pictures.front().rate != rate || isGiven({"frame-rate"}))
+        return {};
+    std::vector<std::string> changed;
+    Rate highest = 0;
+    for (const Project::SeenPictures& medium : pictures) {
+        const bool isWhole = medium.rate <= 0 || (rate / medium.rate).denominator() == 1;
+        if (isWhole)
+            continue;
+        changed.push_back(nameOf(medium));
+        highest = std::max(highest, medium.rate);
+    }
+    if (changed.empty())
+        return {};
+    return subject(changed) + " shown at the rate of the first pictures, " + textOf(rate) + " instead of " +
+           (changed.size() == 1 ? "" : "up to ") + textOf(highest) +
+           " frames a second; --set frame-rate=" + textOf(highest) + " chooses another";
+}
+
+} // namespace ExportCore
