@@ -4,6 +4,7 @@
 #include "Raw.h"
 #include "support/FlashBeep.h"
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -102,6 +103,35 @@ INSTANTIATE_TEST_SUITE_P(All, KeptBits,
                                            Bits{"pcm_f64le", "dbl"}),
                          [](const auto& which) { return std::string(which.param.codec); });
 
+TEST(KeptSound, OfWavPackHasItsOwnBits) {
+    // The codec can lose something as well, which its name does not tell.
+    struct {
+        const char* format;
+        const char* bits;
+        const char* codec; // of the file
+    } const cases[] = {{"s16p", "16", "pcm_s16le"}, {"s32p", "24", "pcm_s24le"}, {"s32p", "32", "pcm_s32le"}};
+    for (const auto& each : cases) {
+        const TestMedia::Folder media;
+        make(media / "plain.wav", tones("stereo", 2, "s32"), each.codec);
+        TestMedia::runFfmpeg({"-i", media / "plain.wav", "-c:a", "wavpack", "-sample_fmt", each.format,
+                              "-bits_per_raw_sample", each.bits, media / "source.wv"});
+        const auto outcome = TestExport::run(TestExport::requestOf(media / "source.wv", "wav", media / "out.wav"));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        EXPECT_EQ(TestKept::told(media / "out.wav", "a", "codec_name").toStdString(), each.codec);
+        EXPECT_EQ(TestKept::sound(media / "out.wav"), TestKept::sound(media / "plain.wav"));
+        EXPECT_TRUE(outcome.notes.isEmpty()) << outcome.notes.join(QLatin1Char('\n')).toStdString();
+    }
+}
+
+TEST(KeptSound, OfDtsWithoutALosslessPartComesWithSixteenBits) {
+    const TestMedia::Folder media;
+    TestMedia::runFfmpeg(
+        {"-f", "lavfi", "-i", tones("stereo", 2, "s32"), "-c:a", "dca", "-strict", "-2", media / "source.dts"});
+    const auto outcome = TestExport::run(TestExport::requestOf(media / "source.dts", "wav", media / "out.wav"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(TestKept::told(media / "out.wav", "a", "codec_name"), QLatin1String("pcm_s16le"));
+}
+
 TEST(KeptSound, OfLossyCodecsComesWithSixteenBits) {
     const TestMedia::Folder media;
     make(media / "source.mp3", tones("stereo", 2, "fltp"), "libmp3lame");
@@ -169,13 +199,16 @@ TEST(KeptSound, HasOnlyTheDepthOfWhatIsInTheRange) {
 }
 
 TEST(KeptSound, OfFloatingPointThatBecomesIntegersIsNamed) {
-    const TestMedia::Folder media;
-    make(media / "loud.wav", std::string(LOUD) + "flt", "pcm_f32le");
-    const auto outcome = TestExport::run(TestExport::requestOf(media / "loud.wav", "flac", media / "out.flac"));
-    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
-    ASSERT_EQ(outcome.notes.size(), 1);
-    EXPECT_TRUE(outcome.notes.front().contains(QLatin1String("cut off what lies above full scale")))
-        << outcome.notes.front().toStdString();
+    for (const auto& [name, format, codec] :
+         {std::tuple("loud.wav", "flt", "pcm_f32le"), std::tuple("loud.wv", "fltp", "wavpack")}) {
+        const TestMedia::Folder media;
+        make(media / name, std::string(LOUD) + format, codec);
+        const auto outcome = TestExport::run(TestExport::requestOf(media / name, "flac", media / "out.flac"));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        ASSERT_EQ(outcome.notes.size(), 1) << name;
+        EXPECT_TRUE(outcome.notes.front().contains(QLatin1String("cut off what lies above full scale")))
+            << outcome.notes.front().toStdString();
+    }
 }
 
 TEST(KeptSound, MoreChannelsThanFlacHoldsAreRefusedByName) {

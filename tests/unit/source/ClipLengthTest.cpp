@@ -92,6 +92,13 @@ TEST_F(ClipLength, OfSoundThatReallyGoesOnStays) {
     EXPECT_NEAR(source->GetInfo().duration, TIME_BASE * 5 / 2, TIME_BASE / 1000);
 }
 
+TEST_F(ClipLength, OfWavPackThatGoesOnForLessThanABlockStays) {
+    // Its blocks last a second, and end with the sound.
+    const auto source = open(make("a.mkv", join(pictures("25", 50), {"-f", "lavfi", "-i", "sine=r=48000:d=2.3", "-c:v",
+                                                                     "ffv1", "-c:a", "wavpack"})));
+    EXPECT_NEAR(source->GetInfo().duration, TIME_BASE * 23 / 10, TIME_BASE / 1000);
+}
+
 TEST_F(ClipLength, OfPicturesThatGoOnStays) {
     const auto source = open(makeClip("a.mp4", 50, 1.5));
     EXPECT_EQ(source->GetInfo().duration, 2 * TIME_BASE);

@@ -19,8 +19,11 @@ constexpr int AC3_PRIMING = 256;
 constexpr int OPUS_PRIMING_MICROSECONDS = 6500;
 constexpr int LONGEST_USUAL_VORBIS_BLOCK = 2048;
 
-// What such a codec gives is what was put in, to the sample.
-bool IsLossless(AVCodecID codec) {
+// Such a codec gives as many samples as were put in. WavPack does where it loses something, too: it predicts samples
+// one by one. DTS overlaps its blocks, also where it stores what they lost.
+bool KeepsCount(AVCodecID codec) {
+    if (codec == AV_CODEC_ID_WAVPACK)
+        return true;
     const AVCodecDescriptor* descriptor = avcodec_descriptor_get(codec);
     return descriptor && (descriptor->props & AV_CODEC_PROP_LOSSLESS) && !(descriptor->props & AV_CODEC_PROP_LOSSY);
 }
@@ -39,6 +42,7 @@ std::int64_t PrerollSamples(const AVCodecParameters& parameters) noexcept {
         return LONGEST_VORBIS_OVERLAP;
     case AV_CODEC_ID_FLAC:
     case AV_CODEC_ID_ALAC:
+    case AV_CODEC_ID_WAVPACK:
         return 0;
     default:
         return av_get_bits_per_sample(parameters.codec_id) > 0 ? 0 : 2 * std::max(parameters.frame_size, USUAL_FRAME);
@@ -58,7 +62,7 @@ std::int64_t PrimingSamples(const AVCodecParameters& parameters) noexcept {
     case AV_CODEC_ID_OPUS:
         return std::int64_t{parameters.sample_rate} * OPUS_PRIMING_MICROSECONDS / 1'000'000;
     default:
-        return IsLossless(parameters.codec_id) ? 0 : std::max(parameters.frame_size, 0);
+        return KeepsCount(parameters.codec_id) ? 0 : std::max(parameters.frame_size, 0);
     }
 }
 
@@ -83,7 +87,7 @@ std::int64_t LibavPrimingSamples(const AVCodecParameters& parameters) noexcept {
 std::int64_t PaddingSamples(const AVCodecParameters& parameters, int block) noexcept {
     if (parameters.codec_id == AV_CODEC_ID_VORBIS)
         return LONGEST_USUAL_VORBIS_BLOCK;
-    return IsLossless(parameters.codec_id) ? 0 : block;
+    return KeepsCount(parameters.codec_id) ? 0 : block;
 }
 
 } // namespace Kestra::FF

@@ -79,7 +79,10 @@ bool ClaimsTooHighRate(const AVStream& stream) {
 
 int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format) {
     const AVCodecDescriptor* const codec = avcodec_descriptor_get(parameters.codec_id);
-    if (!codec || !(codec->props & AV_CODEC_PROP_LOSSLESS) || (codec->props & AV_CODEC_PROP_LOSSY))
+    if (!codec || !(codec->props & AV_CODEC_PROP_LOSSLESS))
+        return 0;
+    // Of a codec that knows both (WavPack, DTS), the decoder tells the bits where the samples have any of their own.
+    if ((codec->props & AV_CODEC_PROP_LOSSY) && parameters.bits_per_raw_sample <= 0)
         return 0;
     const int known = parameters.bits_per_raw_sample > 0 ? parameters.bits_per_raw_sample
                                                          : av_get_exact_bits_per_sample(parameters.codec_id);

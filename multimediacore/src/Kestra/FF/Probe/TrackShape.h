@@ -14,8 +14,8 @@ boost::rational<long long> NominalRate(const AVStream& stream);
 /// Whether the header claims more than HIGHEST_FRAME_RATE; a container's clock is no claim.
 bool ClaimsTooHighRate(const AVStream& stream);
 
-/// The bits of each sample of a lossless codec that decodes to `format`; 0 for the others, which have none of their
-/// own.
+/// The bits of each sample of a lossless codec that decodes to `format`, and of one that can lose something where it
+/// tells them; 0 for the others, which have none of their own.
 int SampleBitsOf(const AVCodecParameters& parameters, AVSampleFormat format);
 
 } // namespace Kestra::FF
