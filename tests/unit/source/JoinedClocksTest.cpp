@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <sstream>
 
 namespace TestMedia {
 namespace {
@@ -20,11 +21,42 @@ protected:
         const std::string beep = "aevalsrc=exprs='0.5*sin(6000*t)*between(t,1,1.1)':s=48000:d=3";
         return make(name, join(join(pictures("25", PART_FRAMES), {"-f", "lavfi", "-i", beep}), codecs));
     }
+    /// The same with sound of so many seconds that begins so much after the pictures.
+    std::string makeUneven(const std::string& name, double soundLater, double soundSeconds, const char* offset) {
+        const std::string beep =
+            "aevalsrc=exprs='0.5*sin(6000*t)*between(t,1,1.1)':s=48000:d=" + std::to_string(soundSeconds);
+        const std::vector<std::string> late{"-itsoffset", std::to_string(std::max(-soundLater, 0.0))};
+        return make(name, join(join(join(late, pictures("25", PART_FRAMES)),
+                                    {"-itsoffset", std::to_string(std::max(soundLater, 0.0)), "-f", "lavfi", "-i", beep,
+                                     "-map", "0", "-map", "1"}),
+                               join(mpeg2, {"-output_ts_offset", offset})));
+    }
     std::string concatenate(const std::string& name, const std::vector<std::string>& parts) {
         std::ofstream whole(folder / name, std::ios::binary);
         for (const std::string& part : parts)
             whole << std::ifstream(part, std::ios::binary).rdbuf();
         return folder / name;
+    }
+    /// Puts the sound in the last quarter of the first transport stream behind a quarter of the second one.
+    std::string interleave(const std::string& name, const std::string& part, const std::string& next) {
+        constexpr std::size_t packet = 188;
+        constexpr char sound = 1; // the number of the stream ends in it
+        const std::string before = bytesOf(part);
+        const std::string after = bytesOf(next);
+        const std::size_t from = before.size() / packet * 3 / 4 * packet;
+        std::string kept = before.substr(0, from);
+        std::string moved;
+        for (std::size_t at = from; at < before.size(); at += packet)
+            (before[at + 1] & 1 && before[at + 2] == sound ? moved : kept) += before.substr(at, packet);
+        const std::size_t place = after.size() / packet / 4 * packet;
+        std::ofstream(folder / name, std::ios::binary)
+            << kept << after.substr(0, place) << moved << after.substr(place);
+        return folder / name;
+    }
+    static std::string bytesOf(const std::string& path) {
+        std::ostringstream bytes;
+        bytes << std::ifstream(path, std::ios::binary).rdbuf();
+        return bytes.str();
     }
     static std::string numbersOf(IMediaSource& source) {
         std::string numbers;
@@ -144,6 +176,73 @@ TEST_F(JoinedClocks, KeepAShortGapAsTheRecordingHasIt) {
     EXPECT_EQ(countJoints(*source), 0);
     // The second part begins when it would without the first.
     EXPECT_NEAR(static_cast<double>(source->GetInfo().video->duration) / TIME_BASE, 8.0, 0.1);
+}
+
+TEST_F(JoinedClocks, OfARecordingWhoseSoundBeginsLaterStayInStep) {
+    // Back and ahead; the second one goes on behind where its sound begins, or has no pictures left there.
+    const std::string part = makeUneven("part.ts", 0, 3, "100");
+    for (const char* offset : {"20", "300"})
+        for (const double later : {2.4, 3.6, 4.0}) {
+            SCOPED_TRACE(std::string(offset) + " s, " + std::to_string(later) + " s later");
+            const auto source = open(concatenate("all.ts", {part, makeUneven("later.ts", later, 2, offset)}));
+            EXPECT_EQ(numbersOf(*source), partsInARow(2));
+            const std::vector<double> sounds = beeps(readSamples(*source->CreateAudioStream()));
+            ASSERT_EQ(sounds.size(), 2U);
+            EXPECT_NEAR(sounds[1] - timesOf(*source, 0)[1], sounds[0] + later, 0.02);
+            EXPECT_NEAR(static_cast<double>(source->GetInfo().duration) / TIME_BASE, 3 + later + 2, 0.03);
+            EXPECT_EQ(countJoints(*source), 1);
+        }
+}
+
+TEST_F(JoinedClocks, OfARecordingWhoseSoundBeginsLaterStayInStepWhereTheyAreMixed) {
+    const std::string part = makeUneven("part.ts", 0, 3, "100");
+    const auto source = open(interleave("all.ts", part, makeUneven("later.ts", 3.6, 2, "20")));
+    EXPECT_EQ(numbersOf(*source), partsInARow(2));
+    const std::vector<double> sounds = beeps(readSamples(*source->CreateAudioStream()));
+    ASSERT_EQ(sounds.size(), 2U);
+    EXPECT_NEAR(sounds[1] - timesOf(*source, 0)[1], sounds[0] + 3.6, 0.02);
+    EXPECT_EQ(countJoints(*source), 1);
+}
+
+TEST_F(JoinedClocks, LoseNoSoundThatOutlastsItsPictureOrBeginsBeforeIt) {
+    struct {
+        const char* name;
+        double seconds; // of the first one's sound
+        double later;   // the second one's sound
+    } const cases[] = {{"outlasts", 8, 0}, {"leads", 3, -5}};
+    for (const auto& [name, seconds, later] : cases) {
+        SCOPED_TRACE(name);
+        const auto source = open(
+            concatenate("all.ts", {makeUneven("part.ts", 0, seconds, "100"), makeUneven("later.ts", later, 8, "20")}));
+        EXPECT_EQ(numbersOf(*source), partsInARow(2));
+        const std::vector<double> sounds = beeps(readSamples(*source->CreateAudioStream()));
+        ASSERT_EQ(sounds.size(), 2U);
+        EXPECT_NEAR(sounds[1] - sounds[0], seconds, 0.05);
+        EXPECT_NEAR(timesOf(*source, 25)[1] - sounds[1], -later, 0.05);
+        const auto reports = source->TakeDamageReports();
+        ASSERT_EQ(reports.size(), 1U);
+        EXPECT_NE(reports[0].what.find("joined on with the picture held for "), std::string::npos) << reports[0].what;
+        EXPECT_NE(reports[0].what.find("s, in which its sound goes on"), std::string::npos) << reports[0].what;
+    }
+}
+
+TEST_F(JoinedClocks, AreJoinedAroundOneWithoutSound) {
+    const std::string part = makePart("part.ts", mpeg2);
+    const std::string silent = make("silent.ts", join(pictures("25", PART_FRAMES), {"-c:v", "mpeg2video", "-g", "15"}));
+    const auto source = open(concatenate("all.ts", {part, silent, part}));
+    EXPECT_EQ(numbersOf(*source), partsInARow(3));
+    const std::vector<double> sounds = beeps(readSamples(*source->CreateAudioStream()));
+    ASSERT_EQ(sounds.size(), 2U);
+    EXPECT_NEAR(sounds[1] - sounds[0], 6, 0.02);
+    EXPECT_EQ(countJoints(*source), 2);
+}
+
+TEST_F(JoinedClocks, TellAClockThatWasSetBackAsThat) {
+    const auto source =
+        open(concatenate("all.ts", {makeUneven("part.ts", 0, 3, "100"), makeUneven("next.ts", 0, 3, "20")}));
+    const auto reports = source->TakeDamageReports();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_NE(reports[0].what.find("Timestamps jump by -83.0"), std::string::npos) << reports[0].what;
 }
 
 TEST_F(JoinedClocks, OfSoundAloneGiveEverySample) {

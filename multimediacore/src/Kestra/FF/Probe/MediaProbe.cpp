@@ -276,10 +276,13 @@ void MediaProbe::JoinClocks() {
 }
 
 void MediaProbe::ReportJoints() {
-    for (const DiscontinuityScan::Joint& joint : joints)
-        details.damage.push_back(
-            {path, joint.time - details.origin,
-             "Timestamps jump by " + Seconds(joint.jump) + "; what follows was joined on without a gap"});
+    for (const DiscontinuityScan::Joint& joint : joints) {
+        const std::string how =
+            joint.gap == 0 ? "without a gap"
+                           : "with the picture held for " + Seconds(joint.gap) + ", in which its sound goes on";
+        details.damage.push_back({path, joint.time - details.origin,
+                                  "Timestamps jump by " + Seconds(joint.jump) + "; what follows was joined on " + how});
+    }
 }
 
 void MediaProbe::DescribeFields(Proc::VideoTrackInfo& track, AVFrame& first, const AVCodecParameters& parameters) {
