@@ -191,6 +191,18 @@ TEST_F(CutOff, IsNotSaidOfASizeThatWasNotKnownWhenTheFileWasBegun) {
     }
 }
 
+TEST_F(CutOff, IsNotSaidOfALengthThatLibavReckonsFromTheBeginning) {
+    // Of silence, which takes next to nothing, so that all the rest of the file seems to last for many times as long.
+    const std::string sound = "aevalsrc='if(lt(t,4),0,0.3*random(0))':s=48000:d=6";
+    const std::vector<Kind> kinds{{"a.aac", {"-c:a", "aac", "-b:a", "160k"}},
+                                  {"a.mp3", {"-c:a", "libmp3lame", "-q:a", "2", "-write_xing", "0"}}};
+    for (const Kind& kind : kinds) {
+        const auto source = open(make(kind.file, join({"-f", "lavfi", "-i", sound}, kind.arguments)));
+        EXPECT_TRUE(source->TakeDamageReports().empty()) << kind.file;
+        EXPECT_NEAR(static_cast<double>(source->GetInfo().duration) / TIME_BASE, 6, 0.1) << kind.file;
+    }
+}
+
 TEST_F(CutOff, IsNotLookedForOnceInterrupted) {
     std::atomic<bool> interrupted{false};
     for (const Kind& kind : {Kind{"a.wav", {}}, Kind{"a.mp4", {"-c:a", "aac"}}}) {

@@ -48,6 +48,9 @@ std::int64_t MediaProbe::ClaimedLength() {
     // What a file with several clocks claims is the distance of timestamps on different ones.
     if (details.clock || (info.video && info.video->stillPicture))
         return 0;
+    // Reckoned from the size of the file and the rate of bits that its beginning has.
+    if (context.duration_estimation_method == AVFMT_DURATION_FROM_BITRATE)
+        return 0;
     std::int64_t claim = 0;
     for (const Track* track : Tracks()) {
         const AVStream& stream = demuxer.GetStream(track->index);
@@ -64,8 +67,7 @@ std::int64_t MediaProbe::ClaimedLength() {
 void MediaProbe::ReportShortage() {
     const std::string format = demuxer.GetFormatName();
     const ContainerEnd end = FindContainerEnd(path, format, interrupted);
-    const bool counted = (format == "flac" || format == "mp3") &&
-                         demuxer.GetContext().duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
+    const bool counted = format == "flac" || format == "mp3";
     const std::int64_t small = std::max(SMALL_SHORTAGE, ROUNDED_PACKETS * std::max(video.lastLength, audio.lastLength));
     const std::int64_t claim = ClaimedLength();
     const std::string begin = "The file ends at " + Seconds(info.duration) + ", ";
