@@ -71,6 +71,35 @@ protected:
 
 TestMedia::Folder* NumberedPictures::media = nullptr;
 
+TEST_F(NumberedPictures, OfGrayThatTellsNoRangeAreBlackAndWhiteWhereItIs) {
+    const std::vector<std::pair<std::string, std::string>> kinds{{"a.tif", "gray"}, {"b.tif", "gray16le"},
+                                                                 {"c.tif", "ya8"},  {"a.pgm", "gray"},
+                                                                 {"a.jp2", "gray"}, {"a.nut", "gray"}};
+    for (const auto& [name, format] : kinds) {
+        SCOPED_TRACE(name + ", " + format);
+        const std::string ramp = "color=black:s=256x16:r=25:d=0.04,format=gray,geq=lum=X,format=" + format;
+        std::vector<std::string> arguments{"-f", "lavfi", "-i", ramp, "-frames:v", "1"};
+        if (name == "a.jp2") // a transform that loses nothing
+            arguments.insert(arguments.end(), {"-pred", "1"});
+        if (name == "a.nut")
+            arguments.insert(arguments.end(), {"-c:v", "rawvideo"});
+        arguments.push_back(place / name);
+        TestMedia::runFfmpeg(arguments);
+        ExportRequest request = TestExport::requestOf(place / name, "png-sequence", place / (name + "-frames"));
+        request.out = KTime(40);
+        const ExportOutcome outcome = TestExport::run(request);
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        const QByteArray luma = TestKept::bytes(filesIn(place / (name + "-frames")).front(), "gray");
+        ASSERT_EQ(luma.size(), 256 * 16);
+        const bool ownCurve = name.substr(name.size() - 4) == ".tif";
+        for (int x = 1; x < 255; ++x) {
+            EXPECT_GT(static_cast<unsigned char>(luma[x]), 0) << x;
+            EXPECT_LT(static_cast<unsigned char>(luma[x]), 255) << x;
+            EXPECT_NEAR(static_cast<unsigned char>(luma[x]), x, ownCurve ? 8 : 1) << x;
+        }
+    }
+}
+
 TEST_F(NumberedPictures, AreAsManyAsFramesAndEachTheRightOne) {
     for (const char* const preset : {"png-sequence", "jpeg-sequence"}) {
         const std::string folder = place / preset;

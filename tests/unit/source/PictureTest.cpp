@@ -3,6 +3,7 @@
 #include "Kestra/FF/Source/InterruptibleRead.h"
 #include "unit/source/SourceFixture.h"
 #include <random>
+#include <tuple>
 
 namespace TestMedia {
 namespace {
@@ -253,6 +254,24 @@ TEST_F(Pictures, WithAlphaKeepIt) {
     const auto argb =
         open(make("a.mov", {"-f", "lavfi", "-i", "color=red@0.5:s=64x64:r=25:d=0.4,format=argb", "-c:v", "qtrle"}));
     EXPECT_EQ(argb->GetInfo().video->pixelFormat, "argb");
+}
+
+TEST_F(Pictures, OfGrayAreOfTheFullRangeUnlessTheirCodecSaysOtherwise) {
+    constexpr int full = 2;
+    constexpr int limited = 1;
+    const std::vector<std::tuple<std::string, std::string, int>> kinds{{"a.mkv", "ffv1", full},
+                                                                       {"b.mkv", "ffvhuff", full},
+                                                                       {"d.mkv", "libx265", limited},
+                                                                       {"e.mkv", "libx264", limited}};
+    for (const auto& [name, codec, range] : kinds) {
+        const std::string path = make(name, {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.2,format=gray", "-c:v",
+                                             codec, "-pix_fmt", "gray", "-x265-params", "log-level=none"});
+        EXPECT_EQ(open(path)->GetInfo().video->colour.range, range) << codec;
+    }
+    // What is told holds.
+    const std::string told = make(
+        "f.mkv", {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.2,format=gray", "-c:v", "ffv1", "-color_range", "tv"});
+    EXPECT_EQ(open(told)->GetInfo().video->colour.range, limited);
 }
 
 TEST_F(Pictures, AreInterruptedUntilReset) {

@@ -19,6 +19,20 @@ bool IsCodecOfStills(AVCodecID codec) {
            codec == AV_CODEC_ID_BMP || codec == AV_CODEC_ID_TIFF || codec == AV_CODEC_ID_GIF;
 }
 
+/// Gray alone: luma or alpha beside it.
+bool IsGray(AVPixelFormat format) {
+    const AVPixFmtDescriptor* const descriptor = av_pix_fmt_desc_get(format);
+    if (!descriptor || (descriptor->flags & (AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL)))
+        return false;
+    return descriptor->nb_components - (HasAlpha(format) ? 1 : 0) == 1;
+}
+
+/// Whether whoever makes pictures of that codec has to tell a full range: else they are of the limited one.
+bool IsLimitedUnlessTold(AVCodecID codec) {
+    return codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC || codec == AV_CODEC_ID_VP9 ||
+           codec == AV_CODEC_ID_AV1;
+}
+
 /// Codes that are reserved, or that the library has no name for, tell nothing.
 void ForgetReserved(AVFrame& frame) {
     if (frame.color_primaries == AVCOL_PRI_RESERVED0 || !av_color_primaries_name(frame.color_primaries) ||
@@ -60,6 +74,10 @@ void TagFrame(AVFrame& frame, AVStream& stream, AVFormatContext& context) {
         frame.colorspace = parameters.color_space;
     if (frame.color_range == AVCOL_RANGE_UNSPECIFIED)
         frame.color_range = parameters.color_range;
+    // Scans, masks, pictures of instruments: black is 0, as it is in RGB.
+    if (frame.color_range == AVCOL_RANGE_UNSPECIFIED && IsGray(static_cast<AVPixelFormat>(frame.format)) &&
+        !IsLimitedUnlessTold(parameters.codec_id))
+        frame.color_range = AVCOL_RANGE_JPEG;
     ForgetReserved(frame);
     const auto format = static_cast<AVPixelFormat>(frame.format);
     if (CarriesHdr(frame.color_trc, format))
