@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ExportCore/TimelineMedia.h"
 
+#include "ExportCore/MediaShortage.h"
 #include "Kestra/Base/FrameGrid.h"
 #include "Kestra/Base/TimeMap.h"
 #include "Render/MediaAhead.h"
@@ -8,7 +9,6 @@
 #include "Timeline/ClipVisit.h"
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -23,6 +23,8 @@ using Kestra::Ticks;
 using Kestra::Proc::MediaInfo;
 using Timeline::Finding;
 using Timeline::Track;
+
+constexpr Ticks A_MOMENT(Kestra::TICKS_PER_MILLISECOND); ///< nobody sees or hears less
 
 /// The media's times that a clip shows; `last` is behind the last one.
 struct Shown {
@@ -39,23 +41,6 @@ Shown shownBy(const Timeline::Clip& clip, Ticks origin, Ticks duration) {
 
 bool hasKind(const MediaInfo& info, Track::Kind kind) {
     return kind == Track::Kind::Video ? info.video.has_value() : info.audio.has_value();
-}
-
-std::string inMilliseconds(Ticks time) {
-    return std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms";
-}
-
-/// What is seen or heard where a clip goes so far beyond one end of its medium.
-std::string inPlaceOf(Ticks beyond, const boost::rational<long long>& speed, Track::Kind kind, const char* picture,
-                      Ticks duration) {
-    const Ticks lasting =
-        speed == 0 ? duration
-                   : Ticks(Kestra::MulDivRound(beyond.Value(), speed.denominator(), std::abs(speed.numerator())));
-    const bool always = lasting >= duration;
-    if (kind == Track::Kind::Audio)
-        return always ? "is silent throughout" : "is silent for " + inMilliseconds(lasting);
-    return always ? std::string("shows nothing but the ") + picture
-                  : std::string("holds the ") + picture + " for " + inMilliseconds(lasting);
 }
 
 /// Which pictures of a stretch are files. The folder is listed once, however long the stretch is said to be.
@@ -87,13 +72,19 @@ std::optional<Ticks> lengthOf(const Timeline::ImageSequence& sequence) {
     return Kestra::FrameGrid(sequence.rate).Begin(Kestra::FrameIndex(*there.rbegin() + 1));
 }
 
+/// How many pictures there are said to be.
+std::optional<std::int64_t> countOf(const Timeline::ImageSequence& sequence, const Timeline::MediaReference& media) {
+    if (!media.available)
+        return std::nullopt;
+    const Kestra::FrameGrid grid(sequence.rate);
+    return std::max<std::int64_t>(1, grid.Nearest(media.available->duration).Value());
+}
+
 std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::Clip& clip, Ticks duration) {
     const Shown shown = shownBy(clip, clip.origin.value_or(Ticks(0)), duration);
     const Kestra::FrameGrid grid(sequence.rate);
-    // Beyond what there is said to be, which whoever read the timeline has told, the first or the last one is held.
-    const auto& available = clip.media.available;
-    const std::int64_t end =
-        available ? std::max<std::int64_t>(1, grid.Nearest(available->duration).Value()) : INT64_MAX;
+    // Beyond what there is said to be the first or the last one is held, which is a shortage of its own.
+    const std::int64_t end = countOf(sequence, clip.media).value_or(INT64_MAX);
     const auto within = [end](Kestra::FrameIndex index) { return std::clamp<std::int64_t>(index.Value(), 0, end - 1); };
     const std::int64_t first = within(grid.Covering(shown.first));
     const std::int64_t last = within(grid.Covering(std::max(shown.first, shown.last - Ticks(1))));
@@ -106,6 +97,28 @@ std::string troubleOf(const Timeline::ImageSequence& sequence, const Timeline::C
         index += one == index ? 1 : 0;
     return std::to_string(missing) + " of the " + std::to_string(last - first + 1) +
            " pictures that it shows are not there, the first one is \"" + sequence.nameOf(index) + '"';
+}
+
+/// Of a sequence whose pictures are all there that the clip itself shows.
+std::string shortageOfPictures(const Timeline::ImageSequence& sequence, const PlacedClip& placed) {
+    const auto count = countOf(sequence, placed.clip.media);
+    const bool isCrossed = placed.before + placed.behind > Ticks(0);
+    const auto length = count       ? Kestra::FrameGrid(sequence.rate).Begin(Kestra::FrameIndex(*count))
+                        : isCrossed ? lengthOf(sequence)
+                                    : std::nullopt;
+    return length ? shortageOf(placed, {placed.clip.origin.value_or(Ticks(0)), *length, A_MOMENT, A_MOMENT})
+                  : std::string();
+}
+
+MediaLength mediaLengthOf(const MediaInfo& info, const Timeline::Clip& clip) {
+    const Ticks length(info.duration);
+    const bool hasRate = info.video && info.video->frameRate > 0;
+    const Ticks period(hasRate ? Kestra::FramesToTime(1, info.video->frameRate) : 0);
+    const auto& available = clip.media.available;
+    const bool isAgreed =
+        available && std::max(available->duration, length) - std::min(available->duration, length) <= A_MOMENT;
+    return {Render::originOf(clip, info), length, available ? A_MOMENT : std::max(period, A_MOMENT),
+            isAgreed ? A_MOMENT : std::max(period, A_MOMENT)};
 }
 
 Finding found(Finding::Kind kind, const std::string& text) {
@@ -121,8 +134,32 @@ std::optional<Finding> findingOf(const Timeline::Generator& made, Track::Kind ki
     return std::nullopt;
 }
 
+std::optional<Finding> findingOf(const Timeline::ImageSequence& sequence, const PlacedClip& placed) {
+    if (placed.kind != Track::Kind::Video)
+        return found(Finding::Kind::Error, "pictures stand among sound");
+    const std::string trouble = troubleOf(sequence, placed.clip, placed.duration);
+    const std::string shortage = shortageOfPictures(sequence, placed);
+    const bool refused = sequence.missing == Timeline::ImageSequence::MissingFrames::Refused;
+    if (!trouble.empty())
+        return found(refused ? Finding::Kind::MissingMedia : Finding::Kind::Warning,
+                     shortage.empty() ? trouble : trouble + "; its media " + shortage);
+    return shortage.empty() ? std::nullopt : std::optional(found(Finding::Kind::Warning, "its media " + shortage));
+}
+
 std::string labelled(const char* what, const std::string& name) {
     return name.empty() ? std::string(what) : std::string(what) + " \"" + name + '"';
+}
+
+/// For each item, how much of what lies before its start and behind its end transitions show.
+std::vector<std::pair<Ticks, Ticks>> crossingsOf(const Track& track) {
+    std::vector<std::pair<Ticks, Ticks>> crossings(track.items().size());
+    for (const Timeline::Transition& transition : track.transitions()) {
+        if (transition.at < crossings.size())
+            crossings[transition.at].first = transition.before;
+        if (transition.at > 0)
+            crossings[transition.at - 1].second = transition.behind;
+    }
+    return crossings;
 }
 
 } // namespace
@@ -185,7 +222,9 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
         if (!track.isEnabled())
             continue;
         const std::string trackPlace = inside + labelled("track", track.name());
-        for (const Timeline::Item& item : track.items()) {
+        const auto crossings = crossingsOf(track);
+        for (std::size_t index = 0; index < track.items().size(); ++index) {
+            const Timeline::Item& item = track.items()[index];
             if (!item.enabled)
                 continue;
             if (const auto* nested = std::get_if<Timeline::Nested>(&item.content))
@@ -193,7 +232,8 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
             const auto* const clip = std::get_if<Timeline::Clip>(&item.content);
             if (!clip)
                 continue;
-            if (auto finding = findingOf(*clip, track.kind(), item.duration)) {
+            const auto& [before, behind] = crossings[index];
+            if (auto finding = findingOf({*clip, track.kind(), item.duration, before, behind})) {
                 finding->place = trackPlace + ", " + labelled("clip", item.name);
                 finding->pointer = item.pointer;
                 findings.push_back(std::move(*finding));
@@ -202,54 +242,29 @@ void TimelineMedia::check(const Timeline::Stack& stack, const std::string& place
     }
 }
 
-std::optional<Finding> TimelineMedia::findingOf(const Timeline::Clip& clip, Track::Kind kind, Ticks duration) {
-    if (const auto* file = std::get_if<Timeline::MediaFile>(&clip.media.target))
-        return findingOf(*file, clip, kind, duration);
-    if (const auto* made = std::get_if<Timeline::Generator>(&clip.media.target))
-        return ExportCore::findingOf(*made, kind);
-    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&clip.media.target);
-    if (!sequence)
-        return std::nullopt;
-    if (kind != Track::Kind::Video)
-        return found(Finding::Kind::Error, "pictures stand among sound");
-    const std::string trouble = troubleOf(*sequence, clip, duration);
-    if (trouble.empty())
-        return std::nullopt;
-    const bool refused = sequence->missing == Timeline::ImageSequence::MissingFrames::Refused;
-    return found(refused ? Finding::Kind::MissingMedia : Finding::Kind::Warning, trouble);
+std::optional<Finding> TimelineMedia::findingOf(const PlacedClip& placed) {
+    const Timeline::MediaTarget& target = placed.clip.media.target;
+    if (const auto* file = std::get_if<Timeline::MediaFile>(&target))
+        return findingOf(*file, placed);
+    if (const auto* made = std::get_if<Timeline::Generator>(&target))
+        return ExportCore::findingOf(*made, placed.kind);
+    const auto* const sequence = std::get_if<Timeline::ImageSequence>(&target);
+    return sequence ? ExportCore::findingOf(*sequence, placed) : std::nullopt;
 }
 
-std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
-                                                Track::Kind kind, Ticks duration) {
+std::optional<Finding> TimelineMedia::findingOf(const Timeline::MediaFile& file, const PlacedClip& placed) {
     const std::string name = "its media \"" + file.path.ToUtf8() + "\" ";
-    const Look& look = lookAt(clip.media);
+    const Look& look = lookAt(placed.clip.media);
     if (const auto* why = std::get_if<std::string>(&look))
         return found(Finding::Kind::MissingMedia, name + "cannot be opened: " + *why);
     const auto& info = std::get<MediaInfo>(look);
-    if (!hasKind(info, kind))
-        return found(Finding::Kind::Error, name + (kind == Track::Kind::Video ? "has no pictures" : "has no sound"));
+    if (!hasKind(info, placed.kind))
+        return found(Finding::Kind::Error,
+                     name + (placed.kind == Track::Kind::Video ? "has no pictures" : "has no sound"));
     if (info.duration <= 0 || (info.video && info.video->stillPicture)) // lasts nobody knows how long, or for ever
         return std::nullopt;
-    const Shown shown = shownBy(clip, Render::originOf(clip, info), duration);
-    const Ticks before = Ticks(0) - shown.first;
-    const Ticks behind = shown.last - Ticks(info.duration);
-    const std::int64_t period =
-        info.video && info.video->frameRate > 0 ? Kestra::FramesToTime(1, info.video->frameRate) : 0;
-    const Ticks tolerance(std::max(period, Kestra::TICKS_PER_MILLISECOND));
-    // Whoever read the timeline has told what goes beyond the range that is said to be there.
-    const auto& available = clip.media.available;
-    const bool isTold = available && available->duration <= Ticks(info.duration) + tolerance;
-    if (isTold || std::max(before, behind) <= tolerance)
-        return std::nullopt;
-    std::string text = name + "lasts " + inMilliseconds(Ticks(info.duration));
-    const auto add = [&](Ticks beyond, const char* end, const char* picture) {
-        if (beyond > tolerance)
-            text += "; the clip goes " + inMilliseconds(beyond) + end + " and " +
-                    inPlaceOf(beyond, clip.excerpt.speed, kind, picture, duration);
-    };
-    add(before, " before its beginning", "first picture");
-    add(behind, " beyond it", "last picture");
-    return found(Finding::Kind::Warning, text);
+    const std::string shortage = shortageOf(placed, mediaLengthOf(info, placed.clip));
+    return shortage.empty() ? std::nullopt : std::optional(found(Finding::Kind::Warning, name + shortage));
 }
 
 } // namespace ExportCore

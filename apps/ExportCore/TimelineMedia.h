@@ -2,6 +2,7 @@
 // ExportCore::TimelineMedia: looks at the media that a timeline names.
 #pragma once
 
+#include "ExportCore/MediaShortage.h"
 #include "Render/MediaPool.h"
 #include "Timeline/Reader/ITimelineReader.h"
 #include <atomic>
@@ -23,8 +24,8 @@ public:
     std::optional<Kestra::Ticks> lengthOf(const Timeline::MediaReference& media, Timeline::Track::Kind kind);
 
     /// What is wrong with the media of the document: files that cannot be opened, or lack what their track wants, parts
-    /// of them that do not exist, pictures of sequences that are not there. Each sentence once for each clip that is
-    /// switched on.
+    /// of them that clips or transitions show and that do not exist, pictures of sequences that are not there. Each
+    /// sentence once for each clip that is switched on.
     std::vector<Timeline::Finding> check(const Timeline::Document& document);
 
     /// Why a medium cannot be opened; empty for one that can.
@@ -39,10 +40,8 @@ private:
     const Look& lookAt(const Timeline::MediaReference& media);
     void check(const Timeline::Stack& stack, const std::string& place, std::vector<Timeline::Finding>& findings);
     /// Without a place.
-    std::optional<Timeline::Finding> findingOf(const Timeline::Clip& clip, Timeline::Track::Kind kind,
-                                               Kestra::Ticks duration);
-    std::optional<Timeline::Finding> findingOf(const Timeline::MediaFile& file, const Timeline::Clip& clip,
-                                               Timeline::Track::Kind kind, Kestra::Ticks duration);
+    std::optional<Timeline::Finding> findingOf(const PlacedClip& placed);
+    std::optional<Timeline::Finding> findingOf(const Timeline::MediaFile& file, const PlacedClip& placed);
 
     const std::shared_ptr<Render::MediaPool> pool;
     const std::atomic<bool>* const interrupted;

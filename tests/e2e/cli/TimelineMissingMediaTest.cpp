@@ -10,12 +10,63 @@ namespace {
 TEST_F(RenderedTimelines, TellOnceWhatGoesBeyondItsMedium) {
     const auto told = [](std::string cut, const std::string& available) {
         cut.replace(cut.find(timeOf(500)), timeOf(500).size(), available);
-        return render(write(cut, {})).errors.count(QStringLiteral("beyond"));
+        return render(write(cut, {})).errors.count(QStringLiteral("the clip goes "));
     };
     const std::string cut = clipOf("a", "both.mov", 40, 20);
     EXPECT_EQ(told(cut, timeOf(50)), 1) << "what there is said to be";
     EXPECT_EQ(told(cut, timeOf(60)), 1) << "what there is";
+    EXPECT_EQ(told(clipOf("a", "both.mov", 40, 11), timeOf(50)), 1) << "by a frame";
+    EXPECT_EQ(told(clipOf("a", "both.mov", -1, 11), timeOf(50)), 1);
     EXPECT_EQ(told(clipOf("a", "both.mov", 30, 20), timeOf(50)), 0);
+}
+
+TEST_F(RenderedTimelines, ShowMoreThanIsSaidToBeThereWhereThereIsMore) {
+    std::string cut = clipOf("a", "both.mov", 5, 20);
+    cut.replace(cut.find(timeOf(500)), timeOf(500).size(), timeOf(8));
+    const std::string timeline = writeTracks(track("Video", cut) + ',' + track("Audio", cut));
+    EXPECT_EQ(run({"validate", timeline}).output.toStdString(), "");
+    const auto found = rendered(timeline);
+    EXPECT_EQ(found.numbers(), shown(5, 20));
+    EXPECT_EQ(found.audio->samples, 20 * 1920);
+}
+
+TEST_F(RenderedTimelines, AreLongAsStillPicturesAreShownWhateverIsSaidOfThem) {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=white:s=320x180", "-frames:v", "1", *media / "still.png"});
+    std::string still = clipOf("still", "still.png", 0, 20);
+    still.replace(still.find(timeOf(500)), timeOf(500).size(), timeOf(1));
+    EXPECT_EQ(run({"validate", write(still, {})}).output.toStdString(), "");
+}
+
+TEST_F(RenderedTimelines, TellWhatTransitionsLackBeyondTheCut) {
+    const auto told = [](const std::string& children, const char* kind = "Video") {
+        const Result result = run({"validate", writeTracks(track(kind, children))});
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        return result.output;
+    };
+    const auto cross = [](const std::string& before, const std::string& behind) {
+        return before + ',' + dissolveOf(3, 5) + ',' + behind;
+    };
+    const std::string last = clipOf("a", "both.mov", 38, 10), first = clipOf("b", "both.mov", 0, 10);
+    const std::string middle = clipOf("m", "both.mov", 20, 10);
+    const QString end = QStringLiteral("lasts 2000 ms; the transition behind the clip goes 120 ms beyond it and ");
+    const QString start =
+        QStringLiteral("lasts 2000 ms; the transition before the clip goes 120 ms before its beginning and ");
+    EXPECT_EQ(told(cross(middle, middle)), QString());
+    EXPECT_TRUE(told(cross(last, middle)).contains(end + QStringLiteral("holds the last picture for 120 ms")));
+    EXPECT_TRUE(told(cross(middle, first)).contains(start + QStringLiteral("holds the first picture for 120 ms")));
+    EXPECT_TRUE(told(cross(last, middle), "Audio").contains(end + QStringLiteral("is silent for 120 ms")));
+    EXPECT_EQ(told(cross(last, first)).count(QLatin1Char('\n')), 2) << "each side";
+    const std::string back = clipOf("a", "both.mov", 10, 8, warpOf("LinearTimeWarp.1", -1));
+    EXPECT_TRUE(told(cross(back, middle))
+                    .contains(QStringLiteral("the transition behind the clip goes 120 ms before its beginning and "
+                                             "holds the first picture for 120 ms")));
+    EXPECT_EQ(told(cross(clipOf("a", "both.mov", 45, 8, R"(,"effects":[{"OTIO_SCHEMA":"FreezeFrame.1"}])"), middle)),
+              QString())
+        << "a frozen frame is there as long as it is wanted";
+    EXPECT_TRUE(render(writeTracks(track("Video", cross(last, middle)))).errors.contains(end));
+    makeNumbered();
+    EXPECT_TRUE(told(cross(numbered(112, 6), middle))
+                    .contains(QStringLiteral("lasts 480 ms; the transition behind the clip goes 120 ms beyond it")));
 }
 
 TEST_F(RenderedTimelines, TellWhatGoesBeyondAMediumOfWhichNoRangeIsTold) {

@@ -22,7 +22,8 @@ TEST_F(RenderedTimelines, HoldTheLastOfNumberedPictures) {
     append(expected, std::vector<int>(3, 11));
     const std::string cut = write(clipOf("a", "both.mov", 2, 2) + ',' + numbered(116, 7), {});
     EXPECT_EQ(rendered(cut).numbers(), expected);
-    EXPECT_TRUE(render(cut).errors.contains(QStringLiteral("holds the last picture for 120 ms at its end")));
+    EXPECT_TRUE(render(cut).errors.contains(QStringLiteral(
+        "its media lasts 480 ms; the clip goes 120 ms beyond it and holds the last picture for 120 ms")));
 }
 
 TEST_F(RenderedTimelines, ShowBlackInPlaceOfNumberedPicturesThatAreMissing) {

@@ -271,6 +271,19 @@ TEST_F(OtioBadInput, OfTransitionsIsShortenedOrLeftOut) {
     EXPECT_EQ(firstTrack(fitted).transitions().at(1).before, frames(2)) << "what the one before leaves of the clip";
 }
 
+TEST_F(OtioBadInput, OfTransitionsThatAreNoDissolvesIsTold) {
+    const auto typed = [](std::string transition, const std::string& type) {
+        const std::string dissolve = "SMPTE_Dissolve";
+        transition.replace(transition.find(dissolve), dissolve.size(), type);
+        return timelineOf({trackOf({clip(0, 10), transition, clip(50, 10)})});
+    };
+    expectWarning(typed(transitionOf(3, 3), "Custom_Wipe"),
+                  "transition \"cross\": transitions of the type \"Custom_Wipe\" are made as dissolves "
+                  "(/tracks/children/0/children/1/transition_type)");
+    EXPECT_EQ(inWords(read(typed(transitionOf(3, 3), "SMPTE_Dissolve"))), "");
+    EXPECT_EQ(inWords(read(typed(transitionOf(3, 3), ""))), "");
+}
+
 TEST_F(OtioBadInput, OfMarkersLeavesThemOutAndReadsTheRest) {
     const auto marked = [this](const std::string& marker) {
         return wrap(clip(0, 5, "e", R"(,"markers":[)" + marker + ']'));

@@ -190,8 +190,6 @@ std::optional<Item> OtioItems::readClip(const OtioNode& node, Track::Kind kind) 
     }
     clip.excerpt.start = range->start;
     clip.rate = rateOf(node);
-    if (clip.media.available)
-        tellWhatIsBeyond(context, node, {clip.excerpt, range->duration}, {*clip.media.available, "its media"}, kind);
     return Item{node.text("name"),
                 range->duration,
                 node.flag("enabled", true),
@@ -247,7 +245,7 @@ Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack,
     const TimeRange contents{Ticks(0), stack->duration()};
     const TimeRange range = cut.range.value_or(contents);
     if (contents.duration > Ticks(0))
-        tellWhatIsBeyond(context, node, {{range.start, cut.speed}, range.duration}, {contents, "its contents"}, kind);
+        tellWhatIsBeyond(context, node, {{range.start, cut.speed}, range.duration}, contents, kind);
     std::vector<Marker> markers = stack->markers();
     for (Marker& marker : markers)
         marker.range.start -= range.start;
@@ -272,6 +270,8 @@ std::optional<Transition> OtioItems::readTransition(const OtioNode& node) {
     if (!before || !behind)
         return std::nullopt;
     const std::string type = node.text("transition_type");
+    if (!type.empty() && type != "SMPTE_Dissolve")
+        context.warn(node["transition_type"], "transitions of the type \"" + type + "\" are made as dissolves");
     if (*before >= Ticks(0) && *behind >= Ticks(0))
         return Transition{node.text("name"), type, 0, *before, *behind};
     context.error(node, "a transition reaches a negative time to one side");

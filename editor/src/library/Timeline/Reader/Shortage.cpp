@@ -35,9 +35,9 @@ std::string lasting(Ticks time, Ticks duration, const char* end) {
 
 } // namespace
 
-void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch& stretch, const Existing& there,
+void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch& stretch, const TimeRange& contents,
                       Track::Kind kind) {
-    const Lack lack = lackOf(stretch, there.range);
+    const Lack lack = lackOf(stretch, contents);
     const bool isBackwards = stretch.excerpt.speed < 0;
     std::string held;
     const auto add = [&](Ticks time, const char* end, const char* picture) {
@@ -50,7 +50,7 @@ void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch&
     add(lack.atStart, "start", isBackwards ? "last" : "first");
     add(lack.atEnd, "end", isBackwards ? "first" : "last");
     if (!held.empty())
-        context.warn(node, "it goes beyond what there is of " + std::string(there.owner) + " and " + held);
+        context.warn(node, "it goes beyond what there is of its contents and " + held);
 }
 
 } // namespace Timeline

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What an item shows that is not there.
+// What a stack shows that is not there.
 #pragma once
 
 #include "Timeline/Reader/OtioContext.h"
@@ -12,15 +12,9 @@ struct Stretch {
     Kestra::Ticks duration;
 };
 
-/// What there is of a source, and whose it is in words: "its media".
-struct Existing {
-    TimeRange range;
-    const char* owner;
-};
-
-/// Tells a warning where the stretch goes beyond what there is: at which of its ends, for how long in the time of its
-/// track, and what is seen or heard there.
-void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch& stretch, const Existing& there,
+/// Tells a warning where the stretch goes beyond the contents that there are of its stack: at which of its ends, for
+/// how long in the time of its track, and what is seen or heard there. Of media only who opens them can tell that.
+void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch& stretch, const TimeRange& contents,
                       Track::Kind kind);
 
 } // namespace Timeline
