@@ -202,7 +202,7 @@ void ExportRun::showTimeline() {
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
         project->describe(streamRange);
-    noteFirstPictures();
+    noteWhatFirstOnesDecide();
     collectDamage();
 }
 

@@ -5,6 +5,8 @@
 #include "Export/Transcoder.h"
 #include "ExportCore/ExportRun.h"
 #include "ExportCore/FirstPictures.h"
+#include "ExportCore/InputOpening.h"
+#include "ExportCore/MixedDown.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/SizeText.h"
@@ -127,10 +129,13 @@ void ExportRun::plan() {
         requireRoom();
 }
 
-void ExportRun::noteFirstPictures() {
+void ExportRun::noteWhatFirstOnesDecide() {
+    const Preset preset = provider->preset();
     const std::vector<Project::SeenPictures> pictures = project->picturesIn(streamRange);
-    const FirstPictures first(pictures, request, provider->preset());
-    for (const std::string& note : {first.noteOnSize(), first.noteOnRate(provider->frameRate(&project->video()))})
+    const FirstPictures first(pictures, request, preset);
+    for (const std::string& note :
+         {first.noteOnSize(), first.noteOnRate(provider->frameRate(&project->video())),
+          MixedDown::note(opening->sequence(), streamRange, project->audio().channelLayout, request, preset)})
         if (!note.empty())
             outcome.notes << QString::fromStdString(note);
 }

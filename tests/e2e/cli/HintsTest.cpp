@@ -211,6 +211,27 @@ TEST_F(Hints, OfInputsOfAnotherRateIsThatTheFirstOnesCounts) {
     EXPECT_THAT(said({clip, ntsc}, {"--set", "frame-rate=25"}), Not(HasSubstr("rate of the first")));
 }
 
+TEST_F(Hints, OfAFirstSoundOfFewChannelsIsThatOthersAreMixedDown) {
+    const auto make = [this](const char* name, const char* layout) {
+        TestMedia::runFfmpeg({"-f", "lavfi", "-i", std::string("aevalsrc=0:s=48000:d=0.4:c=") + layout, place / name});
+        return place / name;
+    };
+    const std::string mono = make("mono.wav", "mono"), wide = make("wide.wav", "5.1");
+    const auto plan = [&](const std::vector<std::string>& more, const std::string& preset = "flac") {
+        std::vector<std::string> arguments{"render", "-p", preset, "-o", place / ("out." + preset), "--dry-run"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return run(arguments).rawErrors;
+    };
+    EXPECT_THAT(
+        plan({mono, wide}),
+        HasSubstr("wide.wav\" is mixed down to the channels of the first sound, mono; --set channels=5.1 chooses"));
+    EXPECT_THAT(plan({mono, wide, "--set", "channels=5.1"}), Not(HasSubstr("mixed down")));
+    EXPECT_THAT(plan({mono, wide, "--set", "channels=mono"}), Not(HasSubstr("mixed down"))) << "as it was ordered";
+    EXPECT_THAT(plan({wide, mono}), Not(HasSubstr("mixed down")));
+    EXPECT_THAT(plan({mono, wide, "--in", "0.4"}), Not(HasSubstr("mixed down"))) << "the first is not in the range";
+    EXPECT_THAT(plan({mono, wide}, "mp3"), Not(HasSubstr("mixed down"))) << "the preset has channels of its own";
+}
+
 TEST_F(Hints, MoreChannelsGetMoreBits) {
     const auto bitrate = [this](std::vector<std::string> more) {
         more.insert(more.begin(), {"render", clip, "-p", "m4a-aac", "-o", place / "out.m4a", "--dry-run", "--json"});

@@ -143,6 +143,25 @@ TEST_F(RenderedTimelines, MixWhatIsHeardAtTheSameTimeAndTellWhereThatIsTooLoud) 
     EXPECT_EQ(TestMedia::probe(out()).audio->onsets, (std::vector<long long>{0, 10 * 1920, 25 * 1920, 35 * 1920}));
 }
 
+TEST_F(RenderedTimelines, HaveTheMostChannelsAndTheHighestRateOfWhatIsHeardTogether) {
+    const auto make = [](const char* name, const char* sound) {
+        TestMedia::runFfmpeg({"-f", "lavfi", "-i", std::string("aevalsrc=0:d=2:") + sound, *media / name});
+    };
+    make("voice.wav", "s=44100:c=mono");
+    make("music.wav", "s=48000:c=stereo");
+    const auto plan = [](const std::string& tracks) {
+        return run({"render", writeTracks(tracks), "-p", "flac", "-o", *media / "out.flac", "--dry-run"}).output;
+    };
+    const std::string voice = clipOf("v", "voice.wav", 0, 20), music = clipOf("m", "music.wav", 10, 20);
+    const QString whole = QStringLiteral("flac 48000 Hz, 2 channels"),
+                  first = QStringLiteral("flac 44100 Hz, 1 channel");
+    EXPECT_TRUE(plan(track("Audio", voice) + ',' + track("Audio", music)).contains(whole));
+    EXPECT_TRUE(plan(track("Audio", voice + ',' + dissolveOf(3, 3) + ',' + music)).contains(whole))
+        << "in a cross-fade";
+    EXPECT_TRUE(plan(track("Audio", voice + ',' + music)).contains(first)) << "one behind the other, as files are";
+    EXPECT_TRUE(plan(track("Audio", voice) + ',' + track("Audio", gapOf(20) + ',' + music)).contains(first));
+}
+
 TEST_F(RenderedTimelines, AreExportedAlone) {
     const Result result = run(
         {"render", write(clipOf("a", "both.mov", 0, 5), {}), *media / "both.mov", "-p", "mkv-ffv1-flac", "-o", out()});

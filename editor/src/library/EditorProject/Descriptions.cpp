@@ -122,6 +122,22 @@ std::vector<Source> heardInAny(const Render::Sequence& sequence, const Types::Ra
     return media;
 }
 
+/// One has no more channels than the other where nobody says where they are heard.
+int channelsOf(std::uint32_t layout) {
+    return Conf::IsDiscreteLayout(layout) ? 0 : Conf::CountChannels(layout);
+}
+
+/// Where sounds are heard together none of them is to lose by which one begins: the widest layout and the highest rate.
+void widen(Media::Audio& audio, const std::vector<Source>& media) {
+    for (const Source& medium : media) {
+        const Proc::AudioTrackInfo& track = *medium->GetInfo().audio;
+        audio.sampleRate = std::max(audio.sampleRate, track.sampleRate);
+        if (channelsOf(track.channelLayout) > channelsOf(audio.channelLayout) &&
+            !Conf::IsDiscreteLayout(audio.channelLayout))
+            audio.channelLayout = track.channelLayout;
+    }
+}
+
 } // namespace
 
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range) {
@@ -163,6 +179,8 @@ Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range&
     if (track.sampleRate > 0)
         audio.sampleRate = track.sampleRate;
     audio.channelLayout = track.channelLayout;
+    if (media.size() > 1 && Render::mixesSound(sequence, windowOf(sequence, range), SampleGrid(DEFAULT_SAMPLE_RATE)))
+        widen(audio, media);
     for (const Render::Sequence& further : sequence.furtherSounds)
         audio.sampleRate = std::max(audio.sampleRate, describeAudio(further, range).sampleRate);
     return audio;

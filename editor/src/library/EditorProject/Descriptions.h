@@ -15,7 +15,8 @@ namespace Project {
 /// 1920x1080 at 25 when there is none. Of clips at the same time the lowest one counts. An empty or inverted range is
 /// all of it.
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range = {});
-/// Rate and layout of the first clip with sound in the range, or else outside it, and the SampleDepth of all in the
+/// Rate and layout of the first clip with sound in the range, or else outside it, of several that are heard together
+/// the highest rate and the layout of most channels, and the SampleDepth of all in the
 /// range; 48000 Hz stereo when there is none. With further sounds the highest of their rates, and the depth of them
 /// all.
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});

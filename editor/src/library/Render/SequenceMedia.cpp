@@ -96,6 +96,11 @@ std::vector<MediaPool::Source> mediaHeard(const Sequence& sequence, const Window
     return Survey::ofSound(planner, window.samples(grid), *sequence.media).media;
 }
 
+bool mixesSound(const Sequence& sequence, const Window& window, const Kestra::SampleGrid& grid) {
+    const SoundPlanner planner(sequence.document, window, grid);
+    return Survey::ofSound(planner, window.samples(grid), *sequence.media).blends;
+}
+
 std::optional<Ticks> placeOf(const Sequence& sequence, const Kestra::ioPath& file, Ticks time, Ticks from, Ticks to) {
     Search search{*sequence.media, file, time, from, to};
     search.look(*sequence.document->tracks, {});

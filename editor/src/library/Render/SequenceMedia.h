@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Render::mediaSeen, mediaHeard, hasAny, placeOf: which media of a sequence are used, and where.
+// Render::mediaSeen, mediaHeard, mixesSound, hasAny, placeOf: which media of a sequence are used, and where.
 #pragma once
 
 #include "EditorRenderExport.h"
@@ -17,6 +17,8 @@ EDITORRENDER_EXPORT std::vector<MediaPool::Source> mediaSeen(const Sequence& seq
 /// Likewise the media with sound.
 EDITORRENDER_EXPORT std::vector<MediaPool::Source> mediaHeard(const Sequence& sequence, const Window& window,
                                                               const Kestra::SampleGrid& grid);
+/// Whether several sounds are heard at a time in the window, or one goes over into another.
+EDITORRENDER_EXPORT bool mixesSound(const Sequence& sequence, const Window& window, const Kestra::SampleGrid& grid);
 /// Whether anything that is enabled has pictures, or sound, be it a medium or made.
 EDITORRENDER_EXPORT bool hasAny(const Sequence& sequence, Timeline::Track::Kind kind);
 /// Where the sequence begins to show or play what the file holds from `time` on, among the clips that end after `from`:
