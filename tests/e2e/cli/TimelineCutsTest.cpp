@@ -66,6 +66,16 @@ TEST_F(RenderedTimelines, LayClipsOverOthersByTheirTransparency) {
     EXPECT_LT(mean, 230);
 }
 
+TEST_F(RenderedTimelines, KeepTheColoursOfTitlesOverPicturesOfLessColour) {
+    TestMedia::runFfmpeg({"-f", "lavfi", "-i", "color=red:s=320x180,format=rgba,colorchannelmixer=aa=0.5", "-frames:v",
+                          "1", *media / "title.png"});
+    const std::string cut = writeTracks(track("Video", clipOf("a", "both.mov", 2, 4)) + ',' +
+                                        track("Video", clipOf("title", "title.png", 0, 4)));
+    EXPECT_EQ(TestMedia::probe(*media / "both.mov").video->pixelFormat, "yuv420p");
+    EXPECT_EQ(rendered(cut).video->pixelFormat, "yuv444p");
+    EXPECT_FALSE(render(cut).errors.contains(QStringLiteral("colour of 4:4:4 became"))) << "nothing of it is lost";
+}
+
 TEST_F(RenderedTimelines, PlayClipsFasterBackwardsAndFrozen) {
     const auto found =
         rendered(write(clipOf("fast", "both.mov", 2, 10, warpOf("LinearTimeWarp.1", 2)) + ',' +

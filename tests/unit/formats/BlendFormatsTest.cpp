@@ -16,7 +16,37 @@ std::string pairOf(const char* wanted) {
     return std::string(PixelFormatToString(pair.opaque)) + " " + PixelFormatToString(pair.alpha);
 }
 
+std::string pairOfAll(const std::vector<const char*>& wanted) {
+    std::vector<Conf::PixelFormat> formats;
+    for (const char* const name : wanted)
+        formats.push_back(PixelFormatFromString(name));
+    const Conf::BlendFormats pair = Conf::BlendFormatsForAll(formats);
+    return std::string(PixelFormatToString(pair.opaque)) + " " + PixelFormatToString(pair.alpha);
+}
+
 } // namespace
+
+TEST(BlendFormats, OfSeveralHoldTheColoursAndBitsOfAll) {
+    EXPECT_EQ(pairOfAll({"yuv420p"}), "yuv420p yuva420p");
+    EXPECT_EQ(pairOfAll({"yuv420p", "rgba"}), "yuv444p yuva444p") << "a title";
+    EXPECT_EQ(pairOfAll({"yuv420p10", "rgb24"}), "yuv444p10le yuva444p10le");
+    EXPECT_EQ(pairOfAll({"rgba", "yuv420p"}), "gbrp gbrap") << "of equals the one for the first";
+    EXPECT_EQ(pairOfAll({"yuv444p", "yuv420p10"}), "yuv444p10le yuva444p10le") << "neither holds the other";
+    EXPECT_EQ(pairOfAll({"yuvj420p", "rgb24"}), "yuvj444p yuva444p");
+    EXPECT_EQ(pairOfAll({"yuvj420p", "yuv422p10"}), "yuv422p10le yuva422p10le");
+    for (const Conf::PixelFormatRecord& first : Conf::PixelFormatRecord::All()) {
+        for (const Conf::PixelFormatRecord& second : Conf::PixelFormatRecord::All()) {
+            if (first.kind == Conf::PixelKind::Hardware || second.kind == Conf::PixelKind::Hardware)
+                continue;
+            const auto pair = Conf::BlendFormatsForAll({first.Format(), second.Format()});
+            for (const auto* const one : {&first, &second}) {
+                auto loss = Conf::PixelLoss::Between(*one, *Conf::PixelFormatRecord::Find(pair.alpha));
+                loss.model = false;
+                ASSERT_TRUE(loss.IsNone()) << one->name << " of " << first.name << " and " << second.name;
+            }
+        }
+    }
+}
 
 TEST(BlendFormats, AreTheNearestOfPlanesAndStayWhatTheyAreWherePossible) {
     EXPECT_EQ(pairOf("yuv420p"), "yuv420p yuva420p");

@@ -59,6 +59,7 @@ PixelFormat PictureTarget::pixelFormatOf(const Proc::IMediaSource& medium) {
 
 void PictureTarget::describe() {
     PixelFormat format = PixelFormat::Unknown;
+    std::vector<PixelFormat> formats;
     const Proc::VideoTrackInfo* coloured = nullptr;
     for (const Source& medium : media) {
         const auto& video = medium->GetInfo().video;
@@ -67,8 +68,10 @@ void PictureTarget::describe() {
             coloured = &*video;
         if (format == PixelFormat::Unknown || (own != PixelFormat::Unknown && holdsAll(own, format)))
             format = own;
+        if (own != PixelFormat::Unknown)
+            formats.push_back(own);
     }
-    setPixelFormat(format);
+    setPixelFormat(blends && !formats.empty() ? Conf::BlendFormatsForAll(formats).opaque : format);
     if (!coloured)
         return;
     target->SetColour(coloured->colour);

@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/Exception.h"
 #include "Kestra/Conf/PixelLoss.h"
+#include <algorithm>
 
 namespace Kestra::Conf {
 
@@ -25,13 +26,26 @@ constexpr Pair PAIRS[] = {
     {"gbrpf32le", "gbrapf32le"},
 };
 
+const PixelFormatRecord& RecordOf(PixelFormat format) {
+    const PixelFormatRecord* const record = PixelFormatRecord::Find(format);
+    if (record == nullptr || record->kind == PixelKind::Hardware)
+        KESTRA_THROW(Exception(std::string("Pictures of the pixel format \"") + PixelFormatToString(format) +
+                               "\" cannot be blended"));
+    return *record;
+}
+
+/// Of the format that loses most of them.
+PixelLoss LossOf(const std::vector<PixelFormat>& formats, const BlendFormats& pair) {
+    PixelLoss most;
+    for (const PixelFormat format : formats)
+        most = std::max(most, PixelLoss::Between(RecordOf(format), *PixelFormatRecord::Find(pair.alpha)));
+    return most;
+}
+
 } // namespace
 
 BlendFormats BlendFormatsFor(PixelFormat wanted) {
-    const PixelFormatRecord* const record = PixelFormatRecord::Find(wanted);
-    if (record == nullptr || record->kind == PixelKind::Hardware)
-        KESTRA_THROW(Exception(std::string("Pictures of the pixel format \"") + PixelFormatToString(wanted) +
-                               "\" cannot be blended"));
+    const PixelFormatRecord* const record = &RecordOf(wanted);
     BlendFormats best{PixelFormat::Unknown, PixelFormat::Unknown};
     PixelLoss least;
     for (const Pair& pair : PAIRS) {
@@ -43,6 +57,25 @@ BlendFormats BlendFormatsFor(PixelFormat wanted) {
             continue;
         best = formats;
         least = loss;
+    }
+    return best;
+}
+
+BlendFormats BlendFormatsForAll(const std::vector<PixelFormat>& wanted) {
+    BlendFormats best = BlendFormatsFor(wanted.front());
+    const bool fullRange = PixelFormatRecord::Find(best.opaque)->fullRange;
+    PixelLoss least = LossOf(wanted, best);
+    for (const bool sameRange : {true, false}) {
+        for (const Pair& pair : PAIRS) {
+            const BlendFormats formats{PixelFormatFromString(pair.opaque), PixelFormatFromString(pair.alpha)};
+            if ((PixelFormatRecord::Find(formats.opaque)->fullRange == fullRange) != sameRange)
+                continue;
+            const PixelLoss loss = LossOf(wanted, formats);
+            if (!(loss < least))
+                continue;
+            best = formats;
+            least = loss;
+        }
     }
     return best;
 }
