@@ -51,6 +51,8 @@ TEST(ProcessingError, IsUnknownWithoutACode) {
 
 TEST(ProcessingError, KnowsLackOfMemoryAndBadArgumentsByType) {
     EXPECT_EQ(From(std::bad_alloc()).GetCode(), TranscodingError::OutOfMemory);
+    EXPECT_EQ(From(std::bad_alloc()).GetDescription(),
+              "There is too little memory: smaller pictures, or fewer exports at a time, take less");
     EXPECT_EQ(From(std::system_error(EAGAIN, std::system_category())).GetCode(), TranscodingError::OutOfMemory)
         << "a thread for which there was no room";
     EXPECT_EQ(From(std::system_error(EPERM, std::system_category())).GetCode(), TranscodingError::Unknown);

@@ -24,13 +24,24 @@ TranscodingError CodeByType(const std::exception& exception) {
     return TranscodingError::Unknown;
 }
 
+// Without memory for the sentence there are the words that need none.
+std::string WordsFor(const std::exception& error) {
+    if (dynamic_cast<const std::bad_alloc*>(&error) == nullptr)
+        return error.what();
+    try {
+        return "There is too little memory: smaller pictures, or fewer exports at a time, take less";
+    } catch (const std::bad_alloc&) {
+        return "out of memory";
+    }
+}
+
 // E is std::exception or boost::exception: whichever base the thrown object was caught by.
 template <class E>
-ProcessingError ReadRecords(const E& exception, TranscodingError codeWithoutRecord, const char* textWithoutRecord) {
+ProcessingError ReadRecords(const E& exception, TranscodingError codeWithoutRecord, std::string textWithoutRecord) {
     const int* code = boost::get_error_info<TagErrorCode>(exception);
     const std::string* text = boost::get_error_info<TagDescription>(exception);
     return ProcessingError(code != nullptr ? static_cast<TranscodingError>(*code) : codeWithoutRecord,
-                           text != nullptr ? *text : std::string(textWithoutRecord));
+                           text != nullptr ? *text : std::move(textWithoutRecord));
 }
 
 } // namespace
@@ -47,7 +58,7 @@ ProcessingError ProcessingError::MakeProcessingErrorFromException(const std::exc
     try {
         std::rethrow_exception(exception);
     } catch (const std::exception& error) {
-        return ReadRecords(error, CodeByType(error), error.what());
+        return ReadRecords(error, CodeByType(error), WordsFor(error));
     } catch (const boost::exception& error) {
         return ReadRecords(error, TranscodingError::Unknown, foreign);
     } catch (...) {

@@ -18,8 +18,8 @@ public:
     const std::string& GetDescription() const noexcept { return description; }
 
     /// Reads the code and the description out of an exception: TagErrorCode and TagDescription where they are attached,
-    /// else what(); std::bad_alloc is OutOfMemory, std::invalid_argument InvalidArgument; a null pointer or an
-    /// exception of a foreign type is Unknown.
+    /// else what(); std::bad_alloc is OutOfMemory, with a sentence that says what helps, std::invalid_argument
+    /// InvalidArgument; a null pointer or an exception of a foreign type is Unknown.
     static ProcessingError MakeProcessingErrorFromException(const std::exception_ptr& exception);
 
 private:

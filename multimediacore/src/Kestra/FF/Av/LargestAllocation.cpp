@@ -5,13 +5,57 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 #include <algorithm>
+#include <mutex>
+#include <set>
 
 namespace Kestra::FF {
 
+namespace {
+
+struct Allocations {
+    std::mutex mutex;
+    std::int64_t limit = 0; ///< 0: none is set
+    std::multiset<std::int64_t> allowances;
+
+    // Called under the mutex.
+    void Settle() const noexcept {
+        if (limit == 0)
+            return;
+        const std::int64_t allowed = allowances.empty() ? 0 : *allowances.rbegin();
+        av_max_alloc(static_cast<std::size_t>(std::max(limit, allowed)));
+    }
+};
+
+// Encoders of runs that were left behind may outlive everything else.
+Allocations& TheAllocations() {
+    static auto* const allocations = new Allocations;
+    return *allocations;
+}
+
+} // namespace
+
 void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
-    // Encoders size their packets for the worst case, which is more than the frame.
+    // Most encoders size their packets for the worst case, which is more than the frame.
     constexpr std::int64_t least = std::int64_t{1} << 30;
-    av_max_alloc(static_cast<std::size_t>(std::max(least, limits.pictureBytes * 2)));
+    Allocations& all = TheAllocations();
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    all.limit = std::max(least, limits.pictureBytes * 2);
+    all.Settle();
+}
+
+AllocationAllowance::AllocationAllowance(std::int64_t bytes)
+    : bytes(bytes) {
+    Allocations& all = TheAllocations();
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    all.allowances.insert(bytes);
+    all.Settle();
+}
+
+AllocationAllowance::~AllocationAllowance() {
+    Allocations& all = TheAllocations();
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    all.allowances.erase(all.allowances.find(bytes));
+    all.Settle();
 }
 
 } // namespace Kestra::FF

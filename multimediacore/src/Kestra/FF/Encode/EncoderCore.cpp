@@ -5,6 +5,7 @@
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/Proc/Interrupted.h"
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace Kestra::FF {
@@ -57,13 +58,26 @@ void EncoderCore::Prepare() {
     loop = std::move(opened);
 }
 
+template <class Call>
+auto EncoderCore::Explained(const Call& call) const {
+    try {
+        return call();
+    } catch (const Proc::ProcException&) {
+        ExplainFailure();
+        throw;
+    } catch (const std::bad_alloc&) {
+        ExplainShortage();
+        throw;
+    }
+}
+
 boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     Prepare();
     while (!ended) {
         if (interrupted)
             KESTRA_THROW(Proc::Interrupted());
         PacketHandle packet;
-        const IEncoderLoop::Step step = Receive(packet);
+        const IEncoderLoop::Step step = Explained([&] { return loop->Receive(packet); });
         ended = step == IEncoderLoop::Step::End;
         if (ended)
             AtEnd();
@@ -78,27 +92,9 @@ boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::ReadPacket() {
     return nullptr;
 }
 
-IEncoderLoop::Step EncoderCore::Receive(PacketHandle& packet) {
-    try {
-        return loop->Receive(packet);
-    } catch (const Proc::ProcException&) {
-        ExplainFailure();
-        throw;
-    }
-}
-
-void EncoderCore::Send(const AVFrame* frame) {
-    try {
-        loop->Send(frame);
-    } catch (const Proc::ProcException&) {
-        ExplainFailure();
-        throw;
-    }
-}
-
 boost::intrusive_ptr<Proc::IDataRaw> EncoderCore::SendNext() {
     const FrameHandle frame = NextFrame();
-    Send(frame.get());
+    Explained([&] { loop->Send(frame.get()); });
     return frame ? AfterSend() : nullptr;
 }
 

@@ -55,14 +55,16 @@ protected:
     virtual boost::intrusive_ptr<Proc::IDataRaw> AfterSend() { return nullptr; }
     /// Called when the codec has failed, before that is told: throws where a better reason than the codec's is known.
     virtual void ExplainFailure() const {}
+    /// Likewise when it gets no memory.
+    virtual void ExplainShortage() const {}
     /// Called once when the last packet has gone.
     virtual void AtEnd() {}
     virtual void InterruptSource() = 0;
     virtual void ResetSource() = 0;
 
 private:
-    IEncoderLoop::Step Receive(PacketHandle& packet);
-    void Send(const AVFrame* frame);
+    template <class Call>
+    auto Explained(const Call& call) const;
     boost::intrusive_ptr<Proc::IDataRaw> SendNext();
 
     Core::Property description;

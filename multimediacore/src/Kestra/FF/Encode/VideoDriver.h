@@ -63,6 +63,8 @@ public:
     virtual void AllowFields(AVCodecContext& context) const;
     /// Whether the samples that come out are those that went in.
     virtual bool KeepsSamples() const { return false; }
+    /// The most memory that it takes in one piece for such frames; 0 where that is about what they are themselves.
+    virtual std::int64_t LargestPiece(const EncoderInput&) const { return 0; }
     /// The codes that its streams have names for; another one would be lost in the file.
     virtual Conf::ColourInfo Tellable(Conf::ColourInfo colour) const { return colour; }
     /// What a user can do about settings that it refuses; empty where nobody knows.

@@ -128,6 +128,7 @@ std::unique_ptr<IEncoderLoop> VideoEncoderCore::Open() {
     if (twoPass || description->GetBitrateMode() == "cbr")
         codec = &EncoderForExactRates(*codec);
     BuildChain(*description);
+    allowance.emplace(Driver().LargestPiece(input));
     // x264 and x265 keep the threads that they have begun when they do not find their statistics. Nobody waits for the
     // codec of a run that is stopped, and the folder would go in between.
     std::optional<FolderInUse> statistics;
@@ -319,6 +320,16 @@ void VideoEncoderCore::ExplainFailure() const {
         log->ExplainFailure();
 }
 
+void VideoEncoderCore::ExplainShortage() const {
+    constexpr std::int64_t MIB = 1 << 20;
+    const std::int64_t most = (Driver().LargestPiece(input) + MIB - 1) / MIB;
+    Fail(TranscodingError::OutOfMemory,
+         std::string(codec->name) + " gets too little memory for pictures of " + std::to_string(input.width) + "x" +
+             std::to_string(input.height) +
+             (most > 0 ? ", each of which takes up to " + std::to_string(most) + " MiB in one piece" : std::string()) +
+             ": smaller pictures, or fewer exports at a time, take less");
+}
+
 void VideoEncoderCore::AtEnd() {
     if (!log || !log->IsFirstPass())
         return;
@@ -332,6 +343,7 @@ void VideoEncoderCore::ResetSource() {
     peeked.reset();
     chain.reset();
     log.reset();
+    allowance.reset();
     stream->Reset();
     framesSent = 0;
     position = 0;

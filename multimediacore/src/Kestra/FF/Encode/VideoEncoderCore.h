@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Kestra/Conf/Draft.h"
+#include "Kestra/FF/Av/LargestAllocation.h"
 #include "Kestra/FF/Encode/EncoderCore.h"
 #include "Kestra/FF/Encode/FirstPassDraft.h"
 #include "Kestra/FF/Encode/TwoPassLog.h"
@@ -32,6 +33,7 @@ protected:
     boost::intrusive_ptr<Proc::IDataRaw> Finish(PacketHandle packet) override;
     boost::intrusive_ptr<Proc::IDataRaw> AfterSend() override;
     void ExplainFailure() const override;
+    void ExplainShortage() const override;
     void AtEnd() override;
     void InterruptSource() override { stream->Interrupt(); }
     void ResetSource() override;
@@ -55,6 +57,7 @@ private:
     boost::intrusive_ptr<Proc::IStreamVideo> chain;
     boost::intrusive_ptr<Proc::IDataVideo> peeked;
     std::unique_ptr<TwoPassLog> log;
+    std::optional<AllocationAllowance> allowance;
     EncoderInput input;
     std::optional<Conf::Draft> draft;            ///< what is encoded instead, by a first pass
     HdrMetadata hdr;                             ///< for container and stream
