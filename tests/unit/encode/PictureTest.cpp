@@ -141,6 +141,32 @@ TEST(Pictures, GetPalettesOfTheirOwnInGif) {
     }
 }
 
+TEST(Pictures, OfOtherPrimariesBecomeSrgbInGif) {
+    const auto shown = [](const Kestra::Conf::ColourInfo& colour) {
+        const ScratchFolder folder;
+        VideoShape shape = Bars(64, 48);
+        shape.colour = colour;
+        shape.frames = 1;
+        shape.paint = [](AVFrame& frame, int) {
+            for (int at = 0; at < frame.height * frame.linesize[0]; ++at)
+                frame.data[0][at] = std::array<std::uint8_t, 4>{40, 40, 180, 255}[static_cast<std::size_t>(at % 4)];
+        };
+        WriteFile(folder.File("out.gif"), "gif", {VideoEncoder(MakeVideo(shape), Description("gif"))});
+        const DecodedFile file = Decode(folder.File("out.gif"));
+        const std::uint8_t* pixel = file.Video().pictures.at(0)->data[0];
+        return RGB{pixel[2], pixel[1], pixel[0]};
+    };
+    // What the primaries' matrices make of the red in linear light.
+    const RGB displayP3 = shown({AVCOL_PRI_SMPTE432, AVCOL_TRC_IEC61966_2_1, AVCOL_SPC_RGB, AVCOL_RANGE_JPEG});
+    EXPECT_NEAR(displayP3.r, 195, 3);
+    EXPECT_NEAR(displayP3.g, 0, 3);
+    EXPECT_NEAR(displayP3.b, 25, 6);
+    const RGB same = shown({AVCOL_PRI_BT709, AVCOL_TRC_IEC61966_2_1, AVCOL_SPC_RGB, AVCOL_RANGE_JPEG});
+    EXPECT_NEAR(same.r, 180, 1);
+    EXPECT_NEAR(same.g, 40, 1);
+    EXPECT_NEAR(same.b, 40, 1);
+}
+
 TEST(Pictures, OfOneMatrixPassUnchanged) {
     auto shape = Flat(AV_PIX_FMT_YUV420P, {77, 99, 188, 0});
     const DecodedFile file = Lossless(shape);

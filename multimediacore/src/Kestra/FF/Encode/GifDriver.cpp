@@ -14,6 +14,10 @@ public:
 
     bool TakesFormat(AVPixelFormat format) const override { return format == AV_PIX_FMT_BGRA; }
     AVPixelFormat UsualFormat() const override { return AV_PIX_FMT_BGRA; }
+    // Its palettes are sRGB, and the files tell no colour.
+    Conf::ColourInfo Tellable(Conf::ColourInfo colour) const override {
+        return {AVCOL_PRI_BT709, AVCOL_TRC_IEC61966_2_1, colour.matrix, colour.range};
+    }
     AVPixelFormat CodedFormat(AVPixelFormat) const override { return AV_PIX_FMT_PAL8; }
     bool HasRate() const override { return false; }
     void SetSpeed(AVCodecContext&, const OptionList&) const override {}
