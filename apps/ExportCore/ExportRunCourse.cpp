@@ -10,6 +10,7 @@
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/SizeText.h"
+#include "ExportCore/SquarePixels.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
@@ -134,7 +135,8 @@ void ExportRun::noteWhatFirstOnesDecide() {
     const std::vector<Project::SeenPictures> pictures = project->picturesIn(streamRange);
     const FirstPictures first(pictures, request, preset);
     for (const std::string& note :
-         {first.noteOnSize(), first.noteOnRate(provider->frameRate(&project->video())),
+         {SquarePixels::note(pictures, preset), first.noteOnSize(),
+          first.noteOnRate(provider->frameRate(&project->video())),
           MixedDown::note(opening->sequence(), streamRange, project->audio().channelLayout, request, preset)})
         if (!note.empty())
             outcome.notes << QString::fromStdString(note);

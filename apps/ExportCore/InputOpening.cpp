@@ -6,6 +6,7 @@
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
 #include "ExportCore/RequestCheck.h"
+#include "ExportCore/SquarePixels.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Kestra/Proc/ProcessingError.h"
 #include <algorithm>
@@ -127,8 +128,10 @@ void InputOpening::open(Opened& opened, const ExportRequest& request, const std:
         RequestCheck::outputIsFit(request, *preset);
     try {
         if (TimelineOpening::isTimeline(paths.front().ToUtf8()))
-            return openTimeline(opened, request, preset, interrupted);
-        openFiles(opened, paths, request, preset, interrupted);
+            openTimeline(opened, request, preset, interrupted);
+        else
+            openFiles(opened, paths, request, preset, interrupted);
+        opened.sequence.squarePixels = preset && SquarePixels::areNeeded(*preset);
     } catch (...) {
         const auto error = ProcessingError::MakeProcessingErrorFromException(std::current_exception());
         if (isUnfit(error))

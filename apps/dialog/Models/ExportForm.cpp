@@ -131,7 +131,7 @@ void ExportForm::applyEdits() {
         return;
     try {
         const ExportCore::PresetEdit edit = ExportCore::RequestCheck::presetEdit(request(), *provider);
-        edit.apply(*provider, media.project().video(), media.project().audio());
+        edit.apply(*provider, pictures(), media.project().audio());
     } catch (const Refusal& refusal) {
         customRefusal = QString::fromStdString(refusal.what());
     }
@@ -254,7 +254,8 @@ int ExportForm::usualKilobits() const {
     constexpr int usual = 8000, bitsInKilobit = 1000;
     if (!media.isReady())
         return usual;
-    const auto bitrate = provider->bitrate(&media.project().video()).maximum / bitsInKilobit;
+    const Media::Video video = pictures();
+    const auto bitrate = provider->bitrate(&video).maximum / bitsInKilobit;
     return bitrate > 0 ? static_cast<int>(bitrate) : usual;
 }
 
@@ -429,7 +430,8 @@ std::optional<ExportCore::OutputEstimate> ExportForm::estimate() const {
         return std::nullopt;
     const EditorProject& project = media.project();
     const KTime length = part->end - part->start + ExportCore::OutroPictures::length(outro);
-    return ExportCore::OutputEstimate::of(*provider, withPicture ? &project.video() : nullptr,
+    const Media::Video video = pictures();
+    return ExportCore::OutputEstimate::of(*provider, withPicture ? &video : nullptr,
                                           withSound ? &project.audio() : nullptr, length);
 }
 

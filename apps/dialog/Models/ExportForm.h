@@ -7,6 +7,7 @@
 #include "ExportCore/OutputEstimate.h"
 #include "ExportCore/PresetCatalogue.h"
 #include "ExportCore/SequenceName.h"
+#include "ExportCore/SquarePixels.h"
 #include "dialog/Models/CustomSettings.h"
 #include "dialog/Models/LastChoice.h"
 #include "dialog/Models/PresetList.h"
@@ -147,6 +148,8 @@ private:
     void changePreset();
     void change();
     void applyEdits();
+    /// As the export takes them.
+    Media::Video pictures() const { return ExportCore::SquarePixels::of(media.project().video(), provider->preset()); }
     void restoreByName();
     void checkName();
     void suggestOutput();

@@ -3,6 +3,8 @@
 #include "../sync/Exported.h"
 #include "Raw.h"
 #include "support/FlashBeep.h"
+#include "support/MediaProbe.h"
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <vector>
@@ -41,6 +43,55 @@ TEST(KeptSize, PixelsThatAreNotSquareStayAsTheyAre) {
     }
     EXPECT_EQ(TestKept::pictures(media / "wide.mkv", "yuv420p"),
               TestKept::pictures(media / "mkv-ffv1-flac.mkv", "yuv420p"));
+}
+
+struct Animated {
+    const char* preset;
+    const char* file;    ///< to be made
+    const char* picture; ///< the file that holds the first one
+};
+
+TEST(KeptSize, PixelsBecomeSquareInFilesWhoseViewersKnowNoOthers) {
+    constexpr Animated kinds[] = {{"gif-gif-240p", "wide.gif", "wide.gif"},
+                                  {"webp-webp-480p", "wide.webp", "wide.webp"},
+                                  {"png-sequence", "wide_%d.png", "wide_0.png"},
+                                  {"jpeg-sequence", "wide_%d.jpg", "wide_0.jpg"}};
+    const TestMedia::Folder media;
+    make(media / "wide.mkv", "72x48", "drawbox=c=white:t=fill,setsar=2");
+    for (const Animated& kind : kinds) {
+        const auto outcome =
+            TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", kind.preset, media / kind.file));
+        ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+        const QStringList told = outcome.notes.filter(QStringLiteral("become square (72x48 is 144x48 then)"));
+        EXPECT_EQ(told.size(), 1) << kind.preset << outcome.notes.join(QLatin1Char('\n')).toStdString();
+        const auto shown = TestMedia::probe(media / kind.picture);
+        EXPECT_EQ(shown.video->width, 144) << kind.preset;
+        EXPECT_EQ(shown.video->height, 48) << kind.preset;
+        if (shown.video->codec == "webp") // which FFmpeg's programs cannot read
+            continue;
+        const QByteArray pixels = TestKept::bytes(media / kind.picture, "gray");
+        const auto isBar = [](char luma) { return static_cast<unsigned char>(luma) < 128; };
+        EXPECT_TRUE(std::none_of(pixels.begin(), pixels.end(), isBar)) << kind.preset;
+    }
+}
+
+TEST(KeptSize, IsThatOfTheLimitWherePixelsBecomeSquare) {
+    const TestMedia::Folder media;
+    make(media / "wide.mkv", "720x576", "setsar=64/45");
+    const auto outcome =
+        TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", "gif-gif-240p", media / "wide.gif"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(shapeOf(media / "wide.gif").substr(0, 7), "426,240");
+}
+
+TEST(KeptSize, OfSquarePixelsStaysInSuchFilesWithoutAWord) {
+    const TestMedia::Folder media;
+    make(media / "square.mkv", "72x48", "setsar=1280/1281"); // but for rounding
+    const auto outcome =
+        TestExport::run(TestExport::requestOfPictures(media / "square.mkv", "png-sequence", media / "square_%d.png"));
+    ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
+    EXPECT_EQ(shapeOf(media / "square_0.png").substr(0, 5), "72,48");
+    EXPECT_TRUE(outcome.notes.filter(QStringLiteral("become square")).isEmpty());
 }
 
 TEST(KeptSize, IsThatOfTheClipsInTheRange) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "EditorProject/Descriptions.h"
 #include "EditorProject/ExportWindow.h"
+#include "EditorProject/SquarePixels.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Timeline/DocumentEdit.h"
 #include "fakes/project/RenderFixture.h"
+#include <array>
 
 namespace Project::Tests {
 namespace {
@@ -67,6 +69,25 @@ TEST_F(DescriptionsTest, TheFirstPictureAndTheFirstSoundDescribeTheComposition) 
     EXPECT_EQ(video.aspectNumerator, 16U);
     EXPECT_EQ(describeAudio(line).sampleRate, 44100);
     EXPECT_EQ(describeAudio(line).sampleFormat, Kestra::Conf::SAMPLE_FORMAT_S16);
+}
+
+TEST_F(DescriptionsTest, InSquarePixelsTheShortSideGrowsAndOddSquareOnesStay) {
+    const auto described = [](std::uint32_t width, std::uint32_t height, std::uint32_t across, std::uint32_t down) {
+        Media::Video video;
+        video.width = width;
+        video.height = height;
+        video.aspectNumerator = across;
+        video.aspectDenominator = down;
+        const Media::Video square = inSquarePixels(video);
+        return std::array<std::uint32_t, 4>{square.width, square.height, square.aspectNumerator,
+                                            square.aspectDenominator};
+    };
+    using Frame = std::array<std::uint32_t, 4>;
+    EXPECT_EQ(described(720, 576, 16, 9), (Frame{1024, 576, 16, 9}));
+    EXPECT_EQ(described(576, 720, 9, 16), (Frame{576, 1024, 9, 16}));
+    EXPECT_EQ(described(720, 480, 4, 3), (Frame{720, 540, 4, 3})) << "no line is lost";
+    EXPECT_EQ(described(161, 121, 161, 121), (Frame{161, 121, 161, 121}));
+    EXPECT_EQ(described(853, 480, 16, 9), (Frame{853, 480, 853, 480})) << "but for rounding they are square";
 }
 
 TEST_F(DescriptionsTest, OnlyClipsInTheRangeDescribeIt) {

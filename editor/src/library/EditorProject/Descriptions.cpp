@@ -2,6 +2,7 @@
 #include "EditorProject/Descriptions.h"
 
 #include "EditorProject/ExportWindow.h"
+#include "EditorProject/SquarePixels.h"
 #include "Kestra/Conf/SampleInfo.h"
 #include "Kestra/Conf/StandardRates.h"
 #include "Render/SampleDepth.h"
@@ -151,7 +152,7 @@ Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range&
     const Proc::VideoTrackInfo& track = *found->GetInfo().video;
     if (track.frame.width && track.frame.height)
         setFrame(video, track.frame);
-    return video;
+    return sequence.squarePixels ? inSquarePixels(video) : video;
 }
 
 std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Types::Range& range) {

@@ -13,7 +13,7 @@ namespace Project {
 
 /// Frame as shown and nominal rate of the first clip with a picture that lies in the range, or else outside it;
 /// 1920x1080 at 25 when there is none. Of clips at the same time the lowest one counts. An empty or inverted range is
-/// all of it.
+/// all of it. In square pixels where the sequence says so.
 Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range& range = {});
 /// Rate and layout of the first clip with sound in the range, or else outside it, of several that are heard together
 /// the highest rate and the layout of most channels, and the SampleDepth of all in the

@@ -63,7 +63,8 @@ public:
     /// after.
     Composition::Object* composition();
     /// The composition's own description: of the first clip with a picture (1920x1080 at 25 without one), of the first
-    /// clip with sound (48000 Hz stereo without one). Clips in the range that was to be described go first.
+    /// clip with sound (48000 Hz stereo without one). Clips in the range that was to be described go first. In
+    /// square pixels where the sequence that is shown says so.
     const Media::Video& video() const;
     const Media::Audio& audio() const;
 

@@ -49,6 +49,9 @@ struct EDITORRENDER_EXPORT Sequence {
     /// sound, without a programme and further ones of their own. See SoundTracks.
     std::vector<Sequence> furtherSounds{};
 
+    /// The frame of its pictures is described in square pixels.
+    bool squarePixels = false;
+
     /// Of this one and the further ones.
     std::vector<std::shared_ptr<MediaPool>> pools() const;
 };

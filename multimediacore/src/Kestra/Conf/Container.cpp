@@ -109,6 +109,7 @@ Container Mkv() {
 Container Gif() {
     Container container = Of("gif", "gif", {CodecID::GIF}, {"gif"});
     container.tagged = false;
+    container.squarePixels = true;
     return container;
 }
 
@@ -116,6 +117,7 @@ Container Gif() {
 Container Webp() {
     Container container = Of("webp", "webp", {CodecID::WebP}, {"webp"});
     container.tagged = false;
+    container.squarePixels = true;
     return container;
 }
 
@@ -124,6 +126,7 @@ Container Sequence(const char* id, CodecID codec, std::vector<std::string> exten
     Container container = Of(id, "image2", {codec}, std::move(extensions));
     container.tagged = false;
     container.sequence = true;
+    container.squarePixels = true;
     return container;
 }
 

@@ -43,6 +43,7 @@ struct KESTRA_EXPORT Container {
     bool tagged = true;               ///< it has a place for title and tags
     /// Each picture is a file of its own, in a folder: nothing holds them together but their numbered names.
     bool sequence = false;
+    bool squarePixels = false; ///< viewers take its pixels for square, whatever its files tell
 
     static const std::vector<Container>& All();
     /// Null for an id that is none.
