@@ -230,6 +230,45 @@ TEST_F(Sound, IsTheSameWhenItIsReadASecondTime) {
     }
 }
 
+TEST_F(Sound, WhoseClockStandsStillFollowsOn) {
+    const std::vector<std::string> atOnce{"-bsf:a", "setts=ts=0"};
+    const std::vector<std::pair<std::string, std::vector<std::string>>> kinds{
+        {"a.rm", {"-c:a", "real_144", "-ar", "8000"}},
+        {"a.mka", join({"-c:a", "mp2", "-ar", "48000"}, atOnce)},
+        {"a.flv", join({"-c:a", "pcm_s16le", "-ar", "44100"}, atOnce)}};
+    for (const auto& [name, coding] : kinds) {
+        SCOPED_TRACE(name);
+        const std::string path = make(name, join({"-f", "lavfi", "-i", noise(8000, 6)}, coding));
+        const auto source = open(path);
+        const auto all = readSamples(*source->CreateAudioStream());
+        // What libav gives of all packets, one after the other.
+        const auto plain = readSamples(*open(make(name + ".wav", {"-i", path}))->CreateAudioStream());
+        ASSERT_EQ(all.size(), plain.size());
+        EXPECT_LT(difference(all, plain, 0), 1e-3);
+        const int rate = source->GetInfo().audio->sampleRate;
+        const auto stream = source->CreateAudioStream();
+        for (const int second : {4, 1, 5}) {
+            stream->Seek(second * TIME_BASE, SeekMode::Exact);
+            const auto found = take(readSamples(*stream, 3000), 3000);
+            EXPECT_LT(difference(found, all, static_cast<std::size_t>(second) * rate), 1e-3) << second;
+        }
+        const auto notes = source->TakeNotes();
+        ASSERT_EQ(notes.size(), 1U);
+        EXPECT_EQ(notes[0].what, "many packets of its sound have one time; they follow each other");
+        EXPECT_TRUE(source->TakeDamageReports().empty());
+    }
+}
+
+TEST_F(Sound, ThatHasNoPlaceInItsTimestampsIsToldToBeLost) {
+    // Each time is a tick or two after the one before.
+    const auto source =
+        open(make("a.ts", {"-f", "lavfi", "-i", noise(48000, 3), "-c:a", "mp2", "-bsf:a", "setts=ts=0"}));
+    const auto reports = source->TakeDamageReports();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].what,
+              "Its sound lasts for 3.000 s, but its timestamps only for 0.049 s; the rest is left out");
+}
+
 TEST_F(Sound, IsInterruptedUntilReset) {
     const auto stream = open(make("a.wav", {"-f", "lavfi", "-i", numberedSamples(RATE, RATE)}))->CreateAudioStream();
     EXPECT_TRUE(stream->ReadAudio());

@@ -175,6 +175,8 @@ void Demuxer::SetUpRepairs() {
         append(chunkTimes);
     if (RepeatedTimes::AreNeeded(GetFormatName()))
         append(repeatedTimes);
+    if (anyStream([](const AVStream* stream) { return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO; }))
+        append(stillTimes);
     if (anyStream([](const AVStream* stream) { return FieldPairs::AreNeeded(*stream); }))
         append(fieldPairs);
     if (fromStart && AnchorTimes::AreNeeded(GetFormatName())) {

@@ -10,6 +10,7 @@
 #include "Kestra/FF/Demux/OrderTimes.h"
 #include "Kestra/FF/Demux/RepeatedTimes.h"
 #include "Kestra/FF/Demux/SourceFile.h"
+#include "Kestra/FF/Demux/StillTimes.h"
 #include "Kestra/FF/Demux/StreamInfoCache.h"
 #include "Kestra/FF/Demux/TimestampMap.h"
 #include <atomic>
@@ -62,6 +63,8 @@ public:
     bool Seek(int stream, std::int64_t timestamp);
     /// Whether only reading from the start tells when pictures of the stream are shown.
     bool CountsFromStart(int stream);
+    /// Whether the audio has one time for so many packets that it tells nothing: they follow each other from the start.
+    bool StandsStill(int stream) const { return stillTimes.Found(stream); }
     /// Back to the first packet, by opening the file again: the only way that is exact in every container.
     void Rewind();
     /// Why the last reading ended before the end of the file; empty when it did not.
@@ -106,6 +109,7 @@ private:
     // Each holds what was read and not yet given.
     ChunkTimes chunkTimes;
     RepeatedTimes repeatedTimes;
+    StillTimes stillTimes;
     FieldPairs fieldPairs;
     OrderTimes orderTimes;
     AnchorTimes anchorTimes;

@@ -22,6 +22,8 @@ public:
     std::int64_t GetStart() const;
     /// By how much that is later than its own timestamp.
     std::int64_t GetStartCorrection() const;
+    /// Of all packets.
+    std::int64_t GetLength() const { return sum; }
     /// Of the first packet.
     std::int64_t GetFirstLength() const { return firstLength; }
     /// Where the samples of the last packet end by what all timestamps mean together.

@@ -121,6 +121,7 @@ void MediaProbe::Run() {
     NoteRate();
     ReportJoints();
     SettleEnds();
+    ReportLostAudio();
     DescribeVideo();
     DescribeAudio();
     ReportShortage();

@@ -73,6 +73,7 @@ private:
     std::int64_t LengthOf(const Track& track, const AVPacket& packet);
     /// Where timestamps of the audio jitter, its samples tell where it begins and ends.
     void SteadyAudio();
+    void ReportLostAudio();
     void FinishEnd(Track& track);
     void FinishVideoEnd();
     /// An edit list may cut the last frame or block short.

@@ -14,6 +14,9 @@ namespace {
 // Where the promise is counted, or bytes are known to be missing, it is this, and some packets.
 constexpr std::int64_t SMALL_SHORTAGE = 3 * TIME_BASE / 50;
 constexpr std::int64_t ROUNDED_PACKETS = 3;
+// Sound that is missing, in time and as a share of what is heard, beyond what codecs put in front and behind.
+constexpr std::int64_t LEAST_LOSS = TIME_BASE;
+constexpr std::int64_t LOST_SHARE = 10;
 
 } // namespace
 
@@ -24,7 +27,12 @@ void MediaProbe::BeginLevels(bool ofAll) {
 }
 
 void MediaProbe::SteadyAudio() {
-    if (audio.index < 0 || !levels.AreJittery())
+    if (audio.index < 0)
+        return;
+    details.audioStandsStill = demuxer.StandsStill(audio.index);
+    if (details.audioStandsStill)
+        details.notes.push_back("many packets of its sound have one time; they follow each other");
+    if (!levels.AreJittery())
         return;
     // Rare enough to be read through: then not one sample is taken for jitter.
     if (!levelsOfAll)
@@ -41,6 +49,19 @@ void MediaProbe::SteadyAudio() {
     if (std::abs(levels.GetStart() + skipped - audio.start) <= tick)
         audio.start = levels.GetStart() + skipped;
     audio.end = end - packetSamples->PaddingOf(*audio.waiting.back());
+}
+
+// Where a clock hardly goes on, or back again and again, most of the samples have no place. Of parts that are joined,
+// headers count like packets.
+void MediaProbe::ReportLostAudio() {
+    if (audio.index < 0 || !levelsOfAll || details.clock)
+        return;
+    const std::int64_t heard = audio.end - audio.start;
+    const std::int64_t lost = levels.GetLength() - heard;
+    if (lost > LEAST_LOSS && lost > heard / LOST_SHARE)
+        details.damage.push_back({path, audio.end - details.origin,
+                                  "Its sound lasts for " + Seconds(levels.GetLength()) +
+                                      ", but its timestamps only for " + Seconds(heard) + "; the rest is left out"});
 }
 
 std::int64_t MediaProbe::ClaimedLength() {

@@ -38,6 +38,8 @@ struct TrackDetails {
     /// By how many samples a timestamp of the audio differs from the one before beyond what lies between them, on
     /// average; 0 where they do not jitter.
     std::int64_t audioJitter = 0;
+    /// The audio's times lead nowhere: its samples follow each other from the start.
+    bool audioStandsStill = false;
     /// Saves the streams of the file from being found again; null where that does not work.
     std::shared_ptr<const StreamInfoCache> streams;
     /// How the file's timestamps are joined; null when they go on from start to end.

@@ -332,10 +332,15 @@ boost::intrusive_ptr<Proc::IDataAudio> AudioDecodeStream::Emit(FrameHandle frame
     return block;
 }
 
+// Where timestamps jitter or stand still, only that tells which sample is which.
+bool AudioDecodeStream::IsReadThrough() const {
+    return source->GetDetails().audioJitter > 0 || source->GetDetails().audioStandsStill;
+}
+
 void AudioDecodeStream::ApplySeek() {
     const std::int64_t target = *pendingSeek;
-    // Where timestamps jitter, whatever lies ahead is reached by reading on: from the start it would be further.
-    const bool near = target - cursor < track.sampleRate || source->GetDetails().audioJitter > 0;
+    // Then whatever lies ahead is reached by reading on: from the start it would be further.
+    const bool near = target - cursor < track.sampleRate || IsReadThrough();
     const bool ahead = anchored && target >= cursor && near;
     if (!ahead) {
         const bool ogg = std::strcmp(demuxer->GetFormatName(), "ogg") == 0;
@@ -366,8 +371,7 @@ void AudioDecodeStream::StartOver() {
 
 bool AudioDecodeStream::LandBefore(std::int64_t sample, std::int64_t preroll) {
     const std::int64_t landing = sample - preroll;
-    // Where timestamps jitter, only reading through tells which sample is which.
-    if (landing <= TimeToSamples(track.start, track.sampleRate) || source->GetDetails().audioJitter > 0) {
+    if (landing <= TimeToSamples(track.start, track.sampleRate) || IsReadThrough()) {
         StartOver();
         return true;
     }

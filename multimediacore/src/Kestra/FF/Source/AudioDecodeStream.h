@@ -61,6 +61,7 @@ private:
     boost::intrusive_ptr<Proc::IDataAudio> TakeFront();
     boost::intrusive_ptr<Proc::IDataAudio> Silence(std::int64_t until);
     boost::intrusive_ptr<Proc::IDataAudio> Emit(FrameHandle frame, std::int64_t from);
+    bool IsReadThrough() const;
     void ApplySeek();
     bool LandBefore(std::int64_t sample, std::int64_t preroll);
     void StartOver();
