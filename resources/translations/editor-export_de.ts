@@ -1958,8 +1958,128 @@
             <translation>ihr Bild ließ sich nicht dekodieren: %1</translation>
         </message>
         <message>
-            <source>%1, clip "%2": %3 (%4)</source>
-            <translation>%1, Clip „%2“: %3 (%4)</translation>
+            <source>%1, clip "%2": %3 (/%4)</source>
+            <translation>%1, Clip „%2“: %3 (/%4)</translation>
+        </message>
+        <message>
+            <source>%1, clip: %2 (/%3)</source>
+            <translation>%1, Clip: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, transition: %2 (/%3)</source>
+            <translation>%1, Übergang: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, stack: %2 (/%3)</source>
+            <translation>%1, Stapel: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, track: %2 (/%3)</source>
+            <translation>%1, Spur: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3</source>
+            <translation>%1, Clip „%2“: %3</translation>
+        </message>
+        <message>
+            <source>%1, transition "%2": %3</source>
+            <translation>%1, Übergang „%2“: %3</translation>
+        </message>
+        <message>
+            <source>%1, stack "%2": %3</source>
+            <translation>%1, Stapel „%2“: %3</translation>
+        </message>
+        <message>
+            <source>%1, track "%2": %3</source>
+            <translation>%1, Spur „%2“: %3</translation>
+        </message>
+        <message>
+            <source>stack</source>
+            <translation>Stapel</translation>
+        </message>
+        <message>
+            <source>track</source>
+            <translation>Spur</translation>
+        </message>
+        <message>
+            <source>the effect "%1" is not known and is left out</source>
+            <translation>der Effekt „%1“ ist nicht bekannt und wird weggelassen</translation>
+        </message>
+        <message>
+            <source>it has no pictures, and its place in a track of pictures stays empty</source>
+            <translation>er hat keine Bilder, und sein Platz in einer Bildspur bleibt leer</translation>
+        </message>
+        <message>
+            <source>it has no sound, and its place in a sound track stays silent</source>
+            <translation>er hat keinen Ton, und sein Platz in einer Tonspur bleibt still</translation>
+        </message>
+        <message>
+            <source>transitions of the type "%1" are made as dissolves</source>
+            <translation>Übergänge der Art „%1“ werden als Überblendungen ausgeführt</translation>
+        </message>
+        <message>
+            <source>its media "%1" lasts %2</source>
+            <translation>seine Mediendatei „%1“ dauert %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" cannot be opened: %2</source>
+            <translation>seine Mediendatei „%1“ lässt sich nicht öffnen: %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no pictures</source>
+            <translation>seine Mediendatei „%1“ hat keine Bilder</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no sound</source>
+            <translation>seine Mediendatei „%1“ hat keinen Ton</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 before its beginning and %2</source>
+            <translation>der Clip reicht %1 vor ihren Anfang und %2</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 beyond it and %2</source>
+            <translation>der Clip reicht %1 darüber hinaus und %2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 before its beginning and %2</source>
+            <translation>der Übergang vor dem Clip reicht %1 vor ihren Anfang und %2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 beyond it and %2</source>
+            <translation>der Übergang vor dem Clip reicht %1 darüber hinaus und %2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 before its beginning and %2</source>
+            <translation>der Übergang hinter dem Clip reicht %1 vor ihren Anfang und %2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 beyond it and %2</source>
+            <translation>der Übergang hinter dem Clip reicht %1 darüber hinaus und %2</translation>
+        </message>
+        <message>
+            <source>holds the first picture for %1</source>
+            <translation>hält %1 lang das erste Bild</translation>
+        </message>
+        <message>
+            <source>holds the last picture for %1</source>
+            <translation>hält %1 lang das letzte Bild</translation>
+        </message>
+        <message>
+            <source>shows nothing but the first picture</source>
+            <translation>zeigt nur das erste Bild</translation>
+        </message>
+        <message>
+            <source>shows nothing but the last picture</source>
+            <translation>zeigt nur das letzte Bild</translation>
+        </message>
+        <message>
+            <source>is silent for %1</source>
+            <translation>ist %1 lang still</translation>
+        </message>
+        <message>
+            <source>is silent throughout</source>
+            <translation>ist durchweg still</translation>
         </message>
         <message>
             <source>stack "%1"</source>
@@ -2000,6 +2120,10 @@
         <message>
             <source>is said to be missing</source>
             <translation>fehlt, wie die Timeline sagt</translation>
+        </message>
+        <message>
+            <source>lasts %1</source>
+            <translation>dauert %1</translation>
         </message>
         <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>

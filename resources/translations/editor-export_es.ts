@@ -1958,8 +1958,128 @@
             <translation>no se pudo decodificar su imagen: %1</translation>
         </message>
         <message>
-            <source>%1, clip "%2": %3 (%4)</source>
-            <translation>%1, clip «%2»: %3 (%4)</translation>
+            <source>%1, clip "%2": %3 (/%4)</source>
+            <translation>%1, clip «%2»: %3 (/%4)</translation>
+        </message>
+        <message>
+            <source>%1, clip: %2 (/%3)</source>
+            <translation>%1, clip: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, transition: %2 (/%3)</source>
+            <translation>%1, transición: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, stack: %2 (/%3)</source>
+            <translation>%1, pila: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, track: %2 (/%3)</source>
+            <translation>%1, pista: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3</source>
+            <translation>%1, clip «%2»: %3</translation>
+        </message>
+        <message>
+            <source>%1, transition "%2": %3</source>
+            <translation>%1, transición «%2»: %3</translation>
+        </message>
+        <message>
+            <source>%1, stack "%2": %3</source>
+            <translation>%1, pila «%2»: %3</translation>
+        </message>
+        <message>
+            <source>%1, track "%2": %3</source>
+            <translation>%1, pista «%2»: %3</translation>
+        </message>
+        <message>
+            <source>stack</source>
+            <translation>pila</translation>
+        </message>
+        <message>
+            <source>track</source>
+            <translation>pista</translation>
+        </message>
+        <message>
+            <source>the effect "%1" is not known and is left out</source>
+            <translation>el efecto «%1» no se conoce y se omite</translation>
+        </message>
+        <message>
+            <source>it has no pictures, and its place in a track of pictures stays empty</source>
+            <translation>no tiene imágenes, y su lugar en una pista de imagen queda vacío</translation>
+        </message>
+        <message>
+            <source>it has no sound, and its place in a sound track stays silent</source>
+            <translation>no tiene sonido, y su lugar en una pista de sonido queda en silencio</translation>
+        </message>
+        <message>
+            <source>transitions of the type "%1" are made as dissolves</source>
+            <translation>las transiciones del tipo «%1» se hacen como fundidos</translation>
+        </message>
+        <message>
+            <source>its media "%1" lasts %2</source>
+            <translation>su archivo «%1» dura %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" cannot be opened: %2</source>
+            <translation>su archivo «%1» no se puede abrir: %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no pictures</source>
+            <translation>su archivo «%1» no tiene imágenes</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no sound</source>
+            <translation>su archivo «%1» no tiene sonido</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 before its beginning and %2</source>
+            <translation>el clip empieza %1 antes que él y %2</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 beyond it and %2</source>
+            <translation>el clip lo sobrepasa en %1 y %2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 before its beginning and %2</source>
+            <translation>la transición anterior al clip empieza %1 antes que él y %2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 beyond it and %2</source>
+            <translation>la transición anterior al clip lo sobrepasa en %1 y %2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 before its beginning and %2</source>
+            <translation>la transición posterior al clip empieza %1 antes que él y %2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 beyond it and %2</source>
+            <translation>la transición posterior al clip lo sobrepasa en %1 y %2</translation>
+        </message>
+        <message>
+            <source>holds the first picture for %1</source>
+            <translation>mantiene la primera imagen durante %1</translation>
+        </message>
+        <message>
+            <source>holds the last picture for %1</source>
+            <translation>mantiene la última imagen durante %1</translation>
+        </message>
+        <message>
+            <source>shows nothing but the first picture</source>
+            <translation>solo muestra la primera imagen</translation>
+        </message>
+        <message>
+            <source>shows nothing but the last picture</source>
+            <translation>solo muestra la última imagen</translation>
+        </message>
+        <message>
+            <source>is silent for %1</source>
+            <translation>queda en silencio durante %1</translation>
+        </message>
+        <message>
+            <source>is silent throughout</source>
+            <translation>queda siempre en silencio</translation>
         </message>
         <message>
             <source>stack "%1"</source>
@@ -2000,6 +2120,10 @@
         <message>
             <source>is said to be missing</source>
             <translation>falta, según la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>lasts %1</source>
+            <translation>dura %1</translation>
         </message>
         <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>

@@ -1949,8 +1949,128 @@
             <translation>その画像をデコードできませんでした: %1</translation>
         </message>
         <message>
-            <source>%1, clip "%2": %3 (%4)</source>
-            <translation>%1、クリップ「%2」: %3 (%4)</translation>
+            <source>%1, clip "%2": %3 (/%4)</source>
+            <translation>%1、クリップ「%2」: %3 (/%4)</translation>
+        </message>
+        <message>
+            <source>%1, clip: %2 (/%3)</source>
+            <translation>%1、クリップ: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, transition: %2 (/%3)</source>
+            <translation>%1、トランジション: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, stack: %2 (/%3)</source>
+            <translation>%1、スタック: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, track: %2 (/%3)</source>
+            <translation>%1、トラック: %2 (/%3)</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3</source>
+            <translation>%1、クリップ「%2」: %3</translation>
+        </message>
+        <message>
+            <source>%1, transition "%2": %3</source>
+            <translation>%1、トランジション「%2」: %3</translation>
+        </message>
+        <message>
+            <source>%1, stack "%2": %3</source>
+            <translation>%1、スタック「%2」: %3</translation>
+        </message>
+        <message>
+            <source>%1, track "%2": %3</source>
+            <translation>%1、トラック「%2」: %3</translation>
+        </message>
+        <message>
+            <source>stack</source>
+            <translation>スタック</translation>
+        </message>
+        <message>
+            <source>track</source>
+            <translation>トラック</translation>
+        </message>
+        <message>
+            <source>the effect "%1" is not known and is left out</source>
+            <translation>エフェクト「%1」は不明なので省かれます</translation>
+        </message>
+        <message>
+            <source>it has no pictures, and its place in a track of pictures stays empty</source>
+            <translation>映像がないので、映像トラックでのその場所は空のままです</translation>
+        </message>
+        <message>
+            <source>it has no sound, and its place in a sound track stays silent</source>
+            <translation>音声がないので、音声トラックでのその場所は無音です</translation>
+        </message>
+        <message>
+            <source>transitions of the type "%1" are made as dissolves</source>
+            <translation>種類「%1」のトランジションはディゾルブになります</translation>
+        </message>
+        <message>
+            <source>its media "%1" lasts %2</source>
+            <translation>そのメディア「%1」の長さは %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" cannot be opened: %2</source>
+            <translation>そのメディア「%1」を開けません: %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no pictures</source>
+            <translation>そのメディア「%1」には映像がありません</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no sound</source>
+            <translation>そのメディア「%1」には音声がありません</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 before its beginning and %2</source>
+            <translation>クリップはその始まりより %1 前に及び、%2</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 beyond it and %2</source>
+            <translation>クリップはその終わりを %1 超え、%2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 before its beginning and %2</source>
+            <translation>クリップの前のトランジションはその始まりより %1 前に及び、%2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 beyond it and %2</source>
+            <translation>クリップの前のトランジションはその終わりを %1 超え、%2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 before its beginning and %2</source>
+            <translation>クリップの後のトランジションはその始まりより %1 前に及び、%2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 beyond it and %2</source>
+            <translation>クリップの後のトランジションはその終わりを %1 超え、%2</translation>
+        </message>
+        <message>
+            <source>holds the first picture for %1</source>
+            <translation>最初の画像を %1 保持します</translation>
+        </message>
+        <message>
+            <source>holds the last picture for %1</source>
+            <translation>最後の画像を %1 保持します</translation>
+        </message>
+        <message>
+            <source>shows nothing but the first picture</source>
+            <translation>最初の画像だけを表示します</translation>
+        </message>
+        <message>
+            <source>shows nothing but the last picture</source>
+            <translation>最後の画像だけを表示します</translation>
+        </message>
+        <message>
+            <source>is silent for %1</source>
+            <translation>%1 無音になります</translation>
+        </message>
+        <message>
+            <source>is silent throughout</source>
+            <translation>終始無音です</translation>
         </message>
         <message>
             <source>stack "%1"</source>
@@ -1991,6 +2111,10 @@
         <message>
             <source>is said to be missing</source>
             <translation>はタイムラインで欠けているとされています</translation>
+        </message>
+        <message>
+            <source>lasts %1</source>
+            <translation>の長さは %1</translation>
         </message>
         <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>

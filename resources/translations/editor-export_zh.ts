@@ -1949,8 +1949,128 @@
             <translation>其图像无法解码：%1</translation>
         </message>
         <message>
-            <source>%1, clip "%2": %3 (%4)</source>
-            <translation>%1，片段“%2”：%3（%4）</translation>
+            <source>%1, clip "%2": %3 (/%4)</source>
+            <translation>%1，片段“%2”：%3（/%4）</translation>
+        </message>
+        <message>
+            <source>%1, clip: %2 (/%3)</source>
+            <translation>%1，片段：%2（/%3）</translation>
+        </message>
+        <message>
+            <source>%1, transition: %2 (/%3)</source>
+            <translation>%1，转场：%2（/%3）</translation>
+        </message>
+        <message>
+            <source>%1, stack: %2 (/%3)</source>
+            <translation>%1，堆叠：%2（/%3）</translation>
+        </message>
+        <message>
+            <source>%1, track: %2 (/%3)</source>
+            <translation>%1，轨道：%2（/%3）</translation>
+        </message>
+        <message>
+            <source>%1, clip "%2": %3</source>
+            <translation>%1，片段“%2”：%3</translation>
+        </message>
+        <message>
+            <source>%1, transition "%2": %3</source>
+            <translation>%1，转场“%2”：%3</translation>
+        </message>
+        <message>
+            <source>%1, stack "%2": %3</source>
+            <translation>%1，堆叠“%2”：%3</translation>
+        </message>
+        <message>
+            <source>%1, track "%2": %3</source>
+            <translation>%1，轨道“%2”：%3</translation>
+        </message>
+        <message>
+            <source>stack</source>
+            <translation>堆叠</translation>
+        </message>
+        <message>
+            <source>track</source>
+            <translation>轨道</translation>
+        </message>
+        <message>
+            <source>the effect "%1" is not known and is left out</source>
+            <translation>效果“%1”未知，予以忽略</translation>
+        </message>
+        <message>
+            <source>it has no pictures, and its place in a track of pictures stays empty</source>
+            <translation>它没有画面，在画面轨道中的位置是空的</translation>
+        </message>
+        <message>
+            <source>it has no sound, and its place in a sound track stays silent</source>
+            <translation>它没有声音，在声音轨道中的位置是静音</translation>
+        </message>
+        <message>
+            <source>transitions of the type "%1" are made as dissolves</source>
+            <translation>类型为“%1”的转场按叠化处理</translation>
+        </message>
+        <message>
+            <source>its media "%1" lasts %2</source>
+            <translation>其媒体“%1”长 %2</translation>
+        </message>
+        <message>
+            <source>its media "%1" cannot be opened: %2</source>
+            <translation>无法打开其媒体“%1”：%2</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no pictures</source>
+            <translation>其媒体“%1”没有画面</translation>
+        </message>
+        <message>
+            <source>its media "%1" has no sound</source>
+            <translation>其媒体“%1”没有声音</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 before its beginning and %2</source>
+            <translation>片段超出其开头 %1，%2</translation>
+        </message>
+        <message>
+            <source>the clip goes %1 beyond it and %2</source>
+            <translation>片段超出其结尾 %1，%2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 before its beginning and %2</source>
+            <translation>片段之前的转场超出其开头 %1，%2</translation>
+        </message>
+        <message>
+            <source>the transition before the clip goes %1 beyond it and %2</source>
+            <translation>片段之前的转场超出其结尾 %1，%2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 before its beginning and %2</source>
+            <translation>片段之后的转场超出其开头 %1，%2</translation>
+        </message>
+        <message>
+            <source>the transition behind the clip goes %1 beyond it and %2</source>
+            <translation>片段之后的转场超出其结尾 %1，%2</translation>
+        </message>
+        <message>
+            <source>holds the first picture for %1</source>
+            <translation>将第一幅画面保持 %1</translation>
+        </message>
+        <message>
+            <source>holds the last picture for %1</source>
+            <translation>将最后一幅画面保持 %1</translation>
+        </message>
+        <message>
+            <source>shows nothing but the first picture</source>
+            <translation>只显示第一幅画面</translation>
+        </message>
+        <message>
+            <source>shows nothing but the last picture</source>
+            <translation>只显示最后一幅画面</translation>
+        </message>
+        <message>
+            <source>is silent for %1</source>
+            <translation>静音 %1</translation>
+        </message>
+        <message>
+            <source>is silent throughout</source>
+            <translation>始终静音</translation>
         </message>
         <message>
             <source>stack "%1"</source>
@@ -1991,6 +2111,10 @@
         <message>
             <source>is said to be missing</source>
             <translation>在时间线中标明缺失</translation>
+        </message>
+        <message>
+            <source>lasts %1</source>
+            <translation>长 %1</translation>
         </message>
         <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>

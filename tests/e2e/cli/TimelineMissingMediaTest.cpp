@@ -99,11 +99,18 @@ TEST_F(RenderedTimelines, AreRefusedWhereMediaAreMissing) {
         result.errors.contains(QStringLiteral("track \"Video1\", clip \"gone\": the media \"gone.mov\" is not there")))
         << result.errors.toStdString();
     EXPECT_TRUE(result.errors.contains(QStringLiteral("--missing black")));
+    EXPECT_FALSE(result.errors.contains(QStringLiteral("(/"))) << "the words name the place";
+    EXPECT_TRUE(run({"validate", cut}).output.contains(QStringLiteral("is not there (/tracks/")));
     EXPECT_FALSE(std::filesystem::exists(out()));
     std::vector<int> expected = shown(2, 5);
     append(expected, std::vector<int>(5, -1));
     EXPECT_EQ(rendered(cut, {"--missing", "black"}).numbers(), expected);
     EXPECT_TRUE(render(cut, {"--missing", "black"}).errors.contains(QStringLiteral("warning: ")));
+}
+
+TEST_F(RenderedTimelines, TellThePlaceInTheFileOfWhatHasNoName) {
+    EXPECT_TRUE(render(write(clipOf("", "gone.mov", 0, 5), {}))
+                    .errors.contains(QStringLiteral("clip: the media \"gone.mov\" is not there (/tracks/")));
 }
 
 TEST_F(RenderedTimelines, TellWhatStandsInPlaceOfWhatIsMissing) {

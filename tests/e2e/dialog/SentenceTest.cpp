@@ -53,6 +53,31 @@ TEST_F(Sentences, NameWhatATimelineLacks) {
               text("„a“ lässt sich nicht lesen: das ist keine Mediendatei, oder ihr Anfang ist beschädigt"));
 }
 
+TEST_F(Sentences, TellWhatOfATimelineIsShownOtherwise) {
+    EXPECT_EQ(german("\"a.otio\": stack, track \"V\", clip \"x\": the effect \"blur\" is not known and is left out"),
+              text("„a.otio“: Stapel, Spur „V“, Clip „x“: der Effekt „blur“ ist nicht bekannt und wird weggelassen"));
+    EXPECT_EQ(
+        german("\"a.otio\": stack \"S\", track \"A\", stack \"N\": it has no sound, and its place in a sound track "
+               "stays silent"),
+        text("„a.otio“: Stapel „S“, Spur „A“, Stapel „N“: er hat keinen Ton, und sein Platz in einer Tonspur "
+             "bleibt still"));
+    EXPECT_EQ(german("\"a.otio\": track \"V\", clip \"x\": its media \"/b; c.mov\" lasts 2000 ms; the clip goes 400 ms "
+                     "beyond it and holds the last picture for 400 ms; the transition before the clip goes 120 ms "
+                     "before its beginning and holds the first picture for 120 ms"),
+              text("„a.otio“: Spur „V“, Clip „x“: seine Mediendatei „/b; c.mov“ dauert 2000 ms; der Clip reicht 400 ms "
+                   "darüber hinaus und hält 400 ms lang das letzte Bild; der Übergang vor dem Clip reicht 120 ms vor "
+                   "ihren Anfang und hält 120 ms lang das erste Bild"));
+    EXPECT_EQ(german("\"a.otio\": stack \"S\", track \"V\", transition: transitions of the type \"Wipe\" are made as "
+                     "dissolves (/tracks/1)"),
+              text("„a.otio“: Stapel „S“, Spur „V“, Übergang: Übergänge der Art „Wipe“ werden als Überblendungen "
+                   "ausgeführt (/tracks/1)"));
+    EXPECT_EQ(
+        german("\"a.otio\": track \"V\", clip \"x\": its media lasts 480 ms; the clip goes 120 ms beyond it and is "
+               "silent throughout"),
+        text("„a.otio“: Spur „V“, Clip „x“: seine Mediendatei dauert 480 ms; der Clip reicht 120 ms darüber "
+             "hinaus und ist durchweg still"));
+}
+
 TEST_F(Sentences, SayWhyAFirstPassIsWhole) {
     EXPECT_EQ(german("The first pass looks at whole pictures in place of halves: the film is shorter than 4 seconds"),
               text("Der erste Durchgang sieht sich ganze Bilder statt halber an: der Film ist kürzer als 4 Sekunden"));

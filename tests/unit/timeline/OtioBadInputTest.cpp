@@ -311,12 +311,13 @@ TEST_F(OtioBadInput, OfTracksAndEffectsIsTold) {
     expectError(timelineOf({trackOf({clip(0, 5)}), objectOf("Track.1", "t", R"(,"kind":"Video")")}),
                 "a track has no list of children");
     expectWarning(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"Effect.1","effect_name":"blur"}])")),
-                  "the effect \"blur\" is not known and has none here");
+                  "the effect \"blur\" is not known and is left out");
     expectError(wrap(clip(0, 5, "e", R"(,"effects":[{"OTIO_SCHEMA":"LinearTimeWarp.1","time_scalar":NaN}])")),
                 "the speed is no number from -100 to 100");
     expectWarning(wrap(clip(0, 5, "e", R"(,"markers":[{"OTIO_SCHEMA":"Clip.1"}])")), "it is no marker and is left out");
-    expectWarning(timelineOf({trackOf({clip(0, 5), stackOf({trackOf({clip(0, 5)}, "Audio")})})}),
-                  "it stands among pictures and has none");
+    expectWarning(
+        timelineOf({trackOf({clip(0, 5), stackOf({trackOf({clip(0, 5)}, "Audio")})})}),
+        "track \"Video1\", stack \"S\": it has no pictures, and its place in a track of pictures stays empty");
 }
 
 } // namespace

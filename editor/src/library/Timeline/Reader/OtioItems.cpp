@@ -220,8 +220,7 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
     if (kindOf(node) == OtioKind::Stack) {
         stack = readStack(node);
         if (stack->duration() > Ticks(0) && !hasTracks(*stack, kind))
-            context.warn(node, kind == Track::Kind::Video ? "it stands among pictures and has none"
-                                                          : "it stands among sound and has none");
+            tellOfNone(node, kind);
     } else {
         std::vector<Track> tracks;
         if (auto track = readTrack(node))
@@ -239,6 +238,13 @@ std::optional<Item> OtioItems::readNested(const OtioNode& node, Track::Kind kind
     item.name = node.text("name");
     item.enabled = node.flag("enabled", true);
     return item;
+}
+
+void OtioItems::tellOfNone(const OtioNode& node, Track::Kind kind) {
+    const OtioContext::Within within(context, "stack", node.text("name"));
+    context.warn(node, kind == Track::Kind::Video
+                           ? "it has no pictures, and its place in a track of pictures stays empty"
+                           : "it has no sound, and its place in a sound track stays silent");
 }
 
 Item OtioItems::cutOut(const OtioNode& node, std::shared_ptr<const Stack> stack, const Cut& cut, Track::Kind kind) {

@@ -32,6 +32,8 @@ private:
     std::optional<Item> readUnknown(const OtioNode& node);
     std::optional<Item> readGap(const OtioNode& node);
     std::optional<Item> readClip(const OtioNode& node, Track::Kind kind);
+    /// That a stack has nothing for a track of the kind.
+    void tellOfNone(const OtioNode& node, Track::Kind kind);
     std::optional<Item> readNested(const OtioNode& node, Track::Kind kind);
     std::optional<Transition> readTransition(const OtioNode& node);
     std::optional<TimeRange> rangeOfClip(const OtioNode& node, Clip& clip, Track::Kind kind);

@@ -17,7 +17,7 @@ double changed(OtioContext& context, double speed, const OtioNode& effect) {
     if (kind == OtioKind::FreezeFrame)
         return 0;
     if (kind != OtioKind::TimeWarp) {
-        context.warn(effect, "the effect \"" + effect.text("effect_name") + "\" is not known and has none here");
+        context.warn(effect, "the effect \"" + effect.text("effect_name") + "\" is not known and is left out");
         return speed;
     }
     const OtioNode scalar = effect["time_scalar"];
