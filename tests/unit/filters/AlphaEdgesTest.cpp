@@ -138,6 +138,21 @@ TEST(AlphaEdges, KeepItWherePixelsComeToShareTheirChroma) {
             << av_get_pix_fmt_name(source);
 }
 
+TEST(AlphaEdges, LeaveUnseenGrayAsItIsWhereNothingIsScaledForItHasNoChromaToShare) {
+    for (const AVPixelFormat source : {AV_PIX_FMT_YA16LE, AV_PIX_FMT_YA16BE}) {
+        FF::FrameTarget target;
+        target.width = target.place.width = target.source.width = WIDTH;
+        target.height = target.place.height = target.source.height = HEIGHT;
+        target.format = AV_PIX_FMT_YUVA420P16LE;
+        target.colour.range = AVCOL_RANGE_JPEG;
+        const FF::FrameHandle made = FF::FrameConverter().Convert(*half(source), target);
+        const auto* const luma = reinterpret_cast<const std::uint16_t*>(made->data[0]);
+        EXPECT_EQ(luma[EDGE - 1], 0xFFFF);
+        EXPECT_EQ(luma[EDGE], 16 << 8) << av_get_pix_fmt_name(source);
+        EXPECT_EQ(reinterpret_cast<const std::uint16_t*>(made->data[3])[EDGE], 0);
+    }
+}
+
 TEST(AlphaEdges, LeaveFramesThatAreOpaqueThroughoutAsTheyWere) {
     FF::FrameHandle picture = half(AV_PIX_FMT_YUVA420P);
     for (int y = 0; y < HEIGHT; ++y)

@@ -46,7 +46,8 @@ int ChromaRowsOf(const AVFrame& frame) {
 bool LosesChroma(const AVFrame& from, const AVFrame& to) {
     const AVPixFmtDescriptor& before = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(from.format));
     const AVPixFmtDescriptor& after = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(to.format));
-    return before.log2_chroma_w < after.log2_chroma_w || before.log2_chroma_h < after.log2_chroma_h;
+    const bool isGray = before.nb_components < 3;
+    return !isGray && (before.log2_chroma_w < after.log2_chroma_w || before.log2_chroma_h < after.log2_chroma_h);
 }
 
 bool IsWhole(const FrameRect& part, int width, int height) {
@@ -57,8 +58,14 @@ bool SameColour(const ColourInfo& a, const ColourInfo& b) {
     return MatrixClass(a.matrix) == MatrixClass(b.matrix) && a.range == b.range;
 }
 
+/// What the scaler reads and writes in the full range alone, whatever it is told: gray of 16 bits with alpha.
+bool IsFullInScaler(AVPixelFormat format) {
+    const AVPixFmtDescriptor& descriptor = *av_pix_fmt_desc_get(format);
+    return descriptor.nb_components == 2 && descriptor.comp[0].depth > 8;
+}
+
 int ResolveRange(int tagged, AVPixelFormat from, AVPixelFormat to, int wanted) {
-    if (IsFullRangeFormat(to))
+    if (IsFullRangeFormat(to) || IsFullInScaler(to))
         return AVCOL_RANGE_JPEG;
     if (wanted != AVCOL_RANGE_UNSPECIFIED)
         return wanted;
