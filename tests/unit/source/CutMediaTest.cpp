@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Recordings that were cut where no keyframe is: at their start, and by edit lists.
+#include "Kestra/FF/Demux/EditList.h"
 #include "unit/source/SourceFixture.h"
 #include <algorithm>
 #include <cmath>
@@ -42,6 +43,23 @@ void setEditLengths(const std::string& path, std::uint32_t ticks) {
         ++edited;
     }
     ASSERT_EQ(edited, 2);
+    writeFile(path, bytes);
+}
+
+/// Gives the only edit of every track that beginning, in ticks of the track, and that speed.
+void setEdits(const std::string& path, const std::vector<std::uint32_t>& begins, std::uint32_t speed) {
+    constexpr std::size_t BEGIN_OFFSET = 16;
+    Bytes bytes = readFile(path);
+    const std::string name = "elst";
+    auto place = bytes.begin();
+    for (const std::uint32_t begin : begins) {
+        place = std::search(place, bytes.end(), name.begin(), name.end());
+        ASSERT_NE(place, bytes.end());
+        const auto at = static_cast<std::size_t>(place++ - bytes.begin());
+        ASSERT_EQ(bytes[at + 11], 1);
+        putNumber(bytes, at + BEGIN_OFFSET, begin);
+        putNumber(bytes, at + BEGIN_OFFSET + 4, speed);
+    }
     writeFile(path, bytes);
 }
 
@@ -145,6 +163,90 @@ TEST_F(CutMedia, ByAnEditListThatWaitsAtItsStartIsWhole) {
     ASSERT_EQ(read.size(), 100U);
     EXPECT_EQ(read.back().number, 99);
     EXPECT_TRUE(source->TakeDamageReports().empty());
+}
+
+TEST_F(CutMedia, ByAnEditListThatBeginsWithinAPictureIsInStep) {
+    const std::string whole = makeWhole("a.mp4", {"-c:v", "libx264", "-g", "50", "-bf", "3", "-c:a", "aac"});
+    const double expected = beepAfterPicture(*open(whole));
+    for (const char* from : {"2.361", "2.37", "2.385", "2.3999", "2.36"}) {
+        const auto source = open(make(std::string("b") + from + ".mp4", {"-ss", from, "-i", whole, "-c", "copy"}));
+        EXPECT_NEAR(beepAfterPicture(*source), expected, 2e-3) << from;
+        const auto read = readPictures(*source->CreateVideoStream());
+        ASSERT_FALSE(read.empty()) << from;
+        for (std::size_t index = 0; index < read.size(); ++index) {
+            EXPECT_EQ(read[index].number, read[0].number + static_cast<int>(index)) << from;
+            EXPECT_NEAR(read[index].time, FramesToTime(static_cast<int>(index), 25), TIME_BASE / 1000) << from;
+        }
+        EXPECT_EQ(notesOf(*source), "") << from;
+    }
+}
+
+TEST_F(CutMedia, ByAnEditListThatBeginsWithinAPictureFarIntoTheFileIsInStep) {
+    constexpr int frames = 400;
+    const std::string beep = "aevalsrc=exprs='0.5*sin(6000*t)*between(t,14,14.1)':s=48000:d=16";
+    const std::string path = make("a.mov", join(join(pictures("25", frames), {"-f", "lavfi", "-i", beep}),
+                                                {"-c:v", "libx264", "-g", "50", "-bf", "2", "-c:a", "pcm_s16le"}));
+    // Both begin at 13.013 s, which is behind picture 325 and its keyframe.
+    setEdits(path, {13013 * 12800 / 1000 + 1024, 13013 * 48}, 0x10000);
+    const auto source = open(path);
+    double shown = -1;
+    for (const ReadPicture& picture : readPictures(*source->CreateVideoStream()))
+        if (picture.number == 350)
+            shown = static_cast<double>(picture.time) / TIME_BASE;
+    const std::vector<float> samples = readSamples(*source->CreateAudioStream());
+    const auto onset = std::find_if(samples.begin(), samples.end(), [](float it) { return std::abs(it) > 0.25F; });
+    EXPECT_NEAR(static_cast<double>(onset - samples.begin()) / 48000, shown, 2e-3);
+}
+
+TEST_F(CutMedia, ByAnEditListThatChangesTheSpeedOrPausesIsToldOf) {
+    const std::string path = makeWhole("a.mov", {"-c:v", "mjpeg", "-c:a", "pcm_s16le"});
+    EXPECT_EQ(notesOf(*open(path)), "");
+    for (const std::uint32_t speed : {0x20000U, 0x8000U, 0U}) {
+        setEdits(path, {0, 0}, speed);
+        const std::string notes = notesOf(*open(path));
+        EXPECT_NE(notes.find("its edit list changes the speed of its picture"), std::string::npos) << speed << notes;
+        EXPECT_NE(notes.find("its edit list changes the speed of its sound"), std::string::npos) << speed << notes;
+    }
+}
+
+TEST_F(CutMedia, ByAnEditListIsReadWithItsWaitAndItsPauses) {
+    const auto number = [](std::uint32_t value) {
+        std::string text;
+        for (int shift = 24; shift >= 0; shift -= 8)
+            text += static_cast<char>(value >> shift);
+        return text;
+    };
+    const auto box = [&](const std::string& name, const std::string& content) {
+        return number(static_cast<std::uint32_t>(content.size() + 8)) + name + content;
+    };
+    const std::string zeros(12, '\0');
+    const std::string usual = number(0x10000);
+    const std::string none = number(0xFFFFFFFF);
+    struct {
+        std::vector<std::string> edits; // length in thousandths, begin, speed
+        bool pauses;
+    } const cases[] = {
+        {{number(500) + none + usual, number(1000) + number(90) + usual}, false},
+        {{number(500) + none + usual, number(1000) + number(90) + usual, number(1000) + none + usual}, false},
+        {{number(500) + none + usual, number(1000) + number(90) + usual, number(1000) + none + usual,
+          number(10) + number(0) + usual},
+         true},
+    };
+    for (const auto& [edits, pauses] : cases) {
+        std::string list = number(0) + number(static_cast<std::uint32_t>(edits.size()));
+        for (const std::string& edit : edits)
+            list += edit;
+        const std::string track = box("tkhd", zeros + number(7)) + box("edts", box("elst", list));
+        std::ofstream(folder / "a.mov", std::ios::binary)
+            << box("moov", box("mvhd", zeros + number(1000)) + box("trak", track));
+        std::atomic<bool> interrupted{false};
+        const Kestra::FF::EditList found = Kestra::FF::FindEditList(ioPath(folder / "a.mov"), 7, interrupted);
+        EXPECT_EQ(found.mediaTime, 90);
+        EXPECT_EQ(found.wait, TIME_BASE / 2);
+        EXPECT_EQ(found.pauses, pauses) << edits.size();
+        EXPECT_FALSE(found.changesSpeed);
+        EXPECT_EQ(Kestra::FF::FindEditList(ioPath(folder / "a.mov"), 8, interrupted).mediaTime, -1);
+    }
 }
 
 TEST_F(CutMedia, ThatLostItsEndIsStillIncompleteThoughAnEditListCutsIt) {

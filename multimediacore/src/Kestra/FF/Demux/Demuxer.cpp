@@ -127,6 +127,12 @@ void Demuxer::SetEnd(std::int64_t byte) {
     Open();
 }
 
+void Demuxer::IgnoreEdits() {
+    context.reset();
+    file.IgnoreEdits();
+    Open();
+}
+
 void Demuxer::Describe(int stream, const AVCodecContext& decoder) {
     CodecParametersHandle parameters = MakeCodecParameters();
     Check(avcodec_parameters_from_context(parameters.get(), &decoder), TranscodingError::OutOfMemory,

@@ -49,6 +49,8 @@ public:
     void SetClock(std::shared_ptr<const TimestampMap> map) { clock = std::move(map); }
     /// Takes the file to end at that byte, and begins anew; 0 leaves it as it is.
     void SetEnd(std::int64_t byte);
+    /// Gives a film's packets by the times of its samples, whatever its edit lists say, and begins anew.
+    void IgnoreEdits();
     /// The next packet of a selected stream, flagged as corrupt behind bytes that make no sense; false at the end of
     /// the file, and once interrupted. Throws when the file cannot be read; a file that merely is malformed ends, and
     /// GetTrouble says why.

@@ -121,6 +121,8 @@ InputContextHandle SourceFile::ReadHeader(const AVInputFormat& format) {
     // A "%d" in the name of a picture is part of the name.
     if (std::strcmp(format.name, "image2") == 0)
         options.Set("pattern_type", "none");
+    if (!edited)
+        options.Set("ignore_editlist", "1");
     namesOthers = false;
     const LogWatch log;
     // On failure libav frees the context.

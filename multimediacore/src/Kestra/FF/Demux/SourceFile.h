@@ -36,6 +36,8 @@ public:
 
     /// Takes the file to end at that byte when it is opened the next time.
     void SetEnd(std::int64_t byte) { end = byte; }
+    /// Has a film's samples told by their own times when it is opened the next time, whatever its edit lists say.
+    void IgnoreEdits() { edited = false; }
     /// From here on that many bytes are read and then no more, as if the reading had been interrupted. A search that
     /// finds nothing so has an end, and what it collects on its way a bound.
     void Allow(std::int64_t bytes);
@@ -66,6 +68,7 @@ private:
     std::function<void()> onPassedOver;
     std::unique_ptr<AVIOContext, IoCloser> io;
     std::int64_t end = 0;                  ///< a byte; 0: all of the file
+    bool edited = true;                    ///< as edit lists say
     std::int64_t allowedUntil = INT64_MAX; ///< of the bytes that `io` has read
     std::int64_t passingUntil = INT64_MAX; ///< likewise
     bool namesOthers = false;              ///< something asked for another file

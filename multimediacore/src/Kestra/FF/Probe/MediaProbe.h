@@ -51,7 +51,9 @@ private:
     void ChooseRate();
     void NoteRate();
     void SettleOrigin();
+    /// Both answer with what has been added to the times of the audio.
     std::int64_t AlignChunkedTracks();
+    std::int64_t AlignEdits();
     /// Where fragments let pictures and audio begin at their start.
     AudioStart AudioStartOf();
     std::int64_t AlignFragmentsFromStart(bool byLibav);
@@ -59,6 +61,8 @@ private:
     std::optional<VideoSpan> VideoSpanOf() const;
     std::optional<AudioSpan> AudioSpanOf();
     void SkipUndecodableLead();
+    void NoteEdits();
+    std::int64_t UneditedTimeOf(const AVPacket& packet, std::int64_t near);
     /// Of recordings that were put behind each other, the parts are joined.
     void JoinClocks();
     void ReportJoints();

@@ -3,6 +3,7 @@
 #include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/DecoderPreroll.h"
 #include "Kestra/FF/Av/Wording.h"
+#include "Kestra/FF/Demux/EditList.h"
 #include "Kestra/FF/Probe/ChunkStart.h"
 #include "Kestra/FF/Probe/FragmentTimes.h"
 #include "Kestra/FF/Probe/FrameGrain.h"
@@ -16,6 +17,8 @@ namespace {
 
 // Pictures that lead an open group may be lost at the start of any recording; what is held for longer looks frozen.
 constexpr std::int64_t LONGEST_LEAD = TIME_BASE / 5;
+// A picture lasts no longer where an edit begins within it.
+constexpr std::int64_t EDIT_SEARCH = 10 * TIME_BASE;
 
 } // namespace
 
@@ -36,7 +39,8 @@ std::optional<AudioSpan> MediaProbe::AudioSpanOf() {
 }
 
 void MediaProbe::SettleOrigin() {
-    const std::int64_t audioShift = AlignChunkedTracks();
+    NoteEdits();
+    const std::int64_t audioShift = AlignChunkedTracks() + AlignEdits();
     if (choice.origin) {
         details.origin = *choice.origin;
     } else {
@@ -112,6 +116,59 @@ std::int64_t MediaProbe::AlignFragmentsFromStart(bool byLibav) {
         details.notes.push_back("the file does not say what the sound's encoder put in front: the sound may be up to " +
                                 Seconds(priming.possible) + " late");
     return late - priming.taken;
+}
+
+void MediaProbe::NoteEdits() {
+    for (const Track* track : Tracks()) {
+        if (!demuxer.IsFilm())
+            return;
+        const EditList edits = FindEditList(path, demuxer.GetStream(track->index).id, interrupted);
+        const std::string whose = track == &video ? "its picture" : "its sound";
+        if (edits.changesSpeed)
+            details.notes.push_back("its edit list changes the speed of " + whose +
+                                    ", or holds it; that is not followed, and parts may be missing or come twice");
+        if (edits.pauses)
+            details.notes.push_back("its edit list has a pause in " + whose +
+                                    "; that is not followed, and something else may come in its place");
+    }
+}
+
+// The time of the packet as the sample has it; TIME_UNKNOWN where it is not found `near` there.
+std::int64_t MediaProbe::UneditedTimeOf(const AVPacket& packet, std::int64_t near) {
+    Demuxer samples(path, interrupted, demuxer.GetLimits());
+    samples.SetEnd(details.end);
+    samples.IgnoreEdits();
+    samples.Select({packet.stream_index});
+    const AVRational timeBase = samples.GetStream(packet.stream_index).time_base;
+    if (near > FromEngineTime(EDIT_SEARCH, timeBase) && !samples.Seek(packet.stream_index, near))
+        return TIME_UNKNOWN;
+    const std::int64_t last = near + FromEngineTime(EDIT_SEARCH, timeBase);
+    for (const PacketHandle found = MakePacket(); samples.Read(*found) && found->dts <= last;)
+        if (found->pos == packet.pos)
+            return found->pts;
+    return TIME_UNKNOWN;
+}
+
+// An edit may begin within a picture. libav leaves that one out and lets the next begin with the edit: all pictures
+// then come too early by what the one before was still to be seen.
+std::int64_t MediaProbe::AlignEdits() {
+    if (video.index < 0 || audio.index < 0 || !demuxer.IsFilm() || !video.opening || video.opening->pos < 0 ||
+        video.opening->pts == AV_NOPTS_VALUE || !(video.opening->flags & AV_PKT_FLAG_DISCARD))
+        return 0;
+    const AVStream& stream = demuxer.GetStream(video.index);
+    const EditList edits = FindEditList(path, stream.id, interrupted);
+    if (edits.mediaTime <= 0 || edits.changesSpeed)
+        return 0;
+    const std::int64_t begin = edits.mediaTime - FromEngineTime(edits.wait, stream.time_base);
+    const std::int64_t shown = UneditedTimeOf(*video.opening, video.opening->pts + begin);
+    if (shown == TIME_UNKNOWN)
+        return 0;
+    const std::int64_t early = ToEngineTime(shown - begin - video.opening->pts, stream.time_base);
+    if (early <= 0 || early > EDIT_SEARCH)
+        return 0;
+    for (std::int64_t* time : {&audio.start, &audio.end})
+        *time -= early;
+    return -early;
 }
 
 void MediaProbe::SettleAudioGrid() {
