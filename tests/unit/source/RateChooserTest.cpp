@@ -54,6 +54,29 @@ TEST(RateChooser, TakesAStandardRateForWhatIsNextToIt) {
     EXPECT_EQ(choose(even(12.47, 200)).rate, Rate(25, 2));
 }
 
+/// Parts of so many pictures at one rate, each `late` seconds later than it would follow on.
+Times joined(double rate, int parts, int pictures, double late, std::int64_t tick = FINE) {
+    Times times;
+    for (int index = 0; index < parts * pictures; ++index)
+        times.push_back(rounded(index / rate + index / pictures * late, tick));
+    return times;
+}
+
+TEST(RateChooser, KeepsTheRateOfPartsThatAreJoinedOffItsGrid) {
+    for (const Rate& rate : {Rate(25), Rate(30), Rate(30000, 1001), Rate(24000, 1001), Rate(50)})
+        for (const std::int64_t tick : {FINE, MILLISECOND})
+            for (const double part : {0.33, 0.7, 0.8}) {
+                const double each = boost::rational_cast<double>(rate);
+                const RateChoice many = choose(joined(each, 10, 37, part / each, tick), tick);
+                EXPECT_EQ(many.rate, rate) << part;
+                EXPECT_TRUE(many.variable) << part;
+                const RateChoice few = choose(joined(each, 2, 500, part / each, tick), tick);
+                EXPECT_EQ(few.rate, rate) << part;
+            }
+    // Of half the distances that would be another matter.
+    EXPECT_NE(choose(joined(25, 100, 2, 0.013)).rate, Rate(25));
+}
+
 TEST(RateChooser, KeepsAConstantRateThatIsNoStandardOne) {
     EXPECT_EQ(choose(even(7.5, 100)).rate, Rate(15, 2));
     EXPECT_EQ(choose(even(1, 100)).rate, Rate(1));

@@ -29,6 +29,8 @@ constexpr double SIBLINGS_APART = 0.0005;
 // A grid on which fewer pictures stand is none.
 constexpr std::size_t SPARSEST_GRID = 8;
 constexpr double ENOUGH_SHOWN = 0.95;
+// So many distances of one length are a rate, which a few others between joined parts do not change.
+constexpr double NEARLY_ALL_DISTANCES = 0.9;
 // Of pictures that jitter around a grid which is not quite their own, drift loses one now and then.
 constexpr double NEARLY_ALL_SHOWN = 0.99;
 constexpr double NEARLY_WHOLE = 0.25;
@@ -164,10 +166,18 @@ RateChoice RateChooser::Choose() const {
     Rate rate = IsEven(line) && (!choice.variable || runs.size() == 1) ? RateOf(line) : Rate(0);
     if (rate > 0 && choice.variable && !Shows(rate, NEARLY_ALL_SHOWN))
         rate = 0;
+    const Rate usual = FindUsualRate();
+    // A line through parts that are joined off their grid is a little off their rate.
+    if (rate > 0 && usual > 0 && line.worst > std::max(tick, SMALLEST_JITTER * line.period) &&
+        std::abs(boost::rational_cast<double>(usual / rate) - 1) < SAME_RATE)
+        rate = usual;
     if (rate == 0)
         rate = FindSparseGrid();
-    if (rate == 0)
+    if (rate == 0) {
         rate = FindLowestRate();
+        if (usual > 0 && CountShown(usual) >= CountShown(rate))
+            rate = usual;
+    }
     choice.rate = rate;
     choice.shown = CountShown(rate);
     return choice;
@@ -214,6 +224,31 @@ Rate RateChooser::FindLowestRate() const {
         return better ? next : rates[index];
     }
     return HIGHEST_VARIABLE_RATE;
+}
+
+// The rate of nearly all distances; 0 where there is none, or one that no variable rate becomes.
+Rate RateChooser::FindUsualRate() const {
+    std::vector<double> distances;
+    for (const auto& run : runs)
+        for (std::size_t index = 1; index < run.size(); ++index)
+            distances.push_back(static_cast<double>(run[index] - run[index - 1]));
+    if (distances.empty())
+        return 0;
+    std::vector<double> sorted = distances;
+    const auto middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
+    std::nth_element(sorted.begin(), middle, sorted.end());
+    const double tolerance = std::max(1.1 * tick, EXACT * *middle);
+    double sum = 0;
+    std::size_t count = 0;
+    for (const double distance : distances)
+        if (std::abs(distance - *middle) <= tolerance) {
+            sum += distance;
+            ++count;
+        }
+    if (sum <= 0 || static_cast<double>(count) < NEARLY_ALL_DISTANCES * static_cast<double>(distances.size()))
+        return 0;
+    const Rate rate = Conf::NearStandardRate(static_cast<double>(TIME_BASE) * static_cast<double>(count) / sum);
+    return rate <= HIGHEST_VARIABLE_RATE ? rate : Rate(0);
 }
 
 std::size_t RateChooser::CountShown(const Rate& rate) const {

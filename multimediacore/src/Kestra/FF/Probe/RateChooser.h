@@ -51,6 +51,7 @@ private:
     bool StandsOn(const Rate& rate) const;
     Rate FindSparseGrid() const;
     Rate FindLowestRate() const;
+    Rate FindUsualRate() const;
     std::size_t CountShown(const Rate& rate) const;
     bool Shows(const Rate& rate, double part) const;
     double Misfit(const Rate& rate) const;
