@@ -2,6 +2,7 @@
 // Counts, times and seeks of decoded pictures.
 #include "Kestra/FF/Source/InterruptibleRead.h"
 #include "unit/source/SourceFixture.h"
+#include <fstream>
 #include <random>
 #include <tuple>
 
@@ -272,6 +273,32 @@ TEST_F(Pictures, OfGrayAreOfTheFullRangeUnlessTheirCodecSaysOtherwise) {
     const std::string told = make(
         "f.mkv", {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.2,format=gray", "-c:v", "ffv1", "-color_range", "tv"});
     EXPECT_EQ(open(told)->GetInfo().video->colour.range, limited);
+}
+
+TEST_F(Pictures, OfAnotherSizeOnTheWayAreNoted) {
+    const std::vector<std::string> coding{"-c:v", "mpeg2video", "-g", "10", "-output_ts_offset"};
+    const auto part = [&](const std::string& name, const std::string& size, const std::string& offset) {
+        return make(name, join({"-f", "lavfi", "-i", "testsrc=r=25:d=1:s=" + size}, join(coding, {offset})));
+    };
+    const std::string first = part("a.ts", "64x48", "0");
+    std::ofstream(folder / "c.ts", std::ios::binary)
+        << std::ifstream(first, std::ios::binary).rdbuf()
+        << std::ifstream(part("b.ts", "128x96", "1"), std::ios::binary).rdbuf();
+    const auto source = open(folder / "c.ts");
+    const auto stream = source->CreateVideoStream();
+    EXPECT_TRUE(stream->ReadVideo());
+    EXPECT_TRUE(source->TakeNotes().empty()) << "not before it changes";
+    while (stream->ReadVideo()) {
+    }
+    const auto notes = source->TakeNotes();
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_EQ(notes[0].what, "its pictures change to 128x96 on the way; they are fitted like those of 64x48 with which "
+                             "it begins");
+    const auto same = open(first);
+    const auto whole = same->CreateVideoStream();
+    while (whole->ReadVideo()) {
+    }
+    EXPECT_TRUE(same->TakeNotes().empty());
 }
 
 TEST_F(Pictures, AreInterruptedUntilReset) {

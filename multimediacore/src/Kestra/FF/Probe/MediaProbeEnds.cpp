@@ -16,7 +16,7 @@ constexpr std::int64_t SMALL_SHORTAGE = 3 * TIME_BASE / 50;
 constexpr std::int64_t ROUNDED_PACKETS = 3;
 // Sound that is missing, in time and as a share of what is heard, beyond what codecs put in front and behind.
 constexpr std::int64_t LEAST_LOSS = TIME_BASE;
-constexpr std::int64_t LOST_SHARE = 10;
+constexpr std::int64_t LOST_SHARE = 50;
 
 } // namespace
 

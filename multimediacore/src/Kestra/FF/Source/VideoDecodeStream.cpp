@@ -175,8 +175,10 @@ boost::intrusive_ptr<Proc::IDataVideo> VideoDecodeStream::ReadOn() {
 void VideoDecodeStream::Present() {
     const std::int64_t begin = current->time;
     const std::int64_t end = next ? next->time : duration;
-    if (end > showFrom)
+    if (end > showFrom) {
         NoteDynamicMetadata(*current->frame);
+        NoteSize(*current->frame);
+    }
     std::vector<FrameHandle> shown = ShowCurrent();
     // The second field is due half a period after the first, also where the frame then stands for longer.
     const std::int64_t period = track.frameRate > 0 ? FramesToTime(1, track.frameRate) : end - current->ownTime;
@@ -204,6 +206,18 @@ void VideoDecodeStream::NoteDynamicMetadata(const AVFrame& frame) {
     dynamicNoted = !dynamic.empty();
     if (dynamicNoted)
         source->Note(dynamic + " left out: its pictures are shown as they are without it");
+}
+
+void VideoDecodeStream::NoteSize(const AVFrame& frame) {
+    const bool sideways = track.rotation % 180 != 0;
+    const auto width = static_cast<std::uint32_t>(sideways ? frame.height : frame.width);
+    const auto height = static_cast<std::uint32_t>(sideways ? frame.width : frame.height);
+    if (sizeNoted || (width == track.frame.width && height == track.frame.height))
+        return;
+    sizeNoted = true;
+    source->Note("its pictures change to " + std::to_string(width) + "x" + std::to_string(height) +
+                 " on the way; they are fitted like those of " + std::to_string(track.frame.width) + "x" +
+                 std::to_string(track.frame.height) + " with which it begins");
 }
 
 // What is not interlaced stays on its own pixels.

@@ -76,6 +76,7 @@ private:
     std::vector<FrameHandle> Deinterlace();
     void Present();
     void NoteDynamicMetadata(const AVFrame& frame);
+    void NoteSize(const AVFrame& frame);
     void Push(FrameHandle frame, std::int64_t begin, std::int64_t end);
     void FetchPrevious(const SeekTarget& target);
     std::int64_t LeadOf(std::int64_t time) const;
@@ -97,6 +98,7 @@ private:
     /// What came of frames before `current`, for the next reads.
     std::deque<boost::intrusive_ptr<Proc::IDataVideo>> ready;
     std::optional<SeekTarget> pendingSeek;
+    bool sizeNoted = false;
     bool dynamicNoted = false;
     bool draft = false; ///< frames are looked at roughly
     std::int64_t position = 0;
