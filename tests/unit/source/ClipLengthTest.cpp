@@ -109,6 +109,24 @@ TEST_F(ClipLength, OfSoundAloneIsWhatWasPutIn) {
     EXPECT_EQ(source->GetInfo().duration, Kestra::SamplesToTime(60000, 48000));
 }
 
+TEST_F(ClipLength, OfAacInLoasThatBeginsQuietlyIsThatOfAllBlocks) {
+    const std::string sound = "aevalsrc='if(lt(t,3),0,0.3*random(0))':s=48000:d=5";
+    const std::string path = make("a.latm", {"-f", "lavfi", "-i", sound, "-c:a", "aac", "-f", "latm"});
+    const auto whole = readSamples(*open(make("a.wav", {"-i", path}))->CreateAudioStream());
+    const auto source = open(path);
+    const auto stream = source->CreateAudioStream();
+    const auto read = readSamples(*stream);
+    ASSERT_EQ(read.size(), whole.size());
+    stream->Seek(4 * TIME_BASE, SeekMode::Exact);
+    const auto found = readSamples(*stream, 5000);
+    ASSERT_GE(found.size(), 5000U);
+    for (std::size_t index = 0; index < whole.size(); ++index)
+        ASSERT_NEAR(read[index], whole[index], 1e-3) << index;
+    for (std::size_t index = 0; index < 5000; ++index)
+        ASSERT_NEAR(found[index], whole[4 * 48000 + index], 1e-3) << index;
+    EXPECT_TRUE(source->TakeDamageReports().empty());
+}
+
 TEST_F(ClipLength, OfSoundInBlocksIsThatOfAllBlocks) {
     // As long as whole blocks; what the header says of bytes a second is wrong in the second one.
     for (const auto& [name, codec] :

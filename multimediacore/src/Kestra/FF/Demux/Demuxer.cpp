@@ -21,9 +21,18 @@ bool StartsAnywhere(const char* name) {
     return std::strcmp(name, "mpegts") == 0;
 }
 
-// Raw streams of pictures that are reordered: libav has no times for them, only how long each lasts.
+// Raw streams of pictures that are reordered: libav has no times for them, only how long each lasts. Of AAC in LOAS,
+// none until it has decoded some, and none in a file that is opened again.
 bool TellsNoTimes(const char* name) {
-    return std::strcmp(name, "h264") == 0 || std::strcmp(name, "hevc") == 0;
+    return std::strcmp(name, "h264") == 0 || std::strcmp(name, "hevc") == 0 || std::strcmp(name, "loas") == 0;
+}
+
+std::int64_t LengthOf(const AVPacket& packet, const AVStream& stream) {
+    const AVCodecParameters& parameters = *stream.codecpar;
+    const bool known = parameters.codec_type == AVMEDIA_TYPE_AUDIO && parameters.frame_size > 0;
+    return known && parameters.sample_rate > 0
+               ? av_rescale_q(parameters.frame_size, {1, parameters.sample_rate}, stream.time_base)
+               : packet.duration;
 }
 
 // For samples that are not all of one size, these readers reckon where they are from the header's rate of bytes, which
@@ -291,8 +300,15 @@ std::string Demuxer::GetNewcomer() const {
 }
 
 void Demuxer::CountTime(AVPacket& packet) {
-    if (TellsNoTimes(GetFormatName()) && packet.dts == AV_NOPTS_VALUE)
-        packet.dts = std::exchange(countedTime, countedTime + packet.duration);
+    if (!TellsNoTimes(GetFormatName()))
+        return;
+    const AVStream& stream = GetStream(packet.stream_index);
+    const bool isAudio = stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
+    if (packet.dts != AV_NOPTS_VALUE && !isAudio)
+        return;
+    packet.dts = std::exchange(countedTime, countedTime + LengthOf(packet, stream));
+    if (isAudio)
+        packet.pts = packet.dts;
 }
 
 void Demuxer::ShiftTimes(AVPacket& packet) {
