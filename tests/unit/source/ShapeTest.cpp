@@ -4,6 +4,10 @@
 #include "Kestra/FF/Picture/Orientation.h"
 #include "unit/source/SourceFixture.h"
 
+#include <fstream>
+#include <sstream>
+#include <tuple>
+
 extern "C" {
 #include <libavutil/display.h>
 }
@@ -34,6 +38,40 @@ TEST(Orientation, KnowsMirroredPictures) {
 TEST(Orientation, OfAnEmptyMatrixIsUpright) {
     const std::int32_t matrix[9] = {};
     EXPECT_EQ(ReadDisplayMatrix(matrix).rotation, 0);
+}
+
+TEST(Orientation, BetweenQuarterTurnsIsAskew) {
+    for (const auto& [angle, rotation, askew] :
+         {std::tuple(3, 0, 3.0), std::tuple(100, 90, 10.0), std::tuple(-40, 0, -40.0), std::tuple(90, 90, 0.0)}) {
+        std::int32_t matrix[9];
+        av_display_rotation_set(matrix, angle);
+        EXPECT_EQ(ReadDisplayMatrix(matrix).rotation, rotation) << angle;
+        EXPECT_NEAR(ReadDisplayMatrix(matrix).askew, askew, 0.01) << angle;
+    }
+}
+
+class Askew : public SourceTest {};
+
+TEST_F(Askew, PicturesAreToldOf) {
+    const std::string path =
+        make("a.mov", {"-f", "lavfi", "-i", "testsrc=s=64x32:r=25:d=0.2", "-c:v", "mjpeg", "-pix_fmt", "yuvj420p"});
+    EXPECT_TRUE(open(path)->TakeNotes().empty());
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    std::string film = bytes.str();
+    constexpr std::size_t matrixAt = 44; // from the name of the box on
+    // The cosine and the sine of 30 degrees, in 65536ths.
+    for (const auto& [place, value] :
+         {std::pair(0, 56756), std::pair(4, 32768), std::pair(12, -32768), std::pair(16, 56756)})
+        for (int byte = 0; byte < 4; ++byte)
+            film[film.find("tkhd") + matrixAt + static_cast<std::size_t>(place + byte)] =
+                static_cast<char>(static_cast<std::uint32_t>(value) >> (24 - 8 * byte));
+    std::ofstream(path, std::ios::binary) << film;
+    const auto source = open(path);
+    EXPECT_EQ(source->GetInfo().video->rotation, 0);
+    const auto notes = source->TakeNotes();
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_EQ(notes[0].what, "its pictures are to be turned by 30 degrees, and are turned by 0");
 }
 
 class Upright : public SourceTest, public testing::WithParamInterface<std::string> {

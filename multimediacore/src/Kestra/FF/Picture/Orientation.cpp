@@ -12,6 +12,13 @@ extern "C" {
 
 namespace Kestra::FF {
 
+namespace {
+
+// In degrees: nobody sees it.
+constexpr double ROUNDED_ANGLE = 0.1;
+
+} // namespace
+
 Orientation ReadDisplayMatrix(const std::int32_t* matrix) {
     std::array<std::int32_t, 9> copy{};
     std::memcpy(copy.data(), matrix, sizeof copy);
@@ -21,8 +28,12 @@ Orientation ReadDisplayMatrix(const std::int32_t* matrix) {
     if (result.flipped)
         av_display_matrix_flip(copy.data(), 0, 1);
     const double angle = av_display_rotation_get(copy.data());
-    if (!std::isnan(angle))
-        result.rotation = ((static_cast<int>(std::lround(-angle / 90)) % 4 + 4) % 4) * 90;
+    if (std::isnan(angle))
+        return result;
+    const long quarters = std::lround(-angle / 90);
+    result.rotation = ((static_cast<int>(quarters) % 4 + 4) % 4) * 90;
+    const double askew = -angle - 90.0 * static_cast<double>(quarters);
+    result.askew = std::abs(askew) > ROUNDED_ANGLE ? askew : 0;
     return result;
 }
 

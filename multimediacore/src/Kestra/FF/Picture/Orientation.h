@@ -12,6 +12,8 @@ namespace Kestra::FF {
 struct Orientation {
     int rotation = 0;
     bool flipped = false;
+    /// By how many degrees the frame is to be turned beyond that; 0 where it stands upright then.
+    double askew = 0;
 };
 
 /// From a display matrix of nine 16.16 numbers. Angles between quarter turns are taken to the nearest one.

@@ -27,6 +27,7 @@
 #include "Kestra/FF/Probe/TrackRate.h"
 #include "Kestra/FF/Probe/TrackShape.h"
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 extern "C" {
@@ -312,6 +313,10 @@ void MediaProbe::DescribeVideo() {
     const Orientation orientation = FindOrientation(stream, &first);
     track.rotation = orientation.rotation;
     details.flipped = orientation.flipped;
+    if (orientation.askew != 0)
+        details.notes.push_back("its pictures are to be turned by " +
+                                std::to_string(std::lround(orientation.rotation + orientation.askew)) +
+                                " degrees, and are turned by " + std::to_string(orientation.rotation));
     const bool sideways = track.rotation % 180 != 0;
     const AVRational aspect = first.sample_aspect_ratio;
     track.frame = sideways ? MakeFrameInfo(first.height, first.width, {aspect.den, aspect.num})
