@@ -207,7 +207,9 @@ void CommandLine::addTimelines(CLI::App& command) {
     typed(command.add_option("--media-root", options.timelines.mediaRoot,
                              "Where to look for media that are not in their place"),
           "FOLDER", ValueKind::Folder);
-    command.add_option("--timeline", options.timelines.timeline, "Which timeline of a file that holds several")
+    command
+        .add_option("--timeline", options.timelines.timeline,
+                    "Which timeline of a file that holds several, by its name or number")
         ->type_name("NAME");
     command.add_flag("--lenient", options.timelines.lenient,
                      "Read newer versions of timelines as far as they are known");

@@ -197,12 +197,44 @@ TEST_F(OtioReaderTest, ChoosesATimelineByItsName) {
     const std::string twins = objectOf("SerializableCollection.1", "c",
                                        R"(,"children":)" + listOf({timelineOf({trackOf({clip(0, 5)})}, "long"),
                                                                    timelineOf({trackOf({clip(0, 50)})}, "long")}));
-    EXPECT_EQ(inWords(read(twins, options)).find("2 timelines in it are called \"long\""), 0U);
+    EXPECT_EQ(
+        inWords(read(twins, options)).find("2 timelines in it are called \"long\"; their numbers choose one: 1, 2"),
+        0U);
+    EXPECT_NE(inWords(read(twins)).find("\"long\", \"long\"; a number from 1 to 2 chooses one as well"),
+              std::string::npos);
+    for (const auto& [number, lasts] : {std::pair("1", 5), std::pair("2", 50)}) {
+        options.timeline = number;
+        EXPECT_EQ(read(twins, options).document->duration(), frames(lasts)) << number;
+    }
+    for (const char* const none : {"0", "3", "2nd", "-1", "99999999999999999999999"}) {
+        options.timeline = none;
+        EXPECT_FALSE(read(twins, options).document) << none;
+    }
+    const std::string named = objectOf("SerializableCollection.1", "c",
+                                       R"(,"children":)" + listOf({timelineOf({trackOf({clip(0, 5)})}, "2"),
+                                                                   timelineOf({trackOf({clip(0, 50)})}, "x")}));
+    options.timeline = "2";
+    EXPECT_EQ(read(named, options).document->duration(), frames(5)) << "a name comes first";
     options.timeline = "other";
     const Reading none = read(two, options);
     EXPECT_FALSE(none.document);
     EXPECT_NE(inWords(none).find("there is no timeline \"other\" in it; there are \"short\", \"long\""),
               std::string::npos);
+}
+
+TEST_F(OtioReaderTest, TellsThatTimeCodesHaveNoDays) {
+    const auto told = [this](double value, double rate) {
+        return inWords(
+            read(timelineOf({trackOf({clip(0, 5)})}, "cut", R"(,"global_start_time":)" + timeOf(value, rate))));
+    };
+    const std::string warning =
+        "the global start time lies outside of 0 to 24 hours, and its time code wraps around (/global_start_time)\n";
+    EXPECT_EQ(told(86400 * 25 - 1, 25), "");
+    EXPECT_EQ(told(86400 * 25, 25), warning);
+    EXPECT_EQ(told(-1, 25), warning);
+    EXPECT_EQ(told(86400 * 24 - 1, 23.976), "") << "its frames are counted at 24";
+    EXPECT_EQ(told(86400 * 24, 23.976), warning);
+    EXPECT_EQ(told(0, 25), "");
 }
 
 TEST_F(OtioReaderTest, TakesATrackOrAStackForATimeline) {

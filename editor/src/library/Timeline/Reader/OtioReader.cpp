@@ -9,7 +9,10 @@
 #include "Timeline/Reader/OtioZipReader.h"
 #include <algorithm>
 #include <cctype>
+#include <charconv>
+#include <cmath>
 #include <filesystem>
+#include <set>
 
 namespace Timeline {
 namespace {
@@ -41,12 +44,35 @@ void collect(OtioContext& context, const OtioNode& node, std::vector<OtioNode>& 
         collect(context, children.at(index), found);
 }
 
-/// The names of timelines, for a sentence.
+/// The names of timelines, for a sentence, and how to choose one where they do not tell them apart.
 std::string listed(const std::vector<OtioNode>& timelines) {
     std::string names;
-    for (const OtioNode& one : timelines)
+    std::set<std::string> different;
+    for (const OtioNode& one : timelines) {
         names += (names.empty() ? "\"" : ", \"") + one.text("name") + '"';
-    return names;
+        if (const std::string name = one.text("name"); !name.empty())
+            different.insert(name);
+    }
+    return different.size() == timelines.size()
+               ? names
+               : names + "; a number from 1 to " + std::to_string(timelines.size()) + " chooses one as well";
+}
+
+/// Those of that name, counted from 1: "1, 3".
+std::string numbersOf(const std::vector<OtioNode>& timelines, const std::string& name) {
+    std::string numbers;
+    for (std::size_t index = 0; index < timelines.size(); ++index)
+        if (timelines[index].text("name") == name)
+            numbers += (numbers.empty() ? "" : ", ") + std::to_string(index + 1);
+    return numbers;
+}
+
+/// Counted from 1 in the order of the file.
+std::optional<OtioNode> byNumber(const std::vector<OtioNode>& timelines, const std::string& wanted) {
+    std::size_t number = 0;
+    const auto [end, failure] = std::from_chars(wanted.data(), wanted.data() + wanted.size(), number);
+    const bool isOne = failure == std::errc() && end == wanted.data() + wanted.size() && number >= 1;
+    return isOne && number <= timelines.size() ? std::optional(timelines[number - 1]) : std::nullopt;
 }
 
 std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
@@ -58,8 +84,11 @@ std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
     const auto count = wanted.empty() ? 0 : std::count_if(timelines.begin(), timelines.end(), isWanted);
     if (count == 1)
         return *named;
+    if (const auto numbered = byNumber(timelines, wanted); count == 0 && numbered)
+        return numbered;
     if (count > 1)
-        context.error(*named, std::to_string(count) + " timelines in it are called \"" + wanted + '"');
+        context.error(*named, std::to_string(count) + " timelines in it are called \"" + wanted +
+                                  "\"; their numbers choose one: " + numbersOf(timelines, wanted));
     else if (timelines.empty())
         context.error(root, "there is no timeline in it");
     else if (!wanted.empty())
@@ -73,6 +102,16 @@ std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
 
 bool isItem(OtioKind kind) {
     return kind == OtioKind::Stack || kind == OtioKind::Track || kind == OtioKind::Clip;
+}
+
+/// Time codes have no days. They count frames, of whole rates: 30 of 29.97.
+std::optional<Kestra::Ticks> readGlobalStart(OtioContext& context, const OtioNode& node) {
+    constexpr double DAY = 24 * 60 * 60;
+    const auto time = readTime(context, node);
+    const double value = time ? node["value"].value().GetDouble() : 0;
+    if (value < 0 || (time && value / std::ceil(node["rate"].value().GetDouble()) >= DAY))
+        context.warn(node, "the global start time lies outside of 0 to 24 hours, and its time code wraps around");
+    return time;
 }
 
 std::shared_ptr<const Document> readTimeline(OtioContext& context, const OtioNode& root, OtioItems& items) {
@@ -89,7 +128,7 @@ std::shared_ptr<const Document> readTimeline(OtioContext& context, const OtioNod
     if (timeline->has("metadata"))
         document->metadata = jsonOf((*timeline)["metadata"].value());
     if (timeline->has("global_start_time"))
-        document->globalStart = readTime(context, (*timeline)["global_start_time"]);
+        document->globalStart = readGlobalStart(context, (*timeline)["global_start_time"]);
     const OtioNode tracks = (*timeline)["tracks"];
     if (!isItem(kindOf(tracks))) {
         context.error(tracks, "the timeline has no tracks");
