@@ -8,6 +8,7 @@
 #include "ExportCore/FrameSnap.h"
 #include "ExportCore/IOutputTransaction.h"
 #include "ExportCore/InputOpening.h"
+#include "ExportCore/Losses.h"
 #include "ExportCore/LoudnessGain.h"
 #include "ExportCore/LoudnessTask.h"
 #include "ExportCore/OutputOpening.h"
@@ -202,7 +203,6 @@ void ExportRun::showTimeline() {
     // What is not exported decides nothing of the file: size, rate, layout, depth.
     if (streamRange != Types::Range())
         project->describe(streamRange);
-    noteWhatFirstOnesDecide();
     collectDamage();
 }
 
@@ -220,8 +220,10 @@ void ExportRun::cutInputs() {
 }
 
 void ExportRun::editPreset() {
-    if (!verdict)
-        presetEdit.apply(*provider, project->video(), project->audio());
+    if (verdict)
+        return;
+    presetEdit.apply(*provider, project->video(), project->audio());
+    Losses::tell(outcome, *project, opening->sequence(), streamRange, request, *provider);
 }
 
 void ExportRun::measureSound() {

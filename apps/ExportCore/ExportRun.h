@@ -103,7 +103,6 @@ private:
     qint64 forecastPictures() const;
     /// Of what is written: the private file, or the pattern in the private folder.
     QByteArray writtenPath() const;
-    void noteWhatFirstOnesDecide();
     void noteProgramme();
     void promise(const Kestra::Conf::ProgrammeInfo& programme, const std::string& container);
     void connectTranscoder();

@@ -4,13 +4,9 @@
 #include "Export/PresetProvider.h"
 #include "Export/Transcoder.h"
 #include "ExportCore/ExportRun.h"
-#include "ExportCore/FirstPictures.h"
-#include "ExportCore/InputOpening.h"
-#include "ExportCore/MixedDown.h"
 #include "ExportCore/OutputOpening.h"
 #include "ExportCore/Passes.h"
 #include "ExportCore/SizeText.h"
-#include "ExportCore/SquarePixels.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
@@ -128,18 +124,6 @@ void ExportRun::plan() {
         growth.emplace(unfinishedPath);
     if (request.dryRun && plan.estimate.exact)
         requireRoom();
-}
-
-void ExportRun::noteWhatFirstOnesDecide() {
-    const Preset preset = provider->preset();
-    const std::vector<Project::SeenPictures> pictures = project->picturesIn(streamRange);
-    const FirstPictures first(pictures, request, preset);
-    for (const std::string& note :
-         {SquarePixels::note(pictures, preset), first.noteOnSize(),
-          first.noteOnRate(provider->frameRate(&project->video())),
-          MixedDown::note(opening->sequence(), streamRange, project->audio().channelLayout, request, preset)})
-        if (!note.empty())
-            outcome.notes << QString::fromStdString(note);
 }
 
 /// Pixels that are encoded for each one that is read.

@@ -2,6 +2,7 @@
 #include "ExportCore/InputOpening.h"
 
 #include "ExportCore/AllSounds.h"
+#include "ExportCore/FindingText.h"
 #include "ExportCore/InputProgramme.h"
 #include "ExportCore/NameList.h"
 #include "ExportCore/Refusal.h"
@@ -168,19 +169,13 @@ namespace {
 const char* const PLACE_OF_MISSING =
     "what is missing is black, or what lies on lower tracks where there is something, and silent";
 
-/// Where in the file a finding stands is only told where its words name nothing that people find it by.
-std::string inWords(const Timeline::Finding& finding) {
-    const bool isNamed = !finding.place.empty() && finding.place.back() == '"';
-    return isNamed ? finding.place + ": " + finding.text : finding.inWords();
-}
-
 /// All that stands in the way, as far as a line holds it.
 Refusal refusalOf(const std::string& path, const TimelineOpening& timeline) {
     constexpr std::size_t MOST = 5;
     std::vector<std::string> reasons;
     for (const Timeline::Finding& finding : timeline.reading.findings)
         if (finding.kind != Timeline::Finding::Kind::Warning)
-            reasons.push_back(inWords(finding));
+            reasons.push_back(textOf(finding));
     std::string text = "Cannot export \"" + path + '"';
     for (std::size_t i = 0; i < std::min(MOST, reasons.size()); ++i)
         text += (i == 0 ? ": " : "; ") + reasons[i];
@@ -212,7 +207,7 @@ void InputOpening::openTimeline(Opened& opened, const ExportRequest& request, co
     if (!request.tracks.metadata)
         opened.sequence.programme = std::make_shared<Kestra::Conf::ProgrammeInfo>();
     for (const Timeline::Finding& finding : timeline.reading.findings)
-        opened.warnings.push_back('"' + path + "\": " + inWords(finding));
+        opened.warnings.push_back('"' + path + "\": " + textOf(finding));
     if (timeline.reading.has(Timeline::Finding::Kind::MissingMedia))
         opened.warnings.push_back('"' + path + "\": " + PLACE_OF_MISSING);
 }

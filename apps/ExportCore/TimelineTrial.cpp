@@ -2,6 +2,7 @@
 #include "ExportCore/TimelineTrial.h"
 
 #include "EditorProject/EditorProject.h"
+#include "ExportCore/ClipsBetweenFrames.h"
 #include "ExportCore/DamageText.h"
 #include "Kestra/Proc/ProcException.h"
 
@@ -45,6 +46,12 @@ std::vector<Finding> obstaclesOf(const TimelineOpening& opening, const std::atom
             throw;
         return {{Finding::Kind::Error, {}, {}, error.what()}};
     }
+    if (project.hasPictures())
+        for (Finding& finding : clipsBetweenFrames(
+                 *opening.reading.document,
+                 Kestra::FrameGrid({project.video().frameRateNumerator, project.video().frameRateDenominator}),
+                 {Kestra::Ticks(0), opening.reading.document->duration()}))
+            findings.push_back(std::move(finding));
     if (const std::string why = whyTooShort(project); !why.empty())
         findings.push_back({Finding::Kind::Error, {}, {}, why});
     for (const Kestra::Proc::DamageReport& report : project.takeDamageReports())

@@ -2126,6 +2126,10 @@
             <translation>dauert %1</translation>
         </message>
         <message>
+            <source>it lies between two frames and is not seen</source>
+            <translation>er liegt zwischen zwei Bildern und ist nicht zu sehen</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>sein Ton hat bei %2 eine Lücke von %1, die mit Stille gefüllt ist</translation>
         </message>

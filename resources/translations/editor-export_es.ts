@@ -2126,6 +2126,10 @@
             <translation>dura %1</translation>
         </message>
         <message>
+            <source>it lies between two frames and is not seen</source>
+            <translation>está entre dos fotogramas y no se ve</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>su sonido tiene un hueco de %1 en %2, relleno de silencio</translation>
         </message>

@@ -2117,6 +2117,10 @@
             <translation>の長さは %1</translation>
         </message>
         <message>
+            <source>it lies between two frames and is not seen</source>
+            <translation>2 つのフレームの間にあるため表示されません</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>音声に %2 で %1 の途切れがあり、無音で埋めました</translation>
         </message>

@@ -2117,6 +2117,10 @@
             <translation>长 %1</translation>
         </message>
         <message>
+            <source>it lies between two frames and is not seen</source>
+            <translation>它位于两帧之间，不会显示</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>其声音在 %2 处缺 %1，已用静音填补</translation>
         </message>

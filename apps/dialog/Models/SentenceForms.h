@@ -184,6 +184,7 @@ inline constexpr const char* SENTENCE_FORMS[] = {
     QT_TRANSLATE_NOOP("Dialog::Sentence", "is not named"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "is said to be missing"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "lasts %1"),
+    QT_TRANSLATE_NOOP("Dialog::Sentence", "it lies between two frames and is not seen"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "and %1 more (validate tells them all)"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "left out: %1"),
     QT_TRANSLATE_NOOP("Dialog::Sentence", "%1 picture track (%2)"),

@@ -172,6 +172,45 @@ TEST_F(RenderedTimelines, HaveTheMostChannelsAndTheHighestRateOfWhatIsHeardToget
     EXPECT_TRUE(plan(track("Audio", voice) + ',' + track("Audio", gapOf(20) + ',' + music)).contains(first));
 }
 
+TEST_F(RenderedTimelines, TellOfClipsThatNoFrameShows) {
+    const auto lasting = [](std::string clip, const char* frames) {
+        const std::string whole = R"("duration":)" + timeOf(3);
+        clip.replace(clip.find(whole), whole.size(),
+                     R"("duration":{"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":)" + std::string(frames) + '}');
+        return clip;
+    };
+    const auto told = [](const std::string& pictures, const std::vector<std::string>& more = {}) {
+        const Result result = render(write(pictures, {}), more);
+        EXPECT_EQ(result.code, 0) << result.errors.toStdString();
+        return result.errors.contains(
+            QStringLiteral(
+                "warning: \"%1\": track \"Video1\", clip \"s\": it lies between two frames and is not seen\n")
+                .arg(QString::fromStdString(*media / "cut.otio")));
+    };
+    const std::string first = clipOf("a", "both.mov", 0, 5), last = clipOf("b", "both.mov", 10, 5);
+    const auto between = [&](const char* frames) {
+        return first + ',' + lasting(clipOf("s", "both.mov", 5, 3), frames) + ',' + last;
+    };
+    EXPECT_TRUE(told(between("0.4")));
+    EXPECT_TRUE(
+        run({"validate", write(between("0.4"), {})}).output.contains(QStringLiteral("it lies between two frames")));
+    EXPECT_FALSE(told(between("0.4"), {"--set", "frame-rate=100"})) << "it is seen there";
+    EXPECT_FALSE(told(between("0.4"), {"--in", "0.24"})) << "it is not exported";
+    EXPECT_FALSE(told(between("0.6")));
+    EXPECT_FALSE(told(first + ',' + lasting(clipOf("s", "both.mov", 5, 3, R"(,"enabled":false)"), "0.4") + ',' + last));
+    EXPECT_FALSE(
+        told(first + ',' + dissolveOf(2, 0) + ',' + lasting(clipOf("s", "both.mov", 5, 3), "0.4") + ',' + last))
+        << "the transition shows it";
+    const std::string stack =
+        R"({"OTIO_SCHEMA":"Stack.1","name":"N","children":[)" + track("Video", between("0.4")) + "]}";
+    EXPECT_TRUE(
+        render(write(stack, {}))
+            .errors.contains(QStringLiteral("track \"Video1\", stack \"N\", track \"Video1\", clip \"s\": it lies")));
+    std::string slow = stack.substr(0, stack.size() - 1) + warpOf("LinearTimeWarp.1", 0.5) + '}';
+    slow.replace(slow.find(first), first.size(), clipOf("a", "both.mov", 0, 2));
+    EXPECT_FALSE(render(write(slow, {})).errors.contains(QStringLiteral("it lies between"))) << "slowly it lasts";
+}
+
 TEST_F(RenderedTimelines, AreExportedAlone) {
     const Result result = run(
         {"render", write(clipOf("a", "both.mov", 0, 5), {}), *media / "both.mov", "-p", "mkv-ffv1-flac", "-o", out()});
