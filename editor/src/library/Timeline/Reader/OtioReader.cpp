@@ -84,7 +84,7 @@ std::optional<OtioNode> choose(OtioContext& context, const OtioNode& root) {
     const auto count = wanted.empty() ? 0 : std::count_if(timelines.begin(), timelines.end(), isWanted);
     if (count == 1)
         return *named;
-    if (const auto numbered = byNumber(timelines, wanted); count == 0 && numbered)
+    if (auto numbered = byNumber(timelines, wanted); count == 0 && numbered)
         return numbered;
     if (count > 1)
         context.error(*named, std::to_string(count) + " timelines in it are called \"" + wanted +
