@@ -5,6 +5,7 @@
 #include "Kestra/Core/CoreManager.h"
 #include "Kestra/Proc/ISourceFactory.h"
 #include "Kestra/Proc/ProcessingError.h"
+#include "Kestra/Proc/RateNote.h"
 #include "cli/ErrorOutput.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonText.h"
@@ -41,6 +42,8 @@ void describeMedia(const std::string& path, const Options& options, const std::a
     QStringList damage, notes;
     for (const Kestra::Proc::DamageReport& report : source->TakeDamageReports())
         damage << text(report.what);
+    if (const auto& video = source->GetInfo().video; video && video->variableFrameRate)
+        notes << text(Kestra::Proc::RateNote(*video, video->frameRate));
     for (const Kestra::Proc::SourceNote& note : source->TakeNotes())
         notes << text(note.what);
     if (options.json)

@@ -15,7 +15,8 @@ namespace {
 class VariableRate : public ::testing::Test {
 protected:
     /// Pictures with the luma codes of their numbers at times that `seconds` tells from N.
-    ProbedMedia exported(int frames, const std::string& seconds, const std::string& extension = "mp4") {
+    ProbedMedia exported(int frames, const std::string& seconds, const std::string& extension = "mp4",
+                         const std::vector<std::string>& settings = {}) {
         const std::string input = folder / ("in." + extension);
         TestMedia::runFfmpeg({"-f", "lavfi", "-i",
                               "nullsrc=s=16x16:r=100,format=yuv420p,geq=lum='40+8*mod(N,16)':cb=128:cr=128,"
@@ -25,7 +26,9 @@ protected:
                               "-fps_mode", "passthrough", "-enc_time_base", "1:90000", "-c:v", "libx264", "-preset",
                               "ultrafast", "-crf", "16", "-video_track_timescale", "90000", input});
         const std::string output = folder / (extension + ".out.mkv");
-        outcome = TestExport::run(TestExport::requestOfPictures(input, "mkv-ffv1-flac", output));
+        auto request = TestExport::requestOfPictures(input, "mkv-ffv1-flac", output);
+        request.settings = settings;
+        outcome = TestExport::run(request);
         EXPECT_EQ(outcome.status, ExportOutcome::Status::Done) << outcome.error.GetDescription();
         return TestMedia::probe(output);
     }
@@ -60,6 +63,16 @@ TEST_F(VariableRate, OfBurstsIsTheLowestThatShowsNearlyAllAndIsSaid) {
     EXPECT_LE(media.video->rate, Rate(48));
     ASSERT_EQ(outcome.notes.size(), 1);
     EXPECT_TRUE(outcome.notes.front().contains(QStringLiteral("variable frame rate, shown at")))
+        << outcome.notes.front().toStdString();
+}
+
+TEST_F(VariableRate, IsSaidToBeShownAtTheRateThatWasOrdered) {
+    const std::string times = "floor(N/14)*0.455+if(lt(mod(N,14),7),mod(N,14)/25,0.28+(mod(N,14)-7)/40)";
+    const ProbedMedia media = exported(63, times, "mp4", {"frame-rate=100"});
+    EXPECT_EQ(media.video->rate, Rate(100));
+    EXPECT_EQ(shown(media), 63);
+    ASSERT_EQ(outcome.notes.size(), 1);
+    EXPECT_TRUE(outcome.notes.front().endsWith(QStringLiteral("variable frame rate, shown at 100 frames a second")))
         << outcome.notes.front().toStdString();
 }
 

@@ -2,6 +2,7 @@
 // Which rate is chosen for pictures that come at these times.
 #include "Kestra/FF/Probe/RateChooser.h"
 #include "Kestra/Base/Time.h"
+#include "Kestra/Proc/RateNote.h"
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -187,13 +188,29 @@ TEST(RateChooser, KnowsTheHeaderOnlyWhereNoTimesAre) {
     EXPECT_EQ(RateChooser({}, FINE, 0).Choose().rate, Rate(0));
 }
 
+std::string noteOf(const RateChoice& choice, bool whole, const Rate& shown) {
+    Proc::VideoTrackInfo track;
+    track.frameRate = choice.rate;
+    track.variableFrameRate = choice.variable;
+    track.leftOut = DescribeLeftOut(choice, whole);
+    return Proc::RateNote(track, shown);
+}
+
 TEST(RateChooser, SaysWhatItChose) {
-    EXPECT_EQ(DescribeChoice({Rate(30000, 1001), true, 63, 63}, true),
+    EXPECT_EQ(noteOf({Rate(30000, 1001), true, 63, 63}, true, Rate(30000, 1001)),
               "variable frame rate, shown at 29.97 frames a second");
-    EXPECT_EQ(DescribeChoice({Rate(25, 2), true, 63, 61}, true),
+    EXPECT_EQ(noteOf({Rate(25, 2), true, 63, 61}, true, Rate(25, 2)),
               "variable frame rate, shown at 12.5 frames a second, which leaves out 2 of its 63 pictures");
-    EXPECT_EQ(DescribeChoice({Rate(30), true, 63, 62}, false),
+    EXPECT_EQ(noteOf({Rate(30), true, 63, 62}, false, Rate(30)),
               "variable frame rate, shown at 30 frames a second, which leaves out 1 of the first 63 pictures");
+    EXPECT_EQ(noteOf({Rate(30), false, 63, 63}, true, Rate(30)), "");
+}
+
+TEST(RateChooser, SaysAtWhichOtherRateItsPicturesAreShown) {
+    const RateChoice choice{Rate(30), true, 63, 62};
+    EXPECT_EQ(noteOf(choice, true, Rate(50)), "variable frame rate, shown at 50 frames a second");
+    EXPECT_EQ(noteOf(choice, true, Rate(24000, 1001)),
+              "variable frame rate, shown at 23.976 frames a second, which leaves out pictures");
 }
 
 } // namespace

@@ -163,8 +163,10 @@ void MaterialPictures::open(Streams& streams, FrameIndex first, FrameIndex end, 
     else
         decoded = medium->CreateVideoStreamAmong(company.clips);
     stream = streams.open(create(medium, first, end - first, company, decoded), source ? decoded : nullptr);
-    if (source)
-        target.noteLoss(*source, use == Usage::Layer);
+    if (!source)
+        return;
+    target.noteRate(*source);
+    target.noteLoss(*source, use == Usage::Layer);
 }
 
 void MaterialPictures::leave() {

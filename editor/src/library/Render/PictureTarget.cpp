@@ -5,6 +5,7 @@
 #include "Kestra/Conf/Draft.h"
 #include "Kestra/Conf/PixelLoss.h"
 #include "Kestra/Proc/ProcException.h"
+#include "Kestra/Proc/RateNote.h"
 
 namespace Render {
 
@@ -112,6 +113,12 @@ bool PictureTarget::keepsFields(const Proc::VideoTrackInfo& track) const {
     const Conf::FrameInfo frame = target->GetFrameInfo();
     return track.rotation == 0 && track.frame.width == frame.width && track.frame.height == frame.height &&
            track.frameRate == target->GetFrameRate();
+}
+
+void PictureTarget::noteRate(Proc::IMediaSource& medium) const {
+    const std::string note = Proc::RateNote(*medium.GetInfo().video, target->GetFrameRate());
+    if (!note.empty())
+        medium.Note(note);
 }
 
 void PictureTarget::noteLoss(Proc::IMediaSource& medium, bool layer) const {

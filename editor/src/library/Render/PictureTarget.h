@@ -34,6 +34,9 @@ public:
     /// Notes what the target takes away from the medium's pictures; transparency is not lost where they are a `layer`.
     void noteLoss(Kestra::Proc::IMediaSource& medium, bool layer) const;
 
+    /// Notes at which rate the medium's pictures are shown where they do not come evenly.
+    void noteRate(Kestra::Proc::IMediaSource& medium) const;
+
     /// Whether the track's pictures come in the target's frame and rate as they are, so that fields survive.
     bool keepsFields(const Kestra::Proc::VideoTrackInfo& track) const;
     static Kestra::Conf::PixelFormat pixelFormatOf(const Kestra::Proc::IMediaSource& medium);

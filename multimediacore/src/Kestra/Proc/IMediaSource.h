@@ -24,6 +24,7 @@ struct VideoTrackInfo {
     Conf::ColourInfo colour;
     boost::rational<long long> frameRate; ///< chosen by the pictures' times; 0 when unknown
     bool variableFrameRate = false;       ///< pictures do not come evenly at that rate
+    std::string leftOut;                  ///< for RateNote: ", which leaves out 2 of its 63 pictures"; empty for none
     int rotation = 0;                     ///< clockwise degrees: 0, 90, 180, 270
     bool interlaced = false;              ///< the first picture, or as the container says
     bool topFieldFirst = false;           ///< where it is interlaced

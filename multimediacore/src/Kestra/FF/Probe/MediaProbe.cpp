@@ -245,8 +245,6 @@ void MediaProbe::ChooseRate() {
 void MediaProbe::NoteRate() {
     if (video.index < 0)
         return;
-    if (rate.variable)
-        details.notes.push_back(DescribeChoice(rate, rateOfAll));
     const AVStream& stream = demuxer.GetStream(video.index);
     // Of MPEG-4 that shares times, libav knows neither these nor the rate.
     if (info.container == "mpeg" && stream.codecpar->codec_id == AV_CODEC_ID_MPEG4 && stream.avg_frame_rate.num == 0)
@@ -330,6 +328,7 @@ void MediaProbe::DescribeVideo() {
     track.colour = ColourOf(first);
     track.frameRate = rate.rate;
     track.variableFrameRate = rate.variable;
+    track.leftOut = DescribeLeftOut(rate, rateOfAll);
     DescribeFields(track, *video.first, *stream.codecpar);
     track.stillPicture = IsImageFormat(demuxer.GetFormatName()) && video.packets <= 1;
     if (track.stillPicture) {

@@ -282,17 +282,11 @@ double RateChooser::Misfit(const Rate& rate) const {
     return sum;
 }
 
-std::string DescribeChoice(const RateChoice& choice, bool whole) {
-    const double rate = boost::rational_cast<double>(choice.rate);
-    const long long thousandths = std::llround(rate * 1000);
-    std::string text = std::to_string(thousandths / 1000);
-    std::string rest = std::to_string(1000 + thousandths % 1000).substr(1);
-    rest.erase(rest.find_last_not_of('0') + 1);
-    text = "variable frame rate, shown at " + text + (rest.empty() ? "" : "." + rest) + " frames a second";
-    if (choice.shown < choice.frames)
-        text += ", which leaves out " + std::to_string(choice.frames - choice.shown) + " of " +
-                (whole ? "its " : "the first ") + std::to_string(choice.frames) + " pictures";
-    return text;
+std::string DescribeLeftOut(const RateChoice& choice, bool whole) {
+    if (choice.shown >= choice.frames)
+        return {};
+    return ", which leaves out " + std::to_string(choice.frames - choice.shown) + " of " +
+           (whole ? "its " : "the first ") + std::to_string(choice.frames) + " pictures";
 }
 
 } // namespace Kestra::FF

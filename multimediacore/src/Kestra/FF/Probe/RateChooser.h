@@ -62,8 +62,8 @@ private:
     std::size_t frames = 0;
 };
 
-/// What a user is told of a variable rate: "variable frame rate, shown at 30 frames a second, which leaves out 2 of 63
-/// pictures". `whole`: all pictures of the track were looked at.
-std::string DescribeChoice(const RateChoice& choice, bool whole);
+/// Of a variable rate, the end of a sentence: ", which leaves out 2 of its 63 pictures"; empty where none are. `whole`:
+/// all pictures of the track were looked at.
+std::string DescribeLeftOut(const RateChoice& choice, bool whole);
 
 } // namespace Kestra::FF
