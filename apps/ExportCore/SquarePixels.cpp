@@ -34,8 +34,8 @@ std::string SquarePixels::note(const std::vector<Project::SeenPictures>& picture
     const Media::Video square = of(first, preset);
     if (square.width == first.width && square.height == first.height)
         return {};
-    return "Pixels that are not square become square (" + textOf(first) + " is " + textOf(square) +
-           " then): viewers of such files know no others";
+    return "Pixels that are not square become square, " + textOf(first) + " as " + textOf(square) +
+           ": viewers of such files know no others";
 }
 
 } // namespace ExportCore

@@ -2130,6 +2130,26 @@
             <translation>er liegt zwischen zwei Bildern und ist nicht zu sehen</translation>
         </message>
         <message>
+            <source>%1: smaller pictures, or fewer exports at a time, take less</source>
+            <translation>%1: Kleinere Bilder oder weniger Exporte zugleich brauchen weniger</translation>
+        </message>
+        <message>
+            <source>There is too little memory</source>
+            <translation>Der Speicher reicht nicht</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2, each of which takes up to %3 MiB in one piece</source>
+            <translation>%1 bekommt zu wenig Speicher für Bilder von %2, von denen jedes bis zu %3 MiB am Stück braucht</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2</source>
+            <translation>%1 bekommt zu wenig Speicher für Bilder von %2</translation>
+        </message>
+        <message>
+            <source>Pixels that are not square become square, %1 as %2: viewers of such files know no others</source>
+            <translation>Nicht quadratische Bildpunkte werden quadratisch, %1 als %2: Betrachter solcher Dateien kennen keine anderen</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>sein Ton hat bei %2 eine Lücke von %1, die mit Stille gefüllt ist</translation>
         </message>

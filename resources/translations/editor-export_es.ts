@@ -2130,6 +2130,26 @@
             <translation>está entre dos fotogramas y no se ve</translation>
         </message>
         <message>
+            <source>%1: smaller pictures, or fewer exports at a time, take less</source>
+            <translation>%1: imágenes más pequeñas, o menos exportaciones a la vez, necesitan menos</translation>
+        </message>
+        <message>
+            <source>There is too little memory</source>
+            <translation>No hay suficiente memoria</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2, each of which takes up to %3 MiB in one piece</source>
+            <translation>%1 no obtiene suficiente memoria para imágenes de %2, cada una de las cuales ocupa hasta %3 MiB seguidos</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2</source>
+            <translation>%1 no obtiene suficiente memoria para imágenes de %2</translation>
+        </message>
+        <message>
+            <source>Pixels that are not square become square, %1 as %2: viewers of such files know no others</source>
+            <translation>Los píxeles que no son cuadrados pasan a serlo, %1 como %2: los visores de estos archivos no conocen otros</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>su sonido tiene un hueco de %1 en %2, relleno de silencio</translation>
         </message>

@@ -2121,6 +2121,26 @@
             <translation>2 つのフレームの間にあるため表示されません</translation>
         </message>
         <message>
+            <source>%1: smaller pictures, or fewer exports at a time, take less</source>
+            <translation>%1。映像を小さくするか、同時に行う書き出しを減らすと、少なくて済みます</translation>
+        </message>
+        <message>
+            <source>There is too little memory</source>
+            <translation>メモリが足りません</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2, each of which takes up to %3 MiB in one piece</source>
+            <translation>%2 の映像には、1 枚につき連続した最大 %3 MiB のメモリが必要ですが、%1 はそれを確保できません</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2</source>
+            <translation>%1 は %2 の映像に必要なメモリを確保できません</translation>
+        </message>
+        <message>
+            <source>Pixels that are not square become square, %1 as %2: viewers of such files know no others</source>
+            <translation>正方形でない画素を正方形にします（%1 を %2 に）。この種のファイルの表示ソフトは、ほかの形を扱えません</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>音声に %2 で %1 の途切れがあり、無音で埋めました</translation>
         </message>

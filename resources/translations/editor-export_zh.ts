@@ -2121,6 +2121,26 @@
             <translation>它位于两帧之间，不会显示</translation>
         </message>
         <message>
+            <source>%1: smaller pictures, or fewer exports at a time, take less</source>
+            <translation>%1：更小的画面或同时进行更少的导出可减少占用</translation>
+        </message>
+        <message>
+            <source>There is too little memory</source>
+            <translation>内存不足</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2, each of which takes up to %3 MiB in one piece</source>
+            <translation>%1 无法为 %2 的画面取得足够的内存，每帧最多需要连续 %3 MiB</translation>
+        </message>
+        <message>
+            <source>%1 gets too little memory for pictures of %2</source>
+            <translation>%1 无法为 %2 的画面取得足够的内存</translation>
+        </message>
+        <message>
+            <source>Pixels that are not square become square, %1 as %2: viewers of such files know no others</source>
+            <translation>非正方形像素将变为正方形（%1 变为 %2）：此类文件的查看器不识别其他形状</translation>
+        </message>
+        <message>
             <source>its sound has a gap of %1 at %2, filled with silence</source>
             <translation>其声音在 %2 处缺 %1，已用静音填补</translation>
         </message>

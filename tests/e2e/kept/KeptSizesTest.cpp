@@ -62,7 +62,7 @@ TEST(KeptSize, PixelsBecomeSquareInFilesWhoseViewersKnowNoOthers) {
         const auto outcome =
             TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", kind.preset, media / kind.file));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
-        const QStringList told = outcome.notes.filter(QStringLiteral("become square (72x48 is 144x48 then)"));
+        const QStringList told = outcome.notes.filter(QStringLiteral("become square, 72x48 as 144x48: "));
         EXPECT_EQ(told.size(), 1) << kind.preset << outcome.notes.join(QLatin1Char('\n')).toStdString();
         const auto shown = TestMedia::probe(media / kind.picture);
         EXPECT_EQ(shown.video->width, 144) << kind.preset;
