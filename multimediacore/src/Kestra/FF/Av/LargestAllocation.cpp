@@ -14,15 +14,18 @@ namespace {
 
 struct Allocations {
     std::mutex mutex;
-    std::int64_t limit = 0; ///< 0: none is set
+    std::int64_t limit = 0;   ///< 0: none is set
+    std::int64_t inForce = 0; ///< what the library was last told
     std::multiset<std::int64_t> allowances;
 
     // Called under the mutex.
-    void Settle() const noexcept {
-        if (limit == 0)
-            return;
+    void Settle() noexcept {
         const std::int64_t allowed = allowances.empty() ? 0 : *allowances.rbegin();
-        av_max_alloc(static_cast<std::size_t>(std::max(limit, allowed)));
+        const std::int64_t most = std::max(limit, allowed);
+        if (limit == 0 || most == inForce)
+            return;
+        av_max_alloc(static_cast<std::size_t>(most));
+        inForce = most;
     }
 };
 
@@ -40,6 +43,7 @@ void SetLargestAllocation(const Proc::MediaLimits& limits) noexcept {
     Allocations& all = TheAllocations();
     const std::lock_guard<std::mutex> lock(all.mutex);
     all.limit = std::max(least, limits.pictureBytes * 2);
+    all.inForce = 0;
     all.Settle();
 }
 
