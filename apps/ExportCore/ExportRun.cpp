@@ -22,7 +22,6 @@
 #include "ExportCore/TimelineOpening.h"
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
-#include "Kestra/Conf/IFormatCodecVideo.h"
 #include "Kestra/Proc/Filters/PictureTap.h"
 #include "Kestra/Proc/ProcException.h"
 #include "Types/Time.h"
@@ -45,6 +44,7 @@ ExportRun::ExportRun(ExportRequest request, const QObject& job)
     , taskPatience(this)
     , watchdog(this->request.limits, this)
     , conclusion(this)
+    , reads(this)
     , trial(this) {
     connect(&engineRelease, &EngineRelease::ended, this, &ExportRun::onEngineEnded);
     connect(&removal, &OutputRemoval::ended, this, &ExportRun::endWhenLetGo);
@@ -54,6 +54,8 @@ ExportRun::ExportRun(ExportRequest request, const QObject& job)
     connect(&watchdog, &Watchdog::stalled, this, &ExportRun::onStalled);
     conclusion.setSingleShot(true);
     connect(&conclusion, &QTimer::timeout, this, &ExportRun::conclude);
+    reads.setSingleShot(true);
+    connect(&reads, &QTimer::timeout, this, &ExportRun::awaitReads);
     trial.setSingleShot(true);
     connect(&trial, &QTimer::timeout, this, &ExportRun::onTrialEnded);
 }
@@ -383,62 +385,6 @@ Types::Range ExportRun::snappedExportRange() const {
     if (request.exportRange == Types::Range() || !provider->videoExists(&video))
         return request.exportRange;
     return FrameSnap::range(request.exportRange, provider->frameRate(&video));
-}
-
-void ExportRun::expect() {
-    const Media::Video* video = transcoder->videoNeeded() ? &transcoder->videoPreset() : nullptr;
-    const Media::Audio* audio = transcoder->audioNeeded() ? &transcoder->audioPreset() : nullptr;
-    const Project::StreamLengths lengths = lengthsOf(video, audio);
-    expected.hasVideo = video != nullptr;
-    expected.hasAudio = audio != nullptr;
-    expected.furtherSounds = audio ? static_cast<int>(opening->sequence().furtherSounds.size()) : 0;
-    expected.frames = lengths.videoFrames;
-    expected.videoDuration = lengths.videoDuration;
-    expected.audioDuration = lengths.audioDuration;
-    expectOutro();
-    expectPictures();
-    const Types::Range window = snappedExportRange();
-    if (window == Types::Range())
-        return;
-    const std::int64_t start = Types::toAvTime(window.start), end = Types::toAvTime(window.end);
-    expected.videoDuration = std::min(end, expected.videoDuration) - start;
-    expected.audioDuration = std::min(end, expected.audioDuration) - start;
-    countFrames();
-}
-
-void ExportRun::expectPictures() {
-    expected.expectAnimation(provider->preset(), transcoder->videoPreset().width, transcoder->videoPreset().height);
-    if (!sequence)
-        return;
-    const Kestra::Core::Property order = provider->preset().videoEncoderData();
-    const char* const tag = Kestra::Conf::IFormatCodecVideo::TAG_PIXEL_FORMAT;
-    const std::string format = order.ChildExists(tag) ? order[tag].GetString() : std::string();
-    const Media::Video& made = transcoder->videoPreset();
-    expected.pictures = ExpectedFile::Pictures{sequence->name, made.width, made.height, format};
-    expected.pictures->fitTo(provider->preset().videoCodec());
-}
-
-Project::StreamLengths ExportRun::lengthsOf(const Media::Video* video, const Media::Audio* audio) const {
-    try {
-        return project->expectedLengths(streamRange, video, audio);
-    } catch (const Kestra::Proc::ProcException& error) {
-        // Only with the preset is it known how long a frame is; a range that holds none is refused all the same.
-        KESTRA_THROW(Refusal(error.what()));
-    }
-}
-
-void ExportRun::expectOutro() {
-    const std::int64_t outro = Types::toAvTime(OutroPictures::length(request.brandingName));
-    if (outro == 0)
-        return;
-    expected.videoDuration += expected.hasVideo ? outro : 0;
-    expected.audioDuration += expected.hasAudio ? outro : 0;
-    countFrames();
-}
-
-void ExportRun::countFrames() {
-    if (expected.hasVideo)
-        expected.frames = Kestra::TimeToFrames(expected.videoDuration, provider->frameRate(&project->video()));
 }
 
 void ExportRun::onFailed(const ProcessingError& error) {

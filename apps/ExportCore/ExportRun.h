@@ -147,6 +147,7 @@ private:
     /// Begins with the engine: what it has left behind is asked for when it is at its end.
     void conclude();
     void onEngineEnded();
+    void awaitReads();
     void goOnFromEngine();
     /// What is to be said of the run besides its verdict. Nothing of it runs any more.
     void gather();
@@ -197,6 +198,8 @@ private:
     QTimer taskPatience; ///< with one that hangs
     Watchdog watchdog;
     QTimer conclusion;
+    QTimer reads; ///< that go on behind the engine's end
+    QElapsedTimer sinceEngine;
     QTimer trial; ///< of a run that is not to be made: how long it is tried
     QElapsedTimer clock;
     ExpectedFile expected;

@@ -242,10 +242,23 @@ void ExportRun::conclude() {
 }
 
 void ExportRun::onEngineEnded() {
-    if (state == JobState::Concluding)
-        goOnFromEngine();
-    else
-        endWhenLetGo();
+    if (state != JobState::Concluding)
+        return endWhenLetGo();
+    sinceEngine.start();
+    awaitReads();
+}
+
+/// What was interrupted comes out of its reads in a moment, unless it hangs there.
+void ExportRun::awaitReads() {
+    constexpr int INTERVAL = 10;
+    constexpr qint64 PATIENCE = 1000;
+    if (state != JobState::Concluding)
+        return;
+    bool isRead = false;
+    tellIfMemoryAllows([&] { isRead = project && !project->pathsBeingRead().empty(); });
+    if (isRead && sinceEngine.elapsed() < PATIENCE)
+        return reads.start(INTERVAL);
+    goOnFromEngine();
 }
 
 void ExportRun::goOnFromEngine() {

@@ -93,7 +93,7 @@ std::string FirstPictures::noteOnRate(const Rate& rate) const {
         return {};
     return subject(changed) + " shown at the rate of the first pictures, " + textOf(rate) + " instead of " +
            (changed.size() == 1 ? "" : "up to ") + textOf(highest) +
-           " frames a second; --set frame-rate=" + textOf(highest) + " chooses another";
+           " frames a second; --set frame-rate=" + (highest > rate ? textOf(highest) : "RATE") + " chooses another";
 }
 
 } // namespace ExportCore

@@ -207,6 +207,8 @@ TEST_F(Hints, OfInputsOfAnotherRateIsThatTheFirstOnesCounts) {
                           "--set frame-rate=29.97 chooses another"));
     EXPECT_THAT(said({clip, ntsc, twice}), HasSubstr("and 1 more are shown at the rate of the first pictures, 25 "
                                                      "instead of up to 50 frames a second"));
+    EXPECT_THAT(said({ntsc, clip}), HasSubstr("29.97 instead of 25 frames a second; --set frame-rate=RATE chooses"))
+        << "a lower rate would lose pictures";
     EXPECT_THAT(said({twice, clip}), Not(HasSubstr("rate of the first"))) << "each is shown twice";
     EXPECT_THAT(said({clip, ntsc}, {"--set", "frame-rate=25"}), Not(HasSubstr("rate of the first")));
 }
