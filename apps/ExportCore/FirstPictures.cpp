@@ -3,13 +3,14 @@
 
 #include "ExportCore/PresetSettings.h"
 #include "ExportCore/SizeLimit.h"
+#include "Kestra/Proc/RateNote.h"
 #include <algorithm>
-#include <cmath>
 
 namespace ExportCore {
 namespace {
 
 using Frame = Kestra::Conf::FrameInfo;
+using Kestra::Proc::RateText;
 using Rate = boost::rational<long long>;
 
 bool isLarger(const Frame& frame, const Frame& other) {
@@ -18,15 +19,6 @@ bool isLarger(const Frame& frame, const Frame& other) {
 
 std::string textOf(const Frame& frame) {
     return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
-}
-
-/// "25", "29.97".
-std::string textOf(const Rate& rate) {
-    constexpr long long THOUSAND = 1000;
-    const long long thousandths = std::llround(boost::rational_cast<double>(rate) * THOUSAND);
-    std::string rest = std::to_string(THOUSAND + thousandths % THOUSAND).substr(1);
-    rest.erase(rest.find_last_not_of('0') + 1);
-    return std::to_string(thousandths / THOUSAND) + (rest.empty() ? "" : "." + rest);
 }
 
 /// The first one's name, and how many follow.
@@ -91,9 +83,9 @@ std::string FirstPictures::noteOnRate(const Rate& rate) const {
     }
     if (changed.empty())
         return {};
-    return subject(changed) + " shown at the rate of the first pictures, " + textOf(rate) + " instead of " +
-           (changed.size() == 1 ? "" : "up to ") + textOf(highest) +
-           " frames a second; --set frame-rate=" + (highest > rate ? textOf(highest) : "RATE") + " chooses another";
+    return subject(changed) + " shown at the rate of the first pictures, " + RateText(rate) + " instead of " +
+           (changed.size() == 1 ? "" : "up to ") + RateText(highest) +
+           " frames a second; --set frame-rate=" + (highest > rate ? RateText(highest) : "RATE") + " chooses another";
 }
 
 } // namespace ExportCore

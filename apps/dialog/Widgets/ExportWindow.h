@@ -104,7 +104,7 @@ private:
     const std::unique_ptr<Ui::ExportWindow> ui;
     ExportForm form{this};
     JobQueue queue;
-    std::map<int, ExportForm::Choice> choices; ///< of what was ordered, by the job
+    std::map<int, ExportForm::Choice> choices; ///< of all that was ordered, by the job
     DesktopSession desktop;
     OutputLook look{this};
     TimeForecast times{this};

@@ -28,14 +28,14 @@ void ExportWindow::tryAgain(int id) {
         return;
     Order order;
     order.job = *before;
-    order.choice = choices[id];
+    order.choice = choices.at(id);
     order.isOfForm = false;
     takeOrder(order);
 }
 
 void ExportWindow::change(int id) {
     if (!ordered && !closing && queue.job(id))
-        form.choose(choices[id]);
+        form.choose(choices.at(id));
 }
 
 void ExportWindow::takeOrder(const Order& order) {
