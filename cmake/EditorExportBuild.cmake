@@ -91,6 +91,8 @@ function(editorexport_room folder)
     set(scope PUBLIC)
     add_library(${room} OBJECT ${sources} ${headers})
     target_link_libraries(${room} PRIVATE editorexport_flags)
+    # Threads that were left work on while the process ends: what they use is never destroyed.
+    target_compile_options(${room} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wexit-time-destructors>)
     if(ARG_QT)
       set_target_properties(${room} PROPERTIES AUTOMOC ON AUTOMOC_PATH_PREFIX ON)
     endif()

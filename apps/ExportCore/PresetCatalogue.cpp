@@ -6,7 +6,9 @@
 #include "ExportCore/Refusal.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include <algorithm>
+#include <array>
 #include <set>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -19,7 +21,7 @@ using Kestra::ClientAPI::CodecLimits;
 using Worth = std::tuple<double, std::int64_t, std::ptrdiff_t>;
 
 std::ptrdiff_t worthOfName(const std::string& name) {
-    static const std::vector<std::string> rising{"draft", "low", "medium", "high", "best"};
+    constexpr std::array<std::string_view, 5> rising{"draft", "low", "medium", "high", "best"};
     const auto found = std::find(rising.begin(), rising.end(), name);
     return found == rising.end() ? -1 : found - rising.begin();
 }

@@ -62,12 +62,12 @@ void requireStreams(const PresetSettings& settings, const Preset& preset) {
 } // namespace
 
 const std::vector<PresetSettings::Key>& PresetSettings::keys() {
-    static const std::vector<Key> all = [] {
+    static const auto& all = *new std::vector<Key>([] {
         std::vector<Key> shown;
         for (const SettingKey& key : SettingKey::all())
             shown.push_back(key.shown);
         return shown;
-    }();
+    }());
     return all;
 }
 

@@ -20,12 +20,12 @@ void SettingEntry::refuse(const std::string& reason, Kestra::SourcePlace place) 
 }
 
 const std::vector<SettingKey>& SettingKey::all() {
-    static const std::vector<SettingKey> keys = [] {
+    static const auto& keys = *new std::vector<SettingKey>([] {
         std::vector<SettingKey> made = ofPicture();
         const std::vector<SettingKey> sound = ofSound();
         made.insert(made.end(), sound.begin(), sound.end());
         return made;
-    }();
+    }());
     return keys;
 }
 

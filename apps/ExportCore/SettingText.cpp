@@ -74,7 +74,7 @@ std::optional<double> SettingText::decimal(const std::string& text) {
 }
 
 std::optional<Ratio> SettingText::frameRate(const std::string& text) {
-    static const std::map<std::string, Ratio> names{
+    static const auto& names = *new std::map<std::string, Ratio>{
         {"film", 24}, {"pal", 25}, {"ntsc", {30000, 1001}}, {"ntsc-film", {24000, 1001}}};
     if (const auto named = names.find(lowered(text)); named != names.end())
         return named->second;

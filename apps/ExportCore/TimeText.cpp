@@ -24,8 +24,8 @@ qint64 fractionOf(const std::string& digits) {
 const char* const TimeText::FORMS = "HH:MM:SS.mmm, MM:SS (up to 59:59), seconds (90, 90.5s) or frames (120f)";
 
 std::optional<KTime> TimeText::parse(const std::string& text) {
-    static const std::regex clock(R"((?:(\d{1,7}):([0-5]\d)|([0-5]?\d)):([0-5]\d)(?:\.(\d{1,12}))?)");
-    static const std::regex seconds(R"((\d{1,10})(?:\.(\d{1,12}))?s?)");
+    static const auto& clock = *new std::regex(R"((?:(\d{1,7}):([0-5]\d)|([0-5]?\d)):([0-5]\d)(?:\.(\d{1,12}))?)");
+    static const auto& seconds = *new std::regex(R"((\d{1,10})(?:\.(\d{1,12}))?s?)");
     std::smatch parts;
     qint64 whole = 0;
     std::string fraction;
@@ -47,7 +47,7 @@ std::optional<KTime> TimeText::parse(const std::string& text) {
 std::optional<TimePoint> TimeText::parsePoint(const std::string& text) {
     if (const auto time = parse(text))
         return TimePoint(*time);
-    static const std::regex frames(R"((\d{1,10})f)");
+    static const auto& frames = *new std::regex(R"((\d{1,10})f)");
     std::smatch parts;
     if (!std::regex_match(text, parts, frames))
         return std::nullopt;

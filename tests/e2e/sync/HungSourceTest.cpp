@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an export whose input hangs in a call that nothing interrupts, in a process that goes on.
-#include "Kestra/Base/RefCountImpl.h"
 #include "Kestra/Core/CoreManager.h"
-#include "Kestra/Proc/Filters/AudioFilterBase.h"
-#include "Kestra/Proc/Filters/VideoFilterBase.h"
 #include "Kestra/Proc/IMuxerFactory.h"
-#include "Kestra/Proc/ISourceFactory.h"
+#include "ScriptedSources.h"
 #include "WatchedJob.h"
 #include "fakes/chunks/ChunkCalls.h"
 #include "fakes/chunks/SoundChunks.h"
@@ -27,108 +24,6 @@ using Status = ExportOutcome::Status;
 using namespace std::chrono_literals;
 
 namespace {
-
-namespace Proc = Kestra::Proc;
-
-/// What all calls on one medium share; they outlive the test's own objects.
-struct Calls {
-    const std::shared_ptr<Script> script = std::make_shared<Script>();
-    std::atomic<int> under{0};
-    std::atomic<const std::atomic<bool>*> interruption{nullptr}; ///< of the opening that is under way
-
-    void call(const std::string& name) {
-        ++under;
-        script->Call(name);
-        --under;
-    }
-};
-
-/// The engine's stream with a script before its calls: "picture <number>", "sound <number>", "prepare ...", "close
-/// ...".
-template <class Filter, class Stream>
-class Scripted : public Filter {
-public:
-    Scripted(const boost::intrusive_ptr<Stream>& source, std::shared_ptr<Calls> calls, const char* kind)
-        : Filter(source, "scripted")
-        , calls(std::move(calls))
-        , kind(kind) {}
-    ~Scripted() override { calls->call(std::string("close ") + kind); }
-
-    void Prepare() override {
-        calls->call(std::string("prepare ") + kind);
-        Filter::Prepare();
-    }
-
-protected:
-    void beforeRead() { calls->call(kind + std::to_string(reads++)); }
-
-private:
-    const std::shared_ptr<Calls> calls;
-    const std::string kind;
-    int reads = 0;
-};
-
-class ScriptedPictures : public Scripted<Proc::VideoFilterBase, Proc::IStreamVideo> {
-public:
-    using Scripted::Scripted;
-    boost::intrusive_ptr<Proc::IDataVideo> ReadVideo() override {
-        beforeRead();
-        return Scripted::ReadVideo();
-    }
-};
-
-class ScriptedSound : public Scripted<Proc::AudioFilterBase, Proc::IStreamAudio> {
-public:
-    using Scripted::Scripted;
-    boost::intrusive_ptr<Proc::IDataAudio> ReadAudio() override {
-        beforeRead();
-        return Scripted::ReadAudio();
-    }
-};
-
-class ScriptedMedia : public Proc::IMediaSource, public Kestra::RefCountImpl {
-public:
-    ScriptedMedia(boost::intrusive_ptr<IMediaSource> media, std::shared_ptr<Calls> calls)
-        : media(std::move(media))
-        , calls(std::move(calls)) {}
-
-    const Kestra::ioPath& GetPath() const override { return media->GetPath(); }
-    const Proc::MediaInfo& GetInfo() const override { return media->GetInfo(); }
-    boost::intrusive_ptr<Proc::IStreamVideo> CreateVideoStream() override {
-        return new ScriptedPictures(media->CreateVideoStream(), calls, "picture ");
-    }
-    boost::intrusive_ptr<Proc::IStreamAudio> CreateAudioStream() override {
-        return new ScriptedSound(media->CreateAudioStream(), calls, "sound ");
-    }
-    std::vector<Proc::DamageReport> TakeDamageReports() override { return media->TakeDamageReports(); }
-    std::vector<Proc::SourceNote> TakeNotes() override { return media->TakeNotes(); }
-    void Note(const std::string& what) override { media->Note(what); }
-    bool IsBeingRead() const override { return calls->under > 0; }
-
-private:
-    const boost::intrusive_ptr<IMediaSource> media;
-    const std::shared_ptr<Calls> calls;
-};
-
-class ScriptedSources : public Kestra::Proc::ISourceFactory {
-public:
-    ScriptedSources(const std::string& path, std::shared_ptr<Calls> calls)
-        : media(CoreManager::Instance().GetSourceFactory().OpenMedia(Kestra::ioPath(path)))
-        , calls(std::move(calls)) {}
-
-    boost::intrusive_ptr<Proc::IMediaSource> OpenMedia(const Kestra::ioPath&, const std::atomic<bool>* interrupted,
-                                                       const Proc::MediaLimits&, const Proc::TrackChoice&) override {
-        const auto held = media;
-        const auto heldCalls = calls;
-        heldCalls->interruption = interrupted;
-        heldCalls->call("open");
-        return new ScriptedMedia(held, heldCalls);
-    }
-
-private:
-    const boost::intrusive_ptr<Proc::IMediaSource> media;
-    const std::shared_ptr<Calls> calls;
-};
 
 /// A call that hangs, and what is exported.
 struct Hang {
@@ -154,7 +49,8 @@ protected:
     static void TearDownTestSuite() { delete media; }
 
     HungSource() {
-        CoreManager::Instance().SetSourceFactory(std::make_shared<ScriptedSources>(*media / "clip.mov", calls));
+        CoreManager::Instance().SetSourceFactory(
+            std::make_shared<TestExport::ScriptedSources>(*media / "clip.mov", calls));
         calls->script->At(GetParam().at, [gate = gate] { gate->Pass(); });
         if (GetParam().preset != SOUND_ALONE)
             return;
@@ -192,7 +88,7 @@ protected:
     }
 
     static TestMedia::Folder* media;
-    const std::shared_ptr<Calls> calls = std::make_shared<Calls>();
+    const std::shared_ptr<TestExport::Calls> calls = std::make_shared<TestExport::Calls>();
     const std::shared_ptr<Kestra::Fakes::Gate> gate = std::make_shared<Kestra::Fakes::Gate>();
     std::atomic<int> chunkFrames{0};
     std::optional<Kestra::Fakes::ChunkedSound> chunks;

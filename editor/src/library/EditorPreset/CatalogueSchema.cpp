@@ -28,13 +28,13 @@ constexpr std::size_t LONGEST_VALUE_SHOWN = 60;
 
 /// Parsed once; never changed afterwards.
 const valijson::Schema& schema() {
-    static const std::unique_ptr<const valijson::Schema> parsed = [] {
+    static const valijson::Schema& parsed = [] -> const valijson::Schema& {
         auto made = std::make_unique<valijson::Schema>();
         valijson::SchemaParser parser;
         parser.populateSchema(valijson::adapters::QtJsonAdapter(QJsonValue(schemaDocument())), *made);
-        return made;
+        return *made.release();
     }();
-    return *parsed;
+    return parsed;
 }
 
 /// The validator writes a place as "<root>", "[presets]", "[3]" ...

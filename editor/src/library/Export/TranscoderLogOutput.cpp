@@ -20,7 +20,7 @@ public:
 } // namespace
 
 void setTranscoderLogReceiver(void (*receiver)(const std::string& line)) {
-    static Forwarder forwarder;
+    static auto& forwarder = *new Forwarder;
     lineReceiver = receiver;
     google::AddLogSink(&forwarder);
     // Before its initialisation the library writes to standard error, whatever else it is told.

@@ -15,14 +15,14 @@ using Conf::VideoCodec;
 
 /// Without limits where the codec is none for pictures.
 const VideoCodec& VideoOf(CodecID codec) {
-    static const VideoCodec unlimited;
+    static const auto& unlimited = *new VideoCodec;
     const VideoCodec* const video = Codec::FindVideo(codec);
     return video ? *video : unlimited;
 }
 
 /// Likewise for sound.
 const AudioCodec& AudioOf(CodecID codec) {
-    static const AudioCodec none;
+    static const auto& none = *new AudioCodec;
     const AudioCodec* const audio = Codec::FindAudio(codec);
     return audio ? *audio : none;
 }

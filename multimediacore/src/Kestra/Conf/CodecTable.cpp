@@ -321,7 +321,7 @@ Codec Pcm() {
 } // namespace
 
 const std::vector<Codec>& Codec::All() {
-    static const std::vector<Codec> table{
+    static const auto& table = *new std::vector<Codec>{
         H264(),
         Hevc(),
         Vp9(),

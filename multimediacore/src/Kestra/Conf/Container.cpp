@@ -8,13 +8,19 @@ namespace Kestra::Conf {
 
 namespace {
 
-const std::vector<std::string> TAGS_OF_MP4{"album",    "album_artist", "artist",  "comment",    "composer", "copyright",
-                                           "date",     "description",  "disc",    "episode_id", "genre",    "grouping",
-                                           "keywords", "lyrics",       "network", "show",       "synopsis", "track"};
-const std::vector<std::string> TAGS_OF_MOV{"album", "artist",   "comment", "copyright", "date",
-                                           "genre", "location", "make",    "model"};
-const std::vector<std::string> TAGS_OF_WAV{"album", "artist", "comment",  "copyright",
-                                           "date",  "genre",  "language", "track"};
+std::vector<std::string> TagsOfMp4() {
+    return {"album",    "album_artist", "artist",  "comment",    "composer", "copyright",
+            "date",     "description",  "disc",    "episode_id", "genre",    "grouping",
+            "keywords", "lyrics",       "network", "show",       "synopsis", "track"};
+}
+
+std::vector<std::string> TagsOfMov() {
+    return {"album", "artist", "comment", "copyright", "date", "genre", "location", "make", "model"};
+}
+
+std::vector<std::string> TagsOfWav() {
+    return {"album", "artist", "comment", "copyright", "date", "genre", "language", "track"};
+}
 
 /// Some readers take the sizes within a chapter's frame for plain numbers, which they are below 128 only.
 constexpr int ID3_CHAPTER_TITLE = 120;
@@ -58,7 +64,7 @@ Container Mp4() {
               {"mp4", "m4v"});
     container.timecode = true;
     container.extensionsOfSound = {"m4a"};
-    container.tags = TAGS_OF_MP4;
+    container.tags = TagsOfMp4();
     container.languages = Languages::Terminological;
     container.cover = true;
     container.subtitles = "mov_text";
@@ -74,7 +80,7 @@ Container Mov() {
                CodecID::AAC, CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::ALAC, CodecID::MP3, CodecID::AC3},
               {"mov", "qt"});
     container.timecode = true;
-    container.tags = TAGS_OF_MOV;
+    container.tags = TagsOfMov();
     container.languages = Languages::QuickTime;
     container.subtitles = "mov_text";
     container.subtitlesOneAtATime = true;
@@ -132,7 +138,7 @@ Container Sequence(const char* id, CodecID codec, std::vector<std::string> exten
 
 Container M4a() {
     Container container = OfMov("m4a", "ipod", {CodecID::AAC, CodecID::ALAC}, {"m4a", "m4b"});
-    container.tags = TAGS_OF_MP4;
+    container.tags = TagsOfMp4();
     container.languages = Languages::Terminological;
     container.cover = true;
     return container;
@@ -154,7 +160,7 @@ Container Flac() {
 
 Container Wav() {
     Container container = Of("wav", "wav", {CodecID::PCM_S16LE, CodecID::PCM_S24LE, CodecID::PCM}, {"wav", "wave"});
-    container.tags = TAGS_OF_WAV;
+    container.tags = TagsOfWav();
     return container;
 }
 
@@ -181,7 +187,7 @@ Container Ac3() {
 } // namespace
 
 const std::vector<Container>& Container::All() {
-    static const std::vector<Container> table{
+    static const auto& table = *new std::vector<Container>{
         Mp4(),
         Mov(),
         WebM(),

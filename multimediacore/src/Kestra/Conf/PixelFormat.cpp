@@ -238,7 +238,7 @@ const PixelFormatRecord* PixelFormatRecord::Find(PixelFormat format) noexcept {
 }
 
 const std::vector<PixelFormatRecord>& PixelFormatRecord::All() {
-    static const std::vector<PixelFormatRecord> all(std::begin(FORMATS), std::end(FORMATS));
+    static const auto& all = *new std::vector<PixelFormatRecord>(std::begin(FORMATS), std::end(FORMATS));
     return all;
 }
 

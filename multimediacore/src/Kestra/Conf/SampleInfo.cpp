@@ -92,7 +92,7 @@ const LayoutRecord* FindUnnamed(std::uint32_t layout) {
         LayoutRecord record;
     };
     static std::mutex mutex;
-    static std::map<std::uint32_t, Unnamed> known;
+    static auto& known = *new std::map<std::uint32_t, Unnamed>;
     const std::lock_guard<std::mutex> lock(mutex);
     Unnamed& entry = known[layout];
     if (entry.name.empty()) {

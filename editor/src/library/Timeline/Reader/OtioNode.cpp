@@ -8,7 +8,10 @@
 namespace Timeline {
 namespace {
 
-const rapidjson::Value NOTHING;
+const rapidjson::Value& nothing() {
+    static const auto& value = *new rapidjson::Value;
+    return value;
+}
 
 } // namespace
 
@@ -37,7 +40,7 @@ bool OtioNode::has(const char* member) const {
 }
 
 OtioNode OtioNode::operator[](const char* member) const {
-    return OtioNode(has(member) ? (*json)[member] : NOTHING, place + '/' + escaped(member));
+    return OtioNode(has(member) ? (*json)[member] : nothing(), place + '/' + escaped(member));
 }
 
 OtioNode OtioNode::at(std::size_t index) const {

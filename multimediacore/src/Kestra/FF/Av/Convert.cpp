@@ -48,7 +48,7 @@ private:
 };
 
 const PixelFormatMap& PixelFormats() {
-    static const PixelFormatMap map;
+    static const auto& map = *new PixelFormatMap;
     return map;
 }
 

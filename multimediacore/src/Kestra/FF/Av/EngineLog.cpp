@@ -7,6 +7,8 @@
 #include <atomic>
 #include <cstdarg>
 #include <cstdlib>
+#include <string>
+#include <utility>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -19,20 +21,30 @@ namespace {
 std::atomic<int> chosenLevel{AV_LOG_QUIET};
 std::atomic<void (*)(const std::string&)> lineReceiver{nullptr};
 
-// What has been logged of a line so far: libav writes some in pieces.
-thread_local std::string begun;
+constexpr std::size_t LONGEST_PIECE = 2048; // what is longer is cut
+
+/// What has been logged of a line so far: libav writes some in pieces. Threads log to their very end: there is nothing
+/// to destroy.
+struct Line {
+    std::array<char, 2 * LONGEST_PIECE> text;
+    std::size_t length;
+};
+thread_local Line begun;
 thread_local int printPrefix = 1;
 
 void SendLines(void* object, int level, const char* format, va_list arguments,
                void (*receiver)(const std::string&)) noexcept {
     try {
-        std::array<char, 2048> text{};
-        av_log_format_line2(object, level, format, arguments, text.data(), text.size(), &printPrefix);
-        begun += text.data();
-        for (std::size_t end = 0; (end = begun.find('\n')) != std::string::npos; begun.erase(0, end + 1))
-            receiver(begun.substr(0, end));
+        std::array<char, LONGEST_PIECE> piece{};
+        av_log_format_line2(object, level, format, arguments, piece.data(), piece.size(), &printPrefix);
+        for (const char* letter = piece.data(); *letter != '\0'; ++letter) {
+            if (*letter == '\n')
+                receiver(std::string(begun.text.data(), std::exchange(begun.length, 0)));
+            else if (begun.length < begun.text.size())
+                begun.text[begun.length++] = *letter;
+        }
     } catch (...) { // no exception may pass through the library's C frames
-        begun.clear();
+        begun.length = 0;
     }
 }
 

@@ -25,7 +25,7 @@ struct Watches {
 };
 
 Watches& TheWatches() {
-    static Watches watches;
+    static auto& watches = *new Watches;
     return watches;
 }
 

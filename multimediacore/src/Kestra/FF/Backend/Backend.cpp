@@ -71,6 +71,6 @@ public:
 } // namespace Kestra::FF
 
 extern "C" KESTRAFF_EXPORT Kestra::Proc::IBackend* KestraBackendOf(const char* build) {
-    static Kestra::FF::Backend backend;
+    static auto& backend = *new Kestra::FF::Backend;
     return std::strcmp(build, KESTRA_BUILD) == 0 ? &backend : nullptr;
 }

@@ -201,9 +201,9 @@ std::int64_t BehindMxf(FileBytes& bytes) {
 using Search = std::int64_t (*)(FileBytes& bytes);
 
 Search SearchOf(const std::string& format) {
-    static const std::map<std::string, Search> searches{{"flac", SearchFlac},  {"asf", BehindAsf}, {"au", BehindAu},
-                                                        {"w64", BehindW64},    {"caf", BehindCaf}, {"tta", BehindTta},
-                                                        {"wv", BehindWavPack}, {"flv", BehindFlv}, {"mxf", BehindMxf}};
+    static const auto& searches = *new std::map<std::string, Search>{
+        {"flac", SearchFlac}, {"asf", BehindAsf},    {"au", BehindAu},   {"w64", BehindW64}, {"caf", BehindCaf},
+        {"tta", BehindTta},   {"wv", BehindWavPack}, {"flv", BehindFlv}, {"mxf", BehindMxf}};
     const auto found = searches.find(format);
     return found == searches.end() ? nullptr : found->second;
 }

@@ -30,7 +30,7 @@ AVChannelLayout WithSpeakers(const AVCodec& codec, std::uint32_t wanted) {
 } // namespace
 
 const AudioDriver& AudioDriver::Of(const AVCodec& encoder) {
-    static const AudioDriver usual(Conf::CodecID::None, nullptr);
+    static const auto& usual = *new AudioDriver(Conf::CodecID::None, nullptr);
     const auto& all = All();
     const auto found = std::find_if(all.begin(), all.end(), [&](const AudioDriver* d) { return d->Drives(encoder); });
     return found == all.end() ? usual : **found;

@@ -4,7 +4,7 @@
 namespace Kestra::FF {
 
 const std::vector<const AudioDriver*>& AudioDriver::All() {
-    static const std::vector<const AudioDriver*> drivers{
+    static const auto& drivers = *new std::vector<const AudioDriver*>{
         &AacDriver(),    &OpusDriver(), &Ac3Driver(),  &Mp3Driver(),
         &VorbisDriver(), &FlacDriver(), &AlacDriver(), &PcmDriver(),
     };

@@ -37,12 +37,12 @@ public:
 } // namespace
 
 const VideoDriver& SvtAv1Driver() {
-    static const SvtAv1 driver;
+    static const auto& driver = *new SvtAv1;
     return driver;
 }
 
 const VideoDriver& AomAv1Driver() {
-    static const AomAv1 driver;
+    static const auto& driver = *new AomAv1;
     return driver;
 }
 

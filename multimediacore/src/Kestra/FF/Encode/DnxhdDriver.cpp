@@ -25,7 +25,7 @@ public:
 } // namespace
 
 const VideoDriver& DnxhdDriver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

@@ -31,7 +31,7 @@ public:
 } // namespace
 
 const VideoDriver& Ffv1Driver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

@@ -29,7 +29,7 @@ public:
 } // namespace
 
 const VideoDriver& GifDriver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

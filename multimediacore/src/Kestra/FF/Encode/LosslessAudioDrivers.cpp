@@ -105,17 +105,17 @@ public:
 } // namespace
 
 const AudioDriver& FlacDriver() {
-    static const Flac driver;
+    static const auto& driver = *new Flac;
     return driver;
 }
 
 const AudioDriver& AlacDriver() {
-    static const Alac driver;
+    static const auto& driver = *new Alac;
     return driver;
 }
 
 const AudioDriver& PcmDriver() {
-    static const Pcm driver;
+    static const auto& driver = *new Pcm;
     return driver;
 }
 

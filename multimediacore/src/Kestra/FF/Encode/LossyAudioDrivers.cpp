@@ -112,27 +112,27 @@ public:
 } // namespace
 
 const AudioDriver& AacDriver() {
-    static const Aac driver;
+    static const auto& driver = *new Aac;
     return driver;
 }
 
 const AudioDriver& OpusDriver() {
-    static const Opus driver;
+    static const auto& driver = *new Opus;
     return driver;
 }
 
 const AudioDriver& Ac3Driver() {
-    static const Ac3 driver;
+    static const auto& driver = *new Ac3;
     return driver;
 }
 
 const AudioDriver& Mp3Driver() {
-    static const Mp3 driver;
+    static const auto& driver = *new Mp3;
     return driver;
 }
 
 const AudioDriver& VorbisDriver() {
-    static const Vorbis driver;
+    static const auto& driver = *new Vorbis;
     return driver;
 }
 

@@ -49,17 +49,17 @@ public:
 } // namespace
 
 const VideoDriver& Mpeg4Driver() {
-    static const MpegDriver driver(Conf::CodecID::MPEG4, "mpeg4");
+    static const auto& driver = *new MpegDriver(Conf::CodecID::MPEG4, "mpeg4");
     return driver;
 }
 
 const VideoDriver& Mpeg2Driver() {
-    static const MpegDriver driver(Conf::CodecID::MPEG2, "mpeg2video");
+    static const auto& driver = *new MpegDriver(Conf::CodecID::MPEG2, "mpeg2video");
     return driver;
 }
 
 const VideoDriver& MjpegDriver() {
-    static const Mjpeg driver;
+    static const auto& driver = *new Mjpeg;
     return driver;
 }
 

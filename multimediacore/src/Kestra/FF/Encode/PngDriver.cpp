@@ -26,7 +26,7 @@ public:
 } // namespace
 
 const VideoDriver& PngDriver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

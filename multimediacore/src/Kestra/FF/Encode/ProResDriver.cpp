@@ -17,7 +17,7 @@ public:
 } // namespace
 
 const VideoDriver& ProResDriver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

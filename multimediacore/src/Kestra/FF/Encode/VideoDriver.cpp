@@ -9,7 +9,7 @@
 namespace Kestra::FF {
 
 const VideoDriver& VideoDriver::Of(const AVCodec& encoder) {
-    static const VideoDriver other(Conf::CodecID::None, "");
+    static const auto& other = *new VideoDriver(Conf::CodecID::None, "");
     const auto found = std::find_if(All().begin(), All().end(), [&encoder](const VideoDriver* driver) {
         return std::strcmp(driver->encoder, encoder.name) == 0;
     });

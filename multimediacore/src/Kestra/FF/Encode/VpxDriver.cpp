@@ -97,12 +97,12 @@ public:
 } // namespace
 
 const VideoDriver& Vp9Driver() {
-    static const Vp9 driver;
+    static const auto& driver = *new Vp9;
     return driver;
 }
 
 const VideoDriver& Vp8Driver() {
-    static const Vp8 driver;
+    static const auto& driver = *new Vp8;
     return driver;
 }
 

@@ -77,7 +77,7 @@ public:
 } // namespace
 
 const VideoDriver& WebPDriver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

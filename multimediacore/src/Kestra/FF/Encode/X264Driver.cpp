@@ -4,8 +4,8 @@
 #include "Kestra/FF/Encode/VideoDrivers.h"
 #include "Kestra/FF/Encode/X264Statistics.h"
 #include <algorithm>
+#include <array>
 #include <string>
-#include <vector>
 
 extern "C" {
 #include <libavutil/avstring.h>
@@ -25,14 +25,23 @@ bool LooksAhead(const OptionList& options) {
     });
 }
 
-const std::vector<std::string> PRESETS{"ultrafast", "superfast", "veryfast", "faster",   "fast",
-                                       "medium",    "slow",      "slower",   "veryslow", "placebo"};
-const std::vector<std::string> TUNES{"film", "animation", "grain",      "stillimage", "psnr",
-                                     "ssim", "touhou",    "fastdecode", "zerolatency"};
+constexpr std::array PRESETS{"ultrafast", "superfast", "veryfast", "faster",   "fast",
+                             "medium",    "slow",      "slower",   "veryslow", "placebo"};
+constexpr std::array TUNES{"film", "animation", "grain",      "stillimage", "psnr",
+                           "ssim", "touhou",    "fastdecode", "zerolatency"};
 
-bool IsAmong(const std::vector<std::string>& names, const std::string& value) {
+template <std::size_t N>
+bool IsAmong(const std::array<const char*, N>& names, const std::string& value) {
     return std::any_of(names.begin(), names.end(),
-                       [&value](const std::string& name) { return av_strcasecmp(name.c_str(), value.c_str()) == 0; });
+                       [&value](const char* name) { return av_strcasecmp(name, value.c_str()) == 0; });
+}
+
+template <std::size_t N>
+std::string Listed(const std::array<const char*, N>& names) {
+    std::string list;
+    for (const std::string name : names)
+        list += (list.empty() ? "" : ", ") + name;
+    return list;
 }
 
 bool IsPreset(const std::string& value) {
@@ -57,11 +66,9 @@ void RequireKnownNames(const OptionList& options) {
         const bool isTune = option.name == "tune";
         if (isTune ? AreTunes(option.value) : option.name != "preset" || IsPreset(option.value))
             continue;
-        std::string names;
-        for (const std::string& name : isTune ? TUNES : PRESETS)
-            names += (names.empty() ? "" : ", ") + name;
         Fail(Proc::TranscodingError::CodecRefused, "libx264 refuses the value \"" + option.value +
-                                                       "\" for its option \"" + option.name + "\": it has " + names);
+                                                       "\" for its option \"" + option.name + "\": it has " +
+                                                       (isTune ? Listed(TUNES) : Listed(PRESETS)));
     }
 }
 
@@ -124,7 +131,7 @@ public:
 } // namespace
 
 const VideoDriver& X264Driver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 

@@ -40,7 +40,7 @@ public:
 } // namespace
 
 const VideoDriver& X265Driver() {
-    static const Driver driver;
+    static const auto& driver = *new Driver;
     return driver;
 }
 
