@@ -26,14 +26,16 @@ namespace {
 
 constexpr std::size_t LONGEST_VALUE_SHOWN = 60;
 
+std::unique_ptr<const valijson::Schema> parsedSchema() {
+    auto made = std::make_unique<valijson::Schema>();
+    valijson::SchemaParser parser;
+    parser.populateSchema(valijson::adapters::QtJsonAdapter(QJsonValue(schemaDocument())), *made);
+    return made;
+}
+
 /// Parsed once; never changed afterwards.
 const valijson::Schema& schema() {
-    static const valijson::Schema& parsed = [] -> const valijson::Schema& {
-        auto made = std::make_unique<valijson::Schema>();
-        valijson::SchemaParser parser;
-        parser.populateSchema(valijson::adapters::QtJsonAdapter(QJsonValue(schemaDocument())), *made);
-        return *made.release();
-    }();
+    static const valijson::Schema& parsed = *parsedSchema().release();
     return parsed;
 }
 
