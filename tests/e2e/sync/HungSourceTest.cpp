@@ -9,7 +9,6 @@
 #include "fakes/kestra/FakeFactories.h"
 #include "support/LoopWatch.h"
 #include <QElapsedTimer>
-#include <cctype>
 #include <gtest/gtest.h>
 #include <optional>
 #include <stdexcept>
@@ -18,24 +17,14 @@ using ExportCore::ExportOutcome;
 using Kestra::Core::CoreManager;
 using Kestra::Fakes::Script;
 using Kestra::Proc::TranscodingError;
+using TestExport::Hang;
+using TestExport::SOUND_ALONE;
 using TestSupport::LoopWatch;
 using TestSupport::waitUntil;
 using Status = ExportOutcome::Status;
 using namespace std::chrono_literals;
 
 namespace {
-
-/// A call that hangs, and what is exported.
-struct Hang {
-    std::string at;
-    const char* preset = "mp4-h264-480p";
-};
-
-void PrintTo(const Hang& hang, std::ostream* stream) {
-    *stream << hang.at << " in " << hang.preset;
-}
-
-const char* const SOUND_ALONE = "m4a-aac";
 
 /// Sound alone is encoded in short chunks, which two threads hold until the source hangs.
 class HungSource : public ::testing::TestWithParam<Hang>, protected TestExport::WatchedJob {
@@ -189,20 +178,12 @@ TEST_P(HungSource, DoesNotKeepTheOutputsFailureFromItsEnd) {
     expectUntouched();
 }
 
-std::string nameOf(const testing::TestParamInfo<Hang>& testCase) {
-    std::string name = testCase.param.preset == SOUND_ALONE ? "soundAlone_" : "";
-    for (const char letter : testCase.param.at)
-        if (std::isspace(static_cast<unsigned char>(letter)) == 0)
-            name += letter;
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(In, HungFirstPass, testing::Values(Hang{"picture 60"}), nameOf);
+INSTANTIATE_TEST_SUITE_P(In, HungFirstPass, testing::Values(Hang{"picture 60"}), TestExport::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(In, HungSource,
                          testing::Values(Hang{"open"}, Hang{"prepare picture "}, Hang{"sound 0"}, Hang{"picture 60"},
                                          Hang{"sound 100"}, Hang{"close picture "}, Hang{"close sound "},
                                          Hang{"sound 100", SOUND_ALONE}),
-                         nameOf);
+                         TestExport::nameOf);
 
 } // namespace

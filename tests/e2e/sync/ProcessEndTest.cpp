@@ -12,18 +12,13 @@
 #include <unistd.h>
 
 using Kestra::Core::CoreManager;
+using TestExport::Hang;
 using TestSupport::waitUntil;
 using namespace std::chrono_literals;
 
 namespace {
 
 enum Exit { CAME_OUT = 7, NEVER_CAME_OUT = 8, NEVER_HUNG = 9 };
-
-/// Where it hangs, and what is exported.
-struct Hang {
-    std::string at;
-    const char* preset = "mp4-h264-480p";
-};
 
 std::ptrdiff_t threads() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/task"), std::filesystem::directory_iterator());
@@ -81,6 +76,7 @@ TEST_P(ProcessEnd, ComesWhileWhatWasLeftIsStillAtWork) {
 
 INSTANTIATE_TEST_SUITE_P(In, ProcessEnd,
                          testing::Values(Hang{"open"}, Hang{"prepare picture "}, Hang{"picture 60"}, Hang{"sound 100"},
-                                         Hang{"close picture "}, Hang{"sound 100", "m4a-aac"}));
+                                         Hang{"close picture "}, Hang{"sound 100", TestExport::SOUND_ALONE}),
+                         TestExport::nameOf);
 
 } // namespace

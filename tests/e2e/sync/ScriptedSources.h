@@ -9,7 +9,10 @@
 #include "Kestra/Proc/ISourceFactory.h"
 #include "fakes/kestra/Script.h"
 #include <atomic>
+#include <cctype>
+#include <gtest/gtest.h>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <utility>
 
@@ -116,5 +119,25 @@ private:
     const boost::intrusive_ptr<Proc::IMediaSource> media;
     const std::shared_ptr<Calls> calls;
 };
+
+/// A call that hangs, and what is exported.
+struct Hang {
+    std::string at;
+    const char* preset = "mp4-h264-480p";
+};
+
+inline void PrintTo(const Hang& hang, std::ostream* stream) {
+    *stream << hang.at << " in " << hang.preset;
+}
+
+inline const char* const SOUND_ALONE = "m4a-aac";
+
+inline std::string nameOf(const testing::TestParamInfo<Hang>& testCase) {
+    std::string name = testCase.param.preset == SOUND_ALONE ? "soundAlone_" : "";
+    for (const char letter : testCase.param.at)
+        if (std::isspace(static_cast<unsigned char>(letter)) == 0)
+            name += letter;
+    return name;
+}
 
 } // namespace TestExport
