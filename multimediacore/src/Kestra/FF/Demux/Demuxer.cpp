@@ -83,6 +83,7 @@ void Demuxer::Open() {
     readFrom = 0;
     lastPosition.clear();
     countedTime = 0;
+    chainedOgg = {};
     fieldPairs = {};
     fromStart = true;
     SetUpRepairs();
@@ -272,6 +273,8 @@ bool Demuxer::ReadFile(AVPacket& packet) {
         // Streams that come up while reading are unknown to the selection.
         if (IsSelected(packet.stream_index)) {
             DropPngTexts(GetStream(packet.stream_index).codecpar->codec_id, packet);
+            if (ChainedOgg::IsNeeded(GetFormatName()))
+                chainedOgg.Mend(packet, GetStream(packet.stream_index));
             CountTime(packet);
             ShiftTimes(packet);
             packet.flags |= std::exchange(afterNonsense, false) ? AV_PKT_FLAG_CORRUPT : 0;

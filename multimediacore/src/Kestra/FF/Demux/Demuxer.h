@@ -5,6 +5,7 @@
 #include "Kestra/Base/ioPath.h"
 #include "Kestra/FF/Av/Handles.h"
 #include "Kestra/FF/Demux/AnchorTimes.h"
+#include "Kestra/FF/Demux/ChainedOgg.h"
 #include "Kestra/FF/Demux/ChunkTimes.h"
 #include "Kestra/FF/Demux/FieldPairs.h"
 #include "Kestra/FF/Demux/OrderTimes.h"
@@ -109,6 +110,7 @@ private:
     std::shared_ptr<const TimestampMap> clock;
     bool fromStart = true; ///< nothing has been sought since the file was opened
     // Each holds what was read and not yet given.
+    ChainedOgg chainedOgg;
     ChunkTimes chunkTimes;
     RepeatedTimes repeatedTimes;
     StillTimes stillTimes;
