@@ -30,6 +30,11 @@ std::string nameOf(const Project::SeenPictures& medium) {
     return '"' + medium.path.ToUtf8() + '"';
 }
 
+/// The numbers of both fit into 32 bits.
+bool isMultiple(const Rate& rate, const Rate& of) {
+    return rate.numerator() * of.denominator() % (rate.denominator() * of.numerator()) == 0;
+}
+
 } // namespace
 
 FirstPictures::FirstPictures(const std::vector<Project::SeenPictures>& pictures, const ExportRequest& request,
@@ -75,8 +80,7 @@ std::string FirstPictures::noteOnRate(const Rate& rate) const {
     std::vector<std::string> changed;
     Rate highest = 0;
     for (const Project::SeenPictures& medium : pictures) {
-        const bool isWhole = medium.rate <= 0 || (rate / medium.rate).denominator() == 1;
-        if (isWhole)
+        if (medium.rate <= 0 || isMultiple(rate, medium.rate))
             continue;
         changed.push_back(nameOf(medium));
         highest = std::max(highest, medium.rate);
