@@ -25,7 +25,7 @@ public:
     /// A session without pictures where none of that range waits for its sound.
     std::shared_ptr<ExportSession> join(const Types::Range& range) {
         const bool waits = latest && !latest->hasSound && latest->pictures && latest->range == range;
-        const auto joined = waits ? latest : std::make_shared<ExportSession>();
+        auto joined = waits ? latest : std::make_shared<ExportSession>();
         joined->hasSound = true;
         latest.reset(); // what comes next is another export's
         return joined;

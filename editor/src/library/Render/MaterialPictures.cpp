@@ -145,7 +145,7 @@ Video MaterialPictures::create(const MediaPool::Source& medium, FrameIndex first
     const Rule rule(grid, own ? Rule::Pace::Grid : Rule::Pace::Any, map, furthest);
     pictures = new Proc::FrameSampler(
         pictures, {rule, Proc::FrameSampler::Repeats::AsOne, first - from, count, bytesBackwards(company)});
-    const Video resized = filters().CreateResizer(pictures, resizerSettings(target.format()->GetFrameInfo(), use));
+    Video resized = filters().CreateResizer(pictures, resizerSettings(target.format()->GetFrameInfo(), use));
     resized->PreferFormat(*wish(*medium));
     return resized;
 }

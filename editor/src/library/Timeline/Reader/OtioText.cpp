@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <rapidjson/error/en.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -156,25 +157,25 @@ void settle(OtioContext& context, rapidjson::Value& value, const Place* place = 
 
 } // namespace
 
-std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::string& path) {
+std::unique_ptr<const rapidjson::Document> parseFile(OtioContext& context, const std::string& path) {
     const auto text = readFile(context, path);
     if (!text)
-        return std::nullopt;
+        return nullptr;
     if (depthOf(*text) > DEEPEST) {
         tell(context, "it nests deeper than a timeline should (" + std::to_string(DEEPEST) + ')');
-        return std::nullopt;
+        return nullptr;
     }
     constexpr unsigned FLAGS =
         rapidjson::kParseNanAndInfFlag | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
-    rapidjson::Document document;
-    document.Parse<FLAGS>(text->data(), text->size());
-    if (!document.HasParseError()) {
-        settle(context, document);
+    auto document = std::make_unique<rapidjson::Document>();
+    document->Parse<FLAGS>(text->data(), text->size());
+    if (!document->HasParseError()) {
+        settle(context, *document);
         return document;
     }
-    tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document.GetParseError())) + " (" +
-                      placeOf(*text, document.GetErrorOffset()) + ')');
-    return std::nullopt;
+    tell(context, "it is no JSON: " + std::string(rapidjson::GetParseError_En(document->GetParseError())) + " (" +
+                      placeOf(*text, document->GetErrorOffset()) + ')');
+    return nullptr;
 }
 
 std::string jsonOf(const rapidjson::Value& value) {

@@ -3,15 +3,15 @@
 #pragma once
 
 #include "Timeline/Reader/OtioContext.h"
-#include <optional>
+#include <memory>
 #include <rapidjson/document.h>
 #include <string>
 
 namespace Timeline {
 
-/// Reads and parses a plain file. Nothing where it cannot be read, is too long, too deep or no JSON in UTF-8; then an
+/// Reads and parses a plain file. Null where it cannot be read, is too long, too deep or no JSON in UTF-8; then an
 /// error is told. NaN and infinities are taken as numbers.
-std::optional<rapidjson::Document> parseFile(OtioContext& context, const std::string& path);
+std::unique_ptr<const rapidjson::Document> parseFile(OtioContext& context, const std::string& path);
 
 /// The value as JSON on one line.
 std::string jsonOf(const rapidjson::Value& value);
