@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Decoded sound: every sample in its place, also after seeks.
+#include "Kestra/FF/Demux/StillTimes.h"
 #include "Kestra/Proc/Interrupted.h"
 #include "unit/source/SourceFixture.h"
 #include <cmath>
@@ -256,6 +257,30 @@ TEST_F(Sound, WhoseClockStandsStillFollowsOn) {
         ASSERT_EQ(notes.size(), 1U);
         EXPECT_EQ(notes[0].what, "many packets of its sound have one time; they follow each other");
         EXPECT_TRUE(source->TakeDamageReports().empty());
+    }
+}
+
+TEST_F(Sound, WhosePacketsHaveOneTimeOrNoneComesInTheOrderOfTheFile) {
+    const std::unique_ptr<AVFormatContext, void (*)(AVFormatContext*)> file(avformat_alloc_context(),
+                                                                            avformat_free_context);
+    AVStream& stream = *avformat_new_stream(file.get(), nullptr);
+    stream.codecpar->codec_type = AVMEDIA_TYPE_AUDIO;
+    stream.time_base = {1, 1000};
+    Kestra::FF::StillTimes times;
+    int pushed = 0;
+    for (const std::int64_t time :
+         {std::int64_t{0}, std::int64_t{0}, std::int64_t{0}, AV_NOPTS_VALUE, std::int64_t{40}, std::int64_t{40}}) {
+        Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+        packet->pts = packet->dts = time;
+        packet->duration = 10;
+        packet->pos = pushed++;
+        times.Push(std::move(packet), stream);
+    }
+    times.End();
+    const Kestra::FF::PacketHandle packet = Kestra::FF::MakePacket();
+    for (int number = 0; number < pushed; ++number) {
+        ASSERT_TRUE(times.Pop(*packet)) << number;
+        EXPECT_EQ(packet->pos, number);
     }
 }
 

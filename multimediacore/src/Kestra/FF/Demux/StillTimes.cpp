@@ -29,12 +29,17 @@ bool StillTimes::AreMany(const Track& track, AVRational timeBase) {
 }
 
 void StillTimes::Push(PacketHandle packet, const AVStream& stream) {
-    const bool timed = packet->pts != AV_NOPTS_VALUE && !(packet->flags & AV_PKT_FLAG_DISCARD);
-    if (stream.codecpar->codec_type != AVMEDIA_TYPE_AUDIO || !timed) {
+    if (stream.codecpar->codec_type != AVMEDIA_TYPE_AUDIO) {
         ready.push_back(std::move(packet));
         return;
     }
     Track& track = tracks[stream.index];
+    const bool timed = packet->pts != AV_NOPTS_VALUE && !(packet->flags & AV_PKT_FLAG_DISCARD);
+    if (!timed) { // behind what waits
+        Release(track, stream.time_base, false);
+        ready.push_back(std::move(packet));
+        return;
+    }
     if (track.told != packet->pts) {
         Release(track, stream.time_base, false);
         track.told = packet->pts;

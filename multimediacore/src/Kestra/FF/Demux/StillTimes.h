@@ -13,7 +13,7 @@ namespace Kestra::FF {
 /// Some writers give every packet of audio the same time. The first one has it; those behind follow on, each as long
 /// after the one before as that one's samples last. The same time for a few packets says nothing: jitter on a coarse
 /// clock, or headers. Everything else comes out as it went in. Other tracks' packets may come out ahead of those that
-/// wait for what follows them.
+/// wait for what follows them; those of one track keep their order.
 class StillTimes final : public PacketRepair {
 public:
     void Push(PacketHandle packet, const AVStream& stream) override;
