@@ -26,7 +26,8 @@ QString paceNameOf(const ExportRequest& request) {
         words << QString::fromStdString(setting);
     words << request.brandingName << QString::number(static_cast<int>(request.tracks.sound))
           << QString::number(request.tracks.picture ? 1 : 0)
-          << QString::number(static_cast<int>(request.timelines.missing));
+          << QString::number(static_cast<int>(request.timelines.missing))
+          << QString::fromStdString(request.timelines.mediaRoot);
     return joined(words);
 }
 
@@ -34,8 +35,13 @@ QString nameOf(const std::optional<ExportCore::TimePoint>& point) {
     return point ? QString::number(point->time.milliseconds()) : QString();
 }
 
+/// What decides how large it becomes, wherever it is put.
+QString sizeNameOf(const ExportRequest& request) {
+    return joined({paceNameOf(request), nameOf(request.in), nameOf(request.out)});
+}
+
 QString nameOf(const ExportRequest& request) {
-    return joined({paceNameOf(request), nameOf(request.in), nameOf(request.out), request.outputPath});
+    return joined({sizeNameOf(request), request.outputPath});
 }
 
 } // namespace
@@ -48,6 +54,16 @@ TimeForecast::TimeForecast(QObject* parent)
 }
 
 TimeForecast::~TimeForecast() = default;
+
+void TimeForecast::setInputs(const QStringList& files, const std::vector<ExportCore::FileMark>& marks) {
+    const auto [seen, isFirst] = inputs.emplace(files, marks);
+    if (isFirst || seen->second == marks)
+        return;
+    seen->second = marks;
+    known.clear();
+    sizes.clear();
+    futile.clear();
+}
 
 void TimeForecast::consider(const std::optional<ExportRequest>& request, KTime length) {
     const QString name = request ? nameOf(*request) : QString();
@@ -76,7 +92,7 @@ std::optional<TimeForecast::Time> TimeForecast::of(const ExportRequest& request,
 }
 
 std::optional<ExportCore::OutputEstimate> TimeForecast::sizeOf(const ExportRequest& request) const {
-    const auto tried = sizes.constFind(nameOf(request));
+    const auto tried = sizes.constFind(sizeNameOf(request));
     return tried == sizes.constEnd() ? std::nullopt : std::optional(*tried);
 }
 
@@ -102,7 +118,7 @@ void TimeForecast::onFinished(const ExportOutcome& outcome) {
     trial.release()->deleteLater(); // this is one of its signals
     const bool wasTried = outcome.status == ExportOutcome::Status::Planned && outcome.plan;
     if (wasTried)
-        sizes.insert(consideredName, outcome.plan->estimate);
+        sizes.insert(sizeNameOf(*considered), outcome.plan->estimate);
     if (wasTried && outcome.plan->exportMs > 0)
         known.insert(
             paceNameOf(*considered),

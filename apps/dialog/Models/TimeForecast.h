@@ -3,16 +3,20 @@
 #pragma once
 
 #include "ExportCore/ExportRequest.h"
+#include "ExportCore/FileMark.h"
 #include "ExportCore/OutputEstimate.h"
 #include "KTime/KTime.h"
 #include <QHash>
 #include <QObject>
 #include <QSet>
+#include <QStringList>
 #include <QTimer>
 #include <chrono>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace ExportCore {
 class ExportJob;
@@ -40,6 +44,9 @@ public:
     /// How long somebody must have changed nothing before a trial begins: a second, unless told otherwise.
     void setPause(std::chrono::milliseconds pause) { timer.setInterval(pause); }
 
+    /// The inputs of what is considered from here on, as they were read. Where they have changed since the last time,
+    /// nothing is known any more.
+    void setInputs(const QStringList& files, const std::vector<ExportCore::FileMark>& marks);
     /// What is to be exported next, and how long that is. Where it is something else than before, a trial that runs is
     /// ended, and after a pause another one begins, unless it is known already what it would tell. Nothing: there must
     /// be no trial now.
@@ -48,7 +55,8 @@ public:
     void learn(const ExportCore::ExportRequest& request, double speed);
     /// Nothing while nothing is known.
     std::optional<Time> of(const ExportCore::ExportRequest& request, KTime length) const;
-    /// How large the file becomes, by a trial of that very export; nothing where there was none.
+    /// How large the file becomes, by a trial of that very export, wherever it was to be put; nothing where there was
+    /// none.
     std::optional<ExportCore::OutputEstimate> sizeOf(const ExportCore::ExportRequest& request) const;
 
     /// As ExportJob::failInEventLoop() for a trial. False when there is none.
@@ -70,12 +78,13 @@ private:
     void interrupt();
 
     QTimer timer{this};
+    std::map<QStringList, std::vector<ExportCore::FileMark>> inputs; ///< as they were read last
     std::optional<ExportCore::ExportRequest> considered;
     KTime consideredLength;
     QString consideredName; ///< of the whole request
     std::unique_ptr<ExportCore::ExportJob> trial;
     QHash<QString, Pace> known;                       ///< by what decides the pace
-    QHash<QString, ExportCore::OutputEstimate> sizes; ///< of whole requests
+    QHash<QString, ExportCore::OutputEstimate> sizes; ///< of whole requests but for the place
     QSet<QString> futile;                             ///< whole requests whose trial told nothing
 };
 

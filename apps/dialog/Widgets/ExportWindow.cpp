@@ -117,6 +117,8 @@ void ExportWindow::browseMedia() {
 void ExportWindow::showSource() {
     const SourceMedia& source = form.source();
     const auto state = source.state();
+    if (source.isReady())
+        times.setInputs(source.paths(), source.fileMarks());
     ui->sourceName->setText(state == SourceMedia::State::Empty ? tr("Nothing is open") : source.name());
     ui->sourceName->setToolTip(PlainTip::of(source.paths()));
     ui->sourceFacts->setText(state == SourceMedia::State::Empty     ? tr("Drop media files or a timeline here")

@@ -45,9 +45,29 @@ TEST_F(Forecast, TellsTheSizeOfWhatWasTried) {
     press('x');
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(told, text("About ") + Dialog::PeoplesText::size(TestFiles::read(film).size()));
+    saveAs(place / "other.mkv");
+    EXPECT_EQ(told, estimate().section(text(" · "), 0, 0)) << "the same at another place";
     pressButton('a', "cutButton");
     find<QLineEdit>("outEdit").setText(text("1"));
     EXPECT_TRUE(estimate().startsWith(text("Very roughly "))) << "another part";
+}
+
+TEST_F(Forecast, OfASourceThatHasChangedIsOfWhatItIsNow) {
+    show();
+    openClip();
+    choose(text("Matroska"), text("ffv1"));
+    saveAs(place / "film.mkv");
+    tryAtOnce();
+    ASSERT_TRUE(waitUntil([&] { return estimate().startsWith(text("About ")); }));
+    const QString before = estimate().section(text(" · "), 0, 0);
+    TestMedia::FlashBeep media;
+    media.frames = 10;
+    TestMedia::makeFlashBeep(clip, media);
+    const QSignalSpy ended(&forecast(), &Dialog::TimeForecast::trialEnded);
+    open({QString::fromStdString(clip)});
+    ASSERT_TRUE(waitUntil([&] { return ended.count() == 1; }));
+    EXPECT_TRUE(estimate().startsWith(text("About "))) << estimate().toStdString();
+    EXPECT_NE(estimate().section(text(" · "), 0, 0), before);
 }
 
 TEST_F(Forecast, OfWhatWasMadeIsNoGuess) {
