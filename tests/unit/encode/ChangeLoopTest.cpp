@@ -17,12 +17,12 @@ namespace {
 
 constexpr int WIDTH = 256, HEIGHT = 192;
 
-std::unique_ptr<IEncoderLoop> MakeModel() {
-    const auto configure = [](const FF::OptionList&) {
+std::unique_ptr<IEncoderLoop> MakeModel(AVPixelFormat format = AV_PIX_FMT_YUV420P) {
+    const auto configure = [format](const FF::OptionList&) {
         FF::CodecContextHandle context = FF::MakeCodecContext(avcodec_find_encoder_by_name("libwebp"));
         context->width = WIDTH;
         context->height = HEIGHT;
-        context->pix_fmt = AV_PIX_FMT_YUV420P;
+        context->pix_fmt = format;
         context->time_base = {1, 25};
         return context;
     };
@@ -47,6 +47,35 @@ FF::FrameHandle Picture(int number) {
     }
     frame->pts = number;
     return frame;
+}
+
+/// Noise of which a half is not to be seen.
+FF::FrameHandle Transparent(AVPixelFormat format) {
+    FF::FrameHandle frame = FF::MakeFrame();
+    frame->format = format;
+    frame->width = WIDTH;
+    frame->height = HEIGHT;
+    EXPECT_GE(av_frame_get_buffer(frame.get(), 0), 0);
+    std::uint32_t state = 1;
+    for (const AVBufferRef* const plane : frame->buf)
+        for (std::size_t at = 0; plane && at < plane->size; ++at)
+            plane->data[at] = (state = state * 1664525 + 1013904223) >> 24;
+    for (int y = 0; y < HEIGHT; ++y)
+        for (int x = 0; x < WIDTH; ++x)
+            if (format == AV_PIX_FMT_RGB32)
+                reinterpret_cast<std::uint32_t*>(frame->data[0] + std::ptrdiff_t{y} * frame->linesize[0])[x] &=
+                    x < WIDTH / 2 ? 0xFFFFFFFF : 0xFFFFFF;
+            else
+                frame->data[3][std::ptrdiff_t{y} * frame->linesize[3] + x] = x < WIDTH / 2 ? 255 : 0;
+    return frame;
+}
+
+std::vector<std::string> BytesOf(const AVFrame& frame) {
+    std::vector<std::string> planes;
+    for (const AVBufferRef* const plane : frame.buf)
+        if (plane)
+            planes.emplace_back(reinterpret_cast<const char*>(plane->data), plane->size);
+    return planes;
 }
 
 struct Made {
@@ -111,4 +140,17 @@ TEST(ChangeLoop, FailsWhereAPictureCannotBeEncoded) {
     loop.Send(nullptr);
     FF::PacketHandle packet;
     EXPECT_THROW(loop.Receive(packet), Proc::ProcException);
+}
+
+TEST(ChangeLoop, LeavesAsItIsWhatIsTransparent) {
+    for (const AVPixelFormat format : {AV_PIX_FMT_YUVA420P, AV_PIX_FMT_RGB32}) {
+        FF::ChangeLoop loop(MakeModel(format), 2);
+        const FF::FrameHandle picture = Transparent(format);
+        const std::vector<std::string> before = BytesOf(*picture);
+        loop.Send(picture.get());
+        loop.Send(nullptr);
+        FF::PacketHandle packet;
+        ASSERT_EQ(loop.Receive(packet), IEncoderLoop::Step::Packet);
+        EXPECT_TRUE(BytesOf(*picture) == before) << format;
+    }
 }

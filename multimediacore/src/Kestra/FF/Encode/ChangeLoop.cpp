@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Kestra/FF/Encode/ChangeLoop.h"
 
+#include "Kestra/FF/Av/Convert.h"
 #include "Kestra/FF/Av/Error.h"
 #include "Kestra/FF/Picture/ChangedPart.h"
 #include "Kestra/FF/WebP/WebPLayout.h"
@@ -34,10 +35,19 @@ CodecContextHandle OpenFor(const AVFrame& part, const AVCodecContext& whole) {
     return context;
 }
 
+/// Where pictures are transparent libwebp writes what it likes best into them. Others read them meanwhile: whoever
+/// looks for what has changed, and those that encode other parts of the same picture.
+FrameHandle OwnSamplesOf(const AVFrame& part) {
+    FrameHandle own = MakeFrameReference(part);
+    if (HasAlpha(static_cast<AVPixelFormat>(part.format)))
+        Demand(av_frame_make_writable(own.get()));
+    return own;
+}
+
 PacketHandle Encoded(const AVFrame& part, const AVCodecContext& whole) {
     const CodecContextHandle context = OpenFor(part, whole);
     PacketHandle packet = MakePacket();
-    Demand(avcodec_send_frame(context.get(), &part));
+    Demand(avcodec_send_frame(context.get(), OwnSamplesOf(part).get()));
     Demand(avcodec_receive_packet(context.get(), packet.get()));
     return packet;
 }
