@@ -46,22 +46,25 @@ private:
     void look(const Track& track, std::size_t index, const TimeMap& map, const Stretch& limit,
               const std::string& place) {
         const Timeline::Item& item = track.items()[index];
-        const auto [first, last] =
-            std::minmax({map.FromSource(track.startOf(index)), map.FromSource(track.startOf(index) + item.duration)});
+        const Ticks start = track.startOf(index);
+        const auto [first, last] = std::minmax({map.FromSource(start), map.FromSource(start + item.duration)});
         const Stretch seen{std::max(first, limit.start), std::min(last, limit.end)};
         if (!item.enabled || seen.start >= seen.end || seen.start >= wanted.end || seen.end <= wanted.start)
             return;
         if (const auto* const nested = std::get_if<Timeline::Nested>(&item.content)) {
             const auto& [stack, excerpt] = *nested;
             if (excerpt.speed != 0)
-                look(*stack, {map.FromSource(track.startOf(index)), excerpt.start, map.speed * excerpt.speed}, seen,
-                     place + ", " + labelled("stack", item.name));
+                look(*stack, {placed(map, map.FromSource(start)), excerpt.start, map.speed * excerpt.speed},
+                     {placed(map, seen.start), placed(map, seen.end)}, place + ", " + labelled("stack", item.name));
         } else if (std::holds_alternative<Timeline::Clip>(item.content) && !isCrossed(track, index) &&
                    grid.Nearest(seen.start) == grid.Nearest(seen.end)) {
             findings.push_back({Finding::Kind::Warning, place + ", " + labelled("clip", item.name), item.pointer,
                                 "it lies between two frames and is not seen"});
         }
     }
+
+    /// Where a stack begins or ends, and with it what is within: on a frame, unless it runs backwards.
+    Ticks placed(const TimeMap& map, Ticks time) const { return map.speed < 0 ? time : grid.Begin(grid.Nearest(time)); }
 
     const Kestra::FrameGrid& grid;
     const Stretch& wanted;

@@ -209,6 +209,15 @@ TEST_F(RenderedTimelines, TellOfClipsThatNoFrameShows) {
     std::string slow = stack.substr(0, stack.size() - 1) + warpOf("LinearTimeWarp.1", 0.5) + '}';
     slow.replace(slow.find(first), first.size(), clipOf("a", "both.mov", 0, 2));
     EXPECT_FALSE(render(write(slow, {})).errors.contains(QStringLiteral("it lies between"))) << "slowly it lasts";
+    const auto placed = [&](const char* before, const char* within) {
+        const std::string clips = lasting(clipOf("a", "both.mov", 0, 3), within) + ',' +
+                                  lasting(clipOf("s", "both.mov", 5, 3), "0.4") + ',' + last;
+        const std::string nested = R"({"OTIO_SCHEMA":"Stack.1","name":"N","children":[)" + track("Video", clips) + "]}";
+        return render(write(lasting(clipOf("f", "both.mov", 0, 3), before) + ',' + nested, {}))
+            .errors.contains(QStringLiteral("clip \"s\": it lies"));
+    };
+    EXPECT_TRUE(placed("5.4", "2")) << "its stack begins on a frame";
+    EXPECT_FALSE(placed("5.6", "2.3"));
 }
 
 TEST_F(RenderedTimelines, AreExportedAlone) {
