@@ -75,7 +75,7 @@ std::string FirstPictures::noteOnSize() const {
 }
 
 std::string FirstPictures::noteOnRate(const Rate& rate) const {
-    if (!hasOthers() || rate <= 0 || pictures.front().rate != rate || isGiven({"frame-rate"}))
+    if (!hasOthers() || rate <= 0 || isGiven({"frame-rate"}))
         return {};
     std::vector<std::string> changed;
     Rate highest = 0;

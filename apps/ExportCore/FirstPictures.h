@@ -21,7 +21,8 @@ public:
 
     /// Which of the others are larger, though the preset would take more.
     std::string noteOnSize() const;
-    /// Of which of the others pictures are left out or shown for unequal times in the file's `rate`.
+    /// Of which of the others pictures are left out or shown for unequal times in the file's `rate`, which is that of
+    /// the first ones; 0 where it is another.
     std::string noteOnRate(const boost::rational<long long>& rate) const;
 
 private:

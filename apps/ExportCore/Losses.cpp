@@ -37,9 +37,11 @@ void Losses::tell(ExportOutcome& outcome, const EditorProject& project, const Re
     const Preset preset = provider.preset();
     const std::vector<Project::SeenPictures> pictures = project.picturesIn(range);
     const FirstPictures first(pictures, request, preset);
-    for (const std::string& note : {SquarePixels::note(pictures, preset), first.noteOnSize(),
-                                    first.noteOnRate(provider.frameRate(&project.video())),
-                                    MixedDown::note(sequence, range, project.audio().channelLayout, request, preset)})
+    const boost::rational<long long> rate = provider.frameRate(&project.video());
+    const boost::rational<long long> own(project.video().frameRateNumerator, project.video().frameRateDenominator);
+    for (const std::string& note :
+         {SquarePixels::note(pictures, preset), first.noteOnSize(), first.noteOnRate(rate == own ? rate : 0),
+          MixedDown::note(sequence, range, project.audio().channelLayout, request, preset)})
         if (!note.empty())
             outcome.notes << QString::fromStdString(note);
     warnOfClips(outcome, project, sequence, range, request, provider);

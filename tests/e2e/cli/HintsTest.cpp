@@ -211,6 +211,10 @@ TEST_F(Hints, OfInputsOfAnotherRateIsThatTheFirstOnesCounts) {
         << "a lower rate would lose pictures";
     EXPECT_THAT(said({twice, clip}), Not(HasSubstr("rate of the first"))) << "each is shown twice";
     EXPECT_THAT(said({clip, ntsc}, {"--set", "frame-rate=25"}), Not(HasSubstr("rate of the first")));
+    TestMedia::runFfmpeg({"-i", clip, "-frames:v", "1", place / "still.png"});
+    EXPECT_THAT(said({place / "still.png", ntsc}), HasSubstr("25 instead of 29.97 frames a second"))
+        << "a still picture has one, too";
+    EXPECT_THAT(said({place / "still.png", clip}), Not(HasSubstr("rate of the first")));
 }
 
 TEST_F(Hints, OfAFirstSoundOfFewChannelsIsThatOthersAreMixedDown) {
