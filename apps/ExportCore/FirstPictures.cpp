@@ -17,6 +17,12 @@ bool isLarger(const Frame& frame, const Frame& other) {
     return frame.width > other.width && frame.height > other.height;
 }
 
+/// Scaled into the other, it becomes so much smaller that it matters: turned by a quarter, say, but no line or two.
+bool losesPixels(const Frame& frame, const Frame& other) {
+    const auto isBeyond = [](int side, int otherSide) { return 19 * side > 20 * otherSide; };
+    return isLarger(frame, other) || isBeyond(frame.width, other.width) || isBeyond(frame.height, other.height);
+}
+
 std::string textOf(const Frame& frame) {
     return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
 }
@@ -62,7 +68,7 @@ std::string FirstPictures::noteOnSize() const {
     Frame largest = first;
     for (const Project::SeenPictures& medium : pictures) {
         const Frame frame = medium.frame;
-        if (!isLarger(frame, first))
+        if (!losesPixels(frame, first))
             continue;
         scaled.push_back(nameOf(medium));
         if (isWithinLimits(frame.width, frame.height, preset) && isLarger(frame, largest))

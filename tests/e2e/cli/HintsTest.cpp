@@ -190,6 +190,25 @@ TEST_F(Hints, OfASmallFirstInputIsThatLargerOnesAreScaledDown) {
         << "the small one is not in the range";
 }
 
+TEST_F(Hints, OfATurnedInputIsThatItIsScaledDownButOfSomeLinesMoreNothing) {
+    const auto make = [this](const char* name, int width, int height) {
+        TestMedia::FlashBeep media;
+        media.frames = 5;
+        media.width = width;
+        media.height = height;
+        TestMedia::makeFlashBeep(place / name, media);
+        return place / name;
+    };
+    const std::string wide = make("wide.mov", 640, 352), turned = make("turned.mov", 352, 640);
+    const auto said = [&](const std::string& first, const std::string& second) {
+        return run({"render", first, second, "-p", "mp4-h264-1080p", "-o", place / "out.mp4", "--dry-run"}).rawErrors;
+    };
+    EXPECT_THAT(said(wide, turned), HasSubstr("turned.mov\" is scaled down to the size of the first pictures, 640x352; "
+                                              "--set size=WxH chooses another"));
+    EXPECT_THAT(said(turned, wide), HasSubstr("wide.mov\" is scaled down to the size of the first pictures, 352x640"));
+    EXPECT_THAT(said(wide, make("lines.mov", 640, 360)), Not(HasSubstr("scaled down")));
+}
+
 TEST_F(Hints, OfInputsOfAnotherRateIsThatTheFirstOnesCounts) {
     const auto make = [this](const char* name, const char* rate) {
         TestMedia::runFfmpeg({"-i", clip, "-r", rate, "-c:v", "mpeg4", place / name});

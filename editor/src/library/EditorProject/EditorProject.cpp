@@ -2,7 +2,6 @@
 #include "EditorProject/EditorProject.h"
 
 #include "EditorProject/Descriptions.h"
-
 #include "EditorProject/ExportWindow.h"
 #include "EditorProject/Model.h"
 #include "Render/Programme.h"

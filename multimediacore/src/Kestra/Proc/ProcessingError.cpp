@@ -37,11 +37,12 @@ std::string WordsFor(const std::exception& error) {
 
 // E is std::exception or boost::exception: whichever base the thrown object was caught by.
 template <class E>
-ProcessingError ReadRecords(const E& exception, TranscodingError codeWithoutRecord, std::string textWithoutRecord) {
+ProcessingError ReadRecords(const E& exception, TranscodingError codeWithoutRecord,
+                            const std::string& textWithoutRecord) {
     const int* code = boost::get_error_info<TagErrorCode>(exception);
     const std::string* text = boost::get_error_info<TagDescription>(exception);
     return ProcessingError(code != nullptr ? static_cast<TranscodingError>(*code) : codeWithoutRecord,
-                           text != nullptr ? *text : std::move(textWithoutRecord));
+                           text != nullptr ? *text : textWithoutRecord);
 }
 
 } // namespace

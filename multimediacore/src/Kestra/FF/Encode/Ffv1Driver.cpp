@@ -22,7 +22,7 @@ public:
     // It makes its packets in a block for the worst case, which it clears and keeps: 1.2 GB of memory for UHD. Where
     // that is more than a packet can be, which is many times what any picture takes, it makes do with that.
     std::int64_t LargestPiece(const EncoderInput& frame) const override {
-        constexpr std::int64_t BYTES_A_PIXEL = 37 * 4;
+        constexpr std::int64_t BYTES_A_PIXEL = std::int64_t{37} * 4;
         constexpr std::int64_t HEAD = 1 << 16;
         return std::min<std::int64_t>(HEAD + BYTES_A_PIXEL * frame.width * frame.height, INT_MAX);
     }

@@ -39,8 +39,8 @@ bool IsAmong(const std::array<const char*, N>& names, const std::string& value) 
 template <std::size_t N>
 std::string Listed(const std::array<const char*, N>& names) {
     std::string list;
-    for (const std::string name : names)
-        list += (list.empty() ? "" : ", ") + name;
+    for (const char* name : names)
+        list += (list.empty() ? "" : ", ") + std::string(name);
     return list;
 }
 
