@@ -15,11 +15,11 @@ namespace {
 constexpr double BELOW_FULL_SCALE = 0.891; // -1 dB
 
 ProgressStyle styleOf(const std::string& name) {
-    static const std::map<std::string, ProgressStyle> styles{{"auto", ProgressStyle::Automatic},
-                                                             {"bar", ProgressStyle::Bar},
-                                                             {"plain", ProgressStyle::Plain},
-                                                             {"json", ProgressStyle::Json},
-                                                             {"none", ProgressStyle::None}};
+    static const auto& styles = *new std::map<std::string, ProgressStyle>{{"auto", ProgressStyle::Automatic},
+                                                                          {"bar", ProgressStyle::Bar},
+                                                                          {"plain", ProgressStyle::Plain},
+                                                                          {"json", ProgressStyle::Json},
+                                                                          {"none", ProgressStyle::None}};
     return styles.at(name);
 }
 

@@ -145,7 +145,7 @@ bool asksForJson(int argc, char** argv) {
 const char* const DESCRIBE = "--describe=";
 
 std::optional<Options> describe(const std::string& what, const CommandTable& table, int& exitCode) {
-    static const std::map<std::string, std::string (*)(const CommandTable&)> texts{
+    static const auto& texts = *new std::map<std::string, std::string (*)(const CommandTable&)>{
         {"man", &manPage}, {"bash", &bashCompletion}, {"zsh", &zshCompletion}, {"fish", &fishCompletion}};
     exitCode = EXIT_DONE;
     if (const auto text = texts.find(what); text != texts.end()) {

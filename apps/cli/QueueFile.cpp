@@ -19,8 +19,10 @@
 #include <QJsonDocument>
 #include <QSaveFile>
 #include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <sys/file.h>
 #include <variant>
 
@@ -63,14 +65,14 @@ QJsonObject objectIn(QFile& file, const std::string& name, const char* version) 
 
 /// What concerns all of a queue is no job's.
 bool isOfJobs(const std::string& option) {
-    static const std::vector<std::string> others{"help", "progress", "log",     "quiet",  "verbose",
-                                                 "each", "json",     "dry-run", "version"};
+    constexpr std::array<std::string_view, 9> others{"help", "progress", "log",     "quiet",  "verbose",
+                                                     "each", "json",     "dry-run", "version"};
     return std::find(others.begin(), others.end(), option) == others.end();
 }
 
 /// Options of jobs by their long names, and whether they may be given more than once.
 const std::map<std::string, bool>& members() {
-    static const std::map<std::string, bool> found = [] {
+    static const auto& found = *new std::map<std::string, bool>([] {
         Options options;
         std::map<std::string, bool> names;
         for (const CommandText& command : CommandLine(options).table())
@@ -79,7 +81,7 @@ const std::map<std::string, bool>& members() {
                     if (const std::string name = option.names.back().substr(2); isOfJobs(name))
                         names[name] = option.repeats;
         return names;
-    }();
+    }());
     return found;
 }
 

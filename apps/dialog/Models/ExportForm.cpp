@@ -213,7 +213,7 @@ void ExportForm::setQuality(const std::string& name) {
 }
 
 const CustomSettings& ExportForm::custom() const {
-    static const CustomSettings none;
+    static const auto& none = *new CustomSettings;
     const auto own = edits.find(chosenId);
     return own == edits.end() ? none : own->second.custom;
 }

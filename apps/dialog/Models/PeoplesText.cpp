@@ -68,7 +68,7 @@ QString PeoplesText::bitrate(qint64 bitsPerSecond) {
 }
 
 QString PeoplesText::withPoint(const QString& text) {
-    static const QRegularExpression comma(QStringLiteral("(?<=\\d),(?=\\d)"));
+    static const auto& comma = *new QRegularExpression(QStringLiteral("(?<=\\d),(?=\\d)"));
     return QLocale().decimalPoint() == QLatin1Char(',') ? QString(text).replace(comma, QStringLiteral(".")) : text;
 }
 

@@ -30,7 +30,7 @@ void PresetList::readTexts() {
 }
 
 const PresetList::Texts& PresetList::textsOf(const QString& id) const {
-    static const Texts none;
+    static const auto& none = *new Texts;
     const auto found = texts.constFind(id);
     return found == texts.constEnd() ? none : *found;
 }
