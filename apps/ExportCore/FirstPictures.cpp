@@ -27,9 +27,10 @@ std::string textOf(const Frame& frame) {
     return std::to_string(frame.width) + 'x' + std::to_string(frame.height);
 }
 
-/// The first one's name, and how many follow.
-std::string subject(const std::vector<std::string>& names) {
-    return names.front() + (names.size() == 1 ? " is" : " and " + std::to_string(names.size() - 1) + " more are");
+/// The first one's name, and how many follow, with what is said of one or of several.
+std::string told(const std::vector<std::string>& names, const char* ofOne, const char* ofSeveral) {
+    return names.size() == 1 ? names.front() + ofOne
+                             : names.front() + " and " + std::to_string(names.size() - 1) + ofSeveral;
 }
 
 std::string nameOf(const Project::SeenPictures& medium) {
@@ -76,8 +77,11 @@ std::string FirstPictures::noteOnSize() const {
     }
     if (scaled.empty())
         return {};
-    return subject(scaled) + " scaled down to the size of the first pictures, " + textOf(first) +
-           "; --set size=" + (largest != first ? textOf(largest) : "WxH") + " chooses another";
+    return told(scaled, " is scaled down to the size of the first pictures, ",
+                " more are scaled down to the size of the first pictures, ") +
+           textOf(first) +
+           (largest != first ? "; --set size=" + textOf(largest) + " chooses another"
+                             : "; --set size=WxH chooses another");
 }
 
 std::string FirstPictures::noteOnRate(const Rate& rate) const {
@@ -93,9 +97,11 @@ std::string FirstPictures::noteOnRate(const Rate& rate) const {
     }
     if (changed.empty())
         return {};
-    return subject(changed) + " shown at the rate of the first pictures, " + RateText(rate) + " instead of " +
-           (changed.size() == 1 ? "" : "up to ") + RateText(highest) +
-           " frames a second; --set frame-rate=" + (highest > rate ? RateText(highest) : "RATE") + " chooses another";
+    return told(changed, " is shown at the rate of the first pictures, ",
+                " more are shown at the rate of the first pictures, ") +
+           RateText(rate) + (changed.size() == 1 ? " instead of " : " instead of up to ") + RateText(highest) +
+           (highest > rate ? " frames a second; --set frame-rate=" + RateText(highest) + " chooses another"
+                           : " frames a second; --set frame-rate=RATE chooses another");
 }
 
 } // namespace ExportCore

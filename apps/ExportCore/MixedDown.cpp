@@ -63,9 +63,10 @@ std::string MixedDown::note(const Render::Sequence& sequence, const Types::Range
     const std::uint32_t wider = mixed.empty() ? 0 : layoutFor(most, channels, preset.audioCodec());
     if (wider == 0)
         return {};
-    const std::string more = mixed.size() == 1 ? " is" : " and " + std::to_string(mixed.size() - 1) + " more are";
-    return mixed.front() + more + " mixed down to the channels of the first sound, " + nameOf(layout) +
-           "; --set channels=" + nameOf(wider) + " chooses others";
+    const std::string what = mixed.size() == 1 ? " is mixed down to the channels of the first sound, "
+                                               : " and " + std::to_string(mixed.size() - 1) +
+                                                     " more are mixed down to the channels of the first sound, ";
+    return mixed.front() + what + nameOf(layout) + "; --set channels=" + nameOf(wider) + " chooses others";
 }
 
 } // namespace ExportCore

@@ -2181,5 +2181,741 @@
             <source>Sound is missing; silence stands in for it</source>
             <translation>Ton fehlt; an seiner Stelle steht Stille</translation>
         </message>
+        <message>
+            <source>"%1" is scaled down to the size of the first pictures, %2</source>
+            <translation>„%1“ wird auf die Größe der ersten Bilder verkleinert, %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are scaled down to the size of the first pictures, %3</source>
+            <translation>„%1“ und %2 weitere werden auf die Größe der ersten Bilder verkleinert, %3</translation>
+        </message>
+        <message>
+            <source>--set size=WxH chooses another</source>
+            <translation>eine andere lässt sich in den eigenen Einstellungen wählen</translation>
+        </message>
+        <message>
+            <source>--set size=%1 chooses another</source>
+            <translation>eine andere lässt sich in den eigenen Einstellungen wählen, etwa %1</translation>
+        </message>
+        <message>
+            <source>"%1" is shown at the rate of the first pictures, %2 instead of %3 frames a second</source>
+            <translation>„%1“ wird mit der Bildrate der ersten Bilder gezeigt, mit %2 statt %3 Bildern je Sekunde</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are shown at the rate of the first pictures, %3 instead of up to %4 frames a second</source>
+            <translation>„%1“ und %2 weitere werden mit der Bildrate der ersten Bilder gezeigt, mit %3 statt bis zu %4 Bildern je Sekunde</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=RATE chooses another</source>
+            <translation>eine andere lässt sich in den eigenen Einstellungen wählen</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=%1 chooses another</source>
+            <translation>eine andere lässt sich in den eigenen Einstellungen wählen, etwa %1</translation>
+        </message>
+        <message>
+            <source>"%1" is mixed down to the channels of the first sound, %2</source>
+            <translation>„%1“ wird auf die Kanäle des ersten Tons heruntergemischt, %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are mixed down to the channels of the first sound, %3</source>
+            <translation>„%1“ und %2 weitere werden auf die Kanäle des ersten Tons heruntergemischt, %3</translation>
+        </message>
+        <message>
+            <source>--set channels=%1 chooses others</source>
+            <translation>andere lassen sich in den eigenen Einstellungen wählen, etwa %1</translation>
+        </message>
+        <message>
+            <source>variable frame rate</source>
+            <translation>veränderliche Bildrate</translation>
+        </message>
+        <message>
+            <source>shown at %1 frames a second</source>
+            <translation>mit %1 Bildern je Sekunde gezeigt</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of its %2 pictures</source>
+            <translation>wobei %1 seiner %2 Bilder wegfallen</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of the first %2 pictures</source>
+            <translation>wobei %1 der ersten %2 Bilder wegfallen</translation>
+        </message>
+        <message>
+            <source>which leaves out pictures</source>
+            <translation>wobei Bilder wegfallen</translation>
+        </message>
+        <message>
+            <source>the file does not say when most of its pictures are shown, nor how many a second; both are reckoned, and some pictures may be missing</source>
+            <translation>die Datei sagt nicht, wann die meisten ihrer Bilder gezeigt werden, noch wie viele je Sekunde; beides ist berechnet, und einzelne Bilder können fehlen</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded without their last column or line, as %2</source>
+            <translation>Bilder von %1 werden ohne ihre letzte Spalte oder Zeile encodiert, als %2</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded as %2: %3</source>
+            <translation>Bilder in %1 werden als %2 encodiert: %3</translation>
+        </message>
+        <message>
+            <source>%1 bits became %2</source>
+            <translation>aus %1 Bits wurden %2</translation>
+        </message>
+        <message>
+            <source>floating point became %1</source>
+            <translation>aus Gleitkomma wurden %1 Bits</translation>
+        </message>
+        <message>
+            <source>colour became gray</source>
+            <translation>aus Farbe wurde Grau</translation>
+        </message>
+        <message>
+            <source>colour of %1 became %2</source>
+            <translation>aus Farbe in %1 wurde %2</translation>
+        </message>
+        <message>
+            <source>the sensor's mosaic became pixels</source>
+            <translation>aus dem Mosaik des Sensors wurden Bildpunkte</translation>
+        </message>
+        <message>
+            <source>transparency was left out</source>
+            <translation>die Transparenz entfällt</translation>
+        </message>
+        <message>
+            <source>over black</source>
+            <translation>über Schwarz</translation>
+        </message>
+        <message>
+            <source>its mastering display or light levels are not the ones that the export tells, which are those of all clips together</source>
+            <translation>ihr Mastering-Display oder ihre Lichtwerte sind nicht die, die der Export angibt; das sind die aller Clips zusammen</translation>
+        </message>
+        <message>
+            <source>does not fully tell its colour, taken for %1</source>
+            <translation>gibt seine Farbe nicht ganz an, als %1 behandelt</translation>
+        </message>
+        <message>
+            <source>colours converted from %1 to %2</source>
+            <translation>Farben von %1 nach %2 umgewandelt</translation>
+        </message>
+        <message>
+            <source>high dynamic range (%1, up to %2 cd/m2), tone-mapped to %3 (mobius curve)</source>
+            <translation>hoher Dynamikumfang (%1, bis %2 cd/m²), durch Tone-Mapping auf %3 gebracht (Mobius-Kurve)</translation>
+        </message>
+        <message>
+            <source>standard dynamic range, placed in %1 with its white at %2</source>
+            <translation>normaler Dynamikumfang, in %1 eingesetzt, mit Weiß bei %2</translation>
+        </message>
+        <message>
+            <source>%1 left out: its pictures are shown as they are without it</source>
+            <translation>%1 weggelassen: Seine Bilder werden gezeigt, wie sie ohne das sind</translation>
+        </message>
+        <message>
+            <source>its pictures change to %1 on the way; they are fitted like those of %2 with which it begins</source>
+            <translation>seine Bilder wechseln unterwegs zu %1; sie werden eingepasst wie die von %2, mit denen es beginnt</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced to a picture for each field</source>
+            <translation>Zeilensprung (%1), in je ein Bild pro Halbbild umgewandelt</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced</source>
+            <translation>Zeilensprung (%1), in Vollbilder umgewandelt</translation>
+        </message>
+        <message>
+            <source>top field first</source>
+            <translation>oberes Halbbild zuerst</translation>
+        </message>
+        <message>
+            <source>bottom field first</source>
+            <translation>unteres Halbbild zuerst</translation>
+        </message>
+        <message>
+            <source>coded field by field; each field is shown as a picture of its own</source>
+            <translation>Halbbild für Halbbild codiert; jedes wird als eigenes Bild gezeigt</translation>
+        </message>
+        <message>
+            <source>its pictures are to be turned by %1 degrees, and are turned by %2</source>
+            <translation>seine Bilder sind um %1 Grad zu drehen und werden um %2 gedreht</translation>
+        </message>
+        <message>
+            <source>begins without a keyframe: what lies before the first picture that can be decoded, %1, is left out</source>
+            <translation>beginnt ohne Schlüsselbild: Was vor dem ersten decodierbaren Bild liegt, %1, wird weggelassen</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 is missing, "%3" to begin with</source>
+            <translation>von seinen %1 Bildern fehlt %2, nämlich „%3“</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 are missing, "%3" to begin with</source>
+            <translation>von seinen %1 Bildern fehlen %2, zuerst „%3“</translation>
+        </message>
+        <message>
+            <source>pictures of it are missing, "%1" to begin with</source>
+            <translation>Bilder davon fehlen, zuerst „%1“</translation>
+        </message>
+        <message>
+            <source>the one before, or else the next one, stands in each one's place</source>
+            <translation>an der Stelle eines jeden steht das vorige, sonst das nächste</translation>
+        </message>
+        <message>
+            <source>black stands in each one's place</source>
+            <translation>an der Stelle eines jeden steht Schwarz</translation>
+        </message>
+        <message>
+            <source>not all its pictures are alike: "%1" is %2</source>
+            <translation>nicht alle seine Bilder sind gleich: „%1“ ist %2</translation>
+        </message>
+        <message>
+            <source>all are brought to the first one's size and pixel format, %1</source>
+            <translation>alle werden auf Größe und Pixelformat des ersten gebracht, %1</translation>
+        </message>
+        <message>
+            <source>the timestamps of its sound drift away from its samples; it is stretched to follow them</source>
+            <translation>die Zeitstempel seines Tons laufen von den Abtastwerten weg; er wird gedehnt, um ihnen zu folgen</translation>
+        </message>
+        <message>
+            <source>many packets of its sound have one time; they follow each other</source>
+            <translation>viele Pakete seines Tons haben dieselbe Zeit; sie folgen aufeinander</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: the sound may be up to %1 late</source>
+            <translation>die Datei sagt nicht, was der Encoder dem Ton vorangestellt hat: Der Ton kann bis zu %1 zu spät kommen</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: %1 are taken for that, and left out</source>
+            <translation>die Datei sagt nicht, was der Encoder dem Ton vorangestellt hat: %1 gelten als das und werden weggelassen</translation>
+        </message>
+        <message>
+            <source>its edit list changes the speed of %1, or holds it; that is not followed, and parts may be missing or come twice</source>
+            <translation>seine Schnittliste ändert die Geschwindigkeit (%1) oder hält sie an; dem wird nicht gefolgt, und Teile können fehlen oder doppelt kommen</translation>
+        </message>
+        <message>
+            <source>its edit list has a pause in %1; that is not followed, and something else may come in its place</source>
+            <translation>seine Schnittliste hat eine Pause (%1); dem wird nicht gefolgt, und an ihrer Stelle kann anderes kommen</translation>
+        </message>
+        <message>
+            <source>its picture</source>
+            <translation>Bild</translation>
+        </message>
+        <message>
+            <source>its sound</source>
+            <translation>Ton</translation>
+        </message>
+        <message>
+            <source>its samples in floating point became integers of %1 bits, which cut off what lies above full scale</source>
+            <translation>aus seinen Gleitkommawerten wurden ganze Zahlen von %1 Bits, was alles über Vollaussteuerung abschneidet</translation>
+        </message>
+        <message>
+            <source>the %1 bits of each sample became %2</source>
+            <translation>aus den %1 Bits jedes Abtastwerts wurden %2</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2 that do not say where they are heard</source>
+            <translation>Ton (%1) wird als %2 encodiert, die nicht sagen, wo sie zu hören sind</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2</source>
+            <translation>Ton (%1) wird als %2 encodiert</translation>
+        </message>
+        <message>
+            <source>%1 that do not say where they are heard are encoded as %2</source>
+            <translation>%1, die nicht sagen, wo sie zu hören sind, werden als %2 encodiert</translation>
+        </message>
+        <message>
+            <source>where it runs backwards it is silent</source>
+            <translation>wo es rückwärts läuft, ist es still</translation>
+        </message>
+        <message>
+            <source>where it stands still it is silent</source>
+            <translation>wo es stillsteht, ist es still</translation>
+        </message>
+        <message>
+            <source>time code</source>
+            <translation>Timecode</translation>
+        </message>
+        <message>
+            <source>its time code is the file's, which runs on where this medium comes again</source>
+            <translation>sein Timecode ist der der Datei, der weiterläuft, wo dieses Medium wiederkommt</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks</source>
+            <translation>%1 Bildspuren</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks</source>
+            <translation>%1 Tonspuren</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks</source>
+            <translation>%1 Untertitelspuren</translation>
+        </message>
+        <message>
+            <source>%1 data tracks</source>
+            <translation>%1 Datenspuren</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures</source>
+            <translation>%1 beigefügte Bilder</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is told as %3</source>
+            <translation>Die Sprache %1, %2, wird als %3 angegeben</translation>
+        </message>
+        <message>
+            <source>%1 title is left out: the inputs' differ</source>
+            <translation>Der Titel %1 wird weggelassen: Die der Quellen sind verschieden</translation>
+        </message>
+        <message>
+            <source>%1 title, "%2", is left out: the file has no place for it</source>
+            <translation>Der Titel %1, „%2“, wird weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>Sound track %1's</source>
+            <translation>der Tonspur %1</translation>
+        </message>
+        <message>
+            <source>The subtitles'</source>
+            <translation>der Untertitel</translation>
+        </message>
+        <message>
+            <source>The subtitles' titles are left out: the inputs' differ</source>
+            <translation>Die Titel der Untertitel werden weggelassen: Die der Quellen sind verschieden</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the inputs' differ</source>
+            <translation>Stile von Untertiteln werden weggelassen: Die der Quellen sind verschieden</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the file has no place for them</source>
+            <translation>Stile von Untertiteln werden weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>Colours of subtitles are left out: the file has no place for them</source>
+            <translation>Farben von Untertiteln werden weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>Fonts of subtitles and their sizes are left out: the file has no place for them</source>
+            <translation>Schriften von Untertiteln und ihre Größen werden weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>Lines through the text of subtitles are left out: the file has no place for them</source>
+            <translation>Durchstreichungen in Untertiteln werden weggelassen: Die Datei hat keinen Platz dafür</translation>
+        </message>
+        <message>
+            <source>Places of subtitles on the picture are left out: the file has none for them</source>
+            <translation>Die Plätze von Untertiteln auf dem Bild werden weggelassen: Die Datei hat keine dafür</translation>
+        </message>
+        <message>
+            <source>Of more than %1 subtitles at one time the first ones are kept: the file shows one at a time</source>
+            <translation>Von mehr als %1 Untertiteln zugleich bleiben die ersten: Die Datei zeigt einen auf einmal</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 cannot be read and are left out</source>
+            <translation>Untertitel der Spur %2, die sich nicht lesen lassen und wegfallen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are longer than a subtitle can be and are left out</source>
+            <translation>Untertitel der Spur %2, die zu lang sind und wegfallen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are more than can be kept and are left out</source>
+            <translation>Untertitel der Spur %2, die zu viele sind und wegfallen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have a place of their own on the picture, which is left out</source>
+            <translation>Untertitel der Spur %2, deren eigener Platz auf dem Bild wegfällt: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 name speakers or classes, which are left out</source>
+            <translation>Untertitel der Spur %2, deren Sprecher oder Klassen wegfallen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have tags that WebVTT does not know, which are left out</source>
+            <translation>Untertitel der Spur %2 mit Auszeichnungen, die WebVTT nicht kennt und die wegfallen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are no UTF-8 and were read as Windows-1252</source>
+            <translation>Untertitel der Spur %2, die kein UTF-8 sind und als Windows-1252 gelesen wurden: %1</translation>
+        </message>
+        <message>
+            <source>of its %1 chapters the first %2 are read</source>
+            <translation>von seinen %1 Kapiteln werden die ersten %2 gelesen</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is left out: it holds %2 bytes</source>
+            <translation>die Angabe „%1“ wird weggelassen: Sie umfasst %2 Bytes</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is no UTF-8 and was read as Windows-1252</source>
+            <translation>die Angabe „%1“ ist kein UTF-8 und wurde als Windows-1252 gelesen</translation>
+        </message>
+        <message>
+            <source>Timestamps jump by %1</source>
+            <translation>Die Zeitstempel springen um %1</translation>
+        </message>
+        <message>
+            <source>what follows was joined on %1</source>
+            <translation>was folgt, wurde %1 angefügt</translation>
+        </message>
+        <message>
+            <source>without a gap</source>
+            <translation>ohne Lücke</translation>
+        </message>
+        <message>
+            <source>with the picture held for %1, in which its sound goes on</source>
+            <translation>mit %1 lang gehaltenem Bild, während sein Ton weitergeht</translation>
+        </message>
+        <message>
+            <source>Its sound lasts for %1, but its timestamps only for %2; the rest is left out</source>
+            <translation>Sein Ton dauert %1, seine Zeitstempel nur %2; der Rest wird weggelassen</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and another file of its kind, which is not read, follows behind it: it is incomplete</source>
+            <translation>Die Datei endet bei %1, und dahinter folgt eine andere ihrer Art, die nicht gelesen wird: Sie ist unvollständig</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, but its header claims %2: it is incomplete</source>
+            <translation>Die Datei endet bei %1, doch ihr Kopf nennt %2: Sie ist unvollständig</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and %2 that it announces are missing: it is incomplete</source>
+            <translation>Die Datei endet bei %1, und %2, die sie ankündigt, fehlen: Sie ist unvollständig</translation>
+        </message>
+        <message>
+            <source>Behind what can be seen and heard, %1 are missing</source>
+            <translation>Hinter dem, was zu sehen und zu hören ist, fehlen %1</translation>
+        </message>
+        <message>
+            <source>The file has no last page; it may have been cut off</source>
+            <translation>Die Datei hat keine letzte Seite; sie kann abgeschnitten sein</translation>
+        </message>
+        <message>
+            <source>The file ends within a packet: it was cut off, and what it ended with is missing</source>
+            <translation>Die Datei endet mitten in einem Paket: Sie ist abgeschnitten, und ihr Ende fehlt</translation>
+        </message>
+        <message>
+            <source>The %1 track begins so late that the beginning of the file does not tell of it, and is not read: it is missing</source>
+            <translation>Die Spur (%1) beginnt so spät, dass der Anfang der Datei nichts von ihr sagt, und wird nicht gelesen: Sie fehlt</translation>
+        </message>
+        <message>
+            <source>nothing that can be read stands in the next %1 MiB</source>
+            <translation>in den nächsten %1 MiB steht nichts Lesbares</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found before reading ended early: %2</source>
+            <translation>von der Spur %1 fand sich nichts, bevor das Lesen vorzeitig endete: %2</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found in the first %2 MiB; if it begins later, it is missing</source>
+            <translation>von der Spur %1 fand sich in den ersten %2 MiB nichts; beginnt sie später, so fehlt sie</translation>
+        </message>
+        <message>
+            <source>no frame of the %1 track can be decoded</source>
+            <translation>kein Bild oder Stück der Spur %1 lässt sich decodieren</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed: "%1"</source>
+            <translation>Ein beschädigtes Bild wurde überdeckt: „%1“</translation>
+        </message>
+        <message>
+            <source>it holds no picture that can be decoded</source>
+            <translation>sie enthält kein Bild, das sich decodieren lässt</translation>
+        </message>
+        <message>
+            <source>it holds no picture</source>
+            <translation>sie enthält kein Bild</translation>
+        </message>
+        <message>
+            <source>Looking at "%1" does not come to an end</source>
+            <translation>Das Ansehen von „%1“ kommt zu keinem Ende</translation>
+        </message>
+        <message>
+            <source>Reading the finished file and moving it to "%1" does not come to an end</source>
+            <translation>Das Lesen der fertigen Datei und ihr Weg nach „%1“ kommen zu keinem Ende</translation>
+        </message>
+        <message>
+            <source>The folder of "%1" does not answer: an unfinished file may be left there, %2</source>
+            <translation>Der Ordner von „%1“ antwortet nicht: Dort kann eine unfertige Datei zurückbleiben, %2</translation>
+        </message>
+        <message>
+            <source>Your own presets are left out: %1</source>
+            <translation>Ihre eigenen Vorgaben werden weggelassen: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the %2 pictures that it shows are not there, the first one is "%3"</source>
+            <translation>von den %2 Bildern, die er zeigt, sind nicht da: %1, das erste ist „%3“</translation>
+        </message>
+        <message>
+            <source>a tone stands among pictures, where it is not heard</source>
+            <translation>ein Ton steht zwischen Bildern, wo er nicht zu hören ist</translation>
+        </message>
+        <message>
+            <source>bars stand among sound, where they are not seen</source>
+            <translation>Farbbalken stehen zwischen Ton, wo sie nicht zu sehen sind</translation>
+        </message>
+        <message>
+            <source>pictures stand among sound</source>
+            <translation>Bilder stehen zwischen Ton</translation>
+        </message>
+        <message>
+            <source>%1 more clips lie between two frames and are not seen</source>
+            <translation>%1 weitere Clips liegen zwischen zwei Bildern und sind nicht zu sehen</translation>
+        </message>
+        <message>
+            <source>the track does not say what it holds; it is taken for pictures</source>
+            <translation>die Spur sagt nicht, was sie enthält; sie gilt als Bildspur</translation>
+        </message>
+        <message>
+            <source>tracks of the kind "%1" are left out</source>
+            <translation>Spuren der Art „%1“ werden weggelassen</translation>
+        </message>
+        <message>
+            <source>a transition stands outside of a track and is left out</source>
+            <translation>ein Übergang steht außerhalb einer Spur und wird weggelassen</translation>
+        </message>
+        <message>
+            <source>"%1" is not known</source>
+            <translation>„%1“ ist nicht bekannt</translation>
+        </message>
+        <message>
+            <source>there is a gap in its place</source>
+            <translation>an seiner Stelle ist eine Lücke</translation>
+        </message>
+        <message>
+            <source>it has no length either, and what follows begins at its place</source>
+            <translation>es hat auch keine Länge, und was folgt, beginnt an seiner Stelle</translation>
+        </message>
+        <message>
+            <source>it lasts no time and is left out</source>
+            <translation>er dauert keine Zeit und wird weggelassen</translation>
+        </message>
+        <message>
+            <source>it follows another transition and is left out</source>
+            <translation>er folgt auf einen anderen Übergang und wird weggelassen</translation>
+        </message>
+        <message>
+            <source>there is no time for it, and it is left out</source>
+            <translation>für ihn ist keine Zeit da, und er wird weggelassen</translation>
+        </message>
+        <message>
+            <source>it is longer than the clips beside it and is shortened to them</source>
+            <translation>er ist länger als die Clips daneben und wird auf sie gekürzt</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>der Stapel „%1“ davor hat zu wenig hinter dem Schnitt: %2 ms lang steht sein Bild still, und nichts ist von ihm zu hören</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms nothing is heard of it</source>
+            <translation>der Stapel „%1“ davor hat zu wenig hinter dem Schnitt: %2 ms lang ist nichts von ihm zu hören</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>der Stapel „%1“ dahinter hat zu wenig vor dem Schnitt: %2 ms lang steht sein Bild still, und nichts ist von ihm zu hören</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms nothing is heard of it</source>
+            <translation>der Stapel „%1“ dahinter hat zu wenig vor dem Schnitt: %2 ms lang ist nichts von ihm zu hören</translation>
+        </message>
+        <message>
+            <source>the global start time lies outside of 0 to 24 hours, and its time code wraps around</source>
+            <translation>die globale Startzeit liegt außerhalb von 0 bis 24 Stunden, und ihr Timecode beginnt wieder von vorn</translation>
+        </message>
+        <message>
+            <source>frames that are missing are an error, not "%1"</source>
+            <translation>fehlende Bilder sind ein Fehler, nicht „%1“</translation>
+        </message>
+        <message>
+            <source>the tone's frequency is no number from 1 to 20000; it sounds at 1000 Hz</source>
+            <translation>die Frequenz des Tons ist keine Zahl von 1 bis 20000; er klingt mit 1000 Hz</translation>
+        </message>
+        <message>
+            <source>the colour is not told as red, green and blue from 0 to 1 or as "#rrggbb"; it is black</source>
+            <translation>die Farbe ist weder als Rot, Grün und Blau von 0 bis 1 noch als „#rrggbb“ angegeben; sie ist Schwarz</translation>
+        </message>
+        <message>
+            <source>it is no marker and is left out</source>
+            <translation>das ist keine Marke und wird weggelassen</translation>
+        </message>
+        <message>
+            <source>the marker is left out</source>
+            <translation>die Marke wird weggelassen</translation>
+        </message>
+        <message>
+            <source>a NUL stands in the name, which ends there</source>
+            <translation>im Namen steht ein NUL, und er endet dort</translation>
+        </message>
+        <message>
+            <source>%1 more findings are not listed</source>
+            <translation>%1 weitere Befunde sind nicht aufgeführt</translation>
+        </message>
+        <message>
+            <source>"%1" stands in it more than once; the last one counts</source>
+            <translation>„%1“ steht mehr als einmal darin; das letzte zählt</translation>
+        </message>
+        <message>
+            <source>it goes beyond what there is of its contents and %1</source>
+            <translation>er reicht über seinen Inhalt hinaus und %1</translation>
+        </message>
+        <message>
+            <source>holds the first picture throughout</source>
+            <translation>hält durchweg das erste Bild</translation>
+        </message>
+        <message>
+            <source>holds the last picture throughout</source>
+            <translation>hält durchweg das letzte Bild</translation>
+        </message>
+        <message>
+            <source>its media "%1" is not among its references</source>
+            <translation>die Mediendatei „%1“ ist nicht unter seinen Verweisen</translation>
+        </message>
+        <message>
+            <source>is of the unknown schema "%1"</source>
+            <translation>hat das unbekannte Schema „%1“</translation>
+        </message>
+        <message>
+            <source>is the unknown generator "%1"</source>
+            <translation>ist der unbekannte Generator „%1“</translation>
+        </message>
+        <message>
+            <source>is a sequence of pictures without a proper numbering, rate or name</source>
+            <translation>ist eine Bildfolge ohne richtige Nummerierung, Rate oder Namen</translation>
+        </message>
+        <message>
+            <source>its entry "%1" %2</source>
+            <translation>sein Eintrag „%1“ %2</translation>
+        </message>
+        <message>
+            <source>is in it twice</source>
+            <translation>ist doppelt darin</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked: %1</source>
+            <translation>lässt sich nicht auspacken: %1</translation>
+        </message>
+        <message>
+            <source>has a name that leads out of the archive</source>
+            <translation>hat einen Namen, der aus dem Archiv hinausführt</translation>
+        </message>
+        <message>
+            <source>%1 is newer than what can be read, %2</source>
+            <translation>%1 ist neuer als das, was sich lesen lässt, %2</translation>
+        </message>
+        <message>
+            <source>has no name</source>
+            <translation>hat keinen Namen</translation>
+        </message>
+        <message>
+            <source>has a name with a zero byte</source>
+            <translation>hat einen Namen mit einem Nullbyte</translation>
+        </message>
+        <message>
+            <source>is a URL of the scheme "%1"; only files are opened</source>
+            <translation>ist eine URL des Schemas „%1“; nur Dateien werden geöffnet</translation>
+        </message>
+        <message>
+            <source>cannot be looked at: %1</source>
+            <translation>lässt sich nicht ansehen: %1</translation>
+        </message>
+        <message>
+            <source>is no folder</source>
+            <translation>ist kein Ordner</translation>
+        </message>
+        <message>
+            <source>%1, marker "%2": %3</source>
+            <translation>%1, Marke „%2“: %3</translation>
+        </message>
+        <message>
+            <source>stack "%1": %2</source>
+            <translation>Stapel „%1“: %2</translation>
+        </message>
+        <message>
+            <source>track "%1": %2</source>
+            <translation>Spur „%1“: %2</translation>
+        </message>
+        <message>
+            <source>clip "%1": %2</source>
+            <translation>Clip „%1“: %2</translation>
+        </message>
+        <message>
+            <source>The mix goes %1 dB beyond full scale, %2</source>
+            <translation>Die Mischung geht %1 dB über Vollaussteuerung hinaus, %2</translation>
+        </message>
+        <message>
+            <source>and its peaks are turned down</source>
+            <translation>und ihre Spitzen werden leiser gemacht</translation>
+        </message>
+        <message>
+            <source>which samples in integers cannot hold</source>
+            <translation>was ganzzahlige Abtastwerte nicht fassen können</translation>
+        </message>
+        <message>
+            <source>mono</source>
+            <translation>Mono</translation>
+        </message>
+        <message>
+            <source>stereo</source>
+            <translation>Stereo</translation>
+        </message>
+        <message>
+            <source>%1 channels</source>
+            <translation>%1 Kanäle</translation>
+        </message>
+        <message>
+            <source>%1 channels (%2)</source>
+            <translation>%1 Kanäle (%2)</translation>
+        </message>
+        <message>
+            <source>%1 (track %2)</source>
+            <translation>%1 (Spur %2)</translation>
+        </message>
+        <message>
+            <source>%1 attachments</source>
+            <translation>%1 Anlagen</translation>
+        </message>
+        <message>
+            <source>%1 tags</source>
+            <translation>%1 Angaben</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 Bytes</translation>
+        </message>
+        <message>
+            <source>picture</source>
+            <translation>Bild</translation>
+        </message>
+        <message>
+            <source>sound</source>
+            <translation>Ton</translation>
+        </message>
+        <message>
+            <source>%1 at its start and %2</source>
+            <translation>%1 an seinem Anfang und %2</translation>
+        </message>
+        <message>
+            <source>%1 at its start</source>
+            <translation>%1 an seinem Anfang</translation>
+        </message>
+        <message>
+            <source>%1 at its end</source>
+            <translation>%1 an seinem Ende</translation>
+        </message>
+        <message>
+            <source>%1, nor below the folder for media</source>
+            <translation>%1, auch nicht unter dem Ordner für Medien</translation>
+        </message>
+        <message>
+            <source>stack: %1</source>
+            <translation>Stapel: %1</translation>
+        </message>
+        <message>
+            <source>track: %1</source>
+            <translation>Spur: %1</translation>
+        </message>
+        <message>
+            <source>%1 (/%2)</source>
+            <translation>%1 (/%2)</translation>
+        </message>
     </context>
 </TS>

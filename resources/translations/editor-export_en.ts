@@ -165,5 +165,25 @@
             <source>and %1 more (validate tells them all)</source>
             <translation>and %1 more</translation>
         </message>
+        <message>
+            <source>--set size=WxH chooses another</source>
+            <translation>the custom settings choose another</translation>
+        </message>
+        <message>
+            <source>--set size=%1 chooses another</source>
+            <translation>the custom settings choose another, as %1</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=RATE chooses another</source>
+            <translation>the custom settings choose another</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=%1 chooses another</source>
+            <translation>the custom settings choose another, as %1</translation>
+        </message>
+        <message>
+            <source>--set channels=%1 chooses others</source>
+            <translation>the custom settings choose others, as %1</translation>
+        </message>
     </context>
 </TS>

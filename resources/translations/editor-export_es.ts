@@ -2181,5 +2181,741 @@
             <source>Sound is missing; silence stands in for it</source>
             <translation>Falta sonido; lo reemplaza el silencio</translation>
         </message>
+        <message>
+            <source>"%1" is scaled down to the size of the first pictures, %2</source>
+            <translation>«%1» se reduce al tamaño de las primeras imágenes, %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are scaled down to the size of the first pictures, %3</source>
+            <translation>«%1» y %2 más se reducen al tamaño de las primeras imágenes, %3</translation>
+        </message>
+        <message>
+            <source>--set size=WxH chooses another</source>
+            <translation>en los ajustes propios se puede elegir otro</translation>
+        </message>
+        <message>
+            <source>--set size=%1 chooses another</source>
+            <translation>en los ajustes propios se puede elegir otro, como %1</translation>
+        </message>
+        <message>
+            <source>"%1" is shown at the rate of the first pictures, %2 instead of %3 frames a second</source>
+            <translation>«%1» se muestra con la frecuencia de las primeras imágenes, %2 en lugar de %3 imágenes por segundo</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are shown at the rate of the first pictures, %3 instead of up to %4 frames a second</source>
+            <translation>«%1» y %2 más se muestran con la frecuencia de las primeras imágenes, %3 en lugar de hasta %4 imágenes por segundo</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=RATE chooses another</source>
+            <translation>en los ajustes propios se puede elegir otra</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=%1 chooses another</source>
+            <translation>en los ajustes propios se puede elegir otra, como %1</translation>
+        </message>
+        <message>
+            <source>"%1" is mixed down to the channels of the first sound, %2</source>
+            <translation>«%1» se mezcla en los canales del primer sonido, %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are mixed down to the channels of the first sound, %3</source>
+            <translation>«%1» y %2 más se mezclan en los canales del primer sonido, %3</translation>
+        </message>
+        <message>
+            <source>--set channels=%1 chooses others</source>
+            <translation>en los ajustes propios se pueden elegir otros, como %1</translation>
+        </message>
+        <message>
+            <source>variable frame rate</source>
+            <translation>frecuencia de imágenes variable</translation>
+        </message>
+        <message>
+            <source>shown at %1 frames a second</source>
+            <translation>se muestra a %1 imágenes por segundo</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of its %2 pictures</source>
+            <translation>lo que omite %1 de sus %2 imágenes</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of the first %2 pictures</source>
+            <translation>lo que omite %1 de las primeras %2 imágenes</translation>
+        </message>
+        <message>
+            <source>which leaves out pictures</source>
+            <translation>lo que omite imágenes</translation>
+        </message>
+        <message>
+            <source>the file does not say when most of its pictures are shown, nor how many a second; both are reckoned, and some pictures may be missing</source>
+            <translation>el archivo no dice cuándo se muestran la mayoría de sus imágenes ni cuántas por segundo; ambas cosas se calculan, y pueden faltar algunas imágenes</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded without their last column or line, as %2</source>
+            <translation>las imágenes de %1 se codifican sin su última columna o línea, como %2</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded as %2: %3</source>
+            <translation>las imágenes en %1 se codifican como %2: %3</translation>
+        </message>
+        <message>
+            <source>%1 bits became %2</source>
+            <translation>%1 bits pasaron a %2</translation>
+        </message>
+        <message>
+            <source>floating point became %1</source>
+            <translation>la coma flotante pasó a %1 bits</translation>
+        </message>
+        <message>
+            <source>colour became gray</source>
+            <translation>el color pasó a gris</translation>
+        </message>
+        <message>
+            <source>colour of %1 became %2</source>
+            <translation>el color de %1 pasó a %2</translation>
+        </message>
+        <message>
+            <source>the sensor's mosaic became pixels</source>
+            <translation>el mosaico del sensor pasó a píxeles</translation>
+        </message>
+        <message>
+            <source>transparency was left out</source>
+            <translation>se omite la transparencia</translation>
+        </message>
+        <message>
+            <source>over black</source>
+            <translation>sobre negro</translation>
+        </message>
+        <message>
+            <source>its mastering display or light levels are not the ones that the export tells, which are those of all clips together</source>
+            <translation>su pantalla de masterización o sus niveles de luz no son los que indica la exportación, que son los de todos los clips juntos</translation>
+        </message>
+        <message>
+            <source>does not fully tell its colour, taken for %1</source>
+            <translation>no indica del todo su color, se toma por %1</translation>
+        </message>
+        <message>
+            <source>colours converted from %1 to %2</source>
+            <translation>colores convertidos de %1 a %2</translation>
+        </message>
+        <message>
+            <source>high dynamic range (%1, up to %2 cd/m2), tone-mapped to %3 (mobius curve)</source>
+            <translation>alto rango dinámico (%1, hasta %2 cd/m²), llevado a %3 por mapeo de tonos (curva mobius)</translation>
+        </message>
+        <message>
+            <source>standard dynamic range, placed in %1 with its white at %2</source>
+            <translation>rango dinámico estándar, situado en %1 con su blanco en %2</translation>
+        </message>
+        <message>
+            <source>%1 left out: its pictures are shown as they are without it</source>
+            <translation>se omite %1: sus imágenes se muestran como son sin ello</translation>
+        </message>
+        <message>
+            <source>its pictures change to %1 on the way; they are fitted like those of %2 with which it begins</source>
+            <translation>sus imágenes cambian a %1 por el camino; se ajustan como las de %2 con las que empieza</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced to a picture for each field</source>
+            <translation>entrelazado (%1), desentrelazado a una imagen por campo</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced</source>
+            <translation>entrelazado (%1), desentrelazado</translation>
+        </message>
+        <message>
+            <source>top field first</source>
+            <translation>campo superior primero</translation>
+        </message>
+        <message>
+            <source>bottom field first</source>
+            <translation>campo inferior primero</translation>
+        </message>
+        <message>
+            <source>coded field by field; each field is shown as a picture of its own</source>
+            <translation>codificado campo por campo; cada campo se muestra como una imagen propia</translation>
+        </message>
+        <message>
+            <source>its pictures are to be turned by %1 degrees, and are turned by %2</source>
+            <translation>sus imágenes deben girarse %1 grados, y se giran %2</translation>
+        </message>
+        <message>
+            <source>begins without a keyframe: what lies before the first picture that can be decoded, %1, is left out</source>
+            <translation>empieza sin fotograma clave: lo anterior a la primera imagen que se puede decodificar, %1, se omite</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 is missing, "%3" to begin with</source>
+            <translation>de sus %1 imágenes falta %2, «%3»</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 are missing, "%3" to begin with</source>
+            <translation>de sus %1 imágenes faltan %2, la primera «%3»</translation>
+        </message>
+        <message>
+            <source>pictures of it are missing, "%1" to begin with</source>
+            <translation>faltan imágenes, la primera «%1»</translation>
+        </message>
+        <message>
+            <source>the one before, or else the next one, stands in each one's place</source>
+            <translation>en el lugar de cada una va la anterior o, si no la hay, la siguiente</translation>
+        </message>
+        <message>
+            <source>black stands in each one's place</source>
+            <translation>en el lugar de cada una va negro</translation>
+        </message>
+        <message>
+            <source>not all its pictures are alike: "%1" is %2</source>
+            <translation>no todas sus imágenes son iguales: «%1» es %2</translation>
+        </message>
+        <message>
+            <source>all are brought to the first one's size and pixel format, %1</source>
+            <translation>todas se llevan al tamaño y al formato de píxel de la primera, %1</translation>
+        </message>
+        <message>
+            <source>the timestamps of its sound drift away from its samples; it is stretched to follow them</source>
+            <translation>las marcas de tiempo de su sonido se alejan de sus muestras; se estira para seguirlas</translation>
+        </message>
+        <message>
+            <source>many packets of its sound have one time; they follow each other</source>
+            <translation>muchos paquetes de su sonido tienen la misma hora; van uno tras otro</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: the sound may be up to %1 late</source>
+            <translation>el archivo no dice qué puso delante el codificador del sonido: el sonido puede llegar hasta %1 tarde</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: %1 are taken for that, and left out</source>
+            <translation>el archivo no dice qué puso delante el codificador del sonido: se toman %1 por ello y se omiten</translation>
+        </message>
+        <message>
+            <source>its edit list changes the speed of %1, or holds it; that is not followed, and parts may be missing or come twice</source>
+            <translation>su lista de edición cambia la velocidad (%1) o la detiene; eso no se sigue, y puede faltar o repetirse alguna parte</translation>
+        </message>
+        <message>
+            <source>its edit list has a pause in %1; that is not followed, and something else may come in its place</source>
+            <translation>su lista de edición tiene una pausa (%1); eso no se sigue, y en su lugar puede venir otra cosa</translation>
+        </message>
+        <message>
+            <source>its picture</source>
+            <translation>imagen</translation>
+        </message>
+        <message>
+            <source>its sound</source>
+            <translation>sonido</translation>
+        </message>
+        <message>
+            <source>its samples in floating point became integers of %1 bits, which cut off what lies above full scale</source>
+            <translation>sus muestras en coma flotante pasaron a enteros de %1 bits, lo que recorta lo que supera el nivel máximo</translation>
+        </message>
+        <message>
+            <source>the %1 bits of each sample became %2</source>
+            <translation>los %1 bits de cada muestra pasaron a %2</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2 that do not say where they are heard</source>
+            <translation>el sonido (%1) se codifica como %2 que no dicen dónde se oyen</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2</source>
+            <translation>el sonido (%1) se codifica como %2</translation>
+        </message>
+        <message>
+            <source>%1 that do not say where they are heard are encoded as %2</source>
+            <translation>%1 que no dicen dónde se oyen se codifican como %2</translation>
+        </message>
+        <message>
+            <source>where it runs backwards it is silent</source>
+            <translation>donde va hacia atrás queda en silencio</translation>
+        </message>
+        <message>
+            <source>where it stands still it is silent</source>
+            <translation>donde está detenido queda en silencio</translation>
+        </message>
+        <message>
+            <source>time code</source>
+            <translation>código de tiempo</translation>
+        </message>
+        <message>
+            <source>its time code is the file's, which runs on where this medium comes again</source>
+            <translation>su código de tiempo es el del archivo, que sigue corriendo donde este medio vuelve a aparecer</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks</source>
+            <translation>%1 pistas de imagen</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks</source>
+            <translation>%1 pistas de sonido</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks</source>
+            <translation>%1 pistas de subtítulos</translation>
+        </message>
+        <message>
+            <source>%1 data tracks</source>
+            <translation>%1 pistas de datos</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures</source>
+            <translation>%1 imágenes adjuntas</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is told as %3</source>
+            <translation>El idioma %1, %2, se indica como %3</translation>
+        </message>
+        <message>
+            <source>%1 title is left out: the inputs' differ</source>
+            <translation>Se omite el título %1: los de las entradas difieren</translation>
+        </message>
+        <message>
+            <source>%1 title, "%2", is left out: the file has no place for it</source>
+            <translation>Se omite el título %1, «%2»: el archivo no tiene lugar para él</translation>
+        </message>
+        <message>
+            <source>Sound track %1's</source>
+            <translation>de la pista de sonido %1</translation>
+        </message>
+        <message>
+            <source>The subtitles'</source>
+            <translation>de los subtítulos</translation>
+        </message>
+        <message>
+            <source>The subtitles' titles are left out: the inputs' differ</source>
+            <translation>Se omiten los títulos de los subtítulos: los de las entradas difieren</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the inputs' differ</source>
+            <translation>Se omiten los estilos de los subtítulos: los de las entradas difieren</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the file has no place for them</source>
+            <translation>Se omiten los estilos de los subtítulos: el archivo no tiene lugar para ellos</translation>
+        </message>
+        <message>
+            <source>Colours of subtitles are left out: the file has no place for them</source>
+            <translation>Se omiten los colores de los subtítulos: el archivo no tiene lugar para ellos</translation>
+        </message>
+        <message>
+            <source>Fonts of subtitles and their sizes are left out: the file has no place for them</source>
+            <translation>Se omiten los tipos de letra de los subtítulos y sus tamaños: el archivo no tiene lugar para ellos</translation>
+        </message>
+        <message>
+            <source>Lines through the text of subtitles are left out: the file has no place for them</source>
+            <translation>Se omite el tachado de los subtítulos: el archivo no tiene lugar para él</translation>
+        </message>
+        <message>
+            <source>Places of subtitles on the picture are left out: the file has none for them</source>
+            <translation>Se omiten las posiciones de los subtítulos en la imagen: el archivo no tiene lugar para ellas</translation>
+        </message>
+        <message>
+            <source>Of more than %1 subtitles at one time the first ones are kept: the file shows one at a time</source>
+            <translation>De más de %1 subtítulos a la vez se conservan los primeros: el archivo muestra uno cada vez</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 cannot be read and are left out</source>
+            <translation>subtítulos de la pista %2 que no se pueden leer y se omiten: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are longer than a subtitle can be and are left out</source>
+            <translation>subtítulos de la pista %2 que son demasiado largos y se omiten: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are more than can be kept and are left out</source>
+            <translation>subtítulos de la pista %2 que sobrepasan los que se pueden conservar y se omiten: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have a place of their own on the picture, which is left out</source>
+            <translation>subtítulos de la pista %2 cuya posición propia en la imagen se omite: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 name speakers or classes, which are left out</source>
+            <translation>subtítulos de la pista %2 cuyos hablantes o clases se omiten: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have tags that WebVTT does not know, which are left out</source>
+            <translation>subtítulos de la pista %2 con etiquetas que WebVTT no conoce, que se omiten: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are no UTF-8 and were read as Windows-1252</source>
+            <translation>subtítulos de la pista %2 que no son UTF-8 y se leyeron como Windows-1252: %1</translation>
+        </message>
+        <message>
+            <source>of its %1 chapters the first %2 are read</source>
+            <translation>de sus %1 capítulos se leen los primeros %2</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is left out: it holds %2 bytes</source>
+            <translation>se omite la etiqueta «%1»: tiene %2 bytes</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is no UTF-8 and was read as Windows-1252</source>
+            <translation>la etiqueta «%1» no es UTF-8 y se leyó como Windows-1252</translation>
+        </message>
+        <message>
+            <source>Timestamps jump by %1</source>
+            <translation>Las marcas de tiempo saltan %1</translation>
+        </message>
+        <message>
+            <source>what follows was joined on %1</source>
+            <translation>lo que sigue se unió %1</translation>
+        </message>
+        <message>
+            <source>without a gap</source>
+            <translation>sin hueco</translation>
+        </message>
+        <message>
+            <source>with the picture held for %1, in which its sound goes on</source>
+            <translation>con la imagen detenida durante %1, en los que su sonido continúa</translation>
+        </message>
+        <message>
+            <source>Its sound lasts for %1, but its timestamps only for %2; the rest is left out</source>
+            <translation>Su sonido dura %1, pero sus marcas de tiempo solo %2; el resto se omite</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and another file of its kind, which is not read, follows behind it: it is incomplete</source>
+            <translation>El archivo termina en %1, y le sigue otro de su tipo que no se lee: está incompleto</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, but its header claims %2: it is incomplete</source>
+            <translation>El archivo termina en %1, pero su cabecera indica %2: está incompleto</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and %2 that it announces are missing: it is incomplete</source>
+            <translation>El archivo termina en %1, y faltan %2 que anuncia: está incompleto</translation>
+        </message>
+        <message>
+            <source>Behind what can be seen and heard, %1 are missing</source>
+            <translation>Tras lo que se puede ver y oír faltan %1</translation>
+        </message>
+        <message>
+            <source>The file has no last page; it may have been cut off</source>
+            <translation>El archivo no tiene última página; puede estar cortado</translation>
+        </message>
+        <message>
+            <source>The file ends within a packet: it was cut off, and what it ended with is missing</source>
+            <translation>El archivo termina dentro de un paquete: está cortado, y falta su final</translation>
+        </message>
+        <message>
+            <source>The %1 track begins so late that the beginning of the file does not tell of it, and is not read: it is missing</source>
+            <translation>La pista (%1) empieza tan tarde que el comienzo del archivo no habla de ella, y no se lee: falta</translation>
+        </message>
+        <message>
+            <source>nothing that can be read stands in the next %1 MiB</source>
+            <translation>en los siguientes %1 MiB no hay nada que se pueda leer</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found before reading ended early: %2</source>
+            <translation>no se encontró nada de la pista %1 antes de que la lectura terminara antes de tiempo: %2</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found in the first %2 MiB; if it begins later, it is missing</source>
+            <translation>no se encontró nada de la pista %1 en los primeros %2 MiB; si empieza después, falta</translation>
+        </message>
+        <message>
+            <source>no frame of the %1 track can be decoded</source>
+            <translation>no se puede decodificar nada de la pista %1</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed: "%1"</source>
+            <translation>Se disimuló una imagen dañada: «%1»</translation>
+        </message>
+        <message>
+            <source>it holds no picture that can be decoded</source>
+            <translation>no contiene ninguna imagen que se pueda decodificar</translation>
+        </message>
+        <message>
+            <source>it holds no picture</source>
+            <translation>no contiene ninguna imagen</translation>
+        </message>
+        <message>
+            <source>Looking at "%1" does not come to an end</source>
+            <translation>La comprobación de «%1» no termina</translation>
+        </message>
+        <message>
+            <source>Reading the finished file and moving it to "%1" does not come to an end</source>
+            <translation>La lectura del archivo terminado y su traslado a «%1» no terminan</translation>
+        </message>
+        <message>
+            <source>The folder of "%1" does not answer: an unfinished file may be left there, %2</source>
+            <translation>La carpeta de «%1» no responde: puede quedar allí un archivo sin terminar, %2</translation>
+        </message>
+        <message>
+            <source>Your own presets are left out: %1</source>
+            <translation>Se omiten sus propios preajustes: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the %2 pictures that it shows are not there, the first one is "%3"</source>
+            <translation>no están %1 de las %2 imágenes que muestra, la primera es «%3»</translation>
+        </message>
+        <message>
+            <source>a tone stands among pictures, where it is not heard</source>
+            <translation>un tono está entre imágenes, donde no se oye</translation>
+        </message>
+        <message>
+            <source>bars stand among sound, where they are not seen</source>
+            <translation>unas barras están entre sonido, donde no se ven</translation>
+        </message>
+        <message>
+            <source>pictures stand among sound</source>
+            <translation>hay imágenes entre sonido</translation>
+        </message>
+        <message>
+            <source>%1 more clips lie between two frames and are not seen</source>
+            <translation>%1 clips más están entre dos fotogramas y no se ven</translation>
+        </message>
+        <message>
+            <source>the track does not say what it holds; it is taken for pictures</source>
+            <translation>la pista no dice qué contiene; se toma por imagen</translation>
+        </message>
+        <message>
+            <source>tracks of the kind "%1" are left out</source>
+            <translation>se omiten las pistas del tipo «%1»</translation>
+        </message>
+        <message>
+            <source>a transition stands outside of a track and is left out</source>
+            <translation>una transición está fuera de una pista y se omite</translation>
+        </message>
+        <message>
+            <source>"%1" is not known</source>
+            <translation>«%1» no se conoce</translation>
+        </message>
+        <message>
+            <source>there is a gap in its place</source>
+            <translation>en su lugar hay un hueco</translation>
+        </message>
+        <message>
+            <source>it has no length either, and what follows begins at its place</source>
+            <translation>tampoco tiene duración, y lo que sigue empieza en su lugar</translation>
+        </message>
+        <message>
+            <source>it lasts no time and is left out</source>
+            <translation>no dura nada y se omite</translation>
+        </message>
+        <message>
+            <source>it follows another transition and is left out</source>
+            <translation>sigue a otra transición y se omite</translation>
+        </message>
+        <message>
+            <source>there is no time for it, and it is left out</source>
+            <translation>no hay tiempo para ella y se omite</translation>
+        </message>
+        <message>
+            <source>it is longer than the clips beside it and is shortened to them</source>
+            <translation>es más larga que los clips contiguos y se acorta a ellos</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>la pila «%1» anterior tiene muy poco tras el corte: durante %2 ms su imagen queda quieta y no se oye nada de ella</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms nothing is heard of it</source>
+            <translation>la pila «%1» anterior tiene muy poco tras el corte: durante %2 ms no se oye nada de ella</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>la pila «%1» posterior tiene muy poco antes del corte: durante %2 ms su imagen queda quieta y no se oye nada de ella</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms nothing is heard of it</source>
+            <translation>la pila «%1» posterior tiene muy poco antes del corte: durante %2 ms no se oye nada de ella</translation>
+        </message>
+        <message>
+            <source>the global start time lies outside of 0 to 24 hours, and its time code wraps around</source>
+            <translation>la hora de inicio global está fuera de 0 a 24 horas, y su código de tiempo da la vuelta</translation>
+        </message>
+        <message>
+            <source>frames that are missing are an error, not "%1"</source>
+            <translation>los fotogramas que faltan son un error, no «%1»</translation>
+        </message>
+        <message>
+            <source>the tone's frequency is no number from 1 to 20000; it sounds at 1000 Hz</source>
+            <translation>la frecuencia del tono no es un número de 1 a 20000; suena a 1000 Hz</translation>
+        </message>
+        <message>
+            <source>the colour is not told as red, green and blue from 0 to 1 or as "#rrggbb"; it is black</source>
+            <translation>el color no se indica como rojo, verde y azul de 0 a 1 ni como «#rrggbb»; es negro</translation>
+        </message>
+        <message>
+            <source>it is no marker and is left out</source>
+            <translation>no es un marcador y se omite</translation>
+        </message>
+        <message>
+            <source>the marker is left out</source>
+            <translation>el marcador se omite</translation>
+        </message>
+        <message>
+            <source>a NUL stands in the name, which ends there</source>
+            <translation>en el nombre hay un NUL, y termina ahí</translation>
+        </message>
+        <message>
+            <source>%1 more findings are not listed</source>
+            <translation>%1 hallazgos más no se enumeran</translation>
+        </message>
+        <message>
+            <source>"%1" stands in it more than once; the last one counts</source>
+            <translation>«%1» aparece más de una vez; cuenta la última</translation>
+        </message>
+        <message>
+            <source>it goes beyond what there is of its contents and %1</source>
+            <translation>sobrepasa lo que hay de su contenido y %1</translation>
+        </message>
+        <message>
+            <source>holds the first picture throughout</source>
+            <translation>mantiene siempre la primera imagen</translation>
+        </message>
+        <message>
+            <source>holds the last picture throughout</source>
+            <translation>mantiene siempre la última imagen</translation>
+        </message>
+        <message>
+            <source>its media "%1" is not among its references</source>
+            <translation>su archivo «%1» no está entre sus referencias</translation>
+        </message>
+        <message>
+            <source>is of the unknown schema "%1"</source>
+            <translation>es del esquema desconocido «%1»</translation>
+        </message>
+        <message>
+            <source>is the unknown generator "%1"</source>
+            <translation>es el generador desconocido «%1»</translation>
+        </message>
+        <message>
+            <source>is a sequence of pictures without a proper numbering, rate or name</source>
+            <translation>es una secuencia de imágenes sin numeración, frecuencia o nombre correctos</translation>
+        </message>
+        <message>
+            <source>its entry "%1" %2</source>
+            <translation>su entrada «%1» %2</translation>
+        </message>
+        <message>
+            <source>is in it twice</source>
+            <translation>está dos veces</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked: %1</source>
+            <translation>no se puede desempaquetar: %1</translation>
+        </message>
+        <message>
+            <source>has a name that leads out of the archive</source>
+            <translation>tiene un nombre que lleva fuera del archivo comprimido</translation>
+        </message>
+        <message>
+            <source>%1 is newer than what can be read, %2</source>
+            <translation>%1 es más nuevo que lo que se puede leer, %2</translation>
+        </message>
+        <message>
+            <source>has no name</source>
+            <translation>no tiene nombre</translation>
+        </message>
+        <message>
+            <source>has a name with a zero byte</source>
+            <translation>tiene un nombre con un byte cero</translation>
+        </message>
+        <message>
+            <source>is a URL of the scheme "%1"; only files are opened</source>
+            <translation>es una URL del esquema «%1»; solo se abren archivos</translation>
+        </message>
+        <message>
+            <source>cannot be looked at: %1</source>
+            <translation>no se puede mirar: %1</translation>
+        </message>
+        <message>
+            <source>is no folder</source>
+            <translation>no es una carpeta</translation>
+        </message>
+        <message>
+            <source>%1, marker "%2": %3</source>
+            <translation>%1, marcador «%2»: %3</translation>
+        </message>
+        <message>
+            <source>stack "%1": %2</source>
+            <translation>pila «%1»: %2</translation>
+        </message>
+        <message>
+            <source>track "%1": %2</source>
+            <translation>pista «%1»: %2</translation>
+        </message>
+        <message>
+            <source>clip "%1": %2</source>
+            <translation>clip «%1»: %2</translation>
+        </message>
+        <message>
+            <source>The mix goes %1 dB beyond full scale, %2</source>
+            <translation>La mezcla supera el nivel máximo en %1 dB, %2</translation>
+        </message>
+        <message>
+            <source>and its peaks are turned down</source>
+            <translation>y se bajan sus picos</translation>
+        </message>
+        <message>
+            <source>which samples in integers cannot hold</source>
+            <translation>lo que las muestras enteras no pueden contener</translation>
+        </message>
+        <message>
+            <source>mono</source>
+            <translation>mono</translation>
+        </message>
+        <message>
+            <source>stereo</source>
+            <translation>estéreo</translation>
+        </message>
+        <message>
+            <source>%1 channels</source>
+            <translation>%1 canales</translation>
+        </message>
+        <message>
+            <source>%1 channels (%2)</source>
+            <translation>%1 canales (%2)</translation>
+        </message>
+        <message>
+            <source>%1 (track %2)</source>
+            <translation>%1 (pista %2)</translation>
+        </message>
+        <message>
+            <source>%1 attachments</source>
+            <translation>%1 archivos adjuntos</translation>
+        </message>
+        <message>
+            <source>%1 tags</source>
+            <translation>%1 etiquetas</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 bytes</translation>
+        </message>
+        <message>
+            <source>picture</source>
+            <translation>imagen</translation>
+        </message>
+        <message>
+            <source>sound</source>
+            <translation>sonido</translation>
+        </message>
+        <message>
+            <source>%1 at its start and %2</source>
+            <translation>%1 al principio y %2</translation>
+        </message>
+        <message>
+            <source>%1 at its start</source>
+            <translation>%1 al principio</translation>
+        </message>
+        <message>
+            <source>%1 at its end</source>
+            <translation>%1 al final</translation>
+        </message>
+        <message>
+            <source>%1, nor below the folder for media</source>
+            <translation>%1, ni tampoco bajo la carpeta de medios</translation>
+        </message>
+        <message>
+            <source>stack: %1</source>
+            <translation>pila: %1</translation>
+        </message>
+        <message>
+            <source>track: %1</source>
+            <translation>pista: %1</translation>
+        </message>
+        <message>
+            <source>%1 (/%2)</source>
+            <translation>%1 (/%2)</translation>
+        </message>
     </context>
 </TS>

@@ -2172,5 +2172,741 @@
             <source>Sound is missing; silence stands in for it</source>
             <translation>音声がなく、無音で補いました</translation>
         </message>
+        <message>
+            <source>"%1" is scaled down to the size of the first pictures, %2</source>
+            <translation>「%1」は最初の映像のサイズ %2 に縮小されます</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are scaled down to the size of the first pictures, %3</source>
+            <translation>「%1」ほか %2 件は最初の映像のサイズ %3 に縮小されます</translation>
+        </message>
+        <message>
+            <source>--set size=WxH chooses another</source>
+            <translation>カスタム設定でほかのサイズを選べます</translation>
+        </message>
+        <message>
+            <source>--set size=%1 chooses another</source>
+            <translation>カスタム設定で %1 などほかのサイズを選べます</translation>
+        </message>
+        <message>
+            <source>"%1" is shown at the rate of the first pictures, %2 instead of %3 frames a second</source>
+            <translation>「%1」は最初の映像のフレームレートで表示されます（毎秒 %3 ではなく %2 フレーム）</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are shown at the rate of the first pictures, %3 instead of up to %4 frames a second</source>
+            <translation>「%1」ほか %2 件は最初の映像のフレームレートで表示されます（毎秒最大 %4 ではなく %3 フレーム）</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=RATE chooses another</source>
+            <translation>カスタム設定でほかのフレームレートを選べます</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=%1 chooses another</source>
+            <translation>カスタム設定で %1 などほかのフレームレートを選べます</translation>
+        </message>
+        <message>
+            <source>"%1" is mixed down to the channels of the first sound, %2</source>
+            <translation>「%1」は最初の音声のチャンネル（%2）にミックスダウンされます</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are mixed down to the channels of the first sound, %3</source>
+            <translation>「%1」ほか %2 件は最初の音声のチャンネル（%3）にミックスダウンされます</translation>
+        </message>
+        <message>
+            <source>--set channels=%1 chooses others</source>
+            <translation>カスタム設定で %1 などほかのチャンネルを選べます</translation>
+        </message>
+        <message>
+            <source>variable frame rate</source>
+            <translation>可変フレームレート</translation>
+        </message>
+        <message>
+            <source>shown at %1 frames a second</source>
+            <translation>毎秒 %1 フレームで表示</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of its %2 pictures</source>
+            <translation>%2 枚のうち %1 枚が省かれます</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of the first %2 pictures</source>
+            <translation>最初の %2 枚のうち %1 枚が省かれます</translation>
+        </message>
+        <message>
+            <source>which leaves out pictures</source>
+            <translation>一部の映像は省かれます</translation>
+        </message>
+        <message>
+            <source>the file does not say when most of its pictures are shown, nor how many a second; both are reckoned, and some pictures may be missing</source>
+            <translation>ファイルには大半の映像の表示時刻も毎秒のフレーム数も書かれていません。どちらも推定したもので、一部の映像が欠けることがあります</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded without their last column or line, as %2</source>
+            <translation>%1 の映像は最後の列または行を除き、%2 としてエンコードされます</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded as %2: %3</source>
+            <translation>%1 の映像は %2 としてエンコードされます: %3</translation>
+        </message>
+        <message>
+            <source>%1 bits became %2</source>
+            <translation>%1 ビットが %2 ビットになりました</translation>
+        </message>
+        <message>
+            <source>floating point became %1</source>
+            <translation>浮動小数点が %1 ビットになりました</translation>
+        </message>
+        <message>
+            <source>colour became gray</source>
+            <translation>カラーがグレーになりました</translation>
+        </message>
+        <message>
+            <source>colour of %1 became %2</source>
+            <translation>色の %1 が %2 になりました</translation>
+        </message>
+        <message>
+            <source>the sensor's mosaic became pixels</source>
+            <translation>センサーのモザイクが画素になりました</translation>
+        </message>
+        <message>
+            <source>transparency was left out</source>
+            <translation>透明度は省かれました</translation>
+        </message>
+        <message>
+            <source>over black</source>
+            <translation>背景は黒です</translation>
+        </message>
+        <message>
+            <source>its mastering display or light levels are not the ones that the export tells, which are those of all clips together</source>
+            <translation>マスタリングディスプレイまたは光量の値が、書き出しに記される値と異なります。記されるのはすべてのクリップを合わせた値です</translation>
+        </message>
+        <message>
+            <source>does not fully tell its colour, taken for %1</source>
+            <translation>色の情報が完全ではないため、%1 とみなしました</translation>
+        </message>
+        <message>
+            <source>colours converted from %1 to %2</source>
+            <translation>色を %1 から %2 に変換しました</translation>
+        </message>
+        <message>
+            <source>high dynamic range (%1, up to %2 cd/m2), tone-mapped to %3 (mobius curve)</source>
+            <translation>ハイダイナミックレンジ（%1、最大 %2 cd/m²）を %3 にトーンマッピングしました（Mobius 曲線）</translation>
+        </message>
+        <message>
+            <source>standard dynamic range, placed in %1 with its white at %2</source>
+            <translation>標準ダイナミックレンジを、白を %2 として %1 に配置しました</translation>
+        </message>
+        <message>
+            <source>%1 left out: its pictures are shown as they are without it</source>
+            <translation>%1 は省略されます。映像はそれなしの状態で表示されます</translation>
+        </message>
+        <message>
+            <source>its pictures change to %1 on the way; they are fitted like those of %2 with which it begins</source>
+            <translation>映像が途中で %1 に変わります。始まりの %2 の映像と同じように収めます</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced to a picture for each field</source>
+            <translation>インターレース（%1）を、フィールドごとに 1 枚の映像へ解除しました</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced</source>
+            <translation>インターレース（%1）を解除しました</translation>
+        </message>
+        <message>
+            <source>top field first</source>
+            <translation>トップフィールドが先</translation>
+        </message>
+        <message>
+            <source>bottom field first</source>
+            <translation>ボトムフィールドが先</translation>
+        </message>
+        <message>
+            <source>coded field by field; each field is shown as a picture of its own</source>
+            <translation>フィールドごとに符号化されています。各フィールドを 1 枚の映像として表示します</translation>
+        </message>
+        <message>
+            <source>its pictures are to be turned by %1 degrees, and are turned by %2</source>
+            <translation>映像は %1 度回転する指定ですが、%2 度回転します</translation>
+        </message>
+        <message>
+            <source>begins without a keyframe: what lies before the first picture that can be decoded, %1, is left out</source>
+            <translation>キーフレームなしで始まります。デコードできる最初の映像より前の %1 は省かれます</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 is missing, "%3" to begin with</source>
+            <translation>%1 枚のうち %2 枚がありません。「%3」です</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 are missing, "%3" to begin with</source>
+            <translation>%1 枚のうち %2 枚がありません。最初は「%3」です</translation>
+        </message>
+        <message>
+            <source>pictures of it are missing, "%1" to begin with</source>
+            <translation>一部の画像がありません。最初は「%1」です</translation>
+        </message>
+        <message>
+            <source>the one before, or else the next one, stands in each one's place</source>
+            <translation>それぞれの代わりに前の画像を、なければ次の画像を使います</translation>
+        </message>
+        <message>
+            <source>black stands in each one's place</source>
+            <translation>それぞれの代わりに黒を使います</translation>
+        </message>
+        <message>
+            <source>not all its pictures are alike: "%1" is %2</source>
+            <translation>画像がすべて同じではありません。「%1」は %2 です</translation>
+        </message>
+        <message>
+            <source>all are brought to the first one's size and pixel format, %1</source>
+            <translation>すべて最初の画像のサイズと画素形式 %1 にそろえます</translation>
+        </message>
+        <message>
+            <source>the timestamps of its sound drift away from its samples; it is stretched to follow them</source>
+            <translation>音声のタイムスタンプがサンプルからずれていくため、それに合わせて伸縮しました</translation>
+        </message>
+        <message>
+            <source>many packets of its sound have one time; they follow each other</source>
+            <translation>音声の多くのパケットが同じ時刻です。順に続けて再生します</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: the sound may be up to %1 late</source>
+            <translation>音声エンコーダーが先頭に付けた分がファイルに書かれていません。音声が最大 %1 遅れることがあります</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: %1 are taken for that, and left out</source>
+            <translation>音声エンコーダーが先頭に付けた分がファイルに書かれていません。%1 をそれとみなして省きました</translation>
+        </message>
+        <message>
+            <source>its edit list changes the speed of %1, or holds it; that is not followed, and parts may be missing or come twice</source>
+            <translation>編集リストが%1の速度を変えるか止めています。それには従わないため、一部が欠けたり重なったりすることがあります</translation>
+        </message>
+        <message>
+            <source>its edit list has a pause in %1; that is not followed, and something else may come in its place</source>
+            <translation>編集リストで%1に休止があります。それには従わないため、代わりに別のものが入ることがあります</translation>
+        </message>
+        <message>
+            <source>its picture</source>
+            <translation>映像</translation>
+        </message>
+        <message>
+            <source>its sound</source>
+            <translation>音声</translation>
+        </message>
+        <message>
+            <source>its samples in floating point became integers of %1 bits, which cut off what lies above full scale</source>
+            <translation>浮動小数点のサンプルが %1 ビットの整数になり、フルスケールを超える分は切り取られました</translation>
+        </message>
+        <message>
+            <source>the %1 bits of each sample became %2</source>
+            <translation>各サンプルの %1 ビットが %2 ビットになりました</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2 that do not say where they are heard</source>
+            <translation>%1 の音声は、どこで聞こえるかを示さない %2 としてエンコードされます</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2</source>
+            <translation>%1 の音声は %2 としてエンコードされます</translation>
+        </message>
+        <message>
+            <source>%1 that do not say where they are heard are encoded as %2</source>
+            <translation>どこで聞こえるかを示さない %1 は %2 としてエンコードされます</translation>
+        </message>
+        <message>
+            <source>where it runs backwards it is silent</source>
+            <translation>逆再生の部分は無音です</translation>
+        </message>
+        <message>
+            <source>where it stands still it is silent</source>
+            <translation>静止している部分は無音です</translation>
+        </message>
+        <message>
+            <source>time code</source>
+            <translation>タイムコード</translation>
+        </message>
+        <message>
+            <source>its time code is the file's, which runs on where this medium comes again</source>
+            <translation>そのタイムコードがファイルのタイムコードになり、この素材が再び現れる所でも続けて進みます</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks</source>
+            <translation>映像トラック %1 本</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks</source>
+            <translation>音声トラック %1 本</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks</source>
+            <translation>字幕トラック %1 本</translation>
+        </message>
+        <message>
+            <source>%1 data tracks</source>
+            <translation>データトラック %1 本</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures</source>
+            <translation>添付画像 %1 点</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is told as %3</source>
+            <translation>%1の言語 %2 は %3 として記録されます</translation>
+        </message>
+        <message>
+            <source>%1 title is left out: the inputs' differ</source>
+            <translation>%1のタイトルは省略されます。入力ごとに異なります</translation>
+        </message>
+        <message>
+            <source>%1 title, "%2", is left out: the file has no place for it</source>
+            <translation>%1のタイトル「%2」は省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Sound track %1's</source>
+            <translation>音声トラック %1 </translation>
+        </message>
+        <message>
+            <source>The subtitles'</source>
+            <translation>字幕</translation>
+        </message>
+        <message>
+            <source>The subtitles' titles are left out: the inputs' differ</source>
+            <translation>字幕のタイトルは省略されます。入力ごとに異なります</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the inputs' differ</source>
+            <translation>字幕のスタイルは省略されます。入力ごとに異なります</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the file has no place for them</source>
+            <translation>字幕のスタイルは省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Colours of subtitles are left out: the file has no place for them</source>
+            <translation>字幕の色は省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Fonts of subtitles and their sizes are left out: the file has no place for them</source>
+            <translation>字幕のフォントとその大きさは省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Lines through the text of subtitles are left out: the file has no place for them</source>
+            <translation>字幕の取り消し線は省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Places of subtitles on the picture are left out: the file has none for them</source>
+            <translation>字幕の画面上の位置は省略されます。ファイルに格納する場所がありません</translation>
+        </message>
+        <message>
+            <source>Of more than %1 subtitles at one time the first ones are kept: the file shows one at a time</source>
+            <translation>同時に %1 件を超える字幕は、最初のものだけ残ります。ファイルが一度に表示するのは 1 件です</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 cannot be read and are left out</source>
+            <translation>トラック %2 の字幕のうち %1 件は読み込めず、省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are longer than a subtitle can be and are left out</source>
+            <translation>トラック %2 の字幕のうち %1 件は長すぎるため省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are more than can be kept and are left out</source>
+            <translation>トラック %2 の字幕のうち %1 件は上限を超えるため省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have a place of their own on the picture, which is left out</source>
+            <translation>トラック %2 の字幕のうち %1 件は画面上の独自の位置が省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 name speakers or classes, which are left out</source>
+            <translation>トラック %2 の字幕のうち %1 件は話者またはクラスの指定が省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have tags that WebVTT does not know, which are left out</source>
+            <translation>トラック %2 の字幕のうち %1 件には WebVTT にないタグがあり、そのタグは省略されます</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are no UTF-8 and were read as Windows-1252</source>
+            <translation>トラック %2 の字幕のうち %1 件は UTF-8 ではなく、Windows-1252 として読み込みました</translation>
+        </message>
+        <message>
+            <source>of its %1 chapters the first %2 are read</source>
+            <translation>%1 個のチャプターのうち最初の %2 個を読み込みます</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is left out: it holds %2 bytes</source>
+            <translation>タグ「%1」は %2 バイトあるため省略されます</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is no UTF-8 and was read as Windows-1252</source>
+            <translation>タグ「%1」は UTF-8 ではなく、Windows-1252 として読み込みました</translation>
+        </message>
+        <message>
+            <source>Timestamps jump by %1</source>
+            <translation>タイムスタンプが %1 飛んでいます</translation>
+        </message>
+        <message>
+            <source>what follows was joined on %1</source>
+            <translation>続きは%1つなぎました</translation>
+        </message>
+        <message>
+            <source>without a gap</source>
+            <translation>途切れなく</translation>
+        </message>
+        <message>
+            <source>with the picture held for %1, in which its sound goes on</source>
+            <translation>映像を %1 止め、その間も音声を続けて</translation>
+        </message>
+        <message>
+            <source>Its sound lasts for %1, but its timestamps only for %2; the rest is left out</source>
+            <translation>音声の長さは %1 ですが、タイムスタンプは %2 しかありません。残りは省かれます</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and another file of its kind, which is not read, follows behind it: it is incomplete</source>
+            <translation>ファイルは %1 で終わり、後ろに同じ種類の別のファイルが続いていますが、これは読み込まれません。ファイルは不完全です</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, but its header claims %2: it is incomplete</source>
+            <translation>ファイルは %1 で終わりますが、ヘッダーでは %2 です。ファイルは不完全です</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and %2 that it announces are missing: it is incomplete</source>
+            <translation>ファイルは %1 で終わり、示されている %2 がありません。ファイルは不完全です</translation>
+        </message>
+        <message>
+            <source>Behind what can be seen and heard, %1 are missing</source>
+            <translation>見聞きできる部分の後ろの %1 がありません</translation>
+        </message>
+        <message>
+            <source>The file has no last page; it may have been cut off</source>
+            <translation>ファイルに最後のページがありません。途中で切れている可能性があります</translation>
+        </message>
+        <message>
+            <source>The file ends within a packet: it was cut off, and what it ended with is missing</source>
+            <translation>ファイルがパケットの途中で終わっています。切れており、終わりの部分がありません</translation>
+        </message>
+        <message>
+            <source>The %1 track begins so late that the beginning of the file does not tell of it, and is not read: it is missing</source>
+            <translation>%1トラックの始まりが遅く、ファイルの先頭に記載がないため読み込まれません。そのトラックは欠けています</translation>
+        </message>
+        <message>
+            <source>nothing that can be read stands in the next %1 MiB</source>
+            <translation>次の %1 MiB に読み込めるものがありません</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found before reading ended early: %2</source>
+            <translation>%1 トラックの内容が見つからないまま、読み込みが途中で終わりました: %2</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found in the first %2 MiB; if it begins later, it is missing</source>
+            <translation>最初の %2 MiB に %1 トラックの内容が見つかりませんでした。それより後に始まる場合は欠けています</translation>
+        </message>
+        <message>
+            <source>no frame of the %1 track can be decoded</source>
+            <translation>%1 トラックのフレームを一つもデコードできません</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed: "%1"</source>
+            <translation>壊れた映像を補いました: 「%1」</translation>
+        </message>
+        <message>
+            <source>it holds no picture that can be decoded</source>
+            <translation>デコードできる画像が含まれていません</translation>
+        </message>
+        <message>
+            <source>it holds no picture</source>
+            <translation>画像が含まれていません</translation>
+        </message>
+        <message>
+            <source>Looking at "%1" does not come to an end</source>
+            <translation>「%1」の確認が終わりません</translation>
+        </message>
+        <message>
+            <source>Reading the finished file and moving it to "%1" does not come to an end</source>
+            <translation>完成したファイルの読み込みと「%1」への移動が終わりません</translation>
+        </message>
+        <message>
+            <source>The folder of "%1" does not answer: an unfinished file may be left there, %2</source>
+            <translation>「%1」のフォルダーが応答しません。作成途中のファイル %2 が残っている可能性があります</translation>
+        </message>
+        <message>
+            <source>Your own presets are left out: %1</source>
+            <translation>ご自分のプリセットは省かれます: %1</translation>
+        </message>
+        <message>
+            <source>%1 of the %2 pictures that it shows are not there, the first one is "%3"</source>
+            <translation>表示する %2 枚の画像のうち %1 枚がありません。最初は「%3」です</translation>
+        </message>
+        <message>
+            <source>a tone stands among pictures, where it is not heard</source>
+            <translation>音が映像の中に置かれており、聞こえません</translation>
+        </message>
+        <message>
+            <source>bars stand among sound, where they are not seen</source>
+            <translation>カラーバーが音声の中に置かれており、表示されません</translation>
+        </message>
+        <message>
+            <source>pictures stand among sound</source>
+            <translation>映像が音声の中に置かれています</translation>
+        </message>
+        <message>
+            <source>%1 more clips lie between two frames and are not seen</source>
+            <translation>ほか %1 個のクリップが 2 つのフレームの間にあるため表示されません</translation>
+        </message>
+        <message>
+            <source>the track does not say what it holds; it is taken for pictures</source>
+            <translation>トラックの内容が示されていないため、映像とみなします</translation>
+        </message>
+        <message>
+            <source>tracks of the kind "%1" are left out</source>
+            <translation>種類「%1」のトラックは省かれます</translation>
+        </message>
+        <message>
+            <source>a transition stands outside of a track and is left out</source>
+            <translation>トラックの外にあるトランジションは省かれます</translation>
+        </message>
+        <message>
+            <source>"%1" is not known</source>
+            <translation>「%1」は不明です</translation>
+        </message>
+        <message>
+            <source>there is a gap in its place</source>
+            <translation>代わりに空白を置きます</translation>
+        </message>
+        <message>
+            <source>it has no length either, and what follows begins at its place</source>
+            <translation>長さもないため、続きはその位置から始まります</translation>
+        </message>
+        <message>
+            <source>it lasts no time and is left out</source>
+            <translation>長さがないため省かれます</translation>
+        </message>
+        <message>
+            <source>it follows another transition and is left out</source>
+            <translation>別のトランジションの直後にあるため省かれます</translation>
+        </message>
+        <message>
+            <source>there is no time for it, and it is left out</source>
+            <translation>入る時間がないため省かれます</translation>
+        </message>
+        <message>
+            <source>it is longer than the clips beside it and is shortened to them</source>
+            <translation>隣のクリップより長いため、それに合わせて短くします</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>その前のスタック「%1」はカットより後ろが足りません。%2 ミリ秒の間、映像が止まり、音も聞こえません</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms nothing is heard of it</source>
+            <translation>その前のスタック「%1」はカットより後ろが足りません。%2 ミリ秒の間、音が聞こえません</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>その後のスタック「%1」はカットより前が足りません。%2 ミリ秒の間、映像が止まり、音も聞こえません</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms nothing is heard of it</source>
+            <translation>その後のスタック「%1」はカットより前が足りません。%2 ミリ秒の間、音が聞こえません</translation>
+        </message>
+        <message>
+            <source>the global start time lies outside of 0 to 24 hours, and its time code wraps around</source>
+            <translation>全体の開始時刻が 0 から 24 時間の範囲外のため、タイムコードは一周します</translation>
+        </message>
+        <message>
+            <source>frames that are missing are an error, not "%1"</source>
+            <translation>欠けているフレームは「%1」ではなくエラーとして扱います</translation>
+        </message>
+        <message>
+            <source>the tone's frequency is no number from 1 to 20000; it sounds at 1000 Hz</source>
+            <translation>音の周波数が 1 から 20000 までの数ではないため、1000 Hz で鳴ります</translation>
+        </message>
+        <message>
+            <source>the colour is not told as red, green and blue from 0 to 1 or as "#rrggbb"; it is black</source>
+            <translation>色が 0 から 1 の赤・緑・青でも「#rrggbb」でも示されていないため、黒になります</translation>
+        </message>
+        <message>
+            <source>it is no marker and is left out</source>
+            <translation>マーカーではないため省かれます</translation>
+        </message>
+        <message>
+            <source>the marker is left out</source>
+            <translation>マーカーは省かれます</translation>
+        </message>
+        <message>
+            <source>a NUL stands in the name, which ends there</source>
+            <translation>名前に NUL があるため、そこで終わります</translation>
+        </message>
+        <message>
+            <source>%1 more findings are not listed</source>
+            <translation>ほか %1 件は表示していません</translation>
+        </message>
+        <message>
+            <source>"%1" stands in it more than once; the last one counts</source>
+            <translation>「%1」が複数あります。最後のものを使います</translation>
+        </message>
+        <message>
+            <source>it goes beyond what there is of its contents and %1</source>
+            <translation>中身の範囲を超えており、%1</translation>
+        </message>
+        <message>
+            <source>holds the first picture throughout</source>
+            <translation>終始、最初の画像を保持します</translation>
+        </message>
+        <message>
+            <source>holds the last picture throughout</source>
+            <translation>終始、最後の画像を保持します</translation>
+        </message>
+        <message>
+            <source>its media "%1" is not among its references</source>
+            <translation>そのメディア「%1」は参照の中にありません</translation>
+        </message>
+        <message>
+            <source>is of the unknown schema "%1"</source>
+            <translation>のスキーマ「%1」は不明です</translation>
+        </message>
+        <message>
+            <source>is the unknown generator "%1"</source>
+            <translation>は不明なジェネレーター「%1」です</translation>
+        </message>
+        <message>
+            <source>is a sequence of pictures without a proper numbering, rate or name</source>
+            <translation>は番号、レート、名前のいずれかが正しくない連番画像です</translation>
+        </message>
+        <message>
+            <source>its entry "%1" %2</source>
+            <translation>そのエントリー「%1」%2</translation>
+        </message>
+        <message>
+            <source>is in it twice</source>
+            <translation>が重複しています</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked: %1</source>
+            <translation>を展開できません: %1</translation>
+        </message>
+        <message>
+            <source>has a name that leads out of the archive</source>
+            <translation>の名前がアーカイブの外を指しています</translation>
+        </message>
+        <message>
+            <source>%1 is newer than what can be read, %2</source>
+            <translation>%1 は読み込める %2 より新しいものです</translation>
+        </message>
+        <message>
+            <source>has no name</source>
+            <translation>に名前がありません</translation>
+        </message>
+        <message>
+            <source>has a name with a zero byte</source>
+            <translation>の名前にゼロバイトがあります</translation>
+        </message>
+        <message>
+            <source>is a URL of the scheme "%1"; only files are opened</source>
+            <translation>はスキーム「%1」の URL です。開けるのはファイルだけです</translation>
+        </message>
+        <message>
+            <source>cannot be looked at: %1</source>
+            <translation>を確認できません: %1</translation>
+        </message>
+        <message>
+            <source>is no folder</source>
+            <translation>はフォルダーではありません</translation>
+        </message>
+        <message>
+            <source>%1, marker "%2": %3</source>
+            <translation>%1、マーカー「%2」: %3</translation>
+        </message>
+        <message>
+            <source>stack "%1": %2</source>
+            <translation>スタック「%1」: %2</translation>
+        </message>
+        <message>
+            <source>track "%1": %2</source>
+            <translation>トラック「%1」: %2</translation>
+        </message>
+        <message>
+            <source>clip "%1": %2</source>
+            <translation>クリップ「%1」: %2</translation>
+        </message>
+        <message>
+            <source>The mix goes %1 dB beyond full scale, %2</source>
+            <translation>ミックスがフルスケールを %1 dB 超えており、%2</translation>
+        </message>
+        <message>
+            <source>and its peaks are turned down</source>
+            <translation>ピークを下げました</translation>
+        </message>
+        <message>
+            <source>which samples in integers cannot hold</source>
+            <translation>整数のサンプルには収まりません</translation>
+        </message>
+        <message>
+            <source>mono</source>
+            <translation>モノラル</translation>
+        </message>
+        <message>
+            <source>stereo</source>
+            <translation>ステレオ</translation>
+        </message>
+        <message>
+            <source>%1 channels</source>
+            <translation>%1 チャンネル</translation>
+        </message>
+        <message>
+            <source>%1 channels (%2)</source>
+            <translation>%1 チャンネル（%2）</translation>
+        </message>
+        <message>
+            <source>%1 (track %2)</source>
+            <translation>%1（トラック %2）</translation>
+        </message>
+        <message>
+            <source>%1 attachments</source>
+            <translation>添付ファイル %1 点</translation>
+        </message>
+        <message>
+            <source>%1 tags</source>
+            <translation>タグ %1 件</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 バイト</translation>
+        </message>
+        <message>
+            <source>picture</source>
+            <translation>映像</translation>
+        </message>
+        <message>
+            <source>sound</source>
+            <translation>音声</translation>
+        </message>
+        <message>
+            <source>%1 at its start and %2</source>
+            <translation>始まりで%1、%2</translation>
+        </message>
+        <message>
+            <source>%1 at its start</source>
+            <translation>始まりで%1</translation>
+        </message>
+        <message>
+            <source>%1 at its end</source>
+            <translation>終わりで%1</translation>
+        </message>
+        <message>
+            <source>%1, nor below the folder for media</source>
+            <translation>%1。メディア用フォルダーの下にもありません</translation>
+        </message>
+        <message>
+            <source>stack: %1</source>
+            <translation>スタック: %1</translation>
+        </message>
+        <message>
+            <source>track: %1</source>
+            <translation>トラック: %1</translation>
+        </message>
+        <message>
+            <source>%1 (/%2)</source>
+            <translation>%1 (/%2)</translation>
+        </message>
     </context>
 </TS>

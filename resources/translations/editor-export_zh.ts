@@ -2172,5 +2172,741 @@
             <source>Sound is missing; silence stands in for it</source>
             <translation>缺少声音，以静音代替</translation>
         </message>
+        <message>
+            <source>"%1" is scaled down to the size of the first pictures, %2</source>
+            <translation>“%1”缩小到首个画面的尺寸 %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are scaled down to the size of the first pictures, %3</source>
+            <translation>“%1”和另外 %2 个缩小到首个画面的尺寸 %3</translation>
+        </message>
+        <message>
+            <source>--set size=WxH chooses another</source>
+            <translation>可在自定义设置中选择其他尺寸</translation>
+        </message>
+        <message>
+            <source>--set size=%1 chooses another</source>
+            <translation>可在自定义设置中选择其他尺寸，如 %1</translation>
+        </message>
+        <message>
+            <source>"%1" is shown at the rate of the first pictures, %2 instead of %3 frames a second</source>
+            <translation>“%1”以首个画面的帧率显示，每秒 %2 帧而不是 %3 帧</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are shown at the rate of the first pictures, %3 instead of up to %4 frames a second</source>
+            <translation>“%1”和另外 %2 个以首个画面的帧率显示，每秒 %3 帧而不是最高 %4 帧</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=RATE chooses another</source>
+            <translation>可在自定义设置中选择其他帧率</translation>
+        </message>
+        <message>
+            <source>--set frame-rate=%1 chooses another</source>
+            <translation>可在自定义设置中选择其他帧率，如 %1</translation>
+        </message>
+        <message>
+            <source>"%1" is mixed down to the channels of the first sound, %2</source>
+            <translation>“%1”缩混为首个声音的声道 %2</translation>
+        </message>
+        <message>
+            <source>"%1" and %2 more are mixed down to the channels of the first sound, %3</source>
+            <translation>“%1”和另外 %2 个缩混为首个声音的声道 %3</translation>
+        </message>
+        <message>
+            <source>--set channels=%1 chooses others</source>
+            <translation>可在自定义设置中选择其他声道，如 %1</translation>
+        </message>
+        <message>
+            <source>variable frame rate</source>
+            <translation>可变帧率</translation>
+        </message>
+        <message>
+            <source>shown at %1 frames a second</source>
+            <translation>以每秒 %1 帧显示</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of its %2 pictures</source>
+            <translation>其 %2 帧中有 %1 帧被略去</translation>
+        </message>
+        <message>
+            <source>which leaves out %1 of the first %2 pictures</source>
+            <translation>前 %2 帧中有 %1 帧被略去</translation>
+        </message>
+        <message>
+            <source>which leaves out pictures</source>
+            <translation>部分画面被略去</translation>
+        </message>
+        <message>
+            <source>the file does not say when most of its pictures are shown, nor how many a second; both are reckoned, and some pictures may be missing</source>
+            <translation>文件未说明大多数画面何时显示，也未说明每秒多少帧；两者均为推算，可能缺少部分画面</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded without their last column or line, as %2</source>
+            <translation>%1 的画面去掉最后一列或一行，编码为 %2</translation>
+        </message>
+        <message>
+            <source>pictures of %1 are encoded as %2: %3</source>
+            <translation>%1 的画面编码为 %2：%3</translation>
+        </message>
+        <message>
+            <source>%1 bits became %2</source>
+            <translation>%1 位变为 %2 位</translation>
+        </message>
+        <message>
+            <source>floating point became %1</source>
+            <translation>浮点变为 %1 位</translation>
+        </message>
+        <message>
+            <source>colour became gray</source>
+            <translation>彩色变为灰度</translation>
+        </message>
+        <message>
+            <source>colour of %1 became %2</source>
+            <translation>色度 %1 变为 %2</translation>
+        </message>
+        <message>
+            <source>the sensor's mosaic became pixels</source>
+            <translation>传感器马赛克变为像素</translation>
+        </message>
+        <message>
+            <source>transparency was left out</source>
+            <translation>透明度被略去</translation>
+        </message>
+        <message>
+            <source>over black</source>
+            <translation>以黑色为底</translation>
+        </message>
+        <message>
+            <source>its mastering display or light levels are not the ones that the export tells, which are those of all clips together</source>
+            <translation>其母版显示器或亮度级别与导出所标明的不同，导出标明的是所有片段合在一起的值</translation>
+        </message>
+        <message>
+            <source>does not fully tell its colour, taken for %1</source>
+            <translation>未完整说明其颜色，按 %1 处理</translation>
+        </message>
+        <message>
+            <source>colours converted from %1 to %2</source>
+            <translation>颜色从 %1 转换为 %2</translation>
+        </message>
+        <message>
+            <source>high dynamic range (%1, up to %2 cd/m2), tone-mapped to %3 (mobius curve)</source>
+            <translation>高动态范围（%1，最高 %2 cd/m²），色调映射到 %3（Mobius 曲线）</translation>
+        </message>
+        <message>
+            <source>standard dynamic range, placed in %1 with its white at %2</source>
+            <translation>标准动态范围，置于 %1 中，白色为 %2</translation>
+        </message>
+        <message>
+            <source>%1 left out: its pictures are shown as they are without it</source>
+            <translation>略去 %1：画面按没有它时的样子显示</translation>
+        </message>
+        <message>
+            <source>its pictures change to %1 on the way; they are fitted like those of %2 with which it begins</source>
+            <translation>其画面中途变为 %1；按开头的 %2 画面的方式适配</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced to a picture for each field</source>
+            <translation>隔行（%1），已去隔行为每场一帧</translation>
+        </message>
+        <message>
+            <source>interlaced (%1), deinterlaced</source>
+            <translation>隔行（%1），已去隔行</translation>
+        </message>
+        <message>
+            <source>top field first</source>
+            <translation>上场优先</translation>
+        </message>
+        <message>
+            <source>bottom field first</source>
+            <translation>下场优先</translation>
+        </message>
+        <message>
+            <source>coded field by field; each field is shown as a picture of its own</source>
+            <translation>逐场编码；每一场作为单独的一帧显示</translation>
+        </message>
+        <message>
+            <source>its pictures are to be turned by %1 degrees, and are turned by %2</source>
+            <translation>其画面应旋转 %1 度，实际旋转 %2 度</translation>
+        </message>
+        <message>
+            <source>begins without a keyframe: what lies before the first picture that can be decoded, %1, is left out</source>
+            <translation>开头没有关键帧：第一个可解码画面之前的 %1 被略去</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 is missing, "%3" to begin with</source>
+            <translation>其 %1 张图片中缺少 %2 张，即“%3”</translation>
+        </message>
+        <message>
+            <source>of its %1 pictures %2 are missing, "%3" to begin with</source>
+            <translation>其 %1 张图片中缺少 %2 张，首先是“%3”</translation>
+        </message>
+        <message>
+            <source>pictures of it are missing, "%1" to begin with</source>
+            <translation>其中缺少图片，首先是“%1”</translation>
+        </message>
+        <message>
+            <source>the one before, or else the next one, stands in each one's place</source>
+            <translation>每张以前一张代替，若没有则以后一张代替</translation>
+        </message>
+        <message>
+            <source>black stands in each one's place</source>
+            <translation>每张以黑色代替</translation>
+        </message>
+        <message>
+            <source>not all its pictures are alike: "%1" is %2</source>
+            <translation>图片不完全一致：“%1”为 %2</translation>
+        </message>
+        <message>
+            <source>all are brought to the first one's size and pixel format, %1</source>
+            <translation>全部转换为第一张的尺寸和像素格式 %1</translation>
+        </message>
+        <message>
+            <source>the timestamps of its sound drift away from its samples; it is stretched to follow them</source>
+            <translation>其声音的时间戳与采样逐渐偏离；已拉伸声音以跟随时间戳</translation>
+        </message>
+        <message>
+            <source>many packets of its sound have one time; they follow each other</source>
+            <translation>其声音的许多数据包时间相同；按顺序相接</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: the sound may be up to %1 late</source>
+            <translation>文件未说明声音编码器在前面加了什么：声音最多可能晚 %1</translation>
+        </message>
+        <message>
+            <source>the file does not say what the sound's encoder put in front: %1 are taken for that, and left out</source>
+            <translation>文件未说明声音编码器在前面加了什么：将 %1 视为该部分并略去</translation>
+        </message>
+        <message>
+            <source>its edit list changes the speed of %1, or holds it; that is not followed, and parts may be missing or come twice</source>
+            <translation>其编辑列表改变或停住%1的速度；不予遵循，部分内容可能缺失或重复</translation>
+        </message>
+        <message>
+            <source>its edit list has a pause in %1; that is not followed, and something else may come in its place</source>
+            <translation>其编辑列表在%1中有停顿；不予遵循，该处可能出现其他内容</translation>
+        </message>
+        <message>
+            <source>its picture</source>
+            <translation>画面</translation>
+        </message>
+        <message>
+            <source>its sound</source>
+            <translation>声音</translation>
+        </message>
+        <message>
+            <source>its samples in floating point became integers of %1 bits, which cut off what lies above full scale</source>
+            <translation>其浮点采样变为 %1 位整数，超出满幅的部分被削去</translation>
+        </message>
+        <message>
+            <source>the %1 bits of each sample became %2</source>
+            <translation>每个采样的 %1 位变为 %2 位</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2 that do not say where they are heard</source>
+            <translation>声音（%1）编码为未说明位置的 %2</translation>
+        </message>
+        <message>
+            <source>sound of %1 is encoded as %2</source>
+            <translation>声音（%1）编码为 %2</translation>
+        </message>
+        <message>
+            <source>%1 that do not say where they are heard are encoded as %2</source>
+            <translation>未说明位置的 %1 编码为 %2</translation>
+        </message>
+        <message>
+            <source>where it runs backwards it is silent</source>
+            <translation>倒放处为静音</translation>
+        </message>
+        <message>
+            <source>where it stands still it is silent</source>
+            <translation>静止处为静音</translation>
+        </message>
+        <message>
+            <source>time code</source>
+            <translation>时间码</translation>
+        </message>
+        <message>
+            <source>its time code is the file's, which runs on where this medium comes again</source>
+            <translation>其时间码即文件的时间码，该媒体再次出现处时间码继续走</translation>
+        </message>
+        <message>
+            <source>%1 picture tracks</source>
+            <translation>%1 条画面轨</translation>
+        </message>
+        <message>
+            <source>%1 sound tracks</source>
+            <translation>%1 条声音轨</translation>
+        </message>
+        <message>
+            <source>%1 subtitle tracks</source>
+            <translation>%1 条字幕轨</translation>
+        </message>
+        <message>
+            <source>%1 data tracks</source>
+            <translation>%1 条数据轨</translation>
+        </message>
+        <message>
+            <source>%1 attached pictures</source>
+            <translation>%1 幅附图</translation>
+        </message>
+        <message>
+            <source>%1 language, %2, is told as %3</source>
+            <translation>%1语言 %2 记为 %3</translation>
+        </message>
+        <message>
+            <source>%1 title is left out: the inputs' differ</source>
+            <translation>%1标题被省略：各输入不同</translation>
+        </message>
+        <message>
+            <source>%1 title, "%2", is left out: the file has no place for it</source>
+            <translation>%1标题“%2”被省略：文件中没有存放它的位置</translation>
+        </message>
+        <message>
+            <source>Sound track %1's</source>
+            <translation>声音轨道 %1 的</translation>
+        </message>
+        <message>
+            <source>The subtitles'</source>
+            <translation>字幕</translation>
+        </message>
+        <message>
+            <source>The subtitles' titles are left out: the inputs' differ</source>
+            <translation>字幕的标题被省略：各输入不同</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the inputs' differ</source>
+            <translation>字幕样式被省略：各输入不同</translation>
+        </message>
+        <message>
+            <source>Styles of subtitles are left out: the file has no place for them</source>
+            <translation>字幕样式被省略：文件中没有存放它们的位置</translation>
+        </message>
+        <message>
+            <source>Colours of subtitles are left out: the file has no place for them</source>
+            <translation>字幕颜色被省略：文件中没有存放它们的位置</translation>
+        </message>
+        <message>
+            <source>Fonts of subtitles and their sizes are left out: the file has no place for them</source>
+            <translation>字幕的字体和字号被省略：文件中没有存放它们的位置</translation>
+        </message>
+        <message>
+            <source>Lines through the text of subtitles are left out: the file has no place for them</source>
+            <translation>字幕的删除线被省略：文件中没有存放它们的位置</translation>
+        </message>
+        <message>
+            <source>Places of subtitles on the picture are left out: the file has none for them</source>
+            <translation>字幕在画面上的位置被省略：文件中没有存放它们的位置</translation>
+        </message>
+        <message>
+            <source>Of more than %1 subtitles at one time the first ones are kept: the file shows one at a time</source>
+            <translation>同时超过 %1 条字幕时保留前面的：文件一次只显示一条</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 cannot be read and are left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条无法读取，已略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are longer than a subtitle can be and are left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条过长，已略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are more than can be kept and are left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条超出可保留的数量，已略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have a place of their own on the picture, which is left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条在画面上有自己的位置，该位置被略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 name speakers or classes, which are left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条标明了说话人或类别，已略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 have tags that WebVTT does not know, which are left out</source>
+            <translation>轨道 %2 的字幕中有 %1 条含 WebVTT 不识别的标记，已略去</translation>
+        </message>
+        <message>
+            <source>%1 of the subtitles of track %2 are no UTF-8 and were read as Windows-1252</source>
+            <translation>轨道 %2 的字幕中有 %1 条不是 UTF-8，按 Windows-1252 读取</translation>
+        </message>
+        <message>
+            <source>of its %1 chapters the first %2 are read</source>
+            <translation>其 %1 个章节中只读取前 %2 个</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is left out: it holds %2 bytes</source>
+            <translation>标签“%1”被省略：它有 %2 字节</translation>
+        </message>
+        <message>
+            <source>the tag "%1" is no UTF-8 and was read as Windows-1252</source>
+            <translation>标签“%1”不是 UTF-8，按 Windows-1252 读取</translation>
+        </message>
+        <message>
+            <source>Timestamps jump by %1</source>
+            <translation>时间戳跳变 %1</translation>
+        </message>
+        <message>
+            <source>what follows was joined on %1</source>
+            <translation>后面的内容已%1接上</translation>
+        </message>
+        <message>
+            <source>without a gap</source>
+            <translation>无间隙地</translation>
+        </message>
+        <message>
+            <source>with the picture held for %1, in which its sound goes on</source>
+            <translation>在画面停留 %1 而声音继续的情况下</translation>
+        </message>
+        <message>
+            <source>Its sound lasts for %1, but its timestamps only for %2; the rest is left out</source>
+            <translation>其声音长 %1，但时间戳只有 %2；其余被略去</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and another file of its kind, which is not read, follows behind it: it is incomplete</source>
+            <translation>文件在 %1 处结束，其后是另一个同类文件，不予读取：文件不完整</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, but its header claims %2: it is incomplete</source>
+            <translation>文件在 %1 处结束，但文件头标明 %2：文件不完整</translation>
+        </message>
+        <message>
+            <source>The file ends at %1, and %2 that it announces are missing: it is incomplete</source>
+            <translation>文件在 %1 处结束，缺少它所声明的 %2：文件不完整</translation>
+        </message>
+        <message>
+            <source>Behind what can be seen and heard, %1 are missing</source>
+            <translation>在可看到和听到的内容之后缺少 %1</translation>
+        </message>
+        <message>
+            <source>The file has no last page; it may have been cut off</source>
+            <translation>文件没有最后一页，可能被截断</translation>
+        </message>
+        <message>
+            <source>The file ends within a packet: it was cut off, and what it ended with is missing</source>
+            <translation>文件在数据包中间结束：已被截断，缺少结尾部分</translation>
+        </message>
+        <message>
+            <source>The %1 track begins so late that the beginning of the file does not tell of it, and is not read: it is missing</source>
+            <translation>%1轨开始得太晚，文件开头没有提到它，不予读取：该轨缺失</translation>
+        </message>
+        <message>
+            <source>nothing that can be read stands in the next %1 MiB</source>
+            <translation>接下来的 %1 MiB 中没有可读取的内容</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found before reading ended early: %2</source>
+            <translation>在读取提前结束之前没有找到 %1 轨的内容：%2</translation>
+        </message>
+        <message>
+            <source>nothing of the %1 track was found in the first %2 MiB; if it begins later, it is missing</source>
+            <translation>前 %2 MiB 中没有找到 %1 轨的内容；如果它开始得更晚，则缺失</translation>
+        </message>
+        <message>
+            <source>no frame of the %1 track can be decoded</source>
+            <translation>%1 轨没有任何帧可以解码</translation>
+        </message>
+        <message>
+            <source>A damaged picture was concealed: "%1"</source>
+            <translation>一帧损坏的画面已被掩盖：“%1”</translation>
+        </message>
+        <message>
+            <source>it holds no picture that can be decoded</source>
+            <translation>其中没有可以解码的图像</translation>
+        </message>
+        <message>
+            <source>it holds no picture</source>
+            <translation>其中没有图像</translation>
+        </message>
+        <message>
+            <source>Looking at "%1" does not come to an end</source>
+            <translation>查看“%1”迟迟没有结束</translation>
+        </message>
+        <message>
+            <source>Reading the finished file and moving it to "%1" does not come to an end</source>
+            <translation>读取成品文件并将其移到“%1”迟迟没有结束</translation>
+        </message>
+        <message>
+            <source>The folder of "%1" does not answer: an unfinished file may be left there, %2</source>
+            <translation>“%1”所在的文件夹没有响应：那里可能留有未完成的文件 %2</translation>
+        </message>
+        <message>
+            <source>Your own presets are left out: %1</source>
+            <translation>您自己的预设被略去：%1</translation>
+        </message>
+        <message>
+            <source>%1 of the %2 pictures that it shows are not there, the first one is "%3"</source>
+            <translation>它显示的 %2 张图片中有 %1 张不存在，第一张是“%3”</translation>
+        </message>
+        <message>
+            <source>a tone stands among pictures, where it is not heard</source>
+            <translation>音调位于画面之中，听不到</translation>
+        </message>
+        <message>
+            <source>bars stand among sound, where they are not seen</source>
+            <translation>彩条位于声音之中，看不到</translation>
+        </message>
+        <message>
+            <source>pictures stand among sound</source>
+            <translation>画面位于声音之中</translation>
+        </message>
+        <message>
+            <source>%1 more clips lie between two frames and are not seen</source>
+            <translation>另有 %1 个片段位于两帧之间，不会显示</translation>
+        </message>
+        <message>
+            <source>the track does not say what it holds; it is taken for pictures</source>
+            <translation>轨道未说明其内容；按画面处理</translation>
+        </message>
+        <message>
+            <source>tracks of the kind "%1" are left out</source>
+            <translation>类型为“%1”的轨道被略去</translation>
+        </message>
+        <message>
+            <source>a transition stands outside of a track and is left out</source>
+            <translation>有一个转场位于轨道之外，已略去</translation>
+        </message>
+        <message>
+            <source>"%1" is not known</source>
+            <translation>“%1”未知</translation>
+        </message>
+        <message>
+            <source>there is a gap in its place</source>
+            <translation>其位置为空隙</translation>
+        </message>
+        <message>
+            <source>it has no length either, and what follows begins at its place</source>
+            <translation>它也没有时长，后面的内容从其位置开始</translation>
+        </message>
+        <message>
+            <source>it lasts no time and is left out</source>
+            <translation>它没有时长，已略去</translation>
+        </message>
+        <message>
+            <source>it follows another transition and is left out</source>
+            <translation>它紧接另一个转场，已略去</translation>
+        </message>
+        <message>
+            <source>there is no time for it, and it is left out</source>
+            <translation>没有容纳它的时间，已略去</translation>
+        </message>
+        <message>
+            <source>it is longer than the clips beside it and is shortened to them</source>
+            <translation>它比两旁的片段长，已缩短至片段长度</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>它之前的堆叠“%1”在剪切点之后内容不足：有 %2 毫秒画面静止，也没有声音</translation>
+        </message>
+        <message>
+            <source>the stack "%1" before it has too little beyond the cut: for %2 ms nothing is heard of it</source>
+            <translation>它之前的堆叠“%1”在剪切点之后内容不足：有 %2 毫秒没有声音</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms its picture stands still, and nothing is heard of it</source>
+            <translation>它之后的堆叠“%1”在剪切点之前内容不足：有 %2 毫秒画面静止，也没有声音</translation>
+        </message>
+        <message>
+            <source>the stack "%1" behind it has too little before the cut: for %2 ms nothing is heard of it</source>
+            <translation>它之后的堆叠“%1”在剪切点之前内容不足：有 %2 毫秒没有声音</translation>
+        </message>
+        <message>
+            <source>the global start time lies outside of 0 to 24 hours, and its time code wraps around</source>
+            <translation>全局起始时间不在 0 到 24 小时之内，其时间码会回绕</translation>
+        </message>
+        <message>
+            <source>frames that are missing are an error, not "%1"</source>
+            <translation>缺少的帧视为错误，而不是“%1”</translation>
+        </message>
+        <message>
+            <source>the tone's frequency is no number from 1 to 20000; it sounds at 1000 Hz</source>
+            <translation>音调的频率不是 1 到 20000 之间的数；按 1000 Hz 发声</translation>
+        </message>
+        <message>
+            <source>the colour is not told as red, green and blue from 0 to 1 or as "#rrggbb"; it is black</source>
+            <translation>颜色未以 0 到 1 的红、绿、蓝或“#rrggbb”表示；按黑色处理</translation>
+        </message>
+        <message>
+            <source>it is no marker and is left out</source>
+            <translation>它不是标记，已略去</translation>
+        </message>
+        <message>
+            <source>the marker is left out</source>
+            <translation>标记被略去</translation>
+        </message>
+        <message>
+            <source>a NUL stands in the name, which ends there</source>
+            <translation>名称中有 NUL，名称在该处结束</translation>
+        </message>
+        <message>
+            <source>%1 more findings are not listed</source>
+            <translation>另有 %1 条未列出</translation>
+        </message>
+        <message>
+            <source>"%1" stands in it more than once; the last one counts</source>
+            <translation>“%1”出现多次；以最后一个为准</translation>
+        </message>
+        <message>
+            <source>it goes beyond what there is of its contents and %1</source>
+            <translation>超出其内容范围，%1</translation>
+        </message>
+        <message>
+            <source>holds the first picture throughout</source>
+            <translation>始终保持第一幅画面</translation>
+        </message>
+        <message>
+            <source>holds the last picture throughout</source>
+            <translation>始终保持最后一幅画面</translation>
+        </message>
+        <message>
+            <source>its media "%1" is not among its references</source>
+            <translation>其媒体“%1”不在其引用之中</translation>
+        </message>
+        <message>
+            <source>is of the unknown schema "%1"</source>
+            <translation>的模式“%1”未知</translation>
+        </message>
+        <message>
+            <source>is the unknown generator "%1"</source>
+            <translation>是未知的生成器“%1”</translation>
+        </message>
+        <message>
+            <source>is a sequence of pictures without a proper numbering, rate or name</source>
+            <translation>是编号、帧率或名称不正确的图片序列</translation>
+        </message>
+        <message>
+            <source>its entry "%1" %2</source>
+            <translation>其条目“%1”%2</translation>
+        </message>
+        <message>
+            <source>is in it twice</source>
+            <translation>重复出现</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked: %1</source>
+            <translation>无法解包：%1</translation>
+        </message>
+        <message>
+            <source>has a name that leads out of the archive</source>
+            <translation>的名称指向压缩包之外</translation>
+        </message>
+        <message>
+            <source>%1 is newer than what can be read, %2</source>
+            <translation>%1 比可读取的 %2 更新</translation>
+        </message>
+        <message>
+            <source>has no name</source>
+            <translation>没有名称</translation>
+        </message>
+        <message>
+            <source>has a name with a zero byte</source>
+            <translation>的名称中有零字节</translation>
+        </message>
+        <message>
+            <source>is a URL of the scheme "%1"; only files are opened</source>
+            <translation>是“%1”类型的 URL；只能打开文件</translation>
+        </message>
+        <message>
+            <source>cannot be looked at: %1</source>
+            <translation>无法查看：%1</translation>
+        </message>
+        <message>
+            <source>is no folder</source>
+            <translation>不是文件夹</translation>
+        </message>
+        <message>
+            <source>%1, marker "%2": %3</source>
+            <translation>%1，标记“%2”：%3</translation>
+        </message>
+        <message>
+            <source>stack "%1": %2</source>
+            <translation>堆叠“%1”：%2</translation>
+        </message>
+        <message>
+            <source>track "%1": %2</source>
+            <translation>轨道“%1”：%2</translation>
+        </message>
+        <message>
+            <source>clip "%1": %2</source>
+            <translation>片段“%1”：%2</translation>
+        </message>
+        <message>
+            <source>The mix goes %1 dB beyond full scale, %2</source>
+            <translation>混音超出满幅 %1 dB，%2</translation>
+        </message>
+        <message>
+            <source>and its peaks are turned down</source>
+            <translation>其峰值已被压低</translation>
+        </message>
+        <message>
+            <source>which samples in integers cannot hold</source>
+            <translation>整数采样无法容纳</translation>
+        </message>
+        <message>
+            <source>mono</source>
+            <translation>单声道</translation>
+        </message>
+        <message>
+            <source>stereo</source>
+            <translation>立体声</translation>
+        </message>
+        <message>
+            <source>%1 channels</source>
+            <translation>%1 个声道</translation>
+        </message>
+        <message>
+            <source>%1 channels (%2)</source>
+            <translation>%1 个声道（%2）</translation>
+        </message>
+        <message>
+            <source>%1 (track %2)</source>
+            <translation>%1（轨道 %2）</translation>
+        </message>
+        <message>
+            <source>%1 attachments</source>
+            <translation>%1 个附件</translation>
+        </message>
+        <message>
+            <source>%1 tags</source>
+            <translation>%1 个标签</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 字节</translation>
+        </message>
+        <message>
+            <source>picture</source>
+            <translation>画面</translation>
+        </message>
+        <message>
+            <source>sound</source>
+            <translation>声音</translation>
+        </message>
+        <message>
+            <source>%1 at its start and %2</source>
+            <translation>开头处%1，%2</translation>
+        </message>
+        <message>
+            <source>%1 at its start</source>
+            <translation>开头处%1</translation>
+        </message>
+        <message>
+            <source>%1 at its end</source>
+            <translation>结尾处%1</translation>
+        </message>
+        <message>
+            <source>%1, nor below the folder for media</source>
+            <translation>%1，媒体文件夹下也没有</translation>
+        </message>
+        <message>
+            <source>stack: %1</source>
+            <translation>堆叠：%1</translation>
+        </message>
+        <message>
+            <source>track: %1</source>
+            <translation>轨道：%1</translation>
+        </message>
+        <message>
+            <source>%1 (/%2)</source>
+            <translation>%1（/%2）</translation>
+        </message>
     </context>
 </TS>

@@ -3,7 +3,7 @@
 """Holds resources/translations against what is to be translated: every text of the window's sources, as lupdate finds them, and every
 name in the catalogue of presets has a translation in each language, with the same places for numbers and names, and no translation
 stands there for a text that is gone. The words of the sentences that the window translates for others are found in the sources
-that say them."""
+that say them, and what those note has a form."""
 import json
 import os
 import pathlib
@@ -13,15 +13,18 @@ import sys
 import tempfile
 import xml.etree.ElementTree
 
+import noted_sentences
+
 LANGUAGES = ("de", "es", "ja", "zh")
 SOURCES = ("apps/dialog", "apps/ExportCore")
 PRESETS = "editorPresets"
 # Where several things of a number have the same form, Qt wants that one alone.
 FORMS = {"en": 2, "de": 2, "es": 2, "ja": 1, "zh": 1}
 PLACE = re.compile(r"%(?:\d+|n)")
-SENTENCES = "apps/dialog/Models/SentenceForms.h"
+SENTENCES = ("apps/dialog/Models/SentenceForms.h", "apps/dialog/Models/NoteForms.h")
 SPEAKERS = ("apps/ExportCore", "multimediacore/src", "editor/src")
 LITERALS = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*')
+FORMS_OF_SENTENCES = re.compile(r'QT_TRANSLATE_NOOP\(\s*((?:"(?:[^"\\\n]|\\.)*"[\s,]*|//[^\n]*\n\s*)+)\)')
 # What the system and FFmpeg's libraries say.
 OTHERS = {os.strerror(number) for number in range(1, 134)} | {"Invalid data found when processing input", "End of file"}
 
@@ -82,8 +85,7 @@ def literals_of(text):
 
 
 def forms_of(text):
-    return [literals[1] for literals in map(literals_of, re.findall(r"QT_TRANSLATE_NOOP\(([^;]*?)\),?\n", text, re.S))
-            if len(literals) == 2]
+    return [literals[1] for literals in map(literals_of, FORMS_OF_SENTENCES.findall(text)) if len(literals) == 2]
 
 
 def unsaid(forms, said):
@@ -100,8 +102,8 @@ def unsaid(forms, said):
 def sentence_faults(top):
     said = "\n".join(literal for folder in SPEAKERS for path in sorted((top / folder).rglob("*"))
                      if path.suffix in (".h", ".cpp") for literal in literals_of(path.read_text()))
-    forms = forms_of((top / SENTENCES).read_text())
-    return unsaid(forms, said) if len(forms) > 50 else [f"only {len(forms)} forms of sentences were found"]
+    forms = [form for file in SENTENCES for form in forms_of((top / file).read_text())]
+    return unsaid(forms, said) + noted_sentences.faults(top, forms) if len(forms) > 50 else [f"only {len(forms)} forms of sentences were found"]
 
 
 def texts_of(top, lupdate):
@@ -133,6 +135,8 @@ def self_test():
     assert literals_of('Fail("Cannot " // why\n + x, "a"\n  "b\\"c");') == ["Cannot ", 'ab"c']
     assert forms_of('QT_TRANSLATE_NOOP("S", "Cannot \\"%1\\""),\nQT_TRANSLATE_NOOP("S",\n "no (%1)"),\n') == ['Cannot "%1"', "no (%1)"]
     assert unsaid(['Cannot "%1": %2', "%1 tracks", "Permission denied"], "Cannot \n track ") == []
+    assert forms_of('QT_TRANSLATE_NOOP(\n "S", "a; b %1"\n "(c)"),\n // why\n QT_TRANSLATE_NOOP("S",\n // why\n "d"),\n') == ["a; b %1(c)", "d"]
+    noted_sentences.self_test()
     assert unsaid(['Cannot "%1"', "Must"], "Can not") == ['nobody says: Cannot "%1"', "nobody says: Must"]
 
 

@@ -61,7 +61,7 @@ QString ExportForm::translated(const QString& refusal) const {
 }
 
 QString ExportForm::catalogueWarning() const {
-    return QString::fromStdString(provider->catalogueWarning());
+    return Sentence::translated(QString::fromStdString(provider->catalogueWarning()));
 }
 
 void ExportForm::onSourceChanged() {

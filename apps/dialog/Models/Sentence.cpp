@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialog/Models/Sentence.h"
 
+#include "dialog/Models/NoteForms.h"
 #include "dialog/Models/SentenceForms.h"
 #include <QChar>
 #include <QRegularExpression>
@@ -36,8 +37,30 @@ Part partBehind(const QString& before) {
         return Part::Preset;
     if (before.endsWith(QStringLiteral("presets that do: ")))
         return Part::Presets;
+    if (before == QStringLiteral("interlaced (") || before.endsWith(QStringLiteral("can be decoded (")))
+        return Part::Sentence;
     const bool isName = before.endsWith(QLatin1Char('"')) || before.endsWith(QLatin1Char('('));
     return isName ? Part::Name : Part::Sentence;
+}
+
+/// Of so many things: one or two words follow, and perhaps which those are.
+bool isCount(const QString& before, const QString& behind) {
+    static const auto& things = *new QRegularExpression(QStringLiteral("^ (\\w+ )?\\w+( \\(%2\\))?$"));
+    return before.isEmpty() && things.match(behind).hasMatch();
+}
+
+/// What stands at a place. Numbers, single words, lengths and what is in quotes do not go on in the next part of a
+/// list.
+QString patternOf(const QString& before, const QString& behind) {
+    if (isCount(before, behind))
+        return QStringLiteral("(\\d+)");
+    for (const char* const words : {"became ", "of the "})
+        if (before.endsWith(QLatin1String(words)))
+            return QStringLiteral("([^\\s,]+)");
+    for (const char* const words : {"picture for ", "silent for "})
+        if (before.endsWith(QLatin1String(words)))
+            return QStringLiteral("(\\S+ ms)");
+    return before.endsWith(QLatin1Char('"')) ? QStringLiteral("((?:(?!\", ).)+?)") : QStringLiteral("(.+?)");
 }
 
 Form formOf(const char* source) {
@@ -51,8 +74,7 @@ Form formOf(const char* source) {
         }
         const QString before = text.left(i);
         form.parts.push_back(partBehind(before));
-        // What is in quotes does not go on in the next part of a list.
-        pattern += before.endsWith(QLatin1Char('"')) ? QStringLiteral("((?:(?!\", ).)+?)") : QStringLiteral("(.+?)");
+        pattern += patternOf(before, text.mid(i + 2));
         ++i;
     }
     form.pattern = QRegularExpression(QRegularExpression::anchoredPattern(pattern),
@@ -64,6 +86,8 @@ const std::vector<Form>& forms() {
     static const std::vector<Form> all = [] {
         std::vector<Form> made;
         for (const char* const source : SENTENCE_FORMS)
+            made.push_back(formOf(source));
+        for (const char* const source : NOTE_FORMS)
             made.push_back(formOf(source));
         return made;
     }();

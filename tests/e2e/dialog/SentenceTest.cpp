@@ -2,12 +2,19 @@
 // What the export's machinery says, in the languages of the window.
 #include "dialog/Models/Sentence.h"
 #include "WindowFixture.h"
+#include "dialog/Models/NoteForms.h"
 #include "dialog/Models/SentenceForms.h"
 
 namespace TestDialog {
 namespace {
 
 using Dialog::Sentence;
+
+std::vector<const char*> allForms() {
+    std::vector<const char*> all(std::begin(Dialog::SENTENCE_FORMS), std::end(Dialog::SENTENCE_FORMS));
+    all.insert(all.end(), std::begin(Dialog::NOTE_FORMS), std::end(Dialog::NOTE_FORMS));
+    return all;
+}
 
 class Sentences : public ::testing::Test {
 protected:
@@ -88,6 +95,117 @@ TEST_F(Sentences, SayWhyAFirstPassIsWhole) {
              "Statistik kleinerer Bilder"));
 }
 
+TEST_F(Sentences, TellWhatTheFirstInputDecides) {
+    EXPECT_EQ(german("\"/a; b.mov\" is scaled down to the size of the first pictures, 640x360; --set size=1920x1080 "
+                     "chooses another"),
+              text("„/a; b.mov“ wird auf die Größe der ersten Bilder verkleinert, 640x360; eine andere lässt sich in "
+                   "den eigenen Einstellungen wählen, etwa 1920x1080"));
+    EXPECT_EQ(german("\"a.mov\" and 2 more are scaled down to the size of the first pictures, 640x360; --set size=WxH "
+                     "chooses another"),
+              text("„a.mov“ und 2 weitere werden auf die Größe der ersten Bilder verkleinert, 640x360; eine andere "
+                   "lässt sich in den eigenen Einstellungen wählen"));
+    EXPECT_EQ(german("\"a.mov\" is shown at the rate of the first pictures, 25 instead of 29.97 frames a second; --set "
+                     "frame-rate=29.97 chooses another"),
+              text("„a.mov“ wird mit der Bildrate der ersten Bilder gezeigt, mit 25 statt 29.97 Bildern je Sekunde; "
+                   "eine andere lässt sich in den eigenen Einstellungen wählen, etwa 29.97"));
+    EXPECT_EQ(german("\"a.mov\" is mixed down to the channels of the first sound, stereo; --set channels=5.1 chooses "
+                     "others"),
+              text("„a.mov“ wird auf die Kanäle des ersten Tons heruntergemischt, Stereo; andere lassen sich in den "
+                   "eigenen Einstellungen wählen, etwa 5.1"));
+}
+
+TEST_F(Sentences, TellWhatBecameOfPictures) {
+    EXPECT_EQ(german("\"a.mov\": variable frame rate, shown at 29.97 frames a second, which leaves out 2 of its 63 "
+                     "pictures"),
+              text("„a.mov“: veränderliche Bildrate, mit 29.97 Bildern je Sekunde gezeigt, wobei 2 seiner 63 Bilder "
+                   "wegfallen"));
+    EXPECT_EQ(german("\"a.mov\": pictures of yuva444p10le are encoded as yuv420p: 10 bits became 8, colour of 4:4:4 "
+                     "became 4:2:0, transparency was left out, over black"),
+              text("„a.mov“: Bilder in yuva444p10le werden als yuv420p encodiert: aus 10 Bits wurden 8, aus Farbe in "
+                   "4:4:4 wurde 4:2:0, die Transparenz entfällt, über Schwarz"));
+    EXPECT_EQ(german("\"a.mov\": interlaced (top field first), deinterlaced"),
+              text("„a.mov“: Zeilensprung (oberes Halbbild zuerst), in Vollbilder umgewandelt"));
+    EXPECT_EQ(german("\"a.mov\": does not fully tell its colour, taken for BT.601; colours converted from BT.601 to "
+                     "BT.709"),
+              text("„a.mov“: gibt seine Farbe nicht ganz an, als BT.601 behandelt; Farben von BT.601 nach BT.709 "
+                   "umgewandelt"));
+    EXPECT_EQ(german("\"a.mov\": high dynamic range (PQ, up to 1000 cd/m2), tone-mapped to BT.709 (mobius curve)"),
+              text("„a.mov“: hoher Dynamikumfang (PQ, bis 1000 cd/m²), durch Tone-Mapping auf BT.709 gebracht "
+                   "(Mobius-Kurve)"));
+    EXPECT_EQ(
+        german("\"a.mov\": its pictures change to 320x180 on the way; they are fitted like those of 640x360 with "
+               "which it begins"),
+        text("„a.mov“: seine Bilder wechseln unterwegs zu 320x180; sie werden eingepasst wie die von 640x360, mit "
+             "denen es beginnt"));
+    EXPECT_EQ(german("\"f_%04d.png\": of its 25 pictures 2 are missing, \"f_0003.png\" to begin with; black stands in "
+                     "each one's place"),
+              text("„f_%04d.png“: von seinen 25 Bildern fehlen 2, zuerst „f_0003.png“; an der Stelle eines jeden steht "
+                   "Schwarz"));
+}
+
+TEST_F(Sentences, TellWhatBecameOfSound) {
+    EXPECT_EQ(german("\"a.mov\": sound of 5.1 (track 2) is encoded as stereo"),
+              text("„a.mov“: Ton (5.1 (Spur 2)) wird als Stereo encodiert"));
+    EXPECT_EQ(german("\"a.wav\": 3 channels that do not say where they are heard are encoded as stereo"),
+              text("„a.wav“: 3 Kanäle, die nicht sagen, wo sie zu hören sind, werden als Stereo encodiert"));
+    EXPECT_EQ(german("\"a.wav\": the 24 bits of each sample became 16"),
+              text("„a.wav“: aus den 24 Bits jedes Abtastwerts wurden 16"));
+    EXPECT_EQ(german("The mix goes 4.1 dB beyond full scale, and its peaks are turned down"),
+              text("Die Mischung geht 4.1 dB über Vollaussteuerung hinaus, und ihre Spitzen werden leiser gemacht"));
+    EXPECT_EQ(german("\"a.mov\": its edit list changes the speed of its sound, or holds it; that is not followed, and "
+                     "parts may be missing or come twice"),
+              text("„a.mov“: seine Schnittliste ändert die Geschwindigkeit (Ton) oder hält sie an; dem wird nicht "
+                   "gefolgt, und Teile können fehlen oder doppelt kommen"));
+}
+
+TEST_F(Sentences, TellWhatOfAMediumIsLeftOutOrDamaged) {
+    EXPECT_EQ(german("\"a.mov\": left out: 1 sound track (2, eng), 3 chapters"),
+              text("„a.mov“: weggelassen: 1 Tonspur (2, eng), 3 Kapitel"));
+    EXPECT_EQ(german("\"a.mkv\": left out: 9 sound tracks, 12 tags, time code"),
+              text("„a.mkv“: weggelassen: 9 Tonspuren, 12 Angaben, Timecode"));
+    EXPECT_EQ(german("\"a.mkv\": 3 of the subtitles of track 2 cannot be read and are left out"),
+              text("„a.mkv“: Untertitel der Spur 2, die sich nicht lesen lassen und wegfallen: 3"));
+    EXPECT_EQ(german("The subtitles' language, eng, is left out: the file has no place for it"),
+              text("Die Sprache der Untertitel, eng, wird weggelassen: Die Datei hat keinen Platz dafür"));
+    EXPECT_EQ(german("Sound track 2's title, \"a, b\", is left out: the file has no place for it"),
+              text("Der Titel der Tonspur 2, „a, b“, wird weggelassen: Die Datei hat keinen Platz dafür"));
+    EXPECT_EQ(
+        german("\"a.ts\" is damaged at 00:00:07.000: Timestamps jump by 3 s; what follows was joined on without a "
+               "gap"),
+        text("„a.ts“ ist bei 00:00:07.000 beschädigt: Die Zeitstempel springen um 3 s; was folgt, wurde ohne "
+             "Lücke angefügt"));
+    EXPECT_EQ(german("\"a.ts\" is damaged at 00:00:07.000: The file ends at 7 s, and 400 bytes that it announces are "
+                     "missing: it is incomplete; what comes before can be exported with --out 00:00:07.000"),
+              text("„a.ts“ ist bei 00:00:07.000 beschädigt: Die Datei endet bei 7 s, und 400 Bytes, die sie ankündigt, "
+                   "fehlen: Sie ist unvollständig; was davor liegt, lässt sich mit dem Out-Punkt 00:00:07.000 "
+                   "exportieren"));
+    EXPECT_EQ(german("Cannot read \"a\": it holds neither picture nor sound that can be decoded (no frame of the h264 "
+                     "track can be decoded, no frame of the aac track can be decoded)"),
+              text("„a“ lässt sich nicht lesen: sie enthält weder Bild noch Ton, die sich decodieren lassen (kein Bild "
+                   "oder Stück der Spur h264 lässt sich decodieren, kein Bild oder Stück der Spur aac lässt sich "
+                   "decodieren)"));
+}
+
+TEST_F(Sentences, TellWhatOfATimelineIsLeftOutOrHeld) {
+    EXPECT_EQ(
+        german("\"a.otio\": stack \"S\", track \"V\", stack \"N\": it goes beyond what there is of its contents "
+               "and holds the first picture for 80 ms at its start and holds the last picture for 40 ms at its end"),
+        text("„a.otio“: Stapel „S“, Spur „V“, Stapel „N“: er reicht über seinen Inhalt hinaus und hält 80 ms lang "
+             "das erste Bild an seinem Anfang und hält 40 ms lang das letzte Bild an seinem Ende"));
+    EXPECT_EQ(
+        german("\"a.otio\": stack \"S\", track \"V\", transition: the stack \"N\" before it has too little beyond "
+               "the cut: for 40 ms nothing is heard of it (/tracks/1)"),
+        text("„a.otio“: Stapel „S“, Spur „V“, Übergang: der Stapel „N“ davor hat zu wenig hinter dem Schnitt: 40 "
+             "ms lang ist nichts von ihm zu hören (/tracks/1)"));
+    EXPECT_EQ(german("\"a.otio\": stack \"S\", track \"V\": \"Odd.1\" is not known; there is a gap in its place"),
+              text("„a.otio“: Stapel „S“, Spur „V“: „Odd.1“ ist nicht bekannt; an seiner Stelle ist eine Lücke"));
+    EXPECT_EQ(
+        german("Cannot export \"a.otio\": stack \"S\", track \"V\", clip \"x\": the media \"b.mp4\" is not there, "
+               "nor below the folder for media"),
+        text("„a.otio“ lässt sich nicht exportieren: Stapel „S“, Spur „V“, Clip „x“: die Mediendatei „b.mp4“ ist "
+             "nicht da, auch nicht unter dem Ordner für Medien"));
+}
+
 TEST_F(Sentences, ThatNobodyKnowsStayAsTheyAre) {
     EXPECT_EQ(german("Something new has happened, size and all"), text("Something new has happened, size and all"));
     EXPECT_EQ(german("Cannot read \"a\": something new"), text("„a“ lässt sich nicht lesen: something new"));
@@ -95,7 +213,7 @@ TEST_F(Sentences, ThatNobodyKnowsStayAsTheyAre) {
 }
 
 TEST_F(Sentences, InEnglishAreWhatWasSaid) {
-    for (const char* const form : Dialog::SENTENCE_FORMS)
+    for (const char* const form : allForms())
         EXPECT_EQ(Sentence::translated(text(form)),
                   text(form).replace(text("that do: %2"), text("that do: “%2”"))); // each of several
 }
@@ -103,7 +221,7 @@ TEST_F(Sentences, InEnglishAreWhatWasSaid) {
 TEST_F(Sentences, NameNoOptionsOfTheCommandLine) {
     for (const char* const locale : {"en_US", "de_DE", "es_ES", "ja_JP", "zh_CN", "fr_FR"}) {
         const Dialog::Translations translations(*qApp, QLocale(text(locale)));
-        for (const char* const form : Dialog::SENTENCE_FORMS) {
+        for (const char* const form : allForms()) {
             const QString said = Sentence::translated(text(form));
             EXPECT_FALSE(said.contains(text("--")) || said.contains(text("validate"))) << said.toStdString();
         }
@@ -153,6 +271,27 @@ TEST_P(OwnWords, SayWhatIsWrong) {
     const QString reason = find<QLabel>("endReason").text();
     EXPECT_TRUE(reason.contains(QString::fromStdString(place / "nowhere/film.mp4"))) << reason.toStdString();
     for (const char* const word : {"Cannot", "folder", "No such file"})
+        EXPECT_FALSE(reason.contains(text(word))) << reason.toStdString();
+}
+
+TEST_P(OwnWords, SayWhatIsNoted) {
+    const std::string larger = place / "larger.mov";
+    TestMedia::FlashBeep media;
+    media.frames = 13;
+    media.width = 480;
+    media.height = 360;
+    TestMedia::makeFlashBeep(larger, media);
+    const Dialog::Translations translations(*qApp, QLocale(text(GetParam())));
+    show();
+    window->open({QString::fromStdString(clip), QString::fromStdString(larger)});
+    auto& output = find<QLineEdit>("outputEdit");
+    output.setText(QString::fromStdString(place / "film.mp4"));
+    ASSERT_TRUE(waitUntil([&] { return find<QPushButton>("exportButton").isEnabled(); }));
+    find<QPushButton>("exportButton").click();
+    ASSERT_TRUE(waitForEnd());
+    const QString reason = find<QLabel>("endReason").text();
+    EXPECT_TRUE(reason.contains(QString::fromStdString(larger))) << reason.toStdString();
+    for (const char* const word : {" is ", "scaled", "first", "--set"})
         EXPECT_FALSE(reason.contains(text(word))) << reason.toStdString();
 }
 

@@ -11,8 +11,8 @@ bool IsRgb(PixelKind kind) {
     return kind != PixelKind::Yuv && kind != PixelKind::Gray;
 }
 
-std::string BitsOf(const PixelFormatRecord& record) {
-    return record.bits == 32 ? "floating point" : std::to_string(record.bits) + " bits";
+std::string BitsBecame(const PixelFormatRecord& record) {
+    return record.bits == 32 ? "floating point became " : std::to_string(record.bits) + " bits became ";
 }
 
 std::string SubsamplingOf(const PixelFormatRecord& record) {
@@ -50,7 +50,7 @@ std::string LossInWords(const PixelFormatRecord& from, const PixelFormatRecord& 
     const PixelLoss loss = PixelLoss::Between(from, to);
     std::string words;
     if (loss.bits > 0)
-        Append(words, BitsOf(from) + " became " + std::to_string(to.bits));
+        Append(words, BitsBecame(from) + std::to_string(to.bits));
     if (loss.colour)
         Append(words, "colour became gray");
     else if (loss.chroma > 0)

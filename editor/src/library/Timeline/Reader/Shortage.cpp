@@ -27,10 +27,20 @@ Lack lackOf(const Stretch& stretch, const TimeRange& there) {
             stretch.duration - std::clamp(last, Ticks(0), stretch.duration)};
 }
 
-std::string lasting(Ticks time, Ticks duration, const char* end) {
-    return time >= duration
-               ? " throughout"
-               : " for " + std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms at its " + end;
+/// What is seen or heard where there is nothing: throughout, or for so long.
+struct Held {
+    const char* always;
+    const char* lasting;
+};
+
+constexpr Held FIRST{"holds the first picture throughout", "holds the first picture for "};
+constexpr Held LAST{"holds the last picture throughout", "holds the last picture for "};
+constexpr Held SILENCE{"is silent throughout", "is silent for "};
+
+std::string inWords(Ticks time, const Stretch& stretch, const Held& held, const char* place) {
+    return time >= stretch.duration
+               ? held.always
+               : held.lasting + std::to_string(time.Value() / Kestra::TICKS_PER_MILLISECOND) + " ms" + place;
 }
 
 } // namespace
@@ -39,17 +49,19 @@ void tellWhatIsBeyond(OtioContext& context, const OtioNode& node, const Stretch&
                       Track::Kind kind) {
     const Lack lack = lackOf(stretch, contents);
     const bool isBackwards = stretch.excerpt.speed < 0;
+    const bool isSeen = kind == Track::Kind::Video;
+    const bool atStart = lack.atStart > Ticks(Kestra::TICKS_PER_MILLISECOND);
+    const bool atEnd = lack.atEnd > Ticks(Kestra::TICKS_PER_MILLISECOND);
     std::string held;
-    const auto add = [&](Ticks time, const char* end, const char* picture) {
-        if (time <= Ticks(Kestra::TICKS_PER_MILLISECOND))
-            return;
-        const std::string what =
-            kind == Track::Kind::Video ? std::string("holds the ") + picture + " picture" : "is silent";
-        held += (held.empty() ? "" : " and ") + what + lasting(time, stretch.duration, end);
-    };
-    add(lack.atStart, "start", isBackwards ? "last" : "first");
-    add(lack.atEnd, "end", isBackwards ? "first" : "last");
-    if (!held.empty())
+    if (atStart)
+        held = inWords(lack.atStart, stretch,
+                       !isSeen       ? SILENCE
+                       : isBackwards ? LAST
+                                     : FIRST,
+                       atEnd ? " at its start and " : " at its start");
+    if (atEnd)
+        held += inWords(lack.atEnd, stretch, !isSeen ? SILENCE : isBackwards ? FIRST : LAST, " at its end");
+    if (atStart || atEnd)
         context.warn(node, "it goes beyond what there is of its contents and " + held);
 }
 

@@ -285,8 +285,8 @@ double RateChooser::Misfit(const Rate& rate) const {
 std::string DescribeLeftOut(const RateChoice& choice, bool whole) {
     if (choice.shown >= choice.frames)
         return {};
-    return ", which leaves out " + std::to_string(choice.frames - choice.shown) + " of " +
-           (whole ? "its " : "the first ") + std::to_string(choice.frames) + " pictures";
+    return ", which leaves out " + std::to_string(choice.frames - choice.shown) +
+           (whole ? " of its " : " of the first ") + std::to_string(choice.frames) + " pictures";
 }
 
 } // namespace Kestra::FF

@@ -62,19 +62,19 @@ std::int64_t SequenceSource::GetCount() const {
 
 std::string SequenceSource::MissingCount() const {
     if (!settings.count)
-        return "pictures of it are";
+        return "pictures of it are missing";
     // One that went away since the folder was listed is not among those that were counted then.
     const auto present = static_cast<std::int64_t>(files.GetPresent().size());
     const std::int64_t count = std::max<std::int64_t>(*settings.count - present, 1);
     return "of its " + std::to_string(*settings.count) + " pictures " + std::to_string(count) +
-           (count == 1 ? " is" : " are");
+           (count == 1 ? " is missing" : " are missing");
 }
 
 void SequenceSource::NoteMissing(std::int64_t index) {
     if (missingNoted.test_and_set())
         return;
     const bool held = settings.missing == Proc::SettingsImageSequence::Missing::Held;
-    Note(MissingCount() + " missing, \"" + files.NameOf(index) +
+    Note(MissingCount() + ", \"" + files.NameOf(index) +
          (held ? "\" to begin with; the one before, or else the next one, stands in each one's place"
                : "\" to begin with; black stands in each one's place"));
 }
