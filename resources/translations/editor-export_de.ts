@@ -337,6 +337,22 @@
             <source>Shows above what was ordered, to be changed and exported again</source>
             <translation>Zeigt oben, was bestellt war, um es zu ändern und noch einmal zu exportieren</translation>
         </message>
+        <message>
+            <source>Move up</source>
+            <translation>Nach oben</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>Nach unten</translation>
+        </message>
+        <message>
+            <source>Move &amp;up</source>
+            <translation>Nach &amp;oben</translation>
+        </message>
+        <message>
+            <source>Move &amp;down</source>
+            <translation>Nach &amp;unten</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::JobQueue</name>

@@ -337,6 +337,22 @@
             <source>Shows above what was ordered, to be changed and exported again</source>
             <translation>Muestra arriba lo que se pidió, para cambiarlo y exportarlo de nuevo</translation>
         </message>
+        <message>
+            <source>Move up</source>
+            <translation>Subir</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>Bajar</translation>
+        </message>
+        <message>
+            <source>Move &amp;up</source>
+            <translation>&amp;Subir</translation>
+        </message>
+        <message>
+            <source>Move &amp;down</source>
+            <translation>&amp;Bajar</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::JobQueue</name>

@@ -335,6 +335,22 @@
             <source>Shows above what was ordered, to be changed and exported again</source>
             <translation>注文した内容を上に戻し、変更して書き出し直せるようにします</translation>
         </message>
+        <message>
+            <source>Move up</source>
+            <translation>上へ</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>下へ</translation>
+        </message>
+        <message>
+            <source>Move &amp;up</source>
+            <translation>上へ(&amp;U)</translation>
+        </message>
+        <message>
+            <source>Move &amp;down</source>
+            <translation>下へ(&amp;D)</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::JobQueue</name>

@@ -335,6 +335,22 @@
             <source>Shows above what was ordered, to be changed and exported again</source>
             <translation>在上方显示所选的内容，以便更改后再次导出</translation>
         </message>
+        <message>
+            <source>Move up</source>
+            <translation>上移</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>下移</translation>
+        </message>
+        <message>
+            <source>Move &amp;up</source>
+            <translation>上移(&amp;U)</translation>
+        </message>
+        <message>
+            <source>Move &amp;down</source>
+            <translation>下移(&amp;D)</translation>
+        </message>
     </context>
     <context>
         <name>Dialog::JobQueue</name>

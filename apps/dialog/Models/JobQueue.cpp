@@ -3,12 +3,20 @@
 
 #include "ExportCore/ExportJob.h"
 #include "dialog/Models/PlainTip.h"
+#include <QMimeData>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace Dialog {
 
 using ExportCore::ExportJob;
+
+namespace {
+
+const char* const JOB_TYPE = "application/x-editor-export-job";
+
+} // namespace
 
 JobQueue::JobQueue(QObject* parent)
     : QAbstractTableModel(parent) {}
@@ -82,6 +90,36 @@ void JobQueue::remove(int id) {
     beginRemoveRows({}, row, row);
     jobs.erase(jobs.begin() + row);
     endRemoveRows();
+}
+
+/// The nearest one that waits; -1 where none does.
+int JobQueue::rowBeside(int row, Step step) const {
+    const int by = step == Step::Up ? -1 : 1;
+    for (int other = row + by; other >= 0 && other < rowCount(); other += by)
+        if (waitsAt(other))
+            return other;
+    return -1;
+}
+
+bool JobQueue::canMove(int id, Step step) const {
+    const int row = rowOf(id);
+    return row >= 0 && waitsAt(row) && rowBeside(row, step) >= 0;
+}
+
+void JobQueue::move(int id, Step step) {
+    if (!canMove(id, step))
+        return;
+    const int row = rowOf(id);
+    const auto [first, last] = std::minmax({row, rowBeside(row, step)});
+    beginMoveRows({}, last, last, {}, first);
+    std::rotate(jobs.begin() + first, jobs.begin() + last, jobs.begin() + last + 1);
+    endMoveRows();
+    if (last - first < 2)
+        return;
+    // Between them stands what has to stay.
+    beginMoveRows({}, first + 1, first + 1, {}, last + 1);
+    std::rotate(jobs.begin() + first + 1, jobs.begin() + first + 2, jobs.begin() + last + 1);
+    endMoveRows();
 }
 
 const Job* JobQueue::job(int id) const {
@@ -214,6 +252,44 @@ QVariant JobQueue::data(const QModelIndex& index, int role) const {
     default:
         return job.stateText();
     }
+}
+
+Qt::ItemFlags JobQueue::flags(const QModelIndex& index) const {
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled; // between rows, not onto them
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    return waitsAt(index.row()) ? usual | Qt::ItemIsDragEnabled : usual;
+}
+
+QStringList JobQueue::mimeTypes() const {
+    return {QLatin1String(JOB_TYPE)};
+}
+
+QMimeData* JobQueue::mimeData(const QModelIndexList& indexes) const {
+    for (const QModelIndex& index : indexes)
+        if (waitsAt(index.row())) {
+            auto data = std::make_unique<QMimeData>();
+            data->setData(QLatin1String(JOB_TYPE), QByteArray::number(at(index.row()).id));
+            return data.release();
+        }
+    return nullptr;
+}
+
+bool JobQueue::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                            const QModelIndex& parent) {
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    const int id = data->data(QLatin1String(JOB_TYPE)).toInt();
+    const int wanted = row < 0 ? rowCount() : row; // behind all of them
+    const auto goesOn = [&](Step step) {
+        const int own = rowOf(id);
+        const int other = own < 0 ? -1 : rowBeside(own, step);
+        return canMove(id, step) && (step == Step::Up ? other >= wanted : other < wanted);
+    };
+    for (const Step step : {Step::Up, Step::Down})
+        while (goesOn(step))
+            move(id, step);
+    return true;
 }
 
 QVariant JobQueue::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -18,8 +18,9 @@ class PictureBox;
 namespace Dialog {
 
 /// Once started it runs the first one that waits whenever none runs, until none waits any more, and then rests again.
-/// Before, it runs those alone that are called. Each goes through its states once; what is tried again is another one.
-/// Destruction ends the one that runs.
+/// Before, it runs those alone that are called. The order of the list is the order in which they run; it can be changed
+/// for those that wait, also by dragging them in a view. Each goes through its states once; what is tried again is
+/// another one. Destruction ends the one that runs.
 class JobQueue : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -27,6 +28,8 @@ public:
     enum Role {
         ROLE_PERCENT = Qt::UserRole, ///< of one that runs, else -1
     };
+
+    enum class Step { Up, Down };
 
     explicit JobQueue(QObject* parent = nullptr);
     ~JobQueue() override;
@@ -50,6 +53,11 @@ public:
     /// Of one that does not run.
     void remove(int id);
 
+    /// Whether it waits and there is another one before it or behind it that does.
+    bool canMove(int id, Step step) const;
+    /// Those two change places, if it can. What runs or has ended stays where it is.
+    void move(int id, Step step);
+
     /// Null for an id that is none. Until the list changes.
     const Job* job(int id) const;
     const Job& at(int row) const { return jobs[static_cast<std::size_t>(row)]; }
@@ -70,6 +78,14 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    QStringList mimeTypes() const override;
+    /// Of the first of them that waits; null where none does.
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    /// Moves it among those that wait, as near to that row as it goes.
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
 
 Q_SIGNALS:
     /// Anything of it.
@@ -81,6 +97,8 @@ Q_SIGNALS:
     void emptied();
 
 private:
+    bool waitsAt(int row) const { return at(row).state == Job::State::Waiting; }
+    int rowBeside(int row, Step step) const;
     Job* find(int id);
     std::vector<Job>::iterator next();
     void go();

@@ -1,26 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialog/Widgets/JobPane.h"
 
-#include "dialog/Models/JobQueue.h"
 #include "dialog/Models/OutcomeText.h"
 #include "dialog/Models/PreviewMaker.h"
 #include "dialog/Widgets/JobDelegate.h"
 #include "ui_JobPane.h"
+#include <QAction>
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 #include <algorithm>
+#include <tuple>
 
 namespace Dialog {
 
 JobPane::JobPane(QWidget* parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::JobPane>())
-    , preview(new PreviewMaker(this)) {
+    , preview(new PreviewMaker(this))
+    , upAction(new QAction(this))
+    , downAction(new QAction(this)) {
     ui->setupUi(this);
     ui->stack->setCurrentWidget(ui->nonePage);
     showDetails(false);
@@ -47,6 +51,9 @@ void JobPane::setQueue(JobQueue& shown) {
     });
     for (const auto signal : {&JobQueue::rowsInserted, &JobQueue::rowsRemoved})
         connect(queue, signal, this, &JobPane::showSelected);
+    connect(queue, &JobQueue::rowsMoved, this, &JobPane::showMoves);
+    connect(queue, &JobQueue::jobChanged, this, &JobPane::showMoves);
+    prepareMoves();
     connect(queue, &JobQueue::jobChanged, this, &JobPane::showStart);
     connectButtons();
     showStart();
@@ -82,6 +89,56 @@ void JobPane::connectButtons() {
     connect(ui->folderButton, &QPushButton::clicked, this, [this, path] { Q_EMIT folderWanted(path()); });
 }
 
+namespace {
+
+constexpr int MOVE_UP = Qt::ALT + Qt::Key_Up;
+constexpr int MOVE_DOWN = Qt::ALT + Qt::Key_Down;
+
+} // namespace
+
+/// The keys are no action's, which would leave them to the list, where they select, as soon as it is disabled.
+void JobPane::prepareMoves() {
+    using Step = JobQueue::Step;
+    for (const auto& [action, button, key, step] : {std::tuple(upAction, ui->upButton, MOVE_UP, Step::Up),
+                                                    std::tuple(downAction, ui->downButton, MOVE_DOWN, Step::Down)}) {
+        const auto move = [this, step = step] { moveSelected(step); };
+        connect(action, &QAction::triggered, this, move);
+        connect(button, &QPushButton::clicked, this, move);
+        auto* const shortcut = new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, move);
+        ui->jobView->addAction(action);
+    }
+    nameMoves();
+}
+
+void JobPane::nameMoves() {
+    const QString up = QKeySequence(MOVE_UP).toString(QKeySequence::NativeText);
+    const QString down = QKeySequence(MOVE_DOWN).toString(QKeySequence::NativeText);
+    upAction->setText(tr("Move &up") + QLatin1Char('\t') + up);
+    downAction->setText(tr("Move &down") + QLatin1Char('\t') + down);
+    ui->upButton->setToolTip(up);
+    ui->downButton->setToolTip(down);
+}
+
+void JobPane::moveSelected(JobQueue::Step step) {
+    queue->move(selected(), step);
+    ui->jobView->scrollTo(ui->jobView->currentIndex());
+}
+
+/// Whoever goes on pressing a button that has no more to do must not press the next one.
+void JobPane::showMoves() {
+    using Step = JobQueue::Step;
+    const int id = selected();
+    for (const auto& [action, button, step] :
+         {std::tuple(upAction, ui->upButton, Step::Up), std::tuple(downAction, ui->downButton, Step::Down)}) {
+        const bool can = queue->canMove(id, step);
+        if (!can && button->hasFocus())
+            ui->jobView->setFocus();
+        action->setEnabled(can);
+        button->setEnabled(can);
+    }
+}
+
 void JobPane::select(int id) {
     ui->jobView->setCurrentIndex(queue->index(queue->rowOf(id), 0));
     showSelected();
@@ -102,6 +159,7 @@ void JobPane::showStart() {
 
 void JobPane::showSelected() {
     showStart();
+    showMoves();
     const Job* const job = queue->job(selected());
     const bool runs = job && job->isRunning();
     preview->setLimit(ui->preview->room());
@@ -171,6 +229,7 @@ void JobPane::changeEvent(QEvent* event) {
     if (event->type() != QEvent::LanguageChange || !queue)
         return;
     ui->retranslateUi(this);
+    nameMoves();
     widenForStates();
     shownId = 0;
     showSelected();

@@ -2,15 +2,18 @@
 // Dialog::JobPane: the exports, and one of them as it goes on.
 #pragma once
 
+#include "dialog/Models/JobQueue.h"
 #include <QWidget>
 #include <memory>
+
+class QAction;
+class QPushButton;
 
 namespace Dialog {
 
 namespace Ui {
 class JobPane;
 }
-class JobQueue;
 class PreviewMaker;
 struct Job;
 
@@ -42,6 +45,10 @@ protected:
 private:
     void widenForStates();
     void connectButtons();
+    void prepareMoves();
+    void nameMoves();
+    void moveSelected(JobQueue::Step step);
+    void showMoves();
     void showSelected();
     void showWaiting(const Job& job);
     void showRunning(const Job& job);
@@ -52,6 +59,8 @@ private:
     const std::unique_ptr<Ui::JobPane> ui;
     JobQueue* queue = nullptr;
     PreviewMaker* preview;
+    QAction* upAction;
+    QAction* downAction;
     int shownId = 0; ///< whose end is shown
 };
 
