@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QToolButton>
+#include <QTreeView>
 
 namespace TestDialog {
 namespace {
@@ -98,6 +99,10 @@ TEST_P(Pictures, OfTheMainStates) {
     find<QLineEdit>("outputEdit").setText(text("/home/jo/Videos/Harbour, third cut.mp4"));
     find<QLineEdit>("outputEdit").setFocus();
     keep("running");
+    auto& jobs = find<QTreeView>("jobView");
+    jobs.setCurrentIndex(jobs.model()->index(1, 0));
+    keep("waiting");
+    jobs.setCurrentIndex(jobs.model()->index(0, 0));
     find<QPushButton>("stopButton").click();
     ASSERT_TRUE(waitForQuestion());
     answer(QMessageBox::AcceptRole);
