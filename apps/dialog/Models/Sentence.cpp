@@ -26,6 +26,12 @@ struct Form {
     const char* source;
     QRegularExpression pattern;
     std::vector<Part> parts; ///< by place, from "%1" on
+    QString begin;           ///< what stands before the first place; looked at first, as that is done in no time
+    QString end;             ///< what stands behind the last one
+
+    QRegularExpressionMatch match(const QString& text) const {
+        return text.startsWith(begin) && text.endsWith(end) ? pattern.match(text) : QRegularExpressionMatch();
+    }
 };
 
 int placeAt(const QString& form, int index) {
@@ -65,13 +71,15 @@ QString patternOf(const QString& before, const QString& behind) {
 
 Form formOf(const char* source) {
     const QString text = QString::fromUtf8(source);
-    Form form{source, {}, {}};
+    Form form{source, {}, {}, {}, {}};
     QString pattern;
     for (int i = 0; i < text.size(); ++i) {
         if (placeAt(text, i) < 1) {
             pattern += QRegularExpression::escape(text.mid(i, 1));
+            (form.parts.empty() ? form.begin : form.end) += text[i];
             continue;
         }
+        form.end.clear();
         const QString before = text.left(i);
         form.parts.push_back(partBehind(before));
         pattern += patternOf(before, text.mid(i + 2));
@@ -133,7 +141,7 @@ public:
         if (auto list = knownList(english, QStringLiteral("; ")))
             return list;
         for (const Form& form : forms())
-            if (const auto match = form.pattern.match(english); match.hasMatch())
+            if (const auto match = form.match(english); match.hasMatch())
                 return said(form, match);
         if (auto list = knownList(english, QStringLiteral(", ")))
             return list;
