@@ -2866,6 +2866,174 @@
             <translation>was ganzzahlige Abtastwerte nicht fassen können</translation>
         </message>
         <message>
+            <source>stacks and tracks stand too deep in each other</source>
+            <translation>Stapel und Spuren sind zu tief ineinander verschachtelt</translation>
+        </message>
+        <message>
+            <source>a stack has no list of children</source>
+            <translation>einem Stapel fehlt die Liste seiner Inhalte</translation>
+        </message>
+        <message>
+            <source>a track has no list of children</source>
+            <translation>einer Spur fehlt die Liste ihrer Inhalte</translation>
+        </message>
+        <message>
+            <source>the track lasts longer than a year</source>
+            <translation>die Spur dauert länger als ein Jahr</translation>
+        </message>
+        <message>
+            <source>nothing tells how long it lasts</source>
+            <translation>nichts sagt, wie lange er dauert</translation>
+        </message>
+        <message>
+            <source>a transition reaches a negative time to one side</source>
+            <translation>ein Übergang reicht auf einer Seite um eine negative Zeit</translation>
+        </message>
+        <message>
+            <source>%1 timelines in it are called "%2"; their numbers choose one: %3</source>
+            <translation>%1 Timelines darin heißen „%2“; ihre Nummern wählen eine: %3</translation>
+        </message>
+        <message>
+            <source>there is no timeline in it</source>
+            <translation>darin ist keine Timeline</translation>
+        </message>
+        <message>
+            <source>there is no timeline "%1" in it; there are %2</source>
+            <translation>darin ist keine Timeline „%1“; es gibt %2</translation>
+        </message>
+        <message>
+            <source>there are several timelines in it, and none was chosen: %1</source>
+            <translation>darin sind mehrere Timelines, und keine wurde gewählt: %1</translation>
+        </message>
+        <message>
+            <source>the timeline has no tracks</source>
+            <translation>die Timeline hat keine Spuren</translation>
+        </message>
+        <message>
+            <source>the folder that it stands in cannot be told: %1</source>
+            <translation>der Ordner, in dem sie steht, lässt sich nicht bestimmen: %1</translation>
+        </message>
+        <message>
+            <source>there is nothing on the timeline</source>
+            <translation>auf der Timeline ist nichts</translation>
+        </message>
+        <message>
+            <source>there is no content.otio in it</source>
+            <translation>darin ist keine content.otio</translation>
+        </message>
+        <message>
+            <source>the speed is no number from -100 to 100</source>
+            <translation>die Geschwindigkeit ist keine Zahl von -100 bis 100</translation>
+        </message>
+        <message>
+            <source>it is no plain file</source>
+            <translation>sie ist keine gewöhnliche Datei</translation>
+        </message>
+        <message>
+            <source>it is not there</source>
+            <translation>sie ist nicht da</translation>
+        </message>
+        <message>
+            <source>it is longer than a timeline should be (1 GiB)</source>
+            <translation>sie ist länger, als eine Timeline sein sollte (1 GiB)</translation>
+        </message>
+        <message>
+            <source>it became shorter while it was read</source>
+            <translation>sie wurde kürzer, während sie gelesen wurde</translation>
+        </message>
+        <message>
+            <source>half of a surrogate pair stands in it, which is no letter</source>
+            <translation>darin steht ein halbes Surrogatpaar, was kein Buchstabe ist</translation>
+        </message>
+        <message>
+            <source>it nests deeper than a timeline should (%1)</source>
+            <translation>sie ist tiefer verschachtelt, als eine Timeline sein sollte (%1)</translation>
+        </message>
+        <message>
+            <source>it is no JSON: %1 (line %2, column %3)</source>
+            <translation>das ist kein JSON: %1 (Zeile %2, Spalte %3)</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is no number</source>
+            <translation>eine Zeit ist keine Zahl (%1)</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is not finite</source>
+            <translation>eine Zeit ist nicht endlich (%1)</translation>
+        </message>
+        <message>
+            <source>a time is missing</source>
+            <translation>eine Zeit fehlt</translation>
+        </message>
+        <message>
+            <source>a time lies more than a year away</source>
+            <translation>eine Zeit liegt mehr als ein Jahr entfernt</translation>
+        </message>
+        <message>
+            <source>a time's rate is not above 0 or beyond all measure</source>
+            <translation>die Rate einer Zeit ist nicht größer als 0 oder maßlos</translation>
+        </message>
+        <message>
+            <source>a range of time is missing</source>
+            <translation>ein Zeitbereich fehlt</translation>
+        </message>
+        <message>
+            <source>a duration is negative</source>
+            <translation>eine Dauer ist negativ</translation>
+        </message>
+        <message>
+            <source>is encrypted</source>
+            <translation>ist verschlüsselt</translation>
+        </message>
+        <message>
+            <source>claims to hold %1 in %2 bytes, which media never do</source>
+            <translation>will %1 in %2 Bytes enthalten, was Medien nie tun</translation>
+        </message>
+        <message>
+            <source>takes %1, and where it would be unpacked %2 are free</source>
+            <translation>braucht %1, und wo er ausgepackt würde, sind %2 frei</translation>
+        </message>
+        <message>
+            <source>makes %1 of an archive of %2 bytes, which media never do</source>
+            <translation>macht aus einem Archiv von %2 Bytes %1, was Medien nie tun</translation>
+        </message>
+        <message>
+            <source>is not unpacked: that was stopped</source>
+            <translation>wird nicht ausgepackt: Das wurde abgebrochen</translation>
+        </message>
+        <message>
+            <source>is damaged: it does not hold what it claims to</source>
+            <translation>ist beschädigt: Er enthält nicht, was er angibt</translation>
+        </message>
+        <message>
+            <source>is damaged: %1</source>
+            <translation>ist beschädigt: %1</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked</source>
+            <translation>lässt sich nicht auspacken</translation>
+        </message>
+        <message>
+            <source>it is no zip archive, or a damaged one: %1</source>
+            <translation>das ist kein Zip-Archiv oder ein beschädigtes: %1</translation>
+        </message>
+        <message>
+            <source>it has more entries than a timeline should (%1)</source>
+            <translation>sie hat mehr Einträge, als eine Timeline haben sollte (%1)</translation>
+        </message>
+        <message>
+            <source>its entry %1 is damaged</source>
+            <translation>ihr Eintrag %1 ist beschädigt</translation>
+        </message>
+        <message>
+            <source>it is an archive of version %1, and version 1 is known</source>
+            <translation>das ist ein Archiv der Version %1, bekannt ist Version 1</translation>
+        </message>
+        <message>
+            <source>there is no folder to unpack it to: %1</source>
+            <translation>es gibt keinen Ordner, in den sie sich auspacken ließe: %1</translation>
+        </message>
+        <message>
             <source>mono</source>
             <translation>Mono</translation>
         </message>
@@ -2932,6 +3100,14 @@
         <message>
             <source>%1 (/%2)</source>
             <translation>%1 (/%2)</translation>
+        </message>
+        <message>
+            <source>value</source>
+            <translation>Wert</translation>
+        </message>
+        <message>
+            <source>rate</source>
+            <translation>Rate</translation>
         </message>
     </context>
 </TS>

@@ -2866,6 +2866,174 @@
             <translation>lo que las muestras enteras no pueden contener</translation>
         </message>
         <message>
+            <source>stacks and tracks stand too deep in each other</source>
+            <translation>las pilas y las pistas están anidadas a demasiada profundidad</translation>
+        </message>
+        <message>
+            <source>a stack has no list of children</source>
+            <translation>una pila no tiene lista de elementos</translation>
+        </message>
+        <message>
+            <source>a track has no list of children</source>
+            <translation>una pista no tiene lista de elementos</translation>
+        </message>
+        <message>
+            <source>the track lasts longer than a year</source>
+            <translation>la pista dura más de un año</translation>
+        </message>
+        <message>
+            <source>nothing tells how long it lasts</source>
+            <translation>nada indica cuánto dura</translation>
+        </message>
+        <message>
+            <source>a transition reaches a negative time to one side</source>
+            <translation>una transición se extiende un tiempo negativo hacia un lado</translation>
+        </message>
+        <message>
+            <source>%1 timelines in it are called "%2"; their numbers choose one: %3</source>
+            <translation>%1 líneas de tiempo se llaman «%2»; sus números eligen una: %3</translation>
+        </message>
+        <message>
+            <source>there is no timeline in it</source>
+            <translation>no contiene ninguna línea de tiempo</translation>
+        </message>
+        <message>
+            <source>there is no timeline "%1" in it; there are %2</source>
+            <translation>no contiene ninguna línea de tiempo «%1»; hay %2</translation>
+        </message>
+        <message>
+            <source>there are several timelines in it, and none was chosen: %1</source>
+            <translation>contiene varias líneas de tiempo y no se eligió ninguna: %1</translation>
+        </message>
+        <message>
+            <source>the timeline has no tracks</source>
+            <translation>la línea de tiempo no tiene pistas</translation>
+        </message>
+        <message>
+            <source>the folder that it stands in cannot be told: %1</source>
+            <translation>no se puede determinar la carpeta en la que está: %1</translation>
+        </message>
+        <message>
+            <source>there is nothing on the timeline</source>
+            <translation>no hay nada en la línea de tiempo</translation>
+        </message>
+        <message>
+            <source>there is no content.otio in it</source>
+            <translation>no contiene content.otio</translation>
+        </message>
+        <message>
+            <source>the speed is no number from -100 to 100</source>
+            <translation>la velocidad no es un número de -100 a 100</translation>
+        </message>
+        <message>
+            <source>it is no plain file</source>
+            <translation>no es un archivo normal</translation>
+        </message>
+        <message>
+            <source>it is not there</source>
+            <translation>no está</translation>
+        </message>
+        <message>
+            <source>it is longer than a timeline should be (1 GiB)</source>
+            <translation>es más largo de lo que debería ser una línea de tiempo (1 GiB)</translation>
+        </message>
+        <message>
+            <source>it became shorter while it was read</source>
+            <translation>se acortó mientras se leía</translation>
+        </message>
+        <message>
+            <source>half of a surrogate pair stands in it, which is no letter</source>
+            <translation>contiene medio par sustituto, que no es ninguna letra</translation>
+        </message>
+        <message>
+            <source>it nests deeper than a timeline should (%1)</source>
+            <translation>está anidado a más profundidad de la debida (%1)</translation>
+        </message>
+        <message>
+            <source>it is no JSON: %1 (line %2, column %3)</source>
+            <translation>no es JSON: %1 (línea %2, columna %3)</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is no number</source>
+            <translation>un tiempo no es un número (%1)</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is not finite</source>
+            <translation>un tiempo no es finito (%1)</translation>
+        </message>
+        <message>
+            <source>a time is missing</source>
+            <translation>falta un tiempo</translation>
+        </message>
+        <message>
+            <source>a time lies more than a year away</source>
+            <translation>un tiempo está a más de un año</translation>
+        </message>
+        <message>
+            <source>a time's rate is not above 0 or beyond all measure</source>
+            <translation>la frecuencia de un tiempo no es mayor que 0 o es desmesurada</translation>
+        </message>
+        <message>
+            <source>a range of time is missing</source>
+            <translation>falta un intervalo de tiempo</translation>
+        </message>
+        <message>
+            <source>a duration is negative</source>
+            <translation>una duración es negativa</translation>
+        </message>
+        <message>
+            <source>is encrypted</source>
+            <translation>está cifrada</translation>
+        </message>
+        <message>
+            <source>claims to hold %1 in %2 bytes, which media never do</source>
+            <translation>dice contener %1 en %2 bytes, lo que ningún medio hace</translation>
+        </message>
+        <message>
+            <source>takes %1, and where it would be unpacked %2 are free</source>
+            <translation>ocupa %1, y donde se desempaquetaría hay %2 libres</translation>
+        </message>
+        <message>
+            <source>makes %1 of an archive of %2 bytes, which media never do</source>
+            <translation>convierte un archivo comprimido de %2 bytes en %1, lo que ningún medio hace</translation>
+        </message>
+        <message>
+            <source>is not unpacked: that was stopped</source>
+            <translation>no se desempaqueta: se detuvo</translation>
+        </message>
+        <message>
+            <source>is damaged: it does not hold what it claims to</source>
+            <translation>está dañada: no contiene lo que dice</translation>
+        </message>
+        <message>
+            <source>is damaged: %1</source>
+            <translation>está dañada: %1</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked</source>
+            <translation>no se puede desempaquetar</translation>
+        </message>
+        <message>
+            <source>it is no zip archive, or a damaged one: %1</source>
+            <translation>no es un archivo zip, o está dañado: %1</translation>
+        </message>
+        <message>
+            <source>it has more entries than a timeline should (%1)</source>
+            <translation>tiene más entradas de las que debería una línea de tiempo (%1)</translation>
+        </message>
+        <message>
+            <source>its entry %1 is damaged</source>
+            <translation>su entrada %1 está dañada</translation>
+        </message>
+        <message>
+            <source>it is an archive of version %1, and version 1 is known</source>
+            <translation>es un archivo comprimido de la versión %1, y se conoce la versión 1</translation>
+        </message>
+        <message>
+            <source>there is no folder to unpack it to: %1</source>
+            <translation>no hay carpeta donde desempaquetarlo: %1</translation>
+        </message>
+        <message>
             <source>mono</source>
             <translation>mono</translation>
         </message>
@@ -2932,6 +3100,14 @@
         <message>
             <source>%1 (/%2)</source>
             <translation>%1 (/%2)</translation>
+        </message>
+        <message>
+            <source>value</source>
+            <translation>valor</translation>
+        </message>
+        <message>
+            <source>rate</source>
+            <translation>frecuencia</translation>
         </message>
     </context>
 </TS>

@@ -2857,6 +2857,174 @@
             <translation>整数のサンプルには収まりません</translation>
         </message>
         <message>
+            <source>stacks and tracks stand too deep in each other</source>
+            <translation>スタックとトラックの入れ子が深すぎます</translation>
+        </message>
+        <message>
+            <source>a stack has no list of children</source>
+            <translation>スタックに子要素のリストがありません</translation>
+        </message>
+        <message>
+            <source>a track has no list of children</source>
+            <translation>トラックに子要素のリストがありません</translation>
+        </message>
+        <message>
+            <source>the track lasts longer than a year</source>
+            <translation>トラックが 1 年より長くなっています</translation>
+        </message>
+        <message>
+            <source>nothing tells how long it lasts</source>
+            <translation>長さが示されていません</translation>
+        </message>
+        <message>
+            <source>a transition reaches a negative time to one side</source>
+            <translation>トランジションの片側の長さが負です</translation>
+        </message>
+        <message>
+            <source>%1 timelines in it are called "%2"; their numbers choose one: %3</source>
+            <translation>「%2」という名前のタイムラインが %1 個あります。番号で選べます: %3</translation>
+        </message>
+        <message>
+            <source>there is no timeline in it</source>
+            <translation>タイムラインが含まれていません</translation>
+        </message>
+        <message>
+            <source>there is no timeline "%1" in it; there are %2</source>
+            <translation>タイムライン「%1」は含まれていません。あるのは %2 です</translation>
+        </message>
+        <message>
+            <source>there are several timelines in it, and none was chosen: %1</source>
+            <translation>複数のタイムラインが含まれていますが、選ばれていません: %1</translation>
+        </message>
+        <message>
+            <source>the timeline has no tracks</source>
+            <translation>タイムラインにトラックがありません</translation>
+        </message>
+        <message>
+            <source>the folder that it stands in cannot be told: %1</source>
+            <translation>置かれているフォルダーがわかりません: %1</translation>
+        </message>
+        <message>
+            <source>there is nothing on the timeline</source>
+            <translation>タイムラインに何もありません</translation>
+        </message>
+        <message>
+            <source>there is no content.otio in it</source>
+            <translation>content.otio が含まれていません</translation>
+        </message>
+        <message>
+            <source>the speed is no number from -100 to 100</source>
+            <translation>速度が -100 から 100 までの数ではありません</translation>
+        </message>
+        <message>
+            <source>it is no plain file</source>
+            <translation>通常のファイルではありません</translation>
+        </message>
+        <message>
+            <source>it is not there</source>
+            <translation>ありません</translation>
+        </message>
+        <message>
+            <source>it is longer than a timeline should be (1 GiB)</source>
+            <translation>タイムラインとしては大きすぎます（1 GiB）</translation>
+        </message>
+        <message>
+            <source>it became shorter while it was read</source>
+            <translation>読み込み中に短くなりました</translation>
+        </message>
+        <message>
+            <source>half of a surrogate pair stands in it, which is no letter</source>
+            <translation>サロゲートペアの片方だけがあり、文字になりません</translation>
+        </message>
+        <message>
+            <source>it nests deeper than a timeline should (%1)</source>
+            <translation>入れ子がタイムラインとしては深すぎます（%1）</translation>
+        </message>
+        <message>
+            <source>it is no JSON: %1 (line %2, column %3)</source>
+            <translation>JSON ではありません: %1（%2 行 %3 列）</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is no number</source>
+            <translation>時間の%1が数ではありません</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is not finite</source>
+            <translation>時間の%1が有限ではありません</translation>
+        </message>
+        <message>
+            <source>a time is missing</source>
+            <translation>時間がありません</translation>
+        </message>
+        <message>
+            <source>a time lies more than a year away</source>
+            <translation>時間が 1 年より離れています</translation>
+        </message>
+        <message>
+            <source>a time's rate is not above 0 or beyond all measure</source>
+            <translation>時間のレートが 0 以下か、大きすぎます</translation>
+        </message>
+        <message>
+            <source>a range of time is missing</source>
+            <translation>時間の範囲がありません</translation>
+        </message>
+        <message>
+            <source>a duration is negative</source>
+            <translation>長さが負です</translation>
+        </message>
+        <message>
+            <source>is encrypted</source>
+            <translation>は暗号化されています</translation>
+        </message>
+        <message>
+            <source>claims to hold %1 in %2 bytes, which media never do</source>
+            <translation>は %2 バイトで %1 を収めているとされていますが、メディアではあり得ません</translation>
+        </message>
+        <message>
+            <source>takes %1, and where it would be unpacked %2 are free</source>
+            <translation>には %1 必要ですが、展開先の空きは %2 です</translation>
+        </message>
+        <message>
+            <source>makes %1 of an archive of %2 bytes, which media never do</source>
+            <translation>を含めると %2 バイトのアーカイブが %1 になりますが、メディアではあり得ません</translation>
+        </message>
+        <message>
+            <source>is not unpacked: that was stopped</source>
+            <translation>は展開されません。中止されました</translation>
+        </message>
+        <message>
+            <source>is damaged: it does not hold what it claims to</source>
+            <translation>は破損しています。示された内容がありません</translation>
+        </message>
+        <message>
+            <source>is damaged: %1</source>
+            <translation>は破損しています: %1</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked</source>
+            <translation>を展開できません</translation>
+        </message>
+        <message>
+            <source>it is no zip archive, or a damaged one: %1</source>
+            <translation>ZIP アーカイブではないか、破損しています: %1</translation>
+        </message>
+        <message>
+            <source>it has more entries than a timeline should (%1)</source>
+            <translation>エントリーがタイムラインとしては多すぎます（%1）</translation>
+        </message>
+        <message>
+            <source>its entry %1 is damaged</source>
+            <translation>エントリー %1 が破損しています</translation>
+        </message>
+        <message>
+            <source>it is an archive of version %1, and version 1 is known</source>
+            <translation>バージョン %1 のアーカイブですが、対応しているのはバージョン 1 です</translation>
+        </message>
+        <message>
+            <source>there is no folder to unpack it to: %1</source>
+            <translation>展開先のフォルダーがありません: %1</translation>
+        </message>
+        <message>
             <source>mono</source>
             <translation>モノラル</translation>
         </message>
@@ -2923,6 +3091,14 @@
         <message>
             <source>%1 (/%2)</source>
             <translation>%1 (/%2)</translation>
+        </message>
+        <message>
+            <source>value</source>
+            <translation>値</translation>
+        </message>
+        <message>
+            <source>rate</source>
+            <translation>レート</translation>
         </message>
     </context>
 </TS>

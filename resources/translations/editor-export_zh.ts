@@ -2857,6 +2857,174 @@
             <translation>整数采样无法容纳</translation>
         </message>
         <message>
+            <source>stacks and tracks stand too deep in each other</source>
+            <translation>堆叠与轨道嵌套过深</translation>
+        </message>
+        <message>
+            <source>a stack has no list of children</source>
+            <translation>堆叠没有子项列表</translation>
+        </message>
+        <message>
+            <source>a track has no list of children</source>
+            <translation>轨道没有子项列表</translation>
+        </message>
+        <message>
+            <source>the track lasts longer than a year</source>
+            <translation>轨道超过一年</translation>
+        </message>
+        <message>
+            <source>nothing tells how long it lasts</source>
+            <translation>没有说明其时长</translation>
+        </message>
+        <message>
+            <source>a transition reaches a negative time to one side</source>
+            <translation>转场在一侧的时间为负</translation>
+        </message>
+        <message>
+            <source>%1 timelines in it are called "%2"; their numbers choose one: %3</source>
+            <translation>其中有 %1 条时间线名为“%2”；可按编号选择：%3</translation>
+        </message>
+        <message>
+            <source>there is no timeline in it</source>
+            <translation>其中没有时间线</translation>
+        </message>
+        <message>
+            <source>there is no timeline "%1" in it; there are %2</source>
+            <translation>其中没有时间线“%1”；有 %2</translation>
+        </message>
+        <message>
+            <source>there are several timelines in it, and none was chosen: %1</source>
+            <translation>其中有多条时间线，但未选择：%1</translation>
+        </message>
+        <message>
+            <source>the timeline has no tracks</source>
+            <translation>时间线没有轨道</translation>
+        </message>
+        <message>
+            <source>the folder that it stands in cannot be told: %1</source>
+            <translation>无法确定其所在的文件夹：%1</translation>
+        </message>
+        <message>
+            <source>there is nothing on the timeline</source>
+            <translation>时间线上没有内容</translation>
+        </message>
+        <message>
+            <source>there is no content.otio in it</source>
+            <translation>其中没有 content.otio</translation>
+        </message>
+        <message>
+            <source>the speed is no number from -100 to 100</source>
+            <translation>速度不是 -100 到 100 之间的数</translation>
+        </message>
+        <message>
+            <source>it is no plain file</source>
+            <translation>它不是普通文件</translation>
+        </message>
+        <message>
+            <source>it is not there</source>
+            <translation>它不存在</translation>
+        </message>
+        <message>
+            <source>it is longer than a timeline should be (1 GiB)</source>
+            <translation>它超过时间线应有的大小（1 GiB）</translation>
+        </message>
+        <message>
+            <source>it became shorter while it was read</source>
+            <translation>读取过程中它变短了</translation>
+        </message>
+        <message>
+            <source>half of a surrogate pair stands in it, which is no letter</source>
+            <translation>其中有半个代理对，不构成字符</translation>
+        </message>
+        <message>
+            <source>it nests deeper than a timeline should (%1)</source>
+            <translation>嵌套深度超过时间线应有的程度（%1）</translation>
+        </message>
+        <message>
+            <source>it is no JSON: %1 (line %2, column %3)</source>
+            <translation>它不是 JSON：%1（第 %2 行，第 %3 列）</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is no number</source>
+            <translation>时间的%1不是数</translation>
+        </message>
+        <message>
+            <source>the %1 of a time is not finite</source>
+            <translation>时间的%1不是有限数</translation>
+        </message>
+        <message>
+            <source>a time is missing</source>
+            <translation>缺少时间</translation>
+        </message>
+        <message>
+            <source>a time lies more than a year away</source>
+            <translation>时间相距超过一年</translation>
+        </message>
+        <message>
+            <source>a time's rate is not above 0 or beyond all measure</source>
+            <translation>时间的速率不大于 0，或过大</translation>
+        </message>
+        <message>
+            <source>a range of time is missing</source>
+            <translation>缺少时间范围</translation>
+        </message>
+        <message>
+            <source>a duration is negative</source>
+            <translation>时长为负</translation>
+        </message>
+        <message>
+            <source>is encrypted</source>
+            <translation>已加密</translation>
+        </message>
+        <message>
+            <source>claims to hold %1 in %2 bytes, which media never do</source>
+            <translation>声称在 %2 字节中容纳 %1，媒体不会如此</translation>
+        </message>
+        <message>
+            <source>takes %1, and where it would be unpacked %2 are free</source>
+            <translation>需要 %1，而解包位置可用 %2</translation>
+        </message>
+        <message>
+            <source>makes %1 of an archive of %2 bytes, which media never do</source>
+            <translation>使 %2 字节的压缩包变为 %1，媒体不会如此</translation>
+        </message>
+        <message>
+            <source>is not unpacked: that was stopped</source>
+            <translation>未解包：已停止</translation>
+        </message>
+        <message>
+            <source>is damaged: it does not hold what it claims to</source>
+            <translation>已损坏：内容与其声明不符</translation>
+        </message>
+        <message>
+            <source>is damaged: %1</source>
+            <translation>已损坏：%1</translation>
+        </message>
+        <message>
+            <source>cannot be unpacked</source>
+            <translation>无法解包</translation>
+        </message>
+        <message>
+            <source>it is no zip archive, or a damaged one: %1</source>
+            <translation>它不是 zip 压缩包，或已损坏：%1</translation>
+        </message>
+        <message>
+            <source>it has more entries than a timeline should (%1)</source>
+            <translation>其条目多于时间线应有的数量（%1）</translation>
+        </message>
+        <message>
+            <source>its entry %1 is damaged</source>
+            <translation>其条目 %1 已损坏</translation>
+        </message>
+        <message>
+            <source>it is an archive of version %1, and version 1 is known</source>
+            <translation>它是版本 %1 的压缩包，已知的是版本 1</translation>
+        </message>
+        <message>
+            <source>there is no folder to unpack it to: %1</source>
+            <translation>没有可供解包的文件夹：%1</translation>
+        </message>
+        <message>
             <source>mono</source>
             <translation>单声道</translation>
         </message>
@@ -2923,6 +3091,14 @@
         <message>
             <source>%1 (/%2)</source>
             <translation>%1（/%2）</translation>
+        </message>
+        <message>
+            <source>value</source>
+            <translation>数值</translation>
+        </message>
+        <message>
+            <source>rate</source>
+            <translation>速率</translation>
         </message>
     </context>
 </TS>

@@ -6,16 +6,17 @@ import re
 FOLDERS = ("apps/ExportCore", "multimediacore/src", "editor/src/library")
 LITERAL = r'"(?:[^"\\\n]|\\.)*"'
 RUN = re.compile(rf"{LITERAL}(?:\s*{LITERAL})*")
-CALLS = re.compile(r"(?<![\w:])(?:Note|Report|warn|context\.tell|(?:notes|warnings|damage|troubles|findings)\.(?:push|emplace)_back)\(|"
+CALLS = re.compile(r"(?<![\w:])(?:Note|Report|warn|(?:context\.)?tell|context\.error|(?:notes|warnings|damage|troubles|findings)\.(?:push|emplace)_back)\(|"
                    r"(?:->|\.)note\(|\bfound\((?=Finding)|\b(?:notes|warnings)\s*<<")
 # Those have words of their own: refusals, and what is translated where it is said.
-OTHERS = re.compile(r"\b(?:KESTRA_THROW|Fail|Refuse|RefuseChoice|refuse|error|tr)\(")
+OTHERS = re.compile(r"\b(?:KESTRA_THROW|Fail|Refuse|RefuseChoice|refuse|tr)\(")
 # What is compared or looked up is not said.
 LOOKED_UP = re.compile(rf"(?:[=!]= |\[|\b(?:text|has|flag|whole)\((?:\w+, )?){LITERAL}|{LITERAL}(?= [=!]= )")
 # What is called for names, numbers and times, which are the same in every language, or asks something.
 NAMES = {"to_string", "string", "fromStdString", "arg", "ToUtf8", "GetPath", "NameOf", "GetFiles", "Seconds", "IsEmpty", "IsTopFieldFirst",
          "GetDetails", "GetLength", "size", "empty", "substr", "lround", "max", "str", "format", "Value", "text", "OtioNode", "pointer", "pointerOf",
-         "SamplesToTime"}
+         "SamplesToTime", "message", "generic_category", "isTooDeep", "numbersOf", "exactRate", "GetParseError_En", "GetParseError",
+         "placeOf", "GetErrorOffset", "lackOf", "Ticks"}
 # What is passed on, as an expression in a file, and what is called for words: the functions that say them. None of those where
 # a note is made that is found itself, or what is no note.
 RELAYS = {
@@ -33,6 +34,7 @@ RELAYS = {
     "InputProgramme.cpp: text": ["LeftOut.cpp: of", "LeftOut.cpp: tagsOf"],
     "TimelineMedia.cpp: std::move(*finding)": ["TimelineMedia.cpp: findingOf", "TimelineMedia.cpp: troubleOf"],
     "TimelineMedia.cpp: Finding::Kind::Warning, name + shortage": ["MediaShortage.cpp: shortageOf", "MediaShortage.cpp: inWords"],
+    "Thumbnails.cpp: index, picture": [],
     "TimelineOpening.cpp: std::move(finding)": [],
     "TimelineTrial.cpp: std::move(finding)": [],
     "TimelineTrial.cpp: {Finding::Kind::Error, {}, {}, why}": [],
@@ -53,7 +55,14 @@ RELAYS = {
     "MediaProbe.cpp: {path, info.duration, newcomer, true}": ["Demuxer.cpp: GetNewcomer"],
     "MediaProbe.cpp: {path, 0, reason, !demuxer.GetTrouble().empty()}": ["FirstFrames.cpp: WhyMissing"],
     "FileTags.cpp: what": [],
+    "OtioContext.h: Finding::Kind::Error, node, text": [],
+    "OtioContext.h: Finding::Kind::Warning, node, text": [],
+    "OtioText.cpp: OtioNode(rapidjson::Value()), text": [],
+    "ZipMedia.cpp: entry, trouble": ["ZipMedia.cpp: makeFile"],
+    "ZipMedia.cpp: *file.entry, trouble": ["ZipArchive.cpp: whyNot", "ZipArchive.cpp: unpack"],
     "textOf": [],
+    # A number is chosen on the command line.
+    "listed": [],
     "labelled": ["ClipsBetweenFrames.cpp: labelled"],
     "MissingCount": ["SequenceSource.cpp: MissingCount"],
     "FieldOrderText": ["FieldOrder.cpp: FieldOrderText"],

@@ -206,6 +206,19 @@ TEST_F(Sentences, TellWhatOfATimelineIsLeftOutOrHeld) {
              "nicht da, auch nicht unter dem Ordner für Medien"));
 }
 
+TEST_F(Sentences, TellWhyATimelineIsRefused) {
+    EXPECT_EQ(german("Cannot export \"a.otio\": it is no JSON: Invalid value. (line 3, column 5)"),
+              text("„a.otio“ lässt sich nicht exportieren: das ist kein JSON: Invalid value. (Zeile 3, Spalte 5)"));
+    EXPECT_EQ(german("Cannot export \"a.otio\": stack \"S\", track \"V\", clip \"x\": nothing tells how long it lasts; "
+                     "stack \"S\", track \"V\": the rate of a time is no number (/tracks/1)"),
+              text("„a.otio“ lässt sich nicht exportieren: Stapel „S“, Spur „V“, Clip „x“: nichts sagt, wie lange er "
+                   "dauert; Stapel „S“, Spur „V“: eine Zeit ist keine Zahl (Rate) (/tracks/1)"));
+    EXPECT_EQ(german("Cannot export \"a.otioz\": its entry \"media/b.mov\" claims to hold 900 MiB in 70 bytes, which "
+                     "media never do"),
+              text("„a.otioz“ lässt sich nicht exportieren: sein Eintrag „media/b.mov“ will 900 MiB in 70 Bytes "
+                   "enthalten, was Medien nie tun"));
+}
+
 TEST_F(Sentences, ThatNobodyKnowsStayAsTheyAre) {
     EXPECT_EQ(german("Something new has happened, size and all"), text("Something new has happened, size and all"));
     EXPECT_EQ(german("Cannot read \"a\": something new"), text("„a“ lässt sich nicht lesen: something new"));
