@@ -91,14 +91,14 @@ Form formOf(const char* source) {
 }
 
 const std::vector<Form>& forms() {
-    static const std::vector<Form> all = [] {
+    static const auto& all = *new std::vector<Form>([] {
         std::vector<Form> made;
         for (const char* const source : SENTENCE_FORMS)
             made.push_back(formOf(source));
         for (const char* const source : NOTE_FORMS)
             made.push_back(formOf(source));
         return made;
-    }();
+    }());
     return all;
 }
 
