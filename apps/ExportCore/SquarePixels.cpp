@@ -3,12 +3,15 @@
 
 #include "EditorProject/SquarePixels.h"
 #include "Kestra/Conf/Container.h"
+#include <algorithm>
+#include <numeric>
 
 namespace ExportCore {
 namespace {
 
-std::string textOf(const Media::Video& video) {
-    return std::to_string(video.width) + 'x' + std::to_string(video.height);
+std::string shapeOf(const Media::Video& video) {
+    const std::uint32_t common = std::max(1U, std::gcd(video.aspectNumerator, video.aspectDenominator));
+    return std::to_string(video.aspectNumerator / common) + ':' + std::to_string(video.aspectDenominator / common);
 }
 
 } // namespace
@@ -34,8 +37,8 @@ std::string SquarePixels::note(const std::vector<Project::SeenPictures>& picture
     const Media::Video square = of(first, preset);
     if (square.width == first.width && square.height == first.height)
         return {};
-    return "Pixels that are not square become square, " + textOf(first) + " as " + textOf(square) +
-           ": viewers of such files know no others";
+    return "Pixels that are not square become square, " + std::to_string(first.width) + 'x' +
+           std::to_string(first.height) + " as " + shapeOf(first) + ": viewers of such files know no others";
 }
 
 } // namespace ExportCore

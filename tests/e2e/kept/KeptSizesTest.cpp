@@ -62,7 +62,7 @@ TEST(KeptSize, PixelsBecomeSquareInFilesWhoseViewersKnowNoOthers) {
         const auto outcome =
             TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", kind.preset, media / kind.file));
         ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
-        const QStringList told = outcome.notes.filter(QStringLiteral("become square, 72x48 as 144x48: "));
+        const QStringList told = outcome.notes.filter(QStringLiteral("become square, 72x48 as 3:1: "));
         EXPECT_EQ(told.size(), 1) << kind.preset << outcome.notes.join(QLatin1Char('\n')).toStdString();
         const auto shown = TestMedia::probe(media / kind.picture);
         EXPECT_EQ(shown.video->width, 144) << kind.preset;
@@ -82,6 +82,7 @@ TEST(KeptSize, IsThatOfTheLimitWherePixelsBecomeSquare) {
         TestExport::run(TestExport::requestOfPictures(media / "wide.mkv", "gif-gif-240p", media / "wide.gif"));
     ASSERT_EQ(outcome.status, Status::Done) << outcome.error.GetDescription();
     EXPECT_EQ(shapeOf(media / "wide.gif").substr(0, 7), "426,240");
+    EXPECT_EQ(outcome.notes.filter(QStringLiteral("become square, 720x576 as 16:9: ")).size(), 1);
 }
 
 TEST(KeptSize, OfSquarePixelsStaysInSuchFilesWithoutAWord) {
