@@ -42,6 +42,11 @@ double PeriodOf(const Rate& rate) {
     return static_cast<double>(TIME_BASE) / boost::rational_cast<double>(rate);
 }
 
+/// As 29.97 and 30 are.
+bool AreSiblings(const Rate& rate, const Rate& other) {
+    return std::abs(boost::rational_cast<double>(rate) / boost::rational_cast<double>(other) - 1) < SAME_RATE;
+}
+
 // The fraction of small terms that is as near as the times can tell.
 Rate Simplest(double value, double doubt) {
     for (long long denominator = 1; denominator <= 1001; ++denominator) {
@@ -168,8 +173,7 @@ RateChoice RateChooser::Choose() const {
         rate = 0;
     const Rate usual = FindUsualRate();
     // A line through parts that are joined off their grid is a little off their rate.
-    if (rate > 0 && usual > 0 && line.worst > std::max(tick, SMALLEST_JITTER * line.period) &&
-        std::abs(boost::rational_cast<double>(usual / rate) - 1) < SAME_RATE)
+    if (rate > 0 && usual > 0 && line.worst > std::max(tick, SMALLEST_JITTER * line.period) && AreSiblings(usual, rate))
         rate = usual;
     if (rate == 0)
         rate = FindSparseGrid();
@@ -219,7 +223,7 @@ Rate RateChooser::FindLowestRate() const {
             continue;
         // 29.97 and 30 show the same number; which of them fits better is what was meant.
         const Rate& next = rates[index + 1];
-        const bool siblings = boost::rational_cast<double>(next / rates[index]) - 1 < SAME_RATE;
+        const bool siblings = AreSiblings(next, rates[index]);
         const bool better = siblings && Misfit(next) < Misfit(rates[index]);
         return better ? next : rates[index];
     }
