@@ -44,7 +44,7 @@ std::string NearFiles::question(const QByteArray& path) {
     std::vector<std::string> near;
     for (const std::string& found : NearNames::find(name, namesIn(folder.empty() ? "." : folder), CANDIDATES))
         if (isNear(name, found) && near.size() < MOST)
-            near.push_back('"' + folder + found + '"');
+            near.push_back(std::string("\"").append(folder).append(found).append("\""));
     return near.empty() ? std::string() : "; did you mean " + NameList::joined(near, " or ") + '?';
 }
 
