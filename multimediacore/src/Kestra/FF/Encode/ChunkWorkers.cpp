@@ -144,7 +144,7 @@ Packets ChunkWorkers::Take() {
     }
     jobs.pop_front();
     if (job->failure)
-        std::rethrow_exception(job->failure);
+        std::rethrow_exception(std::exchange(job->failure, nullptr)); // its thread may hold the job a little longer
     return std::move(job->packets);
 }
 
