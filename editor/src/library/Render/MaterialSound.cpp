@@ -120,7 +120,7 @@ MaterialSound::Block MaterialSound::take(SampleIndex count) {
     const SampleIndex all = countOf(*block);
     if (count == all)
         return std::exchange(block, nullptr);
-    const Block part = block->Slice(0, count.Value());
+    Block part = block->Slice(0, count.Value());
     block = block->Slice(count.Value(), (all - count).Value());
     return part;
 }

@@ -79,7 +79,7 @@ MaterialSound& SoundStream::sounding(const Material& material) {
 SoundStream::Block SoundStream::readOne(const Material& material) {
     MaterialSound& sound = sounding(material);
     if (sound.silenceBefore() > NONE) {
-        const Block block = readSilence(std::min(sound.silenceBefore(), left()));
+        Block block = readSilence(std::min(sound.silenceBefore(), left()));
         sound.passSilence(SampleIndex(block->GetSampleCount()));
         return block;
     }

@@ -80,7 +80,7 @@ std::string PrimaryOf(const std::string& text) {
 } // namespace
 
 std::string Language::CodeOf(const std::string& text) {
-    const std::string primary = PrimaryOf(text);
+    std::string primary = PrimaryOf(text);
     if (!std::all_of(primary.begin(), primary.end(), IsLetter))
         return {};
     if (primary.size() == 2)

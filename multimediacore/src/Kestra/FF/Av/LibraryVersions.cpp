@@ -50,7 +50,7 @@ std::string Told(const std::string& path, const Encoder& encoder) {
         text = reinterpret_cast<const char* (*)()>(symbol)();
     else if (symbol)
         text = *static_cast<const char* const*>(symbol);
-    const std::string told = text ? text : "";
+    std::string told = text ? text : "";
     dlclose(library);
     return told;
 }
