@@ -19,7 +19,7 @@ public:
     FirstPictures(const std::vector<Project::SeenPictures>& pictures, const ExportRequest& request,
                   const Preset& preset);
 
-    /// Which of the others are larger, though the preset would take more.
+    /// Which of the others are scaled down to the first ones' size, though the preset would take more.
     std::string noteOnSize() const;
     /// Of which of the others pictures are left out or shown for unequal times in the file's `rate`, which is that of
     /// the first ones; 0 where it is another.

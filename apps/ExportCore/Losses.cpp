@@ -41,7 +41,7 @@ void Losses::tell(ExportOutcome& outcome, const EditorProject& project, const Re
     const boost::rational<long long> own(project.video().frameRateNumerator, project.video().frameRateDenominator);
     for (const std::string& note :
          {SquarePixels::note(pictures, preset), first.noteOnSize(), first.noteOnRate(rate == own ? rate : 0),
-          MixedDown::note(sequence, range, project.audio().channelLayout, request, preset)})
+          MixedDown::note(project.soundsIn(range), project.audio().channelLayout, request, preset)})
         if (!note.empty())
             outcome.notes << QString::fromStdString(note);
     warnOfClips(outcome, project, sequence, range, request, provider);

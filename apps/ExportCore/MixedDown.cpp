@@ -4,24 +4,12 @@
 #include "ExportCore/PresetSettings.h"
 #include "Kestra/ClientAPI/CodecLimits.h"
 #include "Kestra/Conf/SampleInfo.h"
-#include "Render/SequenceMedia.h"
-#include "Types/Time.h"
 #include <algorithm>
-#include <vector>
 
 namespace ExportCore {
 namespace {
 
 using namespace Kestra;
-
-std::vector<Render::MediaPool::Source> heardIn(const Render::Sequence& sequence, const Types::Range& range) {
-    const Ticks start(Types::toAvTime(range.start)), end(Types::toAvTime(range.end));
-    const Ticks duration = sequence.document->duration();
-    const bool isAll = start >= end;
-    const Render::Window window(isAll ? Ticks(0) : start, isAll ? duration : std::min(end, duration), std::nullopt);
-    return window.isEmpty() ? std::vector<Render::MediaPool::Source>()
-                            : Render::mediaHeard(sequence, window, SampleGrid(48000));
-}
 
 /// What "--set channels" takes that has room for so many, or the most that there is; no channels where nothing has
 /// more than `least`.
@@ -46,7 +34,7 @@ std::string nameOf(std::uint32_t layout) {
 
 } // namespace
 
-std::string MixedDown::note(const Render::Sequence& sequence, const Types::Range& range, std::uint32_t layout,
+std::string MixedDown::note(const std::vector<Project::HeardSound>& sounds, std::uint32_t layout,
                             const ExportRequest& request, const Preset& preset) {
     const int channels = Conf::CountChannels(layout);
     if (!preset.hasAudio() || preset.channelLayout() != 0 || request.tracks.sound == TrackOptions::Sound::None ||
@@ -54,10 +42,10 @@ std::string MixedDown::note(const Render::Sequence& sequence, const Types::Range
         return {};
     std::vector<std::string> mixed;
     int most = channels;
-    for (const auto& medium : heardIn(sequence, range)) {
-        const int own = Conf::CountChannels(medium->GetInfo().audio->channelLayout);
+    for (const Project::HeardSound& sound : sounds) {
+        const int own = Conf::CountChannels(sound.channelLayout);
         if (own > channels)
-            mixed.push_back('"' + medium->GetPath().ToUtf8() + '"');
+            mixed.push_back('"' + sound.path.ToUtf8() + '"');
         most = std::max(most, own);
     }
     const std::uint32_t wider = mixed.empty() ? 0 : layoutFor(most, channels, preset.audioCodec());

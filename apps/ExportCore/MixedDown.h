@@ -3,20 +3,19 @@
 #pragma once
 
 #include "EditorPreset/Preset.h"
+#include "EditorProject/HeardSound.h"
 #include "ExportCore/ExportRequest.h"
-#include "Render/Sequence.h"
-#include "Types/Range.h"
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace ExportCore {
 
 class MixedDown {
 public:
-    /// Of an export of the range, all where it is empty, whose sound has the composition's `layout`, which some in it
-    /// have more channels than, though the preset would take more, and the way out; empty where none do, or the
-    /// channels were ordered.
-    static std::string note(const Render::Sequence& sequence, const Types::Range& range, std::uint32_t layout,
+    /// Of an export of these sounds in the composition's `layout`: which of them have more channels than that, though
+    /// the preset would take more, and the way out; empty where none do, or the channels were ordered.
+    static std::string note(const std::vector<Project::HeardSound>& sounds, std::uint32_t layout,
                             const ExportRequest& request, const Preset& preset);
 
     MixedDown() = delete;

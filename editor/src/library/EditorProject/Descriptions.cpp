@@ -164,6 +164,13 @@ std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Typ
     return pictures;
 }
 
+std::vector<HeardSound> soundsIn(const Render::Sequence& sequence, const Types::Range& range) {
+    std::vector<HeardSound> sounds;
+    for (const Source& medium : heardIn(sequence, range))
+        sounds.push_back({medium->GetPath(), medium->GetInfo().audio->channelLayout});
+    return sounds;
+}
+
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range) {
     Media::Audio audio;
     audio.sampleRate = DEFAULT_SAMPLE_RATE;

@@ -2,6 +2,7 @@
 // The descriptions that a sequence gives its composition.
 #pragma once
 
+#include "EditorProject/HeardSound.h"
 #include "EditorProject/SeenPictures.h"
 #include "Media/Audio.h"
 #include "Media/Video.h"
@@ -22,5 +23,7 @@ Media::Video describeVideo(const Render::Sequence& sequence, const Types::Range&
 Media::Audio describeAudio(const Render::Sequence& sequence, const Types::Range& range = {});
 /// As EditorProject::picturesIn().
 std::vector<SeenPictures> picturesIn(const Render::Sequence& sequence, const Types::Range& range);
+/// As EditorProject::soundsIn().
+std::vector<HeardSound> soundsIn(const Render::Sequence& sequence, const Types::Range& range);
 
 } // namespace Project

@@ -139,6 +139,11 @@ std::vector<Project::SeenPictures> EditorProject::picturesIn(const Types::Range&
                                : std::vector<Project::SeenPictures>();
 }
 
+std::vector<Project::HeardSound> EditorProject::soundsIn(const Types::Range& streamRange) const {
+    return d->model.sequence() ? Project::soundsIn(*d->model.sequence(), streamRange)
+                               : std::vector<Project::HeardSound>();
+}
+
 Project::StreamLengths EditorProject::expectedLengths(const Types::Range& streamRange, const Media::Video* video,
                                                       const Media::Audio* audio) const {
     return d->model.lengths(streamRange, video, audio);

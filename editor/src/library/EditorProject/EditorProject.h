@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Composition/Object.h"
+#include "EditorProject/HeardSound.h"
 #include "EditorProject/SeenPictures.h"
 #include "EditorProject/StreamLengths.h"
 #include "EditorProjectExport.h"
@@ -82,6 +83,8 @@ public:
     /// The media whose pictures lie in the range, each once, in the order in which they appear, of those at the same
     /// time the lowest first: the first one gives video() its frame. See expectedLengths() for ranges.
     std::vector<Project::SeenPictures> picturesIn(const Types::Range& streamRange) const;
+    /// The media whose sound lies in the range, likewise; of several tracks those of the first one.
+    std::vector<Project::HeardSound> soundsIn(const Types::Range& streamRange) const;
 
     /// How long the streams are that get built for these export descriptions, null for a medium that is not exported.
     /// An empty or inverted range is the whole composition; an end at or after duration() is its exact end.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Render/Programme.h"
 
+#include "Kestra/Conf/StandardRates.h"
 #include "Timeline/MarkerList.h"
 #include <algorithm>
 #include <vector>
@@ -42,12 +43,6 @@ std::vector<ProgrammeInfo::Chapter> chaptersOf(const Timeline::Document& documen
     return chapters;
 }
 
-/// Whether numbers are dropped at that rate, as writers of such time codes do without saying so.
-bool dropsNumbers(const Kestra::FrameGrid& grid) {
-    const auto ratio = grid.GetRate() / boost::rational<long long>(30000, 1001);
-    return ratio.denominator() == 1;
-}
-
 } // namespace
 
 ProgrammeInfo programmeOf(const Timeline::Document& document, const Window& window) {
@@ -56,7 +51,8 @@ ProgrammeInfo programmeOf(const Timeline::Document& document, const Window& wind
     info.chapters = chaptersOf(document, window);
     if (document.globalStart) {
         info.timecode = (*document.globalStart + window.start()).Value();
-        info.dropFrame = window.grid() && dropsNumbers(*window.grid());
+        // Writers of such time codes drop numbers without saying so.
+        info.dropFrame = window.grid() && Kestra::Conf::IsDropFrameRate(window.grid()->GetRate());
     }
     return info;
 }

@@ -17,4 +17,9 @@ KESTRA_EXPORT const std::vector<boost::rational<long long>>& StandardRates();
 /// The standard rate next to `rate` if it is off by at most half a percent; 0 when there is none.
 KESTRA_EXPORT boost::rational<long long> NearStandardRate(double rate);
 
+/// Whether time codes of the rate may drop numbers (SMPTE ST 12-1): that of multiples of 30000/1001.
+inline bool IsDropFrameRate(const boost::rational<long long>& rate) {
+    return rate.denominator() == 1001 && rate.numerator() % 30000 == 0;
+}
+
 } // namespace Kestra::Conf

@@ -16,7 +16,6 @@ constexpr double ROUNDED = 0.0002;
 constexpr double HIGHEST_RATE = 10'000'000;
 constexpr long long LARGEST_DENOMINATOR = 100'000;
 constexpr double LARGEST_EXACT = 9007199254740992.0; // 2^53: what a double counts exactly
-constexpr double LONGEST_SECONDS = static_cast<double>(LONGEST.Value() / Kestra::TIME_BASE);
 
 std::optional<double> readNumber(OtioContext& context, const OtioNode& node, const char* what) {
     if (!node.value().IsNumber()) {
@@ -68,7 +67,7 @@ std::optional<Rate> exactRate(double rate) {
 
 std::optional<Ticks> exactTime(double value, double rate) {
     const auto exact = exactRate(rate);
-    if (!exact || !std::isfinite(value) || std::abs(value / rate) > LONGEST_SECONDS)
+    if (!exact || !std::isfinite(value) || std::abs(value / rate) > static_cast<double>(LONGEST_SECONDS))
         return std::nullopt;
     if (value == std::floor(value) && std::abs(value) < LARGEST_EXACT)
         return Kestra::FrameGrid(*exact).Begin(Kestra::FrameIndex(static_cast<std::int64_t>(value)));

@@ -16,7 +16,8 @@ std::optional<boost::rational<long long>> exactRate(double rate);
 boost::rational<long long> exactFraction(double number);
 
 /// Nothing on a timeline lasts longer.
-constexpr Kestra::Ticks LONGEST(366LL * 24 * 3600 * Kestra::TIME_BASE);
+constexpr long long LONGEST_SECONDS = 366LL * 24 * 3600;
+constexpr Kestra::Ticks LONGEST(LONGEST_SECONDS* Kestra::TIME_BASE);
 
 /// `value` periods of `rate`; nothing where that is beyond LONGEST, forwards or backwards.
 std::optional<Kestra::Ticks> exactTime(double value, double rate);

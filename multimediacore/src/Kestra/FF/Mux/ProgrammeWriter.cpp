@@ -3,6 +3,7 @@
 
 #include "Kestra/Base/Time.h"
 #include "Kestra/ClientAPI/ContainerLimits.h"
+#include "Kestra/Conf/StandardRates.h"
 #include "Kestra/FF/Av/Error.h"
 #include <algorithm>
 #include <array>
@@ -140,10 +141,10 @@ void SetTrackTitle(AVStream& stream, const std::string& title, const Conf::Conta
 }
 
 std::string TimecodeText(std::int64_t time, AVRational rate, bool dropFrame) {
-    const bool drops = dropFrame && rate.den == 1001 && rate.num % 30000 == 0;
     AVTimecode code = {};
     if (rate.num <= 0 || av_timecode_init(&code, rate, AV_TIMECODE_FLAG_24HOURSMAX, 0, nullptr) < 0)
         return {};
+    const bool drops = dropFrame && Conf::IsDropFrameRate({rate.num, rate.den});
     const auto second = static_cast<std::int64_t>(code.fps);
     // Two numbers of thirty a second are dropped each minute but every tenth.
     const std::int64_t dropped = drops ? second / 15 * (SECONDS_A_DAY / 60 - SECONDS_A_DAY / 600) : 0;

@@ -27,10 +27,6 @@ std::int64_t FramesASecond(const Rate& rate) {
     return (2 * rate.numerator() + rate.denominator()) / (2 * rate.denominator());
 }
 
-bool HasDroppedNumbers(const Rate& rate) {
-    return rate.denominator() == 1001 && rate.numerator() % 30000 == 0;
-}
-
 /// Hours, minutes, seconds and frames; unset where the text is not of that shape.
 std::optional<std::array<std::int64_t, 4>> FieldsOf(const std::string& text) {
     if (text.size() != LENGTH)
@@ -86,7 +82,7 @@ std::optional<StartTimecode> StartOf(const std::string& text, const Rate& rate) 
     const auto time = TimeOfTimecode(text, rate);
     if (!time)
         return std::nullopt;
-    return StartTimecode{*time, text[8] != ':' && HasDroppedNumbers(rate)};
+    return StartTimecode{*time, text[8] != ':' && Conf::IsDropFrameRate(rate)};
 }
 
 /// Of the group's first picture; where the one shown first comes later, since those before it cannot be decoded, of
@@ -121,7 +117,7 @@ std::optional<std::int64_t> TimeOfTimecode(const std::string& text, const Rate& 
         return std::nullopt;
     const std::int64_t minute = 60 * hours + minutes;
     std::int64_t number = (60 * minute + seconds) * second + frames;
-    if (text[8] != ':' && HasDroppedNumbers(rate)) {
+    if (text[8] != ':' && Conf::IsDropFrameRate(rate)) {
         // The first numbers of each minute but every tenth there are not.
         const std::int64_t dropped = second / 15;
         if (minutes % 10 != 0 && seconds == 0 && frames < dropped)
